@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Layout/ZelLayoutConstraint.h"
+
+#include <QLayout>
+
+/// How a child resists being made larger (hugging) or smaller (compression) than its size hint.
+struct ZelLayoutPriorities
+{
+    ZelLayoutPriority horizontalHugging = 250;
+    ZelLayoutPriority verticalHugging = 250;
+    ZelLayoutPriority horizontalCompression = 750;
+    ZelLayoutPriority verticalCompression = 750;
+};
+
+/// A layout of constraints between a widget and its direct children.
+///
+/// A view lays out its own children: constraints name the layout's parent widget and its direct children. A deeper
+/// descendant may be named for its baseline or size and then counts as a constant offset in its ancestor. A child is a
+/// box with a size hint, a minimum size, a height for its width and a baseline. Hidden children keep their constraints
+/// and size hints. Required constraints hold; of the rest, a higher priority always wins over any number of lower ones.
+/// A conflict among required constraints is reported once (log line with the constraints in it), and the last is left
+/// out. The horizontal axis is solved first, then the vertical one with the heights for the widths found.
+class ZelConstraintLayout : public QLayout
+{
+    Q_OBJECT
+public:
+    explicit ZelConstraintLayout(QWidget *parent);
+    ~ZelConstraintLayout() override;
+
+    /// The constraint layout of the widget, made on first use; null when the widget has a layout of another kind.
+    static ZelConstraintLayout *of(QWidget *widget);
+
+    void addConstraint(const ZelLayoutConstraint::Ptr &constraint);
+    void addConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints);
+    void removeConstraint(const ZelLayoutConstraint::Ptr &constraint);
+    void removeConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints);
+    const QList<ZelLayoutConstraint::Ptr> &constraints() const;
+
+    /// The priorities of a child, stored with the child whatever its parent.
+    static ZelLayoutPriorities priorities(const QWidget *child);
+    static void setPriorities(QWidget *child, const ZelLayoutPriorities &priorities);
+
+    /// The distance of the first text baseline of a widget from its top, in points, at its size hint or the given
+    /// height: a ZelBaselineProvider is asked, then the style's metrics of Qt's own controls; the bottom otherwise.
+    static double baselineOffset(const QWidget *widget, double height);
+
+    // QLayout
+    void addItem(QLayoutItem *item) override;
+    int count() const override;
+    QLayoutItem *itemAt(int index) const override;
+    QLayoutItem *takeAt(int index) override;
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+    void setGeometry(const QRect &rect) override;
+    void invalidate() override;
+    Qt::Orientations expandingDirections() const override;
+
+private:
+    struct Private; // the solver is heavy
+    std::unique_ptr<Private> d;
+};
+
+/// A widget that knows its baseline. Adopted with Q_INTERFACES(ZelBaselineProvider).
+class ZelBaselineProvider
+{
+public:
+    virtual ~ZelBaselineProvider() = default;
+    /// The distance of the first text baseline from the top, for a widget of that height, in points.
+    virtual double baselineOffsetForHeight(double height) const = 0;
+};
+Q_DECLARE_INTERFACE(ZelBaselineProvider, "Zel.BaselineProvider")

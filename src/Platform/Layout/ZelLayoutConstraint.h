@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QPointer>
+#include <QSharedPointer>
+#include <QString>
+#include <QWidget>
+
+class ZelConstraintLayout;
+
+using ZelLayoutPriority = float; ///< 0 < priority <= 1000
+inline constexpr ZelLayoutPriority ZelLayoutPriorityRequired = 1000;
+
+/// A linear relation between two attributes of widgets: first = multiplier * second + constant (or <=, >=).
+///
+/// Coordinates are those of the view that holds the constraint: x to the right, y downwards, in points. A constraint is
+/// shared; constant and priority may be changed while it is installed, and the layout follows.
+class ZelLayoutConstraint
+{
+public:
+    enum Attribute { NotAnAttribute, Left, Right, Top, Bottom, Leading, Trailing, Width, Height, CenterX, CenterY, Baseline };
+    enum Relation { LessThanOrEqual = -1, Equal = 0, GreaterThanOrEqual = 1 };
+    using Ptr = QSharedPointer<ZelLayoutConstraint>;
+
+    /// A constraint on one attribute of a widget; without a second item the constant alone counts.
+    static Ptr constraintWithItem(QWidget *item, Attribute attribute, Relation relation, QWidget *toItem,
+                                  Attribute toAttribute, double multiplier = 1, double constant = 0,
+                                  ZelLayoutPriority priority = ZelLayoutPriorityRequired);
+    /// The constraints of a visual format such as "H:|-2-[field]-[button(>=20@750)]|"; gaps without a number are
+    /// 8 points between views and 20 to the superview's edge. Baseline alignment and the like are given separately. A
+    /// malformed text is an assertion that names the text and the position, and answers no constraints.
+    static QList<Ptr> constraintsWithVisualFormat(const QString &format, const QHash<QString, QWidget *> &views,
+                                                  const QHash<QString, double> &metrics = {});
+
+    QWidget *firstItem() const { return m_firstItem; }
+    QWidget *secondItem() const { return m_secondItem; }
+    Attribute firstAttribute() const { return m_firstAttribute; }
+    Attribute secondAttribute() const { return m_secondAttribute; }
+    Relation relation() const { return m_relation; }
+    double multiplier() const { return m_multiplier; }
+    double constant() const { return m_constant; }
+    void setConstant(double constant);
+    ZelLayoutPriority priority() const { return m_priority; }
+    void setPriority(ZelLayoutPriority priority);
+    /// "first.left >= second.right + 8 @750", for messages.
+    QString description() const;
+
+private:
+    friend class ZelConstraintLayout;
+    QPointer<QWidget> m_firstItem;
+    QPointer<QWidget> m_secondItem;
+    Attribute m_firstAttribute = NotAnAttribute;
+    Attribute m_secondAttribute = NotAnAttribute;
+    Relation m_relation = Equal;
+    double m_multiplier = 1;
+    double m_constant = 0;
+    ZelLayoutPriority m_priority = ZelLayoutPriorityRequired;
+    ZelConstraintLayout *m_layout = nullptr; // where it is installed
+};

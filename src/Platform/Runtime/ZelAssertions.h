@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelException.h"
+
+#include <QLoggingCategory>
+
+/// The category of all log lines, named "zel". Lines begin "WARNING:" or "ERROR:".
+Q_DECLARE_LOGGING_CATEGORY(zelLog)
+
+/// What happens when an assertion fails. The default throws ZelInternalInconsistencyException.
+///
+/// A handler may return: the code after a failed assertion then goes on sanely, leaving the value concerned unset.
+class ZelAssertionHandler
+{
+public:
+    virtual ~ZelAssertionHandler() = default;
+    virtual void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place);
+
+    static ZelAssertionHandler *current();
+    /// Installs a handler, which stays the caller's; null brings the default back. Answers the former one.
+    static ZelAssertionHandler *setCurrent(ZelAssertionHandler *handler);
+};
+
+/// Reports a failed assertion at the calling source file.
+void ZelFail(const QString &message, const ZelSourcePlace &place = {}, const char *file = __builtin_FILE());
+
+/// Asserts a parameter: "Invalid parameter not satisfying: " and the condition's text. Answers the condition.
+inline bool ZelRequire(bool condition, const char *text, const char *file = __builtin_FILE())
+{
+    if (!condition)
+        ZelFail(QStringLiteral("Invalid parameter not satisfying: ") + QString::fromUtf8(text), {}, file);
+    return condition;
+}
+
+/// Asserts with a message of the caller's. Answers the condition.
+inline bool ZelCheck(bool condition, const QString &message, const char *file = __builtin_FILE())
+{
+    if (!condition)
+        ZelFail(message, {}, file);
+    return condition;
+}
+
+/// Reports a failed assertion met during destruction: handed to the handler, and logged if that throws. Never throws.
+void ZelReportFailure(const QString &message, const char *file = __builtin_FILE()) noexcept;

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+
+/// Classes that can be named in a description and made from an owner. Filled by the library and by the application.
+class ZelClassRegistry
+{
+public:
+    using Factory = std::function<QObject *(QObject *owner)>;
+
+    /// Registers or replaces a class.
+    static void registerClass(const QString &name, const QMetaObject *metaObject, const Factory &factory);
+    template<typename Class> static void registerClass()
+    {
+        registerClass(QString::fromLatin1(Class::staticMetaObject.className()), &Class::staticMetaObject,
+                      [](QObject *owner) -> QObject * { return new Class(owner); });
+    }
+    /// Whether the class is known and, with a base, derives from it.
+    static bool hasClass(const QString &name, const QMetaObject *base = nullptr);
+    /// A new object of that class, the caller's; null for an unknown name.
+    static QObject *create(const QString &name, QObject *owner);
+};

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <exception>
+
+/// A place in a file that was being read; empty where no file is involved.
+struct ZelSourcePlace
+{
+    QString file;
+    qint64 line = 0;   ///< from 1; 0 is unknown
+    qint64 column = 0; ///< from 1; 0 is unknown
+    QString element;   ///< the name of the element concerned
+};
+
+/// The base of every exception that the library throws.
+class ZelException : public std::exception
+{
+public:
+    ZelException(const QString &name, const QString &reason, const ZelSourcePlace &place = {});
+
+    /// The kind of the exception, such as "ZelInternalInconsistencyException".
+    const QString &name() const { return m_name; }
+    /// The message, without the place.
+    const QString &reason() const { return m_reason; }
+    const ZelSourcePlace &place() const { return m_place; }
+    /// The reason, followed by the place where there is one, as UTF-8.
+    const char *what() const noexcept override { return m_what.constData(); }
+
+private:
+    QString m_name;
+    QString m_reason;
+    ZelSourcePlace m_place;
+    QByteArray m_what;
+};
+
+/// A failed assertion, and a value of the wrong class given to a transformer.
+class ZelInternalInconsistencyException : public ZelException
+{
+public:
+    explicit ZelInternalInconsistencyException(const QString &reason, const QString &location = {},
+                                               const ZelSourcePlace &place = {});
+
+    /// The source that asserted: its path below src/ without its ending.
+    const QString &location() const { return m_location; }
+
+private:
+    QString m_location;
+};
+
+/// A failure that is not a programming error, such as a file that cannot be read.
+class ZelGenericException : public ZelException
+{
+public:
+    explicit ZelGenericException(const QString &reason, const ZelSourcePlace &place = {});
+};
+
+/// A key that the object does not have.
+class ZelUndefinedKeyException : public ZelException
+{
+public:
+    ZelUndefinedKeyException(const QString &className, const QString &key);
+
+    const QString &className() const { return m_className; }
+    const QString &key() const { return m_key; }
+
+private:
+    QString m_className;
+    QString m_key;
+};

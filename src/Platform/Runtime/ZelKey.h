@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+/// A property name, interned: one look-up when it is made, a pointer ever after.
+///
+/// Interned names are never given back; make keys from names in code and descriptions, not from user data.
+/// Keys may be made on any thread.
+class ZelKey
+{
+public:
+    ZelKey() = default;
+    ZelKey(const QString &name);
+    ZelKey(const char *name) : ZelKey(QString::fromUtf8(name)) {}
+
+    bool isEmpty() const { return !m_entry; }
+    const QString &string() const;
+    /// The name in UTF-8, as the meta-object system wants it.
+    const QByteArray &name() const;
+
+    friend bool operator==(ZelKey a, ZelKey b) { return a.m_entry == b.m_entry; }
+    friend size_t qHash(ZelKey key, size_t seed = 0) { return ::qHash(key.m_entry, seed); }
+
+private:
+    struct Entry;
+    const Entry *m_entry = nullptr;
+};

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelIndexSet.h"
+
+#include <QVariant>
+#include <optional>
+
+/// What an observer asks for; combined with a bitwise or. Further flags of the observation classes pass unharmed.
+using ZelKeyValueObservingOptions = quint32;
+enum ZelKeyValueObservingOption : quint32 {
+    ZelKeyValueObservingOptionNew = 1,     ///< the change holds the new value
+    ZelKeyValueObservingOptionOld = 2,     ///< the change holds the old value
+    ZelKeyValueObservingOptionInitial = 4, ///< a change is delivered at once, before the registration returns
+    ZelKeyValueObservingOptionPrior = 8,   ///< a change is delivered before and again after it happens
+};
+
+enum ZelKeyValueChangeKind : quint32 {
+    ZelKeyValueChangeSetting = 1,
+    ZelKeyValueChangeInsertion = 2,
+    ZelKeyValueChangeRemoval = 3,
+    ZelKeyValueChangeReplacement = 4
+};
+
+/// The values of one change, shared by all its observers and read from the object only when asked for.
+class ZelKeyValueChangeSource
+{
+public:
+    virtual ~ZelKeyValueChangeSource() = default;
+    virtual QVariant newValue() const = 0;
+    virtual QVariant oldValue() const = 0;
+    /// Whether old and new differ; worked out once a change.
+    virtual bool changed() const = 0;
+};
+
+/// A change as one observer sees it: old and new value only where it asked for them.
+///
+/// While it is delivered it refers to the values; a copy holds them, and may be kept.
+class ZelKeyValueChange
+{
+public:
+    ZelKeyValueChange() = default;
+    /// A change that holds its values.
+    ZelKeyValueChange(ZelKeyValueChangeKind kind, const std::optional<QVariant> &oldValue,
+                      const std::optional<QVariant> &newValue, const std::optional<ZelIndexSet> &indexes = {},
+                      bool isPrior = false);
+    /// A change that refers to its values for the time of its delivery.
+    ZelKeyValueChange(ZelKeyValueChangeKind kind, const ZelKeyValueChangeSource *source,
+                      ZelKeyValueObservingOptions options, const ZelIndexSet *indexes, bool isPrior)
+        : m_kind(kind), m_options(options), m_isPrior(isPrior), m_source(source), m_sharedIndexes(indexes)
+    {
+    }
+    ZelKeyValueChange(const ZelKeyValueChange &other);
+    ZelKeyValueChange &operator=(const ZelKeyValueChange &other);
+
+    /// 0 for an empty change.
+    quint32 keyValueChangeKind() const { return m_kind; }
+    /// The values, the null object read as absent.
+    QVariant keyValueChangeNew() const;
+    QVariant keyValueChangeOld() const;
+    std::optional<ZelIndexSet> keyValueChangeIndexes() const;
+    bool isPrior() const { return m_isPrior; }
+    bool hasNew() const;
+    bool hasOld() const;
+
+    /// Whether old and new differ; two absent values do not.
+    bool keyValueChanged() const;
+
+    /// The objects in new but not in old, and in old but not in new, each once, in their order. Nothing when the first
+    /// operand (new, or old) is absent. Throws a ZelException named "Illegal state" with the reason "Unsupported type of
+    /// value" for a value that is neither absent nor a collection.
+    std::optional<QVariantList> keyValueChangeAddedObjects() const;
+    std::optional<QVariantList> keyValueChangeRemovedObjects() const;
+
+    /// Takes over kind, new value, prior mark and indexes of a later change; the old value stays the first one's.
+    void mergeLaterChange(const ZelKeyValueChange &later);
+
+private:
+    quint32 m_kind = 0;
+    ZelKeyValueObservingOptions m_options = 0;
+    bool m_isPrior = false;
+    const ZelKeyValueChangeSource *m_source = nullptr;
+    const ZelIndexSet *m_sharedIndexes = nullptr;
+    std::optional<QVariant> m_new;
+    std::optional<QVariant> m_old;
+    std::optional<ZelIndexSet> m_indexes;
+};

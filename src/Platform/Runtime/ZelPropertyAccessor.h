@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelKeyPath.h"
+
+#include <QEvent>
+#include <QMetaProperty>
+#include <QObject>
+#include <QVariant>
+#include <functional>
+#include <memory>
+
+class ZelKeyValueCodingInterface;
+
+/// How one property of a class is read, written and heard of. Found once for a class and a key, and cached.
+class ZelPropertyAccessor
+{
+public:
+    virtual ~ZelPropertyAccessor() = default;
+
+    virtual QVariant read(const QObject *object) const = 0;
+    /// False where the property cannot be written or the value does not fit.
+    virtual bool write(QObject *object, const QVariant &value) const = 0;
+    virtual bool isWritable() const { return true; }
+
+    /// The type of the values; invalid where they are of any type.
+    virtual QMetaType type() const { return {}; }
+    /// Reads or writes a value of exactly type() through memory, without a QVariant. False where that is not possible.
+    virtual bool readTyped(const QObject *, void *) const { return false; }
+    virtual bool writeTyped(QObject *, const void *) const { return false; }
+
+    /// The signal that announces a change: its method index, or -1.
+    virtual int notifySignalIndex() const { return -1; }
+    /// The events at the object after which the property may have changed; empty for none.
+    virtual QList<QEvent::Type> notifyEvents() const { return {}; }
+    bool isSilent() const { return notifySignalIndex() < 0 && notifyEvents().isEmpty(); }
+    /// The signal by which a control reports what its user entered: its method index, or -1.
+    virtual int editSignalIndex() const { return -1; }
+    /// Whether selection markers may be written as they are.
+    virtual bool takesMarkers() const { return false; }
+
+    /// The accessor of the key for objects of that very class, and this object; null if there is none. The order is:
+    /// the object's ZelKeyValueCodingInterface, an accessor registered for the class or a base, a Q_PROPERTY, an accessor
+    /// of a registered provider, a dynamic property.
+    static const ZelPropertyAccessor *find(const QObject *object, ZelKey key);
+    /// The object's own override, or null.
+    static ZelKeyValueCodingInterface *interfaceOf(const QObject *object);
+
+    /// Registers an accessor for a class and those derived from it.
+    static void registerAccessor(const QMetaObject *metaObject, ZelKey key, std::unique_ptr<ZelPropertyAccessor> accessor);
+    /// Asked, with the class and the key, for properties that no meta-object knows.
+    using Provider = std::function<const ZelPropertyAccessor *(const QMetaObject *, ZelKey)>;
+    static void registerProvider(const Provider &provider);
+};
+
+/// An accessor made of functions on one class.
+template<typename Class> class ZelFunctionAccessor : public ZelPropertyAccessor
+{
+public:
+    using Read = std::function<QVariant(const Class *)>;
+    using Write = std::function<bool(Class *, const QVariant &)>;
+
+    ZelFunctionAccessor(Read read, Write write) : m_read(std::move(read)), m_write(std::move(write)) {}
+    /// The signal that announces changes of the property.
+    template<typename Signal> ZelFunctionAccessor &setNotify(Signal signal)
+    {
+        m_notify = QMetaMethod::fromSignal(signal).methodIndex();
+        return *this;
+    }
+    /// The signal by which a control reports what its user entered.
+    template<typename Signal> ZelFunctionAccessor &setEdit(Signal signal)
+    {
+        m_edit = QMetaMethod::fromSignal(signal).methodIndex();
+        return *this;
+    }
+    ZelFunctionAccessor &setEvents(const QList<QEvent::Type> &events)
+    {
+        m_events = events;
+        return *this;
+    }
+    ZelFunctionAccessor &setTakesMarkers(bool takes = true)
+    {
+        m_takesMarkers = takes;
+        return *this;
+    }
+
+    QVariant read(const QObject *object) const override { return m_read(static_cast<const Class *>(object)); }
+    bool write(QObject *object, const QVariant &value) const override
+    {
+        return m_write && m_write(static_cast<Class *>(object), value);
+    }
+    bool isWritable() const override { return bool(m_write); }
+    int notifySignalIndex() const override { return m_notify; }
+    int editSignalIndex() const override { return m_edit; }
+    QList<QEvent::Type> notifyEvents() const override { return m_events; }
+    bool takesMarkers() const override { return m_takesMarkers; }
+
+private:
+    Read m_read;
+    Write m_write;
+    int m_notify = -1;
+    int m_edit = -1;
+    QList<QEvent::Type> m_events;
+    bool m_takesMarkers = false;
+};
