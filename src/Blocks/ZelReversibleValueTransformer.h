@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Blocks/ZelValueTransformer.h"
+
+/// A value transformer made of functions for both directions.
+class ZelReversibleValueTransformer : public ZelValueTransformer
+{
+public:
+    /// Asserts "forwardBlock != nil" and "reverseBlock".
+    ZelReversibleValueTransformer(const Block &forwardBlock, const Block &reverseBlock);
+
+    bool allowsReverseTransformation() const override { return true; }
+    QVariant reverseTransformedValue(const QVariant &value) const override;
+};

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Blocks/ZelValueTransformer.h"
+
+/// Registers transformers that are made of functions under a name, for use in descriptions and bindings.
+class ZelTransformerKit
+{
+public:
+    /// Registers a transformer that is not reversible. True if it was registered; false, and nothing changed, where a
+    /// transformer or a class of that name exists. Asserts "name", "transformedValueClass" and "transformedValueBlock".
+    static bool registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
+                                                 const ZelValueTransformer::Block &transformedValueBlock);
+    /// The same, reversible where there is a reverse block.
+    static bool registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
+                                                 const ZelValueTransformer::Block &transformedValueBlock,
+                                                 const ZelValueTransformer::Block &reverseTransformedValueBlock);
+};
