@@ -8,7 +8,10 @@
 class ZelAssociatedObjects
 {
 public:
-    explicit ZelAssociatedObjects(QObject *object) : m_object(object) {}
+    explicit ZelAssociatedObjects(QObject *object)
+        : m_object(object)
+    {
+    }
 
     /// Stores the value; null removes it.
     void setAssociatedValue(const std::shared_ptr<void> &value, const void *key);

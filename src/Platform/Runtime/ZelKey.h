@@ -14,7 +14,10 @@ class ZelKey
 public:
     ZelKey() = default;
     ZelKey(const QString &name);
-    ZelKey(const char *name) : ZelKey(QString::fromUtf8(name)) {}
+    ZelKey(const char *name)
+        : ZelKey(QString::fromUtf8(name))
+    {
+    }
 
     bool isEmpty() const { return !m_entry; }
     const QString &string() const;

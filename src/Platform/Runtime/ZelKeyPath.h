@@ -9,8 +9,14 @@ class ZelKeyPath
 public:
     ZelKeyPath() = default;
     ZelKeyPath(const QString &path);
-    ZelKeyPath(const char *path) : ZelKeyPath(QString::fromUtf8(path)) {}
-    ZelKeyPath(ZelKey key) : ZelKeyPath(key.string()) {}
+    ZelKeyPath(const char *path)
+        : ZelKeyPath(QString::fromUtf8(path))
+    {
+    }
+    ZelKeyPath(ZelKey key)
+        : ZelKeyPath(key.string())
+    {
+    }
 
     bool isEmpty() const { return !m_entry; }
     const QString &string() const;

@@ -47,7 +47,11 @@ public:
     /// A change that refers to its values for the time of its delivery.
     ZelKeyValueChange(ZelKeyValueChangeKind kind, const ZelKeyValueChangeSource *source,
                       ZelKeyValueObservingOptions options, const ZelIndexSet *indexes, bool isPrior)
-        : m_kind(kind), m_options(options), m_isPrior(isPrior), m_source(source), m_sharedIndexes(indexes)
+        : m_kind(kind)
+        , m_options(options)
+        , m_isPrior(isPrior)
+        , m_source(source)
+        , m_sharedIndexes(indexes)
     {
     }
     ZelKeyValueChange(const ZelKeyValueChange &other);
@@ -67,8 +71,8 @@ public:
     bool keyValueChanged() const;
 
     /// The objects in new but not in old, and in old but not in new, each once, in their order. Nothing when the first
-    /// operand (new, or old) is absent. Throws a ZelException named "Illegal state" with the reason "Unsupported type of
-    /// value" for a value that is neither absent nor a collection.
+    /// operand (new, or old) is absent. Throws a ZelException named "Illegal state" with the reason "Unsupported type
+    /// of value" for a value that is neither absent nor a collection.
     std::optional<QVariantList> keyValueChangeAddedObjects() const;
     std::optional<QVariantList> keyValueChangeRemovedObjects() const;
 

@@ -19,6 +19,8 @@ public:
     /// with ZelWillChangeValueForKey and ZelDidChangeValueForKey, the whole path as the key.
     virtual void keyPathWillBeObserved(const ZelKeyPath &) {}
     virtual void keyPathIsNoLongerObserved(const ZelKeyPath &) {}
+    /// Asked after an edit made by a user, for every observed path: announces a change that nobody could hear of.
+    virtual void rereadKeyPath(const ZelKeyPath &) {}
 };
 #define ZelKeyValueCodingInterface_iid "Zel.KeyValueCoding"
 Q_DECLARE_INTERFACE(ZelKeyValueCodingInterface, ZelKeyValueCodingInterface_iid)

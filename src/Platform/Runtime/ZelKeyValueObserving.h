@@ -51,7 +51,12 @@ void ZelRereadSilentProperties();
 class ZelValueChange
 {
 public:
-    ZelValueChange(QObject *object, ZelKey key) : m_object(object), m_key(key) { ZelWillChangeValueForKey(object, key); }
+    ZelValueChange(QObject *object, ZelKey key)
+        : m_object(object)
+        , m_key(key)
+    {
+        ZelWillChangeValueForKey(object, key);
+    }
     ~ZelValueChange() { ZelDidChangeValueForKey(m_object, m_key); }
     Q_DISABLE_COPY_MOVE(ZelValueChange)
 

@@ -40,14 +40,15 @@ public:
     virtual bool takesMarkers() const { return false; }
 
     /// The accessor of the key for objects of that very class, and this object; null if there is none. The order is:
-    /// the object's ZelKeyValueCodingInterface, an accessor registered for the class or a base, a Q_PROPERTY, an accessor
-    /// of a registered provider, a dynamic property.
+    /// the object's ZelKeyValueCodingInterface, an accessor registered for the class or a base, a Q_PROPERTY, an
+    /// accessor of a registered provider, a dynamic property.
     static const ZelPropertyAccessor *find(const QObject *object, ZelKey key);
     /// The object's own override, or null.
     static ZelKeyValueCodingInterface *interfaceOf(const QObject *object);
 
     /// Registers an accessor for a class and those derived from it.
-    static void registerAccessor(const QMetaObject *metaObject, ZelKey key, std::unique_ptr<ZelPropertyAccessor> accessor);
+    static void registerAccessor(const QMetaObject *metaObject, ZelKey key,
+                                 std::unique_ptr<ZelPropertyAccessor> accessor);
     /// Asked, with the class and the key, for properties that no meta-object knows.
     using Provider = std::function<const ZelPropertyAccessor *(const QMetaObject *, ZelKey)>;
     static void registerProvider(const Provider &provider);
@@ -60,7 +61,11 @@ public:
     using Read = std::function<QVariant(const Class *)>;
     using Write = std::function<bool(Class *, const QVariant &)>;
 
-    ZelFunctionAccessor(Read read, Write write) : m_read(std::move(read)), m_write(std::move(write)) {}
+    ZelFunctionAccessor(Read read, Write write)
+        : m_read(std::move(read))
+        , m_write(std::move(write))
+    {
+    }
     /// The signal that announces changes of the property.
     template<typename Signal> ZelFunctionAccessor &setNotify(Signal signal)
     {

@@ -5,14 +5,20 @@
 #include <QObject>
 #include <QString>
 
-/// The name of a method that is invoked later on some object: a slot or Q_INVOKABLE, with no argument or with the sender
-/// (a QObject *). Trailing colons are ignored.
+/// The name of a method that is invoked later on some object: a slot or Q_INVOKABLE, with no argument or with the
+/// sender (a QObject *). Trailing colons are ignored.
 class ZelSelector
 {
 public:
     ZelSelector() = default;
-    ZelSelector(const QString &name) : m_name(name) {}
-    ZelSelector(const char *name) : m_name(QString::fromUtf8(name)) {}
+    ZelSelector(const QString &name)
+        : m_name(name)
+    {
+    }
+    ZelSelector(const char *name)
+        : m_name(QString::fromUtf8(name))
+    {
+    }
 
     bool isNull() const { return m_name.isEmpty(); }
     const QString &name() const { return m_name; }

@@ -19,7 +19,10 @@ QVariant ZelPresent(const QVariant &value);
 
 /// Absent or the null object.
 bool ZelIsNull(const QVariant &value);
-inline bool ZelIsNotNull(const QVariant &value) { return !ZelIsNull(value); }
+inline bool ZelIsNotNull(const QVariant &value)
+{
+    return !ZelIsNull(value);
+}
 
 /// Whether the value is one of the selection markers.
 bool ZelIsControllerMarker(const QVariant &value);
@@ -27,7 +30,10 @@ bool ZelIsMarker(const QVariant &value, ZelControllerMarker marker);
 
 /// Both absent, the same object, or equal by Qt's comparison, numbers across types included.
 bool ZelEqual(const QVariant &a, const QVariant &b);
-inline bool ZelNotEqual(const QVariant &a, const QVariant &b) { return !ZelEqual(a, b); }
+inline bool ZelNotEqual(const QVariant &a, const QVariant &b)
+{
+    return !ZelEqual(a, b);
+}
 
 /// The object that the value points to, whatever its static class; null if it holds none.
 QObject *ZelObject(const QVariant &value);

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelAssertions.h"
+
+Q_LOGGING_CATEGORY(zelLog, "zel")
+
+namespace {
+
+ZelAssertionHandler *g_handler = nullptr;
+
+/// The path below src/, without its ending: "Inspector/ZelInspectorSlice".
+QString locationOf(const char *file)
+{
+    QString path = QString::fromUtf8(file);
+    const qsizetype root = path.lastIndexOf(QLatin1String("src/"));
+    if (root >= 0)
+        path = path.mid(root + 4);
+    const qsizetype dot = path.lastIndexOf(u'.');
+    return dot > path.lastIndexOf(u'/') ? path.left(dot) : path;
+}
+
+} // namespace
+
+void ZelAssertionHandler::handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place)
+{
+    throw ZelInternalInconsistencyException(message, location, place);
+}
+
+ZelAssertionHandler *ZelAssertionHandler::current()
+{
+    static ZelAssertionHandler throwing;
+    return g_handler ? g_handler : &throwing;
+}
+
+ZelAssertionHandler *ZelAssertionHandler::setCurrent(ZelAssertionHandler *handler)
+{
+    return std::exchange(g_handler, handler);
+}
+
+void ZelFail(const QString &message, const ZelSourcePlace &place, const char *file)
+{
+    ZelAssertionHandler::current()->handleFailure(locationOf(file), message, place);
+}
+
+void ZelReportFailure(const QString &message, const char *file) noexcept
+{
+    try {
+        ZelFail(message, {}, file);
+    } catch (const std::exception &) {
+        qCWarning(zelLog).noquote() << "ERROR:" << message;
+    }
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelKey.h"
+
+#include "Platform/Runtime/ZelInternTable.h"
+
+struct ZelKey::Entry
+{
+    explicit Entry(const QString &text)
+        : string(text)
+        , name(text.toUtf8())
+    {
+    }
+    QString string;
+    QByteArray name;
+};
+
+ZelKey::ZelKey(const QString &name)
+{
+    if (!name.isEmpty())
+        m_entry = ZelInternTable<Entry>::intern(name);
+}
+
+const QString &ZelKey::string() const
+{
+    static const QString none;
+    return m_entry ? m_entry->string : none;
+}
+
+const QByteArray &ZelKey::name() const
+{
+    static const QByteArray none;
+    return m_entry ? m_entry->name : none;
+}

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelKeyValueChange.h"
+
+#include "Platform/Runtime/ZelException.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelValues.h"
+
+namespace {
+
+/// The elements of a collection, each once; nothing for an absent value.
+std::optional<QVariantList> elementsOf(const QVariant &value)
+{
+    if (ZelIsNull(value))
+        return std::nullopt;
+    if (!ZelIsList(value))
+        throw ZelException(QStringLiteral("Illegal state"), QStringLiteral("Unsupported type of value"));
+    return ZelList(value);
+}
+
+bool contains(const QVariantList &list, const QVariant &value)
+{
+    return std::any_of(list.begin(), list.end(), [&](const QVariant &element) { return ZelEqual(element, value); });
+}
+
+/// Each element of the first list that is not in the second, once. Objects go through a hash, other values are
+/// compared.
+QVariantList difference(const QVariantList &first, const QVariantList &second)
+{
+    QSet<const QObject *> objects;
+    QVariantList values;
+    for (const QVariant &value : second) {
+        if (const QObject *object = ZelObject(value))
+            objects.insert(object);
+        else
+            values.append(value);
+    }
+    QVariantList result;
+    for (const QVariant &value : first) {
+        const QObject *object = ZelObject(value);
+        if (object ? objects.contains(object) : contains(values, value))
+            continue;
+        result.append(value);
+        if (object)
+            objects.insert(object);
+        else
+            values.append(value);
+    }
+    return result;
+}
+
+QVariant withoutNull(const QVariant &value)
+{
+    return ZelIsNull(value) ? QVariant() : value;
+}
+
+} // namespace
+
+ZelKeyValueChange::ZelKeyValueChange(ZelKeyValueChangeKind kind, const std::optional<QVariant> &oldValue,
+                                     const std::optional<QVariant> &newValue, const std::optional<ZelIndexSet> &indexes,
+                                     bool isPrior)
+    : m_kind(kind)
+    , m_isPrior(isPrior)
+    , m_new(newValue)
+    , m_old(oldValue)
+    , m_indexes(indexes)
+{
+}
+
+ZelKeyValueChange::ZelKeyValueChange(const ZelKeyValueChange &other)
+{
+    *this = other;
+}
+
+ZelKeyValueChange &ZelKeyValueChange::operator=(const ZelKeyValueChange &other)
+{
+    if (this == &other)
+        return *this;
+    m_kind = other.m_kind;
+    m_isPrior = other.m_isPrior;
+    m_new = other.hasNew() ? std::optional(other.keyValueChangeNew()) : std::nullopt;
+    m_old = other.hasOld() ? std::optional(other.keyValueChangeOld()) : std::nullopt;
+    m_indexes = other.keyValueChangeIndexes();
+    m_options = 0;
+    m_source = nullptr;
+    m_sharedIndexes = nullptr;
+    return *this;
+}
+
+bool ZelKeyValueChange::hasNew() const
+{
+    return m_source ? (m_options & ZelKeyValueObservingOptionNew) && !m_isPrior && m_kind != ZelKeyValueChangeRemoval
+                    : m_new.has_value();
+}
+
+bool ZelKeyValueChange::hasOld() const
+{
+    return m_source ? (m_options & ZelKeyValueObservingOptionOld) && m_kind != ZelKeyValueChangeInsertion
+                    : m_old.has_value();
+}
+
+QVariant ZelKeyValueChange::keyValueChangeNew() const
+{
+    if (!hasNew())
+        return {};
+    return withoutNull(m_source ? m_source->newValue() : *m_new);
+}
+
+QVariant ZelKeyValueChange::keyValueChangeOld() const
+{
+    if (!hasOld())
+        return {};
+    return withoutNull(m_source ? m_source->oldValue() : *m_old);
+}
+
+std::optional<ZelIndexSet> ZelKeyValueChange::keyValueChangeIndexes() const
+{
+    return m_sharedIndexes ? std::optional(*m_sharedIndexes) : m_indexes;
+}
+
+bool ZelKeyValueChange::keyValueChanged() const
+{
+    if (m_source && hasNew() && hasOld())
+        return m_source->changed();
+    return ZelNotEqual(keyValueChangeOld(), keyValueChangeNew());
+}
+
+std::optional<QVariantList> ZelKeyValueChange::keyValueChangeAddedObjects() const
+{
+    const auto added = elementsOf(keyValueChangeNew());
+    const auto former = elementsOf(keyValueChangeOld());
+    return added ? std::optional(difference(*added, former.value_or(QVariantList()))) : std::nullopt;
+}
+
+std::optional<QVariantList> ZelKeyValueChange::keyValueChangeRemovedObjects() const
+{
+    const auto removed = elementsOf(keyValueChangeOld());
+    const auto present = elementsOf(keyValueChangeNew());
+    return removed ? std::optional(difference(*removed, present.value_or(QVariantList()))) : std::nullopt;
+}
+
+void ZelKeyValueChange::mergeLaterChange(const ZelKeyValueChange &later)
+{
+    m_kind = later.m_kind;
+    m_isPrior = later.m_isPrior;
+    if (later.hasNew())
+        m_new = later.keyValueChangeNew();
+    if (const auto indexes = later.keyValueChangeIndexes())
+        m_indexes = indexes;
+}

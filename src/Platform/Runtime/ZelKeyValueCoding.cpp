@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelObjectRecord.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValueTypeAccess.h"
+#include "Platform/Runtime/ZelValues.h"
+
+namespace {
+
+[[noreturn]] void throwUndefined(const QVariant &value, ZelKey key)
+{
+    throw ZelUndefinedKeyException(ZelClassName(value), key.string());
+}
+
+[[noreturn]] void throwUndefined(const QObject *object, ZelKey key)
+{
+    throw ZelUndefinedKeyException(QString::fromUtf8(object->metaObject()->className()), key.string());
+}
+
+QVariant listForKey(const QVariant &list, ZelKey key)
+{
+    QVariantList answers;
+    const QVariantList elements = ZelList(list);
+    answers.reserve(elements.size());
+    for (const QVariant &element : elements) {
+        const QVariant answer = ZelValueForKey(element, key);
+        answers.append(answer.isValid() ? answer : ZelNull());
+    }
+    return answers;
+}
+
+/// The container with the value at the path below it replaced.
+QVariant valueBySetting(const QVariant &container, const QVariant &value, const ZelKeyPath &path)
+{
+    if (path.isEmpty())
+        return value;
+    const QVariant inner =
+        path.isSingleKey() ? value : valueBySetting(ZelValueForKey(container, path.first()), value, path.rest());
+    QVariant changed = container;
+    if (!ZelValueTypeAccess::write(changed, path.first(), inner))
+        throwUndefined(container, path.first());
+    return changed;
+}
+
+/// Whether the accessor's write must be announced for it.
+bool needsAnnouncement(const QObject *object, const ZelPropertyAccessor &accessor, ZelKey key)
+{
+    return accessor.isSilent() && !ZelObjectRecord::announcesItself(object, key);
+}
+
+} // namespace
+
+QVariant ZelValueForKey(const QObject *object, ZelKey key)
+{
+    if (!object)
+        return {};
+    if (const ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object))
+        return ZelPresent(own->valueForKeyPath(key));
+    const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(object, key);
+    if (!accessor)
+        throwUndefined(object, key);
+    return ZelPresent(accessor->read(object));
+}
+
+QVariant ZelValueForKeyPath(const QObject *object, const ZelKeyPath &path)
+{
+    if (!object || path.isEmpty())
+        return {};
+    if (const ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object))
+        return ZelPresent(own->valueForKeyPath(path));
+    const QVariant value = ZelValueForKey(object, path.first());
+    return path.isSingleKey() ? value : ZelValueForKeyPath(value, path.rest());
+}
+
+QVariant ZelValueForKey(const QVariant &value, ZelKey key)
+{
+    if (const QObject *object = ZelObject(value))
+        return ZelValueForKey(object, key);
+    if (ZelIsNull(value))
+        return {};
+    if (ZelIsControllerMarker(value))
+        return value;
+    QVariant answer;
+    if (ZelValueTypeAccess::read(value, key, &answer))
+        return ZelPresent(answer);
+    if (ZelIsList(value))
+        return listForKey(value, key);
+    throwUndefined(value, key);
+}
+
+QVariant ZelValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
+{
+    if (const QObject *object = ZelObject(value))
+        return ZelValueForKeyPath(object, path);
+    QVariant answer = value;
+    ZelKeyPath rest = path;
+    while (!rest.isEmpty() && !ZelIsNull(answer) && !ZelObject(answer)) {
+        answer = ZelValueForKey(answer, rest.first());
+        rest = rest.rest();
+    }
+    if (rest.isEmpty())
+        return answer;
+    return ZelValueForKeyPath(ZelObject(answer), rest);
+}
+
+void ZelSetValueForKey(QObject *object, const QVariant &value, ZelKey key)
+{
+    if (!object)
+        return;
+    if (ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object)) {
+        own->setValueForKeyPath(value, key);
+        return;
+    }
+    const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(object, key);
+    if (!accessor || !accessor->isWritable())
+        throwUndefined(object, key);
+    std::optional<ZelGuardedValueChange> announcement;
+    if (needsAnnouncement(object, *accessor, key))
+        announcement.emplace(object, key);
+    if (!accessor->write(object, value)) {
+        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: Cannot store a value of class %1 in %2.%3")
+                                           .arg(ZelClassName(value), ZelObjectDescription(object), key.string());
+    }
+}
+
+void ZelSetValueForKeyPath(QObject *object, const QVariant &value, const ZelKeyPath &path)
+{
+    if (!object || path.isEmpty())
+        return;
+    if (ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object)) {
+        own->setValueForKeyPath(value, path);
+        return;
+    }
+    if (path.isSingleKey()) {
+        ZelSetValueForKey(object, value, path.first());
+        return;
+    }
+    const QVariant container = ZelValueForKey(object, path.first());
+    if (QObject *next = ZelObject(container))
+        ZelSetValueForKeyPath(next, value, path.rest());
+    else if (!ZelIsNull(container) && !ZelIsControllerMarker(container))
+        ZelSetValueForKey(object, valueBySetting(container, value, path.rest()), path.first());
+}
+
+bool ZelHasKey(const QObject *object, ZelKey key)
+{
+    return object && (ZelPropertyAccessor::interfaceOf(object) || ZelPropertyAccessor::find(object, key));
+}

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelMetaPropertyAccessor.h"
+
+#include "Platform/Runtime/ZelValues.h"
+
+ZelMetaPropertyAccessor::ZelMetaPropertyAccessor(const QMetaProperty &property)
+    : m_property(property)
+    , m_type(property.metaType())
+    , m_class(property.enclosingMetaObject())
+    , m_localIndex(property.propertyIndex() - m_class->propertyOffset())
+    , m_isDirect(m_type.isValid() && !property.isEnumType())
+{
+}
+
+void ZelMetaPropertyAccessor::call(const QObject *object, QMetaObject::Call kind, void **arguments) const
+{
+    auto *target = const_cast<QObject *>(object);
+    if (m_class->d.static_metacall)
+        m_class->d.static_metacall(target, kind, m_localIndex, arguments);
+    else
+        QMetaObject::metacall(target, kind, m_property.propertyIndex(), arguments);
+}
+
+QVariant ZelMetaPropertyAccessor::read(const QObject *object) const
+{
+    if (!m_isDirect)
+        return m_property.read(object);
+    const bool isVariant = m_type.id() == QMetaType::QVariant;
+    QVariant value = isVariant ? QVariant() : QVariant(m_type);
+    void *data = isVariant ? &value : value.data();
+    int status = -1;
+    void *arguments[] = {data, &value, &status};
+    call(object, QMetaObject::ReadProperty, arguments);
+    return arguments[0] == data ? value : QVariant(m_type, arguments[0]);
+}
+
+bool ZelMetaPropertyAccessor::readTyped(const QObject *object, void *value) const
+{
+    if (!m_isDirect)
+        return false;
+    int status = -1;
+    void *arguments[] = {value, nullptr, &status};
+    call(object, QMetaObject::ReadProperty, arguments);
+    if (arguments[0] != value) { // the getter answers a reference
+        m_type.destruct(value);
+        m_type.construct(value, arguments[0]);
+    }
+    return true;
+}
+
+bool ZelMetaPropertyAccessor::writeTyped(QObject *object, const void *value) const
+{
+    if (!m_isDirect || !m_property.isWritable())
+        return false;
+    int status = -1;
+    int flags = 0;
+    void *arguments[] = {const_cast<void *>(value), nullptr, &status, &flags};
+    call(object, QMetaObject::WriteProperty, arguments);
+    return true;
+}
+
+bool ZelMetaPropertyAccessor::write(QObject *object, const QVariant &value) const
+{
+    if (!m_property.isWritable())
+        return false;
+    if (m_type.id() == QMetaType::QVariant) {
+        const QVariant stored = ZelIsNull(value) ? QVariant() : value;
+        return writeTyped(object, &stored);
+    }
+    if (ZelIsControllerMarker(value) && m_type != value.metaType())
+        return false;
+    if (ZelIsNull(value)) {
+        if (m_property.isResettable())
+            return m_property.reset(object);
+        const QVariant none(m_type);
+        return m_isDirect ? writeTyped(object, none.constData()) : m_property.write(object, none);
+    }
+    if (!m_isDirect)
+        return m_property.write(object, value);
+    if (value.metaType() == m_type)
+        return writeTyped(object, value.constData());
+    QVariant converted = value;
+    return converted.convert(m_type) && writeTyped(object, converted.constData());
+}

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+
+/// A Q_PROPERTY, called through the static metacall of the class that declares it: no look-up, and no QVariant where
+/// the caller knows the type.
+class ZelMetaPropertyAccessor : public ZelPropertyAccessor
+{
+public:
+    explicit ZelMetaPropertyAccessor(const QMetaProperty &property);
+
+    QVariant read(const QObject *object) const override;
+    bool write(QObject *object, const QVariant &value) const override;
+    bool isWritable() const override { return m_property.isWritable(); }
+    QMetaType type() const override { return m_type; }
+    bool readTyped(const QObject *object, void *value) const override;
+    bool writeTyped(QObject *object, const void *value) const override;
+    int notifySignalIndex() const override { return m_property.notifySignalIndex(); }
+
+private:
+    void call(const QObject *object, QMetaObject::Call kind, void **arguments) const;
+
+    QMetaProperty m_property;
+    QMetaType m_type;
+    const QMetaObject *m_class;
+    int m_localIndex;
+    bool m_isDirect; // values of type() can be passed as they are
+};

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelNotifyRelay.h"
+
+#include "Platform/Runtime/ZelObjectRecord.h"
+
+#include <QDynamicPropertyChangeEvent>
+
+namespace {
+
+const int g_firstMethod = QObject::staticMetaObject.methodCount();
+
+/// Holds the keys of a record that a change concerns: the record and this relay may go while they are told.
+template<typename Concerns> void notifyKeys(const ZelObjectRecord &record, Concerns concerns)
+{
+    struct Held
+    {
+        ZelObservedKey *key;
+        ZelObservedKey::Hold hold;
+        explicit Held(ZelObservedKey *k)
+            : key(k)
+            , hold(k)
+        {
+        }
+    };
+    ZelObservedKey *first = nullptr;
+    std::vector<std::unique_ptr<Held>> others;
+    for (ZelObservedKey *key : record.observedKeys()) {
+        if (!key->isObserved() || !concerns(*key))
+            continue;
+        if (!first)
+            first = key;
+        else
+            others.push_back(std::make_unique<Held>(key));
+    }
+    if (first)
+        first->notified();
+    for (const auto &held : others)
+        held->key->notified();
+}
+
+} // namespace
+
+void ZelNotifyRelay::listen(const ZelObservedKey &key)
+{
+    if (!key.notifyEvents().isEmpty() && m_eventUses++ == 0)
+        m_record.object()->installEventFilter(this);
+    const int index = key.notifySignalIndex();
+    if (index < 0)
+        return;
+    auto place = std::find_if(m_signals.begin(), m_signals.end(), [&](const Signal &s) { return s.index == index; });
+    if (place == m_signals.end()) {
+        place = std::find_if(m_signals.begin(), m_signals.end(), [](const Signal &s) { return s.index < 0; });
+        if (place == m_signals.end())
+            place = m_signals.insert(place, Signal());
+        place->index = index;
+        place->connection = QMetaObject::connect(m_record.object(), index, this,
+                                                 g_firstMethod + int(place - m_signals.begin()), Qt::DirectConnection);
+    }
+    ++place->uses;
+}
+
+void ZelNotifyRelay::stopListening(const ZelObservedKey &key)
+{
+    if (!key.notifyEvents().isEmpty() && --m_eventUses == 0)
+        m_record.object()->removeEventFilter(this);
+    const int index = key.notifySignalIndex();
+    for (Signal &signal : m_signals) {
+        if (index < 0 || signal.index != index || --signal.uses > 0)
+            continue;
+        disconnect(signal.connection);
+        signal = Signal();
+    }
+}
+
+int ZelNotifyRelay::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+{
+    id = QObject::qt_metacall(call, id, arguments);
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+        return id;
+    if (size_t(id) < m_signals.size() && m_signals[id].index >= 0)
+        deliver(m_signals[id].index);
+    return -1;
+}
+
+void ZelNotifyRelay::deliver(int signalIndex)
+{
+    notifyKeys(m_record, [=](const ZelObservedKey &key) { return key.notifySignalIndex() == signalIndex; });
+}
+
+bool ZelNotifyRelay::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_record.object())
+        return false;
+    const QEvent::Type type = event->type();
+    notifyKeys(m_record, [=](const ZelObservedKey &key) {
+        if (!key.notifyEvents().contains(type))
+            return false;
+        return type != QEvent::DynamicPropertyChange ||
+               static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == key.key().name();
+    });
+    return false;
+}

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelObjectRecord.h"
+
+#include "Platform/Runtime/ZelAssociatedObjects.h"
+#include "Platform/Runtime/ZelKeyPathChain.h"
+#include "Platform/Runtime/ZelNotifyRelay.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelSilentKeys.h"
+
+#include <QHash>
+#include <algorithm>
+#include <array>
+
+/// Finds the records, and ends them with their objects: one receiver for the `destroyed` signals of all objects.
+class ZelObjectRecordTable : public QObject
+{
+public:
+    static ZelObjectRecordTable &instance()
+    {
+        static auto *table = new ZelObjectRecordTable; // objects may outlive every static
+        return *table;
+    }
+
+    ZelObjectRecord *find(const QObject *object)
+    {
+        Slot &slot = slotOf(object);
+        if (slot.object != object)
+            slot = {object, m_records.value(object)};
+        return slot.record;
+    }
+
+    ZelObjectRecord &of(QObject *object)
+    {
+        if (ZelObjectRecord *record = find(object))
+            return *record;
+        auto *record = new ZelObjectRecord(object);
+        m_records.insert(object, record);
+        slotOf(object) = {object, record};
+        static const int destroyed = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();
+        QMetaObject::connect(object, destroyed, this, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
+        return *record;
+    }
+
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+    {
+        id = QObject::qt_metacall(call, id, arguments);
+        if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+            return id;
+        end(*static_cast<QObject **>(arguments[1]));
+        return -1;
+    }
+
+private:
+    struct Slot
+    {
+        const QObject *object = nullptr;
+        ZelObjectRecord *record = nullptr;
+    };
+
+    Slot &slotOf(const QObject *object) { return m_cache[(reinterpret_cast<quintptr>(object) >> 4) % m_cache.size()]; }
+
+    void end(const QObject *object)
+    {
+        ZelObjectRecord *record = m_records.take(object);
+        slotOf(object) = {object, nullptr};
+        delete record;
+    }
+
+    QHash<const QObject *, ZelObjectRecord *> m_records;
+    std::array<Slot, 256> m_cache;
+};
+
+ZelObjectRecord *ZelObjectRecord::find(const QObject *object)
+{
+    return ZelObjectRecordTable::instance().find(object);
+}
+
+ZelObjectRecord &ZelObjectRecord::of(QObject *object)
+{
+    return ZelObjectRecordTable::instance().of(object);
+}
+
+bool ZelObjectRecord::announcesItself(const QObject *object, ZelKey key)
+{
+    const ZelObjectRecord *record = find(object);
+    const ZelObservedKey *observed = record ? record->observedKey(key) : nullptr;
+    return observed && observed->announcesItself();
+}
+
+ZelObjectRecord::ZelObjectRecord(QObject *object)
+    : m_object(object)
+{
+}
+
+ZelObjectRecord::~ZelObjectRecord()
+{
+    for (const auto &chain : std::exchange(m_chains, {}))
+        chain->stop();
+    for (ZelObservedKey *key : std::exchange(m_keys, {}))
+        key->orphan();
+    m_associated.clear();
+}
+
+ZelObservedKey *ZelObjectRecord::observedKey(ZelKey key) const
+{
+    for (ZelObservedKey *observed : m_keys) {
+        if (observed->key() == key)
+            return observed;
+    }
+    return nullptr;
+}
+
+void ZelObjectRecord::addObserver(const ZelObservedKey::Registration &registration)
+{
+    const bool takesPaths = ZelPropertyAccessor::interfaceOf(m_object);
+    if (takesPaths || registration.path.isSingleKey()) {
+        addKeyObserver(registration, ZelKey(registration.path.string()));
+        return;
+    }
+    const auto chain = std::make_shared<ZelKeyPathChain>(m_object, registration.observer, registration.path,
+                                                         registration.options, registration.context);
+    m_chains.push_back(chain);
+    chain->start();
+}
+
+void ZelObjectRecord::removeObserver(ZelKeyValueObserver *observer, const ZelKeyPath &path, const void *context)
+{
+    const auto chain = std::find_if(m_chains.rbegin(), m_chains.rend(),
+                                    [&](const auto &c) { return c->isFor(observer, path, context); });
+    if (chain == m_chains.rend()) {
+        removeKeyObserver(observer, path, context, ZelKey(path.string()));
+        return;
+    }
+    const std::shared_ptr<ZelKeyPathChain> found = *chain;
+    m_chains.erase(std::next(chain).base());
+    found->stop();
+}
+
+void ZelObjectRecord::addKeyObserver(const ZelObservedKey::Registration &registration, ZelKey key)
+{
+    ZelObservedKey *observed = observedKey(key);
+    if (!observed) {
+        observed = new ZelObservedKey(m_object, key);
+        m_keys.push_back(observed);
+    }
+    if (!observed->isObserved() && (observed->notifySignalIndex() >= 0 || !observed->notifyEvents().isEmpty())) {
+        if (!m_relay)
+            m_relay = std::make_unique<ZelNotifyRelay>(*this);
+        m_relay->listen(*observed);
+    }
+    observed->add(registration);
+}
+
+void ZelObjectRecord::removeKeyObserver(ZelKeyValueObserver *observer, const ZelKeyPath &path, const void *context,
+                                        ZelKey key)
+{
+    ZelObservedKey *observed = observedKey(key);
+    if (observed && observed->remove(observer, path, context) && !observed->isObserved() && m_relay)
+        m_relay->stopListening(*observed);
+}
+
+std::shared_ptr<void> ZelObjectRecord::associatedValue(const void *key) const
+{
+    for (const auto &[known, value] : m_associated) {
+        if (known == key)
+            return value;
+    }
+    return {};
+}
+
+void ZelObjectRecord::setAssociatedValue(const std::shared_ptr<void> &value, const void *key)
+{
+    const auto known =
+        std::find_if(m_associated.begin(), m_associated.end(), [&](const auto &e) { return e.first == key; });
+    if (known == m_associated.end()) {
+        if (value)
+            m_associated.emplace_back(key, value);
+        return;
+    }
+    const std::shared_ptr<void> former = known->second; // dies after the table is whole again
+    if (value)
+        known->second = value;
+    else
+        m_associated.erase(known);
+}
+
+ZelGuardedValueChange::ZelGuardedValueChange(QObject *object, ZelKey key)
+{
+    const ZelObjectRecord *record = ZelObjectRecord::find(object);
+    m_key = record ? record->observedKey(key) : nullptr;
+    if (!m_key)
+        return;
+    m_hold = std::make_unique<ZelObservedKey::Hold>(m_key);
+    m_key->willChange(ZelKeyValueChangeSetting, nullptr, false);
+}
+
+ZelGuardedValueChange::~ZelGuardedValueChange()
+{
+    if (m_key)
+        m_key->didChange(ZelKeyValueChangeSetting, nullptr, false);
+}
+
+void ZelAssociatedObjects::setAssociatedValue(const std::shared_ptr<void> &value, const void *key)
+{
+    if (!m_object || (!value && !ZelObjectRecord::find(m_object)))
+        return;
+    ZelObjectRecord::of(m_object).setAssociatedValue(value, key);
+}
+
+std::shared_ptr<void> ZelAssociatedObjects::associatedValueForKey(const void *key) const
+{
+    const ZelObjectRecord *record = m_object ? ZelObjectRecord::find(m_object) : nullptr;
+    return record ? record->associatedValue(key) : std::shared_ptr<void>();
+}

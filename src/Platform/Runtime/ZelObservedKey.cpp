@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelObservedKey.h"
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelSilentKeys.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <algorithm>
+
+/// The values of a change at this key. The new value is read when the first observer asks, and once.
+class ZelObservedKey::Source : public ZelKeyValueChangeSource
+{
+public:
+    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const QVariant &old)
+        : m_key(key)
+        , m_kind(kind)
+        , m_indexes(indexes)
+        , m_old(old)
+    {
+    }
+
+    QVariant newValue() const override
+    {
+        if (!m_isRead) {
+            m_isRead = true;
+            if (!m_key.m_isOrphan)
+                m_new = m_kind == ZelKeyValueChangeSetting   ? m_key.read()
+                        : m_kind == ZelKeyValueChangeRemoval ? QVariant()
+                                                             : m_key.elementsAt(*m_indexes);
+        }
+        return m_new;
+    }
+    QVariant oldValue() const override { return m_old; }
+    bool changed() const override
+    {
+        if (m_changed < 0)
+            m_changed = ZelNotEqual(m_old, newValue());
+        return m_changed;
+    }
+    void setNewValue(const QVariant &value)
+    {
+        m_new = value;
+        m_isRead = true;
+    }
+
+private:
+    const ZelObservedKey &m_key;
+    ZelKeyValueChangeKind m_kind;
+    const ZelIndexSet *m_indexes;
+    QVariant m_old;
+    mutable QVariant m_new;
+    mutable bool m_isRead = false;
+    mutable signed char m_changed = -1;
+};
+
+ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
+    : m_object(object)
+    , m_key(key)
+    , m_interface(ZelPropertyAccessor::interfaceOf(object))
+{
+}
+
+ZelObservedKey::~ZelObservedKey()
+{
+    ZelSilentKeys::remove(this);
+}
+
+const ZelPropertyAccessor *ZelObservedKey::accessor() const
+{
+    if (!m_accessor && !m_interface)
+        m_accessor = ZelPropertyAccessor::find(m_object, m_key);
+    return m_accessor;
+}
+
+bool ZelObservedKey::isSilent() const
+{
+    return m_interface || (accessor() && accessor()->isSilent());
+}
+
+int ZelObservedKey::notifySignalIndex() const
+{
+    return accessor() ? accessor()->notifySignalIndex() : -1;
+}
+
+QList<QEvent::Type> ZelObservedKey::notifyEvents() const
+{
+    return accessor() ? accessor()->notifyEvents() : QList<QEvent::Type>();
+}
+
+QVariant ZelObservedKey::read() const
+{
+    if (m_interface)
+        return ZelPresent(m_interface->valueForKeyPath(ZelKeyPath(m_key)));
+    return accessor() ? ZelPresent(m_accessor->read(m_object)) : QVariant();
+}
+
+QVariant ZelObservedKey::elementsAt(const ZelIndexSet &indexes) const
+{
+    const QVariantList list = ZelList(read());
+    QVariantList elements;
+    indexes.forEach([&](qsizetype index) {
+        if (index >= 0 && index < list.size())
+            elements.append(list.at(index));
+    });
+    return elements;
+}
+
+void ZelObservedKey::add(const Registration &registration)
+{
+    m_registrations.push_back(registration);
+    if (registration.options & ZelKeyValueObservingOptionOld)
+        ++m_oldObservers;
+    if (registration.options & ZelKeyValueObservingOptionPrior)
+        ++m_priorObservers;
+    if (++m_observers == 1)
+        startObserving();
+    if (!m_remembers && (m_oldObservers > 0 || (m_accessor && isSilent())))
+        rememberValue();
+    if (registration.options & ZelKeyValueObservingOptionInitial) {
+        const Hold hold(this);
+        const Source source(*this, ZelKeyValueChangeSetting, nullptr, {});
+        const ZelKeyValueObservingOptions options = registration.options & ~ZelKeyValueObservingOptionOld;
+        deliverTo(registration, ZelKeyValueChange(ZelKeyValueChangeSetting, &source, options, nullptr, false));
+    }
+}
+
+bool ZelObservedKey::remove(ZelKeyValueObserver *observer, const ZelKeyPath &path, const void *context)
+{
+    const auto found = std::find_if(m_registrations.rbegin(), m_registrations.rend(), [&](const Registration &r) {
+        return r.observer == observer && r.context == context && r.path == path;
+    });
+    if (found == m_registrations.rend())
+        return false;
+    if (found->options & ZelKeyValueObservingOptionOld)
+        --m_oldObservers;
+    if (found->options & ZelKeyValueObservingOptionPrior)
+        --m_priorObservers;
+    found->observer = nullptr;
+    m_needsSweep = true;
+    if (--m_observers == 0)
+        stopObserving();
+    if (m_holds == 0)
+        sweep();
+    return true;
+}
+
+void ZelObservedKey::startObserving()
+{
+    if (m_interface)
+        m_interface->keyPathWillBeObserved(ZelKeyPath(m_key));
+    if (isSilent())
+        ZelSilentKeys::add(this);
+}
+
+void ZelObservedKey::stopObserving()
+{
+    m_remembers = false;
+    m_last.clear();
+    ZelSilentKeys::remove(this);
+    if (m_interface)
+        m_interface->keyPathIsNoLongerObserved(ZelKeyPath(m_key));
+}
+
+void ZelObservedKey::rememberValue()
+{
+    m_remembers = true;
+    m_last = read();
+}
+
+void ZelObservedKey::deliverTo(const Registration &registration, const ZelKeyValueChange &change)
+{
+    const ZelKeyPath path = registration.path; // the registration may move while the observer runs
+    registration.observer->observeValueForKeyPath(path, m_object, change, registration.context);
+}
+
+void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, const ZelIndexSet *indexes, bool isPrior)
+{
+    const size_t count = m_registrations.size(); // later ones do not get this change
+    for (size_t i = 0; i < count && !m_isOrphan; ++i) {
+        const Registration &registration = m_registrations[i];
+        if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
+            continue;
+        deliverTo(registration, ZelKeyValueChange(kind, &source, registration.options, indexes, isPrior));
+    }
+}
+
+void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
+{
+    m_announcesItself |= byObject;
+    if (!isObserved())
+        return;
+    const Hold hold(this);
+    QVariant old;
+    if (m_oldObservers > 0)
+        old = kind == ZelKeyValueChangeSetting     ? read()
+              : kind == ZelKeyValueChangeInsertion ? QVariant()
+                                                   : elementsAt(*indexes);
+    m_pendingOld.push_back(old);
+    if (m_priorObservers == 0)
+        return;
+    Source source(*this, kind, indexes, old);
+    source.setNewValue({});
+    deliver(kind, source, indexes, true);
+}
+
+void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
+{
+    if (m_pendingOld.empty())
+        return;
+    const Hold hold(this);
+    Source source(*this, kind, indexes, m_pendingOld.back());
+    m_pendingOld.pop_back();
+    if (!isObserved() || (!byObject && m_announcesItself))
+        return;
+    if (m_remembers)
+        m_last = read();
+    deliver(kind, source, indexes, false);
+}
+
+void ZelObservedKey::notified()
+{
+    if (!isObserved() || m_announcesItself || !m_pendingOld.empty())
+        return;
+    const Hold hold(this);
+    Source source(*this, ZelKeyValueChangeSetting, nullptr, m_last);
+    if (m_priorObservers > 0)
+        deliver(ZelKeyValueChangeSetting, source, nullptr, true);
+    if (m_remembers) {
+        // Taken over before anybody is told, since an observer may cause the next change.
+        m_last = read();
+        source.setNewValue(m_last);
+    }
+    deliver(ZelKeyValueChangeSetting, source, nullptr, false);
+}
+
+void ZelObservedKey::reread()
+{
+    if (!isObserved() || m_isOrphan)
+        return;
+    if (m_interface) {
+        m_interface->rereadKeyPath(ZelKeyPath(m_key));
+        return;
+    }
+    if (m_remembers && ZelNotEqual(m_last, read()))
+        notified();
+}
+
+void ZelObservedKey::orphan()
+{
+    m_isOrphan = true;
+    const Hold hold(this); // deletes the key unless a delivery still holds it
+}
+
+void ZelObservedKey::release()
+{
+    if (--m_holds > 0)
+        return;
+    if (m_isOrphan)
+        delete this;
+    else if (m_needsSweep)
+        sweep();
+}
+
+void ZelObservedKey::sweep()
+{
+    m_needsSweep = false;
+    std::erase_if(m_registrations, [](const Registration &r) { return !r.observer; });
+}

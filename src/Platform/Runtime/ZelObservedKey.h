@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+
+#include <QEvent>
+#include <vector>
+
+class ZelKeyValueCodingInterface;
+class ZelPropertyAccessor;
+
+/// One observed key of one object: who observes it, and the delivery of its changes.
+///
+/// It belongs to the object's record. While a change is delivered it is held, so that observers may come and go and the
+/// object may die: a removed registration is emptied and swept afterwards, and a key whose object has died is deleted
+/// by the last holder.
+class ZelObservedKey
+{
+public:
+    struct Registration
+    {
+        ZelKeyValueObserver *observer = nullptr; // null: removed during a delivery
+        const void *context = nullptr;
+        ZelKeyPath path;
+        ZelKeyValueObservingOptions options = 0;
+    };
+
+    /// Keeps the key alive and its registrations in place.
+    class Hold
+    {
+    public:
+        explicit Hold(ZelObservedKey *key)
+            : m_key(key)
+        {
+            ++m_key->m_holds;
+        }
+        ~Hold() { m_key->release(); }
+        Q_DISABLE_COPY_MOVE(Hold)
+
+    private:
+        ZelObservedKey *m_key;
+    };
+
+    ZelObservedKey(QObject *object, ZelKey key);
+
+    ZelKey key() const { return m_key; }
+    bool isObserved() const { return m_observers > 0; }
+    bool announcesItself() const { return m_announcesItself; }
+    /// The signal whose emission is a change of this key, or -1.
+    int notifySignalIndex() const;
+    QList<QEvent::Type> notifyEvents() const;
+
+    void add(const Registration &registration);
+    /// False if there is no such registration.
+    bool remove(ZelKeyValueObserver *observer, const ZelKeyPath &path, const void *context);
+
+    /// A change announced in two steps; `byObject` marks the object's own announcements, which silence its signal.
+    void willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject);
+    void didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject);
+    /// A change heard of after it happened.
+    void notified();
+    /// Delivers a change that was not announced at all, if there was one.
+    void reread();
+
+    /// The object dies: nothing is delivered any more. Deletes the key, now or when the last hold ends.
+    void orphan();
+
+private:
+    class Source;
+    ~ZelObservedKey();
+    QVariant read() const;
+    QVariant elementsAt(const ZelIndexSet &indexes) const;
+    const ZelPropertyAccessor *accessor() const;
+    bool isSilent() const;
+    void deliver(ZelKeyValueChangeKind kind, const Source &source, const ZelIndexSet *indexes, bool isPrior);
+    void deliverTo(const Registration &registration, const ZelKeyValueChange &change);
+    void release();
+    void sweep();
+    void rememberValue();
+    void startObserving();
+    void stopObserving();
+
+    QObject *m_object;
+    ZelKey m_key;
+    mutable const ZelPropertyAccessor *m_accessor = nullptr;
+    ZelKeyValueCodingInterface *m_interface = nullptr;
+    std::vector<Registration> m_registrations;
+    std::vector<QVariant> m_pendingOld; // of the announcements begun and not yet ended
+    QVariant m_last;                    // the value delivered last, where it is remembered
+    int m_observers = 0;
+    int m_oldObservers = 0;
+    int m_priorObservers = 0;
+    int m_holds = 0;
+    bool m_remembers = false;
+    bool m_announcesItself = false;
+    bool m_isOrphan = false;
+    bool m_needsSweep = false;
+};
