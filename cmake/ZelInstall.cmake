@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: MIT
+# What another project needs: the library, the headers as they lie below src/, and the package files, so that
+# find_package(Zel) and target_link_libraries(app Zel::Zel) work there.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Zel)
+target_compile_features(Zel PUBLIC cxx_std_20)
+install(TARGETS Zel EXPORT ZelTargets)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Zel FILES_MATCHING PATTERN "*.h")
+install(EXPORT ZelTargets NAMESPACE Zel:: DESTINATION ${package_dir})
+
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ZelConfig.cmake.in ${PROJECT_BINARY_DIR}/ZelConfig.cmake
+                              INSTALL_DESTINATION ${package_dir})
+# Before version 1 a new minor version may change anything.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/ZelConfig.cmake ${PROJECT_BINARY_DIR}/ZelConfigVersion.cmake
+        DESTINATION ${package_dir})

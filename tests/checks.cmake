@@ -1,0 +1,18 @@
+# SPDX-License-Identifier: MIT
+# Tests labelled "check": ctest -L check.
+function(zel_check name)
+    add_test(NAME check_${name} COMMAND ${ARGN} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(check_${name} PROPERTIES LABELS check TIMEOUT 900)
+endfunction()
+
+zel_check(includes python3 tools/check-includes.py)
+zel_check(format tools/check-format.sh)
+
+include(${PROJECT_SOURCE_DIR}/cmake/ZelHeaders.cmake)
+zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_headers)
+
+zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${PROJECT_BINARY_DIR}/install-check
+          -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER} -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
+
+# They build something in parallel themselves; one at a time keeps the machine for them.
+set_tests_properties(check_headers check_install PROPERTIES RUN_SERIAL ON)
