@@ -138,18 +138,19 @@ void ZelKeyPathChain::detachFrom(size_t level)
     }
 }
 
-void ZelKeyPathChain::attachBelow(size_t level)
+bool ZelKeyPathChain::attachBelow(size_t level)
 {
     for (size_t i = level; !m_levels[i]->isLast(); ++i) {
         QObject *next = m_levels[i]->next();
         if (i + 1 < m_levels.size() && m_levels[i + 1]->object() == next)
-            return; // the same object: what is below is unchanged
+            return next && i == level; // the same object: what is below is unchanged
         detachFrom(i + 1);
         if (!next)
-            return;
+            return false;
         m_levels.push_back(std::make_unique<Level>(*this, i + 1, next, m_levels[i]->path().rest()));
         m_levels.back()->attach();
     }
+    return false;
 }
 
 QVariant ZelKeyPathChain::value() const
@@ -188,7 +189,8 @@ void ZelKeyPathChain::changed(size_t level, const ZelKeyValueChange &change)
                                   nullptr, true));
         return;
     }
-    attachBelow(level);
+    if (attachBelow(level))
+        return; // the path still leads through the same object, which announces its own changes
     const Source source(*this, m_last);
     if (wantsOld)
         m_last = source.newValue();

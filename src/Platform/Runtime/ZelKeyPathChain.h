@@ -26,7 +26,8 @@ public:
 private:
     class Level;
     class Source;
-    void attachBelow(size_t level);
+    /// Whether the next object below is the same as before.
+    bool attachBelow(size_t level);
     void detachFrom(size_t level);
     void changed(size_t level, const ZelKeyValueChange &change);
     void deliver(const ZelKeyValueChange &change);

@@ -74,7 +74,10 @@ class ZelUndoGrouping
 {
 public:
     explicit ZelUndoGrouping(ZelUndoManager *manager);
-    explicit ZelUndoGrouping(const QWidget *widget) : ZelUndoGrouping(ZelUndoManager::forWidget(widget)) {}
+    explicit ZelUndoGrouping(const QWidget *widget)
+        : ZelUndoGrouping(ZelUndoManager::forWidget(widget))
+    {
+    }
     ~ZelUndoGrouping();
     Q_DISABLE_COPY_MOVE(ZelUndoGrouping)
 

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Selection/ZelObjectController.h"
+
+#include "Platform/Selection/ZelSelectionProxy.h"
+
+#include <QSet>
+
+ZelObjectController::ZelObjectController(QObject *parent)
+    : QObject(parent)
+    , m_proxy(std::make_unique<ZelSelectionProxy>(*this))
+{
+}
+
+ZelObjectController::~ZelObjectController() = default;
+
+QObject *ZelObjectController::selection() const
+{
+    return m_proxy.get();
+}
+
+QList<QObject *> ZelObjectController::selectedObjects() const
+{
+    QList<QObject *> objects;
+    objects.reserve(m_proxy->objects().size());
+    for (const QPointer<QObject> &object : m_proxy->objects()) {
+        if (object)
+            objects.append(object);
+    }
+    return objects;
+}
+
+qsizetype ZelObjectController::selectedCount() const
+{
+    return std::count_if(m_proxy->objects().begin(), m_proxy->objects().end(),
+                         [](const QPointer<QObject> &object) { return !object.isNull(); });
+}
+
+void ZelObjectController::setSelectedObjects(const QList<QObject *> &objects)
+{
+    QList<QPointer<QObject>> selected;
+    selected.reserve(objects.size());
+    QSet<const QObject *> seen;
+    seen.reserve(objects.size());
+    for (QObject *object : objects) {
+        const qsizetype before = seen.size();
+        seen.insert(object);
+        if (object && seen.size() > before)
+            selected.append(object);
+    }
+    replaceSelection(selected);
+}
+
+void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objects)
+{
+    const QPointer<ZelObjectController> alive(this);
+    if (m_proxy->setObjects(objects) && alive)
+        Q_EMIT selectionChanged();
+}
+
+ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller)
+    : m_controller(controller)
+{
+    if (m_controller)
+        m_controller->m_proxy->beginBatch();
+}
+
+ZelObjectController::ChangeBatch::~ChangeBatch()
+{
+    if (m_controller)
+        m_controller->m_proxy->endBatch();
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelKeyPath.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+#include <memory>
+
+class ZelSelectionProxy;
+
+/// The objects that an inspector edits, seen as one: `selection` answers a key with the value on which all selected
+/// objects agree, or with a marker, and writes to all of them.
+///
+/// A controller owns nothing of the model. Its objects may die at any time; they then leave the selection. A key that a
+/// selected object lacks answers ZelNotApplicableMarker.
+class ZelObjectController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *selection READ selection NOTIFY selectionChanged)
+    Q_PROPERTY(QList<QObject *> selectedObjects READ selectedObjects NOTIFY selectionChanged)
+public:
+    explicit ZelObjectController(QObject *parent = nullptr);
+    ~ZelObjectController() override;
+
+    /// The proxy; the same object for the controller's whole life.
+    QObject *selection() const;
+    /// The selected objects that are alive, in their order.
+    QList<QObject *> selectedObjects() const;
+    qsizetype selectedCount() const;
+
+    /// Selects these objects; null and repeated ones are left out. Selecting what is selected changes nothing.
+    void setSelectedObjects(const QList<QObject *> &objects);
+
+    /// Holds back the notices of changes that the selected objects make, until the outermost one ends: one notice then
+    /// stands for all. Reading stays exact meanwhile.
+    class ChangeBatch
+    {
+    public:
+        explicit ChangeBatch(ZelObjectController *controller);
+        ~ChangeBatch();
+        Q_DISABLE_COPY_MOVE(ChangeBatch)
+
+    private:
+        QPointer<ZelObjectController> m_controller;
+    };
+
+Q_SIGNALS:
+    void selectionChanged();
+
+private:
+    friend class ZelSelectionProxy;
+    void replaceSelection(const QList<QPointer<QObject>> &objects);
+
+    std::unique_ptr<ZelSelectionProxy> m_proxy;
+};

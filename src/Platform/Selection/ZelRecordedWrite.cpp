@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Selection/ZelRecordedWrite.h"
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelSelectionProxy.h"
+#include "Platform/Selection/ZelUndoManager.h"
+
+namespace {
+
+/// What a write at a path really stores into: the objects, and the path below them.
+struct Target
+{
+    QList<QPointer<QObject>> objects;
+    ZelKeyPath path;
+};
+
+Target resolve(QObject *root, const ZelKeyPath &path)
+{
+    QObject *object = root;
+    ZelKeyPath rest = path;
+    while (object) {
+        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object))
+            return {proxy->objects(), rest};
+        QObject *next = rest.isSingleKey() || !ZelHasKey(object, rest.first())
+                            ? nullptr
+                            : ZelObject(ZelValueForKey(object, rest.first()));
+        if (!next)
+            break; // the last object; what is left may lead into a value
+        object = next;
+        rest = rest.rest();
+    }
+    return {{object}, rest};
+}
+
+/// The values of the living objects that have the path; the others leave the list.
+QVariantList readValues(QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
+{
+    objects.removeIf([&](const QPointer<QObject> &object) { return !object || !ZelHasKey(object, path.first()); });
+    QVariantList values;
+    values.reserve(objects.size());
+    for (const QPointer<QObject> &object : std::as_const(objects))
+        values.append(ZelValueForKeyPath(object.data(), path));
+    return values;
+}
+
+} // namespace
+
+void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    Target target;
+    QVariantList oldValues;
+    if (manager && manager->recordsEdits()) {
+        target = resolve(root, path);
+        oldValues = readValues(target.objects, target.path);
+    }
+    ZelSetValueForKeyPath(root, value, path);
+    if (manager && !target.objects.isEmpty())
+        manager->recordWrite(target.objects, target.path, oldValues, QVariantList(oldValues.size(), value));
+    ZelRereadSilentProperties();
+}
+
+void ZelRecordedWrite::setValuesForKey(const QList<QObject *> &objects, const QVariantList &values, ZelKey key) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    const QList<QPointer<QObject>> pointers(objects.begin(), objects.end());
+    QList<QPointer<QObject>> written = pointers;
+    const bool records = manager && manager->recordsEdits();
+    const QVariantList oldValues = records ? readValues(written, key) : QVariantList();
+    for (qsizetype i = 0; i < pointers.size(); ++i)
+        ZelSetValueForKey(pointers.at(i).data(), values.at(i), key);
+    if (manager && records && written.size() == pointers.size())
+        manager->recordWrite(written, key, oldValues, values);
+    ZelRereadSilentProperties();
+}

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Selection/ZelSelectionFold.h"
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelObjectRecord.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+namespace {
+
+/// The accessor of a key, looked up again only where the class changes.
+class Accessors
+{
+public:
+    explicit Accessors(ZelKey key)
+        : m_key(key)
+    {
+    }
+
+    const ZelPropertyAccessor *of(const QObject *object)
+    {
+        const QMetaObject *metaObject = object->metaObject();
+        if (metaObject != m_class || !m_accessor) {
+            m_class = metaObject;
+            m_accessor = ZelPropertyAccessor::find(object, m_key);
+        }
+        return m_accessor;
+    }
+
+private:
+    ZelKey m_key;
+    const QMetaObject *m_class = nullptr;
+    const ZelPropertyAccessor *m_accessor = nullptr;
+};
+
+template<typename Number>
+bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
+{
+    Number number{};
+    return accessor.readTyped(object, &number) && number == *static_cast<const Number *>(expected);
+}
+
+bool readEqualText(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
+{
+    QString text;
+    const auto &other = *static_cast<const QString *>(expected);
+    return accessor.readTyped(object, &text) && text == other && text.isNull() == other.isNull();
+}
+
+/// Compares an object's value with one of the same type, without a QVariant; null for other types.
+using ReadEqual = bool (*)(const ZelPropertyAccessor &, const QObject *, const void *);
+ReadEqual readEqualFor(int type)
+{
+    switch (type) {
+    case QMetaType::Double:
+        return readEqual<double>;
+    case QMetaType::Float:
+        return readEqual<float>;
+    case QMetaType::Int:
+        return readEqual<int>;
+    case QMetaType::UInt:
+        return readEqual<uint>;
+    case QMetaType::LongLong:
+        return readEqual<qlonglong>;
+    case QMetaType::ULongLong:
+        return readEqual<qulonglong>;
+    case QMetaType::Bool:
+        return readEqual<bool>;
+    case QMetaType::QString:
+        return readEqualText;
+    default:
+        return nullptr;
+    }
+}
+
+bool hasPath(const QObject *object, const ZelKeyPath &path)
+{
+    return ZelHasKey(object, path.first());
+}
+
+/// The fold by whole values, for paths of several keys and objects that answer keys themselves.
+QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
+{
+    QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
+    bool isFirst = true;
+    for (const QPointer<QObject> &object : objects) {
+        if (!object)
+            continue;
+        if (!hasPath(object, path))
+            return QVariant::fromValue(ZelNotApplicableMarker);
+        const QVariant value = ZelValueForKeyPath(object.data(), path);
+        if (ZelIsControllerMarker(value))
+            return value;
+        if (!isFirst && ZelNotEqual(value, result))
+            return QVariant::fromValue(ZelMultipleValuesMarker);
+        result = value;
+        isFirst = false;
+    }
+    return result;
+}
+
+} // namespace
+
+QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
+{
+    Accessors accessors(path.first());
+    const ZelPropertyAccessor *current = nullptr;
+    ReadEqual readEqual = nullptr;
+    QVariant stored; // the first object's value as the property answers it
+    QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
+    bool isFirst = true;
+    for (const QPointer<QObject> &pointer : objects) {
+        const QObject *object = pointer.data();
+        if (!object)
+            continue;
+        if (!path.isSingleKey() || ZelPropertyAccessor::interfaceOf(object))
+            return foldPaths(objects, path);
+        const ZelPropertyAccessor *accessor = accessors.of(object);
+        if (!accessor)
+            return QVariant::fromValue(ZelNotApplicableMarker);
+        if (accessor != current) {
+            current = accessor;
+            readEqual = nullptr;
+        }
+        if (readEqual && readEqual(*accessor, object, stored.constData()))
+            continue;
+        const QVariant value = accessor->read(object);
+        if (!isFirst && ZelNotEqual(value, stored))
+            return QVariant::fromValue(ZelMultipleValuesMarker);
+        if (isFirst) {
+            stored = value;
+            result = ZelPresent(value);
+        }
+        isFirst = false;
+        if (accessor->type().isValid() && stored.metaType() == accessor->type())
+            readEqual = readEqualFor(stored.typeId());
+    }
+    return result;
+}
+
+void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const QVariant &value, const ZelKeyPath &path)
+{
+    Accessors accessors(path.first());
+    const ZelPropertyAccessor *current = nullptr;
+    QVariant converted; // for the current accessor, where it takes values through memory
+    const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
+    const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
+    for (const QPointer<QObject> &pointer : snapshot) {
+        QObject *object = pointer.data();
+        if (!object || !hasPath(object, path))
+            continue;
+        const ZelPropertyAccessor *accessor =
+            isPlain && !ZelPropertyAccessor::interfaceOf(object) ? accessors.of(object) : nullptr;
+        if (accessor && accessor != current) {
+            current = accessor;
+            converted = value;
+            if (!accessor->isWritable() || !accessor->type().isValid() || !converted.convert(accessor->type()))
+                converted.clear();
+        }
+        const bool isDirect = accessor && converted.isValid() && !accessor->isSilent();
+        if (!isDirect || !accessor->writeTyped(object, converted.constData()))
+            ZelSetValueForKeyPath(object, value, path);
+    }
+}
+
+bool ZelSelectionFold::isSilent(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
+{
+    Accessors accessors(path.first());
+    for (const QPointer<QObject> &object : objects) {
+        if (!object)
+            continue;
+        if (!path.isSingleKey() || ZelPropertyAccessor::interfaceOf(object))
+            return true; // something along the path may be silent
+        const ZelPropertyAccessor *accessor = accessors.of(object);
+        if (!accessor || accessor->isSilent())
+            return true;
+    }
+    return false;
+}

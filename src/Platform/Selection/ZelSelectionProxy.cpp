@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Selection/ZelSelectionProxy.h"
+
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelObjectController.h"
+#include "Platform/Selection/ZelSelectionFold.h"
+#include "Platform/Selection/ZelSelectionRelay.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+#include <QTimerEvent>
+
+namespace {
+const QEvent::Type g_flushEvent = QEvent::Type(QEvent::registerEventType());
+}
+
+ZelSelectionProxy::ZelSelectionProxy(ZelObjectController &controller)
+    : m_controller(controller)
+    , m_deaths(std::make_unique<ZelSelectionRelay>(*this, ZelKeyPath()))
+{
+}
+
+ZelSelectionProxy::~ZelSelectionProxy() = default;
+
+bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
+{
+    if (objects == m_objects)
+        return false;
+    const QList<ZelKeyPath> paths = m_paths.keys();
+    for (const ZelKeyPath &path : paths)
+        ZelWillChangeValueForKey(this, ZelKey(path.string()));
+    m_objects = objects;
+    m_hasDead = false;
+    invalidate();
+    m_deaths->setObjects(m_objects);
+    for (const auto &path : std::as_const(m_paths))
+        listen(*path);
+    connectSlices();
+    for (const ZelKeyPath &path : paths) {
+        if (const auto known = m_paths.value(path)) {
+            known->isDirty = false;
+            known->announced = valueForKeyPath(path);
+        }
+        ZelDidChangeValueForKey(this, ZelKey(path.string()));
+    }
+    return true;
+}
+
+void ZelSelectionProxy::invalidate()
+{
+    for (const auto &path : std::as_const(m_paths))
+        path->isKnown = false;
+}
+
+QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
+{
+    const auto known = m_paths.value(path);
+    if (!known)
+        return ZelSelectionFold::value(m_objects, path);
+    if (known->answersOld)
+        return known->announced;
+    if (!known->isKnown || known->isSilent) {
+        known->isKnown = true; // before reading: a getter may cause a change
+        known->value = ZelSelectionFold::value(m_objects, path);
+    }
+    return known->value;
+}
+
+void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
+{
+    const QPointer<ZelSelectionProxy> alive(this);
+    const ZelObjectController::ChangeBatch batch(&m_controller);
+    ZelSelectionFold::setValue(m_objects, value, path);
+    if (alive)
+        objectChanged(path);
+}
+
+void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
+{
+    const auto added = std::make_shared<Path>();
+    added->relay = std::make_unique<ZelSelectionRelay>(*this, path);
+    m_paths.insert(path, added);
+    listen(*added);
+    added->isSilent = ZelSelectionFold::isSilent(m_objects, path);
+    added->announced = valueForKeyPath(path);
+    connectSlices();
+}
+
+void ZelSelectionProxy::keyPathIsNoLongerObserved(const ZelKeyPath &path)
+{
+    m_paths.remove(path);
+}
+
+void ZelSelectionProxy::listen(Path &path)
+{
+    path.relay->setObjects(m_objects);
+}
+
+/// Goes on connecting while the application is idle. When the last slice of a path is connected, a change that nobody
+/// heard in the meantime is announced.
+void ZelSelectionProxy::connectSlices()
+{
+    bool isComplete = m_deaths->isComplete();
+    for (const auto &path : std::as_const(m_paths))
+        isComplete = isComplete && path->relay->isComplete();
+    if (isComplete)
+        m_idle.stop();
+    else if (!m_idle.isActive())
+        m_idle.start(0, this);
+}
+
+bool ZelSelectionProxy::event(QEvent *event)
+{
+    if (event->type() == g_flushEvent) {
+        m_isFlushPosted = false;
+        flush();
+        return true;
+    }
+    if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_idle.timerId())
+        return QObject::event(event);
+    m_deaths->connectSlice();
+    const auto paths = m_paths;
+    for (auto entry = paths.begin(); entry != paths.end(); ++entry) {
+        const std::shared_ptr<Path> &path = entry.value();
+        if (path->relay->isComplete())
+            continue;
+        path->relay->connectSlice();
+        if (path->relay->isComplete()) {
+            path->isSilent = ZelSelectionFold::isSilent(m_objects, entry.key());
+            path->isKnown = false;
+            rereadKeyPath(entry.key());
+        }
+        break; // one slice of one path in a turn
+    }
+    connectSlices();
+    return true;
+}
+
+void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
+{
+    const auto known = m_paths.value(path);
+    if (known && ZelNotEqual(valueForKeyPath(path), known->announced))
+        announce(path);
+}
+
+void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
+{
+    const auto known = m_paths.value(path);
+    if (!known)
+        return;
+    known->isKnown = false;
+    if (m_batches == 0 && m_objects.size() <= immediateLimit) {
+        announce(path);
+        return;
+    }
+    known->isDirty = true;
+    noticeOwed();
+}
+
+void ZelSelectionProxy::objectDied()
+{
+    m_hasDead = true;
+    invalidate();
+    if (m_batches == 0 && m_objects.size() <= immediateLimit)
+        flush();
+    else
+        noticeOwed();
+}
+
+void ZelSelectionProxy::noticeOwed()
+{
+    if (m_batches > 0 || std::exchange(m_isFlushPosted, true))
+        return;
+    QCoreApplication::postEvent(this, new QEvent(g_flushEvent), Qt::HighEventPriority);
+}
+
+void ZelSelectionProxy::endBatch()
+{
+    if (--m_batches == 0)
+        flush();
+}
+
+void ZelSelectionProxy::announce(const ZelKeyPath &path)
+{
+    const std::shared_ptr<Path> known = m_paths.value(path);
+    if (!known)
+        return;
+    known->isDirty = false;
+    const ZelKey key(path.string());
+    const QPointer<ZelSelectionProxy> alive(this);
+    {
+        const QScopedValueRollback old(known->answersOld, true);
+        ZelWillChangeValueForKey(this, key);
+    }
+    if (!alive)
+        return;
+    known->announced = valueForKeyPath(path);
+    ZelDidChangeValueForKey(this, key);
+}
+
+void ZelSelectionProxy::flush()
+{
+    const QPointer<ZelSelectionProxy> alive(this);
+    if (m_hasDead)
+        dropDead();
+    if (!alive)
+        return;
+    const auto paths = m_paths;
+    for (auto entry = paths.begin(); alive && entry != paths.end(); ++entry) {
+        if (entry.value()->isDirty)
+            announce(entry.key());
+    }
+}
+
+void ZelSelectionProxy::dropDead()
+{
+    m_hasDead = false;
+    QList<QPointer<QObject>> living = m_objects;
+    living.removeIf([](const QPointer<QObject> &object) { return object.isNull(); });
+    m_controller.replaceSelection(living);
+}

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+
+#include <QBasicTimer>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+class ZelObjectController;
+class ZelSelectionRelay;
+
+/// Many objects answering as one.
+///
+/// Reading a key path folds the objects' values and stops at the first disagreement; the answer is kept until something
+/// is heard that may change it. Hearing is arranged by key, when a key is first observed: a few objects are connected
+/// at once, a large selection in slices while the application is idle, so that selecting does not stall the window;
+/// what changed in between is noticed when the last slice is connected. A few objects' changes are announced as they
+/// happen; those of a large selection once, at the end of the event-loop turn, for reading every answer again with
+/// every change would cost the square of their number.
+class ZelSelectionProxy : public QObject, public ZelKeyValueCodingInterface
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelKeyValueCodingInterface)
+public:
+    explicit ZelSelectionProxy(ZelObjectController &controller);
+    ~ZelSelectionProxy() override;
+
+    const QList<QPointer<QObject>> &objects() const { return m_objects; }
+    /// False where nothing changed.
+    bool setObjects(const QList<QPointer<QObject>> &objects);
+
+    void beginBatch() { ++m_batches; }
+    void endBatch();
+
+    QVariant valueForKeyPath(const ZelKeyPath &path) const override;
+    void setValueForKeyPath(const QVariant &value, const ZelKeyPath &path) override;
+    void keyPathWillBeObserved(const ZelKeyPath &path) override;
+    void keyPathIsNoLongerObserved(const ZelKeyPath &path) override;
+    void rereadKeyPath(const ZelKeyPath &path) override;
+
+    /// Heard from a relay.
+    void objectChanged(const ZelKeyPath &path);
+    void objectDied();
+
+    bool event(QEvent *event) override;
+
+    /// Up to this many objects, changes are announced as they happen.
+    static constexpr qsizetype immediateLimit = 32;
+
+private:
+    struct Path
+    {
+        std::unique_ptr<ZelSelectionRelay> relay;
+        QVariant value;          // the fold
+        QVariant announced;      // the fold that observers know
+        bool isKnown = false;    // value is up to date
+        bool isDirty = false;    // a notice is owed
+        bool isSilent = false;   // the fold may change unheard
+        bool answersOld = false; // during the notice before
+    };
+    void listen(Path &path);
+    void invalidate();
+    void announce(const ZelKeyPath &path);
+    void connectSlices();
+    void noticeOwed();
+    void flush();
+    void dropDead();
+
+    ZelObjectController &m_controller;
+    QList<QPointer<QObject>> m_objects;
+    mutable QHash<ZelKeyPath, std::shared_ptr<Path>> m_paths; // of the observed ones
+    std::unique_ptr<ZelSelectionRelay> m_deaths;
+    QBasicTimer m_idle;
+    int m_batches = 0;
+    bool m_isFlushPosted = false;
+    bool m_hasDead = false;
+};
