@@ -38,7 +38,7 @@ public:
     /// The first file of that name in the search paths. The name may lead into subdirectories but not out of the search
     /// path. Empty if there is none, or no name.
     QUrl urlForResource(const QString &baseName, const QString &extension) const;
-    /// The same, the name split at its last dot.
+    /// The same for a name with its extension.
     QUrl urlForResource(const QString &fileName) const;
     /// The first file of that name in a format that can be read, with or without its extension.
     QUrl urlForImageResource(const QString &name) const;

@@ -30,8 +30,9 @@ public:
     QStringList allKeys() const;
     /// Invalid for an unknown key.
     ZelColor colorWithKey(const QString &key) const;
-    /// What a colour of this list looks like; invalid for an unknown key.
-    QColor shownColorWithKey(const QString &key) const;
+    /// Whether the colours are computed, and what one of them is at this moment; invalid for an unknown key.
+    bool isComputed() const { return bool(m_source); }
+    QColor computedColorWithKey(const QString &key) const;
     /// Replaces the colour of the key, or appends it.
     void setColorForKey(const ZelColor &color, const QString &key);
     void removeColorWithKey(const QString &key);

@@ -18,7 +18,7 @@ public:
     static QIcon imageNamedInBundleForClass(const QString &name, const QMetaObject *metaObject);
 
     /// The same shape in the text colour of the palette, sharp at every size and following the palette when it changes.
-    /// A null image stays null; a template image is answered as it is.
+    /// A null image stays null; a template image looks as before.
     static QIcon templateImage(const QIcon &image);
     static bool isTemplateImage(const QIcon &image) { return image.isMask(); }
 };

@@ -57,10 +57,6 @@ public:
     QString attributeName(qsizetype index) const { return m_tree->names[attributeAt(index).name]; }
     QStringView attributeValue(qsizetype index) const { return valueOf(attributeAt(index)); }
 
-    ZelXmlElement firstChild() const;
-    /// The next child of the element's parent; null after the last, and for the root.
-    ZelXmlElement nextSibling(const ZelXmlElement &parent) const;
-
     /// Calls the function with every child, in document order.
     template<typename Function> void forEachChild(Function function) const
     {

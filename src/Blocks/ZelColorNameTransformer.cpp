@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelColorNameTransformer.h"
+
+#include "Platform/Resources/ZelColorList.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Resources/ZelSystemColors.h"
+
+#include <QHash>
+
+namespace {
+
+constexpr qsizetype initialCapacity = 200;
+
+/// Calls the function with every colour of every list, in their order, and its localised name.
+template<typename Function> void forEachNamedColor(Function function)
+{
+    const QList<ZelColorListPtr> lists = ZelColorList::availableColorLists();
+    for (const ZelColorListPtr &list : lists) {
+        const QStringList keys = list->allKeys();
+        for (const QString &key : keys) {
+            const QString displayName = ZelSystemColors::displayName(key);
+            function(list->colorWithKey(key), ZelLocalizedString(displayName.isNull() ? key : displayName));
+        }
+    }
+}
+
+const QHash<ZelColor, QString> &namesOfColors()
+{
+    static const QHash<ZelColor, QString> names = [] {
+        QHash<ZelColor, QString> map;
+        map.reserve(initialCapacity);
+        const auto store = [&](const ZelColor &color, const QString &name) {
+            if (!map.contains(color))
+                map.insert(color, name);
+        };
+        forEachNamedColor(store);
+        // Models hold plain colours, which a computed list's named ones equal only as they look.
+        forEachNamedColor([&](const ZelColor &color, const QString &name) { store(ZelColor(color.toQColor()), name); });
+        return map;
+    }();
+    return names;
+}
+
+const QHash<QString, ZelColor> &colorsOfNames()
+{
+    static const QHash<QString, ZelColor> colors = [] {
+        QHash<QString, ZelColor> map;
+        map.reserve(initialCapacity);
+        // A name is only ever replaced. As nothing is there at first, the map stays empty and every name means black:
+        // names are for showing, and a translated one must not turn into a colour.
+        forEachNamedColor([&](const ZelColor &color, const QString &name) {
+            if (map.contains(name))
+                map.insert(name, color);
+        });
+        return map;
+    }();
+    return colors;
+}
+
+QVariant nameOfColor(const QVariant &value)
+{
+    const ZelColor color = ZelColor::fromVariant(value);
+    const QString name = namesOfColors().value(color);
+    return name.isNull() ? namesOfColors().value(ZelColor(color.toQColor()), QStringLiteral("")) : name;
+}
+
+QVariant colorOfName(const QVariant &value)
+{
+    return colorsOfNames().value(value.toString(), ZelColor(QColor(Qt::black))).toQColor();
+}
+
+bool isString(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString;
+}
+
+constexpr ZelNamedValueTransformer::Row row = {
+    "QString", nullptr, {&ZelColor::isColor, &nameOfColor}, {&isString, &colorOfName}};
+
+} // namespace
+
+ZelColorNameTransformer::ZelColorNameTransformer() : ZelNamedValueTransformer(row) {}

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelNamedTransformers.h"
+
+#include "Blocks/ZelColorNameTransformer.h"
+#include "Platform/Resources/ZelNumberScanner.h"
+#include "Platform/Runtime/ZelIndexSet.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QAssociativeIterable>
+#include <QPointF>
+#include <algorithm>
+#include <atomic>
+
+const QString ZelPointerToStringTransformerName = QStringLiteral("ZelPointerToStringTransformerName");
+const QString ZelFirstInArrayTransformerName = QStringLiteral("ZelFirstInArrayTransformerName");
+const QString ZelIsNotEmptyTransformerName = QStringLiteral("ZelIsNotEmptyTransformerName");
+const QString ZelNilOrNoTransformerName = QStringLiteral("ZelNilOrNoTransformerName");
+const QString ZelPercentValueTransformerName = QStringLiteral("ZelPercentValueTransformerName");
+const QString ZelColorNameTransformerName = QStringLiteral("ZelColorNameTransformerName");
+const QString ZelZeroPointTransformerName = QStringLiteral("ZelZeroPointTransformerName");
+const QString ZelDebugTransformerName = QStringLiteral("ZelDebugTransformerName");
+
+namespace {
+
+bool isString(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString;
+}
+
+QVariant falseResult()
+{
+    return false;
+}
+
+QVariant hexadecimalText(const QVariant &value)
+{
+    const bool isFloating = value.typeId() == QMetaType::Double || value.typeId() == QMetaType::Float;
+    constexpr double limit = 18446744073709549568.0; // the largest double below 2^64
+    const double real = isFloating ? value.toDouble() : 0.0;
+    quint64 bits = 0;
+    if (!isFloating)
+        bits = value.toULongLong();
+    else if (real >= 0) // false for NaN
+        bits = quint64(std::min(real, limit));
+    else
+        bits = quint64(qint64(std::max(real, -9223372036854775808.0)));
+    return QString(u"0x" + QString::number(bits, 16));
+}
+
+QVariant numberFromHexadecimalText(const QVariant &value)
+{
+    const std::optional<quint64> number = ZelNumberScanner::hexadecimal(value.toString());
+    return number ? QVariant(*number) : QVariant();
+}
+
+QVariant firstElement(const QVariant &value)
+{
+    return ZelList(value).value(0);
+}
+
+bool isMap(const QVariant &value)
+{
+    return value.canConvert<QAssociativeIterable>();
+}
+
+bool isIndexSet(const QVariant &value)
+{
+    return value.metaType() == QMetaType::fromType<ZelIndexSet>();
+}
+
+bool hasCount(const QVariant &value)
+{
+    const QObject *object = ZelObject(value);
+    return ZelIsList(value) || isMap(value) || isIndexSet(value) || (object && ZelHasKey(object, "count"));
+}
+
+QVariant isNotEmpty(const QVariant &value)
+{
+    if (isIndexSet(value))
+        return !value.value<ZelIndexSet>().isEmpty();
+    if (ZelIsList(value))
+        return !ZelList(value).isEmpty();
+    if (isMap(value))
+        return value.value<QAssociativeIterable>().size() != 0;
+    return ZelValueForKey(ZelObject(value), "count").toLongLong() != 0;
+}
+
+QVariant itself(const QVariant &value)
+{
+    return value;
+}
+
+QVariant percent(const QVariant &value)
+{
+    return value.toDouble() * 100.0;
+}
+
+QVariant fraction(const QVariant &value)
+{
+    return value.toDouble() / 100.0;
+}
+
+using Row = ZelNamedValueTransformer::Row;
+constexpr Row pointerToString = {
+    "QString", nullptr, {&ZelIsNumber, &hexadecimalText}, {&isString, &numberFromHexadecimalText}};
+constexpr Row firstInArray = {"QVariant", nullptr, {&ZelIsList, &firstElement}};
+constexpr Row notEmpty = {"bool", &falseResult, {&hasCount, &isNotEmpty}};
+constexpr Row nilOrNo = {"QVariant", &falseResult, {&ZelIsNumber, &itself}};
+constexpr Row percentValue = {"double", nullptr, {&ZelIsNumber, &percent}, {&ZelIsNumber, &fraction}};
+
+template<typename Transformer> void registerTransformer()
+{
+    ZelAbstractValueTransformer::setValueTransformerForName(QSharedPointer<Transformer>::create(),
+                                                            Transformer::transformerName());
+}
+
+/// Registers a class's own instance once; the instance, made on the way, comes back here and must not wait for itself.
+template<typename Transformer> void registerAtFirstUse(const QString &name)
+{
+    static std::atomic_flag begun;
+    if (!begun.test_and_set())
+        ZelAbstractValueTransformer::setValueTransformerForName(QSharedPointer<Transformer>::create(), name);
+}
+
+[[maybe_unused]] const bool registeredAtLoad = (ZelRegisterTransformers(), true);
+
+} // namespace
+
+void ZelRegisterTransformers()
+{
+    [[maybe_unused]] static const bool registered = [] {
+        registerTransformer<ZelPointerToStringTransformer>();
+        registerTransformer<ZelFirstInArrayTransformer>();
+        registerTransformer<ZelIsNotEmptyTransformer>();
+        registerTransformer<ZelNilOrNoTransformer>();
+        registerTransformer<ZelPercentValueTransformer>();
+        registerTransformer<ZelColorNameTransformer>();
+        return true;
+    }();
+}
+
+ZelPointerToStringTransformer::ZelPointerToStringTransformer() : ZelNamedValueTransformer(pointerToString) {}
+ZelFirstInArrayTransformer::ZelFirstInArrayTransformer() : ZelNamedValueTransformer(firstInArray) {}
+ZelIsNotEmptyTransformer::ZelIsNotEmptyTransformer() : ZelNamedValueTransformer(notEmpty) {}
+ZelNilOrNoTransformer::ZelNilOrNoTransformer() : ZelNamedValueTransformer(nilOrNo) {}
+ZelPercentValueTransformer::ZelPercentValueTransformer() : ZelNamedValueTransformer(percentValue) {}
+
+ZelZeroPointTransformer::ZelZeroPointTransformer()
+{
+    registerAtFirstUse<ZelZeroPointTransformer>(ZelZeroPointTransformerName);
+}
+
+QString ZelZeroPointTransformer::transformerName()
+{
+    registerAtFirstUse<ZelZeroPointTransformer>(ZelZeroPointTransformerName);
+    return ZelZeroPointTransformerName;
+}
+
+QVariant ZelZeroPointTransformer::transformedValue(const QVariant &value) const
+{
+    return ZelIsNull(value) || ZelIsControllerMarker(value) ? QVariant(QPointF()) : value;
+}
+
+ZelDebugTransformer::ZelDebugTransformer()
+{
+    registerAtFirstUse<ZelDebugTransformer>(ZelDebugTransformerName);
+}
+
+QString ZelDebugTransformer::transformerName()
+{
+    registerAtFirstUse<ZelDebugTransformer>(ZelDebugTransformerName);
+    return ZelDebugTransformerName;
+}

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelReversibleValueTransformer.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+
+ZelReversibleValueTransformer::ZelReversibleValueTransformer(const Block &forwardBlock, const Block &reverseBlock)
+    : ZelValueTransformer(forwardBlock, reverseBlock)
+{
+    ZelRequire(bool(reverseBlock), "reverseBlock");
+}
+
+QVariant ZelReversibleValueTransformer::reverseTransformedValue(const QVariant &value) const
+{
+    return reverseBlock() ? reverseBlock()(value) : QVariant();
+}

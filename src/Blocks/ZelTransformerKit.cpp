@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelTransformerKit.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelClassRegistry.h"
+
+namespace {
+
+class KitTransformer : public ZelValueTransformer
+{
+public:
+    KitTransformer(const QString &transformedValueClass, const Block &forwardBlock, const Block &reverseBlock)
+        : ZelValueTransformer(forwardBlock, reverseBlock)
+        , m_transformedValueClass(transformedValueClass)
+    {
+    }
+
+    bool allowsReverseTransformation() const override { return bool(reverseBlock()); }
+    QString transformedValueClass() const override { return m_transformedValueClass; }
+    QVariant reverseTransformedValue(const QVariant &value) const override
+    {
+        return reverseBlock() ? reverseBlock()(value) : ZelValueTransformer::reverseTransformedValue(value);
+    }
+
+private:
+    QString m_transformedValueClass;
+};
+
+bool isTaken(const QString &name)
+{
+    const QByteArray typeName = name.toUtf8();
+    return ZelAbstractValueTransformer::valueTransformerForName(name) || ZelClassRegistry::hasClass(name)
+           || QMetaType::fromName(typeName).isValid() || QMetaType::fromName(QByteArray(typeName + '*')).isValid();
+}
+
+} // namespace
+
+bool ZelTransformerKit::registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
+                                                         const ZelValueTransformer::Block &transformedValueBlock)
+{
+    return registerValueTransformerWithName(name, transformedValueClass, transformedValueBlock, {});
+}
+
+bool ZelTransformerKit::registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
+                                                         const ZelValueTransformer::Block &transformedValueBlock,
+                                                         const ZelValueTransformer::Block &reverseTransformedValueBlock)
+{
+    if (!ZelRequire(!name.isEmpty(), "name") || !ZelRequire(!transformedValueClass.isEmpty(), "transformedValueClass")
+        || !ZelRequire(bool(transformedValueBlock), "transformedValueBlock") || isTaken(name))
+        return false;
+    const auto transformer = QSharedPointer<KitTransformer>::create(transformedValueClass, transformedValueBlock,
+                                                                    reverseTransformedValueBlock);
+    ZelAbstractValueTransformer::setValueTransformerForName(transformer, name);
+    return true;
+}
