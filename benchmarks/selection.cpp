@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "Bench.h"
+#include "PlainShape.h"
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelArrayController.h"
+
+namespace {
+
+/// A controller with so many objects, all selected.
+struct Document
+{
+    explicit Document(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            shapes.append(new PlainShape(&owner));
+        controller.setContent(shapes);
+        controller.setSelectedObjects(shapes);
+        Bench::expect(controller.selectedCount() == count, "not all shapes are selected");
+    }
+
+    QObject owner;
+    QList<QObject *> shapes;
+    ZelArrayController controller;
+};
+
+/// The value that all objects have, or an invalid one.
+QVariant commonValue(const QList<QObject *> &objects, const char *name)
+{
+    QVariant common;
+    for (const QObject *object : objects) {
+        const QVariant value = object->property(name);
+        if (!common.isValid())
+            common = value;
+        else if (value != common)
+            return {};
+    }
+    return common;
+}
+
+void reduce(const QString &name, Document &document)
+{
+    const ZelKey key("width");
+    const QObject *selection = document.controller.selection();
+    const QVariant common = commonValue(document.shapes, "width");
+    const QVariant ours = ZelValueForKey(selection, key);
+    Bench::expect(common.isValid() ? ours == common : ZelIsMarker(ours, ZelMultipleValuesMarker),
+                  "the selection answers another value than the loop");
+    Bench::compare(
+        name, 0.25, [&] { Bench::keep(ZelValueForKey(selection, key)); },
+        [&] { Bench::keep(commonValue(document.shapes, "width")); }, Bench::small);
+}
+
+} // namespace
+
+static void selectionReduce()
+{
+    for (int count : {1'000, 100'000}) {
+        Document document(count);
+        reduce(QStringLiteral("C reduce a key of %1 objects to its value").arg(count), document);
+        // The worst case for a marker: only the last object disagrees.
+        document.shapes.last()->setProperty("width", 50.0);
+        reduce(QStringLiteral("C reduce a key of %1 objects to a marker").arg(count), document);
+    }
+}
+ZEL_BENCHMARK(selectionReduce)
+
+static void selectionWrite()
+{
+    const ZelKey key("width");
+    for (int count : {1'000, 100'000}) {
+        Document document(count);
+        double value = 0; // always a new one, so that every write changes something
+        Bench::compare(
+            QStringLiteral("C2 write a key of %1 objects").arg(count), 0.4,
+            [&] { ZelSetValueForKey(document.controller.selection(), ++value, key); },
+            [&] {
+                const QVariant written = ++value;
+                for (QObject *shape : std::as_const(document.shapes))
+                    shape->setProperty("width", written);
+            },
+            Bench::small);
+        ZelSetValueForKey(document.controller.selection(), -1.0, key);
+        Bench::expect(commonValue(document.shapes, "width") == QVariant(-1.0), "not every shape was written");
+    }
+}
+ZEL_BENCHMARK(selectionWrite)
