@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+
+#include "Platform/Runtime/ZelException.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Support/Person.h"
+#include "Support/Recorder.h"
+
+#include <QTest>
+
+namespace {
+const char g_context = 0;
+constexpr quint32 g_oldAndNew = ZelKeyValueObservingOptionOld | ZelKeyValueObservingOptionNew;
+} // namespace
+
+/// Announces its changes by itself, before and after.
+class Announcer : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariantList items READ items NOTIFY itemsChanged)
+public:
+    QVariantList items() const { return m_items; }
+    void insert(qsizetype index, const QVariant &item)
+    {
+        const ZelIndexSet at{index};
+        ZelWillChangeValueForKey(this, ZelKeyValueChangeInsertion, at, "items");
+        m_items.insert(index, item);
+        Q_EMIT itemsChanged();
+        ZelDidChangeValueForKey(this, ZelKeyValueChangeInsertion, at, "items");
+    }
+    void remove(qsizetype index)
+    {
+        const ZelIndexSet at{index};
+        ZelWillChangeValueForKey(this, ZelKeyValueChangeRemoval, at, "items");
+        m_items.removeAt(index);
+        ZelDidChangeValueForKey(this, ZelKeyValueChangeRemoval, at, "items");
+    }
+Q_SIGNALS:
+    void itemsChanged();
+
+private:
+    QVariantList m_items;
+};
+
+class tst_ZelKeyValueObserving : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void aNotifySignalIsAChange()
+    {
+        Person person(QStringLiteral("Ada"));
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "name", g_oldAndNew, &g_context);
+        person.setName(QStringLiteral("Bea"));
+        person.setName(QStringLiteral("Cleo"));
+        QCOMPARE(recorder.count(), 2);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(QStringLiteral("Bea")));
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(QStringLiteral("Cleo")));
+        ZelRemoveObserver(&person, &recorder, "name", &g_context);
+        person.setName(QStringLiteral("Dora"));
+        QCOMPARE(recorder.count(), 2);
+        QVERIFY(!ZelIsObserved(&person, "name"));
+    }
+
+    void priorAndAfterArriveTogetherForAPlainObject()
+    {
+        Person person(QStringLiteral("Ada"));
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "name", g_oldAndNew | ZelKeyValueObservingOptionPrior, &g_context);
+        person.setName(QStringLiteral("Bea"));
+        QCOMPARE(recorder.count(), 2);
+        QVERIFY(recorder.changes[0].isPrior());
+        QVERIFY(!recorder.changes[0].hasNew());
+        QCOMPARE(recorder.changes[0].keyValueChangeOld(), QVariant(QStringLiteral("Ada")));
+        QVERIFY(!recorder.changes[1].isPrior());
+        ZelRemoveObserver(&person, &recorder, "name", &g_context);
+    }
+
+    void anAnnouncingObjectTellsKindsAndIndexesOnce()
+    {
+        Announcer announcer;
+        Recorder recorder;
+        ZelAddObserver(&announcer, &recorder, "items", g_oldAndNew | ZelKeyValueObservingOptionPrior, &g_context);
+        announcer.insert(0, QStringLiteral("a"));
+        QCOMPARE(recorder.count(), 2); // prior and after; the signal in between is not a third
+        QVERIFY(recorder.changes[0].isPrior());
+        QCOMPARE(recorder.changes[1].keyValueChangeKind(), quint32(ZelKeyValueChangeInsertion));
+        QCOMPARE(recorder.changes[1].keyValueChangeNew(), QVariant(QVariantList{QStringLiteral("a")}));
+        QVERIFY(!recorder.changes[1].hasOld());
+        announcer.remove(0);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(QVariantList{QStringLiteral("a")}));
+        QCOMPARE(recorder.changes.last().keyValueChangeIndexes().value(), ZelIndexSet({0}));
+        ZelRemoveObserver(&announcer, &recorder, "items", &g_context);
+    }
+
+    void aPathFollowsEveryObjectAlongIt()
+    {
+        Person ada(QStringLiteral("Ada"));
+        Person ben(QStringLiteral("Ben"));
+        auto *cleo = new Person(QStringLiteral("Cleo"));
+        Recorder recorder;
+        ZelAddObserver(&ada, &recorder, "friendOf.name", g_oldAndNew, &g_context);
+        ada.setFriendOf(&ben);
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(QStringLiteral("Ben")));
+        ben.setName(QStringLiteral("Bert"));
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(QStringLiteral("Ben")));
+        ada.setFriendOf(cleo);
+        QCOMPARE(recorder.count(), 3);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(QStringLiteral("Bert")));
+        ben.setName(QStringLiteral("unheard"));
+        QCOMPARE(recorder.count(), 3);
+        QVERIFY(!ZelIsObserved(&ben, "name"));
+        delete cleo;
+        ada.setFriendOf(nullptr);
+        QCOMPARE(recorder.count(), 4);
+        QVERIFY(!recorder.changes.last().keyValueChangeNew().isValid());
+        ZelRemoveObserver(&ada, &recorder, "friendOf.name", &g_context);
+        QVERIFY(!ZelIsObserved(&ada, "friendOf"));
+    }
+
+    void aPathIntoAValueFollowsTheProperty()
+    {
+        Person person;
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "frame.width", g_oldAndNew, &g_context);
+        person.setFrame({0, 0, 5, 5});
+        QCOMPARE(recorder.count(), 1);
+        ZelRemoveObserver(&person, &recorder, "frame.width", &g_context);
+    }
+
+    void observersMayComeAndGoDuringDelivery()
+    {
+        Person person;
+        Recorder first, second, late;
+        first.react = [&] {
+            ZelRemoveObserver(&person, &second, "name", &g_context);
+            ZelRemoveObserver(&person, &first, "name", &g_context);
+            for (int i = 0; i < 20; ++i)
+                ZelAddObserver(&person, &late, "name", 0, &g_context);
+        };
+        ZelAddObserver(&person, &first, "name", 0, &g_context);
+        ZelAddObserver(&person, &second, "name", 0, &g_context);
+        person.setName(QStringLiteral("Bea"));
+        QCOMPARE(first.count(), 1);
+        QCOMPARE(second.count(), 0);
+        QCOMPARE(late.count(), 0);
+        person.setName(QStringLiteral("Cleo"));
+        QCOMPARE(late.count(), 20);
+        for (int i = 0; i < 20; ++i)
+            ZelRemoveObserver(&person, &late, "name", &g_context);
+        QVERIFY(!ZelIsObserved(&person, "name"));
+    }
+
+    void theObservedObjectMayDieDuringDelivery_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("key") << "name";
+        QTest::newRow("path") << "friendOf.name";
+    }
+    void theObservedObjectMayDieDuringDelivery()
+    {
+        QFETCH(QString, path);
+        auto *person = new Person;
+        auto *other = new Person;
+        person->setFriendOf(other);
+        Recorder killer, later;
+        killer.react = [&] {
+            delete person;
+            person = nullptr;
+        };
+        ZelAddObserver(person, &killer, path, g_oldAndNew, &g_context);
+        ZelAddObserver(person, &later, path, g_oldAndNew, &g_context);
+        (path == QLatin1String("name") ? person : other)->setName(QStringLiteral("x"));
+        QVERIFY(!person);
+        QCOMPARE(killer.count(), 1);
+        other->setName(QStringLiteral("y"));
+        QCOMPARE(killer.count(), 1);
+        delete other;
+    }
+
+    void aChangeDuringDeliveryIsDeliveredWithItsOwnValues()
+    {
+        Person person(QStringLiteral("a"));
+        Recorder first;
+        first.react = [&] { person.setName(QStringLiteral("c")); };
+        ZelAddObserver(&person, &first, "name", g_oldAndNew, &g_context);
+        person.setName(QStringLiteral("b"));
+        QCOMPARE(first.count(), 2);
+        QCOMPARE(first.changes[1].keyValueChangeOld(), QVariant(QStringLiteral("b")));
+        QCOMPARE(first.changes[1].keyValueChangeNew(), QVariant(QStringLiteral("c")));
+        ZelRemoveObserver(&person, &first, "name", &g_context);
+    }
+
+    void whatCannotAnnounceIsAnnouncedByWritesAndFoundByRereading()
+    {
+        Person person(QStringLiteral("Ada"));
+        Recorder silent, computed;
+        ZelAddObserver(&person, &silent, "silent", g_oldAndNew, &g_context);
+        ZelAddObserver(&person, &computed, "nameLength", g_oldAndNew, &g_context);
+        ZelSetValueForKey(&person, QStringLiteral("x"), "silent");
+        QCOMPARE(silent.count(), 1);
+        person.silent = QStringLiteral("y");
+        person.setName(QStringLiteral("Alexandra"));
+        ZelRereadSilentProperties();
+        QCOMPARE(silent.count(), 2);
+        QCOMPARE(computed.changes.last().keyValueChangeOld(), QVariant(3));
+        QCOMPARE(computed.changes.last().keyValueChangeNew(), QVariant(9));
+        ZelRereadSilentProperties();
+        QCOMPARE(silent.count() + computed.count(), 3);
+        ZelRemoveObserver(&person, &silent, "silent", &g_context);
+        ZelRemoveObserver(&person, &computed, "nameLength", &g_context);
+    }
+
+    void dynamicPropertiesAndTheInitialOption()
+    {
+        Person person;
+        person.setProperty("mood", 1);
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "mood", ZelKeyValueObservingOptionNew | ZelKeyValueObservingOptionInitial,
+                       &g_context);
+        QCOMPARE(recorder.count(), 1);
+        person.setProperty("mood", 2);
+        person.setProperty("other", 2);
+        QCOMPARE(recorder.count(), 2);
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(2));
+        ZelRemoveObserver(&person, &recorder, "mood", &g_context);
+    }
+
+    void addedAndRemovedObjects()
+    {
+        const QVariant a = QStringLiteral("a"), b = QStringLiteral("b"), c = QStringLiteral("c");
+        const ZelKeyValueChange change(ZelKeyValueChangeSetting, QVariant(QVariantList{a, b}),
+                                       QVariant(QVariantList{a, b, c, c}));
+        QCOMPARE(change.keyValueChangeAddedObjects().value(), QVariantList{c});
+        QCOMPARE(change.keyValueChangeRemovedObjects().value(), QVariantList());
+        const ZelKeyValueChange fresh(ZelKeyValueChangeSetting, std::nullopt, QVariant(QVariantList{a}));
+        QCOMPARE(fresh.keyValueChangeAddedObjects().value(), QVariantList{a});
+        QVERIFY(!fresh.keyValueChangeRemovedObjects());
+        const ZelKeyValueChange wrong(ZelKeyValueChangeSetting, std::nullopt, QVariant(7));
+        QVERIFY_EXCEPTION_THROWN(wrong.keyValueChangeAddedObjects(), ZelException);
+    }
+};
+
+QTEST_MAIN(tst_ZelKeyValueObserving)
+#include "tst_ZelKeyValueObserving.moc"

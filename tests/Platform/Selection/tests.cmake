@@ -1,0 +1,2 @@
+zel_test(Platform/Selection/tst_ZelArrayController zel_selection)
+zel_test(Platform/Selection/tst_ZelUndoManager zel_selection)

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Selection/ZelArrayController.h"
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Support/Person.h"
+#include "Support/Recorder.h"
+
+#include <QTest>
+#include <memory>
+
+namespace {
+
+const char g_context = 0;
+constexpr quint32 g_oldAndNew = ZelKeyValueObservingOptionOld | ZelKeyValueObservingOptionNew;
+
+QVariant multiple()
+{
+    return QVariant::fromValue(ZelMultipleValuesMarker);
+}
+QVariant none()
+{
+    return QVariant::fromValue(ZelNoSelectionMarker);
+}
+
+struct People
+{
+    std::vector<std::unique_ptr<Person>> people;
+    explicit People(int count, double height = 0)
+    {
+        for (int i = 0; i < count; ++i) {
+            people.push_back(std::make_unique<Person>(QString::number(i)));
+            people.back()->setHeight(height);
+        }
+    }
+    QList<QObject *> objects() const
+    {
+        QList<QObject *> list;
+        for (const auto &person : people)
+            list.append(person.get());
+        return list;
+    }
+};
+
+} // namespace
+
+/// A model whose writes select something else.
+class Restless : public Person
+{
+    Q_OBJECT
+public:
+    std::function<void()> react;
+    Restless()
+    {
+        connect(this, &Person::heightChanged, this, [this] { react ? react() : void(); });
+    }
+};
+
+class tst_ZelArrayController : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void folding()
+    {
+        ZelArrayController controller;
+        People three(3, 1.5);
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), none());
+        controller.setSelectedObjects(three.objects());
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), QVariant(1.5));
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
+        QVERIFY(!ZelValueForKeyPath(&controller, "selection.note").isValid());
+        QVERIFY(!ZelValueForKeyPath(&controller, "selection.friendOf.name").isValid());
+        QVERIFY(ZelIsMarker(ZelValueForKeyPath(&controller, "selection.wingspan"), ZelNotApplicableMarker));
+        three.people[2]->setHeight(2);
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), multiple());
+        three.people[1]->setName(QString());
+        three.people[0]->setName(QStringLiteral(""));
+        three.people[2]->setName(QStringLiteral(""));
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple()); // unset is not empty
+    }
+
+    void writingReachesEverySelectedObject()
+    {
+        ZelArrayController controller;
+        People three(3);
+        Person friendly;
+        for (const auto &person : three.people)
+            person->setFriendOf(&friendly);
+        controller.setSelectedObjects(three.objects());
+        ZelSetValueForKeyPath(&controller, 4, "selection.height");
+        ZelSetValueForKeyPath(&controller, QStringLiteral("Bea"), "selection.friendOf.name");
+        ZelSetValueForKeyPath(&controller, QStringLiteral("s"), "selection.silent");
+        for (const auto &person : three.people) {
+            QCOMPARE(person->height(), 4.0);
+            QCOMPARE(person->silent, QStringLiteral("s"));
+        }
+        QCOMPARE(friendly.name(), QStringLiteral("Bea"));
+    }
+
+    void observersHearOfSelectionAndOfObjects()
+    {
+        ZelArrayController controller;
+        People three(3, 1);
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
+        controller.setSelectedObjects(three.objects());
+        QCOMPARE(recorder.count(), 1);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), none());
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(1.0));
+        three.people[1]->setHeight(2);
+        QCOMPARE(recorder.count(), 2);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(1.0));
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), multiple());
+        ZelSetValueForKeyPath(&controller, 3, "selection.height");
+        QCOMPARE(recorder.count(), 3); // one notice for three objects
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(3.0));
+        controller.setSelectedObjects({});
+        three.people[0]->setHeight(9);
+        QCOMPARE(recorder.count(), 4);
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
+    void aLargeSelectionIsHeardInSlicesAndOnceATurn()
+    {
+        ZelArrayController controller;
+        People many(5000, 1);
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
+        controller.setSelectedObjects(many.objects());
+        recorder.changes.clear();
+        many.people[4999]->setHeight(2); // not connected yet
+        QTRY_COMPARE(recorder.count(), 1);
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), multiple());
+        for (const auto &person : many.people)
+            person->setHeight(7);
+        QCOMPARE(recorder.count(), 1);
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), QVariant(7.0)); // reading is exact at once
+        QTRY_COMPARE(recorder.count(), 2);
+        QCOMPARE(recorder.changes.last().keyValueChangeOld(), multiple());
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
+    void objectsMayDieWhileSelected_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::newRow("few") << 3;
+        QTest::newRow("many") << 3000;
+    }
+    void objectsMayDieWhileSelected()
+    {
+        QFETCH(int, count);
+        ZelArrayController controller;
+        People people(count, 1);
+        people.people[0]->setHeight(2);
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
+        controller.setContent(people.objects());
+        controller.setSelectedObjects(people.objects());
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), multiple());
+        recorder.changes.clear();
+        people.people.erase(people.people.begin());
+        QCOMPARE(controller.selectedObjects().size(), count - 1);
+        QTRY_COMPARE(recorder.changes.isEmpty() ? QVariant() : recorder.changes.last().keyValueChangeNew(),
+                     QVariant(1.0));
+        people.people.clear();
+        QTRY_COMPARE(recorder.changes.last().keyValueChangeNew(), none());
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
+    void theControllerMayDieWhileObservedAndDuringDelivery()
+    {
+        auto *controller = new ZelArrayController;
+        People three(3, 1);
+        controller->setSelectedObjects(three.objects());
+        Recorder recorder;
+        recorder.react = [&] {
+            delete controller;
+            controller = nullptr;
+        };
+        ZelAddObserver(controller, &recorder, "selection.height", g_oldAndNew, &g_context);
+        ZelAddObserver(controller, &recorder, "selection.name", g_oldAndNew, &g_context);
+        three.people[0]->setHeight(2);
+        QVERIFY(!controller);
+        three.people[0]->setHeight(3);
+        QCOMPARE(recorder.count(), 1);
+    }
+
+    void theSelectionMayChangeWhileItIsWritten()
+    {
+        ZelArrayController controller;
+        Restless restless;
+        People two(2);
+        QList<QObject *> all = two.objects();
+        all.prepend(&restless);
+        controller.setSelectedObjects(all);
+        restless.react = [&] { controller.setSelectedObjects({}); };
+        ZelSetValueForKeyPath(&controller, 4, "selection.height");
+        QCOMPARE(two.people[1]->height(), 4.0); // the write goes to those that were selected when it began
+        QVERIFY(controller.selectedObjects().isEmpty());
+    }
+
+    void contentAndIndexes()
+    {
+        ZelArrayController controller;
+        People four(4);
+        controller.setContent(four.objects());
+        controller.setSelectionIndexes({1, 3, 17});
+        QCOMPARE(controller.selectedObjects(), QList<QObject *>({four.people[1].get(), four.people[3].get()}));
+        controller.removeObject(four.people[1].get());
+        QCOMPARE(controller.selectionIndexes(), ZelIndexSet({2}));
+        controller.setContent({});
+        QVERIFY(controller.selectedObjects().isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_ZelArrayController)
+#include "tst_ZelArrayController.moc"
