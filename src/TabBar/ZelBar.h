@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ViewController/ZelView.h"
+
+/// A strip along the edge of a window, whose look follows the window's activity.
+class ZelBar : public ZelView
+{
+    Q_OBJECT
+    /// The look of the bar: 0, the default, has a background and a hairline below it; any other value is plain.
+    Q_PROPERTY(quint32 style READ style WRITE setStyle NOTIFY styleChanged)
+public:
+    explicit ZelBar(QWidget *parent = nullptr);
+
+    quint32 style() const { return m_style; }
+    void setStyle(quint32 style);
+
+    void drawRect(QPainter &painter, const QRect &dirtyRect) override;
+    bool drawsContent() const override { return true; }
+
+Q_SIGNALS:
+    void styleChanged();
+
+protected:
+    ZelView *newInstance() const override { return new ZelBar; }
+    bool event(QEvent *event) override;
+
+private:
+    quint32 m_style = 0;
+};

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "TabBar/ZelBar.h"
+#include "TabBar/ZelTabBarDelegate.h"
+#include "TabBar/ZelTabBarItem.h"
+
+#include <QList>
+
+class QShortcut;
+class ZelButtonMatrix;
+
+/// A row of image buttons, one for each item, exactly one of them selected.
+///
+/// The buttons follow the items while the bar is installed. Items without a parent become the bar's children.
+///
+/// Several items may have the same key equivalent: the first of them that is enabled is selected. The arrow keys, Home
+/// and End select when the bar has the focus.
+class ZelTabBar : public ZelBar
+{
+    Q_OBJECT
+    Q_PROPERTY(QList<ZelTabBarItem *> items READ items WRITE setItems NOTIFY itemsChanged)
+    /// An item that is not among the items gives way to the first one.
+    Q_PROPERTY(ZelTabBarItem *selectedItem READ selectedItem WRITE setSelectedItem NOTIFY selectedItemChanged)
+public:
+    explicit ZelTabBar(QWidget *parent = nullptr);
+    ~ZelTabBar() override;
+
+    /// Items that have died meanwhile are left out.
+    QList<ZelTabBarItem *> items() const;
+    void setItems(const QList<ZelTabBarItem *> &items);
+    ZelTabBarItem *selectedItem() const { return m_selectedItem; }
+    void setSelectedItem(ZelTabBarItem *item);
+    /// Not owned. A delegate that is a QObject may die before the bar.
+    ZelTabBarDelegate *delegate() const;
+    void setDelegate(ZelTabBarDelegate *delegate);
+    ZelButtonMatrix *matrix() const { return m_matrix; }
+
+    /// Selects the item of the matrix's selected column if the delegate agrees.
+    void selectBarButton(QObject *sender);
+    /// Makes the buttons anew from the items.
+    void updateButtons();
+    /// Selects the button of the selected item.
+    void updateButtonState();
+    /// Takes over the style and makes the buttons anew.
+    void updateButtonStyle();
+    /// Places the buttons in the middle of the bar.
+    void adjustSubviews();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void layoutSubviews() override;
+
+Q_SIGNALS:
+    void itemsChanged();
+    void selectedItemChanged();
+
+protected:
+    ZelView *newInstance() const override { return new ZelTabBar; }
+    void startObservationOfItem(ZelTabBarItem *item);
+    void stopObservationOfItem(ZelTabBarItem *item);
+
+private:
+    void itemsDidChange(const QList<ZelTabBarItem *> &added, const QList<ZelTabBarItem *> &removed);
+    void updateShortcuts();
+    void selectFirstEnabledItem(const QKeySequence &sequence);
+
+    QList<QPointer<ZelTabBarItem>> m_items;
+    QPointer<ZelTabBarItem> m_selectedItem;
+    ZelTabBarDelegate *m_delegate = nullptr;
+    QPointer<QObject> m_delegateObject; // the delegate, if it is a QObject
+    bool m_delegateIsObject = false;
+    QPointer<ZelButtonMatrix> m_matrix;
+    QList<QShortcut *> m_shortcuts;
+};

@@ -1,0 +1,447 @@
+// SPDX-License-Identifier: MIT
+#include "ViewController/ZelView.h"
+
+#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "ViewController/ZelBackingLayer.h"
+#include "ViewController/ZelConstraintUpdates.h"
+#include "ViewController/ZelKeyedCoder.h"
+#include "ViewController/ZelViewController.h"
+#include "ViewController/ZelViewInstaller.h"
+#include "ViewController/ZelViewRare.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QScopedValueRollback>
+
+namespace {
+
+const QString flippedKey = QStringLiteral("ZelIsFlippedKey");
+const QString opaqueKey = QStringLiteral("ZelOpaqueKey");
+const QString backgroundColorKey = QStringLiteral("ZelBackgroundColorKey");
+const QString borderColorKey = QStringLiteral("ZelBorderColorKey");
+
+} // namespace
+
+ZelView::ZelView(QWidget *parent)
+    : QWidget(parent)
+{
+}
+
+ZelView::ZelView(const QRectF &frame, QWidget *parent)
+    : QWidget(parent)
+{
+    setFrame(frame);
+}
+
+ZelView::ZelView(const ZelKeyedCoder &coder, QWidget *parent)
+    : QWidget(parent)
+{
+    setFlipped(coder.decodeBool(flippedKey));
+    setOpaque(coder.decodeBool(opaqueKey));
+    setBackgroundColor(ZelColor::fromVariant(coder.decode(backgroundColorKey)));
+    setBorderColor(ZelColor::fromVariant(coder.decode(borderColorKey)));
+}
+
+ZelView::~ZelView()
+{
+    uninstall();
+    ZelConstraintUpdates::instance().cancel(this);
+    if (ZelViewController *controller = std::exchange(m_viewController, nullptr))
+        if (controller->m_view == this)
+            controller->viewWasDestroyed();
+}
+
+ZelView::Rare &ZelView::rare()
+{
+    if (!m_rare)
+        m_rare = std::make_unique<Rare>();
+    return *m_rare;
+}
+
+// Appearance
+
+ZelColor ZelView::backgroundColor() const
+{
+    return m_rare ? m_rare->backgroundColor : ZelColor();
+}
+
+void ZelView::setBackgroundColor(const ZelColor &color)
+{
+    if (backgroundColor() == color)
+        return;
+    rare().backgroundColor = color;
+    if (ZelBackingLayer *backing = layer())
+        backing->setBackgroundColor(color);
+    else
+        update();
+    Q_EMIT backgroundColorChanged();
+}
+
+ZelColor ZelView::borderColor() const
+{
+    return m_rare ? m_rare->borderColor : ZelColor();
+}
+
+void ZelView::setBorderColor(const ZelColor &color)
+{
+    if (borderColor() == color)
+        return;
+    rare().borderColor = color;
+    if (ZelBackingLayer *backing = layer())
+        backing->setBorderColor(color);
+    update();
+    Q_EMIT borderColorChanged();
+}
+
+void ZelView::setFlipped(bool flipped)
+{
+    if (m_flipped == flipped)
+        return;
+    m_flipped = flipped;
+    Q_EMIT flippedChanged();
+}
+
+void ZelView::setOpaque(bool opaque)
+{
+    if (m_opaque == opaque)
+        return;
+    m_opaque = opaque;
+    update();
+    Q_EMIT opaqueChanged();
+}
+
+void ZelView::setInstalled(bool installed)
+{
+    if (m_installed == installed)
+        return;
+    m_installed = installed;
+    Q_EMIT installedChanged();
+}
+
+ZelBackingLayer *ZelView::layer() const
+{
+    return m_rare ? m_rare->layer.get() : nullptr;
+}
+
+void ZelView::setWantsLayer(bool wants)
+{
+    if (wants == wantsLayer())
+        return;
+    rare().layer = wants ? makeBackingLayer() : nullptr;
+    update();
+}
+
+std::unique_ptr<ZelBackingLayer> ZelView::makeBackingLayer()
+{
+    auto made = std::make_unique<ZelBackingLayer>(this);
+    made->setBackgroundColor(backgroundColor());
+    made->setBorderColor(borderColor());
+    return made;
+}
+
+// Controller and responders
+
+ZelViewController *ZelView::viewController() const
+{
+    return m_viewController;
+}
+
+ZelResponderLink ZelView::takeResponderLink()
+{
+    return m_rare ? std::exchange(m_rare->next, {}) : ZelResponderLink();
+}
+
+void ZelView::setViewController(ZelViewController *controller)
+{
+    const QPointer<ZelViewController> old = m_viewController;
+    if (old == controller)
+        return;
+    if (old && old->isViewInstalled())
+        old->viewWillUninstall();
+    if (old)
+        if (const ZelResponderLink link = std::exchange(old->m_next, {}); link.isSet)
+            rare().next = link;
+    m_viewController = controller;
+    if (!controller)
+        return;
+    if (const ZelResponderLink link = takeResponderLink(); link.isSet)
+        controller->m_next = link;
+    // A controller that is loading its view hears of the installation when it has loaded it.
+    if (m_installed && !controller->m_loading && !controller->isViewInstalled())
+        controller->viewDidInstall();
+}
+
+QObject *ZelView::nextResponder() const
+{
+    if (m_viewController)
+        return m_viewController;
+    return m_rare && m_rare->next.isSet ? m_rare->next.responder.data() : parentWidget();
+}
+
+void ZelView::setNextResponder(QObject *responder)
+{
+    if (m_viewController)
+        m_viewController->setNextResponder(responder);
+    else
+        rare().next = {true, responder};
+}
+
+// Installation
+
+void ZelView::viewDidInstall()
+{
+    setInstalled(true);
+}
+
+void ZelView::viewWillUninstall()
+{
+    setInstalled(false);
+}
+
+void ZelView::uninstall() noexcept
+{
+    m_destroying = true;
+    if (!m_installed)
+        return;
+    ZelViewInstaller installer(false);
+    installer.visit(this);
+    try {
+        if (installer.error())
+            std::rethrow_exception(installer.error());
+    } catch (const std::exception &exception) {
+        ZelReportFailure(QString::fromUtf8(exception.what()));
+    } catch (...) {
+        ZelReportFailure(QStringLiteral("Unknown exception while a view was uninstalled"));
+    }
+}
+
+// Constraints
+
+void ZelView::addConstraint(const ZelLayoutConstraint::Ptr &constraint)
+{
+    addConstraints({constraint});
+}
+
+void ZelView::addConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    ZelConstraintLayout *layout = ZelConstraintLayout::of(this);
+    if (ZelCheck(layout, QStringLiteral("View %1 has a layout of another kind").arg(ZelObjectDescription(this))))
+        layout->addConstraints(constraints);
+}
+
+QList<ZelLayoutConstraint::Ptr> ZelView::addConstraintsWithVisualFormat(const QString &format,
+                                                                        const QHash<QString, QWidget *> &views,
+                                                                        const QHash<QString, double> &metrics)
+{
+    const auto constraints = ZelLayoutConstraint::constraintsWithVisualFormat(format, views, metrics);
+    addConstraints(constraints);
+    return constraints;
+}
+
+void ZelView::removeConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    if (auto *constraintLayout = qobject_cast<ZelConstraintLayout *>(layout()))
+        constraintLayout->removeConstraints(constraints);
+}
+
+QList<ZelLayoutConstraint::Ptr> ZelView::constraints() const
+{
+    const auto *constraintLayout = qobject_cast<ZelConstraintLayout *>(layout());
+    return constraintLayout ? constraintLayout->constraints() : QList<ZelLayoutConstraint::Ptr>();
+}
+
+void ZelView::setNeedsUpdateConstraints()
+{
+    m_needsUpdateConstraints = true;
+    if (m_installed)
+        ZelConstraintUpdates::instance().schedule(this);
+}
+
+void ZelView::updateConstraintsIfNeeded()
+{
+    if (!m_needsUpdateConstraints)
+        return;
+    m_needsUpdateConstraints = false;
+    ZelConstraintUpdates::instance().cancel(this);
+    updateConstraints();
+}
+
+void ZelView::updateConstraints()
+{
+    if (m_viewController)
+        m_viewController->updateConstraints();
+}
+
+void ZelView::layoutSubviews()
+{
+    if (m_viewController)
+        m_viewController->layout();
+}
+
+QSize ZelView::sizeHint() const
+{
+    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    return QWidget::sizeHint();
+}
+
+QSize ZelView::minimumSizeHint() const
+{
+    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    return QWidget::minimumSizeHint();
+}
+
+bool ZelView::hasHeightForWidth() const
+{
+    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    return QWidget::hasHeightForWidth();
+}
+
+int ZelView::heightForWidth(int width) const
+{
+    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    return QWidget::heightForWidth(width);
+}
+
+// Events
+
+bool ZelView::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return hasScaledBounds() ? deliverScaled(event) : QWidget::event(event);
+    case QEvent::LayoutRequest:
+        updateConstraintsIfNeeded();
+        break;
+    default:
+        break;
+    }
+    const bool handled = QWidget::event(event);
+    switch (event->type()) {
+    case QEvent::Show:
+        m_shownAsWindow = m_shownAsWindow || isWindow();
+        ZelViewInstaller::windowMayHaveChanged(this);
+        break;
+    case QEvent::ParentChange:
+        m_shownAsWindow = m_shownAsWindow && isWindow();
+        takeResponderLink();
+        if (m_viewController)
+            m_viewController->m_next = {};
+        if (!m_moving)
+            ZelViewInstaller::windowMayHaveChanged(this);
+        break;
+    case QEvent::PolishRequest:
+        ZelViewInstaller::windowMayHaveChanged(this);
+        break;
+    case QEvent::LayoutRequest:
+    case QEvent::Resize:
+        layoutSubviews();
+        break;
+    default:
+        break;
+    }
+    return handled;
+}
+
+void ZelView::childEvent(QChildEvent *event)
+{
+    QWidget::childEvent(event);
+    if (!event->child()->isWidgetType() || event->polished())
+        return;
+    auto *child = qobject_cast<QWidget *>(event->child()); // null once the child's own part is gone
+    if (event->added() && child && !child->isWindow())
+        didAddSubview(child);
+    else if (event->removed() && (!child || !child->isWindow()))
+        willRemoveSubview(child);
+}
+
+void ZelView::didAddSubview(QWidget *) {}
+
+void ZelView::willRemoveSubview(QWidget *) {}
+
+bool ZelView::deliverScaled(QEvent *event)
+{
+    auto *mouse = static_cast<QMouseEvent *>(event);
+    const QPointF position = boundsTransform().inverted().map(mouse->position());
+    QMouseEvent scaled(mouse->type(), position, mouse->scenePosition(), mouse->globalPosition(), mouse->button(),
+                       mouse->buttons(), mouse->modifiers(), mouse->source(), mouse->pointingDevice());
+    scaled.setTimestamp(mouse->timestamp());
+    const bool handled = QWidget::event(&scaled);
+    mouse->setAccepted(scaled.isAccepted());
+    return handled;
+}
+
+// Drawing
+
+void ZelView::viewWillDraw()
+{
+    ZelBackingLayer *backing = layer();
+    if (!backing)
+        return;
+    const double width = borderColor().isValid() ? hairlineWidth() : 0;
+    if (backing->borderWidth() != width)
+        backing->setBorderWidth(width);
+}
+
+bool ZelView::drawsContent() const
+{
+    return typeid(*this) != typeid(ZelView);
+}
+
+void ZelView::paintEvent(QPaintEvent *event)
+{
+    viewWillDraw();
+    const bool hasColors = m_rare && (m_rare->backgroundColor.isValid() || m_rare->borderColor.isValid());
+    if (!hasColors && !wantsLayer() && !drawsContent())
+        return;
+    QPainter painter(this);
+    QRect dirtyRect = event->rect();
+    if (hasScaledBounds()) {
+        painter.setTransform(boundsTransform());
+        dirtyRect = boundsTransform().inverted().mapRect(QRectF(dirtyRect)).toAlignedRect();
+    }
+    if (const ZelBackingLayer *backing = layer())
+        backing->draw(painter, bounds());
+    drawRect(painter, dirtyRect);
+}
+
+void ZelView::drawRect(QPainter &painter, const QRect &dirtyRect)
+{
+    if (!m_rare || wantsLayer())
+        return;
+    if (const QColor background = m_rare->backgroundColor.toQColor(); background.isValid()) {
+        const bool copies = m_opaque || Rare::isPlainColor(m_rare->backgroundColor);
+        painter.setCompositionMode(copies ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver);
+        painter.fillRect(dirtyRect, background);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
+    if (const QColor border = m_rare->borderColor.toQColor(); border.isValid())
+        ZelBackingLayer::drawFrame(painter, bounds(), hairlineWidth(), border);
+}
+
+// Archiving
+
+void ZelView::encodeWithCoder(ZelKeyedCoder &coder) const
+{
+    coder.encode(flippedKey, m_flipped);
+    coder.encode(opaqueKey, m_opaque);
+    if (const ZelColor color = backgroundColor(); color.isValid())
+        coder.encode(backgroundColorKey, color.toVariant());
+    if (const ZelColor color = borderColor(); color.isValid())
+        coder.encode(borderColorKey, color.toVariant());
+}
+
+ZelView *ZelView::copy() const
+{
+    ZelView *view = newInstance();
+    view->setFrame(frame());
+    view->setFlipped(m_flipped);
+    view->setOpaque(m_opaque);
+    view->setBackgroundColor(backgroundColor());
+    view->setBorderColor(borderColor());
+    return view;
+}

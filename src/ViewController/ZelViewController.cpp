@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "ViewController/ZelViewController.h"
+
+#include "Platform/Controls/ZelEditor.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "ViewController/ZelView.h"
+
+#include <QHash>
+#include <QScopedValueRollback>
+
+namespace {
+
+QHash<QString, ZelViewController::ViewLoader> &viewLoaders()
+{
+    static QHash<QString, ZelViewController::ViewLoader> loaders;
+    return loaders;
+}
+
+/// Calls the function with every editor below the widget that does not belong to another controller. Stops when it
+/// answers false, and answers that. The function may change the widgets.
+bool forEachEditor(QWidget *widget, const std::function<bool(ZelEditor *)> &function)
+{
+    QList<QPointer<QWidget>> children;
+    for (QObject *child : widget->children())
+        if (child->isWidgetType() && !static_cast<QWidget *>(child)->isWindow())
+            children.append(static_cast<QWidget *>(child));
+    for (const QPointer<QWidget> &child : std::as_const(children)) {
+        const auto *view = qobject_cast<ZelView *>(child);
+        if (!child || (view && view->viewController()))
+            continue;
+        if (auto *editor = qobject_cast<ZelEditor *>(child); editor && !function(editor))
+            return false;
+        if (child && !forEachEditor(child, function))
+            return false;
+    }
+    return true;
+}
+
+/// Runs a hook in a destructor: what it throws is reported.
+template<typename Hook> void runInDestructor(Hook hook) noexcept
+{
+    try {
+        hook();
+    } catch (const std::exception &exception) {
+        ZelReportFailure(QString::fromUtf8(exception.what()));
+    } catch (...) {
+        ZelReportFailure(QStringLiteral("Unknown exception while a view controller was destroyed"));
+    }
+}
+
+} // namespace
+
+ZelViewController::ZelViewController(QObject *parent)
+    : QObject(parent)
+{
+}
+
+ZelViewController::ZelViewController(const QString &nibName, QObject *parent)
+    : QObject(parent)
+    , m_nibName(nibName)
+{
+}
+
+ZelViewController::~ZelViewController()
+{
+    uninstall();
+}
+
+void ZelViewController::setTitle(const QString &title)
+{
+    if (m_title == title && m_title.isNull() == title.isNull())
+        return;
+    m_title = title;
+    Q_EMIT titleChanged();
+}
+
+// Loading
+
+QString ZelViewController::viewNibName() const
+{
+    return QString::fromLatin1(metaObject()->className());
+}
+
+void ZelViewController::registerViewLoader(const QString &nibName, const ViewLoader &loader)
+{
+    if (loader)
+        viewLoaders().insert(nibName, loader);
+    else
+        viewLoaders().remove(nibName);
+}
+
+void ZelViewController::loadView()
+{
+    if (const ViewLoader loader = viewLoaders().value(nibName()))
+        setView(loader(this));
+}
+
+ZelView *ZelViewController::view()
+{
+    if (m_view || m_loading)
+        return m_view;
+    {
+        const QScopedValueRollback loading(m_loading, true);
+        viewWillLoad();
+        if (!m_view)
+            loadView();
+        if (!ZelCheck(m_view, QStringLiteral("Unable to load view")))
+            return nullptr;
+        viewDidLoad();
+    }
+    if (m_view && m_view->isInstalled() && !m_viewInstalled)
+        viewDidInstall();
+    return m_view;
+}
+
+void ZelViewController::setView(QWidget *widget)
+{
+    auto *newView = qobject_cast<ZelView *>(widget);
+    if (!ZelRequire(!widget || newView, "!view || [view isKindOfClass:[ZelView class]]"))
+        return;
+    if (newView == m_view)
+        return;
+    if (m_view && !ZelCheck(!m_view->parentWidget(),
+                            QStringLiteral("View controller %1(%2) will unload view but the view is still used")
+                                .arg(QString::asprintf("%p", static_cast<void *>(this)),
+                                     QString::fromLatin1(metaObject()->className()))))
+        return;
+    const bool unloads = m_view && !newView;
+    if (unloads)
+        viewWillUnload();
+    if (ZelView *oldView = m_view) {
+        oldView->setViewController(nullptr);
+        oldView->hide();
+        oldView->deleteLater(); // the change may come from one of its own controls
+    }
+    m_view = newView;
+    if (newView)
+        newView->setViewController(this);
+    if (unloads)
+        viewDidUnload();
+}
+
+void ZelViewController::viewWasDestroyed()
+{
+    m_view = nullptr;
+    m_viewInstalled = false;
+    runInDestructor([this] { viewDidUnload(); });
+}
+
+// Installation
+
+void ZelViewController::viewDidInstall()
+{
+    m_viewInstalled = true;
+}
+
+void ZelViewController::viewWillUninstall()
+{
+    m_viewInstalled = false;
+}
+
+void ZelViewController::uninstall() noexcept
+{
+    if (m_viewInstalled)
+        runInDestructor([this] { viewWillUninstall(); });
+    m_viewInstalled = false;
+    if (!m_view)
+        return;
+    runInDestructor([this] { viewWillUnload(); });
+    if (ZelView *oldView = std::exchange(m_view, nullptr)) {
+        runInDestructor([&] { oldView->setViewController(nullptr); });
+        if (!oldView->parentWidget())
+            delete oldView;
+    }
+    runInDestructor([this] { viewDidUnload(); });
+}
+
+// Responders
+
+QObject *ZelViewController::nextResponder() const
+{
+    if (m_next.isSet)
+        return m_next.responder;
+    return m_view ? m_view->parentWidget() : nullptr;
+}
+
+void ZelViewController::setNextResponder(QObject *responder)
+{
+    m_next = {true, responder};
+}
+
+// Editing
+
+bool ZelViewController::commitEditing()
+{
+    if (!m_viewInstalled || !m_view)
+        return true;
+    return forEachEditor(m_view, [](ZelEditor *editor) { return editor->commitEditing(); });
+}
+
+void ZelViewController::discardEditing()
+{
+    if (!m_viewInstalled || !m_view)
+        return;
+    forEachEditor(m_view, [](ZelEditor *editor) {
+        editor->discardEditing();
+        return true;
+    });
+}

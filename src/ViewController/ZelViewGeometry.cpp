@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include "ViewController/ZelConstraintUpdates.h"
+#include "ViewController/ZelViewInstaller.h"
+#include "ViewController/ZelViewRare.h"
+
+#include <QLayout>
+#include <QScopedValueRollback>
+#include <QSet>
+
+// What ZelView does with rectangles and with its place in the tree.
+
+bool ZelView::Rare::isPlainColor(const ZelColor &color)
+{
+    switch (color.space()) {
+    case ZelColor::CalibratedWhite:
+    case ZelColor::CalibratedRGB:
+    case ZelColor::DeviceWhite:
+    case ZelColor::DeviceRGB:
+        return color.toQColor().alphaF() == 1;
+    case ZelColor::DeviceCMYK:
+    case ZelColor::Named:
+    case ZelColor::Invalid:
+        return false;
+    }
+    return false;
+}
+
+namespace {
+
+const ZelView *parentView(const ZelView *view)
+{
+    return view->isWindow() ? nullptr : qobject_cast<const ZelView *>(view->parentWidget());
+}
+
+QTransform transformOfParent(const ZelView *view)
+{
+    const ZelView *parent = parentView(view);
+    return parent ? parent->boundsTransform() : QTransform();
+}
+
+/// Rounds the edges, so that frames that touch still do.
+QRect rounded(const QRectF &rect)
+{
+    const QPoint topLeft(qRound(rect.left()), qRound(rect.top()));
+    return QRect(topLeft, QSize(qRound(rect.right()) - topLeft.x(), qRound(rect.bottom()) - topLeft.y()));
+}
+
+/// Keeps a layout from being done until the end of the scope. Without it each of many views would have all of them laid
+/// out anew when it is shown.
+class LayoutPause
+{
+public:
+    explicit LayoutPause(QLayout *layout) : m_layout(layout)
+    {
+        if (m_layout)
+            m_layout->setEnabled(false);
+    }
+    ~LayoutPause()
+    {
+        if (!m_layout)
+            return;
+        m_layout->setEnabled(true);
+        if (m_layout->parentWidget()->isVisible())
+            m_layout->activate(); // before anything is painted in its former place
+    }
+    Q_DISABLE_COPY_MOVE(LayoutPause)
+
+private:
+    QPointer<QLayout> m_layout;
+};
+
+bool wasHiddenExplicitly(const QWidget *view)
+{
+    return view->testAttribute(Qt::WA_WState_Hidden) && view->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
+} // namespace
+
+bool ZelView::hasScaledBounds() const
+{
+    for (const ZelView *view = this; view; view = parentView(view))
+        if (view->m_rare && view->m_rare->bounds)
+            return true;
+    return false;
+}
+
+QRectF ZelView::frame() const
+{
+    if (m_rare && m_rare->frame && m_rare->geometryOfFrame == geometry())
+        return *m_rare->frame;
+    const QTransform transform = transformOfParent(this);
+    return transform.isIdentity() ? QRectF(geometry()) : transform.inverted().mapRect(QRectF(geometry()));
+}
+
+void ZelView::setFrame(const QRectF &frame)
+{
+    setFrameIn(transformOfParent(this), frame);
+}
+
+void ZelView::setFrameIn(const QTransform &parentTransform, const QRectF &frame)
+{
+    const QRect geometry = rounded(parentTransform.mapRect(frame));
+    setGeometry(geometry);
+    if (QRectF(geometry) != frame) {
+        rare().frame = frame;
+        rare().geometryOfFrame = this->geometry();
+    } else if (m_rare) {
+        m_rare->frame.reset();
+    }
+}
+
+QRectF ZelView::bounds() const
+{
+    const QSizeF size = frame().size();
+    if (!m_rare || !m_rare->bounds)
+        return QRectF(QPointF(), size);
+    const QSizeF &former = m_rare->frameSizeOfBounds;
+    if (size == former || former.isEmpty())
+        return *m_rare->bounds;
+    return QRectF(m_rare->bounds->topLeft(), QSizeF(m_rare->bounds->width() * size.width() / former.width(),
+                                                    m_rare->bounds->height() * size.height() / former.height()));
+}
+
+void ZelView::setBounds(const QRectF &bounds)
+{
+    if (bounds == this->bounds())
+        return;
+    QList<std::pair<ZelView *, QRectF>> frames;
+    for (QWidget *subview : subviews())
+        if (auto *view = qobject_cast<ZelView *>(subview))
+            frames.append({view, view->frame()});
+    rare().bounds = bounds;
+    rare().frameSizeOfBounds = frame().size();
+    const QTransform transform = boundsTransform();
+    for (const auto &[view, frame] : std::as_const(frames))
+        view->setFrameIn(transform, frame);
+    update();
+}
+
+QTransform ZelView::boundsTransform() const
+{
+    if (!hasScaledBounds())
+        return {};
+    const QRectF from = bounds();
+    if (from.isEmpty())
+        return {};
+    QTransform transform;
+    transform.scale(width() / from.width(), height() / from.height());
+    transform.translate(-from.x(), -from.y());
+    return transform;
+}
+
+double ZelView::hairlineWidth() const
+{
+    const QTransform transform = boundsTransform();
+    return 1 / qMax(transform.m11(), transform.m22());
+}
+
+QList<QWidget *> ZelView::subviews() const
+{
+    QList<QWidget *> result;
+    result.reserve(children().size());
+    for (QObject *child : children())
+        if (child->isWidgetType() && !static_cast<QWidget *>(child)->isWindow())
+            result.append(static_cast<QWidget *>(child));
+    return result;
+}
+
+void ZelView::addSubview(QWidget *view, qsizetype index)
+{
+    QList<QWidget *> others = subviews();
+    others.removeOne(view);
+    placeSubview(view, index >= 0 && index < others.size() ? others.at(index) : nullptr);
+    const QPointer<QWidget> guard(view);
+    ZelViewInstaller::windowMayHaveChanged(view);
+    if (guard)
+        showSubview(view);
+}
+
+void ZelView::placeSubview(QWidget *view, QWidget *above)
+{
+    if (view->parentWidget() != this) {
+        auto *zelView = qobject_cast<ZelView *>(view);
+        bool unused = false;
+        const QScopedValueRollback moving(zelView ? zelView->m_moving : unused, true);
+        view->setParent(this);
+    } else if (!above) {
+        view->raise();
+    }
+    if (above)
+        view->stackUnder(above);
+}
+
+void ZelView::showSubview(QWidget *view)
+{
+    // Within a hidden parent a widget is shown together with it unless it was hidden explicitly.
+    if (view->parentWidget() == this && isVisible() && view->isHidden() && !wasHiddenExplicitly(view))
+        view->show();
+}
+
+void ZelView::setSubviews(const QList<QWidget *> &views)
+{
+    if (subviews() == views)
+        return;
+    const LayoutPause pause(layout());
+    const QSet<QWidget *> wanted(views.begin(), views.end());
+    for (QWidget *view : subviews())
+        if (!wanted.contains(view))
+            removeFromSuperview(view);
+    for (QWidget *view : views)
+        if (view->parentWidget() != this)
+            placeSubview(view, nullptr);
+    if (subviews() != views)
+        for (QWidget *view : views)
+            view->raise();
+    installAndShowSubviews();
+}
+
+void ZelView::installAndShowSubviews()
+{
+    const QPointer<ZelView> guard(this);
+    if (m_installed) {
+        ZelViewInstaller installer(true);
+        installer.visitChildren(this);
+        ZelConstraintUpdates::instance().flush();
+        if (installer.error())
+            std::rethrow_exception(installer.error());
+    }
+    if (!guard || !isVisible())
+        return;
+    for (QWidget *view : subviews())
+        showSubview(view);
+}
+
+void ZelView::removeFromSuperview()
+{
+    removeFromSuperview(this);
+}
+
+void ZelView::removeFromSuperview(QWidget *view)
+{
+    const QPointer<QWidget> guard(view);
+    const QWidget *parent = view->parentWidget();
+    if (!parent)
+        return;
+    // Without a parent any other widget is a window of its own, to which the views below it move.
+    if (qobject_cast<ZelView *>(view))
+        ZelViewInstaller::willLoseWindow(view);
+    if (guard && view->parentWidget() == parent)
+        view->setParent(nullptr);
+}

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "ViewController/ZelViewInstaller.h"
+
+#include "ViewController/ZelConstraintUpdates.h"
+#include "ViewController/ZelView.h"
+#include "ViewController/ZelViewController.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace {
+
+/// Sees the reparenting of widgets that are not views but have views below them. One for all of them.
+class AncestorWatcher : public QObject
+{
+public:
+    static AncestorWatcher *instance()
+    {
+        static auto *watcher = new AncestorWatcher; // widgets may outlive every static destructor
+        return watcher;
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::ParentChange)
+            ZelViewInstaller::windowMayHaveChanged(static_cast<QWidget *>(watched));
+        return false;
+    }
+};
+
+} // namespace
+
+bool ZelViewInstaller::hasWindow(const QWidget *widget)
+{
+    for (const QWidget *ancestor = widget; ancestor; ancestor = ancestor->parentWidget()) {
+        const auto *view = qobject_cast<const ZelView *>(ancestor);
+        if (view && ancestor->isWindow())
+            return view->m_shownAsWindow;
+        if (view && ancestor != widget)
+            return view->m_installed;
+        if (ancestor->isWindow())
+            return true;
+    }
+    return false;
+}
+
+void ZelViewInstaller::watchAncestors(const QWidget *widget)
+{
+    if (widget->isWindow())
+        return;
+    for (QWidget *ancestor = widget->parentWidget(); ancestor && !qobject_cast<ZelView *>(ancestor);
+         ancestor = ancestor->parentWidget()) {
+        ancestor->installEventFilter(AncestorWatcher::instance());
+        if (ancestor->isWindow())
+            break;
+    }
+}
+
+void ZelViewInstaller::windowMayHaveChanged(QWidget *widget)
+{
+    watchAncestors(widget);
+    walk(widget, hasWindow(widget));
+}
+
+void ZelViewInstaller::willLoseWindow(QWidget *widget)
+{
+    walk(widget, false);
+}
+
+void ZelViewInstaller::walk(QWidget *widget, bool installing)
+{
+    ZelViewInstaller installer(installing);
+    installer.visit(widget);
+    if (installing)
+        installer.run([] { ZelConstraintUpdates::instance().flush(); });
+    if (installer.m_error)
+        std::rethrow_exception(installer.m_error);
+}
+
+template<typename Hook> void ZelViewInstaller::run(Hook hook)
+{
+    try {
+        hook();
+    } catch (...) {
+        if (!m_error)
+            m_error = std::current_exception();
+    }
+}
+
+void ZelViewInstaller::visit(QWidget *widget)
+{
+    auto *view = qobject_cast<ZelView *>(widget);
+    if (view && (view->m_installed == m_installing || (m_installing && view->m_destroying)))
+        return;
+    const QPointer<QWidget> guard(widget);
+    if (view)
+        runHooks(view);
+    if (guard)
+        visitChildren(widget);
+}
+
+void ZelViewInstaller::runHooks(ZelView *view)
+{
+    const QPointer<ZelView> guard(view);
+    run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
+    if (!guard || view->m_installed != m_installing)
+        return;
+    ZelViewController *controller = view->viewController();
+    if (controller && controller->isViewInstalled() != m_installing)
+        run([&] { m_installing ? controller->viewDidInstall() : controller->viewWillUninstall(); });
+    if (guard && m_installing && view->m_needsUpdateConstraints)
+        ZelConstraintUpdates::instance().schedule(view);
+}
+
+bool ZelViewInstaller::appliesTo(const QWidget *widget) const
+{
+    if (const auto *view = qobject_cast<const ZelView *>(widget))
+        return view->m_installed == m_installing;
+    return !m_installing || hasWindow(widget);
+}
+
+void ZelViewInstaller::visitChildren(QWidget *parent)
+{
+    if (parent->children().isEmpty())
+        return;
+    const QPointer<QWidget> guard(parent);
+    for (qsizetype i = 0; i < parent->children().size();) {
+        QObject *child = parent->children().at(i);
+        if (child->isWidgetType() && !static_cast<QWidget *>(child)->isWindow())
+            visit(static_cast<QWidget *>(child));
+        if (!guard || !appliesTo(parent))
+            return;
+        // Where a hook has changed the list the walk begins anew; what is done is passed over.
+        const bool unchanged = i < parent->children().size() && parent->children().at(i) == child;
+        i = unchanged ? i + 1 : 0;
+    }
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+#include <exception>
+
+class ZelView;
+
+/// One walk down a subtree that has entered or is leaving a window.
+///
+/// Whether there is a window is found out once, at the top. A view that is in the wanted state already is passed over
+/// with all that is below it: an installed view never holds a fully made view that is not, nor the other way round.
+/// Hooks may add, move and delete any view meanwhile. The first exception that a hook throws is kept until the walk is
+/// done.
+class ZelViewInstaller
+{
+public:
+    explicit ZelViewInstaller(bool installing)
+        : m_installing(installing)
+    {
+    }
+
+    void visit(QWidget *widget);
+    void visitChildren(QWidget *parent);
+    std::exception_ptr error() const { return m_error; }
+
+    /// Whether the widget's top-level widget counts as a window.
+    static bool hasWindow(const QWidget *widget);
+    /// Installs or uninstalls the views from the widget down, as hasWindow tells.
+    static void windowMayHaveChanged(QWidget *widget);
+    /// Uninstalls them ahead of a removal.
+    static void willLoseWindow(QWidget *widget);
+
+private:
+    static void watchAncestors(const QWidget *widget);
+    static void walk(QWidget *widget, bool installing);
+    void runHooks(ZelView *view);
+    bool appliesTo(const QWidget *widget) const;
+    template<typename Hook> void run(Hook hook);
+
+    bool m_installing;
+    std::exception_ptr m_error;
+};

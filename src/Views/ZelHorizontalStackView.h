@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Views/ZelStackView.h"
+
+/// A row of views, from left to right.
+class ZelHorizontalStackView : public ZelStackView
+{
+    Q_OBJECT
+public:
+    explicit ZelHorizontalStackView(QWidget *parent = nullptr)
+        : ZelStackView(Qt::Horizontal, parent)
+    {
+    }
+
+protected:
+    ZelView *newInstance() const override { return new ZelHorizontalStackView; }
+};

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Layout/ZelConstraintLayout.h"
+#include "ViewController/ZelView.h"
+
+#include <QHash>
+#include <QMarginsF>
+
+/// Lines up its subviews in one direction, in their order; a hidden subview leaves the line with its spacing.
+///
+/// The constraints are rebuilt in the next layout after a subview has come or gone, or a property of the stack has
+/// changed; hiding a subview changes one constant. All subviews fill the stack across the line. The stack may be longer
+/// than its subviews; they stay at its beginning.
+class ZelStackView : public ZelView, public ZelBaselineProvider
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
+    /// Points between the stack's edges and its subviews; none by default.
+    Q_PROPERTY(QMarginsF edgeInsets READ edgeInsets WRITE setEdgeInsets NOTIFY edgeInsetsChanged)
+    /// Points between neighbours; 0 by default.
+    Q_PROPERTY(double spacing READ spacing WRITE setSpacing NOTIFY spacingChanged)
+    /// Whether all subviews have the same length along the line; false by default.
+    Q_PROPERTY(bool equalSizes READ equalSizes WRITE setEqualSizes NOTIFY equalSizesChanged)
+public:
+    ~ZelStackView() override;
+
+    Qt::Orientation orientation() const { return m_orientation; }
+    const QMarginsF &edgeInsets() const { return m_edgeInsets; }
+    void setEdgeInsets(const QMarginsF &insets);
+    double spacing() const { return m_spacing; }
+    void setSpacing(double spacing);
+    bool equalSizes() const { return m_equalSizes; }
+    void setEqualSizes(bool equal);
+
+    /// What is installed: the line's constraints, and the one that squeezes each subview out when it is hidden.
+    const QList<ZelLayoutConstraint::Ptr> &stackConstraints() const { return m_stackConstraints; }
+    const QHash<QWidget *, ZelLayoutConstraint::Ptr> &compressionConstraints() const
+    {
+        return m_compressionConstraints;
+    }
+
+    /// The baseline of the first subview; 0 without subviews.
+    double baselineOffsetFromBottom() const override;
+    double baselineOffsetForHeight(double height) const override;
+
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void didAddSubview(QWidget *subview) override;
+    void willRemoveSubview(QWidget *subview) override;
+    void updateConstraints() override;
+    bool drawsContent() const override;
+
+Q_SIGNALS:
+    void edgeInsetsChanged();
+    void spacingChanged();
+    void equalSizesChanged();
+
+protected:
+    ZelStackView(Qt::Orientation orientation, QWidget *parent);
+
+    void startObservationsForView(QWidget *subview);
+    void stopObservationsForView(QWidget *subview);
+
+private:
+    struct Axis; // the attributes along and across the line
+    const Axis &axis() const;
+    double leadingInset() const;
+    double trailingInset() const;
+    void addNeighbourConstraints(QWidget *subview, QWidget *previous);
+    void addTrailingConstraints(QWidget *last);
+    void subviewDidHideOrShow(QWidget *subview);
+
+    Qt::Orientation m_orientation;
+    QMarginsF m_edgeInsets;
+    double m_spacing = 0;
+    bool m_equalSizes = false;
+    QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
+    QHash<QWidget *, ZelLayoutConstraint::Ptr> m_compressionConstraints;
+};

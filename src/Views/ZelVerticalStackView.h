@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Views/ZelStackView.h"
+
+/// A column of views, from top to bottom.
+class ZelVerticalStackView : public ZelStackView
+{
+    Q_OBJECT
+public:
+    explicit ZelVerticalStackView(QWidget *parent = nullptr)
+        : ZelStackView(Qt::Vertical, parent)
+    {
+    }
+
+protected:
+    ZelView *newInstance() const override { return new ZelVerticalStackView; }
+};
