@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/ZelNumberScanner.h"
 
-#include <QByteArray>
 #include <algorithm>
 #include <limits>
 
@@ -98,7 +97,7 @@ std::optional<quint64> ZelNumberScanner::hexadecimal(QStringView text)
 double ZelNumberScanner::real(QStringView text)
 {
     text = withoutLeadingBlanks(text);
-    const double value = text.first(realLength(text)).toLatin1().toDouble();
+    const double value = text.first(realLength(text)).toDouble();
     constexpr double largest = std::numeric_limits<double>::max();
     return std::clamp(value, -largest, largest);
 }

@@ -24,22 +24,42 @@ bool isPlainValue(QByteArrayView value)
     });
 }
 
+/// Leaves out what makes the end invalid if that is no more than an incomplete character.
+QByteArrayView withoutIncompleteEnd(QByteArrayView text)
+{
+    for (int chopped = 0; chopped < 4 && chopped <= text.size(); ++chopped) {
+        if (text.chopped(chopped).isValidUtf8())
+            return text.chopped(chopped);
+    }
+    return text;
+}
+
 /// The length of the longest beginning that is UTF-8.
 qsizetype validUtf8Length(QByteArrayView data)
 {
     qsizetype low = 0;
     qsizetype high = data.size();
-    while (low < high) { // the first wrong byte, by halves; an incomplete last character does not count as wrong
+    while (low < high) {
         const qsizetype middle = low + (high - low + 1) / 2;
-        QByteArrayView head = data.first(middle);
-        while (!head.isEmpty() && !head.isValidUtf8() && middle - head.size() < 3)
-            head = head.chopped(1);
-        if (head.isValidUtf8())
+        if (withoutIncompleteEnd(data.first(middle)).isValidUtf8())
             low = middle;
         else
             high = middle - 1;
     }
-    return low;
+    return withoutIncompleteEnd(data.first(low)).size();
+}
+
+/// Moves a place over text.
+void advance(ZelXmlPrescan::Place &place, QByteArrayView text)
+{
+    for (const char c : text) {
+        if (c == '\n') {
+            ++place.line;
+            place.column = 1;
+        } else if ((c & 0xC0) != 0x80) { // the first byte of a character
+            place.column += uchar(c) >= 0xF0 ? 2 : 1;
+        }
+    }
 }
 
 } // namespace
@@ -62,13 +82,15 @@ bool ZelXmlPrescan::accept()
 bool ZelXmlPrescan::acceptEncoding()
 {
     const QString message = tr("The text is not encoded in UTF-8.");
-    // Text in UTF-16 or UTF-32 holds zero bytes, and XML knows no zero character.
+    if (startsWith("\xFF\xFE") || startsWith("\xFE\xFF") || m_data.startsWith('\0'))
+        return refuse(message);
+    // Without a mark, too, text in UTF-16 or UTF-32 holds zero bytes, and XML knows no zero character.
     if (const void *zero = m_data.isEmpty() ? nullptr : std::memchr(m_data.data(), 0, size_t(m_data.size())))
         return refuse(message, static_cast<const char *>(zero) - m_data.data());
     if (!m_data.isValidUtf8())
         return refuse(message, validUtf8Length(m_data));
     if (startsWith("\xEF\xBB\xBF"))
-        m_position = 3;
+        m_position = m_notedPosition = 3;
     return true;
 }
 
@@ -113,6 +135,8 @@ bool ZelXmlPrescan::acceptMarkup()
         return refuse(tr("The XML declaration is not at the beginning."));
     if (startsWith("<?"))
         return skipPast("?>");
+    if (!startsWith("</"))
+        noteStartTag();
     return acceptTag();
 }
 
@@ -148,11 +172,17 @@ bool ZelXmlPrescan::skipPast(QByteArrayView end)
     return true;
 }
 
+void ZelXmlPrescan::noteStartTag()
+{
+    advance(m_notedPlace, m_data.sliced(m_notedPosition, m_position - m_notedPosition));
+    m_notedPosition = m_position;
+    m_startTags.push_back(m_notedPlace);
+}
+
 bool ZelXmlPrescan::refuse(const QString &message, qsizetype position)
 {
-    const QByteArrayView before = m_data.first(position);
-    m_line = before.count('\n') + 1;
-    m_column = QString::fromUtf8(before.sliced(before.lastIndexOf('\n') + 1)).size() + 1;
+    m_refused = {};
+    advance(m_refused, m_data.first(position));
     m_message = message;
     return false;
 }

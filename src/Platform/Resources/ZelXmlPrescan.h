@@ -5,9 +5,11 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <vector>
 
 /// Looks over a document's bytes before an XML parser sees them, for what would make the parser slow or unsafe:
-/// another encoding than UTF-8, a document type declaration wherever it stands, too many attributes in one tag.
+/// another encoding than UTF-8, a document type declaration wherever it stands, too many attributes in one tag. On the
+/// way it notes where the start tags are, which the parser does not tell.
 ///
 /// The parser builds the entities of a document type declaration before it reports the declaration (nested ones keep it
 /// busy for minutes), and compares each attribute with all others of its tag. The scan knows just enough of XML to tell
@@ -16,14 +18,22 @@
 class ZelXmlPrescan
 {
 public:
+    /// A line and a column (of UTF-16 code units), both from 1.
+    struct Place
+    {
+        quint32 line = 1;
+        quint32 column = 1;
+    };
+
     ZelXmlPrescan(QByteArrayView data, const ZelXmlReader::Limits &limits) : m_data(data), m_limits(limits) {}
 
-    /// Whether the document may be parsed; otherwise message, line and column tell why not.
+    /// Whether the document may be parsed; otherwise message and place tell why not.
     bool accept();
-
     const QString &message() const { return m_message; }
-    qint64 line() const { return m_line; }
-    qint64 column() const { return m_column; }
+    Place place() const { return m_refused; }
+
+    /// The beginnings of the start tags of an accepted document, in their order.
+    const std::vector<Place> &startTags() const { return m_startTags; }
 
 private:
     bool acceptEncoding();
@@ -31,6 +41,7 @@ private:
     bool acceptMarkup();
     bool acceptTag();
     bool skipPast(QByteArrayView end);
+    void noteStartTag();
     bool startsWith(QByteArrayView text) const { return m_data.sliced(m_position).startsWith(text); }
     bool refuse(const QString &message) { return refuse(message, m_position); }
     bool refuse(const QString &message, qsizetype position);
@@ -39,6 +50,8 @@ private:
     ZelXmlReader::Limits m_limits;
     qsizetype m_position = 0;
     QString m_message;
-    qint64 m_line = 0;
-    qint64 m_column = 0;
+    Place m_refused;
+    std::vector<Place> m_startTags;
+    Place m_notedPlace;           // of the last start tag
+    qsizetype m_notedPosition = 0;
 };

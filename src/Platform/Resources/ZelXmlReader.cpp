@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QXmlStreamReader>
+#include <optional>
 
 namespace {
 
@@ -22,9 +23,12 @@ QString tr(const char *text)
 class TreeBuilder
 {
 public:
-    TreeBuilder(const QByteArray &data, const QString &file, const ZelXmlReader::Limits &limits)
+    using Place = ZelXmlPrescan::Place;
+
+    TreeBuilder(const QByteArray &data, const std::vector<Place> &startTags, const QString &file, int depth)
         : m_parser(data)
-        , m_limits(limits)
+        , m_startTags(startTags)
+        , m_depth(depth)
     {
         m_parser.setEntityExpansionLimit(0);
         m_parser.setNamespaceProcessing(false);
@@ -38,7 +42,7 @@ public:
         while (!m_parser.atEnd() && step()) { }
         if (m_parser.hasError()) {
             error.message = m_parser.errorString();
-            error.place = m_failedPlace.line > 0 ? m_failedPlace : here(m_parser.lineNumber(), m_parser.columnNumber());
+            error.place = here(m_failedPlace.value_or(parserPlace()));
             return nullptr;
         }
         return m_tree;
@@ -47,9 +51,6 @@ public:
 private:
     bool step()
     {
-        // The parser's position after a start tag is the tag's end, so its beginning is taken before it is read.
-        m_line = m_parser.lineNumber();
-        m_column = m_parser.columnNumber();
         switch (m_parser.readNext()) {
         case QXmlStreamReader::StartElement:
             return startElement();
@@ -58,9 +59,9 @@ private:
             m_open.pop_back();
             return true;
         case QXmlStreamReader::DTD:
-            return fail(tr("A document type declaration is not allowed."));
+            return fail(tr("A document type declaration is not allowed."), parserPlace());
         case QXmlStreamReader::EntityReference:
-            return fail(tr("The entity \"%1\" is not known.").arg(m_parser.name()));
+            return fail(tr("The entity \"%1\" is not known.").arg(m_parser.name()), parserPlace());
         default:
             return !m_parser.hasError();
         }
@@ -68,12 +69,14 @@ private:
 
     bool startElement()
     {
-        if (m_open.size() >= size_t(m_limits.depth))
-            return fail(tr("More than %1 elements are nested.").arg(m_limits.depth));
-        m_open.push_back(quint32(m_tree->elements.size()));
+        const size_t index = m_tree->elements.size();
+        const Place place = index < m_startTags.size() ? m_startTags[index] : parserPlace();
+        if (m_open.size() >= size_t(m_depth))
+            return fail(tr("More than %1 elements are nested.").arg(m_depth), place);
+        m_open.push_back(quint32(index));
         const QXmlStreamAttributes attributes = m_parser.attributes();
         m_tree->elements.push_back({nameIndex(m_parser.qualifiedName()), quint32(m_tree->attributes.size()),
-                                    quint32(attributes.size()), 0, quint32(m_line), quint32(m_column + 1)});
+                                    quint32(attributes.size()), 0, place.line, place.column});
         for (const QXmlStreamAttribute &attribute : attributes) {
             const QStringView value = attribute.value();
             m_tree->attributes.push_back({nameIndex(attribute.qualifiedName()), quint32(m_tree->values.size()),
@@ -94,27 +97,32 @@ private:
         return index;
     }
 
-    bool fail(const QString &message)
+    bool fail(const QString &message, Place place)
     {
-        m_failedPlace = here(m_line, m_column);
+        m_failedPlace = place;
         m_parser.raiseError(message);
         return false;
     }
 
-    ZelSourcePlace here(qint64 line, qint64 column) const
+    /// The last character that the parser has looked at: good enough for its own errors, but not where a tag begins.
+    Place parserPlace() const
+    {
+        return {quint32(m_parser.lineNumber()), quint32(std::max<qint64>(1, m_parser.columnNumber()))};
+    }
+
+    ZelSourcePlace here(Place place) const
     {
         const QString element = m_open.empty() ? QString() : m_tree->names[m_tree->elements[m_open.back()].name];
-        return {m_tree->file, line, column + 1, element};
+        return {m_tree->file, place.line, place.column, element};
     }
 
     QXmlStreamReader m_parser;
-    ZelXmlReader::Limits m_limits;
+    const std::vector<Place> &m_startTags;
+    int m_depth;
     std::shared_ptr<ZelXmlTree> m_tree = std::make_shared<ZelXmlTree>();
     std::vector<quint32> m_open; // the elements whose end tags are still to come
     QHash<QStringView, quint32> m_nameIndexes;
-    qint64 m_line = 0;
-    qint64 m_column = 0;
-    ZelSourcePlace m_failedPlace;
+    std::optional<Place> m_failedPlace;
 };
 
 /// The path of a local file or Qt resource; null for anything else.
@@ -188,9 +196,10 @@ ZelXmlElement ZelXmlReader::readData(const QByteArray &data, const QString &file
     }
     ZelXmlPrescan prescan(data, m_limits);
     if (!prescan.accept()) {
-        result = {prescan.message(), {file, prescan.line(), prescan.column()}};
+        result = {prescan.message(), {file, prescan.place().line, prescan.place().column}};
         return {};
     }
-    const std::shared_ptr<const ZelXmlTree> tree = TreeBuilder(data, file, m_limits).build(result);
+    const std::shared_ptr<const ZelXmlTree> tree =
+        TreeBuilder(data, prescan.startTags(), file, m_limits.depth).build(result);
     return tree ? ZelXmlElement(tree) : ZelXmlElement();
 }
