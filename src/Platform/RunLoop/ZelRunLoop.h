@@ -49,6 +49,8 @@ public:
     /// Lets the queued tasks run that want to run before the end of the turn, by their order and in whatever mode; also
     /// those that get queued meanwhile.
     void performEarly();
+    /// The number of the latest checkpoint, that is, call of performEarly().
+    quint64 checkpoint() const { return m_checkpoint; }
 
 protected:
     bool event(QEvent *event) override;

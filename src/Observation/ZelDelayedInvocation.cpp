@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "Observation/ZelDelayedInvocation.h"
+
+#include "Platform/RunLoop/ZelNotificationCenter.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QScopeGuard>
+
+namespace {
+
+/// Listens for all invocations together: thousands of them would make each checkpoint expensive.
+class CheckpointListener : public ZelNotificationObserver
+{
+public:
+    static void install() { static CheckpointListener listener; }
+    void observeNotification(const ZelNotification &) override { ZelRunLoop::current()->performEarly(); }
+
+private:
+    CheckpointListener()
+    {
+        ZelNotificationCenter::defaultCenter()->addObserver(this, ZelDelayedInvocationCheckpointNotification);
+    }
+};
+
+ZelDelayedInvocation::Block blockSending(const ZelSelector &selector, QObject *target)
+{
+    return [selector, target = QPointer<QObject>(target)] { selector.perform(target); };
+}
+
+} // namespace
+
+ZelDelayedInvocation::ZelDelayedInvocation(const Block &block)
+    : m_task(new Task(block))
+{
+    ZelRequire(bool(block), "block");
+    CheckpointListener::install();
+}
+
+ZelDelayedInvocation::ZelDelayedInvocation(QObject *target, const ZelSelector &selector)
+    : ZelDelayedInvocation(blockSending(selector, target))
+{
+}
+
+std::shared_ptr<ZelDelayedInvocation> ZelDelayedInvocation::scheduleDelayedInvocationWithBlock(const Block &block)
+{
+    auto invocation = std::make_shared<ZelDelayedInvocation>(block);
+    invocation->schedule();
+    // Performed right after the invocation, this request does nothing but hold it until then.
+    ZelRunLoop::current()->perform([invocation] {}, defaultPriority);
+    return invocation;
+}
+
+ZelDelayedInvocation::Task::Task(const Block &block)
+    : block(block)
+    , lastCheckpoint(ZelRunLoop::current()->checkpoint())
+{
+}
+
+void ZelDelayedInvocation::Task::schedule()
+{
+    ZelRunLoop *loop = runLoop ? runLoop.data() : ZelRunLoop::current();
+    const QStringList &inModes = modes ? *modes : ZelRunLoop::defaultModes();
+    if (!ZelCheck(!inModes.isEmpty(), QStringLiteral("No run loop mode specified")))
+        return;
+    const ZelRunLoopTaskPtr self(this);
+    if (delay) {
+        timer = loop->addTimer(self, *delay, inModes);
+        timerRunLoop = loop;
+    } else {
+        loop->perform(self, priority.value_or(defaultPriority), inModes);
+    }
+    scheduled = true;
+    cancelled = false;
+    finished = false;
+}
+
+void ZelDelayedInvocation::Task::invoke()
+{
+    if (!isPending() || running || !block)
+        return;
+    const QExplicitlySharedDataPointer<Task> alive(this);
+    running = true;
+    const auto finish = qScopeGuard([this] {
+        running = false;
+        scheduled = false;
+        finished = true;
+    });
+    block();
+}
+
+void ZelDelayedInvocation::Task::cancel()
+{
+    if (cancelled)
+        return;
+    cancelled = true;
+    scheduled = false;
+    if (timer && timerRunLoop)
+        timerRunLoop->invalidateTimer(timer);
+    timer = 0;
+}
+
+bool ZelDelayedInvocation::Task::performEarly(quint64 checkpoint)
+{
+    // Once a checkpoint, and not if made during it: work that schedules itself anew each time would never let it end.
+    if (!isPending() || delay || running || lastCheckpoint >= checkpoint)
+        return false;
+    lastCheckpoint = checkpoint;
+    invoke();
+    return true;
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Observation/ZelObservation.h"
+#include "Platform/RunLoop/ZelNotificationCenter.h"
+
+#include <functional>
+
+/// Calls a block at every notification of a name, by one sender or by any.
+class ZelNotificationObservation final : public ZelObservation, private ZelNotificationObserver
+{
+public:
+    using Block = std::function<void(ZelNotificationObservation *, const ZelNotification &)>;
+
+    /// Starts to observe; a null center is the default one, a null object any sender. Asserts "name" and "block"; null
+    /// if one of them is missing.
+    static QSharedPointer<ZelNotificationObservation>
+    observationWithCenter(ZelNotificationCenter *center, const QString &name, QObject *object, Block block);
+
+    // Null after cancel().
+    ZelNotificationCenter *center() const { return m_center; }
+    const QString &name() const { return m_name; }
+    QObject *object() const { return m_object; }
+    QString description() const override;
+
+private:
+    friend class ZelObservation;
+    ZelNotificationObservation(ZelNotificationCenter *center, const QString &name, QObject *object, Block block);
+    void observeNotification(const ZelNotification &notification) override;
+    void start() override;
+    void stop() override;
+
+    QPointer<ZelNotificationCenter> m_center;
+    QString m_name;
+    QPointer<QObject> m_object;
+    const QObject *m_objectAddress; // stays what it is when the object dies: the registration is removed by it
+    Block m_block;
+};
