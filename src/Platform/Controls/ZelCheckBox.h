@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCheckBox>
+#include <QVariant>
+
+/// A check box over a value. It shows several values as the mixed state, from which a click goes to checked; no click
+/// ever leads into the mixed state. An absent value and the other selection markers show unchecked.
+class ZelCheckBox : public QCheckBox
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
+public:
+    explicit ZelCheckBox(QWidget *parent = nullptr);
+    explicit ZelCheckBox(const QString &title, QWidget *parent = nullptr);
+
+    /// The value that was set as long as the box shows it; a Boolean or ZelMultipleValuesMarker once its state changed.
+    QVariant objectValue() const;
+    void setObjectValue(const QVariant &value);
+
+    /// Whether users may click; true. Otherwise it looks disabled.
+    bool isEditable() const { return m_editable; }
+    void setEditable(bool editable);
+
+    QSize sizeHint() const override;
+    /// Room for the box and an ellipsis.
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void objectValueChanged();
+    void editableChanged();
+    /// The user has changed the value.
+    void valueEdited();
+    /// Sent after valueEdited.
+    void action();
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void initStyleOption(QStyleOptionButton *option) const override;
+    void nextCheckState() override;
+
+private:
+    int titleWidth() const;
+
+    QVariant m_value;
+    bool m_editable = true;
+    mutable QSize m_sizeHint;
+    mutable QString m_sizedTitle;
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QSize>
+
+/// Fonts and measures of controls at the small size.
+///
+/// Set the font once on a row or a panel: its controls inherit it. The measures are those of the given font.
+class ZelControlSize
+{
+public:
+    /// The font of controls' contents: the application's font, reduced by 11 to 13.
+    static QFont smallFont();
+    /// The same in bold, for headings.
+    static QFont smallBoldFont();
+
+    /// Width of a field that shows about this many digits, without its frame.
+    static int digitsWidth(const QFont &font, int digits);
+    /// The side of small images in controls.
+    static constexpr int imageSide = 14;
+    static constexpr QSize imageSize{imageSide, imageSide};
+};

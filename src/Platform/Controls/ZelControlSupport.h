@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Selection/ZelUndoManager.h"
+
+#include <QPointer>
+#include <QVariant>
+
+class QEvent;
+class QWidget;
+
+/// What the controls of this folder do alike.
+class ZelControlSupport
+{
+public:
+    /// Called by the constructor of every control; the first call registers the controls' properties and accessibility.
+    static void prepare();
+
+    /// The localized text shown for a selection marker; null for any other value.
+    static QString markerText(const QVariant &value);
+
+    /// Tells the world that the user ended an edit: bindings first, then the target, in one undo grouping. The control
+    /// may be gone afterwards.
+    template<typename Control> static void reportEdit(Control *control)
+    {
+        const QPointer<Control> guard(control);
+        const ZelUndoGrouping grouping(control);
+        Q_EMIT control->valueEdited();
+        if (guard)
+            Q_EMIT control->action();
+    }
+
+    /// Whether the event is a user's input to the widget, which one that is not editable passes on to its parent.
+    static bool isInput(const QEvent *event);
+    /// Whether the event ends whatever the mouse was doing: the widget was hidden or disabled, or lost its window.
+    static bool endsMouseGrab(const QEvent *event, const QWidget *widget);
+    /// Shows the text as tool tip of the widget unless it has one of its own. Answers whether it was shown.
+    static bool showToolTip(QEvent *event, QWidget *widget, const QString &text);
+};

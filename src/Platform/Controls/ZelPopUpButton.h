@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPointer>
+#include <QVariant>
+#include <QWidget>
+
+class QAction;
+class QStyleOptionComboBox;
+class ZelMenuItem;
+class ZelPopUpMenu;
+
+/// A button that opens a menu of its items.
+///
+/// As a pop-up it shows the selected item, and the user's choice selects another and is reported. As a pull-down it
+/// shows the first item as its title, the others are the menu, and a chosen one is triggered as any action is.
+///
+/// The items are the widget's actions(): they may be ZelMenuItems or any other QActions, of any owner, and leave the
+/// button when they are destroyed. Nothing is selected until selectItem or setObjectValue says so. The menu is made
+/// when it opens and follows changes of the items while it is open.
+class ZelPopUpButton : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    Q_PROPERTY(int selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedItemChanged)
+    Q_PROPERTY(bool pullsDown READ pullsDown WRITE setPullsDown)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
+    Q_PROPERTY(double baselineOffset READ baselineOffset)
+public:
+    explicit ZelPopUpButton(QWidget *parent = nullptr);
+    ~ZelPopUpButton() override;
+
+    QList<QAction *> items() const { return actions(); }
+    /// Replaces the items; the selected one stays selected if it is among the new ones. Former items that are children
+    /// of the button are deleted.
+    void setItems(const QList<QAction *> &items);
+    void addItem(QAction *item) { addAction(item); }
+    /// Adds a new item that belongs to the button.
+    ZelMenuItem *addItemWithTitle(const QString &title, const QVariant &representedObject = {});
+    void removeAllItems() { setItems({}); }
+    /// The first item, no separator, whose represented object (its data) is equal to the value; null if there is none.
+    QAction *itemForRepresentedObject(const QVariant &value) const;
+
+    QAction *selectedItem() const { return m_selected; }
+    /// Selects an item of the button; null, a separator or a foreign action selects none.
+    void selectItem(QAction *item);
+    int selectedIndex() const;
+    /// Selects none for an index out of range.
+    void setSelectedIndex(int index);
+
+    /// The value as it was set, or the represented object of the item selected since.
+    QVariant objectValue() const { return m_value; }
+    /// Selects the item that stands for the value, now or when it is added. Without one, selection markers are shown by
+    /// their names, and other values not at all.
+    void setObjectValue(const QVariant &value);
+
+    bool pullsDown() const { return m_pullsDown; }
+    void setPullsDown(bool pullsDown);
+
+    /// Whether users may choose; true. Otherwise it looks disabled.
+    bool isEditable() const { return m_editable; }
+    void setEditable(bool editable);
+
+    /// Opens the menu over the button; nothing where there is no item to show.
+    void showMenu();
+    bool isMenuOpen() const;
+
+    /// The distance of the baseline from the top, at the present height or the given one.
+    double baselineOffset() const { return baselineOffsetForHeight(height()); }
+    Q_INVOKABLE double baselineOffsetForHeight(double height) const;
+
+    /// Room for the widest item.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void objectValueChanged();
+    void selectedItemChanged();
+    void editableChanged();
+    /// The user has chosen another item.
+    void valueEdited();
+    /// The user has chosen an item, the selected one included. Sent after valueEdited, and after the item's triggered.
+    void action();
+
+protected:
+    void actionEvent(QActionEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void initStyleOption(QStyleOptionComboBox *option) const;
+    QSize sizeForTextWidth(int width) const;
+    QList<QAction *> menuItems() const;
+    QAction *shownItem() const;
+    void setSelected(QAction *item, const QVariant &value);
+    void chooseItem(QAction *item);
+    void chooseNeighbour(int from, int direction);
+    bool typeAhead(QKeyEvent *event);
+    void detachMenu();
+
+    QPointer<QAction> m_selected;
+    QPointer<ZelPopUpMenu> m_menu;
+    QVariant m_value;
+    QString m_typed;
+    qint64 m_typedAt = 0;
+    int m_wheelAngle = 0;
+    bool m_pullsDown = false;
+    bool m_editable = true;
+    mutable QSize m_sizeHint;
+};
