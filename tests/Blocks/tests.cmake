@@ -1,1 +1,3 @@
 # SPDX-License-Identifier: MIT
+zel_test(Blocks/tst_ZelNamedTransformers zel_blocks)
+zel_test(Blocks/tst_ZelValueTransformer zel_blocks)
