@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelWindowDisplay.h"
+
+#include "Observation/ZelDelayedInvocation.h"
+#include "Platform/RunLoop/ZelNotificationCenter.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QCoreApplication>
+#include <QScopeGuard>
+#include <QWidget>
+#include <QWindow>
+
+ZelWindowDisplay *ZelWindowDisplay::of(const QWidget *widget)
+{
+    return widget ? widget->window()->findChild<ZelWindowDisplay *>({}, Qt::FindDirectChildrenOnly) : nullptr;
+}
+
+ZelWindowDisplay::ZelWindowDisplay(QWidget *window)
+    : QObject(window)
+    , m_window(window)
+{
+    window->installEventFilter(this);
+    if (QWindow *handle = window->windowHandle())
+        handle->installEventFilter(this);
+}
+
+void ZelWindowDisplay::performBeforeDisplayUsingBlock(const std::function<void()> &block)
+{
+    if (ZelRequire(bool(block), "block"))
+        m_delayedBlocks.push_back(block);
+}
+
+void ZelWindowDisplay::performDelayedBlocks()
+{
+    const QPointer<ZelWindowDisplay> alive(this);
+    // Each is taken out before it runs: it may queue others, throw, or bring this window down.
+    while (alive && !m_delayedBlocks.empty()) {
+        const std::function<void()> block = std::move(m_delayedBlocks.front());
+        m_delayedBlocks.pop_front();
+        block();
+    }
+}
+
+void ZelWindowDisplay::displayIfNeeded()
+{
+    if (!checkpoint())
+        return;
+    // The window paints when it gets this event, if there is anything to paint.
+    QEvent update(QEvent::UpdateRequest);
+    const QPointer<ZelWindowDisplay> alive(this);
+    const bool outer = std::exchange(m_inCheckpoint, true);
+    const auto leave = qScopeGuard([&] {
+        if (alive)
+            alive->m_inCheckpoint = outer;
+    });
+    QCoreApplication::sendEvent(m_window, &update);
+}
+
+/// False if the window did not survive it.
+bool ZelWindowDisplay::checkpoint()
+{
+    const QPointer<ZelWindowDisplay> alive(this);
+    if (m_inCheckpoint)
+        return true;
+    m_inCheckpoint = true;
+    const auto leave = qScopeGuard([&] {
+        if (alive)
+            alive->m_inCheckpoint = false;
+    });
+    ZelNotificationCenter *center = ZelNotificationCenter::defaultCenter();
+    center->post(ZelWindowDisplayCheckpointNotification, m_window);
+    if (alive)
+        center->post(ZelDelayedInvocationCheckpointNotification, m_window);
+    if (alive)
+        performDelayedBlocks();
+    return alive;
+}
+
+bool ZelWindowDisplay::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Show: // the native window may be a new one
+        if (watched == m_window && m_window->windowHandle())
+            m_window->windowHandle()->installEventFilter(this);
+        return false;
+    case QEvent::Expose: // the first frame is painted without an update request
+        return watched != m_window && !checkpoint();
+    case QEvent::UpdateRequest:
+        return watched == m_window && !checkpoint(); // a receiver that is gone must not get it
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <deque>
+#include <functional>
+
+class QWidget;
+
+/// What a window does before it paints: it announces a checkpoint and runs the work that waits for it.
+///
+/// Just before a top-level widget paints what has become dirty, ZelWindowDisplayCheckpointNotification and then
+/// ZelDelayedInvocationCheckpointNotification are posted with the window as sender, and the queued blocks run, so that
+/// the frame shows what the model says. Painting caused from within a checkpoint does not make another one.
+///
+/// It belongs to its window, and is made by ZelWindow::attach.
+class ZelWindowDisplay : public QObject
+{
+    Q_OBJECT
+public:
+    /// The display of the widget's window; null if none was attached.
+    static ZelWindowDisplay *of(const QWidget *widget);
+
+    /// Queues a block for the next checkpoint. A block queued while the queue runs runs in the same pass. Asserts
+    /// "block".
+    void performBeforeDisplayUsingBlock(const std::function<void()> &block);
+    /// Runs the queued blocks now.
+    void performDelayedBlocks();
+    /// Makes the checkpoint, and paints what is dirty before it returns.
+    void displayIfNeeded();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    friend class ZelWindow;
+    explicit ZelWindowDisplay(QWidget *window);
+    bool checkpoint();
+
+    QWidget *m_window;
+    std::deque<std::function<void()>> m_delayedBlocks;
+    bool m_inCheckpoint = false;
+};
