@@ -79,4 +79,7 @@ constexpr ZelNamedValueTransformer::Row row = {
 
 } // namespace
 
-ZelColorNameTransformer::ZelColorNameTransformer() : ZelNamedValueTransformer(row) {}
+ZelColorNameTransformer::ZelColorNameTransformer()
+    : ZelNamedValueTransformer(row)
+{
+}

@@ -140,11 +140,26 @@ void ZelRegisterTransformers()
     }();
 }
 
-ZelPointerToStringTransformer::ZelPointerToStringTransformer() : ZelNamedValueTransformer(pointerToString) {}
-ZelFirstInArrayTransformer::ZelFirstInArrayTransformer() : ZelNamedValueTransformer(firstInArray) {}
-ZelIsNotEmptyTransformer::ZelIsNotEmptyTransformer() : ZelNamedValueTransformer(notEmpty) {}
-ZelNilOrNoTransformer::ZelNilOrNoTransformer() : ZelNamedValueTransformer(nilOrNo) {}
-ZelPercentValueTransformer::ZelPercentValueTransformer() : ZelNamedValueTransformer(percentValue) {}
+ZelPointerToStringTransformer::ZelPointerToStringTransformer()
+    : ZelNamedValueTransformer(pointerToString)
+{
+}
+ZelFirstInArrayTransformer::ZelFirstInArrayTransformer()
+    : ZelNamedValueTransformer(firstInArray)
+{
+}
+ZelIsNotEmptyTransformer::ZelIsNotEmptyTransformer()
+    : ZelNamedValueTransformer(notEmpty)
+{
+}
+ZelNilOrNoTransformer::ZelNilOrNoTransformer()
+    : ZelNamedValueTransformer(nilOrNo)
+{
+}
+ZelPercentValueTransformer::ZelPercentValueTransformer()
+    : ZelNamedValueTransformer(percentValue)
+{
+}
 
 ZelZeroPointTransformer::ZelZeroPointTransformer()
 {

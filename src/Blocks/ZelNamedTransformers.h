@@ -18,7 +18,8 @@ extern const QString ZelDebugTransformerName;
 /// an inspector, which does. Later calls do nothing.
 void ZelRegisterTransformers();
 
-/// A number to the text of its hexadecimal digits after "0x", and back. A text without such digits gives an absent value.
+/// A number to the text of its hexadecimal digits after "0x", and back. A text without such digits gives an absent
+/// value.
 class ZelPointerToStringTransformer : public ZelNamedValueTransformer
 {
 public:

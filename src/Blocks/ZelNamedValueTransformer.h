@@ -3,8 +3,8 @@
 
 #include "Platform/Runtime/ZelAbstractValueTransformer.h"
 
-/// The common base of the library's named transformers: what they do with absent values, selection markers and values of
-/// the wrong type. A transformer is one row of functions.
+/// The common base of the library's named transformers: what they do with absent values, selection markers and values
+/// of the wrong type. A transformer is one row of functions.
 ///
 /// An absent value and the null object give the row's nil result, a selection marker gives itself, an accepted value is
 /// transformed, and every other value throws a ZelInternalInconsistencyException "Cannot transform value (CLASS).".
@@ -31,7 +31,10 @@ public:
     QString transformedValueClass() const override { return QString::fromLatin1(m_row.valueClass); }
 
 protected:
-    explicit ZelNamedValueTransformer(const Row &row) : m_row(row) {}
+    explicit ZelNamedValueTransformer(const Row &row)
+        : m_row(row)
+    {
+    }
 
 private:
     QVariant apply(const Direction &direction, const QVariant &value) const;

@@ -29,8 +29,8 @@ private:
 bool isTaken(const QString &name)
 {
     const QByteArray typeName = name.toUtf8();
-    return ZelAbstractValueTransformer::valueTransformerForName(name) || ZelClassRegistry::hasClass(name)
-           || QMetaType::fromName(typeName).isValid() || QMetaType::fromName(QByteArray(typeName + '*')).isValid();
+    return ZelAbstractValueTransformer::valueTransformerForName(name) || ZelClassRegistry::hasClass(name) ||
+           QMetaType::fromName(typeName).isValid() || QMetaType::fromName(QByteArray(typeName + '*')).isValid();
 }
 
 } // namespace
@@ -45,8 +45,9 @@ bool ZelTransformerKit::registerValueTransformerWithName(const QString &name, co
                                                          const ZelValueTransformer::Block &transformedValueBlock,
                                                          const ZelValueTransformer::Block &reverseTransformedValueBlock)
 {
-    if (!ZelRequire(!name.isEmpty(), "name") || !ZelRequire(!transformedValueClass.isEmpty(), "transformedValueClass")
-        || !ZelRequire(bool(transformedValueBlock), "transformedValueBlock") || isTaken(name))
+    if (!ZelRequire(!name.isEmpty(), "name") ||
+        !ZelRequire(!transformedValueClass.isEmpty(), "transformedValueClass") ||
+        !ZelRequire(bool(transformedValueBlock), "transformedValueBlock") || isTaken(name))
         return false;
     const auto transformer = QSharedPointer<KitTransformer>::create(transformedValueClass, transformedValueBlock,
                                                                     reverseTransformedValueBlock);

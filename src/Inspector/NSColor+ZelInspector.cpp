@@ -17,9 +17,12 @@ struct SpaceName
 };
 
 constexpr SpaceName spaceNames[] = {
-    {u"NSCalibratedWhiteColorSpace", ZelColor::CalibratedWhite}, {u"NSCalibratedRGBColorSpace", ZelColor::CalibratedRGB},
-    {u"NSDeviceWhiteColorSpace", ZelColor::DeviceWhite},         {u"NSDeviceRGBColorSpace", ZelColor::DeviceRGB},
-    {u"NSDeviceCMYKColorSpace", ZelColor::DeviceCMYK},           {u"NSNamedColorSpace", ZelColor::Named},
+    {u"NSCalibratedWhiteColorSpace", ZelColor::CalibratedWhite},
+    {u"NSCalibratedRGBColorSpace", ZelColor::CalibratedRGB},
+    {u"NSDeviceWhiteColorSpace", ZelColor::DeviceWhite},
+    {u"NSDeviceRGBColorSpace", ZelColor::DeviceRGB},
+    {u"NSDeviceCMYKColorSpace", ZelColor::DeviceCMYK},
+    {u"NSNamedColorSpace", ZelColor::Named},
 };
 
 QList<QStringView> splitAtBlanks(QStringView text)
@@ -78,5 +81,6 @@ ZelColor ZelInspectorColor::colorFromString(const QString &text, const ZelSource
         ZelFail(u"Unsupported color space " + spaceName, place);
         return {};
     }
-    return found->space == ZelColor::Named ? namedColor(pieces, place) : colorWithComponents(found->space, pieces, place);
+    return found->space == ZelColor::Named ? namedColor(pieces, place)
+                                           : colorWithComponents(found->space, pieces, place);
 }

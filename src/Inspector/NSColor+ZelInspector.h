@@ -9,7 +9,7 @@ class ZelInspectorColor
 {
 public:
     /// Reads a colour space and its components, separated by one blank or line end each (two in a row enclose an empty
-    /// component, which is 0): "NSCalibratedRGBColorSpace 1 0.5 0 1". The named space is followed by the colour list and
-    /// the colour: "NSNamedColorSpace System textColor". Invalid, and an assertion, for any other text.
+    /// component, which is 0): "NSCalibratedRGBColorSpace 1 0.5 0 1". The named space is followed by the colour list
+    /// and the colour: "NSNamedColorSpace System textColor". Invalid, and an assertion, for any other text.
     static ZelColor colorFromString(const QString &text, const ZelSourcePlace &place = {});
 };

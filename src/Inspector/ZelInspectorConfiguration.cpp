@@ -117,8 +117,7 @@ ZelInspectorConfiguration::valueTransformerForAttributeNamed(QAnyStringView name
     const QStringView text = m_element.attribute(name);
     if (text.isNull())
         return defaultValue;
-    const ZelValueTransformerPtr transformer =
-        ZelAbstractValueTransformer::valueTransformerForName(text.toString());
+    const ZelValueTransformerPtr transformer = ZelAbstractValueTransformer::valueTransformerForName(text.toString());
     if (!transformer)
         ZelFail(u"Missing value transformer for name " + text, place());
     return transformer;

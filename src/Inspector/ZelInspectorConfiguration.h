@@ -13,13 +13,16 @@
 
 /// One element of an inspector description, with its attributes read as typed values. Cheap to copy.
 ///
-/// Every reading operation takes the attribute's name (case matters) and the value that is answered when the element has
-/// no such attribute. A text that cannot be read is an assertion that carries the element's place.
+/// Every reading operation takes the attribute's name (case matters) and the value that is answered when the element
+/// has no such attribute. A text that cannot be read is an assertion that carries the element's place.
 class ZelInspectorConfiguration
 {
 public:
     /// Wraps an element. A null element has no name, values or children.
-    explicit ZelInspectorConfiguration(const ZelXmlElement &element = {}) : m_element(element) {}
+    explicit ZelInspectorConfiguration(const ZelXmlElement &element = {})
+        : m_element(element)
+    {
+    }
     /// Reads a description and wraps its root. Nothing, and the error, if that is not possible. Asserts "url".
     static std::optional<ZelInspectorConfiguration> initWIthURL(const QUrl &url, ZelReadError *error = nullptr);
 

@@ -20,7 +20,10 @@ class Crowd : public QObject
     Q_PROPERTY(int count MEMBER m_count)
 
 public:
-    explicit Crowd(int count) : m_count(count) {}
+    explicit Crowd(int count)
+        : m_count(count)
+    {
+    }
 
 private:
     int m_count;
@@ -54,11 +57,10 @@ void tst_ZelNamedTransformers::initTestCase()
 {
     ZelRegisterTransformers();
     // Names are gathered once, so this must be in place before the first use.
-    ZelSetLocalizationFunction(
-        [](const QString &key) { return key == u"Red" ? QStringLiteral("Rot") : QString(); });
+    ZelSetLocalizationFunction([](const QString &key) { return key == u"Red" ? QStringLiteral("Rot") : QString(); });
     ZelColorList::addColorList(ZelColorListPtr::create(
-        QStringLiteral("Mine"),
-        QList<ZelColorList::Entry>{{QStringLiteral("Second"), QColor(Qt::red)}, {QStringLiteral("Only"), QColor(1, 2, 3)}}));
+        QStringLiteral("Mine"), QList<ZelColorList::Entry>{{QStringLiteral("Second"), QColor(Qt::red)},
+                                                           {QStringLiteral("Only"), QColor(1, 2, 3)}}));
 }
 
 void tst_ZelNamedTransformers::valuesAreTransformed_data()
@@ -110,7 +112,8 @@ void tst_ZelNamedTransformers::reverseValuesAreTransformed_data()
     QTest::newRow("empty") << pointer << QVariant(QStringLiteral("")) << QVariant();
     QTest::newRow("zz") << pointer << QVariant(QStringLiteral("zz")) << QVariant();
     QTest::newRow("fraction") << ZelPercentValueTransformerName << QVariant(25) << QVariant(0.25);
-    QTest::newRow("color") << ZelColorNameTransformerName << QVariant(QStringLiteral("Rot")) << QVariant(QColor(Qt::black));
+    QTest::newRow("color") << ZelColorNameTransformerName << QVariant(QStringLiteral("Rot"))
+                           << QVariant(QColor(Qt::black));
     QTest::newRow("no color") << ZelColorNameTransformerName << QVariant() << QVariant();
 }
 
@@ -155,9 +158,9 @@ void tst_ZelNamedTransformers::otherTypesThrow()
 void tst_ZelNamedTransformers::markersPassThrough()
 {
     const QVariant marker = QVariant::fromValue(ZelMultipleValuesMarker);
-    for (const QString &name : {ZelPointerToStringTransformerName, ZelFirstInArrayTransformerName,
-                                ZelIsNotEmptyTransformerName, ZelNilOrNoTransformerName, ZelPercentValueTransformerName,
-                                ZelColorNameTransformerName}) {
+    for (const QString &name :
+         {ZelPointerToStringTransformerName, ZelFirstInArrayTransformerName, ZelIsNotEmptyTransformerName,
+          ZelNilOrNoTransformerName, ZelPercentValueTransformerName, ZelColorNameTransformerName}) {
         QVERIFY2(ZelIsMarker(named(name)->transformedValue(marker), ZelMultipleValuesMarker), qPrintable(name));
         QVERIFY2(ZelIsMarker(named(name)->reverseTransformedValue(marker), ZelMultipleValuesMarker), qPrintable(name));
     }
@@ -166,7 +169,9 @@ void tst_ZelNamedTransformers::markersPassThrough()
 void tst_ZelNamedTransformers::countsDecideOnEmptiness()
 {
     const ZelValueTransformerPtr transformer = named(ZelIsNotEmptyTransformerName);
-    const auto isNotEmpty = [&](const QVariant &value) { return transformer->transformedValue(value) == QVariant(true); };
+    const auto isNotEmpty = [&](const QVariant &value) {
+        return transformer->transformedValue(value) == QVariant(true);
+    };
     Crowd crowd(3);
     Crowd nobody(0);
     QVERIFY(isNotEmpty(QVariantList{0}));
@@ -174,8 +179,9 @@ void tst_ZelNamedTransformers::countsDecideOnEmptiness()
     QVERIFY(isNotEmpty(QVariantMap{{QStringLiteral("a"), 0}}));
     QVERIFY(isNotEmpty(QVariant::fromValue(ZelIndexSet{0})));
     QVERIFY(isNotEmpty(QVariant::fromValue(&crowd)));
-    for (const QVariant &empty : {QVariant(), ZelNull(), QVariant(QVariantList()), QVariant(QStringList()),
-                                  QVariant(QVariantMap()), QVariant::fromValue(ZelIndexSet()), QVariant::fromValue(&nobody)})
+    for (const QVariant &empty :
+         {QVariant(), ZelNull(), QVariant(QVariantList()), QVariant(QStringList()), QVariant(QVariantMap()),
+          QVariant::fromValue(ZelIndexSet()), QVariant::fromValue(&nobody)})
         QCOMPARE(transformer->transformedValue(empty), QVariant(false));
     QVERIFY_EXCEPTION_THROWN(transformer->transformedValue(QVariant::fromValue<QObject *>(this)),
                              ZelInternalInconsistencyException);
@@ -202,7 +208,9 @@ void tst_ZelNamedTransformers::someAreRegisteredAtFirstUse()
 void tst_ZelNamedTransformers::colorsHaveNames()
 {
     const ZelValueTransformerPtr transformer = named(ZelColorNameTransformerName);
-    const auto nameOf = [&](const ZelColor &color) { return transformer->transformedValue(color.toVariant()).toString(); };
+    const auto nameOf = [&](const ZelColor &color) {
+        return transformer->transformedValue(color.toVariant()).toString();
+    };
     const auto system = [&](const char *key) {
         return nameOf(ZelColor::named(QStringLiteral("System"), QString::fromUtf8(key)));
     };

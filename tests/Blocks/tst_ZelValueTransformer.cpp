@@ -22,7 +22,10 @@ QVariant halved(const QVariant &value)
 class QuietHandler : public ZelAssertionHandler
 {
 public:
-    QuietHandler() : m_former(setCurrent(this)) {}
+    QuietHandler()
+        : m_former(setCurrent(this))
+    {
+    }
     ~QuietHandler() override { setCurrent(m_former); }
     void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &) override
     {
@@ -88,8 +91,9 @@ void tst_ZelValueTransformer::registrationKeepsWhatIsThere()
     QVERIFY(ZelTransformerKit::registerValueTransformerWithName(oneWay, QStringLiteral("int"), &halved));
     QVERIFY(!ZelAbstractValueTransformer::valueTransformerForName(oneWay)->allowsReverseTransformation());
 
-    ZelClassRegistry::registerClass<QObject>();
-    for (const char *taken : {"QObject", "QWidget", "QString", "ZelNegateBooleanTransformerName"}) {
+    ZelClassRegistry::registerClass(QStringLiteral("Shape"), &QObject::staticMetaObject,
+                                    [](QObject *owner) { return new QObject(owner); });
+    for (const char *taken : {"Shape", "QObject", "QString", "ZelNegateBooleanTransformerName"}) {
         QVERIFY2(!ZelTransformerKit::registerValueTransformerWithName(QString::fromUtf8(taken), QStringLiteral("int"),
                                                                       &halved),
                  taken);

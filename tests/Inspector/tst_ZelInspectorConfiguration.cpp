@@ -17,7 +17,10 @@ namespace {
 class QuietHandler : public ZelAssertionHandler
 {
 public:
-    QuietHandler() : m_former(setCurrent(this)) {}
+    QuietHandler()
+        : m_former(setCurrent(this))
+    {
+    }
     ~QuietHandler() override { setCurrent(m_former); }
     void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place) override
     {
@@ -99,7 +102,8 @@ void tst_ZelInspectorConfiguration::absentAttributesGiveTheDefault()
     QVERIFY(root.stringValueNamed("v").isNull());
     QCOMPARE(root.booleanValueNamed("v", true), true);
     QCOMPARE(root.integerValueNamed("v", -3), -3);
-    QCOMPARE(root.unsignedIntegerValueNamed("v", std::numeric_limits<quint64>::max()), std::numeric_limits<quint64>::max());
+    QCOMPARE(root.unsignedIntegerValueNamed("v", std::numeric_limits<quint64>::max()),
+             std::numeric_limits<quint64>::max());
     QCOMPARE(root.doubleValueNamed("v", 0.5), 0.5);
     QCOMPARE(root.selectorValueNamed("v", "copyStyle:").name(), QStringLiteral("copyStyle:"));
     QCOMPARE(root.valueTransformerForAttributeNamed("v", transformer), transformer);
@@ -196,7 +200,8 @@ void tst_ZelInspectorConfiguration::missingResourcesCountAsAbsent()
     QCOMPARE(withValue(QStringLiteral("Layout.xml")).urlValueNamed("v", fallback), fallback);
     QFile file(directory.filePath(QStringLiteral("Layout.xml")));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(withValue(QStringLiteral("Layout.xml")).urlValueNamed("v", fallback), QUrl::fromLocalFile(file.fileName()));
+    QCOMPARE(withValue(QStringLiteral("Layout.xml")).urlValueNamed("v", fallback),
+             QUrl::fromLocalFile(file.fileName()));
     ZelBundle::mainBundle().setResourcePaths({});
 }
 
@@ -204,7 +209,9 @@ void tst_ZelInspectorConfiguration::colors_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<ZelColor>("expected");
-    const auto row = [](const char *text, const ZelColor &expected) { QTest::newRow(text) << QString::fromUtf8(text) << expected; };
+    const auto row = [](const char *text, const ZelColor &expected) {
+        QTest::newRow(text) << QString::fromUtf8(text) << expected;
+    };
     row("NSCalibratedWhiteColorSpace 0.5 1", ZelColor(ZelColor::CalibratedWhite, {0.5, 1}));
     row("NSCalibratedRGBColorSpace 1 0.5 0 1", ZelColor(ZelColor::CalibratedRGB, {1, 0.5, 0, 1}));
     row("NSDeviceWhiteColorSpace 0.25 0.5", ZelColor(ZelColor::DeviceWhite, {0.25, 0.5}));

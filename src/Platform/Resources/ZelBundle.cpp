@@ -23,8 +23,8 @@ bool isLibraryClass(const QMetaObject *metaObject)
 /// Names come out of description files, which must not name files outside of the resources.
 bool staysInside(const QString &cleanName)
 {
-    return !cleanName.isEmpty() && cleanName != u"." && cleanName != u".." && !cleanName.startsWith(u"../")
-           && QDir::isRelativePath(cleanName);
+    return !cleanName.isEmpty() && cleanName != u"." && cleanName != u".." && !cleanName.startsWith(u"../") &&
+           QDir::isRelativePath(cleanName);
 }
 
 QUrl urlOfPath(const QString &path)

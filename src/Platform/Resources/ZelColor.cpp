@@ -8,8 +8,8 @@
 namespace {
 
 [[maybe_unused]] const bool convertersRegistered =
-    QMetaType::registerConverter<ZelColor, QColor>(&ZelColor::toQColor)
-    && QMetaType::registerConverter<QColor, ZelColor>([](const QColor &color) { return ZelColor(color); });
+    QMetaType::registerConverter<ZelColor, QColor>(&ZelColor::toQColor) &&
+    QMetaType::registerConverter<QColor, ZelColor>([](const QColor &color) { return ZelColor(color); });
 
 /// How many colour components a space has, without alpha.
 int channelCount(ZelColor::Space space)

@@ -12,9 +12,9 @@ public:
     static void setImageForName(const QIcon &image, const QString &name);
     /// A null image for an unknown name.
     static QIcon imageNamed(const QString &name);
-    /// Finds an image in the bundle that holds the class, and registers it under its name. The image is a template image
-    /// if its file name without the extension ends in "Template". Without such an image: the log line "No URL for image
-    /// resource ... found in bundle ...", and a null image.
+    /// Finds an image in the bundle that holds the class, and registers it under its name. The image is a template
+    /// image if its file name without the extension ends in "Template". Without such an image: the log line "No URL for
+    /// image resource ... found in bundle ...", and a null image.
     static QIcon imageNamedInBundleForClass(const QString &name, const QMetaObject *metaObject);
 
     /// The same shape in the text colour of the palette, sharp at every size and following the palette when it changes.

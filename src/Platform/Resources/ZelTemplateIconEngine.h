@@ -8,7 +8,10 @@
 class ZelTemplateIconEngine : public QIconEngine
 {
 public:
-    explicit ZelTemplateIconEngine(const QIcon &shape) : m_shape(shape) {}
+    explicit ZelTemplateIconEngine(const QIcon &shape)
+        : m_shape(shape)
+    {
+    }
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;

@@ -40,7 +40,8 @@ class ZelXmlElement
 public:
     ZelXmlElement() = default;
     explicit ZelXmlElement(std::shared_ptr<const ZelXmlTree> tree, quint32 index = 0)
-        : m_tree(std::move(tree)), m_index(index)
+        : m_tree(std::move(tree))
+        , m_index(index)
     {
     }
 

@@ -112,9 +112,9 @@ bool ZelXmlPrescan::acceptXmlDeclaration()
             return refuse(tr("The XML declaration is not well-formed."), start);
         const QByteArray encoding = value.sliced(1, length).toByteArray();
         if (rest.first(equals).trimmed() == "encoding" && encoding.compare("utf-8", Qt::CaseInsensitive) != 0)
-            return refuse(tr("The encoding \"%1\" is not supported; write the file in UTF-8.")
-                              .arg(QString::fromUtf8(encoding)),
-                          start);
+            return refuse(
+                tr("The encoding \"%1\" is not supported; write the file in UTF-8.").arg(QString::fromUtf8(encoding)),
+                start);
         rest = value.sliced(length + 2).trimmed();
     }
     m_position = end + 2;

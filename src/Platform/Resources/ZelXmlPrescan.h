@@ -25,7 +25,11 @@ public:
         quint32 column = 1;
     };
 
-    ZelXmlPrescan(QByteArrayView data, const ZelXmlReader::Limits &limits) : m_data(data), m_limits(limits) {}
+    ZelXmlPrescan(QByteArrayView data, const ZelXmlReader::Limits &limits)
+        : m_data(data)
+        , m_limits(limits)
+    {
+    }
 
     /// Whether the document may be parsed; otherwise message and place tell why not.
     bool accept();
@@ -52,6 +56,6 @@ private:
     QString m_message;
     Place m_refused;
     std::vector<Place> m_startTags;
-    Place m_notedPlace;           // of the last start tag
+    Place m_notedPlace; // of the last start tag
     qsizetype m_notedPosition = 0;
 };

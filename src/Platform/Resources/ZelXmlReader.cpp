@@ -39,7 +39,8 @@ public:
 
     std::shared_ptr<const ZelXmlTree> build(ZelReadError &error)
     {
-        while (!m_parser.atEnd() && step()) { }
+        while (!m_parser.atEnd() && step()) {
+        }
         if (m_parser.hasError()) {
             error.message = m_parser.errorString();
             error.place = here(m_failedPlace.value_or(parserPlace()));
@@ -79,8 +80,8 @@ private:
                                     quint32(attributes.size()), 0, place.line, place.column});
         for (const QXmlStreamAttribute &attribute : attributes) {
             const QStringView value = attribute.value();
-            m_tree->attributes.push_back({nameIndex(attribute.qualifiedName()), quint32(m_tree->values.size()),
-                                          quint32(value.size())});
+            m_tree->attributes.push_back(
+                {nameIndex(attribute.qualifiedName()), quint32(m_tree->values.size()), quint32(value.size())});
             m_tree->values.append(value);
         }
         return true;

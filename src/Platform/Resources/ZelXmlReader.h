@@ -9,8 +9,9 @@
 
 /// Reads small XML documents that may come from anybody.
 ///
-/// A document is UTF-8, within the limits below, and has neither a document type declaration nor entities other than the
-/// five predefined ones. Whatever is wrong with it is an error with its place, found in time proportional to its size.
+/// A document is UTF-8, within the limits below, and has neither a document type declaration nor entities other than
+/// the five predefined ones. Whatever is wrong with it is an error with its place, found in time proportional to its
+/// size.
 class ZelXmlReader
 {
 public:
@@ -22,7 +23,10 @@ public:
     };
 
     ZelXmlReader() = default;
-    explicit ZelXmlReader(const Limits &limits) : m_limits(limits) {}
+    explicit ZelXmlReader(const Limits &limits)
+        : m_limits(limits)
+    {
+    }
 
     /// The root element of a file (a local file or a Qt resource); null on an error.
     ZelXmlElement readUrl(const QUrl &url, ZelReadError *error = nullptr) const;

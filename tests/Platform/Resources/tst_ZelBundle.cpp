@@ -96,7 +96,8 @@ void tst_ZelBundle::resourcesAreFoundInTheOrderOfPaths()
 void tst_ZelBundle::namesDoNotLeaveTheSearchPaths_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name : {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd", ":/outside.xml"})
+    for (const char *name :
+         {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd", ":/outside.xml"})
         QTest::newRow(name) << QString::fromUtf8(name);
 }
 

@@ -24,7 +24,8 @@ void tst_ZelColor::spacesShowAsColors_data()
 {
     QTest::addColumn<ZelColor>("color");
     QTest::addColumn<QColor>("expected");
-    QTest::newRow("gray") << ZelColor(ZelColor::CalibratedWhite, {0.2, 0.4}) << QColor::fromRgbF(0.2f, 0.2f, 0.2f, 0.4f);
+    QTest::newRow("gray") << ZelColor(ZelColor::CalibratedWhite, {0.2, 0.4})
+                          << QColor::fromRgbF(0.2f, 0.2f, 0.2f, 0.4f);
     QTest::newRow("RGB") << ZelColor(ZelColor::DeviceRGB, {1, 0.5, 0, 1}) << QColor::fromRgbF(1, 0.5f, 0);
     QTest::newRow("CMYK") << ZelColor(ZelColor::DeviceCMYK, {0, 1, 1, 0, 1}) << QColor(Qt::red);
     QTest::newRow("out of range") << ZelColor(ZelColor::CalibratedRGB, {2, -1, 1e308, 7}) << QColor(255, 0, 255);
@@ -44,7 +45,8 @@ void tst_ZelColor::spacesShowAsColors()
 
 void tst_ZelColor::valuesConvertBothWays()
 {
-    for (const QColor &color : {QColor(1, 2, 3, 4), QColor(Qt::transparent), QColor::fromRgbF(0.1f, 0.7f, 0.3f, 0.9f)}) {
+    for (const QColor &color :
+         {QColor(1, 2, 3, 4), QColor(Qt::transparent), QColor::fromRgbF(0.1f, 0.7f, 0.3f, 0.9f)}) {
         const ZelColor ours = QVariant(color).value<ZelColor>();
         QCOMPARE(ours.space(), ZelColor::DeviceRGB);
         QCOMPARE(ours.toVariant().value<QColor>(), color);
@@ -118,7 +120,8 @@ void tst_ZelColor::listsKeepTheirOrder()
     const QStringList builtIn = {QStringLiteral("Crayons"), QStringLiteral("System")};
     QCOMPARE(names(), builtIn);
     const QString red = QStringLiteral("Red");
-    const auto list = ZelColorListPtr::create(QStringLiteral("Mine"), QList<ZelColorList::Entry>{{red, QColor(Qt::red)}});
+    const auto list =
+        ZelColorListPtr::create(QStringLiteral("Mine"), QList<ZelColorList::Entry>{{red, QColor(Qt::red)}});
     list->setColorForKey(QColor(Qt::blue), QStringLiteral("Blue"));
     list->setColorForKey(QColor(Qt::darkRed), red);
     ZelColorList::addColorList(list);

@@ -26,7 +26,9 @@ void tst_ZelNumberScanner::integers_data()
     QTest::addColumn<qint64>("expected");
     constexpr qint64 largest = std::numeric_limits<qint64>::max();
     constexpr qint64 smallest = std::numeric_limits<qint64>::min();
-    const auto row = [](const char *text, qint64 expected) { QTest::newRow(text) << QString::fromUtf8(text) << expected; };
+    const auto row = [](const char *text, qint64 expected) {
+        QTest::newRow(text) << QString::fromUtf8(text) << expected;
+    };
     row("12abc", 12);
     row("abc", 0);
     row("", 0);
@@ -84,7 +86,9 @@ void tst_ZelNumberScanner::reals_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("expected");
     constexpr double largest = std::numeric_limits<double>::max();
-    const auto row = [](const char *text, double expected) { QTest::newRow(text) << QString::fromUtf8(text) << expected; };
+    const auto row = [](const char *text, double expected) {
+        QTest::newRow(text) << QString::fromUtf8(text) << expected;
+    };
     row(" 0.5", 0.5);
     row("-1.25e2x", -125);
     row(".5", 0.5);
@@ -112,7 +116,8 @@ void tst_ZelNumberScanner::reals()
     QLocale::setDefault(QLocale(QLocale::German));
     QFETCH(QString, text);
     QFETCH(double, expected);
-    QVERIFY2(ZelNumberScanner::real(text) == expected, qPrintable(QString::number(ZelNumberScanner::real(text), 'g', 17)));
+    QVERIFY2(ZelNumberScanner::real(text) == expected,
+             qPrintable(QString::number(ZelNumberScanner::real(text), 'g', 17)));
 }
 
 QTEST_APPLESS_MAIN(tst_ZelNumberScanner)
