@@ -1,0 +1,548 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<!-- The texts of the files in inspector/; lupdate does not read those, so this file is kept by hand. -->
+<TS version="2.1" language="de_DE">
+<context>
+    <name>Application</name>
+    <message>
+        <source>Align Text</source>
+        <translation>Text ausrichten</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Annotations</source>
+        <translation>Anmerkungen</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Fläche</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Bevel</source>
+        <translation>Abgeschrägt</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Cap</source>
+        <translation>Linienende</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message>
+        <source>Change Author</source>
+        <translation>Autor ändern</translation>
+    </message>
+    <message>
+        <source>Change Cap</source>
+        <translation>Linienende ändern</translation>
+    </message>
+    <message>
+        <source>Change Corners</source>
+        <translation>Ecken ändern</translation>
+    </message>
+    <message>
+        <source>Change Dash</source>
+        <translation>Strichart ändern</translation>
+    </message>
+    <message>
+        <source>Change Fill</source>
+        <translation>Füllung ändern</translation>
+    </message>
+    <message>
+        <source>Change Fill Color</source>
+        <translation>Füllfarbe ändern</translation>
+    </message>
+    <message>
+        <source>Change Font Size</source>
+        <translation>Schriftgröße ändern</translation>
+    </message>
+    <message>
+        <source>Change Grid</source>
+        <translation>Raster ändern</translation>
+    </message>
+    <message>
+        <source>Change Inner Radius</source>
+        <translation>Innenradius ändern</translation>
+    </message>
+    <message>
+        <source>Change Join</source>
+        <translation>Linienverbindung ändern</translation>
+    </message>
+    <message>
+        <source>Change Kind</source>
+        <translation>Art ändern</translation>
+    </message>
+    <message>
+        <source>Change Layer</source>
+        <translation>Ebene ändern</translation>
+    </message>
+    <message>
+        <source>Change Layers</source>
+        <translation>Ebenen ändern</translation>
+    </message>
+    <message>
+        <source>Change Lock</source>
+        <translation>Sperre ändern</translation>
+    </message>
+    <message>
+        <source>Change Note</source>
+        <translation>Notiz ändern</translation>
+    </message>
+    <message>
+        <source>Change Opacity</source>
+        <translation>Deckkraft ändern</translation>
+    </message>
+    <message>
+        <source>Change Order</source>
+        <translation>Reihenfolge ändern</translation>
+    </message>
+    <message>
+        <source>Change Page</source>
+        <translation>Seite ändern</translation>
+    </message>
+    <message>
+        <source>Change Shadow</source>
+        <translation>Schatten ändern</translation>
+    </message>
+    <message>
+        <source>Change Sides</source>
+        <translation>Seiten ändern</translation>
+    </message>
+    <message>
+        <source>Change Standards</source>
+        <translation>Vorgaben ändern</translation>
+    </message>
+    <message>
+        <source>Change Stroke</source>
+        <translation>Kontur ändern</translation>
+    </message>
+    <message>
+        <source>Change Stroke Color</source>
+        <translation>Konturfarbe ändern</translation>
+    </message>
+    <message>
+        <source>Change Stroke Width</source>
+        <translation>Konturstärke ändern</translation>
+    </message>
+    <message>
+        <source>Change Text</source>
+        <translation>Text ändern</translation>
+    </message>
+    <message>
+        <source>Change Text Style</source>
+        <translation>Schriftstil ändern</translation>
+    </message>
+    <message>
+        <source>Change Tips</source>
+        <translation>Zacken ändern</translation>
+    </message>
+    <message>
+        <source>Change Title</source>
+        <translation>Titel ändern</translation>
+    </message>
+    <message>
+        <source>Change Units</source>
+        <translation>Einheit ändern</translation>
+    </message>
+    <message>
+        <source>Change Visibility</source>
+        <translation>Sichtbarkeit ändern</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Corners</source>
+        <translation>Ecken</translation>
+    </message>
+    <message>
+        <source>Dash</source>
+        <translation>Strichart</translation>
+    </message>
+    <message>
+        <source>Dashed</source>
+        <translation>Gestrichelt</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Diamond</source>
+        <translation>Raute</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Dots and Dashes</source>
+        <translation>Strichpunktiert</translation>
+    </message>
+    <message>
+        <source>Dotted</source>
+        <translation>Gepunktet</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Ends</source>
+        <translation>Enden</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Füllung</translation>
+    </message>
+    <message>
+        <source>Flat</source>
+        <translation>Flach</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Hexagon</source>
+        <translation>Sechseck</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>Zoll</translation>
+    </message>
+    <message>
+        <source>Inside</source>
+        <translation>Innen</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Kursiv</translation>
+    </message>
+    <message>
+        <source>Join</source>
+        <translation>Verbindung</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>Layers and Standards</source>
+        <translation>Ebenen und Vorgaben</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittig</translation>
+    </message>
+    <message>
+        <source>Millimeters</source>
+        <translation>Millimeter</translation>
+    </message>
+    <message>
+        <source>Miter</source>
+        <translation>Spitz</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Multiple Values</source>
+        <translation>Mehrere Werte</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Shapes</source>
+        <translation>Neue Formen</translation>
+    </message>
+    <message>
+        <source>No Selection</source>
+        <translation>Keine Auswahl</translation>
+    </message>
+    <message>
+        <source>No text</source>
+        <translation>Kein Text</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Octagon</source>
+        <translation>Achteck</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>Umriss</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Pentagon</source>
+        <translation>Fünfeck</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>Vieleck</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Position and Size</source>
+        <translation>Position und Größe</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Vorlage</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Resize</source>
+        <translation>Größe ändern</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Round</source>
+        <translation>Rund</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Select Similar</source>
+        <translation>Ähnliche wählen</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Gewählt</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>Schatten</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Shapes</source>
+        <translation>Formen</translation>
+    </message>
+    <message>
+        <source>Show Grid</source>
+        <translation>Raster zeigen</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Durchgezogen</translation>
+    </message>
+    <message>
+        <source>Spacing</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Square</source>
+        <translation>Eckig</translation>
+    </message>
+    <message>
+        <source>Star</source>
+        <translation>Stern</translation>
+    </message>
+    <message>
+        <source>Strike Out</source>
+        <translation>Durchgestr.</translation>
+    </message>
+    <message>
+        <source>Stroke</source>
+        <translation>Kontur</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Tips</source>
+        <translation>Zacken</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Triangle</source>
+        <translation>Dreieck</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>Unterstr.</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Unnamed</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>Use for New Shadows</source>
+        <translation>Für neue Schatten</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Visible Layers</source>
+        <translation>Sichtbare Ebenen</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "window/MainWindow.h"
+
+#include "canvas/Canvas.h"
+#include "model/SampleDocument.h"
+#include "window/Icons.h"
+#include "window/InspectorDock.h"
+#include "window/Options.h"
+#include "window/ShapeListView.h"
+#include "window/Theme.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+MainWindow::MainWindow(const Options &options)
+    : m_canvas(new Canvas(&m_document, &m_selection, &m_operations))
+    , m_scrollArea(new QScrollArea)
+    , m_toolBar(addToolBar(QString()))
+    , m_selectionLabel(new QLabel)
+    , m_zoomLabel(new QLabel)
+{
+    m_languages.set(options.language);
+    setDark(options.dark);
+    m_scrollArea->setWidget(m_canvas);
+    m_scrollArea->setAlignment(Qt::AlignCenter);
+    m_scrollArea->setBackgroundRole(QPalette::Dark);
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+    setCentralWidget(m_scrollArea);
+    fill(options);
+    createDocks(options);
+    createMenus();
+    createToolBar();
+    connectActions();
+    connectView();
+    statusBar()->addWidget(m_selectionLabel, 1);
+    statusBar()->addPermanentWidget(m_zoomLabel);
+    retranslate();
+    resize(1280, 800);
+    m_canvas->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    // The views watch the models, which are members and would go first.
+    delete m_inspectorDock;
+    delete m_listDock;
+    delete takeCentralWidget();
+    m_undoStack.disconnect(this);
+    m_selection.disconnect(this);
+}
+
+void MainWindow::fill(const Options &options)
+{
+    if (options.shapeCount < 0)
+        SampleDocument::fill(m_document);
+    else
+        SampleDocument::fillWithRows(m_document, options.shapeCount);
+    QList<Shape *> shapes;
+    for (int row : options.selectedRows) {
+        if (row < m_document.shapeCount())
+            shapes.append(m_document.shapes()[row]);
+    }
+    m_selection.set(options.selectsAll ? m_document.shapes() : shapes);
+}
+
+void MainWindow::createDocks(const Options &options)
+{
+    m_listDock = new QDockWidget(this);
+    m_listDock->setObjectName(QStringLiteral("list"));
+    m_listDock->setWidget(new ShapeListView(&m_document, &m_selection));
+    addDockWidget(Qt::LeftDockWidgetArea, m_listDock);
+    m_inspectorDock = new InspectorDock(&m_owner, this);
+    addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
+    resizeDocks({m_listDock, m_inspectorDock}, {190, options.inspectorWidth}, Qt::Horizontal);
+}
+
+QMenu *MainWindow::addTranslatedMenu(QMenuBar *bar, const char *title)
+{
+    QMenu *menu = bar->addMenu(tr(title));
+    m_menus.append({menu, title});
+    return menu;
+}
+
+void MainWindow::createMenus()
+{
+    QMenu *edit = addTranslatedMenu(menuBar(), QT_TR_NOOP("&Edit"));
+    edit->addActions(m_actions.range(Actions::Undo, Actions::Redo));
+    edit->addSeparator();
+    edit->addActions(m_actions.range(Actions::Duplicate, Actions::Delete));
+    edit->addSeparator();
+    edit->addActions(m_actions.range(Actions::SelectAll, Actions::SelectNone));
+
+    QMenu *insert = addTranslatedMenu(menuBar(), QT_TR_NOOP("&Insert"));
+    insert->addActions(m_actions.range(Actions::AddRectangle, Actions::AddText));
+
+    QMenu *arrange = addTranslatedMenu(menuBar(), QT_TR_NOOP("&Arrange"));
+    arrange->addActions(m_actions.range(Actions::Raise, Actions::LowerToBottom));
+    arrange->addSeparator();
+    arrange->addActions(m_actions.range(Actions::AlignLeft, Actions::AlignBottom));
+
+    QMenu *view = addTranslatedMenu(menuBar(), QT_TR_NOOP("&View"));
+    view->addActions(m_actions.range(Actions::ZoomIn, Actions::ZoomToFit));
+    view->addSeparator();
+    view->addAction(m_listDock->toggleViewAction());
+    view->addAction(m_inspectorDock->toggleViewAction());
+    view->addSeparator();
+    view->addAction(m_actions[Actions::DarkPalette]);
+    view->addSection(QStringLiteral("Language"));
+    view->addActions(m_actions.range(Actions::English, Actions::German));
+
+    m_canvas->addActions(m_actions.range(Actions::Duplicate, Actions::Delete));
+    m_canvas->addActions(m_actions.range(Actions::Raise, Actions::LowerToBottom));
+    m_canvas->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void MainWindow::createToolBar()
+{
+    m_toolBar->setObjectName(QStringLiteral("tools"));
+    m_toolBar->setMovable(false);
+    m_toolBar->setIconSize({16, 16});
+    m_toolBar->addActions(m_actions.range(Actions::AddRectangle, Actions::AddText));
+    m_toolBar->addSeparator();
+    m_toolBar->addActions(m_actions.range(Actions::AlignLeft, Actions::AlignBottom));
+}
+
+void MainWindow::connectActions()
+{
+    const auto on = [this](Actions::Id id, auto function) {
+        connect(m_actions[id], &QAction::triggered, this, function);
+    };
+    on(Actions::Undo, [this] { m_undoStack.undo(); });
+    on(Actions::Redo, [this] { m_undoStack.redo(); });
+    on(Actions::Duplicate, [this] { m_operations.duplicate(); });
+    on(Actions::Delete, [this] { m_operations.remove(); });
+    on(Actions::SelectAll, [this] { m_selection.selectAll(); });
+    on(Actions::SelectNone, [this] { m_selection.clear(); });
+    for (int kind = Shape::Rectangle; kind <= Shape::Text; ++kind) {
+        on(Actions::Id(Actions::AddRectangle + kind),
+           [this, kind] { m_operations.addShape(Shape::Kind(kind), m_canvas->visiblePage()); });
+    }
+    on(Actions::Raise, [this] { m_operations.raise(); });
+    on(Actions::Lower, [this] { m_operations.lower(); });
+    on(Actions::RaiseToTop, [this] { m_operations.raiseToTop(); });
+    on(Actions::LowerToBottom, [this] { m_operations.lowerToBottom(); });
+    const Qt::AlignmentFlag edges[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight,
+                                       Qt::AlignTop,  Qt::AlignVCenter, Qt::AlignBottom};
+    for (int i = 0; i < 6; ++i)
+        on(Actions::Id(Actions::AlignLeft + i), [this, edge = edges[i]] { m_operations.align(edge); });
+    on(Actions::ZoomIn, [this] { m_canvas->setZoom(m_canvas->zoom() * 1.25); });
+    on(Actions::ZoomOut, [this] { m_canvas->setZoom(m_canvas->zoom() / 1.25); });
+    on(Actions::ActualSize, [this] { m_canvas->setZoom(1); });
+    on(Actions::ZoomToFit, [this] { m_canvas->setZoom(fittingZoom()); });
+    on(Actions::DarkPalette, [this](bool dark) { setDark(dark); });
+    on(Actions::English, [this] { setLanguage(QStringLiteral("en")); });
+    on(Actions::German, [this] { setLanguage(QStringLiteral("de")); });
+}
+
+void MainWindow::connectView()
+{
+    connect(&m_undoStack, &QUndoStack::indexChanged, this, &MainWindow::updateActions);
+    connect(&m_selection, &Selection::changed, this, &MainWindow::updateActions);
+    connect(&m_selection, &Selection::changed, this, &MainWindow::updateStatus);
+    connect(&m_document, &Document::unitsChanged, this, &MainWindow::updateStatus);
+    connect(m_canvas, &Canvas::zoomChanged, this, &MainWindow::updateStatus);
+}
+
+void MainWindow::setLanguage(const QString &language)
+{
+    if (!m_languages.set(language))
+        statusBar()->showMessage(tr("There is no translation."), 5000);
+    updateActions();
+}
+
+void MainWindow::setDark(bool dark)
+{
+    Theme::apply(dark);
+    m_actions[Actions::DarkPalette]->setChecked(dark);
+    m_actions.refresh();
+    updateActions();
+}
+
+double MainWindow::fittingZoom() const
+{
+    const QSizeF whole = QSizeF(m_canvas->sizeHint()) / m_canvas->zoom();
+    const QSizeF view = m_scrollArea->maximumViewportSize();
+    return qMin(view.width() / whole.width(), view.height() / whole.height());
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QMainWindow::changeEvent(event);
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    // Once the size of the view is known, a page that is only a little too large for it is made to fit.
+    QTimer::singleShot(0, this, [this] {
+        const double zoom = fittingZoom();
+        if (m_canvas->zoom() == 1 && zoom > 0.7)
+            m_canvas->setZoom(qMin(1.0, zoom));
+    });
+}
+
+void MainWindow::retranslate()
+{
+    for (const auto &[menu, title] : std::as_const(m_menus))
+        menu->setTitle(tr(title));
+    m_toolBar->setWindowTitle(tr("Tools"));
+    m_listDock->setWindowTitle(tr("Shapes"));
+    m_inspectorDock->setWindowTitle(tr("Inspector"));
+    m_document.retranslate();
+    m_actions.refresh();
+    updateActions();
+    updateStatus();
+}
+
+void MainWindow::updateActions()
+{
+    m_actions[Actions::Undo]->setText(tr("&Undo %1").arg(m_undoStack.undoText()).trimmed());
+    m_actions[Actions::Undo]->setEnabled(m_undoStack.canUndo());
+    m_actions[Actions::Redo]->setText(tr("&Redo %1").arg(m_undoStack.redoText()).trimmed());
+    m_actions[Actions::Redo]->setEnabled(m_undoStack.canRedo());
+    const auto enable = [this](Actions::Id first, Actions::Id last, bool enabled) {
+        for (QAction *action : m_actions.range(first, last))
+            action->setEnabled(enabled);
+    };
+    enable(Actions::Duplicate, Actions::Delete, !m_selection.isEmpty());
+    enable(Actions::SelectNone, Actions::SelectNone, !m_selection.isEmpty());
+    enable(Actions::Raise, Actions::LowerToBottom, !m_selection.isEmpty());
+    enable(Actions::AlignLeft, Actions::AlignBottom, m_selection.count() > 1);
+    m_actions[Actions::English]->setChecked(m_languages.current() == u"en");
+    m_actions[Actions::German]->setChecked(m_languages.current() == u"de");
+}
+
+void MainWindow::updateStatus()
+{
+    QString text = m_owner.selectionSummary();
+    if (m_selection.count() == 1) {
+        const Shape *shape = m_selection.shapes().first();
+        text += tr(": %1 by %2").arg(m_document.lengthText(shape->width()), m_document.lengthText(shape->height()));
+    }
+    m_selectionLabel->setText(text);
+    m_zoomLabel->setText(tr("%1 %").arg(qRound(m_canvas->zoom() * 100)));
+    setWindowTitle(m_document.property("title").toString());
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "commands/Operations.h"
+#include "model/Document.h"
+#include "model/Selection.h"
+#include "window/Actions.h"
+#include "window/InspectorOwner.h"
+#include "window/Languages.h"
+
+#include <QMainWindow>
+#include <QUndoStack>
+
+class Canvas;
+class InspectorDock;
+class QLabel;
+class QScrollArea;
+struct Options;
+
+/// The window: the canvas, the list of the shapes and the inspector.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(const Options &options);
+    ~MainWindow() override;
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void createDocks(const Options &options);
+    void createMenus();
+    void createToolBar();
+    void connectActions();
+    void connectView();
+    void fill(const Options &options);
+
+    QMenu *addTranslatedMenu(QMenuBar *bar, const char *title);
+    void setLanguage(const QString &language);
+    void setDark(bool dark);
+    double fittingZoom() const;
+    void retranslate();
+    void updateActions();
+    void updateStatus();
+
+    Languages m_languages;
+    Document m_document;
+    Selection m_selection{&m_document};
+    QUndoStack m_undoStack;
+    Operations m_operations{&m_document, &m_selection, &m_undoStack};
+    Actions m_actions;
+    InspectorOwner m_owner{&m_document, &m_selection, &m_operations, &m_actions};
+
+    Canvas *m_canvas;
+    QScrollArea *m_scrollArea;
+    QDockWidget *m_listDock;
+    InspectorDock *m_inspectorDock;
+    QToolBar *m_toolBar;
+    QLabel *m_selectionLabel;
+    QLabel *m_zoomLabel;
+    QList<QPair<QMenu *, const char *>> m_menus;
+};

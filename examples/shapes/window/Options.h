@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QCoreApplication;
+
+/// What the command line asks for.
+struct Options
+{
+    QString screenshot;      ///< the file for a picture of the window; the program exits then
+    QList<int> selectedRows; ///< rows from the bottom, from 0
+    bool selectsAll = false;
+    int tab = 0;         ///< of the inspector
+    int shapeCount = -1; ///< negative for the picture
+    QString description; ///< the folder of the inspector's description; empty for the built-in one
+    QString language = QStringLiteral("en");
+    bool dark = false;
+    int inspectorWidth = 300; ///< pixels
+
+    /// Reads the arguments of the application; ends the program with a message where they make no sense.
+    static Options parse(const QCoreApplication &application);
+};
