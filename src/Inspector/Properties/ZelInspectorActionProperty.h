@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+
+class ZelPushButton;
+
+/// A button that sends the owner the action.
+class ZelInspectorActionProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+public:
+    explicit ZelInspectorActionProperty(QObject *owner);
+    ~ZelInspectorActionProperty() override;
+
+    QString menuItemsKeyPath; ///< carried for subclasses; this editor has no menu
+    ZelPushButton *button() const { return m_button; }
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    QWidget *viewForBaselineAlignment() override;
+
+private:
+    QPointer<ZelPushButton> m_button;
+};

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+
+#include <optional>
+
+class ZelCheckBox;
+
+/// Edits a truth value, or some bits of an integer, with a checkbox.
+class ZelInspectorBooleanProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+public:
+    explicit ZelInspectorBooleanProperty(QObject *owner);
+    ~ZelInspectorBooleanProperty() override;
+
+    /// The bits that the checkbox sets and clears; without them the value itself becomes 1 or 0.
+    std::optional<quint64> bits;
+    ZelCheckBox *checkbox() const { return m_checkbox; }
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    void userDidChangeValue(QObject *sender) override;
+    QWidget *viewForBaselineAlignment() override;
+    bool canTileIntoColumnsWithWidth(double width) override;
+
+private:
+    QPointer<ZelCheckBox> m_checkbox;
+};

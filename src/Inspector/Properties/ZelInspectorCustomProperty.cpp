@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+
+void ZelInspectorCustomProperty::loadView()
+{
+    makeEditorView();
+}

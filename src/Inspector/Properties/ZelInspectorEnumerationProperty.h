@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Inspector/Properties/ZelOptionGroup.h"
+
+#include <optional>
+
+/// The base of editors that choose one value out of a list of options.
+///
+/// The options are, in this order: those of the editor's own pair of key paths, then for each group those of its pair
+/// and its fixed ones. With a bit mask the editor edits only those bits of an unsigned integer; option values are
+/// expected to lie inside the mask.
+class ZelInspectorEnumerationProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(QList<ZelOptionGroup *> optionGroups READ optionGroups WRITE setOptionGroups NOTIFY optionGroupsChanged)
+public:
+    explicit ZelInspectorEnumerationProperty(QObject *owner);
+    ~ZelInspectorEnumerationProperty() override;
+
+    /// True by default; otherwise the editor only displays. Taken over when the view is loaded.
+    bool isEditable() const { return m_editable; }
+    void setEditable(bool editable) { m_editable = editable; }
+    /// The groups become the editor's children unless they have a parent.
+    const QList<ZelOptionGroup *> &optionGroups() const { return m_optionGroups; }
+    void setOptionGroups(const QList<ZelOptionGroup *> &groups);
+    std::optional<quint64> bitMask() const { return m_bitMask; }
+    void setBitMask(std::optional<quint64> bitMask) { m_bitMask = bitMask; }
+    const QString &enumeratedDisplayValuesKeyPath() const { return m_enumeratedDisplayValuesKeyPath; }
+    void setEnumeratedDisplayValuesKeyPath(const QString &keyPath) { m_enumeratedDisplayValuesKeyPath = keyPath; }
+    const QString &enumeratedValuesKeyPath() const { return m_enumeratedValuesKeyPath; }
+    void setEnumeratedValuesKeyPath(const QString &keyPath) { m_enumeratedValuesKeyPath = keyPath; }
+
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+
+    /// Collects the options anew and shows them.
+    virtual void rebuildView() = 0;
+    void startObservationForOptionGroup(ZelOptionGroup *group);
+    void stopObservationForOptionGroup(ZelOptionGroup *group);
+
+Q_SIGNALS:
+    void optionGroupsChanged();
+
+protected:
+    /// One option as the control shows it.
+    struct Choice
+    {
+        QString title;
+        QIcon image;
+        QVariant value;
+        bool hidden = false;
+        bool enabled = true;
+    };
+    /// The options of the editor's own key paths, and those of each group.
+    QList<Choice> ownChoices() const;
+    QList<Choice> choicesOfGroup(const ZelOptionGroup *group) const;
+    /// The value of the selection, reduced to the bits of the mask where there is one.
+    QVariant reducedValue() const;
+    /// Writes the chosen value into every represented object, and reports the change.
+    void writeChoice(const QVariant &value, QObject *sender);
+
+private:
+    QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
+
+    QList<ZelOptionGroup *> m_optionGroups;
+    std::optional<quint64> m_bitMask;
+    QString m_enumeratedDisplayValuesKeyPath;
+    QString m_enumeratedValuesKeyPath;
+    bool m_editable = true;
+};

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Inspector/Properties/ZelUnitNumberFormatter.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelCheckBox.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelSlider.h"
+#include "Platform/Controls/ZelStepper.h"
+#include "Platform/Controls/ZelTextField.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelView.h"
+
+#include <limits>
+
+namespace {
+
+const char g_context = 0;
+constexpr double g_largest = std::numeric_limits<double>::max();
+constexpr int g_maximumFractionDigits[] = {3, 2}; // by format style
+
+} // namespace
+
+ZelInspectorNumberProperty::ZelInspectorNumberProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+    , maximum(g_largest)
+    , minimum(-g_largest)
+{
+}
+
+ZelInspectorNumberProperty::~ZelInspectorNumberProperty()
+{
+    uninstall();
+}
+
+void ZelInspectorNumberProperty::loadView()
+{
+    ZelView *outer = makeEditorView();
+    ZelView *container = nonNilValueTitle.isEmpty() ? outer : new ZelView(outer);
+    if (!ZelCheck(sliderType <= LinearSlider, QStringLiteral("Unexpected case")))
+        sliderType = NoSlider;
+    if (sliderType == LinearSlider)
+        addSlider(container); // before the text field in the order of tabs, as on screen
+    addTextField(container);
+    if (usesStepper())
+        addStepper(container);
+    if (sliderType == CircularSlider)
+        addSlider(container);
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    layOut(container);
+    if (!nonNilValueTitle.isEmpty())
+        addNonNilCheckbox(outer, container);
+}
+
+void ZelInspectorNumberProperty::addTextField(ZelView *container)
+{
+    const auto formatter = std::make_shared<ZelUnitNumberFormatter>();
+    formatter->setUnit(formatUnit);
+    formatter->setMaximumFractionDigits(g_maximumFractionDigits[formatStyle == DecimalStyle]);
+    m_textField = new ZelTextField(container);
+    m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_textField->setFormatter(formatter);
+    m_textField->setAccessibleName(title());
+    ZelEditorLayout::setStretches(m_textField, 1);
+    connect(m_textField, &ZelTextField::action, this, [this] { userDidChangeValue(m_textField); });
+}
+
+void ZelInspectorNumberProperty::addStepper(ZelView *container)
+{
+    m_stepper = new ZelStepper(container);
+    m_stepper->setAccessibleName(title());
+    connect(m_stepper, &ZelStepper::action, this, [this] { userDidChangeValue(m_stepper); });
+}
+
+void ZelInspectorNumberProperty::addSlider(ZelView *container)
+{
+    m_slider = new ZelSlider(sliderType == CircularSlider ? ZelSlider::Circular : ZelSlider::Linear, container);
+    m_slider->setMinValue(0);
+    m_slider->setMaxValue(10);
+    m_slider->setAccessibleName(title());
+    connect(m_slider, &ZelSlider::action, this, [this] { userDidChangeValue(m_slider); });
+}
+
+void ZelInspectorNumberProperty::layOut(ZelView *container)
+{
+    static const QStringList formats[] = {
+        {QStringLiteral("H:|-2-[textField]-1-[stepper]-2-|"), QStringLiteral("V:|-2-[stepper]")},
+        {QStringLiteral("H:|-2-[textField]-3-[slider]-2-|"), QStringLiteral("V:|-2-[slider]")},
+        {QStringLiteral("H:|-2-[slider]-[textField]-1-[stepper]-2-|"), QStringLiteral("V:|-2-[slider(20)]"),
+         QStringLiteral("V:|-2-[stepper]")},
+    };
+    const QHash<QString, QWidget *> views{{QStringLiteral("textField"), m_textField},
+                                          {QStringLiteral("stepper"), m_stepper},
+                                          {QStringLiteral("slider"), m_slider}};
+    ZelEditorLayout::layOutVertically(container, m_textField, m_label);
+    for (const QString &format : formats[sliderType])
+        container->addConstraintsWithVisualFormat(format, views);
+    if (sliderType == LinearSlider) {
+        container->addConstraint(ZelLayoutConstraint::constraintWithItem(m_slider, ZelLayoutConstraint::Right,
+                                                                         ZelLayoutConstraint::Equal, container,
+                                                                         ZelLayoutConstraint::CenterX, 1, -4));
+    }
+}
+
+/// What was built so far is the left half, with the checkbox beside it.
+void ZelInspectorNumberProperty::addNonNilCheckbox(ZelView *container, ZelView *content)
+{
+    m_nonNillCheckbox = new ZelCheckBox(nonNilValueTitle, container);
+    ZelEditorLayout::setStretches(m_nonNillCheckbox);
+    const QHash<QString, QWidget *> views{{QStringLiteral("contentView"), content},
+                                          {QStringLiteral("nonNillCheckbox"), m_nonNillCheckbox}};
+    for (const QString &format :
+         {QStringLiteral("H:|[contentView]-6-[nonNillCheckbox]-2-|"), QStringLiteral("V:|[contentView]|"),
+          QStringLiteral("V:|-0@250-[nonNillCheckbox]-0@250-|")})
+        container->addConstraintsWithVisualFormat(format, views);
+    container->addConstraint(ZelLayoutConstraint::constraintWithItem(m_nonNillCheckbox, ZelLayoutConstraint::Width,
+                                                                     ZelLayoutConstraint::Equal, content,
+                                                                     ZelLayoutConstraint::Width, 1, -4));
+    container->addConstraint(ZelLayoutConstraint::constraintWithItem(m_nonNillCheckbox, ZelLayoutConstraint::Baseline,
+                                                                     ZelLayoutConstraint::Equal, m_textField,
+                                                                     ZelLayoutConstraint::Baseline));
+    connect(m_nonNillCheckbox, &ZelCheckBox::action, this, [this] { toggleNilValue(m_nonNillCheckbox); });
+}
+
+void ZelInspectorNumberProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_textField);
+    bindEnabledKeyPathToControl(m_stepper);
+    bindEnabledKeyPathToControl(m_slider);
+    bindLimits();
+    bindValues();
+    updateView();
+}
+
+void ZelInspectorNumberProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
+}
+
+void ZelInspectorNumberProperty::bindLimits()
+{
+    const QString missing = QStringLiteral("Missing minimum value for number property with slider");
+    ZelCheck(!m_slider || minimum, missing);
+    ZelCheck(!m_slider || maximum, missing);
+    if (m_stepper) {
+        m_stepper->setMinValue(minimum.value_or(-g_largest));
+        m_stepper->setMaxValue(maximum.value_or(g_largest));
+        if (increment)
+            m_stepper->setIncrement(*increment);
+    }
+    if (m_slider) {
+        m_slider->setMinValue(minimum.value_or(m_slider->minValue()));
+        m_slider->setMaxValue(maximum.value_or(m_slider->maxValue()));
+    }
+    const auto bind = [this](QWidget *control, const QString &binding, const QString &keyPath) {
+        if (control && owner() && !keyPath.isEmpty())
+            ZelObservations(this).addBindingWithObject(control, binding, owner(), keyPath, {}, &g_context);
+    };
+    bind(m_stepper, ZelMinValueBinding, minimumKeyPath);
+    bind(m_slider, ZelMinValueBinding, minimumKeyPath);
+    bind(m_stepper, ZelMaxValueBinding, maximumKeyPath);
+    bind(m_slider, ZelMaxValueBinding, maximumKeyPath);
+    bind(m_stepper, ZelIncrementBinding, incrementKeyPath);
+}
+
+void ZelInspectorNumberProperty::bindValues()
+{
+    if (keyPath().isEmpty() || !owner())
+        return;
+    ZelBindingOptions options{{ZelConditionallySetsEditableBindingOption, true}};
+    for (QWidget *control : {static_cast<QWidget *>(m_stepper), static_cast<QWidget *>(m_slider)}) {
+        if (control)
+            ZelObservations(this).addBindingWithObject(control, ZelValueBinding, owner(), keyPath(), options,
+                                                       &g_context);
+    }
+    if (!placeholder.isNull())
+        options.insert(ZelNullPlaceholderBindingOption, placeholder);
+    if (valueTransformer())
+        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(valueTransformer()));
+    ZelObservations(this).addBindingWithObject(m_textField, ZelValueBinding, owner(), keyPath(), options, &g_context);
+    if (m_nonNillCheckbox)
+        observeForUpdate(keyPath(), &g_context);
+}
+
+void ZelInspectorNumberProperty::updateView()
+{
+    if (!m_nonNillCheckbox)
+        return; // the other controls follow their bindings
+    const QVariant value = reflectedValue();
+    if (ZelIsControllerMarker(value))
+        m_nonNillCheckbox->setObjectValue(ZelIsMarker(value, ZelMultipleValuesMarker) ? value : QVariant(false));
+    else
+        m_nonNillCheckbox->setObjectValue(ZelIsNull(value) != nilValueControlIsOffWhenNil);
+}
+
+void ZelInspectorNumberProperty::toggleNilValue(QObject *sender)
+{
+    if (m_nonNillCheckbox->checkState() == Qt::PartiallyChecked)
+        m_nonNillCheckbox->setCheckState(Qt::Checked);
+    const bool isOn = m_nonNillCheckbox->checkState() == Qt::Checked;
+    const bool wantsValue = isOn == nilValueControlIsOffWhenNil;
+    const QPointer<ZelInspectorNumberProperty> alive(this);
+    setReflectedValue(wantsValue ? ZelValueForKeyPath(owner(), nonNilValueKeyPath) : QVariant());
+    if (alive)
+        userDidChangeValue(sender);
+}
+
+QWidget *ZelInspectorNumberProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_textField;
+}
+
+bool ZelInspectorNumberProperty::canTileIntoColumnsWithWidth(double width)
+{
+    view();
+    const QWidget *beside = sliderType == CircularSlider ? static_cast<QWidget *>(m_slider) : m_stepper;
+    if (sliderType == LinearSlider || !beside)
+        return false;
+    const double gaps = sliderType == CircularSlider ? 7 : 5;
+    return width * 0.5 > beside->sizeHint().width() + m_textField->sizeHint().width() + gaps;
+}
+
+bool ZelInspectorNumberProperty::canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const
+{
+    return sliderType != LinearSlider && nonNilValueTitle.isEmpty() &&
+           ZelInspectorProperty::canTileIntoColumnsWithProperty(other);
+}

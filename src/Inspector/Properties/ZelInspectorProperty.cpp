@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorProperty.h"
+
+#include "Observation/ZelDelayedInvocation.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelObjectController.h"
+#include "Platform/Selection/ZelRecordedWrite.h"
+#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelView.h"
+
+namespace {
+
+const char g_context = 0;
+const QString g_selectionSegment = QStringLiteral(".selection.");
+
+template<typename Type> bool store(Type &member, const Type &value)
+{
+    if (member == value)
+        return false;
+    member = value;
+    return true;
+}
+
+QVariant transformed(const ZelValueTransformerPtr &transformer, const QVariant &value)
+{
+    return transformer ? transformer->transformedValue(value) : value;
+}
+
+} // namespace
+
+ZelInspectorProperty::ZelInspectorProperty(QObject *owner)
+    : m_owner(owner)
+{
+    ZelRequire(owner, "owner");
+}
+
+ZelInspectorProperty::~ZelInspectorProperty()
+{
+    uninstall();
+}
+
+void ZelInspectorProperty::setTitleKeyPath(const QString &keyPath)
+{
+    if (store(m_titleKeyPath, keyPath))
+        Q_EMIT titleKeyPathChanged();
+}
+
+void ZelInspectorProperty::setKeyPath(const QString &keyPath)
+{
+    if (store(m_keyPath, keyPath))
+        Q_EMIT keyPathChanged();
+}
+
+void ZelInspectorProperty::setEnabled(bool enabled)
+{
+    if (store(m_enabled, enabled))
+        Q_EMIT enabledChanged();
+}
+
+void ZelInspectorProperty::setEnabledKeyPath(const QString &keyPath)
+{
+    if (store(m_enabledKeyPath, keyPath))
+        Q_EMIT enabledKeyPathChanged();
+}
+
+void ZelInspectorProperty::setActionSelector(const ZelSelector &selector)
+{
+    if (store(m_actionSelector, selector))
+        Q_EMIT actionSelectorChanged();
+}
+
+void ZelInspectorProperty::setActionName(const QString &name)
+{
+    if (store(m_actionName, name))
+        Q_EMIT actionNameChanged();
+}
+
+QVariant ZelInspectorProperty::reflectedValue() const
+{
+    const QVariant value = m_keyPath.isEmpty() ? QVariant() : ZelValueForKeyPath(m_owner.data(), m_keyPath);
+    return transformed(m_valueTransformer, value);
+}
+
+void ZelInspectorProperty::setReflectedValue(const QVariant &value)
+{
+    if (m_keyPath.isEmpty() || !m_owner)
+        return;
+    ZelRecordedWrite(undoManager()).setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
+}
+
+void ZelInspectorProperty::userDidChangeValue(QObject *)
+{
+    if (ZelUndoManager *manager = undoManager())
+        manager->setActionName(m_actionName);
+    if (m_actionSelector.isNull() || !m_owner)
+        return;
+    m_actionSelector.perform(m_owner);
+    ZelRereadSilentProperties(); // whatever the action did
+}
+
+ZelUndoManager *ZelInspectorProperty::undoManager() const
+{
+    return isViewLoaded() ? ZelUndoManager::forWidget(const_cast<ZelInspectorProperty *>(this)->view()) : nullptr;
+}
+
+bool ZelInspectorProperty::keyPathHasControllerSelectionPrefix(const QString &keyPath)
+{
+    return keyPath.contains(g_selectionSegment);
+}
+
+QString ZelInspectorProperty::selectionControllerKeyPathFromKeyPath(const QString &keyPath)
+{
+    const qsizetype at = keyPath.lastIndexOf(g_selectionSegment);
+    return at < 0 ? QString() : keyPath.left(at);
+}
+
+QString ZelInspectorProperty::keyPathByStripingControllerSelectionPrefix(const QString &keyPath)
+{
+    const qsizetype at = keyPath.lastIndexOf(g_selectionSegment);
+    return at < 0 ? keyPath : keyPath.mid(at + g_selectionSegment.size());
+}
+
+QList<QObject *> ZelInspectorProperty::representedObjectsForControllerSelectionKeyPath(const QString &keyPath) const
+{
+    const QString controllerKeyPath = selectionControllerKeyPathFromKeyPath(keyPath);
+    if (!ZelCheck(!controllerKeyPath.isEmpty(),
+                  QStringLiteral("No controller selection key path available for %1").arg(keyPath)))
+        return {};
+    QObject *controller = ZelObject(ZelValueForKeyPath(m_owner.data(), controllerKeyPath));
+    if (const auto *known = qobject_cast<ZelObjectController *>(controller))
+        return known->selectedObjects();
+    QList<QObject *> objects;
+    const QVariantList selected = ZelList(ZelValueForKey(controller, "selectedObjects"));
+    for (const QVariant &value : selected) {
+        if (QObject *object = ZelObject(value))
+            objects.append(object);
+    }
+    return objects;
+}
+
+QVariant ZelInspectorProperty::combinedValueWithValue(const QVariant &value, const QVariant &previousValue)
+{
+    if (ZelIsMarker(value, ZelMultipleValuesMarker) || ZelIsMarker(previousValue, ZelMultipleValuesMarker))
+        return QVariant::fromValue(ZelMultipleValuesMarker);
+    if (ZelIsMarker(value, ZelNoSelectionMarker))
+        return previousValue;
+    if (ZelIsMarker(previousValue, ZelNoSelectionMarker))
+        return value;
+    return ZelNotEqual(value, previousValue) ? QVariant::fromValue(ZelMultipleValuesMarker) : previousValue;
+}
+
+QVariant ZelInspectorProperty::valueForValueBitMask(const QVariant &value, quint64 bitMask)
+{
+    if (ZelIsNull(value))
+        return {};
+    return ZelIsControllerMarker(value) ? value : QVariant(value.toULongLong() & bitMask);
+}
+
+QVariant ZelInspectorProperty::valueForValueBits(const QVariant &value, quint64 bits)
+{
+    if (ZelIsNull(value))
+        return {};
+    return ZelIsControllerMarker(value) ? value : QVariant((value.toULongLong() & bits) != 0 ? 1 : 0);
+}
+
+QVariant ZelInspectorProperty::combinedReflectedValue(const ValueBlock &map) const
+{
+    QVariant combined = QVariant::fromValue(ZelNoSelectionMarker);
+    if (!keyPathHasControllerSelectionPrefix(m_keyPath))
+        return combinedValueWithValue(map(reflectedValue()), combined);
+    const ZelKeyPath key = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    const QList<QObject *> objects = representedObjectsForControllerSelectionKeyPath(m_keyPath);
+    for (const QObject *object : objects) {
+        if (!ZelHasKey(object, key.first()))
+            return QVariant::fromValue(ZelNotApplicableMarker);
+        const QVariant value = transformed(m_valueTransformer, ZelValueForKeyPath(object, key));
+        combined = combinedValueWithValue(map(value), combined);
+        if (ZelIsMarker(combined, ZelMultipleValuesMarker))
+            break; // nothing brings it back to one value
+    }
+    return combined;
+}
+
+void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
+{
+    if (!ZelRequire(bool(block), "block", "src/Inspector/Properties/ZelInspectorProperty+ZelHelpers.cpp"))
+        return;
+    if (m_keyPath.isEmpty() || !m_owner)
+        return;
+    const bool isSelection = keyPathHasControllerSelectionPrefix(m_keyPath);
+    const QList<QObject *> objects =
+        isSelection ? representedObjectsForControllerSelectionKeyPath(m_keyPath) : QList<QObject *>{m_owner};
+    const QString key = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    QList<QObject *> changed;
+    QVariantList values;
+    for (QObject *object : objects) {
+        if (isSelection && !ZelHasKey(object, ZelKeyPath(key).first()))
+            continue;
+        const QVariant old = transformed(m_valueTransformer, ZelValueForKeyPath(object, key));
+        const QVariant value = block(old);
+        if (ZelEqual(value, old))
+            continue;
+        changed.append(object);
+        values.append(m_valueTransformer ? m_valueTransformer->reverseTransformedValue(value) : value);
+    }
+    QObject *controller =
+        isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
+                    : nullptr;
+    const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller));
+    ZelRecordedWrite(undoManager()).setValuesForKey(changed, values, ZelKey(key));
+}
+
+QWidget *ZelInspectorProperty::viewForBaselineAlignment()
+{
+    return view();
+}
+
+bool ZelInspectorProperty::canTileIntoColumnsWithWidth(double)
+{
+    return false;
+}
+
+bool ZelInspectorProperty::canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const
+{
+    return other && other->metaObject() == metaObject();
+}
+
+ZelDelayedInvocation &ZelInspectorProperty::updateViewInvocation()
+{
+    if (!m_updateViewInvocation) {
+        m_updateViewInvocation =
+            std::make_unique<ZelDelayedInvocation>([property = QPointer<ZelInspectorProperty>(this)] {
+                if (property)
+                    property->updateView();
+            });
+    }
+    return *m_updateViewInvocation;
+}
+
+void ZelInspectorProperty::cancelUpdateView()
+{
+    if (m_updateViewInvocation)
+        m_updateViewInvocation->cancel();
+}
+
+void ZelInspectorProperty::observeForUpdate(const QString &keyPath, const void *context)
+{
+    if (keyPath.isEmpty() || !m_owner)
+        return;
+    ZelObservations(this).addObservationWithObject(
+        m_owner, keyPath, 0,
+        [property = QPointer<ZelInspectorProperty>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {
+            if (property)
+                property->updateViewInvocation().schedule();
+        },
+        context);
+}
+
+void ZelInspectorProperty::bindEnabledKeyPathToControl(QWidget *control)
+{
+    if (!control)
+        return;
+    control->setEnabled(m_enabled);
+    if (m_enabledKeyPath.isEmpty() || !m_owner)
+        return;
+    ZelBindingOptions options;
+    if (m_enabledValueTransformer)
+        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(m_enabledValueTransformer));
+    ZelObservations(this).addBindingWithObject(control, ZelEnabledBinding, m_owner, m_enabledKeyPath, options,
+                                               &g_context);
+}
+
+bool ZelInspectorProperty::isEffectivelyEnabled() const
+{
+    if (enabledKeyPath().isEmpty())
+        return isEnabled();
+    QVariant value = ZelValueForKeyPath(owner(), enabledKeyPath());
+    if (enabledValueTransformer())
+        value = enabledValueTransformer()->transformedValue(value);
+    return !ZelIsControllerMarker(value) && value.toBool();
+}
+
+void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding, const void *context)
+{
+    if (titled && m_owner && !m_titleKeyPath.isEmpty())
+        ZelObservations(this).addBindingWithObject(titled, binding, m_owner, m_titleKeyPath, {}, context);
+}
+
+void ZelInspectorProperty::viewWillUninstall()
+{
+    ZelViewController::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+ZelView *ZelInspectorProperty::makeEditorView()
+{
+    auto *container = new ZelView;
+    container->setFont(ZelControlSize::smallFont());
+    setView(container);
+    return container;
+}

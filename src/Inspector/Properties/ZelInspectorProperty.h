@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelAbstractValueTransformer.h"
+#include "Platform/Runtime/ZelSelector.h"
+#include "ViewController/ZelViewController.h"
+
+#include <functional>
+#include <memory>
+
+class ZelDelayedInvocation;
+class ZelUndoManager;
+
+/// The base of every property editor: shows one value of what an inspector edits and writes changes of it back.
+///
+/// An editor knows its owner, held weakly, and evaluates all its key paths against it. A key path that runs through a
+/// selection controller consists of the controller's key path, ".selection." and the key path below each selected
+/// object; the controller then answers for all of them. Between viewDidInstall and viewWillUninstall the editor follows
+/// the model: a change schedules updateView, which runs once however many changes there were.
+class ZelInspectorProperty : public ZelViewController
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *owner READ owner CONSTANT)
+    Q_PROPERTY(QString titleKeyPath READ titleKeyPath WRITE setTitleKeyPath NOTIFY titleKeyPathChanged)
+    Q_PROPERTY(QString keyPath READ keyPath WRITE setKeyPath NOTIFY keyPathChanged)
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(QString enabledKeyPath READ enabledKeyPath WRITE setEnabledKeyPath NOTIFY enabledKeyPathChanged)
+    Q_PROPERTY(ZelSelector actionSelector READ actionSelector WRITE setActionSelector NOTIFY actionSelectorChanged)
+    Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
+public:
+    /// The owner is required: a missing one is an assertion.
+    explicit ZelInspectorProperty(QObject *owner);
+    ~ZelInspectorProperty() override;
+
+    QObject *owner() const { return m_owner; }
+
+    /// The key path of a title that may change; the title itself otherwise.
+    const QString &titleKeyPath() const { return m_titleKeyPath; }
+    void setTitleKeyPath(const QString &keyPath);
+    /// The key path of the edited value.
+    const QString &keyPath() const { return m_keyPath; }
+    void setKeyPath(const QString &keyPath);
+    /// Applied between the value in the model and the value shown. Must let selection markers pass.
+    const ZelValueTransformerPtr &valueTransformer() const { return m_valueTransformer; }
+    void setValueTransformer(const ZelValueTransformerPtr &transformer) { m_valueTransformer = transformer; }
+    /// True by default. Taken over by the controls when the view is installed.
+    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled);
+    /// The key path of a value that enables the controls, through the transformer where there is one.
+    const QString &enabledKeyPath() const { return m_enabledKeyPath; }
+    void setEnabledKeyPath(const QString &keyPath);
+    const ZelValueTransformerPtr &enabledValueTransformer() const { return m_enabledValueTransformer; }
+    void setEnabledValueTransformer(const ZelValueTransformerPtr &transformer)
+    {
+        m_enabledValueTransformer = transformer;
+    }
+    /// Sent to the owner after every change by the user.
+    const ZelSelector &actionSelector() const { return m_actionSelector; }
+    void setActionSelector(const ZelSelector &selector);
+    /// Names the undo step of every change by the user.
+    const QString &actionName() const { return m_actionName; }
+    void setActionName(const QString &name);
+
+    ZelView *mainView() { return view(); }
+
+    // Access to the value
+    /// The value at the key path, transformed; absent without a key path or owner.
+    QVariant reflectedValue() const;
+    /// Writes the value, transformed forward, at the key path, recorded for undo. Editors whose transformer is not its
+    /// own inverse use updateReflectedValues.
+    void setReflectedValue(const QVariant &value);
+    /// Names the undo step and sends the action. Editors call it after they have written what the user changed.
+    virtual void userDidChangeValue(QObject *sender);
+
+    // Key paths through a selection controller, split at the last ".selection."
+    static bool keyPathHasControllerSelectionPrefix(const QString &keyPath);
+    static QString selectionControllerKeyPathFromKeyPath(const QString &keyPath);
+    static QString keyPathByStripingControllerSelectionPrefix(const QString &keyPath);
+    /// The selected objects of the controller in the key path; a key path without a controller is an assertion.
+    QList<QObject *> representedObjectsForControllerSelectionKeyPath(const QString &keyPath) const;
+
+    // Reduction of a selection's values, and writing to each object
+    using ValueBlock = std::function<QVariant(const QVariant &)>;
+    /// Folds one more value into a running result that starts as ZelNoSelectionMarker.
+    static QVariant combinedValueWithValue(const QVariant &value, const QVariant &previousValue);
+    /// The bits of the value inside the mask; absent for no value, markers as they are.
+    static QVariant valueForValueBitMask(const QVariant &value, quint64 bitMask);
+    /// 1 where any of the bits is set in the value, else 0; absent for no value, markers as they are.
+    static QVariant valueForValueBits(const QVariant &value, quint64 bits);
+    /// Writes the block's answer for each object's own value into that object; equal answers are not written. The key
+    /// below the selection must be a single one.
+    void updateReflectedValues(const ValueBlock &block);
+    /// Each represented object's transformed value mapped by the block, folded into one; without a selection in the key
+    /// path, the reflected value is the only one.
+    QVariant combinedReflectedValue(const ValueBlock &map) const;
+
+    // What a row asks of its editors
+    virtual QWidget *viewForBaselineAlignment();
+    /// A further vertical offset for that alignment, in points.
+    virtual double baselineOffsetFromView() const { return 0; }
+    /// Whether two such editors fit side by side into a row of that width, in points.
+    virtual bool canTileIntoColumnsWithWidth(double width);
+    /// Whether the editor may share a row with the other one: those of the very same class.
+    virtual bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const;
+
+    /// Shows the model's present state.
+    virtual void updateView() {}
+
+    void viewWillUninstall() override;
+
+Q_SIGNALS:
+    void titleKeyPathChanged();
+    void keyPathChanged();
+    void enabledChanged();
+    void enabledKeyPathChanged();
+    void actionSelectorChanged();
+    void actionNameChanged();
+
+protected:
+    /// Guards the editor's own writes: updateView does nothing meanwhile.
+    class UpdatingValues
+    {
+    public:
+        explicit UpdatingValues(ZelInspectorProperty *property)
+            : m_property(property)
+        {
+            ++property->m_updatingValues;
+        }
+        ~UpdatingValues()
+        {
+            if (m_property)
+                --m_property->m_updatingValues;
+        }
+        Q_DISABLE_COPY_MOVE(UpdatingValues)
+
+    private:
+        QPointer<ZelInspectorProperty> m_property;
+    };
+    bool isUpdatingValues() const { return m_updatingValues > 0; }
+
+    /// The coalesced call of updateView, made when it is first scheduled.
+    ZelDelayedInvocation &updateViewInvocation();
+    void cancelUpdateView();
+    /// Schedules updateView at every change of the owner's value at the key path; nothing for an empty one.
+    void observeForUpdate(const QString &keyPath, const void *context);
+    /// The control's enabled state is `enabled`, or follows enabledKeyPath.
+    void bindEnabledKeyPathToControl(QWidget *control);
+    /// What the controls' enabled state is by `enabled` and enabledKeyPath; a selection marker counts as no.
+    bool isEffectivelyEnabled() const;
+    /// Binds the title (of a label, or of a checkbox) to titleKeyPath, if there is one.
+    void bindTitle(QWidget *titled, const QString &binding, const void *context);
+    /// The undo manager of the window in which the view is; null if there is none.
+    ZelUndoManager *undoManager() const;
+    /// A view for the editor's controls, already the controller's, with the small control font.
+    ZelView *makeEditorView();
+
+private:
+    QPointer<QObject> m_owner;
+    QString m_titleKeyPath;
+    QString m_keyPath;
+    ZelValueTransformerPtr m_valueTransformer;
+    ZelValueTransformerPtr m_enabledValueTransformer;
+    QString m_enabledKeyPath;
+    QString m_actionName;
+    ZelSelector m_actionSelector;
+    std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
+    int m_updatingValues = 0;
+    bool m_enabled = true;
+};

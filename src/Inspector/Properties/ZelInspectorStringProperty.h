@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+
+class ZelGrowingTextField;
+class ZelLabel;
+
+/// Edits a text with a field that grows with its content.
+class ZelInspectorStringProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+public:
+    explicit ZelInspectorStringProperty(QObject *owner);
+    ~ZelInspectorStringProperty() override;
+
+    bool allowsNilValues = false; ///< whether an empty field means no value
+    bool editable = true;
+    QString placeholder;
+    ZelGrowingTextField *textField() const { return m_textField; }
+    ZelLabel *label() const { return m_label; }
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    void userDidChangeValue(QObject *sender) override;
+    QWidget *viewForBaselineAlignment() override;
+
+private:
+    QPointer<ZelGrowingTextField> m_textField;
+    QPointer<ZelLabel> m_label;
+};

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Observation/ZelDelayedInvocation.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Controls/ZelPopUpButton.h"
+#include "Platform/Controls/ZelTextField.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "ViewController/ZelView.h"
+
+namespace {
+const char g_context = 0;
+}
+
+ZelInspectorTextEnumerationProperty::ZelInspectorTextEnumerationProperty(QObject *owner)
+    : ZelInspectorEnumerationProperty(owner)
+{
+}
+
+ZelInspectorTextEnumerationProperty::~ZelInspectorTextEnumerationProperty()
+{
+    uninstall();
+}
+
+void ZelInspectorTextEnumerationProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    if (isEditable()) {
+        m_popUpButton = new ZelPopUpButton(container);
+        m_popUpButton->setAccessibleName(title());
+        ZelEditorLayout::setStretches(m_popUpButton, 100);
+        connect(m_popUpButton, &ZelPopUpButton::action, this, [this] { userDidChangeValue(m_popUpButton); });
+    } else {
+        m_textField = new ZelTextField(container);
+        m_textField->setLabelStyle(true);
+        m_textField->setAccessibleName(title());
+        ZelEditorLayout::setStretches(m_textField, 1);
+    }
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    ZelEditorLayout::layOut(container, viewForBaselineAlignment(), m_label);
+}
+
+void ZelInspectorTextEnumerationProperty::viewDidInstall()
+{
+    ZelInspectorEnumerationProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_popUpButton);
+    observeForUpdate(keyPath(), &g_context);
+    updateView();
+}
+
+void ZelInspectorTextEnumerationProperty::viewWillUninstall()
+{
+    ZelInspectorEnumerationProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+ZelMenuItem *ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
+{
+    auto *item =
+        new ZelMenuItem(choice.title.isNull() ? QStringLiteral("") : choice.title, choice.image, choice.value, this);
+    item->setHidden(choice.hidden);
+    item->setEnabled(choice.enabled);
+    m_options.append(item);
+    return item;
+}
+
+/// The tail of the menu survives rebuilds; what of it is shown follows the value.
+void ZelInspectorTextEnumerationProperty::addFixedItems()
+{
+    const auto make = [this](const char *key) {
+        auto *item = new ZelMenuItem(ZelLocalizedString(QString::fromLatin1(key)), this);
+        item->setEnabled(false);
+        return item;
+    };
+    if (!m_separatorItem) {
+        m_separatorItem = ZelMenuItem::separatorItem(this);
+        m_noSelectionItem = make("No Selection");
+        m_multipleValuesItem = make("Multiple Values");
+    }
+    m_items << m_separatorItem << m_noSelectionItem << m_multipleValuesItem;
+}
+
+void ZelInspectorTextEnumerationProperty::rebuildView()
+{
+    const QList<ZelMenuItem *> former = std::exchange(m_options, {});
+    m_items.clear();
+    const QList<Choice> own = ownChoices();
+    for (const Choice &choice : own)
+        m_items.append(addItem(choice));
+    for (const ZelOptionGroup *group : optionGroups()) {
+        if (!m_items.isEmpty()) {
+            m_options.append(ZelMenuItem::separatorItem(this));
+            m_items.append(m_options.last());
+        }
+        const QList<Choice> choices = choicesOfGroup(group);
+        for (const Choice &choice : choices)
+            m_items.append(addItem(choice));
+    }
+    addFixedItems();
+    if (m_popUpButton)
+        m_popUpButton->setItems(QList<QAction *>(m_items.begin(), m_items.end()));
+    qDeleteAll(former);
+    if (isViewInstalled())
+        updateViewInvocation().schedule();
+}
+
+ZelMenuItem *ZelInspectorTextEnumerationProperty::menuItemForValue(const QVariant &value) const
+{
+    for (ZelMenuItem *item : m_options) {
+        if (!item->isSeparator() && ZelEqual(item->representedObject(), value))
+            return item;
+    }
+    return nullptr;
+}
+
+void ZelInspectorTextEnumerationProperty::showItem(ZelMenuItem *item)
+{
+    const bool isNone = item == m_noSelectionItem;
+    const bool isMultiple = item == m_multipleValuesItem;
+    m_separatorItem->setHidden(!isNone && !isMultiple);
+    m_noSelectionItem->setHidden(!isNone);
+    m_multipleValuesItem->setHidden(!isMultiple);
+    if (m_popUpButton)
+        m_popUpButton->selectItem(item);
+    if (m_textField)
+        m_textField->setObjectValue(item->title());
+}
+
+void ZelInspectorTextEnumerationProperty::updateView()
+{
+    if (isUpdatingValues() || !m_noSelectionItem)
+        return;
+    const QVariant value = reducedValue();
+    const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
+    const bool isNone = ZelIsNull(value) || (ZelIsControllerMarker(value) && !isMultiple);
+    ZelMenuItem *item = isMultiple ? m_multipleValuesItem : isNone ? nullptr : menuItemForValue(value);
+    showItem(item ? item : m_noSelectionItem);
+    if (m_popUpButton)
+        m_popUpButton->setEnabled(!isNone && isEffectivelyEnabled());
+}
+
+void ZelInspectorTextEnumerationProperty::userDidChangeValue(QObject *sender)
+{
+    const auto *item = qobject_cast<ZelMenuItem *>(m_popUpButton ? m_popUpButton->selectedItem() : nullptr);
+    if (!item || !m_options.contains(const_cast<ZelMenuItem *>(item)))
+        return;
+    const QPointer<ZelInspectorTextEnumerationProperty> alive(this);
+    writeChoice(item->representedObject(), sender);
+    if (alive && isViewInstalled())
+        updateViewInvocation().schedule();
+}
+
+QWidget *ZelInspectorTextEnumerationProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_popUpButton ? static_cast<QWidget *>(m_popUpButton) : m_textField;
+}

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QIcon>
+#include <QObject>
+#include <QVariant>
+
+/// One fixed choice of an enumeration.
+class ZelOption : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool hidden MEMBER hidden)
+    Q_PROPERTY(bool enabled MEMBER enabled)
+    Q_PROPERTY(QIcon image MEMBER image)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QVariant value MEMBER value)
+public:
+    using QObject::QObject;
+
+    bool hidden = false; ///< its menu item is hidden; segments are never hidden
+    bool enabled = true;
+    QIcon image;
+    QString title;
+    QVariant value; ///< what the model holds for this choice
+};

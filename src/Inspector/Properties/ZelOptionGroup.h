@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelOption.h"
+
+#include <QList>
+
+/// Choices of an enumeration that are shown together: those that two key paths give, then fixed ones. A group owns its
+/// options unless they have a parent.
+class ZelOptionGroup : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString enumeratedDisplayValuesKeyPath MEMBER enumeratedDisplayValuesKeyPath)
+    Q_PROPERTY(QString enumeratedValuesKeyPath MEMBER enumeratedValuesKeyPath)
+public:
+    using QObject::QObject;
+
+    /// Key path, against the editor's owner, of a list of texts or icons, and of the values in the same order.
+    QString enumeratedDisplayValuesKeyPath;
+    QString enumeratedValuesKeyPath;
+
+    const QList<ZelOption *> &options() const { return m_options; }
+    void setOptions(const QList<ZelOption *> &options)
+    {
+        m_options = options;
+        for (ZelOption *option : m_options) {
+            if (!option->parent())
+                option->setParent(this);
+        }
+    }
+
+private:
+    QList<ZelOption *> m_options;
+};

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelNumberFormatter.h"
+
+/// Numbers with a unit: shown behind the number, not edited, and understood where it is typed.
+class ZelUnitNumberFormatter : public ZelNumberFormatter
+{
+public:
+    /// Appended as it stands, with any leading space; null for none.
+    const QString &unit() const { return m_unit; }
+    void setUnit(const QString &unit) { m_unit = unit; }
+
+    QString stringForObjectValue(const QVariant &value) const override;
+    QString editingStringForObjectValue(const QVariant &value) const override;
+    bool objectValueForString(const QString &text, QVariant *value, QString *error) const override;
+    Range unitRange(const QString &text) const override;
+
+private:
+    QString m_unit;
+};

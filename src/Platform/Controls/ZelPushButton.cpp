@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelPushButton.h"
+
+#include "Platform/Controls/ZelControlSupport.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+ZelPushButton::ZelPushButton(QWidget *parent)
+    : ZelPushButton(QString(), parent)
+{
+}
+
+ZelPushButton::ZelPushButton(const QString &title, QWidget *parent)
+    : QPushButton(title, parent)
+{
+    ZelControlSupport::prepare();
+    setAutoDefault(false);
+}
+
+QSize ZelPushButton::minimumSizeHint() const
+{
+    const QSize hint = sizeHint();
+    const int titleWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    const int ellipsis = fontMetrics().horizontalAdvance(QChar(0x2026));
+    return {std::max(0, hint.width() - titleWidth + std::min(titleWidth, ellipsis)), hint.height()};
+}
+
+int ZelPushButton::titleWidth() const
+{
+    QStyleOptionButton option;
+    QPushButton::initStyleOption(&option);
+    const int frame = style()->pixelMetric(QStyle::PM_ButtonMargin, &option, this);
+    const int image = icon().isNull() ? 0 : iconSize().width() + 4;
+    return width() - frame - image;
+}
+
+void ZelPushButton::initStyleOption(QStyleOptionButton *option) const
+{
+    QPushButton::initStyleOption(option);
+    option->text = fontMetrics().elidedText(text(), Qt::ElideRight, titleWidth(), Qt::TextShowMnemonic);
+}
+
+void ZelPushButton::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButton, option);
+}
+
+bool ZelPushButton::event(QEvent *event)
+{
+    const bool isElided = fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth();
+    return (isElided && ZelControlSupport::showToolTip(event, this, text())) || QPushButton::event(event);
+}

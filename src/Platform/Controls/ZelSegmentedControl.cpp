@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelSegmentedControl.h"
+
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+#include <QToolTip>
+
+namespace {
+constexpr int g_margin = 4; // around an image, in points
+}
+
+ZelSegmentedControl::ZelSegmentedControl(QWidget *parent)
+    : QWidget(parent)
+{
+    ZelControlSupport::prepare();
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+}
+
+void ZelSegmentedControl::setSegmentCount(qsizetype count)
+{
+    m_segments.resize(std::max<qsizetype>(count, 0));
+    m_pressed = -1;
+    updateGeometry();
+    update();
+}
+
+void ZelSegmentedControl::setImage(qsizetype segment, const QIcon &image)
+{
+    m_segments[segment].image = image;
+    update();
+}
+
+void ZelSegmentedControl::setSegmentEnabled(qsizetype segment, bool enabled)
+{
+    m_segments[segment].enabled = enabled;
+    update();
+}
+
+void ZelSegmentedControl::setSegmentToolTip(qsizetype segment, const QString &toolTip)
+{
+    m_segments[segment].toolTip = toolTip;
+}
+
+QRect ZelSegmentedControl::segmentRect(qsizetype segment) const
+{
+    // Neighbours share an edge however the width divides.
+    const int count = int(m_segments.size());
+    const int left = int(segment) * width() / count;
+    const int right = int(segment + 1) * width() / count;
+    const QRect rect(left, 0, right - left, height());
+    return QStyle::visualRect(layoutDirection(), this->rect(), rect);
+}
+
+qsizetype ZelSegmentedControl::segmentAt(const QPoint &position) const
+{
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        if (segmentRect(i).contains(position))
+            return i;
+    }
+    return -1;
+}
+
+qsizetype ZelSegmentedControl::selectedSegment() const
+{
+    return ZelIsNumber(m_selectedIndex) ? m_selectedIndex.toLongLong() : -1;
+}
+
+void ZelSegmentedControl::setSelectedIndex(const QVariant &index)
+{
+    if (ZelEqual(index, m_selectedIndex))
+        return;
+    m_selectedIndex = index;
+    update();
+    Q_EMIT selectedIndexChanged();
+}
+
+void ZelSegmentedControl::setEditable(bool editable)
+{
+    if (m_editable == editable)
+        return;
+    m_editable = editable;
+    update();
+    Q_EMIT editableChanged();
+}
+
+double ZelSegmentedControl::baselineOffsetForHeight(double height) const
+{
+    return (height + ZelControlSize::imageSide) / 2 - 2;
+}
+
+QSize ZelSegmentedControl::sizeHint() const
+{
+    const int side = ZelControlSize::imageSide + 2 * g_margin;
+    return {int(m_segments.size()) * (side + g_margin), side};
+}
+
+QSize ZelSegmentedControl::minimumSizeHint() const
+{
+    return {int(m_segments.size()) * (ZelControlSize::imageSide + 2), sizeHint().height()};
+}
+
+void ZelSegmentedControl::choose(qsizetype segment)
+{
+    if (segment < 0 || !m_segments.at(segment).enabled || segment == selectedSegment())
+        return;
+    const QPointer<ZelSegmentedControl> alive(this);
+    setSelectedIndex(segment);
+    if (alive)
+        ZelControlSupport::reportEdit(this);
+}
+
+bool ZelSegmentedControl::event(QEvent *event)
+{
+    if (!m_editable && ZelControlSupport::isInput(event)) {
+        event->ignore();
+        return false;
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const qsizetype segment = segmentAt(static_cast<QHelpEvent *>(event)->pos());
+        if (segment >= 0 && !m_segments.at(segment).toolTip.isEmpty()) {
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_segments.at(segment).toolTip, this);
+            return true;
+        }
+    }
+    if (ZelControlSupport::endsMouseGrab(event, this))
+        m_pressed = -1;
+    return QWidget::event(event);
+}
+
+void ZelSegmentedControl::changeEvent(QEvent *event)
+{
+    update();
+    QWidget::changeEvent(event);
+}
+
+void ZelSegmentedControl::keyPressEvent(QKeyEvent *event)
+{
+    const int forward = layoutDirection() == Qt::RightToLeft ? Qt::Key_Left : Qt::Key_Right;
+    const int backward = layoutDirection() == Qt::RightToLeft ? Qt::Key_Right : Qt::Key_Left;
+    const int direction = event->key() == forward ? 1 : event->key() == backward ? -1 : 0;
+    if (direction == 0) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const qsizetype selected = selectedSegment();
+    qsizetype segment = selected < 0 ? (direction > 0 ? 0 : m_segments.size() - 1) : selected + direction;
+    while (segment >= 0 && segment < m_segments.size() && !m_segments.at(segment).enabled)
+        segment += direction;
+    if (segment >= 0 && segment < m_segments.size())
+        choose(segment);
+}
+
+void ZelSegmentedControl::mousePressEvent(QMouseEvent *event)
+{
+    const qsizetype segment = segmentAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || segment < 0 || !m_segments.at(segment).enabled)
+        return;
+    m_pressed = segment;
+    m_isInside = true;
+    update();
+}
+
+void ZelSegmentedControl::mouseMoveEvent(QMouseEvent *event)
+{
+    m_isInside = m_pressed >= 0 && segmentAt(event->position().toPoint()) == m_pressed;
+    update();
+}
+
+void ZelSegmentedControl::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const qsizetype segment = std::exchange(m_pressed, -1);
+    update();
+    if (segment >= 0 && segmentAt(event->position().toPoint()) == segment)
+        choose(segment);
+}
+
+void ZelSegmentedControl::initStyleOption(QStyleOptionToolButton *option, qsizetype segment) const
+{
+    const Segment &shown = m_segments.at(segment);
+    option->initFrom(this);
+    option->rect = segmentRect(segment);
+    option->icon = shown.image;
+    option->iconSize = ZelControlSize::imageSize;
+    option->toolButtonStyle = Qt::ToolButtonIconOnly;
+    option->subControls = QStyle::SC_ToolButton;
+    option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == std::max<qsizetype>(selectedSegment(), 0));
+    option->state.setFlag(QStyle::State_MouseOver, false);
+    option->state.setFlag(QStyle::State_Enabled, isEnabled() && m_editable && shown.enabled);
+    option->state.setFlag(QStyle::State_On, segment == selectedSegment());
+    option->state.setFlag(QStyle::State_Sunken, segment == m_pressed && m_isInside);
+    option->state.setFlag(QStyle::State_Raised, !(option->state & (QStyle::State_On | QStyle::State_Sunken)));
+}
+
+void ZelSegmentedControl::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        QStyleOptionToolButton option;
+        initStyleOption(&option, i);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    }
+}
