@@ -18,11 +18,13 @@ QByteArray description(int properties)
             text += "    <section title=\"Geometry\" visibleKeyPath=\"selection.hasGeometry\">\n        <sliver>\n";
         const QByteArray number = QByteArray::number(i);
         if (i % 2)
-            text += "            <property type=\"boolean\" title=\"Visible\" keyPath=\"selection.visible" + number + "\"/>\n";
+            text += "            <property type=\"boolean\" title=\"Visible\" keyPath=\"selection.visible" + number +
+                    "\"/>\n";
         else
-            text += "            <property type=\"number\" title=\"Width &amp; more\" keyPath=\"selection.width" + number
-                    + "\" minimum=\"0\" maximum=\"1000\" increment=\"0.5\" formatStyle=\"decimal\" formatUnit=\"pt\" "
-                      "enabledKeyPath=\"selection.editable\" actionName=\"Change Width\"/>\n";
+            text += "            <property type=\"number\" title=\"Width &amp; more\" keyPath=\"selection.width" +
+                    number +
+                    "\" minimum=\"0\" maximum=\"1000\" increment=\"0.5\" formatStyle=\"decimal\" formatUnit=\"pt\" "
+                    "enabledKeyPath=\"selection.editable\" actionName=\"Change Width\"/>\n";
         if (i % 20 == 19 || i == properties - 1)
             text += "        </sliver>\n    </section>\n";
     }
