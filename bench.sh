@@ -8,7 +8,7 @@ root=$(cd "$(dirname "$0")" && pwd)
 "$root/tools/install-packages.sh"
 (
     cd "$root"
-    cmake --preset release --log-level=WARNING
+    cmake --preset release > /dev/null
     cmake --build --preset release --target zel_bench
 ) >&2
 exec "$root/build/release/benchmarks/zel_bench" "$@"

@@ -7,7 +7,7 @@ root=$(cd "$(dirname "$0")" && pwd)
 "$root/tools/install-packages.sh"
 (
     cd "$root"
-    cmake --preset release -Wno-dev --log-level=WARNING
+    cmake --preset release > /dev/null
     cmake --build --preset release --target zel_shapes
 ) >&2
 exec "$root/build/release/examples/shapes/zel_shapes" "$@"

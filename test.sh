@@ -7,6 +7,6 @@ cd "$(dirname "$0")"
 [ $# -gt 0 ] || set -- -LE check
 
 tools/install-packages.sh
-cmake --preset dev --log-level=WARNING
+cmake --preset dev > /dev/null
 cmake --build --preset dev
 ctest --test-dir build/dev --output-on-failure --parallel "$(nproc)" "$@"

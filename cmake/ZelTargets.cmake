@@ -7,11 +7,15 @@ target_compile_options(zel_flags INTERFACE -Wall -Wextra -Wpedantic -Wno-missing
 target_compile_definitions(zel_flags INTERFACE QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_NO_KEYWORDS)
 
 function(zel_use_pch target)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         if(NOT TARGET zel_pch)
             file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/zel_pch.cpp CONTENT "")
             add_library(zel_pch OBJECT ${CMAKE_BINARY_DIR}/zel_pch.cpp)
             set_target_properties(zel_pch PROPERTIES AUTOMOC OFF AUTORCC OFF)
+            if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+                # The same header gives the same file, so that ccache knows it again.
+                target_compile_options(zel_pch PRIVATE -Xclang -fno-pch-timestamp)
+            endif()
             target_link_libraries(zel_pch PRIVATE zel_flags Qt6::Widgets Qt6::Concurrent)
             target_precompile_headers(zel_pch PRIVATE <QtCore> <QtWidgets> <algorithm> <functional> <memory> <optional>
                                       <unordered_map> <vector>)

@@ -14,5 +14,11 @@ zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_he
 zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${PROJECT_BINARY_DIR}/install-check
           -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER} -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
 
+# Builds the fuzz targets, and runs each for a bounded time.
+if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
+    zel_check(fuzz tools/fuzz.sh)
+    set_tests_properties(check_fuzz PROPERTIES RUN_SERIAL ON)
+endif()
+
 # They build something in parallel themselves; one at a time keeps the machine for them.
 set_tests_properties(check_headers check_install PROPERTIES RUN_SERIAL ON)
