@@ -11,10 +11,11 @@
 /// another encoding than UTF-8, a document type declaration wherever it stands, too many attributes in one tag. On the
 /// way it notes where the start tags are, which the parser does not tell.
 ///
-/// The parser builds the entities of a document type declaration before it reports the declaration (nested ones keep it
-/// busy for minutes), and compares each attribute with all others of its tag. The scan knows just enough of XML to tell
-/// markup from comments and quoted texts. Where a document is not well-formed it may see markup in other places than
-/// the parser does, but only behind the place where the parser stops with an error.
+/// The parser resolves what a document type declaration declares before it reports the declaration: an attribute's
+/// default of nested empty entities keeps it busy for minutes, as its own limit counts characters and not steps. It
+/// also compares each attribute with all others of its tag. The scan stands in front of both, and knows just enough of
+/// XML to tell markup from comments and quoted texts. Where a document is not well-formed it may see markup in other
+/// places than the parser does, but only behind the place where the parser stops with an error.
 class ZelXmlPrescan
 {
 public:
