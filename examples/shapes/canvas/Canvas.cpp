@@ -198,6 +198,10 @@ void Canvas::paintSelection(QPainter &painter, const QList<Shape *> &shapes) con
     for (const Shape *shape : shapes) {
         if (!m_selection->contains(shape))
             continue;
+        if (ShapePainter::isSpot(*shape, m_zoom)) {
+            painter.fillRect(shape->rect(), palette().color(QPalette::Highlight));
+            continue;
+        }
         const QPolygonF frame = ShapeGeometry::frame(*shape);
         for (int i = 0; i < 4; ++i) {
             lines.append(QLineF(frame[i], frame[(i + 1) % 4]));

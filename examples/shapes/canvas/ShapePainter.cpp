@@ -37,11 +37,16 @@ ShapePainter::ShapePainter(QPainter *painter)
 {
 }
 
+bool ShapePainter::isSpot(const Shape &shape, double scale)
+{
+    // Nobody can tell what it is, and a spot costs a hundredth of an outline.
+    return qMax(shape.width(), shape.height()) * scale < 3;
+}
+
 void ShapePainter::paint(const Shape &shape)
 {
     m_painter->setOpacity(shape.opacity());
-    if (qMax(shape.width(), shape.height()) * m_scale < 3) {
-        // Nobody can tell what it is: a spot of its colour costs a hundredth.
+    if (isSpot(shape, m_scale)) {
         m_painter->fillRect(shape.rect(), shape.isFillEnabled() ? shape.fillColor() : shape.strokeColor());
         return;
     }

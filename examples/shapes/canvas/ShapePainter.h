@@ -12,6 +12,8 @@ public:
     explicit ShapePainter(QPainter *painter);
 
     void paint(const Shape &shape);
+    /// Whether the shape is so small at this scale, in pixels for each point, that it is painted as a spot.
+    static bool isSpot(const Shape &shape, double scale);
 
 private:
     void paintOutline(const Shape &shape);

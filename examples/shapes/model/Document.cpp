@@ -107,6 +107,7 @@ void Document::setPageSize(const QSizeF &size)
 
 void Document::setUnits(Units units)
 {
+    units = qBound(Points, units, Inches);
     if (m_units == units)
         return;
     m_units = units;

@@ -69,7 +69,7 @@ public:
     int id() const { return m_id; }
 
     Kind kind() const { return m_kind; }
-    void setKind(Kind kind) { change(m_kind, kind, &Shape::kindChanged); }
+    void setKind(Kind kind) { change(m_kind, qBound(Rectangle, kind, Text), &Shape::kindChanged); }
     QString name() const { return m_name; }
     void setName(const QString &name) { change(m_name, name, &Shape::nameChanged); }
     /// Invalid is no note.
@@ -114,11 +114,11 @@ public:
     double strokeWidth() const { return m_strokeWidth; }
     void setStrokeWidth(double width) { change(m_strokeWidth, qBound(0.1, width, 200.0), &Shape::strokeWidthChanged); }
     LineCap lineCap() const { return m_lineCap; }
-    void setLineCap(LineCap cap) { change(m_lineCap, cap); }
+    void setLineCap(LineCap cap) { change(m_lineCap, qBound(FlatCap, cap, SquareCap)); }
     LineJoin lineJoin() const { return m_lineJoin; }
-    void setLineJoin(LineJoin join) { change(m_lineJoin, join); }
+    void setLineJoin(LineJoin join) { change(m_lineJoin, qBound(MiterJoin, join, BevelJoin)); }
     Dash dash() const { return m_dash; }
-    void setDash(Dash dash) { change(m_dash, dash); }
+    void setDash(Dash dash) { change(m_dash, qBound(Solid, dash, DashDotted)); }
     /// Down and to the right, in points; invalid is no shadow.
     QVariant shadowOffset() const { return m_shadowOffset; }
     void setShadowOffset(const QVariant &offset);

@@ -4,6 +4,8 @@
 #include "model/Selection.h"
 #include "window/ShapeListModel.h"
 
+#include <QSet>
+
 ShapeListSelectionModel::ShapeListSelectionModel(ShapeListModel *model, Selection *selection, QObject *parent)
     : QItemSelectionModel(model, parent)
     , m_model(model)
@@ -30,9 +32,13 @@ void ShapeListSelectionModel::select(const QItemSelection &rows, SelectionFlags 
         if (range.isValid())
             shapes += m_model->shapesIn(range.top(), range.bottom());
     }
-    if (command & Toggle) {
+    if (command & Deselect) {
+        const QSet<Shape *> deselected(shapes.cbegin(), shapes.cend());
+        shapes = m_base;
+        shapes.removeIf([&](Shape *shape) { return deselected.contains(shape); });
+        m_selection->set(shapes);
+    } else if (command & Toggle) {
         m_selection->toggle(shapes);
-        m_base = m_selection->shapes();
     } else {
         m_selection->set(m_base + shapes);
     }

@@ -6,6 +6,7 @@
 #include "window/ShapeListModel.h"
 #include "window/ShapeListSelectionModel.h"
 
+#include <QEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -58,4 +59,16 @@ void ShapeListView::selectionChangedInDocument()
         scrollTo(index);
     }
     viewport()->update();
+}
+
+QItemSelectionModel::SelectionFlags ShapeListView::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    // Toggling is settled here: the base class would ask the selection model, which keeps nothing.
+    QItemSelectionModel::SelectionFlags command = QListView::selectionCommand(index, event);
+    if (!(command & QItemSelectionModel::Toggle) || !index.isValid())
+        return command;
+    if (!event || event->type() != QEvent::MouseMove)
+        m_deselects = m_selection->contains(m_model->shapeAt(index));
+    command.setFlag(QItemSelectionModel::Toggle, false);
+    return command | (m_deselects ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
 }

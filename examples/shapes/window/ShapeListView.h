@@ -14,9 +14,13 @@ class ShapeListView : public QListView
 public:
     ShapeListView(Document *document, Selection *selection, QWidget *parent = nullptr);
 
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
+
 private:
     void selectionChangedInDocument();
 
     Selection *m_selection;
     ShapeListModel *m_model;
+    mutable bool m_deselects = false; // by a press with the Control key, and the moves after it
 };
