@@ -46,6 +46,6 @@ protected:
 private:
     ZelExpandableHeader *m_header;
     QPointer<QWidget> m_bodyView;
-    QList<ZelLayoutConstraint::Ptr> m_bodyConstraints;
+    QList<ZelLayoutConstraint::Ptr> m_viewConstraints;
     bool m_expanded = true;
 };

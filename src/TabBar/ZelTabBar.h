@@ -5,9 +5,12 @@
 #include "TabBar/ZelTabBarDelegate.h"
 #include "TabBar/ZelTabBarItem.h"
 
+#include <QHash>
 #include <QList>
+#include <QSharedPointer>
 
 class QShortcut;
+class ZelBlockObservation;
 class ZelButtonMatrix;
 
 /// A row of image buttons, one for each item, exactly one of them selected.
@@ -63,7 +66,13 @@ protected:
     void stopObservationOfItem(ZelTabBarItem *item);
 
 private:
-    void itemsDidChange(const QList<ZelTabBarItem *> &added, const QList<ZelTabBarItem *> &removed);
+    struct ItemObservation
+    {
+        QList<QSharedPointer<ZelBlockObservation>> keys;
+        QMetaObject::Connection end;
+    };
+    void itemsDidChange();
+    void itemWasDestroyed(ZelTabBarItem *item);
     void updateShortcuts();
     void selectFirstEnabledItem(const QKeySequence &sequence);
 
@@ -74,4 +83,6 @@ private:
     bool m_delegateIsObject = false;
     QPointer<ZelButtonMatrix> m_matrix;
     QList<QShortcut *> m_shortcuts;
+    // Filed here and not on the items, which may die first.
+    QHash<ZelTabBarItem *, ItemObservation> m_itemObservations;
 };

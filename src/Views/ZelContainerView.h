@@ -6,7 +6,8 @@
 
 /// Shows the view of one controller, filling the container, while the container is installed.
 ///
-/// The container's size hints are those of the view. The controller belongs to its QObject parent.
+/// The container is as large as the view wants to be. The controller belongs to its QObject parent; the view of one
+/// that dies stays until there is another.
 class ZelContainerView : public ZelView
 {
     Q_OBJECT
@@ -23,14 +24,8 @@ public:
     /// Puts the view of the new controller, if there is one, in the place of the old one's.
     void updateChildView(ZelViewController *oldViewController, ZelViewController *newViewController);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
-
     void viewDidInstall() override;
     void viewWillUninstall() override;
-    void layoutSubviews() override;
     bool drawsContent() const override;
 
 Q_SIGNALS:
@@ -40,6 +35,8 @@ protected:
     ZelView *newInstance() const override { return new ZelContainerView; }
 
 private:
-    const QWidget *shownView() const;
     QPointer<ZelViewController> m_childViewController;
+    QPointer<ZelViewController> m_shownViewController; // the observed change may name one that has died
+    QPointer<ZelView> m_shownView;
+    QList<ZelLayoutConstraint::Ptr> m_childConstraints;
 };

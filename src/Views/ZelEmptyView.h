@@ -57,7 +57,7 @@ private:
     void setUp();
 
     QString m_title;
-    QFont m_titleFont;
+    QFont m_titleFont; // the application's
     ZelColor m_titleColor;
     ZelColor m_titleBackgroundColor;
     bool m_forceShow = true;

@@ -6,6 +6,9 @@
 
 #include <QHash>
 #include <QMarginsF>
+#include <QSharedPointer>
+
+class ZelBlockObservation;
 
 /// Lines up its subviews in one direction, in their order; a hidden subview leaves the line with its spacing.
 ///
@@ -65,9 +68,8 @@ protected:
 private:
     struct Axis; // the attributes along and across the line
     const Axis &axis() const;
-    double leadingInset() const;
     double trailingInset() const;
-    void addNeighbourConstraints(QWidget *subview, QWidget *previous);
+    void addConstraintsOfSubview(QWidget *view, QWidget *previous);
     void addTrailingConstraints(QWidget *last);
     void subviewDidHideOrShow(QWidget *subview);
 
@@ -77,4 +79,6 @@ private:
     bool m_equalSizes = false;
     QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
     QHash<QWidget *, ZelLayoutConstraint::Ptr> m_compressionConstraints;
+    // Filed here and not on the subviews, which may die first.
+    QHash<QWidget *, QSharedPointer<ZelBlockObservation>> m_hiddenObservations;
 };

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "ExpandableViews/ZelExpandableHeader.h"
+
+#include "ExpandableViews/ZelExpandableHeaderAccessible.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+constexpr int triangleLeft = 6;
+constexpr int triangleLength = 8;
+constexpr int textLeft = 20;
+constexpr int textMargin = 4;
+
+QColor withAlpha(QColor color, double alpha)
+{
+    color.setAlphaF(float(alpha));
+    return color;
+}
+
+} // namespace
+
+ZelExpandableHeader::ZelExpandableHeader(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    ZelExpandableHeaderAccessible::install();
+    QFont bold;
+    bold.setBold(true); // the rest follows the parent
+    setFont(bold);
+    setCheckable(true);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void ZelExpandableHeader::setStyle(quint32 style)
+{
+    m_style = style;
+    update();
+}
+
+QSize ZelExpandableHeader::sizeHint() const
+{
+    return QSize(textLeft + fontMetrics().horizontalAdvance(text()) + textMargin,
+                 fontMetrics().height() + 2 * textMargin);
+}
+
+QSize ZelExpandableHeader::minimumSizeHint() const
+{
+    return QSize(textLeft + textMargin, sizeHint().height());
+}
+
+QRect ZelExpandableHeader::fromLeft(const QRect &rect) const
+{
+    return QStyle::visualRect(layoutDirection(), this->rect(), rect);
+}
+
+void ZelExpandableHeader::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    drawBackground(painter);
+    drawTriangle(painter);
+    const QPalette::ColorGroup group = !isEnabled()       ? QPalette::Disabled
+                                       : isActiveWindow() ? QPalette::Active
+                                                          : QPalette::Inactive;
+    painter.setPen(palette().color(group, QPalette::WindowText));
+    const QRect place = fromLeft(rect().adjusted(textLeft, 0, -textMargin, 0));
+    painter.drawText(place,
+                     int(Qt::AlignVCenter | (layoutDirection() == Qt::LeftToRight ? Qt::AlignLeft : Qt::AlignRight)),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+}
+
+void ZelExpandableHeader::drawBackground(QPainter &painter) const
+{
+    const QColor text = palette().color(QPalette::WindowText);
+    if (m_style == 1) {
+        painter.fillRect(rect(), withAlpha(text, isActiveWindow() ? 0.08 : 0.05));
+        painter.fillRect(0, 0, width(), 1, withAlpha(text, 0.18));
+        painter.fillRect(0, height() - 1, width(), 1, withAlpha(text, 0.12));
+    }
+    if (isDown())
+        painter.fillRect(rect(), withAlpha(text, 0.1));
+    if (!hasFocus())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 3, 3);
+    painter.restore();
+}
+
+void ZelExpandableHeader::drawTriangle(QPainter &painter) const
+{
+    const QRect place = fromLeft(QRect(triangleLeft, (height() - triangleLength) / 2, triangleLength, triangleLength));
+    QPolygonF triangle{QPointF(-2.5, -4), QPointF(3.5, 0), QPointF(-2.5, 4)}; // towards the text
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(QRectF(place).center());
+    if (layoutDirection() == Qt::RightToLeft)
+        painter.scale(-1, 1);
+    if (isChecked())
+        painter.rotate(90);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(withAlpha(palette().color(QPalette::WindowText), isEnabled() ? 0.65 : 0.3));
+    painter.drawPolygon(triangle);
+    painter.restore();
+}
+
+void ZelExpandableHeader::keyPressEvent(QKeyEvent *event)
+{
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (((event->key() == Qt::Key_Right) == leftToRight) != isChecked())
+            click();
+        return;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+bool ZelExpandableHeader::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update();
+    return QAbstractButton::event(event);
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+
+/// The title of a ZelExpandableView with its disclosure triangle. Checked means expanded.
+///
+/// A click, Space and Return toggle; the arrow key towards the triangle folds, the other unfolds.
+class ZelExpandableHeader : public QAbstractButton
+{
+    Q_OBJECT
+public:
+    explicit ZelExpandableHeader(QWidget *parent = nullptr);
+
+    quint32 style() const { return m_style; }
+    void setStyle(quint32 style);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    void drawBackground(QPainter &painter) const;
+    void drawTriangle(QPainter &painter) const;
+    QRect fromLeft(const QRect &rect) const;
+
+    quint32 m_style = 0;
+};

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "TabBar/ZelTabBarButtonCell.h"
+
+#include <QPainter>
+#include <QPalette>
+
+namespace {
+
+constexpr int imageLength = 16;
+constexpr double bezelRadius = 4;
+
+QColor withAlpha(QColor color, double alpha)
+{
+    color.setAlphaF(float(alpha));
+    return color;
+}
+
+} // namespace
+
+void ZelTabBarButtonCell::draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawBezel(painter, rect, state, palette);
+    drawImage(painter, rect, state, palette);
+    if (state & Focused) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette.color(QPalette::Highlight), 2));
+        painter.drawRoundedRect(rect.adjusted(3, 2, -3, -2), bezelRadius, bezelRadius);
+    }
+    painter.restore();
+}
+
+void ZelTabBarButtonCell::drawBezel(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
+{
+    const QRectF bezel = rect.adjusted(3, 2, -3, -2);
+    const bool accented = state.testFlag(WindowActive) && state.testFlag(Enabled);
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor accent = accented ? palette.color(QPalette::Highlight) : text;
+    painter.setPen(Qt::NoPen);
+    if (state & Pressed) {
+        painter.setBrush(withAlpha(text, 0.28));
+        painter.drawRoundedRect(bezel, bezelRadius, bezelRadius);
+    } else if (state & Selected && bordered) {
+        painter.setPen(withAlpha(accent, accented ? 0.55 : 0.25));
+        painter.setBrush(withAlpha(accent, accented ? 0.24 : 0.12));
+        painter.drawRoundedRect(bezel.adjusted(0.5, 0.5, -0.5, -0.5), bezelRadius, bezelRadius);
+    } else if (state & Selected) {
+        painter.fillRect(QRectF(rect.left() + 4, rect.bottom() - 2, rect.width() - 8, 2), withAlpha(accent, 0.9));
+    }
+}
+
+void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
+{
+    const QIcon &shown = state & Pressed && !alternateImage.isNull() ? alternateImage : image;
+    if (shown.isNull())
+        return;
+    QRectF place(0, 0, imageLength, imageLength);
+    place.moveCenter(rect.center());
+    const QRect target(place.topLeft().toPoint(), QSize(imageLength, imageLength));
+    if (!(state & Enabled))
+        painter.setOpacity(0.35);
+    if (!shown.isMask()) {
+        shown.paint(&painter, target);
+        return;
+    }
+    // A template image is a shape: it takes the accent when it is selected.
+    const bool accented = state.testFlag(Selected) && state.testFlag(WindowActive) && state.testFlag(Enabled);
+    QPixmap shape = shown.pixmap(target.size(), painter.device()->devicePixelRatio());
+    QPainter tint(&shape);
+    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor quiet = withAlpha(text, state & Selected || state & Pressed ? 1 : 0.75);
+    tint.fillRect(QRect(QPoint(), target.size()), accented ? palette.color(QPalette::Highlight) : quiet);
+    tint.end();
+    QRectF drawn(QPointF(), shape.deviceIndependentSize());
+    drawn.moveCenter(QRectF(target).center());
+    painter.drawPixmap(drawn.topLeft(), shape);
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+class QPainter;
+class QPalette;
+
+/// One button of a ZelButtonMatrix: what it shows and how it looks. A value, not a widget.
+struct ZelTabBarButtonCell
+{
+    enum StateFlag { Selected = 1, Pressed = 2, Focused = 4, WindowActive = 8, Enabled = 16 };
+    Q_DECLARE_FLAGS(State, StateFlag)
+
+    QIcon image;
+    QIcon alternateImage; ///< shown while the button is pressed, if there is one
+    QString toolTip;
+    QString keyEquivalent = QStringLiteral("");
+    Qt::KeyboardModifiers keyEquivalentModifierMask;
+    bool enabled = true;
+    bool bordered = true; ///< a bezel marks the selected button, otherwise a line below it
+
+    void draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
+
+private:
+    void drawBezel(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
+    void drawImage(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
+};
+Q_DECLARE_OPERATORS_FOR_FLAGS(ZelTabBarButtonCell::State)
