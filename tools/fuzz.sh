@@ -6,13 +6,9 @@ set -eu
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
 build=build/fuzz
-launcher=$(command -v ccache || true)
 
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
-    -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g1" \
-    -DCMAKE_CXX_FLAGS="-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined" \
-    -DZEL_BUILD_FUZZERS=ON -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF >/dev/null
-cmake --build "$build" --parallel 2 --target fuzz_description
+cmake --preset fuzz > /dev/null
+cmake --build --preset fuzz --target fuzz_description
 
 mkdir -p "$build/corpus" "$build/findings"
 QT_QPA_PLATFORM=offscreen "$build/tests/fuzz/fuzz_description" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 \
