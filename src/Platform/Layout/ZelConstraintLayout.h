@@ -5,7 +5,12 @@
 
 #include <QLayout>
 
+#include <memory>
+
 /// How a child resists being made larger (hugging) or smaller (compression) than its size hint.
+///
+/// Where nothing was set, a child with a constraint layout resists as its contents do, and one whose size policy is to
+/// expand has a hugging of 1. A size policy that forbids to grow or to shrink counts 999, whatever was set.
 struct ZelLayoutPriorities
 {
     ZelLayoutPriority horizontalHugging = 250;
@@ -46,6 +51,11 @@ public:
     /// height: a ZelBaselineProvider is asked, then the style's metrics of Qt's own controls; the bottom otherwise.
     static double baselineOffset(const QWidget *widget, double height);
 
+    /// How the parent widget resists through its contents.
+    ZelLayoutPriorities resistance() const;
+    /// Where a child goes in its parent when that has the size, which need not be laid out yet.
+    static QRect geometryWithin(const QWidget *child, const QSize &parentSize);
+
     // QLayout
     void addItem(QLayoutItem *item) override;
     int count() const override;
@@ -60,6 +70,11 @@ public:
     Qt::Orientations expandingDirections() const override;
 
 private:
+    friend class ZelLayoutConstraint;
+    void constantDidChange(const ZelLayoutConstraint &constraint);
+    void priorityDidChange();
+    void tellAncestors() const;
+
     struct Private; // the solver is heavy
     std::unique_ptr<Private> d;
 };

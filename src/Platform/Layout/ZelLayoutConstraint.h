@@ -15,12 +15,28 @@ inline constexpr ZelLayoutPriority ZelLayoutPriorityRequired = 1000;
 
 /// A linear relation between two attributes of widgets: first = multiplier * second + constant (or <=, >=).
 ///
+/// Both attributes are of one axis. A missing item, a priority out of range and attributes of two axes are assertions,
+/// after which there is no constraint.
+///
 /// Coordinates are those of the view that holds the constraint: x to the right, y downwards, in points. A constraint is
 /// shared; constant and priority may be changed while it is installed, and the layout follows.
 class ZelLayoutConstraint
 {
 public:
-    enum Attribute { NotAnAttribute, Left, Right, Top, Bottom, Leading, Trailing, Width, Height, CenterX, CenterY, Baseline };
+    enum Attribute {
+        NotAnAttribute,
+        Left,
+        Right,
+        Top,
+        Bottom,
+        Leading,
+        Trailing,
+        Width,
+        Height,
+        CenterX,
+        CenterY,
+        Baseline
+    };
     enum Relation { LessThanOrEqual = -1, Equal = 0, GreaterThanOrEqual = 1 };
     using Ptr = QSharedPointer<ZelLayoutConstraint>;
 
@@ -49,6 +65,9 @@ public:
 
 private:
     friend class ZelConstraintLayout;
+    friend class ZelLayoutSystem;
+    static bool isVertical(Attribute attribute);
+
     QPointer<QWidget> m_firstItem;
     QPointer<QWidget> m_secondItem;
     Attribute m_firstAttribute = NotAnAttribute;
@@ -58,4 +77,6 @@ private:
     double m_constant = 0;
     ZelLayoutPriority m_priority = ZelLayoutPriorityRequired;
     ZelConstraintLayout *m_layout = nullptr; // where it is installed
+    int m_place = -1;                        // in the layout's compiled axis; -1 if it is not in use
+    bool m_isConflictReported = false;
 };

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Layout/ZelConstraintLayout.h"
+
+#include "Platform/Layout/ZelLayoutSystem.h"
+#include "Platform/Layout/ZelTextBaseline.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+struct ZelConstraintLayout::Private
+{
+    explicit Private(QWidget *container)
+        : system(container)
+    {
+    }
+
+    ZelLayoutSystem system;
+    bool isPlacing = false;
+};
+
+namespace {
+
+/// True while children are placed; the layout may die meanwhile.
+class PlacingGuard
+{
+public:
+    PlacingGuard(ZelConstraintLayout *layout, bool &flag)
+        : m_layout(layout)
+        , m_flag(flag)
+    {
+        m_flag = true;
+    }
+    ~PlacingGuard()
+    {
+        if (m_layout)
+            m_flag = false;
+    }
+    Q_DISABLE_COPY_MOVE(PlacingGuard)
+
+    bool isLayoutAlive() const { return m_layout; }
+
+private:
+    QPointer<ZelConstraintLayout> m_layout;
+    bool &m_flag;
+};
+
+} // namespace
+
+ZelConstraintLayout::ZelConstraintLayout(QWidget *parent)
+    : QLayout(parent)
+    , d(std::make_unique<Private>(parent))
+{
+    setContentsMargins(0, 0, 0, 0);
+}
+
+ZelConstraintLayout::~ZelConstraintLayout()
+{
+    for (const ZelLayoutConstraint::Ptr &constraint : d->system.constraints())
+        constraint->m_layout = nullptr;
+}
+
+ZelConstraintLayout *ZelConstraintLayout::of(QWidget *widget)
+{
+    return widget->layout() ? qobject_cast<ZelConstraintLayout *>(widget->layout()) : new ZelConstraintLayout(widget);
+}
+
+// ---- constraints
+
+void ZelConstraintLayout::addConstraint(const ZelLayoutConstraint::Ptr &constraint)
+{
+    addConstraints({constraint});
+}
+
+void ZelConstraintLayout::addConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    for (const ZelLayoutConstraint::Ptr &constraint : constraints) {
+        if (!constraint || constraint->m_layout == this)
+            continue;
+        if (constraint->m_layout)
+            constraint->m_layout->removeConstraint(constraint);
+        constraint->m_layout = this;
+        d->system.add(constraint);
+    }
+    invalidate();
+}
+
+void ZelConstraintLayout::removeConstraint(const ZelLayoutConstraint::Ptr &constraint)
+{
+    removeConstraints({constraint});
+}
+
+void ZelConstraintLayout::removeConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    bool isAny = false;
+    for (const ZelLayoutConstraint::Ptr &constraint : constraints) {
+        if (!constraint || constraint->m_layout != this)
+            continue;
+        constraint->m_layout = nullptr;
+        isAny = true;
+    }
+    if (!isAny)
+        return;
+    d->system.sweep(this);
+    invalidate();
+}
+
+const QList<ZelLayoutConstraint::Ptr> &ZelConstraintLayout::constraints() const
+{
+    return d->system.constraints();
+}
+
+void ZelConstraintLayout::constantDidChange(const ZelLayoutConstraint &constraint)
+{
+    d->system.constantDidChange(constraint);
+    invalidate();
+}
+
+void ZelConstraintLayout::priorityDidChange()
+{
+    d->system.constraintsDidChange();
+    invalidate();
+}
+
+// ---- children
+
+ZelLayoutPriorities ZelConstraintLayout::priorities(const QWidget *child)
+{
+    return ZelLayoutItem::priorities(child);
+}
+
+void ZelConstraintLayout::setPriorities(QWidget *child, const ZelLayoutPriorities &priorities)
+{
+    ZelLayoutItem::setPriorities(child, priorities);
+    if (const QWidget *parent = child->parentWidget()) {
+        if (auto *layout = qobject_cast<ZelConstraintLayout *>(parent->layout()))
+            layout->invalidate();
+    }
+}
+
+double ZelConstraintLayout::baselineOffset(const QWidget *widget, double height)
+{
+    return ZelTextBaseline(widget, height);
+}
+
+ZelLayoutPriorities ZelConstraintLayout::resistance() const
+{
+    return d->system.resistance();
+}
+
+QRect ZelConstraintLayout::geometryWithin(const QWidget *child, const QSize &parentSize)
+{
+    const auto *layout = qobject_cast<ZelConstraintLayout *>(child->parentWidget()->layout());
+    return layout ? layout->d->system.geometryOf(child, parentSize) : child->geometry();
+}
+
+/// Widgets become items by being named in a constraint; one that is only added is left alone.
+void ZelConstraintLayout::addItem(QLayoutItem *item)
+{
+    ZelCheck(item->widget(), QStringLiteral("A constraint layout holds widgets only"));
+    delete item;
+}
+
+int ZelConstraintLayout::count() const
+{
+    return int(d->system.items().size());
+}
+
+QLayoutItem *ZelConstraintLayout::itemAt(int index) const
+{
+    return index >= 0 && index < count() ? d->system.items()[size_t(index)].get() : nullptr;
+}
+
+QLayoutItem *ZelConstraintLayout::takeAt(int index)
+{
+    if (index < 0 || index >= count())
+        return nullptr;
+    return d->system.takeItem(size_t(index)).release();
+}
+
+// ---- sizes
+
+QSize ZelConstraintLayout::sizeHint() const
+{
+    return d->system.sizeHint().grownBy(contentsMargins());
+}
+
+QSize ZelConstraintLayout::minimumSize() const
+{
+    return d->system.minimumSize().grownBy(contentsMargins());
+}
+
+bool ZelConstraintLayout::hasHeightForWidth() const
+{
+    return d->system.isHeightForWidth();
+}
+
+int ZelConstraintLayout::heightForWidth(int width) const
+{
+    const QMargins margins = contentsMargins();
+    return d->system.heightForWidth(width - margins.left() - margins.right()) + margins.top() + margins.bottom();
+}
+
+Qt::Orientations ZelConstraintLayout::expandingDirections() const
+{
+    const ZelLayoutPriorities strength = resistance();
+    const auto yields = [](ZelLayoutPriority hugging) { return hugging >= 1 && hugging < 250; };
+    Qt::Orientations directions;
+    directions.setFlag(Qt::Horizontal, yields(strength.horizontalHugging));
+    directions.setFlag(Qt::Vertical, yields(strength.verticalHugging));
+    return directions;
+}
+
+void ZelConstraintLayout::setGeometry(const QRect &rect)
+{
+    QLayout::setGeometry(rect);
+    if (d->isPlacing)
+        return;
+    const QRect contents = rect.marginsRemoved(contentsMargins());
+    const std::vector<QRect> places = d->system.geometries(contents.size());
+    {
+        const PlacingGuard guard(this, d->isPlacing);
+        const int generation = d->system.generation();
+        for (size_t i = 0; i < places.size(); ++i) {
+            QWidget *child = d->system.items()[i]->widget();
+            const QRect place = places[i].translated(contents.topLeft());
+            if (!child || child->geometry() == place)
+                continue;
+            child->setGeometry(place);
+            if (!guard.isLayoutAlive())
+                return;
+            if (d->system.generation() != generation)
+                break; // there are other items now
+        }
+    }
+    // Children whose own layout ran have announced a change each; a new pass is due only if one wants something else.
+    if (d->system.update())
+        QLayout::invalidate();
+}
+
+void ZelConstraintLayout::invalidate()
+{
+    d->system.childrenDidChange();
+    tellAncestors();
+    if (!d->isPlacing)
+        QLayout::invalidate();
+}
+
+/// Qt tells a parent's layout of a change when the widget is shown, which is too late for one who asks before.
+void ZelConstraintLayout::tellAncestors() const
+{
+    for (const QWidget *widget = parentWidget(); widget && !widget->isWindow(); widget = widget->parentWidget()) {
+        const QWidget *parent = widget->parentWidget();
+        const auto *layout = parent ? qobject_cast<ZelConstraintLayout *>(parent->layout()) : nullptr;
+        if (!layout || !layout->d->system.childrenDidChange())
+            return;
+    }
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Layout/ZelLayoutAxis.h"
+#include "Platform/Layout/ZelLayoutItem.h"
+
+/// The children and constraints of one container, brought down to its two axes, and their solutions.
+///
+/// Everything is read lazily: a change only marks what must be read again, and a solution stays valid until something
+/// that it depends on is really different. Horizontal lengths are found first; the heights depend on them.
+class ZelLayoutSystem
+{
+public:
+    explicit ZelLayoutSystem(QWidget *container)
+        : m_container(container)
+    {
+    }
+
+    const QList<ZelLayoutConstraint::Ptr> &constraints() const { return m_constraints; }
+    void add(const ZelLayoutConstraint::Ptr &constraint);
+    /// Removes all constraints that do not belong to the layout any more.
+    void sweep(const ZelConstraintLayout *layout);
+    const std::vector<std::unique_ptr<ZelLayoutItem>> &items() const { return m_items; }
+    std::unique_ptr<ZelLayoutItem> takeItem(size_t index);
+    /// Differs as soon as the items do.
+    int generation() const { return m_generation; }
+
+    void constraintsDidChange() { m_isCompiled = false; }
+    void constantDidChange(const ZelLayoutConstraint &constraint);
+    /// What the children want must be read again. False if that was known.
+    bool childrenDidChange() { return !std::exchange(m_haveChildrenChanged, true); }
+
+    /// Reads what must be read again; true if something is different from before.
+    bool update();
+    QSize sizeHint();
+    QSize minimumSize();
+    bool isHeightForWidth();
+    int heightForWidth(int width);
+    ZelLayoutPriorities resistance();
+    /// The places of the items in a container of that size.
+    std::vector<QRect> geometries(const QSize &size);
+    QRect geometryOf(const QWidget *child, const QSize &size);
+
+private:
+    /// An operand whose offset in its box must be measured.
+    struct Measured
+    {
+        int constraint = 0; // on the axis
+        bool isSecond = false;
+        QPointer<QWidget> widget;
+        ZelLayoutConstraint::Attribute attribute = ZelLayoutConstraint::NotAnAttribute;
+        int box = 0;
+    };
+    /// One axis with what was found out on it.
+    struct Side
+    {
+        ZelLayoutAxis axis;
+        ZelLayoutBoxes boxes;
+        std::vector<Measured> measured;
+        std::vector<ZelLayoutConstraint *> sources; // of the axis' constraints
+        ZelLayoutSpans spans;
+        double spansLength = -1;
+    };
+
+    bool refreshItems();
+    void forgetSolutions();
+    void compile();
+    void dropDead();
+    bool compileConstraint(ZelLayoutConstraint &constraint, Side &side, ZelAxisConstraint &compiled);
+    bool compileOperand(QWidget *widget, ZelLayoutConstraint::Attribute attribute, Measured &measured,
+                        ZelAxisConstraint::Operand &operand);
+    QWidget *directChild(QWidget *descendant) const;
+    int itemFor(QWidget *child);
+    bool isMirrored(const ZelLayoutConstraint &constraint) const;
+    Side &sideOf(const ZelLayoutConstraint &constraint);
+
+    const ZelLayoutSpans &horizontal(int width);
+    const ZelLayoutSpans &vertical(const QSize &size);
+    const ZelLayoutBoxes &verticalBoxes(int width);
+    QSize fittingSize(const ZelLayoutBoxes &widths, const ZelLayoutBoxes *heights);
+    double fittingHeight(const ZelLayoutBoxes &boxes, int width);
+    bool measure(Side &side, const ZelLayoutSpans &widths, const ZelLayoutSpans &heights);
+    double measureOffset(const Measured &measured, const QSize &boxSize) const;
+    void reportConflicts(Side &side);
+
+    QWidget *m_container;
+    QList<ZelLayoutConstraint::Ptr> m_constraints;
+    std::vector<std::unique_ptr<ZelLayoutItem>> m_items; // in the order in which constraints name them
+    QHash<const QWidget *, int> m_indexes;
+    std::vector<std::unique_ptr<ZelLayoutItem>> m_formerItems; // while compiling
+    QHash<const QWidget *, int> m_formerIndexes;
+    Side m_horizontal;
+    Side m_vertical;
+    ZelLayoutBoxes m_boxesForWidth; // the vertical boxes where they depend on the width
+    int m_boxesWidth = -1;
+    Qt::LayoutDirection m_direction = Qt::LeftToRight;
+    int m_generation = 0;
+    bool m_isCompiled = false;
+    bool m_isComplete = true; // no constraint names a widget from elsewhere
+    bool m_haveChildrenChanged = true;
+    bool m_hasHeightForWidth = false;
+    int m_spansWidth = -1; // that the vertical spans are for
+
+    std::optional<QSize> m_sizeHint;
+    std::optional<QSize> m_minimumSize;
+    std::optional<ZelLayoutPriorities> m_resistance;
+    std::vector<std::pair<int, int>> m_heights; // for widths
+};

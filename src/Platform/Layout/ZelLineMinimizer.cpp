@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Layout/ZelLineMinimizer.h"
+
+#include <algorithm>
+#include <cmath>
+
+// The sum of misses of a level is convex and made of straight pieces that meet where a goal is met exactly. Its least
+// values are therefore found by walking through these points while the slope is negative. Most levels have goals of
+// one direction only ("not below the hints"), for which the greatest or least of the points is the answer.
+
+void ZelLineMinimizer::reset()
+{
+    m_levels.clear();
+    m_lower = -std::numeric_limits<double>::infinity();
+    m_upper = std::numeric_limits<double>::infinity();
+}
+
+void ZelLineMinimizer::addGoal(double factor, double constant, Relation relation, float priority)
+{
+    if (factor == 0)
+        return;
+    // There are few different priorities, so a search from the last one used is faster than a map.
+    auto level =
+        std::find_if(m_levels.rbegin(), m_levels.rend(), [&](const Level &l) { return l.priority == priority; });
+    if (level == m_levels.rend()) {
+        m_levels.push_back({priority, {}});
+        level = m_levels.rbegin();
+    }
+    level->goals.push_back({factor, constant, relation});
+}
+
+void ZelLineMinimizer::advance(float downTo)
+{
+    std::sort(m_levels.begin(), m_levels.end(), [](const Level &a, const Level &b) { return a.priority > b.priority; });
+    auto level = m_levels.begin();
+    for (; level != m_levels.end() && level->priority >= downTo; ++level)
+        narrow(level->goals);
+    m_levels.erase(m_levels.begin(), level);
+}
+
+double ZelLineMinimizer::value() const
+{
+    if (std::isfinite(m_lower))
+        return m_lower;
+    return std::isfinite(m_upper) ? m_upper : 0;
+}
+
+/// The slope of the miss just above x.
+double ZelLineMinimizer::Goal::slopeAt(double x) const
+{
+    if (x >= zero())
+        return resistsGrowth() ? std::abs(factor) : 0;
+    return resistsShrinking() ? -std::abs(factor) : 0;
+}
+
+void ZelLineMinimizer::narrow(const std::vector<Goal> &goals)
+{
+    if (m_lower >= m_upper)
+        return;
+    if (std::none_of(goals.begin(), goals.end(), [](const Goal &goal) { return goal.resistsShrinking(); }))
+        return narrowOneSided(goals, true);
+    if (std::none_of(goals.begin(), goals.end(), [](const Goal &goal) { return goal.resistsGrowth(); }))
+        return narrowOneSided(goals, false);
+    narrowBetween(goals);
+    for (size_t i = 0; i < goals.size() && goals.size() > 1 && m_lower < m_upper; ++i)
+        narrowBetween({goals[i]});
+}
+
+void ZelLineMinimizer::narrowOneSided(const std::vector<Goal> &goals, bool growing)
+{
+    const auto byZero = [](const Goal &a, const Goal &b) { return a.zero() < b.zero(); };
+    if (growing)
+        m_upper = std::clamp(std::min_element(goals.begin(), goals.end(), byZero)->zero(), m_lower, m_upper);
+    else
+        m_lower = std::clamp(std::max_element(goals.begin(), goals.end(), byZero)->zero(), m_lower, m_upper);
+}
+
+void ZelLineMinimizer::narrowBetween(const std::vector<Goal> &goals)
+{
+    std::vector<double> points;
+    for (const Goal &goal : goals) {
+        if (goal.zero() > m_lower && goal.zero() < m_upper)
+            points.push_back(goal.zero());
+    }
+    std::sort(points.begin(), points.end());
+    const auto slopeAbove = [&](double x) {
+        double sum = 0;
+        for (const Goal &goal : goals)
+            sum += goal.slopeAt(x);
+        return sum;
+    };
+    // The pieces are those above the lower end and above each point.
+    size_t count = points.size() + 1;
+    const auto pieceStart = [&](size_t piece) { return piece == 0 ? m_lower : points[piece - 1]; };
+    const auto pieceEnd = [&](size_t piece) { return piece < points.size() ? points[piece] : m_upper; };
+    constexpr double Flat = 1e-9;
+    size_t first = 0; // found by halving, as slopes only grow
+    while (count > 0) {
+        const size_t half = count / 2;
+        if (slopeAbove(pieceStart(first + half)) < -Flat) {
+            first += half + 1;
+            count -= half + 1;
+        } else {
+            count = half;
+        }
+    }
+    if (first > points.size()) {
+        m_lower = m_upper;
+        return;
+    }
+    size_t last = first; // past the flat pieces
+    while (last <= points.size() && slopeAbove(pieceStart(last)) < Flat)
+        ++last;
+    const double lower = pieceStart(first);
+    m_upper = last == first ? lower : pieceEnd(last - 1);
+    m_lower = lower;
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <limits>
+#include <vector>
+
+/// Lexicographic goals over a single number: the case of one unknown of ZelConstraintSolver, without a tableau.
+///
+/// Each goal is factor * x + constant = 0 (or <=, >=) with a priority. Levels are met from the highest down; each
+/// narrows the interval of numbers that are still best. Within a level the sum of misses counts first, then the goals
+/// in the order in which they were added.
+class ZelLineMinimizer
+{
+public:
+    enum Relation { NotAbove = -1, Equal = 0, NotBelow = 1 };
+
+    void reset();
+    void addGoal(double factor, double constant, Relation relation, float priority);
+    /// Takes in the levels of that priority and above; further goals must be below it.
+    void advance(float downTo);
+    double lower() const { return m_lower; }
+    double upper() const { return m_upper; }
+    /// The best number, after advance(0); the lower end if several are as good.
+    double value() const;
+
+private:
+    struct Goal
+    {
+        double factor = 1;
+        double constant = 0;
+        Relation relation = Equal;
+
+        double zero() const { return -constant / factor; }
+        bool resistsGrowth() const { return relation == Equal || (relation == NotAbove) == (factor > 0); }
+        bool resistsShrinking() const { return relation == Equal || (relation == NotAbove) != (factor > 0); }
+        double slopeAt(double x) const;
+    };
+    struct Level
+    {
+        float priority = 0;
+        std::vector<Goal> goals;
+    };
+
+    void narrow(const std::vector<Goal> &goals);
+    void narrowOneSided(const std::vector<Goal> &goals, bool growing);
+    void narrowBetween(const std::vector<Goal> &goals);
+
+    std::vector<Level> m_levels;
+    double m_lower = -std::numeric_limits<double>::infinity();
+    double m_upper = std::numeric_limits<double>::infinity();
+};
