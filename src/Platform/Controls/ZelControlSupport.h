@@ -3,10 +3,14 @@
 
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include <QAccessible>
 #include <QPointer>
 #include <QVariant>
 
 class QEvent;
+class QKeyEvent;
+class QStyleOption;
+class QWheelEvent;
 class QWidget;
 
 /// What the controls of this folder do alike.
@@ -30,10 +34,39 @@ public:
             Q_EMIT control->action();
     }
 
+    /// The same after the control's value was set: announces the new value first.
+    template<typename Control> static void reportNewValue(Control *control)
+    {
+        const QPointer<Control> guard(control);
+        announceValue(control);
+        Q_EMIT control->objectValueChanged();
+        if (guard)
+            reportEdit(control);
+    }
+
+    /// Tells assistive technology, if there is any, that the control's value is another.
+    template<typename Control> static void announceValue(Control *control)
+    {
+        if (QAccessible::isActive())
+            sendValueChange(control, control->objectValue());
+    }
+
     /// Whether the event is a user's input to the widget, which one that is not editable passes on to its parent.
     static bool isInput(const QEvent *event);
     /// Whether the event ends whatever the mouse was doing: the widget was hidden or disabled, or lost its window.
     static bool endsMouseGrab(const QEvent *event, const QWidget *widget);
     /// Shows the text as tool tip of the widget unless it has one of its own. Answers whether it was shown.
     static bool showToolTip(QEvent *event, QWidget *widget, const QString &text);
+
+    /// Lets the style draw what cannot be edited as disabled.
+    static void showDisabled(QStyleOption *option);
+    /// Whether the key comes with a modifier that makes it somebody else's: Control, Alt or Meta.
+    static bool hasCommandModifier(const QKeyEvent *event);
+    /// Whole wheel steps, upwards positive; what is left of the angle is kept for the next event.
+    static int wheelSteps(const QWheelEvent *event, int *angle);
+    /// The height of a line edit in the widget's font and style.
+    static int fieldHeight(const QWidget *widget, bool framed = true);
+
+private:
+    static void sendValueChange(QWidget *control, const QVariant &value);
 };

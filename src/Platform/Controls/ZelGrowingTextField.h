@@ -70,6 +70,7 @@ Q_SIGNALS:
     void action();
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -84,23 +85,28 @@ private:
     void initStyleOption(QStyleOptionFrame *option) const;
     QMargins contentMargins() const;
     QRect contentRect() const;
+    QColor textColor() const;
     void openEditor(Qt::FocusReason reason);
     void closeEditor();
     void editorTextChanged();
-    void editorLostFocus();
+    void editorLostFocus(bool closes);
+    bool editorReservesShortcut(QKeyEvent *event) const;
     bool editorKeyPressed(QKeyEvent *event);
     void forwardToEditor(QMouseEvent *event);
     void showValue();
     void setError(const QString &error);
+    void forgetMeasures();
     void textMayNeedHeight();
+    void paintText(QPainter *painter) const;
 
     ZelFieldContent m_content;
+    QString m_text; // what stands in the field while no editor does
     QString m_shownText;
-    QString m_pendingText;
     QString m_error;
     QPointer<ZelGrowingTextEditor> m_editor;
     bool m_editable = true;
     bool m_labelStyle = false;
     mutable int m_measuredWidth = -1;
     mutable int m_measuredHeight = 0;
+    mutable QSize m_sizeHint;
 };

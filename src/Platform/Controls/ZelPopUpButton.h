@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
@@ -64,6 +65,8 @@ public:
     /// Opens the menu over the button; nothing where there is no item to show.
     void showMenu();
     bool isMenuOpen() const;
+    /// The text on the button.
+    QString shownText() const;
 
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
@@ -100,16 +103,21 @@ private:
     void setSelected(QAction *item, const QVariant &value);
     void chooseItem(QAction *item);
     void chooseNeighbour(int from, int direction);
+    bool isTyping() const;
     bool typeAhead(QKeyEvent *event);
+    QAction *itemForStoredValue() const;
     void detachMenu();
+    void syncMenu();
 
     QPointer<QAction> m_selected;
     QPointer<ZelPopUpMenu> m_menu;
     QVariant m_value;
     QString m_typed;
-    qint64 m_typedAt = 0;
+    QElapsedTimer m_typedTimer;
     int m_wheelAngle = 0;
     bool m_pullsDown = false;
     bool m_editable = true;
+    bool m_replacingItems = false;
+    bool m_menuIsStale = false;
     mutable QSize m_sizeHint;
 };

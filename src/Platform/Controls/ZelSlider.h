@@ -33,7 +33,7 @@ public:
 
     QVariant objectValue() const { return m_value; }
     void setObjectValue(const QVariant &value);
-    double doubleValue() const { return ZelValueRange::number(m_value, m_range.clamp(0)); }
+    double doubleValue() const { return ZelValueRange::number(m_value, m_range.valueAt(0)); }
 
     /// 0 and 1 unless set. Setting them leaves the value as it is.
     double minValue() const { return m_range.minimum; }
@@ -51,6 +51,9 @@ public:
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable);
     bool isDragging() const { return m_dragging; }
+
+    /// Goes to a value within the limits as a user does, and reports it. Nothing where the value is there already.
+    void slideTo(double value);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -78,7 +81,6 @@ private:
     void initStyleOption(QStyleOptionSlider *option) const;
     QRect handleRect() const;
     double fractionAt(const QPoint &position) const;
-    void slideTo(double value);
     void slideBy(double steps);
     void endDrag();
 
@@ -88,6 +90,7 @@ private:
     std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
     Type m_type = Linear;
     int m_grabOffset = 0;
+    int m_wheelAngle = 0;
     bool m_dragging = false;
     bool m_editable = true;
     mutable QSize m_sizeHint;

@@ -79,6 +79,8 @@ protected:
 private:
     void initStyleOption(QStyleOptionSpinBox *option) const;
     QStyle::SubControl arrowAt(const QPoint &position) const;
+    bool hasSingleValue() const;
+    double valueAfter(int steps) const;
     bool canStep(int steps) const;
     void stepPressed();
     void endPress();

@@ -78,8 +78,8 @@ private:
     void updateColors();
     bool reservesShortcut(QKeyEvent *event) const;
     QRect textRect() const;
-    QString shownWhole() const;
-    void paintText();
+    QString elidedWhole() const;
+    void paintText(ZelFormatter::Range unit);
 
     ZelFieldContent m_content;
     QString m_shownText;

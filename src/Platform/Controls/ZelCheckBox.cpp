@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelCheckBox.h"
+
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QEvent>
+#include <QStyleOptionButton>
+
+namespace {
+
+Qt::CheckState stateFor(const QVariant &value)
+{
+    if (ZelIsMarker(value, ZelMultipleValuesMarker))
+        return Qt::PartiallyChecked;
+    return !ZelIsNull(value) && !ZelIsControllerMarker(value) && value.toBool() ? Qt::Checked : Qt::Unchecked;
+}
+
+} // namespace
+
+ZelCheckBox::ZelCheckBox(QWidget *parent)
+    : QCheckBox(parent)
+{
+    ZelControlSupport::prepare();
+    connect(this, &QCheckBox::stateChanged, this, &ZelCheckBox::objectValueChanged);
+    connect(this, &QCheckBox::clicked, this, [this] { ZelControlSupport::reportEdit(this); });
+}
+
+ZelCheckBox::ZelCheckBox(const QString &title, QWidget *parent)
+    : ZelCheckBox(parent)
+{
+    setText(title);
+}
+
+QVariant ZelCheckBox::objectValue() const
+{
+    const Qt::CheckState state = checkState();
+    if (stateFor(m_value) == state)
+        return m_value;
+    return state == Qt::PartiallyChecked ? QVariant::fromValue(ZelMultipleValuesMarker) : QVariant(isChecked());
+}
+
+void ZelCheckBox::setObjectValue(const QVariant &value)
+{
+    const QVariant former = objectValue();
+    const Qt::CheckState state = stateFor(value);
+    m_value = value;
+    if (state != checkState()) {
+        setCheckState(state);
+        return;
+    }
+    if (!ZelEqual(former, value))
+        Q_EMIT objectValueChanged();
+}
+
+void ZelCheckBox::setEditable(bool editable)
+{
+    if (editable == m_editable)
+        return;
+    m_editable = editable;
+    update();
+    Q_EMIT editableChanged();
+}
+
+int ZelCheckBox::titleWidth() const
+{
+    return fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+}
+
+QSize ZelCheckBox::sizeHint() const
+{
+    // QAbstractButton::setText tells nobody but the parent's layout.
+    if (!m_sizeHint.isValid() || m_sizedTitle != text()) {
+        m_sizedTitle = text();
+        m_sizeHint = QCheckBox::sizeHint();
+    }
+    return m_sizeHint;
+}
+
+QSize ZelCheckBox::minimumSizeHint() const
+{
+    const QSize hint = sizeHint();
+    const int shortened = fontMetrics().horizontalAdvance(QChar(0x2026)) * 2;
+    return {hint.width() - std::max(0, titleWidth() - shortened), hint.height()};
+}
+
+bool ZelCheckBox::event(QEvent *event)
+{
+    if (!m_editable && ZelControlSupport::isInput(event)) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
+        ZelControlSupport::showToolTip(event, this, text()))
+        return true;
+    return QCheckBox::event(event);
+}
+
+void ZelCheckBox::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_sizeHint = QSize();
+    QCheckBox::changeEvent(event);
+}
+
+void ZelCheckBox::initStyleOption(QStyleOptionButton *option) const
+{
+    QCheckBox::initStyleOption(option);
+    if (!m_editable)
+        ZelControlSupport::showDisabled(option);
+    if (width() < sizeHint().width()) {
+        const QRect contents = style()->subElementRect(QStyle::SE_CheckBoxContents, option, this);
+        option->text =
+            fontMetrics().elidedText(option->text, Qt::ElideRight, contents.width(), int(Qt::TextShowMnemonic));
+    }
+}
+
+void ZelCheckBox::nextCheckState()
+{
+    setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelGrowingTextEditor.h"
+
+#include "Platform/Controls/ZelGrowingTextField.h"
+
+#include <QApplication>
+#include <QScrollBar>
+
+ZelGrowingTextEditor::ZelGrowingTextEditor(ZelGrowingTextField *field)
+    : QPlainTextEdit(field)
+    , m_field(field)
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setTabChangesFocus(true);
+    document()->setDocumentMargin(0);
+    viewport()->setAutoFillBackground(false);
+}
+
+void ZelGrowingTextEditor::takeFocus(Qt::FocusReason reason)
+{
+    QWidget::setTabOrder(m_field, this);
+    m_field->setFocusProxy(this);
+    setFocus(reason);
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+        selectAll();
+}
+
+void ZelGrowingTextEditor::setTextColor(const QColor &color)
+{
+    QPalette colors;
+    colors.setResolveMask(0);
+    colors.setColor(QPalette::Text, color);
+    setPalette(colors);
+}
+
+void ZelGrowingTextEditor::forward(QMouseEvent *event)
+{
+    const QPointF position = viewport()->mapFrom(m_field, event->position().toPoint());
+    QMouseEvent copy(event->type(), position, event->scenePosition(), event->globalPosition(), event->button(),
+                     event->buttons(), event->modifiers(), event->pointingDevice());
+    QApplication::sendEvent(viewport(), &copy);
+}
+
+void ZelGrowingTextEditor::disconnectField()
+{
+    disconnect(m_field);
+    m_field = nullptr;
+}
+
+bool ZelGrowingTextEditor::event(QEvent *event)
+{
+    if (m_field && event->type() == QEvent::ShortcutOverride &&
+        m_field->editorReservesShortcut(static_cast<QKeyEvent *>(event)))
+        return true;
+    return QPlainTextEdit::event(event);
+}
+
+void ZelGrowingTextEditor::focusOutEvent(QFocusEvent *event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    const QWidget *popup = QApplication::activePopupWidget();
+    if (event->reason() == Qt::PopupFocusReason && popup && popup->parentWidget() == this)
+        return;
+    // The window gives the focus back to the same widget when it is active again.
+    const bool stays = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    if (m_field)
+        m_field->editorLostFocus(!stays);
+}
+
+void ZelGrowingTextEditor::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_field || !m_field->editorKeyPressed(event))
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+void ZelGrowingTextEditor::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus() && verticalScrollBar()->maximum() > 0)
+        QPlainTextEdit::wheelEvent(event);
+    else
+        event->ignore();
+}

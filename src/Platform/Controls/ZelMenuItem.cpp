@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelMenuItem.h"
+
+ZelMenuItem::ZelMenuItem(QObject *parent)
+    : QAction(parent)
+{
+}
+
+ZelMenuItem::ZelMenuItem(const QString &title, QObject *parent)
+    : QAction(parent)
+{
+    setTitle(title);
+}
+
+ZelMenuItem::ZelMenuItem(const QString &title, const QIcon &image, const QVariant &representedObject, QObject *parent)
+    : ZelMenuItem(title, parent)
+{
+    if (!image.isNull())
+        setIcon(image);
+    if (representedObject.isValid())
+        setData(representedObject);
+}
+
+ZelMenuItem *ZelMenuItem::separatorItem(QObject *parent)
+{
+    auto *item = new ZelMenuItem(parent);
+    item->setSeparator(true);
+    return item;
+}
+
+void ZelMenuItem::setTitle(const QString &title)
+{
+    m_title = title;
+    setText(QString(title).replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+QString ZelMenuItem::titleOf(const QAction *action)
+{
+    if (const auto *item = qobject_cast<const ZelMenuItem *>(action))
+        return item->title();
+    QString title = action ? action->text() : QString();
+    for (qsizetype i = title.indexOf(QLatin1Char('&')); i >= 0; i = title.indexOf(QLatin1Char('&'), i + 1))
+        title.remove(i, 1);
+    return title;
+}
+
+bool ZelMenuItem::isChoosable(const QAction *action)
+{
+    return action && action->isVisible() && action->isEnabled() && !action->isSeparator();
+}

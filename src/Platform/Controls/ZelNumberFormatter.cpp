@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelNumberFormatter.h"
+
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr int s_digitsMaximum = 308;
+const QChar s_minus(0x2212);
+
+/// A decimal number: 0.d1d2d3... times ten to the power of point.
+struct Decimal
+{
+    std::string digits;
+    int point = 0;
+    bool negative = false;
+};
+
+Decimal decimalOf(double value)
+{
+    // The shortest digits that mean this double, as d.ddde+xx.
+    char text[64];
+    const char *end = std::to_chars(text, text + sizeof text, std::abs(value), std::chars_format::scientific).ptr;
+    const char *exponent = std::find(static_cast<const char *>(text), end, 'e');
+    Decimal decimal{{}, 0, std::signbit(value)};
+    std::copy_if(static_cast<const char *>(text), exponent, std::back_inserter(decimal.digits),
+                 [](char c) { return c != '.'; });
+    decimal.point = QByteArray(exponent + 1, end - exponent - 1).toInt() + 1;
+    return decimal;
+}
+
+Decimal decimalOf(QByteArray integer)
+{
+    Decimal decimal;
+    decimal.negative = integer.startsWith('-');
+    decimal.digits = integer.mid(decimal.negative ? 1 : 0).toStdString();
+    decimal.point = int(decimal.digits.size());
+    return decimal;
+}
+
+void increase(Decimal &decimal)
+{
+    for (auto digit = decimal.digits.rbegin(); digit != decimal.digits.rend(); ++digit) {
+        if (++*digit <= '9')
+            return;
+        *digit = '0';
+    }
+    decimal.digits.insert(0, 1, '1');
+    ++decimal.point;
+}
+
+void roundHalfEven(Decimal &decimal, int fractionDigits)
+{
+    const int kept = decimal.point + fractionDigits;
+    if (kept >= int(decimal.digits.size()))
+        return;
+    if (kept < 0) {
+        decimal.digits.clear();
+        return;
+    }
+    const std::string rest = decimal.digits.substr(size_t(kept));
+    decimal.digits.resize(size_t(kept));
+    const bool half = rest.front() == '5' && rest.find_first_not_of('0', 1) == std::string::npos;
+    const bool odd = kept > 0 && (decimal.digits.back() - '0') % 2;
+    if (half ? odd : rest.front() >= '5')
+        increase(decimal);
+}
+
+QString localized(const Decimal &decimal, int minimumFractionDigits, const QLocale &locale)
+{
+    std::string digits = decimal.digits;
+    int point = decimal.point;
+    if (point < 0) {
+        digits.insert(0, size_t(-point), '0');
+        point = 0;
+    }
+    if (int(digits.size()) < point)
+        digits.append(size_t(point) - digits.size(), '0');
+    std::string integer = digits.substr(0, size_t(point));
+    std::string fraction = digits.substr(size_t(point));
+    fraction.resize(fraction.find_last_not_of('0') + 1);
+    fraction.resize(std::max(fraction.size(), size_t(minimumFractionDigits)), '0');
+    integer.erase(0, integer.find_first_not_of('0'));
+    const bool zero = integer.empty() && fraction.find_first_not_of('0') == std::string::npos;
+    if (integer.empty())
+        integer = "0";
+
+    QString text = decimal.negative && !zero ? locale.negativeSign() : QString();
+    const auto append = [&text, zeroDigit = locale.zeroDigit()](const std::string &asciiDigits) {
+        for (const char digit : asciiDigits) {
+            if (zeroDigit.size() == 1)
+                text += QChar(zeroDigit.at(0).unicode() + (digit - '0'));
+            else
+                text += QLatin1Char(digit);
+        }
+    };
+    append(integer);
+    if (!fraction.empty()) {
+        text += locale.decimalPoint();
+        append(fraction);
+    }
+    return text;
+}
+
+bool isInteger(const QVariant &value)
+{
+    const int type = value.typeId();
+    return type != QMetaType::Double && type != QMetaType::Float;
+}
+
+QVariant parsed(const QString &text, QLocale locale)
+{
+    locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
+    bool ok = false;
+    const double number = locale.toDouble(text, &ok);
+    if (!ok || !std::isfinite(number))
+        return {};
+    constexpr double largestExact = 9007199254740992.0;
+    if (std::abs(number) > largestExact) {
+        const qlonglong integer = locale.toLongLong(text, &ok);
+        if (ok)
+            return integer;
+    }
+    return number;
+}
+
+} // namespace
+
+void ZelNumberFormatter::setMinimumFractionDigits(int digits)
+{
+    m_minimumFractionDigits = std::clamp(digits, 0, s_digitsMaximum);
+    m_maximumFractionDigits = std::max(m_minimumFractionDigits, m_maximumFractionDigits);
+}
+
+void ZelNumberFormatter::setMaximumFractionDigits(int digits)
+{
+    m_maximumFractionDigits = std::clamp(digits, 0, s_digitsMaximum);
+    m_minimumFractionDigits = std::min(m_minimumFractionDigits, m_maximumFractionDigits);
+}
+
+QString ZelNumberFormatter::stringForObjectValue(const QVariant &value) const
+{
+    if (ZelIsNull(value))
+        return {};
+    if (!ZelIsNumber(value))
+        return value.toString();
+    if (isInteger(value)) {
+        const bool isUnsigned = value.typeId() == QMetaType::ULongLong || value.typeId() == QMetaType::ULong;
+        const QByteArray digits =
+            isUnsigned ? QByteArray::number(value.toULongLong()) : QByteArray::number(value.toLongLong());
+        return localized(decimalOf(digits), m_minimumFractionDigits, locale());
+    }
+    const double number = value.toDouble();
+    if (std::isnan(number))
+        return QStringLiteral("NaN");
+    if (std::isinf(number))
+        return (number < 0 ? locale().negativeSign() : QString()) + QChar(0x221e);
+    Decimal decimal = decimalOf(number);
+    roundHalfEven(decimal, m_maximumFractionDigits);
+    return localized(decimal, m_minimumFractionDigits, locale());
+}
+
+bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
+{
+    QString trimmed = text.trimmed();
+    if (trimmed.isEmpty()) {
+        *value = QVariant();
+        return true;
+    }
+    const QLocale locale = this->locale();
+    QVariant number = parsed(trimmed, locale);
+    if (!number.isValid()) {
+        // Keyboards have a hyphen, texts from elsewhere a true minus sign, and locales either.
+        trimmed.replace(s_minus, QLatin1Char('-'));
+        number = parsed(trimmed, locale);
+    }
+    if (!number.isValid()) {
+        if (error)
+            *error = ZelLocalizedString(QStringLiteral("This is not a number."));
+        return false;
+    }
+    *value = number;
+    return true;
+}

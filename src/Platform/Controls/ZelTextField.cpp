@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelTextField.h"
+
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyleOptionFrame>
+#include <QTextLayout>
+
+namespace {
+
+/// The margins that a QLineEdit keeps around its text.
+constexpr int s_horizontalMargin = 2;
+
+bool isReturn(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+ZelTextField::ZelTextField(QWidget *parent)
+    : QLineEdit(parent)
+{
+    ZelControlSupport::prepare();
+}
+
+void ZelTextField::setObjectValue(const QVariant &value)
+{
+    const bool changed = !ZelEqual(m_content.value, value);
+    m_content.value = value;
+    if (!isEditing())
+        showValue();
+    if (changed)
+        Q_EMIT objectValueChanged();
+}
+
+void ZelTextField::setFormatter(const ZelFormatter::Ptr &formatter)
+{
+    m_content.formatter = formatter;
+    if (!isEditing())
+        showValue();
+}
+
+void ZelTextField::setNullPlaceholder(const QString &text)
+{
+    m_content.nullPlaceholder = text;
+    if (!isEditing())
+        showValue();
+}
+
+void ZelTextField::setEditable(bool editable)
+{
+    if (editable == isEditable())
+        return;
+    setReadOnly(!editable);
+    if (!editable)
+        discardEditing();
+    Q_EMIT editableChanged();
+}
+
+void ZelTextField::setLabelStyle(bool labelStyle)
+{
+    if (labelStyle == m_labelStyle)
+        return;
+    m_labelStyle = labelStyle;
+    setFrame(!labelStyle);
+    setEditable(!labelStyle);
+    m_sizeHint = m_minimumSizeHint = QSize();
+    updateColors();
+}
+
+void ZelTextField::showValue()
+{
+    setError({});
+    const QString placeholder = m_content.placeholder();
+    if (placeholder != placeholderText())
+        setPlaceholderText(placeholder);
+    showText(hasFocus() && isEditable() ? m_content.editingString() : m_content.displayString());
+}
+
+void ZelTextField::showText(const QString &string)
+{
+    if (string != text()) {
+        const bool allSelected = hasFocus() && hasSelectedText() && selectedText() == text();
+        setText(string);
+        if (allSelected)
+            selectAll();
+        else if (!hasFocus())
+            setCursorPosition(0);
+    }
+    m_shownText = text();
+}
+
+bool ZelTextField::commitEditing()
+{
+    if (!isEditing()) {
+        showValue();
+        return true;
+    }
+    QVariant value;
+    QString error;
+    if (!m_content.parse(text(), &value, &error)) {
+        setError(error.isEmpty() ? QStringLiteral(" ") : error);
+        return false;
+    }
+    const bool changed = !ZelEqual(value, m_content.value);
+    if (changed)
+        m_content.value = value;
+    m_shownText = text();
+    showValue();
+    if (changed)
+        ZelControlSupport::reportNewValue(this);
+    return true;
+}
+
+void ZelTextField::discardEditing()
+{
+    m_shownText = text();
+    showValue();
+}
+
+void ZelTextField::setError(const QString &error)
+{
+    if (error == m_error)
+        return;
+    m_error = error;
+    setAccessibleDescription(error);
+    disconnect(m_errorConnection);
+    if (!error.isEmpty())
+        m_errorConnection = connect(this, &QLineEdit::textEdited, this, [this] { setError({}); });
+    updateColors();
+    update();
+}
+
+void ZelTextField::updateColors()
+{
+    if (m_updatingColors)
+        return;
+    const QScopedValueRollback updating(m_updatingColors, true);
+    setPalette(QPalette());
+    if (m_error.isEmpty() && !m_labelStyle)
+        return;
+    QPalette colors;
+    colors.setResolveMask(0);
+    if (m_labelStyle) {
+        const QPalette inherited = palette();
+        colors.setColor(QPalette::Base, Qt::transparent);
+        colors.setColor(QPalette::Text, inherited.color(QPalette::Disabled, QPalette::WindowText));
+    }
+    if (!m_error.isEmpty())
+        colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
+    setPalette(colors);
+}
+
+QSize ZelTextField::sizeHint() const
+{
+    if (!m_sizeHint.isValid())
+        m_sizeHint = QLineEdit::sizeHint();
+    return m_sizeHint;
+}
+
+QSize ZelTextField::minimumSizeHint() const
+{
+    if (!m_minimumSizeHint.isValid())
+        m_minimumSizeHint = QLineEdit::minimumSizeHint();
+    return m_minimumSizeHint;
+}
+
+/// Escape and Return belong to the field while it is edited. Undo and redo are the window's when there is no typing
+/// to undo, although a line edit would keep them.
+bool ZelTextField::reservesShortcut(QKeyEvent *event) const
+{
+    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
+        if (isEditing() && isEditable())
+            return false;
+        event->ignore();
+        return true;
+    }
+    if (!isEditing() || !(event->key() == Qt::Key_Escape || isReturn(event)))
+        return false;
+    event->accept();
+    return true;
+}
+
+bool ZelTextField::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (reservesShortcut(static_cast<QKeyEvent *>(event)))
+            return true;
+        break;
+    case QEvent::ToolTip:
+        if (ZelControlSupport::showToolTip(event, this, m_error.isEmpty() ? elidedWhole() : m_error))
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QLineEdit::event(event);
+}
+
+void ZelTextField::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        m_sizeHint = m_minimumSizeHint = QSize();
+        break;
+    case QEvent::PaletteChange:
+        if (m_labelStyle || !m_error.isEmpty())
+            updateColors();
+        break;
+    case QEvent::EnabledChange:
+        if (!isEnabled())
+            discardEditing();
+        break;
+    default:
+        break;
+    }
+}
+
+void ZelTextField::focusInEvent(QFocusEvent *event)
+{
+    if (!isEditing())
+        showValue();
+    QLineEdit::focusInEvent(event);
+}
+
+void ZelTextField::focusOutEvent(QFocusEvent *event)
+{
+    const QWidget *popup = QApplication::activePopupWidget();
+    const bool ownPopup = event->reason() == Qt::PopupFocusReason && popup && popup->parentWidget() == this;
+    const QPointer<ZelTextField> guard(this);
+    if (!ownPopup)
+        commitEditing();
+    if (guard)
+        QLineEdit::focusOutEvent(event);
+}
+
+void ZelTextField::keyPressEvent(QKeyEvent *event)
+{
+    if (isReturn(event) && isEditable()) {
+        const QPointer<ZelTextField> guard(this);
+        if (!commitEditing() || !guard)
+            return;
+        selectAll();
+    } else if (event->key() == Qt::Key_Escape && isEditing()) {
+        discardEditing();
+        selectAll();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+QRect ZelTextField::textRect() const
+{
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    const QRect contents =
+        style()->subElementRect(QStyle::SE_LineEditContents, &panel, this).marginsRemoved(textMargins());
+    const int height = fontMetrics().height();
+    return {contents.x() + s_horizontalMargin, contents.y() + (contents.height() - height + 1) / 2,
+            contents.width() - 2 * s_horizontalMargin, height};
+}
+
+/// The whole text where the field is too narrow to show it; otherwise null.
+QString ZelTextField::elidedWhole() const
+{
+    const QString string = text();
+    if (hasFocus() || echoMode() != Normal || fontMetrics().horizontalAdvance(string) <= textRect().width())
+        return {};
+    return string;
+}
+
+void ZelTextField::paintEvent(QPaintEvent *event)
+{
+    const bool own = !hasFocus() && !hasSelectedText() && echoMode() == Normal && actions().isEmpty();
+    const ZelFormatter::Range unit =
+        own && m_content.formatter && !isEditing() ? m_content.formatter->unitRange(text()) : ZelFormatter::Range();
+    if (own && !text().isEmpty() && (unit.length > 0 || !elidedWhole().isNull()))
+        paintText(unit);
+    else
+        QLineEdit::paintEvent(event);
+    if (!m_error.isEmpty() && !m_labelStyle) {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(ZelThemeColor::error(palette()));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    }
+}
+
+/// What a line edit paints, but elided at the tail and with a dimmed unit.
+void ZelTextField::paintText(ZelFormatter::Range unit)
+{
+    QPainter painter(this);
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
+
+    const QRect area = textRect();
+    const QString shown = fontMetrics().elidedText(displayText(), Qt::ElideRight, area.width());
+    QTextLayout layout(shown, font());
+    QTextOption option;
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    if (unit.length > 0) {
+        QTextLayout::FormatRange dimmed;
+        dimmed.start = int(unit.start);
+        dimmed.length = int(std::min(unit.length, shown.size() - unit.start));
+        dimmed.format.setForeground(palette().color(QPalette::Disabled, QPalette::Text));
+        if (dimmed.length > 0)
+            layout.setFormats({dimmed});
+    }
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(std::max(1, area.width() + 1));
+    layout.endLayout();
+
+    const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), alignment());
+    double x = area.x();
+    if (visual & Qt::AlignRight)
+        x = area.right() + 1 - line.naturalTextWidth();
+    else if (visual & Qt::AlignHCenter)
+        x += (area.width() - line.naturalTextWidth()) / 2;
+    if (layoutDirection() == Qt::RightToLeft)
+        x -= line.naturalTextRect().x();
+    painter.setPen(palette().color(QPalette::Text));
+    painter.setClipRect(area);
+    layout.draw(&painter, QPointF(x, area.y()));
+}

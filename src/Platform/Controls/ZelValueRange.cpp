@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelValueRange.h"
+
+#include "Platform/Runtime/ZelValues.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+double bounded(double value)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    return std::isnan(value) ? 0 : std::max(-largest, std::min(value, largest));
+}
+
+/// Sums of decimal fractions carry noise in the last binary digits, which 15 decimal digits do not show. Numbers that
+/// need all their digits are left alone.
+double withoutNoise(double value)
+{
+    return std::abs(value) < 1e15 ? QString::number(value, 'g', 15).toDouble() : value;
+}
+
+} // namespace
+
+bool ZelValueRange::isEmpty() const
+{
+    return !(bounded(minimum) < bounded(maximum)) || std::isnan(minimum) || std::isnan(maximum);
+}
+
+double ZelValueRange::clamp(double value) const
+{
+    if (isEmpty() || std::isnan(value))
+        return bounded(minimum);
+    return std::max(bounded(minimum), std::min(value, bounded(maximum)));
+}
+
+double ZelValueRange::fractionOf(double value) const
+{
+    if (isEmpty())
+        return 0;
+    // Halved, because the distance between the limits may be more than a double can hold.
+    const double low = bounded(minimum) / 2;
+    return std::clamp((clamp(value) / 2 - low) / (bounded(maximum) / 2 - low), 0.0, 1.0);
+}
+
+double ZelValueRange::valueAt(double fraction) const
+{
+    return isEmpty() ? clamp(0) : clamp(std::lerp(bounded(minimum), bounded(maximum), std::clamp(fraction, 0.0, 1.0)));
+}
+
+double ZelValueRange::stepped(double value, double increment) const
+{
+    const double sum = value + increment;
+    return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
+}
+
+double ZelValueRange::number(const QVariant &value, double fallback)
+{
+    if (!value.isValid() || ZelIsControllerMarker(value))
+        return fallback;
+    bool ok = false;
+    const double number = value.toDouble(&ok);
+    return ok && std::isfinite(number) ? number : fallback;
+}
