@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "Bench.h"
+
+#include "Observation/ZelObservations.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace {
+
+/// Announces its changes itself.
+class Announcing : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+public:
+    QString text() const { return m_text; }
+    void setText(const QString &text)
+    {
+        static const ZelKey key("text");
+        const ZelValueChange change(this, key);
+        m_text = text;
+    }
+
+private:
+    QString m_text;
+};
+
+/// The same by hand.
+class Calling : public QObject
+{
+public:
+    std::vector<std::function<void()>> functions;
+    void setText(const QString &text)
+    {
+        m_text = text;
+        for (const auto &function : functions)
+            function();
+    }
+
+private:
+    QString m_text;
+};
+
+/// A model as any application has it.
+class Notifying : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+public:
+    QString text() const { return m_text; }
+    void setText(const QString &text)
+    {
+        m_text = text;
+        Q_EMIT textChanged();
+    }
+Q_SIGNALS:
+    void textChanged();
+
+private:
+    QString m_text;
+};
+
+const QString g_texts[] = {QStringLiteral("The quick brown fox"), QStringLiteral("The lazy dog")};
+const char g_context = 0;
+int g_calls = 0;
+
+template<typename Object> std::function<void()> changes(Object &object)
+{
+    return [&object] {
+        for (int i = 0; i < 100; ++i)
+            object.setText(g_texts[i % 2]);
+    };
+}
+
+void observe(QObject *object, int observers, quint32 options, const ZelBlockObservation::Block &block)
+{
+    for (int i = 0; i < observers; ++i)
+        ZelObservations(object).addObservationWithObject(object, "text", options, block, &g_context);
+}
+
+} // namespace
+
+static void deliverAnnouncedChange()
+{
+    for (const int observers : {1, 10}) {
+        for (const quint32 options : {quint32(0), quint32(ZelKeyValueObservingOptionEqualCheck)}) {
+            Announcing announcing;
+            Calling calling;
+            observe(&announcing, observers, options,
+                    [](ZelBlockObservation *, const ZelKeyValueChange &) { ++g_calls; });
+            for (int i = 0; i < observers; ++i)
+                calling.functions.push_back([] { ++g_calls; });
+            Bench::compare(QStringLiteral("B announced change, %1 observers%2")
+                               .arg(observers)
+                               .arg(options ? QStringLiteral(", equality check") : QString()),
+                           options ? 0 : 1.5, changes(announcing), changes(calling), Bench::small);
+            ZelObservations(&announcing).removeAllObservationsForContext(&g_context);
+        }
+    }
+}
+ZEL_BENCHMARK(deliverAnnouncedChange)
+
+static void deliverNotifiedChange()
+{
+    for (const int observers : {1, 10}) {
+        Notifying observed, connected;
+        observe(&observed, observers, ZelKeyValueObservingOptionOld | ZelKeyValueObservingOptionNew,
+                [](ZelBlockObservation *, const ZelKeyValueChange &change) {
+                    g_calls += change.keyValueChanged();
+                    Bench::keep(change);
+                });
+        for (int i = 0; i < observers; ++i)
+            QObject::connect(&connected, &Notifying::textChanged, &connected, [&connected] {
+                const QVariant value = connected.property("text");
+                Bench::keep(value);
+            });
+        Bench::compare(QStringLiteral("B2 NOTIFY change, %1 observers").arg(observers), observers == 1 ? 0.8 : 0.15,
+                       changes(observed), changes(connected), Bench::small);
+        ZelObservations(&observed).removeAllObservationsForContext(&g_context);
+    }
+}
+ZEL_BENCHMARK(deliverNotifiedChange)
+
+namespace {
+
+/// Delayed calls by hand: a flag each, one queue, one event.
+class Queue : public QObject
+{
+public:
+    struct Item
+    {
+        std::function<void()> work;
+        bool scheduled = false;
+    };
+
+    void schedule(Item &item)
+    {
+        if (item.scheduled)
+            return;
+        item.scheduled = true;
+        m_items.push_back(&item);
+        if (!std::exchange(m_posted, true))
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    }
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::User)
+            return QObject::event(event);
+        m_posted = false;
+        for (Item *item : std::exchange(m_items, {})) {
+            item->scheduled = false;
+            item->work();
+        }
+        return true;
+    }
+
+private:
+    std::vector<Item *> m_items;
+    bool m_posted = false;
+};
+
+} // namespace
+
+static void coalesceSchedules()
+{
+    constexpr int count = 500;
+    constexpr int rounds = 200;
+    std::vector<std::unique_ptr<ZelDelayedInvocation>> invocations;
+    std::vector<Queue::Item> items(count);
+    Queue queue;
+    for (int i = 0; i < count; ++i) {
+        invocations.push_back(std::make_unique<ZelDelayedInvocation>([] { ++g_calls; }));
+        items[size_t(i)].work = [] { ++g_calls; };
+    }
+    const auto runsAll = [](const std::function<void()> &schedule) {
+        g_calls = 0;
+        schedule();
+        QCoreApplication::processEvents();
+        Bench::expect(g_calls == count, "each is run once");
+    };
+    Bench::compare(
+        "D 100,000 schedules of 500 invocations until run", 1.5,
+        [&] {
+            runsAll([&] {
+                for (int round = 0; round < rounds; ++round)
+                    for (const auto &invocation : invocations)
+                        invocation->schedule();
+            });
+        },
+        [&] {
+            runsAll([&] {
+                for (int round = 0; round < rounds; ++round)
+                    for (Queue::Item &item : items)
+                        queue.schedule(item);
+            });
+        },
+        Bench::small);
+}
+ZEL_BENCHMARK(coalesceSchedules)
+
+#include "observation.moc"

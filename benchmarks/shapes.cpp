@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "Bench.h"
+
+#include "model/SampleDocument.h"
+#include "window/InspectorDock.h"
+#include "window/MainWindow.h"
+#include "window/Options.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QEvent>
+#include <QImage>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+
+constexpr int g_shapeCount = 100'000;
+
+QAction *findAction(const QMainWindow &window, const QKeySequence &shortcut)
+{
+    for (const QAction *title : window.menuBar()->actions()) {
+        const QList<QAction *> actions = title->menu() ? title->menu()->actions() : QList<QAction *>();
+        for (QAction *action : actions) {
+            if (action->shortcuts().contains(shortcut))
+                return action;
+        }
+    }
+    Bench::expect(false, "the window has no such command");
+    return nullptr;
+}
+
+/// Sees whether anything in a widget has been painted.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(const QWidget *watched)
+        : m_watched(watched)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    /// Processes events until then.
+    void waitForPaint()
+    {
+        m_painted = false;
+        for (const QDeadlineTimer deadline(10'000); !m_painted;) {
+            QApplication::processEvents();
+            Bench::expect(!deadline.hasExpired(), "the inspector is not painted");
+        }
+    }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && object->isWidgetType()) {
+            const auto *widget = static_cast<const QWidget *>(object);
+            m_painted = m_painted || widget == m_watched || m_watched->isAncestorOf(widget);
+        }
+        return false;
+    }
+
+private:
+    const QWidget *m_watched;
+    bool m_painted = false;
+};
+
+void settle()
+{
+    for (const QDeadlineTimer deadline(200); !deadline.hasExpired();)
+        QApplication::processEvents();
+}
+
+} // namespace
+
+/// The example application with a large document: all shapes are selected by the menu command, until the inspector
+/// shows it. What the canvas and the list of shapes do meanwhile is part of the time.
+static void shapesSelectAll()
+{
+    Options options;
+    options.shapeCount = g_shapeCount;
+    MainWindow window(options);
+    window.show();
+    settle();
+    auto *dock = window.findChild<InspectorDock *>();
+    QAction *selectAll = findAction(window, QKeySequence::SelectAll);
+    QAction *selectNone = findAction(window, Qt::CTRL | Qt::SHIFT | Qt::Key_A);
+    PaintWatch watch(dock);
+
+    const Bench::Work select(
+        [&] {
+            selectNone->trigger();
+            settle();
+        },
+        [&] {
+            selectAll->trigger();
+            watch.waitForPaint();
+        },
+        [&] {
+            const QImage painted = dock->grab().toImage();
+            settle();
+            Bench::expect(painted == dock->grab().toImage(), "the inspector was not up to date when it was painted");
+        });
+
+    Document document;
+    SampleDocument::fillWithRows(document, g_shapeCount);
+    const auto readByName = [&] {
+        for (const Shape *shape : document.shapes())
+            Bench::keep(shape->property("width"));
+    };
+    Bench::absolute(QStringLiteral("F select all of %1 shapes, against 250 ms").arg(g_shapeCount), 250, select);
+    Bench::compare(QStringLiteral("F the same, against as many property(name) reads"), 0, select, readByName);
+}
+ZEL_BENCHMARK(shapesSelectAll)
