@@ -3,6 +3,7 @@
 
 #include "Platform/Layout/ZelConstraintLayout.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelConstraintUpdates.h"
 #include "ViewController/ZelKeyedCoder.h"

@@ -50,7 +50,8 @@ QRect rounded(const QRectF &rect)
 class LayoutPause
 {
 public:
-    explicit LayoutPause(QLayout *layout) : m_layout(layout)
+    explicit LayoutPause(QLayout *layout)
+        : m_layout(layout)
     {
         if (m_layout)
             m_layout->setEnabled(false);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QScrollArea>
 
 /// Scrolls a document view vertically: the document is as wide as the visible part, and as high as it wants to be for

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelAssertions.h"
+#include "ViewController/ZelView.h"
+#include "ViewController/ZelViewController.h"
+
+#include <QStringList>
+#include <functional>
+
+/// A view that writes down its hooks, and does what a test wants in them.
+class LoggingView : public ZelView
+{
+public:
+    explicit LoggingView(QStringList *log, const QString &name, QWidget *parent = nullptr)
+        : ZelView(parent)
+        , m_log(log)
+    {
+        setObjectName(name);
+    }
+    ~LoggingView() override { uninstall(); }
+
+    std::function<void()> onInstall;
+    std::function<void()> onUninstall;
+    int constraintUpdates = 0;
+
+    void viewDidInstall() override
+    {
+        ZelView::viewDidInstall();
+        m_log->append(objectName() + '+');
+        if (onInstall)
+            onInstall();
+    }
+    void viewWillUninstall() override
+    {
+        ZelView::viewWillUninstall();
+        m_log->append(objectName() + '-');
+        if (onUninstall)
+            onUninstall();
+    }
+    void updateConstraints() override
+    {
+        ZelView::updateConstraints();
+        ++constraintUpdates;
+    }
+
+private:
+    QStringList *m_log;
+};
+
+/// A controller that does the same.
+class LoggingController : public ZelViewController
+{
+public:
+    LoggingController(QStringList *log, const QString &name, QObject *parent = nullptr)
+        : ZelViewController(parent)
+        , m_log(log)
+    {
+        setObjectName(name);
+    }
+    ~LoggingController() override { uninstall(); }
+
+    std::function<QWidget *()> makeView = [] { return new ZelView; };
+
+    void loadView() override
+    {
+        note("load");
+        if (makeView)
+            setView(makeView());
+    }
+    void viewWillLoad() override { note("willLoad"); }
+    void viewDidLoad() override { note("didLoad"); }
+    void viewWillUnload() override { note("willUnload"); }
+    void viewDidUnload() override { note("didUnload"); }
+    void viewDidInstall() override
+    {
+        ZelViewController::viewDidInstall();
+        note("+");
+    }
+    void viewWillUninstall() override
+    {
+        ZelViewController::viewWillUninstall();
+        note("-");
+    }
+    void updateConstraints() override { note("updateConstraints"); }
+    void layout() override { note("layout"); }
+
+private:
+    void note(const char *what)
+    {
+        const QString text = QString::fromLatin1(what);
+        m_log->append(text.size() == 1 ? objectName() + text : objectName() + ' ' + text);
+    }
+
+    QStringList *m_log;
+};
+
+/// Collects failed assertions, and goes on.
+class FailureLog : public ZelAssertionHandler
+{
+public:
+    FailureLog()
+        : m_former(setCurrent(this))
+    {
+    }
+    ~FailureLog() override { setCurrent(m_former); }
+    void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &) override
+    {
+        locations.append(location);
+        messages.append(message);
+    }
+    QStringList locations;
+    QStringList messages;
+
+private:
+    ZelAssertionHandler *m_former;
+};
