@@ -248,8 +248,10 @@ void ZelConstraintLayout::tellAncestors() const
 {
     for (const QWidget *widget = parentWidget(); widget && !widget->isWindow(); widget = widget->parentWidget()) {
         const QWidget *parent = widget->parentWidget();
-        const auto *layout = parent ? qobject_cast<ZelConstraintLayout *>(parent->layout()) : nullptr;
+        auto *layout = parent ? qobject_cast<ZelConstraintLayout *>(parent->layout()) : nullptr;
         if (!layout || !layout->d->system.childrenDidChange())
             return;
+        if (!parent->isVisible())
+            layout->QLayout::invalidate();
     }
 }

@@ -355,7 +355,8 @@ std::vector<int> ZelLayoutAxis::conflict(int constraint)
 {
     std::vector<int> set;
     for (int i = 0; i <= constraint; ++i) {
-        if (m_constraints[size_t(i)].isRequired())
+        const bool isOut = i != constraint && std::find(m_leftOut.begin(), m_leftOut.end(), i) != m_leftOut.end();
+        if (m_constraints[size_t(i)].isRequired() && !isOut)
             set.push_back(i);
     }
     if (isSatisfiable(set))

@@ -196,7 +196,7 @@ double ZelLayoutRow::compress(double amount, size_t firstMember, float below)
             return s.compression;
         return s.length > 0 ? ZelLayoutBox::LimitPriority : ZelLayoutBox::NotNegativePriority;
     };
-    const auto room = [&](const State &s) { return s.length > s.cap() ? 0 : s.length - limit(s); };
+    const auto room = [&](const State &s) { return s.length - limit(s); };
     while (amount > Tiny) {
         float weakest = below;
         for (size_t i = firstMember; i < m_states.size(); ++i) {

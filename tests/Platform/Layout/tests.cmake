@@ -1,0 +1,4 @@
+# SPDX-License-Identifier: MIT
+zel_test(Platform/Layout/tst_ZelLayoutAxis zel_layout)
+zel_test(Platform/Layout/tst_ZelVisualFormat zel_layout)
+zel_test(Platform/Layout/tst_ZelConstraintLayout zel_layout)
