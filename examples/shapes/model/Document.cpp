@@ -70,7 +70,7 @@ void Document::append(const QList<Shape *> &shapes)
     insert(placements);
 }
 
-Document::Placements Document::take(const QList<Shape *> &shapes)
+Document::Placements Document::take(QList<Shape *> shapes)
 {
     if (shapes.isEmpty())
         return {};

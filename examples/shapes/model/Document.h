@@ -30,7 +30,7 @@ class Document : public QObject
     Q_PROPERTY(int shapeCount READ shapeCount NOTIFY shapeCountChanged)
 
 public:
-    enum Units { Points, Millimetres, Inches };
+    enum Units : int { Points, Millimetres, Inches };
     Q_ENUM(Units)
 
     /// A shape and the row that it has, or is to have.
@@ -56,7 +56,8 @@ public:
     /// Puts shapes on top.
     void append(const QList<Shape *> &shapes);
     /// Gives shapes back to the caller, with the rows that they had.
-    Placements take(const QList<Shape *> &shapes);
+    /// By value, since the list may be the document's or the selection's own.
+    Placements take(QList<Shape *> shapes);
     /// The same shapes in another order.
     void setOrder(const QList<Shape *> &shapes);
 

@@ -50,13 +50,14 @@ class Shape : public QObject
     Q_PROPERTY(int alignment READ alignment WRITE setAlignment NOTIFY changed)
 
 public:
-    enum Kind { Rectangle, Ellipse, Star, Polygon, Text };
+    // Of a fixed type, since any number may be written to a property by its name.
+    enum Kind : int { Rectangle, Ellipse, Star, Polygon, Text };
     Q_ENUM(Kind)
-    enum LineCap { FlatCap, RoundCap, SquareCap };
+    enum LineCap : int { FlatCap, RoundCap, SquareCap };
     Q_ENUM(LineCap)
-    enum LineJoin { MiterJoin, RoundJoin, BevelJoin };
+    enum LineJoin : int { MiterJoin, RoundJoin, BevelJoin };
     Q_ENUM(LineJoin)
-    enum Dash { Solid, Dashed, Dotted, DashDotted };
+    enum Dash : int { Solid, Dashed, Dotted, DashDotted };
     Q_ENUM(Dash)
     /// The bits of textStyle.
     enum TextStyle { Bold = 1, Italic = 2, Underline = 4, StrikeOut = 8 };
