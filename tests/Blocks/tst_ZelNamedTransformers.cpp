@@ -37,8 +37,6 @@ private Q_SLOTS:
     void initTestCase();
     void valuesAreTransformed_data();
     void valuesAreTransformed();
-    void reverseValuesAreTransformed_data();
-    void reverseValuesAreTransformed();
     void otherTypesThrow_data();
     void otherTypesThrow();
     void markersPassThrough();
@@ -67,20 +65,29 @@ void tst_ZelNamedTransformers::valuesAreTransformed_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QVariant>("value");
+    QTest::addColumn<bool>("reverse");
     QTest::addColumn<QVariant>("expected");
     const auto row = [](const char *title, const QString &name, const QVariant &value, const QVariant &expected) {
-        QTest::newRow(title) << name << value << expected;
+        QTest::newRow(title) << name << value << false << expected;
     };
+    const auto back = [](const char *title, const QString &name, const QVariant &value, const QVariant &expected) {
+        QTest::newRow(title) << name << value << true << expected;
+    };
+    const auto text = [](const char *characters) { return QString::fromUtf8(characters); };
     const QString pointer = ZelPointerToStringTransformerName;
-    row("255", pointer, 255, QStringLiteral("0xff"));
-    row("negative", pointer, -1, QStringLiteral("0xffffffffffffffff"));
-    row("fraction", pointer, 16.9, QStringLiteral("0x10"));
-    row("huge", pointer, 1e300, QStringLiteral("0xfffffffffffff800"));
-    row("hugely negative", pointer, -1e300, QStringLiteral("0x8000000000000000"));
-    row("not a number", pointer, std::numeric_limits<double>::quiet_NaN(), QStringLiteral("0x8000000000000000"));
+    row("255", pointer, 255, text("0xff"));
+    row("negative", pointer, -1, text("0xffffffffffffffff"));
+    row("fraction", pointer, 16.9, text("0x10"));
+    row("huge", pointer, 1e300, text("0xfffffffffffff800"));
+    row("hugely negative", pointer, -1e300, text("0x8000000000000000"));
+    row("not a number", pointer, std::numeric_limits<double>::quiet_NaN(), text("0x8000000000000000"));
     row("no pointer", pointer, {}, {});
+    back("0xff", pointer, text("0xff"), 255ULL);
+    back("ff", pointer, text("ff"), 255ULL);
+    back("empty", pointer, text(""), {});
+    back("zz", pointer, text("zz"), {});
     row("first", ZelFirstInArrayTransformerName, QVariantList({7, 8}), 7);
-    row("first text", ZelFirstInArrayTransformerName, QStringList(QStringLiteral("a")), QStringLiteral("a"));
+    row("first text", ZelFirstInArrayTransformerName, QStringList(text("a")), text("a"));
     row("first of none", ZelFirstInArrayTransformerName, QVariantList(), {});
     row("first of null", ZelFirstInArrayTransformerName, ZelNull(), {});
     row("nil or no", ZelNilOrNoTransformerName, 5, 5);
@@ -89,40 +96,22 @@ void tst_ZelNamedTransformers::valuesAreTransformed_data()
     row("percent", ZelPercentValueTransformerName, 0.25, 25.0);
     row("percent of integer", ZelPercentValueTransformerName, 2, 200.0);
     row("no percent", ZelPercentValueTransformerName, {}, {});
+    back("percent, reverse", ZelPercentValueTransformerName, 25, 0.25);
+    back("color", ZelColorNameTransformerName, text("Rot"), QColor(Qt::black));
+    back("no color", ZelColorNameTransformerName, {}, {});
 }
 
 void tst_ZelNamedTransformers::valuesAreTransformed()
 {
     QFETCH(QString, name);
     QFETCH(QVariant, value);
+    QFETCH(bool, reverse);
     QFETCH(QVariant, expected);
-    const QVariant result = named(name)->transformedValue(value);
+    QVERIFY(!reverse || named(name)->allowsReverseTransformation());
+    const QVariant result =
+        reverse ? named(name)->reverseTransformedValue(value) : named(name)->transformedValue(value);
     QCOMPARE(result, expected);
     QCOMPARE(result.typeId(), expected.typeId());
-}
-
-void tst_ZelNamedTransformers::reverseValuesAreTransformed_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVariant>("expected");
-    const QString pointer = ZelPointerToStringTransformerName;
-    QTest::newRow("0xff") << pointer << QVariant(QStringLiteral("0xff")) << QVariant(255ULL);
-    QTest::newRow("ff") << pointer << QVariant(QStringLiteral("ff")) << QVariant(255ULL);
-    QTest::newRow("empty") << pointer << QVariant(QStringLiteral("")) << QVariant();
-    QTest::newRow("zz") << pointer << QVariant(QStringLiteral("zz")) << QVariant();
-    QTest::newRow("fraction") << ZelPercentValueTransformerName << QVariant(25) << QVariant(0.25);
-    QTest::newRow("color") << ZelColorNameTransformerName << QVariant(QStringLiteral("Rot"))
-                           << QVariant(QColor(Qt::black));
-    QTest::newRow("no color") << ZelColorNameTransformerName << QVariant() << QVariant();
-}
-
-void tst_ZelNamedTransformers::reverseValuesAreTransformed()
-{
-    QFETCH(QString, name);
-    QFETCH(QVariant, value);
-    QVERIFY(named(name)->allowsReverseTransformation());
-    QTEST(named(name)->reverseTransformedValue(value), "expected");
 }
 
 void tst_ZelNamedTransformers::otherTypesThrow_data()

@@ -210,7 +210,8 @@ void tst_ZelInspectorConfiguration::colors_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<ZelColor>("expected");
     const auto row = [](const char *text, const ZelColor &expected) {
-        QTest::newRow(text) << QString::fromUtf8(text) << expected;
+        const QString read = QString::fromUtf8(text);
+        QTest::newRow(qPrintable(read.simplified())) << read << expected;
     };
     row("NSCalibratedWhiteColorSpace 0.5 1", ZelColor(ZelColor::CalibratedWhite, {0.5, 1}));
     row("NSCalibratedRGBColorSpace 1 0.5 0 1", ZelColor(ZelColor::CalibratedRGB, {1, 0.5, 0, 1}));

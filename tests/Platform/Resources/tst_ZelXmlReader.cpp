@@ -10,8 +10,8 @@
 
 namespace {
 
-/// A document type declaration whose entities each hold ten of the one before, used by the default of an attribute: short,
-/// and work without end.
+/// A document type declaration whose entities each hold ten of the one before, used by the default of an attribute:
+/// short, and work without end.
 QByteArray nestedEntities(const QByteArray &base)
 {
     QByteArray text = "<!DOCTYPE a [<!ENTITY e0 \"" + base + "\">";
