@@ -4,7 +4,6 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelPushButton.h"
 #include "Platform/Selection/ZelUndoManager.h"
 #include "ViewController/ZelView.h"
 

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
-
-class ZelPushButton;
+#include "Platform/Controls/ZelPushButton.h"
 
 /// A button that sends the owner the action.
 class ZelInspectorActionProperty : public ZelInspectorProperty

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Controls/ZelCheckBox.h"
 
 #include <optional>
-
-class ZelCheckBox;
 
 /// Edits a truth value, or some bits of an integer, with a checkbox.
 class ZelInspectorBooleanProperty : public ZelInspectorProperty

@@ -6,13 +6,9 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelSegmentedControl.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
-
-#include <QLabel>
 
 namespace {
 const char g_context = 0;

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelSegmentedControl.h"
 
-class QLabel;
-class ZelLabel;
-class ZelSegmentedControl;
+#include <QLabel>
 
 /// Chooses one of a row of images with a segmented control, or shows the chosen image.
 class ZelInspectorImageEnumerationProperty : public ZelInspectorEnumerationProperty

@@ -3,8 +3,6 @@
 
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"

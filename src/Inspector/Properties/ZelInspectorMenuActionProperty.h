@@ -2,9 +2,8 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
-
-class ZelMenuItem;
-class ZelPopUpButton;
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Controls/ZelPopUpButton.h"
 
 /// A pull-down menu of actions that the owner supplies.
 class ZelInspectorMenuActionProperty : public ZelInspectorProperty

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Controls/ZelCheckBox.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelSlider.h"
+#include "Platform/Controls/ZelStepper.h"
+#include "Platform/Controls/ZelTextField.h"
 
 #include <optional>
-
-class ZelCheckBox;
-class ZelLabel;
-class ZelSlider;
-class ZelStepper;
-class ZelTextField;
 
 /// Edits a number: a text field with a unit, a stepper or a slider or both, and a checkbox for "no value".
 ///

@@ -4,8 +4,6 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelGrowingTextField.h"
-#include "Platform/Controls/ZelLabel.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
-
-class ZelGrowingTextField;
-class ZelLabel;
+#include "Platform/Controls/ZelGrowingTextField.h"
+#include "Platform/Controls/ZelLabel.h"
 
 /// Edits a text with a field that grows with its content.
 class ZelInspectorStringProperty : public ZelInspectorProperty

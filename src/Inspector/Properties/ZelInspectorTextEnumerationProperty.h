@@ -2,11 +2,11 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelPopUpButton.h"
+#include "Platform/Controls/ZelTextField.h"
 
 class ZelMenuItem;
-class ZelPopUpButton;
-class ZelTextField;
-class ZelLabel;
 
 /// Chooses one of a list of titles with a pop-up button, or shows the chosen title as text.
 class ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProperty

@@ -11,7 +11,6 @@ class ZelOption : public QObject
     Q_OBJECT
     Q_PROPERTY(bool hidden MEMBER hidden)
     Q_PROPERTY(bool enabled MEMBER enabled)
-    Q_PROPERTY(QIcon image MEMBER image)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QVariant value MEMBER value)
 public:
