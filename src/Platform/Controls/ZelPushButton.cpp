@@ -29,23 +29,19 @@ QSize ZelPushButton::minimumSizeHint() const
 int ZelPushButton::titleWidth() const
 {
     QStyleOptionButton option;
-    QPushButton::initStyleOption(&option);
+    initStyleOption(&option);
     const int frame = style()->pixelMetric(QStyle::PM_ButtonMargin, &option, this);
     const int image = icon().isNull() ? 0 : iconSize().width() + 4;
     return width() - frame - image;
 }
 
-void ZelPushButton::initStyleOption(QStyleOptionButton *option) const
-{
-    QPushButton::initStyleOption(option);
-    option->text = fontMetrics().elidedText(text(), Qt::ElideRight, titleWidth(), Qt::TextShowMnemonic);
-}
-
+/// Elided here and not in initStyleOption, which the size hint uses, too.
 void ZelPushButton::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
+    option.text = fontMetrics().elidedText(text(), Qt::ElideRight, titleWidth(), Qt::TextShowMnemonic);
     painter.drawControl(QStyle::CE_PushButton, option);
 }
 

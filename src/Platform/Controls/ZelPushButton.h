@@ -15,7 +15,6 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void initStyleOption(QStyleOptionButton *option) const override;
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -60,10 +60,14 @@ private Q_SLOTS:
         window.people[0]->setHeight(2.1256);
         auto *integer = window.install(heightEditor(window));
         window.select({0});
+        QCOMPARE(integer->textField()->text(), QStringLiteral("2.126")); // it has the focus
+        integer->textField()->clearFocus();
         QCOMPARE(integer->textField()->text(), QStringLiteral("2.126 pt"));
         auto decimal = heightEditor(window);
         decimal->formatStyle = ZelInspectorNumberProperty::DecimalStyle;
-        QCOMPARE(window.install(std::move(decimal))->textField()->text(), QStringLiteral("2.13 pt"));
+        auto *shown = window.install(std::move(decimal));
+        shown->textField()->clearFocus();
+        QCOMPARE(shown->textField()->text(), QStringLiteral("2.13 pt"));
     }
 
     void typingReachesEveryObjectInOneStep()
