@@ -1,8 +1,7 @@
 # SPDX-License-Identifier: MIT
-# The description reader is tested from its sources, without the rest of the inspector and what that needs.
-zel_program(tst_ZelInspectorConfiguration SOURCES Inspector/tst_ZelInspectorConfiguration.cpp
-            ${PROJECT_SOURCE_DIR}/src/Inspector/ZelInspectorConfiguration.cpp
-            ${PROJECT_SOURCE_DIR}/src/Inspector/NSColor+ZelInspector.cpp LIBRARIES zel_resources Qt6::Test)
-add_test(NAME tst_ZelInspectorConfiguration COMMAND tst_ZelInspectorConfiguration)
-set_tests_properties(tst_ZelInspectorConfiguration PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
-                     TIMEOUT 300)
+# The description reader needs the resources only, so its test does not wait for the rest of the inspector.
+add_library(zel_description STATIC ${PROJECT_SOURCE_DIR}/src/Inspector/ZelInspectorConfiguration.cpp
+            ${PROJECT_SOURCE_DIR}/src/Inspector/NSColor+ZelInspector.cpp)
+target_link_libraries(zel_description PRIVATE zel_flags PUBLIC zel_resources)
+zel_use_pch(zel_description)
+zel_test(Inspector/tst_ZelInspectorConfiguration zel_description)
