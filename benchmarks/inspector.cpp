@@ -2,6 +2,11 @@
 #include "Bench.h"
 #include "RowModel.h"
 
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelInspectorConfiguration.h"
+#include "Inspector/ZelInspectorPane.h"
+#include "ViewController/ZelView.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,6 +14,9 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QTemporaryFile>
+#include <QUrl>
+#include <QVBoxLayout>
 
 #include <array>
 #include <memory>
@@ -85,11 +93,74 @@ template<typename Make> Bench::Work shown(Make make)
             }};
 }
 
+/// The description of a pane with the same rows.
+QByteArray descriptionOfRows(int rows)
+{
+    static const char *const properties[] = {
+        "<property type='string' keyPath='text'/>",
+        "<property type='number' keyPath='number' maximum='1000'/>",
+        "<property type='boolean' keyPath='flag'/>",
+        "<property type='enumeration' keyPath='choice'><option-group><option title='None' value='0'/>"
+        "<option title='Some' value='1'/><option title='Many' value='2'/><option title='All' value='3'/></option-group>"
+        "</property>",
+    };
+    QByteArray xml = "<pane><inspector title='Rows'><slice><section>";
+    for (int row = 0; row < rows; ++row)
+        xml += "<sliver title='Row " + QByteArray::number(row) + "'>" + properties[row % 4] + "</sliver>";
+    return xml + "</section></slice></inspector></pane>";
+}
+
+/// A description written to a file, and the model as its owner.
+class DescribedForm
+{
+public:
+    DescribedForm(RowModel &model, int rows)
+        : m_model(model)
+    {
+        Bench::expect(m_file.open(), "the description cannot be written");
+        m_file.write(descriptionOfRows(rows));
+        m_file.flush();
+        ZelXmlReader::Limits limits = ZelInspectorConfiguration::limits();
+        limits.size = std::max<qint64>(limits.size, m_file.size());
+        ZelInspectorConfiguration::setLimits(limits);
+    }
+
+    QWidget *make() const
+    {
+        ZelDeclarativeInspectorGenerator generator;
+        generator.setUrl(QUrl::fromLocalFile(m_file.fileName()));
+        generator.setOwner(&m_model);
+        auto *window = new QWidget;
+        auto *column = new QVBoxLayout(window);
+        column->setContentsMargins(0, 0, 0, 0);
+        ZelInspectorPane *pane = generator.createPane();
+        pane->setParent(window);
+        column->addWidget(pane->view());
+        return window;
+    }
+
+private:
+    RowModel &m_model;
+    QTemporaryFile m_file;
+};
+
+Bench::Work shownForm(RowModel &model, int rows)
+{
+    const auto form = std::make_shared<DescribedForm>(model, rows);
+    return shown([form] { return form->make(); });
+}
+
 } // namespace
 
 static void inspectorBuild()
 {
     RowModel model;
+    for (int rows : {50, 500}) {
+        Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), 1.3, shownForm(model, rows),
+                       shown([&model, rows] { return formByHand(model, rows); }));
+    }
+    Bench::scaling(QStringLiteral("A a row of the inspector, 500 to 5000 rows"), 1.1, {500, 5000},
+                   [&](int rows) { return shownForm(model, rows); });
     Bench::scaling(QStringLiteral("A a row of the form made by hand, 500 to 5000 rows"), 0, {500, 5000},
                    [&](int rows) { return shown([&model, rows] { return formByHand(model, rows); }); });
 }
