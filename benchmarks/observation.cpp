@@ -88,7 +88,7 @@ void observe(QObject *object, int observers, quint32 options, const ZelBlockObse
 static void deliverAnnouncedChange()
 {
     for (const int observers : {1, 10}) {
-        for (const quint32 options : {quint32(0), quint32(ZelKeyValueObservingOptionEqualCheck)}) {
+        for (const quint32 options : {quint32(0), ZelKeyValueObservingOptionEqualCheck}) {
             Announcing announcing;
             Calling calling;
             observe(&announcing, observers, options,

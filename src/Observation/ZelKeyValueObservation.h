@@ -10,16 +10,13 @@
 #include <optional>
 
 // Further options of key-value observations, in one word with those of the platform.
-enum ZelKeyValueObservationOption : quint32 {
-    /// A change whose old and new values are equal is dropped. Contains the options for new and old value; and since
-    /// any
-    /// common bit counts, whoever asks for the new or the old value gets the filter, too.
-    ZelKeyValueObservingOptionEqualCheck = 0x103,
-    /// Only changes of kind Setting are delivered.
-    ZelKeyValueObservingOptionNoMutation = 0x200,
-    /// Changes are not delivered at once, but together: later in the turn, or at a checkpoint.
-    ZelKeyValueObservingOptionDeferred = 0x400,
-};
+/// A change whose old and new values are equal is dropped. Contains the options for new and old value; and since any
+/// common bit counts, whoever asks for the new or the old value gets the filter, too.
+inline constexpr ZelKeyValueObservingOptions ZelKeyValueObservingOptionEqualCheck = 0x103;
+/// Only changes of kind Setting are delivered.
+inline constexpr ZelKeyValueObservingOptions ZelKeyValueObservingOptionNoMutation = 0x200;
+/// Changes are not delivered at once, but together: later in the turn, or at a checkpoint.
+inline constexpr ZelKeyValueObservingOptions ZelKeyValueObservingOptionDeferred = 0x400;
 
 /// What the observations of one key path of one object share.
 ///
