@@ -20,7 +20,8 @@ void ZelConstraintUpdates::schedule(ZelView *view)
     m_scheduled.push_back(view);
     if (!m_posted && QCoreApplication::instance()) {
         m_posted = true;
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        // Ahead of the layout requests that are posted already, or they would lay out the former constraints.
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
     }
 }
 

@@ -351,13 +351,13 @@ bool ZelView::event(QEvent *event)
 void ZelView::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
-    if (!event->child()->isWidgetType() || event->polished())
-        return;
-    auto *child = qobject_cast<QWidget *>(event->child()); // null once the child's own part is gone
+    auto *child = qobject_cast<QWidget *>(event->child());
     if (event->added() && child && !child->isWindow())
         didAddSubview(child);
-    else if (event->removed() && (!child || !child->isWindow()))
+    else if (event->removed() && child && !child->isWindow())
         willRemoveSubview(child);
+    else if (event->removed() && event->child()->metaObject() == &QObject::staticMetaObject)
+        willRemoveSubview(nullptr); // of a dying widget no more than this is left
 }
 
 void ZelView::didAddSubview(QWidget *) {}

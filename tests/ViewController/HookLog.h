@@ -89,7 +89,7 @@ private:
     void note(const char *what)
     {
         const QString text = QString::fromLatin1(what);
-        m_log->append(text.size() == 1 ? objectName() + text : objectName() + ' ' + text);
+        m_log->append(objectName() + (text.size() == 1 ? "" : " ") + text);
     }
 
     QStringList *m_log;
