@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "ExpandableViews/ZelExpandableView.h"
+
+#include "ExpandableViews/ZelExpandableHeader.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+class tst_ZelExpandableView : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        m_window = std::make_unique<QWidget>();
+        auto *layout = new QVBoxLayout(m_window.get());
+        layout->setContentsMargins(0, 0, 0, 0);
+        m_view = new ZelExpandableView;
+        m_view->setTitle("Title");
+        m_body = new ZelView;
+        m_body->setFixedHeight(40);
+        m_view->setBodyView(m_body);
+        layout->addWidget(m_view);
+        layout->addStretch();
+        m_window->resize(200, 300);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    void foldsItsBodyAway()
+    {
+        const int title = m_view->header()->height();
+        QCOMPARE(title, m_view->header()->sizeHint().height());
+        QCOMPARE(m_view->height(), title + 40);
+        QCOMPARE(m_body->geometry(), QRect(0, title, 200, 40));
+        QSignalSpy changes(m_view, &ZelExpandableView::expandedChanged);
+        m_view->setExpanded(false);
+        QVERIFY(!m_body->isVisible());
+        QCOMPARE(m_view->sizeHint().height(), title);
+        QTRY_COMPARE(m_view->height(), title);
+        auto *other = new ZelView;
+        other->setFixedHeight(70);
+        m_view->setBodyView(other);
+        QVERIFY(!m_body->parentWidget() && !m_body->isInstalled() && other->isInstalled());
+        delete m_body;
+        QTest::mouseClick(m_view->header(), Qt::LeftButton);
+        QVERIFY(m_view->isExpanded() && other->isVisible());
+        QTRY_COMPARE(m_view->height(), title + 70);
+        QCOMPARE(changes.size(), 2);
+        delete other;
+        QTRY_COMPARE(m_view->height(), title);
+    }
+
+    void takesKeys_data()
+    {
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<bool>("folds");
+        QTest::addColumn<bool>("unfolds");
+        QTest::newRow("space") << Qt::LeftToRight << Qt::Key_Space << true << true;
+        QTest::newRow("return") << Qt::LeftToRight << Qt::Key_Return << true << true;
+        QTest::newRow("left") << Qt::LeftToRight << Qt::Key_Left << true << false;
+        QTest::newRow("right") << Qt::LeftToRight << Qt::Key_Right << false << true;
+        QTest::newRow("left, mirrored") << Qt::RightToLeft << Qt::Key_Left << false << true;
+    }
+    void takesKeys()
+    {
+        QFETCH(Qt::LayoutDirection, direction);
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, folds);
+        QFETCH(bool, unfolds);
+        m_window->setLayoutDirection(direction);
+        QTest::keyClick(m_view->header(), key);
+        QCOMPARE(m_view->isExpanded(), !folds);
+        m_view->setExpanded(false);
+        QTest::keyClick(m_view->header(), key);
+        QCOMPARE(m_view->isExpanded(), unfolds);
+    }
+
+    void isAccessible()
+    {
+        QAccessibleInterface *header = QAccessible::queryAccessibleInterface(m_view->header());
+        QVERIFY(header);
+        QCOMPARE(header->text(QAccessible::Name), "Title");
+        QVERIFY(header->state().expandable && header->state().expanded);
+        header->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(header->state().collapsed && !m_view->isExpanded());
+    }
+
+    void aLongTitleIsCut()
+    {
+        m_view->setTitle(QString("long ").repeated(100));
+        QVERIFY(m_view->minimumSizeHint().width() < 100);
+        QVERIFY(m_view->sizeHint().width() > 1000);
+    }
+
+private:
+    std::unique_ptr<QWidget> m_window;
+    ZelExpandableView *m_view = nullptr;
+    ZelView *m_body = nullptr;
+};
+
+QTEST_MAIN(tst_ZelExpandableView)
+#include "tst_ZelExpandableView.moc"

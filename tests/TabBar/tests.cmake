@@ -1,0 +1,2 @@
+# SPDX-License-Identifier: MIT
+zel_test(TabBar/tst_ZelTabBar zel_tabbar)

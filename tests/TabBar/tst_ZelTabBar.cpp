@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "TabBar/ZelTabBar.h"
+
+#include "TabBar/ZelButtonMatrix.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+QIcon icon(Qt::GlobalColor color)
+{
+    QPixmap pixmap(16, 16);
+    pixmap.fill(color);
+    return QIcon(pixmap);
+}
+
+class Delegate : public QObject, public ZelTabBarDelegate
+{
+    Q_OBJECT
+public:
+    bool tabBarShouldSelectItem(ZelTabBar *bar, ZelTabBarItem *item) override
+    {
+        log.append(QStringLiteral("should %1").arg(item->tag()));
+        if (onShould)
+            onShould(bar);
+        return accepts;
+    }
+    void tabBarWillSelectItem(ZelTabBar *bar, ZelTabBarItem *item) override
+    {
+        log.append(QStringLiteral("will %1 from %2").arg(item->tag()).arg(bar->selectedItem()->tag()));
+    }
+    void tabBarDidSelectItem(ZelTabBar *bar, ZelTabBarItem *item) override
+    {
+        QCOMPARE(bar->selectedItem(), item);
+        log.append(QStringLiteral("did %1").arg(item->tag()));
+    }
+    bool accepts = true;
+    std::function<void(ZelTabBar *)> onShould;
+    QStringList log;
+};
+
+} // namespace
+
+class tst_ZelTabBar : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(200, 100);
+        m_bar = new ZelTabBar;
+        m_items.clear();
+        for (int tag = 0; tag < 5; ++tag) {
+            m_items.append(new ZelTabBarItem(icon(Qt::red), tag));
+            m_items.last()->setToolTip(QStringLiteral("Tab %1").arg(tag));
+        }
+        m_bar->setItems(m_items);
+        m_bar->resize(200, 22);
+        m_bar->setParent(m_window.get());
+    }
+    void cleanup() { m_window.reset(); }
+
+    void placesItsButtonsInTheMiddle()
+    {
+        QCOMPARE(m_bar->matrix()->geometry(), QRect(20, 0, 160, 22));
+        m_bar->resize(301, 30);
+        m_window->show();
+        QCOMPARE(m_bar->matrix()->geometry(), QRect(70, 0, 160, 30));
+        QCOMPARE(m_bar->sizeHint(), QSize(160, 22));
+        m_bar->setItems({});
+        QCOMPARE(m_bar->matrix()->width(), 0);
+        QCOMPARE(m_bar->selectedItem(), nullptr);
+        QCOMPARE(m_bar->matrix()->selectedColumn(), -1);
+    }
+
+    void followsItsItems()
+    {
+        QCOMPARE(m_bar->selectedItem(), m_items[0]); // one is always selected
+        m_bar->setSelectedItem(m_items[3]);
+        QCOMPARE(m_bar->matrix()->selectedColumn(), 3);
+        const QIcon other = icon(Qt::blue);
+        m_items[3]->setImage(other);
+        m_items[2]->setEnabled(false);
+        m_items[1]->setToolTip("Other");
+        QCOMPARE(cell(3).image.cacheKey(), other.cacheKey());
+        QCOMPARE(cell(3).alternateImage.cacheKey(), other.cacheKey());
+        QVERIFY(!cell(2).enabled && cell(3).enabled);
+        QCOMPARE(cell(1).toolTip, "Other");
+        QCOMPARE(m_bar->matrix()->selectedColumn(), 3);
+        m_bar->setStyle(1);
+        QVERIFY(!cell(3).bordered && cell(3).alternateImage.isNull());
+        m_bar->setItems({m_items[4], m_items[2]});
+        QCOMPARE(m_bar->selectedItem(), m_items[4]);
+        QCOMPARE(m_bar->matrix()->numberOfColumns(), 2);
+        QSignalSpy selections(m_bar, &ZelTabBar::selectedItemChanged);
+        m_items[3]->setImage(icon(Qt::green)); // not an item any more
+        QCOMPARE(cell(0).image.cacheKey(), m_items[4]->image().cacheKey());
+        delete m_items[4]; // the selected one
+        QCOMPARE(m_bar->items(), QList<ZelTabBarItem *>{m_items[2]});
+        QCOMPARE(m_bar->matrix()->numberOfColumns(), 1);
+        QCOMPARE(m_bar->selectedItem(), m_items[2]);
+        QCOMPARE(selections.size(), 1);
+    }
+
+    void observesOnlyWhileInstalled()
+    {
+        m_bar->removeFromSuperview();
+        m_items[1]->setEnabled(false);
+        m_bar->setItems({m_items[1], m_items[2]});
+        QCOMPARE(m_bar->matrix()->numberOfColumns(), 5);
+        m_bar->setParent(m_window.get());
+        QCOMPARE(m_bar->matrix()->numberOfColumns(), 2);
+        QVERIFY(!cell(0).enabled);
+        delete m_items[0]; // left the bar while nobody observed
+    }
+
+    void theUserSelectsWithTheMouse()
+    {
+        Delegate delegate;
+        m_bar->setDelegate(&delegate);
+        press(2);
+        QCOMPARE(delegate.log, (QStringList{"should 2", "will 2 from 0", "did 2"}));
+        m_items[3]->setEnabled(false);
+        delegate.log.clear();
+        press(3);
+        QCOMPARE(delegate.log, QStringList());
+        delegate.accepts = false;
+        press(4);
+        QCOMPARE(delegate.log, QStringList{"should 4"});
+        QCOMPARE(m_bar->selectedItem(), m_items[2]);
+        QCOMPARE(m_bar->matrix()->selectedColumn(), 2);
+        m_bar->setEnabled(false);
+        delegate.accepts = true;
+        press(4);
+        QVERIFY(!m_bar->matrix()->isEnabled());
+        QCOMPARE(m_bar->selectedItem(), m_items[2]);
+        m_bar->setEnabled(true);
+        press(4);
+        QCOMPARE(m_bar->selectedItem(), m_items[4]);
+    }
+
+    void theDelegateMayDieOrEndTheBar()
+    {
+        auto *dying = new Delegate;
+        m_bar->setDelegate(dying);
+        delete dying;
+        press(1);
+        QCOMPARE(m_bar->selectedItem(), m_items[1]);
+        Delegate delegate;
+        m_bar->setDelegate(&delegate);
+        const QPointer<ZelTabBar> guard(m_bar);
+        delegate.onShould = [](ZelTabBar *bar) { delete bar; };
+        m_bar->matrix()->performClickAtColumn(2);
+        QVERIFY(!guard);
+        QCOMPARE(delegate.log, QStringList{"should 2"});
+    }
+
+    void theKeyboardSelectsEnabledTabs()
+    {
+        m_items[1]->setEnabled(false);
+        m_items[4]->setEnabled(false);
+        const auto key = [&](Qt::Key key) {
+            QTest::keyClick(m_bar->matrix(), key);
+            return m_items.indexOf(m_bar->selectedItem());
+        };
+        QCOMPARE(key(Qt::Key_Right), 2);
+        QCOMPARE(key(Qt::Key_Right), 3);
+        QCOMPARE(key(Qt::Key_Right), 3);
+        QCOMPARE(key(Qt::Key_Home), 0);
+        QCOMPARE(key(Qt::Key_End), 3);
+        QCOMPARE(key(Qt::Key_Left), 2);
+    }
+
+    void keyEquivalentsSelect()
+    {
+        for (ZelTabBarItem *item : m_items) {
+            item->setKeyEquivalent("1");
+            item->setKeyEquivalentModifierMask(Qt::ControlModifier);
+        }
+        m_items[4]->setKeyEquivalent("F5");
+        m_items[4]->setKeyEquivalentModifierMask({});
+        m_items[0]->setEnabled(false);
+        auto *field = new QLineEdit(m_window.get());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_1, Qt::ControlModifier);
+        QCOMPARE(m_bar->selectedItem(), m_items[1]); // the first that is enabled
+        QTest::keyClick(field, Qt::Key_F5);
+        QCOMPARE(m_bar->selectedItem(), m_items[4]);
+        auto *second = new ZelTabBar; // with the same keys in the same window
+        auto *item = new ZelTabBarItem;
+        item->setKeyEquivalent("F5");
+        second->setItems({new ZelTabBarItem, item});
+        second->setParent(m_window.get());
+        second->show();
+        m_bar->setSelectedItem(m_items[0]);
+        QTest::keyClick(field, Qt::Key_F5);
+        QTest::keyClick(field, Qt::Key_F5);
+        QCOMPARE(m_bar->selectedItem(), m_items[4]);
+        QCOMPARE(second->selectedItem(), item);
+    }
+
+    void isAccessible()
+    {
+        m_items[1]->setEnabled(false);
+        QAccessibleInterface *list = QAccessible::queryAccessibleInterface(m_bar->matrix());
+        QVERIFY(list);
+        QCOMPARE(list->role(), QAccessible::PageTabList);
+        QCOMPARE(list->childCount(), 5);
+        QAccessibleInterface *tab = list->child(2);
+        QCOMPARE(tab->text(QAccessible::Name), "Tab 2");
+        QCOMPARE(list->indexOfChild(tab), 2);
+        QVERIFY(!tab->state().selected && list->child(1)->state().disabled);
+        tab->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(tab->state().selected);
+        QCOMPARE(m_bar->selectedItem(), m_items[2]);
+        m_bar->setItems({});
+        QVERIFY(!tab->isValid());
+        QVERIFY(tab->text(QAccessible::Name).isEmpty());
+    }
+
+    void describesItsItems()
+    {
+        QCOMPARE(m_items[3]->description(),
+                 QString::asprintf("<ZelTabBarItem: %p>{tag=3}", static_cast<void *>(m_items[3])));
+    }
+
+private:
+    const ZelTabBarButtonCell &cell(int column) const { return m_bar->matrix()->cellAtColumn(column); }
+    void press(int column)
+    {
+        QTest::mouseClick(m_bar->matrix(), Qt::LeftButton, {}, m_bar->matrix()->rectOfColumn(column).center());
+    }
+
+    std::unique_ptr<QWidget> m_window;
+    ZelTabBar *m_bar = nullptr;
+    QList<ZelTabBarItem *> m_items;
+};
+
+QTEST_MAIN(tst_ZelTabBar)
+#include "tst_ZelTabBar.moc"
