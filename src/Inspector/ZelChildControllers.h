@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ViewController/ZelViewController.h"
+
+#include <QList>
+#include <QPointer>
+
+/// The child controllers of a container in their order. One that has died is left out.
+template<typename Child> class ZelChildControllers
+{
+public:
+    QList<Child *> list() const
+    {
+        QList<Child *> result;
+        result.reserve(m_children.size());
+        for (const QPointer<Child> &child : m_children) {
+            if (child)
+                result.append(child);
+        }
+        return result;
+    }
+
+    /// For walks during which children may die.
+    QList<QPointer<ZelViewController>> pointers() const { return {m_children.begin(), m_children.end()}; }
+
+    /// Takes over the list, without null pointers, and makes the parent that of all children. Children that are no
+    /// longer in the list keep their parent. Whether the list differs from the former one.
+    bool assign(const QList<Child *> &children, QObject *parent)
+    {
+        QList<QPointer<Child>> assigned;
+        assigned.reserve(children.size());
+        for (Child *child : children) {
+            if (!child)
+                continue;
+            assigned.append(child);
+            child->setParent(parent);
+        }
+        if (assigned == m_children)
+            return false;
+        m_children = assigned;
+        return true;
+    }
+
+private:
+    QList<QPointer<Child>> m_children;
+};

@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/ZelDescriptionFiles.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelClassRegistry.h"
+
+using Generator = ZelDeclarativeInspectorGenerator;
+using Configuration = ZelInspectorConfiguration;
+
+namespace {
+
+const QString g_expectedElement = QStringLiteral("Expected inspector element: ");
+
+/// The library's own classes that descriptions name. What the application has registered stays.
+template<typename Class> void registerClass()
+{
+    if (!ZelClassRegistry::hasClass(QString::fromLatin1(Class::staticMetaObject.className())))
+        ZelClassRegistry::registerClass<Class>();
+}
+
+void applyCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
+{
+    // The transformer first: the key path may be evaluated at once.
+    container.setVisibleValueTransformer(configuration.valueTransformerForAttributeNamed(
+        u"visibleValueTransformer", container.visibleValueTransformer()));
+    container.setVisibleKeyPath(configuration.stringValueNamed(u"visibleKeyPath", container.visibleKeyPath()));
+}
+
+void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
+{
+    container.setTitle(configuration.localizedStringValueNamed(u"title", container.title()));
+    applyCondition(container, configuration);
+}
+
+} // namespace
+
+/// Keeps the files of a description open for the outermost building operation.
+class Generator::Build
+{
+public:
+    explicit Build(Generator *generator)
+        : m_generator(generator->m_files ? nullptr : generator)
+    {
+        if (m_generator)
+            m_generator->m_files = std::make_unique<ZelDescriptionFiles>();
+    }
+    ~Build()
+    {
+        if (m_generator)
+            m_generator->m_files.reset();
+    }
+    Q_DISABLE_COPY_MOVE(Build)
+
+private:
+    Generator *m_generator;
+};
+
+Generator::ZelDeclarativeInspectorGenerator(QObject *parent)
+    : QObject(parent)
+{
+    registerClass<ZelInspectorSlice>();
+    registerClass<ZelInspectorCustomProperty>();
+}
+
+Generator::~ZelDeclarativeInspectorGenerator() = default;
+
+ZelDeclarativeInspectorGeneratorDelegate *Generator::delegate() const
+{
+    return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
+}
+
+void Generator::setDelegate(ZelDeclarativeInspectorGeneratorDelegate *delegate)
+{
+    m_delegate = delegate;
+    m_delegateObject = dynamic_cast<QObject *>(delegate);
+    m_delegateIsObject = !m_delegateObject.isNull();
+}
+
+// Roots
+
+template<typename Class>
+Class *Generator::createRoot(QStringView rootName, const QString &mismatch, Builder<Class> build)
+{
+    if (!ZelCheck(!m_url.isEmpty(), QStringLiteral("Missing URL")))
+        return nullptr;
+    if (!ZelCheck(m_owner, QStringLiteral("Missing owner")))
+        return nullptr;
+    const Build building(this);
+    const ZelDescriptionFiles::Opened file = m_files->open(m_url);
+    if (file.root().name() != rootName) {
+        ZelFail(mismatch + file.root().name(), file.root().place());
+        return nullptr;
+    }
+    return (this->*build)(file.root());
+}
+
+ZelTabbedInspector *Generator::createTabbedInspector()
+{
+    return createRoot(u"panes", g_expectedElement, &Generator::createTabbedInspectorForConfiguration);
+}
+
+ZelInspectorPane *Generator::createPane()
+{
+    return createRoot(u"pane", g_expectedElement, &Generator::createPaneForConfiguration);
+}
+
+ZelInspectorSlice *Generator::createSlice()
+{
+    return createRoot(u"slice", QStringLiteral("Expected slice element: "), &Generator::createSliceForConfiguration);
+}
+
+// Included files and children
+
+template<typename Class>
+Class *Generator::buildIncluded(const QUrl &url, QStringView rootName, Builder<Class> build, const Configuration &from)
+{
+    const Build building(this);
+    const ZelDescriptionFiles::Opened file = m_files->open(url, from.place());
+    if (file.root().name() != rootName) {
+        ZelFail(g_expectedElement + file.root().name(), file.root().place());
+        return nullptr;
+    }
+    return (this->*build)(file.root());
+}
+
+/// What the file that the element includes describes; null where it includes none.
+template<typename Class>
+std::unique_ptr<Class> Generator::buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from)
+{
+    const QUrl url = from.urlValueNamed(u"file");
+    return std::unique_ptr<Class>(url.isEmpty() ? nullptr : buildIncluded(url, rootName, build, from));
+}
+
+template<typename Child>
+Child *Generator::buildChild(Builder<Child> build, const Configuration &configuration, QObject *parent)
+{
+    const ZelDescriptionFiles::Entered entered(m_files.get(), configuration);
+    Child *child = (this->*build)(configuration);
+    if (child)
+        child->setParent(parent); // at once, so that it goes with its parent should a later one fail
+    return child;
+}
+
+template<typename Child>
+QList<Child *> Generator::buildChildren(QStringView name, Builder<Child> build, const Configuration &configuration,
+                                        QObject *parent)
+{
+    QList<Child *> children;
+    for (const Configuration &element : configuration.configurationsNamed(name)) {
+        if (Child *child = buildChild(build, element, parent))
+            children.append(child);
+    }
+    return children;
+}
+
+QList<ZelInspectorConditionalContainer *> Generator::buildSliversAndChoosers(const Configuration &configuration,
+                                                                             QObject *parent)
+{
+    QList<ZelInspectorConditionalContainer *> children;
+    for (const Configuration &element : configuration.configurations()) {
+        ZelInspectorConditionalContainer *child = nullptr;
+        const QString name = element.name();
+        if (name == u"sliver")
+            child = buildChild(&Generator::createSliverForConfiguration, element, parent);
+        else if (name == u"chooser")
+            child = buildChild(&Generator::createChooserForConfiguration, element, parent);
+        else
+            ZelFail(u"Unsupported element " + name, element.place());
+        if (child)
+            children.append(child);
+    }
+    return children;
+}
+
+/// Null, and an assertion, unless the class that the element names derives from the base.
+QObject *Generator::createOfClass(const Configuration &configuration, const QString &defaultName,
+                                  const QMetaObject *base) const
+{
+    const QString name = configuration.stringValueNamed(u"class", defaultName);
+    std::unique_ptr<QObject> object;
+    if (ZelClassRegistry::hasClass(name, base))
+        object.reset(ZelClassRegistry::create(name, m_owner));
+    if (object && object->metaObject()->inherits(base))
+        return object.release();
+    ZelFail(u"Missing class " + name, configuration.place());
+    return nullptr;
+}
+
+ZelInspectorProperty *Generator::buildIncludedProperty(const QUrl &url, const Configuration &from)
+{
+    return buildIncluded(url, u"slice", &Generator::createPropertyForConfiguration, from);
+}
+
+// Containers
+
+ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Configuration &configuration)
+{
+    auto inspector = std::make_unique<ZelTabbedInspector>(m_owner);
+    inspector->setEnabled(configuration.booleanValueNamed(u"enabled", true));
+    inspector->setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
+    inspector->setEnabledKeyPath(configuration.stringValueNamed(u"enabledKeyPath"));
+    if (configuration.configurationsNamed(u"pane").isEmpty())
+        ZelFail(QStringLiteral("No panes in the configuration"), configuration.place());
+    inspector->setPanes(
+        buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));
+    return inspector.release();
+}
+
+ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &configuration)
+{
+    const QUrl url = configuration.urlValueNamed(u"file");
+    if (!url.isEmpty())
+        return buildIncluded(url, u"pane", &Generator::createPaneForConfiguration, configuration);
+    auto pane = std::make_unique<ZelInspectorPane>(m_owner);
+    pane->setTitle(configuration.localizedStringValueNamed(u"title"));
+    pane->setImage(imageValue(configuration));
+    if (configuration.configurationsNamed(u"inspector").isEmpty())
+        ZelFail(QStringLiteral("No inspectors in the configuration"), configuration.place());
+    pane->setInspectors(
+        buildChildren(u"inspector", &Generator::createInspectorForConfiguration, configuration, pane.get()));
+    return pane.release();
+}
+
+ZelInspector *Generator::createInspectorForConfiguration(const Configuration &configuration)
+{
+    auto inspector = buildFromFile(u"inspector", &Generator::createInspectorForConfiguration, configuration);
+    if (!inspector)
+        inspector = std::make_unique<ZelInspector>(m_owner);
+    applyTitleAndCondition(*inspector, configuration);
+    if (configuration.configurationsNamed(u"slice").isEmpty()) {
+        ZelFail(QStringLiteral("No slice in the configuration"), configuration.place());
+        return inspector.release();
+    }
+    // The slices here take the place of those of the file.
+    const QList<ZelInspectorSlice *> ofFile = inspector->slices();
+    inspector->setSlices(
+        buildChildren(u"slice", &Generator::createSliceForConfiguration, configuration, inspector.get()));
+    qDeleteAll(ofFile);
+    return inspector.release();
+}
+
+ZelInspectorSlice *Generator::createSliceForConfiguration(const Configuration &configuration)
+{
+    auto slice = buildFromFile(u"slice", &Generator::createSliceForConfiguration, configuration);
+    if (!slice)
+        slice.reset(static_cast<ZelInspectorSlice *>(
+            createOfClass(configuration, QStringLiteral("ZelInspectorSlice"), &ZelInspectorSlice::staticMetaObject)));
+    if (!slice)
+        return nullptr;
+    applyTitleAndCondition(*slice, configuration);
+    slice->setSections(slice->sections() + buildChildren(u"section", &Generator::createSectionForConfiguration,
+                                                         configuration, slice.get()));
+    return slice.release();
+}
+
+ZelInspectorSection *Generator::createSectionForConfiguration(const Configuration &configuration)
+{
+    auto section = buildFromFile(u"slice", &Generator::createSectionForConfiguration, configuration);
+    if (!section)
+        section = std::make_unique<ZelInspectorSection>(m_owner);
+    applyTitleAndCondition(*section, configuration);
+    section->setSliversAndChoosers(section->sliversAndChoosers() +
+                                   buildSliversAndChoosers(configuration, section.get()));
+    return section.release();
+}
+
+ZelInspectorChooser *Generator::createChooserForConfiguration(const Configuration &configuration)
+{
+    auto chooser = buildFromFile(u"slice", &Generator::createChooserForConfiguration, configuration);
+    if (!chooser)
+        chooser = std::make_unique<ZelInspectorChooser>(m_owner);
+    chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // as it stands, like a sliver's
+    chooser->setKeyPath(configuration.stringValueNamed(u"keyPath", chooser->keyPath()));
+    applyCondition(*chooser, configuration);
+    chooser->setActionSelector(configuration.selectorValueNamed(u"actionSelector", chooser->actionSelector()));
+    chooser->setActionName(configuration.localizedStringValueNamed(u"actionName", chooser->actionName()));
+    chooser->setChoices(chooser->choices() + buildChildren(u"choice", &Generator::createChooserChoiceForConfiguration,
+                                                           configuration, chooser.get()));
+    return chooser.release();
+}
+
+ZelInspectorChooserChoice *Generator::createChooserChoiceForConfiguration(const Configuration &configuration)
+{
+    auto choice = std::make_unique<ZelInspectorChooserChoice>(m_owner);
+    choice->setTitle(configuration.localizedStringValueNamed(u"title"));
+    choice->setImage(imageValue(configuration));
+    choice->setHidden(configuration.booleanValueNamed(u"hidden"));
+    choice->setEnabled(configuration.booleanValueNamed(u"enabled", true));
+    choice->setValue(configuration.integerValueNamed(u"value"));
+    choice->setSliversAndChoosers(buildSliversAndChoosers(configuration, choice.get()));
+    return choice.release();
+}
+
+ZelInspectorSliver *Generator::createSliverForConfiguration(const Configuration &configuration)
+{
+    auto sliver = buildFromFile(u"slice", &Generator::createSliverForConfiguration, configuration);
+    if (!sliver)
+        sliver = std::make_unique<ZelInspectorSliver>(m_owner);
+    sliver->setTitle(configuration.stringValueNamed(u"title", sliver->title()));
+    sliver->setFullWidth(configuration.booleanValueNamed(u"fullWidth", sliver->isFullWidth()));
+    applyCondition(*sliver, configuration);
+    QList<ZelInspectorProperty *> properties = sliver->properties();
+    for (const Configuration &element : configuration.configurationsNamed(u"property")) {
+        auto *property = buildChild(&Generator::createPropertyForConfiguration, element, sliver.get());
+        if (property)
+            properties.append(property);
+        else
+            ZelFail(QStringLiteral("Expected inspector property class"), element.place());
+    }
+    sliver->setProperties(properties);
+    return sliver.release();
+}

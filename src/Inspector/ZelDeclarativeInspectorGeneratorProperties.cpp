@@ -1,0 +1,292 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorActionProperty.h"
+#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
+#include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/Properties/ZelInspectorStringProperty.h"
+#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Platform/Resources/ZelBundle.h"
+#include "Platform/Resources/ZelNamedImages.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <limits>
+
+// The part of the generator that makes editors from elements "property".
+
+using Generator = ZelDeclarativeInspectorGenerator;
+using Configuration = ZelInspectorConfiguration;
+
+namespace {
+
+/// Reports at the generator, of which this file is a part.
+void fail(const QString &message, const Configuration &configuration)
+{
+    ZelFail(message, configuration.place(), "src/Inspector/ZelDeclarativeInspectorGenerator.cpp");
+}
+
+void applyCommonAttributes(ZelInspectorProperty &property, const Configuration &configuration)
+{
+    property.setTitle(configuration.localizedStringValueNamed(u"title"));
+    property.setTitleKeyPath(configuration.stringValueNamed(u"titleKeyPath"));
+    property.setKeyPath(configuration.stringValueNamed(u"keyPath"));
+    property.setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
+    property.setEnabled(configuration.booleanValueNamed(u"enabled", true));
+    property.setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
+    property.setEnabledKeyPath(configuration.stringValueNamed(u"enabledKeyPath"));
+    property.setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
+    property.setActionName(configuration.localizedStringValueNamed(u"actionName"));
+}
+
+std::optional<quint64> bitsValue(const Configuration &configuration, QStringView name)
+{
+    if (!configuration.hasValueNamed(name))
+        return std::nullopt;
+    return configuration.unsignedIntegerValueNamed(name);
+}
+
+/// One of the texts that an attribute may have, in any case, and what it stands for.
+struct Word
+{
+    const char *text;
+    uint value;
+};
+
+/// Stores what the text stands for. Any other text is an assertion, and stores nothing.
+void applyWord(uint &value, const QString &text, std::initializer_list<Word> words, const QString &message,
+               const Configuration &configuration)
+{
+    for (const Word &word : words) {
+        if (text.compare(QLatin1String(word.text), Qt::CaseInsensitive) == 0) {
+            value = word.value;
+            return;
+        }
+    }
+    fail(message + text, configuration);
+}
+
+void applyFormatStyle(uint &style, const Configuration &configuration)
+{
+    applyWord(style, configuration.stringValueNamed(u"formatStyle", QStringLiteral("integer")),
+              {{"integer", ZelInspectorNumberProperty::IntegerStyle},
+               {"decimal", ZelInspectorNumberProperty::DecimalStyle}},
+              QStringLiteral("Unsupported format style: "), configuration);
+}
+
+void applySlider(uint &type, const Configuration &configuration)
+{
+    applyWord(type, configuration.stringValueNamed(u"slider", QStringLiteral("none")),
+              {{"none", ZelInspectorNumberProperty::NoSlider},
+               {"circular", ZelInspectorNumberProperty::CircularSlider},
+               {"linear", ZelInspectorNumberProperty::LinearSlider}},
+              QStringLiteral("Unsupported value: "), configuration);
+}
+
+} // namespace
+
+/// The types in their order. One without a builder is known, but there is no editor for it.
+struct Generator::PropertyType
+{
+    QStringView name;
+    Builder<ZelInspectorProperty> build = nullptr;
+};
+
+const Generator::PropertyType *Generator::propertyTypeNamed(const QString &name)
+{
+    static constexpr PropertyType types[] = {
+        {u"boolean", &Generator::createBooleanPropertyForConfiguration},
+        {u"action", &Generator::createActionPropertyForConfiguration},
+        {u"number", &Generator::createNumberPropertyForConfiguration},
+        {u"string", &Generator::createStringPropertyForConfiguration},
+        {u"enumeration", &Generator::createEnumerationPropertyForConfiguration},
+        {u"color"},
+        {u"date"},
+        {u"font"},
+        {u"resource"},
+        {u"frame"},
+        {u"size"},
+        {u"point"},
+        {u"custom", &Generator::createCustomPropertyForConfiguration},
+    };
+    const auto type = std::find_if(std::begin(types), std::end(types), [&](const auto &t) { return t.name == name; });
+    return type == std::end(types) ? nullptr : type;
+}
+
+ZelInspectorProperty *Generator::createPropertyForConfiguration(const Configuration &configuration)
+{
+    const QString name = configuration.stringValueNamed(u"type");
+    if (name.isEmpty()) {
+        fail(QStringLiteral("Property type not given"), configuration);
+        return nullptr;
+    }
+    const PropertyType *type = propertyTypeNamed(name);
+    if (type && type->build)
+        return (this->*type->build)(configuration);
+    if (!type) {
+        const QUrl url = configuration.urlValueNamed(u"file");
+        if (!url.isEmpty())
+            return buildIncludedProperty(url, configuration);
+        ZelDeclarativeInspectorGeneratorDelegate *maker = delegate();
+        ZelInspectorProperty *property =
+            maker ? maker->declarativeInspectorGeneratorCreatePropertyForConfiguration(this, configuration) : nullptr;
+        if (property)
+            return property;
+    }
+    fail(u"Type not suppored: " + name, configuration);
+    return nullptr;
+}
+
+template<typename Class> std::unique_ptr<Class> Generator::makeProperty(const Configuration &configuration) const
+{
+    auto property = std::make_unique<Class>(m_owner);
+    applyCommonAttributes(*property, configuration);
+    return property;
+}
+
+ZelInspectorProperty *Generator::createBooleanPropertyForConfiguration(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorBooleanProperty>(configuration);
+    property->bits = bitsValue(configuration, u"bits");
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createActionPropertyForConfiguration(const Configuration &configuration)
+{
+    return configuration.hasValueNamed(u"menuItemsKeyPath") ? createMenuActionPropertyForConfiguration(configuration)
+                                                            : createSimpleActionPropertyForConfiguration(configuration);
+}
+
+ZelInspectorProperty *Generator::createSimpleActionPropertyForConfiguration(const Configuration &configuration)
+{
+    return makeProperty<ZelInspectorActionProperty>(configuration).release();
+}
+
+ZelInspectorProperty *Generator::createMenuActionPropertyForConfiguration(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorMenuActionProperty>(configuration);
+    property->menuItemsKeyPath = configuration.stringValueNamed(u"menuItemsKeyPath");
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createNumberPropertyForConfiguration(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorNumberProperty>(configuration);
+    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    property->minimum = configuration.doubleValueNamed(u"minimum", 0);
+    property->minimumKeyPath = configuration.stringValueNamed(u"minimumKeyPath");
+    property->maximum = configuration.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
+    property->maximumKeyPath = configuration.stringValueNamed(u"maximumKeyPath");
+    property->increment = configuration.doubleValueNamed(u"increment", 1);
+    property->incrementKeyPath = configuration.stringValueNamed(u"incrementKeyPath");
+    property->nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
+    property->nonNilValueKeyPath = configuration.stringValueNamed(u"nonNilValueKeyPath");
+    property->nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");
+    applyFormatStyle(property->formatStyle, configuration);
+    property->formatUnit = configuration.stringValueNamed(u"formatUnit");
+    applySlider(property->sliderType, configuration);
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createStringPropertyForConfiguration(const Configuration &configuration)
+{
+    if (configuration.booleanValueNamed(u"attributed")) {
+        fail(u"Type not suppored: " + configuration.stringValueNamed(u"type"), configuration);
+        return nullptr;
+    }
+    auto property = makeProperty<ZelInspectorStringProperty>(configuration);
+    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    property->allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
+    property->editable = configuration.booleanValueNamed(u"editable", true);
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createCustomPropertyForConfiguration(const Configuration &configuration)
+{
+    std::unique_ptr<QObject> made(createOfClass(configuration, QStringLiteral("ZelInspectorCustomProperty"),
+                                                &ZelInspectorProperty::staticMetaObject));
+    if (!made)
+        return nullptr;
+    applyCommonAttributes(static_cast<ZelInspectorProperty &>(*made), configuration);
+    return static_cast<ZelInspectorProperty *>(made.release());
+}
+
+// Enumerations
+
+ZelInspectorProperty *Generator::createEnumerationPropertyForConfiguration(const Configuration &configuration)
+{
+    const QString style = configuration.stringValueNamed(u"style", QStringLiteral("popup"));
+    std::unique_ptr<ZelInspectorEnumerationProperty> property;
+    if (style == u"popup")
+        property.reset(createTextEnumerationPropertyForConfiguration(configuration));
+    else if (style == u"segmented")
+        property.reset(createImageEnumerationPropertyForConfiguration(configuration));
+    else
+        fail(u"Unsupported style: " + style, configuration);
+    if (!property)
+        return nullptr;
+    applyCommonAttributes(*property, configuration);
+    property->setEditable(configuration.booleanValueNamed(u"editable", true));
+    property->setBitMask(bitsValue(configuration, u"bitMask"));
+    property->setEnumeratedValuesKeyPath(configuration.stringValueNamed(u"enumeratedValuesKeyPath"));
+    property->setEnumeratedDisplayValuesKeyPath(configuration.stringValueNamed(u"enumeratedDisplayValuesKeyPath"));
+    property->setOptionGroups(createOptionGroups(configuration, property.get()));
+    return property.release();
+}
+
+ZelInspectorEnumerationProperty *Generator::createTextEnumerationPropertyForConfiguration(const Configuration &)
+{
+    return new ZelInspectorTextEnumerationProperty(m_owner);
+}
+
+ZelInspectorEnumerationProperty *Generator::createImageEnumerationPropertyForConfiguration(const Configuration &)
+{
+    return new ZelInspectorImageEnumerationProperty(m_owner);
+}
+
+QList<ZelOptionGroup *> Generator::createOptionGroups(const Configuration &configuration, QObject *parent) const
+{
+    QList<ZelOptionGroup *> groups;
+    for (const Configuration &element : configuration.configurationsNamed(u"option-group")) {
+        auto *group = new ZelOptionGroup(parent);
+        group->enumeratedValuesKeyPath = element.stringValueNamed(u"enumeratedValuesKeyPath");
+        group->enumeratedDisplayValuesKeyPath = element.stringValueNamed(u"enumeratedDisplayValuesKeyPath");
+        group->setOptions(createOptions(element, group));
+        groups.append(group);
+    }
+    return groups;
+}
+
+QList<ZelOption *> Generator::createOptions(const Configuration &configuration, QObject *parent) const
+{
+    QList<ZelOption *> options;
+    for (const Configuration &element : configuration.configurationsNamed(u"option")) {
+        auto *option = new ZelOption(parent);
+        option->title = element.localizedStringValueNamed(u"title");
+        option->image = imageValue(element);
+        option->hidden = element.booleanValueNamed(u"hidden");
+        option->enabled = element.booleanValueNamed(u"enabled", true);
+        option->value = element.integerValueNamed(u"value");
+        options.append(option);
+    }
+    return options;
+}
+
+// Images
+
+/// Among the application's images, by name or by file, then in the bundle of the generator's class.
+QIcon Generator::imageValue(const Configuration &configuration) const
+{
+    const QString name = configuration.stringValueNamed(u"image");
+    if (name.isEmpty())
+        return {};
+    QIcon image = ZelNamedImages::imageNamed(name);
+    if (image.isNull() && !ZelBundle::mainBundle().urlForImageResource(name).isEmpty())
+        image = ZelNamedImages::imageNamedInBundleForClass(name, &QObject::staticMetaObject);
+    if (image.isNull())
+        image = ZelNamedImages::imageNamedInBundleForClass(name, metaObject());
+    if (image.isNull())
+        fail(u"Missing image with name " + name, configuration);
+    return image;
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspector.h"
+
+#include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/ZelLazyStack.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Views/ZelVerticalStackView.h"
+
+ZelInspector::ZelInspector(QObject *owner)
+    : ZelInspectorConditionalContainer(owner, Observes::ForLife)
+{
+    setTitle(ZelLocalizedString(QStringLiteral("No title")));
+    connect(this, &ZelViewController::titleChanged, this, [this] {
+        if (m_box)
+            m_box->setTitle(title());
+    });
+}
+
+ZelInspector::~ZelInspector()
+{
+    uninstall();
+}
+
+void ZelInspector::setSlices(const QList<ZelInspectorSlice *> &slices)
+{
+    const QList<ZelInspectorSlice *> former = this->slices();
+    if (!m_slices.assign(slices, this))
+        return;
+    if (isViewInstalled()) {
+        for (ZelInspectorSlice *slice : former)
+            stopObservationOfSlice(slice);
+        for (ZelInspectorSlice *slice : this->slices())
+            startObservationForSlice(slice);
+    }
+    updateView();
+    Q_EMIT slicesChanged();
+}
+
+void ZelInspector::loadView()
+{
+    m_box = new ZelExpandableView;
+    setView(m_box);
+    m_slicesView = new ZelVerticalStackView;
+    m_box->setBodyView(m_slicesView);
+    m_box->setStyle(1);
+    m_box->setTitle(title());
+    updateView();
+}
+
+void ZelInspector::viewDidInstall()
+{
+    ZelInspectorConditionalContainer::viewDidInstall();
+    for (ZelInspectorSlice *slice : slices())
+        startObservationForSlice(slice);
+    updateView(); // they may have changed meanwhile
+}
+
+void ZelInspector::viewWillUninstall()
+{
+    ZelInspectorConditionalContainer::viewWillUninstall();
+    for (ZelInspectorSlice *slice : slices())
+        stopObservationOfSlice(slice);
+}
+
+void ZelInspector::startObservationForSlice(ZelInspectorSlice *slice)
+{
+    connect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::updateView);
+}
+
+void ZelInspector::stopObservationOfSlice(ZelInspectorSlice *slice)
+{
+    disconnect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::updateView);
+}
+
+void ZelInspector::updateView()
+{
+    if (m_slicesView)
+        ZelStackLazily(m_slicesView.data(), slices());
+}

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorChooser.h"
+
+#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Views/ZelSwitchContainerView.h"
+#include "Views/ZelVerticalStackView.h"
+
+namespace {
+const char g_context = 0;
+}
+
+ZelInspectorChooser::ZelInspectorChooser(QObject *owner)
+    : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
+{
+    connect(this, &ZelViewController::titleChanged, this, [this] {
+        if (m_sliver)
+            m_sliver->setTitle(title());
+    });
+}
+
+ZelInspectorChooser::~ZelInspectorChooser()
+{
+    uninstall();
+}
+
+// Properties
+
+void ZelInspectorChooser::setKeyPath(const QString &keyPath)
+{
+    if (std::exchange(m_keyPath, keyPath) == keyPath)
+        return;
+    configureProperty();
+    if (isViewInstalled()) {
+        observeKeyPath();
+        updateContentView();
+    }
+    Q_EMIT keyPathChanged();
+}
+
+void ZelInspectorChooser::setEnabled(bool enabled)
+{
+    if (std::exchange(m_enabled, enabled) == enabled)
+        return;
+    configureProperty();
+    Q_EMIT enabledChanged();
+}
+
+void ZelInspectorChooser::setEnabledKeyPath(const QString &keyPath)
+{
+    if (std::exchange(m_enabledKeyPath, keyPath) == keyPath)
+        return;
+    configureProperty();
+    Q_EMIT enabledKeyPathChanged();
+}
+
+void ZelInspectorChooser::setActionSelector(const ZelSelector &selector)
+{
+    if (std::exchange(m_actionSelector, selector) == selector)
+        return;
+    configureProperty();
+    Q_EMIT actionSelectorChanged();
+}
+
+void ZelInspectorChooser::setActionName(const QString &name)
+{
+    if (std::exchange(m_actionName, name) == name)
+        return;
+    configureProperty();
+    Q_EMIT actionNameChanged();
+}
+
+void ZelInspectorChooser::setChoices(const QList<ZelInspectorChooserChoice *> &choices)
+{
+    if (m_choices.assign(choices, this))
+        Q_EMIT choicesChanged();
+}
+
+ZelInspectorTextEnumerationProperty *ZelInspectorChooser::property() const
+{
+    return m_property;
+}
+
+ZelMenuItem *ZelInspectorChooser::separatorMenuItem() const
+{
+    return m_property ? m_property->separatorMenuItem() : nullptr;
+}
+
+ZelMenuItem *ZelInspectorChooser::multipleValuesMenuItem() const
+{
+    return m_property ? m_property->multipleValuesMenuItem() : nullptr;
+}
+
+QList<QPointer<ZelViewController>> ZelInspectorChooser::childControllers() const
+{
+    return QList<QPointer<ZelViewController>>{m_sliver.data()} + m_choices.pointers();
+}
+
+// View
+
+void ZelInspectorChooser::loadView()
+{
+    auto *stack = new ZelVerticalStackView;
+    setView(stack);
+    makeSliver();
+    stack->addSubview(m_sliver->view());
+    m_currentChoice = nullptr;
+    m_containerView = new ZelSwitchContainerView(stack);
+    m_containerView->setConstraintSelectdView(true);
+    const QList<ZelInspectorChooserChoice *> all = choices();
+    m_containerView->setChildViewControllers({all.begin(), all.end()});
+    m_containerView->setSelectedChildViewControllerIndex(quint64(all.size())); // none
+}
+
+void ZelInspectorChooser::makeSliver()
+{
+    delete m_sliver; // of a former view
+    m_sliver = new ZelInspectorSliver(owner());
+    m_sliver->setParent(this);
+    m_sliver->setTitle(title());
+    m_property = new ZelInspectorTextEnumerationProperty(owner());
+    m_property->setOptionGroups({makeOptionGroup()});
+    m_sliver->setProperties({m_property});
+    configureProperty();
+}
+
+ZelOptionGroup *ZelInspectorChooser::makeOptionGroup()
+{
+    auto *group = new ZelOptionGroup;
+    QList<ZelOption *> options;
+    for (const ZelInspectorChooserChoice *choice : choices()) {
+        auto *option = new ZelOption(group);
+        option->image = choice->image();
+        option->title = choice->title();
+        option->enabled = choice->isEnabled();
+        option->hidden = choice->isHidden();
+        option->value = choice->value();
+        options.append(option);
+    }
+    group->setOptions(options);
+    return group;
+}
+
+/// The pop-up follows the chooser.
+void ZelInspectorChooser::configureProperty()
+{
+    if (!m_property)
+        return;
+    m_property->setKeyPath(m_keyPath);
+    m_property->setEnabled(m_enabled);
+    m_property->setEnabledKeyPath(m_enabledKeyPath);
+    m_property->setActionSelector(m_actionSelector);
+    m_property->setActionName(m_actionName);
+    if (m_property->isViewInstalled())
+        m_property->updateView();
+}
+
+void ZelInspectorChooser::viewDidInstall()
+{
+    ZelInspectorConditionalContainer::viewDidInstall();
+    observeKeyPath();
+    updateContentView();
+}
+
+void ZelInspectorChooser::viewWillUninstall()
+{
+    ZelInspectorConditionalContainer::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+void ZelInspectorChooser::observeKeyPath()
+{
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    if (m_keyPath.isEmpty() || !owner())
+        return;
+    ZelObservations(this).addObservationWithObject(
+        owner(), m_keyPath, 0,
+        [self = QPointer<ZelInspectorChooser>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {
+            if (self)
+                self->updateContentView();
+        },
+        &g_context);
+}
+
+// Content
+
+ZelInspectorChooserChoice *ZelInspectorChooser::choiceForValue(const QVariant &value) const
+{
+    for (ZelInspectorChooserChoice *choice : choices()) {
+        if (ZelEqual(choice->value(), value))
+            return choice;
+    }
+    return nullptr;
+}
+
+void ZelInspectorChooser::updateContentView()
+{
+    if (!m_containerView)
+        return;
+    const QVariant value = m_keyPath.isEmpty() ? QVariant() : ZelValueForKeyPath(owner(), m_keyPath);
+    ZelInspectorChooserChoice *choice = choiceForValue(value);
+    if (choice == m_currentChoice)
+        return;
+    if (m_currentChoice)
+        m_currentChoice->discardEditing();
+    const QList<ZelViewController *> shown = m_containerView->childViewControllers();
+    const qsizetype index = shown.indexOf(choice);
+    m_containerView->setSelectedChildViewControllerIndex(quint64(index < 0 ? shown.size() : index));
+    m_currentChoice = choice;
+}
+
+bool ZelInspectorChooser::commitEditing()
+{
+    if (!isViewInstalled())
+        return true;
+    const QPointer<ZelInspectorChooser> alive(this);
+    if (m_sliver && !m_sliver->commitEditing())
+        return false;
+    if (alive && m_currentChoice && !m_currentChoice->commitEditing())
+        return false;
+    return !alive || ZelViewController::commitEditing();
+}
+
+void ZelInspectorChooser::discardEditing()
+{
+    if (!isViewInstalled())
+        return;
+    if (m_sliver)
+        m_sliver->discardEditing();
+    if (m_currentChoice)
+        m_currentChoice->discardEditing();
+    ZelViewController::discardEditing();
+}

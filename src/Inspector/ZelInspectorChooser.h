@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorChooserChoice.h"
+#include "Platform/Runtime/ZelSelector.h"
+#include "Views/ZelSwitchContainerView.h"
+
+class ZelInspectorSliver;
+class ZelInspectorTextEnumerationProperty;
+class ZelMenuItem;
+class ZelOptionGroup;
+
+/// A row with a pop-up of choices, and below it the content of the choice whose value the model holds.
+///
+/// A value that no choice stands for shows no content. The choices are taken over when the view is made.
+class ZelInspectorChooser : public ZelInspectorConditionalContainer
+{
+    Q_OBJECT
+    /// The value that the pop-up shows and edits.
+    Q_PROPERTY(QString keyPath READ keyPath WRITE setKeyPath NOTIFY keyPathChanged)
+    /// True by default. Enables the pop-up.
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(QString enabledKeyPath READ enabledKeyPath WRITE setEnabledKeyPath NOTIFY enabledKeyPathChanged)
+    /// Sent to the owner after every choice by the user.
+    Q_PROPERTY(ZelSelector actionSelector READ actionSelector WRITE setActionSelector NOTIFY actionSelectorChanged)
+    /// Names the undo step of every choice by the user.
+    Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
+    Q_PROPERTY(QList<ZelInspectorChooserChoice *> choices READ choices WRITE setChoices NOTIFY choicesChanged)
+public:
+    explicit ZelInspectorChooser(QObject *owner);
+    ~ZelInspectorChooser() override;
+
+    const QString &keyPath() const { return m_keyPath; }
+    void setKeyPath(const QString &keyPath);
+    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled);
+    const QString &enabledKeyPath() const { return m_enabledKeyPath; }
+    void setEnabledKeyPath(const QString &keyPath);
+    const ZelSelector &actionSelector() const { return m_actionSelector; }
+    void setActionSelector(const ZelSelector &selector);
+    const QString &actionName() const { return m_actionName; }
+    void setActionName(const QString &name);
+    QList<ZelInspectorChooserChoice *> choices() const { return m_choices.list(); }
+    void setChoices(const QList<ZelInspectorChooserChoice *> &choices);
+
+    /// The first choice with an equal value; null if there is none.
+    ZelInspectorChooserChoice *choiceForValue(const QVariant &value) const;
+    /// The choice whose content is shown; null for none.
+    ZelInspectorChooserChoice *currentChoice() const { return m_currentChoice; }
+    /// Shows the content of the choice that the model's value stands for.
+    void updateContentView();
+
+    // Made with the view, null before.
+    ZelInspectorSliver *sliver() const { return m_sliver; }
+    ZelInspectorTextEnumerationProperty *property() const;
+    ZelSwitchContainerView *containerView() const { return m_containerView; }
+    /// The items that the pop-up shows below the choices where there is no single value.
+    ZelMenuItem *separatorMenuItem() const;
+    ZelMenuItem *multipleValuesMenuItem() const;
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    /// Asks the pop-up, the current choice, and the chooser's own editors. True while the view is not installed.
+    bool commitEditing() override;
+    void discardEditing() override;
+
+Q_SIGNALS:
+    void keyPathChanged();
+    void enabledChanged();
+    void enabledKeyPathChanged();
+    void actionSelectorChanged();
+    void actionNameChanged();
+    void choicesChanged();
+
+protected:
+    QList<QPointer<ZelViewController>> childControllers() const override;
+
+private:
+    void makeSliver();
+    ZelOptionGroup *makeOptionGroup();
+    void configureProperty();
+    void observeKeyPath();
+
+    QString m_keyPath;
+    QString m_enabledKeyPath;
+    QString m_actionName;
+    ZelSelector m_actionSelector;
+    ZelChildControllers<ZelInspectorChooserChoice> m_choices;
+    QPointer<ZelInspectorChooserChoice> m_currentChoice;
+    QPointer<ZelInspectorSliver> m_sliver;
+    QPointer<ZelInspectorTextEnumerationProperty> m_property;
+    QPointer<ZelSwitchContainerView> m_containerView;
+    bool m_enabled = true;
+};

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorChooserChoice.h"
+
+#include "ViewController/ZelView.h"
+#include "Views/ZelVerticalStackView.h"
+
+ZelInspectorChooserChoice::ZelInspectorChooserChoice(QObject *owner)
+    : ZelInspectorContainer(owner)
+{
+}
+
+void ZelInspectorChooserChoice::setHidden(bool hidden)
+{
+    if (std::exchange(m_hidden, hidden) != hidden)
+        Q_EMIT hiddenChanged();
+}
+
+void ZelInspectorChooserChoice::setEnabled(bool enabled)
+{
+    if (std::exchange(m_enabled, enabled) != enabled)
+        Q_EMIT enabledChanged();
+}
+
+void ZelInspectorChooserChoice::setImage(const QIcon &image)
+{
+    m_image = image;
+    Q_EMIT imageChanged();
+}
+
+void ZelInspectorChooserChoice::setValue(const QVariant &value)
+{
+    m_value = value;
+    Q_EMIT valueChanged();
+}
+
+void ZelInspectorChooserChoice::setSliversAndChoosers(
+    const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers)
+{
+    if (m_sliversAndChoosers.assign(sliversAndChoosers, this))
+        Q_EMIT sliversAndChoosersChanged();
+}
+
+void ZelInspectorChooserChoice::loadView()
+{
+    auto *stack = new ZelVerticalStackView;
+    setView(stack);
+    QList<QWidget *> subviews;
+    for (ZelInspectorConditionalContainer *child : sliversAndChoosers()) {
+        if (QWidget *childView = child->view())
+            subviews.append(childView);
+    }
+    stack->setSubviews(subviews);
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorConditionalContainer.h"
+
+#include <QIcon>
+#include <QVariant>
+
+/// One choice of a chooser: an item of its pop-up, and the rows and choosers shown while it is chosen.
+///
+/// All properties are taken over when the views are made: the chooser's for the item, the choice's for the content.
+class ZelInspectorChooserChoice : public ZelInspectorContainer
+{
+    Q_OBJECT
+    /// False by default. Hides the item, not the content.
+    Q_PROPERTY(bool hidden READ isHidden WRITE setHidden NOTIFY hiddenChanged)
+    /// True by default.
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
+    /// The value in the model that this choice stands for.
+    Q_PROPERTY(QVariant value READ value WRITE setValue NOTIFY valueChanged)
+    /// ZelInspectorSliver and ZelInspectorChooser, mixed.
+    Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
+                   setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
+public:
+    explicit ZelInspectorChooserChoice(QObject *owner);
+
+    bool isHidden() const { return m_hidden; }
+    void setHidden(bool hidden);
+    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled);
+    const QIcon &image() const { return m_image; }
+    void setImage(const QIcon &image);
+    const QVariant &value() const { return m_value; }
+    void setValue(const QVariant &value);
+    QList<ZelInspectorConditionalContainer *> sliversAndChoosers() const { return m_sliversAndChoosers.list(); }
+    void setSliversAndChoosers(const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers);
+
+    void loadView() override;
+
+Q_SIGNALS:
+    void hiddenChanged();
+    void enabledChanged();
+    void imageChanged();
+    void valueChanged();
+    void sliversAndChoosersChanged();
+
+protected:
+    QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
+
+private:
+    ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
+    QIcon m_image;
+    QVariant m_value;
+    bool m_hidden = false;
+    bool m_enabled = true;
+};

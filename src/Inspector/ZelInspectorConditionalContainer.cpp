@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorConditionalContainer.h"
+
+#include "Observation/ZelObservations.h"
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "ViewController/ZelView.h"
+
+namespace {
+const char g_context = 0;
+}
+
+ZelInspectorConditionalContainer::ZelInspectorConditionalContainer(QObject *owner, Observes observes)
+    : ZelInspectorContainer(owner)
+    , m_observes(observes)
+{
+    if (observes == Observes::ForLife)
+        bindAndConfigure();
+}
+
+ZelInspectorConditionalContainer::~ZelInspectorConditionalContainer()
+{
+    uninstall();
+    unbindAndTearDown();
+}
+
+void ZelInspectorConditionalContainer::setVisible(bool visible)
+{
+    if (m_visible == visible)
+        return;
+    m_visible = visible;
+    updateHidden();
+    Q_EMIT visibleChanged();
+}
+
+void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
+{
+    if (m_visibleKeyPath == keyPath)
+        return;
+    m_visibleKeyPath = keyPath;
+    if (m_bound)
+        bindAndConfigure();
+    Q_EMIT visibleKeyPathChanged();
+}
+
+void ZelInspectorConditionalContainer::setVisibleValueTransformer(const ZelValueTransformerPtr &transformer)
+{
+    if (m_visibleValueTransformer == transformer)
+        return;
+    m_visibleValueTransformer = transformer;
+    if (m_bound)
+        updateVisible();
+    Q_EMIT visibleValueTransformerChanged();
+}
+
+void ZelInspectorConditionalContainer::updateVisible()
+{
+    if (m_visibleKeyPath.isEmpty())
+        return;
+    QVariant value = ZelValueForKeyPath(owner(), m_visibleKeyPath);
+    if (m_visibleValueTransformer)
+        value = m_visibleValueTransformer->transformedValue(value);
+    setVisible(!ZelIsNull(value) && !ZelIsControllerMarker(value) && value.toBool());
+}
+
+void ZelInspectorConditionalContainer::bindAndConfigure()
+{
+    unbindAndTearDown();
+    m_bound = true;
+    if (m_visibleKeyPath.isEmpty() || !owner())
+        return;
+    ZelObservations(this).addObservationWithObject(
+        owner(), m_visibleKeyPath, 0,
+        [self = QPointer<ZelInspectorConditionalContainer>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {
+            if (self)
+                self->updateVisible();
+        },
+        &g_context);
+    updateVisible();
+}
+
+void ZelInspectorConditionalContainer::unbindAndTearDown()
+{
+    if (std::exchange(m_bound, false))
+        ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+/// Not by setVisible(true) where there is no parent: that would make a window of the view. It is shown by the parent
+/// that takes it unless it was hidden explicitly.
+void ZelInspectorConditionalContainer::updateHidden()
+{
+    if (!isViewLoaded())
+        return;
+    ZelView *loaded = view();
+    if (!m_visible)
+        loaded->hide();
+    else if (loaded->parentWidget())
+        loaded->show();
+    else if (loaded->isHidden())
+        loaded->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
+void ZelInspectorConditionalContainer::viewDidLoad()
+{
+    ZelInspectorContainer::viewDidLoad();
+    if (!m_visible)
+        updateHidden();
+}
+
+void ZelInspectorConditionalContainer::viewDidInstall()
+{
+    ZelInspectorContainer::viewDidInstall();
+    if (m_observes == Observes::WhileInstalled)
+        bindAndConfigure();
+    else
+        updateVisible();
+}
+
+void ZelInspectorConditionalContainer::viewWillUninstall()
+{
+    ZelInspectorContainer::viewWillUninstall();
+    if (m_observes == Observes::WhileInstalled)
+        unbindAndTearDown();
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorContainer.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+
+ZelInspectorContainer::ZelInspectorContainer(QObject *owner)
+    : m_owner(owner)
+{
+    ZelRequire(owner, "owner");
+}
+
+void ZelInspectorContainer::refresh()
+{
+    for (const auto &child : childControllers()) {
+        if (child)
+            child->refresh();
+    }
+}
+
+void ZelInspectorContainer::prepareForReuse()
+{
+    for (const auto &child : childControllers()) {
+        if (child)
+            child->prepareForReuse();
+    }
+}
+
+bool ZelInspectorContainer::commitEditing()
+{
+    const QPointer<ZelInspectorContainer> alive(this); // what is committed may have consequences
+    for (const auto &child : childControllers()) {
+        if (child && !child->commitEditing())
+            return false;
+    }
+    return !alive || ZelViewController::commitEditing();
+}
+
+void ZelInspectorContainer::discardEditing()
+{
+    const QPointer<ZelInspectorContainer> alive(this);
+    for (const auto &child : childControllers()) {
+        if (child)
+            child->discardEditing();
+    }
+    if (alive)
+        ZelViewController::discardEditing();
+}

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorSection.h"
+
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Layout/ZelConstraintLayout.h"
+#include "ViewController/ZelView.h"
+#include "Views/ZelVerticalStackView.h"
+
+ZelInspectorSection::ZelInspectorSection(QObject *owner)
+    : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
+{
+    connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSection::scheduleUpdateView);
+}
+
+ZelInspectorSection::~ZelInspectorSection()
+{
+    uninstall();
+}
+
+void ZelInspectorSection::setSliversAndChoosers(const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers)
+{
+    if (!m_sliversAndChoosers.assign(sliversAndChoosers, this))
+        return;
+    scheduleUpdateView();
+    Q_EMIT sliversAndChoosersChanged();
+}
+
+void ZelInspectorSection::scheduleUpdateView()
+{
+    if (!isViewLoaded())
+        return;
+    if (!m_updateViewInvocation)
+        m_updateViewInvocation = std::make_unique<ZelDelayedInvocation>([self = QPointer<ZelInspectorSection>(this)] {
+            if (self)
+                self->updateView();
+        });
+    m_updateViewInvocation->schedule();
+}
+
+void ZelInspectorSection::loadView()
+{
+    auto *stack = new ZelVerticalStackView;
+    stack->setEdgeInsets({0, 2, 0, 2});
+    setView(stack);
+    updateView();
+}
+
+void ZelInspectorSection::viewWillUnload()
+{
+    ZelInspectorConditionalContainer::viewWillUnload();
+    view()->setSubviews({}); // the views in it belong to their controllers
+    delete m_labelContainerView;
+}
+
+void ZelInspectorSection::updateView()
+{
+    if (!isViewLoaded())
+        return;
+    updateHeading();
+    QList<QWidget *> subviews;
+    if (m_labelContainerView)
+        subviews.append(m_labelContainerView);
+    for (ZelInspectorConditionalContainer *child : sliversAndChoosers()) {
+        if (QWidget *childView = child->view())
+            subviews.append(childView);
+    }
+    view()->setSubviews(subviews);
+}
+
+void ZelInspectorSection::updateHeading()
+{
+    if (title().isEmpty()) {
+        delete m_labelContainerView;
+        return;
+    }
+    if (!m_labelContainerView) {
+        m_labelContainerView = new ZelVerticalStackView;
+        m_labelContainerView->setEdgeInsets({15, 2, 15, 2});
+        m_label = new ZelLabel(m_labelContainerView);
+        m_label->setFont(ZelControlSize::smallBoldFont());
+        m_label->setTextColor(QColor::fromRgbF(0.25f, 0.25f, 0.25f));
+        ZelLayoutPriorities priorities; // a long title is cut, it does not widen the inspector
+        priorities.horizontalHugging = 1;
+        priorities.horizontalCompression = 1;
+        ZelConstraintLayout::setPriorities(m_label, priorities);
+    }
+    m_label->setText(title());
+}

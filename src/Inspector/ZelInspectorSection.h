@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorConditionalContainer.h"
+#include "Observation/ZelDelayedInvocation.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Views/ZelVerticalStackView.h"
+
+/// Rows and choosers one below the other, under the title as a heading.
+///
+/// A change of the title or of the list shows later in the turn, or before the window is painted.
+class ZelInspectorSection : public ZelInspectorConditionalContainer
+{
+    Q_OBJECT
+    /// ZelInspectorSliver and ZelInspectorChooser, mixed.
+    Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
+                   setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
+public:
+    explicit ZelInspectorSection(QObject *owner);
+    ~ZelInspectorSection() override;
+
+    QList<ZelInspectorConditionalContainer *> sliversAndChoosers() const { return m_sliversAndChoosers.list(); }
+    void setSliversAndChoosers(const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers);
+
+    /// The heading with its label; null while there is none.
+    ZelVerticalStackView *labelContainerView() const { return m_labelContainerView; }
+    ZelLabel *label() const { return m_label; }
+
+    void loadView() override;
+    void viewWillUnload() override;
+    /// Fills the view anew.
+    void updateView();
+
+Q_SIGNALS:
+    void sliversAndChoosersChanged();
+
+protected:
+    QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
+
+private:
+    void updateHeading();
+    void scheduleUpdateView();
+
+    ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
+    QPointer<ZelVerticalStackView> m_labelContainerView;
+    QPointer<ZelLabel> m_label;
+    std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation; // made when it is first scheduled
+};

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorSlice.h"
+
+#include "Controls/ZelSeparator.h"
+#include "Platform/Controls/ZelThemeColor.h"
+#include "Views/ZelVerticalStackView.h"
+
+namespace {
+
+ZelColor alternatingColor(const QPalette &palette)
+{
+    const ZelColor light(ZelColor::CalibratedRGB, {0.871, 0.871, 0.871, 1});
+    return ZelThemeColor::isDark(palette) ? ZelColor(ZelThemeColor::adapted(light, palette)) : light;
+}
+
+} // namespace
+
+ZelInspectorSlice::ZelInspectorSlice(QObject *owner)
+    : ZelInspectorConditionalContainer(owner, Observes::ForLife)
+{
+}
+
+ZelInspectorSlice::~ZelInspectorSlice()
+{
+    uninstall();
+}
+
+void ZelInspectorSlice::setUsesAlternatingBackgroundColors(bool uses)
+{
+    if (m_usesAlternatingBackgroundColors == uses)
+        return;
+    m_usesAlternatingBackgroundColors = uses;
+    Q_EMIT usesAlternatingBackgroundColorsChanged();
+}
+
+void ZelInspectorSlice::setSections(const QList<ZelInspectorSection *> &sections)
+{
+    if (m_sections.assign(sections, this))
+        Q_EMIT sectionsChanged();
+}
+
+void ZelInspectorSlice::loadView()
+{
+    m_sectionsView = new ZelVerticalStackView;
+    setView(m_sectionsView);
+    const QList<ZelInspectorSection *> all = sections();
+    for (ZelInspectorSection *section : all)
+        section->view();
+    QList<QWidget *> subviews;
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        ZelInspectorSection *section = all.at(i);
+        if (i > 0)
+            subviews.append(makeSeparator(section));
+        if (i % 2 == 1 && m_usesAlternatingBackgroundColors)
+            section->view()->setBackgroundColor(alternatingColor(m_sectionsView->palette()));
+        subviews.append(section->view());
+    }
+    m_sectionsView->setSubviews(subviews);
+}
+
+/// A separator comes and goes with the section below it.
+QWidget *ZelInspectorSlice::makeSeparator(ZelInspectorSection *below)
+{
+    auto *separator = new ZelSeparator;
+    separator->setLevel(2);
+    separator->setEdgeInsets({8, 0, 8, 0});
+    if (!below->isVisible())
+        separator->hide();
+    connect(below, &ZelInspectorConditionalContainer::visibleChanged, separator,
+            [separator, below] { separator->setHidden(!below->isVisible()); });
+    return separator;
+}

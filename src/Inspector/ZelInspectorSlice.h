@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorConditionalContainer.h"
+#include "Inspector/ZelInspectorSection.h"
+#include "Views/ZelVerticalStackView.h"
+
+/// Sections one below the other, with separators between them.
+///
+/// The view is made once: later changes of the sections or of the colours do not show in it.
+class ZelInspectorSlice : public ZelInspectorConditionalContainer
+{
+    Q_OBJECT
+    /// False by default. Otherwise every second section has a background.
+    Q_PROPERTY(bool usesAlternatingBackgroundColors READ usesAlternatingBackgroundColors WRITE
+                   setUsesAlternatingBackgroundColors NOTIFY usesAlternatingBackgroundColorsChanged)
+    Q_PROPERTY(QList<ZelInspectorSection *> sections READ sections WRITE setSections NOTIFY sectionsChanged)
+public:
+    explicit ZelInspectorSlice(QObject *owner);
+    ~ZelInspectorSlice() override;
+
+    bool usesAlternatingBackgroundColors() const { return m_usesAlternatingBackgroundColors; }
+    void setUsesAlternatingBackgroundColors(bool uses);
+    QList<ZelInspectorSection *> sections() const { return m_sections.list(); }
+    void setSections(const QList<ZelInspectorSection *> &sections);
+
+    /// The view, with the sections' views and the separators; null while it is not loaded.
+    ZelVerticalStackView *sectionsView() const { return m_sectionsView; }
+
+    void loadView() override;
+
+Q_SIGNALS:
+    void usesAlternatingBackgroundColorsChanged();
+    void sectionsChanged();
+
+protected:
+    QList<QPointer<ZelViewController>> childControllers() const override { return m_sections.pointers(); }
+
+private:
+    QWidget *makeSeparator(ZelInspectorSection *below);
+
+    ZelChildControllers<ZelInspectorSection> m_sections;
+    QPointer<ZelVerticalStackView> m_sectionsView;
+    bool m_usesAlternatingBackgroundColors = false;
+};

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelInspectorSliver.h"
+
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "ViewController/ZelView.h"
+#include "Views/ZelHorizontalStackView.h"
+
+namespace {
+
+using Constraint = ZelLayoutConstraint;
+
+// In points.
+constexpr double columnWidth = 165; // of a row whose editors may share a line
+constexpr double columnSpacing = 4;
+constexpr double labelWidth = 79;
+constexpr double leadingMargin = 82;
+constexpr double leadingMarginAtFullWidth = 4;
+constexpr double trailingMargin = 5;
+
+constexpr ZelLayoutPriority baselinePriority = 750;
+constexpr ZelLayoutPriority bottomPriority = 750;
+constexpr ZelLayoutPriority emptyPriority = 500;
+
+Constraint::Ptr tie(QWidget *first, Constraint::Attribute attribute, QWidget *second,
+                    Constraint::Attribute secondAttribute, double constant = 0,
+                    ZelLayoutPriority priority = ZelLayoutPriorityRequired)
+{
+    return Constraint::constraintWithItem(first, attribute, Constraint::Equal, second, secondAttribute, 1, constant,
+                                          priority);
+}
+
+/// Null unless both editors have a view with a baseline.
+Constraint::Ptr tiedBaselines(ZelInspectorProperty *first, ZelInspectorProperty *second)
+{
+    QWidget *a = first->viewForBaselineAlignment();
+    QWidget *b = second->viewForBaselineAlignment();
+    if (!a || !b)
+        return {};
+    return tie(a, Constraint::Baseline, b, Constraint::Baseline,
+               second->baselineOffsetFromView() - first->baselineOffsetFromView(), baselinePriority);
+}
+
+bool shareLine(ZelInspectorProperty *first, ZelInspectorProperty *second)
+{
+    return first->canTileIntoColumnsWithProperty(second) && first->canTileIntoColumnsWithWidth(columnWidth) &&
+           second->canTileIntoColumnsWithWidth(columnWidth);
+}
+
+} // namespace
+
+ZelInspectorSliver::ZelInspectorSliver(QObject *owner)
+    : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
+{
+    connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSliver::titleDidChange);
+}
+
+ZelInspectorSliver::~ZelInspectorSliver()
+{
+    uninstall();
+}
+
+void ZelInspectorSliver::setFullWidth(bool fullWidth)
+{
+    if (m_fullWidth == fullWidth)
+        return;
+    m_fullWidth = fullWidth;
+    if (isViewLoaded())
+        updateView();
+    Q_EMIT fullWidthChanged();
+}
+
+void ZelInspectorSliver::setProperties(const QList<ZelInspectorProperty *> &properties)
+{
+    if (!m_properties.assign(properties, this))
+        return;
+    if (isViewLoaded())
+        updateView();
+    Q_EMIT propertiesChanged();
+}
+
+void ZelInspectorSliver::loadView()
+{
+    auto *row = new ZelView;
+    row->setFont(ZelControlSize::smallFont());
+    setView(row);
+    updateView();
+}
+
+void ZelInspectorSliver::viewDidUnload()
+{
+    ZelInspectorConditionalContainer::viewDidUnload();
+    m_rowConstraints.clear();
+    m_baselineConstraint.reset();
+}
+
+void ZelInspectorSliver::updateView()
+{
+    if (!isViewLoaded())
+        return;
+    ZelView *row = view();
+    const QList<QPointer<ZelHorizontalStackView>> formerPairs = std::exchange(m_pairs, {});
+    const QList<QWidget *> lines = makeLines();
+    updateLabel();
+    row->removeConstraints(std::exchange(m_rowConstraints, {}));
+    row->setSubviews(m_label ? lines + QList<QWidget *>{m_label} : lines);
+    m_rowConstraints = constraintsForLines(lines) + constraintsForLabel();
+    row->addConstraints(m_rowConstraints);
+    for (const auto &pair : formerPairs) {
+        if (pair)
+            pair->setSubviews({}); // the editors belong to their controllers
+        delete pair;
+    }
+}
+
+QList<QWidget *> ZelInspectorSliver::makeLines()
+{
+    const QList<ZelInspectorProperty *> all = properties();
+    QList<QWidget *> lines;
+    lines.reserve(all.size() + 1);
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        const bool isPair = i + 1 < all.size() && shareLine(all.at(i), all.at(i + 1));
+        QWidget *line = isPair ? makePair(all.at(i), all.at(i + 1)) : all.at(i)->view();
+        if (line)
+            lines.append(line);
+        i += isPair;
+    }
+    return lines;
+}
+
+ZelView *ZelInspectorSliver::makePair(ZelInspectorProperty *first, ZelInspectorProperty *second)
+{
+    auto *pair = new ZelHorizontalStackView;
+    m_pairs.append(pair);
+    pair->setSpacing(columnSpacing);
+    pair->setEqualSizes(true);
+    pair->addSubview(first->view());
+    pair->addSubview(second->view());
+    if (const Constraint::Ptr baselines = tiedBaselines(first, second))
+        pair->addConstraint(baselines);
+    return pair;
+}
+
+// Label
+
+void ZelInspectorSliver::titleDidChange()
+{
+    if (!isViewLoaded())
+        return;
+    if (needsLabel() == !m_label)
+        updateView();
+    else
+        showTitle();
+}
+
+void ZelInspectorSliver::updateLabel()
+{
+    if (!needsLabel()) {
+        delete m_label;
+    } else if (!m_label) {
+        m_label = new ZelLabel(view());
+        m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        m_label->setTextColor(QColor::fromRgbF(0.2f, 0.2f, 0.2f));
+    }
+    showTitle();
+}
+
+/// The title is also the name of the first editor's control for people who cannot see the label beside it.
+void ZelInspectorSliver::showTitle()
+{
+    if (m_label)
+        m_label->setText(title());
+    const QList<ZelInspectorProperty *> all = properties();
+    ZelInspectorProperty *first = all.isEmpty() ? nullptr : all.first();
+    if (!first || !first->title().isEmpty() || !first->titleKeyPath().isEmpty())
+        return;
+    QWidget *control = first->viewForBaselineAlignment();
+    if (!control || (control != m_namedControl && !control->accessibleName().isEmpty()))
+        return;
+    m_namedControl = title().isEmpty() ? nullptr : control;
+    control->setAccessibleName(title());
+}
+
+// Constraints
+
+QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLines(const QList<QWidget *> &lines)
+{
+    ZelView *row = view();
+    if (lines.isEmpty())
+        return {tie(row, Constraint::Height, nullptr, Constraint::NotAnAttribute, 0, emptyPriority)};
+    QList<Constraint::Ptr> constraints;
+    constraints.reserve(3 * lines.size() + 1);
+    const double leading = m_fullWidth ? leadingMarginAtFullWidth : leadingMargin;
+    QWidget *previous = nullptr;
+    for (QWidget *line : lines) {
+        constraints << tie(line, Constraint::Leading, row, Constraint::Leading, leading)
+                    << tie(line, Constraint::Trailing, row, Constraint::Trailing, -trailingMargin)
+                    << (previous ? tie(line, Constraint::Top, previous, Constraint::Bottom)
+                                 : tie(line, Constraint::Top, row, Constraint::Top));
+        previous = line;
+    }
+    constraints << tie(previous, Constraint::Bottom, row, Constraint::Bottom, 0, bottomPriority);
+    return constraints;
+}
+
+QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLabel()
+{
+    m_baselineConstraint.reset();
+    if (!m_label)
+        return {};
+    QList<Constraint::Ptr> constraints{
+        tie(m_label, Constraint::Leading, view(), Constraint::Leading),
+        tie(m_label, Constraint::Width, nullptr, Constraint::NotAnAttribute, labelWidth),
+    };
+    const QList<ZelInspectorProperty *> all = properties();
+    QWidget *baselineView = all.isEmpty() ? nullptr : all.first()->viewForBaselineAlignment();
+    if (!baselineView)
+        return constraints;
+    m_baselineConstraint = tie(m_label, Constraint::Baseline, baselineView, Constraint::Baseline,
+                               all.first()->baselineOffsetFromView(), baselinePriority);
+    constraints << m_baselineConstraint;
+    return constraints;
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Inspector/ZelInspectorConditionalContainer.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Layout/ZelLayoutConstraint.h"
+#include "Views/ZelHorizontalStackView.h"
+
+/// One row of an inspector: property editors, with the title as a label before them.
+///
+/// The editors stand one below the other. Two neighbours of one kind that are narrow enough share a line. With
+/// fullWidth there is no label, and its place belongs to the editors. A change of the title, of fullWidth or of the
+/// properties shows at once.
+class ZelInspectorSliver : public ZelInspectorConditionalContainer
+{
+    Q_OBJECT
+    /// False by default.
+    Q_PROPERTY(bool fullWidth READ isFullWidth WRITE setFullWidth NOTIFY fullWidthChanged)
+    Q_PROPERTY(QList<ZelInspectorProperty *> properties READ properties WRITE setProperties NOTIFY propertiesChanged)
+public:
+    explicit ZelInspectorSliver(QObject *owner);
+    ~ZelInspectorSliver() override;
+
+    bool isFullWidth() const { return m_fullWidth; }
+    void setFullWidth(bool fullWidth);
+    QList<ZelInspectorProperty *> properties() const { return m_properties.list(); }
+    void setProperties(const QList<ZelInspectorProperty *> &properties);
+
+    /// Null while the row shows no label.
+    ZelLabel *label() const { return m_label; }
+    /// What ties the label's baseline to that of the first editor; null without a label.
+    const ZelLayoutConstraint::Ptr &baselineConstraint() const { return m_baselineConstraint; }
+
+    void loadView() override;
+    void viewDidUnload() override;
+    /// Makes the row anew from the properties.
+    void updateView();
+
+Q_SIGNALS:
+    void fullWidthChanged();
+    void propertiesChanged();
+
+protected:
+    QList<QPointer<ZelViewController>> childControllers() const override { return m_properties.pointers(); }
+
+private:
+    QList<QWidget *> makeLines();
+    ZelView *makePair(ZelInspectorProperty *first, ZelInspectorProperty *second);
+    bool needsLabel() const { return !title().isEmpty() && !m_fullWidth; }
+    void titleDidChange();
+    void updateLabel();
+    void showTitle();
+    QList<ZelLayoutConstraint::Ptr> constraintsForLines(const QList<QWidget *> &lines);
+    QList<ZelLayoutConstraint::Ptr> constraintsForLabel();
+
+    ZelChildControllers<ZelInspectorProperty> m_properties;
+    QPointer<ZelLabel> m_label;
+    QPointer<QWidget> m_namedControl; // has the title as its accessible name
+    ZelLayoutConstraint::Ptr m_baselineConstraint;
+    QList<ZelLayoutConstraint::Ptr> m_rowConstraints;
+    QList<QPointer<ZelHorizontalStackView>> m_pairs;
+    bool m_fullWidth = false;
+};

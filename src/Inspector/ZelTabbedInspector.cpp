@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/ZelTabbedInspector.h"
+
+#include "Observation/ZelObservations.h"
+#include "Platform/Resources/ZelNamedImages.h"
+#include "TabBar/ZelTabBar.h"
+#include "Views/ZelSwitchContainerView.h"
+
+namespace {
+const char g_context = 0;
+}
+
+ZelTabbedInspector::ZelTabbedInspector(QObject *owner)
+    : ZelInspectorContainer(owner)
+{
+}
+
+ZelTabbedInspector::~ZelTabbedInspector()
+{
+    uninstall();
+}
+
+void ZelTabbedInspector::setPanes(const QList<ZelInspectorPane *> &panes)
+{
+    if (m_panes.assign(panes, this))
+        Q_EMIT panesChanged();
+}
+
+void ZelTabbedInspector::setEnabled(bool enabled)
+{
+    if (std::exchange(m_enabled, enabled) != enabled)
+        Q_EMIT enabledChanged();
+}
+
+void ZelTabbedInspector::setEnabledKeyPath(const QString &keyPath)
+{
+    if (std::exchange(m_enabledKeyPath, keyPath) != keyPath)
+        Q_EMIT enabledKeyPathChanged();
+}
+
+void ZelTabbedInspector::setEnabledValueTransformer(const ZelValueTransformerPtr &transformer)
+{
+    if (std::exchange(m_enabledValueTransformer, transformer) != transformer)
+        Q_EMIT enabledValueTransformerChanged();
+}
+
+QList<QPointer<ZelViewController>> ZelTabbedInspector::childControllers() const
+{
+    return {m_currentInspector.data()};
+}
+
+// View
+
+void ZelTabbedInspector::loadView()
+{
+    auto *inspector = new ZelView;
+    setView(inspector);
+    m_tabBar = new ZelTabBar(inspector);
+    m_tabBar->setDelegate(this);
+    m_containerView = new ZelSwitchContainerView(inspector);
+    const QList<ZelInspectorPane *> all = panes();
+    m_containerView->setChildViewControllers({all.begin(), all.end()});
+    makeTabs();
+    selectInspector(m_selectedPaneIndex);
+    for (const char *format : {"H:|[tabBar]|", "H:|[containerView]|", "V:|[tabBar(22)][containerView]|"})
+        inspector->addConstraintsWithVisualFormat(QString::fromLatin1(format),
+                                                  {{QStringLiteral("tabBar"), m_tabBar},
+                                                   {QStringLiteral("containerView"), m_containerView}});
+}
+
+void ZelTabbedInspector::makeTabs()
+{
+    QList<ZelTabBarItem *> items;
+    for (const ZelInspectorPane *pane : panes()) {
+        auto *item = new ZelTabBarItem(ZelNamedImages::templateImage(pane->image()), 0, m_tabBar);
+        item->setToolTip(pane->title());
+        // One key for all tabs: it leads back to the first.
+        item->setKeyEquivalent(QStringLiteral("1"));
+        item->setKeyEquivalentModifierMask(Qt::ControlModifier);
+        items.append(item);
+    }
+    m_tabBar->setItems(items);
+}
+
+void ZelTabbedInspector::viewDidInstall()
+{
+    ZelInspectorContainer::viewDidInstall();
+    if (!m_tabBar)
+        return;
+    m_tabBar->setEnabled(m_enabled);
+    if (m_enabledKeyPath.isEmpty() || !owner())
+        return;
+    ZelBindingOptions options;
+    if (m_enabledValueTransformer)
+        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(m_enabledValueTransformer));
+    ZelObservations(this).addBindingWithObject(m_tabBar, ZelEnabledBinding, owner(), m_enabledKeyPath, options,
+                                               &g_context);
+}
+
+void ZelTabbedInspector::viewWillUninstall()
+{
+    ZelInspectorContainer::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+// Selection
+
+void ZelTabbedInspector::setSelectedPaneIndex(quint64 index)
+{
+    if (index != m_selectedPaneIndex)
+        selectInspector(index);
+}
+
+void ZelTabbedInspector::selectInspector(quint64 index)
+{
+    if (isViewInstalled() && m_currentInspector)
+        m_currentInspector->prepareForReuse();
+    m_currentInspector = nullptr;
+    const bool isOther = std::exchange(m_selectedPaneIndex, index) != index;
+    if (m_tabBar && m_containerView) {
+        m_currentInspector = panes().value(qsizetype(index));
+        m_containerView->setSelectedChildViewControllerIndex(index);
+        if (m_currentInspector)
+            m_currentInspector->refresh();
+        ZelTabBarItem *item = m_tabBar->items().value(qsizetype(index));
+        if (item && m_tabBar->selectedItem() != item)
+            m_tabBar->setSelectedItem(item);
+    }
+    if (isOther)
+        Q_EMIT selectedPaneIndexChanged();
+}
+
+bool ZelTabbedInspector::tabBarShouldSelectItem(ZelTabBar *, ZelTabBarItem *)
+{
+    return commitEditing();
+}
+
+void ZelTabbedInspector::tabBarDidSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item)
+{
+    const qsizetype index = tabBar->items().indexOf(item);
+    if (index >= 0)
+        selectInspector(quint64(index));
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorPane.h"
+#include "TabBar/ZelTabBarDelegate.h"
+#include "Views/ZelSwitchContainerView.h"
+
+/// A whole inspector: panes behind a tab bar, of which one is shown.
+///
+/// A tab cannot be left while an edit cannot be committed. The tabs are made once, with the view: later changes of the
+/// panes do not show in it.
+class ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegate
+{
+    Q_OBJECT
+    Q_PROPERTY(QList<ZelInspectorPane *> panes READ panes WRITE setPanes NOTIFY panesChanged)
+    /// True by default. Enables the tab bar; taken over when the view is installed.
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(QString enabledKeyPath READ enabledKeyPath WRITE setEnabledKeyPath NOTIFY enabledKeyPathChanged)
+    Q_PROPERTY(ZelValueTransformerPtr enabledValueTransformer READ enabledValueTransformer WRITE
+                   setEnabledValueTransformer NOTIFY enabledValueTransformerChanged)
+    /// 0 by default.
+    Q_PROPERTY(
+        quint64 selectedPaneIndex READ selectedPaneIndex WRITE setSelectedPaneIndex NOTIFY selectedPaneIndexChanged)
+public:
+    explicit ZelTabbedInspector(QObject *owner);
+    ~ZelTabbedInspector() override;
+
+    QList<ZelInspectorPane *> panes() const { return m_panes.list(); }
+    void setPanes(const QList<ZelInspectorPane *> &panes);
+    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled);
+    const QString &enabledKeyPath() const { return m_enabledKeyPath; }
+    void setEnabledKeyPath(const QString &keyPath);
+    const ZelValueTransformerPtr &enabledValueTransformer() const { return m_enabledValueTransformer; }
+    void setEnabledValueTransformer(const ZelValueTransformerPtr &transformer);
+
+    quint64 selectedPaneIndex() const { return m_selectedPaneIndex; }
+    /// Selects the pane, now or when the view is made.
+    void setSelectedPaneIndex(quint64 index);
+    /// Puts the current pane away and shows the one of that index; without asking the former one. An index behind the
+    /// last pane shows none.
+    void selectInspector(quint64 index);
+    /// The shown pane; null before the view is made.
+    ZelInspectorPane *currentInspector() const { return m_currentInspector; }
+
+    // Null while the view is not loaded.
+    ZelTabBar *tabBar() const { return m_tabBar; }
+    ZelSwitchContainerView *containerView() const { return m_containerView; }
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+
+    bool tabBarShouldSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
+    void tabBarDidSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
+
+Q_SIGNALS:
+    void panesChanged();
+    void enabledChanged();
+    void enabledKeyPathChanged();
+    void enabledValueTransformerChanged();
+    void selectedPaneIndexChanged();
+
+protected:
+    /// The current pane alone: the others are put away.
+    QList<QPointer<ZelViewController>> childControllers() const override;
+
+private:
+    void makeTabs();
+
+    ZelChildControllers<ZelInspectorPane> m_panes;
+    QString m_enabledKeyPath;
+    ZelValueTransformerPtr m_enabledValueTransformer;
+    QPointer<ZelInspectorPane> m_currentInspector;
+    QPointer<ZelTabBar> m_tabBar;
+    QPointer<ZelSwitchContainerView> m_containerView;
+    quint64 m_selectedPaneIndex = 0;
+    bool m_enabled = true;
+};
