@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Inspector/ZelInspectorPane.h"
-#include "TabBar/ZelTabBarDelegate.h"
+#include "TabBar/ZelTabBar.h"
 #include "Views/ZelSwitchContainerView.h"
 
 /// A whole inspector: panes behind a tab bar, of which one is shown.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TabBar/ZelBar.h"
+#include "TabBar/ZelButtonMatrix.h"
 #include "TabBar/ZelTabBarDelegate.h"
 #include "TabBar/ZelTabBarItem.h"
 
@@ -11,7 +12,6 @@
 
 class QShortcut;
 class ZelBlockObservation;
-class ZelButtonMatrix;
 
 /// A row of image buttons, one for each item, exactly one of them selected.
 ///
