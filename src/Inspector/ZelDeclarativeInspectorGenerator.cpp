@@ -206,8 +206,7 @@ ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Confi
     inspector->setEnabledKeyPath(configuration.stringValueNamed(u"enabledKeyPath"));
     if (configuration.configurationsNamed(u"pane").isEmpty())
         ZelFail(QStringLiteral("No panes in the configuration"), configuration.place());
-    inspector->setPanes(
-        buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));
+    inspector->setPanes(buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));
     return inspector.release();
 }
 

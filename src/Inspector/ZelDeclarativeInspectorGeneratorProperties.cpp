@@ -69,10 +69,10 @@ void applyWord(uint &value, const QString &text, std::initializer_list<Word> wor
 
 void applyFormatStyle(uint &style, const Configuration &configuration)
 {
-    applyWord(style, configuration.stringValueNamed(u"formatStyle", QStringLiteral("integer")),
-              {{"integer", ZelInspectorNumberProperty::IntegerStyle},
-               {"decimal", ZelInspectorNumberProperty::DecimalStyle}},
-              QStringLiteral("Unsupported format style: "), configuration);
+    applyWord(
+        style, configuration.stringValueNamed(u"formatStyle", QStringLiteral("integer")),
+        {{"integer", ZelInspectorNumberProperty::IntegerStyle}, {"decimal", ZelInspectorNumberProperty::DecimalStyle}},
+        QStringLiteral("Unsupported format style: "), configuration);
 }
 
 void applySlider(uint &type, const Configuration &configuration)

@@ -56,8 +56,8 @@ void ZelDescriptionFiles::checkCycle(const QUrl &url, const QString &path, const
 
 void ZelDescriptionFiles::fail(const QUrl &url, const QString &description, const ZelSourcePlace &place)
 {
-    throw ZelGenericException(
-        QStringLiteral("Unable to read file from URL %1: %2").arg(url.toString(), description), place);
+    throw ZelGenericException(QStringLiteral("Unable to read file from URL %1: %2").arg(url.toString(), description),
+                              place);
 }
 
 ZelDescriptionFiles::Entered::Entered(ZelDescriptionFiles *files, const ZelInspectorConfiguration &element)

@@ -36,6 +36,11 @@ void ZelInspector::setSlices(const QList<ZelInspectorSlice *> &slices)
     Q_EMIT slicesChanged();
 }
 
+ZelVerticalStackView *ZelInspector::slicesView() const
+{
+    return m_slicesView;
+}
+
 void ZelInspector::loadView()
 {
     m_box = new ZelExpandableView;

@@ -21,7 +21,7 @@ public:
     void setSlices(const QList<ZelInspectorSlice *> &slices);
 
     /// The body of the box; null while the view is not loaded.
-    ZelVerticalStackView *slicesView() const { return m_slicesView; }
+    ZelVerticalStackView *slicesView() const;
 
     void loadView() override;
     void viewDidInstall() override;

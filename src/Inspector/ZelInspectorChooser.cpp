@@ -99,6 +99,16 @@ QList<QPointer<ZelViewController>> ZelInspectorChooser::childControllers() const
     return QList<QPointer<ZelViewController>>{m_sliver.data()} + m_choices.pointers();
 }
 
+ZelInspectorSliver *ZelInspectorChooser::sliver() const
+{
+    return m_sliver;
+}
+
+ZelSwitchContainerView *ZelInspectorChooser::containerView() const
+{
+    return m_containerView;
+}
+
 // View
 
 void ZelInspectorChooser::loadView()

@@ -51,9 +51,9 @@ public:
     void updateContentView();
 
     // Made with the view, null before.
-    ZelInspectorSliver *sliver() const { return m_sliver; }
+    ZelInspectorSliver *sliver() const;
     ZelInspectorTextEnumerationProperty *property() const;
-    ZelSwitchContainerView *containerView() const { return m_containerView; }
+    ZelSwitchContainerView *containerView() const;
     /// The items that the pop-up shows below the choices where there is no single value.
     ZelMenuItem *separatorMenuItem() const;
     ZelMenuItem *multipleValuesMenuItem() const;

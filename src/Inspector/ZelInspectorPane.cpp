@@ -37,6 +37,16 @@ void ZelInspectorPane::setInspectors(const QList<ZelInspector *> &inspectors)
     Q_EMIT inspectorsChanged();
 }
 
+ZelScrollView *ZelInspectorPane::scrollView() const
+{
+    return m_scrollView;
+}
+
+ZelVerticalStackView *ZelInspectorPane::containerView() const
+{
+    return m_containerView;
+}
+
 void ZelInspectorPane::loadView()
 {
     auto *pane = new ZelView;

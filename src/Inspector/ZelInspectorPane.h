@@ -26,8 +26,8 @@ public:
     void setInspectors(const QList<ZelInspector *> &inspectors);
 
     // Null while the view is not loaded.
-    ZelScrollView *scrollView() const { return m_scrollView; }
-    ZelVerticalStackView *containerView() const { return m_containerView; }
+    ZelScrollView *scrollView() const;
+    ZelVerticalStackView *containerView() const;
 
     void loadView() override;
     void viewDidInstall() override;

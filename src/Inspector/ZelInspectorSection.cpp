@@ -38,6 +38,16 @@ void ZelInspectorSection::scheduleUpdateView()
     m_updateViewInvocation->schedule();
 }
 
+ZelVerticalStackView *ZelInspectorSection::labelContainerView() const
+{
+    return m_labelContainerView;
+}
+
+ZelLabel *ZelInspectorSection::label() const
+{
+    return m_label;
+}
+
 void ZelInspectorSection::loadView()
 {
     auto *stack = new ZelVerticalStackView;

@@ -23,8 +23,8 @@ public:
     void setSliversAndChoosers(const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers);
 
     /// The heading with its label; null while there is none.
-    ZelVerticalStackView *labelContainerView() const { return m_labelContainerView; }
-    ZelLabel *label() const { return m_label; }
+    ZelVerticalStackView *labelContainerView() const;
+    ZelLabel *label() const;
 
     void loadView() override;
     void viewWillUnload() override;

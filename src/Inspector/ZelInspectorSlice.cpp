@@ -39,6 +39,11 @@ void ZelInspectorSlice::setSections(const QList<ZelInspectorSection *> &sections
         Q_EMIT sectionsChanged();
 }
 
+ZelVerticalStackView *ZelInspectorSlice::sectionsView() const
+{
+    return m_sectionsView;
+}
+
 void ZelInspectorSlice::loadView()
 {
     m_sectionsView = new ZelVerticalStackView;

@@ -25,7 +25,7 @@ public:
     void setSections(const QList<ZelInspectorSection *> &sections);
 
     /// The view, with the sections' views and the separators; null while it is not loaded.
-    ZelVerticalStackView *sectionsView() const { return m_sectionsView; }
+    ZelVerticalStackView *sectionsView() const;
 
     void loadView() override;
 

@@ -79,6 +79,11 @@ void ZelInspectorSliver::setProperties(const QList<ZelInspectorProperty *> &prop
     Q_EMIT propertiesChanged();
 }
 
+ZelLabel *ZelInspectorSliver::label() const
+{
+    return m_label;
+}
+
 void ZelInspectorSliver::loadView()
 {
     auto *row = new ZelView;

@@ -28,7 +28,7 @@ public:
     void setProperties(const QList<ZelInspectorProperty *> &properties);
 
     /// Null while the row shows no label.
-    ZelLabel *label() const { return m_label; }
+    ZelLabel *label() const;
     /// What ties the label's baseline to that of the first editor; null without a label.
     const ZelLayoutConstraint::Ptr &baselineConstraint() const { return m_baselineConstraint; }
 

@@ -3,6 +3,7 @@
 
 #include "Observation/ZelObservations.h"
 #include "Platform/Resources/ZelNamedImages.h"
+#include "TabBar/ZelButtonMatrix.h"
 #include "TabBar/ZelTabBar.h"
 #include "Views/ZelSwitchContainerView.h"
 
@@ -49,6 +50,16 @@ QList<QPointer<ZelViewController>> ZelTabbedInspector::childControllers() const
     return {m_currentInspector.data()};
 }
 
+ZelTabBar *ZelTabbedInspector::tabBar() const
+{
+    return m_tabBar;
+}
+
+ZelSwitchContainerView *ZelTabbedInspector::containerView() const
+{
+    return m_containerView;
+}
+
 // View
 
 void ZelTabbedInspector::loadView()
@@ -63,9 +74,9 @@ void ZelTabbedInspector::loadView()
     makeTabs();
     selectInspector(m_selectedPaneIndex);
     for (const char *format : {"H:|[tabBar]|", "H:|[containerView]|", "V:|[tabBar(22)][containerView]|"})
-        inspector->addConstraintsWithVisualFormat(QString::fromLatin1(format),
-                                                  {{QStringLiteral("tabBar"), m_tabBar},
-                                                   {QStringLiteral("containerView"), m_containerView}});
+        inspector->addConstraintsWithVisualFormat(
+            QString::fromLatin1(format),
+            {{QStringLiteral("tabBar"), m_tabBar}, {QStringLiteral("containerView"), m_containerView}});
 }
 
 void ZelTabbedInspector::makeTabs()

@@ -44,8 +44,8 @@ public:
     ZelInspectorPane *currentInspector() const { return m_currentInspector; }
 
     // Null while the view is not loaded.
-    ZelTabBar *tabBar() const { return m_tabBar; }
-    ZelSwitchContainerView *containerView() const { return m_containerView; }
+    ZelTabBar *tabBar() const;
+    ZelSwitchContainerView *containerView() const;
 
     void loadView() override;
     void viewDidInstall() override;
