@@ -16,30 +16,10 @@ using Constraint = ZelAxisConstraint;
 constexpr double Tiny = 1e-6;
 constexpr float PlacePriority = 0.001F; // keeps boxes that nothing places at the container's start
 
-/// How an edge of the container moves with its length.
-double lengthFactor(Constraint::Edge edge)
-{
-    switch (edge) {
-    case Constraint::End:
-    case Constraint::Length:
-        return 1;
-    case Constraint::Center:
-        return 0.5;
-    default:
-        return 0;
-    }
-}
-
-bool dependsOnLength(const Constraint &constraint)
-{
-    return (!constraint.first.isBox() && lengthFactor(constraint.first.edge) != 0) ||
-           (!constraint.second.isBox() && lengthFactor(constraint.second.edge) != 0);
-}
-
 double valueOf(const Constraint::Operand &operand, double length, const ZelLayoutSpans &spans)
 {
     if (!operand.isBox())
-        return lengthFactor(operand.edge) * length;
+        return ZelAxisParts::lengthFactor(operand.edge) * length;
     const ZelLayoutSpan &span = spans[size_t(operand.box)];
     switch (operand.edge) {
     case Constraint::Start:
@@ -59,120 +39,78 @@ double missOf(double difference, Constraint::Relation relation)
     return relation == Constraint::Equal ? std::abs(difference) : std::max(0.0, -relation * difference);
 }
 
+/// One for all, so that its storage is made once.
+ZelConstraintSolver &solver()
+{
+    static thread_local ZelConstraintSolver instance;
+    return instance;
+}
+
+void addBoxGoals(int place, const ZelLayoutBox &box)
+{
+    using Solver = ZelConstraintSolver;
+    const int length = 2 * place + 1;
+    solver().addGoal({{length, 1}}, 0, Solver::NotBelow, ZelLayoutBox::NotNegativePriority);
+    if (box.minimum > 0)
+        solver().addGoal({{length, 1}}, -box.minimum, Solver::NotBelow, ZelLayoutBox::LimitPriority);
+    if (std::isfinite(box.maximum))
+        solver().addGoal({{length, 1}}, -box.maximum, Solver::NotAbove, ZelLayoutBox::LimitPriority);
+    solver().addGoal({{length, 1}}, -box.hint, Solver::NotAbove, box.hugging);
+    solver().addGoal({{length, 1}}, -box.hint, Solver::NotBelow, box.compression);
+}
+
 } // namespace
 
-// ---- components
+// ---- parts
 
 void ZelLayoutAxis::setConstraints(ZelAxisConstraints constraints, int boxCount)
 {
     m_constraints = std::move(constraints);
+    m_boxCount = boxCount;
     m_leftOut.clear();
     m_rows.clear();
-    findComponents(boxCount);
-    for (Component &component : m_components)
-        classify(component);
+    m_methods.clear();
+    m_parts = m_solvesGenerally ? ZelAxisParts::whole(m_constraints, boxCount) : ZelAxisParts(m_constraints, boxCount);
+    for (const Part &part : m_parts.parts())
+        m_methods.push_back(m_solvesGenerally ? Method() : methodFor(part));
 }
 
-/// Groups the boxes that constraints tie to each other; the container ties nothing.
-void ZelLayoutAxis::findComponents(int boxCount)
+bool ZelLayoutAxis::setConstant(int index, double constant)
 {
-    std::vector<int> roots(size_t(boxCount), 0);
-    std::iota(roots.begin(), roots.end(), 0);
-    const auto rootOf = [&](int box) {
-        while (roots[size_t(box)] != box)
-            box = roots[size_t(box)] = roots[size_t(roots[size_t(box)])];
-        return box;
-    };
-    for (const Constraint &c : m_constraints) {
-        if (c.first.isBox() && c.second.isBox())
-            roots[size_t(rootOf(c.second.box))] = rootOf(c.first.box);
-    }
-    std::vector<int> componentOfRoot(size_t(boxCount), -1);
-    const auto componentOf = [&](int box) -> Component & {
-        int &component = componentOfRoot[size_t(rootOf(box))];
-        if (component < 0) {
-            component = int(m_components.size());
-            m_components.emplace_back();
-        }
-        return m_components[size_t(component)];
-    };
-    m_components.clear();
-    m_containerConstraints.clear();
-    for (int i = 0; i < boxCount; ++i)
-        ++componentOf(i).boxCount;
-    const auto boxOf = [](const Constraint &c) {
-        return c.first.isBox() ? c.first.box : c.second.isBox() ? c.second.box : Constraint::Container;
-    };
-    for (size_t i = 0; i < m_constraints.size(); ++i) {
-        const int box = boxOf(m_constraints[i]);
-        if (box == Constraint::Container) {
-            m_containerConstraints.push_back(int(i));
-            continue;
-        }
-        Component &component = componentOf(box);
-        ++component.constraintCount;
-        component.reachesEnd |= dependsOnLength(m_constraints[i]);
-    }
-    int boxes = 0;
-    int constraints = 0;
-    for (Component &component : m_components) {
-        component.firstBox = boxes;
-        component.firstConstraint = constraints;
-        boxes += std::exchange(component.boxCount, 0);
-        constraints += std::exchange(component.constraintCount, 0);
-    }
-    m_order.resize(size_t(boxes));
-    m_constraintOrder.resize(size_t(constraints));
-    for (int i = 0; i < boxCount; ++i) {
-        Component &component = componentOf(i);
-        m_order[size_t(component.firstBox + component.boxCount++)] = i;
-    }
-    for (size_t i = 0; i < m_constraints.size(); ++i) {
-        const int box = boxOf(m_constraints[i]);
-        if (box == Constraint::Container)
-            continue;
-        Component &component = componentOf(box);
-        m_constraintOrder[size_t(component.firstConstraint + component.constraintCount++)] = int(i);
-    }
+    Constraint &c = m_constraints[size_t(index)];
+    if (m_parts.hasAlignments() && ZelAxisParts::isAlignment(c))
+        return false;
+    c.constant = constant;
+    return true;
 }
 
-std::span<const int> ZelLayoutAxis::boxesOf(const Component &c) const
+ZelLayoutAxis::Method ZelLayoutAxis::methodFor(const Part &part)
 {
-    return std::span(m_order).subspan(size_t(c.firstBox), size_t(c.boxCount));
-}
-
-std::span<const int> ZelLayoutAxis::constraintsOf(const Component &c) const
-{
-    return std::span(m_constraintOrder).subspan(size_t(c.firstConstraint), size_t(c.constraintCount));
-}
-
-void ZelLayoutAxis::classify(Component &component)
-{
-    if (findPins(component)) {
-        component.kind = Kind::Pinned;
-    } else if (auto pattern = ZelRowPattern::recognize(boxesOf(component), constraintsOf(component), m_constraints)) {
-        component.kind = Kind::Row;
-        component.row = int(m_rows.size());
+    Method method;
+    if (findPins(part, method)) {
+        method.kind = Kind::Pinned;
+    } else if (auto pattern =
+                   ZelRowPattern::recognize(m_parts.boxesOf(part), m_parts.constraintsOf(part), m_constraints)) {
+        method.kind = Kind::Row;
+        method.row = int(m_rows.size());
         m_rows.emplace_back(std::move(*pattern));
     }
+    return method;
 }
 
 /// A box with both ends at required distances from the container's.
-bool ZelLayoutAxis::findPins(Component &component) const
+bool ZelLayoutAxis::findPins(const Part &part, Method &method) const
 {
-    if (component.boxCount != 1 || component.constraintCount != 2)
+    if (part.boxCount != 1 || part.constraintCount != 2)
         return false;
-    for (const int index : constraintsOf(component)) {
+    for (const int index : m_parts.constraintsOf(part)) {
         const Constraint &c = m_constraints[size_t(index)];
         const bool isSwapped = !c.first.isBox();
-        const Constraint::Operand &box = isSwapped ? c.second : c.first;
-        const Constraint::Operand &container = isSwapped ? c.first : c.second;
-        if (!c.isRequired() || c.relation != Constraint::Equal || c.multiplier != 1 || c.hasOffsets ||
-            box.edge != container.edge || (box.edge != Constraint::Start && box.edge != Constraint::End))
+        if (!ZelAxisParts::isAlignment(c) || (c.first.isBox() && c.second.isBox()))
             return false;
-        (box.edge == Constraint::Start ? component.startPin : component.endPin) = {index, isSwapped ? -1.0 : 1.0};
+        (c.first.edge == Constraint::Start ? method.startPin : method.endPin) = {index, isSwapped ? -1.0 : 1.0};
     }
-    return component.startPin.isSet() && component.endPin.isSet();
+    return method.startPin.isSet() && method.endPin.isSet();
 }
 
 // ---- solutions
@@ -181,44 +119,54 @@ void ZelLayoutAxis::solve(const ZelLayoutBoxes &boxes, double length, ZelLayoutS
 {
     m_leftOut.clear();
     spans.resize(boxes.size());
-    if (m_solvesGenerally) {
-        solveGenerally(m_order, m_constraintOrder, boxes, length, spans);
-        return;
-    }
-    for (const Component &component : m_components)
-        solveComponent(component, boxes, length, spans);
+    for (size_t i = 0; i < m_methods.size(); ++i)
+        solvePart(i, boxes, length, spans);
+    placeFollowers(boxes, spans);
 }
 
-void ZelLayoutAxis::solveComponent(const Component &component, const ZelLayoutBoxes &boxes, double length,
-                                   ZelLayoutSpans &spans)
+void ZelLayoutAxis::solvePart(size_t index, const ZelLayoutBoxes &boxes, double length, ZelLayoutSpans &spans)
 {
-    if (component.kind == Kind::Pinned) {
-        const double start = component.startPin.in(m_constraints);
-        const double end = length + component.endPin.in(m_constraints);
-        spans[size_t(m_order[size_t(component.firstBox)])] = {start, end - start};
-    } else if (component.kind == Kind::General ||
-               !m_rows[size_t(component.row)].solve(m_constraints, boxes, length, spans)) {
-        solveGenerally(boxesOf(component), constraintsOf(component), boxes, length, spans);
+    const Part &part = m_parts.parts()[index];
+    const Method &method = m_methods[index];
+    if (method.kind == Kind::Pinned) {
+        const double start = method.startPin.in(m_constraints);
+        const double end = length + method.endPin.in(m_constraints);
+        spans[size_t(onlyBoxOf(part))] = {start, end - start};
+    } else if (method.kind == Kind::General || !m_rows[size_t(method.row)].solve(m_constraints, boxes, length, spans)) {
+        solveGenerally(m_parts.boxesOf(part), m_parts.constraintsOf(part), boxes, length, spans);
+    }
+}
+
+/// Followers have the lengths that they want, at the place that their one constraint says.
+void ZelLayoutAxis::placeFollowers(const ZelLayoutBoxes &boxes, ZelLayoutSpans &spans) const
+{
+    for (const ZelAxisParts::Follower &follower : m_parts.followers()) {
+        const Constraint &c = m_constraints[size_t(follower.constraint)];
+        const bool isSecond = c.second.isBox() && c.second.box == follower.box;
+        const double place = isSecond ? valueOf(c.first, 0, spans) - c.bias() : valueOf(c.second, 0, spans) + c.bias();
+        ZelLayoutSpan &span = spans[size_t(follower.box)];
+        span = {0, boxes[size_t(follower.box)].hint};
+        span.start = place - valueOf(isSecond ? c.second : c.first, 0, spans);
     }
 }
 
 double ZelLayoutAxis::fittingLength(const ZelLayoutBoxes &boxes)
 {
     m_leftOut.clear();
-    const Component *only = nullptr;
     int reaching = 0;
-    bool arePinned = !m_solvesGenerally;
-    for (const Component &component : m_components) {
-        if (!component.reachesEnd)
+    size_t last = 0;
+    bool arePinned = true;
+    for (size_t i = 0; i < m_methods.size(); ++i) {
+        if (!m_parts.parts()[i].reachesEnd)
             continue;
         ++reaching;
-        only = &component;
-        arePinned &= component.kind == Kind::Pinned;
+        last = i;
+        arePinned &= m_methods[i].kind == Kind::Pinned;
     }
     if (arePinned)
         return fitPinned(boxes);
-    if (reaching == 1 && only->kind == Kind::Row && m_containerConstraints.empty() && !m_solvesGenerally) {
-        if (const auto length = m_rows[size_t(only->row)].fittingLength(m_constraints, boxes))
+    if (reaching == 1 && m_methods[last].kind == Kind::Row && m_parts.containerConstraints().empty()) {
+        if (const auto length = m_rows[size_t(m_methods[last].row)].fittingLength(m_constraints, boxes))
             return *length;
     }
     return fitTogether(boxes);
@@ -229,11 +177,11 @@ double ZelLayoutAxis::fitPinned(const ZelLayoutBoxes &boxes) const
 {
     using Line = ZelLineMinimizer;
     Line line;
-    for (auto component = m_components.rbegin(); component != m_components.rend(); ++component) {
-        if (!component->reachesEnd)
+    for (size_t i = m_methods.size(); i-- > 0;) {
+        if (!m_parts.parts()[i].reachesEnd)
             continue;
-        const ZelLayoutBox &box = boxes[size_t(m_order[size_t(component->firstBox)])];
-        const double margins = component->endPin.in(m_constraints)-component->startPin.in(m_constraints);
+        const ZelLayoutBox &box = boxes[size_t(onlyBoxOf(m_parts.parts()[i]))];
+        const double margins = m_methods[i].endPin.in(m_constraints) - m_methods[i].startPin.in(m_constraints);
         line.addGoal(1, margins, Line::NotBelow, ZelLayoutBox::NotNegativePriority);
         if (box.minimum > 0)
             line.addGoal(1, margins - box.minimum, Line::NotBelow, ZelLayoutBox::LimitPriority);
@@ -243,30 +191,30 @@ double ZelLayoutAxis::fitPinned(const ZelLayoutBoxes &boxes) const
         line.addGoal(1, margins - box.hint, Line::NotBelow, box.compression);
     }
     line.addGoal(1, 0, Line::NotBelow, ZelLayoutBox::NotNegativePriority);
-    for (const int index : m_containerConstraints) {
+    for (const int index : m_parts.containerConstraints()) {
         const Constraint &c = m_constraints[size_t(index)];
-        line.addGoal(lengthFactor(c.first.edge) - c.multiplier * lengthFactor(c.second.edge), -c.bias(),
-                     Line::Relation(c.relation), c.priority);
+        const double factor =
+            ZelAxisParts::lengthFactor(c.first.edge) - c.multiplier * ZelAxisParts::lengthFactor(c.second.edge);
+        line.addGoal(factor, -c.bias(), Line::Relation(c.relation), c.priority);
     }
     line.addGoal(1, 0, Line::NotAbove, ZelLayoutBox::FittingPriority);
     line.advance(0);
     return line.value();
 }
 
-/// The container's length from all components that depend on it.
+/// The container's length from all parts that depend on it.
 double ZelLayoutAxis::fitTogether(const ZelLayoutBoxes &boxes)
 {
     std::vector<int> reaching;
-    std::vector<int> constraints;
-    for (const Component &component : m_components) {
-        if (!component.reachesEnd && !m_solvesGenerally)
+    std::vector<int> constraints = m_parts.containerConstraints();
+    for (const Part &part : m_parts.parts()) {
+        if (!part.reachesEnd)
             continue;
-        const auto componentBoxes = boxesOf(component);
-        const auto componentConstraints = constraintsOf(component);
-        reaching.insert(reaching.end(), componentBoxes.begin(), componentBoxes.end());
-        constraints.insert(constraints.end(), componentConstraints.begin(), componentConstraints.end());
+        const auto partBoxes = m_parts.boxesOf(part);
+        const auto partConstraints = m_parts.constraintsOf(part);
+        reaching.insert(reaching.end(), partBoxes.begin(), partBoxes.end());
+        constraints.insert(constraints.end(), partConstraints.begin(), partConstraints.end());
     }
-    constraints.insert(constraints.end(), m_containerConstraints.begin(), m_containerConstraints.end());
     std::sort(reaching.begin(), reaching.end());
     std::sort(constraints.begin(), constraints.end());
     ZelLayoutSpans spans(boxes.size());
@@ -284,42 +232,29 @@ double ZelLayoutAxis::solveGenerally(std::span<const int> boxes, std::span<const
     for (size_t i = boxes.size(); i-- > 0;)
         addBoxGoals(int(i), all[size_t(boxes[i])]);
     if (!length)
-        m_solver.addGoal({{m_lengthVariable, 1}}, 0, Solver::NotBelow, ZelLayoutBox::NotNegativePriority);
-    const int firstConstraint = m_solver.goalCount();
+        solver().addGoal({{m_lengthVariable, 1}}, 0, Solver::NotBelow, ZelLayoutBox::NotNegativePriority);
+    const int firstConstraint = solver().goalCount();
     for (const int constraint : constraints)
         addConstraintGoal(constraint, length);
     if (!length)
-        m_solver.addGoal({{m_lengthVariable, 1}}, 0, Solver::Equal, ZelLayoutBox::FittingPriority);
+        solver().addGoal({{m_lengthVariable, 1}}, 0, Solver::Equal, ZelLayoutBox::FittingPriority);
     for (size_t i = 0; i < boxes.size(); ++i)
-        m_solver.addGoal({{2 * int(i), 1}}, 0, Solver::Equal, PlacePriority);
-    m_solver.solve();
-    for (const int goal : m_solver.leftOut())
+        solver().addGoal({{2 * int(i), 1}}, 0, Solver::Equal, PlacePriority);
+    solver().solve();
+    for (const int goal : solver().leftOut())
         m_leftOut.push_back(constraints[size_t(goal - firstConstraint)]);
     for (size_t i = 0; i < boxes.size(); ++i)
-        spans[size_t(boxes[i])] = {m_solver.value(2 * int(i)), m_solver.value(2 * int(i) + 1)};
-    return length ? *length : m_solver.value(m_lengthVariable);
+        spans[size_t(boxes[i])] = {solver().value(2 * int(i)), solver().value(2 * int(i) + 1)};
+    return length ? *length : solver().value(m_lengthVariable);
 }
 
 void ZelLayoutAxis::beginGoals(std::span<const int> boxes, Length length)
 {
     m_lengthVariable = 2 * int(boxes.size());
-    m_solver.reset(m_lengthVariable + (length ? 0 : 1));
-    m_places.resize(m_order.size());
+    solver().reset(m_lengthVariable + (length ? 0 : 1));
+    m_places.resize(size_t(m_boxCount));
     for (size_t i = 0; i < boxes.size(); ++i)
         m_places[size_t(boxes[i])] = int(i);
-}
-
-void ZelLayoutAxis::addBoxGoals(int place, const ZelLayoutBox &box)
-{
-    using Solver = ZelConstraintSolver;
-    const int length = 2 * place + 1;
-    m_solver.addGoal({{length, 1}}, 0, Solver::NotBelow, ZelLayoutBox::NotNegativePriority);
-    if (box.minimum > 0)
-        m_solver.addGoal({{length, 1}}, -box.minimum, Solver::NotBelow, ZelLayoutBox::LimitPriority);
-    if (std::isfinite(box.maximum))
-        m_solver.addGoal({{length, 1}}, -box.maximum, Solver::NotAbove, ZelLayoutBox::LimitPriority);
-    m_solver.addGoal({{length, 1}}, -box.hint, Solver::NotAbove, box.hugging);
-    m_solver.addGoal({{length, 1}}, -box.hint, Solver::NotBelow, box.compression);
 }
 
 void ZelLayoutAxis::addConstraintGoal(int constraint, Length length)
@@ -329,13 +264,13 @@ void ZelLayoutAxis::addConstraintGoal(int constraint, Length length)
     m_termConstant = -c.bias();
     addTerms(c.first, 1, length);
     addTerms(c.second, -c.multiplier, length);
-    m_solver.addGoal(m_terms, m_termConstant, ZelConstraintSolver::Relation(c.relation), c.priority);
+    solver().addGoal(m_terms, m_termConstant, ZelConstraintSolver::Relation(c.relation), c.priority);
 }
 
 void ZelLayoutAxis::addTerms(const Constraint::Operand &operand, double factor, Length length)
 {
     if (!operand.isBox()) {
-        const double part = factor * lengthFactor(operand.edge);
+        const double part = factor * ZelAxisParts::lengthFactor(operand.edge);
         if (length)
             m_termConstant += part * *length;
         else if (part != 0)
@@ -377,11 +312,13 @@ std::vector<int> ZelLayoutAxis::conflict(int constraint)
 /// Whether the constraints can hold together in a container of some length.
 bool ZelLayoutAxis::isSatisfiable(std::span<const int> constraints)
 {
-    beginGoals(m_order, {});
+    std::vector<int> boxes(size_t(m_boxCount), 0);
+    std::iota(boxes.begin(), boxes.end(), 0);
+    beginGoals(boxes, {});
     for (const int constraint : constraints)
         addConstraintGoal(constraint, {});
-    m_solver.solve();
-    return m_solver.leftOut().empty();
+    solver().solve();
+    return solver().leftOut().empty();
 }
 
 // ---- resistance

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Layout/ZelAxisParts.h"
 #include "Platform/Layout/ZelConstraintSolver.h"
 #include "Platform/Layout/ZelLayoutRow.h"
 
@@ -12,8 +13,9 @@ class ZelLayoutAxis
 {
 public:
     void setConstraints(ZelAxisConstraints constraints, int boxCount);
-    const ZelAxisConstraints &constraints() const { return m_constraints; }
-    /// Changes of constants and offsets need no more than this; other changes need setConstraints.
+    /// False if more than that one constraint depends on the constant, so that all must be set anew.
+    bool setConstant(int constraint, double constant);
+    /// The constraint, to change its offsets.
     ZelAxisConstraint &constraint(int index) { return m_constraints[size_t(index)]; }
 
     /// Where the boxes go in a container of that length.
@@ -30,36 +32,31 @@ public:
     /// given to the container.
     std::vector<int> conflict(int constraint);
 
-    /// Everything through the general solver; for comparison.
+    /// Everything through the general solver, for comparison; to be said before the constraints are set.
     void setSolvesGenerally(bool solvesGenerally) { m_solvesGenerally = solvesGenerally; }
 
 private:
     enum class Kind : char { General, Row, Pinned };
-    struct Component
+    /// How a part is solved.
+    struct Method
     {
-        int firstBox = 0; // in m_order
-        int boxCount = 0;
-        int firstConstraint = 0; // in m_constraintOrder
-        int constraintCount = 0;
         Kind kind = Kind::General;
-        bool reachesEnd = false; // depends on the container's length
-        int row = -1;            // in m_rows
+        int row = -1; // in m_rows
         ZelRowPattern::Link startPin;
         ZelRowPattern::Link endPin;
     };
+    using Part = ZelAxisParts::Part;
     using Length = std::optional<double>; // of the container; none: it is to be found
 
-    void findComponents(int boxCount);
-    void classify(Component &component);
-    bool findPins(Component &component) const;
-    std::span<const int> boxesOf(const Component &c) const;
-    std::span<const int> constraintsOf(const Component &c) const;
+    Method methodFor(const Part &part);
+    bool findPins(const Part &part, Method &method) const;
+    int onlyBoxOf(const Part &part) const { return m_parts.boxesOf(part).front(); }
 
-    void solveComponent(const Component &component, const ZelLayoutBoxes &boxes, double length, ZelLayoutSpans &spans);
+    void solvePart(size_t part, const ZelLayoutBoxes &boxes, double length, ZelLayoutSpans &spans);
+    void placeFollowers(const ZelLayoutBoxes &boxes, ZelLayoutSpans &spans) const;
     double solveGenerally(std::span<const int> boxes, std::span<const int> constraints, const ZelLayoutBoxes &all,
                           Length length, ZelLayoutSpans &spans);
     void beginGoals(std::span<const int> boxes, Length length);
-    void addBoxGoals(int place, const ZelLayoutBox &box);
     void addConstraintGoal(int constraint, Length length);
     void addTerms(const ZelAxisConstraint::Operand &operand, double factor, Length length);
     double fitPinned(const ZelLayoutBoxes &boxes) const;
@@ -69,16 +66,14 @@ private:
     void addMiss(float priority, double amount);
 
     ZelAxisConstraints m_constraints;
-    std::vector<Component> m_components;
+    ZelAxisParts m_parts;
+    std::vector<Method> m_methods; // by part
     std::vector<ZelLayoutRow> m_rows;
-    std::vector<int> m_order;           // boxes by component
-    std::vector<int> m_constraintOrder; // constraints by component; those of the container alone at the end
-    std::vector<int> m_containerConstraints;
+    int m_boxCount = 0;
     std::vector<int> m_places; // of the boxes among those given to the solver
     std::vector<int> m_leftOut;
     std::vector<ZelConstraintSolver::Term> m_terms;
     std::vector<std::pair<float, double>> m_misses; // by priority
-    ZelConstraintSolver m_solver;
     double m_termConstant = 0;
     int m_lengthVariable = 0;
     bool m_solvesGenerally = false;

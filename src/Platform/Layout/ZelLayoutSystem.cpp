@@ -86,7 +86,7 @@ void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
     if (!m_isCompiled || constraint.m_place < 0)
         return;
     const double sign = isMirrored(constraint) ? -1 : 1;
-    sideOf(constraint).axis.constraint(constraint.m_place).constant = sign * constraint.constant();
+    m_isCompiled = sideOf(constraint).axis.setConstant(constraint.m_place, sign * constraint.constant());
     forgetSolutions();
 }
 

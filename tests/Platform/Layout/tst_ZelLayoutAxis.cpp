@@ -150,8 +150,8 @@ void compare(const ZelAxisConstraints &constraints, const ZelLayoutBoxes &boxes,
     ZelLayoutAxis fast;
     fast.setConstraints(constraints, int(boxes.size()));
     ZelLayoutAxis general;
-    general.setConstraints(constraints, int(boxes.size()));
     general.setSolvesGenerally(true);
+    general.setConstraints(constraints, int(boxes.size()));
     ZelLayoutSpans fastSpans;
     ZelLayoutSpans generalSpans;
     fast.solve(boxes, length, fastSpans);
@@ -179,6 +179,7 @@ private Q_SLOTS:
     void stackIsSolvedAsByGeneralSolver();
     void chainIsSolvedAsByGeneralSolver();
     void pinnedBoxesFitAsByGeneralSolver();
+    void alignedAndFollowingBoxesAreSolvedAsByGeneralSolver();
 };
 
 void tst_ZelLayoutAxis::stackIsSolvedAsByGeneralSolver()
@@ -238,6 +239,32 @@ void tst_ZelLayoutAxis::pinnedBoxesFitAsByGeneralSolver()
         }
         if (random.oneIn(3))
             constraints.push_back(equal({Axis::Container, Axis::Length}, {}, random.below(80), 250));
+        compare(constraints, random.boxes(count), random.below(100));
+        if (QTest::currentTestFailed()) {
+            qWarning() << "seed" << seed;
+            return;
+        }
+    }
+}
+
+void tst_ZelLayoutAxis::alignedAndFollowingBoxesAreSolvedAsByGeneralSolver()
+{
+    for (unsigned seed = 0; seed < 2000; ++seed) {
+        Random random(seed);
+        ZelAxisConstraints constraints{equal({0, Axis::Start}, start, random.below(9)),
+                                       equal({0, Axis::End}, end, -random.below(9), random.of({1000.F, 750.F}))};
+        const int count = 2 + random.below(4);
+        for (int i = 1; i < count; ++i) {
+            const int other = random.below(i);
+            if (random.oneIn(2)) {
+                const auto edge = random.of({Axis::Start, Axis::End});
+                constraints.push_back(equal({i, edge}, {other, random.of({Axis::End, Axis::Center})}, random.below(9),
+                                            random.of({1000.F, 750.F, 250.F})));
+            } else {
+                constraints.push_back(equal({i, Axis::Start}, {other, Axis::Start}, random.below(9)));
+                constraints.push_back(equal({other, Axis::End}, {i, Axis::End}, random.below(9)));
+            }
+        }
         compare(constraints, random.boxes(count), random.below(100));
         if (QTest::currentTestFailed()) {
             qWarning() << "seed" << seed;
