@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -108,11 +109,20 @@ void ZelCheckBox::initStyleOption(QStyleOptionButton *option) const
     QCheckBox::initStyleOption(option);
     if (!m_editable)
         ZelControlSupport::showDisabled(option);
+}
+
+/// Elided here and not in initStyleOption, which the size hint uses, too.
+void ZelCheckBox::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
     if (width() < sizeHint().width()) {
-        const QRect contents = style()->subElementRect(QStyle::SE_CheckBoxContents, option, this);
-        option->text =
-            fontMetrics().elidedText(option->text, Qt::ElideRight, contents.width(), int(Qt::TextShowMnemonic));
+        const QRect contents = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+        option.text =
+            fontMetrics().elidedText(option.text, Qt::ElideRight, contents.width(), int(Qt::TextShowMnemonic));
     }
+    painter.drawControl(QStyle::CE_CheckBox, option);
 }
 
 void ZelCheckBox::nextCheckState()

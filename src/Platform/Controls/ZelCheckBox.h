@@ -40,6 +40,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void initStyleOption(QStyleOptionButton *option) const override;
     void nextCheckState() override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     int titleWidth() const;
