@@ -1,13 +1,45 @@
 // SPDX-License-Identifier: MIT
-#include <Platform/Runtime/ZelKeyValueCoding.h>
+// Shows an inspector of an object, and succeeds if the object's text stands in an editor.
+#include <Inspector/ZelDeclarativeInspectorGenerator.h>
+#include <Inspector/ZelTabbedInspector.h>
+#include <ViewController/ZelView.h>
 
 #include <QApplication>
-#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+
+#include <memory>
+
+class Note : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text MEMBER m_text NOTIFY textChanged)
+
+Q_SIGNALS:
+    void textChanged();
+
+private:
+    QString m_text = QStringLiteral("installed");
+};
 
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    QLabel label("installed");
-    label.show();
-    return ZelValueForKeyPath(&label, "text") == QVariant("installed") ? 0 : 1;
+    Note note;
+    QMainWindow window;
+
+    ZelDeclarativeInspectorGenerator generator;
+    generator.setUrl(QUrl(QStringLiteral("qrc:/Note.xml")));
+    generator.setOwner(&note);
+    const std::unique_ptr<ZelTabbedInspector> inspector(generator.createTabbedInspector());
+    window.setCentralWidget(inspector->view());
+    window.show();
+    QApplication::processEvents();
+
+    const QList<QLineEdit *> fields = window.findChildren<QLineEdit *>();
+    return fields.size() == 1 && fields.first()->isVisible() && fields.first()->text() == QLatin1String("installed")
+               ? 0
+               : 1;
 }
+
+#include "main.moc"
