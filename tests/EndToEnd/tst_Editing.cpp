@@ -143,8 +143,8 @@ private Q_SLOTS:
         QTest::mouseClick(button, Qt::LeftButton);
         QTRY_VERIFY(QApplication::activePopupWidget());
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QTest::keyClick(menu, Qt::Key_Down);
-        QTest::keyClick(menu, Qt::Key_Down);
+        for (int i = 0; i < 3 && (!menu->activeAction() || menu->activeAction()->data() != 2); ++i)
+            QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
         window.settle();
         QCOMPARE(window.people[1]->role(), Person::Admin);

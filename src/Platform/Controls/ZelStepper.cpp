@@ -152,8 +152,11 @@ QStyle::SubControl ZelStepper::arrowAt(const QPoint &position) const
 {
     QStyleOptionSpinBox option;
     initStyleOption(&option);
+    // Styles place the arrows as if the rectangle began at 0.
+    const QPoint shift(-option.rect.left(), 0);
+    option.rect.moveLeft(0);
     for (const QStyle::SubControl arrow : {QStyle::SC_SpinBoxUp, QStyle::SC_SpinBoxDown}) {
-        if (style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, this).contains(position))
+        if (style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, this).contains(position + shift))
             return arrow;
     }
     return QStyle::SC_None;
