@@ -13,7 +13,9 @@ struct ZelConstraintLayout::Private
     }
 
     ZelLayoutSystem system;
+    QRect rect; // the last one given
     bool isPlacing = false;
+    bool isOutdated = false; // another size arrived while placing
 };
 
 namespace {
@@ -211,28 +213,42 @@ Qt::Orientations ZelConstraintLayout::expandingDirections() const
 void ZelConstraintLayout::setGeometry(const QRect &rect)
 {
     QLayout::setGeometry(rect);
-    if (d->isPlacing)
+    d->rect = rect;
+    if (d->isPlacing) {
+        d->isOutdated = true;
         return;
-    const QRect contents = rect.marginsRemoved(contentsMargins());
-    const std::vector<QRect> places = d->system.geometries(contents.size());
-    {
-        const PlacingGuard guard(this, d->isPlacing);
-        const int generation = d->system.generation();
-        for (size_t i = 0; i < places.size(); ++i) {
-            QWidget *child = d->system.items()[i]->widget();
-            const QRect place = places[i].translated(contents.topLeft());
-            if (!child || child->geometry() == place)
-                continue;
-            child->setGeometry(place);
-            if (!guard.isLayoutAlive())
-                return;
-            if (d->system.generation() != generation)
-                break; // there are other items now
-        }
+    }
+    for (int round = 0; round < 3; ++round) { // a child that resizes its parent each time would go on for ever
+        d->isOutdated = false;
+        if (!placeChildren())
+            return;
+        if (!d->isOutdated)
+            break;
     }
     // Children whose own layout ran have announced a change each; a new pass is due only if one wants something else.
     if (d->system.update())
         QLayout::invalidate();
+}
+
+/// False if the layout died meanwhile.
+bool ZelConstraintLayout::placeChildren()
+{
+    const QRect contents = d->rect.marginsRemoved(contentsMargins());
+    const std::vector<QRect> places = d->system.geometries(contents.size());
+    const PlacingGuard guard(this, d->isPlacing);
+    const int generation = d->system.generation();
+    for (size_t i = 0; i < places.size(); ++i) {
+        QWidget *child = d->system.items()[i]->widget();
+        const QRect place = places[i].translated(contents.topLeft());
+        if (!child || child->geometry() == place)
+            continue;
+        child->setGeometry(place);
+        if (!guard.isLayoutAlive())
+            return false;
+        if (d->isOutdated || d->system.generation() != generation)
+            break;
+    }
+    return true;
 }
 
 void ZelConstraintLayout::invalidate()

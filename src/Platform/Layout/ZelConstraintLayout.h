@@ -74,6 +74,7 @@ private:
     void constantDidChange(const ZelLayoutConstraint &constraint);
     void priorityDidChange();
     void tellAncestors() const;
+    bool placeChildren();
 
     struct Private; // the solver is heavy
     std::unique_ptr<Private> d;

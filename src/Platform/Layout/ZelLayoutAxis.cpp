@@ -181,7 +181,7 @@ double ZelLayoutAxis::fitPinned(const ZelLayoutBoxes &boxes) const
         if (!m_parts.parts()[i].reachesEnd)
             continue;
         const ZelLayoutBox &box = boxes[size_t(onlyBoxOf(m_parts.parts()[i]))];
-        const double margins = m_methods[i].endPin.in(m_constraints) - m_methods[i].startPin.in(m_constraints);
+        const double margins = m_methods[i].endPin.in(m_constraints)-m_methods[i].startPin.in(m_constraints);
         line.addGoal(1, margins, Line::NotBelow, ZelLayoutBox::NotNegativePriority);
         if (box.minimum > 0)
             line.addGoal(1, margins - box.minimum, Line::NotBelow, ZelLayoutBox::LimitPriority);

@@ -112,9 +112,13 @@ bool ZelLayoutSystem::refreshItems()
     bool isSame = m_horizontal.boxes.size() == m_items.size();
     for (const auto &item : m_items)
         isSame &= !item->refresh();
-    if (isSame)
+    if (isSame && !measureAgain())
         return false;
     forgetSolutions();
+    for (Side *side : {&m_horizontal, &m_vertical}) {
+        for (Measured &measured : side->measured)
+            measured.boxSize = {};
+    }
     m_horizontal.boxes.clear();
     m_vertical.boxes.clear();
     m_hasHeightForWidth = false;
@@ -204,16 +208,14 @@ bool ZelLayoutSystem::compileConstraint(ZelLayoutConstraint &constraint, Side &s
         side.measured.push_back(measured);
         compiled.hasOffsets = true;
     }
+    const bool hasDirection = m_direction == Qt::RightToLeft && compiled.second.edge != ZelAxisConstraint::None;
+    const auto turn = [&](Attribute attribute, const Measured &measured, ZelAxisConstraint::Operand &operand) {
+        if (hasDirection && isDirectional(attribute) && !measured.widget)
+            operand.edge = operand.edge == ZelAxisConstraint::Start ? ZelAxisConstraint::End : ZelAxisConstraint::Start;
+    };
+    turn(constraint.firstAttribute(), first, compiled.first);
+    turn(constraint.secondAttribute(), second, compiled.second);
     const int sign = isMirrored(constraint) ? -1 : 1;
-    if (sign < 0) {
-        const auto mirror = [](Attribute attribute, ZelAxisConstraint::Operand &operand) {
-            if (isDirectional(attribute) && operand.edge != ZelAxisConstraint::None)
-                operand.edge =
-                    operand.edge == ZelAxisConstraint::Start ? ZelAxisConstraint::End : ZelAxisConstraint::Start;
-        };
-        mirror(constraint.firstAttribute(), compiled.first);
-        mirror(constraint.secondAttribute(), compiled.second);
-    }
     compiled.relation = ZelAxisConstraint::Relation(sign * constraint.relation());
     compiled.constant = sign * constraint.constant();
     compiled.multiplier = constraint.multiplier();
@@ -298,7 +300,7 @@ QSize ZelLayoutSystem::minimumSize()
 /// The size of a container without a size of its own; its heights are those for its width, unless they are given.
 QSize ZelLayoutSystem::fittingSize(const ZelLayoutBoxes &widths, const ZelLayoutBoxes *heights)
 {
-    measure(m_horizontal, wantedSpans(widths), wantedSpans(m_vertical.boxes));
+    measureWanted(m_horizontal, widths, m_vertical.boxes);
     const int width = roundedUp(m_horizontal.axis.fittingLength(widths));
     reportConflicts(m_horizontal);
     return {width, roundedUp(fittingHeight(heights ? *heights : verticalBoxes(width), width))};
@@ -353,10 +355,9 @@ const ZelLayoutSpans &ZelLayoutSystem::horizontal(int width)
     Side &side = m_horizontal;
     if (side.spansLength == width)
         return side.spans;
-    const ZelLayoutSpans heights = side.measured.empty() ? ZelLayoutSpans() : wantedSpans(m_vertical.boxes);
-    measure(side, wantedSpans(side.boxes), heights);
+    measureWanted(side, side.boxes, m_vertical.boxes);
     side.axis.solve(side.boxes, width, side.spans);
-    if (measure(side, side.spans, heights))
+    if (!side.measured.empty() && measure(side, side.spans, wantedSpans(m_vertical.boxes)))
         side.axis.solve(side.boxes, width, side.spans);
     side.spansLength = width;
     reportConflicts(side);
@@ -366,7 +367,8 @@ const ZelLayoutSpans &ZelLayoutSystem::horizontal(int width)
 const ZelLayoutSpans &ZelLayoutSystem::vertical(const QSize &size)
 {
     Side &side = m_vertical;
-    if (side.spansLength == size.height() && m_spansWidth == size.width())
+    // Only heights for widths carry a change of the width over to the vertical axis.
+    if (side.spansLength == size.height() && (m_spansWidth == size.width() || !m_hasHeightForWidth))
         return side.spans;
     const ZelLayoutSpans &widths = horizontal(size.width());
     const ZelLayoutBoxes &boxes = verticalBoxes(size.width());
@@ -421,15 +423,42 @@ QRect ZelLayoutSystem::geometryOf(const QWidget *child, const QSize &size)
 bool ZelLayoutSystem::measure(Side &side, const ZelLayoutSpans &widths, const ZelLayoutSpans &heights)
 {
     bool isDifferent = false;
-    for (const Measured &measured : side.measured) {
-        if (!measured.widget)
-            continue;
+    for (Measured &measured : side.measured) {
         const size_t box = size_t(measured.box);
-        const double offset = measureOffset(measured, QSize(snap(widths[box].length), snap(heights[box].length)));
-        ZelAxisConstraint &constraint = side.axis.constraint(measured.constraint);
-        double &place = measured.isSecond ? constraint.second.offset : constraint.first.offset;
-        isDifferent |= std::abs(place - offset) > Tiny;
-        place = offset;
+        const QSize boxSize(snap(widths[box].length), snap(heights[box].length));
+        if (boxSize != measured.boxSize)
+            isDifferent |= measure(side, measured, boxSize);
+    }
+    return isDifferent;
+}
+
+/// Measures for boxes of the lengths that they want.
+void ZelLayoutSystem::measureWanted(Side &side, const ZelLayoutBoxes &widths, const ZelLayoutBoxes &heights)
+{
+    if (!side.measured.empty())
+        measure(side, wantedSpans(widths), wantedSpans(heights));
+}
+
+bool ZelLayoutSystem::measure(Side &side, Measured &measured, const QSize &boxSize)
+{
+    measured.boxSize = boxSize;
+    if (!measured.widget)
+        return false;
+    ZelAxisConstraint &constraint = side.axis.constraint(measured.constraint);
+    double &place = measured.isSecond ? constraint.second.offset : constraint.first.offset;
+    const double before = std::exchange(place, measureOffset(measured, boxSize));
+    return std::abs(place - before) > Tiny;
+}
+
+/// The insides of children may have moved although the children want the same.
+bool ZelLayoutSystem::measureAgain()
+{
+    bool isDifferent = false;
+    for (Side *side : {&m_horizontal, &m_vertical}) {
+        for (Measured &measured : side->measured) {
+            if (measured.boxSize.isValid())
+                isDifferent |= measure(*side, measured, measured.boxSize);
+        }
     }
     return isDifferent;
 }

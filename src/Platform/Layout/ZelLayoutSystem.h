@@ -50,6 +50,7 @@ private:
         QPointer<QWidget> widget;
         ZelLayoutConstraint::Attribute attribute = ZelLayoutConstraint::NotAnAttribute;
         int box = 0;
+        QSize boxSize; // for which it was measured
     };
     /// One axis with what was found out on it.
     struct Side
@@ -80,6 +81,9 @@ private:
     QSize fittingSize(const ZelLayoutBoxes &widths, const ZelLayoutBoxes *heights);
     double fittingHeight(const ZelLayoutBoxes &boxes, int width);
     bool measure(Side &side, const ZelLayoutSpans &widths, const ZelLayoutSpans &heights);
+    void measureWanted(Side &side, const ZelLayoutBoxes &widths, const ZelLayoutBoxes &heights);
+    bool measure(Side &side, Measured &measured, const QSize &boxSize);
+    bool measureAgain();
     double measureOffset(const Measured &measured, const QSize &boxSize) const;
     void reportConflicts(Side &side);
 
