@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace {
 
@@ -235,11 +236,11 @@ private Q_SLOTS:
         window.select({0});
         ZelSlider *slider = window.editor<ZelInspectorNumberProperty>("height")->slider();
         const QPoint centre = slider->rect().center();
-        QWheelEvent wheel(centre, slider->mapToGlobal(centre), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
-                          false);
+        QWheelEvent wheel(slider->mapTo(&window, centre), slider->mapToGlobal(centre), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
         QScrollBar *bar = scroller(window)->verticalScrollBar();
         QVERIFY(bar->maximum() > 0);
-        QApplication::sendEvent(slider, &wheel);
+        QApplication::sendEvent(window.windowHandle(), &wheel);
         window.settle();
         QCOMPARE(window.people[0]->height(), 50.0);
         QVERIFY(bar->value() > 0);

@@ -47,6 +47,8 @@ void ZelPushButton::paintEvent(QPaintEvent *)
 
 bool ZelPushButton::event(QEvent *event)
 {
-    const bool isElided = fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth();
-    return (isElided && ZelControlSupport::showToolTip(event, this, text())) || QPushButton::event(event);
+    if (event->type() == QEvent::ToolTip && fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth() &&
+        ZelControlSupport::showToolTip(event, this, text()))
+        return true;
+    return QPushButton::event(event);
 }
