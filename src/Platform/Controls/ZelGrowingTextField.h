@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelEditor.h"
 #include "Platform/Controls/ZelFieldContent.h"
+#include "Platform/Layout/ZelBaselineProvider.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -15,10 +16,10 @@ class ZelGrowingTextEditor;
 /// It paints the text itself; only while it has the focus a text editor lies over it, so that a panel may have hundreds
 /// of them. Values, markers, commits and errors are as in ZelTextField; Return commits, Alt+Return and Shift+Return
 /// insert a line break.
-class ZelGrowingTextField : public QWidget, public ZelEditor
+class ZelGrowingTextField : public QWidget, public ZelEditor, public ZelBaselineProvider
 {
     Q_OBJECT
-    Q_INTERFACES(ZelEditor)
+    Q_INTERFACES(ZelEditor ZelBaselineProvider)
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
     Q_PROPERTY(QString text READ text)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
@@ -43,7 +44,7 @@ public:
     /// Whether users may change the text; true. What was typed is discarded when it becomes false.
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable);
-    /// The look of a label that can be selected: no frame, no background, the colour of disabled texts; not editable.
+    /// The look of a label that can be selected: no frame, no background, the colour of placeholders; not editable.
     bool isLabelStyle() const { return m_labelStyle; }
     void setLabelStyle(bool labelStyle);
 
@@ -54,7 +55,7 @@ public:
 
     /// The distance of the first baseline from the top; the height makes no difference.
     double baselineOffset() const;
-    Q_INVOKABLE double baselineOffsetForHeight(double) const { return baselineOffset(); }
+    double baselineOffsetForHeight(double) const override { return baselineOffset(); }
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Layout/ZelBaselineProvider.h"
+
 #include <QWidget>
 
 /// One line of static text, elided at its end where it is too long; the whole text is the tool tip then.
 ///
 /// Lighter than QLabel: no rich text, no mnemonics, no picture.
-class ZelLabel : public QWidget
+class ZelLabel : public QWidget, public ZelBaselineProvider
 {
     Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
     Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment)
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
@@ -31,7 +34,7 @@ public:
 
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
-    Q_INVOKABLE double baselineOffsetForHeight(double height) const;
+    double baselineOffsetForHeight(double height) const override;
 
     QSize sizeHint() const override;
     /// Room for an ellipsis, or for the whole text where that is less.

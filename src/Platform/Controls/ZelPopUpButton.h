@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Layout/ZelBaselineProvider.h"
+
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QVariant>
@@ -19,9 +21,10 @@ class ZelPopUpMenu;
 /// The items are the widget's actions(): they may be ZelMenuItems or any other QActions, of any owner, and leave the
 /// button when they are destroyed. Nothing is selected until selectItem or setObjectValue says so. The menu is made
 /// when it opens and follows changes of the items while it is open.
-class ZelPopUpButton : public QWidget
+class ZelPopUpButton : public QWidget, public ZelBaselineProvider
 {
     Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
     Q_PROPERTY(int selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedItemChanged)
     Q_PROPERTY(bool pullsDown READ pullsDown WRITE setPullsDown)
@@ -70,7 +73,7 @@ public:
 
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
-    Q_INVOKABLE double baselineOffsetForHeight(double height) const;
+    double baselineOffsetForHeight(double height) const override;
 
     /// Room for the widest item.
     QSize sizeHint() const override;

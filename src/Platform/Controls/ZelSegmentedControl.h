@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Layout/ZelBaselineProvider.h"
+
 #include <QIcon>
 #include <QList>
 #include <QVariant>
@@ -12,9 +14,10 @@ class QStyleOptionToolButton;
 ///
 /// The selected segment is a number, a selection marker or nothing: with the latter two no segment is selected. Arrow
 /// keys step to the neighbouring enabled segment.
-class ZelSegmentedControl : public QWidget
+class ZelSegmentedControl : public QWidget, public ZelBaselineProvider
 {
     Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
     Q_PROPERTY(QVariant selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedIndexChanged)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
     Q_PROPERTY(double baselineOffset READ baselineOffset)
@@ -42,7 +45,7 @@ public:
 
     /// The images have no baseline: their lower edge.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
-    Q_INVOKABLE double baselineOffsetForHeight(double height) const;
+    double baselineOffsetForHeight(double height) const override;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -167,7 +167,7 @@ QSize ZelSlider::sizeHint() const
     QStyleOptionSlider option;
     initStyleOption(&option);
     if (m_type == Circular) {
-        const int side = ZelControlSupport::fieldHeight(this) + 4;
+        const int side = ZelControlSupport::fieldHeight(this); // beside a field it makes the row no higher
         m_sizeHint = QSize(side, side);
     } else {
         const int thickness = style()->pixelMetric(QStyle::PM_SliderThickness, &option, this);

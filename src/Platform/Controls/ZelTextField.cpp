@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelTextField.h"
 
+#include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -43,6 +44,7 @@ void ZelTextField::setObjectValue(const QVariant &value)
 void ZelTextField::setFormatter(const ZelFormatter::Ptr &formatter)
 {
     m_content.formatter = formatter;
+    m_sizeHint = QSize();
     if (!isEditing())
         showValue();
 }
@@ -151,7 +153,7 @@ void ZelTextField::updateColors()
     if (m_labelStyle) {
         const QPalette inherited = palette();
         colors.setColor(QPalette::Base, Qt::transparent);
-        colors.setColor(QPalette::Text, inherited.color(QPalette::Disabled, QPalette::WindowText));
+        colors.setColor(QPalette::Text, inherited.color(QPalette::PlaceholderText));
     }
     if (!m_error.isEmpty())
         colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
@@ -160,8 +162,13 @@ void ZelTextField::updateColors()
 
 QSize ZelTextField::sizeHint() const
 {
-    if (!m_sizeHint.isValid())
+    if (!m_sizeHint.isValid()) {
         m_sizeHint = QLineEdit::sizeHint();
+        if (m_content.formatter) { // what it shows is short: a line edit wants room for 17 letters
+            const int letters = 17 * fontMetrics().horizontalAdvance(u'x');
+            m_sizeHint.rwidth() += ZelControlSize::digitsWidth(font(), 6) - letters;
+        }
+    }
     return m_sizeHint;
 }
 
@@ -334,5 +341,6 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
         x -= line.naturalTextRect().x();
     painter.setPen(palette().color(QPalette::Text));
     painter.setClipRect(area);
-    layout.draw(&painter, QPointF(x, area.y()));
+    // A line edit, too, puts the text where the font's ascent is, rounded.
+    layout.draw(&painter, QPointF(x, area.y() + fontMetrics().ascent() - qRound(line.ascent())));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Layout/ZelBaselineProvider.h"
 #include "Platform/Layout/ZelLayoutConstraint.h"
 
 #include <QLayout>
@@ -79,13 +80,3 @@ private:
     struct Private; // the solver is heavy
     std::unique_ptr<Private> d;
 };
-
-/// A widget that knows its baseline. Adopted with Q_INTERFACES(ZelBaselineProvider).
-class ZelBaselineProvider
-{
-public:
-    virtual ~ZelBaselineProvider() = default;
-    /// The distance of the first text baseline from the top, for a widget of that height, in points.
-    virtual double baselineOffsetForHeight(double height) const = 0;
-};
-Q_DECLARE_INTERFACE(ZelBaselineProvider, "Zel.BaselineProvider")

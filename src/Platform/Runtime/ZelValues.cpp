@@ -41,6 +41,13 @@ bool isNumberType(int type)
     }
 }
 
+/// A built-in number, or an enumeration other than the selection markers.
+bool isNumberType(QMetaType type)
+{
+    return isNumberType(type.id()) ||
+           (type.flags().testFlag(QMetaType::IsEnumeration) && type != QMetaType::fromType<ZelControllerMarker>());
+}
+
 bool isFloating(int type)
 {
     return type == QMetaType::Double || type == QMetaType::Float;
@@ -131,7 +138,7 @@ bool ZelEqual(const QVariant &a, const QVariant &b)
     const bool absentA = ZelIsAbsent(a);
     if (absentA || ZelIsAbsent(b))
         return absentA == ZelIsAbsent(b);
-    if (isNumberType(typeA.id()) && isNumberType(typeB.id()))
+    if (isNumberType(typeA) && isNumberType(typeB))
         return equalNumbers(a, typeA.id(), b, typeB.id());
     if (isObjectType(typeA) || isObjectType(typeB))
         return isObjectType(typeA) && isObjectType(typeB) && as<QObject *>(a) == as<QObject *>(b);
@@ -146,7 +153,7 @@ QObject *ZelObject(const QVariant &value)
 
 bool ZelIsNumber(const QVariant &value)
 {
-    return isNumberType(value.typeId());
+    return isNumberType(value.metaType());
 }
 
 bool ZelIsList(const QVariant &value)

@@ -38,7 +38,7 @@ inline bool ZelNotEqual(const QVariant &a, const QVariant &b)
 /// The object that the value points to, whatever its static class; null if it holds none.
 QObject *ZelObject(const QVariant &value);
 
-/// Whether the value is a number (of any built-in arithmetic type, Boolean included).
+/// Whether the value is a number: of any built-in arithmetic type, Boolean included, or of an enumeration.
 bool ZelIsNumber(const QVariant &value);
 
 /// Whether the value is a sequence (list or set of anything) or an ordered set; its elements.

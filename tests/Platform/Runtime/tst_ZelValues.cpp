@@ -34,6 +34,7 @@ private Q_SLOTS:
         QTest::newRow("absent and null pointer") << QVariant() << QVariant::fromValue<QObject *>(nullptr) << true;
         QTest::newRow("absent and the null object") << QVariant() << ZelNull() << false;
         QTest::newRow("int and double") << QVariant(2) << QVariant(2.0) << true;
+        QTest::newRow("enumeration and int") << QVariant::fromValue(Qt::AlignRight) << QVariant(2) << true;
         QTest::newRow("bool and int") << QVariant(true) << QVariant(1) << true;
         QTest::newRow("-1 and the largest unsigned") << QVariant(-1) << QVariant(~0ULL) << false;
         QTest::newRow("large integers differ") << QVariant((1LL << 60) + 1) << QVariant(1LL << 60) << false;
