@@ -5,3 +5,5 @@ add_library(zel_description STATIC ${PROJECT_SOURCE_DIR}/src/Inspector/ZelInspec
 target_link_libraries(zel_description PRIVATE zel_flags PUBLIC zel_resources)
 zel_use_pch(zel_description)
 zel_test(Inspector/tst_ZelInspectorConfiguration zel_description)
+zel_test(Inspector/tst_ZelDeclarativeInspectorGenerator zel_inspector)
+zel_test(Inspector/tst_InspectorContainers zel_inspector)

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Platform/Resources/ZelBundle.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "ViewController/ZelView.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+/// Description files, in a folder that stands for the application's resources.
+class Descriptions
+{
+public:
+    Descriptions() { ZelBundle::mainBundle().setResourcePaths({m_folder.path()}); }
+    ~Descriptions() { ZelBundle::mainBundle().setResourcePaths({}); }
+    Q_DISABLE_COPY_MOVE(Descriptions)
+
+    QUrl write(const QString &name, const QByteArray &text) const
+    {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            qFatal("cannot write %s", qPrintable(name));
+        return QUrl::fromLocalFile(file.fileName());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// Notes what failed, and goes on.
+class QuietHandler : public ZelAssertionHandler
+{
+public:
+    QuietHandler()
+        : m_former(setCurrent(this))
+    {
+    }
+    ~QuietHandler() override { setCurrent(m_former); }
+    void handleFailure(const QString &, const QString &message, const ZelSourcePlace &) override
+    {
+        messages.append(message);
+    }
+    QStringList messages;
+
+private:
+    ZelAssertionHandler *m_former;
+};
+
+/// An editor that notes what it is told.
+class NotingProperty : public ZelInspectorCustomProperty
+{
+    Q_OBJECT
+public:
+    explicit NotingProperty(QObject *owner)
+        : ZelInspectorCustomProperty(owner)
+    {
+        ++alive;
+    }
+    ~NotingProperty() override
+    {
+        uninstall();
+        --alive;
+    }
+
+    void refresh() override { log += u'r'; }
+    void prepareForReuse() override { log += u'p'; }
+    bool commitEditing() override
+    {
+        log += u'c';
+        return commits;
+    }
+    void discardEditing() override { log += u'd'; }
+    bool canTileIntoColumnsWithWidth(double) override { return true; }
+    QString takeLog() { return std::exchange(log, {}); }
+
+    QString log;
+    bool commits = true;
+    static inline int alive = 0;
+};
