@@ -66,6 +66,7 @@ public:
 private:
     friend class ZelConstraintLayout;
     friend class ZelLayoutSystem;
+    friend class ZelLayoutSide;
     static bool isVertical(Attribute attribute);
 
     QPointer<QWidget> m_firstItem;

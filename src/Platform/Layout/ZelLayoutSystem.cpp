@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Layout/ZelLayoutSystem.h"
 
-#include "Platform/Layout/ZelTextBaseline.h"
-#include "Platform/Runtime/ZelAssertions.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -45,16 +42,6 @@ bool isDirectional(Attribute attribute)
     return attribute == ZelLayoutConstraint::Leading || attribute == ZelLayoutConstraint::Trailing;
 }
 
-/// Spans of the wanted lengths, before there is a solution.
-ZelLayoutSpans wantedSpans(const ZelLayoutBoxes &boxes)
-{
-    ZelLayoutSpans spans(boxes.size());
-    std::transform(boxes.begin(), boxes.end(), spans.begin(), [](const ZelLayoutBox &box) {
-        return ZelLayoutSpan{0, box.hint};
-    });
-    return spans;
-}
-
 } // namespace
 
 // ---- what is in the system
@@ -90,7 +77,7 @@ void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
     forgetSolutions();
 }
 
-ZelLayoutSystem::Side &ZelLayoutSystem::sideOf(const ZelLayoutConstraint &constraint)
+ZelLayoutSide &ZelLayoutSystem::sideOf(const ZelLayoutConstraint &constraint)
 {
     return ZelLayoutConstraint::isVertical(constraint.firstAttribute()) ? m_vertical : m_horizontal;
 }
@@ -112,15 +99,15 @@ bool ZelLayoutSystem::refreshItems()
     bool isSame = m_horizontal.boxes.size() == m_items.size();
     for (const auto &item : m_items)
         isSame &= !item->refresh();
-    if (isSame && !measureAgain())
+    isSame &= !m_horizontal.measureAgain();
+    isSame &= !m_vertical.measureAgain();
+    if (isSame)
         return false;
     forgetSolutions();
-    for (Side *side : {&m_horizontal, &m_vertical}) {
-        for (Measured &measured : side->measured)
-            measured.boxSize = {};
+    for (ZelLayoutSide *side : {&m_horizontal, &m_vertical}) {
+        side->forgetMeasures();
+        side->boxes.clear();
     }
-    m_horizontal.boxes.clear();
-    m_vertical.boxes.clear();
     m_hasHeightForWidth = false;
     for (const auto &item : m_items) {
         m_horizontal.boxes.push_back(item->horizontal());
@@ -132,12 +119,12 @@ bool ZelLayoutSystem::refreshItems()
 
 void ZelLayoutSystem::forgetSolutions()
 {
-    m_horizontal.spansLength = m_vertical.spansLength = -1;
+    m_spansWidth = m_verticalWidth = m_spansHeight = -1;
     m_boxesWidth = -1;
     m_sizeHint.reset();
     m_minimumSize.reset();
     m_resistance.reset();
-    m_heights.clear();
+    m_heightsForWidths.clear();
 }
 
 // ---- compiling
@@ -155,28 +142,14 @@ void ZelLayoutSystem::compile()
     for (size_t i = 0; i < m_formerItems.size(); ++i)
         m_formerIndexes.insert(m_formerItems[i]->widget(), int(i));
     m_indexes.clear();
-    for (Side *side : {&m_horizontal, &m_vertical}) {
-        side->measured.clear();
-        side->sources.clear();
-        side->boxes.clear();
-    }
-    ZelAxisConstraints horizontal;
-    ZelAxisConstraints vertical;
-    for (const ZelLayoutConstraint::Ptr &constraint : qAsConst(m_constraints)) {
-        Side &side = sideOf(*constraint);
-        ZelAxisConstraints &list = &side == &m_vertical ? vertical : horizontal;
-        ZelAxisConstraint compiled;
-        constraint->m_place = -1;
-        if (!compileConstraint(*constraint, side, compiled))
-            continue;
-        constraint->m_place = int(list.size());
-        list.push_back(compiled);
-        side.sources.push_back(constraint.data());
-    }
+    m_horizontal.clear();
+    m_vertical.clear();
+    for (const ZelLayoutConstraint::Ptr &constraint : qAsConst(m_constraints))
+        compileConstraint(*constraint);
     m_formerItems.clear();
     m_formerIndexes.clear();
-    m_horizontal.axis.setConstraints(std::move(horizontal), int(m_items.size()));
-    m_vertical.axis.setConstraints(std::move(vertical), int(m_items.size()));
+    m_horizontal.finish(int(m_items.size()));
+    m_vertical.finish(int(m_items.size()));
     forgetSolutions();
 }
 
@@ -192,25 +165,21 @@ void ZelLayoutSystem::dropDead()
     });
 }
 
-/// False if the constraint names a widget from elsewhere, which may yet come here.
-bool ZelLayoutSystem::compileConstraint(ZelLayoutConstraint &constraint, Side &side, ZelAxisConstraint &compiled)
+/// A constraint that names a widget from elsewhere is left for later: it may yet come here.
+void ZelLayoutSystem::compileConstraint(ZelLayoutConstraint &constraint)
 {
-    Measured first{int(side.sources.size()), false};
-    Measured second{int(side.sources.size()), true};
+    ZelAxisConstraint compiled;
+    Offset first;
+    Offset second;
+    constraint.m_place = -1;
     if (!compileOperand(constraint.firstItem(), constraint.firstAttribute(), first, compiled.first) ||
         !compileOperand(constraint.secondItem(), constraint.secondAttribute(), second, compiled.second)) {
         m_isComplete = false;
-        return false;
-    }
-    for (const Measured &measured : {first, second}) {
-        if (!measured.widget)
-            continue;
-        side.measured.push_back(measured);
-        compiled.hasOffsets = true;
+        return;
     }
     const bool hasDirection = m_direction == Qt::RightToLeft && compiled.second.edge != ZelAxisConstraint::None;
-    const auto turn = [&](Attribute attribute, const Measured &measured, ZelAxisConstraint::Operand &operand) {
-        if (hasDirection && isDirectional(attribute) && !measured.widget)
+    const auto turn = [&](Attribute attribute, const Offset &offset, ZelAxisConstraint::Operand &operand) {
+        if (hasDirection && isDirectional(attribute) && !offset.widget)
             operand.edge = operand.edge == ZelAxisConstraint::Start ? ZelAxisConstraint::End : ZelAxisConstraint::Start;
     };
     turn(constraint.firstAttribute(), first, compiled.first);
@@ -220,7 +189,7 @@ bool ZelLayoutSystem::compileConstraint(ZelLayoutConstraint &constraint, Side &s
     compiled.constant = sign * constraint.constant();
     compiled.multiplier = constraint.multiplier();
     compiled.priority = constraint.priority();
-    return true;
+    constraint.m_place = sideOf(constraint).add(&constraint, compiled, first, second);
 }
 
 /// In a text from right to left, distances between leading and trailing edges run to the left.
@@ -230,7 +199,7 @@ bool ZelLayoutSystem::isMirrored(const ZelLayoutConstraint &constraint) const
            isDirectional(constraint.firstAttribute()) && isDirectional(constraint.secondAttribute());
 }
 
-bool ZelLayoutSystem::compileOperand(QWidget *widget, Attribute attribute, Measured &measured,
+bool ZelLayoutSystem::compileOperand(QWidget *widget, Attribute attribute, Offset &offset,
                                      ZelAxisConstraint::Operand &operand)
 {
     operand.edge = edgeOf(attribute);
@@ -247,9 +216,7 @@ bool ZelLayoutSystem::compileOperand(QWidget *widget, Attribute attribute, Measu
     operand.box = itemFor(child);
     if (child == widget && attribute != ZelLayoutConstraint::Baseline)
         return true;
-    measured.widget = widget;
-    measured.attribute = attribute;
-    measured.box = operand.box;
+    offset = {widget, attribute, child, operand.box, m_direction == Qt::RightToLeft};
     // The size of a descendant is a number; its edges are at a distance from the start of the child around it.
     operand.edge = operand.edge == ZelAxisConstraint::Length ? ZelAxisConstraint::None : ZelAxisConstraint::Start;
     return true;
@@ -300,18 +267,19 @@ QSize ZelLayoutSystem::minimumSize()
 /// The size of a container without a size of its own; its heights are those for its width, unless they are given.
 QSize ZelLayoutSystem::fittingSize(const ZelLayoutBoxes &widths, const ZelLayoutBoxes *heights)
 {
-    measureWanted(m_horizontal, widths, m_vertical.boxes);
+    if (m_horizontal.hasOffsets())
+        m_horizontal.measure(ZelLayoutSide::wanted(widths), ZelLayoutSide::wanted(m_vertical.boxes));
     const int width = roundedUp(m_horizontal.axis.fittingLength(widths));
-    reportConflicts(m_horizontal);
+    m_horizontal.reportConflicts();
     return {width, roundedUp(fittingHeight(heights ? *heights : verticalBoxes(width), width))};
 }
 
 double ZelLayoutSystem::fittingHeight(const ZelLayoutBoxes &boxes, int width)
 {
-    if (!m_vertical.measured.empty())
-        measure(m_vertical, horizontal(width), wantedSpans(boxes));
+    if (m_vertical.hasOffsets())
+        m_vertical.measure(horizontal(width), ZelLayoutSide::wanted(boxes));
     const double height = m_vertical.axis.fittingLength(boxes);
-    reportConflicts(m_vertical);
+    m_vertical.reportConflicts();
     return height;
 }
 
@@ -324,15 +292,15 @@ bool ZelLayoutSystem::isHeightForWidth()
 int ZelLayoutSystem::heightForWidth(int width)
 {
     update();
-    const auto known =
-        std::find_if(m_heights.begin(), m_heights.end(), [=](auto &entry) { return entry.first == width; });
-    if (known != m_heights.end())
+    const auto known = std::find_if(m_heightsForWidths.begin(), m_heightsForWidths.end(),
+                                    [=](auto &entry) { return entry.first == width; });
+    if (known != m_heightsForWidths.end())
         return known->second;
     constexpr size_t Many = 4;
-    if (m_heights.size() == Many)
-        m_heights.erase(m_heights.begin());
-    m_heights.emplace_back(width, roundedUp(fittingHeight(verticalBoxes(width), width)));
-    return m_heights.back().second;
+    if (m_heightsForWidths.size() == Many)
+        m_heightsForWidths.erase(m_heightsForWidths.begin());
+    m_heightsForWidths.emplace_back(width, roundedUp(fittingHeight(verticalBoxes(width), width)));
+    return m_heightsForWidths.back().second;
 }
 
 ZelLayoutPriorities ZelLayoutSystem::resistance()
@@ -352,35 +320,37 @@ ZelLayoutPriorities ZelLayoutSystem::resistance()
 
 const ZelLayoutSpans &ZelLayoutSystem::horizontal(int width)
 {
-    Side &side = m_horizontal;
-    if (side.spansLength == width)
-        return side.spans;
-    measureWanted(side, side.boxes, m_vertical.boxes);
-    side.axis.solve(side.boxes, width, side.spans);
-    if (!side.measured.empty() && measure(side, side.spans, wantedSpans(m_vertical.boxes)))
-        side.axis.solve(side.boxes, width, side.spans);
-    side.spansLength = width;
-    reportConflicts(side);
-    return side.spans;
+    if (m_spansWidth == width)
+        return m_widths;
+    ZelLayoutSide &side = m_horizontal;
+    const ZelLayoutSpans heights = side.hasOffsets() ? ZelLayoutSide::wanted(m_vertical.boxes) : ZelLayoutSpans();
+    if (side.hasOffsets())
+        side.measure(ZelLayoutSide::wanted(side.boxes), heights);
+    side.axis.solve(side.boxes, width, m_widths);
+    if (side.hasOffsets() && side.measure(m_widths, heights))
+        side.axis.solve(side.boxes, width, m_widths);
+    m_spansWidth = width;
+    side.reportConflicts();
+    return m_widths;
 }
 
 const ZelLayoutSpans &ZelLayoutSystem::vertical(const QSize &size)
 {
-    Side &side = m_vertical;
     // Only heights for widths carry a change of the width over to the vertical axis.
-    if (side.spansLength == size.height() && (m_spansWidth == size.width() || !m_hasHeightForWidth))
-        return side.spans;
+    if (m_spansHeight == size.height() && (m_verticalWidth == size.width() || !m_hasHeightForWidth))
+        return m_heights;
+    ZelLayoutSide &side = m_vertical;
     const ZelLayoutSpans &widths = horizontal(size.width());
     const ZelLayoutBoxes &boxes = verticalBoxes(size.width());
-    if (!side.measured.empty())
-        measure(side, widths, wantedSpans(boxes));
-    side.axis.solve(boxes, size.height(), side.spans);
-    if (measure(side, widths, side.spans))
-        side.axis.solve(boxes, size.height(), side.spans);
-    side.spansLength = size.height();
-    m_spansWidth = size.width();
-    reportConflicts(side);
-    return side.spans;
+    if (side.hasOffsets())
+        side.measure(widths, ZelLayoutSide::wanted(boxes));
+    side.axis.solve(boxes, size.height(), m_heights);
+    if (side.hasOffsets() && side.measure(widths, m_heights))
+        side.axis.solve(boxes, size.height(), m_heights);
+    m_spansHeight = size.height();
+    m_verticalWidth = size.width();
+    side.reportConflicts();
+    return m_heights;
 }
 
 const ZelLayoutBoxes &ZelLayoutSystem::verticalBoxes(int width)
@@ -415,108 +385,4 @@ QRect ZelLayoutSystem::geometryOf(const QWidget *child, const QSize &size)
     if (index == m_indexes.cend())
         return child->geometry();
     return snappedRect(horizontal(size.width())[size_t(*index)], vertical(size)[size_t(*index)]);
-}
-
-// ---- baselines and descendants
-
-/// Measures the offsets that constraints of the side contain, for boxes of these lengths. True if one is different.
-bool ZelLayoutSystem::measure(Side &side, const ZelLayoutSpans &widths, const ZelLayoutSpans &heights)
-{
-    bool isDifferent = false;
-    for (Measured &measured : side.measured) {
-        const size_t box = size_t(measured.box);
-        const QSize boxSize(snap(widths[box].length), snap(heights[box].length));
-        if (boxSize != measured.boxSize)
-            isDifferent |= measure(side, measured, boxSize);
-    }
-    return isDifferent;
-}
-
-/// Measures for boxes of the lengths that they want.
-void ZelLayoutSystem::measureWanted(Side &side, const ZelLayoutBoxes &widths, const ZelLayoutBoxes &heights)
-{
-    if (!side.measured.empty())
-        measure(side, wantedSpans(widths), wantedSpans(heights));
-}
-
-bool ZelLayoutSystem::measure(Side &side, Measured &measured, const QSize &boxSize)
-{
-    measured.boxSize = boxSize;
-    if (!measured.widget)
-        return false;
-    ZelAxisConstraint &constraint = side.axis.constraint(measured.constraint);
-    double &place = measured.isSecond ? constraint.second.offset : constraint.first.offset;
-    const double before = std::exchange(place, measureOffset(measured, boxSize));
-    return std::abs(place - before) > Tiny;
-}
-
-/// The insides of children may have moved although the children want the same.
-bool ZelLayoutSystem::measureAgain()
-{
-    bool isDifferent = false;
-    for (Side *side : {&m_horizontal, &m_vertical}) {
-        for (Measured &measured : side->measured) {
-            if (measured.boxSize.isValid())
-                isDifferent |= measure(*side, measured, measured.boxSize);
-        }
-    }
-    return isDifferent;
-}
-
-double ZelLayoutSystem::measureOffset(const Measured &measured, const QSize &boxSize) const
-{
-    using Constraint = ZelLayoutConstraint;
-    std::vector<QWidget *> path; // from the widget up to below the child
-    for (QWidget *widget = measured.widget; widget->parentWidget() != m_container; widget = widget->parentWidget())
-        path.push_back(widget);
-    QRect rect(QPoint(), boxSize);
-    for (size_t i = path.size(); i-- > 0;)
-        rect = ZelConstraintLayout::geometryWithin(path[i], rect.size()).translated(rect.topLeft());
-    const bool isRightToLeft = m_direction == Qt::RightToLeft;
-    switch (measured.attribute) {
-    case Constraint::Left:
-        return rect.left();
-    case Constraint::Right:
-        return rect.left() + rect.width();
-    case Constraint::Leading:
-        return isRightToLeft ? rect.left() + rect.width() : rect.left();
-    case Constraint::Trailing:
-        return isRightToLeft ? rect.left() : rect.left() + rect.width();
-    case Constraint::Top:
-        return rect.top();
-    case Constraint::Bottom:
-        return rect.top() + rect.height();
-    case Constraint::CenterX:
-        return rect.left() + rect.width() / 2.0;
-    case Constraint::CenterY:
-        return rect.top() + rect.height() / 2.0;
-    case Constraint::Baseline:
-        return rect.top() + ZelTextBaseline(measured.widget, rect.height());
-    case Constraint::Width:
-        return measured.widget->sizeHint().width();
-    case Constraint::Height:
-        return measured.widget->sizeHint().height();
-    case Constraint::NotAnAttribute:
-        break;
-    }
-    return 0;
-}
-
-void ZelLayoutSystem::reportConflicts(Side &side)
-{
-    const std::vector<int> leftOut = side.axis.leftOut();
-    for (const int index : leftOut) {
-        ZelLayoutConstraint &last = *side.sources[size_t(index)];
-        if (last.m_isConflictReported)
-            continue;
-        const std::vector<int> conflict = side.axis.conflict(index);
-        if (conflict.empty())
-            continue;
-        last.m_isConflictReported = true;
-        QStringList texts;
-        for (const int constraint : conflict)
-            texts.append(side.sources[size_t(constraint)]->description());
-        qCWarning(zelLog).noquote() << "WARNING: Conflicting layout constraints, the last one is left out:"
-                                    << texts.join(QStringLiteral("; "));
-    }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Layout/ZelLayoutAxis.h"
 #include "Platform/Layout/ZelLayoutItem.h"
+#include "Platform/Layout/ZelLayoutSide.h"
 
 /// The children and constraints of one container, brought down to its two axes, and their solutions.
 ///
@@ -42,50 +42,25 @@ public:
     QRect geometryOf(const QWidget *child, const QSize &size);
 
 private:
-    /// An operand whose offset in its box must be measured.
-    struct Measured
-    {
-        int constraint = 0; // on the axis
-        bool isSecond = false;
-        QPointer<QWidget> widget;
-        ZelLayoutConstraint::Attribute attribute = ZelLayoutConstraint::NotAnAttribute;
-        int box = 0;
-        QSize boxSize; // for which it was measured
-    };
-    /// One axis with what was found out on it.
-    struct Side
-    {
-        ZelLayoutAxis axis;
-        ZelLayoutBoxes boxes;
-        std::vector<Measured> measured;
-        std::vector<ZelLayoutConstraint *> sources; // of the axis' constraints
-        ZelLayoutSpans spans;
-        double spansLength = -1;
-    };
+    using Offset = ZelLayoutSide::Offset;
 
     bool refreshItems();
     void forgetSolutions();
     void compile();
     void dropDead();
-    bool compileConstraint(ZelLayoutConstraint &constraint, Side &side, ZelAxisConstraint &compiled);
-    bool compileOperand(QWidget *widget, ZelLayoutConstraint::Attribute attribute, Measured &measured,
+    void compileConstraint(ZelLayoutConstraint &constraint);
+    bool compileOperand(QWidget *widget, ZelLayoutConstraint::Attribute attribute, Offset &offset,
                         ZelAxisConstraint::Operand &operand);
     QWidget *directChild(QWidget *descendant) const;
     int itemFor(QWidget *child);
     bool isMirrored(const ZelLayoutConstraint &constraint) const;
-    Side &sideOf(const ZelLayoutConstraint &constraint);
+    ZelLayoutSide &sideOf(const ZelLayoutConstraint &constraint);
 
     const ZelLayoutSpans &horizontal(int width);
     const ZelLayoutSpans &vertical(const QSize &size);
     const ZelLayoutBoxes &verticalBoxes(int width);
     QSize fittingSize(const ZelLayoutBoxes &widths, const ZelLayoutBoxes *heights);
     double fittingHeight(const ZelLayoutBoxes &boxes, int width);
-    bool measure(Side &side, const ZelLayoutSpans &widths, const ZelLayoutSpans &heights);
-    void measureWanted(Side &side, const ZelLayoutBoxes &widths, const ZelLayoutBoxes &heights);
-    bool measure(Side &side, Measured &measured, const QSize &boxSize);
-    bool measureAgain();
-    double measureOffset(const Measured &measured, const QSize &boxSize) const;
-    void reportConflicts(Side &side);
 
     QWidget *m_container;
     QList<ZelLayoutConstraint::Ptr> m_constraints;
@@ -93,8 +68,10 @@ private:
     QHash<const QWidget *, int> m_indexes;
     std::vector<std::unique_ptr<ZelLayoutItem>> m_formerItems; // while compiling
     QHash<const QWidget *, int> m_formerIndexes;
-    Side m_horizontal;
-    Side m_vertical;
+    ZelLayoutSide m_horizontal;
+    ZelLayoutSide m_vertical;
+    ZelLayoutSpans m_widths;
+    ZelLayoutSpans m_heights;
     ZelLayoutBoxes m_boxesForWidth; // the vertical boxes where they depend on the width
     int m_boxesWidth = -1;
     Qt::LayoutDirection m_direction = Qt::LeftToRight;
@@ -103,10 +80,12 @@ private:
     bool m_isComplete = true; // no constraint names a widget from elsewhere
     bool m_haveChildrenChanged = true;
     bool m_hasHeightForWidth = false;
-    int m_spansWidth = -1; // that the vertical spans are for
+    int m_spansWidth = -1;    // of the container, that the widths are for
+    int m_spansHeight = -1;   // that the height spans are for
+    int m_verticalWidth = -1; // that the height spans are for
 
     std::optional<QSize> m_sizeHint;
     std::optional<QSize> m_minimumSize;
     std::optional<ZelLayoutPriorities> m_resistance;
-    std::vector<std::pair<int, int>> m_heights; // for widths
+    std::vector<std::pair<int, int>> m_heightsForWidths;
 };
