@@ -30,7 +30,7 @@ ZelDelayedInvocation::Block blockSending(const ZelSelector &selector, QObject *t
 } // namespace
 
 ZelDelayedInvocation::ZelDelayedInvocation(const Block &block)
-    : m_task(new Task(block))
+    : m_task(new Task(this, block))
 {
     ZelRequire(bool(block), "block");
     CheckpointListener::install();
@@ -39,6 +39,12 @@ ZelDelayedInvocation::ZelDelayedInvocation(const Block &block)
 ZelDelayedInvocation::ZelDelayedInvocation(QObject *target, const ZelSelector &selector)
     : ZelDelayedInvocation(blockSending(selector, target))
 {
+}
+
+ZelDelayedInvocation::~ZelDelayedInvocation()
+{
+    cancel();
+    m_task->invocation = nullptr;
 }
 
 std::shared_ptr<ZelDelayedInvocation> ZelDelayedInvocation::scheduleDelayedInvocationWithBlock(const Block &block)
@@ -50,26 +56,26 @@ std::shared_ptr<ZelDelayedInvocation> ZelDelayedInvocation::scheduleDelayedInvoc
     return invocation;
 }
 
-ZelDelayedInvocation::Task::Task(const Block &block)
-    : block(block)
+ZelDelayedInvocation::Task::Task(ZelDelayedInvocation *invocation, const Block &block)
+    : invocation(invocation)
+    , block(block)
     , lastCheckpoint(ZelRunLoop::current()->checkpoint())
 {
 }
 
 void ZelDelayedInvocation::Task::schedule()
 {
-    ZelRunLoop *loop = runLoop ? runLoop.data() : ZelRunLoop::current();
-    const QStringList &inModes = modes ? *modes : ZelRunLoop::defaultModes();
-    if (!ZelCheck(!inModes.isEmpty(), QStringLiteral("No run loop mode specified")))
+    if (!ZelCheck(!modes || !modes->isEmpty(), QStringLiteral("No run loop mode specified")))
         return;
-    const ZelRunLoopTaskPtr self(this);
+    ZelRunLoop *loop = runLoop ? runLoop.data() : ZelRunLoop::current();
+    const QStringList inModes = modes.value_or(QStringList());
     if (delay) {
-        timer = loop->addTimer(self, *delay, inModes);
+        timer = loop->addTimer(ZelRunLoopTaskPtr(this), *delay, inModes);
         timerRunLoop = loop;
     } else {
-        loop->perform(self, priority.value_or(defaultPriority), inModes);
+        loop->perform(ZelRunLoopTaskPtr(this), priority.value_or(defaultPriority), inModes);
     }
-    scheduled = true;
+    invocation->m_scheduled = true;
     cancelled = false;
     finished = false;
 }
@@ -82,7 +88,8 @@ void ZelDelayedInvocation::Task::invoke()
     running = true;
     const auto finish = qScopeGuard([this] {
         running = false;
-        scheduled = false;
+        if (invocation)
+            invocation->m_scheduled = false;
         finished = true;
     });
     block();
@@ -93,7 +100,7 @@ void ZelDelayedInvocation::Task::cancel()
     if (cancelled)
         return;
     cancelled = true;
-    scheduled = false;
+    invocation->m_scheduled = false;
     if (timer && timerRunLoop)
         timerRunLoop->invalidateTimer(timer);
     timer = 0;

@@ -34,7 +34,7 @@ public:
     explicit ZelDelayedInvocation(const Block &block);
     /// Sends the selector, without an argument, to the target; to nothing once that has died.
     ZelDelayedInvocation(QObject *target, const ZelSelector &selector);
-    ~ZelDelayedInvocation() { cancel(); }
+    ~ZelDelayedInvocation();
     Q_DISABLE_COPY_MOVE(ZelDelayedInvocation)
 
     /// A new invocation that is scheduled already. The request keeps it alive, so that the answer may be dropped.
@@ -54,7 +54,7 @@ public:
     const std::optional<double> &delay() const { return m_task->delay; }
     void setDelay(const std::optional<double> &delay) { m_task->delay = delay; }
 
-    bool isScheduled() const { return m_task->scheduled; }
+    bool isScheduled() const { return m_scheduled; }
     bool isFinished() const { return m_task->finished; }
     bool isCancelled() const { return m_task->cancelled; }
     /// Scheduled, and neither cancelled nor finished.
@@ -63,7 +63,7 @@ public:
     /// Does nothing if it is scheduled already. Asserts "No run loop mode specified" for an empty list of modes.
     void schedule()
     {
-        if (!m_task->scheduled)
+        if (!m_scheduled)
             m_task->schedule();
     }
     /// Runs the work now if it is pending.
@@ -75,14 +75,15 @@ private:
     /// What the run loop holds on to, so that requests need not be withdrawn: one that is outdated does nothing.
     struct Task : ZelRunLoopTask
     {
-        explicit Task(const Block &block);
-        bool isPending() const { return scheduled && !cancelled && !finished; }
+        Task(ZelDelayedInvocation *invocation, const Block &block);
+        bool isPending() const { return invocation && invocation->m_scheduled && !cancelled && !finished; }
         void schedule();
         void invoke();
         void cancel();
         void perform() override { invoke(); }
         bool performEarly(quint64 checkpoint) override;
 
+        ZelDelayedInvocation *invocation; // null once destroyed
         Block block;
         QPointer<ZelRunLoop> runLoop;
         std::optional<QStringList> modes;
@@ -90,11 +91,11 @@ private:
         std::optional<quint32> priority;
         QPointer<ZelRunLoop> timerRunLoop;
         int timer = 0;
-        bool scheduled = false;
         bool finished = false;
         bool cancelled = false;
         bool running = false;
         quint64 lastCheckpoint;
     };
     QExplicitlySharedDataPointer<Task> m_task;
+    bool m_scheduled = false; // here and not in the task: most calls of schedule() look at nothing else
 };

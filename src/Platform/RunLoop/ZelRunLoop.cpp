@@ -11,6 +11,8 @@
 
 namespace {
 
+thread_local ZelRunLoop *t_current = nullptr;
+
 class BlockTask : public ZelRunLoopTask
 {
 public:
@@ -42,23 +44,25 @@ template<typename Requests> void sortByOrder(Requests &requests)
 
 ZelRunLoop *ZelRunLoop::current()
 {
-    static QThreadStorage<ZelRunLoop *> runLoops;
-    if (!runLoops.hasLocalData())
+    static QThreadStorage<ZelRunLoop *> runLoops; // ends them with their threads
+    if (!t_current)
         runLoops.setLocalData(new ZelRunLoop);
-    return runLoops.localData();
+    return t_current;
 }
 
-ZelRunLoop::~ZelRunLoop() = default;
-
-const QStringList &ZelRunLoop::defaultModes()
+ZelRunLoop::ZelRunLoop()
 {
-    static const QStringList modes{ZelDefaultRunLoopMode, ZelRunLoopCommonModes};
-    return modes;
+    t_current = this;
 }
 
-void ZelRunLoop::perform(const ZelRunLoopTaskPtr &task, quint32 order, const QStringList &modes)
+ZelRunLoop::~ZelRunLoop()
 {
-    m_queue.push_back({order, task, modes});
+    t_current = nullptr;
+}
+
+void ZelRunLoop::perform(ZelRunLoopTaskPtr task, quint32 order, const QStringList &modes)
+{
+    m_queue.push_back({order, std::move(task), modes});
     wakeUp();
 }
 
@@ -67,10 +71,10 @@ void ZelRunLoop::perform(const std::function<void()> &block, quint32 order, cons
     perform(ZelRunLoopTaskPtr(new BlockTask(block)), order, modes);
 }
 
-int ZelRunLoop::addTimer(const ZelRunLoopTaskPtr &task, double seconds, const QStringList &modes)
+int ZelRunLoop::addTimer(ZelRunLoopTaskPtr task, double seconds, const QStringList &modes)
 {
     const double milliseconds = std::ceil(std::clamp(seconds, 0.0, 1e6) * 1000);
-    m_timers.push_back({++m_lastTimer, startTimer(int(milliseconds)), task, modes});
+    m_timers.push_back({++m_lastTimer, startTimer(int(milliseconds)), std::move(task), modes});
     return m_lastTimer;
 }
 
@@ -123,7 +127,9 @@ void ZelRunLoop::timerEvent(QTimerEvent *event)
 
 QString ZelRunLoop::setMode(const QString &mode)
 {
+    static const QStringList common{ZelDefaultRunLoopMode, ZelEventTrackingRunLoopMode, ZelModalPanelRunLoopMode};
     const QString former = std::exchange(m_mode, mode);
+    m_isInCommonMode = common.contains(mode);
     m_queue.insert(m_queue.begin(), std::make_move_iterator(m_waiting.begin()),
                    std::make_move_iterator(m_waiting.end()));
     m_waiting.clear();
@@ -136,8 +142,9 @@ QString ZelRunLoop::setMode(const QString &mode)
 
 bool ZelRunLoop::isRunnable(const QStringList &modes) const
 {
-    static const QStringList common{ZelDefaultRunLoopMode, ZelEventTrackingRunLoopMode, ZelModalPanelRunLoopMode};
-    return modes.contains(m_mode) || (modes.contains(ZelRunLoopCommonModes) && common.contains(m_mode));
+    if (m_isInCommonMode && (modes.isEmpty() || modes.contains(ZelRunLoopCommonModes)))
+        return true;
+    return modes.contains(m_mode);
 }
 
 /// One event for all requests of a turn: an event for each would cost more than the work. Its low priority lets every

@@ -33,16 +33,14 @@ public:
 
     /// ZelDefaultRunLoopMode, unless a ZelRunLoopModeScope set another.
     const QString &currentMode() const { return m_mode; }
-    /// The default mode and the common modes.
-    static const QStringList &defaultModes();
 
-    /// Performs the work once, at the end of a turn in one of the modes.
-    void perform(const ZelRunLoopTaskPtr &task, quint32 order, const QStringList &modes);
-    void perform(const std::function<void()> &block, quint32 order, const QStringList &modes = defaultModes());
+    /// Performs the work once, at the end of a turn in one of the modes; no modes are the default and the common modes.
+    void perform(ZelRunLoopTaskPtr task, quint32 order, const QStringList &modes = {});
+    void perform(const std::function<void()> &block, quint32 order, const QStringList &modes = {});
 
     /// Performs the work once, so many seconds from now (0 or more), or later when the loop is in one of the modes
     /// again. Answers the timer's number, never 0.
-    int addTimer(const ZelRunLoopTaskPtr &task, double seconds, const QStringList &modes);
+    int addTimer(ZelRunLoopTaskPtr task, double seconds, const QStringList &modes = {});
     /// Does nothing for a timer that has fired.
     void invalidateTimer(int timer);
 
@@ -72,7 +70,7 @@ private:
         QStringList modes;
     };
 
-    ZelRunLoop() = default;
+    ZelRunLoop();
     QString setMode(const QString &mode);
     bool isRunnable(const QStringList &modes) const;
     void wakeUp();
@@ -89,6 +87,7 @@ private:
     int m_lastTimer = 0;
     quint64 m_checkpoint = 0;
     bool m_wakeUpPosted = false;
+    bool m_isInCommonMode = true;
     QString m_mode = ZelDefaultRunLoopMode;
 };
 

@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(m_log, "x");
         QElapsedTimer elapsed;
         elapsed.start();
-        loop()->addTimer(task, 0.05, ZelRunLoop::defaultModes());
+        loop()->addTimer(task, 0.05);
         QTRY_COMPARE(m_log, "xx");
         QVERIFY(elapsed.elapsed() >= 45);
         QTest::qWait(80);
