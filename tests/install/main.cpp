@@ -5,9 +5,9 @@
 #include <ViewController/ZelView.h>
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QMainWindow>
 
+#include <algorithm>
 #include <memory>
 
 class Note : public QObject
@@ -36,10 +36,11 @@ int main(int argc, char **argv)
     window.show();
     QApplication::processEvents();
 
-    const QList<QLineEdit *> fields = window.findChildren<QLineEdit *>();
-    return fields.size() == 1 && fields.first()->isVisible() && fields.first()->text() == QLatin1String("installed")
-               ? 0
-               : 1;
+    const QList<QWidget *> widgets = window.findChildren<QWidget *>();
+    const bool isShown = std::any_of(widgets.begin(), widgets.end(), [](const QWidget *widget) {
+        return widget->isVisible() && widget->property("text") == QStringLiteral("installed");
+    });
+    return isShown ? 0 : 1;
 }
 
 #include "main.moc"
