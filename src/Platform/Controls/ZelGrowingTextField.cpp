@@ -57,7 +57,7 @@ ZelGrowingTextField::ZelGrowingTextField(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
     setAttribute(Qt::WA_Hover);
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
@@ -179,7 +179,7 @@ QColor ZelGrowingTextField::textColor() const
 {
     if (!m_error.isEmpty())
         return ZelThemeColor::error(palette());
-    return m_labelStyle ? palette().color(QPalette::Disabled, QPalette::WindowText) : palette().color(QPalette::Text);
+    return palette().color(m_labelStyle ? QPalette::PlaceholderText : QPalette::Text);
 }
 
 void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
@@ -415,7 +415,7 @@ QSize ZelGrowingTextField::sizeHint() const
     if (!m_sizeHint.isValid()) {
         const QMargins margins = contentMargins();
         const int preferred = 17 * fontMetrics().horizontalAdvance(QLatin1Char('x')) + margins.left() + margins.right();
-        m_sizeHint = QSize(preferred, heightForWidth(testAttribute(Qt::WA_Resized) ? width() : preferred));
+        m_sizeHint = QSize(preferred, heightForWidth(preferred));
     }
     return m_sizeHint;
 }
@@ -432,8 +432,6 @@ void ZelGrowingTextField::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     if (m_editor)
         m_editor->setGeometry(contentRect());
-    if (event->size().width() != event->oldSize().width())
-        m_sizeHint = QSize();
 }
 
 void ZelGrowingTextField::paintEvent(QPaintEvent *)

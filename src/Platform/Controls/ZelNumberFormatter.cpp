@@ -121,7 +121,7 @@ QVariant parsed(const QString &text, QLocale locale)
     if (!ok || !std::isfinite(number))
         return {};
     constexpr double largestExact = 9007199254740992.0;
-    if (std::abs(number) > largestExact) {
+    if (std::abs(number) >= largestExact) {
         const qlonglong integer = locale.toLongLong(text, &ok);
         if (ok)
             return integer;
@@ -175,8 +175,9 @@ bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *val
     const QLocale locale = this->locale();
     QVariant number = parsed(trimmed, locale);
     if (!number.isValid()) {
-        // Keyboards have a hyphen, texts from elsewhere a true minus sign, and locales either.
-        trimmed.replace(s_minus, QLatin1Char('-'));
+        // Keyboards have a hyphen, texts from elsewhere a true minus sign, and locales either, some with a mark of
+        // direction before it.
+        trimmed.replace(locale.negativeSign(), QLatin1String("-")).replace(s_minus, QLatin1Char('-'));
         number = parsed(trimmed, locale);
     }
     if (!number.isValid()) {

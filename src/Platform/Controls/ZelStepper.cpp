@@ -131,8 +131,7 @@ void ZelStepper::endPress()
 void ZelStepper::initStyleOption(QStyleOptionSpinBox *option) const
 {
     option->initFrom(this);
-    const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    option->rect.adjust(mirrored ? 0 : -s_hiddenFieldWidth, 0, mirrored ? s_hiddenFieldWidth : 0, 0);
+    option->rect.setWidth(width() + s_hiddenFieldWidth);
     option->frame = true;
     option->subControls = QStyle::SC_SpinBoxFrame | QStyle::SC_SpinBoxUp | QStyle::SC_SpinBoxDown;
     option->stepEnabled = QAbstractSpinBox::StepNone;
@@ -148,15 +147,18 @@ void ZelStepper::initStyleOption(QStyleOptionSpinBox *option) const
         ZelControlSupport::showDisabled(option);
 }
 
+/// Where the spin box begins, whose end the arrows are. Styles want it at their origin.
+QPoint ZelStepper::spinBoxOrigin() const
+{
+    return {layoutDirection() == Qt::RightToLeft ? 0 : -s_hiddenFieldWidth, 0};
+}
+
 QStyle::SubControl ZelStepper::arrowAt(const QPoint &position) const
 {
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    // Styles place the arrows as if the rectangle began at 0.
-    const QPoint shift(-option.rect.left(), 0);
-    option.rect.moveLeft(0);
     for (const QStyle::SubControl arrow : {QStyle::SC_SpinBoxUp, QStyle::SC_SpinBoxDown}) {
-        if (style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, this).contains(position + shift))
+        if (style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, this).contains(position - spinBoxOrigin()))
             return arrow;
     }
     return QStyle::SC_None;
@@ -244,6 +246,7 @@ void ZelStepper::paintEvent(QPaintEvent *)
     QStylePainter painter(this);
     QStyleOptionSpinBox option;
     initStyleOption(&option);
+    painter.translate(spinBoxOrigin());
     painter.drawComplexControl(QStyle::CC_SpinBox, option);
 }
 

@@ -78,6 +78,7 @@ protected:
 
 private:
     void initStyleOption(QStyleOptionSpinBox *option) const;
+    QPoint spinBoxOrigin() const;
     QStyle::SubControl arrowAt(const QPoint &position) const;
     bool hasSingleValue() const;
     double valueAfter(int steps) const;

@@ -40,7 +40,7 @@ public:
     bool isEditable() const { return !isReadOnly(); }
     void setEditable(bool editable);
 
-    /// The look of a label that can be selected: no frame, no background, the colour of disabled texts; not editable.
+    /// The look of a label that can be selected: no frame, no background, the colour of placeholders; not editable.
     bool isLabelStyle() const { return m_labelStyle; }
     void setLabelStyle(bool labelStyle);
 

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelGrowingTextField.h"
+#include "Platform/Controls/ZelNumberFormatter.h"
+#include "Platform/Controls/ZelTextField.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include "ControlPanel.h"
+
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+namespace {
+
+using Panel = ControlPanel<ZelGrowingTextField>;
+
+/// The widget that gets the keys.
+QWidget *keys()
+{
+    return QApplication::focusWidget();
+}
+
+QPlainTextEdit *editorOf(QWidget *field)
+{
+    for (QPlainTextEdit *editor : field->findChildren<QPlainTextEdit *>()) {
+        if (editor->isVisible())
+            return editor;
+    }
+    return nullptr;
+}
+
+const QString longText = QStringLiteral("Many words that need more than one line of the field, and even more words. ");
+
+} // namespace
+
+class tst_ZelGrowingTextField : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void growsWithItsText();
+    void oneLineIsLikeALineEdit();
+    void growsWhileTyping();
+    void hasAnEditorWhileFocused();
+    void clickPlacesTheCursor();
+    void tabGoesThrough();
+    void returnCommitsAndModifiedReturnBreaksTheLine();
+    void escapeDiscards();
+    void textThatIsNoValueStays();
+    void valueArrivingWhileTypingIsKeptAside();
+    void readOnlyTextCanBeSelected();
+    void mayDieWhenItReports();
+    void scrollsThePaneUnderTheWheel();
+};
+
+void tst_ZelGrowingTextField::growsWithItsText()
+{
+    ZelGrowingTextField field;
+    field.setObjectValue(longText);
+    const int wide = field.heightForWidth(2000);
+    const int narrow = field.heightForWidth(120);
+    QVERIFY(narrow >= wide + 2 * field.fontMetrics().height());
+    QVERIFY(field.heightForWidth(0) > 0);
+    field.setObjectValue(QStringLiteral("a\nb\n"));
+    const int line = field.fontMetrics().height();
+    QVERIFY(qAbs(field.heightForWidth(2000) - wide - 2 * line) <= 1);
+
+    // A layout learns of a changed height.
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(&field);
+    layout->addStretch();
+    window.resize(160, 600);
+    window.show();
+    const int before = field.height();
+    field.setObjectValue(QString(longText + longText));
+    QTRY_COMPARE(field.height(), field.heightForWidth(field.width()));
+    QVERIFY(field.height() > before);
+    field.setParent(nullptr);
+}
+
+void tst_ZelGrowingTextField::oneLineIsLikeALineEdit()
+{
+    for (const bool label : {false, true}) {
+        ZelTextField lineEdit;
+        ZelGrowingTextField field;
+        lineEdit.setLabelStyle(label);
+        field.setLabelStyle(label);
+        lineEdit.setObjectValue(QStringLiteral("Text"));
+        field.setObjectValue(QStringLiteral("Text"));
+        QCOMPARE(field.heightForWidth(200), lineEdit.sizeHint().height());
+        field.resize(200, field.heightForWidth(200));
+        lineEdit.resize(field.size());
+        QCOMPARE(field.grab().toImage(), lineEdit.grab().toImage());
+    }
+}
+
+void tst_ZelGrowingTextField::growsWhileTyping()
+{
+    Panel panel;
+    panel.resize(200, 300);
+    panel.control->setFocus();
+    const int before = panel.control->heightForWidth(panel.control->width());
+    QTest::keyClicks(keys(), QStringLiteral("one"));
+    QCOMPARE(panel.control->heightForWidth(panel.control->width()), before);
+    QTest::keyClick(keys(), Qt::Key_Return, Qt::AltModifier);
+    QVERIFY(panel.control->heightForWidth(panel.control->width()) > before);
+    // The whole text fits without scrolling.
+    QTRY_VERIFY(panel.control->height() >= panel.control->heightForWidth(panel.control->width()));
+    QCOMPARE(editorOf(panel.control)->verticalScrollBar()->maximum(), 0);
+    QCOMPARE(panel.control->text(), QStringLiteral("one\n"));
+    QTest::keyClick(keys(), Qt::Key_Escape);
+    QCOMPARE(panel.control->heightForWidth(panel.control->width()), before);
+}
+
+void tst_ZelGrowingTextField::hasAnEditorWhileFocused()
+{
+    Panel panel;
+    panel.control->setObjectValue(longText);
+    QVERIFY(panel.control->findChildren<QWidget *>().isEmpty());
+    panel.control->setFocus();
+    QVERIFY(editorOf(panel.control));
+    QVERIFY(panel.control->hasFocus());
+    panel.other->setFocus();
+    QVERIFY(!editorOf(panel.control));
+    panel.control->setFocus();
+    QVERIFY(editorOf(panel.control));
+    QCOMPARE(keys(), editorOf(panel.control));
+    panel.other->setFocus();
+    QTRY_VERIFY(panel.control->findChildren<QWidget *>().isEmpty());
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::clickPlacesTheCursor()
+{
+    Panel panel;
+    panel.control->setObjectValue(QStringLiteral("WWWW"));
+    const int x = panel.control->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 7;
+    QWidget *window = panel.window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, panel.control->mapTo(window, QPoint(x, 10)));
+    QVERIFY(editorOf(panel.control));
+    QTest::keyClicks(keys(), QStringLiteral("i"));
+    QCOMPARE(panel.control->text(), QStringLiteral("WWiWW"));
+}
+
+void tst_ZelGrowingTextField::tabGoesThrough()
+{
+    Panel panel;
+    QWidget *after = new ZelTextField(&panel);
+    panel.layout()->addWidget(after);
+    after->show();
+    panel.control->setObjectValue(longText);
+    QTest::keyClick(panel.other, Qt::Key_Tab);
+    QCOMPARE(keys(), editorOf(panel.control));
+    QCOMPARE(editorOf(panel.control)->textCursor().selectedText(), longText);
+    QTest::keyClick(keys(), Qt::Key_Tab);
+    QCOMPARE(keys(), after);
+    QTest::keyClick(keys(), Qt::Key_Backtab);
+    QCOMPARE(keys(), editorOf(panel.control));
+    QTest::keyClick(keys(), Qt::Key_Backtab);
+    QCOMPARE(keys(), panel.other);
+}
+
+void tst_ZelGrowingTextField::returnCommitsAndModifiedReturnBreaksTheLine()
+{
+    Panel panel;
+    panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(keys(), Qt::Key_Return);
+    QCOMPARE(panel.log, QStringList());
+    QTest::keyClicks(keys(), QStringLiteral("a"));
+    QTest::keyClick(keys(), Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(keys(), QStringLiteral("b"));
+    QCOMPARE(panel.log, QStringList());
+    QTest::keyClick(keys(), Qt::Key_Enter);
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+    QCOMPARE(panel.control->objectValue(), QVariant(QStringLiteral("a\nb")));
+    QVERIFY(editorOf(panel.control)->textCursor().hasSelection());
+    panel.other->setFocus();
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::escapeDiscards()
+{
+    Panel panel;
+    panel.control->setObjectValue(QStringLiteral("old"));
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(keys(), QStringLiteral("new"));
+    QTest::keyClick(keys(), Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("old"));
+    panel.other->setFocus();
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::textThatIsNoValueStays()
+{
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<ZelNumberFormatter>());
+    panel.control->setObjectValue(3);
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(keys(), QStringLiteral("abc"));
+    panel.other->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    QVERIFY(!panel.control->errorText().isEmpty());
+    QVERIFY(!panel.control->commitEditing());
+    panel.control->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    QVERIFY(!panel.control->errorText().isEmpty());
+    QTest::keyClick(keys(), Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("3"));
+    QVERIFY(panel.control->errorText().isEmpty());
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::valueArrivingWhileTypingIsKeptAside()
+{
+    Panel panel;
+    panel.control->setFocus(Qt::TabFocusReason);
+    panel.control->setObjectValue(QStringLiteral("two"));
+    QCOMPARE(panel.control->text(), QStringLiteral("two"));
+    QTest::keyClicks(keys(), QStringLiteral("typed"));
+    panel.control->setObjectValue(QStringLiteral("three"));
+    QVERIFY(panel.control->text().contains(QStringLiteral("typed")));
+    panel.control->discardEditing();
+    QCOMPARE(panel.control->text(), QStringLiteral("three"));
+}
+
+void tst_ZelGrowingTextField::readOnlyTextCanBeSelected()
+{
+    Panel panel;
+    panel.control->setLabelStyle(true);
+    panel.control->setObjectValue(QStringLiteral("fixed"));
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(keys(), QStringLiteral("x"));
+    QCOMPARE(panel.control->text(), QStringLiteral("fixed"));
+    QCOMPARE(editorOf(panel.control)->textCursor().selectedText(), QStringLiteral("fixed"));
+    QTest::keyClick(keys(), Qt::Key_Return);
+    panel.other->setFocus();
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::mayDieWhenItReports()
+{
+    for (const bool byReturn : {true, false}) {
+        Panel panel;
+        panel.whenEdited = [&panel] { panel.control->deleteLater(); };
+        panel.control->setFocus();
+        QTest::keyClicks(keys(), QStringLiteral("x"));
+        if (byReturn)
+            QTest::keyPress(keys(), Qt::Key_Return);
+        else
+            panel.other->setFocus();
+        QTRY_VERIFY(!panel.control);
+    }
+    // With the focus and typing in it.
+    Panel panel;
+    panel.control->setFocus();
+    QTest::keyClicks(keys(), QStringLiteral("x"));
+    delete panel.control;
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelGrowingTextField::scrollsThePaneUnderTheWheel()
+{
+    Panel panel;
+    panel.control->setObjectValue(longText);
+    QVERIFY(!panel.wheel(-120));
+    panel.control->setFocus();
+    QVERIFY(!panel.wheel(-120));
+}
+
+QTEST_MAIN(tst_ZelGrowingTextField)
+#include "tst_ZelGrowingTextField.moc"

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelSlider.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include "ControlPanel.h"
+
+#include <cmath>
+
+namespace {
+
+using Panel = ControlPanel<ZelSlider>;
+
+void drag(ZelSlider *slider, const QPoint &to)
+{
+    const QPointF position = to;
+    QMouseEvent move(QEvent::MouseMove, position, slider->mapToGlobal(position), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(slider, &move);
+}
+
+} // namespace
+
+class tst_ZelSlider : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void draggingIsOneUndoGrouping();
+    void handleFollowsThePointerFromWhereItWasTaken();
+    void rightToLeftIsMirrored();
+    void dialTurnsClockwiseFromTheTop();
+    void dragEndsWithTheControl_data();
+    void dragEndsWithTheControl();
+    void strangeRangesAreSafe_data();
+    void strangeRangesAreSafe();
+    void keysAndWheel();
+    void severalValuesAreReplacedByTheChosenOne();
+};
+
+void tst_ZelSlider::draggingIsOneUndoGrouping()
+{
+    Panel panel;
+    panel.control->setMaxValue(10);
+    panel.control->setObjectValue(0);
+    panel.control->setFixedWidth(200);
+    const int y = panel.control->height() / 2;
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, QPoint(100, y));
+    QVERIFY(std::abs(panel.control->doubleValue() - 5) < 0.2);
+    drag(panel.control, QPoint(150, y));
+    drag(panel.control, QPoint(150, y + 1));
+    drag(panel.control, QPoint(500, y));
+    QCOMPARE(panel.control->doubleValue(), 10.0);
+    QCOMPARE(panel.undo.stack()->count(), 0);
+    QTest::mouseRelease(panel.control, Qt::LeftButton, {}, QPoint(500, y));
+    QCOMPARE(panel.takeLog(), Panel::edits(3));
+    QCOMPARE(panel.undo.stack()->count(), 1);
+    drag(panel.control, QPoint(10, y));
+    QCOMPARE(panel.control->doubleValue(), 10.0);
+}
+
+void tst_ZelSlider::handleFollowsThePointerFromWhereItWasTaken()
+{
+    Panel panel;
+    panel.control->setFixedWidth(200);
+    panel.control->setObjectValue(0.5);
+    const int y = panel.control->height() / 2;
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, QPoint(102, y));
+    drag(panel.control, QPoint(102, y + 3));
+    QVERIFY(std::abs(panel.control->doubleValue() - 0.5) < 0.005);
+    QTest::mouseRelease(panel.control, Qt::LeftButton, {}, QPoint(102, y));
+}
+
+void tst_ZelSlider::rightToLeftIsMirrored()
+{
+    Panel panel;
+    panel.control->setFixedWidth(200);
+    panel.control->setLayoutDirection(Qt::RightToLeft);
+    panel.control->setObjectValue(0.5);
+    QTest::mouseClick(panel.control, Qt::LeftButton, {}, QPoint(190, panel.control->height() / 2));
+    QVERIFY(panel.control->doubleValue() < 0.1);
+    const double before = panel.control->doubleValue();
+    panel.control->setFocus();
+    QTest::keyClick(panel.control, Qt::Key_Left);
+    QVERIFY(panel.control->doubleValue() > before);
+}
+
+void tst_ZelSlider::dialTurnsClockwiseFromTheTop()
+{
+    Panel panel(ZelSlider::Circular);
+    panel.control->setFixedSize(101, 101);
+    panel.control->setMaxValue(360);
+    panel.control->setObjectValue(1);
+    const QPoint centre = panel.control->rect().center();
+    const QPoint right = centre + QPoint(40, 0);
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, right);
+    QCOMPARE(panel.control->doubleValue(), 90.0);
+    drag(panel.control, centre + QPoint(0, 40));
+    QCOMPARE(panel.control->doubleValue(), 180.0);
+    drag(panel.control, centre + QPoint(-40, 0));
+    QCOMPARE(panel.control->doubleValue(), 270.0);
+    drag(panel.control, centre + QPoint(0, -40));
+    QCOMPARE(panel.control->doubleValue(), 360.0);
+    drag(panel.control, centre + QPoint(40, -40));
+    drag(panel.control, centre + QPoint(0, -40));
+    QCOMPARE(panel.control->doubleValue(), 0.0);
+    QTest::mouseRelease(panel.control, Qt::LeftButton, {}, right);
+    QCOMPARE(panel.undo.stack()->count(), 1);
+}
+
+void tst_ZelSlider::dragEndsWithTheControl_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("hidden") << 0;
+    QTest::newRow("ancestor disabled") << 1;
+    QTest::newRow("not editable") << 2;
+    QTest::newRow("reparented") << 3;
+    QTest::newRow("deleted") << 4;
+    QTest::newRow("deleted by whom it told") << 5;
+}
+
+void tst_ZelSlider::dragEndsWithTheControl()
+{
+    QFETCH(int, way);
+    Panel panel;
+    QWidget elsewhere;
+    if (way == 5)
+        panel.whenEdited = [&panel] { delete panel.control; };
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, QPoint(50, panel.control->height() / 2));
+    QCOMPARE(panel.undo.groupingLevel(), way == 5 ? 0 : 1);
+    switch (way) {
+    case 0:
+        panel.control->hide();
+        break;
+    case 1:
+        panel.setEnabled(false);
+        break;
+    case 2:
+        panel.control->setEditable(false);
+        break;
+    case 3:
+        panel.control->setParent(&elsewhere);
+        break;
+    default:
+        delete panel.control;
+        break;
+    }
+    QCOMPARE(panel.undo.groupingLevel(), 0);
+    QCOMPARE(panel.undo.stack()->count(), 1);
+    panel.takeLog();
+    if (panel.control) {
+        QVERIFY(!panel.control->isDragging());
+        drag(panel.control, QPoint(90, 5));
+    }
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelSlider::strangeRangesAreSafe_data()
+{
+    QTest::addColumn<double>("minimum");
+    QTest::addColumn<double>("maximum");
+    QTest::addColumn<bool>("slides");
+    constexpr double largest = std::numeric_limits<double>::max();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    QTest::newRow("all doubles") << -largest << largest << true;
+    QTest::newRow("largest single precision") << 0.0 << 3.4028234663852886e38 << true;
+    QTest::newRow("infinite") << -infinity << infinity << true;
+    QTest::newRow("empty") << 3.0 << 3.0 << false;
+    QTest::newRow("crossed") << 5.0 << -5.0 << false;
+    QTest::newRow("not a number") << std::nan("") << 1.0 << false;
+}
+
+void tst_ZelSlider::strangeRangesAreSafe()
+{
+    QFETCH(double, minimum);
+    QFETCH(double, maximum);
+    QFETCH(bool, slides);
+    for (const ZelSlider::Type type : {ZelSlider::Linear, ZelSlider::Circular}) {
+        Panel panel(type);
+        panel.control->setMinValue(minimum);
+        panel.control->setMaxValue(maximum);
+        panel.control->setObjectValue(0);
+        panel.control->grab();
+        panel.control->setFocus();
+        QTest::mouseClick(panel.control, Qt::LeftButton, {}, panel.control->rect().center() + QPoint(7, 3));
+        QTest::keyClick(panel.control, Qt::Key_End);
+        QTest::keyClick(panel.control, Qt::Key_Up);
+        panel.wheel(120);
+        QVERIFY(std::isfinite(panel.control->doubleValue()));
+        QCOMPARE(panel.control->doubleValue() != 0, slides);
+        QCOMPARE(panel.log.isEmpty(), !slides);
+    }
+}
+
+void tst_ZelSlider::keysAndWheel()
+{
+    Panel panel;
+    panel.control->setMaxValue(200);
+    panel.control->setObjectValue(100);
+    QVERIFY(!panel.wheel(120));
+    panel.control->setFocus();
+    QVERIFY(panel.wheel(120));
+    QCOMPARE(panel.control->doubleValue(), 102.0);
+    panel.control->setIncrement(5);
+    QTest::keyClick(panel.control, Qt::Key_Left);
+    QCOMPARE(panel.control->doubleValue(), 97.0);
+    QTest::keyClick(panel.control, Qt::Key_PageUp);
+    QCOMPARE(panel.control->doubleValue(), 147.0);
+    QTest::keyClick(panel.control, Qt::Key_Home);
+    QTest::keyClick(panel.control, Qt::Key_Left);
+    QCOMPARE(panel.control->doubleValue(), 0.0);
+    QCOMPARE(panel.takeLog(), Panel::edits(4));
+}
+
+void tst_ZelSlider::severalValuesAreReplacedByTheChosenOne()
+{
+    Panel panel;
+    panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+    panel.control->slideTo(0);
+    QCOMPARE(panel.control->objectValue(), QVariant(0.0));
+    panel.control->slideTo(-7);
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+}
+
+QTEST_MAIN(tst_ZelSlider)
+#include "tst_ZelSlider.moc"

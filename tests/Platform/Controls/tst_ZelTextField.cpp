@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelNumberFormatter.h"
+#include "Platform/Controls/ZelTextField.h"
+#include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include "ControlPanel.h"
+
+#include <QApplication>
+#include <QShortcut>
+#include <QSignalSpy>
+
+namespace {
+
+/// Numbers with a unit that is shown and not edited.
+class MetreFormatter : public ZelNumberFormatter
+{
+public:
+    MetreFormatter() { setLocale(QLocale::c()); }
+    QString stringForObjectValue(const QVariant &value) const override
+    {
+        return ZelNumberFormatter::stringForObjectValue(value) + QStringLiteral(" m");
+    }
+    QString editingStringForObjectValue(const QVariant &value) const override
+    {
+        return ZelNumberFormatter::stringForObjectValue(value);
+    }
+    Range unitRange(const QString &text) const override { return {text.size() - 2, 2}; }
+};
+
+using Panel = ControlPanel<ZelTextField>;
+
+/// How many pixels of the widget have nearly the colour.
+int pixelsOf(QWidget *widget, const QColor &color)
+{
+    const QImage image = widget->grab().toImage();
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            count += std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
+                         std::abs(pixel.blue() - color.blue()) <
+                     24;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+class tst_ZelTextField : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void showsValuesAndMarkers();
+    void showsTheEditingTextWhileFocused();
+    void returnCommits();
+    void focusOutCommits();
+    void unchangedTextIsSilent_data();
+    void unchangedTextIsSilent();
+    void escapeDiscards();
+    void textThatIsNoValueStays();
+    void valueArrivingWhileTypingIsKeptAside();
+    void programmaticChangesAreNotReported();
+    void losingEditabilityDiscards();
+    void mayDieWhenItReports();
+    void undoShortcutIsTheWindowsUnlessTyping();
+    void longTextsAreElidedAndUnitsDimmed();
+};
+
+void tst_ZelTextField::showsValuesAndMarkers()
+{
+    ZelTextField field;
+    field.setNullPlaceholder(QStringLiteral("none"));
+    const auto shown = [&field](const QVariant &value) {
+        field.setObjectValue(value);
+        return QString(field.text() + QLatin1Char('|') + field.placeholderText());
+    };
+    QCOMPARE(shown(QStringLiteral("text")), QStringLiteral("text|none"));
+    QCOMPARE(shown({}), QStringLiteral("|none"));
+    QCOMPARE(shown(ZelNull()), QStringLiteral("|none"));
+    QCOMPARE(shown(QVariant::fromValue(ZelMultipleValuesMarker)), QStringLiteral("|Multiple Values"));
+    QCOMPARE(shown(QVariant::fromValue(ZelNoSelectionMarker)), QStringLiteral("|No Selection"));
+    field.setFormatter(std::make_shared<MetreFormatter>());
+    QCOMPARE(shown(QVariant::fromValue(ZelMultipleValuesMarker)), QStringLiteral("|Multiple Values"));
+    QCOMPARE(shown(12.5), QStringLiteral("12.5 m|none"));
+}
+
+void tst_ZelTextField::showsTheEditingTextWhileFocused()
+{
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->setObjectValue(12);
+    panel.control->setFocus(Qt::TabFocusReason);
+    QCOMPARE(panel.control->text(), QStringLiteral("12"));
+    QCOMPARE(panel.control->selectedText(), QStringLiteral("12"));
+    panel.other->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("12 m"));
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelTextField::returnCommits()
+{
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+    panel.control->setFocus();
+    QTest::keyClicks(panel.control, QStringLiteral(" 7.50 "));
+    QVERIFY(panel.control->isEditing());
+    QTest::keyClick(panel.control, Qt::Key_Return);
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+    QCOMPARE(panel.level, 1);
+    QCOMPARE(panel.undo.stack()->count(), 1);
+    QCOMPARE(panel.control->objectValue(), QVariant(7.5));
+    QCOMPARE(panel.control->text(), QStringLiteral("7.5"));
+    QCOMPARE(panel.control->selectedText(), QStringLiteral("7.5"));
+    // An emptied field is an absent value.
+    QTest::keyClick(panel.control, Qt::Key_Delete);
+    QTest::keyClick(panel.control, Qt::Key_Return);
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+    QVERIFY(!panel.control->objectValue().isValid());
+}
+
+void tst_ZelTextField::focusOutCommits()
+{
+    Panel panel;
+    panel.control->setFocus();
+    QTest::keyClicks(panel.control, QStringLiteral("abc"));
+    panel.other->setFocus();
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+    QCOMPARE(panel.control->objectValue(), QVariant(QStringLiteral("abc")));
+}
+
+void tst_ZelTextField::unchangedTextIsSilent_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("nothing typed, text rounded") << QVariant(1.23456) << "";
+    QTest::newRow("same text again") << QVariant(1.23456) << "1.235";
+    QTest::newRow("same number, other text") << QVariant(12) << "12.00";
+    QTest::newRow("nothing typed for several values") << QVariant::fromValue(ZelMultipleValuesMarker) << "";
+}
+
+void tst_ZelTextField::unchangedTextIsSilent()
+{
+    QFETCH(QVariant, value);
+    QFETCH(QString, typed);
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->setObjectValue(value);
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel.control, typed);
+    QTest::keyClick(panel.control, Qt::Key_Enter);
+    QVERIFY(panel.control->commitEditing());
+    panel.other->setFocus();
+    QCOMPARE(panel.log, QStringList());
+    QCOMPARE(panel.control->objectValue(), value);
+}
+
+void tst_ZelTextField::escapeDiscards()
+{
+    Panel panel;
+    QShortcut shortcut(QKeySequence(Qt::Key_Escape), &panel);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    panel.control->setObjectValue(QStringLiteral("old"));
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel.control, QStringLiteral("new"));
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("old"));
+    QCOMPARE(activated.count(), 0);
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelTextField::textThatIsNoValueStays()
+{
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->setObjectValue(3);
+    const QPalette plain = panel.control->palette();
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel.control, QStringLiteral("abc"));
+    QTest::keyClick(panel.control, Qt::Key_Return);
+    QVERIFY(!panel.control->errorText().isEmpty());
+    QCOMPARE(panel.control->accessibleDescription(), panel.control->errorText());
+    QCOMPARE(panel.control->palette().color(QPalette::Text), ZelThemeColor::error(plain));
+    panel.other->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    QVERIFY(!panel.control->commitEditing());
+    panel.control->setObjectValue(4);
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    QCOMPARE(panel.log, QStringList());
+
+    // Typing on takes the error away, Escape the text.
+    panel.control->setFocus(Qt::OtherFocusReason);
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    QTest::keyClick(panel.control, Qt::Key_Backspace);
+    QVERIFY(panel.control->errorText().isEmpty());
+    QCOMPARE(panel.control->palette().color(QPalette::Text), plain.color(QPalette::Text));
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("4"));
+    QVERIFY(panel.control->commitEditing());
+}
+
+void tst_ZelTextField::valueArrivingWhileTypingIsKeptAside()
+{
+    Panel panel;
+    panel.control->setObjectValue(QStringLiteral("one"));
+    panel.control->setFocus(Qt::TabFocusReason);
+    panel.control->setObjectValue(QStringLiteral("two"));
+    QCOMPARE(panel.control->text(), QStringLiteral("two"));
+    QTest::keyClicks(panel.control, QStringLiteral("typed"));
+    panel.control->setObjectValue(QStringLiteral("three"));
+    QCOMPARE(panel.control->text(), QStringLiteral("typed"));
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("three"));
+
+    // The model's answer to the edit, arriving within the report, is the newest value of all.
+    panel.whenEdited = [&panel] { panel.control->setObjectValue(QStringLiteral("corrected")); };
+    QTest::keyClicks(panel.control, QStringLiteral("wrong"));
+    QTest::keyClick(panel.control, Qt::Key_Return);
+    QCOMPARE(panel.control->text(), QStringLiteral("corrected"));
+    panel.other->setFocus();
+    QCOMPARE(panel.takeLog(), Panel::edits(1));
+}
+
+void tst_ZelTextField::programmaticChangesAreNotReported()
+{
+    Panel panel;
+    const QSignalSpy changed(panel.control, &ZelTextField::objectValueChanged);
+    panel.control->setObjectValue(1);
+    panel.control->setObjectValue(1.0);
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->discardEditing();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelTextField::losingEditabilityDiscards()
+{
+    Panel panel;
+    panel.control->setObjectValue(QStringLiteral("old"));
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel.control, QStringLiteral("new"));
+    panel.control->setEditable(false);
+    QCOMPARE(panel.control->text(), QStringLiteral("old"));
+    QTest::keyClicks(panel.control, QStringLiteral("more"));
+    QTest::keyClick(panel.control, Qt::Key_Return);
+    panel.other->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("old"));
+    QVERIFY(panel.control->isEnabled());
+    QCOMPARE(panel.log, QStringList());
+}
+
+void tst_ZelTextField::mayDieWhenItReports()
+{
+    for (const bool byReturn : {true, false}) {
+        Panel panel;
+        panel.whenEdited = [&panel] { delete panel.control; };
+        panel.control->setFocus();
+        QTest::keyClicks(panel.control, QStringLiteral("x"));
+        if (byReturn) {
+            QTest::keyPress(panel.control, Qt::Key_Return);
+        } else {
+            panel.other->setFocus();
+        }
+        QVERIFY(!panel.control);
+        QCOMPARE(panel.log, QStringList(QStringLiteral("valueEdited")));
+    }
+}
+
+void tst_ZelTextField::undoShortcutIsTheWindowsUnlessTyping()
+{
+    Panel panel;
+    QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &panel);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    panel.control->setFocus();
+    QTest::keyClicks(panel.control, QStringLiteral("x"));
+    QTest::keyClick(panel.control, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(panel.control->text(), QString());
+    QCOMPARE(activated.count(), 0);
+    QTest::keyClick(panel.control, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(activated.count(), 1);
+}
+
+void tst_ZelTextField::longTextsAreElidedAndUnitsDimmed()
+{
+    QWidget parent;
+    ZelTextField field(&parent);
+    QPalette colors = field.palette();
+    colors.setColor(QPalette::Text, Qt::blue);
+    colors.setColor(QPalette::Disabled, QPalette::Text, Qt::red);
+    colors.setColor(QPalette::Base, Qt::white);
+    parent.setPalette(colors);
+    parent.setFont(QFont(QStringLiteral("DejaVu Sans"), 40));
+    field.setFormatter(std::make_shared<MetreFormatter>());
+    field.setObjectValue(88);
+    field.resize(400, 100);
+    const int unit = pixelsOf(&field, Qt::red);
+    const int number = pixelsOf(&field, Qt::blue);
+    QVERIFY2(unit > 50 && number > 50, qPrintable(QStringLiteral("%1 %2").arg(unit).arg(number)));
+
+    // Too narrow for both: the number's start is what remains.
+    field.setObjectValue(8888);
+    field.resize(120, 100);
+    QCOMPARE(pixelsOf(&field, Qt::red), 0);
+    QVERIFY(pixelsOf(&field, Qt::blue) > 50);
+    field.setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(pixelsOf(&field, Qt::blue) > 50);
+}
+
+QTEST_MAIN(tst_ZelTextField)
+#include "tst_ZelTextField.moc"
