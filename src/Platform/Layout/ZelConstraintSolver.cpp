@@ -35,6 +35,8 @@ void ZelConstraintSolver::reset(int variables)
     m_rowVariables.clear();
     m_columnVariables.assign(1, -1); // column 0 is the constant
     m_unusedColumns.clear();
+    m_dirtyColumns.clear();
+    m_columnsInUse = 0;
     m_cells.clear();
     m_introduced = 0;
     if (m_stride == 0)
@@ -81,7 +83,7 @@ void ZelConstraintSolver::solve()
 /// True when no freedom is left: lower priorities cannot change anything then.
 bool ZelConstraintSolver::isDetermined() const
 {
-    return m_introduced == m_variableCount && m_unusedColumns.size() + 1 == m_columnVariables.size();
+    return m_introduced == m_variableCount && m_columnsInUse == 0;
 }
 
 // ---- rows and columns
@@ -106,6 +108,8 @@ void ZelConstraintSolver::growColumns()
 
 int ZelConstraintSolver::addColumn(int variable)
 {
+    if (m_unusedColumns.empty())
+        cleanColumns();
     int column = int(m_columnVariables.size());
     if (m_unusedColumns.empty()) {
         if (column == m_stride)
@@ -116,20 +120,30 @@ int ZelConstraintSolver::addColumn(int variable)
         m_unusedColumns.pop_back();
         m_columnVariables[size_t(column)] = variable;
     }
+    ++m_columnsInUse;
     m_expression[size_t(column)] = 0;
+    m_objective[size_t(column)] = 0;
     m_variables[size_t(variable)].column = column;
     return column;
 }
 
-/// Drops the column: its variable is zero from now on.
+/// Drops the column: its variable is zero from now on. What the rows have in it is of no account.
 void ZelConstraintSolver::removeColumn(int column)
 {
     m_variables[size_t(m_columnVariables[size_t(column)])].column = -1;
     m_columnVariables[size_t(column)] = -1;
-    m_unusedColumns.push_back(column);
-    for (size_t i = 0; i < m_rowVariables.size(); ++i)
-        row(int(i))[column] = 0;
-    m_objective[size_t(column)] = 0;
+    m_dirtyColumns.push_back(column);
+    --m_columnsInUse;
+}
+
+/// Makes the columns that were dropped fit for use again, all in one walk through the rows.
+void ZelConstraintSolver::cleanColumns()
+{
+    for (size_t i = 0; i < m_rowVariables.size(); ++i) {
+        for (const int column : m_dirtyColumns)
+            row(int(i))[column] = 0;
+    }
+    m_unusedColumns.swap(m_dirtyColumns);
 }
 
 /// Adds the expression as the definition of a variable.
@@ -182,8 +196,8 @@ void ZelConstraintSolver::express(const Goal &goal)
             m_expression[0] += factor * variable.value;
         }
     }
-    for (size_t i = 0; i < m_columnVariables.size(); ++i) {
-        if (std::abs(m_expression[i]) < Noise)
+    for (size_t i = 1; i < m_columnVariables.size(); ++i) {
+        if (m_columnVariables[i] < 0 || std::abs(m_expression[i]) < Noise)
             m_expression[i] = 0;
     }
 }
@@ -204,13 +218,24 @@ int ZelConstraintSolver::freeColumn() const
     return best;
 }
 
-void ZelConstraintSolver::substitute(double *target, const double *source, int column, int width)
+/// Notes which cells of a line are in use: most are not, and the loops over all rows need not look at those.
+void ZelConstraintSolver::collectUsed(const std::vector<double> &line)
+{
+    m_used.assign(1, 0);
+    for (size_t i = 1; i < m_columnVariables.size(); ++i) {
+        if (line[i] != 0 && m_columnVariables[i] >= 0)
+            m_used.push_back(int(i));
+    }
+}
+
+/// Puts the source, whose used cells were noted, in place of the column.
+void ZelConstraintSolver::substitute(double *target, const double *source, int column) const
 {
     const double factor = target[column];
     if (factor == 0)
         return;
     target[column] = 0;
-    for (int i = 0; i < width; ++i) {
+    for (const int i : m_used) {
         target[i] += factor * source[i];
         if (std::abs(target[i]) < Noise)
             target[i] = 0;
@@ -224,9 +249,9 @@ void ZelConstraintSolver::define(int column)
     m_expression[size_t(column)] = 0;
     for (double &cell : m_expression)
         cell *= factor;
-    const int width = int(m_columnVariables.size());
+    collectUsed(m_expression);
     for (size_t i = 0; i < m_rowVariables.size(); ++i)
-        substitute(row(int(i)), m_expression.data(), column, width);
+        substitute(row(int(i)), m_expression.data(), column);
     const int variable = m_columnVariables[size_t(column)];
     removeColumn(column);
     appendRow(variable);
@@ -242,9 +267,10 @@ void ZelConstraintSolver::pivot(int pivotRow, int column)
     for (int i = 0; i < width; ++i)
         m_replacement[size_t(i)] = source[i] * factor;
     m_replacement[size_t(column)] = -factor;
+    collectUsed(m_replacement);
     for (size_t i = 0; i < m_rowVariables.size(); ++i)
-        substitute(row(int(i)), m_replacement.data(), column, width);
-    substitute(m_objective.data(), m_replacement.data(), column, width);
+        substitute(row(int(i)), m_replacement.data(), column);
+    substitute(m_objective.data(), m_replacement.data(), column);
     std::copy_n(m_replacement.data(), width, source);
 
     int &basic = m_rowVariables[size_t(pivotRow)];
@@ -438,8 +464,10 @@ int ZelConstraintSolver::leavingRow(int column)
     double bestRatio = 0;
     for (size_t i = 0; i < m_rowVariables.size(); ++i) {
         const int variable = m_rowVariables[i];
+        if (!m_variables[size_t(variable)].restricted)
+            continue;
         const double *cells = row(int(i));
-        if (cells[column] > -Tiny || !m_variables[size_t(variable)].restricted)
+        if (cells[column] > -Tiny)
             continue;
         const double ratio = std::max(cells[0], 0.0) / -cells[column];
         if (best < 0 || ratio < bestRatio || (ratio == bestRatio && variable < m_rowVariables[size_t(best)])) {

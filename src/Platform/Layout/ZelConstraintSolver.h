@@ -60,11 +60,13 @@ private:
     void appendRow(int variable);
     void removeRow(int index);
     void growColumns();
+    void cleanColumns();
 
     void express(const Goal &goal);
     int freeColumn() const;
     void define(int column);
-    static void substitute(double *target, const double *source, int column, int width);
+    void collectUsed(const std::vector<double> &line);
+    void substitute(double *target, const double *source, int column) const;
     void pivot(int pivotRow, int column);
 
     void enter(const Goal &goal);
@@ -90,11 +92,14 @@ private:
     std::vector<double> m_cells;        // rows of m_stride cells; cell 0 is the constant
     std::vector<int> m_rowVariables;    // the basic variable of each row
     std::vector<int> m_columnVariables; // the other variables by column; -1 is unused
-    std::vector<int> m_unusedColumns;
-    std::vector<double> m_expression;  // the goal being entered
-    std::vector<double> m_objective;   // what minimize() lowers
-    std::vector<double> m_replacement; // scratch of pivot and define
-    std::vector<int> m_misses;         // the misses of the level, in the order of its goals
+    std::vector<int> m_unusedColumns;   // zero in all rows
+    std::vector<int> m_dirtyColumns;    // dropped, and not zero yet
+    std::vector<double> m_expression;   // the goal being entered
+    std::vector<double> m_objective;    // what minimize() lowers
+    std::vector<double> m_replacement;  // scratch of pivot
+    std::vector<int> m_used;            // the cells that are not zero of what is being substituted
+    std::vector<int> m_misses;          // the misses of the level, in the order of its goals
     int m_stride = 0;
     int m_introduced = 0;
+    int m_columnsInUse = 0;
 };
