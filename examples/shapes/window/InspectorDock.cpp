@@ -1,12 +1,141 @@
 // SPDX-License-Identifier: MIT
 #include "window/InspectorDock.h"
 
+#include "Blocks/ZelTransformerKit.h"
+#include "Blocks/ZelWindow.h"
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "Platform/Resources/ZelBundle.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Resources/ZelNamedImages.h"
+#include "Platform/Runtime/ZelClassRegistry.h"
+#include "Platform/Runtime/ZelException.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelObjectController.h"
+#include "ViewController/ZelView.h"
+#include "model/Selection.h"
+#include "model/Shape.h"
+#include "window/BandedSlice.h"
 #include "window/InspectorOwner.h"
+#include "window/ShapesApplication.h"
+#include "window/SwatchProperty.h"
 
-InspectorDock::InspectorDock(InspectorOwner *owner, QWidget *parent)
-    : QDockWidget(parent)
+#include <QDir>
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+
+namespace {
+/// What the description calls by a name of the application's.
+void registerNames()
+{
+    ZelClassRegistry::registerClass<SwatchProperty>();
+    ZelClassRegistry::registerClass<BandedSlice>();
+    ZelTransformerKit::registerValueTransformerWithName("ShapesIsText", "bool", [](const QVariant &kind) -> QVariant {
+        return !ZelIsControllerMarker(kind) && kind.toInt() == Shape::Text;
+    });
+    ZelTransformerKit::registerValueTransformerWithName("ShapesAreaText", "QString", [](const QVariant &area) {
+        if (ZelIsNull(area) || ZelIsControllerMarker(area))
+            return area;
+        return QVariant(QLocale().toString(area.toDouble(), 'f', 0) + QStringLiteral(" pt²"));
+    });
+}
+
+/// The labels of rows are shown as they are written: where they are to be translated, the application does it.
+template<typename Row> void translateTitles(ZelTabbedInspector *inspector)
+{
+    for (Row *row : inspector->findChildren<Row *>())
+        row->setTitle(ZelLocalizedString(row->title()));
+}
+} // namespace
+
+InspectorDock::InspectorDock(InspectorOwner *owner, Selection *selection, QUndoStack *undoStack, QWidget *window)
+    : QDockWidget(window)
     , m_owner(owner)
+    , m_selection(selection)
+    , m_controller(new ZelObjectController(this))
 {
     setObjectName(QStringLiteral("inspector"));
-    setWidget(new QWidget);
+    registerNames();
+    for (const QString &file : QDir(":/images").entryList({"*Template.png"}))
+        ZelNamedImages::setImageForName(ZelNamedImages::templateImage(QIcon(":/images/" + file)), file.chopped(4));
+    ZelWindow::attach(window, undoStack);
+    m_owner->setSelectionController(m_controller);
+    connect(selection, &Selection::changed, this, &InspectorDock::showSelection);
+    showSelection();
+}
+
+InspectorDock::~InspectorDock()
+{
+    clear();
+    m_owner->setSelectionController(nullptr);
+}
+
+void InspectorDock::load(const QString &folder)
+{
+    const QString path = folder.isEmpty() ? QStringLiteral(":/inspector") : QDir(folder).absolutePath();
+    ZelBundle::mainBundle().setResourcePaths({path});
+    m_url = folder.isEmpty() ? QUrl("qrc:/inspector/Inspector.xml") : QUrl::fromLocalFile(path + "/Inspector.xml");
+    build();
+}
+
+void InspectorDock::selectTab(int index)
+{
+    m_tab = index;
+    if (m_inspector)
+        m_inspector->setSelectedPaneIndex(index);
+}
+
+void InspectorDock::build()
+{
+    if (m_inspector)
+        m_tab = int(m_inspector->selectedPaneIndex());
+    clear();
+    try {
+        ZelDeclarativeInspectorGenerator generator;
+        generator.setUrl(m_url);
+        generator.setOwner(m_owner);
+        m_inspector = generator.createTabbedInspector();
+        translateTitles<ZelInspectorSliver>(m_inspector);
+        translateTitles<ZelInspectorChooser>(m_inspector);
+        m_inspector->setSelectedPaneIndex(m_tab);
+        setWidget(m_inspector->view());
+        m_inspector->view()->show();
+    } catch (const ZelException &exception) {
+        showMessage(QString::fromUtf8(exception.what()));
+    }
+}
+
+void InspectorDock::clear()
+{
+    // The view first: while the dock is its parent, the controller does not delete it.
+    delete widget();
+    delete m_inspector;
+}
+
+void InspectorDock::showSelection()
+{
+    const QList<Shape *> &shapes = m_selection->shapes();
+    m_controller->setSelectedObjects(QList<QObject *>(shapes.cbegin(), shapes.cend()));
+}
+
+void InspectorDock::showMessage(const QString &message)
+{
+    clear();
+    auto *label = new QLabel(message);
+    label->setWordWrap(true);
+    label->setMargin(8);
+    label->setAlignment(Qt::AlignTop);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setWidget(label);
+    ShapesApplication::report(message);
+}
+
+void InspectorDock::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange && !m_url.isEmpty())
+        build();
+    QDockWidget::changeEvent(event);
 }

@@ -74,7 +74,9 @@ void MainWindow::createDocks(const Options &options)
     m_listDock->setObjectName(QStringLiteral("list"));
     m_listDock->setWidget(new ShapeListView(&m_document, &m_selection));
     addDockWidget(Qt::LeftDockWidgetArea, m_listDock);
-    m_inspectorDock = new InspectorDock(&m_owner, this);
+    m_inspectorDock = new InspectorDock(&m_owner, &m_selection, &m_undoStack, this);
+    m_inspectorDock->selectTab(options.tab);
+    m_inspectorDock->load(options.description);
     addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
     resizeDocks({m_listDock, m_inspectorDock}, {190, options.inspectorWidth}, Qt::Horizontal);
 }

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+
+class SwatchRow;
+
+/// An editor of the application's own: a row of colors. Named by its class in the inspector's description.
+class SwatchProperty : public ZelInspectorCustomProperty
+{
+    Q_OBJECT
+public:
+    explicit SwatchProperty(QObject *owner);
+    ~SwatchProperty() override;
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    QWidget *viewForBaselineAlignment() override;
+
+private:
+    void colorPicked(const QColor &color);
+
+    QPointer<SwatchRow> m_row;
+};
