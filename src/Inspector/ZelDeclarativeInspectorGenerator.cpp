@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
+#include "Blocks/ZelNamedTransformers.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/ZelDescriptionFiles.h"
 #include "Inspector/ZelInspectorChooser.h"
@@ -65,6 +66,7 @@ Generator::ZelDeclarativeInspectorGenerator(QObject *parent)
 {
     registerClass<ZelInspectorSlice>();
     registerClass<ZelInspectorCustomProperty>();
+    ZelRegisterTransformers(); // a static library's initialisers may have been left out
 }
 
 Generator::~ZelDeclarativeInspectorGenerator() = default;
