@@ -111,6 +111,7 @@ void ZelGrowingTextField::setLabelStyle(bool labelStyle)
         return;
     m_labelStyle = labelStyle;
     setEditable(!labelStyle);
+    m_contentMargins.reset();
     forgetMeasures();
     updateGeometry();
     update();
@@ -286,6 +287,7 @@ void ZelGrowingTextField::changeEvent(QEvent *event)
     switch (event->type()) {
     case QEvent::FontChange:
     case QEvent::StyleChange:
+        m_contentMargins.reset();
         forgetMeasures();
         updateGeometry();
         break;
@@ -358,6 +360,8 @@ void ZelGrowingTextField::initStyleOption(QStyleOptionFrame *option) const
 /// The margins around the text that make a field of one line as high as a line edit and its text lie in the same place.
 QMargins ZelGrowingTextField::contentMargins() const
 {
+    if (m_contentMargins)
+        return *m_contentMargins;
     QStyleOptionFrame option;
     initStyleOption(&option);
     const int height = ZelControlSupport::fieldHeight(this, !m_labelStyle);
@@ -365,8 +369,9 @@ QMargins ZelGrowingTextField::contentMargins() const
     const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
     const int textHeight = option.fontMetrics.height();
     const int top = contents.y() + (contents.height() - textHeight + 1) / 2;
-    return {contents.x() + s_horizontalMargin, top, option.rect.right() - contents.right() + s_horizontalMargin,
-            std::max(0, height - top - textHeight)};
+    return m_contentMargins.emplace(contents.x() + s_horizontalMargin, top,
+                                    option.rect.right() - contents.right() + s_horizontalMargin,
+                                    std::max(0, height - top - textHeight));
 }
 
 QRect ZelGrowingTextField::contentRect() const

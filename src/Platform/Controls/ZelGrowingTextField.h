@@ -7,6 +7,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <optional>
 
 class QStyleOptionFrame;
 class ZelGrowingTextEditor;
@@ -107,6 +108,7 @@ private:
     QPointer<ZelGrowingTextEditor> m_editor;
     bool m_editable = true;
     bool m_labelStyle = false;
+    mutable std::optional<QMargins> m_contentMargins;
     mutable int m_measuredWidth = -1;
     mutable int m_measuredHeight = 0;
     mutable QSize m_sizeHint;

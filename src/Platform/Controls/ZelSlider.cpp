@@ -27,6 +27,7 @@ ZelSlider::ZelSlider(Type type, QWidget *parent)
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
+    setMouseTracking(true); // a move without buttons tells of a release that was lost
     setSliderType(type);
 }
 

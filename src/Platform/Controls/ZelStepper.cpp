@@ -26,6 +26,7 @@ ZelStepper::ZelStepper(QWidget *parent)
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
+    setMouseTracking(true); // a move without buttons tells of a release that was lost
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -219,6 +219,7 @@ void ZelTextField::changeEvent(QEvent *event)
     case QEvent::FontChange:
     case QEvent::StyleChange:
         m_sizeHint = m_minimumSizeHint = QSize();
+        m_measuredText = QString();
         break;
     case QEvent::PaletteChange:
         if (m_labelStyle || !m_error.isEmpty())
@@ -281,9 +282,15 @@ QRect ZelTextField::textRect() const
 QString ZelTextField::elidedWhole() const
 {
     const QString string = text();
-    if (hasFocus() || echoMode() != Normal || fontMetrics().horizontalAdvance(string) <= textRect().width())
+    if (hasFocus() || echoMode() != Normal)
         return {};
-    return string;
+    if (m_measuredText != string) {
+        m_measuredText = string;
+        m_measuredWidth = fontMetrics().horizontalAdvance(string);
+    }
+    // Most texts are far from filling the field; for those the style need not be asked.
+    const bool fits = m_measuredWidth <= width() / 2 || m_measuredWidth <= textRect().width();
+    return fits ? QString() : string;
 }
 
 void ZelTextField::paintEvent(QPaintEvent *event)

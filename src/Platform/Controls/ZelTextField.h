@@ -87,6 +87,8 @@ private:
     QMetaObject::Connection m_errorConnection;
     mutable QSize m_sizeHint;
     mutable QSize m_minimumSizeHint;
+    mutable QString m_measuredText;
+    mutable int m_measuredWidth = 0;
     bool m_labelStyle = false;
     bool m_updatingColors = false;
 };

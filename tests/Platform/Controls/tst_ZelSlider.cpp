@@ -10,11 +10,10 @@ namespace {
 
 using Panel = ControlPanel<ZelSlider>;
 
-void drag(ZelSlider *slider, const QPoint &to)
+void drag(ZelSlider *slider, const QPoint &to, Qt::MouseButtons buttons = Qt::LeftButton)
 {
     const QPointF position = to;
-    QMouseEvent move(QEvent::MouseMove, position, slider->mapToGlobal(position), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, position, slider->mapToGlobal(position), Qt::NoButton, buttons, Qt::NoModifier);
     QCoreApplication::sendEvent(slider, &move);
 }
 
@@ -113,8 +112,9 @@ void tst_ZelSlider::dragEndsWithTheControl_data()
     QTest::newRow("ancestor disabled") << 1;
     QTest::newRow("not editable") << 2;
     QTest::newRow("reparented") << 3;
-    QTest::newRow("deleted") << 4;
+    QTest::newRow("button released elsewhere") << 4;
     QTest::newRow("deleted by whom it told") << 5;
+    QTest::newRow("deleted") << 6;
 }
 
 void tst_ZelSlider::dragEndsWithTheControl()
@@ -138,6 +138,9 @@ void tst_ZelSlider::dragEndsWithTheControl()
         break;
     case 3:
         panel.control->setParent(&elsewhere);
+        break;
+    case 4:
+        drag(panel.control, QPoint(80, 5), Qt::NoButton);
         break;
     default:
         delete panel.control;
