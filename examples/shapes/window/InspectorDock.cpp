@@ -98,6 +98,7 @@ void InspectorDock::build()
         generator.setUrl(m_url);
         generator.setOwner(m_owner);
         m_inspector = generator.createTabbedInspector();
+        m_inspector->setParent(this);
         translateTitles<ZelInspectorSliver>(m_inspector);
         translateTitles<ZelInspectorChooser>(m_inspector);
         m_inspector->setSelectedPaneIndex(m_tab);

@@ -25,6 +25,11 @@ public:
     explicit MainWindow(const Options &options);
     ~MainWindow() override;
 
+    Document &document() { return m_document; }
+    Selection &selection() { return m_selection; }
+    QUndoStack &undoStack() { return m_undoStack; }
+    Actions &actions() { return m_actions; }
+
 protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;

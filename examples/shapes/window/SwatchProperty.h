@@ -18,6 +18,8 @@ public:
     void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
+    /// Swatches have no text: the label stands in the middle of their height.
+    double baselineOffsetFromView() const override { return -6; }
 
 private:
     void colorPicked(const QColor &color);
