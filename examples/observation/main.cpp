@@ -25,31 +25,32 @@ class Printer : public QObject
 {
 public:
     explicit Printer(Account *account)
+        : m_account(account)
     {
         const auto changed = [this](ZelBlockObservation *, const ZelKeyValueChange &) { m_print.schedule(); };
         ZelObservations(this).addObservationWithObject(account, ZelKeyPath("balance"),
                                                        ZelKeyValueObservingOptionEqualCheck, changed, &context);
-        m_print.schedule();
     }
     ~Printer() override { ZelObservations(this).removeAllObservationsForContext(&context); }
 
 private:
-    void print() { std::printf("%d balance(s) printed\n", ++m_count); }
-
     static inline const char context = 0;
-    int m_count = 0;
-    ZelDelayedInvocation m_print{[this] { print(); }};
+    Account *m_account;
+    ZelDelayedInvocation m_print{
+        [this] { std::printf("The balance is %d\n", m_account->property("balance").toInt()); }};
 };
 
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     Account account;
-    Printer printer(&account);
-    QTimer::singleShot(0, [&] {
+    const Printer printer(&account);
+    const auto deposit = [&] {
         for (int i = 0; i < 1000; ++i)
             account.deposit(1); // a thousand changes, one line
-    });
+    };
+    QTimer::singleShot(10, deposit);
+    QTimer::singleShot(20, deposit);
     QTimer::singleShot(100, &application, &QCoreApplication::quit);
     return application.exec();
 }
