@@ -10,9 +10,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <malloc.h>
-#include <optional>
+#include <stdexcept>
 #include <vector>
 
 namespace Bench {
@@ -164,20 +163,38 @@ bool writeRatios(const QString &path)
     return file.commit();
 }
 
-int runFunctions(const QStringList &parts)
+struct Outcome
+{
+    int run = 0;
+    int failed = 0;
+};
+
+Outcome runFunctions(const QStringList &parts)
 {
     print("", "ours", "reference", "ratio", "goal", "");
-    int run = 0;
+    Outcome outcome;
     for (const Function &function : functions()) {
         const bool wanted = parts.isEmpty() || std::any_of(parts.begin(), parts.end(), [&](const QString &part) {
                                 return function.name.contains(part, Qt::CaseInsensitive);
                             });
-        if (wanted) {
+        if (!wanted)
+            continue;
+        ++outcome.run;
+        try {
             function.run();
-            ++run;
+        } catch (const std::exception &exception) {
+            ++outcome.failed;
+            std::printf("%s FAILED: %s\n", qUtf8Printable(function.name), exception.what());
         }
     }
-    return run;
+    return outcome;
+}
+
+/// Everything but what the offscreen platform says of every window that is shown.
+void logMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (message != u"This plugin does not support propagateSizeHints()")
+        std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
 }
 
 } // namespace
@@ -222,10 +239,8 @@ void absolute(const QString &name, double goalMs, const Work &ours, const Option
 
 void expect(bool condition, const char *text)
 {
-    if (condition)
-        return;
-    std::fprintf(stderr, "zel_bench: %s\n", text);
-    std::exit(2);
+    if (!condition)
+        throw std::runtime_error(text);
 }
 
 Registration::Registration(const char *name, void (*function)())
@@ -257,16 +272,20 @@ int main(int argc, char **argv)
         return 0;
     }
 
+    qInstallMessageHandler(&Bench::logMessage);
     const QStringList parts = parser.positionalArguments();
-    Bench::expect(Bench::runFunctions(parts) > 0, "no function has such a name");
+    const Bench::Outcome outcome = Bench::runFunctions(parts);
     QString output = parser.value("output");
     if (output.isEmpty() && parts.isEmpty())
         output = QStringLiteral(ZEL_BENCH_OUTPUT);
-    Bench::expect(output.isEmpty() || Bench::writeRatios(output), "the ratios cannot be written");
+    const bool isWritten = output.isEmpty() || Bench::writeRatios(output);
 
-    const auto missed =
-        std::count_if(Bench::rows().begin(), Bench::rows().end(), [](auto &row) { return row.missed(); });
-    std::printf("%d of %d goals missed\n", int(missed),
-                int(std::count_if(Bench::rows().begin(), Bench::rows().end(), [](auto &row) { return row.goal > 0; })));
-    return missed ? 1 : 0;
+    const auto &rows = Bench::rows();
+    const auto goals = std::count_if(rows.begin(), rows.end(), [](auto &row) { return row.goal > 0; });
+    const auto missed = std::count_if(rows.begin(), rows.end(), [](auto &row) { return row.missed(); });
+    std::printf("%d of %d goals missed, %d of %d functions failed\n", int(missed), int(goals), outcome.failed,
+                outcome.run);
+    if (!isWritten)
+        std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(output));
+    return missed || outcome.failed || !outcome.run || !isWritten ? 1 : 0;
 }

@@ -72,7 +72,8 @@ void scaling(const QString &name, double goal, const QList<int> &sizes, const st
 /// The median time must be at most `goalMs` milliseconds. It is reported as a ratio to that limit.
 void absolute(const QString &name, double goalMs, const Work &ours, const Options &options = {});
 
-/// Ends the program with the text if the condition does not hold: a case that computes nonsense measures nothing.
+/// Throws if the condition does not hold, which ends the function that was registered, and is reported as its failure:
+/// a case that computes nonsense measures nothing.
 void expect(bool condition, const char *text);
 
 /// Keeps the compiler from leaving out the computation of a value that nothing else uses.
