@@ -8,6 +8,7 @@ ZelMetaPropertyAccessor::ZelMetaPropertyAccessor(const QMetaProperty &property)
     , m_type(property.metaType())
     , m_class(property.enclosingMetaObject())
     , m_localIndex(property.propertyIndex() - m_class->propertyOffset())
+    , m_notifySignalIndex(property.notifySignalIndex())
     , m_isDirect(m_type.isValid() && !property.isEnumType())
 {
 }

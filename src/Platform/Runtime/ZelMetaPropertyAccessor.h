@@ -16,7 +16,7 @@ public:
     QMetaType type() const override { return m_type; }
     bool readTyped(const QObject *object, void *value) const override;
     bool writeTyped(QObject *object, const void *value) const override;
-    int notifySignalIndex() const override { return m_property.notifySignalIndex(); }
+    int notifySignalIndex() const override { return m_notifySignalIndex; }
 
 private:
     void call(const QObject *object, QMetaObject::Call kind, void **arguments) const;
@@ -25,5 +25,6 @@ private:
     QMetaType m_type;
     const QMetaObject *m_class;
     int m_localIndex;
-    bool m_isDirect; // values of type() can be passed as they are
+    int m_notifySignalIndex; // asked for with every signal: working it out walks up the classes
+    bool m_isDirect;         // values of type() can be passed as they are
 };

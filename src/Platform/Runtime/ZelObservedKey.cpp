@@ -12,11 +12,11 @@
 class ZelObservedKey::Source : public ZelKeyValueChangeSource
 {
 public:
-    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const QVariant &old)
+    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, QVariant old)
         : m_key(key)
         , m_kind(kind)
         , m_indexes(indexes)
-        , m_old(old)
+        , m_old(std::move(old))
     {
     }
 
@@ -115,7 +115,7 @@ void ZelObservedKey::add(const Registration &registration)
         ++m_priorObservers;
     if (++m_observers == 1)
         startObserving();
-    if (!m_remembers && (m_oldObservers > 0 || (m_accessor && isSilent())))
+    if (!m_remembers && (m_oldObservers > 0 || (m_accessor && !m_announcesItself && isSilent())))
         rememberValue();
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
@@ -149,7 +149,7 @@ void ZelObservedKey::startObserving()
 {
     if (m_interface)
         m_interface->keyPathWillBeObserved(ZelKeyPath(m_key));
-    if (isSilent())
+    if (isSilent() && (m_interface || !m_announcesItself))
         ZelSilentKeys::add(this);
 }
 
@@ -187,7 +187,8 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
 
 void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
 {
-    m_announcesItself |= byObject;
+    if (byObject && !m_announcesItself)
+        beginAnnouncing();
     if (!isObserved())
         return;
     const Hold hold(this);
@@ -202,6 +203,19 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     Source source(*this, kind, indexes, old);
     source.setNewValue({});
     deliver(kind, source, indexes, true);
+}
+
+/// From here on nothing needs to be remembered for finding unannounced changes.
+void ZelObservedKey::beginAnnouncing()
+{
+    m_announcesItself = true;
+    if (m_interface)
+        return; // what it answers for may be silent all the same
+    ZelSilentKeys::remove(this);
+    if (m_oldObservers > 0)
+        return;
+    m_remembers = false;
+    m_last.clear();
 }
 
 void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
@@ -223,7 +237,7 @@ void ZelObservedKey::notified()
     if (!isObserved() || m_announcesItself || !m_pendingOld.empty())
         return;
     const Hold hold(this);
-    Source source(*this, ZelKeyValueChangeSetting, nullptr, m_last);
+    Source source(*this, ZelKeyValueChangeSetting, nullptr, std::exchange(m_last, QVariant()));
     if (m_priorObservers > 0)
         deliver(ZelKeyValueChangeSetting, source, nullptr, true);
     if (m_remembers) {

@@ -77,6 +77,7 @@ private:
     void release();
     void sweep();
     void rememberValue();
+    void beginAnnouncing();
     void startObserving();
     void stopObserving();
 

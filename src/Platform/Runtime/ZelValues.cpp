@@ -111,9 +111,11 @@ bool ZelIsAbsent(const QVariant &value)
     }
 }
 
-QVariant ZelPresent(const QVariant &value)
+QVariant ZelPresent(QVariant value)
 {
-    return ZelIsAbsent(value) ? QVariant() : value;
+    if (ZelIsAbsent(value))
+        value.clear();
+    return value;
 }
 
 bool ZelIsNull(const QVariant &value)
@@ -135,6 +137,11 @@ bool ZelEqual(const QVariant &a, const QVariant &b)
 {
     const QMetaType typeA = a.metaType();
     const QMetaType typeB = b.metaType();
+    if (typeA.id() == QMetaType::QString && typeB.id() == QMetaType::QString) {
+        const QString &textA = as<QString>(a);
+        const QString &textB = as<QString>(b);
+        return textA == textB && textA.isNull() == textB.isNull();
+    }
     const bool absentA = ZelIsAbsent(a);
     if (absentA || ZelIsAbsent(b))
         return absentA == ZelIsAbsent(b);

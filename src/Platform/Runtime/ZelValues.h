@@ -15,7 +15,7 @@ QVariant ZelNull();
 bool ZelIsAbsent(const QVariant &value);
 
 /// The value itself, or an invalid QVariant where it is absent.
-QVariant ZelPresent(const QVariant &value);
+QVariant ZelPresent(QVariant value);
 
 /// Absent or the null object.
 bool ZelIsNull(const QVariant &value);

@@ -148,10 +148,12 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
     for (const QPointer<QObject> &pointer : snapshot) {
         QObject *object = pointer.data();
-        if (!object || !hasPath(object, path))
+        if (!object)
             continue;
         const ZelPropertyAccessor *accessor =
             isPlain && !ZelPropertyAccessor::interfaceOf(object) ? accessors.of(object) : nullptr;
+        if (!accessor && !hasPath(object, path))
+            continue;
         if (accessor && accessor != current) {
             current = accessor;
             converted = value;
