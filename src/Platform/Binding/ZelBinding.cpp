@@ -40,7 +40,8 @@ void ZelBind(QObject *object, const QString &binding, QObject *toObject, const Z
         ZelAssociatedObjects(object).setAssociatedValue(made, &g_bindingsKey);
         bindings = made.get();
     }
-    auto bound = std::make_unique<ZelBoundProperty>(object, ZelKey(binding), ZelBindingInfo{toObject, keyPath, options});
+    auto bound =
+        std::make_unique<ZelBoundProperty>(object, ZelKey(binding), ZelBindingInfo{toObject, keyPath, options});
     ZelBoundProperty &started = *bound;
     bindings->push_back(std::move(bound));
     auto discard = qScopeGuard([&] { ZelUnbind(object, binding); });

@@ -20,11 +20,13 @@ inline const QString ZelContentValuesBinding = QStringLiteral("contentValues");
 inline const QString ZelSelectedIndexBinding = QStringLiteral("selectedIndex");
 
 // Options of a binding; the texts are the constants' names.
-inline const QString ZelValueTransformerBindingOption = QStringLiteral("ZelValueTransformerBindingOption"); ///< a ZelValueTransformerPtr
+inline const QString ZelValueTransformerBindingOption =
+    QStringLiteral("ZelValueTransformerBindingOption"); ///< a ZelValueTransformerPtr
 inline const QString ZelValueTransformerNameBindingOption = QStringLiteral("ZelValueTransformerNameBindingOption");
-inline const QString ZelNullPlaceholderBindingOption = QStringLiteral("ZelNullPlaceholderBindingOption"); ///< text shown for no value
-inline const QString ZelConditionallySetsEditableBindingOption =
-    QStringLiteral("ZelConditionallySetsEditableBindingOption"); ///< true: "editable" follows whether there is a value to edit
+inline const QString ZelNullPlaceholderBindingOption =
+    QStringLiteral("ZelNullPlaceholderBindingOption"); ///< text shown for no value
+inline const QString ZelConditionallySetsEditableBindingOption = QStringLiteral(
+    "ZelConditionallySetsEditableBindingOption"); ///< true: "editable" follows whether there is a value to edit
 
 using ZelBindingOptions = QVariantMap;
 

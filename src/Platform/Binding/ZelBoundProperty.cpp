@@ -30,7 +30,8 @@ ZelValueTransformerPtr transformerOf(const ZelBindingOptions &options)
 class ZelBoundProperty::EditReceiver : public QObject
 {
 public:
-    EditReceiver(ZelBoundProperty &bound, QObject *control, int signal) : m_bound(bound)
+    EditReceiver(ZelBoundProperty &bound, QObject *control, int signal)
+        : m_bound(bound)
     {
         QMetaObject::connect(control, signal, this, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
     }

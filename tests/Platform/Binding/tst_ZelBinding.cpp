@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Binding/ZelBinding.h"
+
+#include "Platform/Controls/ZelTextField.h"
+#include "Platform/Runtime/ZelAbstractValueTransformer.h"
+#include "Platform/Runtime/ZelException.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelUndoManager.h"
+#include "Support/EditorOwner.h"
+#include "Support/Person.h"
+
+#include <QCheckBox>
+#include <QSlider>
+#include <QTest>
+#include <memory>
+
+class tst_ZelBinding : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void aControlFollowsTheModelAndWritesBack()
+    {
+        Person person;
+        QSlider slider(Qt::Horizontal);
+        slider.setRange(0, 100);
+        ZelBind(&slider, ZelValueBinding, &person, "height");
+        person.setHeight(40);
+        QCOMPARE(slider.value(), 40);
+        QWidget window;
+        ZelUndoManager manager;
+        ZelUndoManager::setForWindow(&window, &manager);
+        QCheckBox box(&window);
+        ZelBind(&box, ZelValueBinding, &person, "active");
+        window.show();
+        QTest::mouseClick(&box, Qt::LeftButton, {}, {8, box.height() / 2});
+        QVERIFY(person.isActive());
+        manager.undo();
+        QVERIFY(!box.isChecked());
+        ZelUnbind(&box, ZelValueBinding);
+        person.setActive(true);
+        QVERIFY(!box.isChecked()); // it keeps its last value
+        QVERIFY(!ZelInfoForBinding(&box, ZelValueBinding));
+    }
+
+    void transformersByInstanceAndByName()
+    {
+        Person person;
+        QWidget widget;
+        ZelBind(&widget, ZelHiddenBinding, &person, "active",
+                {{ZelValueTransformerNameBindingOption, ZelNegateBooleanTransformerName}});
+        QVERIFY(widget.isHidden());
+        person.setActive(true);
+        QVERIFY(!widget.isHidden());
+        QWidget plain;
+        ZelBind(&plain, ZelEnabledBinding, &person, "active",
+                {{ZelValueTransformerNameBindingOption, QStringLiteral("nobody registered this")}});
+        QVERIFY(plain.isEnabled());
+        ZelUnbind(&widget, ZelHiddenBinding);
+    }
+
+    void markersGoOnlyWhereTheyCanBeShown()
+    {
+        EditorOwner owner;
+        QWidget widget;
+        ZelTextField field;
+        ZelBind(&widget, ZelEnabledBinding, &owner, "people.selection.active");
+        ZelBind(&field, ZelValueBinding, &owner, "people.selection.height",
+                {{ZelConditionallySetsEditableBindingOption, true}});
+        QVERIFY(!widget.isEnabled());
+        QVERIFY(ZelIsMarker(field.objectValue(), ZelNoSelectionMarker));
+        QVERIFY(!field.isEditable());
+        Person person;
+        person.setActive(true);
+        owner.controller.setSelectedObjects({&person});
+        QVERIFY(widget.isEnabled());
+        QVERIFY(field.isEditable());
+    }
+
+    void aBindingOfTheSameNameIsReplaced()
+    {
+        Person first(QStringLiteral("first"));
+        Person second(QStringLiteral("second"));
+        ZelTextField field;
+        ZelBind(&field, ZelValueBinding, &first, "name");
+        ZelBind(&field, ZelValueBinding, &second, "name");
+        QCOMPARE(field.text(), QStringLiteral("second"));
+        QVERIFY(!ZelIsObserved(&first, "name"));
+        QCOMPARE(ZelInfoForBinding(&field, ZelValueBinding)->observedObject.data(), &second);
+    }
+
+    void aFailedBindingLeavesNothing()
+    {
+        Person person;
+        QWidget widget;
+        QVERIFY_EXCEPTION_THROWN(ZelBind(&widget, QStringLiteral("flavour"), &person, "name"),
+                                 ZelUndefinedKeyException);
+        QVERIFY_EXCEPTION_THROWN(ZelBind(&widget, ZelEnabledBinding, &person, "flavour"), ZelUndefinedKeyException);
+        QVERIFY(!ZelInfoForBinding(&widget, ZelEnabledBinding));
+        QVERIFY(!ZelIsObserved(&person, "name"));
+    }
+
+    void eitherSideMayDieAlsoInTheMiddle()
+    {
+        auto person = std::make_unique<Person>();
+        auto field = std::make_unique<ZelTextField>();
+        ZelBind(field.get(), ZelValueBinding, person.get(), "name");
+        person.reset();
+        field->show();
+        field->setFocus();
+        QTest::keyClicks(field.get(), QStringLiteral("x"));
+        field->commitEditing();
+        field.reset();
+
+        Person survivor;
+        auto doomed = std::make_unique<ZelTextField>();
+        ZelBind(doomed.get(), ZelValueBinding, &survivor, "name");
+        connect(&survivor, &Person::nameChanged, &survivor, [&] { doomed.reset(); });
+        survivor.setName(QStringLiteral("y"));
+        QVERIFY(!doomed);
+        QVERIFY(!ZelIsObserved(&survivor, "name"));
+    }
+};
+
+QTEST_MAIN(tst_ZelBinding)
+#include "tst_ZelBinding.moc"
