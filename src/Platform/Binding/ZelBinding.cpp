@@ -2,6 +2,7 @@
 #include "Platform/Binding/ZelBinding.h"
 
 #include "Platform/Binding/ZelBoundProperty.h"
+#include "Platform/Controls/ZelControlAccessors.h"
 #include "Platform/Runtime/ZelAssociatedObjects.h"
 
 #include <QScopeGuard>
@@ -33,6 +34,7 @@ void ZelBind(QObject *object, const QString &binding, QObject *toObject, const Z
 {
     if (!object || !toObject || binding.isEmpty() || keyPath.isEmpty())
         return;
+    ZelRegisterControlAccessors(); // the application's controls may all be Qt's own
     ZelUnbind(object, binding);
     Bindings *bindings = bindingsOf(object);
     if (!bindings) {
