@@ -24,7 +24,10 @@ ZelCheckBox::ZelCheckBox(QWidget *parent)
 {
     ZelControlSupport::prepare();
     connect(this, &QCheckBox::stateChanged, this, &ZelCheckBox::objectValueChanged);
-    connect(this, &QCheckBox::clicked, this, [this] { ZelControlSupport::reportEdit(this); });
+    connect(this, &QCheckBox::clicked, this, [this] {
+        if (m_editable)
+            ZelControlSupport::reportEdit(this);
+    });
 }
 
 ZelCheckBox::ZelCheckBox(const QString &title, QWidget *parent)
@@ -127,5 +130,7 @@ void ZelCheckBox::paintEvent(QPaintEvent *)
 
 void ZelCheckBox::nextCheckState()
 {
-    setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    // Assistive technology clicks without any event.
+    if (m_editable)
+        setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
 }

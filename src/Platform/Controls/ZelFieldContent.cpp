@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelFieldContent.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelValues.h"
 
 QString ZelFieldContent::displayString() const
@@ -25,8 +26,13 @@ QString ZelFieldContent::placeholder() const
 
 bool ZelFieldContent::parse(const QString &text, QVariant *result, QString *error) const
 {
-    if (formatter)
-        return formatter->objectValueForString(text, result, error);
+    if (formatter) {
+        if (formatter->objectValueForString(text, result, error))
+            return true;
+        if (error->isEmpty())
+            *error = ZelLocalizedString(QStringLiteral("This is not a value."));
+        return false;
+    }
     *result = text.isEmpty() ? QVariant() : QVariant(text);
     return true;
 }

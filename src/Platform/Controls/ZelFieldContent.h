@@ -16,6 +16,7 @@ public:
     QString editingString() const;
     /// What stands in the field instead of a text: the null placeholder or the marker's name.
     QString placeholder() const;
-    /// Without a formatter the value is the text; an empty text is an absent value then.
+    /// Without a formatter the value is the text; an empty text is an absent value then. The error, not null, is left
+    /// non-empty where there is no value.
     bool parse(const QString &text, QVariant *result, QString *error) const;
 };

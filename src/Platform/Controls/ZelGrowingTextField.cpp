@@ -73,7 +73,8 @@ void ZelGrowingTextField::setObjectValue(const QVariant &value)
 {
     const bool changed = !ZelEqual(m_content.value, value);
     m_content.value = value;
-    if (!isEditing())
+    // A text that could not be taken, left behind, gives way to another value; it might be another object's by now.
+    if (!isEditing() || (changed && !hasFocus()))
         showValue();
     if (changed)
         Q_EMIT objectValueChanged();
@@ -146,7 +147,7 @@ bool ZelGrowingTextField::commitEditing()
     QVariant value;
     QString error;
     if (!m_content.parse(text(), &value, &error)) {
-        setError(error.isEmpty() ? QStringLiteral(" ") : error);
+        setError(error);
         return false;
     }
     const bool changed = !ZelEqual(value, m_content.value);

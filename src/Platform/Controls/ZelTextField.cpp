@@ -35,7 +35,8 @@ void ZelTextField::setObjectValue(const QVariant &value)
 {
     const bool changed = !ZelEqual(m_content.value, value);
     m_content.value = value;
-    if (!isEditing())
+    // A text that could not be taken, left behind, gives way to another value; it might be another object's by now.
+    if (!isEditing() || (changed && !hasFocus()))
         showValue();
     if (changed)
         Q_EMIT objectValueChanged();
@@ -108,7 +109,7 @@ bool ZelTextField::commitEditing()
     QVariant value;
     QString error;
     if (!m_content.parse(text(), &value, &error)) {
-        setError(error.isEmpty() ? QStringLiteral(" ") : error);
+        setError(error);
         return false;
     }
     const bool changed = !ZelEqual(value, m_content.value);
@@ -232,6 +233,14 @@ void ZelTextField::changeEvent(QEvent *event)
     default:
         break;
     }
+}
+
+void ZelTextField::dropEvent(QDropEvent *event)
+{
+    const QPointer<ZelTextField> guard(this);
+    QLineEdit::dropEvent(event);
+    if (guard && !hasFocus())
+        commitEditing();
 }
 
 void ZelTextField::focusInEvent(QFocusEvent *event)

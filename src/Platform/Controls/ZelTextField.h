@@ -10,8 +10,9 @@
 ///
 /// While it has the focus it shows the formatter's editing text. Return and the loss of the focus commit: the text is
 /// parsed, stored and reported, unless it is the one that was shown. A text that cannot be parsed never leaves the
-/// field: it stays, in the error colour with the reason as tool tip, until it is corrected or Escape discards it. A
-/// value that arrives while the user is typing is stored but not shown before the typing is committed or discarded.
+/// field: it stays, in the error colour with the reason as tool tip, until it is corrected, Escape discards it, or
+/// another value arrives when the focus has gone. A value that arrives while the user is typing is stored but not shown
+/// before the typing is committed or discarded.
 /// Selection markers and absent values are shown as placeholders.
 class ZelTextField : public QLineEdit, public ZelEditor
 {
@@ -66,6 +67,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

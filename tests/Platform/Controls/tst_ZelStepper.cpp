@@ -4,12 +4,27 @@
 
 #include "ControlPanel.h"
 
+#include <QApplication>
+#include <QProxyStyle>
 #include <QSignalSpy>
 #include <cmath>
 
 namespace {
 
 using Panel = ControlPanel<ZelStepper>;
+
+/// Repeats without the patience that people need.
+class HastyStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override
+    {
+        if (hint == SH_SpinBox_ClickAutoRepeatThreshold)
+            return 40;
+        return hint == SH_SpinBox_ClickAutoRepeatRate ? 10 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 QPoint upper(const QWidget *stepper)
 {
@@ -27,6 +42,7 @@ class tst_ZelStepper : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { QApplication::setStyle(new HastyStyle); }
     void steps_data();
     void steps();
     void clicksStepInBothDirectionsOfReading();
@@ -115,7 +131,7 @@ void tst_ZelStepper::holdingRepeatsInOneUndoGrouping()
     QCOMPARE(panel.undo.groupingLevel(), 0);
     QCOMPARE(panel.log.size(), qsizetype(panel.control->doubleValue()) * 2);
     const double reached = panel.control->doubleValue();
-    QTest::qWait(300);
+    QTest::qWait(60);
     QCOMPARE(panel.control->doubleValue(), reached);
 }
 
@@ -164,7 +180,7 @@ void tst_ZelStepper::pressEndsWithTheControl()
     QTRY_COMPARE(panel.undo.groupingLevel(), 0);
     QCOMPARE(panel.undo.stack()->count(), 1);
     const qsizetype reported = panel.log.size();
-    QTest::qWait(700);
+    QTest::qWait(120);
     QCOMPARE(panel.log.size(), reported);
 }
 

@@ -188,7 +188,7 @@ void tst_ZelTextField::textThatIsNoValueStays()
     panel.other->setFocus();
     QCOMPARE(panel.control->text(), QStringLiteral("abc"));
     QVERIFY(!panel.control->commitEditing());
-    panel.control->setObjectValue(4);
+    panel.control->setObjectValue(3.0);
     QCOMPARE(panel.control->text(), QStringLiteral("abc"));
     QCOMPARE(panel.log, QStringList());
 
@@ -199,8 +199,16 @@ void tst_ZelTextField::textThatIsNoValueStays()
     QVERIFY(panel.control->errorText().isEmpty());
     QCOMPARE(panel.control->palette().color(QPalette::Text), plain.color(QPalette::Text));
     QTest::keyClick(panel.control, Qt::Key_Escape);
-    QCOMPARE(panel.control->text(), QStringLiteral("4"));
+    QCOMPARE(panel.control->text(), QStringLiteral("3"));
     QVERIFY(panel.control->commitEditing());
+
+    // Left behind, it gives way to another value.
+    QTest::keyClicks(panel.control, QStringLiteral("abc"));
+    panel.other->setFocus();
+    QCOMPARE(panel.control->text(), QStringLiteral("abc"));
+    panel.control->setObjectValue(4);
+    QCOMPARE(panel.control->text(), QStringLiteral("4 m"));
+    QVERIFY(panel.control->errorText().isEmpty());
 }
 
 void tst_ZelTextField::valueArrivingWhileTypingIsKeptAside()
