@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorSection.h"
 
+#include "Inspector/ZelTabOrder.h"
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
@@ -75,7 +76,10 @@ void ZelInspectorSection::updateView()
         if (QWidget *childView = child->view())
             subviews.append(childView);
     }
+    const ZelTabOrder tabOrder(view());
     view()->setSubviews(subviews);
+    if (isViewInstalled())
+        tabOrder.followSubviews();
 }
 
 void ZelInspectorSection::updateHeading()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorSliver.h"
 
+#include "Inspector/ZelTabOrder.h"
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "ViewController/ZelView.h"
@@ -104,11 +105,14 @@ void ZelInspectorSliver::updateView()
     if (!isViewLoaded())
         return;
     ZelView *row = view();
+    const ZelTabOrder tabOrder(row);
     const QList<QPointer<ZelHorizontalStackView>> formerPairs = std::exchange(m_pairs, {});
     const QList<QWidget *> lines = makeLines();
     updateLabel();
     row->removeConstraints(std::exchange(m_rowConstraints, {}));
     row->setSubviews(m_label ? lines + QList<QWidget *>{m_label} : lines);
+    if (isViewInstalled())
+        tabOrder.followSubviews();
     m_rowConstraints = constraintsForLines(lines) + constraintsForLabel();
     row->addConstraints(m_rowConstraints);
     for (const auto &pair : formerPairs) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Inspector/ZelInspectorConditionalContainer.h"
+#include "Inspector/ZelTabOrder.h"
 #include "ViewController/ZelView.h"
 
 /// Makes the stack show the views of those children that are visible or were before. A child that is not visible and
@@ -15,5 +16,9 @@ template<typename Child> void ZelStackLazily(ZelView *stack, const QList<Child *
         if (view)
             views.append(view);
     }
+    if (views == stack->subviews())
+        return;
+    const ZelTabOrder tabOrder(stack);
     stack->setSubviews(views);
+    tabOrder.followSubviews();
 }

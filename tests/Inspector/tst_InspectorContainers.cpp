@@ -3,11 +3,13 @@
 
 #include "Controls/ZelSeparator.h"
 #include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
+#include "Platform/Controls/ZelCheckBox.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpButton.h"
@@ -58,6 +60,7 @@ private Q_SLOTS:
     void aHiddenSliceOfItsOwnWindowIsShownLater();
     void invisibleInspectorsAndSlicesHaveNoView();
     void stacksFollowTheirLists();
+    void tabsVisitTheControlsFromTopToBottom();
     void sectionsAreRebuiltLaterInTheTurn();
     void separatorsGoWithTheSectionBelow();
     void everySecondSectionIsColored();
@@ -312,6 +315,43 @@ void tst_InspectorContainers::stacksFollowTheirLists()
              (QList<QWidget *>{slices.at(0)->view(), slices.at(1)->view()}));
     inspectors.at(0)->setTitle(QStringLiteral("new"));
     QCOMPARE(qobject_cast<ZelExpandableView *>(inspectors.at(0)->view())->title(), QStringLiteral("new"));
+}
+
+void tst_InspectorContainers::tabsVisitTheControlsFromTopToBottom()
+{
+    const auto inspector = [](const QByteArray &attributes, const QByteArray &title) -> QByteArray {
+        const QByteArray editor = "<property type='boolean' keyPath='unlocked' title='" + title + "'/>";
+        return "<inspector " + attributes + "><slice><section><sliver>" + editor +
+               "</sliver></section></slice></inspector>";
+    };
+    m_owner->setUnlocked(false);
+    m_owner->extra = false;
+    ZelInspectorPane *shown = showPane(pane(inspector("visibleKeyPath='unlocked'", "1") + inspector("", "2") +
+                                            inspector("visibleKeyPath='extra'", "3") + inspector("", "4")));
+    shown->view()->setParent(nullptr);
+    QWidget *before = new QCheckBox(m_window.get());
+    m_window->layout()->addWidget(shown->view());
+    QWidget *after = new QCheckBox(m_window.get());
+    const auto visited = [&] {
+        QString titles;
+        for (QWidget *widget = before->nextInFocusChain(); widget != after; widget = widget->nextInFocusChain()) {
+            if (auto *box = qobject_cast<QCheckBox *>(widget))
+                titles += box->text();
+        }
+        return titles;
+    };
+    QCOMPARE(visited(), QStringLiteral("24"));
+    m_owner->extra = true;
+    Q_EMIT m_owner->extraChanged();
+    QCOMPARE(visited(), QStringLiteral("234"));
+    m_owner->setUnlocked(true);
+    QCOMPARE(visited(), QStringLiteral("1234"));
+    // A row's own order, too.
+    auto *row = shown->inspectors().at(2)->slices().first()->sections().first()->findChild<ZelInspectorSliver *>();
+    auto *editor = new ZelInspectorBooleanProperty(m_owner.get());
+    editor->setTitle(QStringLiteral("a"));
+    row->setProperties(QList<ZelInspectorProperty *>{editor} + row->properties());
+    QCOMPARE(visited(), QStringLiteral("12a34"));
 }
 
 void tst_InspectorContainers::sectionsAreRebuiltLaterInTheTurn()
