@@ -43,8 +43,10 @@ void ZelBlockObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *ob
         return;
     if (change.keyValueChangeKind() != ZelKeyValueChangeSetting && !admitsMutation(object))
         return;
-    if (!holdsBack(change))
-        deliver(change);
+    if (holdsBack(change))
+        return;
+    const Delivery delivery(this);
+    m_block(this, change);
 }
 
 bool ZelBlockObservation::admitsMutation(const QObject *object) const
@@ -56,14 +58,8 @@ bool ZelBlockObservation::admitsMutation(const QObject *object) const
     return true;
 }
 
-void ZelBlockObservation::deliver(const ZelKeyValueChange &change)
-{
-    const Delivery delivery(this);
-    m_block(this, change);
-}
-
 void ZelBlockObservation::deliverDeferred(const ZelKeyValueChange &change)
 {
     if (!isCancelled())
-        deliver(change);
+        m_block(this, change);
 }

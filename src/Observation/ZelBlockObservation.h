@@ -22,7 +22,6 @@ private:
     void observeValueForKeyPath(const ZelKeyPath &keyPath, QObject *object, const ZelKeyValueChange &change,
                                 const void *context) override;
     bool admitsMutation(const QObject *object) const;
-    void deliver(const ZelKeyValueChange &change);
     void deliverDeferred(const ZelKeyValueChange &change) override;
     void dropCallback() override { m_block = nullptr; }
 

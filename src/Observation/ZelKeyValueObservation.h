@@ -41,7 +41,7 @@ protected:
 
     /// The address with which the class registers.
     virtual const void *context() const = 0;
-    /// Calls the callback with a deferred change.
+    /// Calls the callback with a deferred change, within a Delivery.
     virtual void deliverDeferred(const ZelKeyValueChange &change) = 0;
 
     /// Whether the change is not to be delivered now: dropped as no change, or kept for later.

@@ -110,8 +110,11 @@ bool ZelButtonMatrix::event(QEvent *event)
         return true;
     }
     case QEvent::WindowActivate:
-    case QEvent::WindowDeactivate:
         update();
+        break;
+    case QEvent::WindowDeactivate: // perhaps by a dialog, which gets the release of the button
+        update();
+        setPressedColumn(-1);
         break;
     case QEvent::Hide:
     case QEvent::EnabledChange:

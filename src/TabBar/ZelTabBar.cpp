@@ -54,7 +54,7 @@ QList<ZelTabBarItem *> ZelTabBar::items() const
 
 void ZelTabBar::setItems(const QList<ZelTabBarItem *> &items)
 {
-    if (this->items() == items)
+    if (std::equal(items.begin(), items.end(), m_items.begin(), m_items.end()))
         return;
     m_items = {items.begin(), items.end()};
     for (ZelTabBarItem *item : items)

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ViewController/ZelConstraintUpdates.h"
 #include "ViewController/ZelViewInstaller.h"
 #include "ViewController/ZelViewRare.h"
 
@@ -69,6 +68,12 @@ public:
 private:
     QPointer<QLayout> m_layout;
 };
+
+// Not the lists' own comparison: it hands null pointers to memcmp where one has room and both are empty.
+bool isSame(const QList<QWidget *> &a, const QList<QWidget *> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
 
 bool wasHiddenExplicitly(const QWidget *view)
 {
@@ -201,17 +206,17 @@ void ZelView::showSubview(QWidget *view)
 
 void ZelView::setSubviews(const QList<QWidget *> &views)
 {
-    if (subviews() == views)
+    if (isSame(subviews(), views))
         return;
     const LayoutPause pause(layout());
     const QSet<QWidget *> wanted(views.begin(), views.end());
-    for (QWidget *view : subviews())
-        if (!wanted.contains(view))
+    for (const QPointer<QWidget> view : subviews()) // hooks may delete any of them
+        if (view && !wanted.contains(view))
             removeFromSuperview(view);
     for (QWidget *view : views)
         if (view->parentWidget() != this)
             placeSubview(view, nullptr);
-    if (subviews() != views)
+    if (!isSame(subviews(), views))
         for (QWidget *view : views)
             view->raise();
     installAndShowSubviews();
@@ -220,13 +225,7 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
 void ZelView::installAndShowSubviews()
 {
     const QPointer<ZelView> guard(this);
-    if (m_installed) {
-        ZelViewInstaller installer(true);
-        installer.visitChildren(this);
-        ZelConstraintUpdates::instance().flush();
-        if (installer.error())
-            std::rethrow_exception(installer.error());
-    }
+    ZelViewInstaller::installSubviews(this);
     if (!guard || !isVisible())
         return;
     for (QWidget *view : subviews())

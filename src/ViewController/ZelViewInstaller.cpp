@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -60,22 +61,31 @@ void ZelViewInstaller::watchAncestors(const QWidget *widget)
 void ZelViewInstaller::windowMayHaveChanged(QWidget *widget)
 {
     watchAncestors(widget);
-    walk(widget, hasWindow(widget));
+    ZelViewInstaller(hasWindow(widget)).walk([widget](ZelViewInstaller &walk) { walk.visit(widget); });
 }
 
 void ZelViewInstaller::willLoseWindow(QWidget *widget)
 {
-    walk(widget, false);
+    ZelViewInstaller(false).walk([widget](ZelViewInstaller &walk) { walk.visit(widget); });
 }
 
-void ZelViewInstaller::walk(QWidget *widget, bool installing)
+void ZelViewInstaller::installSubviews(ZelView *view)
 {
-    ZelViewInstaller installer(installing);
-    installer.visit(widget);
-    if (installing)
-        installer.run([] { ZelConstraintUpdates::instance().flush(); });
-    if (installer.m_error)
-        std::rethrow_exception(installer.m_error);
+    if (view->m_installed)
+        ZelViewInstaller(true).walk([view](ZelViewInstaller &walk) { walk.visitChildren(view); });
+}
+
+template<typename Visit> void ZelViewInstaller::walk(Visit visit)
+{
+    static int depth = 0; // hooks that add views walk within a walk; constraints are updated when all is in place
+    {
+        const QScopedValueRollback walking(depth, depth + 1);
+        visit(*this);
+    }
+    if (m_installing && depth == 0)
+        run([] { ZelConstraintUpdates::instance().flush(); });
+    if (m_error)
+        std::rethrow_exception(m_error);
 }
 
 template<typename Hook> void ZelViewInstaller::run(Hook hook)
@@ -91,7 +101,7 @@ template<typename Hook> void ZelViewInstaller::run(Hook hook)
 void ZelViewInstaller::visit(QWidget *widget)
 {
     auto *view = qobject_cast<ZelView *>(widget);
-    if (view && (view->m_installed == m_installing || (m_installing && view->m_destroying)))
+    if (view ? view->m_installed == m_installing || (m_installing && view->m_destroying) : widget->children().isEmpty())
         return;
     const QPointer<QWidget> guard(widget);
     if (view)

@@ -21,7 +21,6 @@ public:
     }
 
     void visit(QWidget *widget);
-    void visitChildren(QWidget *parent);
     std::exception_ptr error() const { return m_error; }
 
     /// Whether the widget's top-level widget counts as a window.
@@ -30,11 +29,14 @@ public:
     static void windowMayHaveChanged(QWidget *widget);
     /// Uninstalls them ahead of a removal.
     static void willLoseWindow(QWidget *widget);
+    /// Installs the views below the view if it is installed.
+    static void installSubviews(ZelView *view);
 
 private:
     static void watchAncestors(const QWidget *widget);
-    static void walk(QWidget *widget, bool installing);
+    template<typename Visit> void walk(Visit visit);
     void runHooks(ZelView *view);
+    void visitChildren(QWidget *parent);
     bool appliesTo(const QWidget *widget) const;
     template<typename Hook> void run(Hook hook);
 

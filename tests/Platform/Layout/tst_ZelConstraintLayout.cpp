@@ -339,6 +339,14 @@ void tst_ZelConstraintLayout::mirroredInRightToLeft()
     QCOMPARE(first.geometry().right() + 1, 197);
     QCOMPARE(second.geometry().right() + 1, 162);
     QCOMPARE(second.width(), 40);
+
+    auto *deep = new Box({10, 5}, &second);
+    Box label({20, 10}, &view);
+    addFormat(&second, "H:|-6-[v]", {{"v", deep}});
+    ZelConstraintLayout::of(&view)->addConstraint(Constraint::constraintWithItem(
+        &label, Constraint::Leading, Constraint::Equal, deep, Constraint::Leading, 1, 4));
+    view.layout()->activate();
+    QCOMPARE(label.geometry().right() + 1, 162 - 6 - 4);
 }
 
 void tst_ZelConstraintLayout::neighboursShareEdges()
