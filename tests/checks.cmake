@@ -2,7 +2,7 @@
 # Tests labelled "check": ctest -L check.
 function(zel_check name)
     add_test(NAME check_${name} COMMAND ${ARGN} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-    set_tests_properties(check_${name} PROPERTIES LABELS check TIMEOUT 900)
+    set_tests_properties(check_${name} PROPERTIES LABELS check TIMEOUT 2400)
 endfunction()
 
 zel_check(includes python3 tools/check-includes.py)
