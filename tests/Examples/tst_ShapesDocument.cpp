@@ -23,6 +23,7 @@ private Q_SLOTS:
     void manyShapesAreSelectedWithOneSignal();
     void selectionFollowsTheDocument();
     void valuesOutOfRangeAreBroughtIntoIt();
+    void areaIsThatOfTheOutline();
     void clonesHaveTheSameProperties();
     void paintedBoundsHoldEverythingPainted();
 
@@ -190,6 +191,21 @@ void tst_ShapesDocument::valuesOutOfRangeAreBroughtIntoIt()
     QCOMPARE(shape.cornerRadius(), QVariant(0.0));
     shape.setCornerRadius(QVariant::fromValue(nullptr));
     QVERIFY(!shape.cornerRadius().isValid());
+}
+
+void tst_ShapesDocument::areaIsThatOfTheOutline()
+{
+    for (int kind = Shape::Rectangle; kind <= Shape::Text; ++kind) {
+        Shape shape(Shape::Kind(kind), QRectF(0, 0, 200, 80));
+        shape.setCornerRadius(10);
+        const QPainterPath outline = ShapeGeometry::outline(shape);
+        int inside = 0;
+        for (int x = 0; x < 400; ++x) {
+            for (int y = 0; y < 160; ++y)
+                inside += outline.contains(QPointF(x / 2.0 + 0.25, y / 2.0 + 0.25));
+        }
+        QVERIFY2(qAbs(shape.area() - inside / 4.0) < 60, qPrintable(QString::number(kind)));
+    }
 }
 
 void tst_ShapesDocument::clonesHaveTheSameProperties()

@@ -21,14 +21,6 @@ QPolygonF corners(const QRectF &rect, int count, double inner)
     polygon << polygon.first();
     return polygon;
 }
-
-double polygonArea(const QPolygonF &polygon)
-{
-    double twice = 0;
-    for (int i = 0; i + 1 < polygon.size(); ++i)
-        twice += polygon[i].x() * polygon[i + 1].y() - polygon[i + 1].x() * polygon[i].y();
-    return qAbs(twice) / 2;
-}
 } // namespace
 
 QPainterPath ShapeGeometry::outline(const Shape &shape)
@@ -97,13 +89,14 @@ bool ShapeGeometry::contains(const Shape &shape, const QPointF &point)
 double ShapeGeometry::area(const Shape &shape)
 {
     const QRectF rect = shape.rect();
+    const double radii = rect.width() / 2 * rect.height() / 2;
     switch (shape.kind()) {
     case Shape::Ellipse:
-        return M_PI * rect.width() * rect.height() / 4;
-    case Shape::Star:
-        return polygonArea(corners(rect, 2 * shape.points(), shape.innerRadius()));
+        return M_PI * radii;
+    case Shape::Star: // made of triangles between the centre, a tip and the notch beside it
+        return shape.points() * shape.innerRadius() * qSin(M_PI / shape.points()) * radii;
     case Shape::Polygon:
-        return polygonArea(corners(rect, shape.sides(), 1));
+        return shape.sides() / 2.0 * qSin(2 * M_PI / shape.sides()) * radii;
     case Shape::Rectangle: {
         const double radius = qMin(shape.cornerRadius().toDouble(), qMin(rect.width(), rect.height()) / 2);
         return rect.width() * rect.height() - (4 - M_PI) * radius * radius;
