@@ -24,12 +24,18 @@ bool isReturn(const QKeyEvent *event)
     return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
 }
 
+/// The text's own direction, whatever the window's.
+Qt::LayoutDirection directionOf(const QString &text)
+{
+    return text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
 /// Lays a text out as the editor does; answers its height.
-double layOut(QTextLayout *layout, double width, Qt::LayoutDirection direction)
+double layOut(QTextLayout *layout, double width)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTextDirection(direction);
+    option.setTextDirection(directionOf(layout->text()));
     layout->setTextOption(option);
     double height = 0;
     layout->beginLayout();
@@ -396,7 +402,7 @@ int ZelGrowingTextField::heightForWidth(int width) const
     int textHeight = metrics.height();
     if (string.contains(QLatin1Char('\n')) || metrics.horizontalAdvance(string) >= available) {
         QTextLayout layout(withLineSeparators(string), font());
-        textHeight = std::max(textHeight, qCeil(layOut(&layout, available, layoutDirection())));
+        textHeight = std::max(textHeight, qCeil(layOut(&layout, available)));
     }
     m_measuredWidth = width;
     return m_measuredHeight = textHeight + margins.top() + margins.bottom();
@@ -467,7 +473,7 @@ void ZelGrowingTextField::paintText(QPainter *painter) const
         return;
     painter->setPen(empty ? palette().color(QPalette::PlaceholderText) : textColor());
     QTextLayout layout(withLineSeparators(string), font());
-    layOut(&layout, area.width(), layoutDirection());
+    layOut(&layout, area.width());
     const int lines = std::clamp(int(area.height() / layout.lineAt(0).height() + 0.01), 1, layout.lineCount());
     for (int i = 0; i < lines; ++i) {
         const QTextLine line = layout.lineAt(i);
@@ -477,7 +483,7 @@ void ZelGrowingTextField::paintText(QPainter *painter) const
         }
         const QString rest = string.mid(line.textStart()).replace(QLatin1Char('\n'), QLatin1Char(' '));
         const QRect place(area.x(), area.y() + qRound(line.y()), area.width(), qCeil(line.height()));
-        const int flags = int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) | Qt::TextSingleLine;
+        const int flags = int(QStyle::visualAlignment(directionOf(string), Qt::AlignLeft)) | Qt::TextSingleLine;
         painter->drawText(place, flags, fontMetrics().elidedText(rest, Qt::ElideRight, area.width()));
     }
 }

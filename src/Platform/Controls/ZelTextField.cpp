@@ -329,9 +329,11 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
 
     const QRect area = textRect();
     const QString shown = fontMetrics().elidedText(displayText(), Qt::ElideRight, area.width());
+    // The text's own direction, whatever the window's: a minus sign or a unit stays on its side of the number.
+    const Qt::LayoutDirection direction = displayText().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     QTextLayout layout(shown, font());
     QTextOption option;
-    option.setTextDirection(layoutDirection());
+    option.setTextDirection(direction);
     option.setWrapMode(QTextOption::NoWrap);
     layout.setTextOption(option);
     if (unit.length > 0) {
@@ -347,16 +349,18 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
     line.setLineWidth(std::max(1, area.width() + 1));
     layout.endLayout();
 
-    const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), alignment());
-    double x = area.x();
+    // To the pixel where a line edit puts it, which keeps room for a cursor: nothing moves when the focus comes.
+    const Qt::Alignment visual = QStyle::visualAlignment(direction, alignment());
+    const int used = qRound(line.naturalTextWidth()) + 1;
+    int left = area.x();
     if (visual & Qt::AlignRight)
-        x = area.right() + 1 - line.naturalTextWidth();
+        left += area.width() - used - 1;
     else if (visual & Qt::AlignHCenter)
-        x += (area.width() - line.naturalTextWidth()) / 2;
-    if (layoutDirection() == Qt::RightToLeft)
+        left -= (used - area.width()) / 2;
+    double x = std::max(left, area.x());
+    if (direction == Qt::RightToLeft)
         x -= line.naturalTextRect().x();
     painter.setPen(palette().color(QPalette::Text));
     painter.setClipRect(area);
-    // A line edit, too, puts the text where the font's ascent is, rounded.
     layout.draw(&painter, QPointF(x, area.y() + fontMetrics().ascent() - qRound(line.ascent())));
 }

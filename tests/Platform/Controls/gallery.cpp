@@ -162,7 +162,7 @@ void makePictures(const QDir &directory, const QString &theme)
         if (!first)
             first = qobject_cast<ZelPopUpButton *>(widgets.at(7));
     }
-    window.resize(980, 420);
+    window.resize(980, 520);
     window.show();
     window.activateWindow();
     save(&window, directory.filePath(QString(theme + QStringLiteral(".png"))));

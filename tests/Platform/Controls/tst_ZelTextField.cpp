@@ -66,6 +66,7 @@ private Q_SLOTS:
     void mayDieWhenItReports();
     void undoShortcutIsTheWindowsUnlessTyping();
     void longTextsAreElidedAndUnitsDimmed();
+    void textsLieWhereALineEditPutsThem();
 };
 
 void tst_ZelTextField::showsValuesAndMarkers()
@@ -316,6 +317,31 @@ void tst_ZelTextField::longTextsAreElidedAndUnitsDimmed()
     QVERIFY(pixelsOf(&field, Qt::blue) > 50);
     field.setLayoutDirection(Qt::RightToLeft);
     QVERIFY(pixelsOf(&field, Qt::blue) > 50);
+}
+
+void tst_ZelTextField::textsLieWhereALineEditPutsThem()
+{
+    QWidget parent;
+    QPalette colors = parent.palette();
+    colors.setColor(QPalette::Disabled, QPalette::Text, colors.color(QPalette::Text));
+    parent.setPalette(colors);
+    ZelTextField field(&parent);
+    QLineEdit lineEdit(&parent);
+    field.setFormatter(std::make_shared<MetreFormatter>());
+    field.setObjectValue(1234);
+    lineEdit.setText(field.text());
+    // Whatever the direction of the window.
+    for (int pointSize = 7; pointSize < 14; ++pointSize) {
+        parent.setFont(QFont(QStringLiteral("DejaVu Sans"), pointSize));
+        field.resize(151, lineEdit.sizeHint().height());
+        lineEdit.resize(field.size());
+        for (const Qt::AlignmentFlag alignment : {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter}) {
+            parent.setLayoutDirection(pointSize % 2 ? Qt::LeftToRight : Qt::RightToLeft);
+            field.setAlignment(alignment);
+            lineEdit.setAlignment(alignment);
+            QCOMPARE(field.grab().toImage(), lineEdit.grab().toImage());
+        }
+    }
 }
 
 QTEST_MAIN(tst_ZelTextField)
