@@ -113,6 +113,7 @@ void hideRow()
         view->show();
     }
     QCoreApplication::processEvents();
+    plain.place(200, rowHeight);
     bool isHidden = false;
     const auto hide = [&] {
         isHidden = !isHidden;
@@ -123,12 +124,14 @@ void hideRow()
     const auto move = [&] {
         y = y ? 0 : rowHeight + int(Spacing);
         for (int i = 1; i < Count; ++i)
-            plain.rows[i]->move(int(Inset), i * (rowHeight + int(Spacing)) - y);
+            plain.rows[i]->move(int(Inset), int(Inset) + i * (rowHeight + int(Spacing)) - y);
         QCoreApplication::processEvents();
     };
     hide();
+    move();
     Bench::expect(ours.rows[1]->y() == ours.rows[0]->y(), "the first row gave up its place");
-    Bench::compare("hide the first of 500 stacked rows", 0, hide, move, Bench::small);
+    Bench::expect(ours.rows.last()->geometry() == plain.rows.last()->geometry(), "both columns look the same");
+    Bench::compare("hide the first of 500 stacked rows", 1.6, hide, move, Bench::small);
 }
 
 void buildColumns()
