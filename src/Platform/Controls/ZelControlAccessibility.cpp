@@ -137,7 +137,8 @@ public:
         QAccessible::State state = ControlInterface::state();
         state.multiLine = true;
         state.selectableText = true;
-        (control()->isEditable() ? state.editable : state.readOnly) = true;
+        state.editable = control()->isEditable();
+        state.readOnly = !control()->isEditable();
         return state;
     }
 };
