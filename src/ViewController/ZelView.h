@@ -42,6 +42,8 @@ class ZelView : public QWidget
     /// False by default. An opaque view promises to paint all of itself.
     Q_PROPERTY(bool opaque READ isOpaque WRITE setOpaque NOTIFY opaqueChanged)
     Q_PROPERTY(bool installed READ isInstalled WRITE setInstalled NOTIFY installedChanged)
+    Q_PROPERTY(ZelViewController *viewController READ viewController WRITE setViewController)
+    Q_MOC_INCLUDE("ViewController/ZelViewController.h")
 public:
     explicit ZelView(QWidget *parent = nullptr);
     explicit ZelView(const QRectF &frame, QWidget *parent = nullptr);

@@ -23,6 +23,8 @@ class ZelViewController : public QObject
     Q_OBJECT
     /// Null by default.
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
+    Q_PROPERTY(bool viewLoaded READ isViewLoaded)
+    Q_PROPERTY(bool viewInstalled READ isViewInstalled)
 public:
     using ViewLoader = std::function<ZelView *(ZelViewController *)>;
 
