@@ -109,7 +109,7 @@ void ZelDelayedInvocation::Task::cancel()
 bool ZelDelayedInvocation::Task::performEarly(quint64 checkpoint)
 {
     // Once a checkpoint, and not if made during it: work that schedules itself anew each time would never let it end.
-    if (!isPending() || delay || running || lastCheckpoint >= checkpoint)
+    if (!isPending() || delay || lastCheckpoint >= checkpoint)
         return false;
     lastCheckpoint = checkpoint;
     invoke();

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QTest>
 #include <QUndoStack>
+#include <QWindow>
 
 static const char g_context = 0;
 
@@ -98,6 +99,14 @@ private Q_SLOTS:
         readout->setText("second"); // the invocation is due after the painting
         QTest::qWait(20);
         QCOMPARE(m_log, (QStringList{"window W", "invocations W", "block", "paint second"}));
+
+        m_log.clear();
+        readout->setText("third");
+        QExposeEvent uncovered(window->rect());
+        QCoreApplication::sendEvent(window->windowHandle(), &uncovered);
+        QCOMPARE(m_log.value(1), "invocations W");
+        QTRY_COMPARE(m_log.last(), "paint third");
+        QVERIFY(!m_log.contains("paint second"));
     }
 
     void displayIfNeededPaintsAtOnceWithOneCheckpoint()
