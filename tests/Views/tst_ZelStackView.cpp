@@ -155,6 +155,24 @@ private Q_SLOTS:
         }
     }
 
+    void aRowOfFixedChildrenIsAsHighAsTheHighest()
+    {
+        const auto fixed = [](int height) {
+            auto *widget = new QFrame; // a size hint of its own, and no fixed size that would be a required limit
+            widget->setLayout(new QVBoxLayout);
+            widget->layout()->addItem(new QSpacerItem(40, height));
+            widget->layout()->setContentsMargins(0, 0, 0, 0);
+            widget->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+            return widget;
+        };
+        auto *row = new ZelHorizontalStackView;
+        row->setSubviews({fixed(22), fixed(25)});
+        ShownStack<ZelVerticalStackView> shown({row, box(10, 10)});
+        shown.show();
+        QCOMPARE(row->height(), 25);
+        QCOMPARE(shown.stack.subviews().last()->y() - row->y(), row->height() + int(shown.stack.spacing()));
+    }
+
     void hidingTheLastTakesTheBottomInsetUntilTheNextRebuild()
     {
         ShownStack<ZelHorizontalStackView> shown({box(10, 10), box(20, 10)});

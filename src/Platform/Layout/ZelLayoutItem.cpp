@@ -6,8 +6,11 @@
 namespace {
 
 constexpr float ExpandingHugging = 1; // of children whose size policy is to take all room
-constexpr float FixedPriority = 999;  // of children whose size policy is never to grow or shrink
-constexpr float Yielding = 50;        // children that resist less may vanish in the smallest container
+// Of children whose size policy forbids to grow or to shrink. Growing must be the lesser evil: with equal priorities
+// the wishes of a lower and a higher child of one row would cancel out, and the row would have no height.
+constexpr float FixedHugging = 998;
+constexpr float FixedCompression = 999;
+constexpr float Yielding = 50; // children that resist less may vanish in the smallest container
 
 struct StoredPriorities
 {
@@ -135,10 +138,10 @@ ZelLayoutBox ZelLayoutItem::boxFor(const Wish &wish)
     if (wish.hint < 0 || wish.policy == QSizePolicy::Ignored)
         return box;
     box.hint = std::clamp<double>(wish.hint, box.minimum, box.maximum);
-    box.hugging = wish.policy & QSizePolicy::GrowFlag ? wish.hugging : FixedPriority;
-    box.compression = wish.policy == QSizePolicy::Fixed ? FixedPriority : wish.compression;
-    box.hugging = std::clamp(box.hugging, ZelLayoutBox::NoWish, FixedPriority);
-    box.compression = std::clamp(box.compression, ZelLayoutBox::NoWish, FixedPriority);
+    box.hugging = wish.policy & QSizePolicy::GrowFlag ? wish.hugging : FixedHugging;
+    box.compression = wish.policy == QSizePolicy::Fixed ? FixedCompression : wish.compression;
+    box.hugging = std::clamp(box.hugging, ZelLayoutBox::NoWish, FixedHugging);
+    box.compression = std::clamp(box.compression, ZelLayoutBox::NoWish, FixedCompression);
     return box;
 }
 
