@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <cmath>
+#include <limits>
+
+// Scalars and angles. Angles are in radians unless a name says degrees.
+
+inline constexpr double ZelPi = 3.141592653589793;
+inline constexpr double ZelTwoPi = 6.283185307179586;
+
+/// 1, -1, or 0 for zero and NaN.
+constexpr double ZelSignum(double v)
+{
+    return v > 0 ? 1.0 : v < 0 ? -1.0 : 0.0;
+}
+
+/// The value, or the bound that it is beyond. The upper bound is looked at first: with bounds in the wrong order, a
+/// value above `max` gives `max`, any other one below `min` gives `min`. NaN stays NaN.
+constexpr double CGFloatClamp(double v, double min, double max)
+{
+    return v > max ? max : min > v ? min : v;
+}
+
+/// The value wrapped into the half-open interval from a to b. One inside is returned bit for bit; any other goes
+/// through the fraction of a quotient and carries its rounding, so that one within rounding below `a` may give `b`
+/// itself. NaN for an infinite value and for an empty interval.
+inline double CGFloatRestrictToInterval(double v, double a, double b)
+{
+    if (a <= v && v < b)
+        return v;
+    // Nothing is subtracted and added for an interval from 0: whole turns are the usual one.
+    if (a == 0) {
+        const double q = v / b;
+        return (q - std::floor(q)) * b;
+    }
+    const double q = (v - a) / (b - a);
+    return (q - std::floor(q)) * (b - a) + a;
+}
+
+/// The next whole number downwards, where a value up to 0.00001 below a whole number counts as that number. Values
+/// beyond the integers give the first or last of them; NaN gives 0.
+inline qint64 CGFloorWithEpsilon(double v)
+{
+    constexpr double limit = 9223372036854775808.0; // 2^63
+    const double whole = std::floor(v + 0.00001);
+    if (whole >= limit)
+        return std::numeric_limits<qint64>::max();
+    if (whole < -limit)
+        return std::numeric_limits<qint64>::min();
+    return whole == whole ? qint64(whole) : 0;
+}
+
+constexpr double ZelDegreesToRadians(double degrees)
+{
+    return degrees * ZelPi / 180;
+}
+
+constexpr double ZelRadiansToDegrees(double radians)
+{
+    return radians * 180 / ZelPi;
+}
+
+/// The same direction as an angle from 0 to below a full turn; see CGFloatRestrictToInterval.
+inline double ZelRestrictRadians(double angle)
+{
+    return CGFloatRestrictToInterval(angle, 0, ZelTwoPi);
+}
+inline double ZelRestrictDegrees(double angle)
+{
+    return CGFloatRestrictToInterval(angle, 0, 360);
+}
+
+/// The signed turn from angle a to angle b, the short way round. One full turn is taken off at most: angles more than
+/// three half turns apart are to be restricted first.
+constexpr double ZelDiffAngle(double a, double b)
+{
+    const double d = b - a;
+    return d > ZelPi ? d - ZelTwoPi : d < -ZelPi ? d + ZelTwoPi : d;
+}
