@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+zel_test(Platform/Resources/tst_ZelAttributedString zel_resources)
 zel_test(Platform/Resources/tst_ZelBundle zel_resources)
 zel_test(Platform/Resources/tst_ZelColor zel_resources)
 zel_test(Platform/Resources/tst_ZelNumberScanner zel_resources)
