@@ -11,6 +11,7 @@ class ZelMenuItem : public QAction
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY changed)
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY changed)
     Q_PROPERTY(bool hidden READ isHidden WRITE setHidden NOTIFY changed)
+    Q_PROPERTY(int tag READ tag WRITE setTag)
     Q_PROPERTY(QVariant representedObject READ representedObject WRITE setRepresentedObject NOTIFY changed)
 public:
     explicit ZelMenuItem(QObject *parent = nullptr);
@@ -26,6 +27,9 @@ public:
     void setHidden(bool hidden) { setVisible(!hidden); }
     QVariant representedObject() const { return data(); }
     void setRepresentedObject(const QVariant &value) { setData(value); }
+    /// A number of the application's own, by which it knows the item; 0.
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
 
     /// The title of any action, without the marks of mnemonics.
     static QString titleOf(const QAction *action);
@@ -34,4 +38,5 @@ public:
 
 private:
     QString m_title;
+    int m_tag = 0;
 };

@@ -143,6 +143,11 @@ QString ZelPopUpButton::shownText() const
     return item ? ZelMenuItem::titleOf(item) : ZelControlSupport::markerText(m_value);
 }
 
+bool ZelPopUpButton::canStepTo(const QAction *item) const
+{
+    return ZelMenuItem::isChoosable(item);
+}
+
 bool ZelPopUpButton::isMenuOpen() const
 {
     return m_menu && m_menu->isVisible();
@@ -150,6 +155,7 @@ bool ZelPopUpButton::isMenuOpen() const
 
 void ZelPopUpButton::showMenu()
 {
+    prepareItems();
     const QList<QAction *> items = menuItems();
     const auto isVisible = [](const QAction *item) { return item->isVisible() && !item->isSeparator(); };
     if (!m_editable || !isEnabled() || isMenuOpen() || std::none_of(items.begin(), items.end(), isVisible))
@@ -212,7 +218,7 @@ void ZelPopUpButton::chooseNeighbour(int from, int direction)
 {
     const QList<QAction *> items = actions();
     for (int i = from; i >= 0 && i < items.size(); i += direction) {
-        if (!ZelMenuItem::isChoosable(items.at(i)))
+        if (!canStepTo(items.at(i)))
             continue;
         const QPointer<QAction> item = items.at(i);
         const QPointer<ZelPopUpButton> guard(this);
@@ -284,6 +290,7 @@ void ZelPopUpButton::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
+    prepareItems();
     const int index = selectedIndex();
     switch (event->key()) {
     case Qt::Key_Down:
@@ -325,7 +332,7 @@ bool ZelPopUpButton::typeAhead(QKeyEvent *event)
     const int start = std::max(0, selectedIndex()) + (m_typed.size() == 1 ? 1 : 0);
     for (int i = 0; i < count; ++i) {
         const int index = (start + i) % count;
-        if (!ZelMenuItem::isChoosable(items.at(index)) ||
+        if (!canStepTo(items.at(index)) ||
             !ZelMenuItem::titleOf(items.at(index)).startsWith(m_typed, Qt::CaseInsensitive))
             continue;
         if (index != selectedIndex())
@@ -350,6 +357,7 @@ void ZelPopUpButton::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
+    prepareItems();
     const int steps = ZelControlSupport::wheelSteps(event, &m_wheelAngle);
     if (steps)
         chooseNeighbour(selectedIndex() - steps, steps > 0 ? -1 : 1);

@@ -89,6 +89,17 @@ Q_SIGNALS:
     void action();
 
 protected:
+    /// The item whose title and image are on the button; null for none, which shows a selection marker by its name.
+    virtual QAction *shownItem() const;
+    /// Called before the user gets to the items; makes those that are not there yet.
+    virtual void prepareItems() {}
+    /// Whether arrow keys, the wheel and typed letters lead to the item.
+    virtual bool canStepTo(const QAction *item) const;
+    /// Takes the user's choice, after the item was triggered: selects the item and reports.
+    virtual void chooseItem(QAction *item);
+    /// The button's size around a text of that width.
+    QSize sizeForTextWidth(int width) const;
+
     void actionEvent(QActionEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
@@ -100,11 +111,8 @@ protected:
 
 private:
     void initStyleOption(QStyleOptionComboBox *option) const;
-    QSize sizeForTextWidth(int width) const;
     QList<QAction *> menuItems() const;
-    QAction *shownItem() const;
     void setSelected(QAction *item, const QVariant &value);
-    void chooseItem(QAction *item);
     void chooseNeighbour(int from, int direction);
     bool isTyping() const;
     bool typeAhead(QKeyEvent *event);

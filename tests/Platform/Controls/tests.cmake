@@ -6,5 +6,6 @@ zel_test(Platform/Controls/tst_ZelSlider zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelPopUpButton zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelCheckBox zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelControlAccessors zel_platformcontrols)
+zel_test(Platform/Controls/tst_ZelColorPanel zel_platformcontrols)
 
 zel_program(zel_control_gallery SOURCES Platform/Controls/gallery.cpp LIBRARIES zel_platformcontrols)

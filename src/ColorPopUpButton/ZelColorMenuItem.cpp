@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#include "ColorPopUpButton/ZelColorMenuItem.h"
+
+#include "ColorPopUpButton/ZelColorMenuItemView.h"
+
+ZelColorMenuItem::ZelColorMenuItem(const QString &title, QObject *parent)
+    : QWidgetAction(parent)
+{
+    setText(title);
+}
+
+QWidget *ZelColorMenuItem::createWidget(QWidget *parent)
+{
+    auto *view = new ZelColorMenuItemView(parent);
+    connect(view, &ZelColorMenuItemView::action, this, &ZelColorMenuItem::colorChosen);
+    return view;
+}

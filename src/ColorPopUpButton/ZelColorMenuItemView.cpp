@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "ColorPopUpButton/ZelColorMenuItemView.h"
+
+#include "ColorPopUpButton/ZelColorMatrix.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QStyle>
+
+namespace {
+
+const char g_context = 0;
+constexpr int g_width = 273;
+constexpr int g_indent = 19;
+
+/// Closes the menu that holds the view, and those from which it was opened.
+void cancelTracking(const QWidget *view)
+{
+    if (!qobject_cast<QMenu *>(view->window()))
+        return;
+    QPointer<QWidget> popup = QApplication::activePopupWidget();
+    while (popup) {
+        popup->close();
+        QWidget *next = QApplication::activePopupWidget();
+        if (next == popup)
+            break;
+        popup = next;
+    }
+}
+
+} // namespace
+
+ZelColorMenuItemView::ZelColorMenuItemView(QWidget *parent)
+    : ZelView(parent)
+    , m_label(new ZelLabel(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this))
+    , m_matrix(new ZelColorMatrix(this))
+{
+    m_matrix->setAccessibleName(m_label->text());
+    setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(m_matrix);
+    connect(m_matrix, &ZelColorMatrix::cellChosen, this, &ZelColorMenuItemView::selectColor);
+    resize(sizeHint());
+    placeSubviews();
+}
+
+ZelColorMenuItemView::~ZelColorMenuItemView()
+{
+    uninstall();
+}
+
+QSize ZelColorMenuItemView::sizeHint() const
+{
+    return {g_width, 44 + m_label->sizeHint().height() + 1};
+}
+
+void ZelColorMenuItemView::placeSubviews()
+{
+    const QSize swatches = m_matrix->sizeHint();
+    const int labelHeight = m_label->sizeHint().height();
+    const QRect label(g_indent, 2, width() - 14 - 2, labelHeight);
+    const QRect matrix(g_indent, height() - 1 - swatches.height(), swatches.width(), swatches.height());
+    m_label->setGeometry(QStyle::visualRect(layoutDirection(), rect(), label));
+    m_matrix->setGeometry(QStyle::visualRect(layoutDirection(), rect(), matrix));
+}
+
+void ZelColorMenuItemView::resizeEvent(QResizeEvent *event)
+{
+    ZelView::resizeEvent(event);
+    placeSubviews();
+}
+
+void ZelColorMenuItemView::changeEvent(QEvent *event)
+{
+    ZelView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange) {
+        updateGeometry();
+        placeSubviews();
+    }
+}
+
+void ZelColorMenuItemView::viewDidInstall()
+{
+    ZelView::viewDidInstall();
+    ZelObservations(this).addObservationWithObject(
+        ZelUsedColorList::sharedUsedColorList(), "colors", ZelKeyValueObservingOptionEqualCheck,
+        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateColorButtons(); }, &g_context);
+    updateColorButtons();
+}
+
+void ZelColorMenuItemView::viewWillUninstall()
+{
+    ZelView::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+void ZelColorMenuItemView::updateColorButtons()
+{
+    m_matrix->setColors(ZelUsedColorList::sharedUsedColorList()->colors());
+}
+
+void ZelColorMenuItemView::selectColor(int index)
+{
+    m_selectedColor =
+        ZelUsedColorList::sharedUsedColorList()->colors().value(index, ZelColor(QColor(Qt::white))).toVariant();
+    // The action may take the menu's owner down; the menu itself is on its way by then.
+    cancelTracking(this);
+    Q_EMIT action(this);
+}

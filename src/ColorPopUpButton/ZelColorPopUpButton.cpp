@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "ColorPopUpButton/ZelColorPopUpButton.h"
+
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+namespace {
+
+/// Lets bindings of "value" take the colour, not the menu item.
+void registerValue()
+{
+    using Accessor = ZelFunctionAccessor<ZelColorPopUpButton>;
+    auto accessor =
+        std::make_unique<Accessor>([](const ZelColorPopUpButton *button) { return button->selectedColor(); },
+                                   [](ZelColorPopUpButton *button, const QVariant &value) {
+                                       button->setSelectedColor(value);
+                                       return true;
+                                   });
+    accessor->setNotify(&ZelColorPopUpButton::selectedColorChanged)
+        .setEdit(&ZelPopUpButton::valueEdited)
+        .setTakesMarkers();
+    ZelPropertyAccessor::registerAccessor(&ZelColorPopUpButton::staticMetaObject, "value", std::move(accessor));
+}
+
+} // namespace
+
+ZelColorPopUpButton::ZelColorPopUpButton(QWidget *parent)
+    : ZelPopUpButton(parent)
+    , m_cell(new ZelColorPopUpButtonCell(this))
+{
+    static const bool registered = (registerValue(), true);
+    Q_UNUSED(registered)
+    connect(m_cell, &ZelColorPopUpButtonCell::colorListChanged, this, &ZelColorPopUpButton::colorListChanged);
+    connect(m_cell, &ZelColorPopUpButtonCell::defaultColorChanged, this, &ZelColorPopUpButton::defaultColorChanged);
+    connect(m_cell, &ZelColorPopUpButtonCell::selectedColorChanged, this, &ZelColorPopUpButton::selectedColorChanged);
+    connect(m_cell, &ZelColorPopUpButtonCell::showsAlphaChanged, this, &ZelColorPopUpButton::showsAlphaChanged);
+}
+
+ZelColorPopUpButton::~ZelColorPopUpButton()
+{
+    m_cell->deactivateColorPanel();
+}
+
+QSize ZelColorPopUpButton::sizeHint() const
+{
+    constexpr int letters = 13;
+    return sizeForTextWidth(ZelControlSize::imageSide + 4 + letters * fontMetrics().averageCharWidth());
+}
+
+QAction *ZelColorPopUpButton::shownItem() const
+{
+    const bool isMarker =
+        ZelIsMarker(selectedColor(), ZelNoSelectionMarker) || ZelIsMarker(selectedColor(), ZelMultipleValuesMarker);
+    return isMarker ? nullptr : m_cell->displayItem(); // markers are shown dimmed
+}
+
+void ZelColorPopUpButton::prepareItems()
+{
+    m_cell->makeMenu();
+}
+
+bool ZelColorPopUpButton::canStepTo(const QAction *item) const
+{
+    const auto *known = qobject_cast<const ZelMenuItem *>(item);
+    return known && ZelPopUpButton::canStepTo(item) &&
+           (known->tag() == ZelColorPopUpButtonDefaultColorTag || ZelColor::isColor(known->representedObject())) &&
+           known->tag() != ZelColorPopUpButtonCurrentColorTag;
+}
+
+/// The items do it themselves.
+void ZelColorPopUpButton::chooseItem(QAction *) {}

@@ -1,0 +1,402 @@
+// SPDX-License-Identifier: MIT
+#include "ColorPopUpButton/ZelColorPopUpButtonCell.h"
+
+#include "Blocks/ZelNamedTransformers.h"
+#include "ColorPopUpButton/ZelColorMenuItem.h"
+#include "ColorPopUpButton/ZelColorMenuItemView.h"
+#include "ColorPopUpButton/ZelColorSwatch.h"
+#include "ColorPopUpButton/ZelUsedColorList.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Controls/ZelColorPanel.h"
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Controls/ZelPopUpButton.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/RunLoop/ZelNotificationCenter.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelValues.h"
+
+const QString ZelColorPopUpButtonDidBecomeActiveNotification =
+    QStringLiteral("ZelColorPopUpButtonDidBecomeActiveNotification");
+
+namespace {
+
+const char g_context = 0;
+
+const QString g_wrongValue = QStringLiteral("Wrong value");
+
+bool isPresentColor(const QVariant &value)
+{
+    return !ZelIsNull(value) && !ZelIsControllerMarker(value);
+}
+
+QIcon swatch(const QVariant &color)
+{
+    return ZelColorSwatch::image(ZelColor::fromVariant(color));
+}
+
+} // namespace
+
+ZelColorPopUpButtonCell::ZelColorPopUpButtonCell(ZelPopUpButton *button)
+    : QObject(button)
+    , m_button(button)
+    , m_displayItem(new ZelMenuItem(this))
+{
+    static const bool registered = [] {
+        ZelRegisterTransformers();
+        return true;
+    }();
+    Q_UNUSED(registered)
+    m_colorList = ZelColorList::colorListNamed(QStringLiteral("Crayons"));
+    updateColors();
+}
+
+ZelColorPopUpButtonCell::~ZelColorPopUpButtonCell()
+{
+    deactivateColorPanel();
+}
+
+// Colours
+
+void ZelColorPopUpButtonCell::setColorList(const ZelColorListPtr &list)
+{
+    if (!ZelCheck(!list.isNull(), g_wrongValue) || list == m_colorList)
+        return;
+    m_colorList = list;
+    updateColors();
+    Q_EMIT colorListChanged();
+}
+
+void ZelColorPopUpButtonCell::updateColors()
+{
+    if (!m_colorList)
+        return;
+    QList<ZelColor> colors;
+    const QStringList keys = m_colorList->allKeys();
+    for (const QString &key : keys)
+        colors.append(m_colorList->colorWithKey(key));
+    setColors(colors);
+}
+
+void ZelColorPopUpButtonCell::setColors(const QList<ZelColor> &colors)
+{
+    if (colors == m_colors)
+        return;
+    m_colors = colors;
+    if (m_isMenuMade)
+        updateMenu();
+    Q_EMIT colorsChanged();
+}
+
+void ZelColorPopUpButtonCell::setDefaultColor(const ZelColor &color)
+{
+    if (!ZelCheck(color.isValid(), g_wrongValue) || color == m_defaultColor)
+        return;
+    m_defaultColor = color;
+    updateDefaultMenuItem();
+    upateSelectedMenuItem();
+    updateTitle();
+    Q_EMIT defaultColorChanged();
+}
+
+void ZelColorPopUpButtonCell::setSelectedColor(const QVariant &value)
+{
+    const bool isColor = isPresentColor(value);
+    const QVariant color = isColor ? ZelColor::fromVariant(value).toVariant() : value;
+    if (!ZelCheck(!isColor || ZelIsNotNull(color), g_wrongValue) || ZelEqual(color, m_selectedColor))
+        return;
+    m_selectedColor = color;
+    upateSelectedMenuItem();
+    updateTitle();
+    showInPanel();
+    Q_EMIT selectedColorChanged();
+}
+
+void ZelColorPopUpButtonCell::setShowsAlpha(bool shows)
+{
+    if (shows == m_showsAlpha)
+        return;
+    m_showsAlpha = shows;
+    if (m_isColorPanelActive && m_panel)
+        m_panel->setShowsAlpha(shows);
+    Q_EMIT showsAlphaChanged();
+}
+
+/// Exactly that colour, or one that looks the same in another colour space. Names stand for themselves only.
+int ZelColorPopUpButtonCell::indexOfColor(const ZelColor &color) const
+{
+    const qsizetype index = m_colors.indexOf(color);
+    if (index >= 0 || color.space() == ZelColor::Named)
+        return int(index);
+    const QVariant value = color.toVariant();
+    const auto found = std::find_if(m_colors.begin(), m_colors.end(), [&](const ZelColor &listed) {
+        return listed.space() != ZelColor::Named && ZelColor::matches(listed.toVariant(), value);
+    });
+    return found == m_colors.end() ? -1 : int(found - m_colors.begin());
+}
+
+// Titles
+
+/// A list that the application added has names that nobody else knows.
+QString ZelColorPopUpButtonCell::nameInList(const ZelColor &color) const
+{
+    const int index = indexOfColor(color);
+    return index < 0 || !m_colorList ? QString() : ZelLocalizedString(m_colorList->allKeys().value(index));
+}
+
+QString ZelColorPopUpButtonCell::nameOf(const QVariant &color) const
+{
+    const auto transformer = ZelAbstractValueTransformer::valueTransformerForName(ZelColorNameTransformerName);
+    if (!ZelCheck(!transformer.isNull(), QStringLiteral("Missing transformer")))
+        return {};
+    const QString name = transformer->transformedValue(color).toString();
+    return name.isEmpty() ? nameInList(ZelColor::fromVariant(color)) : name;
+}
+
+QString ZelColorPopUpButtonCell::title() const
+{
+    return m_displayItem->title();
+}
+
+void ZelColorPopUpButtonCell::updateTitle()
+{
+    QString title;
+    if (ZelIsMarker(m_selectedColor, ZelNoSelectionMarker) || ZelIsMarker(m_selectedColor, ZelMultipleValuesMarker))
+        title = ZelControlSupport::markerText(m_selectedColor);
+    else if (isPresentColor(m_selectedColor))
+        title = ZelEqual(m_selectedColor, m_defaultColor.toVariant()) ? ZelLocalizedString(QStringLiteral("Default"))
+                                                                      : nameOf(m_selectedColor);
+    if (title != m_displayItem->title())
+        m_displayItem->setTitle(title);
+    m_displayItem->setImage(swatch(m_selectedColor));
+    m_button->update();
+}
+
+// The menu
+
+void ZelColorPopUpButtonCell::makeFixedItems()
+{
+    if (m_defaultMenuItem)
+        return;
+    const auto make = [this](const char *title, int tag) {
+        auto *item = new ZelMenuItem(ZelLocalizedString(QString::fromLatin1(title)), this);
+        item->setTag(tag);
+        return item;
+    };
+    m_defaultMenuItem = make("Default", ZelColorPopUpButtonDefaultColorTag);
+    m_currentMenuItem = make("Current Color", ZelColorPopUpButtonCurrentColorTag);
+    m_otherMenuItem = make("Other...", 0);
+    m_recentlyMenuItem = new ZelColorMenuItem(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this);
+    for (int i = 0; i < 4; ++i)
+        m_separators.append(ZelMenuItem::separatorItem(this));
+    connect(m_defaultMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectDefaultColor);
+    connect(m_currentMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectCurrentColor);
+    connect(m_recentlyMenuItem, &ZelColorMenuItem::colorChosen, this,
+            &ZelColorPopUpButtonCell::selectRecentlyUsedColor);
+    connect(m_otherMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectOtherColor);
+    updateDefaultMenuItem();
+}
+
+ZelMenuItem *ZelColorPopUpButtonCell::makeColorItem(int index)
+{
+    const QVariant color = m_colors.at(index).toVariant();
+    auto *item = new ZelMenuItem(nameOf(color), swatch(color), color, this);
+    item->setTag(ZelColorPopUpButtonColorsTag + index);
+    connect(item, &QAction::triggered, this, [this, item] { selectColor(item); });
+    return item;
+}
+
+void ZelColorPopUpButtonCell::makeMenu()
+{
+    if (!m_isMenuMade)
+        updateMenu();
+}
+
+void ZelColorPopUpButtonCell::updateMenu()
+{
+    makeFixedItems();
+    const QList<ZelMenuItem *> former = std::exchange(m_colorItems, {});
+    QList<QAction *> items{m_defaultMenuItem,  m_separators.at(0), m_currentMenuItem,
+                           m_separators.at(1), m_recentlyMenuItem, m_separators.at(2)};
+    for (int i = 0; i < m_colors.size(); ++i) {
+        m_colorItems.append(makeColorItem(i));
+        items.append(m_colorItems.last());
+    }
+    items << m_separators.at(3) << m_otherMenuItem;
+    m_isMenuMade = true;
+    m_button->setItems(items);
+    for (ZelMenuItem *item : former)
+        item->deleteLater(); // perhaps it is one of these that was chosen
+    upateSelectedMenuItem();
+}
+
+void ZelColorPopUpButtonCell::updateDefaultMenuItem()
+{
+    if (!m_defaultMenuItem)
+        return;
+    m_defaultMenuItem->setImage(ZelColorSwatch::image(m_defaultColor));
+    m_defaultMenuItem->setRepresentedObject(m_defaultColor.toVariant());
+}
+
+ZelMenuItem *ZelColorPopUpButtonCell::menuItemForColor(const QVariant &color)
+{
+    makeMenu();
+    if (isPresentColor(color) && ZelColor::fromVariant(color) == m_defaultColor)
+        return m_defaultMenuItem;
+    const int index = isPresentColor(color) ? indexOfColor(ZelColor::fromVariant(color)) : -1;
+    if (index >= 0)
+        return m_colorItems.at(index);
+    m_currentMenuItem->setImage(swatch(color));
+    return m_currentMenuItem;
+}
+
+void ZelColorPopUpButtonCell::upateSelectedMenuItem()
+{
+    if (!m_isMenuMade) {
+        m_button->setObjectValue(m_selectedColor); // the item is selected when it is made
+        return;
+    }
+    m_currentMenuItem->setImage(swatch(m_selectedColor));
+    m_currentMenuItem->setRepresentedObject(m_selectedColor);
+    m_button->selectItem(menuItemForColor(m_selectedColor));
+}
+
+ZelMenuItem *ZelColorPopUpButtonCell::defaultMenuItem()
+{
+    makeMenu();
+    return m_defaultMenuItem;
+}
+
+ZelMenuItem *ZelColorPopUpButtonCell::currentMenuItem()
+{
+    makeMenu();
+    return m_currentMenuItem;
+}
+
+ZelColorMenuItem *ZelColorPopUpButtonCell::recentlyMenuItem()
+{
+    makeMenu();
+    return m_recentlyMenuItem;
+}
+
+ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
+{
+    makeMenu();
+    return m_otherMenuItem;
+}
+
+// What the user chooses
+
+void ZelColorPopUpButtonCell::takeChoice(const QVariant &color, QAction *item)
+{
+    if (ZelEqual(color, m_selectedColor))
+        return;
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    setSelectedColor(color);
+    if (guard && isPresentColor(color))
+        ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(color));
+    if (!guard)
+        return;
+    if (item)
+        m_button->selectItem(item);
+    ZelControlSupport::reportEdit(m_button);
+}
+
+void ZelColorPopUpButtonCell::selectDefaultColor()
+{
+    takeChoice(m_defaultColor.toVariant(), m_defaultMenuItem);
+}
+
+void ZelColorPopUpButtonCell::selectCurrentColor()
+{
+    m_button->selectItem(currentMenuItem());
+    Q_EMIT m_button->action();
+}
+
+void ZelColorPopUpButtonCell::selectRecentlyUsedColor(const ZelColorMenuItemView *sender)
+{
+    takeChoice(sender->selectedColor(), nullptr);
+}
+
+void ZelColorPopUpButtonCell::selectColor(const QObject *sender)
+{
+    const auto *item = qobject_cast<const ZelMenuItem *>(sender);
+    const int index = item ? item->tag() - ZelColorPopUpButtonColorsTag : -1;
+    if (index >= 0 && index < m_colors.size())
+        takeChoice(m_colors.at(index).toVariant(), m_colorItems.value(index));
+}
+
+void ZelColorPopUpButtonCell::selectOtherColor()
+{
+    activateColorPanel();
+}
+
+// The colour panel
+
+void ZelColorPopUpButtonCell::activateColorPanel()
+{
+    ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
+    if (m_isColorPanelActive) {
+        panel->orderFront(m_button);
+        return;
+    }
+    ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
+    m_panel = panel;
+    panel->setDelegate(this);
+    connect(panel, &ZelColorPanel::willClose, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
+    connect(panel, &ZelColorPanel::colorDidChange, this, &ZelColorPopUpButtonCell::colorPanelDidChange);
+    connect(panel, &ZelColorPanel::trackingDidEnd, this, &ZelColorPopUpButtonCell::endDrag);
+    ZelObservations(this).addObservationWithCenter(
+        nullptr, ZelColorPopUpButtonDidBecomeActiveNotification, nullptr,
+        [this](ZelNotificationObservation *, const ZelNotification &) { deactivateColorPanel(); }, &g_context);
+    m_isColorPanelActive = true;
+    panel->setShowsAlpha(m_showsAlpha);
+    panel->setColor(isPresentColor(m_selectedColor) ? ZelColor::fromVariant(m_selectedColor).toQColor() : Qt::black);
+    panel->orderFront(m_button);
+    Q_EMIT colorPanelActiveChanged();
+}
+
+void ZelColorPopUpButtonCell::deactivateColorPanel()
+{
+    if (!m_isColorPanelActive)
+        return;
+    m_isColorPanelActive = false;
+    endDrag();
+    if (m_panel) {
+        m_panel->disconnect(this);
+        if (m_panel->delegate() == this)
+            m_panel->setDelegate(nullptr);
+    }
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    if (isPresentColor(m_selectedColor))
+        ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(m_selectedColor));
+    Q_EMIT colorPanelActiveChanged();
+}
+
+/// Another selection shows its colour in the panel; during a drag, it is the panel that leads.
+void ZelColorPopUpButtonCell::showInPanel()
+{
+    if (m_isColorPanelActive && m_panel && !m_panel->isTracking() && isPresentColor(m_selectedColor))
+        m_panel->setColor(ZelColor::fromVariant(m_selectedColor).toQColor());
+}
+
+void ZelColorPopUpButtonCell::colorPanelDidChange()
+{
+    if (m_panel->delegate() != this) {
+        deactivateColorPanel();
+        return;
+    }
+    if (!m_button->isEnabled())
+        return;
+    if (m_panel->isTracking() && !m_dragGrouping)
+        m_dragGrouping = std::make_unique<ZelUndoGrouping>(m_button);
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    setSelectedColor(QVariant::fromValue(ZelColor(m_panel->color())));
+    if (guard)
+        ZelControlSupport::reportEdit(m_button);
+}
+
+void ZelColorPopUpButtonCell::endDrag()
+{
+    m_dragGrouping.reset();
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "ColorPopUpButton/ZelUsedColorList.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+ZelUsedColorList::ZelUsedColorList()
+{
+    m_colors.reserve(ZelUsedColorListMax + 1);
+}
+
+ZelUsedColorList *ZelUsedColorList::sharedUsedColorList()
+{
+    static auto *list = [] {
+        auto *made = new ZelUsedColorList; // outlives whatever observes it
+        if (qApp)
+            made->moveToThread(qApp->thread());
+        return made;
+    }();
+    return list;
+}
+
+QList<ZelColor> ZelUsedColorList::colors() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_colors;
+}
+
+void ZelUsedColorList::usedColor(const ZelColor &color)
+{
+    if (!ZelRequire(color.isValid(), "color"))
+        return;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (!m_colors.isEmpty() && m_colors.first() == color)
+            return;
+        m_colors.removeOne(color);
+        m_colors.prepend(color);
+        if (m_colors.size() > ZelUsedColorListMax)
+            m_colors.removeLast();
+    }
+    // Directly, unless this is another thread.
+    QMetaObject::invokeMethod(this, &ZelUsedColorList::colorsChanged);
+}
