@@ -3,7 +3,6 @@
 
 #include <QtGlobal>
 
-#include <cmath>
 #include <limits>
 
 // Scalars and angles. Angles are in radians unless a name says degrees.
@@ -24,28 +23,54 @@ constexpr double CGFloatClamp(double v, double min, double max)
     return v > max ? max : min > v ? min : v;
 }
 
+/// The C library's roundings, inline: without an instruction for them each would be a call.
+constexpr double ZelTruncate(double v)
+{
+    constexpr double whole = 4503599627370496.0; // 2^52, from which on every number is whole
+    return -whole < v && v < whole ? __builtin_copysign(double(qint64(v)), v) : v;
+}
+
+constexpr double ZelFloor(double v)
+{
+    const double truncated = ZelTruncate(v);
+    return truncated > v ? truncated - 1 : truncated;
+}
+
+constexpr double ZelCeil(double v)
+{
+    return -ZelFloor(-v);
+}
+
+/// Halves go away from zero.
+constexpr double ZelRound(double v)
+{
+    const double truncated = ZelTruncate(v);
+    const double rest = v - truncated;
+    return rest >= 0.5 ? truncated + 1 : rest <= -0.5 ? truncated - 1 : truncated;
+}
+
 /// The value wrapped into the half-open interval from a to b. One inside is returned bit for bit; any other goes
 /// through the fraction of a quotient and carries its rounding, so that one within rounding below `a` may give `b`
 /// itself. NaN for an infinite value and for an empty interval.
-inline double CGFloatRestrictToInterval(double v, double a, double b)
+constexpr double CGFloatRestrictToInterval(double v, double a, double b)
 {
     if (a <= v && v < b)
         return v;
     // Nothing is subtracted and added for an interval from 0: whole turns are the usual one.
     if (a == 0) {
         const double q = v / b;
-        return (q - std::floor(q)) * b;
+        return (q - ZelFloor(q)) * b;
     }
     const double q = (v - a) / (b - a);
-    return (q - std::floor(q)) * (b - a) + a;
+    return (q - ZelFloor(q)) * (b - a) + a;
 }
 
 /// The next whole number downwards, where a value up to 0.00001 below a whole number counts as that number. Values
 /// beyond the integers give the first or last of them; NaN gives 0.
-inline qint64 CGFloorWithEpsilon(double v)
+constexpr qint64 CGFloorWithEpsilon(double v)
 {
     constexpr double limit = 9223372036854775808.0; // 2^63
-    const double whole = std::floor(v + 0.00001);
+    const double whole = ZelFloor(v + 0.00001);
     if (whole >= limit)
         return std::numeric_limits<qint64>::max();
     if (whole < -limit)
@@ -64,11 +89,11 @@ constexpr double ZelRadiansToDegrees(double radians)
 }
 
 /// The same direction as an angle from 0 to below a full turn; see CGFloatRestrictToInterval.
-inline double ZelRestrictRadians(double angle)
+constexpr double ZelRestrictRadians(double angle)
 {
     return CGFloatRestrictToInterval(angle, 0, ZelTwoPi);
 }
-inline double ZelRestrictDegrees(double angle)
+constexpr double ZelRestrictDegrees(double angle)
 {
     return CGFloatRestrictToInterval(angle, 0, 360);
 }
