@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Geometry/ZelRect.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QSizeF>
+#include <functional>
+
+class QPainter;
+class QWidget;
+
+// Snapping, first to the whole numbers of the caller's own coordinates, then to the pixels of a painter or of a widget.
+
+enum ZelSnapMode : qint64 {
+    ZelSnapModeFloor,
+    ZelSnapModeCeil,
+    ZelSnapModeRound, ///< halves go away from zero
+};
+
+/// Asserts "Unexpected case" for a mode that is none, and leaves the value as it is.
+inline double ZelSnapValue(double v, ZelSnapMode mode, bool halfPoints)
+{
+    const double shift = halfPoints ? 0.5 : 0.0;
+    switch (mode) {
+    case ZelSnapModeFloor:
+        return ZelFloor(v + shift) - shift;
+    case ZelSnapModeCeil:
+        return ZelCeil(v + shift) - shift;
+    case ZelSnapModeRound:
+        return ZelRound(v + shift) - shift;
+    }
+    ZelFail(QStringLiteral("Unexpected case"));
+    return v;
+}
+
+/// Snaps both coordinates, to whole numbers or, with `halfPoints`, to whole numbers and a half.
+inline QPointF ZelSnapPoint(const QPointF &point, ZelSnapMode mode, bool halfPoints)
+{
+    return QPointF(ZelSnapValue(point.x(), mode, halfPoints), ZelSnapValue(point.y(), mode, halfPoints));
+}
+
+/// Snaps width and height as if they were coordinates.
+inline QSizeF ZelSnapSize(const QSizeF &size, ZelSnapMode mode, bool halfPoints)
+{
+    return QSizeF(ZelSnapValue(size.width(), mode, halfPoints), ZelSnapValue(size.height(), mode, halfPoints));
+}
+
+/// Snaps the edges. Unlike those of a point, floor and ceiling mean inward and outward: to the pixels that are covered
+/// wholly, where less than one pixel leaves a negative size, and to every pixel that is touched. Every other mode
+/// rounds each edge. A negative size is made positive first.
+inline QRectF ZelSnapRect(const QRectF &rect, ZelSnapMode mode, bool halfPoints)
+{
+    const auto snapped = [&](ZelSnapMode minimum, ZelSnapMode maximum) {
+        const double left = ZelSnapValue(CGRectGetMinX(rect), minimum, halfPoints);
+        const double top = ZelSnapValue(CGRectGetMinY(rect), minimum, halfPoints);
+        return QRectF(left, top, ZelSnapValue(CGRectGetMaxX(rect), maximum, halfPoints) - left,
+                      ZelSnapValue(CGRectGetMaxY(rect), maximum, halfPoints) - top);
+    };
+    switch (mode) {
+    case ZelSnapModeFloor:
+        return snapped(ZelSnapModeCeil, ZelSnapModeFloor);
+    case ZelSnapModeCeil:
+        return snapped(ZelSnapModeFloor, ZelSnapModeCeil);
+    case ZelSnapModeRound:
+        break;
+    }
+    return snapped(ZelSnapModeRound, ZelSnapModeRound);
+}
+
+using ZelPointTransformBlock = std::function<QPointF(const QPointF &)>;
+using ZelSizeTransformBlock = std::function<QSizeF(const QSizeF &)>;
+using ZelRectTransformBlock = std::function<QRectF(const QRectF &)>;
+
+// Values changed in the device pixels of a painter: its transformation, its device's pixel ratio and, in a paint event,
+// the place of the widget in the window count. The block gets the value in device pixels and returns it so.
+//
+// A rectangle becomes the smallest upright one that holds it: one that is to come back as it was must not be rotated. A
+// size is mapped as a vector and may change its signs. Under a transformation that cannot be undone the value comes
+// back unchanged and the block is not called.
+//
+// Asserts "Missing context" without a painter or for one that does not paint at the moment, and "Missing dispatch
+// block".
+
+QPointF ZelTransformPointInDeviceSpace(const QPainter *context, const QPointF &point,
+                                       const ZelPointTransformBlock &block);
+QSizeF ZelTransformSizeInDeviceSpace(const QPainter *context, const QSizeF &size, const ZelSizeTransformBlock &block);
+QRectF ZelTransformRectInDeviceSpace(const QPainter *context, const QRectF &rect, const ZelRectTransformBlock &block);
+
+QPointF ZelSnapPointInDeviceSpace(const QPainter *context, const QPointF &point, ZelSnapMode mode, bool halfPoints);
+QSizeF ZelSnapSizeInDeviceSpace(const QPainter *context, const QSizeF &size, ZelSnapMode mode, bool halfPoints);
+QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, ZelSnapMode mode, bool halfPoints);
+
+/// Values changed in the pixels of a widget's backing store, outside of painting:
+/// `ZelSnapUtilities(view).snapRectInBacking(rect, ZelSnapModeRound, false)`.
+///
+/// The widget's device pixel ratio and its place in the window count: under a ratio such as 1.5, a child at an odd
+/// coordinate begins in the middle of a pixel. Scales of its painting do not; a painter knows them. Without a widget
+/// the coordinates are taken for pixels. Asserts a missing block as "block" and returns the value unchanged.
+class ZelSnapUtilities
+{
+public:
+    explicit ZelSnapUtilities(const QWidget *view)
+        : m_view(view)
+    {
+    }
+
+    QPointF transformPointInBacking(const QPointF &point, const ZelPointTransformBlock &block) const;
+    QSizeF transformSizeInBacking(const QSizeF &size, const ZelSizeTransformBlock &block) const;
+    QRectF transformRectInBacking(const QRectF &rect, const ZelRectTransformBlock &block) const;
+
+    QPointF snapPointInBacking(const QPointF &point, ZelSnapMode mode, bool halfPoints) const;
+    QSizeF snapSizeInBacking(const QSizeF &size, ZelSnapMode mode, bool halfPoints) const;
+    QRectF snapRectInBacking(const QRectF &rect, ZelSnapMode mode, bool halfPoints) const;
+
+private:
+    const QWidget *m_view;
+};
