@@ -4,6 +4,7 @@
 #include "Platform/Controls/ZelCheckBox.h"
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelGrowingTextField.h"
+#include "Platform/Controls/ZelGrowingTextView.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Controls/ZelSlider.h"
@@ -103,6 +104,7 @@ void addControls()
 {
     addObjectValue<ZelTextField>();
     addObjectValue<ZelGrowingTextField>();
+    addObjectValue<ZelGrowingTextView>();
     addObjectValue<ZelCheckBox>();
     addObjectValue<ZelPopUpButton>();
     addRange<ZelStepper>();

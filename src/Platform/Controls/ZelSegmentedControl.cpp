@@ -27,7 +27,8 @@ ZelSegmentedControl::ZelSegmentedControl(QWidget *parent)
 void ZelSegmentedControl::setSegmentCount(qsizetype count)
 {
     m_segments.resize(std::max<qsizetype>(count, 0));
-    m_pressed = -1;
+    m_pressed = m_clicked = -1;
+    m_current = 0;
     updateGeometry();
     update();
 }
@@ -35,6 +36,12 @@ void ZelSegmentedControl::setSegmentCount(qsizetype count)
 void ZelSegmentedControl::setImage(qsizetype segment, const QIcon &image)
 {
     m_segments[segment].image = image;
+    update();
+}
+
+void ZelSegmentedControl::setSegmentTitle(qsizetype segment, const QString &title)
+{
+    m_segments[segment].title = title;
     update();
 }
 
@@ -82,6 +89,23 @@ void ZelSegmentedControl::setSelectedIndex(const QVariant &index)
     Q_EMIT selectedIndexChanged();
 }
 
+void ZelSegmentedControl::setSelectsAny(bool selectsAny)
+{
+    m_selectsAny = selectsAny;
+    update();
+}
+
+bool ZelSegmentedControl::isSegmentSelected(qsizetype segment) const
+{
+    return m_selectsAny ? m_segments.at(segment).selected : segment == selectedSegment();
+}
+
+void ZelSegmentedControl::setSegmentSelected(qsizetype segment, bool selected)
+{
+    m_segments[segment].selected = selected;
+    update();
+}
+
 void ZelSegmentedControl::setEditable(bool editable)
 {
     if (m_editable == editable)
@@ -109,10 +133,16 @@ QSize ZelSegmentedControl::minimumSizeHint() const
 
 void ZelSegmentedControl::choose(qsizetype segment)
 {
-    if (segment < 0 || !m_segments.at(segment).enabled || segment == selectedSegment())
+    if (segment < 0 || !m_segments.at(segment).enabled || (!m_selectsAny && segment == selectedSegment()))
         return;
     const QPointer<ZelSegmentedControl> alive(this);
-    setSelectedIndex(segment);
+    m_clicked = segment;
+    if (m_selectsAny) {
+        m_current = segment;
+        setSegmentSelected(segment, !m_segments.at(segment).selected);
+    } else {
+        setSelectedIndex(segment);
+    }
     if (alive)
         ZelControlSupport::reportEdit(this);
 }
@@ -145,17 +175,30 @@ void ZelSegmentedControl::keyPressEvent(QKeyEvent *event)
 {
     const int forward = layoutDirection() == Qt::RightToLeft ? Qt::Key_Left : Qt::Key_Right;
     const int backward = layoutDirection() == Qt::RightToLeft ? Qt::Key_Right : Qt::Key_Left;
-    const int direction = event->key() == forward ? 1 : event->key() == backward ? -1 : 0;
-    if (direction == 0) {
+    if (event->key() == forward)
+        step(1);
+    else if (event->key() == backward)
+        step(-1);
+    else if (m_selectsAny && event->key() == Qt::Key_Space && m_current < m_segments.size())
+        choose(m_current);
+    else
         QWidget::keyPressEvent(event);
-        return;
-    }
-    const qsizetype selected = selectedSegment();
-    qsizetype segment = selected < 0 ? (direction > 0 ? 0 : m_segments.size() - 1) : selected + direction;
+}
+
+void ZelSegmentedControl::step(int direction)
+{
+    const qsizetype from = m_selectsAny ? m_current : selectedSegment();
+    qsizetype segment = from < 0 ? (direction > 0 ? 0 : m_segments.size() - 1) : from + direction;
     while (segment >= 0 && segment < m_segments.size() && !m_segments.at(segment).enabled)
         segment += direction;
-    if (segment >= 0 && segment < m_segments.size())
+    if (segment < 0 || segment >= m_segments.size())
+        return;
+    if (!m_selectsAny) {
         choose(segment);
+        return;
+    }
+    m_current = segment;
+    update();
 }
 
 void ZelSegmentedControl::mousePressEvent(QMouseEvent *event)
@@ -191,12 +234,14 @@ void ZelSegmentedControl::initStyleOption(QStyleOptionToolButton *option, qsizet
     option->rect = segmentRect(segment);
     option->icon = shown.image;
     option->iconSize = ZelControlSize::imageSize;
-    option->toolButtonStyle = Qt::ToolButtonIconOnly;
+    option->text = shown.title;
+    option->toolButtonStyle = shown.image.isNull() ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly;
     option->subControls = QStyle::SC_ToolButton;
-    option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == std::max<qsizetype>(selectedSegment(), 0));
+    const qsizetype focused = m_selectsAny ? m_current : std::max<qsizetype>(selectedSegment(), 0);
+    option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == focused);
     option->state.setFlag(QStyle::State_MouseOver, false);
     option->state.setFlag(QStyle::State_Enabled, isEnabled() && m_editable && shown.enabled);
-    option->state.setFlag(QStyle::State_On, segment == selectedSegment());
+    option->state.setFlag(QStyle::State_On, isSegmentSelected(segment));
     option->state.setFlag(QStyle::State_Sunken, segment == m_pressed && m_isInside);
     option->state.setFlag(QStyle::State_Raised, !(option->state & (QStyle::State_On | QStyle::State_Sunken)));
 }

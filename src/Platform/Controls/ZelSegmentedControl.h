@@ -14,6 +14,9 @@ class QStyleOptionToolButton;
 ///
 /// The selected segment is a number, a selection marker or nothing: with the latter two no segment is selected. Arrow
 /// keys step to the neighbouring enabled segment.
+///
+/// Where each segment is selected by itself, a click toggles the segment; there is no selected index then. Arrow keys
+/// move to the neighbouring segment and the space key clicks it.
 class ZelSegmentedControl : public QWidget, public ZelBaselineProvider
 {
     Q_OBJECT
@@ -28,6 +31,9 @@ public:
     /// New segments are enabled and have no image, title or tool tip.
     void setSegmentCount(qsizetype count);
     void setImage(qsizetype segment, const QIcon &image);
+    QIcon image(qsizetype segment) const { return m_segments.at(segment).image; }
+    /// Shown where there is no image.
+    void setSegmentTitle(qsizetype segment, const QString &title);
     void setSegmentEnabled(qsizetype segment, bool enabled);
     bool isSegmentEnabled(qsizetype segment) const { return m_segments.at(segment).enabled; }
     /// Also the segment's accessible name.
@@ -38,6 +44,15 @@ public:
 
     QVariant selectedIndex() const { return m_selectedIndex; }
     void setSelectedIndex(const QVariant &index);
+
+    /// Whether each segment is selected by itself; false.
+    bool selectsAny() const { return m_selectsAny; }
+    void setSelectsAny(bool selectsAny);
+    bool isSegmentSelected(qsizetype segment) const;
+    /// Where each is selected by itself.
+    void setSegmentSelected(qsizetype segment, bool selected);
+    /// The segment that the user has clicked last; -1 before the first time.
+    qsizetype clickedSegment() const { return m_clicked; }
 
     /// Whether users may choose; true. Otherwise it looks disabled.
     bool isEditable() const { return m_editable; }
@@ -53,7 +68,7 @@ public:
 Q_SIGNALS:
     void selectedIndexChanged();
     void editableChanged();
-    /// The user has chosen another segment.
+    /// The user has chosen another segment, or toggled one.
     void valueEdited();
     /// Sent after valueEdited.
     void action();
@@ -71,9 +86,12 @@ private:
     struct Segment
     {
         QIcon image;
+        QString title;
         QString toolTip;
         bool enabled = true;
+        bool selected = false; // by itself
     };
+    void step(int direction);
     qsizetype selectedSegment() const;
     qsizetype segmentAt(const QPoint &position) const;
     void choose(qsizetype segment);
@@ -82,6 +100,9 @@ private:
     QList<Segment> m_segments;
     QVariant m_selectedIndex;
     qsizetype m_pressed = -1;
+    qsizetype m_clicked = -1;
+    qsizetype m_current = 0; // where the keyboard is, if each is selected by itself
+    bool m_selectsAny = false;
     bool m_isInside = false; // the pointer is over the pressed segment
     bool m_editable = true;
 };

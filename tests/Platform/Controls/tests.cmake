@@ -1,11 +1,13 @@
 zel_test(Platform/Controls/tst_ZelNumberFormatter zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelTextField zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelGrowingTextField zel_platformcontrols)
+zel_test(Platform/Controls/tst_ZelGrowingTextView zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelStepper zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelSlider zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelPopUpButton zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelCheckBox zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelControlAccessors zel_platformcontrols)
+zel_test(Platform/Controls/tst_ZelPopover zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelColorPanel zel_platformcontrols)
 
 zel_program(zel_control_gallery SOURCES Platform/Controls/gallery.cpp LIBRARIES zel_platformcontrols)
