@@ -62,15 +62,19 @@ Q_SIGNALS:
     void didShow();
     /// The content can still be seen, and what was being edited in it has been committed.
     void willClose();
-    /// Sent once for every didShow, whatever the reason.
+    /// Sent once for every willShow, whatever the reason.
     void didClose();
     void shownChanged();
 
 private:
     friend class ZelPopoverWindow;
+    class Closing;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void contentChangedSize();
     void contentWentAway();
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void widgetWasDestroyed(QObject *widget);
+    void windowWasHidden();
+    bool isOnAnchor(const QPoint &globalPosition) const;
     void finishClosing();
     void giveFocus();
     void place();

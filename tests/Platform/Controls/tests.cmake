@@ -9,5 +9,7 @@ zel_test(Platform/Controls/tst_ZelCheckBox zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelControlAccessors zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelPopover zel_platformcontrols)
 zel_test(Platform/Controls/tst_ZelColorPanel zel_platformcontrols)
+zel_test(Platform/Controls/tst_ZelDatePicker zel_platformcontrols)
+zel_test(Platform/Controls/tst_ZelComboBox zel_platformcontrols)
 
 zel_program(zel_control_gallery SOURCES Platform/Controls/gallery.cpp LIBRARIES zel_platformcontrols)
