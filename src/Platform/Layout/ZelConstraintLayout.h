@@ -73,9 +73,12 @@ public:
 
 private:
     friend class ZelLayoutConstraint;
+    friend class ZelLateLayouts;
     void constantDidChange(const ZelLayoutConstraint &constraint);
     void priorityDidChange();
     void tellAncestors() const;
+    void checkChildren();
+    bool isPlaced() const;
     bool placeChildren();
 
     struct Private; // the solver is heavy
