@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelGrowingTextEditor.h"
+#include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -398,9 +399,8 @@ int ZelGrowingTextField::heightForWidth(int width) const
     const QMargins margins = contentMargins();
     const int available = std::max(1, width - margins.left() - margins.right());
     const QString string = text();
-    const QFontMetrics metrics = fontMetrics();
-    int textHeight = metrics.height();
-    if (string.contains(QLatin1Char('\n')) || metrics.horizontalAdvance(string) >= available) {
+    int textHeight = fontMetrics().height();
+    if (string.contains(QLatin1Char('\n')) || ZelTextWidth(this, string) >= available) {
         QTextLayout layout(withLineSeparators(string), font());
         textHeight = std::max(textHeight, qCeil(layOut(&layout, available)));
     }
@@ -416,6 +416,8 @@ void ZelGrowingTextField::forgetMeasures()
 
 void ZelGrowingTextField::textMayNeedHeight()
 {
+    if (m_measuredWidth < 0)
+        return; // nobody has asked since
     const int former = m_measuredWidth == width() ? m_measuredHeight : -1;
     forgetMeasures();
     if (former != heightForWidth(width()))

@@ -5,6 +5,7 @@
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpMenu.h"
+#include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QActionEvent>
@@ -411,12 +412,11 @@ QSize ZelPopUpButton::sizeHint() const
 {
     if (m_sizeHint.isValid())
         return m_sizeHint;
-    const QFontMetrics metrics = fontMetrics();
     int widest = 0;
     const QList<QAction *> items = m_pullsDown ? actions().mid(0, 1) : actions();
     for (const QAction *item : items) {
         const int image = item->icon().isNull() ? 0 : ZelControlSize::imageSide + 4;
-        widest = std::max(widest, metrics.horizontalAdvance(ZelMenuItem::titleOf(item)) + image);
+        widest = std::max(widest, ZelTextWidth(this, ZelMenuItem::titleOf(item)) + image);
     }
     return m_sizeHint = sizeForTextWidth(widest + 1);
 }

@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -295,7 +296,7 @@ QString ZelTextField::elidedWhole() const
         return {};
     if (m_measuredText != string) {
         m_measuredText = string;
-        m_measuredWidth = fontMetrics().horizontalAdvance(string);
+        m_measuredWidth = ZelTextWidth(this, string);
     }
     // Most texts are far from filling the field; for those the style need not be asked.
     const bool fits = m_measuredWidth <= width() / 2 || m_measuredWidth <= textRect().width();

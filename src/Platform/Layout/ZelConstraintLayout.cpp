@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Layout/ZelConstraintLayout.h"
 
+#include "Platform/Layout/ZelLateLayouts.h"
 #include "Platform/Layout/ZelLayoutSystem.h"
 #include "Platform/Layout/ZelTextBaseline.h"
 #include "Platform/Runtime/ZelAssertions.h"
@@ -16,6 +17,7 @@ struct ZelConstraintLayout::Private
     QRect rect; // the last one given
     bool isPlacing = false;
     bool isOutdated = false; // another size arrived while placing
+    bool isLate = false;     // among the late layouts
 };
 
 namespace {
@@ -47,10 +49,14 @@ private:
 } // namespace
 
 ZelConstraintLayout::ZelConstraintLayout(QWidget *parent)
-    : QLayout(parent)
-    , d(std::make_unique<Private>(parent))
+    : d(std::make_unique<Private>(parent))
 {
+    // Invalid from the start: the widget's first show lays out then, without a request for each of many new widgets,
+    // which Qt would look for in the whole queue.
     setContentsMargins(0, 0, 0, 0);
+    parent->setLayout(this);
+    if (parent->isVisible())
+        QCoreApplication::postEvent(parent, new QEvent(QEvent::LayoutRequest));
 }
 
 ZelConstraintLayout::~ZelConstraintLayout()
@@ -167,7 +173,7 @@ int ZelConstraintLayout::count() const
 
 QLayoutItem *ZelConstraintLayout::itemAt(int index) const
 {
-    return index >= 0 && index < count() ? d->system.items()[size_t(index)].get() : nullptr;
+    return index >= 0 && index < count() ? &d->system.items()[size_t(index)] : nullptr;
 }
 
 QLayoutItem *ZelConstraintLayout::takeAt(int index)
@@ -238,7 +244,7 @@ bool ZelConstraintLayout::placeChildren()
     const PlacingGuard guard(this, d->isPlacing);
     const int generation = d->system.generation();
     for (size_t i = 0; i < places.size(); ++i) {
-        QWidget *child = d->system.items()[i]->widget();
+        QWidget *child = d->system.items()[i].widget();
         const QRect place = places[i].translated(contents.topLeft());
         if (!child || child->geometry() == place)
             continue;
@@ -255,8 +261,36 @@ void ZelConstraintLayout::invalidate()
 {
     d->system.childrenDidChange();
     tellAncestors();
-    if (!d->isPlacing)
+    if (d->isPlacing || d->isLate)
+        return;
+    if (d->system.isBeingShown()) {
+        d->isLate = true;
+        ZelLateLayouts::instance().add(this);
+    } else {
         QLayout::invalidate();
+    }
+}
+
+/// What a late layout does in place of a request.
+void ZelConstraintLayout::checkChildren()
+{
+    d->isLate = false;
+    if (d->system.update() || !isPlaced())
+        QLayout::invalidate();
+}
+
+bool ZelConstraintLayout::isPlaced() const
+{
+    if (!d->rect.isValid())
+        return false;
+    const QRect contents = d->rect.marginsRemoved(contentsMargins());
+    const std::vector<QRect> places = d->system.geometries(contents.size());
+    for (size_t i = 0; i < places.size(); ++i) {
+        const QWidget *child = d->system.items()[i].widget();
+        if (child && child->geometry() != places[i].translated(contents.topLeft()))
+            return false;
+    }
+    return true;
 }
 
 /// Qt tells a parent's layout of a change when the widget is shown, which is too late for one who asks before.

@@ -11,8 +11,8 @@
 /// How a child resists being made larger (hugging) or smaller (compression) than its size hint.
 ///
 /// Where nothing was set, a child with a constraint layout resists as its contents do, and one whose size policy is to
-/// expand has a hugging of 1. A size policy that forbids to grow counts 998 and one that forbids to shrink 999, whatever
-/// was set.
+/// expand has a hugging of 1. A size policy that forbids to grow counts 998 and one that forbids to shrink 999,
+/// whatever was set.
 struct ZelLayoutPriorities
 {
     ZelLayoutPriority horizontalHugging = 250;
@@ -73,9 +73,12 @@ public:
 
 private:
     friend class ZelLayoutConstraint;
+    friend class ZelLateLayouts;
     void constantDidChange(const ZelLayoutConstraint &constraint);
     void priorityDidChange();
     void tellAncestors() const;
+    void checkChildren();
+    bool isPlaced() const;
     bool placeChildren();
 
     struct Private; // the solver is heavy

@@ -61,11 +61,9 @@ void ZelLayoutSystem::sweep(const ZelConstraintLayout *layout)
 
 std::unique_ptr<ZelLayoutItem> ZelLayoutSystem::takeItem(size_t index)
 {
-    std::unique_ptr<ZelLayoutItem> item = std::move(m_items[index]);
-    m_items.erase(m_items.begin() + ptrdiff_t(index));
     ++m_generation;
     m_isCompiled = false;
-    return item;
+    return m_items.take(index);
 }
 
 void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
@@ -80,6 +78,14 @@ void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
 ZelLayoutSide &ZelLayoutSystem::sideOf(const ZelLayoutConstraint &constraint)
 {
     return ZelLayoutConstraint::isVertical(constraint.firstAttribute()) ? m_vertical : m_horizontal;
+}
+
+bool ZelLayoutSystem::isBeingShown() const
+{
+    if (m_items.size() == 0 || !m_container->isVisible())
+        return false;
+    const QWidget *last = m_items[m_items.size() - 1].widget(); // as a rule, it becomes visible after the others
+    return !last->isHidden() && !last->isVisible();
 }
 
 bool ZelLayoutSystem::update()
@@ -138,16 +144,11 @@ void ZelLayoutSystem::compile()
     m_haveChildrenChanged = true;
     m_direction = m_container->layoutDirection();
     m_formerItems = std::exchange(m_items, {});
-    m_formerIndexes.clear();
-    for (size_t i = 0; i < m_formerItems.size(); ++i)
-        m_formerIndexes.insert(m_formerItems[i]->widget(), int(i));
-    m_indexes.clear();
     m_horizontal.clear();
     m_vertical.clear();
     for (const ZelLayoutConstraint::Ptr &constraint : qAsConst(m_constraints))
         compileConstraint(*constraint);
-    m_formerItems.clear();
-    m_formerIndexes.clear();
+    m_formerItems = {};
     m_horizontal.finish(int(m_items.size()));
     m_vertical.finish(int(m_items.size()));
     forgetSolutions();
@@ -231,12 +232,11 @@ QWidget *ZelLayoutSystem::directChild(QWidget *descendant) const
 
 int ZelLayoutSystem::itemFor(QWidget *child)
 {
-    const auto known = m_indexes.constFind(child);
-    if (known != m_indexes.cend())
-        return *known;
-    const int former = m_formerIndexes.value(child, -1);
-    m_items.push_back(former >= 0 ? std::move(m_formerItems[size_t(former)]) : std::make_unique<ZelLayoutItem>(child));
-    return *m_indexes.insert(child, int(m_items.size()) - 1);
+    const int known = m_items.indexOf(child);
+    if (known >= 0)
+        return known;
+    const int former = m_formerItems.indexOf(child);
+    return m_items.append(former >= 0 ? m_formerItems.release(former) : std::make_unique<ZelLayoutItem>(child));
 }
 
 // ---- solutions
@@ -362,7 +362,7 @@ const ZelLayoutBoxes &ZelLayoutSystem::verticalBoxes(int width)
     const ZelLayoutSpans &spans = horizontal(width);
     m_boxesForWidth.resize(m_items.size());
     for (size_t i = 0; i < m_items.size(); ++i)
-        m_boxesForWidth[i] = m_items[i]->verticalForWidth(snappedRect(spans[i], {}).width());
+        m_boxesForWidth[i] = m_items[i].verticalForWidth(snappedRect(spans[i], {}).width());
     m_boxesWidth = width;
     return m_boxesForWidth;
 }
@@ -381,8 +381,8 @@ std::vector<QRect> ZelLayoutSystem::geometries(const QSize &size)
 QRect ZelLayoutSystem::geometryOf(const QWidget *child, const QSize &size)
 {
     update();
-    const auto index = m_indexes.constFind(child);
-    if (index == m_indexes.cend())
+    const int index = m_items.indexOf(child);
+    if (index < 0)
         return child->geometry();
-    return snappedRect(horizontal(size.width())[size_t(*index)], vertical(size)[size_t(*index)]);
+    return snappedRect(horizontal(size.width())[size_t(index)], vertical(size)[size_t(index)]);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Layout/ZelLayoutItem.h"
+#include "Platform/Layout/ZelLayoutItems.h"
 #include "Platform/Layout/ZelLayoutSide.h"
 
 /// The children and constraints of one container, brought down to its two axes, and their solutions.
@@ -20,7 +20,7 @@ public:
     void add(const ZelLayoutConstraint::Ptr &constraint);
     /// Removes all constraints that do not belong to the layout any more.
     void sweep(const ZelConstraintLayout *layout);
-    const std::vector<std::unique_ptr<ZelLayoutItem>> &items() const { return m_items; }
+    const ZelLayoutItems &items() const { return m_items; }
     std::unique_ptr<ZelLayoutItem> takeItem(size_t index);
     /// Differs as soon as the items do.
     int generation() const { return m_generation; }
@@ -29,6 +29,9 @@ public:
     void constantDidChange(const ZelLayoutConstraint &constraint);
     /// What the children want must be read again. False if that was known.
     bool childrenDidChange() { return !std::exchange(m_haveChildrenChanged, true); }
+
+    /// Whether the container is visible and its children are on the way to being it.
+    bool isBeingShown() const;
 
     /// Reads what must be read again; true if something is different from before.
     bool update();
@@ -64,10 +67,8 @@ private:
 
     QWidget *m_container;
     QList<ZelLayoutConstraint::Ptr> m_constraints;
-    std::vector<std::unique_ptr<ZelLayoutItem>> m_items; // in the order in which constraints name them
-    QHash<const QWidget *, int> m_indexes;
-    std::vector<std::unique_ptr<ZelLayoutItem>> m_formerItems; // while compiling
-    QHash<const QWidget *, int> m_formerIndexes;
+    ZelLayoutItems m_items;
+    ZelLayoutItems m_formerItems; // while compiling
     ZelLayoutSide m_horizontal;
     ZelLayoutSide m_vertical;
     ZelLayoutSpans m_widths;

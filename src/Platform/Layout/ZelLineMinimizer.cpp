@@ -10,7 +10,7 @@
 
 void ZelLineMinimizer::reset()
 {
-    m_levels.clear();
+    m_goals.clear();
     m_lower = -std::numeric_limits<double>::infinity();
     m_upper = std::numeric_limits<double>::infinity();
 }
@@ -19,23 +19,23 @@ void ZelLineMinimizer::addGoal(double factor, double constant, Relation relation
 {
     if (factor == 0)
         return;
-    // There are few different priorities, so a search from the last one used is faster than a map.
-    auto level =
-        std::find_if(m_levels.rbegin(), m_levels.rend(), [&](const Level &l) { return l.priority == priority; });
-    if (level == m_levels.rend()) {
-        m_levels.push_back({priority, {}});
-        level = m_levels.rbegin();
-    }
-    level->goals.push_back({factor, constant, relation});
+    if (m_goals.empty())
+        m_goals.reserve(16); // those of a few boxes
+    m_goals.push_back({priority, int(m_goals.size()), factor, constant, relation});
 }
 
 void ZelLineMinimizer::advance(float downTo)
 {
-    std::sort(m_levels.begin(), m_levels.end(), [](const Level &a, const Level &b) { return a.priority > b.priority; });
-    auto level = m_levels.begin();
-    for (; level != m_levels.end() && level->priority >= downTo; ++level)
-        narrow(level->goals);
-    m_levels.erase(m_levels.begin(), level);
+    std::sort(m_goals.begin(), m_goals.end(), [](const Goal &a, const Goal &b) {
+        return a.priority != b.priority ? a.priority > b.priority : a.place < b.place;
+    });
+    auto goal = m_goals.begin();
+    while (goal != m_goals.end() && goal->priority >= downTo) {
+        const auto level = goal;
+        goal = std::find_if(level, m_goals.end(), [&](const Goal &other) { return other.priority != level->priority; });
+        narrow({level, goal});
+    }
+    m_goals.erase(m_goals.begin(), goal);
 }
 
 double ZelLineMinimizer::value() const
@@ -53,7 +53,7 @@ double ZelLineMinimizer::Goal::slopeAt(double x) const
     return resistsShrinking() ? -std::abs(factor) : 0;
 }
 
-void ZelLineMinimizer::narrow(const std::vector<Goal> &goals)
+void ZelLineMinimizer::narrow(Goals goals)
 {
     if (m_lower >= m_upper)
         return;
@@ -63,10 +63,10 @@ void ZelLineMinimizer::narrow(const std::vector<Goal> &goals)
         return narrowOneSided(goals, false);
     narrowBetween(goals);
     for (size_t i = 0; i < goals.size() && goals.size() > 1 && m_lower < m_upper; ++i)
-        narrowBetween({goals[i]});
+        narrowBetween(goals.subspan(i, 1));
 }
 
-void ZelLineMinimizer::narrowOneSided(const std::vector<Goal> &goals, bool growing)
+void ZelLineMinimizer::narrowOneSided(Goals goals, bool growing)
 {
     const auto byZero = [](const Goal &a, const Goal &b) { return a.zero() < b.zero(); };
     if (growing)
@@ -75,9 +75,10 @@ void ZelLineMinimizer::narrowOneSided(const std::vector<Goal> &goals, bool growi
         m_lower = std::clamp(std::max_element(goals.begin(), goals.end(), byZero)->zero(), m_lower, m_upper);
 }
 
-void ZelLineMinimizer::narrowBetween(const std::vector<Goal> &goals)
+void ZelLineMinimizer::narrowBetween(Goals goals)
 {
-    std::vector<double> points;
+    std::vector<double> &points = m_points;
+    points.clear();
     for (const Goal &goal : goals) {
         if (goal.zero() > m_lower && goal.zero() < m_upper)
             points.push_back(goal.zero());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <limits>
+#include <span>
 #include <vector>
 
 /// Lexicographic goals over a single number: the case of one unknown of ZelConstraintSolver, without a tableau.
@@ -26,6 +27,8 @@ public:
 private:
     struct Goal
     {
+        float priority = 0;
+        int place = 0; // in the order of adding
         double factor = 1;
         double constant = 0;
         Relation relation = Equal;
@@ -35,17 +38,14 @@ private:
         bool resistsShrinking() const { return relation == Equal || (relation == NotAbove) != (factor > 0); }
         double slopeAt(double x) const;
     };
-    struct Level
-    {
-        float priority = 0;
-        std::vector<Goal> goals;
-    };
+    using Goals = std::span<const Goal>;
 
-    void narrow(const std::vector<Goal> &goals);
-    void narrowOneSided(const std::vector<Goal> &goals, bool growing);
-    void narrowBetween(const std::vector<Goal> &goals);
+    void narrow(Goals goals);
+    void narrowOneSided(Goals goals, bool growing);
+    void narrowBetween(Goals goals);
 
-    std::vector<Level> m_levels;
+    std::vector<Goal> m_goals;    // those not yet taken in
+    std::vector<double> m_points; // of one step
     double m_lower = -std::numeric_limits<double>::infinity();
     double m_upper = std::numeric_limits<double>::infinity();
 };

@@ -75,25 +75,20 @@ public:
         , m_old(old)
     {
     }
-    QVariant newValue() const override
+    const QVariant &newValue() const override
     {
         if (!m_new)
             m_new = m_chain.value();
         return *m_new;
     }
-    QVariant oldValue() const override { return m_old; }
-    bool changed() const override
-    {
-        if (!m_changed)
-            m_changed = ZelNotEqual(m_old, newValue());
-        return *m_changed;
-    }
+    const QVariant &oldValue() const override { return m_old; }
 
 private:
+    bool areValuesDifferent() const override { return ZelNotEqual(m_old, newValue()); }
+
     const ZelKeyPathChain &m_chain;
     QVariant m_old;
     mutable std::optional<QVariant> m_new;
-    mutable std::optional<bool> m_changed;
 };
 
 ZelKeyPathChain::ZelKeyPathChain(QObject *root, ZelKeyValueObserver *observer, const ZelKeyPath &path,

@@ -86,18 +86,6 @@ ZelKeyValueChange &ZelKeyValueChange::operator=(const ZelKeyValueChange &other)
     return *this;
 }
 
-bool ZelKeyValueChange::hasNew() const
-{
-    return m_source ? (m_options & ZelKeyValueObservingOptionNew) && !m_isPrior && m_kind != ZelKeyValueChangeRemoval
-                    : m_new.has_value();
-}
-
-bool ZelKeyValueChange::hasOld() const
-{
-    return m_source ? (m_options & ZelKeyValueObservingOptionOld) && m_kind != ZelKeyValueChangeInsertion
-                    : m_old.has_value();
-}
-
 QVariant ZelKeyValueChange::keyValueChangeNew() const
 {
     if (!hasNew())
@@ -117,10 +105,8 @@ std::optional<ZelIndexSet> ZelKeyValueChange::keyValueChangeIndexes() const
     return m_sharedIndexes ? std::optional(*m_sharedIndexes) : m_indexes;
 }
 
-bool ZelKeyValueChange::keyValueChanged() const
+bool ZelKeyValueChange::areValuesDifferent() const
 {
-    if (m_source && hasNew() && hasOld())
-        return m_source->changed();
     return ZelNotEqual(keyValueChangeOld(), keyValueChangeNew());
 }
 

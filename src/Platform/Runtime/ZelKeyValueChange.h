@@ -27,10 +27,21 @@ class ZelKeyValueChangeSource
 {
 public:
     virtual ~ZelKeyValueChangeSource() = default;
-    virtual QVariant newValue() const = 0;
-    virtual QVariant oldValue() const = 0;
+    virtual const QVariant &newValue() const = 0;
+    virtual const QVariant &oldValue() const = 0;
     /// Whether old and new differ; worked out once a change.
-    virtual bool changed() const = 0;
+    bool changed() const
+    {
+        if (m_changed == Unknown)
+            m_changed = areValuesDifferent() ? Yes : No;
+        return m_changed == Yes;
+    }
+
+protected:
+    virtual bool areValuesDifferent() const = 0;
+
+private:
+    mutable enum : quint8 { Unknown, Yes, No } m_changed = Unknown;
 };
 
 /// A change as one observer sees it: old and new value only where it asked for them.
@@ -64,11 +75,23 @@ public:
     QVariant keyValueChangeOld() const;
     std::optional<ZelIndexSet> keyValueChangeIndexes() const;
     bool isPrior() const { return m_isPrior; }
-    bool hasNew() const;
-    bool hasOld() const;
+    bool hasNew() const
+    {
+        return m_source
+                   ? (m_options & ZelKeyValueObservingOptionNew) && !m_isPrior && m_kind != ZelKeyValueChangeRemoval
+                   : m_new.has_value();
+    }
+    bool hasOld() const
+    {
+        return m_source ? (m_options & ZelKeyValueObservingOptionOld) && m_kind != ZelKeyValueChangeInsertion
+                        : m_old.has_value();
+    }
 
     /// Whether old and new differ; two absent values do not.
-    bool keyValueChanged() const;
+    bool keyValueChanged() const
+    {
+        return m_source && hasNew() && hasOld() ? m_source->changed() : areValuesDifferent();
+    }
 
     /// The objects in new but not in old, and in old but not in new, each once, in their order. Nothing when the first
     /// operand (new, or old) is absent. Throws a ZelException named "Illegal state" with the reason "Unsupported type
@@ -80,6 +103,9 @@ public:
     void mergeLaterChange(const ZelKeyValueChange &later);
 
 private:
+    friend class ZelObservedKey; // shows one change to all its observers, to each with its own options
+    bool areValuesDifferent() const;
+
     quint32 m_kind = 0;
     ZelKeyValueObservingOptions m_options = 0;
     bool m_isPrior = false;

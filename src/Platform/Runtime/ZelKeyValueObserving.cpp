@@ -4,16 +4,6 @@
 #include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelSilentKeys.h"
 
-namespace {
-
-ZelObservedKey *observedKey(const QObject *object, ZelKey key)
-{
-    const ZelObjectRecord *record = ZelObjectRecord::find(object);
-    return record ? record->observedKey(key) : nullptr;
-}
-
-} // namespace
-
 void ZelAddObserver(QObject *object, ZelKeyValueObserver *observer, const ZelKeyPath &keyPath,
                     ZelKeyValueObservingOptions options, const void *context)
 {
@@ -29,31 +19,31 @@ void ZelRemoveObserver(QObject *object, ZelKeyValueObserver *observer, const Zel
 
 bool ZelIsObserved(const QObject *object, ZelKey key)
 {
-    const ZelObservedKey *observed = observedKey(object, key);
+    const ZelObservedKey *observed = ZelObjectRecord::observedKey(object, key);
     return observed && observed->isObserved();
 }
 
 void ZelWillChangeValueForKey(QObject *object, ZelKey key)
 {
-    if (ZelObservedKey *observed = observedKey(object, key))
+    if (ZelObservedKey *observed = ZelObjectRecord::observedKey(object, key))
         observed->willChange(ZelKeyValueChangeSetting, nullptr, true);
 }
 
 void ZelDidChangeValueForKey(QObject *object, ZelKey key)
 {
-    if (ZelObservedKey *observed = observedKey(object, key))
+    if (ZelObservedKey *observed = ZelObjectRecord::observedKey(object, key))
         observed->didChange(ZelKeyValueChangeSetting, nullptr, true);
 }
 
 void ZelWillChangeValueForKey(QObject *object, ZelKeyValueChangeKind kind, const ZelIndexSet &indexes, ZelKey key)
 {
-    if (ZelObservedKey *observed = observedKey(object, key))
+    if (ZelObservedKey *observed = ZelObjectRecord::observedKey(object, key))
         observed->willChange(kind, &indexes, true);
 }
 
 void ZelDidChangeValueForKey(QObject *object, ZelKeyValueChangeKind kind, const ZelIndexSet &indexes, ZelKey key)
 {
-    if (ZelObservedKey *observed = observedKey(object, key))
+    if (ZelObservedKey *observed = ZelObjectRecord::observedKey(object, key))
         observed->didChange(kind, &indexes, true);
 }
 

@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+class ZelObservedKey;
+
 /// Receives changes. An observer must remove itself from what it observes before it dies; an observed object may die at
 /// any time, and removing an observer from a dead object is a no-op as long as the QObject pointer is not used: keep a
 /// QPointer and skip the call.
@@ -51,16 +53,15 @@ void ZelRereadSilentProperties();
 class ZelValueChange
 {
 public:
-    ZelValueChange(QObject *object, ZelKey key)
-        : m_object(object)
-        , m_key(key)
-    {
-        ZelWillChangeValueForKey(object, key);
-    }
-    ~ZelValueChange() { ZelDidChangeValueForKey(m_object, m_key); }
+    ZelValueChange(QObject *object, ZelKey key);
+    ~ZelValueChange();
     Q_DISABLE_COPY_MOVE(ZelValueChange)
 
+protected:
+    /// `byObject`: whether it is the object's own announcement, after which its signal is no longer listened to.
+    ZelValueChange(QObject *object, ZelKey key, bool byObject);
+
 private:
-    QObject *m_object;
-    ZelKey m_key;
+    ZelObservedKey *m_observed; // held, since the object may die meanwhile; null if nobody observes the key
+    bool m_byObject;
 };

@@ -12,13 +12,16 @@ public:
 
     QVariant read(const QObject *object) const override;
     bool write(QObject *object, const QVariant &value) const override;
-    bool isWritable() const override { return m_property.isWritable(); }
+    bool isWritable() const override { return m_isWritable; }
     QMetaType type() const override { return m_type; }
     bool readTyped(const QObject *object, void *value) const override;
     bool writeTyped(QObject *object, const void *value) const override;
     int notifySignalIndex() const override { return m_notifySignalIndex; }
 
 private:
+    using Reader = QVariant (ZelMetaPropertyAccessor::*)(const QObject *) const;
+    static Reader readerFor(int type);
+    template<typename Type> QVariant readAs(const QObject *object) const;
     void call(const QObject *object, QMetaObject::Call kind, void **arguments) const;
 
     QMetaProperty m_property;
@@ -26,5 +29,7 @@ private:
     const QMetaObject *m_class;
     int m_localIndex;
     int m_notifySignalIndex; // asked for with every signal: working it out walks up the classes
-    bool m_isDirect;         // values of type() can be passed as they are
+    bool m_isWritable;
+    bool m_isDirect; // values of type() can be passed as they are
+    Reader m_reader; // null for the types that are read in the general way
 };

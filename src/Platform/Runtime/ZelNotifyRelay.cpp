@@ -74,11 +74,11 @@ void ZelNotifyRelay::stopListening(const ZelObservedKey &key)
 
 int ZelNotifyRelay::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
-    id = QObject::qt_metacall(call, id, arguments);
-    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
-        return id;
-    if (size_t(id) < m_signals.size() && m_signals[id].index >= 0)
-        deliver(m_signals[id].index);
+    if (id < g_firstMethod || call != QMetaObject::InvokeMetaMethod)
+        return QObject::qt_metacall(call, id, arguments);
+    const size_t place = size_t(id - g_firstMethod);
+    if (place < m_signals.size() && m_signals[place].index >= 0)
+        deliver(m_signals[place].index);
     return -1;
 }
 

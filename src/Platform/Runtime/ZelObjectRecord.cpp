@@ -11,6 +11,23 @@
 #include <algorithm>
 #include <array>
 
+namespace {
+
+/// The records found last, at a place that follows from the object's address.
+struct Slot
+{
+    const QObject *object;
+    ZelObjectRecord *record;
+};
+constinit std::array<Slot, 256> g_slots{};
+
+Slot &slotOf(const QObject *object)
+{
+    return g_slots[(reinterpret_cast<quintptr>(object) >> 4) % g_slots.size()];
+}
+
+} // namespace
+
 /// Finds the records, and ends them with their objects: one receiver for the `destroyed` signals of all objects.
 class ZelObjectRecordTable : public QObject
 {
@@ -21,17 +38,11 @@ public:
         return *table;
     }
 
-    ZelObjectRecord *find(const QObject *object)
-    {
-        Slot &slot = slotOf(object);
-        if (slot.object != object)
-            slot = {object, m_records.value(object)};
-        return slot.record;
-    }
+    ZelObjectRecord *find(const QObject *object) const { return m_records.value(object); }
 
     ZelObjectRecord &of(QObject *object)
     {
-        if (ZelObjectRecord *record = find(object))
+        if (ZelObjectRecord *record = ZelObjectRecord::find(object))
             return *record;
         auto *record = new ZelObjectRecord(object);
         m_records.insert(object, record);
@@ -51,14 +62,6 @@ public:
     }
 
 private:
-    struct Slot
-    {
-        const QObject *object = nullptr;
-        ZelObjectRecord *record = nullptr;
-    };
-
-    Slot &slotOf(const QObject *object) { return m_cache[(reinterpret_cast<quintptr>(object) >> 4) % m_cache.size()]; }
-
     void end(const QObject *object)
     {
         ZelObjectRecord *record = m_records.take(object);
@@ -67,12 +70,14 @@ private:
     }
 
     QHash<const QObject *, ZelObjectRecord *> m_records;
-    std::array<Slot, 256> m_cache;
 };
 
 ZelObjectRecord *ZelObjectRecord::find(const QObject *object)
 {
-    return ZelObjectRecordTable::instance().find(object);
+    Slot &slot = slotOf(object);
+    if (slot.object != object)
+        slot = {object, ZelObjectRecordTable::instance().find(object)};
+    return slot.record;
 }
 
 ZelObjectRecord &ZelObjectRecord::of(QObject *object)
@@ -80,10 +85,15 @@ ZelObjectRecord &ZelObjectRecord::of(QObject *object)
     return ZelObjectRecordTable::instance().of(object);
 }
 
-bool ZelObjectRecord::announcesItself(const QObject *object, ZelKey key)
+ZelObservedKey *ZelObjectRecord::observedKey(const QObject *object, ZelKey key)
 {
     const ZelObjectRecord *record = find(object);
-    const ZelObservedKey *observed = record ? record->observedKey(key) : nullptr;
+    return record ? record->observedKey(key) : nullptr;
+}
+
+bool ZelObjectRecord::announcesItself(const QObject *object, ZelKey key)
+{
+    const ZelObservedKey *observed = observedKey(object, key);
     return observed && observed->announcesItself();
 }
 
@@ -99,15 +109,6 @@ ZelObjectRecord::~ZelObjectRecord()
     for (ZelObservedKey *key : std::exchange(m_keys, {}))
         key->orphan();
     m_associated.clear();
-}
-
-ZelObservedKey *ZelObjectRecord::observedKey(ZelKey key) const
-{
-    for (ZelObservedKey *observed : m_keys) {
-        if (observed->key() == key)
-            return observed;
-    }
-    return nullptr;
 }
 
 void ZelObjectRecord::addObserver(const ZelObservedKey::Registration &registration)
@@ -184,20 +185,29 @@ void ZelObjectRecord::setAssociatedValue(const std::shared_ptr<void> &value, con
         m_associated.erase(known);
 }
 
-ZelGuardedValueChange::ZelGuardedValueChange(QObject *object, ZelKey key)
+ZelValueChange::ZelValueChange(QObject *object, ZelKey key, bool byObject)
+    : m_observed(ZelObjectRecord::observedKey(object, key))
+    , m_byObject(byObject)
 {
-    const ZelObjectRecord *record = ZelObjectRecord::find(object);
-    m_key = record ? record->observedKey(key) : nullptr;
-    if (!m_key)
+    if (!m_observed)
         return;
-    m_hold = std::make_unique<ZelObservedKey::Hold>(m_key);
-    m_key->willChange(ZelKeyValueChangeSetting, nullptr, false);
+    const ZelObservedKey::Hold hold(m_observed);
+    m_observed->willChange(ZelKeyValueChangeSetting, nullptr, byObject);
+    m_observed->retain(); // not before: if an observer throws, there is no end of this announcement
 }
 
-ZelGuardedValueChange::~ZelGuardedValueChange()
+ZelValueChange::ZelValueChange(QObject *object, ZelKey key)
+    : ZelValueChange(object, key, true)
 {
-    if (m_key)
-        m_key->didChange(ZelKeyValueChangeSetting, nullptr, false);
+}
+
+ZelValueChange::~ZelValueChange()
+{
+    if (!m_observed)
+        return;
+    const ZelObservedKey::Hold hold(m_observed);
+    m_observed->release();
+    m_observed->didChange(ZelKeyValueChangeSetting, nullptr, m_byObject);
 }
 
 void ZelAssociatedObjects::setAssociatedValue(const std::shared_ptr<void> &value, const void *key)

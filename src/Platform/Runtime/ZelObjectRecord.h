@@ -19,12 +19,21 @@ public:
     /// Null for an object that nothing is kept about.
     static ZelObjectRecord *find(const QObject *object);
     static ZelObjectRecord &of(QObject *object);
+    /// Null if nobody has observed the key of that object yet.
+    static ZelObservedKey *observedKey(const QObject *object, ZelKey key);
     /// Whether the object announces changes of an observed key itself.
     static bool announcesItself(const QObject *object, ZelKey key);
 
     QObject *object() const { return m_object; }
     /// Null if nobody has observed the key yet.
-    ZelObservedKey *observedKey(ZelKey key) const;
+    ZelObservedKey *observedKey(ZelKey key) const
+    {
+        for (ZelObservedKey *observed : m_keys) {
+            if (observed->key() == key)
+                return observed;
+        }
+        return nullptr;
+    }
 
     void addObserver(const ZelObservedKey::Registration &registration);
     void removeObserver(ZelKeyValueObserver *observer, const ZelKeyPath &path, const void *context);
@@ -49,14 +58,11 @@ private:
 };
 
 /// Announces a write made from outside to a property that cannot announce it.
-class ZelGuardedValueChange
+class ZelGuardedValueChange : public ZelValueChange
 {
 public:
-    ZelGuardedValueChange(QObject *object, ZelKey key);
-    ~ZelGuardedValueChange();
-    Q_DISABLE_COPY_MOVE(ZelGuardedValueChange)
-
-private:
-    ZelObservedKey *m_key = nullptr;
-    std::unique_ptr<ZelObservedKey::Hold> m_hold;
+    ZelGuardedValueChange(QObject *object, ZelKey key)
+        : ZelValueChange(object, key, false)
+    {
+    }
 };

@@ -8,36 +8,28 @@
 
 #include <algorithm>
 
-/// The values of a change at this key. The new value is read when the first observer asks, and once.
+/// The values of a change at this key; the old one is the caller's. The new value is read when the first observer asks,
+/// and once.
 class ZelObservedKey::Source : public ZelKeyValueChangeSource
 {
 public:
-    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, QVariant old)
+    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const QVariant &old)
         : m_key(key)
         , m_kind(kind)
         , m_indexes(indexes)
-        , m_old(std::move(old))
+        , m_old(old)
     {
     }
 
-    QVariant newValue() const override
+    const QVariant &newValue() const override
     {
-        if (!m_isRead) {
-            m_isRead = true;
-            if (!m_key.m_isOrphan)
-                m_new = m_kind == ZelKeyValueChangeSetting   ? m_key.read()
-                        : m_kind == ZelKeyValueChangeRemoval ? QVariant()
-                                                             : m_key.elementsAt(*m_indexes);
-        }
+        if (!std::exchange(m_isRead, true) && !m_key.m_isOrphan)
+            m_new = m_kind == ZelKeyValueChangeSetting   ? m_key.read()
+                    : m_kind == ZelKeyValueChangeRemoval ? QVariant()
+                                                         : m_key.elementsAt(*m_indexes);
         return m_new;
     }
-    QVariant oldValue() const override { return m_old; }
-    bool changed() const override
-    {
-        if (m_changed < 0)
-            m_changed = ZelNotEqual(m_old, newValue());
-        return m_changed;
-    }
+    const QVariant &oldValue() const override { return m_old; }
     void setNewValue(const QVariant &value)
     {
         m_new = value;
@@ -45,13 +37,14 @@ public:
     }
 
 private:
+    bool areValuesDifferent() const override { return ZelNotEqual(m_old, newValue()); }
+
     const ZelObservedKey &m_key;
     ZelKeyValueChangeKind m_kind;
     const ZelIndexSet *m_indexes;
-    QVariant m_old;
+    const QVariant &m_old;
     mutable QVariant m_new;
     mutable bool m_isRead = false;
-    mutable signed char m_changed = -1;
 };
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
@@ -92,7 +85,12 @@ QVariant ZelObservedKey::read() const
 {
     if (m_interface)
         return ZelPresent(m_interface->valueForKeyPath(ZelKeyPath(m_key)));
-    return accessor() ? ZelPresent(m_accessor->read(m_object)) : QVariant();
+    if (!accessor())
+        return {};
+    QVariant value = m_accessor->read(m_object);
+    if (ZelIsAbsent(value))
+        value.clear();
+    return value;
 }
 
 QVariant ZelObservedKey::elementsAt(const ZelIndexSet &indexes) const
@@ -119,9 +117,11 @@ void ZelObservedKey::add(const Registration &registration)
         rememberValue();
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
-        const Source source(*this, ZelKeyValueChangeSetting, nullptr, {});
+        const QVariant none;
+        const Source source(*this, ZelKeyValueChangeSetting, nullptr, none);
         const ZelKeyValueObservingOptions options = registration.options & ~ZelKeyValueObservingOptionOld;
-        deliverTo(registration, ZelKeyValueChange(ZelKeyValueChangeSetting, &source, options, nullptr, false));
+        const ZelKeyValueChange change(ZelKeyValueChangeSetting, &source, options, nullptr, false);
+        registration.observer->observeValueForKeyPath(registration.path, m_object, change, registration.context);
     }
 }
 
@@ -168,20 +168,17 @@ void ZelObservedKey::rememberValue()
     m_last = read();
 }
 
-void ZelObservedKey::deliverTo(const Registration &registration, const ZelKeyValueChange &change)
-{
-    const ZelKeyPath path = registration.path; // the registration may move while the observer runs
-    registration.observer->observeValueForKeyPath(path, m_object, change, registration.context);
-}
-
 void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, const ZelIndexSet *indexes, bool isPrior)
 {
+    ZelKeyValueChange change(kind, &source, 0, indexes, isPrior);
     const size_t count = m_registrations.size(); // later ones do not get this change
     for (size_t i = 0; i < count && !m_isOrphan; ++i) {
         const Registration &registration = m_registrations[i];
         if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
             continue;
-        deliverTo(registration, ZelKeyValueChange(kind, &source, registration.options, indexes, isPrior));
+        change.m_options = registration.options;
+        const ZelKeyPath path = registration.path; // the registration may move while the observer runs
+        registration.observer->observeValueForKeyPath(path, m_object, change, registration.context);
     }
 }
 
@@ -192,14 +189,16 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     if (!isObserved())
         return;
     const Hold hold(this);
-    QVariant old;
-    if (m_oldObservers > 0)
-        old = kind == ZelKeyValueChangeSetting     ? read()
-              : kind == ZelKeyValueChangeInsertion ? QVariant()
-                                                   : elementsAt(*indexes);
-    m_pendingOld.push_back(old);
+    const int announcement = ++m_announcements;
+    if (m_oldObservers > 0) {
+        QVariant old = kind == ZelKeyValueChangeSetting     ? read()
+                       : kind == ZelKeyValueChangeInsertion ? QVariant()
+                                                            : elementsAt(*indexes);
+        m_pendingOld.push_back({announcement, std::move(old)}); // reading may itself announce changes, and end them
+    }
     if (m_priorObservers == 0)
         return;
+    const QVariant old = m_pendingOld.empty() ? QVariant() : m_pendingOld.back().value;
     Source source(*this, kind, indexes, old);
     source.setNewValue({});
     deliver(kind, source, indexes, true);
@@ -220,24 +219,31 @@ void ZelObservedKey::beginAnnouncing()
 
 void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
 {
-    if (m_pendingOld.empty())
+    if (m_announcements == 0 || m_isOrphan)
         return;
     const Hold hold(this);
-    Source source(*this, kind, indexes, m_pendingOld.back());
-    m_pendingOld.pop_back();
+    QVariant old;
+    if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements) {
+        old.swap(m_pendingOld.back().value);
+        m_pendingOld.pop_back();
+    }
+    --m_announcements;
     if (!isObserved() || (!byObject && m_announcesItself))
         return;
     if (m_remembers)
         m_last = read();
+    const Source source(*this, kind, indexes, old);
     deliver(kind, source, indexes, false);
 }
 
 void ZelObservedKey::notified()
 {
-    if (!isObserved() || m_announcesItself || !m_pendingOld.empty())
+    if (!isObserved() || m_announcesItself || m_announcements > 0)
         return;
     const Hold hold(this);
-    Source source(*this, ZelKeyValueChangeSetting, nullptr, std::exchange(m_last, QVariant()));
+    QVariant old;
+    old.swap(m_last);
+    Source source(*this, ZelKeyValueChangeSetting, nullptr, old);
     if (m_priorObservers > 0)
         deliver(ZelKeyValueChangeSetting, source, nullptr, true);
     if (m_remembers) {
@@ -266,13 +272,11 @@ void ZelObservedKey::orphan()
     const Hold hold(this); // deletes the key unless a delivery still holds it
 }
 
-void ZelObservedKey::release()
+void ZelObservedKey::releaseLast()
 {
-    if (--m_holds > 0)
-        return;
     if (m_isOrphan)
         delete this;
-    else if (m_needsSweep)
+    else
         sweep();
 }
 

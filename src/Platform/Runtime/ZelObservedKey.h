@@ -32,7 +32,7 @@ public:
         explicit Hold(ZelObservedKey *key)
             : m_key(key)
         {
-            ++m_key->m_holds;
+            m_key->retain();
         }
         ~Hold() { m_key->release(); }
         Q_DISABLE_COPY_MOVE(Hold)
@@ -42,6 +42,12 @@ public:
     };
 
     ZelObservedKey(QObject *object, ZelKey key);
+    void retain() { ++m_holds; }
+    void release()
+    {
+        if (--m_holds == 0 && (m_isOrphan || m_needsSweep))
+            releaseLast();
+    }
 
     ZelKey key() const { return m_key; }
     bool isObserved() const { return m_observers > 0; }
@@ -73,8 +79,7 @@ private:
     const ZelPropertyAccessor *accessor() const;
     bool isSilent() const;
     void deliver(ZelKeyValueChangeKind kind, const Source &source, const ZelIndexSet *indexes, bool isPrior);
-    void deliverTo(const Registration &registration, const ZelKeyValueChange &change);
-    void release();
+    void releaseLast();
     void sweep();
     void rememberValue();
     void beginAnnouncing();
@@ -86,8 +91,14 @@ private:
     mutable const ZelPropertyAccessor *m_accessor = nullptr;
     ZelKeyValueCodingInterface *m_interface = nullptr;
     std::vector<Registration> m_registrations;
-    std::vector<QVariant> m_pendingOld; // of the announcements begun and not yet ended
-    QVariant m_last;                    // the value delivered last, where it is remembered
+    struct Old
+    {
+        int announcement; // which of those begun and not yet ended, the outermost being 1
+        QVariant value;
+    };
+    std::vector<Old> m_pendingOld; // only of announcements for which somebody wants the old value
+    QVariant m_last;               // the value delivered last, where it is remembered
+    int m_announcements = 0;       // begun and not yet ended
     int m_observers = 0;
     int m_oldObservers = 0;
     int m_priorObservers = 0;

@@ -18,12 +18,13 @@ public:
     {
     }
 
+    /// Null for an object that lacks the key, and for one that answers keys itself.
     const ZelPropertyAccessor *of(const QObject *object)
     {
         const QMetaObject *metaObject = object->metaObject();
         if (metaObject != m_class || !m_accessor) {
             m_class = metaObject;
-            m_accessor = ZelPropertyAccessor::find(object, m_key);
+            m_accessor = ZelPropertyAccessor::interfaceOf(object) ? nullptr : ZelPropertyAccessor::find(object, m_key);
         }
         return m_accessor;
     }
@@ -110,15 +111,16 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
     QVariant stored; // the first object's value as the property answers it
     QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
     bool isFirst = true;
+    if (!path.isSingleKey())
+        return foldPaths(objects, path);
     for (const QPointer<QObject> &pointer : objects) {
         const QObject *object = pointer.data();
         if (!object)
             continue;
-        if (!path.isSingleKey() || ZelPropertyAccessor::interfaceOf(object))
-            return foldPaths(objects, path);
         const ZelPropertyAccessor *accessor = accessors.of(object);
         if (!accessor)
-            return QVariant::fromValue(ZelNotApplicableMarker);
+            return ZelPropertyAccessor::interfaceOf(object) ? foldPaths(objects, path)
+                                                            : QVariant::fromValue(ZelNotApplicableMarker);
         if (accessor != current) {
             current = accessor;
             readEqual = nullptr;
@@ -143,25 +145,23 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
 {
     Accessors accessors(path.first());
     const ZelPropertyAccessor *current = nullptr;
-    QVariant converted; // for the current accessor, where it takes values through memory
+    QVariant converted; // for the current accessor, where it takes values through memory, and announces them
     const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
     for (const QPointer<QObject> &pointer : snapshot) {
         QObject *object = pointer.data();
         if (!object)
             continue;
-        const ZelPropertyAccessor *accessor =
-            isPlain && !ZelPropertyAccessor::interfaceOf(object) ? accessors.of(object) : nullptr;
-        if (!accessor && !hasPath(object, path))
-            continue;
+        const ZelPropertyAccessor *accessor = isPlain ? accessors.of(object) : nullptr;
         if (accessor && accessor != current) {
             current = accessor;
             converted = value;
-            if (!accessor->isWritable() || !accessor->type().isValid() || !converted.convert(accessor->type()))
+            if (accessor->isSilent() || !accessor->type().isValid() || !converted.convert(accessor->type()))
                 converted.clear();
         }
-        const bool isDirect = accessor && converted.isValid() && !accessor->isSilent();
-        if (!isDirect || !accessor->writeTyped(object, converted.constData()))
+        const bool isWritten =
+            accessor && converted.isValid() && accessor->writeTyped(object, std::as_const(converted).constData());
+        if (!isWritten && (accessor || hasPath(object, path)))
             ZelSetValueForKeyPath(object, value, path);
     }
 }
@@ -172,10 +172,8 @@ bool ZelSelectionFold::isSilent(const QList<QPointer<QObject>> &objects, const Z
     for (const QPointer<QObject> &object : objects) {
         if (!object)
             continue;
-        if (!path.isSingleKey() || ZelPropertyAccessor::interfaceOf(object))
-            return true; // something along the path may be silent
-        const ZelPropertyAccessor *accessor = accessors.of(object);
-        if (!accessor || accessor->isSilent())
+        const ZelPropertyAccessor *accessor = path.isSingleKey() ? accessors.of(object) : nullptr;
+        if (!accessor || accessor->isSilent()) // something along a path may be silent
             return true;
     }
     return false;
