@@ -2,7 +2,9 @@
 #include "Platform/Controls/ZelControlAccessors.h"
 
 #include "Platform/Controls/ZelCheckBox.h"
+#include "Platform/Controls/ZelComboBox.h"
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelDatePicker.h"
 #include "Platform/Controls/ZelGrowingTextField.h"
 #include "Platform/Controls/ZelGrowingTextView.h"
 #include "Platform/Controls/ZelLabel.h"
@@ -107,6 +109,8 @@ void addControls()
     addObjectValue<ZelGrowingTextView>();
     addObjectValue<ZelCheckBox>();
     addObjectValue<ZelPopUpButton>();
+    addObjectValue<ZelDatePicker>();
+    addObjectValue<ZelComboBox>();
     addRange<ZelStepper>();
     addRange<ZelSlider>();
     const auto labelText = [](const QVariant &value) {
@@ -172,14 +176,21 @@ QVariantList contentValues(const QComboBox *box)
     return texts;
 }
 
+QStringList textsOf(const QVariant &values)
+{
+    QStringList texts;
+    const QVariantList list = ZelList(values);
+    for (const QVariant &value : list)
+        texts.append(text(value));
+    return texts;
+}
+
 void setContentValues(QComboBox *box, const QVariant &values)
 {
     const QSignalBlocker blocker(box);
     const QString current = box->currentText();
     box->clear();
-    const QVariantList list = ZelList(values);
-    for (const QVariant &value : list)
-        box->addItem(text(value));
+    box->addItems(textsOf(values));
     box->setCurrentIndex(box->findText(current));
     if (box->isEditable())
         box->setEditText(current);
@@ -195,6 +206,7 @@ void setComboBoxText(QComboBox *box, const QString &string)
 
 void addComboBox()
 {
+    add<ZelComboBox>("contentValues", &ZelComboBox::contentValues, textsOf, &ZelComboBox::setContentValues);
     addNumber<int, QComboBox>("selectedIndex", &QComboBox::currentIndex, &QComboBox::setCurrentIndex)
         .setNotify(&QComboBox::currentIndexChanged)
         .setEdit(&QComboBox::activated);

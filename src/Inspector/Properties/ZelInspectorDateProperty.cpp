@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorDateProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "ViewController/ZelView.h"
+
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+
+namespace {
+
+const char g_context = 0;
+constexpr double g_baselineOffset = 6;
+
+/// Takes part in alignment with the middle of its digits, from which rows measure down to the baseline of its text.
+class AlignedDatePicker : public ZelDatePicker, public ZelBaselineProvider
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
+public:
+    using ZelDatePicker::ZelDatePicker;
+
+    double baselineOffsetForHeight(double height) const override
+    {
+        QStyleOptionSpinBox option;
+        initStyleOption(&option);
+        option.rect = QRect(0, 0, width(), qRound(height));
+        const QRect field = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, this);
+        const QFontMetricsF metrics(font());
+        return field.top() + (field.height() - metrics.height()) / 2 + metrics.ascent() - g_baselineOffset;
+    }
+};
+
+} // namespace
+
+ZelInspectorDateProperty::ZelInspectorDateProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+{
+}
+
+ZelInspectorDateProperty::~ZelInspectorDateProperty()
+{
+    uninstall();
+}
+
+void ZelInspectorDateProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    m_datePicker = new AlignedDatePicker(container);
+    m_datePicker->setAccessibleName(title());
+    ZelEditorLayout::setStretches(m_datePicker, 100);
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    ZelEditorLayout::layOut(container, m_datePicker, m_label, {2, m_label ? 2.0 : 5.0, 0, 2});
+    connect(m_datePicker, &ZelDatePicker::action, this, [this] { userDidChangeValue(m_datePicker); });
+}
+
+void ZelInspectorDateProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_datePicker);
+    observeForUpdate(keyPath(), &g_context);
+    updateView();
+}
+
+void ZelInspectorDateProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
+}
+
+void ZelInspectorDateProperty::updateView()
+{
+    if (!m_datePicker)
+        return;
+    const QVariant value = reflectedValue();
+    m_datePicker->setEditable(!ZelIsMarker(value, ZelNoSelectionMarker) && !ZelIsMarker(value, ZelNotApplicableMarker));
+    m_datePicker->setObjectValue(value);
+}
+
+void ZelInspectorDateProperty::userDidChangeValue(QObject *sender)
+{
+    const QVariant value = m_datePicker->objectValue();
+    const QPointer<ZelInspectorDateProperty> alive(this);
+    if (!ZelIsControllerMarker(value) && !ZelEqual(value, reflectedValue()))
+        setReflectedValue(value);
+    if (alive)
+        ZelInspectorProperty::userDidChangeValue(sender);
+}
+
+QWidget *ZelInspectorDateProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_datePicker;
+}
+
+double ZelInspectorDateProperty::baselineOffsetFromView() const
+{
+    return g_baselineOffset;
+}
+
+#include "ZelInspectorDateProperty.moc"

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorResourceProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "ViewController/ZelView.h"
+
+namespace {
+const char g_context = 0;
+}
+
+ZelInspectorResourceProperty::ZelInspectorResourceProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+{
+}
+
+ZelInspectorResourceProperty::~ZelInspectorResourceProperty()
+{
+    uninstall();
+}
+
+void ZelInspectorResourceProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    m_comboBox = new ZelComboBox(container);
+    m_comboBox->setAccessibleName(title());
+    ZelEditorLayout::setStretches(m_comboBox, 100);
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    ZelEditorLayout::layOut(container, m_comboBox, m_label, {2, 1, 2, m_label ? 2.0 : 4.0});
+    connect(m_comboBox, &ZelComboBox::action, this, [this] { userDidChangeValue(m_comboBox); });
+}
+
+void ZelInspectorResourceProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_comboBox);
+    if (!m_comboBox || !owner())
+        return;
+    if (!resourcesKeyPath.isEmpty())
+        ZelObservations(this).addBindingWithObject(m_comboBox, ZelContentValuesBinding, owner(), resourcesKeyPath, {},
+                                                   &g_context);
+    if (keyPath().isEmpty())
+        return;
+    ZelBindingOptions options{{ZelConditionallySetsEditableBindingOption, true}};
+    if (!placeholder.isNull())
+        options.insert(ZelNullPlaceholderBindingOption, placeholder);
+    if (valueTransformer())
+        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(valueTransformer()));
+    ZelObservations(this).addBindingWithObject(m_comboBox, ZelValueBinding, owner(), keyPath(), options, &g_context);
+}
+
+void ZelInspectorResourceProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+QWidget *ZelInspectorResourceProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_comboBox;
+}

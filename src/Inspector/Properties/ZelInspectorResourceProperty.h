@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Controls/ZelComboBox.h"
+#include "Platform/Controls/ZelLabel.h"
+
+/// Edits the name of one of the owner's resources: a field that completes what is typed, with the names in its menu.
+/// Other names may be typed as well. The control is bound to the model.
+class ZelInspectorResourceProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+public:
+    explicit ZelInspectorResourceProperty(QObject *owner);
+    ~ZelInspectorResourceProperty() override;
+
+    QString placeholder;      ///< shown for no value
+    QString resourcesKeyPath; ///< of the list of names
+    ZelComboBox *comboBox() const { return m_comboBox; }
+    ZelLabel *label() const { return m_label; }
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    QWidget *viewForBaselineAlignment() override;
+
+private:
+    QPointer<ZelComboBox> m_comboBox;
+    QPointer<ZelLabel> m_label;
+};

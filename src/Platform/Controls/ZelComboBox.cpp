@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelComboBox.h"
+
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelTextField.h"
+
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+ZelComboBox::ZelComboBox(QWidget *parent)
+    : QComboBox(parent)
+{
+    ZelControlSupport::prepare();
+    m_field = new ZelTextField(this); // its coming is an event that we get
+    setLineEdit(m_field);
+    m_field->installEventFilter(this);
+    setInsertPolicy(NoInsert);
+    setDuplicatesEnabled(true); // or Return replaces what was typed by an item that differs in case
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(6);
+    completer()->setCompletionMode(QCompleter::InlineCompletion);
+    connect(m_field, &ZelTextField::objectValueChanged, this, &ZelComboBox::objectValueChanged);
+    connect(m_field, &ZelTextField::editableChanged, this, &ZelComboBox::editableChanged);
+    connect(m_field, &ZelTextField::valueEdited, this, &ZelComboBox::valueEdited);
+    connect(m_field, &ZelTextField::action, this, &ZelComboBox::action);
+    connect(this, &QComboBox::activated, this, &ZelComboBox::commitEditing);
+}
+
+QVariant ZelComboBox::objectValue() const
+{
+    return m_field->objectValue();
+}
+
+void ZelComboBox::setObjectValue(const QVariant &value)
+{
+    m_field->setObjectValue(value);
+    showValueInList();
+}
+
+/// Marks the value in the list, unless the user is at something else. The box writes the item's text into the field.
+void ZelComboBox::showValueInList()
+{
+    if (m_field->isEditing())
+        return;
+    const int index =
+        m_field->text().isEmpty() ? -1 : findText(m_field->text(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index == currentIndex())
+        return;
+    const QSignalBlocker blocker(this);
+    setCurrentIndex(index);
+    m_field->discardEditing();
+}
+
+QStringList ZelComboBox::contentValues() const
+{
+    QStringList texts;
+    for (int i = 0; i < count(); ++i)
+        texts.append(itemText(i));
+    return texts;
+}
+
+void ZelComboBox::setContentValues(const QStringList &texts)
+{
+    if (texts == contentValues())
+        return;
+    const QSignalBlocker blocker(this);
+    const bool editing = m_field->isEditing();
+    const QString typed = m_field->text();
+    const int cursor = m_field->cursorPosition();
+    clear();
+    addItems(texts);
+    setCurrentIndex(-1); // the box has chosen the first
+    if (editing) {
+        m_field->setText(typed);
+        m_field->setCursorPosition(cursor);
+    } else {
+        m_field->discardEditing();
+        showValueInList();
+    }
+}
+
+bool ZelComboBox::isValueEditable() const
+{
+    return m_field->isEditable();
+}
+
+void ZelComboBox::setValueEditable(bool editable)
+{
+    m_field->setEditable(editable);
+    if (!editable)
+        hidePopup();
+}
+
+QString ZelComboBox::nullPlaceholder() const
+{
+    return m_field->nullPlaceholder();
+}
+
+void ZelComboBox::setNullPlaceholder(const QString &text)
+{
+    m_field->setNullPlaceholder(text);
+}
+
+/// What was typed in another case than an item's stands for the item.
+void ZelComboBox::completeText()
+{
+    if (!m_field->isEditing() || findText(m_field->text(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0)
+        return;
+    const int index = findText(m_field->text(), Qt::MatchFixedString);
+    if (index >= 0)
+        m_field->setText(itemText(index));
+}
+
+bool ZelComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_field && m_field) {
+        const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
+        const bool commits = key && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+        if (commits || event->type() == QEvent::FocusOut)
+            completeText();
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+bool ZelComboBox::commitEditing()
+{
+    completeText();
+    return m_field->commitEditing();
+}
+
+void ZelComboBox::discardEditing()
+{
+    m_field->discardEditing();
+    showValueInList();
+}
+
+void ZelComboBox::showPopup()
+{
+    if (isValueEditable())
+        QComboBox::showPopup();
+}
+
+bool ZelComboBox::event(QEvent *event)
+{
+    if (ZelControlSupport::isInput(event) && !isValueEditable()) {
+        event->ignore();
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
+void ZelComboBox::wheelEvent(QWheelEvent *event)
+{
+    if (m_field->hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelEditor.h"
+
+#include <QComboBox>
+#include <QVariant>
+
+class ZelTextField;
+
+/// A text field that completes what is typed from a list, which it also offers in a menu.
+///
+/// The value is a text, of the list or any other; it is typed, committed and discarded as in a ZelTextField, and a
+/// choice from the list is an edit, too. A text that differs from an item in its case only means the item. The list may
+/// change at any time and leaves the text alone.
+class ZelComboBox : public QComboBox, public ZelEditor
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelEditor)
+    Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    /// Whether users may change the value; true. (Not whether there is a text field: there always is.)
+    Q_PROPERTY(bool editable READ isValueEditable WRITE setValueEditable NOTIFY editableChanged)
+    Q_PROPERTY(QString nullPlaceholder READ nullPlaceholder WRITE setNullPlaceholder)
+public:
+    explicit ZelComboBox(QWidget *parent = nullptr);
+
+    ZelTextField *textField() const { return m_field; }
+
+    /// A text, a selection marker or absent.
+    QVariant objectValue() const;
+    void setObjectValue(const QVariant &value);
+
+    /// The texts of the list.
+    QStringList contentValues() const;
+    void setContentValues(const QStringList &texts);
+
+    bool isValueEditable() const;
+    void setValueEditable(bool editable);
+
+    /// The text shown for an absent value; null.
+    QString nullPlaceholder() const;
+    void setNullPlaceholder(const QString &text);
+
+    bool commitEditing() override;
+    void discardEditing() override;
+    void showPopup() override;
+
+Q_SIGNALS:
+    void objectValueChanged();
+    void editableChanged();
+    /// The user has changed the value.
+    void valueEdited();
+    /// Sent after valueEdited.
+    void action();
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void showValueInList();
+    void completeText();
+
+    ZelTextField *m_field = nullptr;
+};

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelEditor.h"
+
+#include <QDateTimeEdit>
+#include <QVariant>
+#include <memory>
+
+class ZelUndoGrouping;
+
+/// A field for a date, or a date and a time, that may also hold none.
+///
+/// The value is a QDate, which stays one, or a QDateTime, shown in local time and handed back in its own time zone; its
+/// seconds are kept. Without a date the field shows a dash, or a selection marker's name; the first digit or step
+/// begins with the present day.
+///
+/// Return, the loss of the focus and every step commit: what was entered is stored and reported, unless it is the date
+/// that was shown. Escape discards. A value that arrives while the user is typing is stored but not shown before the
+/// typing is committed or discarded. The steps of one press of the mouse are one undo grouping.
+class ZelDatePicker : public QDateTimeEdit, public ZelEditor
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelEditor)
+    Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
+public:
+    explicit ZelDatePicker(QWidget *parent = nullptr);
+    ~ZelDatePicker() override;
+
+    QVariant objectValue() const { return m_value; }
+    /// Anything but a QDate or a QDateTime shows no date.
+    void setObjectValue(const QVariant &value);
+
+    /// Whether users may change the date; true. What was typed is discarded when it becomes false.
+    bool isEditable() const { return !isReadOnly(); }
+    void setEditable(bool editable);
+
+    /// Whether there is typing that has neither been committed nor discarded.
+    bool isEditing() const;
+    bool commitEditing() override;
+    void discardEditing() override;
+
+    void stepBy(int steps) override;
+
+Q_SIGNALS:
+    void objectValueChanged();
+    void editableChanged();
+    /// The user has changed the value.
+    void valueEdited();
+    /// Sent after valueEdited.
+    void action();
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    bool hasDate() const;
+    QString format() const;
+    QVariant enteredValue() const;
+    void showValue();
+    void updateColors();
+    void beginWithToday();
+    bool reservesShortcut(QKeyEvent *event) const;
+
+    QVariant m_value;
+    QString m_shownText;
+    std::unique_ptr<ZelUndoGrouping> m_pressGrouping;
+    bool m_showsTime = false;
+    bool m_showsNone = true;
+};

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "ControlPanel.h"
+#include "Platform/Controls/ZelDatePicker.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QLineEdit>
+#include <QTimeZone>
+
+namespace {
+using Panel = ControlPanel<ZelDatePicker>;
+}
+
+class tst_ZelDatePicker : public QObject
+{
+    Q_OBJECT
+
+    /// Focuses the first section, and types over it.
+    static void type(ZelDatePicker *picker, const QString &keys)
+    {
+        picker->setFocus();
+        picker->setSelectedSection(picker->sectionAt(0));
+        QTest::keyClicks(picker, keys);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+
+    void aDateIsShownWithItsWholeYear()
+    {
+        ZelDatePicker picker;
+        picker.setObjectValue(QDate(2024, 2, 3));
+        QCOMPARE(picker.text(), QStringLiteral("03.02.2024"));
+        picker.setObjectValue(QDateTime(QDate(1024, 2, 3), QTime(14, 5)));
+        QCOMPARE(picker.text(), QStringLiteral("03.02.1024 14:05"));
+    }
+
+    void whatIsNoDateIsShownAsSuch_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("absent") << QVariant() << QStringLiteral("–");
+        QTest::newRow("invalid") << QVariant(QDate()) << QStringLiteral("–");
+        QTest::newRow("other") << QVariant(QStringLiteral("x")) << QStringLiteral("–");
+        QTest::newRow("several") << QVariant::fromValue(ZelMultipleValuesMarker) << QStringLiteral("Multiple Values");
+    }
+    void whatIsNoDateIsShownAsSuch()
+    {
+        QFETCH(QVariant, value);
+        Panel panel;
+        panel.control->setObjectValue(QDate(2024, 2, 3));
+        panel.control->setObjectValue(value);
+        QTEST(panel.control->text(), "text");
+        panel.control->setFocus();
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        panel.other->setFocus();
+        QCOMPARE(panel.takeLog(), QStringList());
+        QCOMPARE(panel.control->objectValue(), value);
+
+        type(panel.control, QStringLiteral("5")); // begins with today
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        const QDate today = QDate::currentDate();
+        QCOMPARE(panel.control->objectValue(), QVariant(QDate(today.year(), today.month(), 5)));
+        QCOMPARE(panel.takeLog(), Panel::edits(1));
+    }
+
+    void typingIsCommittedOnceAndOnlyIfItIsAnotherDate()
+    {
+        Panel panel;
+        panel.control->setObjectValue(QDate(2024, 2, 3));
+        type(panel.control, QStringLiteral("07"));
+        QVERIFY(panel.control->isEditing());
+        QCOMPARE(panel.takeLog(), QStringList());
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QCOMPARE(panel.control->objectValue(), QVariant(QDate(2024, 2, 7)));
+        panel.other->setFocus();
+        QCOMPARE(panel.takeLog(), Panel::edits(1));
+        type(panel.control, QStringLiteral("07"));
+        panel.other->setFocus();
+        QCOMPARE(panel.takeLog(), QStringList());
+        type(panel.control, QStringLiteral("08"));
+        QTest::keyClick(panel.control, Qt::Key_Escape);
+        panel.other->setFocus();
+        QCOMPARE(panel.takeLog(), QStringList());
+        QCOMPARE(panel.control->text(), QStringLiteral("07.02.2024"));
+    }
+
+    void aValueThatArrivesWaitsForTheTyping()
+    {
+        Panel panel;
+        panel.control->setObjectValue(QDate(2024, 2, 3));
+        type(panel.control, QStringLiteral("09"));
+        panel.control->setObjectValue(QDate(1999, 1, 1));
+        QCOMPARE(panel.control->text(), QStringLiteral("09.02.2024"));
+        QTest::keyClick(panel.control, Qt::Key_Escape);
+        QCOMPARE(panel.control->text(), QStringLiteral("01.01.1999"));
+        type(panel.control, QStringLiteral("09"));
+        panel.control->setObjectValue(QDate(2000, 1, 1));
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QCOMPARE(panel.control->objectValue(), QVariant(QDate(1999, 1, 9)));
+    }
+
+    void stepsAreCommittedAtOnce()
+    {
+        Panel panel;
+        panel.control->setObjectValue(QDate(2024, 2, 3));
+        panel.control->setFocus();
+        panel.control->setSelectedSection(QDateTimeEdit::MonthSection);
+        QTest::keyClick(panel.control, Qt::Key_Up);
+        QTest::keyClick(panel.control, Qt::Key_Up);
+        QCOMPARE(panel.control->objectValue(), QVariant(QDate(2024, 4, 3)));
+        QCOMPARE(panel.takeLog(), Panel::edits(2));
+        QCOMPARE(panel.level, 1);
+        panel.control->setEditable(false);
+        QTest::keyClick(panel.control, Qt::Key_Up);
+        panel.other->setFocus();
+        panel.wheel(120);
+        QCOMPARE(panel.takeLog(), QStringList());
+    }
+
+    void whatIsNotShownIsKept()
+    {
+        Panel panel;
+        const QDateTime time(QDate(2024, 2, 3), QTime(10, 20, 30, 40), QTimeZone("Asia/Tokyo"));
+        panel.control->setObjectValue(time);
+        panel.control->setSelectedSection(QDateTimeEdit::MinuteSection);
+        panel.control->stepBy(1);
+        const QDateTime result = panel.control->objectValue().toDateTime();
+        QCOMPARE(result.timeZone(), time.timeZone());
+        QCOMPARE(result, time.addSecs(60));
+    }
+
+    void mayDieWhenItReports()
+    {
+        Panel panel;
+        panel.control->setObjectValue(QDate(2024, 2, 3));
+        panel.whenEdited = [&panel] { delete panel.control; };
+        type(panel.control, QStringLiteral("05"));
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QVERIFY(!panel.control);
+    }
+};
+
+QTEST_MAIN(tst_ZelDatePicker)
+#include "tst_ZelDatePicker.moc"
