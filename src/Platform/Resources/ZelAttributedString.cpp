@@ -23,8 +23,8 @@ constexpr uint g_lines = QFont::UnderlineResolved | QFont::OverlineResolved | QF
 /// The text with newlines between its paragraphs, and without the characters that have a meaning to a document.
 QString normalized(QString text)
 {
-    constexpr QChar beginningOfFrame(0xfdd0);
-    constexpr QChar endOfFrame(0xfdd1);
+    static constexpr QChar beginningOfFrame(0xfdd0);
+    static constexpr QChar endOfFrame(0xfdd1);
     const auto isSpecial = [](QChar c) {
         return c == u'\r' || c == QChar::ParagraphSeparator || c == beginningOfFrame || c == endOfFrame;
     };

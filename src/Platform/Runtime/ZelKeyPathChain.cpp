@@ -12,7 +12,7 @@ const char g_levelContext = 0;
 }
 
 /// One object along the path. An object that answers key paths itself takes the whole rest of the path.
-class ZelKeyPathChain::Level : public ZelKeyValueObserver
+class ZelKeyPathChain::Level final : public ZelKeyValueObserver
 {
 public:
     Level(ZelKeyPathChain &chain, size_t index, QObject *object, const ZelKeyPath &rest)
