@@ -37,6 +37,14 @@ ZelColorPanel::~ZelColorPanel()
     g_panel = nullptr;
 }
 
+void ZelColorPanel::setDelegate(QObject *delegate)
+{
+    if (delegate == m_delegate)
+        return;
+    m_delegate = delegate;
+    Q_EMIT delegateDidChange();
+}
+
 QColorDialog *ZelColorPanel::dialog()
 {
     if (m_dialog)

@@ -11,8 +11,8 @@ class QWidget;
 /// The application's one window for choosing any colour: not modal, without buttons, open until it is closed.
 ///
 /// It serves one client at a time, its delegate. Whoever wants it makes itself the delegate and brings it to the front;
-/// the former client hears of that only if the two agree on how. Every move of the user is reported at once. A client
-/// must not expect to be the delegate still when it hears of a change, and may die at any time.
+/// the former client hears of that. Every move of the user is reported at once. A client must not expect to be the
+/// delegate still when it hears of a change, and may die at any time.
 class ZelColorPanel : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
 
     /// The client, held weakly; null by default.
     QObject *delegate() const { return m_delegate; }
-    void setDelegate(QObject *delegate) { m_delegate = delegate; }
+    void setDelegate(QObject *delegate);
 
     /// Black by default. Opaque unless the panel shows alpha.
     QColor color() const;
@@ -45,6 +45,8 @@ public:
     bool isTracking() const { return m_isTracking; }
 
 Q_SIGNALS:
+    /// Not sent when the delegate has died.
+    void delegateDidChange();
     /// The user has chosen a colour.
     void colorDidChange();
     /// The user has let go of the mouse.

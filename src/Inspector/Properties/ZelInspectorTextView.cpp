@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorTextView.h"
+
+#include "Platform/Resources/ZelTextDocumentCoder.h"
+
+#include <QTextBlock>
+
+namespace {
+
+void select(QTextCursor *cursor, const ZelAttributedString::Range &range)
+{
+    cursor->setPosition(int(range.start));
+    cursor->setPosition(int(range.end()), QTextCursor::KeepAnchor);
+}
+
+} // namespace
+
+ZelInspectorTextView::ZelInspectorTextView(QWidget *parent)
+    : ZelGrowingTextView(parent)
+{
+    setHeightLimits(19, 500);
+    connect(this, &QTextEdit::cursorPositionChanged, this, &ZelInspectorTextView::selectionDidChange);
+    connect(this, &QTextEdit::selectionChanged, this, &ZelInspectorTextView::selectionDidChange);
+    connect(this, &QTextEdit::textChanged, this, &ZelInspectorTextView::selectionDidChange);
+}
+
+ZelInspectorTextView::Range ZelInspectorTextView::selectedRange() const
+{
+    const QTextCursor cursor = textCursor();
+    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+}
+
+void ZelInspectorTextView::setSelectedRange(const Range &range)
+{
+    const qsizetype length = document()->characterCount() - 1;
+    const qsizetype start = std::clamp<qsizetype>(range.start, 0, length);
+    QTextCursor cursor = textCursor();
+    select(&cursor, {start, std::clamp<qsizetype>(range.length, 0, length - start)});
+    setTextCursor(cursor);
+}
+
+QList<ZelInspectorTextView::Run> ZelInspectorTextView::selectedRuns() const
+{
+    const Range selected = selectedRange();
+    const int length = document()->characterCount() - 1;
+    if (length == 0)
+        return {};
+    QTextCursor cursor(document());
+    if (selected.length == 0) {
+        const qsizetype last = length - 1;
+        const qsizetype character = std::min(selected.start, last);
+        select(&cursor, {character, 1});
+        return {{selected, ZelTextDocumentCoder::readSelection(cursor).attributesAt(0)}};
+    }
+    select(&cursor, selected);
+    QList<Run> runs = ZelTextDocumentCoder::readSelection(cursor).runs();
+    for (Run &run : runs)
+        run.range.start += selected.start;
+    return runs;
+}
+
+void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &value)
+{
+    QTextCursor cursor = textCursor();
+    if (!cursor.hasSelection()) {
+        ZelAttributedString::Attributes attributes = ZelTextDocumentCoder::attributes(currentCharFormat());
+        attributes.insert(name, value);
+        const ZelAttributedString typed(QStringLiteral("x"), attributes);
+        setCurrentCharFormat(ZelTextDocumentCoder::charFormat(typed.attributesAt(0)));
+        return;
+    }
+    const qsizetype start = cursor.selectionStart();
+    ZelAttributedString string = ZelTextDocumentCoder::readSelection(cursor);
+    string.setAttribute(name, value, {0, string.length()});
+    cursor.beginEditBlock();
+    const QList<Run> runs = string.runs();
+    for (const Run &run : runs) {
+        select(&cursor, {start + run.range.start, run.range.length});
+        cursor.setCharFormat(ZelTextDocumentCoder::charFormat(run.attributes));
+    }
+    cursor.endEditBlock();
+}
+
+void ZelInspectorTextView::changeParagraphStyles(const std::function<void(ZelParagraphStyle &)> &change)
+{
+    const QTextCursor selection = textCursor();
+    const int start = selection.selectionStart();
+    const int last = std::max(start, selection.selectionEnd() - 1);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (QTextBlock block = document()->findBlock(start); block.isValid() && block.position() <= last;
+         block = block.next()) {
+        ZelParagraphStyle style = ZelTextDocumentCoder::paragraphStyle(block);
+        change(style);
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(ZelTextDocumentCoder::blockFormat(style, block.textDirection()));
+    }
+    cursor.endEditBlock();
+}
