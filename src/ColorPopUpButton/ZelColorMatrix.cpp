@@ -37,7 +37,7 @@ ZelColorMatrix::ZelColorMatrix(QWidget *parent)
 void ZelColorMatrix::setColors(const QList<ZelColor> &colors)
 {
     m_colors.resize(numberOfCells);
-    const ZelColor white(QColor(Qt::white));
+    const ZelColor white = QColor(Qt::white);
     for (int i = 0; i < numberOfCells; ++i) {
         const ZelColor &color = i < colors.size() ? colors.at(i) : white;
         if (m_colors.at(i) == color)

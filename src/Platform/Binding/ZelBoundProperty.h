@@ -10,7 +10,7 @@
 class ZelPropertyAccessor;
 
 /// One property of an object that follows a key path of another, and hands back what the user enters.
-class ZelBoundProperty : public ZelKeyValueObserver
+class ZelBoundProperty final : public ZelKeyValueObserver
 {
 public:
     ZelBoundProperty(QObject *object, ZelKey name, const ZelBindingInfo &info);
