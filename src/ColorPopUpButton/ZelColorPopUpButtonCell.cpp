@@ -101,9 +101,10 @@ void ZelColorPopUpButtonCell::setDefaultColor(const ZelColor &color)
 
 void ZelColorPopUpButtonCell::setSelectedColor(const QVariant &value)
 {
-    const bool isColor = isPresentColor(value);
-    const QVariant color = isColor ? ZelColor::fromVariant(value).toVariant() : value;
-    if (!ZelCheck(!isColor || ZelIsNotNull(color), g_wrongValue) || ZelEqual(color, m_selectedColor))
+    const bool isOfColorType =
+        value.typeId() == QMetaType::QColor || value.metaType() == QMetaType::fromType<ZelColor>();
+    const QVariant color = isOfColorType ? ZelColor::fromVariant(value).toVariant() : value;
+    if (!ZelCheck(isOfColorType || !isPresentColor(color), g_wrongValue) || ZelEqual(color, m_selectedColor))
         return;
     m_selectedColor = color;
     upateSelectedMenuItem();

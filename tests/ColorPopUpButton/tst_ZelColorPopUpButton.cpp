@@ -115,7 +115,8 @@ private Q_SLOTS:
         row("other space", ZelColor(ZelColor::CalibratedRGB, {1, 0, 0, 1}).toVariant(), "Red", "Red");
         row("elsewhere", color(QColor(1, 2, 3)), "", "Current Color");
         row("none", QVariant(), "", "Current Color");
-        row("none of a type", QColor(), "", "Current Color");
+        row("no QColor", QColor(), "", "Current Color");
+        row("no ZelColor", QVariant::fromValue(ZelColor()), "", "Current Color");
         row("multiple", QVariant::fromValue(ZelMultipleValuesMarker), "Multiple Values", "Current Color");
         row("no selection", QVariant::fromValue(ZelNoSelectionMarker), "No Selection", "Current Color");
         row("not applicable", QVariant::fromValue(ZelNotApplicableMarker), "", "Current Color");

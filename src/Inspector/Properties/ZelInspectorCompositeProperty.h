@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
+
+/// The base of editors whose value consists of a few numbers, each with a number editor of its own.
+///
+/// The number editors' owner is this editor, and what they edit are its components: properties that hold the selected
+/// objects' values, reduced one by one. A change of a component is written into every object's own value and leaves its
+/// other components alone. Written numbers are rounded to single precision. A component that is a selection marker is
+/// not written; one without a value is written as 0.
+///
+/// Key paths that the number editors are given are the owner's, like all others.
+class ZelInspectorCompositeProperty : public ZelInspectorCustomProperty
+{
+    Q_OBJECT
+    /// Whether the number editors are enabled.
+    Q_PROPERTY(bool internalEnabled READ internalEnabled NOTIFY internalEnabledChanged)
+public:
+    ~ZelInspectorCompositeProperty() override;
+
+    std::optional<double> increment = 1;
+    QString incrementKeyPath;
+    uint formatStyle = ZelInspectorNumberProperty::IntegerStyle;
+    QString formatUnit;
+
+    bool internalEnabled() const { return m_internalEnabled; }
+    /// Reduces the selection into the components.
+    void updateValues();
+    void updateView() override { updateValues(); }
+    /// Sends the editor's own action, after a component was edited.
+    Q_INVOKABLE void componentDidChange();
+
+    bool commitEditing() override;
+    void discardEditing() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+
+Q_SIGNALS:
+    void internalEnabledChanged();
+    // Of the components, by their place.
+    void firstChanged();
+    void secondChanged();
+    void thirdChanged();
+    void fourthChanged();
+
+protected:
+    static constexpr int maximumCount = 4;
+
+    /// The components' property names, at most four, in their order.
+    ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys);
+
+    const QVariant &component(int index) const { return m_components.at(index); }
+    void setComponent(int index, const QVariant &value);
+    /// Writes the component into every represented object.
+    void updateComponent(int index);
+
+    /// The components of a value of the model; empty for a value that is none.
+    virtual QList<double> componentsOfValue(const QVariant &value) const = 0;
+    /// The value with one component replaced. The old one may be none.
+    virtual QVariant valueByReplacing(const QVariant &old, int index, double component) const = 0;
+    /// Called when all components are up to date, and not written back.
+    virtual void didUpdateValues() {}
+    virtual bool computeInternalEnabled() const { return isEffectivelyEnabled(); }
+    void updateInternalEnabled();
+
+    /// A number editor of the component, with everything that all have in common.
+    ZelInspectorNumberProperty *makeNumberEditor(int index, const QString &title, const QString &actionName);
+    /// Makes it one of the editors inside this one.
+    void adoptEditor(ZelInspectorProperty *editor);
+    /// Drops the editors of a former view.
+    void removeEditors();
+    /// The owner's key path, as seen from here.
+    static QString ownersKeyPath(const QString &keyPath);
+
+private:
+    QStringList m_keys;
+    QVariantList m_components;
+    QList<QPointer<ZelInspectorProperty>> m_editors;
+    bool m_internalEnabled = true;
+};

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
+#include "Inspector/Properties/ZelInspectorCompositeProperty.h"
+
+/// The base of the editors of two numbers side by side, with a checkbox above them for "no value" if wanted.
+class ZelInspectorPairProperty : public ZelInspectorCompositeProperty
+{
+    Q_OBJECT
+    /// 1 for a value, 0 for none, or a selection marker.
+    Q_PROPERTY(QVariant nonNil READ nonNil WRITE setNonNil NOTIFY nonNilChanged)
+public:
+    ~ZelInspectorPairProperty() override;
+
+    /// Kept for the application; the editors do not need it.
+    bool nilValueControlIsOffWhenNil = false;
+    /// The owner's key path of the value that the checkbox writes when it is switched on; without one there is no
+    /// checkbox.
+    QString nonNilValueKeyPath;
+
+    ZelInspectorBooleanProperty *nonNilProperty() const { return m_nonNilProperty; }
+    const QVariant &nonNil() const { return m_nonNil; }
+    void setNonNil(const QVariant &value);
+    /// Writes a value, or none, as `nonNil` says.
+    Q_INVOKABLE void toggleNilValue();
+
+    void loadView() override;
+    QWidget *viewForBaselineAlignment() override;
+
+Q_SIGNALS:
+    void nonNilChanged();
+
+protected:
+    using ZelInspectorCompositeProperty::ZelInspectorCompositeProperty;
+
+    struct Title
+    {
+        QString text;
+        QString keyPath;
+    };
+    virtual Title titleOfComponent(int index) const = 0;
+    /// The checkbox's undo action.
+    virtual QString toggleActionName() const { return actionName(); }
+    ZelInspectorNumberProperty *numberProperty(int index) const { return m_numberProperties[index]; }
+    void didUpdateValues() override;
+
+private:
+    void addNumberEditors(ZelView *row);
+
+    QPointer<ZelInspectorNumberProperty> m_numberProperties[2];
+    QPointer<ZelInspectorBooleanProperty> m_nonNilProperty;
+    QVariant m_nonNil;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorPairProperty.h"
+
+/// Edits a point (QPointF, or QPoint): x and y. Switching it on and off is called "Change Point".
+class ZelInspectorPointProperty : public ZelInspectorPairProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant x READ x WRITE setX NOTIFY firstChanged)
+    Q_PROPERTY(QVariant y READ y WRITE setY NOTIFY secondChanged)
+public:
+    explicit ZelInspectorPointProperty(QObject *owner);
+    ~ZelInspectorPointProperty() override;
+
+    QString xTitle; ///< the localized "X"
+    QString xTitleKeyPath;
+    QString yTitle; ///< the localized "Y"
+    QString yTitleKeyPath;
+
+    ZelInspectorNumberProperty *xProperty() const { return numberProperty(0); }
+    ZelInspectorNumberProperty *yProperty() const { return numberProperty(1); }
+
+    const QVariant &x() const { return component(0); }
+    void setX(const QVariant &value) { setComponent(0, value); }
+    const QVariant &y() const { return component(1); }
+    void setY(const QVariant &value) { setComponent(1, value); }
+    void updateX() { updateComponent(0); }
+    void updateY() { updateComponent(1); }
+
+protected:
+    QList<double> componentsOfValue(const QVariant &value) const override;
+    QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
+    Title titleOfComponent(int index) const override;
+    QString toggleActionName() const override;
+};

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorPairProperty.h"
+
+/// Edits a size (QSizeF, or QSize): width and height.
+class ZelInspectorSizeProperty : public ZelInspectorPairProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant width READ width WRITE setWidth NOTIFY firstChanged)
+    Q_PROPERTY(QVariant height READ height WRITE setHeight NOTIFY secondChanged)
+public:
+    explicit ZelInspectorSizeProperty(QObject *owner);
+    ~ZelInspectorSizeProperty() override;
+
+    QString widthTitle; ///< the localized "Width"
+    QString widthTitleKeyPath;
+    QString heightTitle; ///< the localized "Height"
+    QString heightTitleKeyPath;
+
+    ZelInspectorNumberProperty *widthProperty() const { return numberProperty(0); }
+    ZelInspectorNumberProperty *heightProperty() const { return numberProperty(1); }
+
+    const QVariant &width() const { return component(0); }
+    void setWidth(const QVariant &value) { setComponent(0, value); }
+    const QVariant &height() const { return component(1); }
+    void setHeight(const QVariant &value) { setComponent(1, value); }
+    void updateWidth() { updateComponent(0); }
+    void updateHeight() { updateComponent(1); }
+
+protected:
+    QList<double> componentsOfValue(const QVariant &value) const override;
+    QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
+    Title titleOfComponent(int index) const override;
+};
