@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: MIT
+#include "ActionBar/ZelActionBar.h"
+
+#include "ActionBar/ZelActionBarCheckboxButton.h"
+#include "ActionBar/ZelActionBarPopupButton.h"
+#include "ActionBar/ZelActionBarSeparator.h"
+#include "ActionBar/ZelActionTarget.h"
+#include "Observation/ZelDelayedInvocation.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Controls/ZelControlAccessors.h"
+#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Selection/ZelUndoManager.h"
+
+namespace {
+
+const char g_context = 0;
+const char g_itemContext = 0;
+constexpr double g_validationDelay = 0.1; // in seconds
+constexpr quint32 g_validationPriority = 800000;
+constexpr ZelLayoutPriority g_weak = 250;
+constexpr ZelLayoutPriority g_strong = 750;
+
+using Constraint = ZelLayoutConstraint;
+
+} // namespace
+
+ZelActionBar::ZelActionBar(QWidget *parent)
+    : ZelView(parent)
+    , m_validateItemsInvocation(std::make_unique<ZelDelayedInvocation>([this] { validateItems(); }))
+{
+    ZelRegisterControlAccessors();
+    m_validateItemsInvocation->setPriority(g_validationPriority);
+    m_validateItemsInvocation->setDelay(g_validationDelay);
+}
+
+ZelActionBar::~ZelActionBar()
+{
+    uninstall();
+}
+
+// Properties
+
+QList<ZelActionBarItem *> ZelActionBar::items() const
+{
+    QList<ZelActionBarItem *> items;
+    items.reserve(m_items.size());
+    for (const QPointer<ZelActionBarItem> &item : m_items)
+        if (item)
+            items.append(item);
+    return items;
+}
+
+void ZelActionBar::setItems(const QList<ZelActionBarItem *> &items)
+{
+    if (std::equal(items.begin(), items.end(), m_items.begin(), m_items.end()))
+        return;
+    for (const QPointer<ZelActionBarItem> &item : std::as_const(m_items))
+        if (item && !items.contains(item))
+            disconnect(item, nullptr, this, nullptr);
+    m_items = {items.begin(), items.end()};
+    for (ZelActionBarItem *item : items)
+        if (!item->parent())
+            item->setParent(this);
+    Q_EMIT itemsChanged();
+}
+
+void ZelActionBar::setEdgeInsets(const QMarginsF &insets)
+{
+    if (m_edgeInsets == insets)
+        return;
+    m_edgeInsets = insets;
+    setNeedsUpdateConstraints();
+    Q_EMIT edgeInsetsChanged();
+}
+
+void ZelActionBar::setStyle(quint32 style)
+{
+    if (m_style == style)
+        return;
+    m_style = style;
+    Q_EMIT styleChanged();
+}
+
+// Observation
+
+void ZelActionBar::viewDidInstall()
+{
+    ZelView::viewDidInstall();
+    const ZelObservations observations(this);
+    const auto observe = [&](const char *key, auto change) {
+        observations.addObservationWithObject(
+            this, key, ZelKeyValueObservingOptionEqualCheck,
+            [change](ZelBlockObservation *, const ZelKeyValueChange &) { change(); }, &g_context);
+    };
+    observe("items", [this] { updateItemViews(); });
+    observe("style", [this] { update(); });
+    observations.addObservation(
+        ZelMajorEventObservation::observationWithBlock([this](ZelMajorEventObservation *, QEvent *) {
+            if (!m_validateItemsInvocation->isPending())
+                m_validateItemsInvocation->schedule();
+        }),
+        &g_context);
+    updateItemViews();
+    m_validateItemsInvocation->schedule();
+}
+
+void ZelActionBar::viewWillUninstall()
+{
+    ZelView::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).removeAllObservationsForContext(&g_itemContext);
+    for (const QPointer<ZelActionBarItem> &item : m_items)
+        if (item)
+            disconnect(item, nullptr, this, nullptr);
+    m_validateItemsInvocation->cancel();
+}
+
+void ZelActionBar::observeItem(ZelActionBarItem *item)
+{
+    for (const char *key : {"type", "target", "action", "menu", "view"})
+        ZelObservations(this).addObservationWithObject(
+            item, key, ZelKeyValueObservingOptionEqualCheck,
+            [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateItemViews(); }, &g_itemContext);
+    for (const auto changed :
+         {&ZelActionBarItem::minSizeChanged, &ZelActionBarItem::maxSizeChanged, &ZelActionBarItem::edgeInsetsChanged})
+        connect(item, changed, this, &ZelView::setNeedsUpdateConstraints, Qt::UniqueConnection);
+    connect(item, &QObject::destroyed, this, &ZelActionBar::itemWasDestroyed, Qt::UniqueConnection);
+}
+
+void ZelActionBar::itemWasDestroyed()
+{
+    m_items.removeAll(nullptr);
+    Q_EMIT itemsChanged();
+}
+
+// Controls
+
+void ZelActionBar::updateItemViews()
+{
+    ZelObservations(this).removeAllObservationsForContext(&g_itemContext);
+    const QList<QPointer<QWidget>> former = std::exchange(m_madeViews, {});
+    QList<QWidget *> views;
+    for (ZelActionBarItem *item : items()) {
+        observeItem(item);
+        views.append(makeItemView(item));
+    }
+    setSubviews(views);
+    for (const QPointer<QWidget> &view : former) {
+        if (view) {
+            view->hide();
+            view->deleteLater(); // it may be the one whose click led here
+        }
+    }
+    setNeedsUpdateConstraints();
+    if (!m_validateItemsInvocation->isPending())
+        m_validateItemsInvocation->schedule();
+}
+
+QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
+{
+    if (item->type() == ZelActionBarItem::Separator) {
+        auto *separator = new ZelActionBarSeparator;
+        m_madeViews.append(separator);
+        ZelObservations(this).addBindingWithObject(separator, QStringLiteral("style"), this, "style", {},
+                                                   &g_itemContext);
+        return separator;
+    }
+    if (item->view())
+        return item->view();
+    ZelActionBarButton *button = makeButton(item);
+    m_madeViews.append(button);
+    bindButton(button, item);
+    connect(button, &QAbstractButton::clicked, this,
+            [this, button, item = QPointer<ZelActionBarItem>(item)] { performAction(item, button); });
+    return button;
+}
+
+ZelActionBarButton *ZelActionBar::makeButton(ZelActionBarItem *item)
+{
+    if (item->menu()) {
+        auto *button = new ZelActionBarPopupButton;
+        button->setMenu(item->menu());
+        return button;
+    }
+    auto *button = item->type() == ZelActionBarItem::Checkbox ? new ZelActionBarCheckboxButton : new ZelActionBarButton;
+    ZelLayoutPriorities priorities;
+    priorities.horizontalHugging = 1;
+    priorities.horizontalCompression = 1;
+    ZelConstraintLayout::setPriorities(button, priorities);
+    return button;
+}
+
+void ZelActionBar::bindButton(ZelActionBarButton *button, ZelActionBarItem *item)
+{
+    const ZelObservations observations(this);
+    for (const char *key : {"image", "alternateImage", "state", "enabled", "tag", "toolTip", "keyEquivalent",
+                            "keyEquivalentModifierMask"})
+        observations.addBindingWithObject(button, QString::fromLatin1(key), item, key, {}, &g_itemContext);
+    observations.addBindingWithObject(button, ZelTitleBinding, item, "label",
+                                      {{ZelNullPlaceholderBindingOption, QStringLiteral("")}}, &g_itemContext);
+    const auto name = [button, item] {
+        button->setAccessibleName(item->label().isEmpty() ? item->toolTip() : item->label());
+    };
+    name();
+    connect(item, &ZelActionBarItem::labelChanged, button, name);
+    connect(item, &ZelActionBarItem::toolTipChanged, button, name);
+}
+
+void ZelActionBar::performAction(ZelActionBarItem *item, QWidget *sender)
+{
+    if (!item || item->action().isNull())
+        return;
+    QObject *target = ZelActionTarget::targetForAction(item->action(), item->target(), this);
+    if (!target)
+        return;
+    const ZelSelector action = item->action();
+    const ZelUndoGrouping grouping(this);
+    action.perform(target, sender);
+    ZelRereadSilentProperties(); // whatever the action did
+}
+
+void ZelActionBar::validateItems()
+{
+    const QList<QPointer<ZelActionBarItem>> items = m_items;
+    const QPointer<ZelActionBar> guard(this);
+    for (const QPointer<ZelActionBarItem> &item : items) {
+        if (!guard)
+            return;
+        if (!item || !item->autovalidates())
+            continue;
+        const bool valid =
+            item->action().isNull() || ZelActionTarget::isValid(item->action(), item->target(), this, item);
+        if (item)
+            item->setEnabled(valid);
+    }
+}
+
+// Row
+
+void ZelActionBar::updateConstraints()
+{
+    ZelView::updateConstraints();
+    const QList<ZelActionBarItem *> items = this->items();
+    const QList<QWidget *> views = itemViews();
+    if (items.size() != views.size())
+        return;
+    removeConstraints(m_stackConstraints);
+    m_stackConstraints.clear();
+    if (views.isEmpty()) {
+        m_stackConstraints.append(Constraint::constraintWithItem(this, Constraint::Width, Constraint::Equal, nullptr,
+                                                                 Constraint::NotAnAttribute, 1,
+                                                                 m_edgeInsets.left() + m_edgeInsets.right(), g_weak));
+        addConstraints(m_stackConstraints);
+        return;
+    }
+    for (qsizetype i = 0; i < views.size(); ++i) {
+        const double left = items.at(i)->edgeInsets().left();
+        m_stackConstraints.append(constraintsOfItem(views.at(i), items.at(i)));
+        if (i == 0)
+            m_stackConstraints.append(Constraint::constraintWithItem(views.first(), Constraint::Left, Constraint::Equal,
+                                                                     this, Constraint::Left, 1,
+                                                                     m_edgeInsets.left() + left));
+        else
+            m_stackConstraints.append(Constraint::constraintWithItem(
+                views.at(i), Constraint::Left, Constraint::Equal, views.at(i - 1), Constraint::Right, 1,
+                items.at(i - 1)->edgeInsets().right() + left, g_strong));
+    }
+    m_stackConstraints.append(
+        Constraint::constraintWithItem(views.last(), Constraint::Right, Constraint::Equal, this, Constraint::Right, 1,
+                                       -(m_edgeInsets.right() + items.last()->edgeInsets().right()), g_weak));
+    addConstraints(m_stackConstraints);
+}
+
+QList<ZelLayoutConstraint::Ptr> ZelActionBar::constraintsOfItem(QWidget *view, const ZelActionBarItem *item)
+{
+    const QMarginsF &insets = item->edgeInsets();
+    QList<Constraint::Ptr> constraints{
+        Constraint::constraintWithItem(view, Constraint::Top, Constraint::GreaterThanOrEqual, this, Constraint::Top, 1,
+                                       m_edgeInsets.top() + insets.top()),
+        Constraint::constraintWithItem(view, Constraint::Bottom, Constraint::LessThanOrEqual, this, Constraint::Bottom,
+                                       1, -(m_edgeInsets.bottom() + insets.bottom())),
+        Constraint::constraintWithItem(view, Constraint::CenterY, Constraint::Equal, this, Constraint::CenterY),
+    };
+    const auto limit = [&](Constraint::Attribute attribute, Constraint::Relation relation, double value) {
+        constraints.append(Constraint::constraintWithItem(view, attribute, relation, nullptr,
+                                                          Constraint::NotAnAttribute, 1, value, g_strong));
+    };
+    if (item->minSize().width() > 0)
+        limit(Constraint::Width, Constraint::GreaterThanOrEqual, item->minSize().width());
+    if (item->minSize().height() > 0)
+        limit(Constraint::Height, Constraint::GreaterThanOrEqual, item->minSize().height());
+    // A maximum keeps the control at its minimum: such items are fixed in size.
+    if (item->maxSize().width() > 0)
+        limit(Constraint::Width, Constraint::LessThanOrEqual, item->minSize().width());
+    if (item->maxSize().height() > 0)
+        limit(Constraint::Height, Constraint::LessThanOrEqual, item->minSize().height());
+    return constraints;
+}
+
+void ZelActionBar::drawRect(QPainter &painter, const QRect &dirtyRect)
+{
+    ZelView::drawRect(painter, dirtyRect);
+    if (m_style > 1)
+        return;
+    QColor color = palette().color(QPalette::WindowText);
+    const QRectF area = bounds();
+    if (m_style == 1)
+        painter.fillRect(area, palette().window());
+    color.setAlphaF(0.05F);
+    painter.fillRect(area, color);
+    color.setAlphaF(0.25F);
+    painter.fillRect(QRectF(area.left(), area.top(), area.width(), 1), color);
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+
+/// A small button without a border, that shows an image; what has none shows its title.
+class ZelActionBarButton : public QAbstractButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QString title READ title WRITE setTitle)
+    /// Shown instead of the image while the state is on, if there is one.
+    Q_PROPERTY(QIcon alternateImage READ alternateImage WRITE setAlternateImage)
+    /// 0 is off.
+    Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
+    Q_PROPERTY(int tag READ tag WRITE setTag)
+    Q_PROPERTY(QString keyEquivalent READ keyEquivalent WRITE setKeyEquivalent)
+    Q_PROPERTY(Qt::KeyboardModifiers keyEquivalentModifierMask READ keyEquivalentModifierMask WRITE
+                   setKeyEquivalentModifierMask)
+public:
+    explicit ZelActionBarButton(QWidget *parent = nullptr);
+
+    const QString &title() const { return m_title; }
+    void setTitle(const QString &title);
+    const QIcon &alternateImage() const { return m_alternateImage; }
+    void setAlternateImage(const QIcon &image);
+    int state() const { return m_state; }
+    void setState(int state);
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
+    const QString &keyEquivalent() const { return m_keyEquivalent; }
+    void setKeyEquivalent(const QString &key);
+    Qt::KeyboardModifiers keyEquivalentModifierMask() const { return m_keyEquivalentModifierMask; }
+    void setKeyEquivalentModifierMask(Qt::KeyboardModifiers mask);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {1, 1}; }
+
+Q_SIGNALS:
+    void stateChanged();
+    /// The user has changed the state.
+    void stateEdited();
+
+protected:
+    /// What lies on the background.
+    virtual void drawContent(QPainter &painter);
+    QIcon shownImage() const { return m_state != 0 && !m_alternateImage.isNull() ? m_alternateImage : icon(); }
+    /// Whether the button looks pressed.
+    virtual bool isLit() const { return isDown(); }
+
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void updateShortcut();
+
+    QString m_title;
+    QIcon m_alternateImage;
+    QString m_keyEquivalent;
+    Qt::KeyboardModifiers m_keyEquivalentModifierMask;
+    int m_state = 0;
+    int m_tag = 0;
+};

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ActionBar/ZelActionBarButton.h"
+
+/// A button that a click switches on and off. With an image it looks pressed while it is on; without one it is a small
+/// check mark box beside its title.
+class ZelActionBarCheckboxButton : public ZelActionBarButton
+{
+    Q_OBJECT
+public:
+    explicit ZelActionBarCheckboxButton(QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void drawContent(QPainter &painter) override;
+    bool isLit() const override;
+
+private:
+    QSize indicatorSize() const;
+};

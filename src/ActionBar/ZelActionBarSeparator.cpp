@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "ActionBar/ZelActionBarSeparator.h"
+
+#include <cmath>
+
+ZelActionBarSeparator::ZelActionBarSeparator(QWidget *parent)
+    : ZelView(parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+}
+
+void ZelActionBarSeparator::setStyle(quint32 style)
+{
+    if (m_style == style)
+        return;
+    m_style = style;
+    update();
+    Q_EMIT styleChanged();
+}
+
+void ZelActionBarSeparator::drawRect(QPainter &painter, const QRect &dirtyRect)
+{
+    ZelView::drawRect(painter, dirtyRect);
+    QColor color = palette().color(QPalette::WindowText);
+    color.setAlphaF(0.3F);
+    const QRectF area = bounds();
+    const double inset = m_style == 0 ? 3 : 0;
+    painter.fillRect(QRectF(std::floor(area.center().x()), area.top() + inset, 1, area.height() - 2 * inset), color);
+}

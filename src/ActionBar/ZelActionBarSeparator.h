@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ViewController/ZelView.h"
+
+/// A vertical hairline between the controls of an action bar.
+class ZelActionBarSeparator : public ZelView
+{
+    Q_OBJECT
+    /// The bar's: 0, the default, is a short line, any other value one of the bar's full height.
+    Q_PROPERTY(quint32 style READ style WRITE setStyle NOTIFY styleChanged)
+public:
+    explicit ZelActionBarSeparator(QWidget *parent = nullptr);
+
+    quint32 style() const { return m_style; }
+    void setStyle(quint32 style);
+
+    QSize sizeHint() const override { return {5, 12}; }
+    QSize minimumSizeHint() const override { return {1, 1}; }
+    void drawRect(QPainter &painter, const QRect &dirtyRect) override;
+    bool drawsContent() const override { return true; }
+
+Q_SIGNALS:
+    void styleChanged();
+
+protected:
+    ZelView *newInstance() const override { return new ZelActionBarSeparator; }
+
+private:
+    quint32 m_style = 0;
+};
