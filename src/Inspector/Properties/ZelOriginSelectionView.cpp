@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelOriginSelectionView.h"
+
+#include "Inspector/Properties/ZelOriginImages.h"
+#include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Resources/ZelNamedImages.h"
+
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <cmath>
+
+ZelOriginSelectionView::ZelOriginSelectionView(QWidget *parent)
+    : ZelView(parent)
+{
+    setFlipped(true);
+    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::StrongFocus);
+    updateImage();
+}
+
+ZelOriginSelectionView::~ZelOriginSelectionView()
+{
+    uninstall();
+}
+
+QSize ZelOriginSelectionView::sizeHint() const
+{
+    return {ZelOriginImages::side, ZelOriginImages::side};
+}
+
+void ZelOriginSelectionView::setAnchor(ZelRectAnchor anchor)
+{
+    if (anchor == m_anchor)
+        return;
+    m_anchor = anchor;
+    updateImage();
+    Q_EMIT anchorChanged();
+}
+
+ZelOriginSelectionViewDelegate *ZelOriginSelectionView::delegate() const
+{
+    return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
+}
+
+void ZelOriginSelectionView::setDelegate(ZelOriginSelectionViewDelegate *delegate)
+{
+    m_delegate = delegate;
+    m_delegateObject = dynamic_cast<QObject *>(delegate);
+    m_delegateIsObject = m_delegateObject;
+}
+
+// The picture
+
+QString ZelOriginSelectionView::imageNameForAnchor(ZelRectAnchor anchor)
+{
+    static const char *const names[] = {
+        "ZelOriginTopLeft",    "ZelOriginTopCenter",    "ZelOriginTopRight",
+        "ZelOriginMiddleLeft", "ZelOriginMiddleCenter", "ZelOriginMiddleRight",
+        "ZelOriginBottomLeft", "ZelOriginBottomCenter", "ZelOriginBottomRight",
+    };
+    return anchor > ZelOriginBottomRight ? QString() : QString::fromLatin1(names[anchor]);
+}
+
+void ZelOriginSelectionView::updateImage()
+{
+    const QString name = imageNameForAnchor(m_anchor);
+    m_image = name.isNull() ? QIcon() : ZelNamedImages::imageNamed(name);
+    if (m_image.isNull()) {
+        m_image = ZelOriginImages::image(m_anchor);
+        if (!name.isNull())
+            ZelNamedImages::setImageForName(m_image, name);
+    }
+    update();
+}
+
+void ZelOriginSelectionView::drawRect(QPainter &painter, const QRect &dirtyRect)
+{
+    ZelView::drawRect(painter, dirtyRect);
+    const QRect square(QPoint(), sizeHint());
+    m_image.paint(&painter, square);
+    if (!isEnabled()) {
+        QColor veil = ZelThemeColor::adapted(QColor::fromRgbF(0.9F, 0.9F, 0.9F), palette());
+        veil.setAlphaF(0.6F);
+        painter.fillRect(square, veil);
+    }
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = square;
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+}
+
+void ZelOriginSelectionView::changeEvent(QEvent *event)
+{
+    ZelView::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange)
+        update();
+}
+
+void ZelOriginSelectionView::focusInEvent(QFocusEvent *event)
+{
+    ZelView::focusInEvent(event);
+    update();
+}
+
+void ZelOriginSelectionView::focusOutEvent(QFocusEvent *event)
+{
+    ZelView::focusOutEvent(event);
+    update();
+}
+
+// Choosing
+
+ZelRectAnchor ZelOriginSelectionView::anchorAtPosition(const QPointF &position) const
+{
+    const int column = int(std::floor(position.x() / (bounds().width() / 3)));
+    const int row = int(std::floor(position.y() / (bounds().height() / 3)));
+    const bool isInside = column >= 0 && column < 3 && row >= 0 && row < 3;
+    return isInside ? ZelRectAnchor(row * 3 + column) : ZelOriginTopLeft;
+}
+
+void ZelOriginSelectionView::choose(ZelRectAnchor anchor)
+{
+    const QPointer<ZelOriginSelectionView> alive(this);
+    if (ZelOriginSelectionViewDelegate *listener = delegate())
+        listener->originSelectionViewDidSelectAnchor(this, anchor);
+    if (alive)
+        setAnchor(anchor);
+}
+
+void ZelOriginSelectionView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        choose(anchorAtPosition(event->position()));
+    else
+        ZelView::mousePressEvent(event);
+}
+
+void ZelOriginSelectionView::keyPressEvent(QKeyEvent *event)
+{
+    static const QHash<int, QPoint> steps = {
+        {Qt::Key_Left, {-1, 0}}, {Qt::Key_Right, {1, 0}}, {Qt::Key_Up, {0, -1}}, {Qt::Key_Down, {0, 1}}};
+    const auto step = steps.constFind(event->key());
+    if (step == steps.constEnd() || m_anchor > ZelOriginBottomRight) {
+        ZelView::keyPressEvent(event);
+        return;
+    }
+    const int column = std::clamp(int(m_anchor % 3) + step->x(), 0, 2);
+    const int row = std::clamp(int(m_anchor / 3) + step->y(), 0, 2);
+    choose(ZelRectAnchor(row * 3 + column));
+}
