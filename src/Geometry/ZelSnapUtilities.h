@@ -46,26 +46,68 @@ inline QSizeF ZelSnapSize(const QSizeF &size, ZelSnapMode mode, bool halfPoints)
     return QSizeF(ZelSnapValue(size.width(), mode, halfPoints), ZelSnapValue(size.height(), mode, halfPoints));
 }
 
+namespace ZelSnapping {
+
+/// Up to here a double holds halves, and the sum with Shifter leaves no room for less than a whole.
+inline constexpr double Limit = 0x1p51;
+inline constexpr double Shifter = 0x1.8p52;
+
+/// The library's roundings of numbers below the limit; a zero has no sign.
+template<ZelSnapMode Mode> constexpr double rounded(double v)
+{
+    const double nearest = (v + Shifter) - Shifter; // halves to even
+    if constexpr (Mode == ZelSnapModeFloor)
+        return nearest > v ? nearest - 1 : nearest;
+    if constexpr (Mode == ZelSnapModeCeil)
+        return nearest < v ? nearest + 1 : nearest;
+    const double rest = v - nearest;
+    return v >= 0 ? (rest >= 0.5 ? nearest + 1 : nearest) : (rest <= -0.5 ? nearest - 1 : nearest);
+}
+
+struct Edges
+{
+    double left, top, right, bottom;
+
+    bool areBelowLimit() const // false for NaN
+    {
+        const auto isBelow = [](double v) { return -Limit < v && v < Limit; };
+        return isBelow(left) && isBelow(top) && isBelow(right) && isBelow(bottom);
+    }
+    template<typename Minimum, typename Maximum> QRectF mapped(Minimum minimum, Maximum maximum) const
+    {
+        const double x = minimum(left);
+        const double y = minimum(top);
+        return QRectF(x, y, maximum(right) - x, maximum(bottom) - y);
+    }
+    template<ZelSnapMode Minimum, ZelSnapMode Maximum> QRectF snapped(bool halfPoints) const
+    {
+        if (!areBelowLimit()) {
+            return mapped([=](double v) { return ZelSnapValue(v, Minimum, halfPoints); },
+                          [=](double v) { return ZelSnapValue(v, Maximum, halfPoints); });
+        }
+        const double shift = halfPoints ? 0.5 : 0.0;
+        return mapped([=](double v) { return rounded<Minimum>(v + shift) - shift; },
+                      [=](double v) { return rounded<Maximum>(v + shift) - shift; });
+    }
+};
+
+} // namespace ZelSnapping
+
 /// Snaps the edges. Unlike those of a point, floor and ceiling mean inward and outward: to the pixels that are covered
 /// wholly, where less than one pixel leaves a negative size, and to every pixel that is touched. Every other mode
 /// rounds each edge. A negative size is made positive first.
 inline QRectF ZelSnapRect(const QRectF &rect, ZelSnapMode mode, bool halfPoints)
 {
-    const auto snapped = [&](ZelSnapMode minimum, ZelSnapMode maximum) {
-        const double left = ZelSnapValue(CGRectGetMinX(rect), minimum, halfPoints);
-        const double top = ZelSnapValue(CGRectGetMinY(rect), minimum, halfPoints);
-        return QRectF(left, top, ZelSnapValue(CGRectGetMaxX(rect), maximum, halfPoints) - left,
-                      ZelSnapValue(CGRectGetMaxY(rect), maximum, halfPoints) - top);
-    };
+    const ZelSnapping::Edges edges{CGRectGetMinX(rect), CGRectGetMinY(rect), CGRectGetMaxX(rect), CGRectGetMaxY(rect)};
     switch (mode) {
     case ZelSnapModeFloor:
-        return snapped(ZelSnapModeCeil, ZelSnapModeFloor);
+        return edges.snapped<ZelSnapModeCeil, ZelSnapModeFloor>(halfPoints);
     case ZelSnapModeCeil:
-        return snapped(ZelSnapModeFloor, ZelSnapModeCeil);
+        return edges.snapped<ZelSnapModeFloor, ZelSnapModeCeil>(halfPoints);
     case ZelSnapModeRound:
         break;
     }
-    return snapped(ZelSnapModeRound, ZelSnapModeRound);
+    return edges.snapped<ZelSnapModeRound, ZelSnapModeRound>(halfPoints);
 }
 
 using ZelPointTransformBlock = std::function<QPointF(const QPointF &)>;

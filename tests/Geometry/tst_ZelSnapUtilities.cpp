@@ -70,8 +70,8 @@ template<typename Snap> QImage painted(double ratio, const QTransform &transform
     return image;
 }
 
-/// The pixels that are black; nothing if any is grey, or if they are no rectangle. The painter's own fixed-point numbers
-/// may miss a pixel's coverage by one step of 255.
+/// The pixels that are black; nothing if any is grey, or if they are no rectangle. The painter's own fixed-point
+/// numbers may miss a pixel's coverage by one step of 255.
 QRect blackPixels(const QImage &image)
 {
     QRect bounds;
@@ -152,6 +152,10 @@ void TestSnapUtilities::rectanglesShrinkGrowOrRound_data()
     QTest::newRow("round") << ZelSnapModeRound << false << rect << QRectF(0, -2, 3, 4);
     QTest::newRow("unknown mode rounds") << ZelSnapMode(7) << false << rect << QRectF(0, -2, 3, 4);
     QTest::newRow("to centres") << ZelSnapModeFloor << true << rect << QRectF(0.5, -1.5, 2, 3);
+    QTest::newRow("halves go outwards") << ZelSnapModeRound << false << QRectF(-2.5, -0.5, 5, 3)
+                                        << QRectF(-3, -1, 6, 4);
+    QTest::newRow("beyond halves") << ZelSnapModeCeil << true << QRectF(-1e300, 0.2, 0x1p60, 1)
+                                   << QRectF(-1e300, -0.5, 0, 2);
     QTest::newRow("negative size") << ZelSnapModeCeil << false << QRectF(3.25, 2.25, -3, -4) << QRectF(0, -2, 4, 5);
 }
 
