@@ -240,10 +240,11 @@ void ZelSegmentedControl::initStyleOption(QStyleOptionToolButton *option, qsizet
     const qsizetype focused = m_selectsAny ? m_current : std::max<qsizetype>(selectedSegment(), 0);
     option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == focused);
     option->state.setFlag(QStyle::State_MouseOver, false);
-    option->state.setFlag(QStyle::State_Enabled, isEnabled() && m_editable && shown.enabled);
     option->state.setFlag(QStyle::State_On, isSegmentSelected(segment));
     option->state.setFlag(QStyle::State_Sunken, segment == m_pressed && m_isInside);
     option->state.setFlag(QStyle::State_Raised, !(option->state & (QStyle::State_On | QStyle::State_Sunken)));
+    if (!isEnabled() || !m_editable || !shown.enabled)
+        ZelControlSupport::showDisabled(option);
 }
 
 void ZelSegmentedControl::paintEvent(QPaintEvent *)
