@@ -88,23 +88,32 @@ QColor inkOn(const QColor &color)
     return qGray(color.rgb()) > 127 ? Qt::black : Qt::white;
 }
 
+void drawStripes(QPainter *painter, const QRect &swatch)
+{
+    const double distance = swatch.height() / 3.0;
+    QColor color = currentPalette().color(QPalette::WindowText);
+    color.setAlphaF(0.45F);
+    painter->save();
+    painter->setClipRect(swatch.adjusted(1, 1, -1, -1));
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(color, distance / 3));
+    for (double x = distance; x < swatch.width() + swatch.height(); x += distance)
+        painter->drawLine(QPointF(swatch.x() + x, swatch.y()),
+                          QPointF(swatch.x() + x - swatch.height(), swatch.y() + swatch.height()));
+    painter->restore();
+}
+
 QRect drawSwatch(QPainter *painter, const QRect &rect, const QVariant &color)
 {
     const QRect swatch = swatchRect(rect);
     ZelColorSwatch::paint(painter, swatch, ZelColor::fromVariant(color), currentPalette());
-    if (ZelIsMarker(color, ZelMultipleValuesMarker)) {
-        const int thickness = std::max(1, rect.height() / 7);
-        QRect dash(0, 0, swatch.width() / 2, thickness);
-        dash.moveCenter(swatch.center());
-        painter->fillRect(dash, currentPalette().color(QPalette::WindowText));
-    }
+    if (ZelIsMarker(color, ZelMultipleValuesMarker))
+        drawStripes(painter, swatch);
     return swatch;
 }
 
 void drawLetter(QPainter *painter, const QRect &swatch, const QVariant &color)
 {
-    if (ZelIsControllerMarker(color))
-        return;
     const QString letter = QStringLiteral("a");
     QFont font = ZelControlSize::smallFont();
     font.setPixelSize(std::max(1, qRound(swatch.height() * 0.9)));

@@ -11,7 +11,7 @@ public:
     /// The application's image of that name, where it has one, else the library's, in the text colour of the palette:
     /// "ZelTextAlignLeftTemplate", and the same with Center, Right, Justified and Natural. Null for any other name.
     static QIcon alignmentImage(const QString &name);
-    /// A swatch of a colour. Nothing but an outline for no colour; a dash in it where there are several.
+    /// A swatch of a colour. Nothing but an outline for no colour; striped where there are several.
     static QIcon textColorImage(const QVariant &color);
     /// The same with a letter on it.
     static QIcon backgroundColorImage(const QVariant &color);
