@@ -1,0 +1,291 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelPopover.h"
+#include "Platform/Resources/ZelDrawnIconEngine.h"
+#include "Platform/Resources/ZelFontManager.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Resources/ZelNamedImages.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QPainter>
+
+namespace {
+
+const char g_context = 0;
+constexpr QMargins g_buttonRoom{0, 0, 20, 0};
+constexpr int g_popoverWidth = 245;
+
+std::optional<QFont> fontOf(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QFont)
+        return std::nullopt;
+    return value.value<QFont>();
+}
+
+bool hasNoTarget(const QVariant &value)
+{
+    return ZelIsMarker(value, ZelNoSelectionMarker) || ZelIsMarker(value, ZelNotApplicableMarker);
+}
+
+/// A letter, drawn with strokes of whole device pixels' width.
+void drawLetter(QPainter *painter, const QRect &rect)
+{
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(rect.topLeft());
+    painter->scale(rect.width() / 14.0, rect.height() / 14.0);
+    painter->setPen(QPen(Qt::black, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF{QPointF(2.5, 11.5), QPointF(7, 2), QPointF(11.5, 11.5)});
+    painter->drawLine(QPointF(4.2, 8.2), QPointF(9.8, 8.2));
+}
+
+QIcon pickerImage()
+{
+    const QString name = QStringLiteral("ZelFontPickerButton");
+    QIcon image = ZelNamedImages::imageNamed(name);
+    if (image.isNull()) {
+        image = ZelNamedImages::templateImage(QIcon(new ZelDrawnIconEngine(&drawLetter)));
+        ZelNamedImages::setImageForName(image, name);
+    }
+    return image;
+}
+
+QString localized(const char *text)
+{
+    return ZelLocalizedString(QString::fromUtf8(text));
+}
+
+} // namespace
+
+ZelInspectorFontProperty::ZelInspectorFontProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+{
+}
+
+ZelInspectorFontProperty::~ZelInspectorFontProperty()
+{
+    uninstall();
+    delete m_popover;
+}
+
+// Value
+
+QVariant ZelInspectorFontProperty::fontSize() const
+{
+    const QVariant value = reflectedValue();
+    if (const auto font = fontOf(value))
+        return ZelFontManager::sizeOf(*font);
+    return ZelIsControllerMarker(value) ? value : QVariant();
+}
+
+void ZelInspectorFontProperty::setFontSize(const QVariant &size)
+{
+    bool isNumber = !ZelIsControllerMarker(size);
+    const double number = isNumber ? size.toDouble(&isNumber) : 0;
+    if (!isNumber || !(number > 0) || hasNoTarget(reflectedValue()))
+        return;
+    const auto font = fontOf(reflectedValue());
+    setReflectedValue(font ? ZelFontManager::convertFontToSize(*font, number)
+                           : ZelFontManager::systemFontOfSize(number));
+}
+
+/// The font to be changed; the system font where there is no single one.
+QFont ZelInspectorFontProperty::currentFont() const
+{
+    return fontOf(reflectedValue()).value_or(ZelFontManager::platformFont(ZelFontManager::SystemFont));
+}
+
+void ZelInspectorFontProperty::writeFont(const QFont &font, QObject *sender)
+{
+    const QPointer<ZelInspectorFontProperty> alive(this);
+    setReflectedValue(font);
+    if (alive)
+        userDidChangeValue(sender);
+}
+
+// View
+
+void ZelInspectorFontProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    m_textField = new ZelPaddedTextField(container);
+    m_textField->setSelectable(false);
+    m_textField->setEditable(false);
+    m_textField->setPadding(g_buttonRoom);
+    m_textField->setAccessibleName(title());
+    ZelEditorLayout::setStretches(m_textField, 1);
+    m_button = new ZelActionBarButton(container);
+    m_button->setIcon(pickerImage());
+    m_button->setAccessibleName(localized("Font"));
+    connect(m_button, &QAbstractButton::clicked, this, [this] { selectPopover(m_button); });
+    m_stepper = new ZelStepper(container);
+    m_stepper->setMinValue(1);
+    m_stepper->setAccessibleName(localized("Size"));
+    connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    layOut(container);
+    addPopover();
+}
+
+void ZelInspectorFontProperty::layOut(ZelView *container)
+{
+    const QHash<QString, QWidget *> views{{QStringLiteral("textField"), m_textField},
+                                          {QStringLiteral("button"), m_button},
+                                          {QStringLiteral("stepper"), m_stepper}};
+    for (const QString &format :
+         {QStringLiteral("H:|-2-[textField]-1-[stepper]-2-|"), QStringLiteral("V:|-2-[stepper]"),
+          QStringLiteral("V:|-2-[button(==17)]"), QStringLiteral("H:[button(==16)]-4-[stepper]")})
+        container->addConstraintsWithVisualFormat(format, views);
+    ZelEditorLayout::layOutVertically(container, m_textField, m_label);
+}
+
+void ZelInspectorFontProperty::addPopover()
+{
+    delete m_popover;
+    m_popover = new ZelPopover(this);
+    m_popoverView = new ZelFontPopoverView;
+    m_popover->setContentWidget(m_popoverView);
+    m_popover->setContentSize({g_popoverWidth, 0});
+    ZelFontPopoverView *view = m_popoverView;
+    connect(view->fontPopUpButton(), &ZelPopUpButton::action, this, [=] { selectFont(view->fontPopUpButton()); });
+    connect(view->fontFamilyPopUpButton(), &ZelPopUpButton::action, this,
+            [=] { selectFontFamily(view->fontFamilyPopUpButton()); });
+    connect(view->fontStylePopUpButton(), &ZelPopUpButton::action, this,
+            [=] { selectFontFace(view->fontStylePopUpButton()); });
+    connect(view->fontSizeTextField(), &ZelTextField::action, this,
+            [=] { setFontSize(view->fontSizeTextField()->objectValue()); });
+    connect(view->fontSizeStepper(), &ZelStepper::action, this,
+            [=] { setFontSize(view->fontSizeStepper()->objectValue()); });
+    connect(view->doneButton(), &QAbstractButton::clicked, this, [=] { selectDone(view->doneButton()); });
+}
+
+void ZelInspectorFontProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_textField);
+    bindEnabledKeyPathToControl(m_stepper);
+    observeForUpdate(enabledKeyPath(), &g_context); // the button looks at the value, too
+    observeForUpdate(keyPath(), &g_context);
+    updateView();
+}
+
+void ZelInspectorFontProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
+    if (m_popover)
+        m_popover->performClose();
+}
+
+void ZelInspectorFontProperty::updateView()
+{
+    if (!m_textField || !m_popoverView)
+        return;
+    const QPointer<ZelInspectorFontProperty> alive(this);
+    Q_EMIT fontSizeChanged();
+    if (!alive)
+        return;
+    showSize();
+    const QVariant value = reflectedValue();
+    const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
+    const auto font = fontOf(value);
+    m_button->setEnabled((isMultiple || font) && isEffectivelyEnabled());
+    if (font) {
+        showFont(*font);
+    } else if (isMultiple) {
+        showText(localized("Multiple Fonts"));
+        m_popoverView->selectMultiple();
+    } else {
+        showText(placeholder.isNull() ? localized("No Font") : placeholder);
+        m_popoverView->selectFamilyAndFace({}, {});
+    }
+}
+
+void ZelInspectorFontProperty::showText(const QString &text)
+{
+    m_textField->setObjectValue(text);
+}
+
+void ZelInspectorFontProperty::showSize()
+{
+    const QVariant size = fontSize();
+    ZelTextField *field = m_popoverView->fontSizeTextField();
+    field->setNullPlaceholder(localized(ZelIsMarker(size, ZelMultipleValuesMarker) ? "Multiple Sizes" : "No Size"));
+    field->setObjectValue(ZelIsControllerMarker(size) ? QVariant() : size);
+    field->setEditable(!hasNoTarget(size));
+    for (ZelStepper *stepper : {m_stepper.data(), m_popoverView->fontSizeStepper()}) {
+        stepper->setObjectValue(size);
+        stepper->setEditable(!hasNoTarget(size));
+    }
+}
+
+void ZelInspectorFontProperty::showFont(const QFont &font)
+{
+    const QString family = ZelFontManager::familyOf(font);
+    const QString face = ZelFontManager::faceOf(font);
+    QString text = family;
+    if (face != QStringLiteral("Regular"))
+        text += u' ' + face;
+    showText(text + u' ' + QString::number(ZelFontManager::sizeOf(font), 'f', 0));
+    m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(family));
+    m_popoverView->selectFamilyAndFace(family, face);
+}
+
+// Actions
+
+void ZelInspectorFontProperty::selectPopover(QObject *sender)
+{
+    auto *widget = qobject_cast<QWidget *>(sender);
+    if (!widget || !m_popover || !m_popoverView)
+        return;
+    m_popoverView->selectCustom();
+    m_popoverView->setDetailsEnabled(true);
+    m_popover->showRelativeToRect({}, widget, Qt::BottomEdge);
+}
+
+void ZelInspectorFontProperty::selectFont(QObject *sender)
+{
+    if (!m_popoverView)
+        return;
+    const QAction *item = m_popoverView->fontPopUpButton()->selectedItem();
+    const QVariant font = item ? item->data() : QVariant();
+    const QPointer<ZelInspectorFontProperty> alive(this);
+    if (font.isValid())
+        setReflectedValue(ZelFontManager::platformFont(ZelFontManager::PlatformFont(font.toInt())));
+    if (!alive || !m_popoverView)
+        return;
+    m_popoverView->setDetailsEnabled(!font.isValid());
+    userDidChangeValue(sender);
+}
+
+void ZelInspectorFontProperty::selectFontFamily(QObject *sender)
+{
+    const QString family = m_popoverView ? m_popoverView->fontFamilyPopUpButton()->objectValue().toString() : QString();
+    if (!family.isEmpty()) // else it is no family's item
+        writeFont(ZelFontManager::convertFontToFamily(currentFont(), family), sender);
+}
+
+void ZelInspectorFontProperty::selectFontFace(QObject *sender)
+{
+    const QString face = m_popoverView ? m_popoverView->fontStylePopUpButton()->objectValue().toString() : QString();
+    const QFont font = currentFont();
+    if (!face.isEmpty())
+        writeFont(ZelFontManager::convertFontToFace(font, ZelFontManager::familyOf(font), face), sender);
+}
+
+void ZelInspectorFontProperty::selectDone(QObject *)
+{
+    if (m_popover)
+        m_popover->performClose();
+}
+
+QWidget *ZelInspectorFontProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_textField;
+}

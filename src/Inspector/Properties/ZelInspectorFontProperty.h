@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ActionBar/ZelActionBarButton.h"
+#include "Inspector/Properties/ZelFontPopoverView.h"
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelPaddedTextField.h"
+
+#include <QFont>
+
+class ZelPopover;
+
+/// Edits a font: describes it by family, face and size, changes the size with a stepper, and the rest in a popover.
+///
+/// The value of the model is a QFont; any other value, or none, is no font. The font is written as a whole: where
+/// several fonts are selected, all become the same.
+class ZelInspectorFontProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+    /// The size of the font in its own unit, points or pixels; a selection marker where there is no single one, and
+    /// absent where there is no font. Setting it changes the size of the font, or brings the system font of that size
+    /// where there is no single font. What is no positive number changes nothing.
+    Q_PROPERTY(QVariant fontSize READ fontSize WRITE setFontSize NOTIFY fontSizeChanged)
+public:
+    explicit ZelInspectorFontProperty(QObject *owner);
+    ~ZelInspectorFontProperty() override;
+
+    QString placeholder; ///< shown in the place of "No Font"
+    ZelPaddedTextField *textField() const { return m_textField; }
+    ZelActionBarButton *button() const { return m_button; }
+    ZelStepper *stepper() const { return m_stepper; }
+    ZelLabel *label() const { return m_label; }
+    ZelPopover *popover() const { return m_popover; }
+    /// The content of the popover; null before the view is loaded.
+    ZelFontPopoverView *popoverView() const { return m_popoverView; }
+    QStringList fontFamilies() const { return m_popoverView ? m_popoverView->fontFamilies() : QStringList(); }
+    QStringList fontFaces() const { return m_popoverView ? m_popoverView->fontFaces() : QStringList(); }
+
+    QVariant fontSize() const;
+    void setFontSize(const QVariant &size);
+
+    // What the controls do
+    Q_INVOKABLE void selectPopover(QObject *sender);
+    /// Writes the font that is selected in the popover; nothing for "Custom".
+    Q_INVOKABLE void selectFont(QObject *sender);
+    Q_INVOKABLE void selectFontFamily(QObject *sender);
+    Q_INVOKABLE void selectFontFace(QObject *sender);
+    Q_INVOKABLE void selectDone(QObject *sender);
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    QWidget *viewForBaselineAlignment() override;
+
+Q_SIGNALS:
+    void fontSizeChanged();
+
+private:
+    void addPopover();
+    void layOut(ZelView *container);
+    void showText(const QString &text);
+    void showSize();
+    void showFont(const QFont &font);
+    void writeFont(const QFont &font, QObject *sender);
+    QFont currentFont() const;
+
+    QPointer<ZelPaddedTextField> m_textField;
+    QPointer<ZelActionBarButton> m_button;
+    QPointer<ZelStepper> m_stepper;
+    QPointer<ZelLabel> m_label;
+    QPointer<ZelPopover> m_popover;
+    QPointer<ZelFontPopoverView> m_popoverView;
+};

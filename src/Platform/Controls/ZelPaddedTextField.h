@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelTextField.h"
+
+/// A text field with room beside its text, such as for a small button inside its frame.
+class ZelPaddedTextField : public ZelTextField
+{
+    Q_OBJECT
+    Q_PROPERTY(QMargins padding READ padding WRITE setPadding)
+    Q_PROPERTY(bool selectable READ isSelectable WRITE setSelectable)
+public:
+    using ZelTextField::ZelTextField;
+
+    /// Points between the frame's inner edges and the text; none by default. Left is left in any layout direction.
+    QMargins padding() const { return textMargins(); }
+    void setPadding(const QMargins &padding) { setTextMargins(padding); }
+
+    /// Whether users can set a cursor into the text and select it; true. Otherwise the field does not take the focus
+    /// and leaves what the mouse does to its parent.
+    bool isSelectable() const { return m_selectable; }
+    void setSelectable(bool selectable);
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    bool m_selectable = true;
+};

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Resources/ZelFontManager.h"
+
+#include <QApplication>
+#include <QCollator>
+#include <QFontDatabase>
+#include <QToolTip>
+
+namespace {
+
+/// Whether the face of the family is of the font's weight, slant and width.
+bool isLike(const QFont &font, const QString &family, const QString &face)
+{
+    const QFont other = QFontDatabase::font(family, face, 12);
+    const bool isSlanted = font.style() != QFont::StyleNormal;
+    return other.weight() == font.weight() && (other.style() != QFont::StyleNormal) == isSlanted &&
+           (font.stretch() == QFont::AnyStretch || other.stretch() == QFont::AnyStretch ||
+            other.stretch() == font.stretch());
+}
+
+QString descriptionOf(const QFont &font)
+{
+    QFont plain = font;
+    plain.setStyleName({});
+    const QString name = QFontDatabase::styleString(plain);
+    return name == QStringLiteral("Normal") || name.isEmpty() ? QStringLiteral("Regular") : name;
+}
+
+QFont systemFont(double share, bool bold)
+{
+    QFont font = QApplication::font();
+    if (share < 1)
+        font = ZelFontManager::convertFontToSize(font, ZelFontManager::sizeOf(font) * share);
+    if (bold)
+        font.setBold(true);
+    return font;
+}
+
+constexpr double g_small = 11.0 / 13.0;
+constexpr double g_mini = 9.0 / 13.0;
+
+} // namespace
+
+QStringList ZelFontManager::availableFontFamilies()
+{
+    QStringList families = QFontDatabase::families();
+    families.removeIf([](const QString &family) { return QFontDatabase::isPrivateFamily(family); });
+    return families;
+}
+
+QStringList ZelFontManager::availableFacesOfFamily(const QString &family)
+{
+    QStringList faces = QFontDatabase::styles(family);
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::sort(faces.begin(), faces.end(), collator);
+    return faces;
+}
+
+QString ZelFontManager::familyOf(const QFont &font)
+{
+    return font.families().value(0, font.family());
+}
+
+QString ZelFontManager::faceOf(const QFont &font)
+{
+    if (!font.styleName().isEmpty())
+        return font.styleName();
+    const QString family = familyOf(font);
+    const QString description = descriptionOf(font);
+    const QStringList faces = availableFacesOfFamily(family);
+    if (faces.contains(description))
+        return description;
+    const auto face =
+        std::find_if(faces.begin(), faces.end(), [&](const QString &name) { return isLike(font, family, name); });
+    return face == faces.end() ? description : *face;
+}
+
+double ZelFontManager::sizeOf(const QFont &font)
+{
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize();
+}
+
+QFont ZelFontManager::convertFontToSize(const QFont &font, double size)
+{
+    QFont converted = font;
+    if (!(size > 0))
+        return converted;
+    if (font.pointSizeF() > 0)
+        converted.setPointSizeF(size);
+    else
+        converted.setPixelSize(qMax(1, qRound(size)));
+    return converted;
+}
+
+QFont ZelFontManager::convertFontToFamily(const QFont &font, const QString &family)
+{
+    QFont converted = font;
+    if (family.isEmpty() || family == familyOf(font))
+        return converted;
+    converted.setFamilies({family});
+    converted.setStyleName({}); // the face's name is the former family's
+    return converted;
+}
+
+QFont ZelFontManager::convertFontToFace(const QFont &font, const QString &family, const QString &face)
+{
+    QFont converted = font;
+    converted.setFamilies({family});
+    converted.setStyleName(face);
+    if (QFontDatabase::styles(family).contains(face)) {
+        const QFont known = QFontDatabase::font(family, face, 12);
+        converted.setWeight(QFont::Weight(known.weight()));
+        converted.setStyle(known.style());
+        converted.setStretch(known.stretch());
+    }
+    return converted;
+}
+
+QFont ZelFontManager::platformFont(PlatformFont font)
+{
+    switch (font) {
+    case SystemFont:
+    case UserFont:
+        return systemFont(1, false);
+    case SmallSystemFont:
+        return systemFont(g_small, false);
+    case MiniSystemFont:
+        return systemFont(g_mini, false);
+    case BoldSystemFont:
+        return systemFont(1, true);
+    case SmallBoldSystemFont:
+        return systemFont(g_small, true);
+    case MiniBoldSystemFont:
+        return systemFont(g_mini, true);
+    case ControlContentFont:
+        return QApplication::font("QLineEdit");
+    case LabelFont:
+        return QApplication::font("QLabel");
+    case MenuFont:
+        return QApplication::font("QMenu");
+    case MenuBarFont:
+        return QApplication::font("QMenuBar");
+    case MessageFont:
+        return QApplication::font("QMessageBox");
+    case PaletteFont:
+        return QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont);
+    case TitleBarFont:
+        return QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    case ToolTipsFont:
+        return QToolTip::font();
+    case UserFixedPitchFont:
+        return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    }
+    return systemFont(1, false);
+}
