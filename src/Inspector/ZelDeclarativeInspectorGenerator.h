@@ -88,6 +88,13 @@ public:
     createTextEnumerationPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorEnumerationProperty *
     createImageEnumerationPropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createColorPropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createDatePropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createResourcePropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createFrameProperty(const Configuration &configuration);
+    virtual ZelInspectorProperty *createSizeProperty(const Configuration &configuration);
+    /// No type leads here: "point" makes a size editor. For subclasses that want one for their own types.
+    virtual ZelInspectorProperty *createPointProperty(const Configuration &configuration);
     virtual ZelInspectorProperty *createCustomPropertyForConfiguration(const Configuration &configuration);
 
 private:

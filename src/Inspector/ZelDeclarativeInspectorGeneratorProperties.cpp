@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
+#include "Inspector/Properties/ZelInspectorBoundsProperty.h"
+#include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/Properties/ZelInspectorDateProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/Properties/ZelInspectorPointProperty.h"
+#include "Inspector/Properties/ZelInspectorResourceProperty.h"
+#include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
@@ -84,6 +90,31 @@ void applySlider(uint &type, const Configuration &configuration)
               QStringLiteral("Unsupported value: "), configuration);
 }
 
+void applyNumberFormat(ZelInspectorCompositeProperty &property, const Configuration &configuration)
+{
+    applyFormatStyle(property.formatStyle, configuration);
+    property.formatUnit = configuration.stringValueNamed(u"formatUnit");
+    property.increment = configuration.doubleValueNamed(u"increment", 1);
+    property.incrementKeyPath = configuration.stringValueNamed(u"incrementKeyPath");
+}
+
+/// A component keeps its usual title unless the description gives another.
+void applyComponentTitle(QString &title, QString &titleKeyPath, const QString &name, const Configuration &configuration)
+{
+    if (configuration.hasValueNamed(name))
+        title = configuration.localizedStringValueNamed(name);
+    titleKeyPath = configuration.stringValueNamed(QString(name + u"KeyPath"));
+}
+
+void applyPairAttributes(ZelInspectorPairProperty &property, const Configuration &configuration)
+{
+    property.setTitle({}); // the row's label stands beside the checkbox
+    property.setTitleKeyPath({});
+    property.nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
+    property.nonNilValueKeyPath = configuration.stringValueNamed(u"nonNilValueKeyPath");
+    applyNumberFormat(property, configuration);
+}
+
 } // namespace
 
 /// The types in their order. One without a builder is known, but there is no editor for it.
@@ -101,13 +132,13 @@ const Generator::PropertyType *Generator::propertyTypeNamed(const QString &name)
         {u"number", &Generator::createNumberPropertyForConfiguration},
         {u"string", &Generator::createStringPropertyForConfiguration},
         {u"enumeration", &Generator::createEnumerationPropertyForConfiguration},
-        {u"color"},
-        {u"date"},
+        {u"color", &Generator::createColorPropertyForConfiguration},
+        {u"date", &Generator::createDatePropertyForConfiguration},
         {u"font"},
-        {u"resource"},
-        {u"frame"},
-        {u"size"},
-        {u"point"},
+        {u"resource", &Generator::createResourcePropertyForConfiguration},
+        {u"frame", &Generator::createFrameProperty},
+        {u"size", &Generator::createSizeProperty},
+        {u"point", &Generator::createSizeProperty},
         {u"custom", &Generator::createCustomPropertyForConfiguration},
     };
     const auto type = std::find_if(std::begin(types), std::end(types), [&](const auto &t) { return t.name == name; });
@@ -201,6 +232,63 @@ ZelInspectorProperty *Generator::createStringPropertyForConfiguration(const Conf
     property->editable = configuration.booleanValueNamed(u"editable", true);
     return property.release();
 }
+
+ZelInspectorProperty *Generator::createColorPropertyForConfiguration(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorColorProperty>(configuration);
+    const QString name = configuration.stringValueNamed(u"colorList", QStringLiteral("System"));
+    property->colorList = ZelColorList::colorListNamed(name);
+    if (!property->colorList)
+        fail(u"No color list found with name " + name, configuration);
+    property->defaultColor = configuration.colorForValueNamed(u"defaultColor");
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createDatePropertyForConfiguration(const Configuration &configuration)
+{
+    return makeProperty<ZelInspectorDateProperty>(configuration).release();
+}
+
+ZelInspectorProperty *Generator::createResourcePropertyForConfiguration(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorResourceProperty>(configuration);
+    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    property->resourcesKeyPath = configuration.stringValueNamed(u"resourcesKeyPath");
+    return property.release();
+}
+
+// Points and rectangles
+
+ZelInspectorProperty *Generator::createFrameProperty(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorBoundsProperty>(configuration);
+    applyNumberFormat(*property, configuration);
+    property->setFlipped(configuration.booleanValueNamed(u"flipped", true));
+    property->flippedKeyPath = configuration.stringValueNamed(u"flippedKeyPath");
+    property->showOriginSelector = configuration.booleanValueNamed(u"showOriginSelector");
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createSizeProperty(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorSizeProperty>(configuration);
+    applyPairAttributes(*property, configuration);
+    applyComponentTitle(property->widthTitle, property->widthTitleKeyPath, QStringLiteral("widthTitle"), configuration);
+    applyComponentTitle(property->heightTitle, property->heightTitleKeyPath, QStringLiteral("heightTitle"),
+                        configuration);
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createPointProperty(const Configuration &configuration)
+{
+    auto property = makeProperty<ZelInspectorPointProperty>(configuration);
+    applyPairAttributes(*property, configuration);
+    applyComponentTitle(property->xTitle, property->xTitleKeyPath, QStringLiteral("xTitle"), configuration);
+    applyComponentTitle(property->yTitle, property->yTitleKeyPath, QStringLiteral("yTitle"), configuration);
+    return property.release();
+}
+
+// The application's own
 
 ZelInspectorProperty *Generator::createCustomPropertyForConfiguration(const Configuration &configuration)
 {

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
+#include "Inspector/Properties/ZelInspectorBoundsProperty.h"
+#include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/Properties/ZelInspectorResourceProperty.h"
+#include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
@@ -72,6 +76,9 @@ private Q_SLOTS:
     void typesChooseTheEditor();
     void commonAttributesReachTheEditor();
     void numbersHaveTheirOwnAttributes();
+    void coloursAndResourcesHaveTheirOwnAttributes();
+    void framesHaveTheirOwnAttributes();
+    void sizesHaveTitlesOfTheirComponents();
     void enumerationsHaveGroupsOfOptions();
     void classesAreFoundByName();
     void includedSettingsHoldUnlessOverridden();
@@ -185,6 +192,12 @@ void tst_ZelDeclarativeInspectorGenerator::typesChooseTheEditor_data()
         {"type='string' attributed='no'", "ZelInspectorStringProperty"},
         {"type='enumeration'", "ZelInspectorTextEnumerationProperty"},
         {"type='enumeration' style='segmented'", "ZelInspectorImageEnumerationProperty"},
+        {"type='color'", "ZelInspectorColorProperty"},
+        {"type='date'", "ZelInspectorDateProperty"},
+        {"type='resource'", "ZelInspectorResourceProperty"},
+        {"type='frame'", "ZelInspectorBoundsProperty"},
+        {"type='size'", "ZelInspectorSizeProperty"},
+        {"type='point'", "ZelInspectorSizeProperty"},
         {"type='custom'", "ZelInspectorCustomProperty"},
         {"type='custom' class='NotingProperty'", "NotingProperty"},
         {"type='custom' class='ZelInspectorCustomProperty' file='Slice.xml'", "ZelInspectorCustomProperty"},
@@ -241,6 +254,55 @@ void tst_ZelDeclarativeInspectorGenerator::numbersHaveTheirOwnAttributes()
     QCOMPARE(number->formatStyle, uint(ZelInspectorNumberProperty::DecimalStyle));
     QCOMPARE(number->sliderType, uint(ZelInspectorNumberProperty::LinearSlider));
     QCOMPARE(number->formatUnit, QStringLiteral(" pt"));
+}
+
+void tst_ZelDeclarativeInspectorGenerator::coloursAndResourcesHaveTheirOwnAttributes()
+{
+    Tree tree = slice(inSliver("<property type='color'/>"));
+    const auto *color = onlyProperty<ZelInspectorColorProperty>(tree);
+    QCOMPARE(color->colorList->name(), QStringLiteral("System"));
+    QVERIFY(!color->defaultColor.isValid());
+    tree = slice(inSliver("<property type='color' colorList='Crayons' defaultColor='NSDeviceRGBColorSpace 1 0 0 1'/>"));
+    color = onlyProperty<ZelInspectorColorProperty>(tree);
+    QCOMPARE(color->colorList->name(), QStringLiteral("Crayons"));
+    QCOMPARE(color->defaultColor.toQColor(), QColor(Qt::red));
+    tree = slice(inSliver("<property type='resource' placeholder='Size' resourcesKeyPath='names'/>"));
+    const auto *resource = onlyProperty<ZelInspectorResourceProperty>(tree);
+    QCOMPARE(resource->placeholder + resource->resourcesKeyPath, QStringLiteral("Größenames"));
+}
+
+void tst_ZelDeclarativeInspectorGenerator::framesHaveTheirOwnAttributes()
+{
+    Tree tree = slice(inSliver("<property type='frame'/>"));
+    const auto *frame = onlyProperty<ZelInspectorBoundsProperty>(tree);
+    QCOMPARE(frame->flipped(), QVariant(true));
+    QCOMPARE(frame->increment, std::optional<double>(1));
+    QVERIFY(!frame->showOriginSelector && frame->formatStyle == ZelInspectorNumberProperty::IntegerStyle);
+    tree = slice(inSliver(R"(<property type="frame" formatStyle="decimal" formatUnit=" pt" increment="0.5"
+        incrementKeyPath="a" flipped="no" flippedKeyPath="b" showOriginSelector="yes"/>)"));
+    frame = onlyProperty<ZelInspectorBoundsProperty>(tree);
+    QCOMPARE(frame->flipped(), QVariant(false));
+    QCOMPARE(frame->increment, std::optional<double>(0.5));
+    QCOMPARE(frame->formatUnit + frame->incrementKeyPath + frame->flippedKeyPath, QStringLiteral(" ptab"));
+    QVERIFY(frame->showOriginSelector && frame->formatStyle == ZelInspectorNumberProperty::DecimalStyle);
+}
+
+void tst_ZelDeclarativeInspectorGenerator::sizesHaveTitlesOfTheirComponents()
+{
+    Tree tree = slice(inSliver("<property type='size' title='No' titleKeyPath='no'/>"));
+    const auto *size = onlyProperty<ZelInspectorSizeProperty>(tree);
+    QCOMPARE(size->title() + size->titleKeyPath(), QString());
+    QCOMPARE(size->widthTitle + size->heightTitle, QStringLiteral("WidthHeight"));
+    QVERIFY(size->nilValueControlIsOffWhenNil);
+    tree = slice(inSliver(R"(<property type="point" widthTitle="Size" widthTitleKeyPath="a" heightTitle=""
+        heightTitleKeyPath="b" nilValueControlIsOffWhenNil="no" nonNilValueKeyPath="c" formatStyle="decimal"
+        formatUnit=" pt" increment="2" incrementKeyPath="d"/>)"));
+    size = onlyProperty<ZelInspectorSizeProperty>(tree);
+    QCOMPARE(size->widthTitle + size->heightTitle, QStringLiteral("Größe"));
+    QCOMPARE(size->widthTitleKeyPath + size->heightTitleKeyPath + size->nonNilValueKeyPath + size->incrementKeyPath,
+             QStringLiteral("abcd"));
+    QVERIFY(!size->nilValueControlIsOffWhenNil && size->increment == 2 && size->formatUnit == u" pt");
+    QCOMPARE(size->formatStyle, uint(ZelInspectorNumberProperty::DecimalStyle));
 }
 
 void tst_ZelDeclarativeInspectorGenerator::enumerationsHaveGroupsOfOptions()
@@ -349,14 +411,13 @@ void tst_ZelDeclarativeInspectorGenerator::theDelegateMakesTypesOfTheApplication
     auto delegate = std::make_unique<Delegate>();
     m_generator->setDelegate(delegate.get());
     const QuietHandler handler;
-    Tree tree = slice(inSliver("<property type='mine' title='a'/><property type='number'/><property type='color'/>"
+    Tree tree = slice(inSliver("<property type='mine' title='a'/><property type='number'/>"
                                "<property type='string' attributed='1'/><property type='theirs'/>"));
     QCOMPARE(delegate->asked, QStringList({QStringLiteral("mine"), QStringLiteral("theirs")}));
     QCOMPARE(tree->findChildren<ZelInspectorProperty *>().size(), 2);
     QVERIFY(tree->findChild<NotingProperty *>()->title().isNull());
     const QString expected = QStringLiteral("Expected inspector property class");
-    QCOMPARE(handler.messages, QStringList({QStringLiteral("Type not suppored: color"), expected,
-                                            QStringLiteral("Type not suppored: string"), expected,
+    QCOMPARE(handler.messages, QStringList({QStringLiteral("Type not suppored: string"), expected,
                                             QStringLiteral("Type not suppored: theirs"), expected}));
     delegate.reset();
     tree = slice(inSliver("<property type='mine'/>"));
@@ -400,7 +461,8 @@ void tst_ZelDeclarativeInspectorGenerator::faultsAreAssertionsWithTheirPlace_dat
     row("type", inSliver("<property/>"), "Property type not given", "3:9 property");
     row("empty", inSliver("<property type=''/>"), "Property type not given", "3:9 property");
     row("unknown", inSliver("<property type='Number'/>"), "Type not suppored: Number", "3:9 property");
-    row("later", inSliver("<property type='point' file='Wrong.xml'/>"), "Type not suppored: point", "3:9 property");
+    row("list", inSliver("<property type='color' colorList='None'/>"), "No color list found with name None",
+        "3:9 property");
     row("format", inSliver("<property type='number' formatStyle='real'/>"), "Unsupported format style: real",
         "3:9 property");
     row("slider", inSliver("<property type='number' slider='round'/>"), "Unsupported value: round", "3:9 property");
@@ -593,7 +655,7 @@ void tst_ZelDeclarativeInspectorGenerator::whatIncludesTooMuchEndsSoon()
 void tst_ZelDeclarativeInspectorGenerator::afterAFailureTheGeneratorWorksAsBefore()
 {
     const QByteArray live = "<property type='custom' class='NotingProperty'/>";
-    QVERIFY_EXCEPTION_THROWN(slice(inSliver(live + "<property type='color'/>")), ZelInternalInconsistencyException);
+    QVERIFY_EXCEPTION_THROWN(slice(inSliver(live + "<property type='unknown'/>")), ZelInternalInconsistencyException);
     QCOMPARE(NotingProperty::alive, 0);
     // The file is read anew.
     const Tree tree = slice(inSliver(live + live));

@@ -30,6 +30,8 @@ void ZelInspectorPairProperty::loadView()
     m_nonNilProperty->setActionSelector("toggleNilValue");
     m_nonNilProperty->setActionName(toggleActionName());
     stack->addSubview(m_nonNilProperty->view());
+    if (title().isEmpty()) // then the row's label says it, but not to everybody
+        m_nonNilProperty->checkbox()->setAccessibleName(titleOfComponent(0).text + u", " + titleOfComponent(1).text);
     auto *row = new ZelView;
     addNumberEditors(row);
     stack->addSubview(row);
