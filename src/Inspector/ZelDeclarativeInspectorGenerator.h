@@ -82,6 +82,7 @@ public:
     virtual ZelInspectorProperty *createMenuActionPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createNumberPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createStringPropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createAttributedStringPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createEnumerationPropertyForConfiguration(const Configuration &configuration);
     /// Make the editor alone; createEnumerationPropertyForConfiguration reads the attributes.
     virtual ZelInspectorEnumerationProperty *

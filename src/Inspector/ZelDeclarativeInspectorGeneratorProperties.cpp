@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
+#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
@@ -14,6 +15,7 @@
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelParagraphStyleInspector.h"
 #include "Platform/Resources/ZelBundle.h"
 #include "Platform/Resources/ZelNamedImages.h"
 #include "Platform/Runtime/ZelAssertions.h"
@@ -222,14 +224,21 @@ ZelInspectorProperty *Generator::createNumberPropertyForConfiguration(const Conf
 
 ZelInspectorProperty *Generator::createStringPropertyForConfiguration(const Configuration &configuration)
 {
-    if (configuration.booleanValueNamed(u"attributed")) {
-        fail(u"Type not suppored: " + configuration.stringValueNamed(u"type"), configuration);
-        return nullptr;
-    }
+    if (configuration.booleanValueNamed(u"attributed"))
+        return createAttributedStringPropertyForConfiguration(configuration);
     auto property = makeProperty<ZelInspectorStringProperty>(configuration);
     property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
     property->allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
     property->editable = configuration.booleanValueNamed(u"editable", true);
+    return property.release();
+}
+
+ZelInspectorProperty *Generator::createAttributedStringPropertyForConfiguration(const Configuration &configuration)
+{
+    ZelParagraphStyleInspector::useForEditors();
+    auto property = makeProperty<ZelInspectorAttributedStringProperty>(configuration);
+    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    property->allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
     return property.release();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
+#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void typesChooseTheEditor();
     void commonAttributesReachTheEditor();
     void numbersHaveTheirOwnAttributes();
+    void richTextsHaveTheirOwnAttributes();
     void coloursAndResourcesHaveTheirOwnAttributes();
     void framesHaveTheirOwnAttributes();
     void sizesHaveTitlesOfTheirComponents();
@@ -190,6 +192,7 @@ void tst_ZelDeclarativeInspectorGenerator::typesChooseTheEditor_data()
         {"type='action' menuItemsKeyPath=''", "ZelInspectorMenuActionProperty"},
         {"type='number'", "ZelInspectorNumberProperty"},
         {"type='string' attributed='no'", "ZelInspectorStringProperty"},
+        {"type='string' attributed='1'", "ZelInspectorAttributedStringProperty"},
         {"type='enumeration'", "ZelInspectorTextEnumerationProperty"},
         {"type='enumeration' style='segmented'", "ZelInspectorImageEnumerationProperty"},
         {"type='color'", "ZelInspectorColorProperty"},
@@ -254,6 +257,16 @@ void tst_ZelDeclarativeInspectorGenerator::numbersHaveTheirOwnAttributes()
     QCOMPARE(number->formatStyle, uint(ZelInspectorNumberProperty::DecimalStyle));
     QCOMPARE(number->sliderType, uint(ZelInspectorNumberProperty::LinearSlider));
     QCOMPARE(number->formatUnit, QStringLiteral(" pt"));
+}
+
+void tst_ZelDeclarativeInspectorGenerator::richTextsHaveTheirOwnAttributes()
+{
+    const Tree tree = slice(inSliver("<property type='string' attributed='yes' placeholder='Size' allowsNilValues='1' "
+                                     "keyPath='note'/>"));
+    const auto *property = onlyProperty<ZelInspectorAttributedStringProperty>(tree);
+    QCOMPARE(property->placeholder + property->keyPath(), QStringLiteral("Größenote"));
+    QVERIFY(property->allowsNilValues);
+    QVERIFY(ZelInspectorAttributedStringProperty::paragraphStyleInspectorMaker());
 }
 
 void tst_ZelDeclarativeInspectorGenerator::coloursAndResourcesHaveTheirOwnAttributes()
@@ -411,14 +424,12 @@ void tst_ZelDeclarativeInspectorGenerator::theDelegateMakesTypesOfTheApplication
     auto delegate = std::make_unique<Delegate>();
     m_generator->setDelegate(delegate.get());
     const QuietHandler handler;
-    Tree tree = slice(inSliver("<property type='mine' title='a'/><property type='number'/>"
-                               "<property type='string' attributed='1'/><property type='theirs'/>"));
+    Tree tree = slice(inSliver("<property type='mine' title='a'/><property type='number'/><property type='theirs'/>"));
     QCOMPARE(delegate->asked, QStringList({QStringLiteral("mine"), QStringLiteral("theirs")}));
     QCOMPARE(tree->findChildren<ZelInspectorProperty *>().size(), 2);
     QVERIFY(tree->findChild<NotingProperty *>()->title().isNull());
     const QString expected = QStringLiteral("Expected inspector property class");
-    QCOMPARE(handler.messages, QStringList({QStringLiteral("Type not suppored: string"), expected,
-                                            QStringLiteral("Type not suppored: theirs"), expected}));
+    QCOMPARE(handler.messages, QStringList({QStringLiteral("Type not suppored: theirs"), expected}));
     delegate.reset();
     tree = slice(inSliver("<property type='mine'/>"));
     QVERIFY(!tree->findChild<ZelInspectorProperty *>());

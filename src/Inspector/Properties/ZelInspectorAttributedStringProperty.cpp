@@ -1,0 +1,461 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
+
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Inspector/Properties/ZelParagraphStyleValues.h"
+#include "Inspector/Properties/ZelTextFormatImages.h"
+#include "Observation/ZelDelayedInvocation.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Resources/ZelColor.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelView.h"
+#include "Views/ZelScrollView.h"
+
+#include <QStyle>
+
+#include <array>
+
+using String = ZelAttributedString;
+using Property = ZelInspectorAttributedStringProperty;
+
+namespace {
+
+const char g_context = 0;
+constexpr QSize g_popoverSize(280, 430);
+
+struct SegmentDescription
+{
+    const char *toolTip;
+    const char *image = nullptr;
+    uint alignment = 0;
+};
+
+constexpr std::array<SegmentDescription, Property::SegmentCount> g_segments{{
+    {"Align Left", "ZelTextAlignLeftTemplate", ZelParagraphStyle::AlignLeft},
+    {"Align Center", "ZelTextAlignCenterTemplate", ZelParagraphStyle::AlignCenter},
+    {"Align Right", "ZelTextAlignRightTemplate", ZelParagraphStyle::AlignRight},
+    {"Align Justified", "ZelTextAlignJustifiedTemplate", ZelParagraphStyle::AlignJustified},
+    {"Align Natural", "ZelTextAlignNaturalTemplate", ZelParagraphStyle::AlignNatural},
+    {"Text Color"},
+    {"Background Color"},
+    {"More..."},
+}};
+
+Property::ParagraphStyleInspectorMaker &maker()
+{
+    static Property::ParagraphStyleInspectorMaker maker;
+    return maker;
+}
+
+bool isOneValue(const QVariant &value)
+{
+    return ZelIsNotNull(value) && !ZelIsControllerMarker(value);
+}
+
+} // namespace
+
+ZelInspectorAttributedStringProperty::ZelInspectorAttributedStringProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+{
+}
+
+ZelInspectorAttributedStringProperty::~ZelInspectorAttributedStringProperty()
+{
+    uninstall();
+    deactivateColorPanel();
+    // What is nested in the editor knows it as its owner, and commits to it when it goes.
+    m_popover.reset();
+    m_paragraphStyleInspector.reset();
+    m_fontProperty.reset();
+}
+
+const Property::ParagraphStyleInspectorMaker &ZelInspectorAttributedStringProperty::paragraphStyleInspectorMaker()
+{
+    return maker();
+}
+
+void ZelInspectorAttributedStringProperty::setParagraphStyleInspectorMaker(const ParagraphStyleInspectorMaker &newMaker)
+{
+    maker() = newMaker;
+}
+
+// The view
+
+void ZelInspectorAttributedStringProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    makeBar(container);
+    makeFontEditor(container);
+    makeTextView(container);
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    layOut(container);
+    updateFormattable();
+}
+
+void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
+{
+    m_segmentedControl = new ZelSegmentedControl(container);
+    m_segmentedControl->setAccessibleName(title());
+    m_segmentedControl->setFocusPolicy(Qt::TabFocus); // a click leaves the focus, and the edit, in the text
+    m_segmentedControl->setSelectsAny(true);
+    m_segmentedControl->setSegmentCount(SegmentCount);
+    for (int segment = 0; segment < SegmentCount; ++segment) {
+        const SegmentDescription &description = g_segments.at(segment);
+        m_segmentedControl->setSegmentToolTip(segment, ZelLocalizedString(QString::fromLatin1(description.toolTip)));
+        if (description.image)
+            m_segmentedControl->setImage(segment,
+                                         ZelTextFormatImages::alignmentImage(QString::fromLatin1(description.image)));
+    }
+    m_segmentedControl->setSegmentTitle(MoreSegment, QStringLiteral("..."));
+    ZelEditorLayout::setStretches(m_segmentedControl, 1);
+    connect(m_segmentedControl, &ZelSegmentedControl::action, this,
+            &ZelInspectorAttributedStringProperty::selectSegment);
+}
+
+void ZelInspectorAttributedStringProperty::makeFontEditor(ZelView *container)
+{
+    m_fontProperty = std::make_unique<ZelInspectorFontProperty>(this);
+    m_fontProperty->setKeyPath(QStringLiteral("font"));
+    m_fontProperty->setActionSelector("fontDidChange");
+    m_fontProperty->setEnabledKeyPath(QStringLiteral("formattable"));
+    container->addSubview(m_fontProperty->view());
+    // A change of the size alone comes without the action.
+    const ZelFontPopoverView *details = m_fontProperty->popoverView();
+    for (const ZelStepper *stepper : {m_fontProperty->stepper(), details->fontSizeStepper()})
+        connect(stepper, &ZelStepper::action, this, &ZelInspectorAttributedStringProperty::fontDidChange);
+    connect(details->fontSizeTextField(), &ZelTextField::action, this,
+            &ZelInspectorAttributedStringProperty::fontDidChange);
+}
+
+void ZelInspectorAttributedStringProperty::makeTextView(ZelView *container)
+{
+    m_textView = new ZelInspectorTextView(container);
+    m_textView->setAccessibleName(title());
+    ZelEditorLayout::setStretches(m_textView, 1);
+    connect(m_textView, &ZelGrowingTextView::action, this, [this] { userDidChangeValue(m_textView); });
+    connect(m_textView, &ZelInspectorTextView::selectionDidChange, this,
+            &ZelInspectorAttributedStringProperty::updateSegmentedControl);
+    connect(m_textView, &ZelGrowingTextView::editableChanged, this,
+            &ZelInspectorAttributedStringProperty::updateFormattable);
+}
+
+void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
+{
+    QHash<QString, QWidget *> views{{QStringLiteral("bar"), m_segmentedControl},
+                                    {QStringLiteral("font"), m_fontProperty->view()},
+                                    {QStringLiteral("text"), m_textView}};
+    QString column = QStringLiteral("V:|[bar][font]-2-[text]-2-|");
+    if (m_label) {
+        views.insert(QStringLiteral("label"), m_label);
+        column = QStringLiteral("V:|[bar][font]-2-[text][label]-2-|");
+        container->addConstraintsWithVisualFormat(QStringLiteral("H:|-2-[label]-2-|"), views);
+    }
+    for (const QString &format :
+         {column, QStringLiteral("H:|[bar]|"), QStringLiteral("H:|[font]|"), QStringLiteral("H:|-2-[text]-2-|")})
+        container->addConstraintsWithVisualFormat(format, views);
+}
+
+QWidget *ZelInspectorAttributedStringProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_segmentedControl;
+}
+
+void ZelInspectorAttributedStringProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_textView);
+    bindEnabledKeyPathToControl(m_segmentedControl);
+    observeForUpdate(enabledKeyPath(), &g_context);
+    observeForUpdate(keyPath(), &g_context);
+    updateView();
+}
+
+void ZelInspectorAttributedStringProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    if (m_popover)
+        m_popover->performClose(); // while what it commits to is whole
+    deactivateColorPanel();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
+}
+
+void ZelInspectorAttributedStringProperty::updateView()
+{
+    if (!m_textView)
+        return;
+    const QVariant value = reflectedValue();
+    m_textView->setNullPlaceholder(placeholder);
+    m_textView->setEditable(!ZelIsControllerMarker(value));
+    m_textView->setObjectValue(value);
+    updateFormattable();
+    updateSegmentedControl();
+}
+
+void ZelInspectorAttributedStringProperty::updateFormattable()
+{
+    const bool formattable = m_textView && m_textView->isEditable() && isEffectivelyEnabled();
+    if (m_segmentedControl)
+        m_segmentedControl->setEditable(formattable);
+    if (formattable == m_formattable)
+        return;
+    m_formattable = formattable;
+    Q_EMIT formattableChanged();
+}
+
+// The value
+
+void ZelInspectorAttributedStringProperty::userDidChangeValue(QObject *sender)
+{
+    const QVariant reflected = reflectedValue();
+    if (!m_textView || ZelIsControllerMarker(reflected))
+        return;
+    const String string = m_textView->attributedString();
+    const bool isNothing = string.isEmpty() && allowsNilValues;
+    const String former = String::fromVariant(reflected);
+    if (isNothing ? former.isNull() : string == former)
+        return;
+    const QPointer<ZelInspectorAttributedStringProperty> alive(this);
+    setReflectedValue(isNothing ? QVariant() : QVariant::fromValue(string));
+    if (alive)
+        ZelInspectorProperty::userDidChangeValue(sender);
+    if (alive)
+        updateSegmentedControl();
+}
+
+/// What was typed before goes with the format: the text is written as a whole.
+void ZelInspectorAttributedStringProperty::commitFormat()
+{
+    if (m_textView)
+        m_textView->commitEditing();
+}
+
+// What the selection has
+
+void ZelInspectorAttributedStringProperty::enumerateAttributesForSelection(const RunBlock &block) const
+{
+    if (!ZelRequire(bool(block), "block") || !m_textView)
+        return;
+    const QList<Run> runs = m_textView->selectedRuns();
+    for (const Run &run : runs)
+        block(run.range, run.attributes);
+}
+
+void ZelInspectorAttributedStringProperty::updateSegmentedControl()
+{
+    QVariant textColor = QVariant::fromValue(ZelNoSelectionMarker);
+    QVariant backgroundColor = textColor;
+    QVariant font = textColor;
+    ZelParagraphStyleValues paragraphs;
+    // Paragraphs without a style say nothing, except to the popover: it edits them by their defaults.
+    const bool showsDefaults = m_popover && m_popover->isShown();
+    enumerateAttributesForSelection([&](const String::Range &, const String::Attributes &attributes) {
+        textColor = combinedValueWithValue(attributes.value(String::ForegroundColor), textColor);
+        backgroundColor = combinedValueWithValue(attributes.value(String::BackgroundColor), backgroundColor);
+        // What a text leaves open of its font is the view's.
+        const QFont ownFont = attributes.value(String::Font).value<QFont>();
+        const bool hasFont = attributes.contains(String::Font);
+        font = combinedValueWithValue(hasFont ? ownFont.resolve(m_textView->font()) : m_textView->font(), font);
+        const QVariant style = attributes.value(String::ParagraphStyle);
+        if (style.isValid() || showsDefaults)
+            paragraphs.fold(style.value<ZelParagraphStyle>());
+    });
+    const QPointer<ZelInspectorAttributedStringProperty> alive(this);
+    setProperty("textColor", textColor);
+    setProperty("backgroundColor", backgroundColor);
+    setProperty("font", font);
+    for (const QByteArray &name : ZelParagraphStyleValues::names()) {
+        if (alive)
+            setProperty(name, paragraphs.value(name));
+    }
+    if (!alive)
+        return;
+    showSegments();
+    showColorInPanel();
+}
+
+void ZelInspectorAttributedStringProperty::showSegments()
+{
+    if (!m_segmentedControl)
+        return;
+    for (int segment = LeftSegment; segment <= NaturalSegment; ++segment)
+        m_segmentedControl->setSegmentSelected(segment, isOneValue(m_alignment) &&
+                                                            m_alignment.toUInt() == g_segments.at(segment).alignment);
+    m_segmentedControl->setImage(TextColorSegment, ZelTextFormatImages::textColorImage(m_textColor));
+    m_segmentedControl->setImage(BackgroundColorSegment, ZelTextFormatImages::backgroundColorImage(m_backgroundColor));
+}
+
+// Formatting
+
+void ZelInspectorAttributedStringProperty::selectSegment()
+{
+    const qsizetype segment = m_segmentedControl ? m_segmentedControl->clickedSegment() : -1;
+    switch (segment) {
+    case -1:
+        break;
+    case TextColorSegment:
+        activateTextColorPanel();
+        break;
+    case BackgroundColorSegment:
+        activateBackgroundColorPanel();
+        break;
+    case MoreSegment:
+        m_segmentedControl->setSegmentSelected(MoreSegment, false);
+        showParagraphStyleInspector();
+        break;
+    default:
+        for (int other = LeftSegment; other <= NaturalSegment; ++other)
+            m_segmentedControl->setSegmentSelected(other, other == segment);
+        setAlignmentForSelection(g_segments.at(segment).alignment);
+        commitFormat();
+    }
+}
+
+void ZelInspectorAttributedStringProperty::setAlignmentForSelection(uint alignment)
+{
+    if (m_textView)
+        m_textView->changeParagraphStyles([alignment](ZelParagraphStyle &style) { style.alignment = alignment; });
+}
+
+void ZelInspectorAttributedStringProperty::setAttribute(const QString &name, const QVariant &value)
+{
+    if (m_textView)
+        m_textView->setAttribute(name, value);
+}
+
+void ZelInspectorAttributedStringProperty::fontDidChange()
+{
+    if (!isOneValue(m_font) || m_font.typeId() != QMetaType::QFont)
+        return;
+    QFont font = m_font.value<QFont>();
+    font.setResolveMask(QFont::AllPropertiesResolved); // it was shown, and chosen, as a whole
+    setAttribute(String::Font, font);
+    commitFormat();
+}
+
+void ZelInspectorAttributedStringProperty::valuesDidFinishChanging()
+{
+    if (!m_textView)
+        return;
+    m_textView->changeParagraphStyles([this](ZelParagraphStyle &style) {
+        for (const QByteArray &name : ZelParagraphStyleValues::names()) {
+            if (name != "alignment")
+                ZelParagraphStyleValues::store(&style, name, property(name));
+        }
+    });
+    commitFormat();
+}
+
+// The popover
+
+void ZelInspectorAttributedStringProperty::makePopover()
+{
+    if (!m_paragraphStyleInspector && maker())
+        m_paragraphStyleInspector.reset(maker()(this));
+    if (m_popover || !m_paragraphStyleInspector)
+        return;
+    m_popover = std::make_unique<ZelPopover>();
+    auto *scrollView = new ZelScrollView; // a description may have more rows than there is room for
+    scrollView->setDocumentView(m_paragraphStyleInspector->view());
+    m_popover->setContentWidget(scrollView);
+    m_popover->setContentSize(g_popoverSize);
+    connect(m_popover.get(), &ZelPopover::shownChanged, this,
+            &ZelInspectorAttributedStringProperty::updateSegmentedControl);
+}
+
+void ZelInspectorAttributedStringProperty::showParagraphStyleInspector()
+{
+    if (!m_segmentedControl)
+        return;
+    makePopover();
+    if (!m_popover)
+        return;
+    const QRect bar = m_segmentedControl->rect();
+    const QRect end(bar.width() - 10, 0, 10, bar.height());
+    m_popover->showRelativeToRect(QStyle::visualRect(m_segmentedControl->layoutDirection(), bar, end),
+                                  m_segmentedControl, Qt::TopEdge);
+}
+
+// The colour panel
+
+void ZelInspectorAttributedStringProperty::activateTextColorPanel()
+{
+    activateColorPanel(true);
+}
+
+void ZelInspectorAttributedStringProperty::activateBackgroundColorPanel()
+{
+    activateColorPanel(false);
+}
+
+void ZelInspectorAttributedStringProperty::activateColorPanel(bool textColor)
+{
+    m_textColorActive = textColor;
+    if (!m_colorPanelActive || !m_colorPanel) {
+        m_colorPanelActive = true;
+        m_colorPanel = ZelColorPanel::sharedColorPanel();
+        m_colorPanel->setDelegate(this);
+        connect(m_colorPanel, &ZelColorPanel::colorDidChange, this,
+                &ZelInspectorAttributedStringProperty::colorPanelDidChange);
+        connect(m_colorPanel, &ZelColorPanel::trackingDidEnd, this, [this] { m_dragGrouping.reset(); });
+        connect(m_colorPanel, &ZelColorPanel::willClose, this,
+                &ZelInspectorAttributedStringProperty::deactivateColorPanel);
+        connect(m_colorPanel, &ZelColorPanel::delegateDidChange, this,
+                &ZelInspectorAttributedStringProperty::deactivateColorPanel);
+        m_colorPanel->setShowsAlpha(true);
+    }
+    if (m_segmentedControl) {
+        m_segmentedControl->setSegmentSelected(TextColorSegment, textColor);
+        m_segmentedControl->setSegmentSelected(BackgroundColorSegment, !textColor);
+    }
+    showColorInPanel();
+    m_colorPanel->orderFront(m_segmentedControl);
+}
+
+void ZelInspectorAttributedStringProperty::deactivateColorPanel()
+{
+    if (!std::exchange(m_colorPanelActive, false))
+        return;
+    m_dragGrouping.reset();
+    if (m_segmentedControl) {
+        m_segmentedControl->setSegmentSelected(TextColorSegment, false);
+        m_segmentedControl->setSegmentSelected(BackgroundColorSegment, false);
+    }
+    if (!m_colorPanel)
+        return;
+    m_colorPanel->disconnect(this);
+    if (m_colorPanel->delegate() == this)
+        m_colorPanel->setDelegate(nullptr);
+}
+
+/// While the user drags, it is the panel that leads.
+void ZelInspectorAttributedStringProperty::showColorInPanel()
+{
+    if (!m_colorPanelActive || !m_colorPanel || m_colorPanel->isTracking())
+        return;
+    const QColor color = ZelColor::fromVariant(m_textColorActive ? m_textColor : m_backgroundColor).toQColor();
+    m_colorPanel->setColor(color.isValid() ? color : QColor(Qt::black));
+}
+
+void ZelInspectorAttributedStringProperty::colorPanelDidChange()
+{
+    if (m_colorPanel->delegate() != this) {
+        deactivateColorPanel();
+        return;
+    }
+    if (!m_formattable)
+        return;
+    if (m_colorPanel->isTracking() && !m_dragGrouping)
+        m_dragGrouping = std::make_unique<ZelUndoGrouping>(undoManager()); // one step for the whole drag
+    const QColor color = m_colorPanel->color();
+    (m_textColorActive ? m_textColor : m_backgroundColor) = color;
+    showSegments();
+    setAttribute(m_textColorActive ? String::ForegroundColor : String::BackgroundColor, color);
+    commitFormat();
+}

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Inspector/Properties/ZelInspectorTextView.h"
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
+#include "Platform/Controls/ZelColorPanel.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelPopover.h"
+#include "Platform/Controls/ZelSegmentedControl.h"
+
+class ZelUndoGrouping;
+
+/// Edits a rich text (a ZelAttributedString) in place.
+///
+/// Above the text there are a bar with alignment and colours and a font editor; the last segment of the bar opens a
+/// popover with the paragraphs' other values. What they show and edit are the properties below, each of them folded
+/// from the runs or paragraphs in the selection of the text: one value, the no-selection marker, or the multiple-values
+/// marker. The text in the view is the working copy. Typing is written back when its edit is committed, formatting at
+/// once, and always the value as a whole.
+///
+/// The colour panel serves one editor at a time: this one until another client takes it, it is closed, or the view is
+/// uninstalled.
+class ZelInspectorAttributedStringProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant textColor MEMBER m_textColor NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant backgroundColor MEMBER m_backgroundColor NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant font MEMBER m_font NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant alignment MEMBER m_alignment NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant firstLineHeadIndent MEMBER m_firstLineHeadIndent NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant headIndent MEMBER m_headIndent NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant tailIndent MEMBER m_tailIndent NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant defaultTabInterval MEMBER m_defaultTabInterval NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant lineHeightMultiple MEMBER m_lineHeightMultiple NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant maximumLineHeight MEMBER m_maximumLineHeight NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant minimumLineHeight MEMBER m_minimumLineHeight NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant lineSpacing MEMBER m_lineSpacing NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant paragraphSpacing MEMBER m_paragraphSpacing NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant paragraphSpacingBefore MEMBER m_paragraphSpacingBefore NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant lineBreakMode MEMBER m_lineBreakMode NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant hyphenationFactor MEMBER m_hyphenationFactor NOTIFY selectionValuesChanged)
+    Q_PROPERTY(
+        QVariant tighteningFactorForTruncation MEMBER m_tighteningFactorForTruncation NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant headerLevel MEMBER m_headerLevel NOTIFY selectionValuesChanged)
+    Q_PROPERTY(QVariant baseWritingDirection MEMBER m_baseWritingDirection NOTIFY selectionValuesChanged)
+    /// Whether there is one text that may be changed.
+    Q_PROPERTY(bool formattable READ isFormattable NOTIFY formattableChanged)
+public:
+    enum Segment {
+        LeftSegment,
+        CenterSegment,
+        RightSegment,
+        JustifiedSegment,
+        NaturalSegment,
+        TextColorSegment,
+        BackgroundColorSegment,
+        MoreSegment,
+        SegmentCount
+    };
+    using Run = ZelAttributedString::Run;
+    using RunBlock = std::function<void(const ZelAttributedString::Range &, const ZelAttributedString::Attributes &)>;
+    /// Makes the content of the popover: a controller whose editors edit the paragraph values of the owner and name
+    /// valuesDidFinishChanging as their action.
+    using ParagraphStyleInspectorMaker = std::function<ZelViewController *(QObject *owner)>;
+
+    explicit ZelInspectorAttributedStringProperty(QObject *owner);
+    ~ZelInspectorAttributedStringProperty() override;
+
+    bool allowsNilValues = false; ///< whether an empty text is written back as nothing
+    QString placeholder;          ///< shown for an empty text
+    /// The maker that all editors use. The library's makes a slice from the description "ZelParagraphStyle.xml" among
+    /// the application's resources.
+    static const ParagraphStyleInspectorMaker &paragraphStyleInspectorMaker();
+    static void setParagraphStyleInspectorMaker(const ParagraphStyleInspectorMaker &maker);
+
+    ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
+    ZelInspectorFontProperty *fontProperty() const { return m_fontProperty.get(); }
+    ZelInspectorTextView *textView() const { return m_textView; }
+    ZelLabel *label() const { return m_label; }
+    /// Null before it is first shown.
+    ZelPopover *popover() const { return m_popover.get(); }
+    ZelViewController *paragraphStyleInspector() const { return m_paragraphStyleInspector.get(); }
+    bool isColorPanelActive() const { return m_colorPanelActive; }
+    /// Whether the colour panel edits the text colour, rather than the background colour.
+    bool isTextColorActive() const { return m_textColorActive; }
+    bool isFormattable() const { return m_formattable; }
+
+    /// Calls the block for each run of the selection, for an insertion point once with an empty range and the
+    /// attributes of the character there; not at all without a text. Asserts "block".
+    void enumerateAttributesForSelection(const RunBlock &block) const;
+    /// Adds the attribute to what is selected. It is written back with the edit.
+    void setAttribute(const QString &name, const QVariant &value);
+    /// The same for the alignment of the paragraphs that the selection touches.
+    void setAlignmentForSelection(uint alignment);
+    /// Reads the values of the selection, and shows them.
+    void updateSegmentedControl();
+    void activateTextColorPanel();
+    void activateBackgroundColorPanel();
+    void deactivateColorPanel();
+    void showParagraphStyleInspector();
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    void userDidChangeValue(QObject *sender) override;
+    QWidget *viewForBaselineAlignment() override;
+
+public Q_SLOTS:
+    /// The action of the bar: does what the clicked segment stands for.
+    void selectSegment();
+    /// The action of the font editor.
+    void fontDidChange();
+    /// The action of the popover's editors: gives the paragraphs of the selection the values that are the same for all.
+    /// The alignment is left to the bar.
+    void valuesDidFinishChanging();
+
+Q_SIGNALS:
+    void selectionValuesChanged();
+    void formattableChanged();
+
+private:
+    void makeBar(ZelView *container);
+    void makeFontEditor(ZelView *container);
+    void makeTextView(ZelView *container);
+    void layOut(ZelView *container);
+    void showSegments();
+    void updateFormattable();
+    void commitFormat();
+    void makePopover();
+    void activateColorPanel(bool textColor);
+    void colorPanelDidChange();
+    void showColorInPanel();
+
+    QPointer<ZelSegmentedControl> m_segmentedControl;
+    QPointer<ZelInspectorTextView> m_textView;
+    QPointer<ZelLabel> m_label;
+    std::unique_ptr<ZelInspectorFontProperty> m_fontProperty;
+    std::unique_ptr<ZelViewController> m_paragraphStyleInspector;
+    std::unique_ptr<ZelPopover> m_popover;
+    QPointer<ZelColorPanel> m_colorPanel;
+    std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
+    bool m_colorPanelActive = false;
+    bool m_textColorActive = false;
+    bool m_formattable = false;
+
+    QVariant m_textColor;
+    QVariant m_backgroundColor;
+    QVariant m_font;
+    QVariant m_alignment;
+    QVariant m_firstLineHeadIndent;
+    QVariant m_headIndent;
+    QVariant m_tailIndent;
+    QVariant m_defaultTabInterval;
+    QVariant m_lineHeightMultiple;
+    QVariant m_maximumLineHeight;
+    QVariant m_minimumLineHeight;
+    QVariant m_lineSpacing;
+    QVariant m_paragraphSpacing;
+    QVariant m_paragraphSpacingBefore;
+    QVariant m_lineBreakMode;
+    QVariant m_hyphenationFactor;
+    QVariant m_tighteningFactorForTruncation;
+    QVariant m_headerLevel;
+    QVariant m_baseWritingDirection;
+};
