@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/Properties/ZelInspectorTextView.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Platform/Controls/ZelColorPanel.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelPopover.h"
