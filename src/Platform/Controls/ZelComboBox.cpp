@@ -6,6 +6,7 @@
 
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 ZelComboBox::ZelComboBox(QWidget *parent)
@@ -90,6 +91,14 @@ void ZelComboBox::setValueEditable(bool editable)
     m_field->setEditable(editable);
     if (!editable)
         hidePopup();
+    update();
+}
+
+void ZelComboBox::initStyleOption(QStyleOptionComboBox *option) const
+{
+    QComboBox::initStyleOption(option);
+    if (m_field && !isValueEditable())
+        ZelControlSupport::showDisabled(option);
 }
 
 QString ZelComboBox::nullPlaceholder() const
