@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/ZelInspectorArrayProperty.h"
+
+#include "Inspector/Properties/ZelArrayTableModel.h"
+#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Observation/ZelDelayedInvocation.h"
+#include "Observation/ZelObservations.h"
+#include "Platform/Binding/ZelBinding.h"
+#include "Platform/Resources/ZelDrawnIconEngine.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Resources/ZelNamedImages.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelUndoManager.h"
+
+#include <QHeaderView>
+#include <QPainter>
+
+namespace {
+
+const char g_context = 0;
+constexpr QSizeF g_buttonMinSize{19, 16};
+constexpr QSizeF g_buttonMaxSize{19, 0};
+constexpr int g_rowHeight = 14;
+constexpr int g_rowSpacing = 2;
+
+/// A plus or a minus, of strokes that are whole device pixels wide.
+void drawSign(QPainter *painter, const QRect &rect, bool isPlus)
+{
+    const int thickness = qMax(1, qRound(rect.width() / 9.0));
+    // The length fits the thickness, so that the strokes cross in the middle.
+    int length = qRound(rect.width() * 0.6);
+    length += (length - thickness) % 2;
+    const QPoint corner = rect.topLeft() + QPoint((rect.width() - length) / 2, (rect.height() - length) / 2);
+    const int before = (length - thickness) / 2;
+    painter->fillRect(QRect(corner + QPoint(0, before), QSize(length, thickness)), Qt::black);
+    if (isPlus)
+        painter->fillRect(QRect(corner + QPoint(before, 0), QSize(thickness, length)), Qt::black);
+}
+
+/// The application's image of that name, else a drawn one.
+QIcon signImage(const QString &name, bool isPlus)
+{
+    QIcon image = ZelNamedImages::imageNamed(name);
+    if (image.isNull()) {
+        const auto draw = [isPlus](QPainter *painter, const QRect &rect) { drawSign(painter, rect, isPlus); };
+        image = ZelNamedImages::templateImage(QIcon(new ZelDrawnIconEngine(draw)));
+        ZelNamedImages::setImageForName(image, name);
+    }
+    return image;
+}
+
+/// The list in the type that the other one has; a QVariantList where that is none or cannot take the elements.
+QVariant listLike(const QVariantList &values, const QVariant &other)
+{
+    QVariant list(other.metaType());
+    if (!ZelIsList(other) || !list.canView<QSequentialIterable>())
+        return values;
+    auto elements = list.view<QSequentialIterable>();
+    for (const QVariant &value : values)
+        elements.addValue(value);
+    return ZelList(list).size() == values.size() ? list : QVariant(values);
+}
+
+} // namespace
+
+ZelInspectorArrayProperty::ZelInspectorArrayProperty(QObject *owner)
+    : ZelInspectorProperty(owner)
+    , defaultValue(ZelLocalizedString(QStringLiteral("Item")))
+{
+}
+
+ZelInspectorArrayProperty::~ZelInspectorArrayProperty()
+{
+    uninstall();
+}
+
+// View
+
+void ZelInspectorArrayProperty::loadView()
+{
+    ZelView *container = makeEditorView();
+    m_borderView = new ZelView(container);
+    m_borderView->setBackgroundColor(ZelColor::named(QStringLiteral("System"), QStringLiteral("textBackgroundColor")));
+    m_borderView->setBorderColor(ZelColor::named(QStringLiteral("System"), QStringLiteral("gridColor")));
+    addTable();
+    addActionBar();
+    m_label = ZelEditorLayout::addTitleLabel(container, title());
+    layOut(container);
+}
+
+void ZelInspectorArrayProperty::addTable()
+{
+    m_tableView = new QTableView(m_borderView);
+    m_model = new ZelArrayTableModel(m_tableView);
+    m_tableView->setModel(m_model);
+    m_tableView->setAccessibleName(title());
+    m_tableView->setFrameShape(QFrame::NoFrame);
+    m_tableView->viewport()->setAutoFillBackground(false);
+    m_tableView->setShowGrid(false);
+    m_tableView->setTabKeyNavigation(false); // Tab leads to the next editor
+    m_tableView->setWordWrap(false);
+    m_tableView->setTextElideMode(Qt::ElideRight);
+    m_tableView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_tableView->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_tableView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_tableView->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_tableView->horizontalHeader()->hide();
+    m_tableView->verticalHeader()->hide();
+    m_tableView->verticalHeader()->setMinimumSectionSize(1);
+    m_tableView->verticalHeader()->setDefaultSectionSize(qMax(g_rowHeight, m_tableView->fontMetrics().height()) +
+                                                         g_rowSpacing);
+    m_tableView->installEventFilter(this);
+    connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ZelInspectorArrayProperty::tableViewSelectionDidChange);
+    connect(m_model, &ZelArrayTableModel::cellEdited, this, [this](int row, const QVariant &value) {
+        const ZelUndoGrouping grouping(m_tableView);
+        const QPointer<ZelInspectorArrayProperty> alive(this);
+        setObjectValueForRow(value, row);
+        if (alive)
+            updateViewInvocation().invoke(); // the cell would show the former value for a moment
+    });
+}
+
+void ZelInspectorArrayProperty::addActionBar()
+{
+    m_actionBar = new ZelActionBar(m_borderView);
+    m_actionBar->setStyle(1);
+    m_addActionItem =
+        new ZelActionBarItem(signImage(QStringLiteral("ZelAddTemplate"), true), this, "addObject", m_actionBar);
+    m_removeActionItem =
+        new ZelActionBarItem(signImage(QStringLiteral("ZelRemoveTemplate"), false), this, "removeObject", m_actionBar);
+    m_addActionItem->setToolTip(ZelLocalizedString(QStringLiteral("Add")));
+    m_removeActionItem->setToolTip(ZelLocalizedString(QStringLiteral("Remove")));
+    for (ZelActionBarItem *item : {m_addActionItem.data(), m_removeActionItem.data()}) {
+        item->setMinSize(g_buttonMinSize);
+        item->setMaxSize(g_buttonMaxSize);
+        item->setAutovalidates(false);
+    }
+    m_actionBar->setItems({m_addActionItem, m_removeActionItem});
+}
+
+void ZelInspectorArrayProperty::layOut(ZelView *container)
+{
+    const QHash<QString, QWidget *> views{{QStringLiteral("scrollView"), m_tableView},
+                                          {QStringLiteral("actionBar"), m_actionBar}};
+    for (const QString &format : {QStringLiteral("H:|-1-[scrollView]-1-|"), QStringLiteral("H:|-1-[actionBar]-1-|"),
+                                  QStringLiteral("V:|-1-[scrollView(64)][actionBar(16)]-1-|")})
+        m_borderView->addConstraintsWithVisualFormat(format, views);
+    ZelEditorLayout::layOut(container, m_borderView, m_label);
+}
+
+void ZelInspectorArrayProperty::viewDidInstall()
+{
+    ZelInspectorProperty::viewDidInstall();
+    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindEnabledKeyPathToControl(m_tableView);
+    observeForUpdate(keyPath(), &g_context);
+    updateView();
+}
+
+void ZelInspectorArrayProperty::viewWillUninstall()
+{
+    ZelInspectorProperty::viewWillUninstall();
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
+}
+
+bool ZelInspectorArrayProperty::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange && watched == m_tableView)
+        updateViewInvocation().schedule();
+    return ZelInspectorProperty::eventFilter(watched, event);
+}
+
+void ZelInspectorArrayProperty::updateView()
+{
+    if (!m_tableView || !m_model)
+        return;
+    m_reflectedValues = reflectedValue();
+    m_model->setValues(ZelIsControllerMarker(m_reflectedValues) ? QVariantList() : ZelList(m_reflectedValues));
+    if (m_addActionItem)
+        m_addActionItem->setEnabled(m_tableView->isEnabled());
+    tableViewSelectionDidChange();
+    forceRedraw();
+}
+
+void ZelInspectorArrayProperty::forceRedraw()
+{
+    if (m_tableView)
+        m_tableView->viewport()->update();
+}
+
+void ZelInspectorArrayProperty::tableViewSelectionDidChange()
+{
+    if (m_removeActionItem && m_tableView)
+        m_removeActionItem->setEnabled(m_tableView->isEnabled() && !selectedRows().isEmpty());
+}
+
+// Values
+
+int ZelInspectorArrayProperty::numberOfRows() const
+{
+    return ZelIsControllerMarker(m_reflectedValues) ? 0 : int(ZelList(m_reflectedValues).size());
+}
+
+QVariant ZelInspectorArrayProperty::objectValueForRow(int row) const
+{
+    return row >= 0 && row < numberOfRows() ? ZelList(m_reflectedValues).at(row) : QVariant();
+}
+
+void ZelInspectorArrayProperty::writeValues(const QVariantList &values)
+{
+    setReflectedValue(listLike(values, m_reflectedValues));
+}
+
+void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int row)
+{
+    updateViewInvocation().invoke();
+    if (ZelIsControllerMarker(m_reflectedValues))
+        return;
+    if (ZelIsNull(m_reflectedValues)) {
+        writeValues({value});
+        return;
+    }
+    QVariantList values = ZelList(m_reflectedValues);
+    if (row < 0 || row >= values.size())
+        return;
+    QVariant converted = value;
+    if (values.at(row).isValid() && !converted.convert(values.at(row).metaType()))
+        return;
+    values[row] = converted;
+    writeValues(values);
+}
+
+QList<int> ZelInspectorArrayProperty::selectedRows() const
+{
+    QList<int> rows;
+    const QModelIndexList selected = m_tableView ? m_tableView->selectionModel()->selectedRows() : QModelIndexList();
+    for (const QModelIndex &index : selected)
+        rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ZelInspectorArrayProperty::selectRow(int row)
+{
+    if (!m_tableView || !m_model || row >= m_model->rowCount())
+        return;
+    m_tableView->selectRow(row);
+    m_tableView->scrollTo(m_model->index(row, 0));
+}
+
+void ZelInspectorArrayProperty::addObject(QObject *sender)
+{
+    updateViewInvocation().invoke();
+    if (ZelIsControllerMarker(m_reflectedValues))
+        return;
+    const bool hadList = !ZelIsNull(m_reflectedValues);
+    QVariantList values = ZelList(m_reflectedValues);
+    values.append(defaultValue);
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    writeValues(values);
+    if (alive && hadList)
+        userDidChangeValue(sender);
+    if (!alive)
+        return;
+    updateView(); // so that the new row is there to be selected
+    selectRow(int(values.size()) - 1);
+}
+
+void ZelInspectorArrayProperty::removeObject(QObject *sender)
+{
+    updateViewInvocation().invoke(); // the list may be older than the last edit
+    if (ZelIsControllerMarker(m_reflectedValues) || ZelIsNull(m_reflectedValues))
+        return;
+    const QList<int> rows = selectedRows();
+    QVariantList values = ZelList(m_reflectedValues);
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        if (*row < values.size())
+            values.removeAt(*row);
+    }
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    writeValues(values);
+    if (alive)
+        userDidChangeValue(sender);
+}
+
+QWidget *ZelInspectorArrayProperty::viewForBaselineAlignment()
+{
+    view();
+    return m_borderView;
+}

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ActionBar/ZelActionBar.h"
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Controls/ZelLabel.h"
+
+#include <QTableView>
+
+class ZelArrayTableModel;
+
+/// Edits a list of short values in a table of one column, with buttons to add and to remove below it.
+///
+/// The list is a QStringList, a QVariantList or any other sequence; every edit replaces it as a whole, by a list of the
+/// same type. What is entered takes the type of the element that it replaces; a text that is no such value changes
+/// nothing. Where the lists of several objects differ, the table is empty, and nothing can be edited.
+class ZelInspectorArrayProperty : public ZelInspectorProperty
+{
+    Q_OBJECT
+public:
+    explicit ZelInspectorArrayProperty(QObject *owner);
+    ~ZelInspectorArrayProperty() override;
+
+    QVariant defaultValue; ///< what is added; the localized "Item" unless set
+    ZelView *borderView() const { return m_borderView; }
+    /// The table scrolls itself.
+    QAbstractScrollArea *scrollView() const { return m_tableView; }
+    QTableView *tableView() const { return m_tableView; }
+    ZelActionBar *actionBar() const { return m_actionBar; }
+    ZelActionBarItem *addActionItem() const { return m_addActionItem; }
+    ZelActionBarItem *removeActionItem() const { return m_removeActionItem; }
+    ZelLabel *label() const { return m_label; }
+
+    /// The list that is shown, or a selection marker; absent for none.
+    const QVariant &reflectedValues() const { return m_reflectedValues; }
+    int numberOfRows() const;
+    /// Absent where there is no such row.
+    QVariant objectValueForRow(int row) const;
+    /// What the edit of a cell does.
+    void setObjectValueForRow(const QVariant &value, int row);
+
+    /// Adds the default value. An object without a list gets one, which is not reported as a change by the user.
+    Q_INVOKABLE void addObject(QObject *sender);
+    /// Removes the selected rows.
+    Q_INVOKABLE void removeObject(QObject *sender);
+    /// Enables the button that removes for the rows that are selected now.
+    void tableViewSelectionDidChange();
+    void forceRedraw();
+
+    void loadView() override;
+    void viewDidInstall() override;
+    void viewWillUninstall() override;
+    void updateView() override;
+    QWidget *viewForBaselineAlignment() override;
+    double baselineOffsetFromView() const override { return 69; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void addTable();
+    void addActionBar();
+    void layOut(ZelView *container);
+    QList<int> selectedRows() const;
+    void selectRow(int row);
+    void writeValues(const QVariantList &values);
+
+    QPointer<ZelView> m_borderView;
+    QPointer<QTableView> m_tableView;
+    QPointer<ZelArrayTableModel> m_model;
+    QPointer<ZelActionBar> m_actionBar;
+    QPointer<ZelActionBarItem> m_addActionItem;
+    QPointer<ZelActionBarItem> m_removeActionItem;
+    QPointer<ZelLabel> m_label;
+    QVariant m_reflectedValues;
+};
