@@ -2,6 +2,7 @@
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
 #include "Blocks/ZelNamedTransformers.h"
+#include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/ZelDescriptionFiles.h"
 #include "Inspector/ZelInspectorChooser.h"
@@ -66,6 +67,7 @@ Generator::ZelDeclarativeInspectorGenerator(QObject *parent)
 {
     registerClass<ZelInspectorSlice>();
     registerClass<ZelInspectorCustomProperty>();
+    registerClass<ZelInspectorArrayProperty>();
     ZelRegisterTransformers(); // a static library's initialisers may have been left out
 }
 

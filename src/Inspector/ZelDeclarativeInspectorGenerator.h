@@ -91,6 +91,7 @@ public:
     createImageEnumerationPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createColorPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createDatePropertyForConfiguration(const Configuration &configuration);
+    virtual ZelInspectorProperty *createFontPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createResourcePropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createFrameProperty(const Configuration &configuration);
     virtual ZelInspectorProperty *createSizeProperty(const Configuration &configuration);

@@ -6,6 +6,7 @@
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
@@ -136,7 +137,7 @@ const Generator::PropertyType *Generator::propertyTypeNamed(const QString &name)
         {u"enumeration", &Generator::createEnumerationPropertyForConfiguration},
         {u"color", &Generator::createColorPropertyForConfiguration},
         {u"date", &Generator::createDatePropertyForConfiguration},
-        {u"font"},
+        {u"font", &Generator::createFontPropertyForConfiguration},
         {u"resource", &Generator::createResourcePropertyForConfiguration},
         {u"frame", &Generator::createFrameProperty},
         {u"size", &Generator::createSizeProperty},
@@ -256,6 +257,11 @@ ZelInspectorProperty *Generator::createColorPropertyForConfiguration(const Confi
 ZelInspectorProperty *Generator::createDatePropertyForConfiguration(const Configuration &configuration)
 {
     return makeProperty<ZelInspectorDateProperty>(configuration).release();
+}
+
+ZelInspectorProperty *Generator::createFontPropertyForConfiguration(const Configuration &configuration)
+{
+    return makeProperty<ZelInspectorFontProperty>(configuration).release();
 }
 
 ZelInspectorProperty *Generator::createResourcePropertyForConfiguration(const Configuration &configuration)

@@ -197,12 +197,14 @@ void tst_ZelDeclarativeInspectorGenerator::typesChooseTheEditor_data()
         {"type='enumeration' style='segmented'", "ZelInspectorImageEnumerationProperty"},
         {"type='color'", "ZelInspectorColorProperty"},
         {"type='date'", "ZelInspectorDateProperty"},
+        {"type='font'", "ZelInspectorFontProperty"},
         {"type='resource'", "ZelInspectorResourceProperty"},
         {"type='frame'", "ZelInspectorBoundsProperty"},
         {"type='size'", "ZelInspectorSizeProperty"},
         {"type='point'", "ZelInspectorSizeProperty"},
         {"type='custom'", "ZelInspectorCustomProperty"},
         {"type='custom' class='NotingProperty'", "NotingProperty"},
+        {"type='custom' class='ZelInspectorArrayProperty'", "ZelInspectorArrayProperty"},
         {"type='custom' class='ZelInspectorCustomProperty' file='Slice.xml'", "ZelInspectorCustomProperty"},
     };
     for (const auto &[attributes, className] : rows)
