@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QHelpEvent>
@@ -245,6 +246,9 @@ void ZelSegmentedControl::initStyleOption(QStyleOptionToolButton *option, qsizet
     option->state.setFlag(QStyle::State_Raised, !(option->state & (QStyle::State_On | QStyle::State_Sunken)));
     if (!isEnabled() || !m_editable || !shown.enabled)
         ZelControlSupport::showDisabled(option);
+    else if (isSegmentSelected(segment) && ZelThemeColor::isDark(palette()))
+        // Styles show what is on a little darker, which is not seen on a dark button.
+        option->palette.setColor(QPalette::Button, palette().color(QPalette::Highlight));
 }
 
 void ZelSegmentedControl::paintEvent(QPaintEvent *)
