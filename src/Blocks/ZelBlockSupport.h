@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QStringBuilder>
+#include <QtConcurrentMap>
+#include <atomic>
+#include <exception>
+#include <functional>
+#include <mutex>
+#include <optional>
+
+// What the operations of ZelBlocks.h share.
+
+/// Asserts that there is something to call: an empty std::function and a null pointer to a function are not.
+template<typename Block> bool ZelRequireBlock(const Block &block, const char *file = __builtin_FILE())
+{
+    if constexpr (requires { block.operator bool(); } || std::is_pointer_v<Block> || std::is_member_pointer_v<Block>)
+        return ZelRequire(static_cast<bool>(block), "block != nil", file);
+    else
+        return true;
+}
+
+/// The block with its answer negated.
+template<typename Block> auto ZelNegated(const Block &block)
+{
+    return [&block](const auto &...arguments) { return !std::invoke(block, arguments...); };
+}
+
+/// A type of values that can be kept: a sum of strings is a string.
+template<typename Type> struct ZelKept
+{
+    using type = Type;
+};
+template<typename A, typename B> struct ZelKept<QStringBuilder<A, B>>
+{
+    using type = typename QConcatenable<QStringBuilder<A, B>>::ConvertTo;
+};
+
+/// What a block makes of its arguments.
+template<typename Block, typename... Arguments>
+using ZelBlockResult = typename ZelKept<std::decay_t<std::invoke_result_t<const Block &, Arguments...>>>::type;
+
+/// A block's result as it is stored in a collection: the null object for an absent QVariant.
+template<typename Value> decltype(auto) ZelStored(Value &&value)
+{
+    if constexpr (std::is_same_v<std::decay_t<Value>, QVariant>)
+        return ZelIsAbsent(value) ? ZelNull() : QVariant(std::forward<Value>(value));
+    else
+        return std::forward<Value>(value);
+}
+
+/// Whether a mapped value is equal to the element and need not be stored. Never, for types without comparison.
+template<typename Value> bool ZelIsSameElement(const Value &a, const Value &b)
+{
+    if constexpr (std::is_same_v<Value, QVariant>)
+        return ZelEqual(a, b);
+    else if constexpr (requires { bool(a == b); })
+        return a == b;
+    else
+        return false;
+}
+
+/// What a search answers: the element, or nothing, which is absent for a QVariant, null for a pointer, and an empty
+/// std::optional otherwise.
+template<typename Type>
+using ZelMatch =
+    std::conditional_t<std::is_same_v<Type, QVariant> || std::is_pointer_v<Type>, Type, std::optional<Type>>;
+
+/// Calls the function with what every iterator refers to, on several threads of the global pool and on this one, and
+/// returns when all is done. The first exception ends the work and is thrown again here.
+template<typename Iterator, typename Function>
+void ZelForEachConcurrently(Iterator begin, Iterator end, const Function &function)
+{
+    std::atomic<bool> hasFailed = false;
+    std::mutex mutex;
+    std::exception_ptr failure;
+    const auto guarded = [&](auto &item) {
+        if (hasFailed.load(std::memory_order_relaxed))
+            return;
+        try {
+            function(item);
+        } catch (...) {
+            const std::lock_guard lock(mutex);
+            if (!hasFailed.exchange(true))
+                failure = std::current_exception();
+        }
+    };
+    QtConcurrent::blockingMap(begin, end, guarded);
+    if (failure)
+        std::rethrow_exception(failure);
+}
