@@ -130,7 +130,7 @@ void tst_ShapesInspector::cleanup()
 
 void tst_ShapesInspector::allTabsShowAllSelectionsWithoutFault()
 {
-    for (int tab = 0; tab < 4; ++tab) {
+    for (int tab = 0; tab < 5; ++tab) {
         showTab(tab);
         for (int row = 0; row < window->document().shapeCount(); ++row)
             select({row});
@@ -146,13 +146,13 @@ void tst_ShapesInspector::oneUndoTakesBackAnEditOfSeveralShapes()
     select({5, 8});
     const double widths[] = {shape(5)->width(), shape(8)->width()};
     QVERIFY(widths[0] != widths[1]);
-    auto *property = editor<ZelInspectorNumberProperty>(".width");
+    auto *property = editor<ZelInspectorNumberProperty>("sizeWidth");
     QVERIFY(property);
     type(property->textField(), "77");
     QCOMPARE(shape(5)->width(), 77.0);
     QCOMPARE(shape(8)->width(), 77.0);
     QCOMPARE(window->undoStack().count(), 1);
-    QVERIFY(window->actions()[Actions::Undo]->text().contains("Resize"));
+    QVERIFY(window->actions()[Actions::Undo]->text().contains("Change Width"));
     window->actions()[Actions::Undo]->trigger();
     QCOMPARE(shape(5)->width(), widths[0]);
     QCOMPARE(shape(8)->width(), widths[1]);
@@ -209,7 +209,7 @@ void tst_ShapesInspector::switchingANilValueOnStartsWithTheStandard()
 void tst_ShapesInspector::deletingWhileAnEditIsOpenIsSafe()
 {
     select({5});
-    auto *width = editor<ZelInspectorNumberProperty>(".width")->textField();
+    auto *width = editor<ZelInspectorNumberProperty>("sizeWidth")->textField();
     width->setFocus();
     QTest::keyClicks(width, "12");
     window->actions()[Actions::Delete]->trigger();

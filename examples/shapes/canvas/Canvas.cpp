@@ -199,7 +199,7 @@ void Canvas::paintSelection(QPainter &painter, const QList<Shape *> &shapes) con
         if (!m_selection->contains(shape))
             continue;
         if (ShapePainter::isSpot(*shape, m_zoom)) {
-            painter.fillRect(shape->rect(), palette().color(QPalette::Highlight));
+            painter.fillRect(shape->frame(), palette().color(QPalette::Highlight));
             continue;
         }
         const QPolygonF frame = ShapeGeometry::frame(*shape);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/ShapePainter.h"
 
-#include "model/Shape.h"
+#include "model/Document.h"
 #include "model/ShapeGeometry.h"
 
 #include <QPainter>
@@ -21,13 +21,14 @@ QPen penOf(const Shape &shape)
 
 QFont fontOf(const Shape &shape)
 {
-    QFont font;
-    font.setPixelSize(qMax(1, qRound(shape.fontSize())));
-    font.setBold(shape.textStyle() & Shape::Bold);
-    font.setItalic(shape.textStyle() & Shape::Italic);
-    font.setUnderline(shape.textStyle() & Shape::Underline);
-    font.setStrikeOut(shape.textStyle() & Shape::StrikeOut);
+    QFont font = shape.font();
+    font.setPixelSize(qMax(1, qRound(shape.fontSize()))); // a point of the page, whatever the screen
     return font;
+}
+
+QBrush brushOf(const Shape &shape)
+{
+    return shape.isFillEnabled() ? QBrush(shape.fillColor(), Document::patternNamed(shape.pattern())) : QBrush();
 }
 } // namespace
 
@@ -47,7 +48,7 @@ void ShapePainter::paint(const Shape &shape)
 {
     m_painter->setOpacity(shape.opacity());
     if (isSpot(shape, m_scale)) {
-        m_painter->fillRect(shape.rect(), shape.isFillEnabled() ? shape.fillColor() : shape.strokeColor());
+        m_painter->fillRect(shape.frame(), shape.isFillEnabled() ? shape.fillColor() : shape.strokeColor());
         return;
     }
     if (shape.rotation() == 0) {
@@ -70,7 +71,7 @@ void ShapePainter::paintOutline(const Shape &shape)
     if (const double offset = shape.shadowOffset().toDouble(); offset > 0 && shape.isFillEnabled())
         m_painter->fillPath(outline.translated(offset, offset), QColor(0, 0, 0, 60));
     m_painter->setPen(penOf(shape));
-    m_painter->setBrush(shape.isFillEnabled() ? QBrush(shape.fillColor()) : QBrush(Qt::NoBrush));
+    m_painter->setBrush(brushOf(shape));
     m_painter->drawPath(outline);
 }
 
@@ -80,8 +81,8 @@ void ShapePainter::paintText(const Shape &shape)
     const int flags = shape.alignment() | Qt::TextWordWrap | Qt::TextDontClip;
     if (const double offset = shape.shadowOffset().toDouble(); offset > 0) {
         m_painter->setPen(QColor(0, 0, 0, 60));
-        m_painter->drawText(shape.rect().translated(offset, offset), flags, shape.text());
+        m_painter->drawText(shape.frame().translated(offset, offset), flags, shape.text());
     }
     m_painter->setPen(shape.isFillEnabled() ? shape.fillColor() : shape.strokeColor());
-    m_painter->drawText(shape.rect(), flags, shape.text());
+    m_painter->drawText(shape.frame(), flags, shape.text());
 }

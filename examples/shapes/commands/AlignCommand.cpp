@@ -9,9 +9,9 @@ AlignCommand::AlignCommand(const QList<Shape *> &shapes, Qt::Alignment edges, co
 {
     QRectF all;
     for (const Shape *shape : shapes)
-        all |= shape->rect();
+        all |= shape->frame();
     for (const Shape *shape : shapes) {
-        QRectF rect = shape->rect();
+        QRectF rect = shape->frame();
         if (edges & Qt::AlignLeft)
             rect.moveLeft(all.left());
         if (edges & Qt::AlignRight)

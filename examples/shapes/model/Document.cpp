@@ -23,6 +23,16 @@ constexpr Shade ShadeTable[] = {
     {QT_TRANSLATE_NOOP("Document", "Amber"), 0xffe0a030},   {QT_TRANSLATE_NOOP("Document", "Moss"), 0xff5b8c5a},
     {QT_TRANSLATE_NOOP("Document", "Harbour"), 0xff2f6690}, {QT_TRANSLATE_NOOP("Document", "Plum"), 0xff7d4e7e},
 };
+
+struct Pattern
+{
+    const char *name;
+    Qt::BrushStyle style;
+};
+constexpr Pattern PatternTable[] = {
+    {"Crosses", Qt::CrossPattern},     {"Dots", Qt::Dense5Pattern},         {"Grain", Qt::Dense3Pattern},
+    {"Lattice", Qt::DiagCrossPattern}, {"Slanted Lines", Qt::BDiagPattern}, {"Stripes", Qt::HorPattern},
+};
 } // namespace
 
 Document::Document(QObject *parent)
@@ -123,6 +133,21 @@ QString Document::lengthText(double points) const
 QStringList Document::layerNames() const
 {
     return {tr("Background"), tr("Drawing"), tr("Annotations")};
+}
+
+QStringList Document::patternNames()
+{
+    QStringList names;
+    for (const Pattern &pattern : PatternTable)
+        names.append(QLatin1String(pattern.name));
+    return names;
+}
+
+Qt::BrushStyle Document::patternNamed(const QString &name)
+{
+    const auto pattern = std::find_if(std::begin(PatternTable), std::end(PatternTable),
+                                      [&](const Pattern &p) { return name == QLatin1String(p.name); });
+    return pattern == std::end(PatternTable) ? Qt::SolidPattern : pattern->style;
 }
 
 QVariantList Document::shadeColors() const

@@ -15,14 +15,16 @@ class Document : public QObject
     Q_OBJECT
     Q_PROPERTY(QString title MEMBER m_title NOTIFY titleChanged)
     Q_PROPERTY(QVariant author MEMBER m_author NOTIFY titleChanged)
+    Q_PROPERTY(QDate created MEMBER m_created NOTIFY titleChanged)
+    Q_PROPERTY(QSizeF pageSize READ pageSize WRITE setPageSize NOTIFY pageChanged)
     Q_PROPERTY(double pageWidth READ pageWidth WRITE setPageWidth NOTIFY pageChanged)
-    Q_PROPERTY(double pageHeight READ pageHeight WRITE setPageHeight NOTIFY pageChanged)
     Q_PROPERTY(Units units READ units WRITE setUnits NOTIFY unitsChanged)
     Q_PROPERTY(bool gridVisible READ isGridVisible WRITE setGridVisible NOTIFY pageChanged)
     Q_PROPERTY(double gridSpacing READ gridSpacing WRITE setGridSpacing NOTIFY pageChanged)
     Q_PROPERTY(int visibleLayers READ visibleLayers WRITE setVisibleLayers NOTIFY pageChanged)
     Q_PROPERTY(QStringList layerNames READ layerNames NOTIFY namesChanged)
     Q_PROPERTY(QList<int> layerNumbers READ layerNumbers CONSTANT)
+    Q_PROPERTY(QStringList patternNames READ patternNames CONSTANT)
     Q_PROPERTY(QVariantList shadeColors READ shadeColors CONSTANT)
     Q_PROPERTY(QStringList shadeNames READ shadeNames NOTIFY namesChanged)
     Q_PROPERTY(double standardCornerRadius MEMBER m_standardCornerRadius NOTIFY standardsChanged)
@@ -65,8 +67,6 @@ public:
     void setPageSize(const QSizeF &size);
     double pageWidth() const { return m_pageSize.width(); }
     void setPageWidth(double width) { setPageSize({width, m_pageSize.height()}); }
-    double pageHeight() const { return m_pageSize.height(); }
-    void setPageHeight(double height) { setPageSize({m_pageSize.width(), height}); }
 
     Units units() const { return m_units; }
     void setUnits(Units units);
@@ -83,6 +83,9 @@ public:
 
     QStringList layerNames() const;
     QList<int> layerNumbers() const { return {0, 1, 2}; }
+    /// What shapes may be filled with. An unknown name stands for a plain colour.
+    static QStringList patternNames();
+    static Qt::BrushStyle patternNamed(const QString &name);
     /// The colours that strokes are given, and their names in the same order.
     QVariantList shadeColors() const;
     QStringList shadeNames() const;
@@ -114,6 +117,7 @@ private:
     QList<Shape *> m_shapes;
     QString m_title;
     QVariant m_author;
+    QDate m_created = QDate::currentDate();
     QSizeF m_pageSize{842, 595};
     Units m_units = Points;
     bool m_gridVisible = false;

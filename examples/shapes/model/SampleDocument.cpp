@@ -35,12 +35,15 @@ void addLandscape(Picture &picture)
         picture.add(Shape::Rectangle, QT_TRANSLATE_NOOP("SampleDocument", "Sea"), {40, 370, 762, 185}, 0xff2f6690);
     sea->setLayer(0);
     sea->setLocked(true);
+    sea->setTags(
+        {text(QT_TRANSLATE_NOOP("SampleDocument", "water")), text(QT_TRANSLATE_NOOP("SampleDocument", "background"))});
     Shape *sun = picture.add(Shape::Star, QT_TRANSLATE_NOOP("SampleDocument", "Sun"), {640, 70, 110, 110}, 0xfff2b632);
     sun->setPoints(16);
     sun->setInnerRadius(0.72);
     Shape *cloud =
         picture.add(Shape::Ellipse, QT_TRANSLATE_NOOP("SampleDocument", "Cloud"), {430, 90, 170, 56}, 0xffffffff);
     cloud->setOpacity(0.8);
+    cloud->setDue(QDate(2026, 12, 24));
     picture.add(Shape::Ellipse, QT_TRANSLATE_NOOP("SampleDocument", "Small cloud"), {520, 120, 130, 40}, 0xffffffff)
         ->setOpacity(0.65);
 }
@@ -70,6 +73,18 @@ void addBoat(Picture &picture)
                     0xffcfe3ee);
 }
 
+/// A rich text of two paragraphs.
+ZelAttributedString remarks()
+{
+    QFont bold;
+    bold.setBold(true);
+    ZelAttributedString result(text(QT_TRANSLATE_NOOP("SampleDocument", "For the harbour office")),
+                               {{ZelAttributedString::Font, bold}});
+    const QString second = text(QT_TRANSLATE_NOOP("SampleDocument", "The title goes to the print shop, too."));
+    result.append(QString(u'\n' + second));
+    return result;
+}
+
 void addTexts(Picture &picture)
 {
     Shape *title =
@@ -79,6 +94,7 @@ void addTexts(Picture &picture)
     title->setTextStyle(Shape::Bold | Shape::Italic);
     title->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     title->setLayer(2);
+    title->setRemarks(remarks());
     Shape *frame =
         picture.add(Shape::Rectangle, QT_TRANSLATE_NOOP("SampleDocument", "Frame"), {40, 40, 762, 515}, 0xffffffff);
     frame->setFillEnabled(false);

@@ -22,16 +22,13 @@ Shape::Shape(Kind kind, const QRectF &rect, QObject *parent)
     : QObject(parent)
     , m_id(nextId())
     , m_kind(kind)
-    , m_x(rect.x())
-    , m_y(rect.y())
-    , m_width(rect.width())
-    , m_height(rect.height())
+    , m_frame(onPaper(rect))
 {
 }
 
 Shape *Shape::clone() const
 {
-    auto *copy = new Shape(m_kind, rect());
+    auto *copy = new Shape(m_kind, m_frame);
     for (int i = staticMetaObject.propertyOffset(); i < staticMetaObject.propertyCount(); ++i) {
         const QMetaProperty property = staticMetaObject.property(i);
         if (property.isWritable())
@@ -40,17 +37,71 @@ Shape *Shape::clone() const
     return copy;
 }
 
-void Shape::setPosition(const QPointF &position)
+QRectF Shape::onPaper(const QRectF &frame)
 {
-    const QPointF old = this->position();
-    m_x = onPaper(position.x());
-    m_y = onPaper(position.y());
-    if (m_x != old.x())
+    return {qBound(-1e6, frame.x(), 1e6), qBound(-1e6, frame.y(), 1e6), qBound(1.0, frame.width(), 1e5),
+            qBound(1.0, frame.height(), 1e5)};
+}
+
+void Shape::setFrame(const QRectF &frame)
+{
+    const QRectF old = std::exchange(m_frame, onPaper(frame));
+    if (x() != old.x())
         Q_EMIT xChanged();
-    if (m_y != old.y())
+    if (y() != old.y())
         Q_EMIT yChanged();
-    if (this->position() != old)
-        Q_EMIT changed();
+    if (width() != old.width())
+        Q_EMIT widthChanged();
+    if (height() != old.height())
+        Q_EMIT heightChanged();
+    if (m_frame == old)
+        return;
+    Q_EMIT frameChanged();
+    Q_EMIT changed();
+}
+
+QFont Shape::standardFont()
+{
+    static const QFont font(QFont().family(), 18); // its data is shared by all shapes
+    return font;
+}
+
+void Shape::setFont(const QFont &font)
+{
+    const double oldSize = fontSize();
+    QFont valid = font;
+    const double size = font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize();
+    valid.setPointSizeF(qBound(1.0, size, 1000.0));
+    if (m_font == valid)
+        return;
+    m_font = valid;
+    if (fontSize() != oldSize)
+        Q_EMIT fontSizeChanged();
+    Q_EMIT fontChanged();
+    Q_EMIT changed();
+}
+
+void Shape::setFontSize(double size)
+{
+    QFont font = m_font;
+    font.setPointSizeF(qBound(1.0, size, 1000.0));
+    setFont(font);
+}
+
+int Shape::textStyle() const
+{
+    return (m_font.bold() ? Bold : 0) | (m_font.italic() ? Italic : 0) | (m_font.underline() ? Underline : 0) |
+           (m_font.strikeOut() ? StrikeOut : 0);
+}
+
+void Shape::setTextStyle(int bits)
+{
+    QFont font = m_font;
+    font.setBold(bits & Bold);
+    font.setItalic(bits & Italic);
+    font.setUnderline(bits & Underline);
+    font.setStrikeOut(bits & StrikeOut);
+    setFont(font);
 }
 
 double Shape::area() const

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Resources/ZelAttributedString.h"
+
 #include <QColor>
+#include <QDate>
+#include <QFont>
 #include <QObject>
 #include <QRectF>
+#include <QStringList>
 #include <QVariant>
 
 /// One shape of a drawing.
@@ -17,6 +22,9 @@ class Shape : public QObject
     Q_PROPERTY(Kind kind READ kind WRITE setKind NOTIFY kindChanged)
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(QVariant note READ note WRITE setNote NOTIFY changed)
+    Q_PROPERTY(QStringList tags READ tags WRITE setTags NOTIFY tagsChanged)
+    Q_PROPERTY(QDate due READ due WRITE setDue NOTIFY changed)
+    Q_PROPERTY(ZelAttributedString remarks READ remarks WRITE setRemarks NOTIFY remarksChanged)
     Q_PROPERTY(int layer READ layer WRITE setLayer NOTIFY layerChanged)
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
     Q_PROPERTY(bool locked READ isLocked WRITE setLocked NOTIFY lockedChanged)
@@ -25,12 +33,14 @@ class Shape : public QObject
     Q_PROPERTY(double y READ y WRITE setY NOTIFY yChanged)
     Q_PROPERTY(double width READ width WRITE setWidth NOTIFY widthChanged)
     Q_PROPERTY(double height READ height WRITE setHeight NOTIFY heightChanged)
+    Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY frameChanged)
     Q_PROPERTY(double rotation READ rotation WRITE setRotation NOTIFY rotationChanged)
     Q_PROPERTY(double area READ area)
 
     Q_PROPERTY(double opacity READ opacity WRITE setOpacity NOTIFY opacityChanged)
     Q_PROPERTY(bool fillEnabled READ isFillEnabled WRITE setFillEnabled NOTIFY fillEnabledChanged)
     Q_PROPERTY(QColor fillColor READ fillColor WRITE setFillColor NOTIFY changed)
+    Q_PROPERTY(QString pattern READ pattern WRITE setPattern NOTIFY changed)
     Q_PROPERTY(bool strokeEnabled READ isStrokeEnabled WRITE setStrokeEnabled NOTIFY strokeEnabledChanged)
     Q_PROPERTY(QColor strokeColor READ strokeColor WRITE setStrokeColor NOTIFY changed)
     Q_PROPERTY(double strokeWidth READ strokeWidth WRITE setStrokeWidth NOTIFY strokeWidthChanged)
@@ -45,8 +55,9 @@ class Shape : public QObject
     Q_PROPERTY(int sides READ sides WRITE setSides NOTIFY sidesChanged)
 
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY fontChanged)
     Q_PROPERTY(double fontSize READ fontSize WRITE setFontSize NOTIFY fontSizeChanged)
-    Q_PROPERTY(int textStyle READ textStyle WRITE setTextStyle NOTIFY changed)
+    Q_PROPERTY(int textStyle READ textStyle WRITE setTextStyle NOTIFY fontChanged)
     Q_PROPERTY(int alignment READ alignment WRITE setAlignment NOTIFY changed)
 
 public:
@@ -76,6 +87,13 @@ public:
     /// Invalid is no note.
     QVariant note() const { return m_note; }
     void setNote(const QVariant &note) { change(m_note, note); }
+    QStringList tags() const { return m_tags; }
+    void setTags(const QStringList &tags) { change(m_tags, tags, &Shape::tagsChanged); }
+    /// When it is to be done; invalid is no such day.
+    QDate due() const { return m_due; }
+    void setDue(const QDate &due) { change(m_due, due); }
+    ZelAttributedString remarks() const { return m_remarks; }
+    void setRemarks(const ZelAttributedString &remarks) { change(m_remarks, remarks, &Shape::remarksChanged); }
     /// The number of a layer of the document, from 0.
     int layer() const { return m_layer; }
     void setLayer(int layer) { change(m_layer, qBound(0, layer, 30), &Shape::layerChanged); }
@@ -84,17 +102,18 @@ public:
     bool isLocked() const { return m_locked; }
     void setLocked(bool locked) { change(m_locked, locked, &Shape::lockedChanged); }
 
-    double x() const { return m_x; }
-    void setX(double x) { change(m_x, onPaper(x), &Shape::xChanged); }
-    double y() const { return m_y; }
-    void setY(double y) { change(m_y, onPaper(y), &Shape::yChanged); }
-    QPointF position() const { return {m_x, m_y}; }
-    void setPosition(const QPointF &position);
-    double width() const { return m_width; }
-    void setWidth(double width) { change(m_width, qBound(1.0, width, 1e5), &Shape::widthChanged); }
-    double height() const { return m_height; }
-    void setHeight(double height) { change(m_height, qBound(1.0, height, 1e5), &Shape::heightChanged); }
-    QRectF rect() const { return {m_x, m_y, m_width, m_height}; }
+    double x() const { return m_frame.x(); }
+    void setX(double x) { setFrame({{x, y()}, m_frame.size()}); }
+    double y() const { return m_frame.y(); }
+    void setY(double y) { setFrame({{x(), y}, m_frame.size()}); }
+    QPointF position() const { return m_frame.topLeft(); }
+    void setPosition(const QPointF &position) { setFrame({position, m_frame.size()}); }
+    double width() const { return m_frame.width(); }
+    void setWidth(double width) { setFrame({position(), QSizeF(width, height())}); }
+    double height() const { return m_frame.height(); }
+    void setHeight(double height) { setFrame({position(), QSizeF(width(), height)}); }
+    QRectF frame() const { return m_frame; }
+    void setFrame(const QRectF &frame);
     /// Degrees clockwise about the centre, 0 to 360.
     double rotation() const { return m_rotation; }
     void setRotation(double degrees) { change(m_rotation, qBound(0.0, degrees, 360.0), &Shape::rotationChanged); }
@@ -108,6 +127,9 @@ public:
     void setFillEnabled(bool enabled) { change(m_fillEnabled, enabled, &Shape::fillEnabledChanged); }
     QColor fillColor() const { return m_fillColor; }
     void setFillColor(const QColor &color) { change(m_fillColor, color); }
+    /// The name of a pattern in place of the plain colour; null is none.
+    QString pattern() const { return m_pattern; }
+    void setPattern(const QString &name) { change(m_pattern, name); }
     bool isStrokeEnabled() const { return m_strokeEnabled; }
     void setStrokeEnabled(bool enabled) { change(m_strokeEnabled, enabled, &Shape::strokeEnabledChanged); }
     QColor strokeColor() const { return m_strokeColor; }
@@ -139,12 +161,14 @@ public:
 
     QString text() const { return m_text; }
     void setText(const QString &text) { change(m_text, text, &Shape::textChanged); }
-    /// In points.
-    double fontSize() const { return m_fontSize; }
-    void setFontSize(double size) { change(m_fontSize, qBound(1.0, size, 1000.0), &Shape::fontSizeChanged); }
-    /// Bits of TextStyle.
-    int textStyle() const { return m_textStyle; }
-    void setTextStyle(int bits) { change(m_textStyle, bits); }
+    QFont font() const { return m_font; }
+    void setFont(const QFont &font);
+    /// The font's size in points of the page, 1 to 1000.
+    double fontSize() const { return m_font.pointSizeF(); }
+    void setFontSize(double size);
+    /// The font's style in bits of TextStyle.
+    int textStyle() const;
+    void setTextStyle(int bits);
     /// Bits of Qt::Alignment.
     int alignment() const { return m_alignment; }
     void setAlignment(int bits) { change(m_alignment, bits); }
@@ -153,6 +177,8 @@ Q_SIGNALS:
     void changed();
     void kindChanged();
     void nameChanged();
+    void tagsChanged();
+    void remarksChanged();
     void layerChanged();
     void visibleChanged();
     void lockedChanged();
@@ -160,6 +186,7 @@ Q_SIGNALS:
     void yChanged();
     void widthChanged();
     void heightChanged();
+    void frameChanged();
     void rotationChanged();
     void opacityChanged();
     void fillEnabledChanged();
@@ -171,6 +198,7 @@ Q_SIGNALS:
     void innerRadiusChanged();
     void sidesChanged();
     void textChanged();
+    void fontChanged();
     void fontSizeChanged();
 
 private:
@@ -185,7 +213,8 @@ private:
             Q_EMIT(this->*signal)();
         Q_EMIT changed();
     }
-    static double onPaper(double coordinate) { return qBound(-1e6, coordinate, 1e6); }
+    static QRectF onPaper(const QRectF &frame);
+    static QFont standardFont();
 
     const int m_id;
     int m_row = -1; // kept by the document
@@ -201,21 +230,21 @@ private:
     int m_layer = 1;
     int m_points = 5;
     int m_sides = 6;
-    int m_textStyle = 0;
     int m_alignment = Qt::AlignCenter;
-    double m_x;
-    double m_y;
-    double m_width;
-    double m_height;
     double m_rotation = 0;
     double m_opacity = 1;
     double m_strokeWidth = 1.5;
     double m_innerRadius = 0.45;
-    double m_fontSize = 18;
     QColor m_fillColor = QColor(0x6d, 0x9e, 0xc8);
     QColor m_strokeColor = QColor(0x2b, 0x2f, 0x36);
     QString m_name;
     QString m_text;
+    QString m_pattern;
+    QFont m_font = standardFont();
+    QStringList m_tags;
+    QDate m_due;
+    ZelAttributedString m_remarks;
+    QRectF m_frame;
     QVariant m_note;
     QVariant m_shadowOffset;
     QVariant m_cornerRadius;

@@ -26,7 +26,7 @@ QPolygonF corners(const QRectF &rect, int count, double inner)
 QPainterPath ShapeGeometry::outline(const Shape &shape)
 {
     QPainterPath path;
-    const QRectF rect = shape.rect();
+    const QRectF rect = shape.frame();
     switch (shape.kind()) {
     case Shape::Rectangle: {
         const double radius = qMin(shape.cornerRadius().toDouble(), qMin(rect.width(), rect.height()) / 2);
@@ -51,13 +51,13 @@ QPainterPath ShapeGeometry::outline(const Shape &shape)
 
 QTransform ShapeGeometry::rotation(const Shape &shape)
 {
-    const QPointF centre = shape.rect().center();
+    const QPointF centre = shape.frame().center();
     return QTransform().translate(centre.x(), centre.y()).rotate(shape.rotation()).translate(-centre.x(), -centre.y());
 }
 
 QPolygonF ShapeGeometry::frame(const Shape &shape)
 {
-    const QRectF rect = shape.rect();
+    const QRectF rect = shape.frame();
     const QPolygonF corners({rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft()});
     return shape.rotation() == 0 ? corners : rotation(shape).map(corners);
 }
@@ -68,14 +68,14 @@ QRectF ShapeGeometry::paintedBounds(const Shape &shape)
     const double tip = shape.lineJoin() == Shape::MiterJoin ? 2 : 1;
     const double stroke = shape.isStrokeEnabled() ? shape.strokeWidth() * tip : 0;
     const double shadow = shape.shadowOffset().toDouble();
-    const QRectF bounds = shape.rotation() == 0 ? shape.rect() : frame(shape).boundingRect();
+    const QRectF bounds = shape.rotation() == 0 ? shape.frame() : frame(shape).boundingRect();
     return bounds.adjusted(-stroke, -stroke, stroke + shadow, stroke + shadow);
 }
 
 bool ShapeGeometry::contains(const Shape &shape, const QPointF &point)
 {
     const QPointF local = shape.rotation() == 0 ? point : rotation(shape).inverted().map(point);
-    if (!shape.rect().adjusted(-Slack, -Slack, Slack, Slack).contains(local))
+    if (!shape.frame().adjusted(-Slack, -Slack, Slack, Slack).contains(local))
         return false;
     const QPainterPath path = outline(shape);
     const bool solid = shape.isFillEnabled() || shape.kind() == Shape::Text;
@@ -88,7 +88,7 @@ bool ShapeGeometry::contains(const Shape &shape, const QPointF &point)
 
 double ShapeGeometry::area(const Shape &shape)
 {
-    const QRectF rect = shape.rect();
+    const QRectF rect = shape.frame();
     const double radii = rect.width() / 2 * rect.height() / 2;
     switch (shape.kind()) {
     case Shape::Ellipse:

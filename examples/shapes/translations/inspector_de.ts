@@ -5,6 +5,14 @@
 <context>
     <name>Application</name>
     <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Danach</translation>
+    </message>
+    <message>
         <source>Align Text</source>
         <translation>Text ausrichten</translation>
     </message>
@@ -25,12 +33,24 @@
         <translation>Anordnen</translation>
     </message>
     <message>
+        <source>At Least</source>
+        <translation>Mindestens</translation>
+    </message>
+    <message>
+        <source>At Most</source>
+        <translation>Höchstens</translation>
+    </message>
+    <message>
         <source>Author</source>
         <translation>Autor</translation>
     </message>
     <message>
         <source>Background</source>
         <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Davor</translation>
     </message>
     <message>
         <source>Bevel</source>
@@ -43,6 +63,22 @@
     <message>
         <source>Bottom</source>
         <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Break Lines</source>
+        <translation>Zeilen umbrechen</translation>
+    </message>
+    <message>
+        <source>Breaks</source>
+        <translation>Umbrüche</translation>
+    </message>
+    <message>
+        <source>By Character</source>
+        <translation>Nach Zeichen</translation>
+    </message>
+    <message>
+        <source>By Word</source>
+        <translation>Nach Wörtern</translation>
     </message>
     <message>
         <source>Cap</source>
@@ -69,6 +105,14 @@
         <translation>Strichart ändern</translation>
     </message>
     <message>
+        <source>Change Date</source>
+        <translation>Datum ändern</translation>
+    </message>
+    <message>
+        <source>Change Due Date</source>
+        <translation>Termin ändern</translation>
+    </message>
+    <message>
         <source>Change Fill</source>
         <translation>Füllung ändern</translation>
     </message>
@@ -77,12 +121,24 @@
         <translation>Füllfarbe ändern</translation>
     </message>
     <message>
+        <source>Change Font</source>
+        <translation>Schrift ändern</translation>
+    </message>
+    <message>
         <source>Change Font Size</source>
         <translation>Schriftgröße ändern</translation>
     </message>
     <message>
+        <source>Change Frame</source>
+        <translation>Rahmen ändern</translation>
+    </message>
+    <message>
         <source>Change Grid</source>
         <translation>Raster ändern</translation>
+    </message>
+    <message>
+        <source>Change Height</source>
+        <translation>Höhe ändern</translation>
     </message>
     <message>
         <source>Change Inner Radius</source>
@@ -121,8 +177,24 @@
         <translation>Reihenfolge ändern</translation>
     </message>
     <message>
+        <source>Change Origin X</source>
+        <translation>X ändern</translation>
+    </message>
+    <message>
         <source>Change Page</source>
         <translation>Seite ändern</translation>
+    </message>
+    <message>
+        <source>Change Pattern</source>
+        <translation>Muster ändern</translation>
+    </message>
+    <message>
+        <source>Change Point</source>
+        <translation>Punkt ändern</translation>
+    </message>
+    <message>
+        <source>Change Remarks</source>
+        <translation>Bemerkungen ändern</translation>
     </message>
     <message>
         <source>Change Shadow</source>
@@ -131,6 +203,10 @@
     <message>
         <source>Change Sides</source>
         <translation>Seiten ändern</translation>
+    </message>
+    <message>
+        <source>Change Size</source>
+        <translation>Größe ändern</translation>
     </message>
     <message>
         <source>Change Standards</source>
@@ -147,6 +223,10 @@
     <message>
         <source>Change Stroke Width</source>
         <translation>Konturstärke ändern</translation>
+    </message>
+    <message>
+        <source>Change Tags</source>
+        <translation>Schlagwörter ändern</translation>
     </message>
     <message>
         <source>Change Text</source>
@@ -173,12 +253,32 @@
         <translation>Sichtbarkeit ändern</translation>
     </message>
     <message>
+        <source>Change Width</source>
+        <translation>Breite ändern</translation>
+    </message>
+    <message>
+        <source>Change X</source>
+        <translation>X ändern</translation>
+    </message>
+    <message>
+        <source>Change Y</source>
+        <translation>Y ändern</translation>
+    </message>
+    <message>
+        <source>Clip</source>
+        <translation>Abschneiden</translation>
+    </message>
+    <message>
         <source>Color</source>
         <translation>Farbe</translation>
     </message>
     <message>
         <source>Corners</source>
         <translation>Ecken</translation>
+    </message>
+    <message>
+        <source>Created</source>
+        <translation>Erstellt</translation>
     </message>
     <message>
         <source>Dash</source>
@@ -189,12 +289,20 @@
         <translation>Gestrichelt</translation>
     </message>
     <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
     <message>
         <source>Diamond</source>
         <translation>Raute</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Schreibrichtung</translation>
     </message>
     <message>
         <source>Document</source>
@@ -213,6 +321,10 @@
         <translation>Zeichnung</translation>
     </message>
     <message>
+        <source>Due</source>
+        <translation>Termin</translation>
+    </message>
+    <message>
         <source>Duplicate</source>
         <translation>Duplizieren</translation>
     </message>
@@ -227,6 +339,10 @@
     <message>
         <source>Fill</source>
         <translation>Füllung</translation>
+    </message>
+    <message>
+        <source>First Line</source>
+        <translation>Erste Zeile</translation>
     </message>
     <message>
         <source>Flat</source>
@@ -245,6 +361,10 @@
         <translation>Raster</translation>
     </message>
     <message>
+        <source>Heading</source>
+        <translation>Überschrift</translation>
+    </message>
+    <message>
         <source>Height</source>
         <translation>Höhe</translation>
     </message>
@@ -253,8 +373,16 @@
         <translation>Sechseck</translation>
     </message>
     <message>
+        <source>Hyphenation</source>
+        <translation>Silbentrennung</translation>
+    </message>
+    <message>
         <source>Inches</source>
         <translation>Zoll</translation>
+    </message>
+    <message>
+        <source>Indents</source>
+        <translation>Einzüge</translation>
     </message>
     <message>
         <source>Inside</source>
@@ -263,6 +391,10 @@
     <message>
         <source>Italic</source>
         <translation>Kursiv</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Eintrag</translation>
     </message>
     <message>
         <source>Join</source>
@@ -285,6 +417,18 @@
         <translation>Links</translation>
     </message>
     <message>
+        <source>Left to Right</source>
+        <translation>Von links nach rechts</translation>
+    </message>
+    <message>
+        <source>Line Height</source>
+        <translation>Zeilenhöhe</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
         <source>Locked</source>
         <translation>Gesperrt</translation>
     </message>
@@ -305,6 +449,10 @@
         <translation>Bewegen</translation>
     </message>
     <message>
+        <source>Multiple Fonts</source>
+        <translation>Mehrere Schriften</translation>
+    </message>
+    <message>
         <source>Multiple Values</source>
         <translation>Mehrere Werte</translation>
     </message>
@@ -313,8 +461,16 @@
         <translation>Name</translation>
     </message>
     <message>
+        <source>Natural</source>
+        <translation>Natürlich</translation>
+    </message>
+    <message>
         <source>New Shapes</source>
         <translation>Neue Formen</translation>
+    </message>
+    <message>
+        <source>No Font</source>
+        <translation>Keine Schrift</translation>
     </message>
     <message>
         <source>No Selection</source>
@@ -331,6 +487,10 @@
     <message>
         <source>Note</source>
         <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
     </message>
     <message>
         <source>Number</source>
@@ -353,6 +513,14 @@
         <translation>Reihenfolge</translation>
     </message>
     <message>
+        <source>Origin</source>
+        <translation>Bezugspunkt</translation>
+    </message>
+    <message>
+        <source>Other Lines</source>
+        <translation>Weitere Zeilen</translation>
+    </message>
+    <message>
         <source>Outline</source>
         <translation>Umriss</translation>
     </message>
@@ -361,8 +529,20 @@
         <translation>Seite</translation>
     </message>
     <message>
+        <source>Paragraphs</source>
+        <translation>Absätze</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
         <source>Pentagon</source>
         <translation>Fünfeck</translation>
+    </message>
+    <message>
+        <source>Plain</source>
+        <translation>Einfarbig</translation>
     </message>
     <message>
         <source>Points</source>
@@ -385,8 +565,20 @@
         <translation>Vorlage</translation>
     </message>
     <message>
+        <source>Recently Used Colors</source>
+        <translation>Zuletzt benutzte Farben</translation>
+    </message>
+    <message>
         <source>Rectangle</source>
         <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Bemerkungen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -399,6 +591,10 @@
     <message>
         <source>Right</source>
         <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Right to Left</source>
+        <translation>Von rechts nach links</translation>
     </message>
     <message>
         <source>Rotate</source>
@@ -481,8 +677,28 @@
         <translation>Stil</translation>
     </message>
     <message>
+        <source>Swatches</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Tab Interval</source>
+        <translation>Tabulatoren</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
+        <source>Tail</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
         <source>Text</source>
         <translation>Text</translation>
+    </message>
+    <message>
+        <source>Tightening</source>
+        <translation>Verdichtung</translation>
     </message>
     <message>
         <source>Tips</source>
@@ -499,6 +715,18 @@
     <message>
         <source>Triangle</source>
         <translation>Dreieck</translation>
+    </message>
+    <message>
+        <source>Truncate Head</source>
+        <translation>Anfang kürzen</translation>
+    </message>
+    <message>
+        <source>Truncate Middle</source>
+        <translation>Mitte kürzen</translation>
+    </message>
+    <message>
+        <source>Truncate Tail</source>
+        <translation>Ende kürzen</translation>
     </message>
     <message>
         <source>Underline</source>

@@ -347,6 +347,22 @@
         <translation>Rahmen</translation>
     </message>
     <message>
+        <source>For the harbour office</source>
+        <translation>Für das Hafenamt</translation>
+    </message>
+    <message>
+        <source>The title goes to the print shop, too.</source>
+        <translation>Der Titel geht auch an die Druckerei.</translation>
+    </message>
+    <message>
+        <source>background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>water</source>
+        <translation>Wasser</translation>
+    </message>
+    <message>
         <source>Sailing boat</source>
         <translation>Segelboot</translation>
     </message>
