@@ -379,6 +379,30 @@ private Q_SLOTS:
         QVERIFY(!panel->delegate());
     }
 
+    void aDragInTheColorPanelIsOneUndoStep()
+    {
+        Desk desk({colored("grey", Qt::gray)});
+        desk.text->setSelectedRange({0, 4});
+        desk.click(Editor::TextColorSegment);
+        QWidget *dialog = ZelColorPanel::sharedColorPanel()->window();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const QList<QWidget *> widgets = dialog->findChildren<QWidget *>();
+        const auto picker = std::find_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
+            return QByteArray(widget->metaObject()->className()).endsWith("QColorPicker");
+        });
+        QVERIFY(picker != widgets.end());
+        const QPoint place = (*picker)->mapTo(dialog, (*picker)->rect().center());
+        QTest::mousePress(dialog->windowHandle(), Qt::LeftButton, {}, place);
+        for (int i = 1; i < 5; ++i)
+            QTest::mouseMove(dialog->windowHandle(), place + QPoint(9 * i, 0));
+        QVERIFY(desk.owner->actions > 2);
+        QTest::mouseRelease(dialog->windowHandle(), Qt::LeftButton, {}, place + QPoint(36, 0));
+        QTRY_COMPARE(desk.undo.groupingLevel(), 0);
+        QCOMPARE(desk.undo.stack()->count(), 1);
+        desk.undo.undo();
+        QCOMPARE(desk.note(), colored("grey", Qt::gray));
+    }
+
     void oneEditorHasTheColorPanel()
     {
         Desk first({colored("first", Qt::red)});
