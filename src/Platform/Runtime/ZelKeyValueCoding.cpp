@@ -45,6 +45,14 @@ QVariant valueBySetting(const QVariant &container, const QVariant &value, const 
     return changed;
 }
 
+void store(QObject *object, const ZelPropertyAccessor &accessor, const QVariant &value, ZelKey key)
+{
+    if (!accessor.write(object, value)) {
+        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: Cannot store a value of class %1 in %2.%3")
+                                           .arg(ZelClassName(value), ZelObjectDescription(object), key.string());
+    }
+}
+
 /// Whether the accessor's write must be announced for it.
 bool needsAnnouncement(const QObject *object, const ZelPropertyAccessor &accessor, ZelKey key)
 {
@@ -117,12 +125,11 @@ void ZelSetValueForKey(QObject *object, const QVariant &value, ZelKey key)
     const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(object, key);
     if (!accessor || !accessor->isWritable())
         throwUndefined(object, key);
-    std::optional<ZelGuardedValueChange> announcement;
-    if (needsAnnouncement(object, *accessor, key))
-        announcement.emplace(object, key);
-    if (!accessor->write(object, value)) {
-        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: Cannot store a value of class %1 in %2.%3")
-                                           .arg(ZelClassName(value), ZelObjectDescription(object), key.string());
+    if (needsAnnouncement(object, *accessor, key)) {
+        const ZelGuardedValueChange announcement(object, key);
+        store(object, *accessor, value, key);
+    } else {
+        store(object, *accessor, value, key);
     }
 }
 

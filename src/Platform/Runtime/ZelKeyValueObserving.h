@@ -49,12 +49,12 @@ void ZelDidChangeValueForKey(QObject *object, ZelKeyValueChangeKind kind, const 
 /// after an edit made by a user.
 void ZelRereadSilentProperties();
 
-/// Announces a change from construction to destruction.
+/// Announces a change from construction to destruction. What an observer throws leaves the destructor.
 class ZelValueChange
 {
 public:
     ZelValueChange(QObject *object, ZelKey key);
-    ~ZelValueChange();
+    ~ZelValueChange() noexcept(false);
     Q_DISABLE_COPY_MOVE(ZelValueChange)
 
 protected:
@@ -64,4 +64,5 @@ protected:
 private:
     ZelObservedKey *m_observed; // held, since the object may die meanwhile; null if nobody observes the key
     bool m_byObject;
+    int m_uncaught = 0; // exceptions under way at the construction
 };

@@ -5,6 +5,7 @@
 #include "Platform/Runtime/ZelKeyPathChain.h"
 #include "Platform/Runtime/ZelNotifyRelay.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelScopeEnd.h"
 #include "Platform/Runtime/ZelSilentKeys.h"
 
 #include <QHash>
@@ -191,6 +192,7 @@ ZelValueChange::ZelValueChange(QObject *object, ZelKey key, bool byObject)
 {
     if (!m_observed)
         return;
+    m_uncaught = std::uncaught_exceptions();
     const ZelObservedKey::Hold hold(m_observed);
     m_observed->willChange(ZelKeyValueChangeSetting, nullptr, byObject);
     m_observed->retain(); // not before: if an observer throws, there is no end of this announcement
@@ -201,13 +203,13 @@ ZelValueChange::ZelValueChange(QObject *object, ZelKey key)
 {
 }
 
-ZelValueChange::~ZelValueChange()
+ZelValueChange::~ZelValueChange() noexcept(false)
 {
     if (!m_observed)
         return;
     const ZelObservedKey::Hold hold(m_observed);
     m_observed->release();
-    m_observed->didChange(ZelKeyValueChangeSetting, nullptr, m_byObject);
+    ZelRunAtScopeEnd([this] { m_observed->didChange(ZelKeyValueChangeSetting, nullptr, m_byObject); }, m_uncaught);
 }
 
 void ZelAssociatedObjects::setAssociatedValue(const std::shared_ptr<void> &value, const void *key)

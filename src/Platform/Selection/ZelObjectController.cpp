@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelObjectController.h"
 
+#include "Platform/Runtime/ZelScopeEnd.h"
 #include "Platform/Selection/ZelSelectionProxy.h"
 
 #include <QSet>
@@ -59,13 +60,14 @@ void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objec
 
 ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller)
     : m_controller(controller)
+    , m_uncaught(std::uncaught_exceptions())
 {
     if (m_controller)
         m_controller->m_proxy->beginBatch();
 }
 
-ZelObjectController::ChangeBatch::~ChangeBatch()
+ZelObjectController::ChangeBatch::~ChangeBatch() noexcept(false)
 {
     if (m_controller)
-        m_controller->m_proxy->endBatch();
+        ZelRunAtScopeEnd([this] { m_controller->m_proxy->endBatch(); }, m_uncaught);
 }

@@ -34,16 +34,17 @@ public:
     void setSelectedObjects(const QList<QObject *> &objects);
 
     /// Holds back the notices of changes that the selected objects make, until the outermost one ends: one notice then
-    /// stands for all. Reading stays exact meanwhile.
+    /// stands for all. Reading stays exact meanwhile. What an observer throws leaves the destructor.
     class ChangeBatch
     {
     public:
         explicit ChangeBatch(ZelObjectController *controller);
-        ~ChangeBatch();
+        ~ChangeBatch() noexcept(false);
         Q_DISABLE_COPY_MOVE(ChangeBatch)
 
     private:
         QPointer<ZelObjectController> m_controller;
+        int m_uncaught; // exceptions under way at the construction
     };
 
 Q_SIGNALS:

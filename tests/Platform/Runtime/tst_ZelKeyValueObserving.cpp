@@ -211,6 +211,29 @@ private Q_SLOTS:
         ZelRemoveObserver(&person, &computed, "nameLength", &g_context);
     }
 
+    void whatAnObserverThrowsReachesWhoWrites()
+    {
+        Person person;
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "silent", 0, &g_context);
+        recorder.react = [] { throw std::runtime_error("refused"); };
+        QVERIFY_EXCEPTION_THROWN(ZelSetValueForKey(&person, QStringLiteral("x"), "silent"), std::runtime_error);
+        QCOMPARE(person.silent, QStringLiteral("x"));
+        const auto setter = [&](bool fails) {
+            const ZelValueChange change(&person, "silent");
+            if (fails)
+                throw std::logic_error("failed");
+        };
+        QVERIFY_EXCEPTION_THROWN(setter(false), std::runtime_error);
+        // The one that is on its way already goes on, the other is reported.
+        QTest::ignoreMessage(QtWarningMsg, "ERROR: refused");
+        QVERIFY_EXCEPTION_THROWN(setter(true), std::logic_error);
+        recorder.react = {};
+        setter(false);
+        QCOMPARE(recorder.count(), 4);
+        ZelRemoveObserver(&person, &recorder, "silent", &g_context);
+    }
+
     void dynamicPropertiesAndTheInitialOption()
     {
         Person person;
