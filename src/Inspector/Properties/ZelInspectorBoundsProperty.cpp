@@ -100,7 +100,7 @@ void ZelInspectorBoundsProperty::originSelectionViewDidSelectAnchor(ZelOriginSel
 
 // Components
 
-QList<double> ZelInspectorBoundsProperty::componentsOfValue(const QVariant &value) const
+ZelInspectorCompositeProperty::Components ZelInspectorBoundsProperty::componentsOfValue(const QVariant &value) const
 {
     if (value.typeId() != QMetaType::QRectF && value.typeId() != QMetaType::QRect)
         return {};

@@ -68,7 +68,7 @@ Q_SIGNALS:
     void anchorChanged();
 
 protected:
-    QList<double> componentsOfValue(const QVariant &value) const override;
+    Components componentsOfValue(const QVariant &value) const override;
     QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
     bool computeInternalEnabled() const override;
 

@@ -58,8 +58,12 @@ void ZelInspectorCompositeProperty::updateValues()
     QVariantList folded(m_components.size(), none);
     const QVariant whole = combinedReflectedValue([&](const QVariant &value) {
         const bool isMarker = ZelIsControllerMarker(value);
-        const QList<double> parts = isMarker || ZelIsNull(value) ? QList<double>() : componentsOfValue(value);
+        const Components parts = isMarker || ZelIsNull(value) ? Components() : componentsOfValue(value);
         for (qsizetype i = 0; i < folded.size(); ++i) {
+            const QVariant &known = folded.at(i);
+            if (ZelIsMarker(known, ZelMultipleValuesMarker) ||
+                (!parts.isEmpty() && known.typeId() == QMetaType::Double && known.toDouble() == parts.at(i)))
+                continue; // as nearly always in a large selection
             const QVariant part = isMarker ? value : parts.isEmpty() ? QVariant() : QVariant(parts.at(i));
             folded[i] = combinedValueWithValue(part, folded.at(i));
         }

@@ -4,6 +4,8 @@
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 
+#include <QVarLengthArray>
+
 /// The base of editors whose value consists of a few numbers, each with a number editor of its own.
 ///
 /// The number editors' owner is this editor, and what they edit are its components: properties that hold the selected
@@ -56,8 +58,9 @@ protected:
     /// Writes the component into every represented object.
     void updateComponent(int index);
 
+    using Components = QVarLengthArray<double, 4>;
     /// The components of a value of the model; empty for a value that is none.
-    virtual QList<double> componentsOfValue(const QVariant &value) const = 0;
+    virtual Components componentsOfValue(const QVariant &value) const = 0;
     /// The value with one component replaced. The old one may be none.
     virtual QVariant valueByReplacing(const QVariant &old, int index, double component) const = 0;
     /// Called when all components are up to date, and not written back.

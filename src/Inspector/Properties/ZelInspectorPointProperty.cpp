@@ -15,7 +15,7 @@ ZelInspectorPointProperty::~ZelInspectorPointProperty()
     uninstall();
 }
 
-QList<double> ZelInspectorPointProperty::componentsOfValue(const QVariant &value) const
+ZelInspectorCompositeProperty::Components ZelInspectorPointProperty::componentsOfValue(const QVariant &value) const
 {
     if (value.typeId() != QMetaType::QPointF && value.typeId() != QMetaType::QPoint)
         return {};

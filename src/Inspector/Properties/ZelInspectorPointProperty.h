@@ -29,7 +29,7 @@ public:
     void updateY() { updateComponent(1); }
 
 protected:
-    QList<double> componentsOfValue(const QVariant &value) const override;
+    Components componentsOfValue(const QVariant &value) const override;
     QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
     Title titleOfComponent(int index) const override;
     QString toggleActionName() const override;

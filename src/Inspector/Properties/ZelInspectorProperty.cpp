@@ -6,6 +6,7 @@
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -174,13 +175,13 @@ QVariant ZelInspectorProperty::combinedReflectedValue(const ValueBlock &map) con
     QVariant combined = QVariant::fromValue(ZelNoSelectionMarker);
     if (!keyPathHasControllerSelectionPrefix(m_keyPath))
         return combinedValueWithValue(map(reflectedValue()), combined);
-    const ZelKeyPath key = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    ZelClassAccessors accessors(keyPathByStripingControllerSelectionPrefix(m_keyPath));
     const QList<QObject *> objects = representedObjectsForControllerSelectionKeyPath(m_keyPath);
     for (const QObject *object : objects) {
-        if (!ZelHasKey(object, key.first()))
+        const std::optional<QVariant> value = accessors.read(object);
+        if (!value)
             return QVariant::fromValue(ZelNotApplicableMarker);
-        const QVariant value = transformed(m_valueTransformer, ZelValueForKeyPath(object, key));
-        combined = combinedValueWithValue(map(value), combined);
+        combined = combinedValueWithValue(map(transformed(m_valueTransformer, *value)), combined);
         if (ZelIsMarker(combined, ZelMultipleValuesMarker))
             break; // nothing brings it back to one value
     }

@@ -15,7 +15,7 @@ ZelInspectorSizeProperty::~ZelInspectorSizeProperty()
     uninstall();
 }
 
-QList<double> ZelInspectorSizeProperty::componentsOfValue(const QVariant &value) const
+ZelInspectorCompositeProperty::Components ZelInspectorSizeProperty::componentsOfValue(const QVariant &value) const
 {
     if (value.typeId() != QMetaType::QSizeF && value.typeId() != QMetaType::QSize)
         return {};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelSelectionFold.h"
 
+#include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
@@ -8,32 +9,6 @@
 #include "Platform/Runtime/ZelValues.h"
 
 namespace {
-
-/// The accessor of a key, looked up again only where the class changes.
-class Accessors
-{
-public:
-    explicit Accessors(ZelKey key)
-        : m_key(key)
-    {
-    }
-
-    /// Null for an object that lacks the key, and for one that answers keys itself.
-    const ZelPropertyAccessor *of(const QObject *object)
-    {
-        const QMetaObject *metaObject = object->metaObject();
-        if (metaObject != m_class || !m_accessor) {
-            m_class = metaObject;
-            m_accessor = ZelPropertyAccessor::interfaceOf(object) ? nullptr : ZelPropertyAccessor::find(object, m_key);
-        }
-        return m_accessor;
-    }
-
-private:
-    ZelKey m_key;
-    const QMetaObject *m_class = nullptr;
-    const ZelPropertyAccessor *m_accessor = nullptr;
-};
 
 template<typename Number>
 bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
@@ -105,7 +80,7 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
 
 QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
 {
-    Accessors accessors(path.first());
+    ZelClassAccessors accessors(path);
     const ZelPropertyAccessor *current = nullptr;
     ReadEqual readEqual = nullptr;
     QVariant stored; // the first object's value as the property answers it
@@ -143,7 +118,7 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
 
 void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const QVariant &value, const ZelKeyPath &path)
 {
-    Accessors accessors(path.first());
+    ZelClassAccessors accessors(path);
     const ZelPropertyAccessor *current = nullptr;
     QVariant converted; // for the current accessor, where it takes values through memory, and announces them
     const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
@@ -168,7 +143,7 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
 
 bool ZelSelectionFold::isSilent(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
 {
-    Accessors accessors(path.first());
+    ZelClassAccessors accessors(path);
     for (const QPointer<QObject> &object : objects) {
         if (!object)
             continue;

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <optional>
+
+/// One key path read from many objects: the accessor is looked up again only where the class changes.
+class ZelClassAccessors
+{
+public:
+    explicit ZelClassAccessors(const ZelKeyPath &path)
+        : m_path(path)
+        , m_key(path.first())
+        , m_isSingleKey(path.isSingleKey())
+    {
+    }
+
+    /// The accessor of the path's first key. Null for an object that lacks it, and for one that answers keys itself.
+    const ZelPropertyAccessor *of(const QObject *object)
+    {
+        const QMetaObject *metaObject = object->metaObject();
+        if (metaObject != m_class || !m_accessor) {
+            m_class = metaObject;
+            m_accessor = ZelPropertyAccessor::interfaceOf(object) ? nullptr : ZelPropertyAccessor::find(object, m_key);
+        }
+        return m_accessor;
+    }
+
+    /// The value at the path; nothing for an object that lacks its first key.
+    std::optional<QVariant> read(const QObject *object)
+    {
+        const ZelPropertyAccessor *accessor = of(object);
+        if (accessor && m_isSingleKey)
+            return ZelPresent(accessor->read(object));
+        if (!accessor && !ZelHasKey(object, m_key))
+            return std::nullopt;
+        return ZelValueForKeyPath(object, m_path);
+    }
+
+private:
+    ZelKeyPath m_path;
+    ZelKey m_key;
+    bool m_isSingleKey;
+    const QMetaObject *m_class = nullptr;
+    const ZelPropertyAccessor *m_accessor = nullptr;
+};
