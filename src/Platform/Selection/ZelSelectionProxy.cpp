@@ -27,9 +27,13 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
 {
     if (objects == m_objects)
         return false;
+    const QPointer<ZelSelectionProxy> alive(this);
     const QList<ZelKeyPath> paths = m_paths.keys();
-    for (const ZelKeyPath &path : paths)
+    for (const ZelKeyPath &path : paths) {
         ZelWillChangeValueForKey(this, ZelKey(path.string()));
+        if (!alive)
+            return false;
+    }
     m_objects = objects;
     m_hasDead = false;
     invalidate();
@@ -43,6 +47,8 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
             known->announced = valueForKeyPath(path);
         }
         ZelDidChangeValueForKey(this, ZelKey(path.string()));
+        if (!alive)
+            return false;
     }
     return true;
 }

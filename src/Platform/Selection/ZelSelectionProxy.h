@@ -29,7 +29,7 @@ public:
     ~ZelSelectionProxy() override;
 
     const QList<QPointer<QObject>> &objects() const { return m_objects; }
-    /// False where nothing changed.
+    /// False where nothing changed, or where an observer ended the controller.
     bool setObjects(const QList<QPointer<QObject>> &objects);
 
     void beginBatch() { ++m_batches; }

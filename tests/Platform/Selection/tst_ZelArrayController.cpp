@@ -185,6 +185,38 @@ private Q_SLOTS:
         QCOMPARE(recorder.count(), 1);
     }
 
+    void theControllerMayDieDuringAChangeOfTheSelection()
+    {
+        auto *controller = new ZelArrayController;
+        People two(2, 1);
+        Recorder recorder;
+        for (const char *path : {"selection.height", "selection.name", "selection.flags"})
+            ZelAddObserver(controller, &recorder, path, 0, &g_context);
+        recorder.react = [&] {
+            delete controller;
+            controller = nullptr;
+        };
+        controller->setSelectedObjects(two.objects());
+        QVERIFY(!controller);
+        QCOMPARE(recorder.count(), 1);
+    }
+
+    void whatAnObserverThrowsReachesWhoWrites()
+    {
+        ZelArrayController controller;
+        People two(2, 1);
+        controller.setSelectedObjects(two.objects());
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
+        recorder.react = [] { throw std::runtime_error("refused"); };
+        QVERIFY_EXCEPTION_THROWN(ZelSetValueForKeyPath(&controller, 4, "selection.height"), std::runtime_error);
+        QCOMPARE(two.people[1]->height(), 4.0);
+        recorder.react = {};
+        ZelSetValueForKeyPath(&controller, 5, "selection.height");
+        QCOMPARE(recorder.count(), 2);
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
     void theSelectionMayChangeWhileItIsWritten()
     {
         ZelArrayController controller;
