@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Blocks/ZelConcurrentWork.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QStringBuilder>
-#include <QtConcurrentMap>
-#include <atomic>
-#include <exception>
 #include <functional>
-#include <mutex>
 #include <optional>
 
 // What the operations of ZelBlocks.h share.
@@ -69,26 +66,12 @@ template<typename Type>
 using ZelMatch =
     std::conditional_t<std::is_same_v<Type, QVariant> || std::is_pointer_v<Type>, Type, std::optional<Type>>;
 
-/// Calls the function with what every iterator refers to, on several threads of the global pool and on this one, and
-/// returns when all is done. The first exception ends the work and is thrown again here.
+/// Calls the function with what every iterator refers to, on several threads; see ZelPerformConcurrently.
 template<typename Iterator, typename Function>
 void ZelForEachConcurrently(Iterator begin, Iterator end, const Function &function)
 {
-    std::atomic<bool> hasFailed = false;
-    std::mutex mutex;
-    std::exception_ptr failure;
-    const auto guarded = [&](auto &item) {
-        if (hasFailed.load(std::memory_order_relaxed))
-            return;
-        try {
-            function(item);
-        } catch (...) {
-            const std::lock_guard lock(mutex);
-            if (!hasFailed.exchange(true))
-                failure = std::current_exception();
-        }
-    };
-    QtConcurrent::blockingMap(begin, end, guarded);
-    if (failure)
-        std::rethrow_exception(failure);
+    ZelPerformConcurrently(end - begin, [&](qsizetype first, qsizetype last) {
+        for (Iterator i = begin + first, partEnd = begin + last; i != partEnd; ++i)
+            function(*i);
+    });
 }

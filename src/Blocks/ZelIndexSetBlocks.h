@@ -4,7 +4,7 @@
 #include "Blocks/ZelCollectionBlocks.h"
 #include "Platform/Runtime/ZelIndexSet.h"
 
-#include <QThreadPool>
+#include <algorithm>
 #include <vector>
 
 /// The operations of index sets; an empty result is nothing rather than an empty set. See ZelBlocks.h.
@@ -32,10 +32,20 @@ public:
     {
         if (!ZelRequireBlock(block))
             return;
-        const std::vector<ZelIndexSet::Range> parts = partsForThreads();
-        ZelForEachConcurrently(parts.cbegin(), parts.cend(), [&](const ZelIndexSet::Range &part) {
-            for (qsizetype index = part.first, end = part.end(); index < end; ++index)
-                std::invoke(block, index);
+        const QList<ZelIndexSet::Range> &ranges = m_set.ranges();
+        std::vector<qsizetype> ends; // of the ranges, counted in indexes
+        qsizetype count = 0;
+        for (const ZelIndexSet::Range &range : ranges)
+            ends.push_back(count += range.count);
+        ZelPerformConcurrently(count, [&](qsizetype first, qsizetype last) {
+            auto number = std::upper_bound(ends.cbegin(), ends.cend(), first) - ends.cbegin();
+            while (first < last) {
+                const qsizetype end = ends[size_t(number)];
+                const qsizetype offset = ranges.at(number).end() - end;
+                for (; first < std::min(end, last); ++first)
+                    std::invoke(block, offset + first);
+                ++number;
+            }
         });
     }
 
@@ -136,19 +146,6 @@ private:
         ZelIndexSet m_set;
         ZelIndexSet::Range m_run;
     };
-
-    /// A million indexes may be a single range: what the threads share out are parts of ranges.
-    std::vector<ZelIndexSet::Range> partsForThreads() const
-    {
-        const qsizetype threads = QThreadPool::globalInstance()->maxThreadCount();
-        const qsizetype size = std::max<qsizetype>(m_set.count() / (8 * std::max<qsizetype>(threads, 1)), 1);
-        std::vector<ZelIndexSet::Range> parts;
-        for (const ZelIndexSet::Range &range : m_set.ranges()) {
-            for (qsizetype first = range.first; first < range.end(); first += size)
-                parts.push_back({first, std::min(size, range.end() - first)});
-        }
-        return parts;
-    }
 
     Set &m_set;
 };

@@ -3,6 +3,8 @@
 
 #include <QTest>
 #include <QThread>
+#include <atomic>
+#include <mutex>
 
 namespace {
 
@@ -23,6 +25,7 @@ struct Counted
     {
         ++copies;
     }
+    Counted(Counted &&) = default;
     Counted &operator=(const Counted &) = default;
     bool isBig() const { return value > 2; }
 
@@ -216,7 +219,7 @@ void TestBlocks::dictionaries()
     QVERIFY(names.contains(4) && !names.contains(5));
 
     QMap<QString, int> map{{"c", 1}, {"a", 2}, {"b", 3}};
-    QCOMPARE(ZelBlocks(map).match([](const QString &, int value) { return value > 2; }), std::optional(2));
+    QCOMPARE(ZelBlocks(map).match([](const QString &, int value) { return value > 1; }), std::optional(2));
     const QMap<QString, QString> keys = ZelBlocks(map).map([](const QString &key, int) { return key + key; });
     QCOMPARE(keys.values(), QStringList({"aa", "bb", "cc"}));
 }
@@ -261,6 +264,13 @@ void TestBlocks::appliesConcurrently()
     verifyApply(1000, [&](const auto &block) { ZelBlocks(ZelOrderedSet<int>(list)).apply(block); });
     verifyApply(1000, [&](const auto &block) { ZelBlocks(QSet<int>(list.begin(), list.end())).apply(block); });
     verifyApply(1000, [&](const auto &block) { ZelBlocks(ZelIndexSet::withRange(0, 1000)).apply(block); });
+    const ZelIndexSet scattered{3, 5, 100, 101, 102, 7000};
+    std::atomic<qsizetype> sum = 0;
+    ZelBlocks(scattered).apply([&](qsizetype i) { sum += i; });
+    QCOMPARE(sum.load(), 3 + 5 + 100 + 101 + 102 + 7000);
+    sum = 0;
+    ZelBlocks(list).apply([&](int) { ZelBlocks(scattered).apply([&](qsizetype) { ++sum; }); }); // work within work
+    QCOMPARE(sum.load(), 6000);
     verifyApply(1000, [&](const auto &block) {
         ZelBlocks(numberNames(1000)).apply([&](int key, const QString &) { block(key); });
     });
