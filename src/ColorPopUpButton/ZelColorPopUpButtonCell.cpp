@@ -345,6 +345,7 @@ void ZelColorPopUpButtonCell::activateColorPanel()
     m_panel = panel;
     panel->setDelegate(this);
     connect(panel, &ZelColorPanel::willClose, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
+    connect(panel, &ZelColorPanel::delegateDidChange, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
     connect(panel, &ZelColorPanel::colorDidChange, this, &ZelColorPopUpButtonCell::colorPanelDidChange);
     connect(panel, &ZelColorPanel::trackingDidEnd, this, &ZelColorPopUpButtonCell::endDrag);
     ZelObservations(this).addObservationWithCenter(
@@ -383,10 +384,6 @@ void ZelColorPopUpButtonCell::showInPanel()
 
 void ZelColorPopUpButtonCell::colorPanelDidChange()
 {
-    if (m_panel->delegate() != this) {
-        deactivateColorPanel();
-        return;
-    }
     if (!m_button->isEnabled())
         return;
     if (m_panel->isTracking() && !m_dragGrouping)

@@ -302,6 +302,10 @@ private Q_SLOTS:
         first.button->cell()->activateColorPanel();
         dialog()->setCurrentColor(QColor(6, 6, 6));
         QCOMPARE(first.edits, 2);
+        ZelColorPanel::sharedColorPanel()->setDelegate(&second); // whoever else takes the panel
+        QVERIFY(!first.button->cell()->isColorPanelActive());
+        dialog()->setCurrentColor(QColor(7, 7, 7));
+        QCOMPARE(first.edits, 2);
     }
 
     void aButtonMayDieOfWhatThePanelChanges()
