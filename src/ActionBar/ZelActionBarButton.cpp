@@ -6,6 +6,7 @@
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QPainter>
+#include <cmath>
 
 namespace {
 
@@ -94,13 +95,26 @@ void ZelActionBarButton::updateShortcut()
         setShortcut(QKeyCombination(key[0].keyboardModifiers() | m_keyEquivalentModifierMask, key[0].key()));
 }
 
+/// Rounded up: a title in less than its width is elided.
+int ZelActionBarButton::titleWidth() const
+{
+    return int(std::ceil(QFontMetricsF(font()).horizontalAdvance(m_title)));
+}
+
 QSize ZelActionBarButton::sizeHint() const
 {
     ensurePolished();
     const int height = qMax(ZelControlSize::imageSide + 2, fontMetrics().height());
     if (icon().isNull() && !m_title.isEmpty())
-        return {fontMetrics().horizontalAdvance(m_title) + 2 * g_titleMargin, height};
+        return {titleWidth() + 2 * g_titleMargin, height};
     return {ZelControlSize::imageSide + 2 * g_imageMargin, height};
+}
+
+/// Faint where disabled: many palettes have no colour of their own for that.
+QColor ZelActionBarButton::titleColor() const
+{
+    const QColor color = palette().color(QPalette::Active, QPalette::WindowText);
+    return isEnabled() ? color : withAlpha(color, 0.4F);
 }
 
 void ZelActionBarButton::paintEvent(QPaintEvent *)
@@ -132,6 +146,6 @@ void ZelActionBarButton::drawContent(QPainter &painter)
         return;
     }
     const QRect place = rect().adjusted(g_titleMargin, 0, -g_titleMargin, 0);
-    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(titleColor());
     painter.drawText(place, Qt::AlignCenter, fontMetrics().elidedText(m_title, Qt::ElideRight, place.width()));
 }

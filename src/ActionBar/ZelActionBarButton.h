@@ -44,6 +44,8 @@ protected:
     /// What lies on the background.
     virtual void drawContent(QPainter &painter);
     QIcon shownImage() const { return m_state != 0 && !m_alternateImage.isNull() ? m_alternateImage : icon(); }
+    int titleWidth() const;
+    QColor titleColor() const;
     /// Whether the button looks pressed.
     virtual bool isLit() const { return isDown(); }
 

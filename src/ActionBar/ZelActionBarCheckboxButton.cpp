@@ -35,8 +35,8 @@ QSize ZelActionBarCheckboxButton::sizeHint() const
     const QSize size = ZelActionBarButton::sizeHint();
     if (!icon().isNull())
         return size;
-    const int titleWidth = title().isEmpty() ? 0 : fontMetrics().horizontalAdvance(title()) + g_titleGap;
-    return {indicatorSize().width() + titleWidth + 2 * g_margin, qMax(size.height(), indicatorSize().height() + 2)};
+    const int textWidth = title().isEmpty() ? 0 : titleWidth() + g_titleGap;
+    return {indicatorSize().width() + textWidth + 2 * g_margin, qMax(size.height(), indicatorSize().height() + 2)};
 }
 
 bool ZelActionBarCheckboxButton::isLit() const
@@ -60,7 +60,7 @@ void ZelActionBarCheckboxButton::drawContent(QPainter &painter)
     style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, this);
     const int left = g_margin + indicatorSize().width() + g_titleGap;
     const QRect place = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(left, 0, -g_margin, 0));
-    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(titleColor());
     painter.drawText(place, int(Qt::AlignVCenter | Qt::AlignLeading),
                      fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
 }

@@ -15,7 +15,7 @@ public:
     quint32 style() const { return m_style; }
     void setStyle(quint32 style);
 
-    QSize sizeHint() const override { return {5, 12}; }
+    QSize sizeHint() const override { return {5, 16}; }
     QSize minimumSizeHint() const override { return {1, 1}; }
     void drawRect(QPainter &painter, const QRect &dirtyRect) override;
     bool drawsContent() const override { return true; }

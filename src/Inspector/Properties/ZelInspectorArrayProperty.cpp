@@ -6,6 +6,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Layout/ZelBaselineProvider.h"
 #include "Platform/Resources/ZelDrawnIconEngine.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Resources/ZelNamedImages.h"
@@ -22,6 +23,29 @@ constexpr QSizeF g_buttonMinSize{19, 16};
 constexpr QSizeF g_buttonMaxSize{19, 0};
 constexpr int g_rowHeight = 14;
 constexpr int g_rowSpacing = 2;
+constexpr double g_border = 1;
+constexpr double g_baselineOffset = 69;
+
+int rowHeight(const QFontMetrics &metrics)
+{
+    return qMax(g_rowHeight, metrics.height()) + g_rowSpacing;
+}
+
+/// Holds the table and the bar. Rows of editors measure the given offset down from its baseline to that of their label:
+/// it lies where the label comes to stand beside the first row of the table.
+class BorderView : public ZelView, public ZelBaselineProvider
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
+public:
+    using ZelView::ZelView;
+
+    double baselineOffsetForHeight(double) const override
+    {
+        const QFontMetrics metrics = fontMetrics();
+        return g_border + (rowHeight(metrics) - metrics.height()) / 2.0 + metrics.ascent() - g_baselineOffset;
+    }
+};
 
 /// A plus or a minus, of strokes that are whole device pixels wide.
 void drawSign(QPainter *painter, const QRect &rect, bool isPlus)
@@ -79,10 +103,10 @@ ZelInspectorArrayProperty::~ZelInspectorArrayProperty()
 void ZelInspectorArrayProperty::loadView()
 {
     ZelView *container = makeEditorView();
-    m_borderView = new ZelView(container);
+    m_borderView = new BorderView(container);
     m_borderView->setBackgroundColor(ZelColor::named(QStringLiteral("System"), QStringLiteral("textBackgroundColor")));
-    m_borderView->setBorderColor(ZelColor::named(QStringLiteral("System"), QStringLiteral("gridColor")));
     addTable();
+    updateBorderColor();
     addActionBar();
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     layOut(container);
@@ -109,8 +133,7 @@ void ZelInspectorArrayProperty::addTable()
     m_tableView->horizontalHeader()->hide();
     m_tableView->verticalHeader()->hide();
     m_tableView->verticalHeader()->setMinimumSectionSize(1);
-    m_tableView->verticalHeader()->setDefaultSectionSize(qMax(g_rowHeight, m_tableView->fontMetrics().height()) +
-                                                         g_rowSpacing);
+    m_tableView->verticalHeader()->setDefaultSectionSize(rowHeight(m_tableView->fontMetrics()));
     m_tableView->installEventFilter(this);
     connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ZelInspectorArrayProperty::tableViewSelectionDidChange);
@@ -167,10 +190,20 @@ void ZelInspectorArrayProperty::viewWillUninstall()
     cancelUpdateView();
 }
 
+/// A strength between text and background, as that of separators, whatever the palette has for lines.
+void ZelInspectorArrayProperty::updateBorderColor()
+{
+    QColor color = m_tableView->palette().color(QPalette::WindowText);
+    color.setAlphaF(0.35F);
+    m_borderView->setBorderColor(color);
+}
+
 bool ZelInspectorArrayProperty::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange && watched == m_tableView)
+    if (watched == m_tableView && event->type() == QEvent::EnabledChange)
         updateViewInvocation().schedule();
+    else if (watched == m_tableView && event->type() == QEvent::PaletteChange)
+        updateBorderColor();
     return ZelInspectorProperty::eventFilter(watched, event);
 }
 
@@ -292,3 +325,10 @@ QWidget *ZelInspectorArrayProperty::viewForBaselineAlignment()
     view();
     return m_borderView;
 }
+
+double ZelInspectorArrayProperty::baselineOffsetFromView() const
+{
+    return g_baselineOffset;
+}
+
+#include "ZelInspectorArrayProperty.moc"

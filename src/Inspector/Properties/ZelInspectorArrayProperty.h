@@ -52,7 +52,7 @@ public:
     void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
-    double baselineOffsetFromView() const override { return 69; }
+    double baselineOffsetFromView() const override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -61,6 +61,7 @@ private:
     void addTable();
     void addActionBar();
     void layOut(ZelView *container);
+    void updateBorderColor();
     QList<int> selectedRows() const;
     void selectRow(int row);
     void writeValues(const QVariantList &values);

@@ -137,8 +137,10 @@ void ZelInspectorFontProperty::layOut(ZelView *container)
                                           {QStringLiteral("stepper"), m_stepper}};
     for (const QString &format :
          {QStringLiteral("H:|-2-[textField]-1-[stepper]-2-|"), QStringLiteral("V:|-2-[stepper]"),
-          QStringLiteral("V:|-2-[button(==17)]"), QStringLiteral("H:[button(==16)]-4-[stepper]")})
+          QStringLiteral("V:[button(==17)]"), QStringLiteral("H:[button(==16)]-4-[stepper]")})
         container->addConstraintsWithVisualFormat(format, views);
+    container->addConstraint(ZelLayoutConstraint::constraintWithItem(
+        m_button, ZelLayoutConstraint::CenterY, ZelLayoutConstraint::Equal, m_textField, ZelLayoutConstraint::CenterY));
     ZelEditorLayout::layOutVertically(container, m_textField, m_label);
 }
 
@@ -150,16 +152,17 @@ void ZelInspectorFontProperty::addPopover()
     m_popover->setContentWidget(m_popoverView);
     m_popover->setContentSize({g_popoverWidth, 0});
     ZelFontPopoverView *view = m_popoverView;
-    connect(view->fontPopUpButton(), &ZelPopUpButton::action, this, [=] { selectFont(view->fontPopUpButton()); });
+    connect(view->fontPopUpButton(), &ZelPopUpButton::action, this,
+            [this, view] { selectFont(view->fontPopUpButton()); });
     connect(view->fontFamilyPopUpButton(), &ZelPopUpButton::action, this,
-            [=] { selectFontFamily(view->fontFamilyPopUpButton()); });
+            [this, view] { selectFontFamily(view->fontFamilyPopUpButton()); });
     connect(view->fontStylePopUpButton(), &ZelPopUpButton::action, this,
-            [=] { selectFontFace(view->fontStylePopUpButton()); });
+            [this, view] { selectFontFace(view->fontStylePopUpButton()); });
     connect(view->fontSizeTextField(), &ZelTextField::action, this,
-            [=] { setFontSize(view->fontSizeTextField()->objectValue()); });
+            [this, view] { setFontSize(view->fontSizeTextField()->objectValue()); });
     connect(view->fontSizeStepper(), &ZelStepper::action, this,
-            [=] { setFontSize(view->fontSizeStepper()->objectValue()); });
-    connect(view->doneButton(), &QAbstractButton::clicked, this, [=] { selectDone(view->doneButton()); });
+            [this, view] { setFontSize(view->fontSizeStepper()->objectValue()); });
+    connect(view->doneButton(), &QAbstractButton::clicked, this, [this, view] { selectDone(view->doneButton()); });
 }
 
 void ZelInspectorFontProperty::viewDidInstall()

@@ -2,6 +2,7 @@
 #include "ActionBar/ZelActionBarButton.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
+#include "Platform/Layout/ZelConstraintLayout.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QApplication>
@@ -81,6 +82,7 @@ private Q_SLOTS:
     void listsKeepTheirTypes();
     void theButtonsFollowTableAndSelection();
     void typingSurvivesOtherChanges();
+    void theRowsLabelStandsBesideTheFirstRow();
     void survivesTheDeathOfOwnerAndView();
 };
 
@@ -276,6 +278,23 @@ void tst_ZelInspectorArrayProperty::typingSurvivesOtherChanges()
     QVERIFY(editor->removeActionItem()->isEnabled());
     QTest::keyClick(field, Qt::Key_Return);
     QTRY_COMPARE(window.people[0]->tags, list({"typing", "new", "c"}));
+}
+
+void tst_ZelInspectorArrayProperty::theRowsLabelStandsBesideTheFirstRow()
+{
+    EditorWindow window;
+    window.people[0]->tags = list({"a"});
+    Editor *editor = install(window, QStringLiteral("tags"));
+    window.select({0});
+    QWidget *view = editor->viewForBaselineAlignment();
+    const double baseline =
+        ZelConstraintLayout::baselineOffset(view, view->height()) + editor->baselineOffsetFromView();
+    const QTableView *table = editor->tableView();
+    const QRect row = table->visualRect(table->model()->index(0, 0));
+    const double middle = table->viewport()->mapTo(view, row.center()).y();
+    QVERIFY2(baseline > middle && baseline < middle + row.height() / 2.0, qPrintable(QString::number(baseline)));
+    QCOMPARE(editor->tableView()->height(), 64);
+    QCOMPARE(editor->actionBar()->height(), 16);
 }
 
 void tst_ZelInspectorArrayProperty::survivesTheDeathOfOwnerAndView()

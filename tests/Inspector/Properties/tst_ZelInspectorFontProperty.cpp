@@ -275,6 +275,9 @@ void tst_ZelInspectorFontProperty::thePopoverOpensAndCloses()
     Caption caption(QFont(g_family, 9));
     window.select({&caption});
     window.editor->button()->setFocus();
+    QTest::mouseDClick(window.editor->textField(), Qt::LeftButton); // nothing to be selected there
+    QCOMPARE(QApplication::focusWidget(), window.editor->button());
+    QVERIFY(!window.editor->textField()->hasSelectedText());
     QTest::mouseClick(window.editor->button(), Qt::LeftButton);
     QVERIFY(window.editor->popover()->isShown());
     QVERIFY(window.details->isVisible());
