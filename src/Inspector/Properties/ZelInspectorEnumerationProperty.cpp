@@ -21,14 +21,31 @@ ZelInspectorEnumerationProperty::~ZelInspectorEnumerationProperty()
     uninstall();
 }
 
+QList<ZelOptionGroup *> ZelInspectorEnumerationProperty::optionGroups() const
+{
+    QList<ZelOptionGroup *> living(m_optionGroups.begin(), m_optionGroups.end());
+    living.removeAll(nullptr);
+    return living;
+}
+
 void ZelInspectorEnumerationProperty::setOptionGroups(const QList<ZelOptionGroup *> &groups)
 {
-    if (groups == m_optionGroups)
+    QList<QPointer<ZelOptionGroup>> assigned(groups.begin(), groups.end());
+    assigned.removeAll(nullptr);
+    if (assigned == m_optionGroups)
         return;
-    m_optionGroups = groups;
-    for (ZelOptionGroup *group : groups) {
+    const QList<ZelOptionGroup *> former = optionGroups();
+    m_optionGroups = assigned;
+    for (ZelOptionGroup *group : optionGroups()) {
         if (!group->parent())
             group->setParent(this);
+    }
+    if (isViewInstalled()) {
+        for (ZelOptionGroup *group : former)
+            stopObservationForOptionGroup(group);
+        for (ZelOptionGroup *group : optionGroups())
+            startObservationForOptionGroup(group);
+        rebuildView();
     }
     Q_EMIT optionGroupsChanged();
 }
@@ -67,19 +84,7 @@ void ZelInspectorEnumerationProperty::viewDidInstall()
             },
             &ZelRebuildObservationContext);
     }
-    ZelObservations(this).addObservationWithObject(
-        this, "optionGroups", ZelKeyValueObservingOptionEqualCheck,
-        [self](ZelBlockObservation *, const ZelKeyValueChange &change) {
-            if (!self)
-                return;
-            for (const QVariant &group : change.keyValueChangeAddedObjects().value_or(QVariantList()))
-                self->startObservationForOptionGroup(group.value<ZelOptionGroup *>());
-            for (const QVariant &group : change.keyValueChangeRemovedObjects().value_or(QVariantList()))
-                self->stopObservationForOptionGroup(group.value<ZelOptionGroup *>());
-            self->rebuildView();
-        },
-        &ZelRebuildObservationContext);
-    for (ZelOptionGroup *group : std::as_const(m_optionGroups))
+    for (ZelOptionGroup *group : optionGroups())
         startObservationForOptionGroup(group);
     rebuildView();
 }
@@ -88,7 +93,7 @@ void ZelInspectorEnumerationProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
     ZelObservations(this).removeAllObservationsForContext(&ZelRebuildObservationContext);
-    for (ZelOptionGroup *group : std::as_const(m_optionGroups))
+    for (ZelOptionGroup *group : optionGroups())
         stopObservationForOptionGroup(group);
     cancelUpdateView();
 }

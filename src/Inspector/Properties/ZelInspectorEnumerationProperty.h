@@ -22,8 +22,8 @@ public:
     /// True by default; otherwise the editor only displays. Taken over when the view is loaded.
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable) { m_editable = editable; }
-    /// The groups become the editor's children unless they have a parent.
-    const QList<ZelOptionGroup *> &optionGroups() const { return m_optionGroups; }
+    /// Those that are alive. The groups become the editor's children unless they have a parent.
+    QList<ZelOptionGroup *> optionGroups() const;
     void setOptionGroups(const QList<ZelOptionGroup *> &groups);
     std::optional<quint64> bitMask() const { return m_bitMask; }
     void setBitMask(std::optional<quint64> bitMask) { m_bitMask = bitMask; }
@@ -64,7 +64,7 @@ protected:
 private:
     QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
 
-    QList<ZelOptionGroup *> m_optionGroups;
+    QList<QPointer<ZelOptionGroup>> m_optionGroups;
     std::optional<quint64> m_bitMask;
     QString m_enumeratedDisplayValuesKeyPath;
     QString m_enumeratedValuesKeyPath;

@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelOption.h"
 
 #include <QList>
+#include <QPointer>
 
 /// Choices of an enumeration that are shown together: those that two key paths give, then fixed ones. A group owns its
 /// options unless they have a parent.
@@ -19,16 +20,23 @@ public:
     QString enumeratedDisplayValuesKeyPath;
     QString enumeratedValuesKeyPath;
 
-    const QList<ZelOption *> &options() const { return m_options; }
+    /// Those that are alive.
+    QList<ZelOption *> options() const
+    {
+        QList<ZelOption *> living(m_options.begin(), m_options.end());
+        living.removeAll(nullptr);
+        return living;
+    }
     void setOptions(const QList<ZelOption *> &options)
     {
-        m_options = options;
-        for (ZelOption *option : m_options) {
-            if (!option->parent())
+        m_options.clear();
+        for (ZelOption *option : options) {
+            m_options.append(option);
+            if (option && !option->parent())
                 option->setParent(this);
         }
     }
 
 private:
-    QList<ZelOption *> m_options;
+    QList<QPointer<ZelOption>> m_options;
 };

@@ -121,6 +121,30 @@ private Q_SLOTS:
         QCOMPARE(titles(property).size(), 3);
     }
 
+    void groupsAndOptionsMayDieWhileTheyAreShown()
+    {
+        EditorWindow window;
+        auto made = std::make_unique<ZelInspectorTextEnumerationProperty>(window.owner.get());
+        ZelOptionGroup *first = group({{QStringLiteral("one"), 1}, {QStringLiteral("two"), 2}});
+        auto second = std::unique_ptr<ZelOptionGroup>(group({{QStringLiteral("three"), 3}}));
+        made->setOptionGroups({first, second.get()});
+        auto *property = window.install(std::move(made));
+        delete first->options().first();
+        property->rebuildView();
+        QCOMPARE(titles(property).mid(0, 3).join(u'|'), QStringLiteral("two|-|three"));
+        second.reset();
+        property->rebuildView();
+        QCOMPARE(titles(property).size(), 4);
+        QCOMPARE(property->optionGroups(), QList<ZelOptionGroup *>({first}));
+        delete first;
+        // Even one that takes the place of a dead group in memory is another one.
+        auto *follower = new ZelOptionGroup(property);
+        follower->enumeratedValuesKeyPath = QStringLiteral("values");
+        property->setOptionGroups({follower});
+        QVERIFY(ZelIsObserved(window.owner.get(), "values"));
+        QCOMPARE(titles(property).size(), 3);
+    }
+
     void segments()
     {
         EditorWindow window;
