@@ -92,16 +92,19 @@ void ZelInspectorPane::updateView()
 {
     if (!isViewInstalled())
         return;
+    const QPointer<ZelInspectorPane> alive(this); // what is committed may have consequences
     deactivateInspectors();
-    if (m_containerView)
+    if (alive && m_containerView)
         ZelStackLazily(m_containerView.data(), inspectors());
 }
 
 void ZelInspectorPane::deactivateInspectors()
 {
+    const QPointer<ZelInspectorPane> alive(this);
     for (const auto &inspector : childControllers()) {
         if (inspector && !inspector->commitEditing())
             return;
     }
-    prepareForReuse();
+    if (alive)
+        prepareForReuse();
 }

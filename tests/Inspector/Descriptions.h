@@ -71,7 +71,10 @@ public:
     bool commitEditing() override
     {
         log += u'c';
-        return commits;
+        const bool answer = commits;
+        if (whenCommitting)
+            whenCommitting(); // perhaps the editor's end
+        return answer;
     }
     void discardEditing() override { log += u'd'; }
     bool canTileIntoColumnsWithWidth(double) override { return true; }
@@ -79,5 +82,6 @@ public:
 
     QString log;
     bool commits = true;
+    std::function<void()> whenCommitting;
     static inline int alive = 0;
 };

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void narrowEditorsOfOneKindShareALine();
     void rowsFollowTheirProperties();
     void labelsNameTheFirstControl();
+    void aCommitMayEndTheInspector();
     void whoeverListensMayDeleteAnything_data();
     void whoeverListensMayDeleteAnything();
     void viewsComeBackAfterTheirWindow();
@@ -658,6 +659,19 @@ void tst_InspectorContainers::labelsNameTheFirstControl()
 }
 
 // Lifetimes
+
+void tst_InspectorContainers::aCommitMayEndTheInspector()
+{
+    ZelInspectorPane *shown = showPane(paneOfSection("<sliver>" + g_noting + "</sliver>"));
+    find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
+    shown->inspectors().first()->setVisible(false);
+    QVERIFY(!m_root);
+    ZelTabbedInspector *tabs = showTabs("<panes>" + paneOfSection("<sliver>" + g_noting + "</sliver>") +
+                                        paneOfSection("<sliver/>") + "</panes>");
+    find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
+    QVERIFY(tabs->commitEditing());
+    QVERIFY(!m_root);
+}
 
 void tst_InspectorContainers::whoeverListensMayDeleteAnything_data()
 {
