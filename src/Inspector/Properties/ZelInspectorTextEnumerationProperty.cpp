@@ -47,6 +47,8 @@ void ZelInspectorTextEnumerationProperty::viewDidInstall()
     ZelInspectorEnumerationProperty::viewDidInstall();
     bindTitle(m_label, ZelValueBinding, &g_context);
     bindEnabledKeyPathToControl(m_popUpButton);
+    if (m_popUpButton)
+        observeForUpdate(enabledKeyPath(), &g_context); // the binding alone knows nothing of the selection
     observeForUpdate(keyPath(), &g_context);
     updateView();
 }

@@ -88,6 +88,22 @@ private Q_SLOTS:
         QVERIFY(property->popUpButton()->isEnabled());
     }
 
+    void withoutASelectionThePopUpStaysDisabled()
+    {
+        EditorWindow window;
+        window.owner->setUnlocked(false);
+        auto made = flagsEditor<ZelInspectorTextEnumerationProperty>(window);
+        made->setEnabledKeyPath(QStringLiteral("unlocked"));
+        auto *property = window.install(std::move(made));
+        window.owner->setUnlocked(true);
+        QCoreApplication::processEvents();
+        QVERIFY(!property->popUpButton()->isEnabled());
+        window.select({0});
+        QVERIFY(property->popUpButton()->isEnabled());
+        window.owner->setUnlocked(false);
+        QVERIFY(!property->popUpButton()->isEnabled());
+    }
+
     void choicesFollowTheOwnersLists()
     {
         EditorWindow window;
