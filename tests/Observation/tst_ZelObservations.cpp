@@ -155,6 +155,24 @@ private Q_SLOTS:
         QCOMPARE(m_seen.size(), 1);
     }
 
+    void aPriorMarkStaysOnTheChangeThatIsDeliveredLater()
+    {
+        QObject owner;
+        Club club;
+        club.setTitle("0");
+        Change seen;
+        ZelObservations(&owner).addObservationWithObject(
+            &club, "title",
+            ZelKeyValueObservingOptionEqualCheck | ZelKeyValueObservingOptionDeferred | ZelKeyValueObservingOptionPrior,
+            [&](ZelBlockObservation *, const Change &change) { seen = change; }, &g_context);
+        club.setTitle("1");
+        turn();
+        QCOMPARE(seen.keyValueChangeOld(), QVariant("0"));
+        QCOMPARE(seen.keyValueChangeNew(), QVariant("1"));
+        QVERIFY(seen.isPrior());
+        ZelObservations(&owner).removeAllObservationsForContext(&g_context);
+    }
+
     void delegatesAreInvokedByName()
     {
         QObject owner;

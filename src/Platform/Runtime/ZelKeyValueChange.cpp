@@ -127,7 +127,7 @@ std::optional<QVariantList> ZelKeyValueChange::keyValueChangeRemovedObjects() co
 void ZelKeyValueChange::mergeLaterChange(const ZelKeyValueChange &later)
 {
     m_kind = later.m_kind;
-    m_isPrior = later.m_isPrior;
+    m_isPrior = m_isPrior || later.m_isPrior;
     if (later.hasNew())
         m_new = later.keyValueChangeNew();
     if (const auto indexes = later.keyValueChangeIndexes())

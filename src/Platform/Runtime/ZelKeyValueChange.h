@@ -99,7 +99,8 @@ public:
     std::optional<QVariantList> keyValueChangeAddedObjects() const;
     std::optional<QVariantList> keyValueChangeRemovedObjects() const;
 
-    /// Takes over kind, new value, prior mark and indexes of a later change; the old value stays the first one's.
+    /// Takes over kind, new value and indexes of a later change. The old value stays the first one's, and a prior mark
+    /// of either stays.
     void mergeLaterChange(const ZelKeyValueChange &later);
 
 private:
