@@ -140,3 +140,8 @@ void ZelPropertyAccessor::registerProvider(const Provider &provider)
     tables().providers.push_back(provider);
     tables().forgetLookUps();
 }
+
+void ZelPropertyAccessor::forgetProvidedAccessors()
+{
+    tables().forgetLookUps();
+}

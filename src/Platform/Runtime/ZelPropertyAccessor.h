@@ -52,6 +52,8 @@ public:
     /// Asked, with the class and the key, for properties that no meta-object knows.
     using Provider = std::function<const ZelPropertyAccessor *(const QMetaObject *, ZelKey)>;
     static void registerProvider(const Provider &provider);
+    /// Called by a provider when its answers have changed.
+    static void forgetProvidedAccessors();
 };
 
 /// An accessor made of functions on one class.
