@@ -29,6 +29,12 @@ constexpr Row g_rows[] = {
     {"sizeHeight", "Height", "Change Height"},
 };
 
+/// QVariant's own conversion costs many times more for what is a rectangle already.
+QRectF rectOf(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QRectF ? *static_cast<const QRectF *>(value.constData()) : value.toRectF();
+}
+
 QString localized(const char *key)
 {
     return ZelLocalizedString(QString::fromLatin1(key));
@@ -63,6 +69,7 @@ void ZelInspectorBoundsProperty::setFlipped(const QVariant &flipped)
     if (ZelEqual(flipped, m_flipped))
         return;
     m_flipped = flipped;
+    m_isFlipped = !ZelIsControllerMarker(flipped) && flipped.toBool();
     Q_EMIT flippedChanged();
 }
 
@@ -76,10 +83,11 @@ void ZelInspectorBoundsProperty::setAnchor(ZelRectAnchor anchor)
 
 ZelRectAnchor ZelInspectorBoundsProperty::flippedAnchor(ZelRectAnchor anchor) const
 {
-    if (!ZelCheck(anchor <= ZelOriginBottomRight, QStringLiteral("Unsupported case")))
+    if (anchor > ZelOriginBottomRight) {
+        ZelFail(QStringLiteral("Unsupported case"));
         return anchor;
-    const bool isFlipped = !ZelIsControllerMarker(m_flipped) && m_flipped.toBool();
-    return isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
+    }
+    return m_isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
 }
 
 void ZelInspectorBoundsProperty::updateFlipped()
@@ -104,14 +112,14 @@ ZelInspectorCompositeProperty::Components ZelInspectorBoundsProperty::components
 {
     if (value.typeId() != QMetaType::QRectF && value.typeId() != QMetaType::QRect)
         return {};
-    const QRectF rect = value.toRectF();
+    const QRectF rect = rectOf(value);
     const QPointF origin = CGRectGetOriginForAnchor(flippedAnchor(m_anchor), rect);
     return {origin.x(), origin.y(), rect.width(), rect.height()};
 }
 
 QVariant ZelInspectorBoundsProperty::valueByReplacing(const QVariant &old, int index, double component) const
 {
-    const QRectF rect = old.toRectF();
+    const QRectF rect = rectOf(old);
     const ZelRectAnchor anchor = flippedAnchor(m_anchor);
     switch (index) {
     case OriginX:

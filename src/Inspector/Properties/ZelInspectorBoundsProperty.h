@@ -83,5 +83,6 @@ private:
     QPointer<ZelLabel> m_label;
     QPointer<ZelInspectorNumberProperty> m_numberProperties[ComponentCount];
     QVariant m_flipped;
+    bool m_isFlipped = false; // what it says, a marker counting as no
     ZelRectAnchor m_anchor = ZelOriginTopLeft;
 };

@@ -197,13 +197,15 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
     const bool isSelection = keyPathHasControllerSelectionPrefix(m_keyPath);
     const QList<QObject *> objects =
         isSelection ? representedObjectsForControllerSelectionKeyPath(m_keyPath) : QList<QObject *>{m_owner};
-    const QString key = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    const ZelKeyPath path = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    ZelClassAccessors accessors(path);
     QList<QObject *> changed;
     QVariantList values;
     for (QObject *object : objects) {
-        if (isSelection && !ZelHasKey(object, ZelKeyPath(key).first()))
+        const std::optional<QVariant> stored = isSelection ? accessors.read(object) : ZelValueForKeyPath(object, path);
+        if (!stored)
             continue;
-        const QVariant old = transformed(m_valueTransformer, ZelValueForKeyPath(object, key));
+        const QVariant old = transformed(m_valueTransformer, *stored);
         const QVariant value = block(old);
         if (ZelEqual(value, old))
             continue;
@@ -214,7 +216,7 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
         isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
                     : nullptr;
     const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller));
-    ZelRecordedWrite(undoManager()).setValuesForKey(changed, values, ZelKey(key));
+    ZelRecordedWrite(undoManager()).setValuesForKey(changed, values, ZelKey(path.string()));
 }
 
 QWidget *ZelInspectorProperty::viewForBaselineAlignment()

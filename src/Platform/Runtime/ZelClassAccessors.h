@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// One key path read from many objects: the accessor is looked up again only where the class changes.
+/// One key path of many objects, read and written: the accessor is looked up again only where the class changes.
 class ZelClassAccessors
 {
 public:
@@ -38,6 +38,16 @@ public:
         if (!accessor && !ZelHasKey(object, m_key))
             return std::nullopt;
         return ZelValueForKeyPath(object, m_path);
+    }
+
+    /// As ZelSetValueForKeyPath does.
+    void write(QObject *object, const QVariant &value)
+    {
+        const ZelPropertyAccessor *accessor = of(object);
+        const bool isDirect = accessor && m_isSingleKey && !ZelIsNull(value) && value.metaType() == accessor->type() &&
+                              !accessor->isSilent();
+        if (!isDirect || !accessor->writeTyped(object, value.constData()))
+            ZelSetValueForKeyPath(object, value, m_path);
     }
 
 private:

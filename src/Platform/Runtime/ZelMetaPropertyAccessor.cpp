@@ -3,6 +3,8 @@
 
 #include "Platform/Runtime/ZelValues.h"
 
+#include <QRectF>
+
 /// What QVariant has a constructor of its own for is read many times faster than by its type alone.
 template<typename Type> QVariant ZelMetaPropertyAccessor::readAs(const QObject *object) const
 {
@@ -24,6 +26,12 @@ ZelMetaPropertyAccessor::Reader ZelMetaPropertyAccessor::readerFor(int type)
         return &ZelMetaPropertyAccessor::readAs<int>;
     case QMetaType::Bool:
         return &ZelMetaPropertyAccessor::readAs<bool>;
+    case QMetaType::QPointF:
+        return &ZelMetaPropertyAccessor::readAs<QPointF>;
+    case QMetaType::QSizeF:
+        return &ZelMetaPropertyAccessor::readAs<QSizeF>;
+    case QMetaType::QRectF:
+        return &ZelMetaPropertyAccessor::readAs<QRectF>;
     default:
         return nullptr;
     }

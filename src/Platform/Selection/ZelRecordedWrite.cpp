@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelRecordedWrite.h"
 
+#include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -37,11 +38,15 @@ Target resolve(QObject *root, const ZelKeyPath &path)
 /// The values of the living objects that have the path; the others leave the list.
 QVariantList readValues(QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
 {
-    objects.removeIf([&](const QPointer<QObject> &object) { return !object || !ZelHasKey(object, path.first()); });
+    ZelClassAccessors accessors(path);
     QVariantList values;
     values.reserve(objects.size());
-    for (const QPointer<QObject> &object : std::as_const(objects))
-        values.append(ZelValueForKeyPath(object.data(), path));
+    objects.removeIf([&](const QPointer<QObject> &object) {
+        const std::optional<QVariant> value = object ? accessors.read(object) : std::nullopt;
+        if (value)
+            values.append(*value);
+        return !value;
+    });
     return values;
 }
 
@@ -69,8 +74,11 @@ void ZelRecordedWrite::setValuesForKey(const QList<QObject *> &objects, const QV
     QList<QPointer<QObject>> written = pointers;
     const bool records = manager && manager->recordsEdits();
     const QVariantList oldValues = records ? readValues(written, key) : QVariantList();
-    for (qsizetype i = 0; i < pointers.size(); ++i)
-        ZelSetValueForKey(pointers.at(i).data(), values.at(i), key);
+    ZelClassAccessors accessors(key);
+    for (qsizetype i = 0; i < pointers.size(); ++i) {
+        if (pointers.at(i))
+            accessors.write(pointers.at(i), values.at(i));
+    }
     if (manager && records && written.size() == pointers.size())
         manager->recordWrite(written, key, oldValues, values);
     ZelRereadSilentProperties();

@@ -8,13 +8,15 @@
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelValues.h"
 
+#include <QRectF>
+
 namespace {
 
-template<typename Number>
+template<typename Value>
 bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
 {
-    Number number{};
-    return accessor.readTyped(object, &number) && number == *static_cast<const Number *>(expected);
+    Value value{};
+    return accessor.readTyped(object, &value) && value == *static_cast<const Value *>(expected);
 }
 
 bool readEqualText(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
@@ -43,6 +45,12 @@ ReadEqual readEqualFor(int type)
         return readEqual<qulonglong>;
     case QMetaType::Bool:
         return readEqual<bool>;
+    case QMetaType::QPointF:
+        return readEqual<QPointF>;
+    case QMetaType::QSizeF:
+        return readEqual<QSizeF>;
+    case QMetaType::QRectF:
+        return readEqual<QRectF>;
     case QMetaType::QString:
         return readEqualText;
     default:

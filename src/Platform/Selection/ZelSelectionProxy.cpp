@@ -146,8 +146,8 @@ bool ZelSelectionProxy::event(QEvent *event)
 void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
 {
     const auto known = m_paths.value(path);
-    if (known && ZelNotEqual(valueForKeyPath(path), known->announced))
-        announce(path);
+    if (known && !known->isDirty && ZelNotEqual(valueForKeyPath(path), known->announced))
+        announce(path); // what is dirty is announced anyway, and read then
 }
 
 void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
