@@ -9,7 +9,21 @@
 
 namespace {
 const char ZelRebuildObservationContext = 0;
+
+/// Qt converts none of the others to an icon.
+QIcon imageOf(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::QPixmap:
+    case QMetaType::QImage:
+    case QMetaType::QBitmap:
+        return QIcon(value.value<QPixmap>());
+    default:
+        return value.value<QIcon>(); // null for what is no image
+    }
 }
+
+} // namespace
 
 ZelInspectorEnumerationProperty::ZelInspectorEnumerationProperty(QObject *owner)
     : ZelInspectorProperty(owner)
@@ -114,8 +128,8 @@ ZelInspectorEnumerationProperty::choicesAt(const QString &displayValuesKeyPath, 
         Choice choice;
         if (display.typeId() == QMetaType::QString)
             choice.title = display.toString();
-        else if (display.canConvert<QIcon>())
-            choice.image = display.value<QIcon>();
+        else
+            choice.image = imageOf(display);
         choice.value = ZelIsNull(values.at(i)) ? QVariant() : values.at(i);
         choices.append(choice);
     }

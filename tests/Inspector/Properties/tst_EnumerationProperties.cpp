@@ -123,6 +123,21 @@ private Q_SLOTS:
         QCOMPARE(titles(property).mid(0, 3), QStringList({QStringLiteral("one"), QStringLiteral("two"), QString()}));
     }
 
+    void imagesOfTheOwnersListsMayBeOfAnyKind()
+    {
+        EditorWindow window;
+        QPixmap pixmap(16, 16);
+        pixmap.fill(Qt::red);
+        window.owner->values = {1, 2, 3};
+        window.owner->names = {QIcon(pixmap), pixmap, pixmap.toImage()};
+        auto made = std::make_unique<ZelInspectorTextEnumerationProperty>(window.owner.get());
+        made->setEnumeratedValuesKeyPath(QStringLiteral("values"));
+        made->setEnumeratedDisplayValuesKeyPath(QStringLiteral("names"));
+        auto *property = window.install(std::move(made));
+        for (int value : {1, 2, 3})
+            QVERIFY(!property->menuItemForValue(value)->icon().isNull());
+    }
+
     void aRemovedGroupIsNoLongerObserved()
     {
         EditorWindow window;
