@@ -2,8 +2,6 @@
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
 #include "Blocks/ZelNamedTransformers.h"
-#include "Inspector/Properties/ZelInspectorArrayProperty.h"
-#include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/ZelDescriptionFiles.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
@@ -17,13 +15,6 @@ using Configuration = ZelInspectorConfiguration;
 namespace {
 
 const QString g_expectedElement = QStringLiteral("Expected inspector element: ");
-
-/// The library's own classes that descriptions name. What the application has registered stays.
-template<typename Class> void registerClass()
-{
-    if (!ZelClassRegistry::hasClass(QString::fromLatin1(Class::staticMetaObject.className())))
-        ZelClassRegistry::registerClass<Class>();
-}
 
 void applyCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
 {
@@ -65,9 +56,9 @@ private:
 Generator::ZelDeclarativeInspectorGenerator(QObject *parent)
     : QObject(parent)
 {
-    registerClass<ZelInspectorSlice>();
-    registerClass<ZelInspectorCustomProperty>();
-    registerClass<ZelInspectorArrayProperty>();
+    if (!ZelClassRegistry::hasClass(QStringLiteral("ZelInspectorSlice")))
+        ZelClassRegistry::registerClass<ZelInspectorSlice>();
+    registerEditors();
     ZelRegisterTransformers(); // a static library's initialisers may have been left out
 }
 

@@ -122,6 +122,8 @@ private:
     QIcon imageValue(const Configuration &configuration) const;
 
     // Properties
+    /// Registers the classes that make editors, so that descriptions may name them.
+    static void registerEditors();
     static const PropertyType *propertyTypeNamed(const QString &name);
     template<typename Class> std::unique_ptr<Class> makeProperty(const Configuration &configuration) const;
     QList<ZelOptionGroup *> createOptionGroups(const Configuration &configuration, QObject *parent) const;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
+#include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
@@ -20,6 +21,7 @@
 #include "Platform/Resources/ZelBundle.h"
 #include "Platform/Resources/ZelNamedImages.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelClassRegistry.h"
 
 #include <limits>
 
@@ -29,6 +31,16 @@ using Generator = ZelDeclarativeInspectorGenerator;
 using Configuration = ZelInspectorConfiguration;
 
 namespace {
+
+/// What the application has registered stays.
+template<typename... Classes> void registerMissing()
+{
+    const auto registerOne = []<typename Class>(Class *) {
+        if (!ZelClassRegistry::hasClass(QString::fromLatin1(Class::staticMetaObject.className())))
+            ZelClassRegistry::registerClass<Class>();
+    };
+    (registerOne(static_cast<Classes *>(nullptr)), ...);
+}
 
 /// Reports at the generator, of which this file is a part.
 void fail(const QString &message, const Configuration &configuration)
@@ -119,6 +131,16 @@ void applyPairAttributes(ZelInspectorPairProperty &property, const Configuration
 }
 
 } // namespace
+
+void Generator::registerEditors()
+{
+    registerMissing<ZelInspectorActionProperty, ZelInspectorArrayProperty, ZelInspectorAttributedStringProperty,
+                    ZelInspectorBooleanProperty, ZelInspectorBoundsProperty, ZelInspectorColorProperty,
+                    ZelInspectorCustomProperty, ZelInspectorDateProperty, ZelInspectorFontProperty,
+                    ZelInspectorImageEnumerationProperty, ZelInspectorMenuActionProperty, ZelInspectorNumberProperty,
+                    ZelInspectorPointProperty, ZelInspectorResourceProperty, ZelInspectorSizeProperty,
+                    ZelInspectorStringProperty, ZelInspectorTextEnumerationProperty>();
+}
 
 /// The types in their order. One without a builder is known, but there is no editor for it.
 struct Generator::PropertyType

@@ -343,6 +343,10 @@ void tst_ZelDeclarativeInspectorGenerator::enumerationsHaveGroupsOfOptions()
 void tst_ZelDeclarativeInspectorGenerator::classesAreFoundByName()
 {
     QVERIFY(qobject_cast<NotingSlice *>(slice("<slice class='NotingSlice'/>").get()));
+    // The library's own editors need not be registered.
+    const Tree own = slice(inSection("<sliver><property type='custom' class='ZelInspectorPointProperty'/>"
+                                     "<property type='custom' class='ZelInspectorStringProperty'/></sliver>"));
+    QCOMPARE(own->findChildren<ZelInspectorProperty *>().size(), 2);
     // A class that is no slice is as good as none.
     QuietHandler handler;
     QVERIFY(!slice("<slice class='NotingProperty'/>"));
