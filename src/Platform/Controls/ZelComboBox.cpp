@@ -9,6 +9,19 @@
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
+namespace {
+
+/// Whether the event is about to commit what was typed.
+bool endsTyping(const QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return event->type() == QEvent::FocusOut;
+    const int key = static_cast<const QKeyEvent *>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
 ZelComboBox::ZelComboBox(QWidget *parent)
     : QComboBox(parent)
 {
@@ -123,12 +136,8 @@ void ZelComboBox::completeText()
 
 bool ZelComboBox::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_field && m_field) {
-        const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
-        const bool commits = key && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
-        if (commits || event->type() == QEvent::FocusOut)
-            completeText();
-    }
+    if (watched == m_field && m_field && endsTyping(event))
+        completeText();
     return QComboBox::eventFilter(watched, event);
 }
 
@@ -156,6 +165,9 @@ bool ZelComboBox::event(QEvent *event)
         event->ignore();
         return true;
     }
+    // The box has the focus in the field's place, and hands events on to it past the filter.
+    if (m_field && endsTyping(event))
+        completeText();
     return QComboBox::event(event);
 }
 
