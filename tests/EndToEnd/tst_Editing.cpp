@@ -210,6 +210,26 @@ private Q_SLOTS:
         QCOMPARE(field->text(), QStringLiteral("77"));
     }
 
+    void typingIsTakenBeforeTheSelectionChanges()
+    {
+        InspectorWindow window(description());
+        window.people[1]->setHeight(9);
+        window.select({0});
+        ZelTextField *field = window.editor<ZelInspectorNumberProperty>("height")->textField();
+        QTest::mouseClick(field, Qt::LeftButton);
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, QStringLiteral("12"));
+        window.select({1}); // by a shortcut, say: the field keeps the focus
+        QCOMPARE(window.people[0]->height(), 12.0);
+        QCOMPARE(field->objectValue(), QVariant(9.0));
+        QTest::keyClicks(field, QStringLiteral("no number"));
+        window.select({0});
+        QCOMPARE(field->objectValue(), QVariant(12.0));
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(window.people[0]->height(), 12.0);
+        QCOMPARE(window.people[1]->height(), 9.0);
+    }
+
     void tabsFollowTheRows()
     {
         InspectorWindow window(description());

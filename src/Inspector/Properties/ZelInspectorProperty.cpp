@@ -15,6 +15,8 @@
 #include "Platform/Selection/ZelUndoManager.h"
 #include "ViewController/ZelView.h"
 
+#include <QApplication>
+
 namespace {
 
 const char g_context = 0;
@@ -295,9 +297,33 @@ void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding, co
         ZelObservations(this).addBindingWithObject(titled, binding, m_owner, m_titleKeyPath, {}, context);
 }
 
+void ZelInspectorProperty::viewDidInstall()
+{
+    ZelViewController::viewDidInstall();
+    if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
+        return;
+    QObject *controller =
+        ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)));
+    if (const auto *known = qobject_cast<ZelObjectController *>(controller))
+        m_selectionConnection =
+            connect(known, &ZelObjectController::selectionWillChange, this, &ZelInspectorProperty::endEditing);
+}
+
+/// What was typed is meant for the objects that were selected then. Where the focus is not, nothing is being entered.
+void ZelInspectorProperty::endEditing()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    if (!focus || !isViewLoaded() || !view()->isAncestorOf(focus))
+        return;
+    const QPointer<ZelInspectorProperty> alive(this);
+    if (!commitEditing() && alive)
+        discardEditing();
+}
+
 void ZelInspectorProperty::viewWillUninstall()
 {
     ZelViewController::viewWillUninstall();
+    disconnect(m_selectionConnection);
     ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 

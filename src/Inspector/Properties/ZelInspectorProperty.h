@@ -106,6 +106,7 @@ public:
     /// Shows the model's present state.
     virtual void updateView() {}
 
+    void viewDidInstall() override;
     void viewWillUninstall() override;
 
 Q_SIGNALS:
@@ -155,6 +156,8 @@ protected:
     ZelView *makeEditorView();
 
 private:
+    void endEditing();
+
     QPointer<QObject> m_owner;
     QString m_titleKeyPath;
     QString m_keyPath;
@@ -163,6 +166,7 @@ private:
     QString m_enabledKeyPath;
     QString m_actionName;
     ZelSelector m_actionSelector;
+    QMetaObject::Connection m_selectionConnection;
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
     int m_updatingValues = 0;
     bool m_enabled = true;

@@ -53,8 +53,11 @@ void ZelObjectController::setSelectedObjects(const QList<QObject *> &objects)
 
 void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objects)
 {
+    if (objects == m_proxy->objects())
+        return;
     const QPointer<ZelObjectController> alive(this);
-    if (m_proxy->setObjects(objects) && alive)
+    Q_EMIT selectionWillChange();
+    if (alive && m_proxy->setObjects(objects) && alive)
         Q_EMIT selectionChanged();
 }
 

@@ -48,6 +48,8 @@ public:
     };
 
 Q_SIGNALS:
+    /// What is being entered for the present selection must be taken or dropped now.
+    void selectionWillChange();
     void selectionChanged();
 
 private:
