@@ -200,9 +200,10 @@ void ZelInspectorArrayProperty::updateBorderColor()
 
 bool ZelInspectorArrayProperty::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_tableView && event->type() == QEvent::EnabledChange)
+    // The type first: a table that is being destroyed is none any more.
+    if (event->type() == QEvent::EnabledChange && watched == m_tableView)
         updateViewInvocation().schedule();
-    else if (watched == m_tableView && event->type() == QEvent::PaletteChange)
+    else if (event->type() == QEvent::PaletteChange && watched == m_tableView)
         updateBorderColor();
     return ZelInspectorProperty::eventFilter(watched, event);
 }

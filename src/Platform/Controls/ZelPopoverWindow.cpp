@@ -7,7 +7,7 @@
 #include <QChildEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QWindow>
 
 namespace {
@@ -75,9 +75,14 @@ void ZelPopoverWindow::dispose()
 
 bool ZelPopoverWindow::event(QEvent *event)
 {
-    const QScopedValueRollback working(m_eventDepth, m_eventDepth + 1);
+    ++m_eventDepth;
+    const QPointer<ZelPopoverWindow> guard(this); // the event may be its deletion
+    const auto leave = qScopeGuard([&guard] {
+        if (guard)
+            --guard->m_eventDepth;
+    });
     const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest && m_popover)
+    if (guard && event->type() == QEvent::LayoutRequest && m_popover)
         m_popover->contentChangedSize();
     return handled;
 }
