@@ -6,10 +6,9 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelPaddedTextField.h"
+#include "Platform/Controls/ZelPopover.h"
 
 #include <QFont>
-
-class ZelPopover;
 
 /// Edits a font: describes it by family, face and size, changes the size with a stepper, and the rest in a popover.
 ///
