@@ -75,9 +75,12 @@ void ZelRecordedWrite::setValuesForKey(const QList<QObject *> &objects, const QV
     const bool records = manager && manager->recordsEdits();
     const QVariantList oldValues = records ? readValues(written, key) : QVariantList();
     ZelClassAccessors accessors(key);
+    const bool isSingleKey = ZelKeyPath(key).isSingleKey(); // a path passed as a key is an undefined key
     for (qsizetype i = 0; i < pointers.size(); ++i) {
-        if (pointers.at(i))
+        if (pointers.at(i) && isSingleKey)
             accessors.write(pointers.at(i), values.at(i));
+        else
+            ZelSetValueForKey(pointers.at(i), values.at(i), key);
     }
     if (manager && records && written.size() == pointers.size())
         manager->recordWrite(written, key, oldValues, values);
