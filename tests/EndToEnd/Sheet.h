@@ -4,11 +4,14 @@
 #include "InspectorWindow.h"
 
 #include "Platform/Controls/ZelColorPanel.h"
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Resources/ZelAttributedString.h"
 
 #include <QColor>
 #include <QDate>
 #include <QFont>
+#include <QMenu>
 
 /// A model with a value for each of the larger editors, as any Qt application has it.
 class Figure : public QObject
@@ -77,9 +80,8 @@ public:
     {
         return row("fill", "color", "colorList='Crayons'") + row("stroke", "color", "colorList='Crayons'") +
                row("day", "date") + row("pattern", "resource", "resourcesKeyPath='names' placeholder='No pattern'") +
-               row("size", "size", "formatUnit=' pt'") + row("frame", "frame", "showOriginSelector='yes'") +
-               row("font", "font") + row("tags", "custom", "class='ZelInspectorArrayProperty'") +
-               row("text", "string", "attributed='yes'");
+               row("size", "size") + row("frame", "frame", "showOriginSelector='yes'") + row("font", "font") +
+               row("tags", "custom", "class='ZelInspectorArrayProperty'") + row("text", "string", "attributed='yes'");
     }
 
     void select(const QList<int> &indexes)
@@ -99,6 +101,23 @@ public:
     void undo()
     {
         stack.undo();
+        settle();
+    }
+    /// Ends a part of the whole: "window", "inspector", "view", "figures" or "owner"; or the window is "hidden".
+    static void end(std::unique_ptr<SheetWindow> &window, const QString &what)
+    {
+        if (what == QStringLiteral("window"))
+            window.reset();
+        else if (what == QStringLiteral("inspector"))
+            window->inspector.reset();
+        else if (what == QStringLiteral("view"))
+            delete window->inspector->view();
+        else if (what == QStringLiteral("figures"))
+            window->figures.clear();
+        else if (what == QStringLiteral("owner"))
+            window->owner.reset();
+        else
+            window->hide();
         settle();
     }
 
@@ -138,6 +157,28 @@ public:
         click(field);
         press(Qt::Key_A, Qt::ControlModifier);
         type(text);
+    }
+    /// The open menu of a button, which the button owns; null if it does not open.
+    static QMenu *openMenu(ZelPopUpButton *button)
+    {
+        click(button);
+        return QTest::qWaitFor([button] { return button->isMenuOpen(); })
+                   ? qobject_cast<QMenu *>(QApplication::activePopupWidget())
+                   : nullptr;
+    }
+    /// Opens the menu and clicks the item of that title.
+    static void choose(ZelPopUpButton *button, const QString &title)
+    {
+        QMenu *menu = openMenu(button);
+        QVERIFY(menu);
+        for (QAction *action : menu->actions()) {
+            if (ZelMenuItem::titleOf(action).trimmed() != title || !action->isEnabled())
+                continue;
+            click(menu, menu->actionGeometry(action).center());
+            QVERIFY(QApplication::activePopupWidget() != menu);
+            return;
+        }
+        QFAIL(qPrintable(title));
     }
 
     std::vector<std::unique_ptr<Figure>> figures;

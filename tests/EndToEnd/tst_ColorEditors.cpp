@@ -5,10 +5,8 @@
 #include "ColorPopUpButton/ZelUsedColorList.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
-#include "Platform/Controls/ZelMenuItem.h"
 
 #include <QColorDialog>
-#include <QMenu>
 
 namespace {
 
@@ -25,29 +23,6 @@ QByteArray rows()
 ZelColorPopUpButton *button(const SheetWindow &window, const char *key)
 {
     return window.editor<ColorEditor>(key)->popUpButton();
-}
-
-QMenu *openMenu(ZelPopUpButton *button)
-{
-    SheetWindow::click(button);
-    return QTest::qWaitFor([button] { return button->isMenuOpen(); })
-               ? qobject_cast<QMenu *>(QApplication::activePopupWidget())
-               : nullptr;
-}
-
-/// Opens the menu and clicks the item of that title.
-void choose(ZelPopUpButton *button, const QString &title)
-{
-    QMenu *menu = openMenu(button);
-    QVERIFY(menu);
-    for (QAction *action : menu->actions()) {
-        if (ZelMenuItem::titleOf(action) != title)
-            continue;
-        SheetWindow::click(menu, menu->actionGeometry(action).center());
-        QVERIFY(!QApplication::activePopupWidget());
-        return;
-    }
-    QFAIL(qPrintable(title));
 }
 
 /// The panel, once it is open.
@@ -96,7 +71,7 @@ private Q_SLOTS:
         window.select({0, 1});
         ZelColorPopUpButton *fill = button(window, "fill");
         QCOMPARE(fill->shownText(), QStringLiteral("Multiple Values"));
-        choose(fill, QStringLiteral("Blue"));
+        SheetWindow::choose(fill, QStringLiteral("Blue"));
         QCOMPARE(window.value(0, "fill"), QVariant(QColor(Qt::blue)));
         QCOMPARE(window.value(1, "fill"), QVariant(QColor(Qt::blue)));
         QCOMPARE(window.stack.count(), 1);
@@ -131,10 +106,10 @@ private Q_SLOTS:
     {
         SheetWindow window(rows());
         window.select({0, 2});
-        choose(button(window, "fill"), QStringLiteral("Magenta"));
+        SheetWindow::choose(button(window, "fill"), QStringLiteral("Magenta"));
         const QColor magenta = window.value(0, "fill").value<QColor>();
         QCOMPARE(ZelUsedColorList::sharedUsedColorList()->colors().first().toQColor(), magenta);
-        QMenu *menu = openMenu(button(window, "stroke"));
+        QMenu *menu = SheetWindow::openMenu(button(window, "stroke"));
         QVERIFY(menu);
         auto *matrix = menu->findChild<ZelColorMatrix *>();
         QVERIFY(matrix && matrix->isVisible());
@@ -145,8 +120,8 @@ private Q_SLOTS:
         QCOMPARE(button(window, "stroke")->shownText(), QStringLiteral("Magenta"));
         QCOMPARE(window.stack.undoText(), QStringLiteral("Change stroke"));
 
-        choose(button(window, "fill"), QStringLiteral("Green"));
-        menu = openMenu(button(window, "stroke")); // now by keyboard: up from the first colour of the list
+        SheetWindow::choose(button(window, "fill"), QStringLiteral("Green"));
+        menu = SheetWindow::openMenu(button(window, "stroke")); // now by keyboard: up from the first colour of the list
         QVERIFY(menu);
         matrix = menu->findChild<ZelColorMatrix *>();
         for (int i = 0; i < 40 && !matrix->hasFocus(); ++i)
@@ -168,7 +143,7 @@ private Q_SLOTS:
     {
         SheetWindow window(rows());
         window.select({0});
-        choose(button(window, "fill"), QStringLiteral("Other..."));
+        SheetWindow::choose(button(window, "fill"), QStringLiteral("Other..."));
         QColorDialog *panel = openPanel();
         QVERIFY(panel);
         QCOMPARE(panel->currentColor(), QColor(Qt::red));
@@ -176,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(window.value(0, "fill"), QVariant(QColor(1, 2, 3)));
         QCOMPARE(window.stack.undoText(), QStringLiteral("Change fill"));
 
-        choose(button(window, "stroke"), QStringLiteral("Other..."));
+        SheetWindow::choose(button(window, "stroke"), QStringLiteral("Other..."));
         QCOMPARE(panel->currentColor(), QColor(Qt::black));
         panel->setCurrentColor(QColor(4, 5, 6));
         QCOMPARE(window.value(0, "fill"), QVariant(QColor(1, 2, 3)));
@@ -193,7 +168,7 @@ private Q_SLOTS:
                  QVariant(QColor(7, 8, 9)));
         QCOMPARE(window.value(0, "stroke"), QVariant(QColor(4, 5, 6)));
 
-        choose(button(window, "fill"), QStringLiteral("Other..."));
+        SheetWindow::choose(button(window, "fill"), QStringLiteral("Other..."));
         QVERIFY(!text->isColorPanelActive());
         QVERIFY(!text->segmentedControl()->isSegmentSelected(TextEditor::TextColorSegment));
         QCOMPARE(panel->currentColor(), QColor(1, 2, 3));
@@ -215,7 +190,7 @@ private Q_SLOTS:
         SheetWindow window(rows());
         window.set(2, "fill", QColor(Qt::gray));
         window.select({0, 2});
-        choose(button(window, "fill"), QStringLiteral("Other..."));
+        SheetWindow::choose(button(window, "fill"), QStringLiteral("Other..."));
         QColorDialog *panel = openPanel();
         QVERIFY(panel);
         QWidget *field = colorField(panel);
@@ -260,22 +235,12 @@ private Q_SLOTS:
         if (isText)
             clickSegment(window->editor<TextEditor>("text"), TextEditor::TextColorSegment);
         else if (isMenu)
-            QVERIFY(openMenu(button(*window, "stroke")));
+            QVERIFY(SheetWindow::openMenu(button(*window, "stroke")));
         else
-            choose(button(*window, "stroke"), QStringLiteral("Other..."));
+            SheetWindow::choose(button(*window, "stroke"), QStringLiteral("Other..."));
         QColorDialog *panel = isMenu ? nullptr : openPanel();
         QVERIFY(isMenu || panel);
-        if (what == QStringLiteral("window"))
-            window.reset();
-        else if (what == QStringLiteral("inspector"))
-            window->inspector.reset();
-        else if (what == QStringLiteral("view"))
-            delete window->inspector->view();
-        else if (what == QStringLiteral("figures"))
-            window->figures.clear();
-        else
-            window->owner.reset();
-        SheetWindow::settle();
+        SheetWindow::end(window, what);
         if (panel) {
             panel->setCurrentColor(QColor(9, 9, 9));
             panel->close();
@@ -296,7 +261,7 @@ private Q_SLOTS:
         window->select({0});
         ZelColorPopUpButton *fill = button(*window, "fill");
         connect(window->figures[0].get(), &Figure::fillChanged, this, [&] { window.release()->deleteLater(); });
-        choose(fill, QStringLiteral("Blue"));
+        SheetWindow::choose(fill, QStringLiteral("Blue"));
         QTRY_VERIFY(!window);
         SheetWindow::settle();
     }
