@@ -41,12 +41,13 @@ template<typename Block, typename... Arguments>
 using ZelBlockResult = typename ZelKept<std::decay_t<std::invoke_result_t<const Block &, Arguments...>>>::type;
 
 /// A block's result as it is stored in a collection: the null object for an absent QVariant.
-template<typename Value> decltype(auto) ZelStored(Value &&value)
+template<typename Value> Value ZelStored(Value value)
 {
-    if constexpr (std::is_same_v<std::decay_t<Value>, QVariant>)
-        return ZelIsAbsent(value) ? ZelNull() : QVariant(std::forward<Value>(value));
-    else
-        return std::forward<Value>(value);
+    if constexpr (std::is_same_v<Value, QVariant>) {
+        if (ZelIsAbsent(value))
+            return ZelNull();
+    }
+    return value;
 }
 
 /// Whether a mapped value is equal to the element and need not be stored. Never, for types without comparison.

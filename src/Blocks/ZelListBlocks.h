@@ -5,7 +5,7 @@
 
 #include <QList>
 #include <QVarLengthArray>
-#include <vector>
+#include <algorithm>
 
 /// What lists and ordered sets have in common: elements with a place. See ZelBlocks.h.
 template<typename Kind, typename Collection> class ZelSequenceBlocks : public ZelElementBlocks<Kind>
@@ -67,9 +67,10 @@ public:
         bool result = false;
         if (!ZelRequireBlock(block))
             return result;
+        const qsizetype count = other.size();
         qsizetype index = 0;
         visit([&](const Element &element) {
-            result = index < other.size() && std::invoke(block, element, other.at(index));
+            result = index < count && std::invoke(block, element, other.at(index));
             ++index;
             return result;
         });
@@ -82,16 +83,12 @@ public:
         if (!ZelRequireBlock(block))
             return;
         QVarLengthArray<bool, 1024> keeps(m_collection.size());
-        bool keepsAll = true;
-        qsizetype index = 0;
-        for (const Element &element : std::as_const(m_collection)) {
-            const bool keep = bool(std::invoke(block, element));
-            keeps[index++] = keep;
-            keepsAll &= keep;
-        }
-        const bool *next = keeps.constData();
-        if (!keepsAll)
-            m_collection.removeIf([&](const Element &) { return !*next++; });
+        bool *next = keeps.data();
+        for (const Element &element : std::as_const(m_collection))
+            *next++ = bool(std::invoke(block, element));
+        const bool *keep = keeps.constData();
+        if (std::find(keep, keep + keeps.size(), false) != keep + keeps.size())
+            m_collection.removeIf([&](const Element &) { return !*keep++; });
     }
 
 protected:
@@ -122,15 +119,21 @@ public:
     {
         if (!ZelRequireBlock(block))
             return;
-        std::vector<std::pair<qsizetype, Element>> changes;
+        List changed;
+        Element *target = nullptr; // what is being changed, from the first difference on
         qsizetype index = 0;
         for (const Element &element : std::as_const(this->m_collection)) {
             Element mapped = ZelStored(Element(std::invoke(block, element)));
-            if (!ZelIsSameElement(mapped, element))
-                changes.emplace_back(index, std::move(mapped));
+            if (!ZelIsSameElement(mapped, element)) {
+                if (!target) {
+                    changed = this->m_collection;
+                    target = changed.data();
+                }
+                target[index] = std::move(mapped);
+            }
             ++index;
         }
-        for (auto &[place, mapped] : changes)
-            this->m_collection[place] = std::move(mapped);
+        if (target)
+            this->m_collection = std::move(changed);
     }
 };
