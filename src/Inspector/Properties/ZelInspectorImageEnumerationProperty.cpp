@@ -133,7 +133,8 @@ void ZelInspectorImageEnumerationProperty::showImage()
 
 void ZelInspectorImageEnumerationProperty::userDidChangeValue(QObject *sender)
 {
-    writeChoice(valueForSegment(m_segmentedControl->selectedIndex().toLongLong()), sender);
+    if (m_segmentedControl)
+        writeChoice(valueForSegment(m_segmentedControl->selectedIndex().toLongLong()), sender);
 }
 
 QWidget *ZelInspectorImageEnumerationProperty::viewForBaselineAlignment()
