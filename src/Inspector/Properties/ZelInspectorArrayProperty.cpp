@@ -13,6 +13,7 @@
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 
@@ -284,6 +285,15 @@ void ZelInspectorArrayProperty::selectRow(int row)
         return;
     m_tableView->selectRow(row);
     m_tableView->scrollTo(m_model->index(row, 0));
+}
+
+bool ZelInspectorArrayProperty::commitEditing()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    if (focus && m_tableView && m_tableView->viewport()->isAncestorOf(focus))
+        m_tableView->setFocus(); // the cell's field commits when it is left
+    return !alive || ZelInspectorProperty::commitEditing();
 }
 
 void ZelInspectorArrayProperty::addObject(QObject *sender)

@@ -47,6 +47,8 @@ public:
     void tableViewSelectionDidChange();
     void forceRedraw();
 
+    /// Takes what is being typed into a cell.
+    bool commitEditing() override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
