@@ -201,6 +201,35 @@ private Q_SLOTS:
         QVERIFY(kind.shown(window).contains(QString::fromUtf8(kind.edited)));
     }
 
+    void typingBelongsToWhatWasSelected_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < int(std::size(g_kinds)); ++i) {
+            if (g_kinds[i].end != g_nothing)
+                QTest::newRow(g_kinds[i].key) << i;
+        }
+    }
+    void typingBelongsToWhatWasSelected()
+    {
+        QFETCH(int, index);
+        const Kind &kind = g_kinds[index];
+        Window window(Window::allRows());
+        window.set(2, kind.key, kind.other);
+        const QVariant first = window.value(0, kind.key);
+        window.select({0, 1});
+        kind.begin(window);
+        window.select({2});
+        QCOMPARE(window.value(2, kind.key), kind.other);
+        QVERIFY(window.value(0, kind.key) != first);
+        QVERIFY(!kind.shown(window).contains(QString::fromUtf8(kind.edited)));
+        QCOMPARE(window.stack.count(), 1);
+        QCOMPARE(window.stack.undoText(), QString::fromUtf8(kind.actionName));
+        window.undo();
+        QCOMPARE(window.value(0, kind.key), first);
+        QCOMPARE(window.value(1, kind.key), first);
+        QCOMPARE(window.value(2, kind.key), kind.other);
+    }
+
     void typingIsKeptWhileTheModelChanges_data()
     {
         QTest::addColumn<int>("index");

@@ -108,6 +108,24 @@ private Q_SLOTS:
         QVERIFY(!window.stack.canUndo());
     }
 
+    void aCellBelongsToTheListThatItWasOpenedIn()
+    {
+        Window window(Window::allRows());
+        auto *editor = window.editor<ArrayEditor>("tags");
+        window.select({0, 1});
+        clickRow(editor, 0);
+        Window::press(Qt::Key_F2);
+        Window::type(QStringLiteral("alpha"));
+        window.select({2}); // whose list is the same
+        QCOMPARE(rowsOf(editor), QStringLiteral("a b"));
+        QCOMPARE(window.figures[0]->tags.join(u' '), QStringLiteral("alpha b"));
+        QCOMPARE(window.figures[1]->tags, window.figures[0]->tags);
+        QCOMPARE(QApplication::focusWidget(), editor->tableView());
+        Window::press(Qt::Key_Return);
+        QCOMPARE(window.figures[2]->tags.join(u' '), QStringLiteral("a b"));
+        QCOMPARE(window.stack.count(), 1);
+    }
+
     void theAnchorIsWhereAFrameIsMeasuredAndKept()
     {
         Window window(Window::allRows());
