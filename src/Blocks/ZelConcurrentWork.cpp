@@ -84,9 +84,7 @@ void ZelPerformConcurrently(qsizetype count, const std::function<void(qsizetype,
     const qsizetype threads = std::max(pool->maxThreadCount(), 1);
     const qsizetype partSize = std::max<qsizetype>(count / (threads * partsPerThread), 1);
     const auto work = std::make_shared<Work>(count, partSize, function);
-    for (qsizetype i = 1; i < std::min(threads, count); ++i) {
-        if (!pool->tryStart([work] { work->help(); }))
-            break;
-    }
+    for (qsizetype i = 1; i < std::min(threads, count); ++i)
+        pool->start([work] { work->help(); });
     work->finish();
 }

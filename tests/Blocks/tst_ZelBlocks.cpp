@@ -3,7 +3,9 @@
 
 #include <QTest>
 #include <QThread>
+#include <QThreadPool>
 #include <atomic>
+#include <condition_variable>
 #include <mutex>
 
 namespace {
@@ -33,21 +35,36 @@ struct Counted
     static inline int copies = 0;
 };
 
-/// Whether the block is called once for each of the elements, and on more than one thread where there is one.
+/// Where calls wait until one on another thread has come, where there is one.
+class Meeting
+{
+public:
+    void join()
+    {
+        std::unique_lock lock(m_mutex);
+        m_threads.insert(QThread::currentThreadId());
+        m_joined.notify_all();
+        m_joined.wait_for(lock, std::chrono::seconds(20), [this] { return hasHappened(); });
+    }
+    bool hasHappened() const { return m_threads.size() > 1 || QThreadPool::globalInstance()->maxThreadCount() == 1; }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_joined;
+    QSet<Qt::HANDLE> m_threads;
+};
+
+/// Whether the block is called once for each of the elements, and on more than one thread.
 template<typename Apply> void verifyApply(qsizetype count, const Apply &apply)
 {
     std::vector<std::atomic<int>> calls(static_cast<size_t>(count));
-    std::mutex mutex;
-    QSet<Qt::HANDLE> threads;
+    Meeting meeting;
     apply([&](qsizetype i) {
         ++calls.at(size_t(i));
-        if (i % 16 == 0)
-            QThread::usleep(200);
-        const std::lock_guard lock(mutex);
-        threads.insert(QThread::currentThreadId());
+        meeting.join();
     });
     QVERIFY(std::all_of(calls.begin(), calls.end(), [](const std::atomic<int> &n) { return n == 1; }));
-    QVERIFY(threads.size() > 1 || QThread::idealThreadCount() == 1);
+    QVERIFY(meeting.hasHappened());
 }
 
 QHash<int, QString> numberNames(int count)
@@ -227,16 +244,17 @@ void TestBlocks::dictionaries()
 void TestBlocks::slowSelectionOfEntriesIsConcurrent()
 {
     const QHash<int, QString> names = numberNames(200);
-    std::mutex mutex;
-    QSet<Qt::HANDLE> threads;
+    Meeting meeting;
+    std::atomic<int> calls = 0;
     const auto selected = ZelBlocks(names).select([&](int key, const QString &) {
-        QThread::usleep(200);
-        const std::lock_guard lock(mutex);
-        threads.insert(QThread::currentThreadId());
+        if (++calls <= 100)
+            QThread::usleep(100); // the first are tried one by one
+        else
+            meeting.join();
         return key < 120;
     });
     QCOMPARE(selected, numberNames(120));
-    QVERIFY(threads.size() > 1 || QThread::idealThreadCount() == 1);
+    QVERIFY(meeting.hasHappened());
 }
 
 void TestBlocks::indexSetsKeepRanges()
