@@ -7,12 +7,12 @@
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelConstraintUpdates.h"
 #include "ViewController/ZelKeyedCoder.h"
+#include "ViewController/ZelScaledEvent.h"
 #include "ViewController/ZelViewController.h"
 #include "ViewController/ZelViewInstaller.h"
 #include "ViewController/ZelViewRare.h"
 
 #include <QEvent>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QScopedValueRollback>
 
@@ -314,6 +314,20 @@ bool ZelView::event(QEvent *event)
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
+    case QEvent::Enter:
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+    case QEvent::HoverLeave:
+    case QEvent::Wheel:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::ContextMenu:
+    case QEvent::ToolTip:
+    case QEvent::WhatsThis:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
         return hasScaledBounds() ? deliverScaled(event) : QWidget::event(event);
     case QEvent::LayoutRequest:
         updateConstraintsIfNeeded();
@@ -366,14 +380,8 @@ void ZelView::willRemoveSubview(QWidget *) {}
 
 bool ZelView::deliverScaled(QEvent *event)
 {
-    auto *mouse = static_cast<QMouseEvent *>(event);
-    const QPointF position = boundsTransform().inverted().map(mouse->position());
-    QMouseEvent scaled(mouse->type(), position, mouse->scenePosition(), mouse->globalPosition(), mouse->button(),
-                       mouse->buttons(), mouse->modifiers(), mouse->source(), mouse->pointingDevice());
-    scaled.setTimestamp(mouse->timestamp());
-    const bool handled = QWidget::event(&scaled);
-    mouse->setAccepted(scaled.isAccepted());
-    return handled;
+    return ZelScaledEvent::deliver(event, boundsTransform().inverted(),
+                                   [this](QEvent *scaled) { return QWidget::event(scaled); });
 }
 
 // Drawing

@@ -87,12 +87,13 @@ public:
     /// The same for any widget.
     static void removeFromSuperview(QWidget *view);
 
-    /// The place in the parent's coordinates; fractions are kept until the geometry is changed otherwise.
+    /// The place in the parent's coordinates. Fractions of the size are kept until the view is resized otherwise, those
+    /// of the position until it is moved otherwise.
     QRectF frame() const;
     void setFrame(const QRectF &frame);
     /// The view's own coordinates: (0, 0) and the frame's size unless set. Bounds of another size scale what the view
-    /// and the views below it draw, the positions of mouse events, and the frames of subviews. A resize keeps the
-    /// scale.
+    /// and the views below it draw, the positions of events, and the frames of subviews. A resize keeps the scale.
+    /// Touches and gestures are not scaled; other widgets below the view are not either.
     QRectF bounds() const;
     void setBounds(const QRectF &bounds);
     /// Maps the view's coordinates to its widget's.
@@ -177,7 +178,6 @@ private:
     double hairlineWidth() const;
     bool hasScaledBounds() const;
     bool deliverScaled(QEvent *event);
-    void setFrameIn(const QTransform &parentTransform, const QRectF &frame);
     void placeSubview(QWidget *view, QWidget *above);
     void showSubview(QWidget *view);
     void installAndShowSubviews();

@@ -69,6 +69,35 @@ private:
     QPointer<QLayout> m_layout;
 };
 
+/// The frames of all views below a view, which do not change with its scale. What a layout places is left to it.
+class FramesBelow
+{
+public:
+    explicit FramesBelow(const ZelView *view) { collect(view); }
+
+    void restore() const
+    {
+        for (const auto &[view, frame] : m_frames) // from the top, each in the scale of its parent
+            if (view)
+                view->setFrame(frame);
+    }
+
+private:
+    void collect(const ZelView *parent)
+    {
+        if (parent->layout())
+            return;
+        for (QWidget *subview : parent->subviews()) {
+            if (auto *view = qobject_cast<ZelView *>(subview)) {
+                m_frames.append({view, view->frame()});
+                collect(view);
+            }
+        }
+    }
+
+    QList<std::pair<QPointer<ZelView>, QRectF>> m_frames;
+};
+
 // Not the lists' own comparison: it hands null pointers to memcmp where one has room and both are empty.
 bool isSame(const QList<QWidget *> &a, const QList<QWidget *> &b)
 {
@@ -95,19 +124,18 @@ QRectF ZelView::frame() const
     if (m_rare && m_rare->frame && m_rare->geometryOfFrame == geometry())
         return *m_rare->frame;
     const QTransform transform = transformOfParent(this);
-    return transform.isIdentity() ? QRectF(geometry()) : transform.inverted().mapRect(QRectF(geometry()));
+    QRectF frame = transform.isIdentity() ? QRectF(geometry()) : transform.inverted().mapRect(QRectF(geometry()));
+    if (m_rare && m_rare->frame && m_rare->geometryOfFrame.size() == size())
+        frame.setSize(m_rare->frame->size()); // it was only scrolled
+    return frame;
 }
 
 void ZelView::setFrame(const QRectF &frame)
 {
-    setFrameIn(transformOfParent(this), frame);
-}
-
-void ZelView::setFrameIn(const QTransform &parentTransform, const QRectF &frame)
-{
+    const QTransform parentTransform = transformOfParent(this);
     const QRect geometry = rounded(parentTransform.mapRect(frame));
     setGeometry(geometry);
-    if (QRectF(geometry) != frame) {
+    if (QRectF(geometry) != frame || !parentTransform.isIdentity()) {
         rare().frame = frame;
         rare().geometryOfFrame = this->geometry();
     } else if (m_rare) {
@@ -131,16 +159,13 @@ void ZelView::setBounds(const QRectF &bounds)
 {
     if (bounds == this->bounds())
         return;
-    QList<std::pair<ZelView *, QRectF>> frames;
-    for (QWidget *subview : subviews())
-        if (auto *view = qobject_cast<ZelView *>(subview))
-            frames.append({view, view->frame()});
+    const FramesBelow frames(this);
     rare().bounds = bounds;
     rare().frameSizeOfBounds = frame().size();
-    const QTransform transform = boundsTransform();
-    for (const auto &[view, frame] : std::as_const(frames))
-        view->setFrameIn(transform, frame);
-    update();
+    const QPointer<ZelView> guard(this);
+    frames.restore();
+    if (guard)
+        update();
 }
 
 QTransform ZelView::boundsTransform() const
@@ -150,8 +175,11 @@ QTransform ZelView::boundsTransform() const
     const QRectF from = bounds();
     if (from.isEmpty())
         return {};
+    // The exact size, not the widget's in whole points: both axes have the same scale, and it is the one asked for. The
+    // origin is at a whole point, so that what is not scaled stays sharp.
+    const QSizeF size = transformOfParent(this).mapRect(QRectF(QPointF(), frame().size())).size();
     QTransform transform;
-    transform.scale(width() / from.width(), height() / from.height());
+    transform.scale(size.width() / from.width(), size.height() / from.height());
     transform.translate(-from.x(), -from.y());
     return transform;
 }

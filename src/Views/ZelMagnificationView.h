@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ViewController/ZelView.h"
+
+#include <optional>
+
+class QAbstractScrollArea;
+class QGestureEvent;
+class QNativeGestureEvent;
+
+/// Shows its first subview magnified, in a scroll area whose widget it is.
+///
+///     auto *magnifier = new ZelMagnificationView;
+///     magnifier->addSubview(canvas);
+///     magnifier->setContentSize(QSizeF(595, 842));
+///     scrollArea->setWidget(magnifier); // not resizable: the view sizes itself
+///
+/// The view's bounds differ from its frame by the factor, so that a content that is a ZelView draws and gets its events
+/// in unmagnified coordinates, and stays sharp. A content that is another widget is just resized. Content smaller than
+/// the visible area is centred in it.
+///
+/// Zooms by the wheel with Ctrl and by pinching, about the pointer, and by its actions, about the centre of the visible
+/// area. What the zoom is about keeps its place on the screen, as far as the scroll area can scroll.
+class ZelMagnificationView : public ZelView
+{
+    Q_OBJECT
+    /// 1 by default. Set directly it is not limited, and the scroll position is left alone.
+    Q_PROPERTY(double magnificationFactor READ magnificationFactor WRITE setMagnificationFactor NOTIFY
+                   magnificationFactorChanged)
+    /// The limits of zooming, 0.25 and 4 by default.
+    Q_PROPERTY(double minMagnification READ minMagnification WRITE setMinMagnification NOTIFY minMagnificationChanged)
+    Q_PROPERTY(double maxMagnification READ maxMagnification WRITE setMaxMagnification NOTIFY maxMagnificationChanged)
+    /// The unmagnified size of the content.
+    Q_PROPERTY(QSizeF contentSize READ contentSize WRITE setContentSize NOTIFY contentSizeChanged)
+    /// The running product of pinches. It starts at 0, and so stays 0 until something else is set.
+    Q_PROPERTY(double pinchMagnificationFactor READ pinchMagnificationFactor WRITE setPinchMagnificationFactor NOTIFY
+                   pinchMagnificationFactorChanged)
+    /// For code that changes the frame from outside; the view itself only resets it.
+    Q_PROPERTY(bool updatingDocumentFrame READ isUpdatingDocumentFrame WRITE setUpdatingDocumentFrame NOTIFY
+                   updatingDocumentFrameChanged)
+public:
+    explicit ZelMagnificationView(QWidget *parent = nullptr);
+    explicit ZelMagnificationView(const QRectF &frame, QWidget *parent = nullptr);
+    ~ZelMagnificationView() override;
+
+    double magnificationFactor() const { return m_magnificationFactor; }
+    /// A factor that is not positive and finite is ignored.
+    void setMagnificationFactor(double factor);
+    double minMagnification() const { return m_minMagnification; }
+    void setMinMagnification(double factor);
+    double maxMagnification() const { return m_maxMagnification; }
+    void setMaxMagnification(double factor);
+    QSizeF contentSize() const { return m_contentSize; }
+    void setContentSize(const QSizeF &size);
+    double pinchMagnificationFactor() const { return m_pinchMagnificationFactor; }
+    void setPinchMagnificationFactor(double factor);
+    bool isUpdatingDocumentFrame() const { return m_updatingDocumentFrame; }
+    void setUpdatingDocumentFrame(bool updating);
+
+    /// The first subview; null if there is none.
+    QWidget *contentView() const;
+    /// What the scroll area shows, in the view's coordinates.
+    QRectF visibleDocumentRect() const;
+
+    /// Sizes the view and places the content. Done by itself whenever the superview, the content or its size changes.
+    void updateContentFrame();
+    /// Zooms about the centre of what is visible, within the limits.
+    void magnifyVisibleRectWithFactor(double factor);
+    /// Zooms about a point in the view's coordinates.
+    void magnifyVisibleRectWithFactor(double factor, const QPointF &point);
+    /// Zooms by the event's value, about its position in the window.
+    void magnifyWithEvent(QNativeGestureEvent *event);
+
+    QSize sizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public Q_SLOTS:
+    void zoomIn(QObject *sender = nullptr);
+    void zoomOut(QObject *sender = nullptr);
+    void zoomToActualSize(QObject *sender = nullptr);
+    /// The same as the actual size.
+    void zoomFitInWindow(QObject *sender = nullptr);
+    /// Zooms to as many percent as the tag of the sender's selected item says, from 1 to 400; others are ignored. The
+    /// sender is a ZelPopUpButton, a QComboBox (whose items' data are the tags) or the chosen ZelMenuItem itself.
+    void selectMagnificationFactor(QObject *sender);
+
+Q_SIGNALS:
+    void magnificationFactorChanged();
+    void minMagnificationChanged();
+    void maxMagnificationChanged();
+    void contentSizeChanged();
+    void pinchMagnificationFactorChanged();
+    void updatingDocumentFrameChanged();
+
+public:
+    void layoutSubviews() override;
+    void didAddSubview(QWidget *subview) override;
+    void willRemoveSubview(QWidget *subview) override;
+    bool drawsContent() const override;
+
+protected:
+    ZelView *newInstance() const override { return new ZelMagnificationView; }
+    bool event(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    class UpdateGuard;
+    /// The point that a series of zooms at one place is about. Found anew at each step it would drift, because the
+    /// scroll area scrolls by whole points.
+    struct Anchor
+    {
+        QPointF point;
+        QPointF place;
+        QPoint viewPosition;
+        double factor;
+    };
+
+    void initialize();
+    void watchSuperview();
+    QSizeF superviewSize() const;
+    QAbstractScrollArea *scrollArea() const;
+    void placeContent();
+    bool pinch(QGestureEvent *event);
+    void pinchBy(double magnification, const QPointF &place);
+    void magnifyAtPlace(double factor, const QPointF &place);
+    void magnify(double factor, const QPointF &point, const QPointF &place);
+    void scrollTo(const QPointF &position);
+
+    double m_magnificationFactor = 1;
+    double m_minMagnification = 0.25;
+    double m_maxMagnification = 4;
+    QSizeF m_contentSize{0, 0};
+    double m_pinchMagnificationFactor = 0;
+    bool m_updatingDocumentFrame = false;
+    bool m_updating = false;
+    bool m_superviewChanged = false; // while updating
+    std::optional<Anchor> m_anchor;
+    QPointer<QWidget> m_superview; // whose size is watched
+};
