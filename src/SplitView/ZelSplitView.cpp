@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "SplitView/ZelSplitView.h"
+
+#include "Platform/Runtime/ZelAssertions.h"
+#include "SplitView/ZelSeparatorColor.h"
+#include "SplitView/ZelSplitViewHandle.h"
+
+#include <QEvent>
+
+ZelSplitView::ZelSplitView(QWidget *parent)
+    : ZelSplitView(Qt::Horizontal, parent)
+{
+}
+
+ZelSplitView::ZelSplitView(Qt::Orientation orientation, QWidget *parent)
+    : QSplitter(orientation, parent)
+{
+    setHandleWidth(1);
+}
+
+void ZelSplitView::setLevel(quint64 level)
+{
+    if (m_level == level || !ZelCheck(level <= 2, QStringLiteral("Unexpected case occured")))
+        return;
+    m_level = level;
+    updateDividers();
+    Q_EMIT levelChanged();
+}
+
+QColor ZelSplitView::dividerColor() const
+{
+    return ZelSeparatorColorForLevel(m_level, isActiveWindow(), palette());
+}
+
+QSplitterHandle *ZelSplitView::createHandle()
+{
+    return new ZelSplitViewHandle(orientation(), this);
+}
+
+bool ZelSplitView::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        updateDividers();
+    return QSplitter::event(event);
+}
+
+void ZelSplitView::updateDividers()
+{
+    for (int i = 0; i < count(); ++i)
+        handle(i)->update();
+}

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "SplitView/ZelSplitViewPanes.h"
+
+#include <QLayoutItem>
+
+using Pane = ZelSplitViewPanes::Pane;
+
+ZelSplitViewPanes::Axis::Axis(const QSplitter *splitter)
+    : contents(splitter->contentsRect())
+    , isHorizontal(splitter->orientation() == Qt::Horizontal)
+    , isMirrored(isHorizontal && splitter->isRightToLeft())
+{
+}
+
+int ZelSplitViewPanes::Axis::coordinate(QPoint point) const
+{
+    if (isMirrored)
+        return contents.right() + 1 - point.x();
+    return isHorizontal ? point.x() - contents.x() : point.y() - contents.y();
+}
+
+int ZelSplitViewPanes::Axis::start(const QRect &rect) const
+{
+    return coordinate(isMirrored ? QPoint(rect.right() + 1, rect.y()) : rect.topLeft());
+}
+
+QRect ZelSplitViewPanes::Axis::rect(int start, int length) const
+{
+    if (!isHorizontal)
+        return {contents.x(), contents.y() + start, contents.width(), length};
+    const int x = isMirrored ? contents.right() + 1 - start - length : contents.x() + start;
+    return {x, contents.y(), length, contents.height()};
+}
+
+int ZelSplitViewPanes::Axis::before(const QMargins &margins) const
+{
+    if (!isHorizontal)
+        return margins.top();
+    return isMirrored ? margins.right() : margins.left();
+}
+
+int ZelSplitViewPanes::Axis::around(const QMargins &margins) const
+{
+    return isHorizontal ? margins.left() + margins.right() : margins.top() + margins.bottom();
+}
+
+ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const std::function<bool(int)> &mayCollapse)
+{
+    const Axis axis(splitter);
+    List panes(size_t(splitter->count()));
+    for (int i = 0; i < splitter->count(); ++i) {
+        Pane &pane = panes[size_t(i)];
+        QWidget *widget = splitter->widget(i);
+        pane.widget = widget;
+        pane.isHidden = widget->isHidden();
+        pane.minimum = axis.pick(QWidgetItem(widget).minimumSize());
+        pane.maximum = axis.pick(widget->maximumSize());
+        pane.thickness = axis.pick(splitter->handle(i)->sizeHint());
+        // The splitter moves a collapsed pane aside, but cannot make it smaller than its minimum.
+        const QRect geometry = widget->geometry();
+        const bool isOutOfSight = (axis.isHorizontal ? geometry.bottom() : geometry.right()) < 0;
+        pane.length = isOutOfSight ? 0 : axis.pick(widget->size());
+        State &state = m_states[widget];
+        if (pane.length > 0) {
+            state.isCollapsed = false;
+            state.shownLength = pane.length;
+        } else if (state.length != 0 && !pane.isHidden) {
+            state.isCollapsed = mayCollapse(i);
+        }
+        pane.isCollapsed = state.isCollapsed;
+    }
+    return panes;
+}
+
+int ZelSplitViewPanes::space(const QSplitter *splitter, const List &panes)
+{
+    int space = Axis(splitter).length();
+    bool isFirst = true;
+    for (const Pane &pane : panes) {
+        if (!pane.isShown())
+            continue;
+        space -= pane.length + (isFirst ? 0 : pane.thickness);
+        isFirst = false;
+    }
+    return space;
+}
+
+int ZelSplitViewPanes::start(const List &panes, int index)
+{
+    int offset = 0;
+    bool isFirst = true;
+    for (int i = 0; i < index; ++i) {
+        const Pane &pane = panes[size_t(i)];
+        if (!pane.isShown())
+            continue;
+        offset += pane.length + (isFirst ? 0 : pane.thickness);
+        isFirst = false;
+    }
+    return isFirst ? offset : offset + panes[size_t(index)].thickness;
+}
+
+int ZelSplitViewPanes::end(const QSplitter *splitter, const List &panes, int index)
+{
+    if (panes[size_t(index)].isShown())
+        return start(panes, index) + panes[size_t(index)].length;
+    const int next = nearest(panes, index + 1, 1, false);
+    if (next >= 0)
+        return start(panes, next) - panes[size_t(next)].thickness;
+    return Axis(splitter).length();
+}
+
+int ZelSplitViewPanes::nearest(const List &panes, int index, int step, bool withCollapsed)
+{
+    for (; index >= 0 && index < int(panes.size()); index += step) {
+        const Pane &pane = panes[size_t(index)];
+        if (withCollapsed ? !pane.isHidden : pane.isShown())
+            return index;
+    }
+    return -1;
+}
+
+void ZelSplitViewPanes::remember(const List &panes)
+{
+    for (const Pane &pane : panes) {
+        State &state = m_states[pane.widget];
+        state.length = pane.length;
+        state.isCollapsed = pane.isCollapsed;
+        if (pane.length > 0)
+            state.shownLength = pane.length;
+    }
+}
+
+bool ZelSplitViewPanes::apply(QSplitter *splitter, const List &panes)
+{
+    QList<int> sizes;
+    sizes.reserve(qsizetype(panes.size()));
+    int needed = 0;
+    for (size_t i = 0; i < panes.size(); ++i) {
+        sizes.append(panes[i].length);
+        needed += panes[i].isShown() ? panes[i].length : 0;
+        needed += splitter->handle(int(i))->isHidden() ? 0 : panes[i].thickness;
+    }
+    const Axis axis(splitter);
+    const int missing = qMax(0, needed - axis.length());
+    // From right to left the splitter is one point off.
+    if (missing == 0 && !axis.isMirrored) {
+        splitter->setSizes(sizes);
+        return false;
+    }
+    const QPointer<QSplitter> alive(splitter);
+    const QMargins margins = splitter->contentsMargins();
+    splitter->setContentsMargins(margins -
+                                 (axis.isHorizontal ? QMargins(0, 0, missing, 0) : QMargins(0, 0, 0, missing)));
+    splitter->setSizes(sizes);
+    if (alive)
+        splitter->setContentsMargins(margins);
+    place(alive, panes);
+    return true;
+}
+
+void ZelSplitViewPanes::place(const QPointer<QSplitter> &splitter, const List &panes)
+{
+    for (size_t i = 0; i < panes.size(); ++i) {
+        const Pane &pane = panes[i];
+        if (!splitter || pane.isHidden || !pane.widget || splitter->indexOf(pane.widget) < 0)
+            continue;
+        const Axis axis(splitter);
+        QSplitterHandle *handle = splitter->handle(splitter->indexOf(pane.widget));
+        const QMargins margins = handle->contentsMargins();
+        // Dividers beside collapsed panes share a place. At the ends they lie over the pane that is there.
+        const bool isLeading = nearest(panes, int(i) - 1, -1, false) < 0;
+        const bool isTrailing = nearest(panes, int(i), 1, false) < 0;
+        const int start = ZelSplitViewPanes::start(panes, int(i));
+        const int divider = isLeading ? 0 : start - (isTrailing ? 2 : 1) * pane.thickness;
+        handle->setGeometry(axis.rect(divider - axis.before(margins), pane.thickness + axis.around(margins)));
+        handle->raise();
+        if (pane.isShown())
+            pane.widget->setGeometry(axis.rect(start, pane.length));
+    }
+}

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelException.h"
+#include "Split.h"
+
+#include <QLabel>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTest>
+
+class tst_ZelPrioritySplitViewDelegate : public QObject
+{
+    Q_OBJECT
+
+    static void checkLayout(const Split &split, const QList<Split::Item> &items)
+    {
+        const QList<int> lengths = split.lengths();
+        int total = 0;
+        int shown = 0;
+        bool isAtMinimum = true;
+        QList<int> starts;
+        for (int i = 0; i < lengths.size(); ++i) {
+            if (split.isCollapsed(i))
+                continue;
+            starts.append(total + shown * split.splitter->handleWidth());
+            total += lengths[i];
+            ++shown;
+            isAtMinimum = isAtMinimum && lengths[i] == std::ceil(items[i].minimum);
+            QVERIFY(lengths[i] >= items[i].minimum);
+        }
+        const int whole = total + qMax(0, shown - 1) * split.splitter->handleWidth();
+        QVERIFY(whole == split.length() || (isAtMinimum && whole > split.length()));
+        QCOMPARE(split.starts(), starts);
+        QList<int> sizes = split.splitter->sizes();
+        for (int i = 0; i < sizes.size(); ++i)
+            if (split.splitter->widget(i)->isHidden())
+                sizes[i] = 0;
+        QCOMPARE(sizes, lengths);
+    }
+
+    /// What a change of the length does, worked out point by point.
+    static QList<int> expected(QList<int> lengths, const QList<Split::Item> &items, const Split &split, int space)
+    {
+        const auto better = [&](int a, int b) {
+            return items[a].priority != items[b].priority ? items[a].priority > items[b].priority : a < b;
+        };
+        while (space != 0) {
+            int chosen = -1;
+            for (int i = 0; i < lengths.size(); ++i) {
+                const bool canChange = space > 0 || lengths[i] - 1 >= items[i].minimum;
+                if (!split.isCollapsed(i) && canChange &&
+                    (chosen < 0 || (space > 0 ? better(i, chosen) : better(chosen, i))))
+                    chosen = i;
+            }
+            if (chosen < 0)
+                break;
+            lengths[chosen] += space > 0 ? 1 : -1;
+            space += space > 0 ? -1 : 1;
+        }
+        return lengths;
+    }
+
+private Q_SLOTS:
+    void sizesChangeByPriority_data()
+    {
+        QTest::addColumn<QList<int>>("priorities");
+        QTest::addColumn<int>("change");
+        QTest::addColumn<QList<int>>("lengths");
+        QTest::newRow("growth to the first") << QList<int>{0, 1} << 50 << QList<int>{150, 350};
+        QTest::newRow("shrink from the last, then the next") << QList<int>{0, 1} << -80 << QList<int>{100, 270};
+        QTest::newRow("equal: growth to the earliest") << QList<int>{3, 3} << 50 << QList<int>{200, 300};
+        QTest::newRow("equal: shrink from the latest") << QList<int>{3, 3} << -120 << QList<int>{130, 200};
+        QTest::newRow("overflow") << QList<int>{0, 1} << -300 << QList<int>{100, 200};
+    }
+    void sizesChangeByPriority()
+    {
+        QFETCH(QList<int>, priorities);
+        QFETCH(int, change);
+        QFETCH(QList<int>, lengths);
+        Split split({{100, 1000, quint64(priorities[0])}, {200, 1000, quint64(priorities[1])}}, {150, 300});
+        split.splitter->show();
+        QCOMPARE(split.lengths(), QList<int>({150, 300}));
+        split.resize(split.length() + change);
+        QCOMPARE(split.lengths(), lengths);
+    }
+    void everyLayoutAddsUp()
+    {
+        const quint32 seed = QRandomGenerator::global()->generate();
+        QRandomGenerator random(seed);
+        const auto note = qScopeGuard([&] {
+            if (QTest::currentTestFailed())
+                qWarning() << "seed" << seed;
+        });
+        for (int round = 0; round < 150 && !QTest::currentTestFailed(); ++round) {
+            QList<Split::Item> items;
+            QList<int> lengths;
+            for (int i = random.bounded(1, 7); i > 0; --i) {
+                items.append({random.bounded(60.0), 10000, random.bounded(3u), random.bounded(2) == 0});
+                lengths.append(random.bounded(60, 150));
+            }
+            const auto orientation = random.bounded(2) ? Qt::Horizontal : Qt::Vertical;
+            Split split(items, lengths, orientation);
+            split.splitter->setLayoutDirection(random.bounded(3) ? Qt::LeftToRight : Qt::RightToLeft);
+            split.splitter->show();
+            QCoreApplication::sendPostedEvents();
+            checkLayout(split, items);
+            for (int step = 0; step < 8 && !QTest::currentTestFailed(); ++step) {
+                const int pane = random.bounded(split.splitter->count());
+                const int kind = random.bounded(4);
+                if (kind == 0)
+                    split.setCollapsed(pane, !split.isCollapsed(pane));
+                else if (kind == 1 && split.splitter->count() > 1)
+                    split.splitter->widget(pane)->setVisible(split.splitter->widget(pane)->isHidden());
+                QCoreApplication::sendPostedEvents();
+                const QList<int> before = split.lengths();
+                if (before.count(0) == before.size())
+                    continue;
+                checkLayout(split, items);
+                const int length = random.bounded(40, 900);
+                int used = -split.splitter->handleWidth();
+                for (int i = 0; i < before.size(); ++i)
+                    used += split.isCollapsed(i) ? 0 : before[i] + split.splitter->handleWidth();
+                split.resize(length);
+                QCOMPARE(split.length(), length);
+                QCOMPARE(split.lengths(), expected(before, items, split, length - used));
+                checkLayout(split, items);
+            }
+        }
+    }
+    void aCollapsedPaneTakesNoRoom()
+    {
+        Split split({{50, 1000, 0, true}, {50, 1000, 1, true}, {50, 1000, 2}}, {100, 100, 100});
+        split.splitter->show();
+        const int divider = split.splitter->handleWidth();
+        split.setCollapsed(1, true);
+        QCOMPARE(split.lengths(), QList<int>({100, 0, 200 + divider}));
+        QCOMPARE(split.starts(), QList<int>({0, 100 + divider}));
+        split.resize(split.length() + 40);
+        QCOMPARE(split.lengths(), QList<int>({100, 0, 240 + divider}));
+        split.setCollapsed(0, true);
+        QCOMPARE(split.starts(), QList<int>({0}));
+        split.setCollapsed(2, true); // the last one stays
+        QCOMPARE(split.lengths(), QList<int>({0, 0, split.length()}));
+        split.setCollapsed(0, false);
+        split.setCollapsed(1, false);
+        QCOMPARE(split.lengths(), QList<int>({50, 100, 190}));
+        // A pane with a minimum of its own, which the splitter puts out of sight.
+        split.splitter->widget(1)->setMinimumSize(60, 60);
+        split.setCollapsed(1, true);
+        QVERIFY(!split.splitter->rect().intersects(split.splitter->widget(1)->geometry()));
+        QVERIFY(split.isCollapsed(1));
+    }
+    void othersMayCollapseAndSize()
+    {
+        Split split({{50, 1000, 0, true}, {50, 1000, 1}}, {100, 100});
+        split.splitter->show();
+        split.splitter->setSizes({10, 190});
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(split.lengths(), QList<int>({50, 150}));
+        split.splitter->setSizes({190, 0});
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(split.lengths(), QList<int>({150, 50}));
+        split.splitter->setSizes({0, 190});
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(split.lengths(), QList<int>({0, split.length()}));
+    }
+    void aWidgetsOwnLimitsHold()
+    {
+        Split split({{10, 1000, 0}, {10, 1000, 1}}, {100, 100});
+        split.splitter->widget(0)->setMinimumWidth(80);
+        split.splitter->widget(1)->setMaximumWidth(120);
+        split.splitter->show();
+        split.resize(split.length() + 50);
+        QCOMPARE(split.lengths(), QList<int>({130, 120}));
+        split.resize(split.length() - 100);
+        QCOMPARE(split.lengths(), QList<int>({80, 70}));
+    }
+    void prioritiesAndCollapsibilityLayOutAgain()
+    {
+        Split split({{100, 1000, 0}, {100, 1000, 1}}, {150, 150});
+        const QList<ZelPrioritySplitViewItem *> items = split.delegate->items();
+        QSignalSpy moved(split.splitter.get(), &QSplitter::splitterMoved);
+        split.resize(split.length() + 50);
+        items[0]->setMinLength(180);
+        items[0]->setMaxLength(190);
+        QCOMPARE(split.lengths(), QList<int>({150, 150}));
+        items[0]->setPriorityIndex(2);
+        QCOMPARE(split.lengths(), QList<int>({200, 150}));
+        split.resize(split.length() + 10);
+        items[1]->setCollapsible(true);
+        QCOMPARE(split.lengths(), QList<int>({210, 150}));
+        QVERIFY(moved.isEmpty());
+        // Items that were taken out are not listened to.
+        auto other = std::make_unique<ZelPrioritySplitViewItem>(0, 1000, 5, false);
+        split.delegate->setItems({other.get(), items[1]});
+        split.resize(split.length() + 10);
+        items[0]->setPriorityIndex(7);
+        QCOMPARE(split.lengths(), QList<int>({210, 150}));
+    }
+    void sortOrdersAreReverses()
+    {
+        const Split split({{0, 0, 1}, {0, 0, 2}, {0, 0, 1}, {0, 0, 2}}, {50, 50, 50, 50});
+        const auto i = split.delegate->items();
+        const QList<ZelPrioritySplitViewItem *> descending{i[1], i[3], i[0], i[2]};
+        const QList<ZelPrioritySplitViewItem *> ascending{i[2], i[0], i[3], i[1]};
+        QCOMPARE(split.delegate->sortedItemsByDescendingPriority(), descending);
+        QCOMPARE(split.delegate->sortedItemsByAscendingPriority(), ascending);
+    }
+    void dividersAreConstrained()
+    {
+        const Split split({{40, 120}, {50, 130}}, {100, 100});
+        QSplitter *splitter = split.splitter.get();
+        const int end = split.length();
+        const auto least = [&](double p) {
+            return split.delegate->splitViewConstrainMinCoordinateOfSubviewAt(splitter, p, 0);
+        };
+        const auto greatest = [&](double p) {
+            return split.delegate->splitViewConstrainMaxCoordinateOfSubviewAt(splitter, p, 0);
+        };
+        QCOMPARE(least(0), end - 130.0);
+        QCOMPARE(least(110), 110.0);
+        QCOMPARE(greatest(1000), 120.0);
+        QCOMPARE(greatest(60), 60.0);
+        QVERIFY_EXCEPTION_THROWN(split.delegate->splitViewConstrainMinCoordinateOfSubviewAt(splitter, 0, 1),
+                                 ZelInternalInconsistencyException);
+    }
+    void missingPartsAreAsserted()
+    {
+        QVERIFY_EXCEPTION_THROWN(ZelPrioritySplitViewDelegate(nullptr), ZelInternalInconsistencyException);
+        Split split({{}, {}}, {100, 100});
+        QVERIFY_EXCEPTION_THROWN(split.delegate->itemForViewIndex(2), ZelInternalInconsistencyException);
+        split.splitter->show();
+        split.splitter->addWidget(new QWidget);
+        QVERIFY_EXCEPTION_THROWN(split.delegate->adjustSubviews(), ZelInternalInconsistencyException);
+        split.resize(400); // left to the splitter, nothing leaves the event
+        QCoreApplication::sendPostedEvents();
+        // Items beyond the panes are skipped.
+        QList<ZelPrioritySplitViewItem *> items = split.delegate->items();
+        for (int i = 0; i < 3; ++i)
+            items.append(new ZelPrioritySplitViewItem(10, 1000, quint64(i + 1), false));
+        split.delegate->setItems(items);
+        const QList<int> before = split.lengths();
+        split.resize(450);
+        QCOMPARE(split.lengths(), QList<int>({before[0], before[1], before[2] + 50}));
+    }
+    void panesComeAndGo()
+    {
+        Split split({{50, 1000, 0}, {50, 1000, 1}, {50, 1000, 2}}, {200, 200});
+        split.splitter->show();
+        auto *label = new QLabel(QStringLiteral("A pane with a text"));
+        split.splitter->addWidget(label);
+        QCoreApplication::sendPostedEvents();
+        checkLayout(split, {{50}, {50}, {50}});
+        const int rest = split.length() - split.splitter->handleWidth();
+        delete split.splitter->widget(1);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(split.splitter->count(), 2);
+        QCOMPARE(split.lengths().last() + split.lengths().first(), rest);
+        split.splitter->setOrientation(Qt::Vertical);
+        QCoreApplication::sendPostedEvents();
+        split.resize(300);
+        QCOMPARE(split.lengths().last() + split.lengths().first(), 300 - split.splitter->handleWidth());
+    }
+    void anyoneMayDieFirst_data()
+    {
+        QTest::addColumn<QByteArray>("order");
+        for (QByteArray order : {"sdip", "isdp", "dsip", "pids", "psid", "dpsi"})
+            QTest::newRow(order) << order;
+    }
+    void anyoneMayDieFirst()
+    {
+        QFETCH(QByteArray, order);
+        auto split =
+            std::make_unique<Split>(QList<Split::Item>{{10, 1000, 0, true}, {10, 1000, 1, true}}, QList<int>{100, 100});
+        split->splitter->show();
+        const auto list = split->delegate->items();
+        const QList<QPointer<ZelPrioritySplitViewItem>> items(list.begin(), list.end());
+        const QPointer<QWidget> pane(split->splitter->widget(0));
+        for (char who : order) {
+            if (who == 's')
+                split->splitter.reset();
+            if (who == 'd')
+                split->delegate.reset();
+            if (who == 'i')
+                delete items[0];
+            if (who == 'p')
+                delete pane;
+            if (split->splitter)
+                split->splitter->resize(split->splitter->width() + 10, 80);
+            if (split->delegate && !items[1].isNull())
+                items[1]->setPriorityIndex(items[1]->priorityIndex() + 1);
+            if (split->delegate)
+                split->delegate->adjustSubviews();
+            QCoreApplication::sendPostedEvents();
+        }
+        QVERIFY(!split->splitter && !split->delegate);
+        QVERIFY(pane.isNull() && items[0].isNull());
+    }
+};
+
+QTEST_MAIN(tst_ZelPrioritySplitViewDelegate)
+#include "tst_ZelPrioritySplitViewDelegate.moc"
