@@ -391,7 +391,8 @@ void ZelPopUpButton::paintEvent(QPaintEvent *)
         if (!option.currentIcon.isNull())
             width -= option.iconSize.width() + 4;
     } else {
-        const QColor dimmed = option.palette.color(QPalette::PlaceholderText);
+        // Dimmed once: there is no value, whether or not there might be one.
+        const QColor dimmed = option.palette.color(QPalette::Active, QPalette::PlaceholderText);
         option.palette.setColor(QPalette::ButtonText, dimmed);
         option.palette.setColor(QPalette::Text, dimmed);
     }
