@@ -148,14 +148,14 @@ void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
     QHash<QString, QWidget *> views{{QStringLiteral("bar"), m_segmentedControl},
                                     {QStringLiteral("font"), m_fontProperty->view()},
                                     {QStringLiteral("text"), m_textView}};
-    QString column = QStringLiteral("V:|[bar][font]-2-[text]-2-|");
+    QString column = QStringLiteral("V:|-2-[bar][font]-2-[text]-2-|");
     if (m_label) {
         views.insert(QStringLiteral("label"), m_label);
-        column = QStringLiteral("V:|[bar][font]-2-[text][label]-2-|");
+        column = QStringLiteral("V:|-2-[bar][font]-2-[text][label]-2-|");
         container->addConstraintsWithVisualFormat(QStringLiteral("H:|-2-[label]-2-|"), views);
     }
     for (const QString &format :
-         {column, QStringLiteral("H:|[bar]|"), QStringLiteral("H:|[font]|"), QStringLiteral("H:|-2-[text]-2-|")})
+         {column, QStringLiteral("H:|-2-[bar]-2-|"), QStringLiteral("H:|[font]|"), QStringLiteral("H:|-2-[text]-2-|")})
         container->addConstraintsWithVisualFormat(format, views);
 }
 
