@@ -353,7 +353,9 @@ bool ZelMagnificationView::pinch(QGestureEvent *event)
     if (!gesture)
         return false;
     event->accept(Qt::PinchGesture);
-    if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
+    // The end reports the last change once more.
+    const bool isUnderWay = gesture->state() == Qt::GestureStarted || gesture->state() == Qt::GestureUpdated;
+    if (isUnderWay && gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
         pinchBy(gesture->scaleFactor() - 1, mapToParent(mapFromGlobal(gesture->centerPoint())));
     return true;
 }

@@ -2,3 +2,4 @@
 zel_test(Views/tst_ZelStackView zel_views)
 zel_test(Views/tst_ZelContainerView zel_views)
 zel_test(Views/tst_ZelScrollView zel_views)
+zel_test(Views/tst_ZelMagnificationView zel_views)
