@@ -401,5 +401,8 @@ void ZelPrioritySplitViewDelegate::deliver(QEvent *event)
         panes[i].length = same->length;
         panes[i].isCollapsed = same->isCollapsed;
     }
+    // The splitter opens a collapsed pane when all others have been hidden.
+    if (ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
+        panes = readPanes();
     layOut(panes);
 }

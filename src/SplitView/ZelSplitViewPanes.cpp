@@ -5,6 +5,37 @@
 
 using Pane = ZelSplitViewPanes::Pane;
 
+namespace {
+
+/// Lets the splitter take itself for larger. Its margins may be negative only where they disregard the safe area.
+class Enlargement
+{
+public:
+    Enlargement(QSplitter *splitter, QSize size)
+        : m_splitter(splitter)
+        , m_margins(splitter->contentsMargins())
+        , m_wasSafe(splitter->testAttribute(Qt::WA_ContentsMarginsRespectsSafeArea))
+    {
+        splitter->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
+        splitter->setContentsMargins(m_margins - QMargins(0, 0, size.width(), size.height()));
+    }
+    ~Enlargement()
+    {
+        if (!m_splitter)
+            return;
+        m_splitter->setContentsMargins(m_margins);
+        m_splitter->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, m_wasSafe);
+    }
+    Q_DISABLE_COPY_MOVE(Enlargement)
+
+private:
+    QPointer<QSplitter> m_splitter;
+    QMargins m_margins;
+    bool m_wasSafe;
+};
+
+} // namespace
+
 ZelSplitViewPanes::Axis::Axis(const QSplitter *splitter)
     : contents(splitter->contentsRect())
     , isHorizontal(splitter->orientation() == Qt::Horizontal)
@@ -148,12 +179,10 @@ bool ZelSplitViewPanes::apply(QSplitter *splitter, const List &panes)
         return false;
     }
     const QPointer<QSplitter> alive(splitter);
-    const QMargins margins = splitter->contentsMargins();
-    splitter->setContentsMargins(margins -
-                                 (axis.isHorizontal ? QMargins(0, 0, missing, 0) : QMargins(0, 0, 0, missing)));
-    splitter->setSizes(sizes);
-    if (alive)
-        splitter->setContentsMargins(margins);
+    {
+        const Enlargement enlargement(splitter, axis.isHorizontal ? QSize(missing, 0) : QSize(0, missing));
+        splitter->setSizes(sizes);
+    }
     place(alive, panes);
     return true;
 }
