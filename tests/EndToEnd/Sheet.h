@@ -21,7 +21,6 @@ class Figure : public QObject
     Q_PROPERTY(QColor stroke MEMBER stroke NOTIFY strokeChanged)
     Q_PROPERTY(QDate day MEMBER day NOTIFY dayChanged)
     Q_PROPERTY(QString pattern MEMBER pattern NOTIFY patternChanged)
-    Q_PROPERTY(QPointF centre MEMBER centre NOTIFY centreChanged)
     Q_PROPERTY(QSizeF size MEMBER size NOTIFY sizeChanged)
     Q_PROPERTY(QRectF frame MEMBER frame NOTIFY frameChanged)
     Q_PROPERTY(QFont font MEMBER font NOTIFY fontChanged)
@@ -32,7 +31,6 @@ public:
     QColor stroke = Qt::black;
     QDate day{2024, 5, 6};
     QString pattern = QStringLiteral("Dots");
-    QPointF centre{5, 6};
     QSizeF size{30, 40};
     QRectF frame{10, 20, 100, 50};
     QFont font{QStringLiteral("DejaVu Sans"), 9};
@@ -44,7 +42,6 @@ Q_SIGNALS:
     void strokeChanged();
     void dayChanged();
     void patternChanged();
-    void centreChanged();
     void sizeChanged();
     void frameChanged();
     void fontChanged();
