@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QRect>
 #include <QSize>
+#include <QWidget>
 
-class QWidget;
 class ZelPopoverWindow;
 
 /// Shows a widget, such as the view of a controller, in a small window next to a rectangle of another widget.
