@@ -45,9 +45,10 @@ void compareResize(const char *name, int grows)
         items.append(new ZelPrioritySplitViewItem(20, 10000, i == grows ? 1 : 0, false));
     delegate.setItems(items);
     QCoreApplication::processEvents();
-    const auto resize = [step = 0](Panes &panes) mutable { panes.splitter.resize(Length + (++step % 40), 100); };
-    const auto resizeOurs = [&, resize]() mutable { resize(ours); };
-    const auto resizePlain = [&, resize]() mutable { resize(plain); };
+    int ourStep = 0;
+    int plainStep = 0;
+    const auto resizeOurs = [&] { ours.splitter.resize(Length + (++ourStep % 40), 100); };
+    const auto resizePlain = [&] { plain.splitter.resize(Length + (++plainStep % 40), 100); };
     resizeOurs();
     resizePlain();
     Bench::expect(ours.total() == Length + 1 && plain.total() == Length + 1, "the panes fill both");

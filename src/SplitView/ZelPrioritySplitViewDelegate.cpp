@@ -58,6 +58,12 @@ ZelPrioritySplitViewDelegate::~ZelPrioritySplitViewDelegate()
     removeObservationForItems(m_itemObservations.keys());
 }
 
+QSplitter *ZelPrioritySplitViewDelegate::splitView() const
+{
+    // A splitter still gets events while it dies, when it is none any more.
+    return qobject_cast<QSplitter *>(m_splitView.data());
+}
+
 // Items
 
 QList<ZelPrioritySplitViewItem *> ZelPrioritySplitViewDelegate::items() const
@@ -176,7 +182,7 @@ double ZelPrioritySplitViewDelegate::splitViewConstrainMaxCoordinateOfSubviewAt(
 
 void ZelPrioritySplitViewDelegate::splitViewResizeSubviewsWithOldSize(QSplitter *splitView, const QSizeF &)
 {
-    if (!splitView || splitView != m_splitView || splitView->count() == 0 || m_items.isEmpty())
+    if (!splitView || splitView != this->splitView() || splitView->count() == 0 || m_items.isEmpty())
         return;
     watchPanes();
     if (splitView->count() > m_items.size())
@@ -193,7 +199,7 @@ bool ZelPrioritySplitViewDelegate::splitViewCanCollapseSubview(QSplitter *splitV
 
 bool ZelPrioritySplitViewDelegate::isSubviewCollapsed(const QWidget *subview)
 {
-    if (!m_splitView)
+    if (!splitView())
         return false;
     for (const ZelSplitViewPanes::Pane &pane : readPanes())
         if (pane.widget == subview)
@@ -223,13 +229,13 @@ void ZelPrioritySplitViewDelegate::setSubviewCollapsed(QWidget *subview, bool co
 
 bool ZelPrioritySplitViewDelegate::isReady() const
 {
-    return m_splitView && m_splitView->count() > 0 && m_items.size() >= m_splitView->count();
+    return splitView() && splitView()->count() > 0 && m_items.size() >= splitView()->count();
 }
 
 ZelSplitViewPanes::List ZelPrioritySplitViewDelegate::readPanes()
 {
-    return m_panes.read(m_splitView, [this](int index) {
-        return index < m_items.size() && splitViewCanCollapseSubview(m_splitView, m_splitView->widget(index));
+    return m_panes.read(splitView(), [this](int index) {
+        return index < m_items.size() && splitViewCanCollapseSubview(splitView(), splitView()->widget(index));
     });
 }
 
@@ -247,12 +253,12 @@ double ZelPrioritySplitViewDelegate::maximumOf(const Panes &panes, int index) co
 
 void ZelPrioritySplitViewDelegate::adjustSubviews()
 {
-    splitViewResizeSubviewsWithOldSize(m_splitView, QSizeF(0, 0));
+    splitViewResizeSubviewsWithOldSize(splitView(), QSizeF(0, 0));
 }
 
 void ZelPrioritySplitViewDelegate::distribute(Panes &panes, const QWidget *except) const
 {
-    int space = ZelSplitViewPanes::space(m_splitView, panes);
+    int space = ZelSplitViewPanes::space(splitView(), panes);
     if (space == 0)
         return;
     QHash<const QObject *, int> indexes;
@@ -273,7 +279,7 @@ void ZelPrioritySplitViewDelegate::distribute(Panes &panes, const QWidget *excep
 
 void ZelPrioritySplitViewDelegate::layOut(Panes panes, const QWidget *opened)
 {
-    if (ZelSplitViewPanes::Axis(m_splitView).length() <= 0 || ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
+    if (ZelSplitViewPanes::Axis(splitView()).length() <= 0 || ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
         return;
     for (int i = 0; i < int(panes.size()); ++i) {
         ZelSplitViewPanes::Pane &pane = panes[size_t(i)];
@@ -290,13 +296,13 @@ void ZelPrioritySplitViewDelegate::apply(const Panes &panes)
 {
     for (int i = 0; i < int(panes.size()); ++i) {
         const bool canCollapse = panes[size_t(i)].isCollapsed || (m_items[i] && m_items[i]->isCollapsible());
-        if (m_splitView->isCollapsible(i) != canCollapse)
-            m_splitView->setCollapsible(i, canCollapse);
+        if (splitView()->isCollapsible(i) != canCollapse)
+            splitView()->setCollapsible(i, canCollapse);
     }
     m_panes.remember(panes);
     const QPointer<ZelPrioritySplitViewDelegate> self(this);
     const Busy busy(this);
-    const bool isPlaced = ZelSplitViewPanes::apply(m_splitView, panes);
+    const bool isPlaced = ZelSplitViewPanes::apply(splitView(), panes);
     if (self)
         m_isPlaced = isPlaced;
 }
@@ -305,13 +311,13 @@ void ZelPrioritySplitViewDelegate::apply(const Panes &panes)
 
 void ZelPrioritySplitViewDelegate::watchPanes()
 {
-    for (int i = 0; i < m_splitView->count(); ++i) {
-        QWidget *pane = m_splitView->widget(i);
+    for (int i = 0; i < splitView()->count(); ++i) {
+        QWidget *pane = splitView()->widget(i);
         if (m_watchedPanes.contains(pane))
             continue;
         m_watchedPanes.insert(pane);
         pane->installEventFilter(this);
-        QSplitterHandle *handle = m_splitView->handle(i);
+        QSplitterHandle *handle = splitView()->handle(i);
         handle->installEventFilter(this);
         m_dividers.watch(handle);
     }
@@ -319,22 +325,22 @@ void ZelPrioritySplitViewDelegate::watchPanes()
 
 void ZelPrioritySplitViewDelegate::layOutLater()
 {
-    if (m_isLayoutPosted || !m_splitView)
+    if (m_isLayoutPosted || !splitView())
         return;
     m_isLayoutPosted = true;
-    QCoreApplication::postEvent(m_splitView, new QEvent(QEvent::LayoutRequest));
+    QCoreApplication::postEvent(splitView(), new QEvent(QEvent::LayoutRequest));
 }
 
 bool ZelPrioritySplitViewDelegate::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!m_splitView)
+    if (!splitView())
         return false;
     if (watched == m_splitView)
         return splitViewEvent(event);
-    if (auto *handle = qobject_cast<QSplitterHandle *>(watched); handle && handle->splitter() == m_splitView)
+    if (auto *handle = qobject_cast<QSplitterHandle *>(watched); handle && handle->splitter() == splitView())
         return isReady() && m_dividers.handleEvent(handle, event);
     // Somebody else, such as setSizes(), gives the pane another length.
-    if (event->type() == QEvent::Resize && m_busy == 0 && isReady() && watched->parent() == m_splitView)
+    if (event->type() == QEvent::Resize && m_busy == 0 && isReady() && watched->parent() == splitView())
         layOutLater();
     return false;
 }
@@ -371,6 +377,7 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         const QObject *child = static_cast<QChildEvent *>(event)->child();
         m_panes.forget(child);
         m_watchedPanes.remove(child);
+        m_dividers.forget(child);
         layOutLater();
         return false;
     }
@@ -388,7 +395,7 @@ void ZelPrioritySplitViewDelegate::deliver(QEvent *event)
     const Panes before = readPanes();
     {
         const Busy busy(this);
-        static_cast<QObject *>(m_splitView)->event(event);
+        static_cast<QObject *>(splitView())->event(event);
     }
     if (!self || !isReady())
         return;

@@ -38,7 +38,7 @@ public:
     explicit ZelPrioritySplitViewDelegate(QSplitter *splitView, QObject *parent = nullptr);
     ~ZelPrioritySplitViewDelegate() override;
 
-    QSplitter *splitView() const { return m_splitView; }
+    QSplitter *splitView() const;
     /// Items that have died meanwhile are left out.
     QList<ZelPrioritySplitViewItem *> items() const;
     void setItems(const QList<ZelPrioritySplitViewItem *> &items);
@@ -97,7 +97,7 @@ private:
     bool splitViewEvent(QEvent *event);
     void deliver(QEvent *event);
 
-    QPointer<QSplitter> m_splitView;
+    QPointer<QObject> m_splitView;
     QList<QPointer<ZelPrioritySplitViewItem>> m_items;
     // Kept here and not with the items, which may die first.
     QHash<ZelPrioritySplitViewItem *, QList<ZelObservationPtr>> m_itemObservations;

@@ -23,7 +23,7 @@ public:
 
     /// Lets the divider take the focus.
     void watch(QSplitterHandle *handle);
-    void forget(QObject *handle) { m_watched.remove(handle); }
+    void forget(const QObject *handle) { m_watched.remove(handle); }
     /// Whether the event is done with.
     bool handleEvent(QSplitterHandle *handle, QEvent *event);
 
@@ -61,7 +61,7 @@ private:
     void toggle(QSplitterHandle *handle);
 
     ZelPrioritySplitViewDelegate *m_delegate;
-    QHash<QObject *, Watched> m_watched;
+    QHash<const QObject *, Watched> m_watched;
     QPointer<QSplitterHandle> m_pressed;
     int m_offset = 0; // of the mouse from the divider
 };
