@@ -79,6 +79,8 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
 {
     const Axis axis(splitter);
     List panes(size_t(splitter->count()));
+    // All dividers are made alike, and the style's answer takes its time.
+    const int thickness = panes.empty() ? 0 : axis.pick(splitter->handle(0)->sizeHint());
     for (int i = 0; i < splitter->count(); ++i) {
         Pane &pane = panes[size_t(i)];
         QWidget *widget = splitter->widget(i);
@@ -86,19 +88,20 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
         pane.isHidden = widget->isHidden();
         pane.minimum = axis.pick(QWidgetItem(widget).minimumSize());
         pane.maximum = axis.pick(widget->maximumSize());
-        pane.thickness = axis.pick(splitter->handle(i)->sizeHint());
+        pane.thickness = thickness;
         // The splitter moves a collapsed pane aside, but cannot make it smaller than its minimum.
         const QRect geometry = widget->geometry();
         const bool isOutOfSight = (axis.isHorizontal ? geometry.bottom() : geometry.right()) < 0;
         pane.length = isOutOfSight ? 0 : axis.pick(widget->size());
-        State &state = m_states[widget];
+        State &state = this->state(size_t(i), widget);
         if (pane.length > 0) {
             state.isCollapsed = false;
             state.shownLength = pane.length;
         } else if (state.length != 0 && !pane.isHidden) {
-            state.isCollapsed = mayCollapse(i);
+            const bool isCollapsed = mayCollapse(i); // may come back here
+            this->state(size_t(i), widget).isCollapsed = isCollapsed;
         }
-        pane.isCollapsed = state.isCollapsed;
+        pane.isCollapsed = this->state(size_t(i), widget).isCollapsed;
     }
     return panes;
 }
@@ -150,10 +153,19 @@ int ZelSplitViewPanes::nearest(const List &panes, int index, int step, bool with
     return -1;
 }
 
+ZelSplitViewPanes::State &ZelSplitViewPanes::state(size_t index, const QObject *pane)
+{
+    if (index < m_states.size() && m_states[index].pane == pane)
+        return m_states[index];
+    const auto known = std::find_if(m_states.begin(), m_states.end(), [&](const State &s) { return s.pane == pane; });
+    return known != m_states.end() ? *known : m_states.emplace_back(State{pane});
+}
+
 void ZelSplitViewPanes::remember(const List &panes)
 {
-    for (const Pane &pane : panes) {
-        State &state = m_states[pane.widget];
+    for (size_t i = 0; i < panes.size(); ++i) {
+        const Pane &pane = panes[i];
+        State &state = this->state(i, pane.widget);
         state.length = pane.length;
         state.isCollapsed = pane.isCollapsed;
         if (pane.length > 0)

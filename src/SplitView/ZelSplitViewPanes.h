@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QHash>
 #include <QPointer>
 #include <QSplitter>
 #include <functional>
@@ -62,16 +61,22 @@ public:
     /// Lays out the splitter. Answers whether it had to be done in its place. Panes may die meanwhile.
     static bool apply(QSplitter *splitter, const List &panes);
     /// The length that the pane had before it was collapsed.
-    int lengthBeforeCollapse(const QWidget *pane) const { return m_states.value(pane).shownLength; }
-    void forget(const QObject *pane) { m_states.remove(pane); }
+    int lengthBeforeCollapse(const QWidget *pane) { return state(0, pane).shownLength; }
+    void forget(const QObject *pane)
+    {
+        std::erase_if(m_states, [&](const State &state) { return state.pane == pane; });
+    }
 
 private:
     struct State
     {
+        const QObject *pane = nullptr;
         int length = -1;     // as applied last; -1: never
         int shownLength = 0; // the last one that was not 0
         bool isCollapsed = false;
     };
     static void place(const QPointer<QSplitter> &splitter, const List &panes);
-    QHash<const QObject *, State> m_states;
+    /// The pane's state, looked for first where it is likely to be.
+    State &state(size_t index, const QObject *pane);
+    std::vector<State> m_states;
 };
