@@ -36,7 +36,7 @@ private Q_SLOTS:
         QTRY_VERIFY(stack->height() > wide);
         box->setFixedHeight(1000);
         QTRY_VERIFY(stack->height() > 1000);
-        QVERIFY(scrollView.verticalScrollBar()->isVisible());
+        QTRY_VERIFY(scrollView.verticalScrollBar()->isVisible()); // the turn after the height changed
         QTRY_COMPARE(stack->width(), scrollView.viewport()->width());
         box->hide();
         QTRY_COMPARE(stack->width(), 150);
