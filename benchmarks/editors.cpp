@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
+#include "ShownForm.h"
 
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/ZelDeclarativeInspectorGenerator.h"
-#include "Inspector/ZelInspectorPane.h"
 #include "Platform/Controls/ZelTextField.h"
 #include "Platform/Selection/ZelArrayController.h"
 #include "ViewController/ZelView.h"
@@ -23,7 +22,6 @@
 #include <QScrollArea>
 #include <QTemporaryFile>
 #include <QToolButton>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <array>
@@ -149,34 +147,6 @@ QByteArray descriptionOfRows(int rows)
     return xml + "</section></slice></inspector></pane>";
 }
 
-QWidget *describedForm(Styled &model, const QString &file)
-{
-    ZelDeclarativeInspectorGenerator generator;
-    generator.setUrl(QUrl::fromLocalFile(file));
-    generator.setOwner(&model);
-    auto *window = new QWidget;
-    auto *column = new QVBoxLayout(window);
-    column->setContentsMargins(0, 0, 0, 0);
-    ZelInspectorPane *pane = generator.createPane();
-    pane->setParent(window);
-    column->addWidget(pane->view());
-    return window;
-}
-
-/// Showing lays out and paints; both are part of the time. Deleting is not.
-template<typename Make> Bench::Work shown(Make make)
-{
-    auto window = std::make_shared<std::unique_ptr<QWidget>>();
-    return {[] {},
-            [window, make] {
-                window->reset(make());
-                (*window)->resize(300, 900);
-                (*window)->show();
-                QApplication::processEvents();
-            },
-            [window] { window->reset(); }};
-}
-
 class Box : public QObject
 {
     Q_OBJECT
@@ -265,8 +235,8 @@ static void editorBuild()
     QTemporaryFile file;
     Bench::expect(file.open() && file.write(descriptionOfRows(500)) > 0 && file.flush(), "no description");
     Bench::compare("H inspector of 500 rows of all editors", 1.5,
-                   shown([&] { return describedForm(model, file.fileName()); }),
-                   shown([&] { return formByHand(model, 500); }));
+                   shownForm([&] { return describedForm(&model, file.fileName()); }),
+                   shownForm([&] { return formByHand(model, 500); }));
 }
 ZEL_BENCHMARK(editorBuild)
 

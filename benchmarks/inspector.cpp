@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
 #include "RowModel.h"
+#include "ShownForm.h"
 
-#include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorConfiguration.h"
-#include "Inspector/ZelInspectorPane.h"
-#include "ViewController/ZelView.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -15,15 +13,11 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QTemporaryFile>
-#include <QUrl>
-#include <QVBoxLayout>
 
 #include <array>
 #include <memory>
 
 namespace {
-
-constexpr QSize g_windowSize(300, 900);
 
 QWidget *textRow(RowModel &model)
 {
@@ -76,23 +70,6 @@ QWidget *formByHand(RowModel &model, int rows)
     return area;
 }
 
-/// Showing lays out and paints; both are part of the time. Deleting is not.
-template<typename Make> Bench::Work shown(Make make)
-{
-    auto window = std::make_shared<std::unique_ptr<QWidget>>();
-    return {[] {},
-            [window, make] {
-                window->reset(make());
-                (*window)->resize(g_windowSize);
-                (*window)->show();
-                QApplication::processEvents();
-            },
-            [window] {
-                Bench::expect(!(*window)->visibleRegion().isEmpty(), "the window is not shown");
-                window->reset();
-            }};
-}
-
 /// The description of a pane with the same rows.
 QByteArray descriptionOfRows(int rows)
 {
@@ -125,29 +102,17 @@ public:
         ZelInspectorConfiguration::setLimits(limits);
     }
 
-    QWidget *make() const
-    {
-        ZelDeclarativeInspectorGenerator generator;
-        generator.setUrl(QUrl::fromLocalFile(m_file.fileName()));
-        generator.setOwner(&m_model);
-        auto *window = new QWidget;
-        auto *column = new QVBoxLayout(window);
-        column->setContentsMargins(0, 0, 0, 0);
-        ZelInspectorPane *pane = generator.createPane();
-        pane->setParent(window);
-        column->addWidget(pane->view());
-        return window;
-    }
+    QWidget *make() const { return describedForm(&m_model, m_file.fileName()); }
 
 private:
     RowModel &m_model;
     QTemporaryFile m_file;
 };
 
-Bench::Work shownForm(RowModel &model, int rows)
+Bench::Work shownRows(RowModel &model, int rows)
 {
     const auto form = std::make_shared<DescribedForm>(model, rows);
-    return shown([form] { return form->make(); });
+    return shownForm([form] { return form->make(); });
 }
 
 } // namespace
@@ -156,12 +121,12 @@ static void inspectorBuild()
 {
     RowModel model;
     for (int rows : {50, 500}) {
-        Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), 1.3, shownForm(model, rows),
-                       shown([&model, rows] { return formByHand(model, rows); }));
+        Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), 1.3, shownRows(model, rows),
+                       shownForm([&model, rows] { return formByHand(model, rows); }));
     }
     Bench::scaling(QStringLiteral("A a row of the inspector, 500 to 5000 rows"), 1.1, {500, 5000},
-                   [&](int rows) { return shownForm(model, rows); });
+                   [&](int rows) { return shownRows(model, rows); });
     Bench::scaling(QStringLiteral("A a row of the form made by hand, 500 to 5000 rows"), 0, {500, 5000},
-                   [&](int rows) { return shown([&model, rows] { return formByHand(model, rows); }); });
+                   [&](int rows) { return shownForm([&model, rows] { return formByHand(model, rows); }); });
 }
 ZEL_BENCHMARK(inspectorBuild)
