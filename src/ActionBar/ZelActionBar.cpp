@@ -4,20 +4,16 @@
 #include "ActionBar/ZelActionBarCheckboxButton.h"
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
-#include "ActionBar/ZelActionTarget.h"
-#include "Observation/ZelDelayedInvocation.h"
+#include "ViewController/ZelActionTarget.h"
+#include "Controls/ZelDelayedValidation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Controls/ZelControlAccessors.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Selection/ZelUndoManager.h"
 
 namespace {
 
 const char g_context = 0;
 const char g_itemContext = 0;
-constexpr double g_validationDelay = 0.1; // in seconds
-constexpr quint32 g_validationPriority = 800000;
 constexpr ZelLayoutPriority g_weak = 250;
 constexpr ZelLayoutPriority g_strong = 750;
 
@@ -27,16 +23,19 @@ using Constraint = ZelLayoutConstraint;
 
 ZelActionBar::ZelActionBar(QWidget *parent)
     : ZelView(parent)
-    , m_validateItemsInvocation(std::make_unique<ZelDelayedInvocation>([this] { validateItems(); }))
+    , m_validation(std::make_unique<ZelDelayedValidation>([this] { validateItems(); }))
 {
     ZelRegisterControlAccessors();
-    m_validateItemsInvocation->setPriority(g_validationPriority);
-    m_validateItemsInvocation->setDelay(g_validationDelay);
 }
 
 ZelActionBar::~ZelActionBar()
 {
     uninstall();
+}
+
+ZelDelayedInvocation &ZelActionBar::validateItemsInvocation()
+{
+    return m_validation->invocation();
 }
 
 // Properties
@@ -95,14 +94,8 @@ void ZelActionBar::viewDidInstall()
     };
     observe("items", [this] { updateItemViews(); });
     observe("style", [this] { update(); });
-    observations.addObservation(
-        ZelMajorEventObservation::observationWithBlock([this](ZelMajorEventObservation *, QEvent *) {
-            if (!m_validateItemsInvocation->isPending())
-                m_validateItemsInvocation->schedule();
-        }),
-        &g_context);
+    m_validation->observeEvents(this, &g_context);
     updateItemViews();
-    m_validateItemsInvocation->schedule();
 }
 
 void ZelActionBar::viewWillUninstall()
@@ -113,7 +106,7 @@ void ZelActionBar::viewWillUninstall()
     for (const QPointer<ZelActionBarItem> &item : m_items)
         if (item)
             disconnect(item, nullptr, this, nullptr);
-    m_validateItemsInvocation->cancel();
+    m_validation->invocation().cancel();
 }
 
 void ZelActionBar::observeItem(ZelActionBarItem *item)
@@ -153,8 +146,7 @@ void ZelActionBar::updateItemViews()
         }
     }
     setNeedsUpdateConstraints();
-    if (!m_validateItemsInvocation->isPending())
-        m_validateItemsInvocation->schedule();
+    m_validation->invocation().schedule();
 }
 
 QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
@@ -172,7 +164,10 @@ QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
     m_madeViews.append(button);
     bindButton(button, item);
     connect(button, &QAbstractButton::clicked, this,
-            [this, button, item = QPointer<ZelActionBarItem>(item)] { performAction(item, button); });
+            [this, button, item = QPointer<ZelActionBarItem>(item)] {
+                if (item)
+                    ZelActionTarget::perform(item->action(), item->target(), this, button);
+            });
     return button;
 }
 
@@ -205,19 +200,6 @@ void ZelActionBar::bindButton(ZelActionBarButton *button, ZelActionBarItem *item
     name();
     connect(item, &ZelActionBarItem::labelChanged, button, name);
     connect(item, &ZelActionBarItem::toolTipChanged, button, name);
-}
-
-void ZelActionBar::performAction(ZelActionBarItem *item, QWidget *sender)
-{
-    if (!item || item->action().isNull())
-        return;
-    QObject *target = ZelActionTarget::targetForAction(item->action(), item->target(), this);
-    if (!target)
-        return;
-    const ZelSelector action = item->action();
-    const ZelUndoGrouping grouping(this);
-    action.perform(target, sender);
-    ZelRereadSilentProperties(); // whatever the action did
 }
 
 void ZelActionBar::validateItems()

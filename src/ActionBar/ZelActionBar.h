@@ -9,6 +9,7 @@
 
 class ZelActionBarButton;
 class ZelDelayedInvocation;
+class ZelDelayedValidation;
 
 /// A thin row of small controls without borders, one for each item, such as those below a list.
 ///
@@ -42,7 +43,7 @@ public:
     QList<QWidget *> itemViews() const { return subviews(); }
     /// The constraints of the present row.
     const QList<ZelLayoutConstraint::Ptr> &stackConstraints() const { return m_stackConstraints; }
-    ZelDelayedInvocation &validateItemsInvocation() { return *m_validateItemsInvocation; }
+    ZelDelayedInvocation &validateItemsInvocation();
 
     /// Makes the controls anew from the items.
     void updateItemViews();
@@ -69,13 +70,12 @@ private:
     void bindButton(ZelActionBarButton *button, ZelActionBarItem *item);
     void observeItem(ZelActionBarItem *item);
     void itemWasDestroyed();
-    void performAction(ZelActionBarItem *item, QWidget *sender);
     QList<ZelLayoutConstraint::Ptr> constraintsOfItem(QWidget *view, const ZelActionBarItem *item);
 
     QList<QPointer<ZelActionBarItem>> m_items;
     QMarginsF m_edgeInsets;
     QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
     QList<QPointer<QWidget>> m_madeViews; // those that the bar has made itself
-    std::unique_ptr<ZelDelayedInvocation> m_validateItemsInvocation;
+    std::unique_ptr<ZelDelayedValidation> m_validation;
     quint32 m_style = 0;
 };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractButton>
+#include "Controls/ZelHoverButton.h"
 
 /// A small button without a border, that shows an image; what has none shows its title.
-class ZelActionBarButton : public QAbstractButton
+class ZelActionBarButton : public ZelHoverButton
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
@@ -32,24 +32,16 @@ public:
     Qt::KeyboardModifiers keyEquivalentModifierMask() const { return m_keyEquivalentModifierMask; }
     void setKeyEquivalentModifierMask(Qt::KeyboardModifiers mask);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return {1, 1}; }
-
 Q_SIGNALS:
     void stateChanged();
     /// The user has changed the state.
     void stateEdited();
 
 protected:
-    /// What lies on the background.
-    virtual void drawContent(QPainter &painter);
-    QIcon shownImage() const { return m_state != 0 && !m_alternateImage.isNull() ? m_alternateImage : icon(); }
-    int titleWidth() const;
-    QColor titleColor() const;
-    /// Whether the button looks pressed.
-    virtual bool isLit() const { return isDown(); }
-
-    void paintEvent(QPaintEvent *event) override;
+    QIcon shownImage() const override;
+    QString shownTitle() const override { return m_title; }
+    bool isOn() const override { return m_state != 0; }
+    bool isLit() const override { return isDown(); }
 
 private:
     void updateShortcut();

@@ -16,7 +16,7 @@ void ZelObservations::setObservations(const QList<ZelObservationPtr> &observatio
 {
     if (!ZelRequire(context, "context != NULL"))
         return;
-    ZelAssociatedObjects(m_owner).setAssociatedValue(
+    ZelAssociatedObjects(m_owner).setAssociateValue(
         observations.isEmpty() ? std::shared_ptr<List>() : std::make_shared<List>(observations), context);
 }
 

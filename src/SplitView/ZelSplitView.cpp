@@ -2,7 +2,7 @@
 #include "SplitView/ZelSplitView.h"
 
 #include "Platform/Runtime/ZelAssertions.h"
-#include "SplitView/ZelSeparatorColor.h"
+#include "Extensions/ZelSeparatorColor.h"
 #include "SplitView/ZelSplitViewHandle.h"
 
 #include <QEvent>

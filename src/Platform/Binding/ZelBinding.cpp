@@ -39,7 +39,7 @@ void ZelBind(QObject *object, const QString &binding, QObject *toObject, const Z
     Bindings *bindings = bindingsOf(object);
     if (!bindings) {
         const auto made = std::make_shared<Bindings>();
-        ZelAssociatedObjects(object).setAssociatedValue(made, &g_bindingsKey);
+        ZelAssociatedObjects(object).setAssociateValue(made, &g_bindingsKey);
         bindings = made.get();
     }
     auto bound =
@@ -62,7 +62,7 @@ void ZelUnbind(QObject *object, const QString &binding)
     const std::unique_ptr<ZelBoundProperty> ended = std::move(*bound);
     bindings->erase(bound);
     if (bindings->empty())
-        ZelAssociatedObjects(object).setAssociatedValue(nullptr, &g_bindingsKey);
+        ZelAssociatedObjects(object).setAssociateValue(nullptr, &g_bindingsKey);
 }
 
 std::optional<ZelBindingInfo> ZelInfoForBinding(const QObject *object, const QString &binding)

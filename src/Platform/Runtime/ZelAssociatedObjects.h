@@ -14,7 +14,7 @@ public:
     }
 
     /// Stores the value; null removes it.
-    void setAssociatedValue(const std::shared_ptr<void> &value, const void *key);
+    void setAssociateValue(const std::shared_ptr<void> &value, const void *key);
     /// Null if there is none.
     std::shared_ptr<void> associatedValueForKey(const void *key) const;
 

@@ -212,7 +212,7 @@ ZelValueChange::~ZelValueChange() noexcept(false)
     ZelRunAtScopeEnd([this] { m_observed->didChange(ZelKeyValueChangeSetting, nullptr, m_byObject); }, m_uncaught);
 }
 
-void ZelAssociatedObjects::setAssociatedValue(const std::shared_ptr<void> &value, const void *key)
+void ZelAssociatedObjects::setAssociateValue(const std::shared_ptr<void> &value, const void *key)
 {
     if (!m_object || (!value && !ZelObjectRecord::find(m_object)))
         return;

@@ -98,7 +98,7 @@ void ZelUndoManager::setForWindow(QWidget *window, ZelUndoManager *manager)
     std::shared_ptr<void> filed;
     if (manager)
         filed = std::make_shared<QPointer<ZelUndoManager>>(manager);
-    ZelAssociatedObjects(window).setAssociatedValue(filed, &g_managerKey);
+    ZelAssociatedObjects(window).setAssociateValue(filed, &g_managerKey);
 }
 
 ZelUndoGrouping::ZelUndoGrouping(ZelUndoManager *manager)

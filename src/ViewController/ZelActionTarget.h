@@ -21,6 +21,11 @@ public:
     /// that.
     static bool isValid(const ZelSelector &action, QObject *target, QWidget *sender, QObject *item);
 
+    /// Sends the action to its target, or to whom it finds, in one undo grouping of the window of the chain's start.
+    /// The sender handed to the method is the control. Does nothing where nobody takes the action. Everything may be
+    /// gone afterwards.
+    static void perform(const ZelSelector &action, QObject *target, QWidget *start, QObject *control);
+
 private:
     static QObject *firstResponder(const ZelSelector &action, QObject *from);
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ActionBar/ZelActionTarget.h"
+#include "ViewController/ZelActionTarget.h"
 
+#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Selection/ZelUndoManager.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
 
@@ -61,4 +63,15 @@ bool ZelActionTarget::isValid(const ZelSelector &action, QObject *target, QWidge
     bool answer = true;
     askToValidate(receiver, item, &answer);
     return answer;
+}
+
+void ZelActionTarget::perform(const ZelSelector &action, QObject *target, QWidget *start, QObject *control)
+{
+    QObject *receiver = targetForAction(action, target, start);
+    if (!receiver)
+        return;
+    const ZelSelector kept = action; // the action may change what it was read from
+    const ZelUndoGrouping grouping(start);
+    kept.perform(receiver, control);
+    ZelRereadSilentProperties(); // whatever the action did
 }

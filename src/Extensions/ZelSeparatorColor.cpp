@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SplitView/ZelSeparatorColor.h"
+#include "Extensions/ZelSeparatorColor.h"
 
 #include "Platform/Runtime/ZelAssertions.h"
 

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/ZelHoverButton.h"
+
+#include "Platform/Controls/ZelControlSize.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <cmath>
+
+namespace {
+
+constexpr int g_imageMargin = 3; // left and right of the image
+constexpr int g_titleMargin = 5;
+
+QColor withAlpha(QColor color, float alpha)
+{
+    color.setAlphaF(alpha);
+    return color;
+}
+
+} // namespace
+
+ZelHoverButton::ZelHoverButton(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    setAttribute(Qt::WA_Hover);
+    setFont(ZelControlSize::smallFont());
+    setIconSize(ZelControlSize::imageSize);
+}
+
+void ZelHoverButton::setHoverImage(const QIcon &image)
+{
+    m_hoverImage = image;
+    update();
+}
+
+QIcon ZelHoverButton::shownImage() const
+{
+    return isHovered() && isEnabled() && !m_hoverImage.isNull() ? m_hoverImage : icon();
+}
+
+/// The text without the marks of its mnemonic.
+QString ZelHoverButton::shownTitle() const
+{
+    QString title = text();
+    for (qsizetype i = title.indexOf(QLatin1Char('&')); i >= 0; i = title.indexOf(QLatin1Char('&'), i + 1))
+        title.remove(i, 1);
+    return title;
+}
+
+/// Rounded up: a title in less than its width is elided.
+int ZelHoverButton::titleWidth() const
+{
+    return int(std::ceil(QFontMetricsF(font()).horizontalAdvance(shownTitle())));
+}
+
+QSize ZelHoverButton::sizeHint() const
+{
+    ensurePolished();
+    const int height = qMax(iconSize().height() + 2, fontMetrics().height());
+    if (icon().isNull() && !shownTitle().isEmpty())
+        return {titleWidth() + 2 * g_titleMargin, height};
+    return {iconSize().width() + 2 * g_imageMargin, height};
+}
+
+/// Faint where disabled: many palettes have no colour of their own for that.
+QColor ZelHoverButton::titleColor() const
+{
+    const QColor color = palette().color(QPalette::Active, QPalette::WindowText);
+    return isEnabled() ? color : withAlpha(color, 0.4F);
+}
+
+bool ZelHoverButton::event(QEvent *event)
+{
+    const bool handled = QAbstractButton::event(event);
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave) {
+        update();
+        Q_EMIT hoveredChanged();
+    }
+    return handled;
+}
+
+void ZelHoverButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area = QRectF(rect()).adjusted(1, 1, -1, -1);
+    if (isEnabled() && (isLit() || isHovered())) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(withAlpha(palette().color(QPalette::WindowText), isLit() ? 0.22F : 0.1F));
+        painter.drawRoundedRect(area, 3, 3);
+    }
+    drawContent(painter);
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(withAlpha(palette().color(QPalette::Highlight), 0.8F), 1.5));
+        painter.drawRoundedRect(area, 3, 3);
+    }
+}
+
+void ZelHoverButton::drawContent(QPainter &painter)
+{
+    const QIcon image = shownImage();
+    if (!image.isNull()) {
+        QRect place(QPoint(), iconSize());
+        place.moveCenter(rect().center());
+        image.paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled,
+                    isOn() ? QIcon::On : QIcon::Off);
+        return;
+    }
+    const QRect place = rect().adjusted(g_titleMargin, 0, -g_titleMargin, 0);
+    painter.setPen(titleColor());
+    painter.drawText(place, Qt::AlignCenter, fontMetrics().elidedText(shownTitle(), Qt::ElideRight, place.width()));
+}

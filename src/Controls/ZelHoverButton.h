@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+
+/// A small button without a border, which is shaded while the pointer is over it. It shows its icon; without one, its
+/// text.
+///
+/// Where a plain tool button would do, use QToolButton with autoRaise: this one is for rows of small controls, whose
+/// images lie close together, and for subclasses that draw something of their own.
+class ZelHoverButton : public QAbstractButton
+{
+    Q_OBJECT
+    /// Shown instead of the icon while the pointer is over the button, if there is one.
+    Q_PROPERTY(QIcon hoverImage READ hoverImage WRITE setHoverImage)
+    /// Whether the pointer is over the button.
+    Q_PROPERTY(bool hovered READ isHovered NOTIFY hoveredChanged)
+public:
+    explicit ZelHoverButton(QWidget *parent = nullptr);
+
+    const QIcon &hoverImage() const { return m_hoverImage; }
+    void setHoverImage(const QIcon &image);
+    bool isHovered() const { return underMouse(); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {1, 1}; }
+
+Q_SIGNALS:
+    void hoveredChanged();
+
+protected:
+    virtual QIcon shownImage() const;
+    virtual QString shownTitle() const;
+    /// Whether the button looks pressed.
+    virtual bool isLit() const { return isDown() || isOn(); }
+    virtual bool isOn() const { return isChecked(); }
+    /// What lies on the background.
+    virtual void drawContent(QPainter &painter);
+    int titleWidth() const;
+    QColor titleColor() const;
+
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QIcon m_hoverImage;
+};
