@@ -4,11 +4,11 @@
 #include "ActionBar/ZelActionBarCheckboxButton.h"
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
-#include "ViewController/ZelActionTarget.h"
 #include "Controls/ZelDelayedValidation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Controls/ZelControlAccessors.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
+#include "ViewController/ZelActionTarget.h"
 
 namespace {
 
@@ -31,6 +31,7 @@ ZelActionBar::ZelActionBar(QWidget *parent)
 ZelActionBar::~ZelActionBar()
 {
     uninstall();
+    leaveItems(); // which may have been followed without a window
 }
 
 ZelDelayedInvocation &ZelActionBar::validateItemsInvocation()
@@ -163,11 +164,10 @@ QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
     ZelActionBarButton *button = makeButton(item);
     m_madeViews.append(button);
     bindButton(button, item);
-    connect(button, &QAbstractButton::clicked, this,
-            [this, button, item = QPointer<ZelActionBarItem>(item)] {
-                if (item)
-                    ZelActionTarget::perform(item->action(), item->target(), this, button);
-            });
+    connect(button, &QAbstractButton::clicked, this, [this, button, item = QPointer<ZelActionBarItem>(item)] {
+        if (item)
+            ZelActionTarget::perform(item->action(), item->target(), this, button);
+    });
     return button;
 }
 

@@ -69,6 +69,7 @@ private:
     ZelActionBarButton *makeButton(ZelActionBarItem *item);
     void bindButton(ZelActionBarButton *button, ZelActionBarItem *item);
     void observeItem(ZelActionBarItem *item);
+    void leaveItems();
     void itemWasDestroyed();
     QList<ZelLayoutConstraint::Ptr> constraintsOfItem(QWidget *view, const ZelActionBarItem *item);
 

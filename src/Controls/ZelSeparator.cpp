@@ -1,12 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelSeparator.h"
 
+#include "Extensions/ZelSeparatorColor.h"
+
+#include <QEvent>
 #include <cmath>
 
+namespace {
+constexpr quint32 g_faintestLevel = 2;
+}
+
 ZelSeparator::ZelSeparator(QWidget *parent)
-    : ZelView(parent)
+    : ZelSeparator(Qt::Horizontal, parent)
 {
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+ZelSeparator::ZelSeparator(Qt::Orientation orientation, QWidget *parent)
+    : ZelView(parent)
+    , m_orientation(orientation)
+{
+    updateSizePolicy();
 }
 
 void ZelSeparator::setLevel(quint32 level)
@@ -28,18 +41,45 @@ void ZelSeparator::setEdgeInsets(const QMarginsF &insets)
     Q_EMIT edgeInsetsChanged();
 }
 
+void ZelSeparator::setOrientation(Qt::Orientation orientation)
+{
+    if (m_orientation == orientation)
+        return;
+    m_orientation = orientation;
+    updateSizePolicy();
+    updateGeometry();
+    update();
+    Q_EMIT orientationChanged();
+}
+
+void ZelSeparator::updateSizePolicy()
+{
+    const bool isHorizontal = m_orientation == Qt::Horizontal;
+    setSizePolicy(isHorizontal ? QSizePolicy::Preferred : QSizePolicy::Fixed,
+                  isHorizontal ? QSizePolicy::Fixed : QSizePolicy::Preferred);
+}
+
 QSize ZelSeparator::sizeHint() const
 {
-    return QSize(int(std::ceil(m_edgeInsets.left() + m_edgeInsets.right())),
-                 int(std::ceil(m_edgeInsets.top() + m_edgeInsets.bottom())) + 1);
+    const QSize insets(int(std::ceil(m_edgeInsets.left() + m_edgeInsets.right())),
+                       int(std::ceil(m_edgeInsets.top() + m_edgeInsets.bottom())));
+    return insets + (m_orientation == Qt::Horizontal ? QSize(0, 1) : QSize(1, 0));
 }
 
 void ZelSeparator::drawRect(QPainter &painter, const QRect &dirtyRect)
 {
     ZelView::drawRect(painter, dirtyRect);
-    static constexpr double strengths[] = {0.35, 0.35, 0.2, 0.1};
-    QColor color = palette().color(QPalette::WindowText);
-    color.setAlphaF(float(strengths[qMin<size_t>(m_level, std::size(strengths) - 1)]));
-    const QRectF line = bounds().marginsRemoved(m_edgeInsets);
-    painter.fillRect(QRectF(line.left(), line.top(), line.width(), 1), color);
+    QRectF line = bounds().marginsRemoved(m_edgeInsets);
+    if (m_orientation == Qt::Horizontal)
+        line.setHeight(1);
+    else
+        line.setWidth(1);
+    painter.fillRect(line, ZelSeparatorColorForLevel(qMin(m_level, g_faintestLevel), isActiveWindow(), palette()));
+}
+
+void ZelSeparator::changeEvent(QEvent *event)
+{
+    ZelView::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        update();
 }

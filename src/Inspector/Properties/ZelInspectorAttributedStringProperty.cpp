@@ -98,7 +98,8 @@ void ZelInspectorAttributedStringProperty::loadView()
 
 void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
 {
-    m_segmentedControl = new ZelSegmentedControl(container);
+    m_segmentedControl = new ZelSegmentedControl;
+    m_resizableSegmentedControlView = new ZelResizableSegmentedControlView(m_segmentedControl, container);
     m_segmentedControl->setAccessibleName(title());
     m_segmentedControl->setFocusPolicy(Qt::TabFocus); // a click leaves the focus, and the edit, in the text
     m_segmentedControl->setSelectsAny(true);
@@ -111,7 +112,7 @@ void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
                                          ZelTextFormatImages::alignmentImage(QString::fromLatin1(description.image)));
     }
     m_segmentedControl->setSegmentTitle(MoreSegment, QStringLiteral("..."));
-    ZelEditorLayout::setStretches(m_segmentedControl, 1);
+    ZelEditorLayout::setStretches(m_resizableSegmentedControlView, 1);
     connect(m_segmentedControl, &ZelSegmentedControl::action, this,
             &ZelInspectorAttributedStringProperty::selectSegment);
 }
@@ -145,7 +146,7 @@ void ZelInspectorAttributedStringProperty::makeTextView(ZelView *container)
 
 void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
 {
-    QHash<QString, QWidget *> views{{QStringLiteral("bar"), m_segmentedControl},
+    QHash<QString, QWidget *> views{{QStringLiteral("bar"), m_resizableSegmentedControlView},
                                     {QStringLiteral("font"), m_fontProperty->view()},
                                     {QStringLiteral("text"), m_textView}};
     QString column = QStringLiteral("V:|-2-[bar][font]-2-[text]-2-|");

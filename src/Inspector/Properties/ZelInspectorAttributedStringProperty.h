@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelResizableSegmentedControlView.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/Properties/ZelInspectorTextView.h"
 #include "Platform/Controls/ZelColorPanel.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelPopover.h"
-#include "Platform/Controls/ZelSegmentedControl.h"
 
 class ZelUndoGrouping;
 
@@ -75,6 +75,7 @@ public:
     static void setParagraphStyleInspectorMaker(const ParagraphStyleInspectorMaker &maker);
 
     ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
+    ZelResizableSegmentedControlView *resizableSegmentedControlView() const { return m_resizableSegmentedControlView; }
     ZelInspectorFontProperty *fontProperty() const { return m_fontProperty.get(); }
     ZelInspectorTextView *textView() const { return m_textView; }
     ZelLabel *label() const { return m_label; }
@@ -134,6 +135,7 @@ private:
     void showColorInPanel();
 
     QPointer<ZelSegmentedControl> m_segmentedControl;
+    QPointer<ZelResizableSegmentedControlView> m_resizableSegmentedControlView;
     QPointer<ZelInspectorTextView> m_textView;
     QPointer<ZelLabel> m_label;
     std::unique_ptr<ZelInspectorFontProperty> m_fontProperty;

@@ -28,7 +28,8 @@ void ZelInspectorImageEnumerationProperty::loadView()
 {
     ZelView *container = makeEditorView();
     if (isEditable()) {
-        m_segmentedControl = new ZelSegmentedControl(container);
+        m_segmentedControl = new ZelSegmentedControl;
+        m_resizableSegmentedControlView = new ZelResizableSegmentedControlView(m_segmentedControl, container);
         m_segmentedControl->setAccessibleName(title());
         connect(m_segmentedControl, &ZelSegmentedControl::action, this,
                 [this] { userDidChangeValue(m_segmentedControl); });
@@ -37,7 +38,7 @@ void ZelInspectorImageEnumerationProperty::loadView()
         m_imageView->setFixedHeight(ZelControlSize::imageSide);
         m_imageView->setAccessibleName(title());
     }
-    QWidget *control = viewForBaselineAlignment();
+    QWidget *control = isEditable() ? static_cast<QWidget *>(m_resizableSegmentedControlView) : m_imageView;
     ZelEditorLayout::setStretches(control, 1);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     // The control has room below its segments: the title overlaps it.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelResizableSegmentedControlView.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 #include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelSegmentedControl.h"
 
 #include <QLabel>
 
@@ -18,6 +18,7 @@ public:
     ~ZelInspectorImageEnumerationProperty() override;
 
     ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
+    ZelResizableSegmentedControlView *resizableSegmentedControlView() const { return m_resizableSegmentedControlView; }
     QLabel *imageView() const { return m_imageView; }
     const QVariant &selectedIndex() const { return m_selectedIndex; }
     void setSelectedIndex(const QVariant &index);
@@ -42,6 +43,7 @@ private:
     void showImage();
 
     QPointer<ZelSegmentedControl> m_segmentedControl;
+    QPointer<ZelResizableSegmentedControlView> m_resizableSegmentedControlView;
     QPointer<QLabel> m_imageView;
     QPointer<ZelLabel> m_label;
     QList<Choice> m_choices;

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/ZelBorderedTextField.h"
+
+#include "Extensions/ZelSeparatorColor.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QPainter>
+
+namespace {
+constexpr int g_padding = 2; // between the line and the text
+}
+
+ZelBorderedTextField::ZelBorderedTextField(QWidget *parent)
+    : ZelTextField(parent)
+{
+    setFrame(false);
+    updateMargins();
+}
+
+void ZelBorderedTextField::setBorderColor(const QColor &color)
+{
+    m_borderColor = color;
+    update();
+}
+
+void ZelBorderedTextField::setBorderWidth(int width)
+{
+    if (!ZelRequire(width >= 0, "width >= 0"))
+        return;
+    m_borderWidth = width;
+    updateMargins();
+}
+
+void ZelBorderedTextField::setBorderEdges(Qt::Edges edges)
+{
+    m_borderEdges = edges;
+    updateMargins();
+}
+
+/// The same on all edges, whether they have a line or not, so that texts of neighbours stay aligned.
+void ZelBorderedTextField::updateMargins()
+{
+    const int margin = m_borderWidth + g_padding;
+    setTextMargins(margin, margin, margin, margin);
+    update();
+}
+
+QColor ZelBorderedTextField::shownBorderColor() const
+{
+    if (hasFocus() && !isReadOnly())
+        return palette().color(QPalette::Highlight);
+    QColor color = m_borderColor.isValid() ? m_borderColor : ZelSeparatorColorForLevel(0, isActiveWindow(), palette());
+    if (!isEnabled())
+        color.setAlphaF(color.alphaF() / 2);
+    return color;
+}
+
+void ZelBorderedTextField::paintEvent(QPaintEvent *event)
+{
+    ZelTextField::paintEvent(event);
+    if (!errorText().isNull()) // which has a line of its own
+        return;
+    QPainter painter(this);
+    const QRect all = rect();
+    const QRect inner = all.marginsRemoved({m_borderWidth, m_borderWidth, m_borderWidth, m_borderWidth});
+    const QColor color = shownBorderColor();
+    const std::pair<Qt::Edge, QRect> lines[] = {
+        {Qt::TopEdge, {all.topLeft(), QSize(all.width(), m_borderWidth)}},
+        {Qt::BottomEdge, {all.left(), inner.bottom() + 1, all.width(), m_borderWidth}},
+        {Qt::LeftEdge, {all.left(), inner.top(), m_borderWidth, inner.height()}},
+        {Qt::RightEdge, {inner.right() + 1, inner.top(), m_borderWidth, inner.height()}},
+    };
+    for (const auto &[edge, line] : lines)
+        if (m_borderEdges & edge)
+            painter.fillRect(line, color);
+}

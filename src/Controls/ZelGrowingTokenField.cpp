@@ -1,0 +1,537 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/ZelGrowingTokenField.h"
+
+#include "Controls/ZelToken.h"
+#include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValues.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyleOptionFrame>
+
+namespace {
+
+constexpr int g_gap = 3;         // between tokens and between lines
+constexpr int g_inputMargin = 6; // what a line edit needs beside its text
+constexpr int g_leastInput = 24;
+constexpr int g_widthInDigits = 16;
+
+QVariantList listOf(const QVariant &value)
+{
+    if (ZelIsNull(value) || ZelIsControllerMarker(value))
+        return {};
+    const bool isText = value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QByteArray;
+    return !isText && value.canConvert<QVariantList>() ? value.toList() : QVariantList{value};
+}
+
+bool isReturn(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+void registerAccessors()
+{
+    using Field = ZelGrowingTokenField;
+    auto value = std::make_unique<ZelFunctionAccessor<Field>>([](const Field *field) { return field->objectValue(); },
+                                                              [](Field *field, const QVariant &newValue) {
+                                                                  field->setObjectValue(newValue);
+                                                                  return true;
+                                                              });
+    value->setNotify(&Field::objectValueChanged).setEdit(&Field::valueEdited).setTakesMarkers();
+    ZelPropertyAccessor::registerAccessor(&Field::staticMetaObject, "value", std::move(value));
+}
+
+} // namespace
+
+ZelGrowingTokenField::ZelGrowingTokenField(QWidget *parent)
+    : QWidget(parent)
+    , m_input(new QLineEdit(this))
+{
+    static const bool registered = (registerAccessors(), true);
+    Q_UNUSED(registered)
+    ZelControlSupport::prepare();
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    setCursor(Qt::IBeamCursor);
+    setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(m_input);
+    m_input->setFrame(false);
+    m_input->installEventFilter(this);
+    connect(m_input, &QLineEdit::textEdited, this, &ZelGrowingTokenField::typed);
+    connect(m_input, &QLineEdit::textChanged, this, &ZelGrowingTokenField::itemsDidChange);
+}
+
+ZelGrowingTokenField::~ZelGrowingTokenField()
+{
+    // They lose the focus while they are deleted; by then there is no field to tell.
+    for (QWidget *item : itemsInOrder())
+        item->removeEventFilter(this);
+    m_input->disconnect(this);
+}
+
+// Value
+
+void ZelGrowingTokenField::setObjectValue(const QVariant &value)
+{
+    const bool changed = !ZelEqual(m_content.value, value);
+    const bool keepsEdit = isEditing() && (!changed || hasFocusInside());
+    m_content.value = value;
+    if (!keepsEdit)
+        showValue();
+    if (changed)
+        Q_EMIT objectValueChanged();
+}
+
+void ZelGrowingTokenField::setFormatter(const ZelFormatter::Ptr &formatter)
+{
+    m_content.formatter = formatter;
+    if (isEditing())
+        return;
+    while (!m_tokens.isEmpty())
+        takeToken(m_tokens.size() - 1); // their texts may be others
+    showValue();
+}
+
+void ZelGrowingTokenField::setNullPlaceholder(const QString &text)
+{
+    m_content.nullPlaceholder = text;
+    itemsDidChange();
+}
+
+void ZelGrowingTokenField::setEditable(bool editable)
+{
+    if (editable == m_editable)
+        return;
+    if (!editable)
+        discardEditing();
+    m_editable = editable;
+    m_input->setVisible(editable);
+    setFocusProxy(editable ? m_input : nullptr);
+    itemsDidChange();
+    Q_EMIT editableChanged();
+}
+
+bool ZelGrowingTokenField::isEditing() const
+{
+    return !m_input->text().isEmpty() || !ZelEqual(m_values, listOf(m_content.value));
+}
+
+void ZelGrowingTokenField::showValue()
+{
+    setError({});
+    m_input->clear();
+    const QVariantList values = listOf(m_content.value);
+    const qsizetype selected = selectedToken();
+    if (!ZelEqual(values, m_values) || m_tokens.size() != values.size()) {
+        while (!m_tokens.isEmpty())
+            takeToken(m_tokens.size() - 1);
+        for (const QVariant &value : values)
+            insertToken(m_tokens.size(), value);
+        if (selected >= 0)
+            (m_tokens.isEmpty() ? static_cast<QWidget *>(this) : m_tokens.at(qMin(selected, m_tokens.size() - 1)))
+                ->setFocus(Qt::OtherFocusReason);
+    }
+    m_inputIndex = m_tokens.size();
+    itemsDidChange();
+}
+
+bool ZelGrowingTokenField::commitEditing()
+{
+    if (!isEditing())
+        return true;
+    if (!tokenize(m_input->text()))
+        return false;
+    m_inputIndex = m_tokens.size();
+    reportChange();
+    return true;
+}
+
+void ZelGrowingTokenField::discardEditing()
+{
+    if (isEditing())
+        showValue();
+}
+
+/// The field may be gone afterwards.
+void ZelGrowingTokenField::reportChange()
+{
+    itemsDidChange();
+    if (ZelEqual(m_values, listOf(m_content.value)))
+        return;
+    m_content.value = m_values;
+    ZelControlSupport::reportNewValue(this);
+}
+
+void ZelGrowingTokenField::setError(const QString &error)
+{
+    if (error == m_error)
+        return;
+    m_error = error;
+    setAccessibleDescription(error);
+    QPalette colors;
+    if (!error.isEmpty())
+        colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
+    m_input->setPalette(colors);
+    update();
+}
+
+// Tokens
+
+void ZelGrowingTokenField::insertToken(qsizetype index, const QVariant &value)
+{
+    ZelFieldContent content = m_content;
+    content.value = value;
+    auto *token = new ZelToken(content.displayString(), this);
+    token->installEventFilter(this);
+    connect(token, &ZelToken::doubleClicked, this, [this, token] { editToken(m_tokens.indexOf(token)); });
+    m_tokens.insert(index, token);
+    m_values.insert(index, value);
+    token->show();
+}
+
+/// Out of the field; the value is left to the caller.
+void ZelGrowingTokenField::takeToken(qsizetype index)
+{
+    ZelToken *token = m_tokens.takeAt(index);
+    m_values.removeAt(index);
+    m_inputIndex -= index < m_inputIndex;
+    token->removeEventFilter(this);
+    token->disconnect(this);
+    token->hide();
+    token->deleteLater(); // it may be the one whose event led here
+}
+
+void ZelGrowingTokenField::removeToken(qsizetype index)
+{
+    QWidget *next = index + 1 < m_tokens.size() ? m_tokens.at(index + 1) : static_cast<QWidget *>(m_input);
+    next->setFocus(Qt::OtherFocusReason);
+    takeToken(index);
+    reportChange();
+}
+
+/// Puts the token's text into the input in its place.
+void ZelGrowingTokenField::editToken(qsizetype index)
+{
+    if (!m_editable || index < 0 || !commitEditing() || index >= m_tokens.size())
+        return;
+    ZelFieldContent content = m_content;
+    content.value = m_values.at(index);
+    m_input->setFocus(Qt::OtherFocusReason);
+    takeToken(index);
+    m_inputIndex = index;
+    m_input->setText(content.editingString());
+    m_input->selectAll();
+    itemsDidChange();
+}
+
+qsizetype ZelGrowingTokenField::selectedToken() const
+{
+    for (qsizetype i = 0; i < m_tokens.size(); ++i)
+        if (m_tokens.at(i)->hasFocus())
+            return i;
+    return -1;
+}
+
+void ZelGrowingTokenField::selectNeighbour(int step)
+{
+    const QList<QWidget *> items = itemsInOrder();
+    QWidget *focused = QApplication::focusWidget();
+    const qsizetype place = focused == this ? (step > 0 ? -1 : items.size()) : items.indexOf(focused);
+    QWidget *next = items.value(place + step);
+    if (!next)
+        return;
+    next->setFocus(Qt::OtherFocusReason);
+    if (next == m_input)
+        m_input->setCursorPosition(step > 0 ? 0 : int(m_input->text().size()));
+}
+
+// Typing
+
+void ZelGrowingTokenField::typed(const QString &text)
+{
+    setError({});
+    const auto isSeparator = [this](QChar c) { return m_tokenizingCharacters.contains(c); };
+    const auto last = std::find_if(text.rbegin(), text.rend(), isSeparator);
+    if (last == text.rend())
+        return;
+    const qsizetype rest = text.rend() - last;
+    if (!tokenize(text.left(rest)))
+        return;
+    m_input->setText(text.mid(rest).trimmed());
+    reportChange();
+}
+
+/// Turns a text into tokens before the input and clears that; leaves everything as it is where a piece means no value.
+bool ZelGrowingTokenField::tokenize(const QString &text)
+{
+    QVariantList values;
+    for (const QString &piece : pieces(text)) {
+        QVariant value;
+        QString error;
+        if (!m_content.parse(piece, &value, &error)) {
+            setError(error);
+            return false;
+        }
+        values.append(value);
+    }
+    setError({});
+    m_input->clear();
+    for (const QVariant &value : values)
+        insertToken(m_inputIndex++, value);
+    return true;
+}
+
+QStringList ZelGrowingTokenField::pieces(const QString &text) const
+{
+    QStringList pieces{QString()};
+    for (const QChar c : text) {
+        if (m_tokenizingCharacters.contains(c))
+            pieces.append(QString());
+        else
+            pieces.last().append(c);
+    }
+    for (QString &piece : pieces)
+        piece = piece.trimmed();
+    pieces.removeAll(QString());
+    return pieces;
+}
+
+// Events
+
+bool ZelGrowingTokenField::eventFilter(QObject *object, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        m_input->setAccessibleName(accessibleName());
+        update();
+        break;
+    case QEvent::FocusOut:
+        focusMayHaveLeft(event);
+        break;
+    case QEvent::ShortcutOverride:
+        return object == m_input && reservesShortcut(static_cast<QKeyEvent *>(event));
+    case QEvent::KeyPress:
+        return object == m_input && inputKeyPressed(static_cast<QKeyEvent *>(event));
+    default:
+        break;
+    }
+    return false;
+}
+
+bool ZelGrowingTokenField::hasFocusInside() const
+{
+    const QWidget *focused = QApplication::focusWidget();
+    return focused && (focused == this || isAncestorOf(focused));
+}
+
+void ZelGrowingTokenField::focusMayHaveLeft(const QEvent *event)
+{
+    update();
+    const Qt::FocusReason reason = static_cast<const QFocusEvent *>(event)->reason();
+    if (reason != Qt::PopupFocusReason && !hasFocusInside())
+        commitEditing();
+}
+
+/// Return and Escape are the field's while it is edited; undo and redo are the window's while nothing was typed.
+bool ZelGrowingTokenField::reservesShortcut(QKeyEvent *event) const
+{
+    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
+        event->ignore();
+        return m_input->text().isEmpty();
+    }
+    if (!isEditing() || !(event->key() == Qt::Key_Escape || isReturn(event)))
+        return false;
+    event->accept();
+    return true;
+}
+
+bool ZelGrowingTokenField::inputKeyPressed(const QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && isEditing()) {
+        discardEditing();
+        return true;
+    }
+    if (isReturn(event) && isEditing()) {
+        commitEditing();
+        return true;
+    }
+    if (event->modifiers() & ~Qt::KeypadModifier || m_input->hasSelectedText())
+        return false;
+    const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
+    const int back = isRightToLeft ? Qt::Key_Right : Qt::Key_Left;
+    const int forward = isRightToLeft ? Qt::Key_Left : Qt::Key_Right;
+    const bool atStart = m_input->cursorPosition() == 0;
+    const bool atEnd = m_input->cursorPosition() == m_input->text().size();
+    if (atStart && m_inputIndex > 0 && (event->key() == back || event->key() == Qt::Key_Backspace)) {
+        selectNeighbour(-1);
+        return true;
+    }
+    if (atEnd && m_inputIndex < m_tokens.size() && event->key() == forward) {
+        selectNeighbour(1);
+        return true;
+    }
+    return false;
+}
+
+/// What the tokens leave to the field, and what it gets itself when there is no input.
+void ZelGrowingTokenField::keyPressEvent(QKeyEvent *event)
+{
+    const qsizetype selected = selectedToken();
+    const bool edits = m_editable && selected >= 0;
+    const int forward = layoutDirection() == Qt::RightToLeft ? -1 : 1;
+    if (m_editable && selected < 0) {
+        event->ignore(); // the input has no use for it
+    } else if (event->matches(QKeySequence::Copy) && selected >= 0) {
+        QApplication::clipboard()->setText(m_tokens.at(selected)->text());
+    } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+        selectNeighbour(event->key() == Qt::Key_Right ? forward : -forward);
+    } else if (edits && (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete)) {
+        removeToken(selected);
+    } else if (edits && (isReturn(event) || event->key() == Qt::Key_F2)) {
+        editToken(selected);
+    } else if (edits && !event->text().isEmpty() && event->text().at(0).isPrint() &&
+               !ZelControlSupport::hasCommandModifier(event)) {
+        m_input->setFocus(Qt::OtherFocusReason);
+        m_input->insert(event->text());
+        typed(m_input->text());
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ZelGrowingTokenField::mousePressEvent(QMouseEvent *event)
+{
+    if (m_editable)
+        m_input->setFocus(Qt::MouseFocusReason);
+    QWidget::mousePressEvent(event);
+}
+
+bool ZelGrowingTokenField::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && ZelControlSupport::showToolTip(event, this, m_error))
+        return true;
+    return QWidget::event(event);
+}
+
+void ZelGrowingTokenField::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::EnabledChange:
+        if (!isEnabled())
+            discardEditing();
+        break;
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::LayoutDirectionChange:
+        itemsDidChange();
+        break;
+    default:
+        break;
+    }
+}
+
+// Layout and look
+
+QList<QWidget *> ZelGrowingTokenField::itemsInOrder() const
+{
+    QList<QWidget *> items{m_tokens.begin(), m_tokens.end()};
+    if (m_editable)
+        items.insert(m_inputIndex, m_input);
+    return items;
+}
+
+void ZelGrowingTokenField::initStyleOption(QStyleOptionFrame *option) const
+{
+    option->initFrom(this);
+    option->lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, option, this);
+    option->state |= QStyle::State_Sunken;
+    option->state.setFlag(QStyle::State_ReadOnly, !m_editable);
+    option->state.setFlag(QStyle::State_HasFocus, m_editable && hasFocusInside());
+}
+
+/// A field of one line is as high as a line edit.
+QMargins ZelGrowingTokenField::margins() const
+{
+    const int vertical = qMax(1, (ZelControlSupport::fieldHeight(this) - fontMetrics().height()) / 2);
+    const int horizontal = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this) + 2;
+    return {horizontal, vertical, horizontal, vertical};
+}
+
+/// Puts the items into lines, and answers the height that they need.
+int ZelGrowingTokenField::arrange(int width, bool places) const
+{
+    const QMargins margins = this->margins();
+    const int available = qMax(1, width - margins.left() - margins.right());
+    const int lineHeight = fontMetrics().height();
+    const QList<QWidget *> items = itemsInOrder();
+    QPoint place;
+    for (QWidget *item : items) {
+        const int textWidth = fontMetrics().horizontalAdvance(m_input->text());
+        const int wanted = item == m_input ? qMax(g_leastInput, textWidth + g_inputMargin) : item->sizeHint().width();
+        const int itemWidth = qMin(wanted, available);
+        if (place.x() > 0 && place.x() + itemWidth > available)
+            place = QPoint(0, place.y() + lineHeight + g_gap);
+        if (places) {
+            const bool takesRest = item == m_input && item == items.last();
+            const QRect rect(place, QSize(takesRest ? available - place.x() : itemWidth, lineHeight));
+            item->setGeometry(
+                QStyle::visualRect(layoutDirection(), this->rect(), rect.translated(margins.left(), margins.top())));
+        }
+        place.rx() += itemWidth + g_gap;
+    }
+    return place.y() + lineHeight + margins.top() + margins.bottom();
+}
+
+void ZelGrowingTokenField::itemsDidChange()
+{
+    m_input->setPlaceholderText(m_tokens.isEmpty() ? m_content.placeholder() : QString());
+    arrange(width(), true);
+    updateGeometry();
+    update();
+}
+
+void ZelGrowingTokenField::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    arrange(width(), true);
+}
+
+QSize ZelGrowingTokenField::sizeHint() const
+{
+    ensurePolished();
+    const int width = ZelControlSize::digitsWidth(font(), g_widthInDigits) + margins().left() + margins().right();
+    return {width, heightForWidth(width)};
+}
+
+QSize ZelGrowingTokenField::minimumSizeHint() const
+{
+    ensurePolished();
+    return {g_leastInput + margins().left() + margins().right(),
+            fontMetrics().height() + margins().top() + margins().bottom()};
+}
+
+double ZelGrowingTokenField::baselineOffsetForHeight(double) const
+{
+    return margins().top() + fontMetrics().ascent();
+}
+
+void ZelGrowingTokenField::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
+    if (m_error.isEmpty())
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(ZelThemeColor::error(palette()));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}

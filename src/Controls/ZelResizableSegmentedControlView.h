@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelSegmentedControl.h"
+#include "Platform/Layout/ZelBaselineProvider.h"
+
+#include <QPointer>
+#include <QWidget>
+
+/// Holds a segmented control at its own full width, however the view is stretched, and wants the size that the control
+/// wants.
+class ZelResizableSegmentedControlView : public QWidget, public ZelBaselineProvider
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelBaselineProvider)
+public:
+    explicit ZelResizableSegmentedControlView(QWidget *parent = nullptr);
+    explicit ZelResizableSegmentedControlView(ZelSegmentedControl *control, QWidget *parent = nullptr);
+
+    ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
+    /// Takes the control as a child; null for none. One that is replaced is deleted.
+    void setSegmentedControl(ZelSegmentedControl *control);
+
+    double baselineOffsetForHeight(double height) const override;
+
+private:
+    QPointer<ZelSegmentedControl> m_segmentedControl;
+};
