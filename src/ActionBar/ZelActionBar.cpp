@@ -103,11 +103,16 @@ void ZelActionBar::viewWillUninstall()
 {
     ZelView::viewWillUninstall();
     ZelObservations(this).removeAllObservationsForContext(&g_context);
+    leaveItems();
+    m_validation->invocation().cancel();
+}
+
+void ZelActionBar::leaveItems()
+{
     ZelObservations(this).removeAllObservationsForContext(&g_itemContext);
-    for (const QPointer<ZelActionBarItem> &item : m_items)
+    for (const QPointer<ZelActionBarItem> &item : std::as_const(m_items))
         if (item)
             disconnect(item, nullptr, this, nullptr);
-    m_validation->invocation().cancel();
 }
 
 void ZelActionBar::observeItem(ZelActionBarItem *item)
