@@ -328,7 +328,7 @@ bool ZelView::event(QEvent *event)
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:
-        return hasScaledBounds() ? deliverScaled(event) : QWidget::event(event);
+        return hasScaledBounds() ? deliverScaled(event) : positionedEvent(event);
     case QEvent::LayoutRequest:
         updateConstraintsIfNeeded();
         break;
@@ -378,10 +378,15 @@ void ZelView::didAddSubview(QWidget *) {}
 
 void ZelView::willRemoveSubview(QWidget *) {}
 
+bool ZelView::positionedEvent(QEvent *event)
+{
+    return QWidget::event(event);
+}
+
 bool ZelView::deliverScaled(QEvent *event)
 {
     return ZelScaledEvent::deliver(event, boundsTransform().inverted(),
-                                   [this](QEvent *scaled) { return QWidget::event(scaled); });
+                                   [this](QEvent *scaled) { return positionedEvent(scaled); });
 }
 
 // Drawing

@@ -165,6 +165,11 @@ protected:
     /// reported. The view is not installed again.
     void uninstall() noexcept;
 
+    /// Gets the events that have a position, in the view's coordinates; the base hands them to their handlers, such as
+    /// mousePressEvent. The place for those without one: hovering, tool tips and What's This. In event() they stand
+    /// where the widget is, not where the view's bounds are.
+    virtual bool positionedEvent(QEvent *event);
+
     bool event(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -5,6 +5,7 @@
 #include <QLayout>
 #include <QScopedValueRollback>
 #include <QSet>
+#include <QtMath>
 
 // What ZelView does with rectangles and with its place in the tree.
 
@@ -42,6 +43,15 @@ QRect rounded(const QRectF &rect)
 {
     const QPoint topLeft(qRound(rect.left()), qRound(rect.top()));
     return QRect(topLeft, QSize(qRound(rect.right()) - topLeft.x(), qRound(rect.bottom()) - topLeft.y()));
+}
+
+/// Rounds the size up: a view that is scaled draws in its exact size from its whole origin on. What touched may overlap
+/// by a point, but never leaves a gap.
+QRect roundedUp(const QRectF &rect)
+{
+    constexpr double tolerance = 1e-6; // of what was scaled there and back
+    const auto up = [](double length) { return qCeil(length - tolerance); };
+    return QRect(qRound(rect.left()), qRound(rect.top()), up(rect.width()), up(rect.height()));
 }
 
 /// Keeps a layout from being done until the end of the scope. Without it each of many views would have all of them laid
@@ -133,7 +143,8 @@ QRectF ZelView::frame() const
 void ZelView::setFrame(const QRectF &frame)
 {
     const QTransform parentTransform = transformOfParent(this);
-    const QRect geometry = rounded(parentTransform.mapRect(frame));
+    const QRectF place = parentTransform.mapRect(frame);
+    const QRect geometry = hasScaledBounds() ? roundedUp(place) : rounded(place);
     setGeometry(geometry);
     if (QRectF(geometry) != frame || !parentTransform.isIdentity()) {
         rare().frame = frame;
@@ -160,10 +171,14 @@ void ZelView::setBounds(const QRectF &bounds)
     if (bounds == this->bounds())
         return;
     const FramesBelow frames(this);
+    const QRectF frame = this->frame();
     rare().bounds = bounds;
-    rare().frameSizeOfBounds = frame().size();
+    rare().frameSizeOfBounds = frame.size();
     const QPointer<ZelView> guard(this);
-    frames.restore();
+    if (frame.size() != QSizeF(size()))
+        setFrame(frame); // scaled views are rounded in another way
+    if (guard)
+        frames.restore();
     if (guard)
         update();
 }

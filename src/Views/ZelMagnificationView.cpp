@@ -5,10 +5,10 @@
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpButton.h"
 
-#include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QGestureEvent>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <QtMath>
@@ -19,6 +19,7 @@ const char context = 0;
 
 constexpr double ZoomStep = 1.25;
 constexpr double AngleOfStep = 120; // eighths of a degree
+constexpr double Tolerance = 1e-6;  // of a point
 constexpr int MaximumRounds = 4;    // of scroll bars that come and go with the frame
 
 struct Extent
@@ -236,7 +237,9 @@ void ZelMagnificationView::placeContent()
     const QSizeF available = superviewSize();
     const Extent x = extent(available.width(), m_contentSize.width(), m_magnificationFactor);
     const Extent y = extent(available.height(), m_contentSize.height(), m_magnificationFactor);
-    if (const QSizeF size(x.frame, y.frame); frame().size() != size)
+    const QSizeF size(x.frame, y.frame);
+    prepareScrollBars(size);
+    if (guard && frame().size() != size)
         setFrame(QRectF(frame().topLeft(), size));
     if (!guard)
         return;
@@ -246,6 +249,23 @@ void ZelMagnificationView::placeContent()
         return;
     if (QWidget *content = contentView(); content && !qobject_cast<ZelView *>(content))
         content->setGeometry(boundsTransform().mapRect(contentFrame).toRect());
+}
+
+/// The scroll area sets the same ranges when the view or its superview has changed. But it goes on with the view after
+/// the scroll bars have told of it, and whoever hears that may have deleted the view. Here, and before, it may.
+void ZelMagnificationView::prepareScrollBars(const QSizeF &frameSize)
+{
+    const auto *area = qobject_cast<QScrollArea *>(scrollArea());
+    if (!area || area->widget() != this || area->widgetResizable())
+        return;
+    const QPointer<ZelMagnificationView> guard(this);
+    const QPointer<QScrollBar> vertical = area->verticalScrollBar();
+    const QSize size = QSize(qCeil(frameSize.width() - Tolerance), qCeil(frameSize.height() - Tolerance));
+    const QSize whole = area->maximumViewportSize();
+    const QSize shown = whole.expandedTo(size) == whole ? whole : area->viewport()->size();
+    area->horizontalScrollBar()->setRange(0, size.width() - shown.width());
+    if (guard && vertical)
+        vertical->setRange(0, size.height() - shown.height());
 }
 
 void ZelMagnificationView::layoutSubviews()
@@ -433,6 +453,6 @@ bool ZelMagnificationView::event(QEvent *event)
 bool ZelMagnificationView::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_superview && event->type() == QEvent::Resize)
-        updateContentFrame();
-    return ZelView::eventFilter(watched, event);
+        updateContentFrame(); // which may delete the view
+    return false;
 }

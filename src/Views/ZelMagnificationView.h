@@ -121,6 +121,7 @@ private:
     QSizeF superviewSize() const;
     QAbstractScrollArea *scrollArea() const;
     void placeContent();
+    void prepareScrollBars(const QSizeF &frameSize);
     bool pinch(QGestureEvent *event);
     void pinchBy(double magnification, const QPointF &place);
     void magnifyAtPlace(double factor, const QPointF &place);
