@@ -2,7 +2,7 @@
 #include "Bench.h"
 
 #include "model/SampleDocument.h"
-#include "window/InspectorDock.h"
+#include "window/InspectorPanel.h"
 #include "window/MainWindow.h"
 #include "window/Options.h"
 
@@ -81,7 +81,7 @@ static void shapesSelectAll()
     MainWindow window(options);
     window.show();
     settle();
-    auto *dock = window.findChild<InspectorDock *>();
+    auto *dock = window.findChild<InspectorPanel *>();
     QAction *selectAll = findAction(window, QKeySequence::SelectAll);
     QAction *selectNone = findAction(window, Qt::CTRL | Qt::SHIFT | Qt::Key_A);
     PaintWatch watch(dock);

@@ -9,3 +9,7 @@ zel_test(EndToEnd/tst_Lifetimes zel_inspector)
 foreach(test tst_Looks tst_TextEditors)
     target_compile_definitions(${test} PRIVATE ZEL_DOCS="${PROJECT_SOURCE_DIR}/docs")
 endforeach()
+if(ZEL_BUILD_EXAMPLES) # see Examples/tests.cmake
+    zel_program(tst_Canvas SOURCES EndToEnd/tst_Canvas.cpp LIBRARIES zel_shapes_app Qt6::Test)
+    zel_add_e2e_test(tst_Canvas)
+endif()

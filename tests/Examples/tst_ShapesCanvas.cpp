@@ -44,7 +44,7 @@ private Q_SLOTS:
     void indexFindsWhatIsThere();
 
 private:
-    QPoint at(const QPointF &point) const { return canvas->fromPage(point).toPoint(); }
+    QPoint at(const QPointF &point) const { return canvas->boundsTransform().map(point).toPoint(); }
     void pull(const QPointF &from, const QPointF &to, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::mousePress(canvas.get(), Qt::LeftButton, modifiers, at(from));
@@ -105,7 +105,6 @@ void tst_ShapesCanvas::rubberBandAddsToTheSelection()
 
 void tst_ShapesCanvas::dragMovesTheSelectionAsOneCommand()
 {
-    canvas->setZoom(0.5);
     selection->set({shape(0), shape(1)});
     pull({220, 120}, {240, 160});
     QCOMPARE(shape(0)->position(), QPointF(120, 140));
@@ -189,7 +188,7 @@ void tst_ShapesCanvas::indexFindsWhatIsThere()
         const QPointF point(number(1500), number(1500));
         Shape *expected = nullptr;
         for (Shape *candidate : document->shapes()) {
-            if (ShapeGeometry::contains(*candidate, point))
+            if (ShapeGeometry::contains(*candidate, point, 3))
                 expected = candidate;
         }
         QCOMPARE(canvas->shapeAt(point), expected);

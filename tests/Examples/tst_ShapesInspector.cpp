@@ -8,7 +8,7 @@
 #include "Platform/Controls/ZelPushButton.h"
 #include "Platform/Controls/ZelTextField.h"
 #include "Platform/Runtime/ZelAssertions.h"
-#include "window/InspectorDock.h"
+#include "window/InspectorPanel.h"
 #include "window/MainWindow.h"
 #include "window/Options.h"
 #include "window/SwatchRow.h"
@@ -88,7 +88,7 @@ private:
     }
     void showTab(int tab)
     {
-        window->findChild<InspectorDock *>()->selectTab(tab);
+        window->findChild<InspectorPanel *>()->selectTab(tab);
         settle();
     }
     Shape *shape(int row) { return window->document().shapes()[row]; }
@@ -263,7 +263,7 @@ void tst_ShapesInspector::faultyDescriptionIsShownWithItsPlace()
     options.description = folder.path();
     open(options);
     QVERIFY(!inspector());
-    const QString text = window->findChild<InspectorDock *>()->findChild<QLabel *>()->text();
+    const QString text = window->findChild<InspectorPanel *>()->findChild<QLabel *>()->text();
     QVERIFY2(text.contains("Inspector.xml:4:"), qPrintable(text));
     window->selection().selectAll();
     settle();

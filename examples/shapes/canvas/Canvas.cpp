@@ -10,19 +10,26 @@
 #include "model/ShapeGeometry.h"
 
 #include <QMouseEvent>
-#include <QPaintEvent>
 #include <QPainter>
 #include <QtMath>
 
 namespace {
-constexpr double Margin = 24;    // points around the page
-constexpr int FewUpdates = 64;   // above that, one update of everything is cheaper
-constexpr int FewHandles = 200;  // selected shapes that still get handles
-constexpr double HandleSize = 6; // pixels
+constexpr double Margin = 24;   // points around the page
+constexpr int FewUpdates = 64;  // above that, one update of everything is cheaper
+constexpr int FewHandles = 200; // selected shapes that still get handles
+// In pixels, however much the page is magnified.
+constexpr double HandleSize = 6;
+constexpr double Slack = 3;   // around a shape that still counts as a hit
+constexpr double Tremble = 3; // of a hand, before shapes move
+
+double scaleOf(const QPainter &painter)
+{
+    return painter.transform().m11();
+}
 } // namespace
 
 Canvas::Canvas(Document *document, Selection *selection, Operations *operations, QWidget *parent)
-    : QWidget(parent)
+    : ZelView(parent)
     , m_document(document)
     , m_selection(selection)
     , m_operations(operations)
@@ -40,37 +47,24 @@ Canvas::Canvas(Document *document, Selection *selection, Operations *operations,
 
 Canvas::~Canvas() = default;
 
-void Canvas::setZoom(double zoom)
+QRectF Canvas::contentRect() const
 {
-    zoom = qBound(0.02, zoom, 16.0);
-    if (m_zoom == zoom)
-        return;
-    m_zoom = zoom;
-    pageChanged();
-    Q_EMIT zoomChanged();
+    return QRectF(QPointF(), m_document->pageSize()).adjusted(-Margin, -Margin, Margin, Margin);
 }
 
 QRectF Canvas::visiblePage() const
 {
-    return m_transform.inverted().mapRect(QRectF(visibleRegion().boundingRect()));
-}
-
-QSize Canvas::sizeHint() const
-{
-    return ((m_document->pageSize() + QSizeF(2 * Margin, 2 * Margin)) * m_zoom).toSize();
+    return boundsTransform().inverted().mapRect(QRectF(visibleRegion().boundingRect()));
 }
 
 Shape *Canvas::shapeAt(const QPointF &point)
 {
-    const QList<Shape *> shapes = pressableShapesIn(QRectF(point, QSizeF()).adjusted(-4, -4, 4, 4));
+    const double slack = Slack / scale();
+    const QRectF near = QRectF(point, QSizeF()).adjusted(-slack, -slack, slack, slack);
+    const QList<Shape *> shapes = pressableShapesIn(near.adjusted(-1, -1, 1, 1));
     const auto hit = std::find_if(shapes.crbegin(), shapes.crend(),
-                                  [&](const Shape *shape) { return ShapeGeometry::contains(*shape, point); });
+                                  [&](const Shape *shape) { return ShapeGeometry::contains(*shape, point, slack); });
     return hit == shapes.crend() ? nullptr : *hit;
-}
-
-QPointF Canvas::toPage(const QPointF &position) const
-{
-    return m_transform.inverted().map(position);
 }
 
 QList<Shape *> Canvas::shownShapesIn(const QRectF &rect)
@@ -118,14 +112,13 @@ void Canvas::selectionChanged()
 
 void Canvas::pageChanged()
 {
-    setFixedSize(sizeHint().expandedTo(QSize(10, 10)));
-    updateTransform();
+    const QSizeF size = contentSize();
+    const bool isResized = frame().size() != size;
+    setFrame(QRectF(frame().topLeft(), size)); // of the bounds' size: the view itself scales nothing
+    setBounds(contentRect());
     update();
-}
-
-void Canvas::updateTransform()
-{
-    m_transform = QTransform::fromScale(m_zoom, m_zoom).translate(Margin, Margin);
+    if (isResized)
+        Q_EMIT contentSizeChanged();
 }
 
 void Canvas::updateShapes(const QList<Shape *> &shapes)
@@ -147,20 +140,21 @@ void Canvas::updatePage(const QRectF &rect)
         return;
     }
     const int border = qCeil(HandleSize);
-    update(m_transform.mapRect(rect).toAlignedRect().adjusted(-border, -border, border, border));
+    update(boundsTransform().mapRect(rect).toAlignedRect().adjusted(-border, -border, border, border));
 }
 
-void Canvas::paintEvent(QPaintEvent *event)
+void Canvas::drawRect(QPainter &painter, const QRect &dirtyRect)
 {
     m_updates = 0;
-    QPainter painter(this);
-    painter.fillRect(event->rect(), palette().color(QPalette::Dark));
-    painter.setTransform(m_transform);
+    const double scale = scaleOf(painter);
+    const double border = HandleSize / scale;
+    const QRectF rect = QRectF(dirtyRect).adjusted(-border, -border, border, border);
+    const QRectF page(QPointF(), m_document->pageSize());
+    painter.fillRect(dirtyRect, palette().color(QPalette::Dark));
+    painter.fillRect(page, Qt::white);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double border = HandleSize / m_zoom;
-    const QRectF rect =
-        m_transform.inverted().mapRect(QRectF(event->rect())).adjusted(-border, -border, border, border);
-    paintPage(painter, rect);
+    if (const double spacing = m_document->gridSpacing(); m_document->isGridVisible() && spacing * scale >= 4)
+        paintGrid(painter, rect.intersected(page), spacing);
     const QList<Shape *> shapes = shownShapesIn(rect);
     ShapePainter shapePainter(&painter);
     for (const Shape *shape : shapes)
@@ -172,15 +166,9 @@ void Canvas::paintEvent(QPaintEvent *event)
         m_gesture->paint(painter);
 }
 
-void Canvas::paintPage(QPainter &painter, const QRectF &rect) const
+void Canvas::paintGrid(QPainter &painter, const QRectF &part, double spacing)
 {
-    const QRectF page(QPointF(), m_document->pageSize());
-    painter.fillRect(page, Qt::white);
-    const double spacing = m_document->gridSpacing();
-    if (!m_document->isGridVisible() || spacing * m_zoom < 4)
-        return;
     QList<QLineF> lines;
-    const QRectF part = rect.intersected(page);
     for (double x = qCeil(part.left() / spacing) * spacing; x < part.right(); x += spacing)
         lines.append({x, part.top(), x, part.bottom()});
     for (double y = qCeil(part.top() / spacing) * spacing; y < part.bottom(); y += spacing)
@@ -193,12 +181,13 @@ void Canvas::paintSelection(QPainter &painter, const QList<Shape *> &shapes) con
 {
     QList<QLineF> lines;
     QList<QRectF> handles;
-    const double size = HandleSize / m_zoom;
+    const double scale = scaleOf(painter);
+    const double size = HandleSize / scale;
     const bool withHandles = m_selection->count() <= FewHandles;
     for (const Shape *shape : shapes) {
         if (!m_selection->contains(shape))
             continue;
-        if (ShapePainter::isSpot(*shape, m_zoom)) {
+        if (ShapePainter::isSpot(*shape, scale)) {
             painter.fillRect(shape->frame(), palette().color(QPalette::Highlight));
             continue;
         }
@@ -219,7 +208,7 @@ void Canvas::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const QPointF point = toPage(event->position());
+    const QPointF point = event->position();
     Shape *shape = shapeAt(point);
     const bool extends = event->modifiers() & Qt::ShiftModifier;
     if (shape && extends)
@@ -231,7 +220,7 @@ void Canvas::mousePressEvent(QMouseEvent *event)
         const auto shapesIn = [this](const QRectF &rect) { return pressableShapesIn(rect); };
         m_gesture = std::make_unique<RubberBandGesture>(m_selection, shapesIn, point);
     } else if (m_selection->contains(shape)) {
-        m_gesture = std::make_unique<DragGesture>(m_operations, point);
+        m_gesture = std::make_unique<DragGesture>(m_operations, point, Tremble / scale());
     }
 }
 
@@ -240,7 +229,7 @@ void Canvas::mouseMoveEvent(QMouseEvent *event)
     if (!m_gesture)
         return;
     updatePage(m_gesture->paintedRect());
-    m_gesture->moveTo(toPage(event->position()));
+    m_gesture->moveTo(event->position());
     updatePage(m_gesture->paintedRect());
 }
 
@@ -267,7 +256,7 @@ void Canvas::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Escape:
         return cancelGesture();
     default:
-        QWidget::keyPressEvent(event);
+        ZelView::keyPressEvent(event);
     }
 }
 
@@ -277,12 +266,4 @@ void Canvas::cancelGesture()
         return;
     updatePage(m_gesture->paintedRect());
     std::exchange(m_gesture, nullptr)->cancel();
-}
-
-void Canvas::wheelEvent(QWheelEvent *event)
-{
-    if (event->modifiers() & Qt::ControlModifier)
-        setZoom(m_zoom * std::pow(1.2, event->angleDelta().y() / 120.0));
-    else
-        QWidget::wheelEvent(event);
 }

@@ -3,22 +3,19 @@
 
 #include "commands/Operations.h"
 
-namespace {
-constexpr double Threshold = 3; // points that a hand may tremble before shapes move
-}
-
-DragGesture::DragGesture(Operations *operations, const QPointF &start)
+DragGesture::DragGesture(Operations *operations, const QPointF &start, double threshold)
     : m_operations(operations)
     , m_shapes(operations->movableShapes())
     , m_start(start)
+    , m_threshold(threshold)
 {
 }
 
 void DragGesture::moveTo(const QPointF &point)
 {
-    const QPointF offset = (point - m_start).toPoint();
-    if (!m_started && offset.manhattanLength() < Threshold)
+    if (!m_started && (point - m_start).manhattanLength() < m_threshold)
         return;
+    const QPointF offset = (point - m_start).toPoint();
     m_started = true;
     for (Shape *shape : std::as_const(m_shapes))
         shape->setPosition(shape->position() + offset - m_offset);

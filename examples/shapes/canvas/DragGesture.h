@@ -12,7 +12,8 @@ class Shape;
 class DragGesture : public Gesture
 {
 public:
-    DragGesture(Operations *operations, const QPointF &start);
+    /// Shapes move once the mouse has moved by the threshold, in points.
+    DragGesture(Operations *operations, const QPointF &start, double threshold);
 
     void moveTo(const QPointF &point) override;
     void finish() override;
@@ -23,5 +24,6 @@ private:
     QList<Shape *> m_shapes;
     QPointF m_start;
     QPointF m_offset;
+    double m_threshold;
     bool m_started = false;
 };

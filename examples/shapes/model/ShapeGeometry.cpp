@@ -6,7 +6,6 @@
 #include <QtMath>
 
 namespace {
-constexpr double Slack = 3; // points around a shape that still count as a hit
 
 /// Corners on the ellipse in the rectangle, from the top; every second one at `inner` of the radius.
 QPolygonF corners(const QRectF &rect, int count, double inner)
@@ -72,17 +71,17 @@ QRectF ShapeGeometry::paintedBounds(const Shape &shape)
     return bounds.adjusted(-stroke, -stroke, stroke + shadow, stroke + shadow);
 }
 
-bool ShapeGeometry::contains(const Shape &shape, const QPointF &point)
+bool ShapeGeometry::contains(const Shape &shape, const QPointF &point, double slack)
 {
     const QPointF local = shape.rotation() == 0 ? point : rotation(shape).inverted().map(point);
-    if (!shape.frame().adjusted(-Slack, -Slack, Slack, Slack).contains(local))
+    if (!shape.frame().adjusted(-slack, -slack, slack, slack).contains(local))
         return false;
     const QPainterPath path = outline(shape);
     const bool solid = shape.isFillEnabled() || shape.kind() == Shape::Text;
     if (solid && path.contains(local))
         return true;
     QPainterPathStroker stroker;
-    stroker.setWidth(qMax(2 * Slack, shape.strokeWidth()));
+    stroker.setWidth(qMax(2 * slack, shape.strokeWidth()));
     return stroker.createStroke(path).contains(local);
 }
 

@@ -17,8 +17,9 @@ QTransform rotation(const Shape &shape);
 QPolygonF frame(const Shape &shape);
 /// All that painting the shape touches: with its stroke and its shadow.
 QRectF paintedBounds(const Shape &shape);
-/// Whether a press at the point hits the shape, or nearly; one that is not filled is hit at its outline.
-bool contains(const Shape &shape, const QPointF &point);
+/// Whether a press at the point hits the shape, or misses it by no more than the slack in points; one that is not
+/// filled is hit at its outline.
+bool contains(const Shape &shape, const QPointF &point, double slack);
 /// Of the outline, in square points.
 double area(const Shape &shape);
 } // namespace ShapeGeometry

@@ -104,6 +104,14 @@
         <translation>An Fenster &amp;anpassen</translation>
     </message>
     <message>
+        <source>&amp;Shapes</source>
+        <translation>&amp;Formen</translation>
+    </message>
+    <message>
+        <source>Ins&amp;pector</source>
+        <translation>Ins&amp;pektor</translation>
+    </message>
+    <message>
         <source>&amp;Dark Palette</source>
         <translation>&amp;Dunkle Farben</translation>
     </message>

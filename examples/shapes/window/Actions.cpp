@@ -44,6 +44,8 @@ const QList<Row> &rows()
         {QT_TRANSLATE_NOOP("Actions", "Zoom &Out"), nullptr, QKeySequence::ZoomOut},
         {QT_TRANSLATE_NOOP("Actions", "A&ctual Size"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_0)},
         {QT_TRANSLATE_NOOP("Actions", "Zoom to &Fit"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_9)},
+        {QT_TRANSLATE_NOOP("Actions", "&Shapes"), nullptr, QKeySequence(Qt::Key_F8), true},
+        {QT_TRANSLATE_NOOP("Actions", "Ins&pector"), nullptr, QKeySequence(Qt::Key_F9), true},
         {QT_TRANSLATE_NOOP("Actions", "&Dark Palette"), nullptr, {}, true},
         {"&English", nullptr, {}, true},
         {"&Deutsch", nullptr, {}, true},

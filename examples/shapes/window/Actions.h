@@ -37,6 +37,8 @@ public:
         ZoomOut,
         ActualSize,
         ZoomToFit,
+        ShowShapes,
+        ShowInspector,
         DarkPalette,
         English,
         German,

@@ -1,38 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "window/MainWindow.h"
 
+#include "Views/ZelMagnificationView.h"
 #include "canvas/Canvas.h"
+#include "canvas/CanvasArea.h"
 #include "model/SampleDocument.h"
 #include "window/Icons.h"
-#include "window/InspectorDock.h"
+#include "window/InspectorPanel.h"
 #include "window/Options.h"
+#include "window/Panes.h"
 #include "window/ShapeListView.h"
 #include "window/Theme.h"
 
 #include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
-#include <QScrollArea>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 
 MainWindow::MainWindow(const Options &options)
     : m_canvas(new Canvas(&m_document, &m_selection, &m_operations))
-    , m_scrollArea(new QScrollArea)
+    , m_canvasArea(new CanvasArea(m_canvas))
+    , m_list(new ShapeListView(&m_document, &m_selection))
+    , m_inspector(new InspectorPanel(&m_owner, &m_selection, &m_undoStack, this))
+    , m_panes(new Panes(m_list, m_canvasArea, m_inspector))
+    , m_settings(options.settings)
     , m_toolBar(addToolBar(QString()))
     , m_selectionLabel(new QLabel)
     , m_zoomLabel(new QLabel)
 {
     m_languages.set(options.language);
     setDark(options.dark);
-    m_scrollArea->setWidget(m_canvas);
-    m_scrollArea->setAlignment(Qt::AlignCenter);
-    m_scrollArea->setBackgroundRole(QPalette::Dark);
-    m_scrollArea->setFrameShape(QFrame::NoFrame);
-    setCentralWidget(m_scrollArea);
     fill(options);
-    createDocks(options);
+    createPanes(options);
     createMenus();
     createToolBar();
     connectActions();
@@ -47,8 +49,6 @@ MainWindow::MainWindow(const Options &options)
 MainWindow::~MainWindow()
 {
     // The views watch the models, which are members and would go first.
-    delete m_inspectorDock;
-    delete m_listDock;
     delete takeCentralWidget();
     m_undoStack.disconnect(this);
     m_selection.disconnect(this);
@@ -68,17 +68,15 @@ void MainWindow::fill(const Options &options)
     m_selection.set(options.selectsAll ? m_document.shapes() : shapes);
 }
 
-void MainWindow::createDocks(const Options &options)
+void MainWindow::createPanes(const Options &options)
 {
-    m_listDock = new QDockWidget(this);
-    m_listDock->setObjectName(QStringLiteral("list"));
-    m_listDock->setWidget(new ShapeListView(&m_document, &m_selection));
-    addDockWidget(Qt::LeftDockWidgetArea, m_listDock);
-    m_inspectorDock = new InspectorDock(&m_owner, &m_selection, &m_undoStack, this);
-    m_inspectorDock->selectTab(options.tab);
-    m_inspectorDock->load(options.description);
-    addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
-    resizeDocks({m_listDock, m_inspectorDock}, {190, options.inspectorWidth}, Qt::Horizontal);
+    m_inspector->selectTab(options.tab);
+    m_inspector->load(options.description);
+    if (!m_settings.isEmpty())
+        m_panes->restore(QSettings(m_settings, QSettings::IniFormat));
+    if (options.inspectorWidth > 0)
+        m_panes->setPaneWidth(Panes::Inspector, options.inspectorWidth);
+    setCentralWidget(m_panes);
 }
 
 QMenu *MainWindow::addTranslatedMenu(QMenuBar *bar, const char *title)
@@ -108,8 +106,7 @@ void MainWindow::createMenus()
     QMenu *view = addTranslatedMenu(menuBar(), QT_TR_NOOP("&View"));
     view->addActions(m_actions.range(Actions::ZoomIn, Actions::ZoomToFit));
     view->addSeparator();
-    view->addAction(m_listDock->toggleViewAction());
-    view->addAction(m_inspectorDock->toggleViewAction());
+    view->addActions(m_actions.range(Actions::ShowShapes, Actions::ShowInspector));
     view->addSeparator();
     view->addAction(m_actions[Actions::DarkPalette]);
     view->addSection(QStringLiteral("Language"));
@@ -153,10 +150,13 @@ void MainWindow::connectActions()
                                        Qt::AlignTop,  Qt::AlignVCenter, Qt::AlignBottom};
     for (int i = 0; i < 6; ++i)
         on(Actions::Id(Actions::AlignLeft + i), [this, edge = edges[i]] { m_operations.align(edge); });
-    on(Actions::ZoomIn, [this] { m_canvas->setZoom(m_canvas->zoom() * 1.25); });
-    on(Actions::ZoomOut, [this] { m_canvas->setZoom(m_canvas->zoom() / 1.25); });
-    on(Actions::ActualSize, [this] { m_canvas->setZoom(1); });
-    on(Actions::ZoomToFit, [this] { m_canvas->setZoom(fittingZoom()); });
+    ZelMagnificationView *magnifier = m_canvasArea->magnifier();
+    on(Actions::ZoomIn, [magnifier] { magnifier->zoomIn(); });
+    on(Actions::ZoomOut, [magnifier] { magnifier->zoomOut(); });
+    on(Actions::ActualSize, [magnifier] { magnifier->zoomToActualSize(); });
+    on(Actions::ZoomToFit, [this] { m_canvasArea->zoomToFit(); });
+    on(Actions::ShowShapes, [this](bool shows) { m_panes->setCollapsed(Panes::List, !shows); });
+    on(Actions::ShowInspector, [this](bool shows) { m_panes->setCollapsed(Panes::Inspector, !shows); });
     on(Actions::DarkPalette, [this](bool dark) { setDark(dark); });
     on(Actions::English, [this] { setLanguage(QStringLiteral("en")); });
     on(Actions::German, [this] { setLanguage(QStringLiteral("de")); });
@@ -168,7 +168,8 @@ void MainWindow::connectView()
     connect(&m_selection, &Selection::changed, this, &MainWindow::updateActions);
     connect(&m_selection, &Selection::changed, this, &MainWindow::updateStatus);
     connect(&m_document, &Document::unitsChanged, this, &MainWindow::updateStatus);
-    connect(m_canvas, &Canvas::zoomChanged, this, &MainWindow::updateStatus);
+    connect(m_canvasArea, &CanvasArea::zoomChanged, this, &MainWindow::updateStatus);
+    connect(m_panes, &Panes::collapsedChanged, this, &MainWindow::updateActions);
 }
 
 void MainWindow::setLanguage(const QString &language)
@@ -186,13 +187,6 @@ void MainWindow::setDark(bool dark)
     updateActions();
 }
 
-double MainWindow::fittingZoom() const
-{
-    const QSizeF whole = QSizeF(m_canvas->sizeHint()) / m_canvas->zoom();
-    const QSizeF view = m_scrollArea->maximumViewportSize();
-    return qMin(view.width() / whole.width(), view.height() / whole.height());
-}
-
 void MainWindow::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
@@ -200,14 +194,23 @@ void MainWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
 }
 
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_settings.isEmpty()) {
+        QSettings settings(m_settings, QSettings::IniFormat);
+        m_panes->save(settings);
+    }
+    QMainWindow::closeEvent(event);
+}
+
 void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
     // Once the size of the view is known, a page that is only a little too large for it is made to fit.
     QTimer::singleShot(0, this, [this] {
-        const double zoom = fittingZoom();
-        if (m_canvas->zoom() == 1 && zoom > 0.7)
-            m_canvas->setZoom(qMin(1.0, zoom));
+        const double zoom = m_canvasArea->fittingZoom();
+        if (m_canvasArea->zoom() == 1 && zoom > 0.7 && zoom < 1)
+            m_canvasArea->zoomToFit();
     });
 }
 
@@ -216,8 +219,8 @@ void MainWindow::retranslate()
     for (const auto &[menu, title] : std::as_const(m_menus))
         menu->setTitle(tr(title));
     m_toolBar->setWindowTitle(tr("Tools"));
-    m_listDock->setWindowTitle(tr("Shapes"));
-    m_inspectorDock->setWindowTitle(tr("Inspector"));
+    m_list->setAccessibleName(tr("Shapes"));
+    m_inspector->setAccessibleName(tr("Inspector"));
     m_document.retranslate();
     m_actions.refresh();
     updateActions();
@@ -238,6 +241,8 @@ void MainWindow::updateActions()
     enable(Actions::SelectNone, Actions::SelectNone, !m_selection.isEmpty());
     enable(Actions::Raise, Actions::LowerToBottom, !m_selection.isEmpty());
     enable(Actions::AlignLeft, Actions::AlignBottom, m_selection.count() > 1);
+    m_actions[Actions::ShowShapes]->setChecked(!m_panes->isCollapsed(Panes::List));
+    m_actions[Actions::ShowInspector]->setChecked(!m_panes->isCollapsed(Panes::Inspector));
     m_actions[Actions::English]->setChecked(m_languages.current() == u"en");
     m_actions[Actions::German]->setChecked(m_languages.current() == u"de");
 }
@@ -250,6 +255,6 @@ void MainWindow::updateStatus()
         text += tr(": %1 by %2").arg(m_document.lengthText(shape->width()), m_document.lengthText(shape->height()));
     }
     m_selectionLabel->setText(text);
-    m_zoomLabel->setText(tr("%1 %").arg(qRound(m_canvas->zoom() * 100)));
+    m_zoomLabel->setText(tr("%1 %").arg(qRound(m_canvasArea->zoom() * 100)));
     setWindowTitle(m_document.property("title").toString());
 }

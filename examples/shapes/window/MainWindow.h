@@ -12,9 +12,11 @@
 #include <QUndoStack>
 
 class Canvas;
-class InspectorDock;
+class CanvasArea;
+class InspectorPanel;
+class Panes;
 class QLabel;
-class QScrollArea;
+class ShapeListView;
 struct Options;
 
 /// The window: the canvas, the list of the shapes and the inspector.
@@ -29,13 +31,16 @@ public:
     Selection &selection() { return m_selection; }
     QUndoStack &undoStack() { return m_undoStack; }
     Actions &actions() { return m_actions; }
+    Panes &panes() { return *m_panes; }
+    CanvasArea &canvasArea() { return *m_canvasArea; }
 
 protected:
     void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
-    void createDocks(const Options &options);
+    void createPanes(const Options &options);
     void createMenus();
     void createToolBar();
     void connectActions();
@@ -45,7 +50,6 @@ private:
     QMenu *addTranslatedMenu(QMenuBar *bar, const char *title);
     void setLanguage(const QString &language);
     void setDark(bool dark);
-    double fittingZoom() const;
     void retranslate();
     void updateActions();
     void updateStatus();
@@ -59,9 +63,11 @@ private:
     InspectorOwner m_owner{&m_document, &m_selection, &m_operations, &m_actions};
 
     Canvas *m_canvas;
-    QScrollArea *m_scrollArea;
-    QDockWidget *m_listDock;
-    InspectorDock *m_inspectorDock;
+    CanvasArea *m_canvasArea;
+    ShapeListView *m_list;
+    InspectorPanel *m_inspector;
+    Panes *m_panes;
+    QString m_settings; // the file; empty to keep nothing
     QToolBar *m_toolBar;
     QLabel *m_selectionLabel;
     QLabel *m_zoomLabel;

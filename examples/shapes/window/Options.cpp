@@ -2,6 +2,7 @@
 #include "window/Options.h"
 
 #include <QCommandLineParser>
+#include <QStandardPaths>
 #include <cstdio>
 
 namespace {
@@ -68,6 +69,9 @@ Options Options::parse(const QCoreApplication &application)
     reader.read("description", options.description);
     reader.read("language", options.language);
     reader.read("inspector-width", options.inspectorWidth, 50);
+    if (options.screenshot.isEmpty())
+        options.settings =
+            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/shapes.ini");
     options.dark = parser.isSet("dark");
     const QString select = parser.value("select");
     options.selectsAll = select == u"all";

@@ -17,7 +17,8 @@ struct Options
     QString description; ///< the folder of the inspector's description; empty for the built-in one
     QString language = QStringLiteral("en");
     bool dark = false;
-    int inspectorWidth = 300; ///< pixels
+    int inspectorWidth = 0; ///< pixels; 0 for the one it had last
+    QString settings;       ///< the file that keeps how the window is divided; empty to keep nothing
 
     /// Reads the arguments of the application; ends the program with a message where they make no sense.
     static Options parse(const QCoreApplication &application);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "window/InspectorDock.h"
+#include "window/InspectorPanel.h"
 
 #include "Blocks/ZelTransformerKit.h"
 #include "Blocks/ZelWindow.h"
@@ -26,6 +26,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QVBoxLayout>
 
 namespace {
 /// What the description calls by a name of the application's.
@@ -51,29 +52,30 @@ template<typename Row> void translateTitles(ZelTabbedInspector *inspector)
 }
 } // namespace
 
-InspectorDock::InspectorDock(InspectorOwner *owner, Selection *selection, QUndoStack *undoStack, QWidget *window)
-    : QDockWidget(window)
-    , m_owner(owner)
+InspectorPanel::InspectorPanel(InspectorOwner *owner, Selection *selection, QUndoStack *undoStack, QWidget *window)
+    : m_owner(owner)
     , m_selection(selection)
     , m_controller(new ZelObjectController(this))
 {
     setObjectName(QStringLiteral("inspector"));
+    setLayout(new QVBoxLayout);
+    layout()->setContentsMargins(0, 0, 0, 0);
     registerNames();
     for (const QString &file : QDir(":/images").entryList({"*Template.png"}))
         ZelNamedImages::setImageForName(ZelNamedImages::templateImage(QIcon(":/images/" + file)), file.chopped(4));
     ZelWindow::attach(window, undoStack);
     m_owner->setSelectionController(m_controller);
-    connect(selection, &Selection::changed, this, &InspectorDock::showSelection);
+    connect(selection, &Selection::changed, this, &InspectorPanel::showSelection);
     showSelection();
 }
 
-InspectorDock::~InspectorDock()
+InspectorPanel::~InspectorPanel()
 {
     clear();
     m_owner->setSelectionController(nullptr);
 }
 
-void InspectorDock::load(const QString &folder)
+void InspectorPanel::load(const QString &folder)
 {
     const QString path = folder.isEmpty() ? QStringLiteral(":/inspector") : QDir(folder).absolutePath();
     ZelBundle::mainBundle().setResourcePaths({path});
@@ -81,14 +83,14 @@ void InspectorDock::load(const QString &folder)
     build();
 }
 
-void InspectorDock::selectTab(int index)
+void InspectorPanel::selectTab(int index)
 {
     m_tab = index;
     if (m_inspector)
         m_inspector->setSelectedPaneIndex(index);
 }
 
-void InspectorDock::build()
+void InspectorPanel::build()
 {
     if (m_inspector)
         m_tab = int(m_inspector->selectedPaneIndex());
@@ -102,27 +104,33 @@ void InspectorDock::build()
         translateTitles<ZelInspectorSliver>(m_inspector);
         translateTitles<ZelInspectorChooser>(m_inspector);
         m_inspector->setSelectedPaneIndex(m_tab);
-        setWidget(m_inspector->view());
-        m_inspector->view()->show();
+        setContent(m_inspector->view());
     } catch (const ZelException &exception) {
         showMessage(QString::fromUtf8(exception.what()));
     }
 }
 
-void InspectorDock::clear()
+void InspectorPanel::clear()
 {
-    // The view first: while the dock is its parent, the controller does not delete it.
-    delete widget();
+    // The view first: while the panel is its parent, the controller does not delete it.
+    delete m_content;
     delete m_inspector;
 }
 
-void InspectorDock::showSelection()
+void InspectorPanel::setContent(QWidget *content)
+{
+    m_content = content;
+    layout()->addWidget(content);
+    content->show();
+}
+
+void InspectorPanel::showSelection()
 {
     const QList<Shape *> &shapes = m_selection->shapes();
     m_controller->setSelectedObjects(QList<QObject *>(shapes.cbegin(), shapes.cend()));
 }
 
-void InspectorDock::showMessage(const QString &message)
+void InspectorPanel::showMessage(const QString &message)
 {
     clear();
     auto *label = new QLabel(message);
@@ -130,13 +138,13 @@ void InspectorDock::showMessage(const QString &message)
     label->setMargin(8);
     label->setAlignment(Qt::AlignTop);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setWidget(label);
+    setContent(label);
     ShapesApplication::report(message);
 }
 
-void InspectorDock::changeEvent(QEvent *event)
+void InspectorPanel::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange && !m_url.isEmpty())
         build();
-    QDockWidget::changeEvent(event);
+    QWidget::changeEvent(event);
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDockWidget>
 #include <QPointer>
 #include <QUrl>
+#include <QWidget>
 
 class InspectorOwner;
 class QUndoStack;
@@ -11,16 +11,16 @@ class Selection;
 class ZelObjectController;
 class ZelTabbedInspector;
 
-/// The dock with the inspector: all that the application has to do with Zel is done here.
-class InspectorDock : public QDockWidget
+/// The part of the window with the inspector: all that the application has to do with the description is done here.
+class InspectorPanel : public QWidget
 {
     Q_OBJECT
 public:
-    InspectorDock(InspectorOwner *owner, Selection *selection, QUndoStack *undoStack, QWidget *window);
-    ~InspectorDock() override;
+    InspectorPanel(InspectorOwner *owner, Selection *selection, QUndoStack *undoStack, QWidget *window);
+    ~InspectorPanel() override;
 
     /// Builds the inspector from Inspector.xml in the folder; an empty one stands for the application's resources. What
-    /// is wrong with the files is reported and shown in the dock.
+    /// is wrong with the files is reported and shown in its place.
     void load(const QString &folder);
     void selectTab(int index);
 
@@ -30,6 +30,7 @@ protected:
 private:
     void build();
     void clear();
+    void setContent(QWidget *content);
     void showSelection();
     void showMessage(const QString &message);
 
@@ -37,6 +38,7 @@ private:
     Selection *m_selection;
     ZelObjectController *m_controller;
     QPointer<ZelTabbedInspector> m_inspector;
+    QPointer<QWidget> m_content; // the inspector's view, or a message
     QUrl m_url;
     int m_tab = 0;
 };
