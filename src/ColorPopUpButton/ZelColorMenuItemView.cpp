@@ -16,18 +16,16 @@ const char g_context = 0;
 constexpr int g_width = 273;
 constexpr int g_indent = 19;
 
-/// Closes the menu that holds the view, and those from which it was opened.
+/// Closes the menu that holds the view, and those from which it was opened; another pop-up that they are in stays.
 void cancelTracking(const QWidget *view)
 {
     if (!qobject_cast<QMenu *>(view->window()))
         return;
-    QPointer<QWidget> popup = QApplication::activePopupWidget();
-    while (popup) {
-        popup->close();
-        QWidget *next = QApplication::activePopupWidget();
-        if (next == popup)
-            break;
-        popup = next;
+    const auto openMenu = [] { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); };
+    for (QPointer<QMenu> menu = openMenu(); menu;) {
+        menu->close();
+        QMenu *next = openMenu();
+        menu = next == menu ? nullptr : next;
     }
 }
 

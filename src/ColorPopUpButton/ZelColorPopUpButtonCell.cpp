@@ -30,6 +30,18 @@ bool isPresentColor(const QVariant &value)
     return !ZelIsNull(value) && !ZelIsControllerMarker(value);
 }
 
+bool isNamed(const QVariant &color)
+{
+    return ZelColor::fromVariant(color).space() == ZelColor::Named;
+}
+
+/// The same colour, or one that looks the same in another colour space, as a model that holds QColors answers it. Names
+/// stand for themselves only.
+bool looksSame(const QVariant &a, const QVariant &b)
+{
+    return ZelEqual(a, b) || (!isNamed(a) && !isNamed(b) && ZelColor::matches(a, b));
+}
+
 QIcon swatch(const QVariant &color)
 {
     return ZelColorSwatch::image(ZelColor::fromVariant(color));
@@ -63,8 +75,13 @@ void ZelColorPopUpButtonCell::setColorList(const ZelColorListPtr &list)
     if (!ZelCheck(!list.isNull(), g_wrongValue) || list == m_colorList)
         return;
     m_colorList = list;
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    const QList<ZelColor> former = m_colors;
     updateColors();
-    Q_EMIT colorListChanged();
+    if (guard && m_colors == former)
+        showColors(); // the same ones may have other names
+    if (guard)
+        Q_EMIT colorListChanged();
 }
 
 void ZelColorPopUpButtonCell::updateColors()
@@ -83,9 +100,17 @@ void ZelColorPopUpButtonCell::setColors(const QList<ZelColor> &colors)
     if (colors == m_colors)
         return;
     m_colors = colors;
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    showColors();
+    if (guard)
+        Q_EMIT colorsChanged();
+}
+
+void ZelColorPopUpButtonCell::showColors()
+{
+    updateTitle();
     if (m_isMenuMade)
         updateMenu();
-    Q_EMIT colorsChanged();
 }
 
 void ZelColorPopUpButtonCell::setDefaultColor(const ZelColor &color)
@@ -94,9 +119,11 @@ void ZelColorPopUpButtonCell::setDefaultColor(const ZelColor &color)
         return;
     m_defaultColor = color;
     updateDefaultMenuItem();
-    upateSelectedMenuItem();
     updateTitle();
-    Q_EMIT defaultColorChanged();
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    upateSelectedMenuItem();
+    if (guard)
+        Q_EMIT defaultColorChanged();
 }
 
 void ZelColorPopUpButtonCell::setSelectedColor(const QVariant &value)
@@ -107,10 +134,12 @@ void ZelColorPopUpButtonCell::setSelectedColor(const QVariant &value)
     if (!ZelCheck(isOfColorType || !isPresentColor(color), g_wrongValue) || ZelEqual(color, m_selectedColor))
         return;
     m_selectedColor = color;
-    upateSelectedMenuItem();
     updateTitle();
     showInPanel();
-    Q_EMIT selectedColorChanged();
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    upateSelectedMenuItem(); // which tells of it, too
+    if (guard)
+        Q_EMIT selectedColorChanged();
 }
 
 void ZelColorPopUpButtonCell::setShowsAlpha(bool shows)
@@ -123,16 +152,19 @@ void ZelColorPopUpButtonCell::setShowsAlpha(bool shows)
     Q_EMIT showsAlphaChanged();
 }
 
-/// Exactly that colour, or one that looks the same in another colour space. Names stand for themselves only.
+bool ZelColorPopUpButtonCell::isDefault(const QVariant &color) const
+{
+    return looksSame(color, m_defaultColor.toVariant());
+}
+
 int ZelColorPopUpButtonCell::indexOfColor(const ZelColor &color) const
 {
     const qsizetype index = m_colors.indexOf(color);
-    if (index >= 0 || color.space() == ZelColor::Named)
+    if (index >= 0)
         return int(index);
     const QVariant value = color.toVariant();
-    const auto found = std::find_if(m_colors.begin(), m_colors.end(), [&](const ZelColor &listed) {
-        return listed.space() != ZelColor::Named && ZelColor::matches(listed.toVariant(), value);
-    });
+    const auto found = std::find_if(m_colors.begin(), m_colors.end(),
+                                    [&](const ZelColor &listed) { return looksSame(listed.toVariant(), value); });
     return found == m_colors.end() ? -1 : int(found - m_colors.begin());
 }
 
@@ -150,8 +182,12 @@ QString ZelColorPopUpButtonCell::nameOf(const QVariant &color) const
     const auto transformer = ZelAbstractValueTransformer::valueTransformerForName(ZelColorNameTransformerName);
     if (!ZelCheck(!transformer.isNull(), QStringLiteral("Missing transformer")))
         return {};
+    const ZelColor known = ZelColor::fromVariant(color);
+    const QString own = nameInList(known);
+    // A colour of another space is named after one that looks the same, in whatever list: the button's goes first.
+    const bool isExact = known.space() == ZelColor::DeviceRGB || known.space() == ZelColor::Named;
     const QString name = transformer->transformedValue(color).toString();
-    return name.isEmpty() ? nameInList(ZelColor::fromVariant(color)) : name;
+    return name.isEmpty() || (!isExact && !own.isEmpty()) ? own : name;
 }
 
 QString ZelColorPopUpButtonCell::title() const
@@ -165,8 +201,7 @@ void ZelColorPopUpButtonCell::updateTitle()
     if (ZelIsMarker(m_selectedColor, ZelNoSelectionMarker) || ZelIsMarker(m_selectedColor, ZelMultipleValuesMarker))
         title = ZelControlSupport::markerText(m_selectedColor);
     else if (isPresentColor(m_selectedColor))
-        title = ZelEqual(m_selectedColor, m_defaultColor.toVariant()) ? ZelLocalizedString(QStringLiteral("Default"))
-                                                                      : nameOf(m_selectedColor);
+        title = isDefault(m_selectedColor) ? ZelLocalizedString(QStringLiteral("Default")) : nameOf(m_selectedColor);
     if (title != m_displayItem->title())
         m_displayItem->setTitle(title);
     m_displayItem->setImage(swatch(m_selectedColor));
@@ -225,10 +260,12 @@ void ZelColorPopUpButtonCell::updateMenu()
     }
     items << m_separators.at(3) << m_otherMenuItem;
     m_isMenuMade = true;
-    m_button->setItems(items);
     for (ZelMenuItem *item : former)
         item->deleteLater(); // perhaps it is one of these that was chosen
-    upateSelectedMenuItem();
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
+    m_button->setItems(items);
+    if (guard)
+        upateSelectedMenuItem();
 }
 
 void ZelColorPopUpButtonCell::updateDefaultMenuItem()
@@ -242,7 +279,7 @@ void ZelColorPopUpButtonCell::updateDefaultMenuItem()
 ZelMenuItem *ZelColorPopUpButtonCell::menuItemForColor(const QVariant &color)
 {
     makeMenu();
-    if (isPresentColor(color) && ZelColor::fromVariant(color) == m_defaultColor)
+    if (isDefault(color))
         return m_defaultMenuItem;
     const int index = isPresentColor(color) ? indexOfColor(ZelColor::fromVariant(color)) : -1;
     if (index >= 0)
@@ -288,19 +325,19 @@ ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
 
 // What the user chooses
 
-void ZelColorPopUpButtonCell::takeChoice(const QVariant &color, QAction *item)
+/// The colour is a copy: what it was taken from may be gone before this ends.
+void ZelColorPopUpButtonCell::takeChoice(QVariant color, QAction *item)
 {
-    if (ZelEqual(color, m_selectedColor))
+    if (looksSame(color, m_selectedColor))
         return;
     const QPointer<ZelColorPopUpButtonCell> guard(this);
     setSelectedColor(color);
     if (guard && isPresentColor(color))
         ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(color));
-    if (!guard)
-        return;
-    if (item)
+    if (guard && item)
         m_button->selectItem(item);
-    ZelControlSupport::reportEdit(m_button);
+    if (guard)
+        ZelControlSupport::reportEdit(m_button);
 }
 
 void ZelColorPopUpButtonCell::selectDefaultColor()
@@ -310,8 +347,10 @@ void ZelColorPopUpButtonCell::selectDefaultColor()
 
 void ZelColorPopUpButtonCell::selectCurrentColor()
 {
-    m_button->selectItem(currentMenuItem());
-    Q_EMIT m_button->action();
+    const QPointer<ZelPopUpButton> button(m_button);
+    button->selectItem(currentMenuItem());
+    if (button)
+        Q_EMIT button->action();
 }
 
 void ZelColorPopUpButtonCell::selectRecentlyUsedColor(const ZelColorMenuItemView *sender)
@@ -384,7 +423,7 @@ void ZelColorPopUpButtonCell::showInPanel()
 
 void ZelColorPopUpButtonCell::colorPanelDidChange()
 {
-    if (!m_button->isEnabled())
+    if (!m_button->isEnabled() || !m_button->isEditable())
         return;
     if (m_panel->isTracking() && !m_dragGrouping)
         m_dragGrouping = std::make_unique<ZelUndoGrouping>(m_button);
@@ -396,5 +435,8 @@ void ZelColorPopUpButtonCell::colorPanelDidChange()
 
 void ZelColorPopUpButtonCell::endDrag()
 {
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
     m_dragGrouping.reset();
+    if (guard)
+        showInPanel(); // the model may have made something else of it
 }

@@ -29,7 +29,8 @@ extern const QString ZelColorPopUpButtonDidBecomeActiveNotification;
 /// The menu offers the default colour, the current one, those used last, the colours of a list, and the colour panel.
 /// Its items are made when they are first needed, the four fixed ones once. While the panel is open for this cell,
 /// every move in it selects a colour and is reported, all moves of one drag as one undo step; the link ends when the
-/// panel is closed, another cell takes it over, or the button dies. A disabled button does not follow the panel.
+/// panel is closed, another cell takes it over, or the button dies. A button that is disabled or not editable does not
+/// follow the panel.
 class ZelColorPopUpButtonCell : public QObject
 {
     Q_OBJECT
@@ -111,8 +112,10 @@ private:
     ZelMenuItem *makeColorItem(int index);
     QString nameOf(const QVariant &color) const;
     QString nameInList(const ZelColor &color) const;
+    bool isDefault(const QVariant &color) const;
     int indexOfColor(const ZelColor &color) const;
-    void takeChoice(const QVariant &color, QAction *item);
+    void showColors();
+    void takeChoice(QVariant color, QAction *item);
     void showInPanel();
     void colorPanelDidChange();
     void endDrag();

@@ -110,6 +110,7 @@ class tst_ZelActionBar : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void controlsFollowTheItems();
+    void itemsMayGoWithABarThatHadNoWindow();
     void theRowIsLaidOut_data();
     void theRowIsLaidOut();
     void anEmptyBarIsAsWideAsItsInsets();
@@ -167,6 +168,17 @@ void tst_ZelActionBar::controlsFollowTheItems()
     window.layout()->addWidget(window.bar);
     QVERIFY(window.control<ZelActionBarCheckboxButton>(0));
     QCOMPARE(window.control<ZelActionBarButton>(0)->title(), QStringLiteral("late"));
+}
+
+void tst_ZelActionBar::itemsMayGoWithABarThatHadNoWindow()
+{
+    auto bar = std::make_unique<ZelActionBar>();
+    const QPointer<ZelActionBarItem> item = new ZelActionBarItem;
+    bar->setItems({item});
+    bar->updateItemViews();
+    QCOMPARE(bar->itemViews().size(), 1);
+    bar.reset();
+    QVERIFY(!item); // which told nobody
 }
 
 void tst_ZelActionBar::theRowIsLaidOut_data()

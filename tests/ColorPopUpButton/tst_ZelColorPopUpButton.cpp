@@ -6,6 +6,7 @@
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelColorPanel.h"
 #include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Controls/ZelPopover.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelUndoManager.h"
@@ -76,6 +77,9 @@ class tst_ZelColorPopUpButton : public QObject
 {
     Q_OBJECT
 
+public Q_SLOTS:
+    void deleteSender() const { delete sender(); }
+
 private Q_SLOTS:
     void cleanup() { ZelColorPanel::sharedColorPanel()->close(); }
 
@@ -137,6 +141,33 @@ private Q_SLOTS:
         }
         const bool isColor = ZelColor::isColor(value);
         QCOMPARE(button.cell()->currentMenuItem()->image().isNull(), !isColor);
+    }
+
+    /// A model that holds QColors answers what was chosen in their own space.
+    void lookingLikeTheDefaultIsBeingIt()
+    {
+        Window window;
+        window.button->setDefaultColor(ZelColor(ZelColor::CalibratedRGB, {0.2, 0.4, 0.6, 1}));
+        window.button->setSelectedColor(QColor::fromRgbF(0.2F, 0.4F, 0.6F));
+        QCOMPARE(window.button->shownText(), QStringLiteral("Default"));
+        ZelMenuItem *item = window.button->cell()->defaultMenuItem();
+        QCOMPARE(window.button->selectedItem(), item);
+        item->trigger();
+        QCOMPARE(window.actions, 0);
+    }
+
+    void listsNameTheirOwnColours()
+    {
+        const QString name = QStringLiteral("Prints");
+        const ZelColor cyan(ZelColor::DeviceCMYK, {1, 0, 0, 0, 1}); // "Cyan" in another list
+        ZelColorPopUpButton button;
+        button.setSelectedColor(cyan.toVariant());
+        button.cell()->makeMenu();
+        for (const QString &key : {QStringLiteral("Ink"), QStringLiteral("Dye")}) {
+            button.setColorList(ZelColorListPtr::create(name, QList<ZelColorList::Entry>{{key, cyan}}));
+            QCOMPARE(button.shownText(), key);
+            QCOMPARE(ZelMenuItem::titleOf(button.selectedItem()), key);
+        }
     }
 
     void wrongValuesAreAssertions()
@@ -233,6 +264,52 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
+    void buttonsMayDieOfAnyNotice_data()
+    {
+        QTest::addColumn<QByteArray>("signal");
+        QTest::addColumn<bool>("hasMenu");
+        for (const char *notice : {SIGNAL(selectedColorChanged()), SIGNAL(objectValueChanged())})
+            QTest::addRow("%s, no menu yet", notice) << QByteArray(notice) << false;
+        for (const char *notice : {SIGNAL(selectedColorChanged()), SIGNAL(objectValueChanged()),
+                                   SIGNAL(selectedItemChanged()), SIGNAL(colorListChanged())})
+            QTest::addRow("%s", notice) << QByteArray(notice) << true;
+    }
+    void buttonsMayDieOfAnyNotice()
+    {
+        QFETCH(QByteArray, signal);
+        QFETCH(bool, hasMenu);
+        Window window;
+        QPointer<ZelColorPopUpButton> button = window.button;
+        button->setSelectedColor(color(QColor(77, 0, 77)));
+        if (hasMenu)
+            button->cell()->makeMenu();
+        ZelMenuItem *red = hasMenu ? button->cell()->menuItemForColor(QColor(Qt::red)) : nullptr;
+        connect(button, signal, this, SLOT(deleteSender()));
+        if (signal == SIGNAL(colorListChanged()))
+            button->setColorList(ZelColorList::colorListNamed(QStringLiteral("System")));
+        else if (red)
+            red->trigger();
+        else
+            button->setSelectedColor(color(Qt::red));
+        QVERIFY(!button);
+    }
+
+    void theStripLeavesThePopoverAroundItsMenuOpen()
+    {
+        QWidget window;
+        window.show();
+        ZelPopover popover;
+        auto *button = new ZelColorPopUpButton;
+        popover.setContentWidget(button);
+        popover.showRelativeToRect({}, &window);
+        button->showMenu();
+        QVERIFY(openMenu());
+        auto *matrix = openMenu()->findChild<ZelColorMatrix *>();
+        QTest::mouseClick(matrix, Qt::LeftButton, {}, matrix->rectOfCell(0).center());
+        QVERIFY(!openMenu());
+        QVERIFY(popover.isShown());
+    }
+
     void thePanelIsFollowedWhileItIsOpen()
     {
         Window window;
@@ -252,8 +329,11 @@ private Q_SLOTS:
         QCOMPARE(dialog()->currentColor(), QColor(Qt::green));
         window.button->setEnabled(false);
         dialog()->setCurrentColor(Qt::yellow);
-        QCOMPARE(window.button->selectedColor(), color(Qt::green));
         window.button->setEnabled(true);
+        window.button->setEditable(false);
+        dialog()->setCurrentColor(Qt::cyan);
+        window.button->setEditable(true);
+        QCOMPARE(window.button->selectedColor(), color(Qt::green));
         dialog()->close();
         QVERIFY(!cell->isColorPanelActive());
         QVERIFY(!ZelColorPanel::sharedColorPanel()->delegate());
@@ -273,6 +353,7 @@ private Q_SLOTS:
         });
         QVERIFY(picker != widgets.end());
         const QPoint place = (*picker)->mapTo(dialog(), (*picker)->rect().center());
+        window.whenActing = [&window] { window.button->setSelectedColor(color(QColor(9, 9, 200))); }; // a strict model
         QTest::mousePress(dialog()->windowHandle(), Qt::LeftButton, {}, place);
         for (int i = 1; i < 5; ++i)
             QTest::mouseMove(dialog()->windowHandle(), place + QPoint(9 * i, 0));
@@ -280,6 +361,7 @@ private Q_SLOTS:
         QVERIFY(window.edits > 3);
         QTRY_COMPARE(window.undo.groupingLevel(), 0);
         QCOMPARE(window.undo.stack()->count(), 1);
+        QTRY_COMPARE(dialog()->currentColor(), QColor(9, 9, 200));
     }
 
     void thePanelMovesToAnotherButton()

@@ -138,6 +138,26 @@ private Q_SLOTS:
         QCOMPARE(desk.string(1), sample());
     }
 
+    /// Without a picture in between in which the text lies over its neighbours.
+    void theRowsBelowMoveAsTheTextGrows()
+    {
+        Desk desk;
+        const QWidget *next = desk.InspectorWindow::editor<ZelInspectorFontProperty>("font")->view();
+        const auto place = [&] { return next->mapTo(&desk, QPoint()).y(); };
+        desk.selectText(3, 0);
+        const int height = desk.text->height();
+        const int before = place();
+        QTest::keyClick(desk.text, Qt::Key_Return);
+        QVERIFY(desk.text->height() > height);
+        QCOMPARE(place() - before, desk.text->height() - height);
+        const int after = place();
+        desk.settle();
+        QCOMPARE(place(), after);
+        QTest::keyClick(desk.text, Qt::Key_Backspace);
+        QCOMPARE(desk.text->height(), height);
+        QCOMPARE(place(), before);
+    }
+
     void alignmentGoesToTheParagraphsOfTheSelection()
     {
         Desk desk;

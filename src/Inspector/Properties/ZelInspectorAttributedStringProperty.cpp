@@ -404,7 +404,8 @@ void ZelInspectorAttributedStringProperty::activateColorPanel(bool textColor)
         m_colorPanel->setDelegate(this);
         connect(m_colorPanel, &ZelColorPanel::colorDidChange, this,
                 &ZelInspectorAttributedStringProperty::colorPanelDidChange);
-        connect(m_colorPanel, &ZelColorPanel::trackingDidEnd, this, [this] { m_dragGrouping.reset(); });
+        connect(m_colorPanel, &ZelColorPanel::trackingDidEnd, this,
+                &ZelInspectorAttributedStringProperty::colorPanelDidEndTracking);
         connect(m_colorPanel, &ZelColorPanel::willClose, this,
                 &ZelInspectorAttributedStringProperty::deactivateColorPanel);
         connect(m_colorPanel, &ZelColorPanel::delegateDidChange, this,
@@ -444,6 +445,14 @@ void ZelInspectorAttributedStringProperty::showColorInPanel()
     m_colorPanel->setColor(color.isValid() ? color : QColor(Qt::black));
 }
 
+void ZelInspectorAttributedStringProperty::colorPanelDidEndTracking()
+{
+    const QPointer<ZelInspectorAttributedStringProperty> alive(this);
+    m_dragGrouping.reset();
+    if (alive)
+        showColorInPanel(); // the model may have made something else of it
+}
+
 void ZelInspectorAttributedStringProperty::colorPanelDidChange()
 {
     if (m_colorPanel->delegate() != this) {
@@ -455,8 +464,13 @@ void ZelInspectorAttributedStringProperty::colorPanelDidChange()
     if (m_colorPanel->isTracking() && !m_dragGrouping)
         m_dragGrouping = std::make_unique<ZelUndoGrouping>(undoManager()); // one step for the whole drag
     const QColor color = m_colorPanel->color();
-    (m_textColorActive ? m_textColor : m_backgroundColor) = color;
+    const bool isText = m_textColorActive;
+    const QPointer<ZelInspectorAttributedStringProperty> alive(this);
+    setProperty(isText ? "textColor" : "backgroundColor", color);
+    if (!alive)
+        return;
     showSegments();
-    setAttribute(m_textColorActive ? String::ForegroundColor : String::BackgroundColor, color);
-    commitFormat();
+    setAttribute(isText ? String::ForegroundColor : String::BackgroundColor, color);
+    if (alive)
+        commitFormat();
 }

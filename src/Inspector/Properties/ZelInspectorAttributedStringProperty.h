@@ -132,6 +132,7 @@ private:
     void makePopover();
     void activateColorPanel(bool textColor);
     void colorPanelDidChange();
+    void colorPanelDidEndTracking();
     void showColorInPanel();
 
     QPointer<ZelSegmentedControl> m_segmentedControl;

@@ -81,10 +81,12 @@ void ZelInspectorColorProperty::userDidChangeValue(QObject *sender)
     const ZelColor color = ZelColor::fromVariant(m_popUpButton->selectedColor());
     const QVariant old = reflectedValue();
     const QPointer<ZelInspectorColorProperty> alive(this);
-    if (color.isValid() && ZelColor::fromVariant(old) != color) {
+    if (color.isValid()) {
         const QVariant wantsQColor = ZelIsControllerMarker(old) ? combinedReflectedValue(&isQColor) : isQColor(old);
         const bool isPlain = !ZelIsControllerMarker(wantsQColor) && wantsQColor.toBool();
-        setReflectedValue(isPlain ? QVariant(color.toQColor()) : color.toVariant());
+        const QVariant value = isPlain ? QVariant(color.toQColor()) : color.toVariant();
+        if (ZelColor::fromVariant(value) != ZelColor::fromVariant(old))
+            setReflectedValue(value);
     }
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);

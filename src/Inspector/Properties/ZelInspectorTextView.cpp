@@ -19,9 +19,22 @@ ZelInspectorTextView::ZelInspectorTextView(QWidget *parent)
     : ZelGrowingTextView(parent)
 {
     setHeightLimits(19, 500);
-    connect(this, &QTextEdit::cursorPositionChanged, this, &ZelInspectorTextView::selectionDidChange);
-    connect(this, &QTextEdit::selectionChanged, this, &ZelInspectorTextView::selectionDidChange);
-    connect(this, &QTextEdit::textChanged, this, &ZelInspectorTextView::selectionDidChange);
+    connect(this, &QTextEdit::cursorPositionChanged, this, &ZelInspectorTextView::noteSelection);
+    connect(this, &QTextEdit::selectionChanged, this, &ZelInspectorTextView::noteSelection);
+    connect(this, &QTextEdit::textChanged, this, [this] {
+        m_knownRange = selectedRange();
+        Q_EMIT selectionDidChange();
+    });
+}
+
+/// Qt tells of one change up to three times; reading a large selection once is enough.
+void ZelInspectorTextView::noteSelection()
+{
+    const Range range = selectedRange();
+    if (range == m_knownRange)
+        return;
+    m_knownRange = range;
+    Q_EMIT selectionDidChange();
 }
 
 ZelInspectorTextView::Range ZelInspectorTextView::selectedRange() const
@@ -34,8 +47,11 @@ void ZelInspectorTextView::setSelectedRange(const Range &range)
 {
     const qsizetype length = document()->characterCount() - 1;
     const qsizetype start = std::clamp<qsizetype>(range.start, 0, length);
+    const qsizetype end = start + std::clamp<qsizetype>(range.length, 0, length - start);
+    const bool endsInside = start < end && beforePair(end) != end;
     QTextCursor cursor = textCursor();
-    select(&cursor, {start, std::clamp<qsizetype>(range.length, 0, length - start)});
+    const qsizetype from = beforePair(start);
+    select(&cursor, {from, start == end ? 0 : end + (endsInside ? 1 : 0) - from});
     setTextCursor(cursor);
 }
 
@@ -45,18 +61,12 @@ QList<ZelInspectorTextView::Run> ZelInspectorTextView::selectedRuns() const
     const int length = document()->characterCount() - 1;
     if (length == 0)
         return {};
-    QTextCursor cursor(document());
-    if (selected.length == 0) {
-        const qsizetype last = length - 1;
-        const qsizetype character = std::min(selected.start, last);
-        select(&cursor, {character, 1});
-        return {{selected, ZelTextDocumentCoder::readSelection(cursor).attributesAt(0)}};
-    }
-    select(&cursor, selected);
-    QList<Run> runs = ZelTextDocumentCoder::readSelection(cursor).runs();
-    for (Run &run : runs)
-        run.range.start += selected.start;
-    return runs;
+    if (selected.length > 0)
+        return attributedString().runsIn(selected);
+    QTextCursor cursor(document()); // the whole text is not read for each character that is typed
+    const qsizetype last = length - 1;
+    select(&cursor, {std::min(selected.start, last), 1});
+    return {{selected, ZelTextDocumentCoder::readSelection(cursor).attributesAt(0)}};
 }
 
 void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &value)
@@ -70,7 +80,7 @@ void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &val
         return;
     }
     const qsizetype start = cursor.selectionStart();
-    ZelAttributedString string = ZelTextDocumentCoder::readSelection(cursor);
+    ZelAttributedString string = attributedString().mid(selectedRange());
     string.setAttribute(name, value, {0, string.length()});
     cursor.beginEditBlock();
     const QList<Run> runs = string.runs();

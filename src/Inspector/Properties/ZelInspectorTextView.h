@@ -18,7 +18,7 @@ public:
 
     /// The insertion point is an empty range.
     Range selectedRange() const;
-    /// Clipped to the text.
+    /// Clipped to the text; a surrogate pair is taken as a whole.
     void setSelectedRange(const Range &range);
 
     /// The runs of what is selected, in their order. An insertion point is one empty run with the attributes of the
@@ -32,4 +32,9 @@ public:
 Q_SIGNALS:
     /// The selection, or the text in it, is another.
     void selectionDidChange();
+
+private:
+    void noteSelection();
+
+    Range m_knownRange;
 };

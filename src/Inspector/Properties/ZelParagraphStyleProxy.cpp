@@ -48,14 +48,14 @@ ZelAttributedString::Range ZelParagraphStyleProxy::rangeIn(const ZelAttributedSt
     return string.paragraphRange(m_range.value_or(ZelAttributedString::Range{0, string.length()}));
 }
 
-QVariant ZelParagraphStyleProxy::value(const ZelKeyPath &path) const
+ZelParagraphStyleValues ZelParagraphStyleProxy::values() const
 {
     const ZelAttributedString string = attributedString();
-    const ZelAttributedString::Range range = rangeIn(string);
+    const QList<ZelParagraphStyle> styles = string.paragraphStyles(rangeIn(string));
     ZelParagraphStyleValues values;
-    for (qsizetype start = range.start; start < range.end(); start = string.paragraphRange({start, 0}).end())
-        values.fold(string.paragraphStyleAt(start));
-    return values.value(nameOf(path));
+    for (const ZelParagraphStyle &style : styles)
+        values.fold(style);
+    return values;
 }
 
 QVariant ZelParagraphStyleProxy::valueForKeyPath(const ZelKeyPath &path) const
@@ -63,7 +63,7 @@ QVariant ZelParagraphStyleProxy::valueForKeyPath(const ZelKeyPath &path) const
     if (!ZelParagraphStyleValues::names().contains(nameOf(path)))
         throw ZelUndefinedKeyException(QString::fromLatin1(metaObject()->className()), path.string());
     const auto announced = m_announced.constFind(path);
-    return announced != m_announced.constEnd() ? *announced : value(path);
+    return announced != m_announced.constEnd() ? *announced : values().value(nameOf(path));
 }
 
 void ZelParagraphStyleProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
@@ -72,14 +72,9 @@ void ZelParagraphStyleProxy::setValueForKeyPath(const QVariant &value, const Zel
         throw ZelUndefinedKeyException(QString::fromLatin1(metaObject()->className()), path.string());
     const ZelAttributedString old = attributedString();
     ZelAttributedString string = old;
-    const ZelAttributedString::Range range = rangeIn(string);
-    for (qsizetype start = range.start; start < range.end(); start = string.paragraphRange({start, 0}).end()) {
-        ZelParagraphStyle style = string.paragraphStyleAt(start);
-        const ZelParagraphStyle former = style;
-        ZelParagraphStyleValues::store(&style, nameOf(path), value);
-        if (style != former)
-            string.setParagraphStyle(style, {start, 0});
-    }
+    const QByteArray name = nameOf(path);
+    string.changeParagraphStyles([&](ZelParagraphStyle &style) { ZelParagraphStyleValues::store(&style, name, value); },
+                                 rangeIn(string));
     const QPointer<ZelParagraphStyleProxy> alive(this);
     if (string != old)
         ZelSetValueForKeyPath(m_object, QVariant::fromValue(string), m_keyPath);
@@ -98,7 +93,7 @@ void ZelParagraphStyleProxy::keyPathWillBeObserved(const ZelKeyPath &path)
             },
             &g_context);
     }
-    m_announced.insert(path, value(path));
+    m_announced.insert(path, values().value(nameOf(path)));
 }
 
 void ZelParagraphStyleProxy::keyPathIsNoLongerObserved(const ZelKeyPath &path)
@@ -118,8 +113,9 @@ void ZelParagraphStyleProxy::announceChanges()
 {
     const QPointer<ZelParagraphStyleProxy> alive(this);
     const QList<ZelKeyPath> paths = m_announced.keys();
+    ZelParagraphStyleValues newValues = values();
     for (const ZelKeyPath &path : paths) {
-        const QVariant newValue = value(path);
+        const QVariant newValue = newValues.value(nameOf(path));
         if (!m_announced.contains(path) || ZelEqual(newValue, m_announced.value(path)))
             continue;
         const ZelKey key(path.string());
@@ -130,5 +126,6 @@ void ZelParagraphStyleProxy::announceChanges()
             ZelDidChangeValueForKey(this, key);
         if (!alive)
             return;
+        newValues = values(); // an observer may have changed the text
     }
 }

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <optional>
 
+class ZelParagraphStyleValues;
+
 /// The paragraph style of a range of an object's attributed string, as separate values.
 ///
 /// It answers the names of the properties of ZelParagraphStyle, "alignment" or "lineSpacing", as keys: with one value
@@ -38,7 +40,7 @@ public:
     void rereadKeyPath(const ZelKeyPath &path) override;
 
 private:
-    QVariant value(const ZelKeyPath &path) const;
+    ZelParagraphStyleValues values() const;
     ZelAttributedString attributedString() const;
     ZelAttributedString::Range rangeIn(const ZelAttributedString &string) const;
     void announceChanges();

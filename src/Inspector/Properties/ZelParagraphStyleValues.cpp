@@ -33,6 +33,9 @@ ZelParagraphStyleValues::ZelParagraphStyleValues()
 
 void ZelParagraphStyleValues::fold(const ZelParagraphStyle &style)
 {
+    if (m_last == style)
+        return;
+    m_last = style;
     for (qsizetype i = 0; i < m_values.size(); ++i) {
         const QVariant value = styleMetaObject().property(int(i)).readOnGadget(&style);
         m_values[i] = ZelInspectorProperty::combinedValueWithValue(value, m_values.at(i));

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QVariant>
 
+#include <optional>
+
 /// The values of several paragraphs' styles, by the names of the properties of ZelParagraphStyle: each is one value if
 /// the paragraphs agree, or a selection marker.
 class ZelParagraphStyleValues
@@ -24,5 +26,6 @@ public:
     static void store(ZelParagraphStyle *style, const QByteArray &name, const QVariant &value);
 
 private:
-    QVariantList m_values; // as in names()
+    QVariantList m_values;                   // as in names()
+    std::optional<ZelParagraphStyle> m_last; // long texts have few styles, one after the other
 };

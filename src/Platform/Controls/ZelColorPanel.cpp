@@ -70,7 +70,8 @@ QColor ZelColorPanel::color() const
 void ZelColorPanel::setColor(const QColor &color)
 {
     const QScopedValueRollback setting(m_isSettingColor, true);
-    if (color.isValid())
+    // A grey has no hue: set again, it would take the one that the user sees in the panel away.
+    if (color.isValid() && color.toRgb() != dialog()->currentColor())
         dialog()->setCurrentColor(color);
     m_knownColor = this->color();
 }

@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelGrowingTextView.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Layout/ZelLayoutSettling.h"
 #include "Platform/Resources/ZelTextDocumentCoder.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -44,12 +45,15 @@ ZelGrowingTextView::ZelGrowingTextView(QWidget *parent)
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    connect(document(), &QTextDocument::contentsChange, this, [this] { m_read = {}; });
     connect(document(), &QTextDocument::contentsChanged, this, &ZelGrowingTextView::textMayNeedHeight);
 }
 
 ZelAttributedString ZelGrowingTextView::attributedString() const
 {
-    return ZelTextDocumentCoder::read(document());
+    if (m_read.isNull())
+        m_read = ZelTextDocumentCoder::read(document());
+    return m_read;
 }
 
 void ZelGrowingTextView::setObjectValue(const QVariant &value)
@@ -113,9 +117,16 @@ void ZelGrowingTextView::showText(const ZelAttributedString &string)
     const int position = fits ? std::min(cursor.position(), length) : 0;
     ZelTextDocumentCoder::write(string, document());
     cursor = QTextCursor(document());
-    cursor.setPosition(anchor);
-    cursor.setPosition(position, QTextCursor::KeepAnchor);
+    cursor.setPosition(int(beforePair(anchor)));
+    cursor.setPosition(int(beforePair(position)), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+qsizetype ZelGrowingTextView::beforePair(qsizetype position) const
+{
+    const bool isInside = position > 0 && document()->characterAt(int(position)).isLowSurrogate() &&
+                          document()->characterAt(int(position) - 1).isHighSurrogate();
+    return isInside ? position - 1 : position;
 }
 
 bool ZelGrowingTextView::commitEditing()
@@ -248,24 +259,40 @@ void ZelGrowingTextView::textMayNeedHeight()
     m_measuredWidth = -1;
     const int needed = heightForWidth(width());
     updateScrollBar();
-    if (needed != height())
-        updateGeometry();
+    if (needed == height())
+        return;
+    updateGeometry();
+    if (hasFocus()) // the user sees it happen
+        ZelLayoutSettling::settle(this);
 }
 
 int ZelGrowingTextView::measuredHeight(int textWidth) const
 {
     if (textWidth == m_measuredWidth)
         return m_measuredHeight;
-    double height;
-    if (viewport()->width() == textWidth && isVisible()) {
-        height = document()->size().height();
-    } else {
+    double height = knownHeight(textWidth);
+    if (height < 0) {
         const std::unique_ptr<QTextDocument> copy(document()->clone());
         copy->setTextWidth(textWidth);
         height = copy->size().height();
     }
     m_measuredWidth = textWidth;
     return m_measuredHeight = qCeil(height);
+}
+
+/// The height as far as it matters, without laying a copy of the text out, which takes long where the text is long;
+/// negative where it takes that.
+double ZelGrowingTextView::knownHeight(int textWidth) const
+{
+    if (document()->blockCount() > m_maximumHeight)
+        return document()->blockCount(); // no paragraph is lower than a pixel
+    if (!isVisible())
+        return -1;
+    const int shownWidth = viewport()->width();
+    const double shown = document()->size().height();
+    constexpr double distance = 4; // so far beyond the limit that no other breaking of lines leads back
+    const bool isFarBeyond = shown * std::min(1.0, double(shownWidth) / textWidth) > distance * m_maximumHeight;
+    return textWidth == shownWidth || isFarBeyond ? shown : -1;
 }
 
 int ZelGrowingTextView::neededHeight(int width) const

@@ -60,6 +60,9 @@ Q_SIGNALS:
     void action();
 
 protected:
+    /// The position in the text, or the one before it where it would part a surrogate pair.
+    qsizetype beforePair(qsizetype position) const;
+
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -76,8 +79,10 @@ private:
     void updateScrollBar();
     int neededHeight(int width) const;
     int measuredHeight(int textWidth) const;
+    double knownHeight(int textWidth) const;
 
     ZelFieldContent m_content;
+    mutable ZelAttributedString m_read; // what stands in the document; null after a change of it
     int m_minimumHeight = 0;
     int m_maximumHeight = 500;
     mutable int m_measuredWidth = -1;

@@ -238,6 +238,57 @@ void ZelAttributedString::setParagraphStyle(const ZelParagraphStyle &style, cons
     setAttribute(ParagraphStyle, QVariant::fromValue(style), paragraphRange(range));
 }
 
+/// The runs of the paragraphs that a range touches, cut where a paragraph ends.
+QList<ZelAttributedString::Run> ZelAttributedString::paragraphPieces(const Range &range) const
+{
+    QList<Run> pieces;
+    const QList<Run> runs = runsIn(paragraphRange(range));
+    for (const Run &run : runs) {
+        for (qsizetype start = run.range.start; start < run.range.end(); start = pieces.last().range.end()) {
+            const qsizetype newline = m_text.indexOf(u'\n', start);
+            const qsizetype end = newline < 0 ? run.range.end() : std::min(run.range.end(), newline + 1);
+            pieces.append({{start, end - start}, run.attributes});
+        }
+    }
+    return pieces;
+}
+
+QList<ZelParagraphStyle> ZelAttributedString::paragraphStyles(const Range &range) const
+{
+    QList<ZelParagraphStyle> styles;
+    const QList<Run> pieces = paragraphPieces(range);
+    for (const Run &piece : pieces) {
+        if (piece.range.start == pieces.first().range.start || m_text.at(piece.range.start - 1) == u'\n')
+            styles.append(piece.attributes.value(ParagraphStyle).value<ZelParagraphStyle>());
+    }
+    return styles;
+}
+
+void ZelAttributedString::changeParagraphStyles(const std::function<void(ZelParagraphStyle &)> &change,
+                                                const Range &range)
+{
+    const QList<Run> pieces = paragraphPieces(range);
+    if (pieces.isEmpty())
+        return;
+    const qsizetype from = pieces.first().range.start;
+    ZelAttributedString changed;
+    QVariant style; // of the paragraph; invalid where it stays as it is
+    for (const Run &piece : pieces) {
+        if (piece.range.start == from || m_text.at(piece.range.start - 1) == u'\n') {
+            const auto former = piece.attributes.value(ParagraphStyle).value<ZelParagraphStyle>();
+            ZelParagraphStyle value = former;
+            change(value);
+            style = value == former ? QVariant() : QVariant::fromValue(value);
+        }
+        changed.m_stretches.append({piece.range.length, piece.attributes});
+        if (style.isValid())
+            changed.m_stretches.last().attributes.insert(ParagraphStyle, style);
+    }
+    const Range where{from, pieces.last().range.end() - from};
+    changed.m_text = m_text.mid(where.start, where.length);
+    replace(where, changed);
+}
+
 ZelAttributedString ZelAttributedString::mid(const Range &range) const
 {
     const Range wanted = clipped(range);

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
+
 /// A text with attributes, such as fonts and colours, over ranges of it: the value of a rich-text property.
 ///
 /// Copies share their content until one is changed. As a QVariant it converts to QString and back. An unset string is
@@ -79,8 +81,12 @@ public:
     Range paragraphRange(const Range &range) const;
     /// The style of the paragraph at a position; the default one where there is none.
     ZelParagraphStyle paragraphStyleAt(qsizetype position) const;
+    /// Those of all paragraphs that the range touches, in their order.
+    QList<ZelParagraphStyle> paragraphStyles(const Range &range) const;
     /// Sets the style of all paragraphs that the range touches.
     void setParagraphStyle(const ZelParagraphStyle &style, const Range &range);
+    /// Changes the style of each of them, beginning with the one that it has. One that is not changed stays unsaid.
+    void changeParagraphStyles(const std::function<void(ZelParagraphStyle &)> &change, const Range &range);
 
     ZelAttributedString mid(const Range &range) const;
     void replace(const Range &range, const ZelAttributedString &string);
@@ -103,6 +109,7 @@ private:
         Attributes attributes;
     };
     Range clipped(const Range &range) const;
+    QList<Run> paragraphPieces(const Range &range) const;
     qsizetype splitAt(qsizetype position);
     void mergeStretches();
 

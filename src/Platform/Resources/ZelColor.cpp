@@ -4,6 +4,7 @@
 #include "Platform/Resources/ZelColorList.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -52,6 +53,10 @@ ZelColor::ZelColor(Space space, const QList<double> &components)
     : m_space(space)
     , m_components(components)
 {
+    for (double &component : m_components) {
+        if (std::isnan(component))
+            component = 0; // which is equal to itself
+    }
 }
 
 ZelColor::ZelColor(const QColor &color)

@@ -17,7 +17,7 @@ public:
 
     ZelColor() = default;
     /// Components in 0 to 1, alpha last. Their count need not fit the space: a missing one shows as 0, a missing alpha
-    /// as 1, and further ones are kept but not shown.
+    /// as 1, and further ones are kept but not shown. One that is not a number is 0.
     ZelColor(Space space, const QList<double> &components);
     /// CMYK for a QColor of that kind, else device RGB; invalid for an invalid one.
     ZelColor(const QColor &color);

@@ -15,6 +15,8 @@ using Attributes = ZelAttributedString::Attributes;
 /// What a document keeps without showing it.
 constexpr int g_otherAttributes = QTextFormat::UserProperty + 0x5a01;
 constexpr int g_paragraphStyle = QTextFormat::UserProperty + 0x5a02;
+/// The direction for which the style was applied: what is typed since may have turned the paragraph round.
+constexpr int g_appliedDirection = QTextFormat::UserProperty + 0x5a03;
 
 constexpr uint g_lines = QFont::UnderlineResolved | QFont::OverlineResolved | QFont::StrikeOutResolved;
 
@@ -102,14 +104,15 @@ uint alignmentOf(const QTextBlockFormat &format, Qt::LayoutDirection direction)
 /// A line height that a block can have: one of several kinds.
 void applyLineHeight(QTextBlockFormat *format, const ZelParagraphStyle &style)
 {
-    const double least = style.minimumLineHeight;
-    if (style.lineHeightMultiple > 0)
+    const auto usable = [](double value) { return std::isfinite(value) ? value : 0.0; };
+    const double least = usable(style.minimumLineHeight);
+    if (usable(style.lineHeightMultiple) > 0)
         format->setLineHeight(100 * style.lineHeightMultiple, QTextBlockFormat::ProportionalHeight);
     else if (least > 0 && least == style.maximumLineHeight)
         format->setLineHeight(least, QTextBlockFormat::FixedHeight);
     else if (least > 0)
         format->setLineHeight(least, QTextBlockFormat::MinimumHeight);
-    else if (style.lineSpacing > 0)
+    else if (usable(style.lineSpacing) > 0)
         format->setLineHeight(style.lineSpacing, QTextBlockFormat::LineDistanceHeight);
 }
 
@@ -247,7 +250,8 @@ void applyStyles(const ZelAttributedString &string, QTextDocument *document, int
         QTextBlockFormat format;
         if (style.isValid())
             format = ZelTextDocumentCoder::blockFormat(style.value<ZelParagraphStyle>(), block.textDirection());
-        QTextCursor(block).setBlockFormat(format);
+        if (format != block.blockFormat())
+            QTextCursor(block).setBlockFormat(format);
     }
 }
 
@@ -291,7 +295,8 @@ QTextCharFormat ZelTextDocumentCoder::charFormat(const ZelAttributedString::Attr
 ZelParagraphStyle ZelTextDocumentCoder::paragraphStyle(const QTextBlock &block)
 {
     const QTextBlockFormat format = block.blockFormat();
-    const Qt::LayoutDirection direction = block.textDirection();
+    const QVariant applied = format.property(g_appliedDirection);
+    const auto direction = applied.isValid() ? Qt::LayoutDirection(applied.toInt()) : block.textDirection();
     const QTextDocument *document = block.document();
     const ZelParagraphStyle shown = shownStyle(format, direction, document ? document->indentWidth() : 0);
     if (!format.hasProperty(g_paragraphStyle))
@@ -328,6 +333,7 @@ QTextBlockFormat ZelTextDocumentCoder::blockFormat(const ZelParagraphStyle &styl
     if (!style.tabStops.isEmpty())
         format.setTabPositions(style.tabStops);
     format.setProperty(g_paragraphStyle, QVariant::fromValue(style));
+    format.setProperty(g_appliedDirection, int(direction));
     return format;
 }
 

@@ -148,6 +148,20 @@ private Q_SLOTS:
         QCOMPARE(window.undo.stack()->count(), 1);
     }
 
+    void theSameColourAgainIsNoStep()
+    {
+        Window window;
+        auto *editor = window.edit<ZelInspectorColorProperty>("plain"); // which keeps no name
+        window.select(1);
+        const auto grid = ZelColor::named(QStringLiteral("System"), QStringLiteral("gridColor"));
+        for (int i = 0; i < 2; ++i) {
+            editor->popUpButton()->cell()->menuItemForColor(grid.toVariant())->trigger();
+            QCoreApplication::processEvents();
+            QCOMPARE(window.first.plain, grid.toQColor());
+        }
+        QCOMPARE(window.undo.stack()->count(), 1);
+    }
+
     void aColourOfThePaletteKeepsItsName()
     {
         Window window;

@@ -246,6 +246,21 @@ private Q_SLOTS:
         QCOMPARE(handler.messages, QStringList("Invalid parameter not satisfying: block"));
     }
 
+    void aRunDoesNotPartASurrogatePair()
+    {
+        Desk desk({String(QString::fromUtf8("a\U0001F600\U0001F601b"))});
+        const auto selected = [&](qsizetype start, qsizetype length) {
+            desk.text->setSelectedRange({start, length});
+            return desk.text->selectedRange();
+        };
+        QCOMPARE(selected(2, 2), (String::Range{1, 4}));
+        QCOMPARE(selected(2, 0), (String::Range{1, 0}));
+        QCOMPARE(selected(3, 3), (String::Range{3, 3}));
+        desk.property->setAttribute(String::Overline, true);
+        desk.text->commitEditing();
+        QCOMPARE(desk.note().runs().first().range, (String::Range{0, 3}));
+    }
+
     void paragraphsWithoutAStyleSayNothing()
     {
         String string(QStringLiteral("plain\n"));
@@ -373,6 +388,12 @@ private Q_SLOTS:
         QCOMPARE(desk.selectedSegments(), QList<int>{Editor::BackgroundColorSegment});
         Desk::pick(Qt::yellow);
         QCOMPARE(desk.note().attributeAt(String::BackgroundColor, 2), QVariant(QColor(Qt::yellow)));
+        QCOMPARE(desk.undo.stack()->count(), 2);
+        desk.text->setSelectedRange({3, 0});
+        const QSignalSpy notices(desk.property, &Editor::selectionValuesChanged);
+        Desk::pick(Qt::cyan); // of what is typed next
+        QCOMPARE(desk.property->property("backgroundColor"), QVariant(QColor(Qt::cyan)));
+        QCOMPARE(notices.count(), 1);
         QCOMPARE(desk.undo.stack()->count(), 2);
         panel->close();
         QVERIFY(!desk.property->isColorPanelActive() && desk.selectedSegments().isEmpty());

@@ -3,6 +3,7 @@
 
 #include <QColorDialog>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 #include <QWindow>
 
@@ -31,6 +32,19 @@ private Q_SLOTS:
         QCOMPARE(panel->color(), QColor(9, 8, 7, 4));
         panel->setShowsAlpha(false);
         QCOMPARE(panel->color(), QColor(9, 8, 7));
+    }
+
+    /// The hue of a grey is in the panel alone.
+    void aColourShownAgainKeepsWhatTheUserSees()
+    {
+        panel->setColor(Qt::red);
+        const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>(); // hue, saturation, value
+        connect(panel, &ZelColorPanel::colorDidChange, this, [this] { panel->setColor(panel->color()); });
+        fields.at(0)->setValue(200);
+        fields.at(1)->setValue(0);
+        fields.at(1)->setValue(100);
+        panel->disconnect(this);
+        QCOMPARE(fields.at(0)->value(), 200);
     }
 
     void itStaysAboveTheClientsWindowAndOutlivesIt()

@@ -78,6 +78,27 @@ private Q_SLOTS:
         QCOMPARE(view->attributedString().text(), QString(21, u'\n'));
     }
 
+    void theRowsAroundItMoveAtOnce()
+    {
+        Panel panel; // with rows in rows, as an inspector has them
+        auto *below = new QWidget;
+        auto *row = new QWidget;
+        auto *column = new QVBoxLayout(row);
+        panel.layout()->addWidget(row);
+        column->addWidget(panel.control);
+        panel.layout()->addWidget(below);
+        below->setFixedHeight(10);
+        panel.layout()->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
+        panel.resize(200, 400);
+        panel.control->setFocus();
+        QCoreApplication::processEvents();
+        const int height = panel.control->height();
+        const int place = below->y();
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QVERIFY(panel.control->height() > height);
+        QCOMPARE(below->y() - place, panel.control->height() - height);
+    }
+
     void leavingAndControlReturnCommit_data()
     {
         QTest::addColumn<bool>("leaves");
@@ -150,6 +171,7 @@ private Q_SLOTS:
         QTest::newRow("past the end") << 2 << 7 << "2 4";
         QTest::newRow("at the end") << 4 << 6 << "0 0";
         QTest::newRow("beyond the end") << 6 << 6 << "0 0";
+        QTest::newRow("within a pair") << 3 << 3 << "2 2";
     }
     void aNewTextKeepsTheSelectionAsFarAsItGoes()
     {
@@ -162,7 +184,8 @@ private Q_SLOTS:
         cursor.setPosition(anchor);
         cursor.setPosition(position, QTextCursor::KeepAnchor);
         view.setTextCursor(cursor);
-        view.setObjectValue(rich(QStringLiteral("abcd")));
+        const bool hasPair = anchor == 3 && position == 3;
+        view.setObjectValue(rich(hasPair ? QString::fromUtf8("ab\U0001F600") : QStringLiteral("abcd")));
         const QTextCursor kept = view.textCursor();
         QCOMPARE(QStringLiteral("%1 %2").arg(kept.anchor()).arg(kept.position()), expected);
     }

@@ -177,6 +177,25 @@ private Q_SLOTS:
         QCOMPARE(throughDocument(string), string);
     }
 
+    void paragraphsAreChangedEachFromItsOwnStyle()
+    {
+        String string(QStringLiteral("ab\n\ncd\nef"));
+        string.setAttribute(String::Overline, true, {1, 4}); // ends within a paragraph
+        string.setParagraphStyle(aligned(ZelParagraphStyle::AlignRight), {4, 1});
+        QCOMPARE(string.paragraphStyles({1, 4}).size(), 3);
+        QCOMPARE(string.paragraphStyles({1, 4}).last(), aligned(ZelParagraphStyle::AlignRight));
+        QVERIFY(string.paragraphStyles({9, 0}).size() == 1 && String().paragraphStyles({0, 1}).isEmpty());
+        const String former = string;
+        string.changeParagraphStyles([](ZelParagraphStyle &style) { style.alignment += style.alignment == 1 ? 1 : 0; },
+                                     {1, 4});
+        QCOMPARE(string.paragraphStyleAt(4), aligned(ZelParagraphStyle::AlignCenter));
+        QCOMPARE(places(string, String::ParagraphStyle), places(former, String::ParagraphStyle)); // no more are said
+        QCOMPARE(places(string, String::Overline), QStringLiteral("1+3 4+1"));
+        string.changeParagraphStyles([](ZelParagraphStyle &style) { style.headerLevel = 1; }, {0, 10});
+        QCOMPARE(places(string, String::ParagraphStyle), QStringLiteral("0+1 1+3 4+1 5+2 7+2"));
+        QCOMPARE(string.text(), former.text());
+    }
+
     void linesEndAlike()
     {
         const String string(QStringLiteral("a\r\nb\rc\u2029d\u2028e\u00a0\n"));
@@ -290,6 +309,24 @@ private Q_SLOTS:
         QCOMPARE(style.baseWritingDirection, int(ZelParagraphStyle::NaturalDirection));
         Coder::write(Coder::read(&document), &document);
         QCOMPARE(document.begin().blockFormat().rightMargin(), 15.0);
+    }
+
+    void typingThatTurnsAParagraphRoundLeavesItsStyle()
+    {
+        ZelParagraphStyle style;
+        style.headIndent = 10;
+        style.firstLineHeadIndent = 12;
+        style.tailIndent = -3;
+        String string(QStringLiteral("abc"));
+        string.setParagraphStyle(style, {0, 3});
+        QTextDocument document;
+        Coder::write(string, &document);
+        QTextCursor cursor(&document);
+        cursor.insertText(QString::fromUtf8("\u05d0\u05d1 "));
+        QCOMPARE(document.begin().textDirection(), Qt::RightToLeft);
+        QCOMPARE(Coder::read(&document).paragraphStyleAt(0), style);
+        Coder::write(Coder::read(&document), &document);
+        QCOMPARE(document.begin().blockFormat().rightMargin(), 10.0);
     }
 
     void anInsertionLeavesTheStyleOfParagraphsThatItJoins()

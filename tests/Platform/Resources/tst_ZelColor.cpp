@@ -32,6 +32,7 @@ void tst_ZelColor::spacesShowAsColors_data()
     QTest::newRow("too few") << ZelColor(ZelColor::CalibratedRGB, {0, 1}) << QColor(0, 255, 0, 255);
     QTest::newRow("none") << ZelColor(ZelColor::DeviceWhite, {}) << QColor(Qt::black);
     QTest::newRow("too many") << ZelColor(ZelColor::DeviceWhite, {1, 1, 0, 0}) << QColor(Qt::white);
+    QTest::newRow("not a number") << ZelColor(ZelColor::DeviceRGB, {qQNaN(), 1, 0, 1}) << QColor(Qt::green);
     QTest::newRow("unknown list") << ZelColor::named(QStringLiteral("none"), QStringLiteral("Red")) << QColor();
     QTest::newRow("unknown name") << ZelColor::named(QStringLiteral("System"), QStringLiteral("Red")) << QColor();
     QTest::newRow("invalid") << ZelColor() << QColor();
@@ -41,6 +42,9 @@ void tst_ZelColor::spacesShowAsColors()
 {
     QFETCH(ZelColor, color);
     QTEST(color.toQColor(), "expected");
+    QList<double> components = color.components();
+    components.detach(); // of one list it would not be asked whether the numbers are equal
+    QCOMPARE(color.space() == ZelColor::Named ? color : ZelColor(color.space(), components), color);
 }
 
 void tst_ZelColor::valuesConvertBothWays()
