@@ -228,8 +228,10 @@ void ZelView::addConstraint(const ZelLayoutConstraint::Ptr &constraint)
 void ZelView::addConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
 {
     ZelConstraintLayout *layout = ZelConstraintLayout::of(this);
-    if (ZelCheck(layout, QStringLiteral("View %1 has a layout of another kind").arg(ZelObjectDescription(this))))
+    if (layout)
         layout->addConstraints(constraints);
+    else
+        ZelFail(QStringLiteral("View %1 has a layout of another kind").arg(ZelObjectDescription(this)));
 }
 
 QList<ZelLayoutConstraint::Ptr> ZelView::addConstraintsWithVisualFormat(const QString &format,

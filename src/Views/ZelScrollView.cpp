@@ -36,15 +36,30 @@ void ZelScrollView::updateDocumentSize()
     if (!document || m_updatingDocumentSize)
         return;
     const QScopedValueRollback updating(m_updatingDocumentSize, true);
-    // Showing or hiding the scroll bar changes the width and with it the height; the second round settles it.
-    for (int round = 0; round < 2; ++round) {
-        const int width = viewport()->width();
-        const int wanted =
-            document->hasHeightForWidth() ? document->heightForWidth(width) : document->sizeHint().height();
-        document->resize(width, qMax(0, wanted));
-        if (viewport()->width() == width)
-            break;
-    }
+    document->resize(documentSize());
+}
+
+int ZelScrollView::documentHeight(int width) const
+{
+    const QWidget *document = documentView();
+    return qMax(0, document->hasHeightForWidth() ? document->heightForWidth(width) : document->sizeHint().height());
+}
+
+/// The width that the viewport is going to have. Without looking ahead, everything in the document would be laid out
+/// once more as soon as the scroll bar has appeared.
+QSize ZelScrollView::documentSize() const
+{
+    const QScrollBar *bar = verticalScrollBar();
+    const QSize room = maximumViewportSize();
+    const int narrow = bar->isVisible() ? viewport()->width() : room.width() - bar->sizeHint().width();
+    const bool hasBar = bar->minimum() < bar->maximum();
+    if (verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
+        return {viewport()->width(), documentHeight(viewport()->width())};
+    const int narrowHeight = hasBar ? documentHeight(narrow) : 0;
+    if (narrowHeight > 2 * room.height()) // far more than the bar takes away
+        return {narrow, narrowHeight};
+    const int height = documentHeight(room.width());
+    return height > room.height() ? QSize(narrow, documentHeight(narrow)) : QSize(room.width(), height);
 }
 
 QSize ZelScrollView::sizeHint() const

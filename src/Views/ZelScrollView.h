@@ -31,6 +31,8 @@ protected:
 
 private:
     void updateDocumentSize();
+    QSize documentSize() const;
+    int documentHeight(int width) const;
     void watchWindow();
     bool scrollsInPlaceOf(const QWidget *widget) const;
 

@@ -5,6 +5,18 @@
 #include "Platform/Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
 
+namespace {
+
+using Constraint = ZelLayoutConstraint;
+
+Constraint::Ptr tie(QWidget *first, Constraint::Attribute attribute, QWidget *second,
+                    Constraint::Attribute secondAttribute, double constant = 0)
+{
+    return Constraint::constraintWithItem(first, attribute, Constraint::Equal, second, secondAttribute, 1, constant);
+}
+
+} // namespace
+
 ZelLabel *ZelEditorLayout::addTitleLabel(ZelView *container, const QString &title)
 {
     if (title.isEmpty())
@@ -24,28 +36,29 @@ void ZelEditorLayout::setStretches(QWidget *control, float compression)
     ZelConstraintLayout::setPriorities(control, priorities);
 }
 
+void ZelEditorLayout::setName(QWidget *control, const QString &title)
+{
+    if (!title.isEmpty())
+        control->setAccessibleName(title);
+}
+
 void ZelEditorLayout::layOutVertically(ZelView *container, QWidget *control, ZelLabel *label, const Gaps &gaps)
 {
-    const QHash<QString, double> metrics{{QStringLiteral("top"), gaps.top},
-                                         {QStringLiteral("gap"), gaps.titleGap},
-                                         {QStringLiteral("bottom"), gaps.bottom}};
     if (!label) {
-        container->addConstraintsWithVisualFormat(QStringLiteral("V:|-top-[control]-bottom-|"),
-                                                  {{QStringLiteral("control"), control}}, metrics);
+        container->addConstraints({tie(control, Constraint::Top, container, Constraint::Top, gaps.top),
+                                   tie(control, Constraint::Bottom, container, Constraint::Bottom, -gaps.bottom)});
         return;
     }
-    container->addConstraintsWithVisualFormat(QStringLiteral("V:|-top-[control]-gap-[label]-bottom-|"),
-                                              {{QStringLiteral("control"), control}, {QStringLiteral("label"), label}},
-                                              metrics);
-    for (const auto edge : {ZelLayoutConstraint::Left, ZelLayoutConstraint::Right})
-        container->addConstraint(
-            ZelLayoutConstraint::constraintWithItem(control, edge, ZelLayoutConstraint::Equal, label, edge));
+    container->addConstraints({tie(control, Constraint::Top, container, Constraint::Top, gaps.top),
+                               tie(label, Constraint::Top, control, Constraint::Bottom, gaps.titleGap),
+                               tie(label, Constraint::Bottom, container, Constraint::Bottom, -gaps.bottom),
+                               tie(control, Constraint::Left, label, Constraint::Left),
+                               tie(control, Constraint::Right, label, Constraint::Right)});
 }
 
 void ZelEditorLayout::layOut(ZelView *container, QWidget *control, ZelLabel *label, const Gaps &gaps)
 {
-    container->addConstraintsWithVisualFormat(QStringLiteral("H:|-side-[control]-side-|"),
-                                              {{QStringLiteral("control"), control}},
-                                              {{QStringLiteral("side"), gaps.side}});
+    container->addConstraints({tie(control, Constraint::Leading, container, Constraint::Leading, gaps.side),
+                               tie(control, Constraint::Trailing, container, Constraint::Trailing, -gaps.side)});
     layOutVertically(container, control, label, gaps);
 }

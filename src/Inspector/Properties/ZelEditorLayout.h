@@ -22,6 +22,8 @@ public:
 
     /// Null for an empty title.
     static ZelLabel *addTitleLabel(ZelView *container, const QString &title);
+    /// Names the control for people who cannot see it. Without a title, the row that holds the editor names it.
+    static void setName(QWidget *control, const QString &title);
     /// Pins the control to the container, with the label below it where there is one.
     static void layOut(ZelView *container, QWidget *control, ZelLabel *label, const Gaps &gaps = {2, 2, 0, 2});
     /// The vertical part alone, the label as wide as the control.

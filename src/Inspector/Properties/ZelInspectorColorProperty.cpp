@@ -38,7 +38,7 @@ void ZelInspectorColorProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_popUpButton = new ZelColorPopUpButton(container);
-    m_popUpButton->setAccessibleName(title());
+    ZelEditorLayout::setName(m_popUpButton, title());
     ZelEditorLayout::setStretches(m_popUpButton, 100);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     ZelEditorLayout::layOut(container, m_popUpButton, m_label);

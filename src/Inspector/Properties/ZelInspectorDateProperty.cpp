@@ -51,7 +51,7 @@ void ZelInspectorDateProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_datePicker = new AlignedDatePicker(container);
-    m_datePicker->setAccessibleName(title());
+    ZelEditorLayout::setName(m_datePicker, title());
     ZelEditorLayout::setStretches(m_datePicker, 100);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     ZelEditorLayout::layOut(container, m_datePicker, m_label, {2, m_label ? 2.0 : 5.0, 0, 2});

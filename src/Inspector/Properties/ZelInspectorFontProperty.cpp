@@ -115,7 +115,7 @@ void ZelInspectorFontProperty::loadView()
     m_textField->setSelectable(false);
     m_textField->setEditable(false);
     m_textField->setPadding(g_buttonRoom);
-    m_textField->setAccessibleName(title());
+    ZelEditorLayout::setName(m_textField, title());
     ZelEditorLayout::setStretches(m_textField, 1);
     m_button = new ZelActionBarButton(container);
     m_button->setIcon(pickerImage());
@@ -127,7 +127,7 @@ void ZelInspectorFontProperty::loadView()
     connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     layOut(container);
-    addPopover();
+    delete m_popover;
 }
 
 void ZelInspectorFontProperty::layOut(ZelView *container)
@@ -144,13 +144,24 @@ void ZelInspectorFontProperty::layOut(ZelView *container)
     ZelEditorLayout::layOutVertically(container, m_textField, m_label);
 }
 
-void ZelInspectorFontProperty::addPopover()
+// Popover
+
+/// The pop-ups of all families cost more than the rest of the editor, and most editors are never asked for them.
+void ZelInspectorFontProperty::makePopover()
 {
-    delete m_popover;
+    if (m_popover || !isViewLoaded())
+        return;
     m_popover = new ZelPopover(this);
     m_popoverView = new ZelFontPopoverView;
     m_popover->setContentWidget(m_popoverView);
     m_popover->setContentSize({g_popoverWidth, 0});
+    connectPopoverView();
+    if (isViewInstalled())
+        showValueInPopover();
+}
+
+void ZelInspectorFontProperty::connectPopoverView()
+{
     ZelFontPopoverView *view = m_popoverView;
     connect(view->fontPopUpButton(), &ZelPopUpButton::action, this,
             [this, view] { selectFont(view->fontPopUpButton()); });
@@ -163,6 +174,28 @@ void ZelInspectorFontProperty::addPopover()
     connect(view->fontSizeStepper(), &ZelStepper::action, this,
             [this, view] { setFontSize(view->fontSizeStepper()->objectValue()); });
     connect(view->doneButton(), &QAbstractButton::clicked, this, [this, view] { selectDone(view->doneButton()); });
+}
+
+ZelPopover *ZelInspectorFontProperty::popover()
+{
+    makePopover();
+    return m_popover;
+}
+
+ZelFontPopoverView *ZelInspectorFontProperty::popoverView()
+{
+    makePopover();
+    return m_popoverView;
+}
+
+QStringList ZelInspectorFontProperty::fontFamilies()
+{
+    return popoverView() ? m_popoverView->fontFamilies() : QStringList();
+}
+
+QStringList ZelInspectorFontProperty::fontFaces()
+{
+    return popoverView() ? m_popoverView->fontFaces() : QStringList();
 }
 
 void ZelInspectorFontProperty::viewDidInstall()
@@ -187,56 +220,58 @@ void ZelInspectorFontProperty::viewWillUninstall()
 
 void ZelInspectorFontProperty::updateView()
 {
-    if (!m_textField || !m_popoverView)
+    if (!m_textField)
         return;
     const QPointer<ZelInspectorFontProperty> alive(this);
     Q_EMIT fontSizeChanged();
     if (!alive)
         return;
-    showSize();
+    const QVariant size = fontSize();
+    m_stepper->setObjectValue(size);
+    m_stepper->setEditable(!hasNoTarget(size));
     const QVariant value = reflectedValue();
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const auto font = fontOf(value);
     m_button->setEnabled((isMultiple || font) && isEffectivelyEnabled());
-    if (font) {
-        showFont(*font);
-    } else if (isMultiple) {
-        showText(localized("Multiple Fonts"));
-        m_popoverView->selectMultiple();
-    } else {
-        showText(placeholder.isNull() ? localized("No Font") : placeholder);
-        m_popoverView->selectFamilyAndFace({}, {});
-    }
+    if (font)
+        m_textField->setObjectValue(description(*font));
+    else if (isMultiple)
+        m_textField->setObjectValue(localized("Multiple Fonts"));
+    else
+        m_textField->setObjectValue(placeholder.isNull() ? localized("No Font") : placeholder);
+    if (m_popoverView)
+        showValueInPopover();
 }
 
-void ZelInspectorFontProperty::showText(const QString &text)
-{
-    m_textField->setObjectValue(text);
-}
-
-void ZelInspectorFontProperty::showSize()
+void ZelInspectorFontProperty::showValueInPopover()
 {
     const QVariant size = fontSize();
     ZelTextField *field = m_popoverView->fontSizeTextField();
     field->setNullPlaceholder(localized(ZelIsMarker(size, ZelMultipleValuesMarker) ? "Multiple Sizes" : "No Size"));
     field->setObjectValue(ZelIsControllerMarker(size) ? QVariant() : size);
     field->setEditable(!hasNoTarget(size));
-    for (ZelStepper *stepper : {m_stepper.data(), m_popoverView->fontSizeStepper()}) {
-        stepper->setObjectValue(size);
-        stepper->setEditable(!hasNoTarget(size));
+    m_popoverView->fontSizeStepper()->setObjectValue(size);
+    m_popoverView->fontSizeStepper()->setEditable(!hasNoTarget(size));
+    const QVariant value = reflectedValue();
+    if (const auto font = fontOf(value)) {
+        const QString family = ZelFontManager::familyOf(*font);
+        m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(family));
+        m_popoverView->selectFamilyAndFace(family, ZelFontManager::faceOf(*font));
+    } else if (ZelIsMarker(value, ZelMultipleValuesMarker)) {
+        m_popoverView->selectMultiple();
+    } else {
+        m_popoverView->selectFamilyAndFace({}, {});
     }
 }
 
-void ZelInspectorFontProperty::showFont(const QFont &font)
+/// Family, face unless it is the regular one, and size.
+QString ZelInspectorFontProperty::description(const QFont &font)
 {
-    const QString family = ZelFontManager::familyOf(font);
     const QString face = ZelFontManager::faceOf(font);
-    QString text = family;
+    QString text = ZelFontManager::familyOf(font);
     if (face != QStringLiteral("Regular"))
         text += u' ' + face;
-    showText(text + u' ' + QString::number(ZelFontManager::sizeOf(font), 'f', 0));
-    m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(family));
-    m_popoverView->selectFamilyAndFace(family, face);
+    return text + u' ' + QString::number(ZelFontManager::sizeOf(font), 'f', 0);
 }
 
 // Actions
@@ -244,7 +279,7 @@ void ZelInspectorFontProperty::showFont(const QFont &font)
 void ZelInspectorFontProperty::selectPopover(QObject *sender)
 {
     auto *widget = qobject_cast<QWidget *>(sender);
-    if (!widget || !m_popover || !m_popoverView)
+    if (!widget || !popoverView())
         return;
     m_popoverView->selectCustom();
     m_popoverView->setDetailsEnabled(true);
@@ -253,7 +288,7 @@ void ZelInspectorFontProperty::selectPopover(QObject *sender)
 
 void ZelInspectorFontProperty::selectFont(QObject *sender)
 {
-    if (!m_popoverView)
+    if (!popoverView())
         return;
     const QAction *item = m_popoverView->fontPopUpButton()->selectedItem();
     const QVariant font = item ? item->data() : QVariant();
@@ -268,14 +303,14 @@ void ZelInspectorFontProperty::selectFont(QObject *sender)
 
 void ZelInspectorFontProperty::selectFontFamily(QObject *sender)
 {
-    const QString family = m_popoverView ? m_popoverView->fontFamilyPopUpButton()->objectValue().toString() : QString();
+    const QString family = popoverView() ? m_popoverView->fontFamilyPopUpButton()->objectValue().toString() : QString();
     if (!family.isEmpty()) // else it is no family's item
         writeFont(ZelFontManager::convertFontToFamily(currentFont(), family), sender);
 }
 
 void ZelInspectorFontProperty::selectFontFace(QObject *sender)
 {
-    const QString face = m_popoverView ? m_popoverView->fontStylePopUpButton()->objectValue().toString() : QString();
+    const QString face = popoverView() ? m_popoverView->fontStylePopUpButton()->objectValue().toString() : QString();
     const QFont font = currentFont();
     if (!face.isEmpty())
         writeFont(ZelFontManager::convertFontToFace(font, ZelFontManager::familyOf(font), face), sender);

@@ -30,11 +30,12 @@ public:
     ZelActionBarButton *button() const { return m_button; }
     ZelStepper *stepper() const { return m_stepper; }
     ZelLabel *label() const { return m_label; }
-    ZelPopover *popover() const { return m_popover; }
-    /// The content of the popover; null before the view is loaded.
-    ZelFontPopoverView *popoverView() const { return m_popoverView; }
-    QStringList fontFamilies() const { return m_popoverView ? m_popoverView->fontFamilies() : QStringList(); }
-    QStringList fontFaces() const { return m_popoverView ? m_popoverView->fontFaces() : QStringList(); }
+    /// Made when it is first asked for or shown; null before the view is loaded.
+    ZelPopover *popover();
+    /// The content of the popover.
+    ZelFontPopoverView *popoverView();
+    QStringList fontFamilies();
+    QStringList fontFaces();
 
     QVariant fontSize() const;
     void setFontSize(const QVariant &size);
@@ -57,11 +58,13 @@ Q_SIGNALS:
     void fontSizeChanged();
 
 private:
-    void addPopover();
+    void makePopover();
+    void connectPopoverView();
+    void showValueInPopover();
     void layOut(ZelView *container);
     void showText(const QString &text);
     void showSize();
-    void showFont(const QFont &font);
+    static QString description(const QFont &font);
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;
 

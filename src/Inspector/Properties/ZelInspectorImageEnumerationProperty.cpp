@@ -30,13 +30,13 @@ void ZelInspectorImageEnumerationProperty::loadView()
     if (isEditable()) {
         m_segmentedControl = new ZelSegmentedControl;
         m_resizableSegmentedControlView = new ZelResizableSegmentedControlView(m_segmentedControl, container);
-        m_segmentedControl->setAccessibleName(title());
+        ZelEditorLayout::setName(m_segmentedControl, title());
         connect(m_segmentedControl, &ZelSegmentedControl::action, this,
                 [this] { userDidChangeValue(m_segmentedControl); });
     } else {
         m_imageView = new QLabel(container);
         m_imageView->setFixedHeight(ZelControlSize::imageSide);
-        m_imageView->setAccessibleName(title());
+        ZelEditorLayout::setName(m_imageView, title());
     }
     QWidget *control = isEditable() ? static_cast<QWidget *>(m_resizableSegmentedControlView) : m_imageView;
     ZelEditorLayout::setStretches(control, 1);

@@ -60,7 +60,7 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     m_textField = new ZelTextField(container);
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
-    m_textField->setAccessibleName(title());
+    ZelEditorLayout::setName(m_textField, title());
     ZelEditorLayout::setStretches(m_textField, 1);
     connect(m_textField, &ZelTextField::action, this, [this] { userDidChangeValue(m_textField); });
 }
@@ -68,7 +68,7 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
 void ZelInspectorNumberProperty::addStepper(ZelView *container)
 {
     m_stepper = new ZelStepper(container);
-    m_stepper->setAccessibleName(title());
+    ZelEditorLayout::setName(m_stepper, title());
     connect(m_stepper, &ZelStepper::action, this, [this] { userDidChangeValue(m_stepper); });
 }
 
@@ -77,7 +77,7 @@ void ZelInspectorNumberProperty::addSlider(ZelView *container)
     m_slider = new ZelSlider(sliderType == CircularSlider ? ZelSlider::Circular : ZelSlider::Linear, container);
     m_slider->setMinValue(0);
     m_slider->setMaxValue(10);
-    m_slider->setAccessibleName(title());
+    ZelEditorLayout::setName(m_slider, title());
     connect(m_slider, &ZelSlider::action, this, [this] { userDidChangeValue(m_slider); });
 }
 

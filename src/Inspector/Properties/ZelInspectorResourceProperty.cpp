@@ -24,7 +24,7 @@ void ZelInspectorResourceProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_comboBox = new ZelComboBox(container);
-    m_comboBox->setAccessibleName(title());
+    ZelEditorLayout::setName(m_comboBox, title());
     ZelEditorLayout::setStretches(m_comboBox, 100);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     ZelEditorLayout::layOut(container, m_comboBox, m_label, {2, 1, 2, m_label ? 2.0 : 4.0});

@@ -25,7 +25,7 @@ void ZelInspectorStringProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_textField = new ZelGrowingTextField(container);
-    m_textField->setAccessibleName(title());
+    ZelEditorLayout::setName(m_textField, title());
     m_textField->setLabelStyle(!editable);
     m_textField->setNullPlaceholder(placeholder);
     ZelEditorLayout::setStretches(m_textField, 1);

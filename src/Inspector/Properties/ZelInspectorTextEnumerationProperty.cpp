@@ -29,13 +29,13 @@ void ZelInspectorTextEnumerationProperty::loadView()
     ZelView *container = makeEditorView();
     if (isEditable()) {
         m_popUpButton = new ZelPopUpButton(container);
-        m_popUpButton->setAccessibleName(title());
+        ZelEditorLayout::setName(m_popUpButton, title());
         ZelEditorLayout::setStretches(m_popUpButton, 100);
         connect(m_popUpButton, &ZelPopUpButton::action, this, [this] { userDidChangeValue(m_popUpButton); });
     } else {
         m_textField = new ZelTextField(container);
         m_textField->setLabelStyle(true);
-        m_textField->setAccessibleName(title());
+        ZelEditorLayout::setName(m_textField, title());
         ZelEditorLayout::setStretches(m_textField, 1);
     }
     m_label = ZelEditorLayout::addTitleLabel(container, title());

@@ -5,7 +5,9 @@
 #include "Platform/Controls/ZelTextField.h"
 
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
@@ -20,6 +22,17 @@ bool endsTyping(const QEvent *event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+/// A field with a completer gets none from a box that takes it. Making one costs more than the rest of the box.
+QCompleter *noCompleter()
+{
+    static QPointer<QCompleter> completer;
+    if (!completer)
+        completer = new QCompleter(QCoreApplication::instance());
+    return completer;
+}
+
+constexpr int minimumLetters = 6;
+
 } // namespace
 
 ZelComboBox::ZelComboBox(QWidget *parent)
@@ -27,13 +40,12 @@ ZelComboBox::ZelComboBox(QWidget *parent)
 {
     ZelControlSupport::prepare();
     m_field = new ZelTextField(this); // its coming is an event that we get
+    m_field->setCompleter(noCompleter());
     setLineEdit(m_field);
+    m_field->setCompleter(nullptr);
     m_field->installEventFilter(this);
     setInsertPolicy(NoInsert);
     setDuplicatesEnabled(true); // or Return replaces what was typed by an item that differs in case
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(6);
-    completer()->setCompletionMode(QCompleter::InlineCompletion);
     connect(m_field, &ZelTextField::objectValueChanged, this, &ZelComboBox::objectValueChanged);
     connect(m_field, &ZelTextField::editableChanged, this, &ZelComboBox::editableChanged);
     connect(m_field, &ZelTextField::valueEdited, this, &ZelComboBox::valueEdited);
@@ -114,6 +126,35 @@ void ZelComboBox::initStyleOption(QStyleOptionComboBox *option) const
         ZelControlSupport::showDisabled(option);
 }
 
+/// Wide enough for some letters, whatever is in the list. (A policy of the box for that would make the list's view at
+/// once, which is half of what a box costs.)
+QSize ZelComboBox::sizeHint() const
+{
+    ensurePolished();
+    const QFontMetrics metrics = fontMetrics();
+    const QSize room(minimumLetters * metrics.horizontalAdvance(QLatin1Char('X')) + iconSize().width() + 4,
+                     std::max(metrics.height(), iconSize().height()) + 2);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, room, this);
+}
+
+QSize ZelComboBox::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+/// Who never enters the box needs no completer.
+void ZelComboBox::addCompleter()
+{
+    if (completer())
+        return;
+    auto *completer = new QCompleter(model(), m_field);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setCompletionMode(QCompleter::InlineCompletion);
+    setCompleter(completer);
+}
+
 QString ZelComboBox::nullPlaceholder() const
 {
     return m_field->nullPlaceholder();
@@ -136,8 +177,12 @@ void ZelComboBox::completeText()
 
 bool ZelComboBox::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_field && m_field && endsTyping(event))
-        completeText();
+    if (watched == m_field && m_field) {
+        if (event->type() == QEvent::KeyPress)
+            addCompleter();
+        if (endsTyping(event))
+            completeText();
+    }
     return QComboBox::eventFilter(watched, event);
 }
 
@@ -165,6 +210,8 @@ bool ZelComboBox::event(QEvent *event)
         event->ignore();
         return true;
     }
+    if (m_field && event->type() == QEvent::FocusIn)
+        addCompleter();
     // The box has the focus in the field's place, and hands events on to it past the filter.
     if (m_field && endsTyping(event))
         completeText();

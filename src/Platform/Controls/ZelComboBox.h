@@ -44,6 +44,8 @@ public:
     bool commitEditing() override;
     void discardEditing() override;
     void showPopup() override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void objectValueChanged();
@@ -62,6 +64,7 @@ protected:
 private:
     void showValueInList();
     void completeText();
+    void addCompleter();
 
     ZelTextField *m_field = nullptr;
 };

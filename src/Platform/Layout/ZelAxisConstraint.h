@@ -20,6 +20,7 @@ struct ZelAxisConstraint
         double offset = 0;
 
         bool isBox() const { return edge != None && box != Container; }
+        bool operator==(const Operand &) const = default;
         bool is(int otherBox, Edge otherEdge) const { return box == otherBox && edge == otherEdge; }
     };
 
@@ -31,6 +32,7 @@ struct ZelAxisConstraint
     double multiplier = 1;
     double constant = 0;
 
+    bool operator==(const ZelAxisConstraint &) const = default;
     bool isRequired() const { return priority >= 1000; }
     /// The constant on the right side with the offsets in it.
     double bias() const { return multiplier * second.offset + constant - first.offset; }

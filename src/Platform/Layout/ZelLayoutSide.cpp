@@ -97,9 +97,10 @@ bool ZelLayoutSide::measure(Measured &measured, const QSize &boxSize)
         offset.child && offset.widget && (offset.child == offset.widget || offset.child->isAncestorOf(offset.widget));
     if (!isInside)
         return false; // it died or moved; the constraint goes with the next reading
-    ZelAxisConstraint &constraint = axis.constraint(measured.constraint);
-    double &place = measured.isSecond ? constraint.second.offset : constraint.first.offset;
-    const double before = std::exchange(place, measureOffset(measured.offset, boxSize));
+    const double before = axis.offset(measured.constraint, measured.isSecond);
+    const double place = measureOffset(measured.offset, boxSize);
+    if (place != before)
+        axis.setOffset(measured.constraint, measured.isSecond, place);
     return std::abs(place - before) > Tiny;
 }
 

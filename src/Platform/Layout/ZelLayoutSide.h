@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Layout/ZelLayoutAxis.h"
 #include "Platform/Layout/ZelLayoutConstraint.h"
+#include "Platform/Layout/ZelSharedAxis.h"
 
 /// One axis of a layout with what ties it to widgets: constraints, baselines and places of descendants, conflicts.
 ///
@@ -21,7 +21,7 @@ public:
         bool isRightToLeft = false;
     };
 
-    ZelLayoutAxis axis;
+    ZelSharedAxis axis;
     ZelLayoutBoxes boxes;
 
     /// Forgets constraints and boxes.

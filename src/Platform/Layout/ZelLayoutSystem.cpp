@@ -71,7 +71,7 @@ void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
     if (!m_isCompiled || constraint.m_place < 0)
         return;
     const double sign = isMirrored(constraint) ? -1 : 1;
-    m_isCompiled = sideOf(constraint).axis.setConstant(constraint.m_place, sign * constraint.constant());
+    sideOf(constraint).axis.setConstant(constraint.m_place, sign * constraint.constant());
     forgetSolutions();
 }
 
