@@ -27,11 +27,14 @@ void ZelActionBarPopupButton::showMenu()
 {
     if (!m_menu || m_open)
         return;
+    const QPointer<ZelActionBarPopupButton> guard(this);
+    Q_EMIT m_menu->aboutToShow(); // applications fill their menus then, or have none any more
+    if (!guard || !m_menu || m_open)
+        return;
     auto *menu = new ZelPopUpMenu(this);
     m_open = menu;
     menu->setMinimumWidth(0);
     menu->setToolTipsVisible(m_menu->toolTipsVisible());
-    Q_EMIT m_menu->aboutToShow(); // applications fill their menus then
     menu->addActions(m_menu->actions());
     connect(menu, &QMenu::aboutToHide, this, [this, menu] {
         m_open = nullptr;

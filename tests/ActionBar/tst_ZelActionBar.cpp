@@ -444,6 +444,11 @@ void tst_ZelActionBar::survivesTheDeathOfEverything()
     second->setMenu(menu);
     delete menu;
     QTest::keyClick(window.control<ZelActionBarPopupButton>(0), Qt::Key_Space);
+    menu = new QMenu;
+    connect(menu, &QMenu::aboutToShow, menu, [menu] { delete menu; });
+    second->setMenu(menu);
+    QTest::keyClick(window.control<ZelActionBarPopupButton>(0), Qt::Key_Space);
+    QVERIFY(!QApplication::activePopupWidget());
     auto *view = new QLineEdit;
     second->setView(view);
     delete view;

@@ -5,6 +5,7 @@
 #include "Platform/Controls/ZelGrowingTextEditor.h"
 #include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Layout/ZelLayoutSettling.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QContextMenuEvent>
@@ -420,8 +421,11 @@ void ZelGrowingTextField::textMayNeedHeight()
         return; // nobody has asked since
     const int former = m_measuredWidth == width() ? m_measuredHeight : -1;
     forgetMeasures();
-    if (former != heightForWidth(width()))
-        updateGeometry();
+    if (former == heightForWidth(width()))
+        return;
+    updateGeometry();
+    if (m_editor) // it grows under the user's hands
+        ZelLayoutSettling::settle(this);
 }
 
 QSize ZelGrowingTextField::sizeHint() const

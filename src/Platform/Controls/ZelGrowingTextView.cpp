@@ -262,7 +262,7 @@ void ZelGrowingTextView::textMayNeedHeight()
     if (needed == height())
         return;
     updateGeometry();
-    if (hasFocus()) // the user sees it happen
+    if (hasFocus() || isEditing()) // it grows under the user's hands
         ZelLayoutSettling::settle(this);
 }
 

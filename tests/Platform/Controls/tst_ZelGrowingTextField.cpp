@@ -106,7 +106,7 @@ void tst_ZelGrowingTextField::growsWhileTyping()
     QTest::keyClick(keys(), Qt::Key_Return, Qt::AltModifier);
     QVERIFY(panel.control->heightForWidth(panel.control->width()) > before);
     // The whole text fits without scrolling.
-    QTRY_VERIFY(panel.control->height() >= panel.control->heightForWidth(panel.control->width()));
+    QVERIFY(panel.control->height() >= panel.control->heightForWidth(panel.control->width())); // at once
     QCOMPARE(editorOf(panel.control)->verticalScrollBar()->maximum(), 0);
     QCOMPARE(panel.control->text(), QStringLiteral("one\n"));
     QTest::keyClick(keys(), Qt::Key_Escape);
