@@ -22,6 +22,8 @@ class QNativeGestureEvent;
 ///
 /// Zooms by the wheel with Ctrl and by pinching, about the pointer, and by its actions, about the centre of the visible
 /// area. What the zoom is about keeps its place on the screen, as far as the scroll area can scroll.
+///
+/// In a QScrollArea whoever hears of a change, of the scroll bars, too, may delete the view.
 class ZelMagnificationView : public ZelView
 {
     Q_OBJECT

@@ -13,13 +13,19 @@ QHash<QString, QIcon> &cache()
     return icons;
 }
 
-QPixmap tinted(const QString &file, const QColor &color)
+void addTinted(QIcon &icon, const QString &name, QPalette::ColorGroup group, QPalette::ColorRole role, QIcon::Mode mode)
 {
-    QPixmap pixmap(file);
-    QPainter painter(&pixmap);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(pixmap.rect(), color);
-    return pixmap;
+    for (const int ratio : {1, 2}) { // the second for fine screens
+        const QString suffix = ratio == 1 ? QString() : QStringLiteral("@2x");
+        QPixmap pixmap(QStringLiteral(":/images/%1%2.png").arg(name, suffix));
+        pixmap.setDevicePixelRatio(1);
+        QPainter painter(&pixmap);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), QGuiApplication::palette().color(group, role));
+        painter.end();
+        pixmap.setDevicePixelRatio(ratio);
+        icon.addPixmap(pixmap, mode);
+    }
 }
 } // namespace
 
@@ -28,11 +34,9 @@ QIcon Icons::named(const QString &name)
     QIcon &icon = cache()[name];
     if (!icon.isNull())
         return icon;
-    const QPalette palette = QGuiApplication::palette();
-    const QString file = QStringLiteral(":/images/%1.png").arg(name);
-    icon.addPixmap(tinted(file, palette.color(QPalette::Active, QPalette::ButtonText)));
-    icon.addPixmap(tinted(file, palette.color(QPalette::Disabled, QPalette::ButtonText)), QIcon::Disabled);
-    icon.addPixmap(tinted(file, palette.color(QPalette::Active, QPalette::HighlightedText)), QIcon::Selected);
+    addTinted(icon, name, QPalette::Active, QPalette::ButtonText, QIcon::Normal);
+    addTinted(icon, name, QPalette::Disabled, QPalette::ButtonText, QIcon::Disabled);
+    addTinted(icon, name, QPalette::Active, QPalette::HighlightedText, QIcon::Selected);
     return icon;
 }
 

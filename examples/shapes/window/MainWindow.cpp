@@ -27,6 +27,7 @@ MainWindow::MainWindow(const Options &options)
     , m_inspector(new InspectorPanel(&m_owner, &m_selection, &m_undoStack, this))
     , m_panes(new Panes(m_list, m_canvasArea, m_inspector))
     , m_settings(options.settings)
+    , m_firstZoom(options.zoom / 100.0)
     , m_toolBar(addToolBar(QString()))
     , m_selectionLabel(new QLabel)
     , m_zoomLabel(new QLabel)
@@ -76,6 +77,8 @@ void MainWindow::createPanes(const Options &options)
         m_panes->restore(QSettings(m_settings, QSettings::IniFormat));
     if (options.inspectorWidth > 0)
         m_panes->setPaneWidth(Panes::Inspector, options.inspectorWidth);
+    else if (options.inspectorWidth == 0)
+        m_panes->setCollapsed(Panes::Inspector, true);
     setCentralWidget(m_panes);
 }
 
@@ -206,12 +209,19 @@ void MainWindow::closeEvent(QCloseEvent *event)
 void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
-    // Once the size of the view is known, a page that is only a little too large for it is made to fit.
-    QTimer::singleShot(0, this, [this] {
-        const double zoom = m_canvasArea->fittingZoom();
-        if (m_canvasArea->zoom() == 1 && zoom > 0.7 && zoom < 1)
-            m_canvasArea->zoomToFit();
-    });
+    QTimer::singleShot(0, this, &MainWindow::chooseZoom); // once the size of the view is known
+}
+
+void MainWindow::chooseZoom()
+{
+    if (m_firstZoom > 0) {
+        m_canvasArea->magnifier()->magnifyVisibleRectWithFactor(std::exchange(m_firstZoom, 0));
+        return;
+    }
+    // A page that is only a little too large is made to fit.
+    const double zoom = m_canvasArea->fittingZoom();
+    if (m_canvasArea->zoom() == 1 && zoom > 0.7 && zoom < 1)
+        m_canvasArea->zoomToFit();
 }
 
 void MainWindow::retranslate()

@@ -50,6 +50,7 @@ private:
     QMenu *addTranslatedMenu(QMenuBar *bar, const char *title);
     void setLanguage(const QString &language);
     void setDark(bool dark);
+    void chooseZoom();
     void retranslate();
     void updateActions();
     void updateStatus();
@@ -68,6 +69,7 @@ private:
     InspectorPanel *m_inspector;
     Panes *m_panes;
     QString m_settings; // the file; empty to keep nothing
+    double m_firstZoom; // asked for, until the window is shown
     QToolBar *m_toolBar;
     QLabel *m_selectionLabel;
     QLabel *m_zoomLabel;

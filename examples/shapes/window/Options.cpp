@@ -57,7 +57,8 @@ Options Options::parse(const QCoreApplication &application)
         {"description", "Use the inspector description in this folder.", "folder"},
         {"language", "Speak en or de.", "language"},
         {"dark", "Use the dark palette."},
-        {"inspector-width", "The width of the inspector in pixels.", "pixels"},
+        {"inspector-width", "The width of the inspector in pixels; 0 collapses it.", "pixels"},
+        {"zoom", "Magnify the page to so many percent.", "percent"},
     });
     parser.process(application);
 
@@ -68,7 +69,8 @@ Options Options::parse(const QCoreApplication &application)
     reader.read("objects", options.shapeCount, 0);
     reader.read("description", options.description);
     reader.read("language", options.language);
-    reader.read("inspector-width", options.inspectorWidth, 50);
+    reader.read("inspector-width", options.inspectorWidth, 0);
+    reader.read("zoom", options.zoom, 1);
     if (options.screenshot.isEmpty())
         options.settings =
             QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/shapes.ini");

@@ -17,8 +17,9 @@ struct Options
     QString description; ///< the folder of the inspector's description; empty for the built-in one
     QString language = QStringLiteral("en");
     bool dark = false;
-    int inspectorWidth = 0; ///< pixels; 0 for the one it had last
-    QString settings;       ///< the file that keeps how the window is divided; empty to keep nothing
+    int inspectorWidth = -1; ///< pixels; 0 to collapse it, negative for the one it had last
+    int zoom = 0;            ///< percent; 0 to fit the page into the window
+    QString settings;        ///< the file that keeps how the window is divided; empty to keep nothing
 
     /// Reads the arguments of the application; ends the program with a message where they make no sense.
     static Options parse(const QCoreApplication &application);
