@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelResizableSegmentedControlView.h"
 
-#include <QHBoxLayout>
+#include "Platform/Layout/ZelConstraintLayout.h"
 
 ZelResizableSegmentedControlView::ZelResizableSegmentedControlView(QWidget *parent)
     : QWidget(parent)
 {
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins({});
 }
 
 ZelResizableSegmentedControlView::ZelResizableSegmentedControlView(ZelSegmentedControl *control, QWidget *parent)
@@ -25,7 +23,12 @@ void ZelResizableSegmentedControlView::setSegmentedControl(ZelSegmentedControl *
     if (!control)
         return;
     setSizePolicy(control->sizePolicy());
-    layout()->addWidget(control);
+    control->setParent(this);
+    control->show();
+    // Constraints know where the control is going to be before it is there: rows align to its baseline.
+    for (const char *format : {"H:|[control]|", "V:|[control]|"})
+        ZelConstraintLayout::of(this)->addConstraints(ZelLayoutConstraint::constraintsWithVisualFormat(
+            QString::fromLatin1(format), {{QStringLiteral("control"), control}}));
 }
 
 double ZelResizableSegmentedControlView::baselineOffsetForHeight(double height) const
