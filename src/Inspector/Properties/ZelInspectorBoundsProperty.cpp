@@ -29,10 +29,18 @@ constexpr Row g_rows[] = {
     {"sizeHeight", "Height", "Change Height"},
 };
 
-/// QVariant's own conversion costs many times more for what is a rectangle already.
-QRectF rectOf(const QVariant &value)
+QRectF rectOf(const ZelGeometryType::Numbers &numbers)
 {
-    return value.typeId() == QMetaType::QRectF ? *static_cast<const QRectF *>(value.constData()) : value.toRectF();
+    return {numbers[0], numbers[1], numbers[2], numbers[3]};
+}
+
+ZelRectAnchor modelAnchor(ZelRectAnchor anchor, bool isFlipped)
+{
+    if (anchor > ZelOriginBottomRight) {
+        ZelFail(QStringLiteral("Unsupported case"));
+        return anchor;
+    }
+    return isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
 }
 
 QString localized(const char *key)
@@ -51,7 +59,7 @@ QStringList keys()
 } // namespace
 
 ZelInspectorBoundsProperty::ZelInspectorBoundsProperty(QObject *owner)
-    : ZelInspectorCompositeProperty(owner, keys())
+    : ZelInspectorCompositeProperty(owner, keys(), QMetaType::fromType<QRectF>())
 {
     connect(this, &ZelInspectorBoundsProperty::flippedChanged, this,
             &ZelInspectorBoundsProperty::updateInternalEnabled);
@@ -83,11 +91,7 @@ void ZelInspectorBoundsProperty::setAnchor(ZelRectAnchor anchor)
 
 ZelRectAnchor ZelInspectorBoundsProperty::flippedAnchor(ZelRectAnchor anchor) const
 {
-    if (anchor > ZelOriginBottomRight) {
-        ZelFail(QStringLiteral("Unsupported case"));
-        return anchor;
-    }
-    return m_isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
+    return modelAnchor(anchor, m_isFlipped);
 }
 
 void ZelInspectorBoundsProperty::updateFlipped()
@@ -108,29 +112,22 @@ void ZelInspectorBoundsProperty::originSelectionViewDidSelectAnchor(ZelOriginSel
 
 // Components
 
-ZelInspectorCompositeProperty::Components ZelInspectorBoundsProperty::componentsOfValue(const QVariant &value) const
+void ZelInspectorBoundsProperty::makeComponents(Numbers &numbers) const
 {
-    if (value.typeId() != QMetaType::QRectF && value.typeId() != QMetaType::QRect)
-        return {};
-    const QRectF rect = rectOf(value);
-    const QPointF origin = CGRectGetOriginForAnchor(flippedAnchor(m_anchor), rect);
-    return {origin.x(), origin.y(), rect.width(), rect.height()};
+    const QPointF origin = CGRectGetOriginForAnchor(modelAnchor(m_anchor, m_isFlipped), rectOf(numbers));
+    numbers[OriginX] = origin.x();
+    numbers[OriginY] = origin.y();
 }
 
-QVariant ZelInspectorBoundsProperty::valueByReplacing(const QVariant &old, int index, double component) const
+void ZelInspectorBoundsProperty::replaceComponent(Numbers &numbers, int index, double component) const
 {
-    const QRectF rect = rectOf(old);
-    const ZelRectAnchor anchor = flippedAnchor(m_anchor);
-    switch (index) {
-    case OriginX:
-        return CGRectSetOriginXForAnchor(rect, anchor, component, false);
-    case OriginY:
-        return CGRectSetOriginYForAnchor(rect, anchor, component, false);
-    case SizeWidth:
-        return CGRectSetSizeWidthForAnchor(rect, anchor, component);
-    default:
-        return CGRectSetSizeHeightForAnchor(rect, anchor, component);
-    }
+    const QRectF rect = rectOf(numbers);
+    const ZelRectAnchor anchor = modelAnchor(m_anchor, m_isFlipped);
+    const QRectF replaced = index == OriginX     ? CGRectSetOriginXForAnchor(rect, anchor, component, false)
+                            : index == OriginY   ? CGRectSetOriginYForAnchor(rect, anchor, component, false)
+                            : index == SizeWidth ? CGRectSetSizeWidthForAnchor(rect, anchor, component)
+                                                 : CGRectSetSizeHeightForAnchor(rect, anchor, component);
+    numbers = {replaced.x(), replaced.y(), replaced.width(), replaced.height()};
 }
 
 // The view

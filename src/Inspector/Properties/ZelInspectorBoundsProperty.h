@@ -68,8 +68,8 @@ Q_SIGNALS:
     void anchorChanged();
 
 protected:
-    Components componentsOfValue(const QVariant &value) const override;
-    QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
+    void makeComponents(Numbers &numbers) const override;
+    void replaceComponent(Numbers &numbers, int index, double component) const override;
     bool computeInternalEnabled() const override;
 
 private:

@@ -3,8 +3,9 @@
 
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Platform/Runtime/ZelGeometryType.h"
 
-#include <QVarLengthArray>
+#include <optional>
 
 /// The base of editors whose value consists of a few numbers, each with a number editor of its own.
 ///
@@ -50,19 +51,21 @@ Q_SIGNALS:
 protected:
     static constexpr int maximumCount = 4;
 
-    /// The components' property names, at most four, in their order.
-    ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys);
+    using Numbers = ZelGeometryType::Numbers;
+
+    /// The components' property names, at most four, in their order, and the type of the values: that of doubles. The
+    /// model may have that of integers as well.
+    ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys, QMetaType type);
 
     const QVariant &component(int index) const { return m_components.at(index); }
     void setComponent(int index, const QVariant &value);
     /// Writes the component into every represented object.
     void updateComponent(int index);
 
-    using Components = QVarLengthArray<double, 4>;
-    /// The components of a value of the model; empty for a value that is none.
-    virtual Components componentsOfValue(const QVariant &value) const = 0;
-    /// The value with one component replaced. The old one may be none.
-    virtual QVariant valueByReplacing(const QVariant &old, int index, double component) const = 0;
+    /// Makes the components out of a value's numbers; they are the same by default.
+    virtual void makeComponents(Numbers &) const {}
+    /// Replaces one component in a value's numbers.
+    virtual void replaceComponent(Numbers &numbers, int index, double component) const { numbers[index] = component; }
     /// Called when all components are up to date, and not written back.
     virtual void didUpdateValues() {}
     virtual bool computeInternalEnabled() const { return isEffectivelyEnabled(); }
@@ -78,7 +81,18 @@ protected:
     static QString ownersKeyPath(const QString &keyPath);
 
 private:
+    struct Selection;
+    class Reader;
+    Selection plainSelection() const;
+    QVariantList componentsOfSelection() const;
+    std::optional<QVariantList> componentsOfPlainSelection() const;
+    bool compareNumbers(const Selection &selection, std::optional<Numbers> *known, unsigned *differing) const;
+    bool writeIntoPlainSelection(int index, double component);
+    const ZelGeometryType *geometryOf(QMetaType type) const;
+    QVariant valueByReplacing(const QVariant &old, int index, double component) const;
+
     QStringList m_keys;
+    QMetaType m_type;
     QVariantList m_components;
     QList<QPointer<ZelInspectorProperty>> m_editors;
     bool m_internalEnabled = true;

@@ -4,7 +4,7 @@
 #include "Platform/Resources/ZelLocalizedString.h"
 
 ZelInspectorPointProperty::ZelInspectorPointProperty(QObject *owner)
-    : ZelInspectorPairProperty(owner, {QStringLiteral("x"), QStringLiteral("y")})
+    : ZelInspectorPairProperty(owner, {QStringLiteral("x"), QStringLiteral("y")}, QMetaType::fromType<QPointF>())
     , xTitle(ZelLocalizedString(QStringLiteral("X")))
     , yTitle(ZelLocalizedString(QStringLiteral("Y")))
 {
@@ -13,24 +13,6 @@ ZelInspectorPointProperty::ZelInspectorPointProperty(QObject *owner)
 ZelInspectorPointProperty::~ZelInspectorPointProperty()
 {
     uninstall();
-}
-
-ZelInspectorCompositeProperty::Components ZelInspectorPointProperty::componentsOfValue(const QVariant &value) const
-{
-    if (value.typeId() != QMetaType::QPointF && value.typeId() != QMetaType::QPoint)
-        return {};
-    const QPointF point = value.toPointF();
-    return {point.x(), point.y()};
-}
-
-QVariant ZelInspectorPointProperty::valueByReplacing(const QVariant &old, int index, double component) const
-{
-    QPointF point = old.isValid() ? old.toPointF() : QPointF(0, 0);
-    if (index == 0)
-        point.setX(component);
-    else
-        point.setY(component);
-    return point;
 }
 
 ZelInspectorPairProperty::Title ZelInspectorPointProperty::titleOfComponent(int index) const

@@ -29,8 +29,6 @@ public:
     void updateY() { updateComponent(1); }
 
 protected:
-    Components componentsOfValue(const QVariant &value) const override;
-    QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
     Title titleOfComponent(int index) const override;
     QString toggleActionName() const override;
 };

@@ -4,7 +4,8 @@
 #include "Platform/Resources/ZelLocalizedString.h"
 
 ZelInspectorSizeProperty::ZelInspectorSizeProperty(QObject *owner)
-    : ZelInspectorPairProperty(owner, {QStringLiteral("width"), QStringLiteral("height")})
+    : ZelInspectorPairProperty(owner, {QStringLiteral("width"), QStringLiteral("height")},
+                               QMetaType::fromType<QSizeF>())
     , widthTitle(ZelLocalizedString(QStringLiteral("Width")))
     , heightTitle(ZelLocalizedString(QStringLiteral("Height")))
 {
@@ -13,24 +14,6 @@ ZelInspectorSizeProperty::ZelInspectorSizeProperty(QObject *owner)
 ZelInspectorSizeProperty::~ZelInspectorSizeProperty()
 {
     uninstall();
-}
-
-ZelInspectorCompositeProperty::Components ZelInspectorSizeProperty::componentsOfValue(const QVariant &value) const
-{
-    if (value.typeId() != QMetaType::QSizeF && value.typeId() != QMetaType::QSize)
-        return {};
-    const QSizeF size = value.toSizeF();
-    return {size.width(), size.height()};
-}
-
-QVariant ZelInspectorSizeProperty::valueByReplacing(const QVariant &old, int index, double component) const
-{
-    QSizeF size = old.isValid() ? old.toSizeF() : QSizeF(0, 0);
-    if (index == 0)
-        size.setWidth(component);
-    else
-        size.setHeight(component);
-    return size;
 }
 
 ZelInspectorPairProperty::Title ZelInspectorSizeProperty::titleOfComponent(int index) const

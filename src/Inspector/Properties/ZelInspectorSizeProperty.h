@@ -29,7 +29,5 @@ public:
     void updateHeight() { updateComponent(1); }
 
 protected:
-    Components componentsOfValue(const QVariant &value) const override;
-    QVariant valueByReplacing(const QVariant &old, int index, double component) const override;
     Title titleOfComponent(int index) const override;
 };

@@ -34,11 +34,15 @@ ZelStepper::~ZelStepper() = default;
 
 void ZelStepper::setObjectValue(const QVariant &value)
 {
-    const bool changed = !ZelEqual(m_value, value);
-    m_value = value;
-    if (!changed)
+    if (ZelEqual(m_value, value)) {
+        m_value = value;
         return;
-    update();
+    }
+    const bool couldStepUp = canStep(1);
+    const bool couldStepDown = canStep(-1);
+    m_value = value;
+    if (canStep(1) != couldStepUp || canStep(-1) != couldStepDown) // nothing else of the value is seen
+        update();
     ZelControlSupport::announceValue(this);
     Q_EMIT objectValueChanged();
 }

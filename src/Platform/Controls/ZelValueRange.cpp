@@ -15,10 +15,11 @@ double bounded(double value)
 }
 
 /// Sums of decimal fractions carry noise in the last binary digits, which 15 decimal digits do not show. Numbers that
-/// need all their digits are left alone.
+/// need all their digits are left alone, and so are whole ones, which have no noise.
 double withoutNoise(double value)
 {
-    return std::abs(value) < 1e15 ? QString::number(value, 'g', 15).toDouble() : value;
+    const bool isExact = std::abs(value) >= 1e15 || value == std::trunc(value);
+    return isExact ? value : QString::number(value, 'g', 15).toDouble();
 }
 
 } // namespace

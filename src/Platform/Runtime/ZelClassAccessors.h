@@ -22,11 +22,17 @@ public:
     const ZelPropertyAccessor *of(const QObject *object)
     {
         const QMetaObject *metaObject = object->metaObject();
-        if (metaObject != m_class || !m_accessor) {
+        if (metaObject == m_class)
+            return m_accessor;
+        const bool answersItself = ZelPropertyAccessor::interfaceOf(object);
+        const ZelPropertyAccessor *accessor = answersItself ? nullptr : ZelPropertyAccessor::find(object, m_key);
+        if (accessor && !accessor->isOfOneObject()) {
             m_class = metaObject;
-            m_accessor = ZelPropertyAccessor::interfaceOf(object) ? nullptr : ZelPropertyAccessor::find(object, m_key);
+            m_accessor = accessor;
+            m_type = accessor->type();
+            m_isAnnounced = m_type.isValid() && !accessor->isSilent();
         }
-        return m_accessor;
+        return accessor;
     }
 
     /// The value at the path; nothing for an object that lacks its first key.
@@ -43,11 +49,17 @@ public:
     /// As ZelSetValueForKeyPath does.
     void write(QObject *object, const QVariant &value)
     {
-        const ZelPropertyAccessor *accessor = of(object);
-        const bool isDirect = accessor && m_isSingleKey && !ZelIsNull(value) && value.metaType() == accessor->type() &&
-                              !accessor->isSilent();
-        if (!isDirect || !accessor->writeTyped(object, value.constData()))
+        if (ZelIsNull(value) || !writeTyped(object, value.metaType(), value.constData()))
             ZelSetValueForKeyPath(object, value, m_path);
+    }
+
+    /// Stores a value without a QVariant. False, and nothing is done, unless the object has a property of exactly that
+    /// type for the path, which announces its changes itself.
+    bool writeTyped(QObject *object, QMetaType type, const void *value)
+    {
+        const ZelPropertyAccessor *accessor = m_isSingleKey ? of(object) : nullptr;
+        return accessor && accessor == m_accessor && m_isAnnounced && m_type == type &&
+               accessor->writeTyped(object, value);
     }
 
 private:
@@ -56,4 +68,6 @@ private:
     bool m_isSingleKey;
     const QMetaObject *m_class = nullptr;
     const ZelPropertyAccessor *m_accessor = nullptr;
+    QMetaType m_type;
+    bool m_isAnnounced = false;
 };

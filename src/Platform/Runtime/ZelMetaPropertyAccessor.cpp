@@ -5,6 +5,15 @@
 
 #include <QRectF>
 
+inline void ZelMetaPropertyAccessor::call(const QObject *object, QMetaObject::Call kind, void **arguments) const
+{
+    auto *target = const_cast<QObject *>(object);
+    if (m_class->d.static_metacall)
+        m_class->d.static_metacall(target, kind, m_localIndex, arguments);
+    else
+        QMetaObject::metacall(target, kind, m_property.propertyIndex(), arguments);
+}
+
 /// What QVariant has a constructor of its own for is read many times faster than by its type alone.
 template<typename Type> QVariant ZelMetaPropertyAccessor::readAs(const QObject *object) const
 {
@@ -47,15 +56,6 @@ ZelMetaPropertyAccessor::ZelMetaPropertyAccessor(const QMetaProperty &property)
     , m_isDirect(m_type.isValid() && !property.isEnumType())
     , m_reader(m_isDirect ? readerFor(m_type.id()) : nullptr)
 {
-}
-
-void ZelMetaPropertyAccessor::call(const QObject *object, QMetaObject::Call kind, void **arguments) const
-{
-    auto *target = const_cast<QObject *>(object);
-    if (m_class->d.static_metacall)
-        m_class->d.static_metacall(target, kind, m_localIndex, arguments);
-    else
-        QMetaObject::metacall(target, kind, m_property.propertyIndex(), arguments);
 }
 
 QVariant ZelMetaPropertyAccessor::read(const QObject *object) const

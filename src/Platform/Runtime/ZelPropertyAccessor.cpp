@@ -23,6 +23,7 @@ public:
         return true;
     }
     QList<QEvent::Type> notifyEvents() const override { return {QEvent::DynamicPropertyChange}; }
+    bool isOfOneObject() const override { return true; }
 
 private:
     ZelKey m_key;

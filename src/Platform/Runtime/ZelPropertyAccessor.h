@@ -36,6 +36,8 @@ public:
     bool isSilent() const { return notifySignalIndex() < 0 && notifyEvents().isEmpty(); }
     /// The signal by which a control reports what its user entered: its method index, or -1.
     virtual int editSignalIndex() const { return -1; }
+    /// Whether another object of the same class may lack the property.
+    virtual bool isOfOneObject() const { return false; }
     /// Whether selection markers may be written as they are.
     virtual bool takesMarkers() const { return false; }
 

@@ -36,6 +36,11 @@ qsizetype ZelObjectController::selectedCount() const
                          [](const QPointer<QObject> &object) { return !object.isNull(); });
 }
 
+const QList<QPointer<QObject>> &ZelObjectController::heldObjects() const
+{
+    return m_proxy->objects();
+}
+
 void ZelObjectController::setSelectedObjects(const QList<QObject *> &objects)
 {
     QList<QPointer<QObject>> selected;

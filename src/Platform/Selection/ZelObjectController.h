@@ -29,6 +29,8 @@ public:
     /// The selected objects that are alive, in their order.
     QList<QObject *> selectedObjects() const;
     qsizetype selectedCount() const;
+    /// The selected objects as they are held, without a copy; those that have died meanwhile are null.
+    const QList<QPointer<QObject>> &heldObjects() const;
 
     /// Selects these objects; null and repeated ones are left out. Selecting what is selected changes nothing.
     void setSelectedObjects(const QList<QObject *> &objects);

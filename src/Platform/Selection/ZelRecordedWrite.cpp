@@ -86,3 +86,13 @@ void ZelRecordedWrite::setValuesForKey(const QList<QObject *> &objects, const QV
         manager->recordWrite(written, key, oldValues, values);
     ZelRereadSilentProperties();
 }
+
+void ZelRecordedWrite::setValuesForKey(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
+                                       ZelValueBlock newValues, ZelKey key) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    newValues.write(objects, key);
+    if (manager)
+        manager->recordWrite(objects, key, std::move(oldValues), std::move(newValues));
+    ZelRereadSilentProperties();
+}

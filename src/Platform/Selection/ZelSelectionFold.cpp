@@ -7,16 +7,28 @@
 #include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelPrefetch.h"
 
 #include <QRectF>
 
 namespace {
 
+template<typename Value> bool isEqual(const Value &a, const Value &b)
+{
+    return a == b;
+}
+
+/// Qt compares coordinates by their distance, which costs more than to see that there is none.
+bool isEqual(const QRectF &a, const QRectF &b)
+{
+    return (a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height()) || a == b;
+}
+
 template<typename Value>
 bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
 {
     Value value{};
-    return accessor.readTyped(object, &value) && value == *static_cast<const Value *>(expected);
+    return accessor.readTyped(object, &value) && isEqual(value, *static_cast<const Value *>(expected));
 }
 
 bool readEqualText(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
@@ -96,8 +108,9 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
     bool isFirst = true;
     if (!path.isSingleKey())
         return foldPaths(objects, path);
-    for (const QPointer<QObject> &pointer : objects) {
-        const QObject *object = pointer.data();
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        ZelPrefetch(objects, i);
+        const QObject *object = objects.at(i);
         if (!object)
             continue;
         const ZelPropertyAccessor *accessor = accessors.of(object);
@@ -131,8 +144,9 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
     QVariant converted; // for the current accessor, where it takes values through memory, and announces them
     const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
-    for (const QPointer<QObject> &pointer : snapshot) {
-        QObject *object = pointer.data();
+    for (qsizetype i = 0; i < snapshot.size(); ++i) {
+        ZelPrefetch(snapshot, i);
+        QObject *object = snapshot.at(i);
         if (!object)
             continue;
         const ZelPropertyAccessor *accessor = isPlain ? accessors.of(object) : nullptr;

@@ -66,7 +66,7 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
         return ZelSelectionFold::value(m_objects, path);
     if (known->answersOld)
         return known->announced;
-    if (!known->isKnown || known->isSilent) {
+    if (!known->isKnown || known->isSilent || !known->relay->isComplete()) {
         known->isKnown = true; // before reading: a getter may cause a change
         known->value = ZelSelectionFold::value(m_objects, path);
     }
@@ -87,6 +87,7 @@ void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
     const auto added = std::make_shared<Path>();
     added->relay = std::make_unique<ZelSelectionRelay>(*this, path);
     m_paths.insert(path, added);
+    m_lastChanged = nullptr;
     listen(*added);
     added->isSilent = ZelSelectionFold::isSilent(m_objects, path);
     added->announced = valueForKeyPath(path);
@@ -95,6 +96,7 @@ void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
 
 void ZelSelectionProxy::keyPathIsNoLongerObserved(const ZelKeyPath &path)
 {
+    m_lastChanged = nullptr;
     m_paths.remove(path);
 }
 
@@ -152,9 +154,17 @@ void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
 
 void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
 {
+    // A large selection's objects change one after the other, and nearly always the same key.
+    const bool isSame = m_lastChanged && path == m_lastChangedPath;
+    if (isSame && m_lastChanged->isDirty && (m_batches > 0 || m_isFlushPosted)) {
+        m_lastChanged->isKnown = false;
+        return;
+    }
     const auto known = m_paths.value(path);
     if (!known)
         return;
+    m_lastChanged = known.get();
+    m_lastChangedPath = path;
     known->isKnown = false;
     if (m_batches == 0 && m_objects.size() <= immediateLimit) {
         announce(path);

@@ -72,6 +72,8 @@ private:
     ZelObjectController &m_controller;
     QList<QPointer<QObject>> m_objects;
     mutable QHash<ZelKeyPath, std::shared_ptr<Path>> m_paths; // of the observed ones
+    Path *m_lastChanged = nullptr;                            // one of m_paths, that of:
+    ZelKeyPath m_lastChangedPath;
     std::unique_ptr<ZelSelectionRelay> m_deaths;
     QBasicTimer m_idle;
     int m_batches = 0;

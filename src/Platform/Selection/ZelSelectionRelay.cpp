@@ -48,9 +48,9 @@ public:
 
     int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
     {
-        id = QObject::qt_metacall(call, id, arguments);
-        if (id < 0 || call != QMetaObject::InvokeMetaMethod)
-            return id;
+        static const int first = QObject::staticMetaObject.methodCount();
+        if (call != QMetaObject::InvokeMetaMethod || id < first)
+            return QObject::qt_metacall(call, id, arguments);
         tell();
         return -1;
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelUndoGroupCommand.h"
 
-#include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 
 #include <QScopedValueRollback>
@@ -19,21 +18,15 @@ void ZelUndoGroupCommand::addWork(const std::function<void()> &undo, const std::
 }
 
 void ZelUndoGroupCommand::addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
-                                   const QVariantList &oldValues, const QVariantList &newValues)
+                                   ZelValueBlock oldValues, ZelValueBlock newValues)
 {
     for (Step &step : m_steps) {
         if (step.path == path && step.objects == objects) {
-            step.newValues = newValues;
+            step.newValues = std::move(newValues);
             return;
         }
     }
-    m_steps.push_back({{}, {}, objects, path, oldValues, newValues});
-}
-
-void ZelUndoGroupCommand::write(const Step &step, const QVariantList &values)
-{
-    for (qsizetype i = 0; i < step.objects.size(); ++i)
-        ZelSetValueForKeyPath(step.objects.at(i), values.at(i), step.path);
+    m_steps.push_back({{}, {}, objects, path, std::move(oldValues), std::move(newValues)});
 }
 
 void ZelUndoGroupCommand::undo()
@@ -45,7 +38,7 @@ void ZelUndoGroupCommand::undo()
         if (step->undo)
             step->undo();
         else
-            write(*step, step->oldValues);
+            step->oldValues.write(step->objects, step->path);
     }
     ZelRereadSilentProperties();
 }
@@ -60,7 +53,7 @@ void ZelUndoGroupCommand::redo()
         if (step.redo)
             step.redo();
         else
-            write(step, step.newValues);
+            step.newValues.write(step.objects, step.path);
     }
     ZelRereadSilentProperties();
 }

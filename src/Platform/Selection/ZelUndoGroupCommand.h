@@ -18,8 +18,8 @@ public:
 
     bool isEmpty() const { return m_steps.empty(); }
     void addWork(const std::function<void()> &undo, const std::function<void()> &redo);
-    void addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const QVariantList &oldValues,
-                  const QVariantList &newValues);
+    void addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, ZelValueBlock oldValues,
+                  ZelValueBlock newValues);
 
     void undo() override;
     void redo() override;
@@ -32,10 +32,9 @@ private:
         std::function<void()> redo;
         QList<QPointer<QObject>> objects;
         ZelKeyPath path;
-        QVariantList oldValues;
-        QVariantList newValues;
+        ZelValueBlock oldValues;
+        ZelValueBlock newValues;
     };
-    static void write(const Step &step, const QVariantList &values);
 
     QPointer<ZelUndoManager> m_manager;
     std::vector<Step> m_steps;

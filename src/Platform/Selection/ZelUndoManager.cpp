@@ -58,12 +58,12 @@ void ZelUndoManager::registerUndo(const std::function<void()> &undo, const std::
 }
 
 void ZelUndoManager::recordWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
-                                 const QVariantList &oldValues, const QVariantList &newValues)
+                                 ZelValueBlock oldValues, ZelValueBlock newValues)
 {
     if (m_undoing || !m_recordsEdits || objects.isEmpty())
         return;
     beginUndoGrouping();
-    m_group->addWrite(objects, path, oldValues, newValues);
+    m_group->addWrite(objects, path, std::move(oldValues), std::move(newValues));
     endUndoGrouping();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Runtime/ZelKeyPath.h"
+#include "Platform/Selection/ZelValueBlock.h"
 
 #include <QObject>
 #include <QPointer>
@@ -47,8 +48,8 @@ public:
     void registerUndo(const std::function<void()> &undo, const std::function<void()> &redo);
     /// Registers that the key path of these objects was changed from the old values to the new ones. A second record of
     /// the same objects and path in one group keeps the first old values.
-    void recordWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const QVariantList &oldValues,
-                     const QVariantList &newValues);
+    void recordWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, ZelValueBlock oldValues,
+                     ZelValueBlock newValues);
 
 public Q_SLOTS:
     void undo();

@@ -9,6 +9,9 @@
 
 #include <QPainter>
 
+#include <functional>
+#include <stdexcept>
+
 namespace {
 
 class Shape : public QObject
@@ -34,6 +37,72 @@ public:
 Q_SIGNALS:
     void changed();
 };
+
+/// Boxes that store their frames each in a way of its own.
+class Box : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY changed)
+public:
+    QRectF stored;
+    std::function<void()> react;
+    QRectF frame() const { return stored; }
+    void setFrame(const QRectF &frame)
+    {
+        if (frame.x() > 100)
+            throw std::runtime_error("too far");
+        stored = frame;
+        Q_EMIT changed();
+        if (react)
+            react();
+    }
+
+Q_SIGNALS:
+    void changed();
+};
+
+class IntegerBox : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QRect frame MEMBER stored NOTIFY changed)
+public:
+    QRect stored;
+
+Q_SIGNALS:
+    void changed();
+};
+
+class SilentBox : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QRectF frame MEMBER stored)
+public:
+    QRectF stored;
+};
+
+class AnyBox : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant frame MEMBER stored NOTIFY changed)
+public:
+    QVariant stored;
+
+Q_SIGNALS:
+    void changed();
+};
+
+std::unique_ptr<QObject> makeBox(const QString &kind)
+{
+    if (kind == QStringLiteral("integers"))
+        return std::make_unique<IntegerBox>();
+    if (kind == QStringLiteral("silent"))
+        return std::make_unique<SilentBox>();
+    if (kind == QStringLiteral("any"))
+        return std::make_unique<AnyBox>();
+    if (kind == QStringLiteral("dynamic"))
+        return std::make_unique<QObject>();
+    return std::make_unique<Box>();
+}
 
 class Window : public EditorWindow
 {
@@ -263,6 +332,86 @@ private Q_SLOTS:
         type(editor->sizeWidthProperty(), QStringLiteral("40"));
         QTEST(window.first.frame, "wider");
         QCOMPARE(window.owner->actions, 2);
+    }
+
+    void framesOfEveryKindAreWrittenTogether_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QVariant>("old");
+        QTest::addColumn<QVariant>("moved");
+        const QRectF old(5, 2, 30, 40);
+        const QRectF moved(7.5, 2, 30, 40);
+        QTest::newRow("doubles") << "doubles" << QVariant(old) << QVariant(moved);
+        QTest::newRow("integers") << "integers" << QVariant(old.toRect()) << QVariant(QRect(8, 2, 30, 40));
+        QTest::newRow("silent") << "silent" << QVariant(old) << QVariant(moved);
+        QTest::newRow("dynamic") << "dynamic" << QVariant(old) << QVariant(moved);
+        QTest::newRow("any") << "any" << QVariant(old) << QVariant(moved);
+        QTest::newRow("none") << "any" << QVariant() << QVariant(QRectF(7.5, 0, 0, 0));
+    }
+    void framesOfEveryKindAreWrittenTogether()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QVariant, old);
+        Window window;
+        Box box;
+        box.stored = {1, 2, 30, 40};
+        Box there;
+        there.stored = {7.5, 2, 30, 40};
+        const std::unique_ptr<QObject> others[] = {makeBox(kind), makeBox(kind)};
+        for (const auto &other : others)
+            other->setProperty("frame", old);
+        auto *editor = window.edit<ZelInspectorBoundsProperty>(
+            "frame", [](ZelInspectorBoundsProperty *property) { property->setFlipped(true); });
+        window.select({&box, others[0].get(), &there, others[1].get()});
+        QVERIFY(isSeveral(editor->originX()));
+        QCOMPARE(isSeveral(editor->originY()), old.isNull());
+        type(editor->originXProperty(), QStringLiteral("7.5"));
+        QCOMPARE(box.stored, QRectF(7.5, 2, 30, 40));
+        for (const auto &other : others)
+            QTEST(other->property("frame"), "moved");
+        QCOMPARE(editor->originX(),
+                 kind == QStringLiteral("integers") ? QVariant::fromValue(ZelMultipleValuesMarker) : QVariant(7.5));
+        QCOMPARE(window.undo.stack()->count(), 1);
+        there.stored = {60, 2, 30, 40}; // it was there already: the edit did not touch it
+        window.undo.undo();
+        QCOMPARE(box.stored, QRectF(1, 2, 30, 40));
+        QCOMPARE(there.stored.x(), 60.0);
+        for (const auto &other : others)
+            QTEST(other->property("frame"), "old");
+        window.undo.redo();
+        QCOMPARE(box.stored, QRectF(7.5, 2, 30, 40));
+        QTEST(others[1]->property("frame"), "moved");
+    }
+
+    void settersMayThrowSelectAndDelete()
+    {
+        Window window;
+        std::vector<std::unique_ptr<Box>> boxes;
+        QList<QObject *> all;
+        for (int i = 0; i < 4; ++i) {
+            boxes.push_back(std::make_unique<Box>());
+            boxes.back()->stored = QRectF(i, i, 10, 10);
+            all.append(boxes.back().get());
+        }
+        auto *editor = window.edit<ZelInspectorBoundsProperty>("frame");
+        window.select(all);
+        QVERIFY_EXCEPTION_THROWN(editor->setOriginX(101.0), std::runtime_error);
+        QCOMPARE(window.undo.stack()->count(), 0);
+        QCoreApplication::processEvents();
+        QVERIFY(isSeveral(editor->originX()));
+        boxes[0]->react = [&] {
+            boxes[1].reset();
+            window.owner->controller.setSelectedObjects({boxes[2].get()});
+        };
+        type(editor->originXProperty(), QStringLiteral("50"));
+        for (int i : {0, 2, 3})
+            QCOMPARE(boxes[size_t(i)]->stored.x(), 50.0);
+        QCOMPARE(window.undo.stack()->count(), 1);
+        boxes[0]->react = {};
+        boxes[3].reset();
+        window.undo.undo();
+        QCOMPARE(boxes[0]->stored.x(), 0.0);
+        QCOMPARE(boxes[2]->stored.x(), 2.0);
     }
 
     void theAnchorIsPickedByAClickOrAKey()
