@@ -3,6 +3,7 @@
 
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "SplitView/ZelSplitView.h"
 
 #include <QChildEvent>
 #include <QCoreApplication>
@@ -15,24 +16,28 @@ const char context = 0;
 
 } // namespace
 
-/// The delegate resizes panes itself, and is not to answer.
+/// The delegate resizes panes itself or delivers an event again, and is not to answer.
 class ZelPrioritySplitViewDelegate::Busy
 {
 public:
-    explicit Busy(ZelPrioritySplitViewDelegate *delegate)
+    explicit Busy(ZelPrioritySplitViewDelegate *delegate, const QEvent *delivered = nullptr)
         : m_delegate(delegate)
+        , m_former(std::exchange(delegate->m_delivered, delivered))
     {
         ++delegate->m_busy;
     }
     ~Busy()
     {
-        if (m_delegate)
-            --m_delegate->m_busy;
+        if (!m_delegate)
+            return;
+        --m_delegate->m_busy;
+        m_delegate->m_delivered = m_former;
     }
     Q_DISABLE_COPY_MOVE(Busy)
 
 private:
     QPointer<ZelPrioritySplitViewDelegate> m_delegate; // a pane that is resized may delete it
+    const QEvent *m_former;
 };
 
 ZelPrioritySplitViewDelegate::ZelPrioritySplitViewDelegate(QSplitter *splitView, QObject *parent)
@@ -239,15 +244,36 @@ ZelSplitViewPanes::List ZelPrioritySplitViewDelegate::readPanes()
     });
 }
 
+ZelSplitViewPanes::List ZelPrioritySplitViewDelegate::readPanes(const Panes &before)
+{
+    Panes panes = readPanes();
+    for (size_t i = 0; i < panes.size(); ++i) {
+        const auto isSame = [&](const auto &pane) { return pane.widget == panes[i].widget; };
+        const bool isInPlace = i < before.size() && isSame(before[i]);
+        const auto same =
+            isInPlace ? before.begin() + ptrdiff_t(i) : std::find_if(before.begin(), before.end(), isSame);
+        if (same == before.end())
+            continue;
+        panes[i].length = same->length;
+        panes[i].isCollapsed = same->isCollapsed;
+    }
+    return panes;
+}
+
 double ZelPrioritySplitViewDelegate::minimumOf(const Panes &panes, int index) const
 {
-    const ZelPrioritySplitViewItem *item = m_items[index];
+    const ZelPrioritySplitViewItem *item = m_items.at(index);
     return std::max<double>(panes[size_t(index)].minimum, item ? item->minLength() : 0);
+}
+
+int ZelPrioritySplitViewDelegate::leastOf(const Panes &panes, int index) const
+{
+    return int(std::ceil(qMin<double>(minimumOf(panes, index), QWIDGETSIZE_MAX)));
 }
 
 double ZelPrioritySplitViewDelegate::maximumOf(const Panes &panes, int index) const
 {
-    const ZelPrioritySplitViewItem *item = m_items[index];
+    const ZelPrioritySplitViewItem *item = m_items.at(index);
     return item ? std::min<double>(panes[size_t(index)].maximum, item->maxLength()) : panes[size_t(index)].maximum;
 }
 
@@ -261,56 +287,74 @@ void ZelPrioritySplitViewDelegate::distribute(Panes &panes, const QWidget *excep
     int space = ZelSplitViewPanes::space(splitView(), panes);
     if (space == 0)
         return;
-    QHash<const QObject *, int> indexes;
-    for (int i = 0; i < int(panes.size()); ++i)
-        indexes.insert(m_items[i], i);
-    for (const auto *item : space > 0 ? sortedItemsByDescendingPriority() : sortedItemsByAscendingPriority()) {
-        const int index = indexes.value(item, -1);
-        if (index < 0 || !panes[size_t(index)].isShown() || (except && panes[size_t(index)].widget == except))
-            continue;
+    // Growth goes to the highest priority, among equal ones to the earliest pane; a shrink begins at the other end. As
+    // a rule the first pane takes it all, so that the others need no order.
+    std::vector<std::pair<quint64, int>> ranks; // the next one first in order
+    ranks.reserve(panes.size());
+    const quint64 mask = space > 0 ? ~quint64(0) : 0;
+    for (int i = 0; i < int(panes.size()); ++i) {
+        const ZelPrioritySplitViewItem *item = m_items.at(i);
+        if (item && panes[size_t(i)].isShown() && (!except || panes[size_t(i)].widget != except))
+            ranks.emplace_back(item->priorityIndex() ^ mask, space > 0 ? i : -i);
+    }
+    for (auto rank = ranks.begin(); space != 0 && rank != ranks.end(); ++rank) {
+        if (rank == ranks.begin())
+            std::iter_swap(rank, std::min_element(rank, ranks.end()));
+        else if (rank == ranks.begin() + 1)
+            std::sort(rank, ranks.end());
+        const int index = std::abs(rank->second);
         ZelSplitViewPanes::Pane &pane = panes[size_t(index)];
-        const int least = qMin(pane.length, int(std::ceil(minimumOf(panes, index))));
-        const int most = qMax(pane.length, pane.maximum);
-        const int length = qBound(least, pane.length + space, most);
+        const int length =
+            qBound(qMin(pane.length, leastOf(panes, index)), pane.length + space, qMax(pane.length, pane.maximum));
         space -= length - pane.length;
         pane.length = length;
     }
 }
 
-void ZelPrioritySplitViewDelegate::layOut(Panes panes, const QWidget *opened)
+void ZelPrioritySplitViewDelegate::layOut(const Panes &before, const QWidget *opened, bool mayRepeat)
 {
-    if (ZelSplitViewPanes::Axis(splitView()).length() <= 0 || ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
+    if (ZelSplitViewPanes::Axis(splitView()).length() <= 0 || ZelSplitViewPanes::nearest(before, 0, 1, false) < 0)
         return;
+    Panes panes = before;
     for (int i = 0; i < int(panes.size()); ++i) {
         ZelSplitViewPanes::Pane &pane = panes[size_t(i)];
-        if (pane.isShown())
-            pane.length = qMax(pane.length, int(std::ceil(qMin<double>(minimumOf(panes, i), QWIDGETSIZE_MAX))));
+        if (pane.isShown() && pane.length < minimumOf(panes, i))
+            pane.length = leastOf(panes, i);
     }
     if (opened)
         distribute(panes, opened);
     distribute(panes, nullptr);
+    const QPointer<ZelPrioritySplitViewDelegate> self(this);
     apply(panes);
+    if (!mayRepeat || !self || !isReady() || ZelSplitViewPanes::isApplied(splitView(), panes))
+        return;
+    m_panes.forgetMinimums();
+    layOut(readPanes(before), opened, false);
 }
 
 void ZelPrioritySplitViewDelegate::apply(const Panes &panes)
 {
+    QSplitter *splitter = splitView();
     for (int i = 0; i < int(panes.size()); ++i) {
-        const bool canCollapse = panes[size_t(i)].isCollapsed || (m_items[i] && m_items[i]->isCollapsible());
-        if (splitView()->isCollapsible(i) != canCollapse)
-            splitView()->setCollapsible(i, canCollapse);
+        const ZelPrioritySplitViewItem *item = m_items.at(i);
+        const bool canCollapse = panes[size_t(i)].isCollapsed || (item && item->isCollapsible());
+        if (splitter->isCollapsible(i) != canCollapse)
+            splitter->setCollapsible(i, canCollapse);
     }
     m_panes.remember(panes);
     const QPointer<ZelPrioritySplitViewDelegate> self(this);
     const Busy busy(this);
-    const bool isPlaced = ZelSplitViewPanes::apply(splitView(), panes);
+    const bool isPlaced = ZelSplitViewPanes::apply(splitter, panes);
     if (self)
-        m_isPlaced = isPlaced;
+        m_applied = isPlaced ? Applied::InPlace : Applied::BySplitter;
 }
 
 // Events
 
 void ZelPrioritySplitViewDelegate::watchPanes()
 {
+    if (std::exchange(m_arePanesWatched, true))
+        return;
     for (int i = 0; i < splitView()->count(); ++i) {
         QWidget *pane = splitView()->widget(i);
         if (m_watchedPanes.contains(pane))
@@ -333,14 +377,17 @@ void ZelPrioritySplitViewDelegate::layOutLater()
 
 bool ZelPrioritySplitViewDelegate::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!splitView())
+    if (event == m_delivered || !m_splitView)
         return false;
     if (watched == m_splitView)
-        return splitViewEvent(event);
+        return splitView() && splitViewEvent(event);
+    const bool isPlaced = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (isPlaced && m_busy > 0)
+        return false;
     if (auto *handle = qobject_cast<QSplitterHandle *>(watched); handle && handle->splitter() == splitView())
         return isReady() && m_dividers.handleEvent(handle, event);
-    // Somebody else, such as setSizes(), gives the pane another length.
-    if (event->type() == QEvent::Resize && m_busy == 0 && isReady() && watched->parent() == splitView())
+    // Somebody else, such as setSizes(), has moved the pane or given it another length.
+    if (isPlaced && watched->parent() == m_splitView && isReady())
         layOutLater();
     return false;
 }
@@ -352,28 +399,24 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         const auto *resize = static_cast<QResizeEvent *>(event);
         if (m_busy > 0)
             return resize->size() == resize->oldSize(); // of the margins alone
-        if (!isReady())
-            return false;
-        // Done before the splitter sees its new size: then it finds everything in place.
-        const QPointer<ZelPrioritySplitViewDelegate> self(this);
-        adjustSubviews();
-        if (!self || !m_isPlaced || !isReady())
-            return false;
-        deliver(event);
-        return true;
+        return isReady() && splitViewResizeEvent(static_cast<QResizeEvent *>(event));
     }
     case QEvent::LayoutRequest:
         m_isLayoutPosted = false;
+        m_arePanesWatched = false;
+        m_panes.forgetMinimums();
         [[fallthrough]];
     case QEvent::Show:
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
         watchPanes();
-        if (m_busy > 0 || !isReady())
+        // A window that is shown again by the system has not changed.
+        if (m_busy > 0 || !isReady() || event->spontaneous())
             return false;
         deliver(event);
         return true;
     case QEvent::ChildRemoved: {
+        m_arePanesWatched = false;
         const QObject *child = static_cast<QChildEvent *>(event)->child();
         m_panes.forget(child);
         m_watchedPanes.remove(child);
@@ -382,6 +425,7 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         return false;
     }
     case QEvent::ChildAdded:
+        m_arePanesWatched = false;
         layOutLater();
         return false;
     default:
@@ -389,25 +433,38 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
     }
 }
 
+bool ZelPrioritySplitViewDelegate::splitViewResizeEvent(QResizeEvent *event)
+{
+    // Done before the splitter sees its new size: then it finds everything in place.
+    const QPointer<ZelPrioritySplitViewDelegate> self(this);
+    m_applied = Applied::Nothing;
+    adjustSubviews();
+    if (!self || m_applied == Applied::Nothing || !isReady())
+        return false;
+    if (auto *view = qobject_cast<ZelSplitView *>(splitView())) {
+        view->m_laidOutSize = event->size();
+        return false;
+    }
+    if (m_applied == Applied::BySplitter)
+        return false;
+    deliver(event);
+    return true;
+}
+
 void ZelPrioritySplitViewDelegate::deliver(QEvent *event)
 {
     const QPointer<ZelPrioritySplitViewDelegate> self(this);
     const Panes before = readPanes();
     {
-        const Busy busy(this);
-        static_cast<QObject *>(splitView())->event(event);
+        // Sent anew, for filters that come after this one. Those that come before it see it twice: as long as it is
+        // the first filter there are none.
+        splitView()->installEventFilter(this);
+        const Busy busy(this, event);
+        QCoreApplication::sendEvent(splitView(), event);
     }
     if (!self || !isReady())
         return;
-    Panes panes = readPanes();
-    for (size_t i = 0; i < panes.size(); ++i) {
-        const auto same = std::find_if(before.begin(), before.end(),
-                                       [&](const auto &pane) { return pane.widget == panes[i].widget; });
-        if (same == before.end())
-            continue;
-        panes[i].length = same->length;
-        panes[i].isCollapsed = same->isCollapsed;
-    }
+    Panes panes = readPanes(before);
     // The splitter opens a collapsed pane when all others have been hidden.
     if (ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
         panes = readPanes();

@@ -84,17 +84,21 @@ private:
 
     bool isReady() const;
     Panes readPanes();
+    /// Those of now, as far as they are the same ones with the former lengths.
+    Panes readPanes(const Panes &before);
     double minimumOf(const Panes &panes, int index) const;
     double maximumOf(const Panes &panes, int index) const;
+    int leastOf(const Panes &panes, int index) const; // the minimum in whole points
     void itemsDidChange();
     void distribute(Panes &panes, const QWidget *except) const;
     /// A pane that was just opened gives room only where the others have none.
-    void layOut(Panes panes, const QWidget *opened = nullptr);
+    void layOut(const Panes &before, const QWidget *opened = nullptr, bool mayRepeat = true);
     /// Applies lengths as they are.
     void apply(const Panes &panes);
     void watchPanes();
     void layOutLater();
     bool splitViewEvent(QEvent *event);
+    bool splitViewResizeEvent(QResizeEvent *event);
     void deliver(QEvent *event);
 
     QPointer<QObject> m_splitView;
@@ -104,7 +108,9 @@ private:
     ZelSplitViewPanes m_panes;
     ZelSplitViewDividers m_dividers{this};
     int m_busy = 0;
-    bool m_isPlaced = false; // the splitter itself would lay out in another way
+    const QEvent *m_delivered = nullptr; // the event that the splitter is given just now
+    enum class Applied { Nothing, BySplitter, InPlace } m_applied = Applied::Nothing; // in place: against its own ways
     bool m_isLayoutPosted = false;
+    bool m_arePanesWatched = false;
     QSet<const QObject *> m_watchedPanes;
 };

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "SplitView/ZelSplitView.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
 #include "Extensions/ZelSeparatorColor.h"
+#include "Platform/Runtime/ZelAssertions.h"
 #include "SplitView/ZelSplitViewHandle.h"
 
-#include <QEvent>
+#include <QResizeEvent>
+#include <utility>
 
 ZelSplitView::ZelSplitView(QWidget *parent)
     : ZelSplitView(Qt::Horizontal, parent)
@@ -42,6 +43,13 @@ bool ZelSplitView::event(QEvent *event)
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         updateDividers();
     return QSplitter::event(event);
+}
+
+void ZelSplitView::resizeEvent(QResizeEvent *event)
+{
+    // A second pass over the panes would find everything in place, and take as long as the first.
+    if (std::exchange(m_laidOutSize, QSize()) != event->size())
+        QSplitter::resizeEvent(event);
 }
 
 void ZelSplitView::updateDividers()

@@ -26,8 +26,11 @@ Q_SIGNALS:
 protected:
     QSplitterHandle *createHandle() override;
     bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    friend class ZelPrioritySplitViewDelegate;
     void updateDividers();
     quint64 m_level = 0;
+    QSize m_laidOutSize; // for which a delegate has set the panes' sizes already
 };

@@ -86,23 +86,29 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
         QWidget *widget = splitter->widget(i);
         pane.widget = widget;
         pane.isHidden = widget->isHidden();
-        pane.minimum = axis.pick(QWidgetItem(widget).minimumSize());
         pane.maximum = axis.pick(widget->maximumSize());
         pane.thickness = thickness;
         // The splitter moves a collapsed pane aside, but cannot make it smaller than its minimum.
         const QRect geometry = widget->geometry();
         const bool isOutOfSight = (axis.isHorizontal ? geometry.bottom() : geometry.right()) < 0;
         pane.length = isOutOfSight ? 0 : axis.pick(widget->size());
-        State &state = this->state(size_t(i), widget);
+        State *state = &this->state(size_t(i), widget);
+        if (pane.isHidden)
+            state->minimum = -1;
+        else if (!m_areMinimumsKnown || state->minimum < 0)
+            state->minimum = axis.pick(QWidgetItem(widget).minimumSize());
+        pane.minimum = qMax(0, state->minimum);
         if (pane.length > 0) {
-            state.isCollapsed = false;
-            state.shownLength = pane.length;
-        } else if (state.length != 0 && !pane.isHidden) {
+            state->isCollapsed = false;
+            state->shownLength = pane.length;
+        } else if (state->length != 0 && !pane.isHidden) {
             const bool isCollapsed = mayCollapse(i); // may come back here
-            this->state(size_t(i), widget).isCollapsed = isCollapsed;
+            state = &this->state(size_t(i), widget);
+            state->isCollapsed = isCollapsed;
         }
-        pane.isCollapsed = this->state(size_t(i), widget).isCollapsed;
+        pane.isCollapsed = state->isCollapsed;
     }
+    m_areMinimumsKnown = splitter->isVisible();
     return panes;
 }
 
@@ -153,10 +159,8 @@ int ZelSplitViewPanes::nearest(const List &panes, int index, int step, bool with
     return -1;
 }
 
-ZelSplitViewPanes::State &ZelSplitViewPanes::state(size_t index, const QObject *pane)
+ZelSplitViewPanes::State &ZelSplitViewPanes::foundState(const QObject *pane)
 {
-    if (index < m_states.size() && m_states[index].pane == pane)
-        return m_states[index];
     const auto known = std::find_if(m_states.begin(), m_states.end(), [&](const State &s) { return s.pane == pane; });
     return known != m_states.end() ? *known : m_states.emplace_back(State{pane});
 }
@@ -199,14 +203,24 @@ bool ZelSplitViewPanes::apply(QSplitter *splitter, const List &panes)
     return true;
 }
 
+bool ZelSplitViewPanes::isApplied(const QSplitter *splitter, const List &panes)
+{
+    const QList<int> sizes = splitter->sizes();
+    const auto isSame = [](const Pane &pane, int size) { return !pane.isShown() || pane.length == size; };
+    return std::equal(panes.begin(), panes.end(), sizes.begin(), sizes.end(), isSame);
+}
+
 void ZelSplitViewPanes::place(const QPointer<QSplitter> &splitter, const List &panes)
 {
     for (size_t i = 0; i < panes.size(); ++i) {
         const Pane &pane = panes[i];
-        if (!splitter || pane.isHidden || !pane.widget || splitter->indexOf(pane.widget) < 0)
+        const int index = !splitter                                 ? -1
+                          : splitter->widget(int(i)) == pane.widget ? int(i)
+                                                                    : splitter->indexOf(pane.widget);
+        if (index < 0 || pane.isHidden)
             continue;
         const Axis axis(splitter);
-        QSplitterHandle *handle = splitter->handle(splitter->indexOf(pane.widget));
+        QSplitterHandle *handle = splitter->handle(index);
         const QMargins margins = handle->contentsMargins();
         // Dividers beside collapsed panes share a place. At the ends they lie over the pane that is there.
         const bool isLeading = nearest(panes, int(i) - 1, -1, false) < 0;
@@ -216,6 +230,6 @@ void ZelSplitViewPanes::place(const QPointer<QSplitter> &splitter, const List &p
         handle->setGeometry(axis.rect(divider - axis.before(margins), pane.thickness + axis.around(margins)));
         handle->raise();
         if (pane.isShown())
-            pane.widget->setGeometry(axis.rect(start, pane.length));
+            splitter->widget(index)->setGeometry(axis.rect(start, pane.length));
     }
 }

@@ -16,7 +16,7 @@ class ZelSplitViewPanes
 public:
     struct Pane
     {
-        QPointer<QWidget> widget;
+        QWidget *widget = nullptr;
         int length = 0;    ///< points along the axis; 0 if collapsed
         int minimum = 0;   ///< of the widget itself
         int maximum = 0;   ///< of the widget itself
@@ -44,7 +44,8 @@ public:
         bool isMirrored;
     };
 
-    /// `mayCollapse` tells whether a pane that somebody else has made empty counts as collapsed.
+    /// `mayCollapse` tells whether a pane that somebody else has made empty counts as collapsed. The panes' own
+    /// minimums are asked for once until forgetMinimums(), as long as the splitter is visible and so hears of changes.
     List read(const QSplitter *splitter, const std::function<bool(int)> &mayCollapse);
     /// What the panes leave of the splitter; negative if they are too long.
     static int space(const QSplitter *splitter, const List &panes);
@@ -56,10 +57,14 @@ public:
     /// -1.
     static int nearest(const List &panes, int index, int step, bool withCollapsed);
 
+    void forgetMinimums() { m_areMinimumsKnown = false; }
     /// Takes note of what is about to be applied.
     void remember(const List &panes);
-    /// Lays out the splitter. Answers whether it had to be done in its place. Panes may die meanwhile.
+    /// Lays out the splitter. Answers whether it had to be done in its place. Panes may die meanwhile, so that a pane's
+    /// widget is only to be looked for in the splitter.
     static bool apply(QSplitter *splitter, const List &panes);
+    /// Whether the splitter holds the panes at these lengths. It does not where one has another minimum by now.
+    static bool isApplied(const QSplitter *splitter, const List &panes);
     /// The length that the pane had before it was collapsed.
     int lengthBeforeCollapse(const QWidget *pane) { return state(0, pane).shownLength; }
     void forget(const QObject *pane)
@@ -73,10 +78,16 @@ private:
         const QObject *pane = nullptr;
         int length = -1;     // as applied last; -1: never
         int shownLength = 0; // the last one that was not 0
+        int minimum = -1;    // the widget's own; -1: not known
         bool isCollapsed = false;
     };
     static void place(const QPointer<QSplitter> &splitter, const List &panes);
     /// The pane's state, looked for first where it is likely to be.
-    State &state(size_t index, const QObject *pane);
+    State &state(size_t index, const QObject *pane)
+    {
+        return index < m_states.size() && m_states[index].pane == pane ? m_states[index] : foundState(pane);
+    }
+    State &foundState(const QObject *pane);
     std::vector<State> m_states;
+    bool m_areMinimumsKnown = false;
 };
