@@ -97,8 +97,10 @@ void ZelColorPanel::orderFront(const QWidget *client)
 {
     QColorDialog *panel = dialog();
     panel->winId();
-    // Above the client's window, and not blocked where that one is modal.
+    // Above the client's window, and not blocked where that one is modal. A pop-up closes before the panel does.
     QWindow *parent = client ? client->window()->windowHandle() : nullptr;
+    while (parent && parent->type() == Qt::Popup)
+        parent = parent->transientParent();
     if (parent != panel->windowHandle()->transientParent())
         panel->windowHandle()->setTransientParent(parent);
     panel->show();

@@ -57,6 +57,11 @@ private Q_SLOTS:
         QVERIFY(panel->isVisible());
         QVERIFY(!dialog()->isModal());
         QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        QWidget popUp(client.get(), Qt::Popup); // which closes at the first click into the panel
+        popUp.show();
+        panel->orderFront(&popUp);
+        QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        popUp.setParent(nullptr);
         client.reset();
         QVERIFY(panel->isVisible());
         panel->orderFront(nullptr);
