@@ -17,7 +17,9 @@
 #include <QDateEdit>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QTemporaryFile>
@@ -99,12 +101,17 @@ QWidget *fontRow(Styled &model)
 QWidget *sizeRow(Styled &model)
 {
     auto *row = new QWidget;
-    auto *line = new QHBoxLayout(row);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->addWidget(
-        follow(model, new QDoubleSpinBox, [&model](QDoubleSpinBox *box) { box->setValue(model.extent.width()); }));
-    line->addWidget(
-        follow(model, new QDoubleSpinBox, [&model](QDoubleSpinBox *box) { box->setValue(model.extent.height()); }));
+    auto *grid = new QGridLayout(row);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setVerticalSpacing(0);
+    grid->addWidget(
+        follow(model, new QDoubleSpinBox, [&model](QDoubleSpinBox *box) { box->setValue(model.extent.width()); }), 0,
+        0);
+    grid->addWidget(
+        follow(model, new QDoubleSpinBox, [&model](QDoubleSpinBox *box) { box->setValue(model.extent.height()); }), 0,
+        1);
+    grid->addWidget(new QLabel(QStringLiteral("Width")), 1, 0, Qt::AlignHCenter);
+    grid->addWidget(new QLabel(QStringLiteral("Height")), 1, 1, Qt::AlignHCenter);
     return row;
 }
 

@@ -40,14 +40,6 @@ size_t hashOf(const ZelAxisConstraints &constraints)
     return hash;
 }
 
-/// Room for one more, which takes the place of the oldest.
-template<typename Type> void append(std::vector<Type> &list, Type &&entry)
-{
-    if (list.size() == Many)
-        list.erase(list.begin());
-    list.push_back(std::move(entry));
-}
-
 } // namespace
 
 const ZelLayoutSpans *ZelAxisAnswers::Entry::solution(double length) const
@@ -59,19 +51,9 @@ const ZelLayoutSpans *ZelAxisAnswers::Entry::solution(double length) const
 
 void ZelAxisAnswers::Entry::setSolution(double length, const ZelLayoutSpans &spans)
 {
-    append(m_solutions, {length, spans});
-}
-
-const float *ZelAxisAnswers::Entry::resistance(double length, double change) const
-{
-    const auto known = std::find_if(m_resistances.begin(), m_resistances.end(),
-                                    [=](auto &r) { return r.length == length && r.change == change; });
-    return known == m_resistances.end() ? nullptr : &known->priority;
-}
-
-void ZelAxisAnswers::Entry::setResistance(const Resistance &resistance)
-{
-    append(m_resistances, Resistance(resistance));
+    if (m_solutions.size() == Many)
+        m_solutions.erase(m_solutions.begin()); // the oldest
+    m_solutions.push_back({length, spans});
 }
 
 ZelAxisAnswers &ZelAxisAnswers::instance()

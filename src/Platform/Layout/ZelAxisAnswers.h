@@ -23,22 +23,21 @@ public:
         double length;
         ZelLayoutSpans spans;
     };
+    /// How a container of its fitting length resists; see ZelLayoutAxis::resistance().
     struct Resistance
     {
-        double length;
-        double change;
-        float priority;
+        float hugging;
+        float compression;
     };
 
     /// The answers for one axis. Only those are kept for which no required constraint had to be left out.
     struct Entry
     {
         std::optional<double> fittingLength;
+        std::optional<Resistance> resistance;
 
         const ZelLayoutSpans *solution(double length) const;
         void setSolution(double length, const ZelLayoutSpans &spans);
-        const float *resistance(double length, double change) const;
-        void setResistance(const Resistance &resistance);
 
     private:
         friend class ZelAxisAnswers;
@@ -46,7 +45,6 @@ public:
         Constraints m_constraints;
         ZelLayoutBoxes m_boxes;
         std::vector<Solution> m_solutions; // the last few
-        std::vector<Resistance> m_resistances;
     };
 
     /// The table of the thread.

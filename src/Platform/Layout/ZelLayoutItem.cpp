@@ -64,7 +64,8 @@ void ZelLayoutItem::setPriorities(QWidget *child, const ZelLayoutPriorities &pri
 bool ZelLayoutItem::refresh()
 {
     const QWidget *child = widget();
-    const ZelConstraintLayout *own = ownLayout();
+    auto *own = qobject_cast<ZelConstraintLayout *>(child->layout());
+    m_ownLayout = own;
     const QSize hint = readHint(own);
     const QSize minimum = child->minimumSize();
     const QSize maximum = child->maximumSize();

@@ -45,13 +45,14 @@ private:
         float compression;
     };
 
-    ZelConstraintLayout *ownLayout() const { return qobject_cast<ZelConstraintLayout *>(widget()->layout()); }
+    ZelConstraintLayout *ownLayout() const { return m_ownLayout; }
     QSize readHint(const ZelConstraintLayout *own) const;
     ZelLayoutPriorities readPriorities(const ZelConstraintLayout *own, QSizePolicy policy) const;
     static ZelLayoutBox boxFor(const Wish &wish);
     bool answersAsBefore() const;
     int askHeight(int width) const;
 
+    QPointer<ZelConstraintLayout> m_ownLayout; // of the child, as of the last reading
     ZelLayoutBox m_horizontal;
     ZelLayoutBox m_vertical;
     bool m_isHeightForWidth = false;

@@ -308,13 +308,10 @@ ZelLayoutPriorities ZelLayoutSystem::resistance()
     update();
     if (m_resistance)
         return *m_resistance;
-    const QSize size = sizeHint();
-    const ZelLayoutBoxes &heights = verticalBoxes(size.width());
-    const double width = m_horizontal.axis.fittingLength(m_horizontal.boxes);
-    const double height = m_vertical.axis.fittingLength(heights);
-    m_resistance = ZelLayoutPriorities{
-        m_horizontal.axis.resistance(m_horizontal.boxes, width, 1), m_vertical.axis.resistance(heights, height, 1),
-        m_horizontal.axis.resistance(m_horizontal.boxes, width, -1), m_vertical.axis.resistance(heights, height, -1)};
+    const auto horizontal = m_horizontal.axis.resistance(m_horizontal.boxes);
+    const auto vertical = m_vertical.axis.resistance(verticalBoxes(sizeHint().width()));
+    m_resistance =
+        ZelLayoutPriorities{horizontal.hugging, vertical.hugging, horizontal.compression, vertical.compression};
     return *m_resistance;
 }
 

@@ -85,17 +85,21 @@ double ZelSharedAxis::fittingLength(const ZelLayoutBoxes &boxes)
     return length;
 }
 
-float ZelSharedAxis::resistance(const ZelLayoutBoxes &boxes, double length, double change)
+ZelAxisAnswers::Resistance ZelSharedAxis::resistance(const ZelLayoutBoxes &boxes)
 {
     ZelAxisAnswers::Entry *known = answers(boxes);
     m_isLastFromAxis = false;
-    if (const float *priority = known ? known->resistance(length, change) : nullptr)
-        return *priority;
-    const float priority = axis().resistance(boxes, length, change);
+    if (known && known->resistance)
+        return *known->resistance;
+    const double length = axis().fittingLength(boxes);
+    bool isWholeForAll = isWhole();
+    const float hugging = axis().resistance(boxes, length, 1);
+    isWholeForAll &= isWhole();
+    const ZelAxisAnswers::Resistance resistance{hugging, axis().resistance(boxes, length, -1)};
     m_isLastFromAxis = true;
-    if (known && isWhole())
-        known->setResistance({length, change, priority});
-    return priority;
+    if (known && isWholeForAll && isWhole())
+        known->resistance = resistance;
+    return resistance;
 }
 
 const std::vector<int> &ZelSharedAxis::leftOut() const

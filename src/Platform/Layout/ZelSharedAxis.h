@@ -21,7 +21,7 @@ public:
     // As those of ZelLayoutAxis
     void solve(const ZelLayoutBoxes &boxes, double length, ZelLayoutSpans &spans);
     double fittingLength(const ZelLayoutBoxes &boxes);
-    float resistance(const ZelLayoutBoxes &boxes, double length, double change);
+    ZelAxisAnswers::Resistance resistance(const ZelLayoutBoxes &boxes);
     const std::vector<int> &leftOut() const;
     std::vector<int> conflict(int constraint) { return axis().conflict(constraint); }
 
