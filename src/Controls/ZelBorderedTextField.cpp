@@ -7,8 +7,10 @@
 #include <QPainter>
 
 namespace {
-constexpr int g_padding = 2; // between the line and the text
-}
+// Between the line and the text; upright it makes a field with a thin line as high as one with the style's frame.
+constexpr int g_sidePadding = 2;
+constexpr int g_uprightPadding = 1;
+} // namespace
 
 ZelBorderedTextField::ZelBorderedTextField(QWidget *parent)
     : ZelTextField(parent)
@@ -40,8 +42,9 @@ void ZelBorderedTextField::setBorderEdges(Qt::Edges edges)
 /// The same on all edges, whether they have a line or not, so that texts of neighbours stay aligned.
 void ZelBorderedTextField::updateMargins()
 {
-    const int margin = m_borderWidth + g_padding;
-    setTextMargins(margin, margin, margin, margin);
+    const int side = m_borderWidth + g_sidePadding;
+    const int upright = m_borderWidth + g_uprightPadding;
+    setTextMargins(side, upright, side, upright);
     update();
 }
 
@@ -49,7 +52,9 @@ QColor ZelBorderedTextField::shownBorderColor() const
 {
     if (hasFocus() && !isReadOnly())
         return palette().color(QPalette::Highlight);
-    QColor color = m_borderColor.isValid() ? m_borderColor : ZelSeparatorColorForLevel(0, isActiveWindow(), palette());
+    if (!m_borderColor.isValid())
+        return ZelSeparatorColorForLevel(isEnabled() ? 0 : 2, isActiveWindow(), palette());
+    QColor color = m_borderColor;
     if (!isEnabled())
         color.setAlphaF(color.alphaF() / 2);
     return color;

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <cmath>
 
 namespace {
 
@@ -33,7 +34,9 @@ ZelToken::ZelToken(const QString &text, QWidget *field)
 QSize ZelToken::sizeHint() const
 {
     ensurePolished();
-    return {fontMetrics().horizontalAdvance(text()) + 2 * g_textMargin, fontMetrics().height()};
+    // Rounded up: a text in less than its width is elided.
+    const int textWidth = int(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    return {textWidth + 2 * g_textMargin, fontMetrics().height()};
 }
 
 QString ZelToken::shownText(int width) const

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "Extensions/ZelAlert.h"
+
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+#include <QAbstractButton>
+#include <QPushButton>
+
+ZelAlert::ZelAlert(const QString &message, const QString &information)
+    : m_message(message)
+    , m_information(information)
+{
+}
+
+ZelAlert &ZelAlert::setIcon(QMessageBox::Icon icon)
+{
+    m_icon = icon;
+    return *this;
+}
+
+ZelAlert &ZelAlert::addButton(const QString &title, QMessageBox::ButtonRole role, const Block &block)
+{
+    m_buttons.append({title, role, block});
+    return *this;
+}
+
+QMessageBox *ZelAlert::beginSheet(QWidget *window, QObject *context) const
+{
+    if (!ZelRequire(context, "context"))
+        return nullptr;
+    auto *box =
+        new QMessageBox(m_icon, QString(), m_message, QMessageBox::NoButton, window ? window->window() : nullptr);
+    // What is shown may come from anywhere: none of it is markup.
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(m_information);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QList<Button> buttons = m_buttons;
+    if (buttons.isEmpty())
+        buttons.append({ZelLocalizedString(QStringLiteral("OK")), QMessageBox::AcceptRole, Block()});
+    QHash<QAbstractButton *, Block> blocks;
+    for (const Button &button : std::as_const(buttons)) {
+        QString title = button.title;
+        QPushButton *made = box->addButton(title.replace(QLatin1Char('&'), QStringLiteral("&&")), button.role);
+        if (blocks.isEmpty())
+            box->setDefaultButton(made);
+        blocks.insert(made, button.block);
+    }
+    QObject::connect(box, &QDialog::finished, context, [box, blocks, context] {
+        if (const Block block = blocks.value(box->clickedButton()))
+            QMetaObject::invokeMethod(context, block, Qt::QueuedConnection);
+    });
+    if (window) {
+        box->open();
+    } else {
+        box->setWindowModality(Qt::ApplicationModal);
+        box->show();
+    }
+    return box;
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "Extensions/ZelRecoverableError.h"
+
+#include "Extensions/ZelAlert.h"
+#include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelAssertions.h"
+
+ZelRecoverableError::ZelRecoverableError(const QString &description, const QString &suggestion)
+    : m_description(description)
+    , m_suggestion(suggestion)
+{
+}
+
+ZelRecoverableError &ZelRecoverableError::addOption(const QString &title, const Attempt &attempt)
+{
+    m_options.append({title, attempt});
+    return *this;
+}
+
+QStringList ZelRecoverableError::optionTitles() const
+{
+    QStringList titles;
+    for (const Option &option : m_options)
+        titles.append(option.title);
+    return titles;
+}
+
+bool ZelRecoverableError::attemptRecovery(qsizetype option) const
+{
+    if (!ZelRequire(option >= 0 && option < m_options.size(), "option >= 0 && option < options.count"))
+        return false;
+    const Attempt &attempt = m_options.at(option).attempt;
+    return attempt && attempt();
+}
+
+QMessageBox *ZelRecoverableError::present(QWidget *window, QObject *context, const Completion &completion) const
+{
+    if (isNull())
+        return nullptr;
+    ZelRecoverableError error = *this;
+    if (error.m_options.isEmpty())
+        error.addOption(ZelLocalizedString(QStringLiteral("OK")));
+    ZelAlert alert(m_description, m_suggestion);
+    alert.setIcon(QMessageBox::Warning);
+    for (qsizetype i = 0; i < error.m_options.size(); ++i) {
+        const Option &option = error.m_options.at(i);
+        alert.addButton(option.title, option.attempt ? QMessageBox::AcceptRole : QMessageBox::RejectRole,
+                        [error, i, completion] {
+                            const bool recovered = error.attemptRecovery(i);
+                            if (completion)
+                                completion(recovered);
+                        });
+    }
+    return alert.beginSheet(window, context);
+}
