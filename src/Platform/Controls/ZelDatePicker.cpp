@@ -11,6 +11,8 @@
 
 namespace {
 
+const QString g_noDate = QStringLiteral("\u2013");
+
 /// The texts of years must not be ambiguous.
 QString withLongYear(QString format)
 {
@@ -91,16 +93,24 @@ void ZelDatePicker::showValue()
     const QString wanted = format();
     if (displayFormat() != wanted)
         setDisplayFormat(wanted);
+    m_isCleared = false;
     m_showsNone = !hasDate();
-    const QString marker = ZelControlSupport::markerText(m_value);
-    // The text stands for the smallest date, which is shown as what it is otherwise.
-    setSpecialValueText(!m_showsNone ? QString() : marker.isEmpty() ? QStringLiteral("\u2013") : marker);
-    if (m_showsNone)
-        setDateTime(minimumDateTime());
-    else
+    if (m_showsNone) {
+        const QString marker = ZelControlSupport::markerText(m_value);
+        showNone(marker.isEmpty() ? g_noDate : marker);
+    } else {
+        setSpecialValueText({});
         setDateTime(m_showsTime ? m_value.toDateTime().toLocalTime() : m_value.toDate().startOfDay());
+    }
     m_shownText = text();
     updateColors();
+}
+
+/// The text stands for the smallest date, which is shown as what it is otherwise.
+void ZelDatePicker::showNone(const QString &text)
+{
+    setSpecialValueText(text);
+    setDateTime(minimumDateTime());
 }
 
 void ZelDatePicker::updateColors()
@@ -133,7 +143,7 @@ bool ZelDatePicker::commitEditing()
         return true;
     }
     interpretText();
-    const QVariant value = m_showsNone ? m_value : enteredValue();
+    const QVariant value = m_isCleared ? QVariant() : m_showsNone ? m_value : enteredValue();
     const bool changed = !ZelEqual(value, m_value);
     if (changed)
         m_value = value;
@@ -151,10 +161,18 @@ void ZelDatePicker::discardEditing()
 /// Shown, but not committed.
 void ZelDatePicker::beginWithToday()
 {
-    m_showsNone = false;
+    m_showsNone = m_isCleared = false;
     setSpecialValueText({});
     setDateTime(QDate::currentDate().startOfDay());
     setSelectedSection(sectionAt(0));
+    updateColors();
+}
+
+/// Shown, but not committed.
+void ZelDatePicker::clearDate()
+{
+    m_showsNone = m_isCleared = true;
+    showNone(g_noDate);
     updateColors();
 }
 
@@ -200,6 +218,12 @@ void ZelDatePicker::changeEvent(QEvent *event)
         updateColors();
 }
 
+/// Without a date there are no sections for Tab to step through.
+bool ZelDatePicker::focusNextPrevChild(bool next)
+{
+    return m_showsNone ? QWidget::focusNextPrevChild(next) : QDateTimeEdit::focusNextPrevChild(next);
+}
+
 void ZelDatePicker::focusOutEvent(QFocusEvent *event)
 {
     const QPointer<ZelDatePicker> guard(this);
@@ -216,6 +240,14 @@ void ZelDatePicker::keyPressEvent(QKeyEvent *event)
     const QPointer<ZelDatePicker> guard(this);
     if (event->key() == Qt::Key_Escape && isEditing()) {
         discardEditing();
+        return;
+    }
+    const bool deletes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    // Qt selects nothing of a marker's name.
+    const bool isWhole = m_showsNone ? ZelIsMarker(m_value, ZelMultipleValuesMarker) && !m_isCleared
+                                     : lineEdit()->selectedText() == text();
+    if (deletes && isEditable() && isWhole) {
+        clearDate();
         return;
     }
     if (commits && isEditable())

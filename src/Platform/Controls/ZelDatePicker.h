@@ -13,7 +13,8 @@ class ZelUndoGrouping;
 ///
 /// The value is a QDate, which stays one, or a QDateTime, shown in local time and handed back in its own time zone; its
 /// seconds are kept. Without a date the field shows a dash, or a selection marker's name; the first digit or step
-/// begins with the present day.
+/// begins with the present day. Delete or Backspace leaves no date where the whole text is selected, or a marker stands
+/// for several.
 ///
 /// Return, the loss of the focus and every step commit: what was entered is stored and reported, unless it is the date
 /// that was shown. Escape discards. A value that arrives while the user is typing is stored but not shown before the
@@ -54,6 +55,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -67,6 +69,8 @@ private:
     void showValue();
     void updateColors();
     void beginWithToday();
+    void clearDate();
+    void showNone(const QString &text);
     bool reservesShortcut(QKeyEvent *event) const;
 
     QVariant m_value;
@@ -74,4 +78,5 @@ private:
     std::unique_ptr<ZelUndoGrouping> m_pressGrouping;
     bool m_showsTime = false;
     bool m_showsNone = true;
+    bool m_isCleared = false; // entered, but not committed
 };

@@ -84,6 +84,44 @@ private Q_SLOTS:
         QCOMPARE(panel.control->text(), QStringLiteral("07.02.2024"));
     }
 
+    void theWholeTextIsDeletedForNoDate()
+    {
+        Panel panel;
+        const QVariant day(QDate(2024, 2, 3));
+        panel.control->setObjectValue(day);
+        panel.control->setFocus();
+        const auto deleteAll = [&panel](Qt::Key key) {
+            QTest::keyClick(panel.control, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(panel.control, key);
+        };
+        deleteAll(Qt::Key_Delete);
+        QVERIFY(panel.control->isEditing());
+        QCOMPARE(panel.control->text(), QStringLiteral("\u2013"));
+        QTest::keyClick(panel.control, Qt::Key_Escape);
+        QCOMPARE(panel.control->text(), QStringLiteral("03.02.2024"));
+        deleteAll(Qt::Key_Backspace);
+        QTest::keyClick(panel.control, Qt::Key_5); // another one after all
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QCOMPARE(panel.control->objectValue().toDate().day(), 5);
+        deleteAll(Qt::Key_Delete);
+        panel.other->setFocus();
+        QVERIFY(!panel.control->objectValue().isValid());
+        QCOMPARE(panel.takeLog(), Panel::edits(2));
+        panel.control->setFocus();
+        deleteAll(Qt::Key_Delete); // nothing is left to delete
+        panel.other->setFocus();
+        QCOMPARE(panel.takeLog(), QStringList());
+        panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+        panel.control->setFocus();
+        deleteAll(Qt::Key_Delete);
+        QTest::keyClick(panel.control, Qt::Key_Return);
+        QVERIFY(!panel.control->objectValue().isValid());
+        panel.control->setObjectValue(day);
+        panel.control->setEditable(false);
+        deleteAll(Qt::Key_Delete);
+        QCOMPARE(panel.control->text(), QStringLiteral("03.02.2024"));
+    }
+
     void aValueThatArrivesWaitsForTheTyping()
     {
         Panel panel;
