@@ -19,6 +19,19 @@ namespace {
 /// The margins that a QLineEdit keeps around its text.
 constexpr int s_horizontalMargin = 2;
 
+QTextLine layOut(QTextLayout &layout, Qt::LayoutDirection direction, double width)
+{
+    QTextOption option;
+    option.setTextDirection(direction);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    return line;
+}
+
 bool isReturn(const QKeyEvent *event)
 {
     return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -76,6 +89,14 @@ void ZelTextField::setLabelStyle(bool labelStyle)
     setFrame(!labelStyle);
     setEditable(!labelStyle);
     m_sizeHint = m_minimumSizeHint = QSize();
+    updateColors();
+}
+
+void ZelTextField::setDimmed(bool dimmed)
+{
+    if (dimmed == m_dimmed)
+        return;
+    m_dimmed = dimmed;
     updateColors();
 }
 
@@ -148,15 +169,14 @@ void ZelTextField::updateColors()
         return;
     const QScopedValueRollback updating(m_updatingColors, true);
     setPalette(QPalette());
-    if (m_error.isEmpty() && !m_labelStyle)
+    if (m_error.isEmpty() && !m_labelStyle && !m_dimmed)
         return;
     QPalette colors;
     colors.setResolveMask(0);
-    if (m_labelStyle) {
-        const QPalette inherited = palette();
+    if (m_labelStyle)
         colors.setColor(QPalette::Base, Qt::transparent);
-        colors.setColor(QPalette::Text, inherited.color(QPalette::PlaceholderText));
-    }
+    if (m_labelStyle || m_dimmed)
+        colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
     if (!m_error.isEmpty())
         colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
     setPalette(colors);
@@ -224,7 +244,7 @@ void ZelTextField::changeEvent(QEvent *event)
         m_measuredText = QString();
         break;
     case QEvent::PaletteChange:
-        if (m_labelStyle || !m_error.isEmpty())
+        if (m_labelStyle || m_dimmed || !m_error.isEmpty())
             updateColors();
         break;
     case QEvent::EnabledChange:
@@ -277,15 +297,14 @@ void ZelTextField::keyPressEvent(QKeyEvent *event)
     QLineEdit::keyPressEvent(event);
 }
 
+/// Where the text may be, left to right.
 QRect ZelTextField::textRect() const
 {
     QStyleOptionFrame panel;
     initStyleOption(&panel);
     const QRect contents =
         style()->subElementRect(QStyle::SE_LineEditContents, &panel, this).marginsRemoved(textMargins());
-    const int height = fontMetrics().height();
-    return {contents.x() + s_horizontalMargin, contents.y() + (contents.height() - height + 1) / 2,
-            contents.width() - 2 * s_horizontalMargin, height};
+    return contents.adjusted(s_horizontalMargin, 0, -s_horizontalMargin, 0);
 }
 
 /// The whole text where the field is too narrow to show it; otherwise null.
@@ -333,10 +352,6 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
     // The text's own direction, whatever the window's: a minus sign or a unit stays on its side of the number.
     const Qt::LayoutDirection direction = displayText().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     QTextLayout layout(shown, font());
-    QTextOption option;
-    option.setTextDirection(direction);
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
     if (unit.length > 0) {
         QTextLayout::FormatRange dimmed;
         dimmed.start = int(unit.start);
@@ -345,10 +360,9 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
         if (dimmed.length > 0)
             layout.setFormats({dimmed});
     }
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(std::max(1, area.width() + 1));
-    layout.endLayout();
+    const QTextLine line = layOut(layout, direction, std::max(1, area.width() + 1));
+    QTextLayout whole(displayText(), font());
+    const QTextLine wholeLine = layOut(whole, direction, QWIDGETSIZE_MAX);
 
     // To the pixel where a line edit puts it, which keeps room for a cursor: nothing moves when the focus comes.
     const Qt::Alignment visual = QStyle::visualAlignment(direction, alignment());
@@ -361,7 +375,9 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
     double x = std::max(left, area.x());
     if (direction == Qt::RightToLeft)
         x -= line.naturalTextRect().x();
+    const int height = std::max(fontMetrics().height(), qRound(wholeLine.ascent() + wholeLine.descent()));
+    const int top = area.y() + (area.height() - height + 1) / 2 + fontMetrics().ascent() - qRound(wholeLine.ascent());
     painter.setPen(palette().color(QPalette::Text));
     painter.setClipRect(area);
-    layout.draw(&painter, QPointF(x, area.y() + fontMetrics().ascent() - qRound(line.ascent())));
+    layout.draw(&painter, QPointF(x, top + wholeLine.ascent() - line.ascent()));
 }

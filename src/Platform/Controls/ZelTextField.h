@@ -45,6 +45,10 @@ public:
     bool isLabelStyle() const { return m_labelStyle; }
     void setLabelStyle(bool labelStyle);
 
+    /// Whether the text has the colour of placeholders, because it is no value but says that there is none; false.
+    bool isDimmed() const { return m_dimmed; }
+    void setDimmed(bool dimmed);
+
     /// Whether there is typing that has neither been committed nor discarded.
     bool isEditing() const { return text() != m_shownText; }
     /// Why the text could not be taken; null if nothing is wrong with it.
@@ -92,5 +96,6 @@ private:
     mutable QString m_measuredText;
     mutable int m_measuredWidth = 0;
     bool m_labelStyle = false;
+    bool m_dimmed = false;
     bool m_updatingColors = false;
 };

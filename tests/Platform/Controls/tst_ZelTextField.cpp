@@ -67,6 +67,7 @@ private Q_SLOTS:
     void undoShortcutIsTheWindowsUnlessTyping();
     void longTextsAreElidedAndUnitsDimmed();
     void textsLieWhereALineEditPutsThem();
+    void elidedTextsStandOnTheSameLine();
 };
 
 void tst_ZelTextField::showsValuesAndMarkers()
@@ -340,6 +341,29 @@ void tst_ZelTextField::textsLieWhereALineEditPutsThem()
             field.setAlignment(alignment);
             lineEdit.setAlignment(alignment);
             QCOMPARE(field.grab().toImage(), lineEdit.grab().toImage());
+        }
+    }
+}
+
+void tst_ZelTextField::elidedTextsStandOnTheSameLine()
+{
+    QWidget parent;
+    ZelTextField field(&parent);
+    field.setText(QStringLiteral("HHHHHHHHHHHHHHHHHHHH"));
+    field.setCursorPosition(0);
+    for (const char *family : {"DejaVu Sans", "DejaVu Serif", "Liberation Sans"}) {
+        for (double pointSize = 6; pointSize < 15; pointSize += 0.5) {
+            QFont font(QString::fromUtf8(family));
+            font.setPointSizeF(pointSize);
+            parent.setFont(font);
+            const int height = field.sizeHint().height();
+            const int letter = field.fontMetrics().horizontalAdvance(u'H');
+            const QRect first(0, 0, letter, height);
+            field.resize(30 * letter, height);
+            const QImage whole = field.grab(first).toImage();
+            field.resize(8 * letter, height);
+            QVERIFY2(field.grab(first).toImage() == whole,
+                     qPrintable(QStringLiteral("%1 %2").arg(QString::fromUtf8(family)).arg(pointSize)));
         }
     }
 }
