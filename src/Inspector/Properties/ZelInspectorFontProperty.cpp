@@ -218,6 +218,26 @@ void ZelInspectorFontProperty::viewWillUninstall()
         m_popover->performClose();
 }
 
+bool ZelInspectorFontProperty::contains(const QWidget *control) const
+{
+    return (m_popoverView && m_popoverView->isAncestorOf(control)) || ZelInspectorProperty::contains(control);
+}
+
+bool ZelInspectorFontProperty::commitEditing()
+{
+    const QPointer<ZelInspectorFontProperty> alive(this);
+    if (m_popoverView && !m_popoverView->fontSizeTextField()->commitEditing())
+        return false;
+    return !alive || ZelInspectorProperty::commitEditing();
+}
+
+void ZelInspectorFontProperty::discardEditing()
+{
+    if (m_popoverView)
+        m_popoverView->fontSizeTextField()->discardEditing();
+    ZelInspectorProperty::discardEditing();
+}
+
 void ZelInspectorFontProperty::updateView()
 {
     if (!m_textField)
@@ -233,6 +253,7 @@ void ZelInspectorFontProperty::updateView()
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const auto font = fontOf(value);
     m_button->setEnabled((isMultiple || font) && isEffectivelyEnabled());
+    m_textField->setDimmed(!font);
     if (font)
         m_textField->setObjectValue(description(*font));
     else if (isMultiple)

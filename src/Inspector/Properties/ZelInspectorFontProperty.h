@@ -48,6 +48,9 @@ public:
     Q_INVOKABLE void selectFontFace(QObject *sender);
     Q_INVOKABLE void selectDone(QObject *sender);
 
+    /// Takes what is being typed into the popover.
+    bool commitEditing() override;
+    void discardEditing() override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
@@ -57,13 +60,14 @@ public:
 Q_SIGNALS:
     void fontSizeChanged();
 
+protected:
+    bool contains(const QWidget *control) const override;
+
 private:
     void makePopover();
     void connectPopoverView();
     void showValueInPopover();
     void layOut(ZelView *container);
-    void showText(const QString &text);
-    void showSize();
     static QString description(const QFont &font);
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;

@@ -309,11 +309,16 @@ void ZelInspectorProperty::viewDidInstall()
             connect(known, &ZelObjectController::selectionWillChange, this, &ZelInspectorProperty::endEditing);
 }
 
+bool ZelInspectorProperty::contains(const QWidget *control) const
+{
+    return isViewLoaded() && const_cast<ZelInspectorProperty *>(this)->view()->isAncestorOf(control);
+}
+
 /// What was typed is meant for the objects that were selected then. Where the focus is not, nothing is being entered.
 void ZelInspectorProperty::endEditing()
 {
     const QWidget *focus = QApplication::focusWidget();
-    if (!focus || !isViewLoaded() || !view()->isAncestorOf(focus))
+    if (!focus || !contains(focus))
         return;
     const QPointer<ZelInspectorProperty> alive(this);
     if (!commitEditing() && alive)

@@ -139,6 +139,9 @@ protected:
     };
     bool isUpdatingValues() const { return m_updatingValues > 0; }
 
+    /// Whether the control is one of the editor's, wherever it is shown: in the view, by default.
+    virtual bool contains(const QWidget *control) const;
+
     /// The coalesced call of updateView, made when it is first scheduled.
     ZelDelayedInvocation &updateViewInvocation();
     void cancelUpdateView();
