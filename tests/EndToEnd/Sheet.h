@@ -21,6 +21,7 @@ class Figure : public QObject
     Q_PROPERTY(QColor stroke MEMBER stroke NOTIFY strokeChanged)
     Q_PROPERTY(QDate day MEMBER day NOTIFY dayChanged)
     Q_PROPERTY(QString pattern MEMBER pattern NOTIFY patternChanged)
+    Q_PROPERTY(QPointF place MEMBER place NOTIFY placeChanged)
     Q_PROPERTY(QSizeF size MEMBER size NOTIFY sizeChanged)
     Q_PROPERTY(QRectF frame MEMBER frame NOTIFY frameChanged)
     Q_PROPERTY(QFont font MEMBER font NOTIFY fontChanged)
@@ -31,6 +32,7 @@ public:
     QColor stroke = Qt::black;
     QDate day{2024, 5, 6};
     QString pattern = QStringLiteral("Dots");
+    QPointF place{1, 2};
     QSizeF size{30, 40};
     QRectF frame{10, 20, 100, 50};
     QFont font{QStringLiteral("DejaVu Sans"), 9};
@@ -42,6 +44,7 @@ Q_SIGNALS:
     void strokeChanged();
     void dayChanged();
     void patternChanged();
+    void placeChanged();
     void sizeChanged();
     void frameChanged();
     void fontChanged();

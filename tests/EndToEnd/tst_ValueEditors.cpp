@@ -5,6 +5,7 @@
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
+#include "Inspector/Properties/ZelInspectorPointProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 
 #include <QAbstractItemView>
@@ -126,6 +127,51 @@ private Q_SLOTS:
         QCOMPARE(window.stack.count(), 1);
     }
 
+    void aPointIsTypedNumberByNumber()
+    {
+        Window window(Window::row("place", "custom", "class='ZelInspectorPointProperty'"));
+        window.set(1, "place", QPointF(3, 9));
+        const auto *editor = window.editor<ZelInspectorPointProperty>("place");
+        const ZelTextField *x = editor->xProperty()->textField();
+        ZelTextField *y = editor->yProperty()->textField();
+        QCOMPARE(x->placeholderText(), QStringLiteral("No Selection"));
+        Window::click(editor->xProperty()->textField());
+        Window::type(QStringLiteral("5"));
+        QCOMPARE(x->text(), QString());
+
+        window.select({0});
+        QCOMPARE(x->text() + u' ' + y->text(), QStringLiteral("1 2"));
+        Window::replaceText(editor->xProperty()->textField(), QStringLiteral("3"));
+        Window::press(Qt::Key_Tab);
+        while (QApplication::focusWidget() != y) // past the stepper
+            Window::press(Qt::Key_Tab);
+        Window::type(QStringLiteral("-7.5"));
+        Window::press(Qt::Key_Return);
+        QCOMPARE(window.figures[0]->place, QPointF(3, -7.5));
+        QCOMPARE(window.stack.undoText(), QStringLiteral("Change place"));
+
+        window.select({0, 1});
+        QCOMPARE(x->text() + u' ' + y->text() + y->placeholderText(), QStringLiteral("3 Multiple Values"));
+        Window::replaceText(y, QStringLiteral("4"));
+        Window::press(Qt::Key_Return);
+        QCOMPARE(window.figures[0]->place, QPointF(3, 4));
+        QCOMPARE(window.figures[1]->place, QPointF(3, 4));
+        QCOMPARE(y->text(), QStringLiteral("4"));
+        editor->xProperty()->stepper()->setFocus();
+        Window::press(Qt::Key_Up);
+        QCOMPARE(window.figures[1]->place, QPointF(4, 4));
+        Window::replaceText(y, QStringLiteral("8"));
+        window.select({2}); // it was typed for the others
+        QCOMPARE(x->text() + u' ' + y->text(), QStringLiteral("1 2"));
+        QCOMPARE(window.figures[0]->place, QPointF(4, 8));
+        QCOMPARE(window.stack.count(), 5);
+        while (window.stack.canUndo())
+            window.undo();
+        QCOMPARE(window.figures[0]->place, QPointF(1, 2));
+        QCOMPARE(window.figures[1]->place, QPointF(3, 9));
+        QCOMPARE(window.figures[2]->place, QPointF(1, 2));
+    }
+
     void theAnchorIsWhereAFrameIsMeasuredAndKept()
     {
         Window window(Window::allRows());
@@ -213,6 +259,12 @@ private Q_SLOTS:
         window.undo();
         QCOMPARE(window.figures[1]->day, QDate(2021, 2, 28));
         QCOMPARE(window.figures[0]->day, QDate(2024, 5, 6));
+        Window::press(Qt::Key_A, Qt::ControlModifier);
+        Window::press(Qt::Key_Delete);
+        Window::press(Qt::Key_Tab);
+        QVERIFY(window.figures[0]->day.isNull() && window.figures[1]->day.isNull());
+        window.undo();
+        QCOMPARE(window.figures[0]->day, QDate(2024, 5, 6));
     }
 
     void theFontPopoverIsOpenedUsedAndClosed()
@@ -282,9 +334,15 @@ private Q_SLOTS:
         QCOMPARE(editor->popoverView()->fontFamilyPopUpButton()->shownText(), QStringLiteral("DejaVu Sans Mono"));
         window.select({1});
         QCOMPARE(size->text(), QStringLiteral("30"));
+        QCOMPARE(window.stack.count(), 0);
+        Window::replaceText(size, QStringLiteral("14"));
+        window.select({0}); // what was typed was meant for the other
+        QCOMPARE(window.figures[1]->font.pointSizeF(), 14.0);
+        QCOMPARE(window.figures[0]->font.pointSizeF(), 20.0);
+        QCOMPARE(size->text(), QStringLiteral("20"));
         Window::press(Qt::Key_Escape);
         QVERIFY(!editor->popover()->isShown());
-        QCOMPARE(window.stack.count(), 0);
+        QCOMPARE(window.stack.count(), 1);
     }
 
     void thePopoverEndsWithWhatItIsFor_data()

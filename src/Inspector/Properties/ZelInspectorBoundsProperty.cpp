@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Layout/ZelConstraintLayout.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
@@ -41,6 +42,32 @@ ZelRectAnchor modelAnchor(ZelRectAnchor anchor, bool isFlipped)
         return anchor;
     }
     return isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
+}
+
+/// Beside the anchors a field may be narrower than its title, which then takes the room below the stepper, too.
+void letTitleBeWider(ZelInspectorNumberProperty *editor)
+{
+    using Constraint = ZelLayoutConstraint;
+    ZelLabel *label = editor->label();
+    ZelView *container = editor->view();
+    const QList<Constraint::Ptr> constraints = container->constraints();
+    for (const Constraint::Ptr &constraint : constraints) {
+        const Constraint::Attribute attribute = constraint->firstAttribute();
+        const bool isOfLabel = constraint->firstItem() == label || constraint->secondItem() == label;
+        if (isOfLabel && (attribute == Constraint::Left || attribute == Constraint::Right))
+            constraint->setPriority(250);
+    }
+    ZelLayoutPriorities priorities = ZelConstraintLayout::priorities(label);
+    priorities.horizontalCompression = 300;
+    ZelConstraintLayout::setPriorities(label, priorities);
+    const auto add = [&](Constraint::Attribute attribute, Constraint::Relation relation, QWidget *other,
+                         ZelLayoutPriority priority) {
+        container->addConstraint(
+            Constraint::constraintWithItem(label, attribute, relation, other, attribute, 1, 0, priority));
+    };
+    add(Constraint::CenterX, Constraint::Equal, editor->textField(), 260);
+    add(Constraint::Left, Constraint::GreaterThanOrEqual, container, ZelLayoutPriorityRequired);
+    add(Constraint::Right, Constraint::LessThanOrEqual, container, ZelLayoutPriorityRequired);
 }
 
 QString localized(const char *key)
@@ -159,6 +186,8 @@ void ZelInspectorBoundsProperty::addNumberEditors(ZelView *container)
         if (i >= SizeWidth)
             m_numberProperties[i]->minimum = 0;
         container->addSubview(m_numberProperties[i]->view());
+        if (m_originSelectionView)
+            letTitleBeWider(m_numberProperties[i]);
     }
 }
 

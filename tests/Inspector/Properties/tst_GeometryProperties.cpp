@@ -414,6 +414,26 @@ private Q_SLOTS:
         QCOMPARE(boxes[2]->stored.x(), 2.0);
     }
 
+    void titlesBesideTheAnchorsAreWhole()
+    {
+        Window window;
+        auto *editor = window.edit<ZelInspectorBoundsProperty>(
+            "frame", [](ZelInspectorBoundsProperty *property) { property->showOriginSelector = true; });
+        for (int width : {200, 400}) {
+            window.resize(width, 200);
+            QCoreApplication::processEvents();
+            for (const auto *number : {editor->sizeWidthProperty(), editor->sizeHeightProperty()}) {
+                const ZelLabel *label = number->label();
+                QVERIFY(label->width() >= label->sizeHint().width());
+                QVERIFY(label->parentWidget()->rect().contains(label->geometry()));
+                if (width == 400) {
+                    QCOMPARE(label->x(), number->textField()->x());
+                    QCOMPARE(label->width(), number->textField()->width());
+                }
+            }
+        }
+    }
+
     void theAnchorIsPickedByAClickOrAKey()
     {
         Window window;
