@@ -13,7 +13,7 @@
 class ZelObservedKey::Source : public ZelKeyValueChangeSource
 {
 public:
-    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const QVariant &old)
+    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const Kept &old)
         : m_key(key)
         , m_kind(kind)
         , m_indexes(indexes)
@@ -29,7 +29,7 @@ public:
                                                          : m_key.elementsAt(*m_indexes);
         return m_new;
     }
-    const QVariant &oldValue() const override { return m_old; }
+    const QVariant &oldValue() const override { return m_old.value(); }
     void setNewValue(const QVariant &value)
     {
         m_new = value;
@@ -37,15 +37,29 @@ public:
     }
 
 private:
-    bool areValuesDifferent() const override { return ZelNotEqual(m_old, newValue()); }
+    bool areValuesDifferent() const override { return m_old.hasDied() || ZelNotEqual(m_old.value(), newValue()); }
 
     const ZelObservedKey &m_key;
     ZelKeyValueChangeKind m_kind;
     const ZelIndexSet *m_indexes;
-    const QVariant &m_old;
+    const Kept &m_old;
     mutable QVariant m_new;
     mutable bool m_isRead = false;
 };
+
+void ZelObservedKey::Kept::keep(QVariant value)
+{
+    m_isObject = value.metaType().flags().testFlag(QMetaType::PointerToQObject);
+    m_object = m_isObject ? value.value<QObject *>() : nullptr;
+    m_isObject = m_object != nullptr;
+    m_value = std::move(value);
+}
+
+const QVariant &ZelObservedKey::Kept::value() const
+{
+    static const QVariant none;
+    return hasDied() ? none : m_value;
+}
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
     : m_object(object)
@@ -117,7 +131,7 @@ void ZelObservedKey::add(const Registration &registration)
         rememberValue();
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
-        const QVariant none;
+        const Kept none;
         const Source source(*this, ZelKeyValueChangeSetting, nullptr, none);
         const ZelKeyValueObservingOptions options = registration.options & ~ZelKeyValueObservingOptionOld;
         const ZelKeyValueChange change(ZelKeyValueChangeSetting, &source, options, nullptr, false);
@@ -165,7 +179,7 @@ void ZelObservedKey::stopObserving()
 void ZelObservedKey::rememberValue()
 {
     m_remembers = true;
-    m_last = read();
+    m_last.keep(read());
 }
 
 void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, const ZelIndexSet *indexes, bool isPrior)
@@ -191,14 +205,15 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     const Hold hold(this);
     const int announcement = ++m_announcements;
     if (m_oldObservers > 0) {
-        QVariant old = kind == ZelKeyValueChangeSetting     ? read()
-                       : kind == ZelKeyValueChangeInsertion ? QVariant()
-                                                            : elementsAt(*indexes);
+        Kept old;
+        old.keep(kind == ZelKeyValueChangeSetting     ? read()
+                 : kind == ZelKeyValueChangeInsertion ? QVariant()
+                                                      : elementsAt(*indexes));
         m_pendingOld.push_back({announcement, std::move(old)}); // reading may itself announce changes, and end them
     }
     if (m_priorObservers == 0)
         return;
-    const QVariant old = m_pendingOld.empty() ? QVariant() : m_pendingOld.back().value;
+    const Kept old = m_pendingOld.empty() ? Kept() : m_pendingOld.back().value;
     Source source(*this, kind, indexes, old);
     source.setNewValue({});
     deliver(kind, source, indexes, true);
@@ -222,16 +237,16 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     if (m_announcements == 0 || m_isOrphan)
         return;
     const Hold hold(this);
-    QVariant old;
+    Kept old;
     if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements) {
-        old.swap(m_pendingOld.back().value);
+        old = std::move(m_pendingOld.back().value);
         m_pendingOld.pop_back();
     }
     --m_announcements;
     if (!isObserved() || (!byObject && m_announcesItself))
         return;
     if (m_remembers)
-        m_last = read();
+        m_last.keep(read());
     const Source source(*this, kind, indexes, old);
     deliver(kind, source, indexes, false);
 }
@@ -241,15 +256,16 @@ void ZelObservedKey::notified()
     if (!isObserved() || m_announcesItself || m_announcements > 0)
         return;
     const Hold hold(this);
-    QVariant old;
-    old.swap(m_last);
+    Kept old;
+    std::swap(old, m_last);
     Source source(*this, ZelKeyValueChangeSetting, nullptr, old);
     if (m_priorObservers > 0)
         deliver(ZelKeyValueChangeSetting, source, nullptr, true);
     if (m_remembers) {
         // Taken over before anybody is told, since an observer may cause the next change.
-        m_last = read();
-        source.setNewValue(m_last);
+        QVariant value = read();
+        m_last.keep(value);
+        source.setNewValue(value);
     }
     deliver(ZelKeyValueChangeSetting, source, nullptr, false);
 }
@@ -262,7 +278,7 @@ void ZelObservedKey::reread()
         m_interface->rereadKeyPath(ZelKeyPath(m_key));
         return;
     }
-    if (m_remembers && ZelNotEqual(m_last, read()))
+    if (m_remembers && (m_last.hasDied() || ZelNotEqual(m_last.value(), read())))
         notified();
 }
 

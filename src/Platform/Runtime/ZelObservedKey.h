@@ -4,6 +4,7 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <vector>
 
 class ZelKeyValueCodingInterface;
@@ -73,6 +74,21 @@ public:
 
 private:
     class Source;
+    /// A value kept until a change. An object may die meanwhile, and another take its place in memory.
+    class Kept
+    {
+    public:
+        void keep(QVariant value);
+        void clear() { keep({}); }
+        bool hasDied() const { return m_isObject && !m_object; }
+        /// Absent for an object that has died.
+        const QVariant &value() const;
+
+    private:
+        QVariant m_value;
+        QPointer<QObject> m_object;
+        bool m_isObject = false;
+    };
     ~ZelObservedKey();
     QVariant read() const;
     QVariant elementsAt(const ZelIndexSet &indexes) const;
@@ -94,10 +110,10 @@ private:
     struct Old
     {
         int announcement; // which of those begun and not yet ended, the outermost being 1
-        QVariant value;
+        Kept value;
     };
     std::vector<Old> m_pendingOld; // only of announcements for which somebody wants the old value
-    QVariant m_last;               // the value delivered last, where it is remembered
+    Kept m_last;                   // the value delivered last, where it is remembered
     int m_announcements = 0;       // begun and not yet ended
     int m_observers = 0;
     int m_oldObservers = 0;

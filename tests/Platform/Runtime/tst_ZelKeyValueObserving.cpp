@@ -42,6 +42,46 @@ private:
     QVariantList m_items;
 };
 
+/// Refers to an object that belongs to somebody else.
+class Keeper : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *kept READ kept NOTIFY keptChanged)
+public:
+    QObject *kept() const { return m_kept; }
+    /// Does something else to the former one in the middle of it.
+    void set(QObject *kept, bool announces, const std::function<void()> &meanwhile = {})
+    {
+        if (announces)
+            ZelWillChangeValueForKey(this, "kept");
+        if (meanwhile)
+            meanwhile();
+        m_kept = kept;
+        Q_EMIT keptChanged();
+        if (announces)
+            ZelDidChangeValueForKey(this, "kept");
+    }
+
+Q_SIGNALS:
+    void keptChanged();
+
+private:
+    QObject *m_kept = nullptr;
+};
+
+/// Says of each change whether the old value is still there, and whether it is another.
+class ChangeRecorder : public ZelKeyValueObserver
+{
+public:
+    QStringList log;
+    void observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &change, const void *) override
+    {
+        const bool isThere = change.keyValueChangeOld().value<QObject *>();
+        log.append(QString::fromLatin1(isThere ? "there, " : "gone, ") +
+                   QString::fromLatin1(change.keyValueChanged() ? "changed" : "same"));
+    }
+};
+
 class tst_ZelKeyValueObserving : public QObject
 {
     Q_OBJECT
@@ -247,6 +287,36 @@ private Q_SLOTS:
         QCOMPARE(recorder.count(), 2);
         QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(2));
         ZelRemoveObserver(&person, &recorder, "mood", &g_context);
+    }
+
+    void anObjectThatTakesADeadOnesPlaceIsAnother_data()
+    {
+        QTest::addColumn<bool>("announces");
+        QTest::newRow("a plain object") << false;
+        QTest::newRow("one that announces its changes") << true;
+    }
+
+    void anObjectThatTakesADeadOnesPlaceIsAnother()
+    {
+        QFETCH(bool, announces);
+        alignas(QObject) char place[sizeof(QObject)];
+        Keeper keeper;
+        QObject *first = new (place) QObject;
+        keeper.set(first, announces);
+        ChangeRecorder recorder;
+        ZelAddObserver(&keeper, &recorder, "kept", g_oldAndNew, &g_context);
+        keeper.set(nullptr, announces, [first] { first->~QObject(); });
+        QObject *second = new (place) QObject;
+        QCOMPARE(second, first);
+        keeper.set(second, announces);
+        keeper.set(second, announces);
+        keeper.set(second, announces, [=, &place] { // and dies at once, within the change
+            second->~QObject();
+            new (place) QObject;
+        });
+        QCOMPARE(recorder.log, (QStringList{"gone, changed", "gone, changed", "there, same", "gone, changed"}));
+        ZelRemoveObserver(&keeper, &recorder, "kept", &g_context);
+        second->~QObject();
     }
 
     void addedAndRemovedObjects()
