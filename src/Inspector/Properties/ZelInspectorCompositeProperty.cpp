@@ -252,7 +252,7 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double co
         before.shrink(count);
         after.shrink(count);
     }
-    const ZelObjectController::ChangeBatch batch(selection.controller);
+    const ZelObjectController::ChangeBatch batch(selection.controller, selection.key);
     ZelRecordedWrite(undoManager())
         .setValuesForKey(objects, std::move(before), std::move(after), selection.key.first());
     return true;

@@ -217,7 +217,7 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
     QObject *controller =
         isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
                     : nullptr;
-    const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller));
+    const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller), path);
     ZelRecordedWrite(undoManager()).setValuesForKey(changed, values, ZelKey(path.string()));
 }
 

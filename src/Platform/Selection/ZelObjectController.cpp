@@ -66,8 +66,9 @@ void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objec
         Q_EMIT selectionChanged();
 }
 
-ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller)
+ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller, const ZelKeyPath &written)
     : m_controller(controller)
+    , m_written(written)
     , m_uncaught(std::uncaught_exceptions())
 {
     if (m_controller)
@@ -76,6 +77,9 @@ ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller)
 
 ZelObjectController::ChangeBatch::~ChangeBatch() noexcept(false)
 {
-    if (m_controller)
-        ZelRunAtScopeEnd([this] { m_controller->m_proxy->endBatch(); }, m_uncaught);
+    if (!m_controller)
+        return;
+    if (!m_written.isEmpty())
+        m_controller->m_proxy->objectChanged(m_written);
+    ZelRunAtScopeEnd([this] { m_controller->m_proxy->endBatch(); }, m_uncaught);
 }

@@ -40,12 +40,18 @@ public:
     class ChangeBatch
     {
     public:
-        explicit ChangeBatch(ZelObjectController *controller);
+        explicit ChangeBatch(ZelObjectController *controller)
+            : ChangeBatch(controller, {})
+        {
+        }
+        /// The key path counts as changed in the end, also where the objects do not say so.
+        ChangeBatch(ZelObjectController *controller, const ZelKeyPath &written);
         ~ChangeBatch() noexcept(false);
         Q_DISABLE_COPY_MOVE(ChangeBatch)
 
     private:
         QPointer<ZelObjectController> m_controller;
+        ZelKeyPath m_written;
         int m_uncaught; // exceptions under way at the construction
     };
 

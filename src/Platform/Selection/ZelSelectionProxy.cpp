@@ -75,11 +75,8 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
 
 void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
 {
-    const QPointer<ZelSelectionProxy> alive(this);
-    const ZelObjectController::ChangeBatch batch(&m_controller);
+    const ZelObjectController::ChangeBatch batch(&m_controller, path);
     ZelSelectionFold::setValue(m_objects, value, path);
-    if (alive)
-        objectChanged(path);
 }
 
 void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
