@@ -175,8 +175,12 @@ void ZelTextField::updateColors()
     colors.setResolveMask(0);
     if (m_labelStyle)
         colors.setColor(QPalette::Base, Qt::transparent);
-    if (m_labelStyle || m_dimmed)
+    if (m_labelStyle)
         colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        if (m_dimmed) // as what is disabled is anyway
+            colors.setColor(group, QPalette::Text, palette().color(group, QPalette::PlaceholderText));
+    }
     if (!m_error.isEmpty())
         colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
     setPalette(colors);
