@@ -4,6 +4,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Selection/ZelReadingScope.h"
 
 #include <QCoreApplication>
 #include <QScopeGuard>
@@ -67,6 +68,7 @@ bool ZelWindowDisplay::checkpoint()
         if (alive)
             alive->m_inCheckpoint = false;
     });
+    const ZelReadingScope reading;
     ZelNotificationCenter *center = ZelNotificationCenter::defaultCenter();
     center->post(ZelWindowDisplayCheckpointNotification, m_window);
     if (alive)

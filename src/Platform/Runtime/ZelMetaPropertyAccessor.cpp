@@ -53,7 +53,8 @@ ZelMetaPropertyAccessor::ZelMetaPropertyAccessor(const QMetaProperty &property)
     , m_localIndex(property.propertyIndex() - m_class->propertyOffset())
     , m_notifySignalIndex(property.notifySignalIndex())
     , m_isWritable(property.isWritable())
-    , m_isDirect(m_type.isValid() && !property.isEnumType())
+    , m_isTyped(m_type.isValid())
+    , m_isDirect(m_isTyped && !property.isEnumType())
     , m_reader(m_isDirect ? readerFor(m_type.id()) : nullptr)
 {
 }
@@ -75,7 +76,7 @@ QVariant ZelMetaPropertyAccessor::read(const QObject *object) const
 
 bool ZelMetaPropertyAccessor::readTyped(const QObject *object, void *value) const
 {
-    if (!m_isDirect)
+    if (!m_isTyped)
         return false;
     int status = -1;
     void *arguments[] = {value, nullptr, &status};

@@ -30,6 +30,7 @@ private:
     int m_localIndex;
     int m_notifySignalIndex; // asked for with every signal: working it out walks up the classes
     bool m_isWritable;
-    bool m_isDirect; // values of type() can be passed as they are
+    bool m_isTyped;  // values of type() can be read as they are
+    bool m_isDirect; // and be written so
     Reader m_reader; // null for the types that are read in the general way
 };

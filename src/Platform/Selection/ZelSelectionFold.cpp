@@ -70,6 +70,36 @@ ReadEqual readEqualFor(int type)
     }
 }
 
+/// Compares the values of one class's objects in memory, whatever their type: a QVariant for each would be the most
+/// that a long walk does.
+class SameValue
+{
+public:
+    /// The value that the others are to have.
+    void set(const ZelPropertyAccessor &accessor, const QObject *object)
+    {
+        const QMetaType type = accessor.type();
+        const bool isPlain = type.isValid() && type.id() != QMetaType::QVariant && type.isEqualityComparable() &&
+                             !type.flags().testFlag(QMetaType::PointerToQObject);
+        m_expected = isPlain ? QVariant(type) : QVariant();
+        m_value = m_expected;
+        m_isSet = isPlain && accessor.readTyped(object, m_expected.data());
+    }
+    void clear() { m_isSet = false; }
+
+    /// False also if nothing is known.
+    bool isOf(const ZelPropertyAccessor &accessor, const QObject *object)
+    {
+        return m_isSet && accessor.readTyped(object, m_value.data()) &&
+               accessor.type().equals(m_value.constData(), m_expected.constData());
+    }
+
+private:
+    QVariant m_expected;
+    QVariant m_value;
+    bool m_isSet = false;
+};
+
 bool hasPath(const QObject *object, const ZelKeyPath &path)
 {
     return ZelHasKey(object, path.first());
@@ -103,6 +133,7 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
     ZelClassAccessors accessors(path);
     const ZelPropertyAccessor *current = nullptr;
     ReadEqual readEqual = nullptr;
+    SameValue sameValue;
     QVariant stored; // the first object's value as the property answers it
     QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
     bool isFirst = true;
@@ -120,8 +151,9 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
         if (accessor != current) {
             current = accessor;
             readEqual = nullptr;
+            sameValue.clear();
         }
-        if (readEqual && readEqual(*accessor, object, stored.constData()))
+        if (readEqual ? readEqual(*accessor, object, stored.constData()) : sameValue.isOf(*accessor, object))
             continue;
         const QVariant value = accessor->read(object);
         if (!isFirst && ZelNotEqual(value, stored))
@@ -130,9 +162,11 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
             stored = value;
             result = ZelPresent(value);
         }
-        isFirst = false;
         if (accessor->type().isValid() && stored.metaType() == accessor->type())
             readEqual = readEqualFor(stored.typeId());
+        if (!readEqual && !isFirst)
+            sameValue.set(*accessor, object);
+        isFirst = false;
     }
     return result;
 }

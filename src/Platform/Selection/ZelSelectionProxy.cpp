@@ -4,6 +4,7 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelObjectController.h"
+#include "Platform/Selection/ZelReadingScope.h"
 #include "Platform/Selection/ZelSelectionFold.h"
 #include "Platform/Selection/ZelSelectionRelay.h"
 
@@ -41,6 +42,7 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
     for (const auto &path : std::as_const(m_paths))
         listen(*path);
     connectSlices();
+    const ZelReadingScope reading;
     for (const ZelKeyPath &path : paths) {
         if (const auto known = m_paths.value(path)) {
             known->isDirty = false;
@@ -66,8 +68,11 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
         return ZelSelectionFold::value(m_objects, path);
     if (known->answersOld)
         return known->announced;
-    if (!known->isKnown || known->isSilent || !known->relay->isComplete()) {
+    const bool hearsAll = !known->isSilent && known->relay->isComplete();
+    const quint64 scope = ZelReadingScope::current();
+    if (!known->isKnown || (!hearsAll && (scope == 0 || known->scope != scope))) {
         known->isKnown = true; // before reading: a getter may cause a change
+        known->scope = scope;
         known->value = ZelSelectionFold::value(m_objects, path);
     }
     return known->value;

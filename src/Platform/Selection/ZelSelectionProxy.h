@@ -56,7 +56,8 @@ private:
         std::unique_ptr<ZelSelectionRelay> relay;
         QVariant value;          // the fold
         QVariant announced;      // the fold that observers know
-        bool isKnown = false;    // value is up to date
+        bool isKnown = false;    // nothing was heard since value was read
+        quint64 scope = 0;       // the reading scope in which it was read
         bool isDirty = false;    // a notice is owed
         bool isSilent = false;   // the fold may change unheard
         bool answersOld = false; // during the notice before

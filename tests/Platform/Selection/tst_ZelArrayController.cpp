@@ -3,6 +3,7 @@
 
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
+#include "Platform/Selection/ZelReadingScope.h"
 #include "Support/Person.h"
 #include "Support/Recorder.h"
 
@@ -140,6 +141,34 @@ private Q_SLOTS:
         QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), QVariant(7.0));
         QTRY_COMPARE(recorder.count(), 2);
         QCOMPARE(recorder.changes.last().keyValueChangeOld(), multiple());
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
+    /// What is not connected yet is read once in a scope; what is heard is read anew.
+    void withinAReadingScopeAnswersStay()
+    {
+        ZelArrayController controller;
+        People many(5000, 1);
+        People few(3, 1);
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
+        const auto height = [&] { return ZelValueForKeyPath(&controller, "selection.height"); };
+        controller.setSelectedObjects(many.objects());
+        {
+            const ZelReadingScope scope;
+            QCOMPARE(height(), QVariant(1.0));
+            many.people[4999]->setHeight(2);
+            QCOMPARE(height(), QVariant(1.0));
+            ZelSetValueForKeyPath(&controller, 3, "selection.height");
+            QCOMPARE(height(), QVariant(3.0));
+            many.people[4999]->setHeight(4);
+        }
+        QCOMPARE(height(), multiple());
+        controller.setSelectedObjects(few.objects());
+        const ZelReadingScope scope;
+        QCOMPARE(height(), QVariant(1.0));
+        few.people[0]->setHeight(2);
+        QCOMPARE(height(), multiple());
         ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
     }
 
