@@ -229,7 +229,33 @@ static void sets()
                 mapped.insert(half(i));
             return mapped;
         });
+    const auto inTens = [](int i) { return i / 31 % 10 == 0; };
+    compareChanges(
+        "set: performReject", set, [=](QSet<int> &s) { ZelBlocks(s).performReject(inTens); },
+        [=](QSet<int> &s) {
+            for (auto element = s.begin(); element != s.end();)
+                element = inTens(*element) ? s.erase(element) : std::next(element);
+        });
+    compareChanges(
+        "set: performMap", set, [=](QSet<int> &s) { ZelBlocks(s).performMap(half); },
+        [=](QSet<int> &s) {
+            QSet<int> mapped;
+            mapped.reserve(s.size());
+            for (int i : std::as_const(s))
+                mapped.insert(half(i));
+            s = mapped;
+        });
     const ZelOrderedSet<int> ordered(set.values());
+    compareValues(
+        "ordered set: select", [&] { return ZelBlocks(ordered).select(inTens); },
+        [&] {
+            QList<int> selected;
+            for (int i : ordered) {
+                if (inTens(i))
+                    selected.append(i);
+            }
+            return selected;
+        });
     compareValues(
         "ordered set: map", [&] { return ZelBlocks(ordered).map(half); },
         [&] {
@@ -275,6 +301,47 @@ static void dictionaries()
             for (auto entry = h.begin(); entry != h.end();)
                 entry = isShort(entry.key(), entry.value()) ? h.erase(entry) : std::next(entry);
         });
+    QHash<QString, int> byText;
+    for (int i = 0; i < 10000; ++i)
+        byText.insert(QString::number(i * 7919), i);
+    const auto inFifties = [](const QString &, int value) { return value % 50 == 0; };
+    // The loop asks and erases on one way through, the operation only when all have been asked: what is not at hand any
+    // more then, such as texts or the nodes of a tree, is looked for twice.
+    compareChanges(
+        "hash of texts: performReject", byText, [=](auto &h) { ZelBlocks(h).performReject(inFifties); },
+        [=](auto &h) {
+            for (auto entry = h.begin(); entry != h.end();)
+                entry = inFifties(entry.key(), entry.value()) ? h.erase(entry) : std::next(entry);
+        },
+        0);
+    QMap<int, QString> map;
+    for (auto entry = hash.cbegin(); entry != hash.cend(); ++entry)
+        map.insert(entry.key(), entry.value());
+    compareChanges(
+        "map: performReject", map, [=](auto &m) { ZelBlocks(m).performReject(isShort); },
+        [=](auto &m) {
+            for (auto entry = m.begin(); entry != m.end();)
+                entry = isShort(entry.key(), entry.value()) ? m.erase(entry) : std::next(entry);
+        },
+        0);
+    compareValues(
+        "map: map", [&] { return ZelBlocks(map).map(longer); },
+        [&] {
+            QMap<int, QString> mapped;
+            for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+                mapped.insert(mapped.cend(), entry.key(), longer(entry.key(), entry.value()));
+            return mapped;
+        });
+    compareValues(
+        "hash: all", [&] { return ZelBlocks(hash).none([](int key, const QString &) { return key < 0; }); },
+        [&] {
+            for (auto entry = hash.cbegin(); entry != hash.cend(); ++entry) {
+                if (entry.key() < 0)
+                    return false;
+            }
+            return true;
+        },
+        Bench::small);
     compareChanges(
         "hash: performMap", hash, [=](Hash &h) { ZelBlocks(h).performMap(longer); },
         [=](Hash &h) {

@@ -6,8 +6,11 @@
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QStringBuilder>
+#include <QVarLengthArray>
+#include <algorithm>
 #include <functional>
 #include <optional>
+#include <vector>
 
 // What the operations of ZelBlocks.h share.
 
@@ -75,4 +78,57 @@ void ZelForEachConcurrently(Iterator begin, Iterator end, const Function &functi
         for (Iterator i = begin + first, partEnd = begin + last; i != partEnd; ++i)
             function(*i);
     });
+}
+
+/// Removes the entries of a collection with keys for which `fails(iterator)`, when all have been asked.
+/// `keyOf(iterator)` is an entry's key, `insert(kept, iterator)` copies an entry into another collection.
+template<typename Collection, typename KeyOf, typename Fails, typename Insert>
+[[gnu::flatten]] void ZelRemoveFailing(Collection &collection, const KeyOf &keyOf, const Fails &fails,
+                                       const Insert &insert)
+{
+    using Key = typename Collection::key_type;
+    constexpr bool isPlain = std::is_trivially_copyable_v<Key> && std::is_default_constructible_v<Key>;
+    using Note = std::conditional_t<isPlain, Key, const Key *>;
+    const auto note = [&](const auto &entry) -> Note {
+        if constexpr (isPlain)
+            return keyOf(entry);
+        else
+            return &keyOf(entry);
+    };
+    // Each key is noted, and counts if it failed: a processor cannot foresee the block's answers, and going two ways
+    // would take longer than all the rest.
+    constexpr qsizetype atFirst = std::max<qsizetype>(4096 / sizeof(Note), 1);
+    QVarLengthArray<Note, atFirst> notes(atFirst);
+    Note *failing = notes.data();
+    qsizetype count = 0;
+    const auto end = collection.cend();
+    for (auto entry = collection.cbegin(); entry != end; ++entry) {
+        if (count == notes.size()) {
+            notes.resize(2 * count);
+            failing = notes.data();
+        }
+        failing[count] = note(entry);
+        count += qsizetype(fails(entry));
+    }
+    if constexpr (isPlain) {
+        for (qsizetype i = 0; i < count; ++i)
+            collection.remove(failing[i]);
+    } else if (count <= collection.size() / 2) {
+        std::vector<Key> keys; // a removal moves other entries about
+        keys.reserve(size_t(count));
+        for (qsizetype i = 0; i < count; ++i)
+            keys.push_back(*failing[i]);
+        for (const Key &key : keys)
+            collection.remove(key);
+    } else { // to look for each would take longer than to begin anew
+        Collection kept;
+        qsizetype next = 0;
+        for (auto entry = collection.cbegin(); entry != end; ++entry) {
+            if (next < count && failing[next] == &keyOf(entry))
+                ++next;
+            else
+                insert(kept, entry);
+        }
+        collection = std::move(kept);
+    }
 }

@@ -95,14 +95,10 @@ public:
     {
         if (!ZelRequireBlock(block))
             return;
-        QList<Key> failing;
-        visit([&](const Key &key, const Value &value) {
-            if (!std::invoke(block, key, value))
-                failing.append(key);
-            return true;
-        });
-        for (const Key &key : std::as_const(failing))
-            m_dictionary.remove(key);
+        ZelRemoveFailing(
+            m_dictionary, [](const Iterator &entry) -> const Key & { return entry.key(); },
+            [&](const Iterator &entry) { return !std::invoke(block, entry.key(), entry.value()); },
+            [](Dictionary &kept, const Iterator &entry) { insertLast(kept, entry.key(), entry.value()); });
     }
 
     /// Replaces the values by the block's results, when all have been asked. One equal to its value is not stored.

@@ -106,7 +106,14 @@ public:
     {
         using Result = ZelBlockResult<Block, const Element &>;
         QList<Result> mapped;
-        if (ZelRequireBlock(block)) {
+        if (!ZelRequireBlock(block))
+            return mapped;
+        if constexpr (std::is_arithmetic_v<Result>) { // appending takes longer than most blocks here
+            mapped.resize(this->m_collection.size());
+            Result *next = mapped.data();
+            for (const Element &element : std::as_const(this->m_collection))
+                *next++ = std::invoke(block, element);
+        } else {
             mapped.reserve(this->m_collection.size());
             for (const Element &element : std::as_const(this->m_collection))
                 mapped.append(ZelStored(Result(std::invoke(block, element))));

@@ -83,11 +83,16 @@ public:
         return mapped;
     }
 
-    /// Keeps the elements for which the block answers true.
+    /// Keeps the elements for which the block answers true, when all have been asked.
     template<typename Block> void performSelect(const Block &block) const requires(!std::is_const_v<Set>)
     {
-        if (ZelRequireBlock(block))
-            m_set = select(block);
+        using Iterator = typename Set::const_iterator;
+        if (!ZelRequireBlock(block))
+            return;
+        ZelRemoveFailing(
+            m_set, [](const Iterator &element) -> const Element & { return *element; },
+            [&](const Iterator &element) { return !std::invoke(block, *element); },
+            [](Set &kept, const Iterator &element) { kept.insert(*element); });
     }
 
     /// Replaces the contents by the block's results.

@@ -67,6 +67,24 @@ template<typename Apply> void verifyApply(qsizetype count, const Apply &apply)
     QVERIFY(meeting.hasHappened());
 }
 
+/// Whether just the entries go that do not stay, and all are there as long as there are questions.
+template<typename Dictionary, typename Stays> void verifyRemoval(const Dictionary &original, const Stays &stays)
+{
+    Dictionary expected;
+    for (auto entry = original.cbegin(); entry != original.cend(); ++entry) {
+        if (stays(entry.key(), entry.value()))
+            expected.insert(entry.key(), entry.value());
+    }
+    Dictionary changed = original;
+    qsizetype calls = 0;
+    ZelBlocks(changed).performSelect([&](const auto &key, const auto &value) {
+        calls += changed.size() == original.size() && changed.value(key) == value;
+        return stays(key, value);
+    });
+    QCOMPARE(changed, expected);
+    QCOMPARE(calls, original.size());
+}
+
 QHash<int, QString> numberNames(int count)
 {
     QHash<int, QString> names;
@@ -91,6 +109,8 @@ private Q_SLOTS:
     void orderedSets();
     void setsMergeEqualResults();
     void dictionaries();
+    void entriesAreRemovedWhenAllHaveBeenAsked_data();
+    void entriesAreRemovedWhenAllHaveBeenAsked();
     void slowSelectionOfEntriesIsConcurrent();
     void indexSetsKeepRanges();
     void appliesConcurrently();
@@ -241,6 +261,37 @@ void TestBlocks::dictionaries()
     QCOMPARE(keys.values(), QStringList({"aa", "bb", "cc"}));
 }
 
+void TestBlocks::entriesAreRemovedWhenAllHaveBeenAsked_data()
+{
+    QTest::addColumn<int>("divisor"); // one entry in so many stays
+    for (int divisor : {1, 2, 3, 50, 10000})
+        QTest::addRow("%d", divisor) << divisor;
+}
+
+void TestBlocks::entriesAreRemovedWhenAllHaveBeenAsked()
+{
+    QFETCH(const int, divisor);
+    QHash<QString, int> byText;
+    QHash<int, QString> byNumber;
+    QSet<QString> texts;
+    QSet<QString> expectedTexts;
+    for (int i = 1; i <= 5000; ++i) {
+        const QString text = QString::number(i * 7919);
+        byText.insert(text, i);
+        byNumber.insert(i, text);
+        texts.insert(text);
+        if (i % divisor == 0)
+            expectedTexts.insert(text);
+    }
+    const auto numberOf = [](const QString &text) { return text.toInt() / 7919; };
+    verifyRemoval(byText, [&](const QString &, int i) { return i % divisor == 0; });
+    verifyRemoval(byNumber, [&](int i, const QString &) { return i % divisor == 0; });
+    verifyRemoval(QMap<QString, int>({{"a", 1}, {"b", 2}, {"c", 3}}),
+                  [&](const QString &, int i) { return i % divisor == 0; });
+    ZelBlocks(texts).performReject([&](const QString &text) { return numberOf(text) % divisor != 0; });
+    QCOMPARE(texts, expectedTexts);
+}
+
 void TestBlocks::slowSelectionOfEntriesIsConcurrent()
 {
     const QHash<int, QString> names = numberNames(200);
@@ -306,8 +357,15 @@ void TestBlocks::throwingBlockChangesNothing()
     QVERIFY_EXCEPTION_THROWN(ZelBlocks(list).performSelect(throwing), std::runtime_error);
     QVERIFY_EXCEPTION_THROWN(ZelBlocks(list).performMap(throwing), std::runtime_error);
     QVERIFY_EXCEPTION_THROWN(ZelBlocks(indexes).performSelect(throwing), std::runtime_error);
+    QHash<int, QString> names = numberNames(5);
+    QSet<int> set{1, 2, 3, 4};
+    QVERIFY_EXCEPTION_THROWN(ZelBlocks(names).performSelect([&](int i, const QString &) { return throwing(i); }),
+                             std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(ZelBlocks(set).performSelect(throwing), std::runtime_error);
     QCOMPARE(list, QList<int>({1, 2, 3, 4}));
     QCOMPARE(indexes, ZelIndexSet({1, 2, 3, 4}));
+    QCOMPARE(names, numberNames(5));
+    QCOMPARE(set, QSet<int>({1, 2, 3, 4}));
     QVERIFY_EXCEPTION_THROWN(ZelBlocks(list).apply(throwing), std::runtime_error);
 }
 
