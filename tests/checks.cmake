@@ -11,6 +11,9 @@ zel_check(format tools/check-format.sh)
 include(${PROJECT_SOURCE_DIR}/cmake/ZelHeaders.cmake)
 zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_headers)
 
+include(${CMAKE_CURRENT_LIST_DIR}/threads/threads.cmake)
+zel_check(threads ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_threads)
+
 zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${PROJECT_BINARY_DIR}/install-check
           -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER} -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
 
@@ -21,4 +24,4 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
 endif()
 
 # They build something in parallel themselves; one at a time keeps the machine for them.
-set_tests_properties(check_headers check_install PROPERTIES RUN_SERIAL ON)
+set_tests_properties(check_headers check_threads check_install PROPERTIES RUN_SERIAL ON)

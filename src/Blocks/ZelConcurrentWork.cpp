@@ -8,6 +8,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -43,8 +44,8 @@ public:
         takeParts();
         std::unique_lock lock(m_mutex);
         m_idle.wait(lock, [this] { return m_helpers == 0; });
-        if (m_failure)
-            std::rethrow_exception(m_failure);
+        if (m_failure) // not to die with the last helper to come, on another thread
+            std::rethrow_exception(std::exchange(m_failure, nullptr));
     }
 
 private:
