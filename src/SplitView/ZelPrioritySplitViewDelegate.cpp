@@ -416,8 +416,10 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         deliver(event);
         return true;
     case QEvent::ChildRemoved: {
-        m_arePanesWatched = false;
         const QObject *child = static_cast<QChildEvent *>(event)->child();
+        if (!child->isWidgetType())
+            return false;
+        m_arePanesWatched = false;
         m_panes.forget(child);
         m_watchedPanes.remove(child);
         m_dividers.forget(child);
@@ -425,6 +427,9 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         return false;
     }
     case QEvent::ChildAdded:
+        // A main window gives what it lays out an animation each time, without end if that asked for the next layout.
+        if (!static_cast<QChildEvent *>(event)->child()->isWidgetType())
+            return false;
         m_arePanesWatched = false;
         layOutLater();
         return false;

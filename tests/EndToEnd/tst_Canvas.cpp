@@ -145,6 +145,7 @@ private Q_SLOTS:
     void theInspectorCollapsesAndOpens_data();
     void theInspectorCollapsesAndOpens();
     void panesAreRemembered();
+    void theWindowComesToRest();
 };
 
 void tst_Canvas::theWheelKeepsThePointUnderThePointer_data()
@@ -411,6 +412,27 @@ void tst_Canvas::panesAreRemembered()
     QCOMPARE(Program(options).inspector()->width(), 345);
     options.inspectorWidth = 410; // asked for, it goes before what was kept
     QCOMPARE(Program(options).inspector()->width(), 410);
+}
+
+/// Counts how often the panes are asked to be laid out.
+struct LayoutCounter : QObject
+{
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::LayoutRequest;
+        return false;
+    }
+    int count = 0;
+};
+
+void tst_Canvas::theWindowComesToRest()
+{
+    Program program;
+    QTest::qWait(600); // longer than a main window's animations
+    LayoutCounter counter;
+    program.window.panes().installEventFilter(&counter);
+    QTest::qWait(200);
+    QCOMPARE(counter.count, 0);
 }
 
 QTEST_MAIN(tst_Canvas)
