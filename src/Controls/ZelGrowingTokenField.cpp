@@ -75,7 +75,7 @@ void ZelGrowingTokenField::setObjectValue(const QVariant &value)
     const bool changed = !ZelEqual(m_content.value, value);
     const bool keepsEdit = isEditing() && (!changed || hasFocusInside());
     m_content.value = value;
-    if (!keepsEdit)
+    if (!keepsEdit && !m_settlesSoon)
         showValue();
     if (changed)
         Q_EMIT objectValueChanged();
@@ -112,7 +112,7 @@ void ZelGrowingTokenField::setEditable(bool editable)
 
 bool ZelGrowingTokenField::isEditing() const
 {
-    return !m_input->text().isEmpty() || !ZelEqual(m_values, listOf(m_content.value));
+    return !m_settlesSoon && (!m_input->text().isEmpty() || !ZelEqual(m_values, listOf(m_content.value)));
 }
 
 void ZelGrowingTokenField::showValue()
@@ -145,6 +145,27 @@ bool ZelGrowingTokenField::commitEditing()
     return true;
 }
 
+/// Hands the value on at once and shows it in the next turn: a window that is being deleted loses the focus, too, and
+/// cannot have new children.
+void ZelGrowingTokenField::commitWithoutTokens()
+{
+    QVariantList typed;
+    if (!isEditing() || !parsePieces(m_input->text(), &typed))
+        return;
+    QVariantList values = m_values.mid(0, m_inputIndex);
+    values += typed;
+    values += m_values.mid(m_inputIndex);
+    m_settlesSoon = true;
+    QMetaObject::invokeMethod(this, &ZelGrowingTokenField::settle, Qt::QueuedConnection);
+    reportValue(values);
+}
+
+void ZelGrowingTokenField::settle()
+{
+    if (std::exchange(m_settlesSoon, false))
+        showValue();
+}
+
 void ZelGrowingTokenField::discardEditing()
 {
     if (isEditing())
@@ -155,9 +176,14 @@ void ZelGrowingTokenField::discardEditing()
 void ZelGrowingTokenField::reportChange()
 {
     itemsDidChange();
-    if (ZelEqual(m_values, listOf(m_content.value)))
+    reportValue(m_values);
+}
+
+void ZelGrowingTokenField::reportValue(const QVariantList &values)
+{
+    if (ZelEqual(values, listOf(m_content.value)))
         return;
-    m_content.value = m_values;
+    m_content.value = values;
     ZelControlSupport::reportNewValue(this);
 }
 
@@ -203,9 +229,23 @@ void ZelGrowingTokenField::takeToken(qsizetype index)
 void ZelGrowingTokenField::removeToken(qsizetype index)
 {
     QWidget *next = index + 1 < m_tokens.size() ? m_tokens.at(index + 1) : static_cast<QWidget *>(m_input);
-    next->setFocus(Qt::OtherFocusReason);
+    if (!moveFocus(next, &index))
+        return;
     takeToken(index);
-    reportChange();
+    if (m_input->text().isEmpty())
+        reportChange();
+    else
+        itemsDidChange(); // a part of the edit, and given up with it
+}
+
+/// Focuses a widget before a token goes, whose index is kept up to date. False if whoever heard of it took the token
+/// away.
+bool ZelGrowingTokenField::moveFocus(QWidget *next, qsizetype *index)
+{
+    const QPointer<ZelToken> token = m_tokens.at(*index);
+    next->setFocus(Qt::OtherFocusReason);
+    *index = token ? m_tokens.indexOf(token) : -1;
+    return *index >= 0;
 }
 
 /// Puts the token's text into the input in its place.
@@ -216,7 +256,8 @@ void ZelGrowingTokenField::editToken(qsizetype index)
         return;
     ZelFieldContent content = m_content;
     content.value = m_values.at(index);
-    m_input->setFocus(Qt::OtherFocusReason);
+    if (!moveFocus(m_input, &index))
+        return;
     takeToken(index);
     m_inputIndex = index;
     m_input->setText(content.editingString());
@@ -265,6 +306,17 @@ void ZelGrowingTokenField::typed(const QString &text)
 bool ZelGrowingTokenField::tokenize(const QString &text)
 {
     QVariantList values;
+    if (!parsePieces(text, &values))
+        return false;
+    m_input->clear();
+    for (const QVariant &value : values)
+        insertToken(m_inputIndex++, value);
+    return true;
+}
+
+/// The values of a text; shows why there are none for one of its pieces.
+bool ZelGrowingTokenField::parsePieces(const QString &text, QVariantList *values)
+{
     for (const QString &piece : pieces(text)) {
         QVariant value;
         QString error;
@@ -272,12 +324,9 @@ bool ZelGrowingTokenField::tokenize(const QString &text)
             setError(error);
             return false;
         }
-        values.append(value);
+        values->append(value);
     }
     setError({});
-    m_input->clear();
-    for (const QVariant &value : values)
-        insertToken(m_inputIndex++, value);
     return true;
 }
 
@@ -302,6 +351,7 @@ bool ZelGrowingTokenField::eventFilter(QObject *object, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
+        settle();
         m_input->setAccessibleName(accessibleName());
         update();
         break;
@@ -330,9 +380,8 @@ void ZelGrowingTokenField::focusMayHaveLeft(const QEvent *event)
     const Qt::FocusReason reason = static_cast<const QFocusEvent *>(event)->reason();
     if (reason == Qt::PopupFocusReason || hasFocusInside())
         return;
-    // A window that is being deleted loses the focus, too, and cannot have new children.
     if (reason == Qt::ActiveWindowFocusReason)
-        QMetaObject::invokeMethod(this, &ZelGrowingTokenField::commitEditing, Qt::QueuedConnection);
+        commitWithoutTokens();
     else
         commitEditing();
 }

@@ -14,11 +14,11 @@ class ZelToken;
 
 /// A field for a list of values, each shown as a token, that is as high as its tokens need.
 ///
-/// What is typed becomes a token with Return, with one of the tokenizing characters, and when the field loses the
-/// focus. A text that the formatter cannot parse stays, in the error colour with the reason as tool tip; Escape
-/// discards it. The arrow keys go from the text to the tokens and between them; Backspace before a text selects the
-/// last token. A selected token is removed with Backspace or Delete, and turned into text again with Return, F2 or a
-/// double click; typing goes on in the text.
+/// What is typed becomes a token with Return, with one of the tokenizing characters, and when the field or its window
+/// loses the focus; the typing in a field that is itself deleted is lost. A text that the formatter cannot parse stays,
+/// in the error colour with the reason as tool tip; Escape discards it. The arrow keys go from the text to the tokens
+/// and between them; Backspace before a text selects the last token. A selected token is removed with Backspace or
+/// Delete, and turned into text again with Return, F2 or a double click; typing goes on in the text.
 ///
 /// The value is a list. Selection markers and absent values are shown as placeholders, and so is an empty list.
 class ZelGrowingTokenField : public QWidget, public ZelEditor, public ZelBaselineProvider
@@ -95,11 +95,13 @@ private:
     void takeToken(qsizetype index);
     void removeToken(qsizetype index);
     void editToken(qsizetype index);
+    bool moveFocus(QWidget *next, qsizetype *index);
     qsizetype selectedToken() const;
     void selectNeighbour(int step);
 
     void typed(const QString &text);
     bool tokenize(const QString &text);
+    bool parsePieces(const QString &text, QVariantList *values);
     QStringList pieces(const QString &text) const;
     bool inputKeyPressed(const QKeyEvent *event);
     bool reservesShortcut(QKeyEvent *event) const;
@@ -107,6 +109,9 @@ private:
     bool hasFocusInside() const;
     void setError(const QString &error);
     void reportChange();
+    void reportValue(const QVariantList &values);
+    void commitWithoutTokens();
+    void settle();
 
     QLineEdit *m_input;
     QList<ZelToken *> m_tokens;
@@ -116,4 +121,5 @@ private:
     QString m_tokenizingCharacters = QStringLiteral(",");
     QString m_error;
     bool m_editable = true;
+    bool m_settlesSoon = false; // what was typed is in the value, and not yet in the tokens
 };

@@ -51,11 +51,11 @@ int ZelGrowingTokenField::arrange(int width, bool places) const
     const QMargins margins = this->margins();
     const int available = qMax(1, width - margins.left() - margins.right());
     const int lineHeight = fontMetrics().height();
+    const int inputWidth = qMax(g_leastInput, fontMetrics().horizontalAdvance(m_input->text()) + g_inputMargin);
     const QList<QWidget *> items = itemsInOrder();
     QPoint place;
     for (QWidget *item : items) {
-        const int textWidth = fontMetrics().horizontalAdvance(m_input->text());
-        const int wanted = item == m_input ? qMax(g_leastInput, textWidth + g_inputMargin) : item->sizeHint().width();
+        const int wanted = item == m_input ? inputWidth : item->sizeHint().width();
         const int itemWidth = qMin(wanted, available);
         if (place.x() > 0 && place.x() + itemWidth > available)
             place = QPoint(0, place.y() + lineHeight + g_gap);

@@ -45,10 +45,14 @@ private Q_SLOTS:
     void aTokenCanBeEdited();
     void valuesWaitForTheEdit();
     void readOnlyTokensCanBeCopied();
-    void hidingTheWindowCommits();
+    void removalsWaitForTheText();
+    void theWindowCommitsAsItGoes_data();
+    void theWindowCommitsAsItGoes();
     void growsWithItsTokens();
     void survivesItsListeners_data();
     void survivesItsListeners();
+    void tokensMayGoWithTheFocus_data();
+    void tokensMayGoWithTheFocus();
 };
 
 void tst_ZelGrowingTokenField::showsValues_data()
@@ -249,14 +253,66 @@ void tst_ZelGrowingTokenField::readOnlyTokensCanBeCopied()
     QVERIFY(!panel.control->input()->isVisible());
 }
 
-void tst_ZelGrowingTokenField::hidingTheWindowCommits()
+/// Else the token that is being edited would be lost to the value, and not come back with Escape.
+void tst_ZelGrowingTokenField::removalsWaitForTheText()
 {
     Panel panel;
-    panel.control->setFocus();
-    QTest::keyClicks(panel.control->input(), QStringLiteral("white"));
-    panel.hide();
-    QTRY_COMPARE(joined(panel.control->objectValue()), QStringLiteral("white"));
+    panel.control->setObjectValue(g_colors);
+    const auto editGreenAndRemoveRed = [&panel] {
+        QTest::mouseDClick(panel.control->tokens().at(1), Qt::LeftButton);
+        QTest::mouseClick(panel.control->tokens().at(0), Qt::LeftButton);
+        QTest::keyClick(panel.control->tokens().at(0), Qt::Key_Delete);
+    };
+    editGreenAndRemoveRed();
+    QCOMPARE(panel.log, QStringList());
+    QCOMPARE(texts(panel.control), QStringList("blue"));
+    panel.control->input()->setFocus();
+    QTest::keyClick(panel.control->input(), Qt::Key_Escape);
+    QCOMPARE(texts(panel.control), (QStringList{"red", "green", "blue"}));
+    editGreenAndRemoveRed();
+    panel.other->setFocus();
+    QCOMPARE(joined(panel.control->objectValue()), QStringLiteral("green|blue"));
     QCOMPARE(panel.log, g_report);
+}
+
+void tst_ZelGrowingTokenField::theWindowCommitsAsItGoes_data()
+{
+    QTest::addColumn<bool>("isDeleted");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("hidden") << false << "4"
+                            << "1|4";
+    QTest::newRow("deleted") << true << "4"
+                             << "1|4";
+    QTest::newRow("deleted with an error") << true << "four"
+                                           << "";
+}
+
+void tst_ZelGrowingTokenField::theWindowCommitsAsItGoes()
+{
+    QFETCH(bool, isDeleted);
+    QFETCH(QString, typed);
+    auto *panel = new Panel;
+    ZelGrowingTokenField *control = panel->control;
+    QVERIFY(panel->ready);
+    control->setFormatter(std::make_shared<ZelNumberFormatter>());
+    control->setObjectValue(QVariantList{1});
+    control->setFocus();
+    QTest::keyClicks(control->input(), typed);
+    QStringList reported;
+    connect(control, &ZelGrowingTokenField::valueEdited, this,
+            [&] { reported.append(joined(control->objectValue())); });
+    if (isDeleted)
+        delete panel;
+    else
+        panel->hide();
+    QTEST(reported.join(QLatin1Char(';')), "value");
+    if (isDeleted)
+        return;
+    QTRY_COMPARE(texts(control), (QStringList{"1", "4"}));
+    QCOMPARE(control->input()->text(), QString());
+    QCOMPARE(reported.size(), 1);
+    delete panel;
 }
 
 void tst_ZelGrowingTokenField::growsWithItsTokens()
@@ -304,6 +360,28 @@ void tst_ZelGrowingTokenField::survivesItsListeners()
         QTest::keyClick(control->tokens().at(2), Qt::Key_Delete);
     }
     QVERIFY(!control);
+}
+
+void tst_ZelGrowingTokenField::tokensMayGoWithTheFocus_data()
+{
+    QTest::addColumn<bool>("editsToken");
+    QTest::newRow("removed") << false;
+    QTest::newRow("edited") << true;
+}
+
+void tst_ZelGrowingTokenField::tokensMayGoWithTheFocus()
+{
+    QFETCH(bool, editsToken);
+    Panel panel;
+    ZelGrowingTokenField *control = panel.control;
+    control->setObjectValue(g_colors);
+    control->tokens().at(2)->setFocus();
+    QObject listener;
+    connect(qApp, &QApplication::focusChanged, &listener, [control] { control->setObjectValue(QVariantList{1}); });
+    QTest::keyClick(control->tokens().at(2), editsToken ? Qt::Key_F2 : Qt::Key_Delete);
+    QCOMPARE(texts(control), QStringList("1"));
+    QCOMPARE(control->input()->text(), QString());
+    QCOMPARE(panel.log, QStringList());
 }
 
 QTEST_MAIN(tst_ZelGrowingTokenField)
