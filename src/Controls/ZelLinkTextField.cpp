@@ -237,6 +237,9 @@ void ZelLinkTextField::focusOutEvent(QFocusEvent *event)
 bool ZelLinkTextField::focusNextPrevChild(bool next)
 {
     const qsizetype link = m_focusedLink + (next ? 1 : -1);
+    // A field that is being hidden or disabled is asked, too, so that it gives the focus away.
+    if (!isVisible() || !isEnabled())
+        return ZelGrowingTextView::focusNextPrevChild(next);
     const bool stays = m_focusedLink >= 0 ? link >= 0 && link < links().size() : next && !links().isEmpty();
     if (!stays)
         return ZelGrowingTextView::focusNextPrevChild(next);

@@ -81,6 +81,8 @@ private Q_SLOTS:
     void knowsItsLinks();
     void clicksFollowLinks();
     void theKeyboardGoesFromLinkToLink();
+    void theFocusLeavesAFieldThatGoes_data();
+    void theFocusLeavesAFieldThatGoes();
     void onlyItsOwnTextIsTheValue();
     void whoFollowsMayDeleteTheField();
 };
@@ -159,6 +161,27 @@ void tst_ZelLinkTextField::theKeyboardGoesFromLinkToLink()
     QCOMPARE(window.opened, (QStringList{g_list, g_manual}));
     QTest::keyClick(window.field, Qt::Key_Backtab);
     QVERIFY(window.before->hasFocus());
+}
+
+void tst_ZelLinkTextField::theFocusLeavesAFieldThatGoes_data()
+{
+    QTest::addColumn<bool>("hides");
+    QTest::newRow("hidden") << true;
+    QTest::newRow("disabled") << false;
+}
+
+void tst_ZelLinkTextField::theFocusLeavesAFieldThatGoes()
+{
+    QFETCH(bool, hides);
+    Window window;
+    QVERIFY(window.ready);
+    QTest::keyClick(window.before, Qt::Key_Tab);
+    if (hides)
+        window.field->hide();
+    else
+        window.field->setEnabled(false);
+    QVERIFY(window.after->hasFocus());
+    QCOMPARE(window.field->focusedLink(), -1);
 }
 
 void tst_ZelLinkTextField::onlyItsOwnTextIsTheValue()
