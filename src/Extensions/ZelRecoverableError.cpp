@@ -5,6 +5,8 @@
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelAssertions.h"
 
+#include <QPointer>
+
 ZelRecoverableError::ZelRecoverableError(const QString &description, const QString &suggestion)
     : m_description(description)
     , m_suggestion(suggestion)
@@ -45,9 +47,9 @@ QMessageBox *ZelRecoverableError::present(QWidget *window, QObject *context, con
     for (qsizetype i = 0; i < error.m_options.size(); ++i) {
         const Option &option = error.m_options.at(i);
         alert.addButton(option.title, option.attempt ? QMessageBox::AcceptRole : QMessageBox::RejectRole,
-                        [error, i, completion] {
+                        [error, i, completion, alive = QPointer<QObject>(context)] {
                             const bool recovered = error.attemptRecovery(i);
-                            if (completion)
+                            if (completion && alive) // the attempt may have ended it
                                 completion(recovered);
                         });
     }

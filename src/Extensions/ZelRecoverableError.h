@@ -35,7 +35,8 @@ public:
 
     /// Shows the error and its options as a sheet of the window, "OK" where it has none, and returns at once. The
     /// completion is told whether the attempt that the user has chosen was successful; neither runs when the context or
-    /// the window dies before. Asserts "context"; null then, and for no error.
+    /// the window dies before, the completion not either when the attempt ends the context. Asserts "context"; null
+    /// then, and for no error.
     QMessageBox *present(QWidget *window, QObject *context, const Completion &completion = {}) const;
 
 private:

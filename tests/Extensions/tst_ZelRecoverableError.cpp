@@ -137,6 +137,20 @@ private Q_SLOTS:
         QCOMPARE(attempted, attempts);
     }
 
+    void anAttemptMayEndItsContext()
+    {
+        Window window;
+        auto context = std::make_unique<QObject>();
+        ZelRecoverableError error(QStringLiteral("Broken."));
+        error.addOption(QStringLiteral("Close It"), [&context] { return context.reset(), true; });
+        bool isTold = false;
+        QMessageBox *box = error.present(&window, context.get(), [&isTold](bool) { isTold = true; });
+        buttonWithTitle(box, QStringLiteral("Close It"))->click();
+        QTRY_VERIFY(!context);
+        QTest::qWait(20);
+        QVERIFY(!isTold);
+    }
+
     void anErrorWithoutOptionsIsAcknowledged()
     {
         Window window;
