@@ -4,6 +4,7 @@
 #include "Extensions/ZelSeparatorColor.h"
 #include "Platform/Runtime/ZelAssertions.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace {
@@ -58,6 +59,13 @@ QColor ZelBorderedTextField::shownBorderColor() const
     if (!isEnabled())
         color.setAlphaF(color.alphaF() / 2);
     return color;
+}
+
+bool ZelBorderedTextField::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update();
+    return ZelTextField::event(event);
 }
 
 void ZelBorderedTextField::paintEvent(QPaintEvent *event)

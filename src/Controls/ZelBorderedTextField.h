@@ -5,7 +5,8 @@
 
 /// A text field with a plain line around it, or along some of its edges, instead of the style's frame.
 ///
-/// The line has the palette's highlight colour while the field has the focus.
+/// The line has the palette's highlight colour while the field has the focus. A field with an error has the line of
+/// errors instead, along all of its edges.
 class ZelBorderedTextField : public ZelTextField
 {
     Q_OBJECT
@@ -27,6 +28,7 @@ public:
     void setBorderEdges(Qt::Edges edges);
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

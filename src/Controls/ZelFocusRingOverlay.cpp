@@ -62,6 +62,9 @@ void ZelFocusRingOverlay::watch()
         if (widget)
             widget->removeEventFilter(this);
     m_watched.clear();
+    disconnect(m_death);
+    if (m_widget) // whose end need not change the focus
+        m_death = connect(m_widget, &QObject::destroyed, this, &ZelFocusRingOverlay::hide);
     for (QWidget *widget = m_widget; widget && widget != parentWidget(); widget = widget->parentWidget()) {
         widget->installEventFilter(this);
         m_watched.append(widget);
@@ -72,7 +75,7 @@ bool ZelFocusRingOverlay::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ParentChange:
-        follow(m_widget);
+        follow(QApplication::focusWidget()); // which the ringed one need not be
         break;
     case QEvent::Move:
     case QEvent::Resize:

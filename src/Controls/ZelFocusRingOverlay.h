@@ -19,8 +19,8 @@ class ZelFocusRingOverlay : public QWidget
     /// Of the ring's outer edge, in points; 4 by default.
     Q_PROPERTY(double cornerRadius READ cornerRadius WRITE setCornerRadius)
 public:
-    /// Which widget has the ring while that one has the focus: itself, a frame that it lies in, or null for none.
-    /// Answers of widgets outside of the container count as null.
+    /// Which widget has the ring while that one has the focus: itself, a frame that it lies in, one beside it, or null
+    /// for none. Widgets outside of the container count as null.
     using RingedWidget = std::function<QWidget *(QWidget *focusWidget)>;
 
     /// Becomes a child of the container.
@@ -51,6 +51,7 @@ private:
 
     QPointer<QWidget> m_widget;
     QList<QPointer<QWidget>> m_watched; // the widget and what it lies in, as far as the container
+    QMetaObject::Connection m_death;
     RingedWidget m_ringedWidget;
     QColor m_color;
     double m_cornerRadius = 4;

@@ -18,7 +18,10 @@ void ZelResizableSegmentedControlView::setSegmentedControl(ZelSegmentedControl *
 {
     if (control == m_segmentedControl)
         return;
-    delete m_segmentedControl;
+    if (m_segmentedControl) { // later: it may be the one whose click led here
+        m_segmentedControl->setParent(nullptr);
+        m_segmentedControl->deleteLater();
+    }
     m_segmentedControl = control;
     if (!control)
         return;

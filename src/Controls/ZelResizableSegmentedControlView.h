@@ -7,8 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Holds a segmented control at its own full width, however the view is stretched, and wants the size that the control
-/// wants.
+/// Holds a segmented control that is always as large as the view, and wants the size that the control wants.
 class ZelResizableSegmentedControlView : public QWidget, public ZelBaselineProvider
 {
     Q_OBJECT
@@ -18,7 +17,7 @@ public:
     explicit ZelResizableSegmentedControlView(ZelSegmentedControl *control, QWidget *parent = nullptr);
 
     ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
-    /// Takes the control as a child; null for none. One that is replaced is deleted.
+    /// Takes the control as a child; null for none. One that is replaced goes at once, and is deleted in the next turn.
     void setSegmentedControl(ZelSegmentedControl *control);
 
     double baselineOffsetForHeight(double height) const override;

@@ -77,9 +77,9 @@ void ZelSeparator::drawRect(QPainter &painter, const QRect &dirtyRect)
     painter.fillRect(line, ZelSeparatorColorForLevel(qMin(m_level, g_faintestLevel), isActiveWindow(), palette()));
 }
 
-void ZelSeparator::changeEvent(QEvent *event)
+bool ZelSeparator::event(QEvent *event)
 {
-    ZelView::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange)
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
+    return ZelView::event(event);
 }

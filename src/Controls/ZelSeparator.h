@@ -38,7 +38,7 @@ Q_SIGNALS:
 
 protected:
     ZelView *newInstance() const override { return new ZelSeparator(m_orientation); }
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     void updateSizePolicy();

@@ -86,11 +86,11 @@ void ZelTitleBarButton::drawContent(QPainter &painter)
     painter.setOpacity(1);
 }
 
-void ZelTitleBarButton::changeEvent(QEvent *event)
+bool ZelTitleBarButton::event(QEvent *event)
 {
-    ZelHoverButton::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange)
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
+    return ZelHoverButton::event(event);
 }
 
 QWidget *ZelTitleBarButton::titledWidget() const

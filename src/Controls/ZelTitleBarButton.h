@@ -5,8 +5,8 @@
 
 /// A button for a title bar that an application makes itself: that of a dock widget, a panel or a frameless window.
 ///
-/// It works on the dock widget or MDI subwindow that it is in, or else on its window, and is faint while that is not
-/// the active one. A click leaves the focus where it is; the Tab key reaches the button.
+/// It works on the dock widget or MDI subwindow that it is in, or else on its window, and is faint while its window is
+/// not the active one. A click leaves the focus where it is; the Tab key reaches the button.
 class ZelTitleBarButton : public ZelHoverButton
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
 
 protected:
     void drawContent(QPainter &painter) override;
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     QWidget *titledWidget() const;

@@ -3,9 +3,11 @@
 #include "Controls/ZelFocusRingOverlay.h"
 #include "Controls/ZelResizableSegmentedControlView.h"
 #include "Controls/ZelSeparator.h"
+#include "Controls/ZelTitleBarButton.h"
 #include "Platform/Controls/ZelNumberFormatter.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -56,7 +58,10 @@ private Q_SLOTS:
     void linesLieAlongTheirEdges();
     void separatorsLieAcross_data();
     void separatorsLieAcross();
+    void whatIsFaintFollowsTheWindow_data();
+    void whatIsFaintFollowsTheWindow();
     void segmentsShareTheWidth();
+    void segmentsMayReplaceThemselves();
 };
 
 void tst_SmallViews::theRingFollowsTheFocus()
@@ -87,6 +92,12 @@ void tst_SmallViews::theRingGoesRoundWhatItIsToldTo()
     form.second->setFocus();
     QVERIFY(!form.ring->widget());
     QVERIFY(!form.ring->isVisible());
+
+    auto *mark = new QWidget(&form); // that is no part of the field
+    form.ring->setRingedWidget([&form, mark](QWidget *widget) { return widget == form.second ? mark : nullptr; });
+    QCOMPARE(form.ring->widget(), mark);
+    mark->setParent(form.frame);
+    QCOMPARE(form.ring->widget(), mark);
 }
 
 void tst_SmallViews::theRingIsCutOffWithItsWidget()
@@ -118,6 +129,12 @@ void tst_SmallViews::theRingSurvivesItsWidget()
     form.ring->setRingedWidget(nullptr);
     form.second->setFocus();
     QVERIFY(form.ring->isVisible());
+    auto *gone = new QWidget(&form);
+    gone->show();
+    form.ring->setRingedWidget([gone](QWidget *) { return gone; });
+    delete gone; // which does not change the focus
+    QVERIFY(!form.ring->isVisible());
+    form.ring->setRingedWidget(nullptr);
     auto *other = new Form; // moved into another window, it is out of the ring's reach
     form.second->setParent(other);
     QVERIFY(!form.ring->isVisible());
@@ -156,6 +173,46 @@ void tst_SmallViews::linesLieAlongTheirEdges()
     QCOMPARE(lineFrom({middle.x(), image.height() - 1}, {0, -1}), edges & Qt::BottomEdge ? width : 0);
     QCOMPARE(lineFrom({0, middle.y()}, {1, 0}), edges & Qt::LeftEdge ? width : 0);
     QCOMPARE(lineFrom({image.width() - 1, middle.y()}, {-1, 0}), edges & Qt::RightEdge ? width : 0);
+}
+
+void tst_SmallViews::whatIsFaintFollowsTheWindow_data()
+{
+    QTest::addColumn<std::function<QWidget *()>>("make");
+    using Make = std::function<QWidget *()>;
+    QTest::newRow("line around a field") << Make([] { return new ZelBorderedTextField; });
+    QTest::newRow("separator") << Make([] { return new ZelSeparator; });
+    QTest::newRow("button of a title bar") << Make([] { return new ZelTitleBarButton; });
+}
+
+void tst_SmallViews::whatIsFaintFollowsTheWindow()
+{
+    class Counter : public QObject
+    {
+    public:
+        int paints = 0;
+
+    protected:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            paints += event->type() == QEvent::Paint;
+            return false;
+        }
+    };
+    QFETCH(std::function<QWidget *()>, make);
+    Form form;
+    QVERIFY(form.ready);
+    QWidget *widget = make();
+    widget->setParent(&form);
+    widget->setPalette(QPalette(Qt::lightGray)); // the same in windows that are not active
+    widget->resize(20, 20);
+    Counter counter;
+    widget->installEventFilter(&counter);
+    widget->show();
+    QTRY_VERIFY(counter.paints > 0);
+    counter.paints = 0;
+    QApplication::setActiveWindow(nullptr);
+    QVERIFY(!form.isActiveWindow());
+    QTRY_VERIFY_WITH_TIMEOUT(counter.paints > 0, 1000);
 }
 
 void tst_SmallViews::separatorsLieAcross_data()
@@ -212,9 +269,26 @@ void tst_SmallViews::segmentsShareTheWidth()
 
     QPointer<QWidget> former = control;
     view.setSegmentedControl(new ZelSegmentedControl);
-    QVERIFY(!former);
+    QVERIFY(!view.isAncestorOf(former));
+    QTRY_VERIFY(!former);
+    QCOMPARE(view.sizeHint(), view.segmentedControl()->sizeHint());
     delete view.segmentedControl();
     QCOMPARE(view.baselineOffsetForHeight(20), 20.0);
+}
+
+void tst_SmallViews::segmentsMayReplaceThemselves()
+{
+    auto *control = new ZelSegmentedControl;
+    control->setSegmentCount(2);
+    ZelResizableSegmentedControlView view(control);
+    view.resize(200, 22);
+    view.show();
+    QPointer<ZelSegmentedControl> former = control;
+    connect(control, &ZelSegmentedControl::action, &view,
+            [&view] { view.setSegmentedControl(new ZelSegmentedControl); });
+    QTest::mouseClick(control, Qt::LeftButton, {}, control->segmentRect(1).center());
+    QVERIFY(view.segmentedControl() != former);
+    QTRY_VERIFY(!former);
 }
 
 QTEST_MAIN(tst_SmallViews)
