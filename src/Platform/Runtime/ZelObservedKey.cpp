@@ -6,7 +6,33 @@
 #include "Platform/Runtime/ZelSilentKeys.h"
 #include "Platform/Runtime/ZelValues.h"
 
+#include <QSequentialIterable>
 #include <algorithm>
+
+namespace {
+
+/// Whether the value is a list of any values, or of pointers to objects of a class. Cheap, since every remembered value
+/// is asked: a list's type does not say what its elements are, but its name does.
+bool mayHoldObjects(const QVariant &value)
+{
+    const QMetaType type = value.metaType();
+    if (type.id() < QMetaType::User)
+        return type.id() == QMetaType::QVariantList;
+    return !type.flags().testFlag(QMetaType::IsPointer) && QByteArrayView(type.name()).endsWith("*>") &&
+           value.canConvert<QSequentialIterable>();
+}
+
+/// Null for an object whose destructor is running, too: it may have no weak references any more.
+QObject *living(QObject *object)
+{
+    struct Peek : QObject
+    {
+        static bool isGoing(const QObject *object) { return (object->*(&Peek::d_ptr))->wasDeleted; }
+    };
+    return object && !Peek::isGoing(object) ? object : nullptr;
+}
+
+} // namespace
 
 /// The values of a change at this key; the old one is the caller's. The new value is read when the first observer asks,
 /// and once.
@@ -49,16 +75,57 @@ private:
 
 void ZelObservedKey::Kept::keep(QVariant value)
 {
-    m_isObject = value.metaType().flags().testFlag(QMetaType::PointerToQObject);
-    m_object = m_isObject ? value.value<QObject *>() : nullptr;
-    m_isObject = m_object != nullptr;
+    const bool isPointer = value.metaType().flags().testFlag(QMetaType::PointerToQObject);
+    QObject *object = isPointer ? value.value<QObject *>() : nullptr;
+    m_isObject = object;
+    m_object = living(object);
     m_value = std::move(value);
+    m_elements.reset();
+    if (mayHoldObjects(m_value))
+        keepElements();
+}
+
+void ZelObservedKey::Kept::keepElements()
+{
+    std::vector<std::pair<qsizetype, QPointer<QObject>>> objects;
+    const auto elements = m_value.value<QSequentialIterable>();
+    qsizetype place = 0;
+    for (const QVariant &element : elements) {
+        if (element.metaType().flags().testFlag(QMetaType::PointerToQObject))
+            if (auto *object = element.value<QObject *>())
+                objects.emplace_back(place, living(object));
+        ++place;
+    }
+    if (objects.empty())
+        return;
+    m_elements = new Elements;
+    m_elements->objects = std::move(objects);
+}
+
+bool ZelObservedKey::Kept::Elements::haveDied() const
+{
+    return std::any_of(objects.begin(), objects.end(), [](const auto &entry) { return entry.second.isNull(); });
+}
+
+void ZelObservedKey::Kept::forgetDeadElements() const
+{
+    auto elements = m_value.view<QSequentialIterable>();
+    const QMetaType type = elements.metaContainer().valueMetaType();
+    const QVariant none = type == QMetaType::fromType<QVariant>() ? QVariant() : QVariant(type);
+    for (const auto &[place, object] : m_elements->objects)
+        if (!object)
+            elements.set(place, none);
 }
 
 const QVariant &ZelObservedKey::Kept::value() const
 {
     static const QVariant none;
-    return hasDied() ? none : m_value;
+    if (!hasDied())
+        return m_value;
+    if (m_isObject)
+        return none;
+    forgetDeadElements();
+    return m_value;
 }
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)

@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QPointer>
+#include <QSharedData>
 #include <vector>
 
 class ZelKeyValueCodingInterface;
@@ -74,19 +75,29 @@ public:
 
 private:
     class Source;
-    /// A value kept until a change. An object may die meanwhile, and another take its place in memory.
+    /// A value kept until a change. An object, or one in a list, may die meanwhile, and another take its place in
+    /// memory.
     class Kept
     {
     public:
         void keep(QVariant value);
         void clear() { keep({}); }
-        bool hasDied() const { return m_isObject && !m_object; }
-        /// Absent for an object that has died.
+        bool hasDied() const { return (m_isObject && !m_object) || (m_elements && m_elements->haveDied()); }
+        /// Absent, or null in a list of pointers, for an object that has died.
         const QVariant &value() const;
 
     private:
-        QVariant m_value;
+        struct Elements : QSharedData
+        {
+            std::vector<std::pair<qsizetype, QPointer<QObject>>> objects; // by their place in the list
+            bool haveDied() const;
+        };
+        void keepElements();
+        void forgetDeadElements() const;
+
+        mutable QVariant m_value;
         QPointer<QObject> m_object;
+        QExplicitlySharedDataPointer<Elements> m_elements; // null for what is no list with objects
         bool m_isObject = false;
     };
     ~ZelObservedKey();

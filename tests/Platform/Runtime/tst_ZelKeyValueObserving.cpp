@@ -69,6 +69,30 @@ private:
     QObject *m_kept = nullptr;
 };
 
+/// Refers to objects that belong to somebody else, in lists of two kinds.
+class ListKeeper : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariantList values MEMBER values NOTIFY changed)
+    Q_PROPERTY(QList<ListKeeper *> objects MEMBER objects NOTIFY changed)
+public:
+    QVariantList values;
+    QList<ListKeeper *> objects;
+    void set(ListKeeper *object)
+    {
+        fill(object);
+        Q_EMIT changed();
+    }
+    void fill(ListKeeper *object)
+    {
+        objects = {nullptr, object, this};
+        values = {1, QVariant::fromValue(object), QVariant::fromValue<QObject *>(this)};
+    }
+
+Q_SIGNALS:
+    void changed();
+};
+
 /// Says of each change whether the old value is still there, and whether it is another.
 class ChangeRecorder : public ZelKeyValueObserver
 {
@@ -317,6 +341,71 @@ private Q_SLOTS:
         QCOMPARE(recorder.log, (QStringList{"gone, changed", "gone, changed", "there, same", "gone, changed"}));
         ZelRemoveObserver(&keeper, &recorder, "kept", &g_context);
         second->~QObject();
+    }
+
+    void listsForgetTheirDead_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariantList>("old"); // after the death
+        QTest::newRow("any values") << "values" << QVariantList{1, QVariant()};
+        QTest::newRow("objects of a class")
+            << "objects"
+            << QVariantList{QVariant::fromValue<ListKeeper *>(nullptr), QVariant::fromValue<ListKeeper *>(nullptr)};
+    }
+
+    void listsForgetTheirDead()
+    {
+        QFETCH(QString, key);
+        QFETCH(QVariantList, old);
+        alignas(ListKeeper) char place[sizeof(ListKeeper)];
+        ListKeeper keeper;
+        auto *first = new (place) ListKeeper;
+        keeper.set(first);
+        Recorder recorder;
+        ZelAddObserver(&keeper, &recorder, key, g_oldAndNew, &g_context);
+        keeper.set(first);
+        QVERIFY(!recorder.changes.last().keyValueChanged());
+        first->~ListKeeper();
+        auto *second = new (place) ListKeeper;
+        keeper.set(second);
+        QVERIFY(recorder.changes.last().keyValueChanged());
+        const QVariantList found = recorder.changes.last().keyValueChangeOld().toList();
+        QCOMPARE(found.size(), 3);
+        QCOMPARE(found.mid(0, 2), old);
+        QCOMPARE(found.at(2).value<QObject *>(), &keeper);
+        keeper.set(second);
+        QVERIFY(!recorder.changes.last().keyValueChanged());
+        ZelRemoveObserver(&keeper, &recorder, key, &g_context);
+        second->~ListKeeper();
+    }
+
+    /// Which is when many models take an object out of their lists.
+    void changesMayBeAnnouncedWhileAnObjectGoes_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::newRow("any values") << "values";
+        QTest::newRow("objects of a class") << "objects";
+    }
+
+    void changesMayBeAnnouncedWhileAnObjectGoes()
+    {
+        QFETCH(QString, key);
+        ListKeeper keeper;
+        auto *object = new ListKeeper;
+        Recorder recorder;
+        ZelAddObserver(&keeper, &recorder, key, g_oldAndNew, &g_context);
+        keeper.fill(object); // which nobody hears of
+        connect(object, &QObject::destroyed, &keeper, [&] {
+            ZelWillChangeValueForKey(&keeper, key);
+            keeper.values.clear();
+            keeper.objects.clear();
+            ZelDidChangeValueForKey(&keeper, key);
+        });
+        delete object;
+        const QVariantList old = recorder.changes.last().keyValueChangeOld().toList();
+        QCOMPARE(old.size(), 3);
+        QVERIFY(!old.at(1).value<QObject *>());
+        ZelRemoveObserver(&keeper, &recorder, key, &g_context);
     }
 
     void addedAndRemovedObjects()
