@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyle>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -51,7 +52,9 @@ QSize ZelScrollView::documentSize() const
 {
     const QScrollBar *bar = verticalScrollBar();
     const QSize room = maximumViewportSize();
-    const int narrow = bar->isVisible() ? viewport()->width() : room.width() - bar->sizeHint().width();
+    const bool liesOver = bar->style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarOverlap, nullptr, bar) > 0;
+    const int barWidth = liesOver ? 0 : bar->sizeHint().width();
+    const int narrow = bar->isVisible() ? viewport()->width() : room.width() - barWidth;
     const bool hasBar = bar->minimum() < bar->maximum();
     if (verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
         return {viewport()->width(), documentHeight(viewport()->width())};

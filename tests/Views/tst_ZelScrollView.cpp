@@ -4,6 +4,7 @@
 #include "Views/ZelVerticalStackView.h"
 
 #include <QLabel>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
@@ -40,6 +41,33 @@ private Q_SLOTS:
         QTRY_COMPARE(stack->width(), scrollView.viewport()->width());
         box->hide();
         QTRY_COMPARE(stack->width(), 150);
+    }
+
+    /// Which need not take the width that they have.
+    void scrollBarsMayLieOverTheDocument()
+    {
+        class Style : public QProxyStyle
+        {
+        public:
+            int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+            {
+                return metric == PM_ScrollView_ScrollBarOverlap ? 10 : QProxyStyle::pixelMetric(metric, option, widget);
+            }
+        } style;
+        ZelScrollView scrollView;
+        scrollView.setStyle(&style);
+        scrollView.verticalScrollBar()->setStyle(&style);
+        auto *stack = new ZelVerticalStackView;
+        auto *box = new QWidget;
+        box->setFixedHeight(50);
+        stack->setSubviews({box});
+        scrollView.setDocumentView(stack);
+        scrollView.resize(150, 400);
+        scrollView.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&scrollView));
+        box->setFixedHeight(500);
+        QTRY_VERIFY(scrollView.verticalScrollBar()->isVisible());
+        QCOMPARE(stack->width(), scrollView.viewport()->width());
     }
 
     void theWheelScrollsOverFieldsWithoutFocus()
