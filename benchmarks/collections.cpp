@@ -236,26 +236,7 @@ static void sets()
             for (auto element = s.begin(); element != s.end();)
                 element = inTens(*element) ? s.erase(element) : std::next(element);
         });
-    compareChanges(
-        "set: performMap", set, [=](QSet<int> &s) { ZelBlocks(s).performMap(half); },
-        [=](QSet<int> &s) {
-            QSet<int> mapped;
-            mapped.reserve(s.size());
-            for (int i : std::as_const(s))
-                mapped.insert(half(i));
-            s = mapped;
-        });
     const ZelOrderedSet<int> ordered(set.values());
-    compareValues(
-        "ordered set: select", [&] { return ZelBlocks(ordered).select(inTens); },
-        [&] {
-            QList<int> selected;
-            for (int i : ordered) {
-                if (inTens(i))
-                    selected.append(i);
-            }
-            return selected;
-        });
     compareValues(
         "ordered set: map", [&] { return ZelBlocks(ordered).map(half); },
         [&] {
@@ -324,14 +305,6 @@ static void dictionaries()
                 entry = isShort(entry.key(), entry.value()) ? m.erase(entry) : std::next(entry);
         },
         0);
-    compareValues(
-        "map: map", [&] { return ZelBlocks(map).map(longer); },
-        [&] {
-            QMap<int, QString> mapped;
-            for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
-                mapped.insert(mapped.cend(), entry.key(), longer(entry.key(), entry.value()));
-            return mapped;
-        });
     compareValues(
         "hash: all", [&] { return ZelBlocks(hash).none([](int key, const QString &) { return key < 0; }); },
         [&] {

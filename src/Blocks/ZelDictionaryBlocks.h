@@ -21,7 +21,7 @@ public:
     {
     }
 
-    template<typename Function> bool visit(const Function &function) const
+    template<typename Function> [[gnu::flatten]] bool visit(const Function &function) const
     {
         for (auto entry = m_dictionary.cbegin(), end = m_dictionary.cend(); entry != end; ++entry) {
             if (!function(entry.key(), entry.value()))
