@@ -2,6 +2,8 @@
 #include "Platform/Runtime/ZelGeometryType.h"
 
 #include <QRectF>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -22,13 +24,24 @@ Numbers numbersOf(const QRectF &rect)
     return {rect.x(), rect.y(), rect.width(), rect.height()};
 }
 
+/// For integers, whose conversion is undefined beyond their limits. Half of them, so that sums stay within as well.
+Numbers limited(const Numbers &numbers)
+{
+    constexpr double limit = 1 << 30;
+    Numbers result;
+    for (size_t i = 0; i < numbers.size(); ++i)
+        result[i] = std::isnan(numbers[i]) ? 0 : std::clamp(numbers[i], -limit, limit);
+    return result;
+}
+
 void assign(QPointF &point, const Numbers &n)
 {
     point = QPointF(n[0], n[1]);
 }
 
-void assign(QPoint &point, const Numbers &n)
+void assign(QPoint &point, const Numbers &numbers)
 {
+    const Numbers n = limited(numbers);
     point = QPointF(n[0], n[1]).toPoint();
 }
 
@@ -37,8 +50,9 @@ void assign(QSizeF &size, const Numbers &n)
     size = QSizeF(n[0], n[1]);
 }
 
-void assign(QSize &size, const Numbers &n)
+void assign(QSize &size, const Numbers &numbers)
 {
+    const Numbers n = limited(numbers);
     size = QSizeF(n[0], n[1]).toSize();
 }
 
@@ -47,8 +61,9 @@ void assign(QRectF &rect, const Numbers &n)
     rect = QRectF(n[0], n[1], n[2], n[3]);
 }
 
-void assign(QRect &rect, const Numbers &n)
+void assign(QRect &rect, const Numbers &numbers)
 {
+    const Numbers n = limited(numbers);
     rect = QRectF(n[0], n[1], n[2], n[3]).toRect();
 }
 
