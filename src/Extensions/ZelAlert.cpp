@@ -44,6 +44,8 @@ QMessageBox *ZelAlert::beginSheet(QWidget *window, QObject *context) const
         QPushButton *made = box->addButton(title.replace(QLatin1Char('&'), QStringLiteral("&&")), button.role);
         if (blocks.isEmpty())
             box->setDefaultButton(made);
+        if (button.role == QMessageBox::RejectRole && !box->escapeButton()) // by itself, of several it takes none
+            box->setEscapeButton(made);
         blocks.insert(made, button.block);
     }
     QObject::connect(box, &QDialog::finished, context, [box, blocks, context] {

@@ -22,8 +22,8 @@ public:
 
     /// None by default.
     ZelAlert &setIcon(QMessageBox::Icon icon);
-    /// The first button is the default one. Escape and closing the alert stand for the button with RejectRole, and for
-    /// the only one. The title is shown as it is, without a mnemonic.
+    /// The first button is the default one. Escape and closing the alert stand for the first button with RejectRole,
+    /// and for the only one. The title is shown as it is, without a mnemonic.
     ZelAlert &addButton(const QString &title, QMessageBox::ButtonRole role, const Block &block = {});
 
     /// Shows the alert as a sheet of the window (or, for null, of the application) and returns at once. When the user

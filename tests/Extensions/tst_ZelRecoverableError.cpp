@@ -151,6 +151,20 @@ private Q_SLOTS:
         QVERIFY(!isTold);
     }
 
+    void escapeGivesUpTheFirstWay()
+    {
+        Window window;
+        QVERIFY(window.ready);
+        int told = 0;
+        ZelRecoverableError error(QStringLiteral("Changed by somebody else."));
+        error.addOption(QStringLiteral("Read Again"), [] { return true; })
+            .addOption(QStringLiteral("Cancel"))
+            .addOption(QStringLiteral("Ignore"));
+        QPointer<QMessageBox> box = error.present(&window, this, [&told](bool recovered) { told += !recovered; });
+        QTest::keyClick(box, Qt::Key_Escape);
+        QTRY_COMPARE(told, 1);
+    }
+
     void anErrorWithoutOptionsIsAcknowledged()
     {
         Window window;
