@@ -29,13 +29,17 @@ Q_SIGNALS:
     void hoveredChanged();
 
 protected:
+    /// Null for none; the title is shown then.
     virtual QIcon shownImage() const;
+    /// As it is shown, without a mnemonic.
     virtual QString shownTitle() const;
     /// Whether the button looks pressed.
     virtual bool isLit() const { return isDown() || isOn(); }
+    /// Whether the image is shown in its on state.
     virtual bool isOn() const { return isChecked(); }
     /// What lies on the background.
     virtual void drawContent(QPainter &painter);
+    /// In points, without margins.
     int titleWidth() const;
     QColor titleColor() const;
 
