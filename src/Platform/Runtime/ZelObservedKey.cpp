@@ -6,40 +6,14 @@
 #include "Platform/Runtime/ZelSilentKeys.h"
 #include "Platform/Runtime/ZelValues.h"
 
-#include <QSequentialIterable>
 #include <algorithm>
-
-namespace {
-
-/// Whether the value is a list of any values, or of pointers to objects of a class. Cheap, since every remembered value
-/// is asked: a list's type does not say what its elements are, but its name does.
-bool mayHoldObjects(const QVariant &value)
-{
-    const QMetaType type = value.metaType();
-    if (type.id() < QMetaType::User)
-        return type.id() == QMetaType::QVariantList;
-    return !type.flags().testFlag(QMetaType::IsPointer) && QByteArrayView(type.name()).endsWith("*>") &&
-           value.canConvert<QSequentialIterable>();
-}
-
-/// Null for an object whose destructor is running, too: it may have no weak references any more.
-QObject *living(QObject *object)
-{
-    struct Peek : QObject
-    {
-        static bool isGoing(const QObject *object) { return (object->*(&Peek::d_ptr))->wasDeleted; }
-    };
-    return object && !Peek::isGoing(object) ? object : nullptr;
-}
-
-} // namespace
 
 /// The values of a change at this key; the old one is the caller's. The new value is read when the first observer asks,
 /// and once.
 class ZelObservedKey::Source : public ZelKeyValueChangeSource
 {
 public:
-    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const Kept &old)
+    Source(const ZelObservedKey &key, ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, const ZelKeptValue &old)
         : m_key(key)
         , m_kind(kind)
         , m_indexes(indexes)
@@ -68,65 +42,10 @@ private:
     const ZelObservedKey &m_key;
     ZelKeyValueChangeKind m_kind;
     const ZelIndexSet *m_indexes;
-    const Kept &m_old;
+    const ZelKeptValue &m_old;
     mutable QVariant m_new;
     mutable bool m_isRead = false;
 };
-
-void ZelObservedKey::Kept::keep(QVariant value)
-{
-    const bool isPointer = value.metaType().flags().testFlag(QMetaType::PointerToQObject);
-    QObject *object = isPointer ? value.value<QObject *>() : nullptr;
-    m_isObject = object;
-    m_object = living(object);
-    m_value = std::move(value);
-    m_elements.reset();
-    if (mayHoldObjects(m_value))
-        keepElements();
-}
-
-void ZelObservedKey::Kept::keepElements()
-{
-    std::vector<std::pair<qsizetype, QPointer<QObject>>> objects;
-    const auto elements = m_value.value<QSequentialIterable>();
-    qsizetype place = 0;
-    for (const QVariant &element : elements) {
-        if (element.metaType().flags().testFlag(QMetaType::PointerToQObject))
-            if (auto *object = element.value<QObject *>())
-                objects.emplace_back(place, living(object));
-        ++place;
-    }
-    if (objects.empty())
-        return;
-    m_elements = new Elements;
-    m_elements->objects = std::move(objects);
-}
-
-bool ZelObservedKey::Kept::Elements::haveDied() const
-{
-    return std::any_of(objects.begin(), objects.end(), [](const auto &entry) { return entry.second.isNull(); });
-}
-
-void ZelObservedKey::Kept::forgetDeadElements() const
-{
-    auto elements = m_value.view<QSequentialIterable>();
-    const QMetaType type = elements.metaContainer().valueMetaType();
-    const QVariant none = type == QMetaType::fromType<QVariant>() ? QVariant() : QVariant(type);
-    for (const auto &[place, object] : m_elements->objects)
-        if (!object)
-            elements.set(place, none);
-}
-
-const QVariant &ZelObservedKey::Kept::value() const
-{
-    static const QVariant none;
-    if (!hasDied())
-        return m_value;
-    if (m_isObject)
-        return none;
-    forgetDeadElements();
-    return m_value;
-}
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
     : m_object(object)
@@ -198,7 +117,7 @@ void ZelObservedKey::add(const Registration &registration)
         rememberValue();
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
-        const Kept none;
+        const ZelKeptValue none;
         const Source source(*this, ZelKeyValueChangeSetting, nullptr, none);
         const ZelKeyValueObservingOptions options = registration.options & ~ZelKeyValueObservingOptionOld;
         const ZelKeyValueChange change(ZelKeyValueChangeSetting, &source, options, nullptr, false);
@@ -272,7 +191,7 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     const Hold hold(this);
     const int announcement = ++m_announcements;
     if (m_oldObservers > 0) {
-        Kept old;
+        ZelKeptValue old;
         old.keep(kind == ZelKeyValueChangeSetting     ? read()
                  : kind == ZelKeyValueChangeInsertion ? QVariant()
                                                       : elementsAt(*indexes));
@@ -280,7 +199,7 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     }
     if (m_priorObservers == 0)
         return;
-    const Kept old = m_pendingOld.empty() ? Kept() : m_pendingOld.back().value;
+    const ZelKeptValue old = m_pendingOld.empty() ? ZelKeptValue() : m_pendingOld.back().value;
     Source source(*this, kind, indexes, old);
     source.setNewValue({});
     deliver(kind, source, indexes, true);
@@ -304,7 +223,7 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     if (m_announcements == 0 || m_isOrphan)
         return;
     const Hold hold(this);
-    Kept old;
+    ZelKeptValue old;
     if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements) {
         old = std::move(m_pendingOld.back().value);
         m_pendingOld.pop_back();
@@ -323,7 +242,7 @@ void ZelObservedKey::notified()
     if (!isObserved() || m_announcesItself || m_announcements > 0)
         return;
     const Hold hold(this);
-    Kept old;
+    ZelKeptValue old;
     std::swap(old, m_last);
     Source source(*this, ZelKeyValueChangeSetting, nullptr, old);
     if (m_priorObservers > 0)

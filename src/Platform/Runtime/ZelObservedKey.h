@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelKeptValue.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 
 #include <QEvent>
-#include <QPointer>
-#include <QSharedData>
 #include <vector>
 
 class ZelKeyValueCodingInterface;
@@ -75,31 +74,6 @@ public:
 
 private:
     class Source;
-    /// A value kept until a change. An object, or one in a list, may die meanwhile, and another take its place in
-    /// memory.
-    class Kept
-    {
-    public:
-        void keep(QVariant value);
-        void clear() { keep({}); }
-        bool hasDied() const { return (m_isObject && !m_object) || (m_elements && m_elements->haveDied()); }
-        /// Absent, or null in a list of pointers, for an object that has died.
-        const QVariant &value() const;
-
-    private:
-        struct Elements : QSharedData
-        {
-            std::vector<std::pair<qsizetype, QPointer<QObject>>> objects; // by their place in the list
-            bool haveDied() const;
-        };
-        void keepElements();
-        void forgetDeadElements() const;
-
-        mutable QVariant m_value;
-        QPointer<QObject> m_object;
-        QExplicitlySharedDataPointer<Elements> m_elements; // null for what is no list with objects
-        bool m_isObject = false;
-    };
     ~ZelObservedKey();
     QVariant read() const;
     QVariant elementsAt(const ZelIndexSet &indexes) const;
@@ -121,10 +95,10 @@ private:
     struct Old
     {
         int announcement; // which of those begun and not yet ended, the outermost being 1
-        Kept value;
+        ZelKeptValue value;
     };
     std::vector<Old> m_pendingOld; // only of announcements for which somebody wants the old value
-    Kept m_last;                   // the value delivered last, where it is remembered
+    ZelKeptValue m_last;           // the value delivered last, where it is remembered
     int m_announcements = 0;       // begun and not yet ended
     int m_observers = 0;
     int m_oldObservers = 0;

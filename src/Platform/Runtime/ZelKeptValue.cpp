@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelKeptValue.h"
+
+#include <QSequentialIterable>
+#include <algorithm>
+
+namespace {
+
+/// Null for an object whose destructor is running, too: it may have no weak references any more.
+QObject *living(QObject *object)
+{
+    struct Peek : QObject
+    {
+        static bool isGoing(const QObject *object) { return (object->*(&Peek::d_ptr))->wasDeleted; }
+    };
+    return object && !Peek::isGoing(object) ? object : nullptr;
+}
+
+bool isObject(QMetaType type)
+{
+    return type.flags().testFlag(QMetaType::PointerToQObject);
+}
+
+} // namespace
+
+bool ZelKeptValue::Objects::haveDied() const
+{
+    return std::any_of(entries.begin(), entries.end(), [](const auto &entry) { return entry.second.isNull(); });
+}
+
+/// Whether it is an object's or a list's of pointers to objects: a list's type does not say what its elements are, but
+/// its name does.
+bool ZelKeptValue::mayCustomTypeHoldObjects(QMetaType type)
+{
+    if (type.flags().testFlag(QMetaType::IsPointer) || isObject(type))
+        return isObject(type);
+    return QByteArrayView(type.name()).endsWith("*>") &&
+           QMetaType::canConvert(type, QMetaType::fromType<QSequentialIterable>());
+}
+
+void ZelKeptValue::watchObjects()
+{
+    if (isObject(m_value.metaType())) {
+        watch(0, m_value);
+        return;
+    }
+    const auto elements = m_value.value<QSequentialIterable>();
+    qsizetype place = 0;
+    for (const QVariant &element : elements)
+        watch(place++, element);
+    if (m_objects)
+        m_objects->isList = true;
+}
+
+void ZelKeptValue::watch(qsizetype place, const QVariant &element)
+{
+    QObject *object = isObject(element.metaType()) ? element.value<QObject *>() : nullptr;
+    if (!object)
+        return;
+    if (!m_objects)
+        m_objects = new Objects;
+    m_objects->entries.emplace_back(place, living(object));
+}
+
+void ZelKeptValue::forgetDead() const
+{
+    if (!m_objects->isList) {
+        m_value = QVariant();
+        return;
+    }
+    auto elements = m_value.view<QSequentialIterable>();
+    const QMetaType type = elements.metaContainer().valueMetaType();
+    const QVariant none = type == QMetaType::fromType<QVariant>() ? QVariant() : QVariant(type);
+    for (const auto &[place, object] : m_objects->entries)
+        if (!object)
+            elements.set(place, none);
+}
