@@ -9,9 +9,6 @@ target_compile_options(zel_threads_program PRIVATE -fsanitize=thread -O1 -g1)
 target_link_options(zel_threads_program PRIVATE -fsanitize=thread)
 target_link_libraries(zel_threads_program PRIVATE zel_flags zel_runtime)
 
-# Without address randomisation, which may put things where the sanitizer does not expect them.
-set(run setarch -R $<TARGET_FILE:zel_threads_program>)
 add_custom_target(zel_threads
-    COMMAND sh -c "! TSAN_OPTIONS=exitcode=66:log_path=/dev/null \"$@\" race" sh ${run}
-    COMMAND ${run}
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/run.sh $<TARGET_FILE:zel_threads_program>
     DEPENDS zel_threads_program VERBATIM)
