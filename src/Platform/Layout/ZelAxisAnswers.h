@@ -11,8 +11,8 @@
 /// What was lately found out about small axes, for others that have the same constraints and boxes.
 ///
 /// The rows of a form are built alike and want the same, so that one list of constraints and one solution serve them
-/// all. Equality decides, never the hash alone. A table that has grown large is emptied: what is still in use comes back
-/// with the next question.
+/// all. Equality decides, never the hash alone. A table that has grown large is emptied: what is still in use comes
+/// back with the next question.
 class ZelAxisAnswers
 {
 public:
