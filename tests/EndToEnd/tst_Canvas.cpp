@@ -7,8 +7,11 @@
 #include "window/Options.h"
 #include "window/Panes.h"
 
+#include <QAbstractButton>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
@@ -146,6 +149,8 @@ private Q_SLOTS:
     void theInspectorCollapsesAndOpens();
     void panesAreRemembered();
     void theWindowComesToRest();
+    void titlesFollowTheDocument();
+    void theLastRowOfASectionComesBack();
 };
 
 void tst_Canvas::theWheelKeepsThePointUnderThePointer_data()
@@ -433,6 +438,46 @@ void tst_Canvas::theWindowComesToRest()
     program.window.panes().installEventFilter(&counter);
     QTest::qWait(200);
     QCOMPARE(counter.count, 0);
+}
+
+void tst_Canvas::titlesFollowTheDocument()
+{
+    Program program;
+    const auto *status = program.window.statusBar()->findChild<QLabel *>();
+    Shape *shape = program.shape(3);
+    program.window.selection().set({shape});
+    shape->setName(QStringLiteral("Moon"));
+    shape->setWidth(55);
+    QVERIFY2(status->text().startsWith(u"Moon: 55"), qPrintable(status->text()));
+    program.window.document().setProperty("title", QStringLiteral("Night"));
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Night"));
+    program.window.selection().clear();
+    QVERIFY(!status->text().contains(u"Moon"));
+}
+
+void tst_Canvas::theLastRowOfASectionComesBack()
+{
+    Options options;
+    options.tab = 1;
+    Program program(options);
+    program.window.resize(1280, 1000);
+    program.shape(0)->setShadowOffset(5.0);
+    program.window.selection().set({program.shape(0)});
+    Program::settle();
+    const QAbstractButton *button = nullptr;
+    for (const QAbstractButton *candidate : program.inspector()->findChildren<QAbstractButton *>()) {
+        if (candidate->text() == u"Use for New Shadows")
+            button = candidate;
+    }
+    QVERIFY(button && button->visibleRegion().boundingRect() == button->rect());
+    for (int round = 0; round < 3; ++round) {
+        program.window.selection().set({program.shape(1)});
+        Program::settle();
+        QVERIFY(!button->isVisible());
+        program.window.selection().set({program.shape(0)});
+        Program::settle();
+        QTRY_COMPARE(button->visibleRegion().boundingRect(), button->rect());
+    }
 }
 
 QTEST_MAIN(tst_Canvas)

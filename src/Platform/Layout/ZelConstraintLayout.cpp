@@ -18,6 +18,7 @@ struct ZelConstraintLayout::Private
     bool isPlacing = false;
     bool isOutdated = false; // another size arrived while placing
     bool isLate = false;     // among the late layouts
+    int lateRevision = 0;    // of the system, when the layout became late
 };
 
 namespace {
@@ -265,6 +266,7 @@ void ZelConstraintLayout::invalidate()
         return;
     if (d->system.isBeingShown()) {
         d->isLate = true;
+        d->lateRevision = d->system.revision();
         ZelLateLayouts::instance().add(this);
     } else {
         QLayout::invalidate();
@@ -275,7 +277,9 @@ void ZelConstraintLayout::invalidate()
 void ZelConstraintLayout::checkChildren()
 {
     d->isLate = false;
-    if (d->system.update() || !isPlaced())
+    // Somebody who asked for a size meanwhile has brought the system up to date, but has told nobody.
+    d->system.update();
+    if (d->system.revision() != d->lateRevision || !isPlaced())
         QLayout::invalidate();
 }
 

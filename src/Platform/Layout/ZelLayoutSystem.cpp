@@ -125,6 +125,7 @@ bool ZelLayoutSystem::refreshItems()
 
 void ZelLayoutSystem::forgetSolutions()
 {
+    ++m_revision;
     m_spansWidth = m_verticalWidth = m_spansHeight = -1;
     m_boxesWidth = -1;
     m_sizeHint.reset();

@@ -24,6 +24,8 @@ public:
     std::unique_ptr<ZelLayoutItem> takeItem(size_t index);
     /// Differs as soon as the items do.
     int generation() const { return m_generation; }
+    /// Differs as soon as anything does that decides about sizes and places.
+    int revision() const { return m_revision; }
 
     void constraintsDidChange() { m_isCompiled = false; }
     void constantDidChange(const ZelLayoutConstraint &constraint);
@@ -77,6 +79,7 @@ private:
     int m_boxesWidth = -1;
     Qt::LayoutDirection m_direction = Qt::LeftToRight;
     int m_generation = 0;
+    int m_revision = 0;
     bool m_isCompiled = false;
     bool m_isComplete = true; // no constraint names a widget from elsewhere
     bool m_haveChildrenChanged = true;
