@@ -14,6 +14,11 @@ InspectorOwner::InspectorOwner(Document *document, Selection *selection, Operati
     , m_actions(actions)
 {
     connect(selection, &Selection::changed, this, &InspectorOwner::selectionChanged);
+    connect(selection, &Selection::changed, this, &InspectorOwner::summaryChanged);
+    connect(document, &Document::shapeChanged, this, [this](Shape *shape) {
+        if (m_selection->count() == 1 && m_selection->shapes().first() == shape)
+            Q_EMIT summaryChanged();
+    });
 }
 
 void InspectorOwner::setSelectionController(QObject *controller)

@@ -20,7 +20,7 @@ class InspectorOwner : public QObject
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectionChanged)
     Q_PROPERTY(bool hasOneShape READ hasOneShape NOTIFY selectionChanged)
     Q_PROPERTY(bool hasSeveralShapes READ hasSeveralShapes NOTIFY selectionChanged)
-    Q_PROPERTY(QString selectionSummary READ selectionSummary NOTIFY selectionChanged)
+    Q_PROPERTY(QString selectionSummary READ selectionSummary NOTIFY summaryChanged)
     Q_PROPERTY(QString deleteTitle READ deleteTitle NOTIFY selectionChanged)
     Q_PROPERTY(QString alignTitle READ alignTitle NOTIFY selectionChanged)
     Q_PROPERTY(QList<QAction *> orderActions READ orderActions CONSTANT)
@@ -55,6 +55,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     void selectionControllerChanged();
     void selectionChanged();
+    /// Also when the only selected shape has changed.
+    void summaryChanged();
 
 private:
     Document *m_document;

@@ -112,7 +112,7 @@ void MainWindow::createMenus()
     view->addActions(m_actions.range(Actions::ShowShapes, Actions::ShowInspector));
     view->addSeparator();
     view->addAction(m_actions[Actions::DarkPalette]);
-    view->addSection(QStringLiteral("Language"));
+    m_languageSection = view->addSection(QString());
     view->addActions(m_actions.range(Actions::English, Actions::German));
 
     m_canvas->addActions(m_actions.range(Actions::Duplicate, Actions::Delete));
@@ -169,7 +169,8 @@ void MainWindow::connectView()
 {
     connect(&m_undoStack, &QUndoStack::indexChanged, this, &MainWindow::updateActions);
     connect(&m_selection, &Selection::changed, this, &MainWindow::updateActions);
-    connect(&m_selection, &Selection::changed, this, &MainWindow::updateStatus);
+    connect(&m_owner, &InspectorOwner::summaryChanged, this, &MainWindow::updateStatus);
+    connect(&m_document, &Document::titleChanged, this, &MainWindow::updateStatus);
     connect(&m_document, &Document::unitsChanged, this, &MainWindow::updateStatus);
     connect(m_canvasArea, &CanvasArea::zoomChanged, this, &MainWindow::updateStatus);
     connect(m_panes, &Panes::collapsedChanged, this, &MainWindow::updateActions);
@@ -228,6 +229,7 @@ void MainWindow::retranslate()
 {
     for (const auto &[menu, title] : std::as_const(m_menus))
         menu->setTitle(tr(title));
+    m_languageSection->setText(tr("Language"));
     m_toolBar->setWindowTitle(tr("Tools"));
     m_list->setAccessibleName(tr("Shapes"));
     m_inspector->setAccessibleName(tr("Inspector"));
@@ -239,9 +241,11 @@ void MainWindow::retranslate()
 
 void MainWindow::updateActions()
 {
-    m_actions[Actions::Undo]->setText(tr("&Undo %1").arg(m_undoStack.undoText()).trimmed());
+    const QString undone = m_undoStack.undoText();
+    const QString redone = m_undoStack.redoText();
+    m_actions[Actions::Undo]->setText(undone.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(undone));
     m_actions[Actions::Undo]->setEnabled(m_undoStack.canUndo());
-    m_actions[Actions::Redo]->setText(tr("&Redo %1").arg(m_undoStack.redoText()).trimmed());
+    m_actions[Actions::Redo]->setText(redone.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(redone));
     m_actions[Actions::Redo]->setEnabled(m_undoStack.canRedo());
     const auto enable = [this](Actions::Id first, Actions::Id last, bool enabled) {
         for (QAction *action : m_actions.range(first, last))

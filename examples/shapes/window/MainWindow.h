@@ -71,6 +71,7 @@ private:
     QString m_settings; // the file; empty to keep nothing
     double m_firstZoom; // asked for, until the window is shown
     QToolBar *m_toolBar;
+    QAction *m_languageSection = nullptr;
     QLabel *m_selectionLabel;
     QLabel *m_zoomLabel;
     QList<QPair<QMenu *, const char *>> m_menus;
