@@ -8,6 +8,7 @@
 #include "window/Panes.h"
 
 #include <QAbstractButton>
+#include <QDateTimeEdit>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
@@ -151,6 +152,7 @@ private Q_SLOTS:
     void theWindowComesToRest();
     void titlesFollowTheDocument();
     void theLastRowOfASectionComesBack();
+    void datesAreWrittenAsTheLanguageDoes();
 };
 
 void tst_Canvas::theWheelKeepsThePointUnderThePointer_data()
@@ -478,6 +480,23 @@ void tst_Canvas::theLastRowOfASectionComesBack()
         Program::settle();
         QTRY_COMPARE(button->visibleRegion().boundingRect(), button->rect());
     }
+}
+
+void tst_Canvas::datesAreWrittenAsTheLanguageDoes()
+{
+    Options options;
+    options.language = QStringLiteral("de");
+    options.tab = 4;
+    Program program(options);
+    program.window.document().setProperty("created", QDate(2025, 3, 9));
+    const auto created = [&program] {
+        Program::settle();
+        const auto *picker = program.inspector()->findChild<QDateTimeEdit *>(); // the inspector is built anew
+        return picker ? picker->text() : QString();
+    };
+    QCOMPARE(created(), QStringLiteral("09.03.2025"));
+    program.window.actions()[Actions::English]->trigger();
+    QTRY_COMPARE(created(), QStringLiteral("3/9/2025"));
 }
 
 QTEST_MAIN(tst_Canvas)

@@ -15,6 +15,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
@@ -32,7 +33,7 @@ MainWindow::MainWindow(const Options &options)
     , m_selectionLabel(new QLabel)
     , m_zoomLabel(new QLabel)
 {
-    m_languages.set(options.language);
+    setLanguage(options.language);
     setDark(options.dark);
     fill(options);
     createPanes(options);
@@ -43,7 +44,9 @@ MainWindow::MainWindow(const Options &options)
     statusBar()->addWidget(m_selectionLabel, 1);
     statusBar()->addPermanentWidget(m_zoomLabel);
     retranslate();
-    resize(1280, 800);
+    // A picture has its size on every screen.
+    const QSize size(1280, 800);
+    resize(options.screenshot.isEmpty() ? size.boundedTo(screen()->availableSize() * 0.95) : size);
     m_canvas->setFocus();
 }
 
@@ -161,8 +164,12 @@ void MainWindow::connectActions()
     on(Actions::ShowShapes, [this](bool shows) { m_panes->setCollapsed(Panes::List, !shows); });
     on(Actions::ShowInspector, [this](bool shows) { m_panes->setCollapsed(Panes::Inspector, !shows); });
     on(Actions::DarkPalette, [this](bool dark) { setDark(dark); });
-    on(Actions::English, [this] { setLanguage(QStringLiteral("en")); });
-    on(Actions::German, [this] { setLanguage(QStringLiteral("de")); });
+    for (const auto &[id, language] : {std::pair(Actions::English, "en"), std::pair(Actions::German, "de")}) {
+        on(id, [this, language = QString::fromLatin1(language)] {
+            setLanguage(language);
+            updateActions();
+        });
+    }
 }
 
 void MainWindow::connectView()
@@ -180,7 +187,7 @@ void MainWindow::setLanguage(const QString &language)
 {
     if (!m_languages.set(language))
         statusBar()->showMessage(tr("There is no translation."), 5000);
-    updateActions();
+    setLocale(QLocale()); // a window keeps the one that it was made in
 }
 
 void MainWindow::setDark(bool dark)
