@@ -174,20 +174,22 @@ void ZelInspectorSliver::updateLabel()
     showTitle();
 }
 
-/// The title is also the name of the first editor's control for people who cannot see the label beside it.
+/// The title is also the name of the editors' controls for people who cannot see the label beside them.
 void ZelInspectorSliver::showTitle()
 {
     if (m_label)
         m_label->setText(title());
     const QList<ZelInspectorProperty *> all = properties();
-    ZelInspectorProperty *first = all.isEmpty() ? nullptr : all.first();
-    if (!first || !first->title().isEmpty() || !first->titleKeyPath().isEmpty())
-        return;
-    QWidget *control = first->viewForBaselineAlignment();
-    if (!control || (control != m_namedControl && !control->accessibleName().isEmpty()))
-        return;
-    m_namedControl = title().isEmpty() ? nullptr : control;
-    control->setAccessibleName(title());
+    for (ZelInspectorProperty *property : all) {
+        if (!property->title().isEmpty() || !property->titleKeyPath().isEmpty())
+            continue;
+        for (QWidget *control : property->controlsNamedByRow()) {
+            const QString name = control ? control->accessibleName() : title();
+            if (name != title() && (name.isEmpty() || name == m_givenName))
+                control->setAccessibleName(title());
+        }
+    }
+    m_givenName = title();
 }
 
 // Constraints

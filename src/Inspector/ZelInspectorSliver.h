@@ -56,7 +56,7 @@ private:
 
     ZelChildControllers<ZelInspectorProperty> m_properties;
     QPointer<ZelLabel> m_label;
-    QPointer<QWidget> m_namedControl; // has the title as its accessible name
+    QString m_givenName; // the accessible name of controls that have none of their own
     ZelLayoutConstraint::Ptr m_baselineConstraint;
     QList<ZelLayoutConstraint::Ptr> m_rowConstraints;
     QList<QPointer<ZelHorizontalStackView>> m_pairs;

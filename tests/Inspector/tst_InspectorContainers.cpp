@@ -75,7 +75,7 @@ private Q_SLOTS:
     void rowsLeaveRoomForTheirLabel();
     void narrowEditorsOfOneKindShareALine();
     void rowsFollowTheirProperties();
-    void labelsNameTheFirstControl();
+    void labelsNameTheControlsWithoutTitle();
     void aCommitMayEndTheInspector();
     void whoeverListensMayDeleteAnything_data();
     void whoeverListensMayDeleteAnything();
@@ -639,23 +639,29 @@ void tst_InspectorContainers::rowsFollowTheirProperties()
     QCOMPARE(row->view()->subviews(), QList<QWidget *>{editors.at(1)->view()});
 }
 
-void tst_InspectorContainers::labelsNameTheFirstControl()
+void tst_InspectorContainers::labelsNameTheControlsWithoutTitle()
 {
     const QByteArray number = "type='number' keyPath='people.selection.height'/>";
-    showSlice("<slice><section><sliver title='Height'><property " + number +
-              "</sliver><sliver title='Size'>"
-              "<property title='Own' " +
-              number + "</sliver></section></slice>");
-    const QList<ZelInspectorSliver *> rows = all<ZelInspectorSliver>();
-    const auto nameOf = [&](qsizetype row) {
-        return static_cast<ZelInspectorNumberProperty *>(rows.at(row)->properties().first())
-            ->textField()
-            ->accessibleName();
+    showSlice("<slice><section><sliver title='Height'><property " + number + "<property slider='linear' " + number +
+              "<property title='Own' " + number + "</sliver></section></slice>");
+    auto *row = find<ZelInspectorSliver>();
+    const auto namesOf = [&](qsizetype place) {
+        const auto *editor = static_cast<ZelInspectorNumberProperty *>(row->properties().at(place));
+        QStringList names;
+        for (const QWidget *control :
+             std::initializer_list<QWidget *>{editor->textField(), editor->stepper(), editor->slider()}) {
+            if (control)
+                names.append(control->accessibleName());
+        }
+        names.removeDuplicates();
+        return names;
     };
-    QCOMPARE(nameOf(0), QStringLiteral("Height"));
-    QCOMPARE(nameOf(1), QStringLiteral("Own"));
-    rows.at(0)->setTitle(QStringLiteral("Length"));
-    QCOMPARE(nameOf(0), QStringLiteral("Length"));
+    for (const QString &title : {QStringLiteral("Height"), QStringLiteral("Length")}) {
+        row->setTitle(title);
+        QCOMPARE(namesOf(0), QStringList{title});
+        QCOMPARE(namesOf(1), QStringList{title});
+        QCOMPARE(namesOf(2), QStringList{QStringLiteral("Own")});
+    }
 }
 
 // Lifetimes

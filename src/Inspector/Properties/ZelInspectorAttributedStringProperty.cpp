@@ -160,6 +160,12 @@ void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
         container->addConstraintsWithVisualFormat(format, views);
 }
 
+QList<QWidget *> ZelInspectorAttributedStringProperty::controlsNamedByRow()
+{
+    view();
+    return {m_segmentedControl, m_textView};
+}
+
 QWidget *ZelInspectorAttributedStringProperty::viewForBaselineAlignment()
 {
     view();

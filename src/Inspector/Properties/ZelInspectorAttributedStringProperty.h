@@ -107,6 +107,7 @@ public:
     void updateView() override;
     void userDidChangeValue(QObject *sender) override;
     QWidget *viewForBaselineAlignment() override;
+    QList<QWidget *> controlsNamedByRow() override;
 
 public Q_SLOTS:
     /// The action of the bar: does what the clicked segment stands for.

@@ -209,6 +209,12 @@ void ZelInspectorNumberProperty::toggleNilValue(QObject *sender)
         userDidChangeValue(sender);
 }
 
+QList<QWidget *> ZelInspectorNumberProperty::controlsNamedByRow()
+{
+    view();
+    return {m_textField, m_stepper, m_slider};
+}
+
 QWidget *ZelInspectorNumberProperty::viewForBaselineAlignment()
 {
     view();

@@ -50,6 +50,7 @@ public:
     void updateView() override;
     Q_INVOKABLE void toggleNilValue(QObject *sender);
     QWidget *viewForBaselineAlignment() override;
+    QList<QWidget *> controlsNamedByRow() override;
     bool canTileIntoColumnsWithWidth(double width) override;
     bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const override;
 

@@ -226,6 +226,11 @@ QWidget *ZelInspectorProperty::viewForBaselineAlignment()
     return view();
 }
 
+QList<QWidget *> ZelInspectorProperty::controlsNamedByRow()
+{
+    return {viewForBaselineAlignment()};
+}
+
 bool ZelInspectorProperty::canTileIntoColumnsWithWidth(double)
 {
     return false;

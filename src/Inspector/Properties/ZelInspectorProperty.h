@@ -96,6 +96,9 @@ public:
 
     // What a row asks of its editors
     virtual QWidget *viewForBaselineAlignment();
+    /// The controls that bear the row's title as accessible name where the editor has none of its own; null ones are
+    /// passed over.
+    virtual QList<QWidget *> controlsNamedByRow();
     /// A further vertical offset for that alignment, in points.
     virtual double baselineOffsetFromView() const { return 0; }
     /// Whether two such editors fit side by side into a row of that width, in points.

@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelTextField.h"
 #include "ViewController/ZelView.h"
 
 namespace {
@@ -55,6 +56,12 @@ void ZelInspectorResourceProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
     ZelObservations(this).removeAllObservationsForContext(&g_context);
+}
+
+QList<QWidget *> ZelInspectorResourceProperty::controlsNamedByRow()
+{
+    view();
+    return {m_comboBox, m_comboBox->textField()};
 }
 
 QWidget *ZelInspectorResourceProperty::viewForBaselineAlignment()

@@ -23,6 +23,7 @@ public:
     void viewDidInstall() override;
     void viewWillUninstall() override;
     QWidget *viewForBaselineAlignment() override;
+    QList<QWidget *> controlsNamedByRow() override;
 
 private:
     QPointer<ZelComboBox> m_comboBox;
