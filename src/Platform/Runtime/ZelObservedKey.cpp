@@ -249,9 +249,8 @@ void ZelObservedKey::notified()
         deliver(ZelKeyValueChangeSetting, source, nullptr, true);
     if (m_remembers) {
         // Taken over before anybody is told, since an observer may cause the next change.
-        QVariant value = read();
-        m_last.keep(value);
-        source.setNewValue(value);
+        m_last.keep(read());
+        source.setNewValue(m_last.value());
     }
     deliver(ZelKeyValueChangeSetting, source, nullptr, false);
 }
