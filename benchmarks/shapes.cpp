@@ -81,10 +81,10 @@ static void shapesSelectAll()
     MainWindow window(options);
     window.show();
     settle();
-    auto *dock = window.findChild<InspectorPanel *>();
+    auto *panel = window.findChild<InspectorPanel *>();
     QAction *selectAll = findAction(window, QKeySequence::SelectAll);
     QAction *selectNone = findAction(window, Qt::CTRL | Qt::SHIFT | Qt::Key_A);
-    PaintWatch watch(dock);
+    PaintWatch watch(panel);
 
     const Bench::Work select(
         [&] {
@@ -96,9 +96,9 @@ static void shapesSelectAll()
             watch.waitForPaint();
         },
         [&] {
-            const QImage painted = dock->grab().toImage();
+            const QImage painted = panel->grab().toImage();
             settle();
-            Bench::expect(painted == dock->grab().toImage(), "the inspector was not up to date when it was painted");
+            Bench::expect(painted == panel->grab().toImage(), "the inspector was not up to date when it was painted");
         });
 
     Document document;

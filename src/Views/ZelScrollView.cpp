@@ -46,18 +46,18 @@ int ZelScrollView::documentHeight(int width) const
     return qMax(0, document->hasHeightForWidth() ? document->heightForWidth(width) : document->sizeHint().height());
 }
 
-/// The width that the viewport is going to have. Without looking ahead, everything in the document would be laid out
+/// As wide as the viewport is going to be. Without looking ahead, everything in the document would be laid out
 /// once more as soon as the scroll bar has appeared.
 QSize ZelScrollView::documentSize() const
 {
+    if (verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
+        return {viewport()->width(), documentHeight(viewport()->width())};
     const QScrollBar *bar = verticalScrollBar();
     const QSize room = maximumViewportSize();
     const bool liesOver = bar->style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarOverlap, nullptr, bar) > 0;
     const int barWidth = liesOver ? 0 : bar->sizeHint().width();
     const int narrow = bar->isVisible() ? viewport()->width() : room.width() - barWidth;
     const bool hasBar = bar->minimum() < bar->maximum();
-    if (verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
-        return {viewport()->width(), documentHeight(viewport()->width())};
     const int narrowHeight = hasBar ? documentHeight(narrow) : 0;
     if (narrowHeight > 2 * room.height()) // far more than the bar takes away
         return {narrow, narrowHeight};
