@@ -20,6 +20,16 @@ QString locationOf(const char *file)
 
 } // namespace
 
+void ZelLogWarning(const QString &message, const ZelSourcePlace &place)
+{
+    qCWarning(zelLog).noquote() << "WARNING:" << place.appendedTo(message);
+}
+
+void ZelLogError(const QString &message, const ZelSourcePlace &place)
+{
+    qCWarning(zelLog).noquote() << "ERROR:" << place.appendedTo(message);
+}
+
 void ZelAssertionHandler::handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place)
 {
     throw ZelInternalInconsistencyException(message, location, place);
@@ -38,7 +48,8 @@ ZelAssertionHandler *ZelAssertionHandler::setCurrent(ZelAssertionHandler *handle
 
 void ZelFail(const QString &message, const ZelSourcePlace &place, const char *file)
 {
-    ZelAssertionHandler::current()->handleFailure(locationOf(file), message, place);
+    ZelAssertionHandler::current()->handleFailure(locationOf(file), message,
+                                                  place.isEmpty() ? ZelPlaceScope::current() : place);
 }
 
 void ZelReportFailure(const QString &message, const char *file) noexcept

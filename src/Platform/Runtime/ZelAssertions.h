@@ -8,6 +8,11 @@
 /// The category of all log lines, named "zel". Lines begin "WARNING:" or "ERROR:".
 Q_DECLARE_LOGGING_CATEGORY(zelLog)
 
+/// Logs "WARNING: " with the message and its place, or that of the thread's present work.
+void ZelLogWarning(const QString &message, const ZelSourcePlace &place = ZelPlaceScope::current());
+/// Logs "ERROR: " in the same way.
+void ZelLogError(const QString &message, const ZelSourcePlace &place = ZelPlaceScope::current());
+
 /// What happens when an assertion fails. The default throws ZelInternalInconsistencyException.
 ///
 /// A handler may return: the code after a failed assertion then goes on sanely, leaving the value concerned unset.

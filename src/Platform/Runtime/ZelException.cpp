@@ -1,27 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelException.h"
 
-namespace {
-
-QString withPlace(const QString &reason, const ZelSourcePlace &place)
-{
-    if (place.file.isEmpty())
-        return reason;
-    QString where = place.file;
-    if (place.line > 0)
-        where += QStringLiteral(":%1:%2").arg(place.line).arg(place.column);
-    if (!place.element.isEmpty())
-        where += QStringLiteral(", <%1>").arg(place.element);
-    return QStringLiteral("%1 (%2)").arg(reason, where);
-}
-
-} // namespace
-
 ZelException::ZelException(const QString &name, const QString &reason, const ZelSourcePlace &place)
     : m_name(name)
     , m_reason(reason)
-    , m_place(place)
-    , m_what(withPlace(reason, place).toUtf8())
+    , m_place(place.isEmpty() ? ZelPlaceScope::current() : place)
+    , m_what(m_place.appendedTo(reason).toUtf8())
 {
 }
 

@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-#include <exception>
+#include "Platform/Runtime/ZelSourcePlace.h"
 
-/// A place in a file that was being read; empty where no file is involved.
-struct ZelSourcePlace
-{
-    QString file;
-    qint64 line = 0;   ///< from 1; 0 is unknown
-    qint64 column = 0; ///< from 1; 0 is unknown
-    QString element;   ///< the name of the element concerned
-};
+#include <exception>
 
 /// The base of every exception that the library throws.
 class ZelException : public std::exception
 {
 public:
+    /// Without a place, that of the thread's present work (ZelPlaceScope) is taken.
     ZelException(const QString &name, const QString &reason, const ZelSourcePlace &place = {});
 
     /// The kind of the exception, such as "ZelInternalInconsistencyException".

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelSourcePlace.h"
+
+#include <utility>
+
+/// Hears of exceptions that nobody is there to catch: those thrown while Qt's event loop, or a destructor, calls into
+/// the library. An exception that went on into Qt would end the application.
+///
+/// What an application calls itself raises as ever. Only the outermost call from the event loop ends an exception: an
+/// event, a timer, posted work, the report of a control's edit, a step of undo or redo.
+class ZelExceptionReporter
+{
+public:
+    virtual ~ZelExceptionReporter() = default;
+    /// Called while the exception is being handled, so that `throw;` within a try block brings it back. The message is
+    /// the exception's text without the place, which is the one of the element that it concerns where there is one.
+    /// The default logs "ERROR: " with the message and the place. What a reporter throws itself is logged.
+    virtual void reportException(const QString &message, const ZelSourcePlace &place);
+
+    static ZelExceptionReporter *current();
+    /// Installs a reporter, which stays the caller's; null brings the default back. Answers the former one.
+    static ZelExceptionReporter *setCurrent(ZelExceptionReporter *reporter);
+
+    /// Does the work on behalf of the object, which may be null and may die meanwhile. What is thrown is reported, with
+    /// the place of the object's element unless the exception knows its own. Answers whether the work came to its end.
+    template<typename Work> static bool run(const QObject *object, Work &&work) noexcept
+    {
+        const ZelPlaceScope scope(object);
+        try {
+            std::forward<Work>(work)();
+            return true;
+        } catch (...) {
+            reportCurrent();
+            return false;
+        }
+    }
+    /// The same for work that answers whether an event was handled; one that threw was.
+    template<typename Work> static bool runHandler(const QObject *object, Work &&work) noexcept
+    {
+        bool handled = true;
+        run(object, [&] { handled = work(); });
+        return handled;
+    }
+    /// Reports the exception that is being handled.
+    static void reportCurrent() noexcept;
+};

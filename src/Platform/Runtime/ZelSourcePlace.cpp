@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Runtime/ZelSourcePlace.h"
+
+#include "Platform/Runtime/ZelAssociatedObjects.h"
+
+namespace {
+
+const char g_placeKey = 0;
+thread_local ZelPlaceScope *t_innermost = nullptr;
+
+} // namespace
+
+QString ZelSourcePlace::appendedTo(const QString &message) const
+{
+    if (isEmpty())
+        return message;
+    QString where = file;
+    if (line > 0)
+        where += QStringLiteral(":%1:%2").arg(line).arg(column);
+    if (!element.isEmpty())
+        where += QStringLiteral(", <%1>").arg(element);
+    return QStringLiteral("%1 (%2)").arg(message, where);
+}
+
+void ZelSourcePlace::setForObject(QObject *object, const ZelSourcePlace &place)
+{
+    if (object)
+        ZelAssociatedObjects(object).setAssociateValue(std::make_shared<ZelSourcePlace>(place), &g_placeKey);
+}
+
+ZelSourcePlace ZelSourcePlace::ofObject(const QObject *object)
+{
+    for (; object; object = object->parent())
+        if (const auto filed = ZelAssociatedObjects(const_cast<QObject *>(object)).associatedValueForKey(&g_placeKey))
+            return *std::static_pointer_cast<ZelSourcePlace>(filed);
+    return {};
+}
+
+ZelPlaceScope::ZelPlaceScope(const QObject *object)
+    : m_object(object)
+    , m_outer(std::exchange(t_innermost, this))
+{
+}
+
+ZelPlaceScope::~ZelPlaceScope()
+{
+    t_innermost = m_outer;
+}
+
+ZelSourcePlace ZelPlaceScope::current()
+{
+    for (const ZelPlaceScope *scope = t_innermost; scope; scope = scope->m_outer) {
+        const ZelSourcePlace place = ZelSourcePlace::ofObject(scope->m_object);
+        if (!place.isEmpty())
+            return place;
+    }
+    return {};
+}

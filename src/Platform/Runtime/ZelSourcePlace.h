@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+/// A place in a file that was being read; empty where no file is involved.
+struct ZelSourcePlace
+{
+    QString file;
+    qint64 line = 0;   ///< from 1; 0 is unknown
+    qint64 column = 0; ///< from 1; 0 is unknown
+    QString element;   ///< the name of the element concerned
+
+    bool isEmpty() const { return file.isEmpty(); }
+    /// The message, followed by "(file:line:column, <element>)" where there is a place.
+    QString appendedTo(const QString &message) const;
+
+    /// Files the place of the element that the object was made from.
+    static void setForObject(QObject *object, const ZelSourcePlace &place);
+    /// The place filed for the object or, where it has none, for the nearest of its parents; empty if no one has.
+    static ZelSourcePlace ofObject(const QObject *object);
+};
+
+/// Says on whose behalf this thread works, so that exceptions and log lines which have no place of their own name the
+/// place of the element that it was made from. Scopes nest, the innermost that has a place is used. The object may die
+/// meanwhile. A scope costs a weak pointer; a place is looked up only when something is to be reported.
+class ZelPlaceScope
+{
+public:
+    explicit ZelPlaceScope(const QObject *object);
+    ~ZelPlaceScope();
+    Q_DISABLE_COPY_MOVE(ZelPlaceScope)
+
+    /// The place of this thread's present work; empty if nobody said.
+    static ZelSourcePlace current();
+
+private:
+    QPointer<const QObject> m_object;
+    ZelPlaceScope *m_outer;
+};
