@@ -32,6 +32,15 @@ void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const C
 
 } // namespace
 
+template<typename Class> Class *Generator::buildPlaced(Builder<Class> build, const Configuration &configuration)
+{
+    const ZelPlaceScope scope(configuration.place());
+    Class *made = (this->*build)(configuration);
+    if (made && made->place().isEmpty()) // else it was made from an included file
+        made->setPlace(configuration.place());
+    return made;
+}
+
 /// Keeps the files of a description open for the outermost building operation.
 class Generator::Build
 {
@@ -91,7 +100,7 @@ Class *Generator::createRoot(QStringView rootName, const QString &mismatch, Buil
         ZelFail(mismatch + file.root().name(), file.root().place());
         return nullptr;
     }
-    return (this->*build)(file.root());
+    return buildPlaced(build, file.root());
 }
 
 ZelTabbedInspector *Generator::createTabbedInspector()
@@ -120,7 +129,7 @@ Class *Generator::buildIncluded(const QUrl &url, QStringView rootName, Builder<C
         ZelFail(g_expectedElement + file.root().name(), file.root().place());
         return nullptr;
     }
-    return (this->*build)(file.root());
+    return buildPlaced(build, file.root());
 }
 
 /// What the file that the element includes describes; null where it includes none.
@@ -135,7 +144,7 @@ template<typename Child>
 Child *Generator::buildChild(Builder<Child> build, const Configuration &configuration, QObject *parent)
 {
     const ZelDescriptionFiles::Entered entered(m_files.get(), configuration);
-    Child *child = (this->*build)(configuration);
+    Child *child = buildPlaced(build, configuration);
     if (child)
         child->setParent(parent); // at once, so that it goes with its parent should a later one fail
     return child;

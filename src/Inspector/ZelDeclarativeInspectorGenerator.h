@@ -109,6 +109,8 @@ private:
     Class *buildIncluded(const QUrl &url, QStringView rootName, Builder<Class> build, const Configuration &from);
     template<typename Class>
     std::unique_ptr<Class> buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from);
+    /// Builds, and tells what was made the place of its element.
+    template<typename Class> Class *buildPlaced(Builder<Class> build, const Configuration &configuration);
     template<typename Child>
     Child *buildChild(Builder<Child> build, const Configuration &configuration, QObject *parent);
     template<typename Child>

@@ -33,6 +33,7 @@ void ZelInspectorChooser::setKeyPath(const QString &keyPath)
 {
     if (std::exchange(m_keyPath, keyPath) == keyPath)
         return;
+    const ZelPlaceScope scope(this);
     configureProperty();
     if (isViewInstalled()) {
         observeKeyPath();
@@ -210,6 +211,7 @@ void ZelInspectorChooser::updateContentView()
 {
     if (!m_containerView)
         return;
+    const ZelPlaceScope scope(this);
     const QVariant value = m_keyPath.isEmpty() ? QVariant() : ZelValueForKeyPath(owner(), m_keyPath);
     ZelInspectorChooserChoice *choice = choiceForValue(value);
     if (choice == m_currentChoice)

@@ -57,6 +57,7 @@ void ZelInspectorConditionalContainer::updateVisible()
 {
     if (m_visibleKeyPath.isEmpty())
         return;
+    const ZelPlaceScope scope(this);
     QVariant value = ZelValueForKeyPath(owner(), m_visibleKeyPath);
     if (m_visibleValueTransformer)
         value = m_visibleValueTransformer->transformedValue(value);
@@ -69,6 +70,7 @@ void ZelInspectorConditionalContainer::bindAndConfigure()
     m_bound = true;
     if (m_visibleKeyPath.isEmpty() || !owner())
         return;
+    const ZelPlaceScope scope(this);
     ZelObservations(this).addObservationWithObject(
         owner(), m_visibleKeyPath, 0,
         [self = QPointer<ZelInspectorConditionalContainer>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {

@@ -12,6 +12,7 @@ ZelInspectorContainer::ZelInspectorContainer(QObject *owner)
 void ZelInspectorContainer::refresh()
 {
     for (const auto &child : childControllers()) {
+        const ZelPlaceScope scope(child);
         if (child)
             child->refresh();
     }
@@ -20,6 +21,7 @@ void ZelInspectorContainer::refresh()
 void ZelInspectorContainer::prepareForReuse()
 {
     for (const auto &child : childControllers()) {
+        const ZelPlaceScope scope(child);
         if (child)
             child->prepareForReuse();
     }
@@ -29,6 +31,7 @@ bool ZelInspectorContainer::commitEditing()
 {
     const QPointer<ZelInspectorContainer> alive(this); // what is committed may have consequences
     for (const auto &child : childControllers()) {
+        const ZelPlaceScope scope(child);
         if (child && !child->commitEditing())
             return false;
     }
@@ -39,6 +42,7 @@ void ZelInspectorContainer::discardEditing()
 {
     const QPointer<ZelInspectorContainer> alive(this);
     for (const auto &child : childControllers()) {
+        const ZelPlaceScope scope(child);
         if (child)
             child->discardEditing();
     }

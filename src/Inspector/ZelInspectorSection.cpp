@@ -33,6 +33,7 @@ void ZelInspectorSection::scheduleUpdateView()
         return;
     if (!m_updateViewInvocation)
         m_updateViewInvocation = std::make_unique<ZelDelayedInvocation>([self = QPointer<ZelInspectorSection>(this)] {
+            const ZelPlaceScope scope(self);
             if (self)
                 self->updateView();
         });

@@ -170,8 +170,15 @@ void ZelView::setViewController(ZelViewController *controller)
     if (const ZelResponderLink link = takeResponderLink(); link.isSet)
         controller->m_next = link;
     // A controller that is loading its view hears of the installation when it has loaded it.
-    if (m_installed && !controller->m_loading && !controller->isViewInstalled())
+    if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
+        const ZelPlaceScope scope(controller);
         controller->viewDidInstall();
+    }
+}
+
+ZelSourcePlace ZelView::place() const
+{
+    return ZelSourcePlace::ofObject(m_viewController);
 }
 
 QObject *ZelView::nextResponder() const

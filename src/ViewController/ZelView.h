@@ -3,6 +3,7 @@
 
 #include "Platform/Layout/ZelLayoutConstraint.h"
 #include "Platform/Resources/ZelColor.h"
+#include "Platform/Runtime/ZelSourcePlace.h"
 
 #include <QPainter>
 #include <QPointer>
@@ -31,7 +32,7 @@ struct ZelResponderLink;
 ///
 /// Views lay out their children with constraints (see ZelConstraintLayout). updateConstraints runs once before the
 /// layout wherever setNeedsUpdateConstraints was called, and once for every new view.
-class ZelView : public QWidget
+class ZelView : public QWidget, public ZelPlaced
 {
     Q_OBJECT
     /// None by default. Both colours follow the palette if they are named system colours.
@@ -70,6 +71,8 @@ public:
     ZelViewController *viewController() const;
     /// Puts the controller between the view and its next responder.
     void setViewController(ZelViewController *controller);
+    /// That of the controller, or of the nearest one above it that has one.
+    ZelSourcePlace place() const override;
 
     /// The controller if there is one, else what was set, else the parent. Qt's own event delivery goes by the parents.
     QObject *nextResponder() const;

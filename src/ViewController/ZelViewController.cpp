@@ -99,6 +99,7 @@ ZelView *ZelViewController::view()
 {
     if (m_view || m_loading)
         return m_view;
+    const ZelPlaceScope scope(this);
     {
         const QScopedValueRollback loading(m_loading, true);
         viewWillLoad();
@@ -161,6 +162,7 @@ void ZelViewController::viewWillUninstall()
 
 void ZelViewController::uninstall() noexcept
 {
+    const ZelPlaceScope scope(this);
     if (m_viewInstalled)
         runInDestructor([this] { viewWillUninstall(); });
     m_viewInstalled = false;
@@ -195,6 +197,7 @@ bool ZelViewController::commitEditing()
 {
     if (!m_viewInstalled || !m_view)
         return true;
+    const ZelPlaceScope scope(this);
     return forEachEditor(m_view, [](ZelEditor *editor) { return editor->commitEditing(); });
 }
 
@@ -202,6 +205,7 @@ void ZelViewController::discardEditing()
 {
     if (!m_viewInstalled || !m_view)
         return;
+    const ZelPlaceScope scope(this);
     forEachEditor(m_view, [](ZelEditor *editor) {
         editor->discardEditing();
         return true;

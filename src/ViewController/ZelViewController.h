@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelSourcePlace.h"
 #include "ViewController/ZelResponderLink.h"
 
 #include <QObject>
@@ -18,7 +19,10 @@ class ZelView;
 ///
 /// Every class that overrides viewWillUninstall, viewWillUnload or viewDidUnload calls uninstall() in its own
 /// destructor: there the hooks of the most derived class still exist.
-class ZelViewController : public QObject
+///
+/// One that was made from an element of a description knows its place: whatever is reported while the controller loads
+/// its view, is installed, evaluates a key path or takes an edit names it.
+class ZelViewController : public QObject, public ZelPlaced
 {
     Q_OBJECT
     /// Null by default.
@@ -35,6 +39,11 @@ public:
 
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);
+
+    /// Where the element begins that the controller was made from: file, line and column. Empty for one made in code,
+    /// which is reported with the place of the nearest controller above it that has one.
+    ZelSourcePlace place() const override { return m_place; }
+    void setPlace(const ZelSourcePlace &place) { m_place = place; }
 
     /// The name under which loadView looks for a view.
     QString nibName() const { return m_nibName.isNull() ? viewNibName() : m_nibName; }
@@ -94,6 +103,7 @@ private:
     QPointer<ZelView> m_view;
     QString m_nibName;
     QString m_title;
+    ZelSourcePlace m_place;
     ZelResponderLink m_next;
     bool m_viewInstalled = false;
     bool m_loading = false;

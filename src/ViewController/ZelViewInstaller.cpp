@@ -113,6 +113,7 @@ void ZelViewInstaller::visit(QWidget *widget)
 void ZelViewInstaller::runHooks(ZelView *view)
 {
     const QPointer<ZelView> guard(view);
+    const ZelPlaceScope scope(view);
     run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
     if (!guard || view->m_installed != m_installing)
         return;

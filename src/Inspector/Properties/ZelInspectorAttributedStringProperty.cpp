@@ -120,6 +120,7 @@ void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
 void ZelInspectorAttributedStringProperty::makeFontEditor(ZelView *container)
 {
     m_fontProperty = std::make_unique<ZelInspectorFontProperty>(this);
+    m_fontProperty->setPlace(place());
     m_fontProperty->setKeyPath(QStringLiteral("font"));
     m_fontProperty->setActionSelector("fontDidChange");
     m_fontProperty->setEnabledKeyPath(QStringLiteral("formattable"));

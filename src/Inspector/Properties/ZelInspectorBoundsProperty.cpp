@@ -123,6 +123,7 @@ ZelRectAnchor ZelInspectorBoundsProperty::flippedAnchor(ZelRectAnchor anchor) co
 
 void ZelInspectorBoundsProperty::updateFlipped()
 {
+    const ZelPlaceScope scope(this);
     if (!flippedKeyPath.isEmpty())
         setFlipped(ZelValueForKeyPath(owner(), flippedKeyPath));
 }

@@ -260,6 +260,7 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double co
 
 void ZelInspectorCompositeProperty::updateComponent(int index)
 {
+    const ZelPlaceScope scope(this);
     if (isUpdatingValues())
         return;
     updateViewInvocation().schedule(); // the model may make something else of it
@@ -284,6 +285,7 @@ void ZelInspectorCompositeProperty::componentDidChange()
 
 void ZelInspectorCompositeProperty::updateInternalEnabled()
 {
+    const ZelPlaceScope scope(this);
     const bool enabled = computeInternalEnabled();
     if (enabled == m_internalEnabled)
         return;

@@ -68,6 +68,7 @@ void ZelInspectorEnumerationProperty::startObservationForOptionGroup(ZelOptionGr
 {
     const auto rebuild = [property = QPointer<ZelInspectorEnumerationProperty>(this)](ZelBlockObservation *,
                                                                                       const ZelKeyValueChange &) {
+        const ZelPlaceScope scope(property);
         if (property)
             property->rebuildView();
     };
@@ -93,6 +94,7 @@ void ZelInspectorEnumerationProperty::viewDidInstall()
         ZelObservations(this).addObservationWithObject(
             owner(), keyPath, 0,
             [self](ZelBlockObservation *, const ZelKeyValueChange &) {
+                const ZelPlaceScope scope(self);
                 if (self)
                     self->rebuildView();
             },

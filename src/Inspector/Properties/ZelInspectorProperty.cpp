@@ -94,11 +94,13 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
 {
     if (m_keyPath.isEmpty() || !m_owner)
         return;
+    const ZelPlaceScope scope(this);
     ZelRecordedWrite(undoManager()).setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
 }
 
 void ZelInspectorProperty::userDidChangeValue(QObject *)
 {
+    const ZelPlaceScope scope(this);
     if (ZelUndoManager *manager = undoManager())
         manager->setActionName(m_actionName);
     if (m_actionSelector.isNull() || !m_owner)
@@ -192,6 +194,7 @@ QVariant ZelInspectorProperty::combinedReflectedValue(const ValueBlock &map) con
 
 void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
 {
+    const ZelPlaceScope scope(this);
     if (!ZelRequire(bool(block), "block", "src/Inspector/Properties/ZelInspectorProperty+ZelHelpers.cpp"))
         return;
     if (m_keyPath.isEmpty() || !m_owner)
@@ -246,6 +249,7 @@ ZelDelayedInvocation &ZelInspectorProperty::updateViewInvocation()
     if (!m_updateViewInvocation) {
         m_updateViewInvocation =
             std::make_unique<ZelDelayedInvocation>([property = QPointer<ZelInspectorProperty>(this)] {
+                const ZelPlaceScope scope(property);
                 if (property)
                     property->updateView();
             });
@@ -325,6 +329,7 @@ void ZelInspectorProperty::endEditing()
     const QWidget *focus = QApplication::focusWidget();
     if (!focus || !contains(focus))
         return;
+    const ZelPlaceScope scope(this);
     const QPointer<ZelInspectorProperty> alive(this);
     if (!commitEditing() && alive)
         discardEditing();

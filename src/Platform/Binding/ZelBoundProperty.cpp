@@ -66,6 +66,7 @@ ZelBoundProperty::~ZelBoundProperty()
 
 void ZelBoundProperty::start()
 {
+    const ZelPlaceScope scope(m_object);
     if (!m_accessor)
         throw ZelUndefinedKeyException(QString::fromUtf8(m_object->metaObject()->className()), m_name.string());
     if (m_accessor->editSignalIndex() >= 0)
@@ -95,6 +96,7 @@ void ZelBoundProperty::update()
 {
     if (!m_object || !m_info.observedObject)
         return;
+    const ZelPlaceScope scope(m_object);
     const QVariant modelValue = ZelValueForKeyPath(m_info.observedObject.data(), m_info.observedKeyPath);
     const std::shared_ptr<bool> isAlive = m_isAlive;
     setEditable(modelValue);
@@ -119,6 +121,7 @@ void ZelBoundProperty::commit()
 {
     if (m_isCommitting || !m_object || !m_info.observedObject)
         return;
+    const ZelPlaceScope scope(m_object);
     QVariant value = m_accessor->read(m_object);
     if (ZelIsControllerMarker(value))
         return;

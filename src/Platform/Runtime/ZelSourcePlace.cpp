@@ -30,14 +30,24 @@ void ZelSourcePlace::setForObject(QObject *object, const ZelSourcePlace &place)
 
 ZelSourcePlace ZelSourcePlace::ofObject(const QObject *object)
 {
-    for (; object; object = object->parent())
+    for (; object; object = object->parent()) {
+        const auto *placed = dynamic_cast<const ZelPlaced *>(object);
+        if (const ZelSourcePlace place = placed ? placed->place() : ZelSourcePlace(); !place.isEmpty())
+            return place;
         if (const auto filed = ZelAssociatedObjects(const_cast<QObject *>(object)).associatedValueForKey(&g_placeKey))
             return *std::static_pointer_cast<ZelSourcePlace>(filed);
+    }
     return {};
 }
 
 ZelPlaceScope::ZelPlaceScope(const QObject *object)
     : m_object(object)
+    , m_outer(std::exchange(t_innermost, this))
+{
+}
+
+ZelPlaceScope::ZelPlaceScope(const ZelSourcePlace &place)
+    : m_place(place)
     , m_outer(std::exchange(t_innermost, this))
 {
 }
@@ -50,7 +60,8 @@ ZelPlaceScope::~ZelPlaceScope()
 ZelSourcePlace ZelPlaceScope::current()
 {
     for (const ZelPlaceScope *scope = t_innermost; scope; scope = scope->m_outer) {
-        const ZelSourcePlace place = ZelSourcePlace::ofObject(scope->m_object);
+        const ZelSourcePlace place =
+            scope->m_place.isEmpty() ? ZelSourcePlace::ofObject(scope->m_object) : scope->m_place;
         if (!place.isEmpty())
             return place;
     }

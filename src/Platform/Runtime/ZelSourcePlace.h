@@ -19,8 +19,18 @@ struct ZelSourcePlace
 
     /// Files the place of the element that the object was made from.
     static void setForObject(QObject *object, const ZelSourcePlace &place);
-    /// The place filed for the object or, where it has none, for the nearest of its parents; empty if no one has.
+    /// The place that the object has (ZelPlaced, or filed) or, where it has none, the nearest of its parents; empty if
+    /// no one has.
     static ZelSourcePlace ofObject(const QObject *object);
+};
+
+/// An object that was made from an element and knows its place.
+class ZelPlaced
+{
+public:
+    virtual ~ZelPlaced() = default;
+    /// Empty where no file is involved.
+    virtual ZelSourcePlace place() const = 0;
 };
 
 /// Says on whose behalf this thread works, so that exceptions and log lines which have no place of their own name the
@@ -30,6 +40,8 @@ class ZelPlaceScope
 {
 public:
     explicit ZelPlaceScope(const QObject *object);
+    /// For an element from which nothing has been made yet.
+    explicit ZelPlaceScope(const ZelSourcePlace &place);
     ~ZelPlaceScope();
     Q_DISABLE_COPY_MOVE(ZelPlaceScope)
 
@@ -38,5 +50,6 @@ public:
 
 private:
     QPointer<const QObject> m_object;
+    ZelSourcePlace m_place;
     ZelPlaceScope *m_outer;
 };
