@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+// What editors show, compared with what the selected objects hold.
+#include "Storm.h"
+
+#include "Inspector/Properties/ZelInspectorArrayProperty.h"
+#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
+#include "Inspector/Properties/ZelInspectorColorProperty.h"
+#include "Inspector/Properties/ZelInspectorDateProperty.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/Properties/ZelInspectorResourceProperty.h"
+#include "Inspector/Properties/ZelInspectorSizeProperty.h"
+#include "Inspector/Properties/ZelInspectorStringProperty.h"
+#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "Models.h"
+#include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Runtime/ZelValues.h"
+#include "Progress.h"
+
+namespace {
+
+/// The value on which the objects agree, or the marker for the first of them that disagrees or lacks the key.
+QVariant foldOf(const QList<QObject *> &objects, const QByteArray &key,
+                const std::function<QVariant(const QVariant &)> &map)
+{
+    QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
+    bool isFirst = true;
+    for (const QObject *object : objects) {
+        if (object->metaObject()->indexOfProperty(key) < 0 && !object->dynamicPropertyNames().contains(key))
+            return QVariant::fromValue(ZelNotApplicableMarker);
+        QVariant value = map(object->property(key));
+        if (ZelIsAbsent(value))
+            value = {};
+        if (!isFirst && value != result)
+            return QVariant::fromValue(ZelMultipleValuesMarker);
+        result = value;
+        isFirst = false;
+    }
+    return result;
+}
+
+/// What an editor shows and what it should; the same type of the two compares them.
+struct Shown
+{
+    QVariant value;
+    QVariant expected;
+};
+using Map = std::function<QVariant(const QVariant &)>;
+using Fold = std::function<QVariant(const Map &)>;
+
+QVariant same(const QVariant &value)
+{
+    return value;
+}
+
+bool isValue(const QVariant &value)
+{
+    return !ZelIsNull(value) && !ZelIsControllerMarker(value);
+}
+
+Shown shownNumber(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const auto *number = qobject_cast<const ZelInspectorNumberProperty *>(editor);
+    const QVariant value = fold([&](const QVariant &one) {
+        const ZelValueTransformerPtr &transformer = editor->valueTransformer();
+        return transformer ? transformer->transformedValue(one) : one;
+    });
+    return {number->textField()->objectValue(), value};
+}
+
+Shown shownText(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    return {qobject_cast<const ZelInspectorStringProperty *>(editor)->textField()->objectValue(), fold(same)};
+}
+
+Shown shownTruth(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const auto *truth = qobject_cast<const ZelInspectorBooleanProperty *>(editor);
+    const std::optional<quint64> bits = truth->bits;
+    const QVariant value = fold(
+        [&](const QVariant &one) { return bits && isValue(one) ? QVariant((one.toULongLong() & *bits) != 0) : one; });
+    const Qt::CheckState state = ZelIsMarker(value, ZelMultipleValuesMarker) ? Qt::PartiallyChecked
+                                 : isValue(value) && value.toBool()          ? Qt::Checked
+                                                                             : Qt::Unchecked;
+    return {int(truth->checkbox()->checkState()), int(state)};
+}
+
+Shown shownColor(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const QVariant value = qobject_cast<const ZelInspectorColorProperty *>(editor)->popUpButton()->selectedColor();
+    return {isValue(value) ? value.value<QColor>() : value, fold(same)};
+}
+
+Shown shownDate(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    return {qobject_cast<const ZelInspectorDateProperty *>(editor)->datePicker()->objectValue(), fold(same)};
+}
+
+Shown shownResource(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    return {qobject_cast<const ZelInspectorResourceProperty *>(editor)->comboBox()->objectValue(), fold(same)};
+}
+
+Shown shownChoice(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const auto *choice = qobject_cast<const ZelInspectorTextEnumerationProperty *>(editor);
+    const QVariant value = fold(same);
+    const ZelMenuItem *expected = ZelIsMarker(value, ZelMultipleValuesMarker) ? choice->multipleValuesMenuItem()
+                                  : isValue(value)                            ? choice->menuItemForValue(value)
+                                                                              : nullptr;
+    if (!expected)
+        expected = choice->noSelectionMenuItem();
+    if (!choice->popUpButton())
+        return {};
+    const QAction *shown = choice->popUpButton()->selectedItem();
+    return {shown == expected, true};
+}
+
+Shown shownSize(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const auto width = [](const QVariant &size) {
+        return isValue(size) ? QVariant(size.toSizeF().width()) : QVariant();
+    };
+    const auto height = [](const QVariant &size) {
+        return isValue(size) ? QVariant(size.toSizeF().height()) : QVariant();
+    };
+    return {QVariantList{editor->property("width"), editor->property("height")},
+            QVariantList{fold(width), fold(height)}};
+}
+
+Shown shownArray(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const QVariant value = fold(same);
+    return {qobject_cast<const ZelInspectorArrayProperty *>(editor)->numberOfRows(),
+            isValue(value) ? int(value.toStringList().size()) : 0};
+}
+
+struct Reader
+{
+    const QMetaObject *type;
+    Shown (*read)(const ZelInspectorProperty *, const Fold &);
+};
+const Reader g_readers[] = {
+    {&ZelInspectorNumberProperty::staticMetaObject, shownNumber},
+    {&ZelInspectorStringProperty::staticMetaObject, shownText},
+    {&ZelInspectorBooleanProperty::staticMetaObject, shownTruth},
+    {&ZelInspectorColorProperty::staticMetaObject, shownColor},
+    {&ZelInspectorDateProperty::staticMetaObject, shownDate},
+    {&ZelInspectorResourceProperty::staticMetaObject, shownResource},
+    {&ZelInspectorTextEnumerationProperty::staticMetaObject, shownChoice},
+    {&ZelInspectorSizeProperty::staticMetaObject, shownSize},
+    {&ZelInspectorArrayProperty::staticMetaObject, shownArray},
+};
+
+bool isSame(const QVariant &shown, const QVariant &expected)
+{
+    if (ZelIsNull(shown) || ZelIsNull(expected))
+        return ZelIsNull(shown) == ZelIsNull(expected);
+    if (ZelIsControllerMarker(shown) || ZelIsControllerMarker(expected))
+        return shown == expected;
+    if (expected.metaType() == QMetaType::fromType<QVariantList>()) {
+        const QVariantList a = shown.toList();
+        const QVariantList b = expected.toList();
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame);
+    }
+    return shown == expected;
+}
+
+/// What was typed and not taken is shown instead of the value.
+bool isBeingEdited(ZelInspectorProperty *editor)
+{
+    const auto fields = editor->view()->findChildren<QWidget *>();
+    for (const QWidget *field : fields) {
+        if (field->property("text").isValid() && field->hasFocus())
+            return true;
+        const auto *line = qobject_cast<const ZelTextField *>(field);
+        const auto *growing = qobject_cast<const ZelGrowingTextField *>(field);
+        if ((line && line->isEditing()) || (growing && growing->isEditing()))
+            return true;
+    }
+    return false;
+}
+
+QByteArray textOf(const QVariant &value)
+{
+    return QDebug::toString(value).toUtf8();
+}
+
+} // namespace
+
+void Storm::checkEditors()
+{
+    if (!m_owner || !m_inspector || !m_inspector->isViewInstalled() || Fault::armed)
+        return;
+    if (Fault::thrown != m_thrown) { // an editor whose own value could not be read catches up with the next selection
+        m_thrown = Fault::thrown;
+        const QList<QObject *> selected = sheets()->selectedObjects();
+        sheets()->setSelectedObjects({});
+        settle();
+        sheets()->setSelectedObjects(selected);
+        settle();
+    }
+    const QString prefix = QStringLiteral("sheets.selection.");
+    const QList<QObject *> selected = sheets()->selectedObjects();
+    const auto editors = m_inspector->findChildren<ZelInspectorProperty *>();
+    for (ZelInspectorProperty *editor : editors) {
+        const auto *reader = std::find_if(std::begin(g_readers), std::end(g_readers), [&](const Reader &candidate) {
+            return editor->metaObject()->inherits(candidate.type);
+        });
+        if (reader == std::end(g_readers) || !editor->isViewInstalled() || editor->owner() != m_owner.get() ||
+            !editor->keyPath().startsWith(prefix) || m_rekeyed.count(editor) || isBeingEdited(editor))
+            continue;
+        const QByteArray key = editor->keyPath().mid(prefix.size()).toLatin1();
+        if (key.contains('.'))
+            continue;
+        const Shown shown = reader->read(editor, [&](const Map &map) { return foldOf(selected, key, map); });
+        ++Progress::shared().checks;
+        if (isSame(shown.value, shown.expected))
+            continue;
+        Progress::shared().setDetail("shows " + textOf(shown.value) + " instead of " + textOf(shown.expected) + " of " +
+                                     QByteArray::number(selected.size()) + " objects");
+        Progress::shared().find(QByteArray(editor->metaObject()->className()) + " of " + key +
+                                " does not show what the objects hold");
+        return;
+    }
+}
