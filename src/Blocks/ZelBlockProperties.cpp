@@ -49,7 +49,9 @@ public:
     bool isWritable() const override { return bool(m_implementation.setter); }
     QMetaType type() const override
     {
-        return m_implementation.getter ? m_implementation.getterEncoding->type() : QMetaType();
+        const ZelPropertyEncoding *encoding =
+            m_implementation.getter ? m_implementation.getterEncoding : m_implementation.setterEncoding;
+        return encoding ? encoding->type() : QMetaType();
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelPropertyEncoding.h"
 
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QRectF>
@@ -92,10 +93,6 @@ const ZelPropertyEncoding *ZelPropertyEncoding::find(QMetaType type)
 
 bool ZelPropertyEncoding::canConvert(const QVariant &value) const
 {
-    if (!m_type.isValid() || ZelIsNull(value) || value.metaType() == m_type)
-        return true;
-    if (ZelIsControllerMarker(value))
-        return false;
     QVariant converted = value;
-    return converted.convert(m_type);
+    return ZelValueConversion::convert(converted, m_type) == ZelValueConversion::Fits;
 }

@@ -27,7 +27,7 @@ public:
     /// floating-point number out of range gives the nearest integer towards zero; an absent value, the null object, and
     /// what cannot be converted give 0, false or an empty geometry. Any value: itself.
     QVariant converted(const QVariant &value) const { return m_convert(value); }
-    /// Whether there is such a value at all.
+    /// Whether there is such a value at all, a number of the same size included.
     bool canConvert(const QVariant &value) const;
 
 private:

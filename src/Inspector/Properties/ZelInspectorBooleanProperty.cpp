@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 
@@ -71,7 +72,7 @@ void ZelInspectorBooleanProperty::userDidChangeValue(QObject *sender)
             if (!bits)
                 return isOn ? 1 : 0;
             const quint64 value = old.toULongLong();
-            return isOn ? value | *bits : value & ~*bits;
+            return ZelValueConversion::ofBits(isOn ? value | *bits : value & ~*bits, old.metaType());
         });
     }
     if (alive)

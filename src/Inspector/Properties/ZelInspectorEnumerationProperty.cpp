@@ -5,6 +5,7 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelKeyValueChange.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 
 namespace {
@@ -166,7 +167,9 @@ void ZelInspectorEnumerationProperty::writeChoice(const QVariant &value, QObject
     {
         const UpdatingValues updating(this);
         updateReflectedValues([mask = m_bitMask, value](const QVariant &old) -> QVariant {
-            return mask ? QVariant((old.toULongLong() & ~*mask) | value.toULongLong()) : value;
+            if (!mask)
+                return value;
+            return ZelValueConversion::ofBits((old.toULongLong() & ~*mask) | value.toULongLong(), old.metaType());
         });
     }
     if (alive)

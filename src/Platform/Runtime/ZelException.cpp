@@ -21,10 +21,14 @@ ZelGenericException::ZelGenericException(const QString &reason, const ZelSourceP
 {
 }
 
-ZelUndefinedKeyException::ZelUndefinedKeyException(const QString &className, const QString &key)
+ZelUndefinedKeyException::ZelUndefinedKeyException(const QString &className, const QString &key, Failure failure)
     : ZelException(QStringLiteral("ZelUndefinedKeyException"),
-                   QStringLiteral("The class %1 has no accessible property \"%2\".").arg(className, key))
+                   (failure == Failure::ReadOnly
+                        ? QStringLiteral("The property \"%2\" of the class %1 cannot be written: it is read-only.")
+                        : QStringLiteral("The class %1 has no property \"%2\"."))
+                       .arg(className, key))
     , m_className(className)
     , m_key(key)
+    , m_failure(failure)
 {
 }

@@ -48,16 +48,19 @@ public:
     explicit ZelGenericException(const QString &reason, const ZelSourcePlace &place = {});
 };
 
-/// A key that the object does not have.
+/// A key that the object does not have, or that cannot be written.
 class ZelUndefinedKeyException : public ZelException
 {
 public:
-    ZelUndefinedKeyException(const QString &className, const QString &key);
+    enum class Failure : quint8 { Missing, ReadOnly };
+    ZelUndefinedKeyException(const QString &className, const QString &key, Failure failure = Failure::Missing);
 
     const QString &className() const { return m_className; }
     const QString &key() const { return m_key; }
+    Failure failure() const { return m_failure; }
 
 private:
     QString m_className;
     QString m_key;
+    Failure m_failure;
 };

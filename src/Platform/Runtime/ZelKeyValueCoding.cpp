@@ -5,19 +5,38 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValueTypeAccess.h"
 #include "Platform/Runtime/ZelValues.h"
 
+#include <QPointer>
+
 namespace {
 
-[[noreturn]] void throwUndefined(const QVariant &value, ZelKey key)
+using Failure = ZelUndefinedKeyException::Failure;
+
+[[noreturn]] void throwUndefined(const QVariant &value, ZelKey key, Failure failure = Failure::Missing)
 {
-    throw ZelUndefinedKeyException(ZelClassName(value), key.string());
+    throw ZelUndefinedKeyException(ZelClassName(value), key.string(), failure);
 }
 
-[[noreturn]] void throwUndefined(const QObject *object, ZelKey key)
+[[noreturn]] void throwUndefined(const QObject *object, ZelKey key, Failure failure = Failure::Missing)
 {
-    throw ZelUndefinedKeyException(QString::fromUtf8(object->metaObject()->className()), key.string());
+    throw ZelUndefinedKeyException(QString::fromUtf8(object->metaObject()->className()), key.string(), failure);
+}
+
+/// Throws if the value is a number that the type cannot hold.
+void checkRange(const QVariant &value, QMetaType type, const QString &className, ZelKey key)
+{
+    QVariant converted = value;
+    if (ZelValueConversion::convert(converted, type) != ZelValueConversion::OutOfRange)
+        return;
+    const ZelValueConversion::Limits limits = ZelValueConversion::limits(type);
+    const QString property = QStringLiteral("The property \"%1\" of the class %2").arg(key.string(), className);
+    throw ZelGenericException(limits.isValid() ? QStringLiteral("%1 cannot hold %2: it must be between %3 and %4.")
+                                                     .arg(property, ZelDescription(value), limits.minimum.toString(),
+                                                          limits.maximum.toString())
+                                               : QStringLiteral("%1 cannot hold numbers of that size.").arg(property));
 }
 
 QVariant listForKey(const QVariant &list, ZelKey key)
@@ -32,6 +51,12 @@ QVariant listForKey(const QVariant &list, ZelKey key)
     return answers;
 }
 
+void logUnstored(const QVariant &value, const QString &target, ZelKey key)
+{
+    ZelLogError(
+        QStringLiteral("Cannot store a value of class %1 in %2.%3").arg(ZelClassName(value), target, key.string()));
+}
+
 /// The container with the value at the path below it replaced.
 QVariant valueBySetting(const QVariant &container, const QVariant &value, const ZelKeyPath &path)
 {
@@ -40,17 +65,25 @@ QVariant valueBySetting(const QVariant &container, const QVariant &value, const 
     const QVariant inner =
         path.isSingleKey() ? value : valueBySetting(ZelValueForKey(container, path.first()), value, path.rest());
     QVariant changed = container;
-    if (!ZelValueTypeAccess::write(changed, path.first(), inner))
+    if (ZelValueTypeAccess::write(changed, path.first(), inner))
+        return changed;
+    const auto [type, isWritable] = ZelValueTypeAccess::property(container, path.first());
+    if (!type.isValid())
         throwUndefined(container, path.first());
-    return changed;
+    if (!isWritable)
+        throwUndefined(container, path.first(), Failure::ReadOnly);
+    checkRange(inner, type, ZelClassName(container), path.first());
+    logUnstored(inner, ZelClassName(container), path.first());
+    return container;
 }
 
 void store(QObject *object, const ZelPropertyAccessor &accessor, const QVariant &value, ZelKey key)
 {
-    if (!accessor.write(object, value)) {
-        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: Cannot store a value of class %1 in %2.%3")
-                                           .arg(ZelClassName(value), ZelObjectDescription(object), key.string());
-    }
+    const QPointer<const QObject> alive(object);
+    if (accessor.write(object, value) || !alive)
+        return;
+    checkRange(value, accessor.type(), QString::fromUtf8(object->metaObject()->className()), key);
+    logUnstored(value, ZelObjectDescription(object), key);
 }
 
 /// Whether the accessor's write must be announced for it.
@@ -123,8 +156,10 @@ void ZelSetValueForKey(QObject *object, const QVariant &value, ZelKey key)
         return;
     }
     const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(object, key);
-    if (!accessor || !accessor->isWritable())
+    if (!accessor)
         throwUndefined(object, key);
+    if (!accessor->isWritable())
+        throwUndefined(object, key, Failure::ReadOnly);
     if (needsAnnouncement(object, *accessor, key)) {
         const ZelGuardedValueChange announcement(object, key);
         store(object, *accessor, value, key);

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QVariant>
+#include <functional>
 
 /// An object that answers keys by itself: it is given the whole remaining key path.
 ///
@@ -21,6 +22,10 @@ public:
     virtual void keyPathIsNoLongerObserved(const ZelKeyPath &) {}
     /// Asked after an edit made by a user, for every observed path: announces a change that nobody could hear of.
     virtual void rereadKeyPath(const ZelKeyPath &) {}
+    /// Shows the objects that a write at the path is passed on to, each with the rest of the path. By default none: the
+    /// object stores the value itself.
+    using ObjectVisitor = std::function<void(const QObject *object, const ZelKeyPath &path)>;
+    virtual void visitObjects(const ZelKeyPath &, const ObjectVisitor &) const {}
 };
 #define ZelKeyValueCodingInterface_iid "Zel.KeyValueCoding"
 Q_DECLARE_INTERFACE(ZelKeyValueCodingInterface, ZelKeyValueCodingInterface_iid)
@@ -37,8 +42,10 @@ QVariant ZelValueForKeyPath(const QVariant &value, const ZelKeyPath &path);
 
 /// Stores the value; an absent value or the null object resets the property, or stores its type's default value.
 /// A property that cannot announce the change by itself is announced here. A path through a gadget, point, size,
-/// rectangle or map writes the changed container back. Throws ZelUndefinedKeyException for an unknown or read-only key;
-/// does nothing for a null object.
+/// rectangle or map writes the changed container back. Throws ZelUndefinedKeyException for an unknown or read-only key,
+/// and ZelGenericException, "... must be between ... and ...", for a number that the property's type cannot hold:
+/// numbers never wrap. A value that cannot be converted is logged as an error and not stored. Does nothing for a null
+/// object. ZelPropertyDomain tells beforehand whether a value can be stored.
 void ZelSetValueForKey(QObject *object, const QVariant &value, ZelKey key);
 void ZelSetValueForKeyPath(QObject *object, const QVariant &value, const ZelKeyPath &path);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelMetaPropertyAccessor.h"
 
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QRectF>
@@ -115,10 +116,11 @@ bool ZelMetaPropertyAccessor::write(QObject *object, const QVariant &value) cons
         const QVariant none(m_type);
         return m_isDirect ? writeTyped(object, none.constData()) : m_property.write(object, none);
     }
-    if (!m_isDirect)
-        return m_property.write(object, value);
-    if (value.metaType() == m_type)
+    if (value.metaType() == m_type && m_isDirect)
         return writeTyped(object, value.constData());
     QVariant converted = value;
-    return converted.convert(m_type) && writeTyped(object, converted.constData());
+    // An enumeration that the meta-object system does not know as a type is known by the property.
+    if (ZelValueConversion::convert(converted, m_type) != ZelValueConversion::Fits)
+        return m_property.isEnumType() && value.typeId() == QMetaType::QString && m_property.write(object, value);
+    return m_isDirect ? writeTyped(object, converted.constData()) : m_property.write(object, converted);
 }

@@ -3,6 +3,7 @@
 
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelMetaPropertyAccessor.h"
+#include "Platform/Runtime/ZelValues.h"
 
 #include <vector>
 
@@ -19,7 +20,9 @@ public:
     QVariant read(const QObject *object) const override { return object->property(m_key.name().constData()); }
     bool write(QObject *object, const QVariant &value) const override
     {
-        object->setProperty(m_key.name().constData(), value);
+        // An invalid value would take the property away, not empty it.
+        const QVariant stored = ZelIsNull(value) ? QVariant::fromValue(nullptr) : value;
+        object->setProperty(m_key.name().constData(), stored);
         return true;
     }
     QList<QEvent::Type> notifyEvents() const override { return {QEvent::DynamicPropertyChange}; }

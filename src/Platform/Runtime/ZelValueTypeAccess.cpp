@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelValueTypeAccess.h"
 
-#include "Platform/Runtime/ZelValues.h"
+#include "Platform/Runtime/ZelValueConversion.h"
 
 #include <QMetaProperty>
 #include <QPointF>
@@ -110,5 +110,18 @@ bool ZelValueTypeAccess::write(QVariant &container, ZelKey key, const QVariant &
         return true;
     }
     const QMetaProperty property = gadgetProperty(container, key);
-    return property.isValid() && property.writeOnGadget(container.data(), value);
+    QVariant converted = value;
+    return property.isValid() &&
+           ZelValueConversion::convert(converted, property.metaType()) == ZelValueConversion::Fits &&
+           property.writeOnGadget(container.data(), converted);
+}
+
+ZelValueTypeAccess::Property ZelValueTypeAccess::property(const QVariant &container, ZelKey key)
+{
+    if (componentOf(container, key))
+        return {QMetaType::fromType<double>(), true};
+    if (container.typeId() == QMetaType::QVariantMap || container.typeId() == QMetaType::QVariantHash)
+        return {QMetaType::fromType<QVariant>(), true};
+    const QMetaProperty property = gadgetProperty(container, key);
+    return property.isValid() ? Property{property.metaType(), property.isWritable()} : Property();
 }

@@ -6,6 +6,7 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelPrefetch.h"
 
@@ -187,7 +188,8 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
         if (accessor && accessor != current) {
             current = accessor;
             converted = value;
-            if (accessor->isSilent() || !accessor->type().isValid() || !converted.convert(accessor->type()))
+            if (accessor->isSilent() || !accessor->type().isValid() ||
+                ZelValueConversion::convert(converted, accessor->type()) != ZelValueConversion::Fits)
                 converted.clear();
         }
         const bool isWritten =

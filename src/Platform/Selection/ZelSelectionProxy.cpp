@@ -154,6 +154,18 @@ void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
         announce(path); // what is dirty is announced anyway, and read then
 }
 
+void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
+{
+    const QMetaObject *shown = nullptr;
+    for (const QPointer<QObject> &object : m_objects) {
+        // One object of a class tells everything about its own keys, but not about what lies behind them.
+        if (!object || (path.isSingleKey() && object->metaObject() == shown))
+            continue;
+        shown = object->metaObject();
+        visitor(object, path);
+    }
+}
+
 void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
 {
     // A large selection's objects change one after the other, and nearly always the same key.

@@ -40,6 +40,7 @@ public:
     void keyPathWillBeObserved(const ZelKeyPath &path) override;
     void keyPathIsNoLongerObserved(const ZelKeyPath &path) override;
     void rereadKeyPath(const ZelKeyPath &path) override;
+    void visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const override;
 
     /// Heard from a relay.
     void objectChanged(const ZelKeyPath &path);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelArrayController.h"
 
+#include "Platform/Runtime/ZelException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelReadingScope.h"
 #include "Support/Person.h"
@@ -98,6 +100,20 @@ private Q_SLOTS:
             QCOMPARE(person->silent, QStringLiteral("s"));
         }
         QCOMPARE(friendly.name(), QStringLiteral("Bea"));
+    }
+
+    void theDomainOfASelectionIsThatOfItsObjects()
+    {
+        ZelArrayController controller;
+        People two(2);
+        two.people[0]->setFriendOf(two.people[1].get());
+        controller.setSelectedObjects(two.objects());
+        const auto domain = [&](const char *path) { return ZelPropertyDomain::ofKeyPath(&controller, path); };
+        QCOMPARE(domain("selection.flags").bounded(1e10), 2147483647.0);
+        QCOMPARE(domain("selection.friendOf.flags").bounded(-1e10), -2147483648.0);
+        QVERIFY(domain("selection.flags").isWritable() && !domain("selection.nameLength").isWritable());
+        QVERIFY_EXCEPTION_THROWN(ZelSetValueForKeyPath(&controller, 1e10, "selection.flags"), ZelGenericException);
+        QCOMPARE(two.people[1]->flags(), 0);
     }
 
     void observersHearOfSelectionAndOfObjects()
