@@ -5,6 +5,7 @@
 #include "commands/MoveCommand.h"
 #include "commands/OrderCommand.h"
 #include "commands/PresenceCommand.h"
+#include "commands/PropertyCommand.h"
 #include "model/Selection.h"
 
 #include <QUndoStack>
@@ -117,6 +118,13 @@ void Operations::lowerToBottom()
     QList<Shape *> order = m_document->shapes();
     std::stable_partition(order.begin(), order.end(), [this](Shape *shape) { return m_selection->contains(shape); });
     setOrder(order, tr("Lower to Bottom"));
+}
+
+void Operations::keepShadowOffset()
+{
+    const QVariant offset = m_selection->count() == 1 ? m_selection->shapes().first()->shadowOffset() : QVariant();
+    if (offset.isValid() && offset != m_document->property("standardShadowOffset"))
+        m_undoStack->push(new PropertyCommand(m_document, "standardShadowOffset", offset, tr("Change Standards")));
 }
 
 void Operations::setOrder(const QList<Shape *> &order, const QString &text)

@@ -31,6 +31,9 @@ public Q_SLOTS:
     void lower();
     void raiseToTop();
     void lowerToBottom();
+    /// Makes the shadow of the selected shape the standard of the document. Nothing unless there is one shape, with a
+    /// shadow.
+    void keepShadowOffset();
 
 private:
     void setOrder(const QList<Shape *> &order, const QString &text);

@@ -311,6 +311,10 @@
         <source>Lower to Bottom</source>
         <translation>Ganz nach hinten</translation>
     </message>
+    <message>
+        <source>Change Standards</source>
+        <translation>Vorgaben ändern</translation>
+    </message>
 </context>
 <context>
     <name>SampleDocument</name>

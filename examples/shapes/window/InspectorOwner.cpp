@@ -29,6 +29,14 @@ void InspectorOwner::setSelectionController(QObject *controller)
     Q_EMIT selectionControllerChanged();
 }
 
+void InspectorOwner::setDocumentController(QObject *controller)
+{
+    if (m_documentController == controller)
+        return;
+    m_documentController = controller;
+    Q_EMIT documentControllerChanged();
+}
+
 int InspectorOwner::selectionCount() const
 {
     return m_selection->count();
@@ -89,6 +97,5 @@ void InspectorOwner::selectSimilarShapes()
 
 void InspectorOwner::keepShadowOffset()
 {
-    if (hasOneShape())
-        m_document->setProperty("standardShadowOffset", m_selection->shapes().first()->shadowOffset());
+    m_operations->keepShadowOffset();
 }

@@ -15,6 +15,8 @@ class InspectorOwner : public QObject
     Q_OBJECT
     Q_PROPERTY(QObject *selectionController READ selectionController WRITE setSelectionController NOTIFY
                    selectionControllerChanged)
+    Q_PROPERTY(QObject *documentController READ documentController WRITE setDocumentController NOTIFY
+                   documentControllerChanged)
     Q_PROPERTY(Document *document READ document CONSTANT)
     Q_PROPERTY(int selectionCount READ selectionCount NOTIFY selectionChanged)
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectionChanged)
@@ -32,6 +34,10 @@ public:
 
     QObject *selectionController() const { return m_selectionController; }
     void setSelectionController(QObject *controller);
+    /// The editors of the document's own values write through it: most of them store a single key in each of the
+    /// controller's objects.
+    QObject *documentController() const { return m_documentController; }
+    void setDocumentController(QObject *controller);
     Document *document() const { return m_document; }
     int selectionCount() const;
     bool hasSelection() const { return selectionCount() > 0; }
@@ -54,6 +60,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void selectionControllerChanged();
+    void documentControllerChanged();
     void selectionChanged();
     /// Also when the only selected shape has changed.
     void summaryChanged();
@@ -64,4 +71,5 @@ private:
     Operations *m_operations;
     Actions *m_actions;
     QObject *m_selectionController = nullptr;
+    QObject *m_documentController = nullptr;
 };

@@ -56,6 +56,7 @@ InspectorPanel::InspectorPanel(InspectorOwner *owner, Selection *selection, QUnd
     : m_owner(owner)
     , m_selection(selection)
     , m_controller(new ZelObjectController(this))
+    , m_documentController(new ZelObjectController(this))
 {
     setObjectName(QStringLiteral("inspector"));
     setLayout(new QVBoxLayout);
@@ -64,6 +65,8 @@ InspectorPanel::InspectorPanel(InspectorOwner *owner, Selection *selection, QUnd
     for (const QString &file : QDir(":/images").entryList({"*Template.png"}))
         ZelNamedImages::setImageForName(ZelNamedImages::templateImage(QIcon(":/images/" + file)), file.chopped(4));
     ZelWindow::attach(window, undoStack);
+    m_documentController->setSelectedObjects({m_owner->document()});
+    m_owner->setDocumentController(m_documentController);
     m_owner->setSelectionController(m_controller);
     connect(selection, &Selection::changed, this, &InspectorPanel::showSelection);
     showSelection();
@@ -73,6 +76,7 @@ InspectorPanel::~InspectorPanel()
 {
     clear();
     m_owner->setSelectionController(nullptr);
+    m_owner->setDocumentController(nullptr);
 }
 
 void InspectorPanel::load(const QString &folder)

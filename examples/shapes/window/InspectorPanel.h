@@ -37,6 +37,7 @@ private:
     InspectorOwner *m_owner;
     Selection *m_selection;
     ZelObjectController *m_controller;
+    ZelObjectController *m_documentController; // of the document alone
     QPointer<ZelTabbedInspector> m_inspector;
     QPointer<QWidget> m_content; // the inspector's view, or a message
     QUrl m_url;
