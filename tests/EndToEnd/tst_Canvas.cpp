@@ -292,6 +292,9 @@ void tst_Canvas::menusZoomAboutTheCentreAndFit()
     Program::settle();
     QCOMPARE(program.area().zoom(), 1.25 * 1.25);
     QVERIFY(QLineF(centre(), before).length() < 2);
+    // On most keyboards the plus sign is the equals sign's key with Shift.
+    QTest::keyClick(program.window.windowHandle(), Qt::Key_Equal, Qt::ControlModifier);
+    QCOMPARE(program.area().zoom(), 1.25 * 1.25 * 1.25);
     program.window.actions()[Actions::ActualSize]->trigger();
     QCOMPARE(program.area().zoom(), 1.0);
     program.window.actions()[Actions::ZoomToFit]->trigger();
@@ -332,6 +335,11 @@ void tst_Canvas::theCanvasTakesWhatTheWindowGrowsBy()
     program.window.resize(600, 500); // the canvas alone cannot give all of it
     QTRY_COMPARE(program.window.panes().sizes(), QList<int>({120, 200, 278}));
     QCOMPARE(program.inspector()->mapTo(&program.window, QPoint(program.inspector()->width(), 0)).x(), 600);
+    program.window.resize(600, 560);
+    Program::settle();
+    program.window.resize(program.window.size() + QSize(500, 0));
+    QTRY_COMPARE(program.window.panes().sizes()[2], before[2]);
+    QCOMPARE(program.window.panes().sizes()[0], before[0]);
 }
 
 void tst_Canvas::dividersKeepToTheLimitsOfTheInspector()

@@ -10,7 +10,7 @@ struct Row
 {
     const char *text;
     const char *image = nullptr;
-    QKeySequence shortcut = {};
+    QList<QKeySequence> shortcuts = {};
     bool checkable = false;
 };
 
@@ -18,34 +18,33 @@ struct Row
 const QList<Row> &rows()
 {
     static const QList<Row> table = {
-        {QT_TRANSLATE_NOOP("Actions", "Undo"), nullptr, QKeySequence::Undo},
-        {QT_TRANSLATE_NOOP("Actions", "Redo"), nullptr, QKeySequence::Redo},
-        {QT_TRANSLATE_NOOP("Actions", "D&uplicate"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_D)},
-        {QT_TRANSLATE_NOOP("Actions", "&Delete"), nullptr, QKeySequence::Delete},
-        {QT_TRANSLATE_NOOP("Actions", "Select &All"), nullptr, QKeySequence::SelectAll},
-        {QT_TRANSLATE_NOOP("Actions", "Select &None"), nullptr, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
+        {QT_TRANSLATE_NOOP("Actions", "Undo"), nullptr, {QKeySequence::Undo}},
+        {QT_TRANSLATE_NOOP("Actions", "Redo"), nullptr, {QKeySequence::Redo}},
+        {QT_TRANSLATE_NOOP("Actions", "D&uplicate"), nullptr, {Qt::CTRL | Qt::Key_D}},
+        {QT_TRANSLATE_NOOP("Actions", "&Delete"), nullptr, {QKeySequence::Delete}},
+        {QT_TRANSLATE_NOOP("Actions", "Select &All"), nullptr, {QKeySequence::SelectAll}},
+        {QT_TRANSLATE_NOOP("Actions", "Select &None"), nullptr, {Qt::CTRL | Qt::SHIFT | Qt::Key_A}},
         {QT_TRANSLATE_NOOP("Actions", "&Rectangle"), "RectangleTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Ellipse"), "EllipseTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Star"), "StarTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Polygon"), "PolygonTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Text"), "TextTemplate"},
-        {QT_TRANSLATE_NOOP("Actions", "&Raise"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
-        {QT_TRANSLATE_NOOP("Actions", "&Lower"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
-        {QT_TRANSLATE_NOOP("Actions", "Raise to &Top"), nullptr, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageUp)},
-        {QT_TRANSLATE_NOOP("Actions", "Lower to &Bottom"), nullptr,
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageDown)},
+        {QT_TRANSLATE_NOOP("Actions", "&Raise"), nullptr, {Qt::CTRL | Qt::Key_PageUp}},
+        {QT_TRANSLATE_NOOP("Actions", "&Lower"), nullptr, {Qt::CTRL | Qt::Key_PageDown}},
+        {QT_TRANSLATE_NOOP("Actions", "Raise to &Top"), nullptr, {Qt::CTRL | Qt::SHIFT | Qt::Key_PageUp}},
+        {QT_TRANSLATE_NOOP("Actions", "Lower to &Bottom"), nullptr, {Qt::CTRL | Qt::SHIFT | Qt::Key_PageDown}},
         {QT_TRANSLATE_NOOP("Actions", "Align Left"), "AlignLeftTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "Align Center"), "AlignCenterTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "Align Right"), "AlignRightTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "Align Top"), "AlignTopTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "Align Middle"), "AlignMiddleTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "Align Bottom"), "AlignBottomTemplate"},
-        {QT_TRANSLATE_NOOP("Actions", "Zoom &In"), nullptr, QKeySequence::ZoomIn},
-        {QT_TRANSLATE_NOOP("Actions", "Zoom &Out"), nullptr, QKeySequence::ZoomOut},
-        {QT_TRANSLATE_NOOP("Actions", "A&ctual Size"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_0)},
-        {QT_TRANSLATE_NOOP("Actions", "Zoom to &Fit"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_9)},
-        {QT_TRANSLATE_NOOP("Actions", "&Shapes"), nullptr, QKeySequence(Qt::Key_F8), true},
-        {QT_TRANSLATE_NOOP("Actions", "Ins&pector"), nullptr, QKeySequence(Qt::Key_F9), true},
+        {QT_TRANSLATE_NOOP("Actions", "Zoom &In"), nullptr, {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal}},
+        {QT_TRANSLATE_NOOP("Actions", "Zoom &Out"), nullptr, {QKeySequence::ZoomOut}},
+        {QT_TRANSLATE_NOOP("Actions", "A&ctual Size"), nullptr, {Qt::CTRL | Qt::Key_0}},
+        {QT_TRANSLATE_NOOP("Actions", "Zoom to &Fit"), nullptr, {Qt::CTRL | Qt::Key_9}},
+        {QT_TRANSLATE_NOOP("Actions", "&Shapes"), nullptr, {Qt::Key_F8}, true},
+        {QT_TRANSLATE_NOOP("Actions", "Ins&pector"), nullptr, {Qt::Key_F9}, true},
         {QT_TRANSLATE_NOOP("Actions", "&Dark Palette"), nullptr, {}, true},
         {"&English", nullptr, {}, true},
         {"&Deutsch", nullptr, {}, true},
@@ -60,7 +59,7 @@ Actions::Actions(QObject *parent)
     Q_ASSERT(rows().size() == Count);
     for (const Row &row : rows()) {
         auto *action = new QAction(this);
-        action->setShortcut(row.shortcut);
+        action->setShortcuts(row.shortcuts);
         action->setCheckable(row.checkable);
         m_actions.append(action);
     }

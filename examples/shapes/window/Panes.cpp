@@ -32,11 +32,17 @@ QString key(int pane, const char *what)
 } // namespace
 
 /// Where the splitter shrinks, its items give room by their priority, the list first. Here the canvas gives what it can
-/// before: the others may get no shorter than they are, until that does not do.
+/// before: the others get no shorter than the user made them, until that does not do. Since they begin with these
+/// widths each time, a window that grows again gives them back.
 class Panes::Delegate : public ZelPrioritySplitViewDelegate
 {
 public:
-    using ZelPrioritySplitViewDelegate::ZelPrioritySplitViewDelegate;
+    /// The widths that the user chose, of each pane.
+    Delegate(QSplitter *splitView, const int *widths)
+        : ZelPrioritySplitViewDelegate(splitView, splitView)
+        , m_widths(widths)
+    {
+    }
 
     void splitViewResizeSubviewsWithOldSize(QSplitter *splitView, const QSizeF &oldSize) override
     {
@@ -44,7 +50,7 @@ public:
             std::vector<std::unique_ptr<LengthKept>> kept;
             for (int i = 0; i < items().size(); ++i) {
                 if (i != Canvas && !isSubviewCollapsed(splitView->widget(i)))
-                    kept.push_back(std::make_unique<LengthKept>(items()[i], splitView->widget(i)->width()));
+                    kept.push_back(std::make_unique<LengthKept>(items()[i], m_widths[i]));
             }
             ZelPrioritySplitViewDelegate::splitViewResizeSubviewsWithOldSize(splitView, oldSize);
         }
@@ -68,10 +74,12 @@ private:
         ZelPrioritySplitViewItem *m_item;
         double m_minLength;
     };
+
+    const int *m_widths;
 };
 
 Panes::Panes(QWidget *list, QWidget *canvas, QWidget *inspector)
-    : m_delegate(new Delegate(this, this))
+    : m_delegate(new Delegate(this, m_widths))
 {
     QList<ZelPrioritySplitViewItem *> items;
     int least = 0;
@@ -102,8 +110,8 @@ void Panes::setPaneWidth(Pane pane, int width)
     item->setMinLength(qMin<double>(item->minLength(), width));
     item->setMaxLength(qMax<double>(item->maxLength(), width));
     setCollapsed(pane, false);
+    m_widths[pane] = width;
     if (!isVisible()) {
-        m_widths[pane] = width;
         resizeHiddenPanes();
         return;
     }
@@ -165,26 +173,21 @@ void Panes::paneMoved()
         widget(pane)->setEnabled(!collapsed);
         isChanged = true;
     }
+    // A pane that is opened takes its room by priority, from the other one beside the canvas. The canvas is to give it.
     if (isOpened)
-        keepWidths();
-    for (const Pane pane : {List, Canvas, Inspector}) {
-        if (!m_collapsed[pane])
-            m_widths[pane] = widget(pane)->width();
-    }
+        m_delegate->adjustSubviews();
+    noteWidths(isOpened);
     if (isChanged)
         Q_EMIT collapsedChanged();
 }
 
-/// A pane that is opened takes its room by priority, from the other one beside the canvas. The canvas is to give it.
-void Panes::keepWidths()
+void Panes::noteWidths(bool isOpened)
 {
-    QList<int> widths = sizes();
-    for (const Pane pane : {List, Inspector}) {
-        if (m_collapsed[pane])
-            continue;
-        widths[Canvas] += widths[pane] - m_widths[pane];
-        widths[pane] = m_widths[pane];
+    // In a window of the same width it is the user who has moved a divider.
+    const bool isMovedByUser = std::exchange(m_seenWidth, width()) == width() && !isOpened;
+    for (const Pane pane : {List, Canvas, Inspector}) {
+        const int width = widget(pane)->width();
+        if (!m_collapsed[pane] && std::exchange(m_seenWidths[pane], width) != width && isMovedByUser)
+            m_widths[pane] = width;
     }
-    if (widths[Canvas] >= LimitTable[Canvas].least)
-        setSizes(widths);
 }

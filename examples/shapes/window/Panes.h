@@ -6,7 +6,8 @@
 class QSettings;
 
 /// The list, the canvas and the inspector, side by side. The canvas gets what the window grows by, and gives what it
-/// shrinks by as long as it has room; the other two keep the width that the user gave them, and can be collapsed.
+/// shrinks by as long as it has room; the other two have the width that the user gave them, in a window that is too
+/// small for it less, and can be collapsed.
 class Panes : public ZelSplitView
 {
     Q_OBJECT
@@ -16,7 +17,7 @@ public:
     /// Takes the widgets over.
     Panes(QWidget *list, QWidget *canvas, QWidget *inspector);
 
-    /// The width in pixels, of a collapsed pane the one that it had last.
+    /// The width in pixels that the user gave the pane, which may be collapsed or have less just now.
     int paneWidth(Pane pane) const { return m_widths[pane]; }
     /// Opens the pane. A width beyond the pane's limits moves the limit.
     void setPaneWidth(Pane pane, int width);
@@ -37,10 +38,12 @@ private:
     class Delegate;
     void resizeHiddenPanes();
     void paneMoved();
-    void keepWidths();
+    void noteWidths(bool isOpened);
 
     Delegate *m_delegate;
     int m_widths[Count];
+    int m_seenWidths[Count] = {};
+    int m_seenWidth = 0;
     bool m_collapsed[Count] = {};
     bool m_hasMoved = false;
 };
