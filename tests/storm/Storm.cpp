@@ -51,7 +51,7 @@ const std::vector<Storm::Kind> &Storm::kinds()
         {"roundTrip", 0, true, &Storm::roundTrip},
         {"tab", 8, true, &Storm::tab},
         {"scroll", 4, true, &Storm::scroll},
-        {"reparent", 2, true, &Storm::reparent},
+        {"reparent", 2, false, &Storm::reparent},
         {"showOrHide", 2, true, &Storm::showOrHide},
         {"rekey", 4, false, &Storm::rekey},
         {"enable", 4, true, &Storm::enable},
@@ -115,6 +115,9 @@ bool Storm::run(const Steps &steps)
         asApplication([&] { (this->*kinds().at(size_t(step.kind)).perform)(step); });
         if (step.c % 4 == 0)
             asApplication([] { QCoreApplication::processEvents(); });
+        if (traces)
+            std::fprintf(stderr, "%d %s: %s, %d of %d commands\n", i, step.toText().constData(), progress.detail,
+                         stack() ? stack()->index() : 0, stack() ? stack()->count() : 0);
     }
     progress.faults = Fault::thrown;
     return !progress.hasFinding();

@@ -37,6 +37,7 @@ public:
     ~Storm();
     /// False where something was found.
     bool run(const Steps &steps);
+    inline static bool traces = false; ///< whether every step is written to the standard error stream
 
 private:
     // What the user does

@@ -231,13 +231,17 @@ void Storm::type(const Step &step)
 /// Uses a control of an editor as a person does.
 void Storm::edit(const Step &step)
 {
-    ZelInspectorProperty *editor = anyEditor(step.a * 64);
-    if (!editor)
-        return;
-    QList<QWidget *> controls = editor->view()->findChildren<QWidget *>();
-    controls.removeIf([](const QWidget *control) {
-        return !control->isVisible() || !control->isEnabled() || control->focusPolicy() == Qt::NoFocus;
-    });
+    ZelInspectorProperty *editor = nullptr;
+    QList<QWidget *> controls;
+    for (quint32 i = 0; i < 20 && controls.isEmpty(); ++i) { // with most selections, some editors are disabled
+        editor = anyEditor(step.a + i * 640);
+        if (!editor)
+            return;
+        controls = editor->view()->findChildren<QWidget *>();
+        controls.removeIf([](const QWidget *control) {
+            return !control->isVisible() || !control->isEnabled() || control->focusPolicy() == Qt::NoFocus;
+        });
+    }
     if (controls.isEmpty())
         return;
     const QPointer<QWidget> control = controls.at(int(step.b % quint32(controls.size())));

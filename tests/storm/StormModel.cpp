@@ -53,6 +53,8 @@ void Storm::select(const Step &step)
         objects.mid(first, count) + objects.mid(0, std::min(first, std::max(0, count - int(objects.size()) + first)));
     if (step.c % 3 == 0)
         objects.removeIf([](const QObject *object) { return !qobject_cast<const Sheet *>(object); });
+    else if (step.c % 3 == 1)
+        objects.removeIf([](const QObject *object) { return qobject_cast<const Locked *>(object) != nullptr; });
     sheets()->setSelectedObjects(objects);
 }
 

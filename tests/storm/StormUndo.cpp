@@ -3,10 +3,13 @@
 #include "Storm.h"
 
 #include "Input.h"
+#include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
 #include "Platform/Selection/ZelUndoManager.h"
 #include "Progress.h"
+#include "ViewController/ZelView.h"
 
+#include <QLayout>
 #include <QMetaProperty>
 
 namespace {
@@ -117,8 +120,15 @@ void Storm::baseline(const Step &)
     if (!m_owner) {
         makeOwner();
         makeInspector();
-        settle();
     }
+    m_owner->unlocked = true;
+    Q_EMIT m_owner->changed();
+    if (m_inspector)
+        m_window->layout()->addWidget(m_inspector->view());
+    m_window->setEnabled(true);
+    m_window->show();
+    m_window->activateWindow();
+    settle();
     stack()->clear();
     m_baseObjects.clear();
     m_base.clear();

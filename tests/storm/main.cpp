@@ -52,6 +52,8 @@ bool run(const QByteArray &name, const Steps &steps, const Options &options)
             std::printf("%s: %d steps, %d editors compared, %d commands undone and redone, %d faults, %.2f s\n",
                         name.constData(), int(steps.size()), outcome.checks, outcome.roundTrips, outcome.faults,
                         seconds.count());
+        if (Storm::traces)
+            std::printf("%s", outcome.output.constData());
         std::fflush(stdout);
         return true;
     }
@@ -83,12 +85,14 @@ int main(int argc, char *argv[])
                        {"without", "Kinds of steps that are left out", "names"},
                        {"patience", "Seconds after which a step hangs", "S", "60"},
                        {"shrink", "Looks for a short list of steps that fails in the same way"},
+                       {"trace", "Says what every step does"},
                        {"quiet", "Only says what was found"}});
     if (!parser.parse(arguments)) {
         std::fprintf(stderr, "%s\n%s", qPrintable(parser.errorText()), qPrintable(parser.helpText()));
         return 2;
     }
     const Options options{parser.isSet("quiet"), parser.isSet("shrink")};
+    Storm::traces = parser.isSet("trace");
     Run::patience = parser.value("patience").toInt();
     try {
         if (parser.isSet("steps-file"))
