@@ -5,6 +5,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -72,15 +73,16 @@ ZelMenuItem *ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
 /// The tail of the menu survives rebuilds; what of it is shown follows the value.
 void ZelInspectorTextEnumerationProperty::addFixedItems()
 {
-    const auto make = [this](const char *key) {
-        auto *item = new ZelMenuItem(ZelLocalizedString(QString::fromLatin1(key)), this);
+    const auto make = [this](ZelControllerMarker marker) {
+        const QVariant value = QVariant::fromValue(marker);
+        auto *item = new ZelMenuItem(ZelControlSupport::markerText(value), {}, value, this);
         item->setEnabled(false);
         return item;
     };
     if (!m_separatorItem) {
         m_separatorItem = ZelMenuItem::separatorItem(this);
-        m_noSelectionItem = make("No Selection");
-        m_multipleValuesItem = make("Multiple Values");
+        m_noSelectionItem = make(ZelNoSelectionMarker);
+        m_multipleValuesItem = make(ZelMultipleValuesMarker);
     }
     m_items << m_separatorItem << m_noSelectionItem << m_multipleValuesItem;
 }

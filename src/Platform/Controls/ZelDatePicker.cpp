@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelDatePicker.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QKeyEvent>
@@ -118,7 +119,7 @@ void ZelDatePicker::updateColors()
     QPalette colors;
     colors.setResolveMask(0);
     if (m_showsNone)
-        colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+        colors.setColor(QPalette::Text, ZelThemeColor::dimmed(palette()));
     if (m_showsNone || lineEdit()->testAttribute(Qt::WA_SetPalette))
         lineEdit()->setPalette(colors);
 }

@@ -6,6 +6,7 @@
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpMenu.h"
 #include "Platform/Controls/ZelTextWidth.h"
+#include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QActionEvent>
@@ -386,13 +387,14 @@ void ZelPopUpButton::paintEvent(QPaintEvent *)
     initStyleOption(&option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     int width = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
-    if (const QAction *item = shownItem()) {
+    const QAction *item = shownItem();
+    if (item && !ZelIsControllerMarker(item->data())) {
         option.currentIcon = item->icon();
         if (!option.currentIcon.isNull())
             width -= option.iconSize.width() + 4;
     } else {
         // Dimmed once: there is no value, whether or not there might be one.
-        const QColor dimmed = option.palette.color(QPalette::Active, QPalette::PlaceholderText);
+        const QColor dimmed = ZelThemeColor::dimmed(option.palette);
         option.palette.setColor(QPalette::ButtonText, dimmed);
         option.palette.setColor(QPalette::Text, dimmed);
     }

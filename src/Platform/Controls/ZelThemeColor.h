@@ -16,4 +16,11 @@ public:
     static QColor adapted(const QColor &lightThemeColor, const QPalette &palette);
     /// The colour of texts that cannot be taken, legible on the palette's Base.
     static QColor error(const QPalette &palette);
+    /// The colour of texts that are no values but stand for some, such as "Multiple Values", and of what cannot be
+    /// edited: as faint as the palette's placeholders, as far as it is legible.
+    static QColor dimmed(const QPalette &palette);
+    /// The colour, or one that is nearer to the palette's text, so that it can be read on fields, buttons and windows.
+    static QColor legible(const QColor &color, const QPalette &palette);
+    /// The contrast of two opaque colours, from 1 to 21; texts of any size can be read from 4.5 on.
+    static double contrast(const QColor &a, const QColor &b);
 };
