@@ -3,6 +3,7 @@
 
 #include "Controls/ZelToken.h"
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelErrorNote.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -197,6 +198,7 @@ void ZelGrowingTokenField::setError(const QString &error)
     if (!error.isEmpty())
         colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
     m_input->setPalette(colors);
+    ZelErrorNote::show(&m_errorNote, this, error);
     update();
 }
 
@@ -290,7 +292,8 @@ void ZelGrowingTokenField::selectNeighbour(int step)
 
 void ZelGrowingTokenField::typed(const QString &text)
 {
-    setError({});
+    if (QVariantList values; !m_error.isEmpty() && !parsePieces(text, &values))
+        return; // what was refused is watched until it is mended
     const auto isSeparator = [this](QChar c) { return m_tokenizingCharacters.contains(c); };
     const auto last = std::find_if(text.rbegin(), text.rend(), isSeparator);
     if (last == text.rend())

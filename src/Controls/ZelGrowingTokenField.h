@@ -10,13 +10,14 @@
 
 class QLineEdit;
 class QStyleOptionFrame;
+class ZelErrorNote;
 class ZelToken;
 
 /// A field for a list of values, each shown as a token, that is as high as its tokens need.
 ///
 /// What is typed becomes a token with Return, with one of the tokenizing characters, and when the field or its window
 /// loses the focus; the typing in a field that is itself deleted is lost. A text that the formatter cannot parse stays,
-/// in the error colour with the reason as tool tip; Escape discards it. The arrow keys go from the text to the tokens
+/// in the error colour with the reason beside it; Escape discards it. The arrow keys go from the text to the tokens
 /// and between them; Backspace before a text selects the last token. A selected token is removed with Backspace or
 /// Delete, and turned into text again with Return, F2 or a double click; typing goes on in the text.
 ///
@@ -120,6 +121,7 @@ private:
     ZelFieldContent m_content;
     QString m_tokenizingCharacters = QStringLiteral(",");
     QString m_error;
+    QPointer<ZelErrorNote> m_errorNote;
     bool m_editable = true;
     bool m_settlesSoon = false; // what was typed is in the value, and not yet in the tokens
 };

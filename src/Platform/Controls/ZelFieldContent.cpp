@@ -26,13 +26,13 @@ QString ZelFieldContent::placeholder() const
 
 bool ZelFieldContent::parse(const QString &text, QVariant *result, QString *error) const
 {
-    if (formatter) {
-        if (formatter->objectValueForString(text, result, error))
-            return true;
+    if (!formatter) {
+        *result = text.isEmpty() ? QVariant() : QVariant(text);
+    } else if (!formatter->objectValueForString(text, result, error)) {
         if (error->isEmpty())
             *error = ZelLocalizedString(QStringLiteral("This is not a value."));
         return false;
     }
-    *result = text.isEmpty() ? QVariant() : QVariant(text);
-    return true;
+    *error = check ? check(*result) : QString();
+    return error->isEmpty();
 }

@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelGrowingTextField.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelErrorNote.h"
 #include "Platform/Controls/ZelGrowingTextEditor.h"
 #include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Controls/ZelThemeColor.h"
@@ -182,14 +183,25 @@ void ZelGrowingTextField::setError(const QString &error)
     setAccessibleDescription(error);
     if (m_editor)
         m_editor->setTextColor(textColor());
+    ZelErrorNote::show(&m_errorNote, this, error);
     update();
+}
+
+/// What was refused is watched until it is mended.
+void ZelGrowingTextField::checkAgain()
+{
+    QVariant value;
+    QString error;
+    if (!m_error.isEmpty() && isEditing())
+        m_content.parse(text(), &value, &error);
+    setError(error);
 }
 
 QColor ZelGrowingTextField::textColor() const
 {
     if (!m_error.isEmpty())
         return ZelThemeColor::error(palette());
-    return palette().color(m_labelStyle ? QPalette::PlaceholderText : QPalette::Text);
+    return m_labelStyle ? ZelThemeColor::dimmed(palette()) : palette().color(QPalette::Text);
 }
 
 void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
@@ -199,7 +211,7 @@ void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
     m_editor = new ZelGrowingTextEditor(this);
     m_editor->setReadOnly(!m_editable);
     m_editor->setTextColor(textColor());
-    m_editor->setGeometry(contentRect());
+    m_editor->setGeometry(editorGeometry());
     if (keepsTyping)
         m_editor->setPlainText(typed);
     else
@@ -228,7 +240,7 @@ void ZelGrowingTextField::closeEditor()
 
 void ZelGrowingTextField::editorTextChanged()
 {
-    setError({});
+    checkAgain();
     textMayNeedHeight();
 }
 
@@ -388,6 +400,12 @@ QRect ZelGrowingTextField::contentRect() const
     return rect().marginsRemoved(contentMargins());
 }
 
+/// A pixel higher than the text: an editor that the text just fills scrolls by a line.
+QRect ZelGrowingTextField::editorGeometry() const
+{
+    return contentRect().adjusted(0, 0, 0, 1);
+}
+
 double ZelGrowingTextField::baselineOffset() const
 {
     return contentMargins().top() + fontMetrics().ascent();
@@ -449,7 +467,7 @@ void ZelGrowingTextField::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     if (m_editor)
-        m_editor->setGeometry(contentRect());
+        m_editor->setGeometry(editorGeometry());
 }
 
 void ZelGrowingTextField::paintEvent(QPaintEvent *)
@@ -477,7 +495,7 @@ void ZelGrowingTextField::paintText(QPainter *painter) const
     const QString string = empty ? m_content.placeholder() : m_text;
     if (string.isEmpty())
         return;
-    painter->setPen(empty ? palette().color(QPalette::PlaceholderText) : textColor());
+    painter->setPen(empty ? ZelThemeColor::dimmed(palette()) : textColor());
     QTextLayout layout(withLineSeparators(string), font());
     layOut(&layout, area.width());
     const int lines = std::clamp(int(area.height() / layout.lineAt(0).height() + 0.01), 1, layout.lineCount());

@@ -10,6 +10,7 @@
 #include <optional>
 
 class QStyleOptionFrame;
+class ZelErrorNote;
 class ZelGrowingTextEditor;
 
 /// A text field that wraps its text and is as high as the text needs.
@@ -35,6 +36,9 @@ public:
     void setObjectValue(const QVariant &value);
     const ZelFormatter::Ptr &formatter() const { return m_content.formatter; }
     void setFormatter(const ZelFormatter::Ptr &formatter);
+    /// Asked for every value that a text means before it is taken, such as for the limits of what the model can hold. A
+    /// value that it refuses is a text that cannot be taken; the reason that it gives is shown. None unless set.
+    void setValueCheck(const ZelValueCheck &check) { m_content.check = check; }
 
     /// The text in the field, typing included.
     QString text() const;
@@ -87,6 +91,7 @@ private:
     void initStyleOption(QStyleOptionFrame *option) const;
     QMargins contentMargins() const;
     QRect contentRect() const;
+    QRect editorGeometry() const;
     QColor textColor() const;
     void openEditor(Qt::FocusReason reason);
     void closeEditor();
@@ -97,6 +102,7 @@ private:
     void forwardToEditor(QMouseEvent *event);
     void showValue();
     void setError(const QString &error);
+    void checkAgain();
     void forgetMeasures();
     void textMayNeedHeight();
     void paintText(QPainter *painter) const;
@@ -105,6 +111,7 @@ private:
     QString m_text; // what stands in the field while no editor does
     QString m_shownText;
     QString m_error;
+    QPointer<ZelErrorNote> m_errorNote;
     QPointer<ZelGrowingTextEditor> m_editor;
     bool m_editable = true;
     bool m_labelStyle = false;

@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelErrorNote.h"
 #include "Platform/Controls/ZelTextWidth.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -158,9 +159,20 @@ void ZelTextField::setError(const QString &error)
     setAccessibleDescription(error);
     disconnect(m_errorConnection);
     if (!error.isEmpty())
-        m_errorConnection = connect(this, &QLineEdit::textEdited, this, [this] { setError({}); });
+        m_errorConnection = connect(this, &QLineEdit::textEdited, this, &ZelTextField::checkAgain);
+    ZelErrorNote::show(&m_errorNote, this, error);
     updateColors();
     update();
+}
+
+/// What was refused is watched until it is mended.
+void ZelTextField::checkAgain()
+{
+    QVariant value;
+    QString error;
+    if (isEditing())
+        m_content.parse(text(), &value, &error);
+    setError(error);
 }
 
 void ZelTextField::updateColors()
@@ -169,17 +181,20 @@ void ZelTextField::updateColors()
         return;
     const QScopedValueRollback updating(m_updatingColors, true);
     setPalette(QPalette());
-    if (m_error.isEmpty() && !m_labelStyle && !m_dimmed)
+    const bool isPlain = m_error.isEmpty() && !m_labelStyle && !m_dimmed;
+    if (isPlain && !hasFocus()) // a placeholder is painted here then
         return;
     QPalette colors;
     colors.setResolveMask(0);
+    const QColor dimmed = ZelThemeColor::dimmed(palette());
+    colors.setColor(QPalette::PlaceholderText, dimmed);
     if (m_labelStyle)
         colors.setColor(QPalette::Base, Qt::transparent);
     if (m_labelStyle)
-        colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+        colors.setColor(QPalette::Text, dimmed);
     for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         if (m_dimmed) // as what is disabled is anyway
-            colors.setColor(group, QPalette::Text, palette().color(group, QPalette::PlaceholderText));
+            colors.setColor(group, QPalette::Text, dimmed);
     }
     if (!m_error.isEmpty())
         colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
@@ -248,7 +263,7 @@ void ZelTextField::changeEvent(QEvent *event)
         m_measuredText = QString();
         break;
     case QEvent::PaletteChange:
-        if (m_labelStyle || m_dimmed || !m_error.isEmpty())
+        if (testAttribute(Qt::WA_SetPalette))
             updateColors();
         break;
     case QEvent::EnabledChange:
@@ -272,6 +287,7 @@ void ZelTextField::focusInEvent(QFocusEvent *event)
 {
     if (!isEditing())
         showValue();
+    updateColors();
     QLineEdit::focusInEvent(event);
 }
 
@@ -282,8 +298,10 @@ void ZelTextField::focusOutEvent(QFocusEvent *event)
     const QPointer<ZelTextField> guard(this);
     if (!ownPopup)
         commitEditing();
-    if (guard)
-        QLineEdit::focusOutEvent(event);
+    if (!guard)
+        return;
+    updateColors();
+    QLineEdit::focusOutEvent(event);
 }
 
 void ZelTextField::keyPressEvent(QKeyEvent *event)
@@ -331,8 +349,9 @@ void ZelTextField::paintEvent(QPaintEvent *event)
     const bool own = !hasFocus() && !hasSelectedText() && echoMode() == Normal && actions().isEmpty();
     const ZelFormatter::Range unit =
         own && m_content.formatter && !isEditing() ? m_content.formatter->unitRange(text()) : ZelFormatter::Range();
-    if (own && !text().isEmpty() && (unit.length > 0 || !elidedWhole().isNull()))
-        paintText(unit);
+    const bool isPlaceholder = own && text().isEmpty() && !placeholderText().isEmpty();
+    if (isPlaceholder || (own && !text().isEmpty() && (unit.length > 0 || !elidedWhole().isNull())))
+        paintText(isPlaceholder ? placeholderText() : displayText(), unit, isPlaceholder);
     else
         QLineEdit::paintEvent(event);
     if (!m_error.isEmpty() && !m_labelStyle) {
@@ -343,8 +362,8 @@ void ZelTextField::paintEvent(QPaintEvent *event)
     }
 }
 
-/// What a line edit paints, but elided at the tail and with a dimmed unit.
-void ZelTextField::paintText(ZelFormatter::Range unit)
+/// What a line edit paints, but elided at the tail, and units and placeholders in a colour that can be read.
+void ZelTextField::paintText(const QString &string, ZelFormatter::Range unit, bool isPlaceholder)
 {
     QPainter painter(this);
     QStyleOptionFrame panel;
@@ -352,20 +371,21 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
     style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
 
     const QRect area = textRect();
-    const QString shown = fontMetrics().elidedText(displayText(), Qt::ElideRight, area.width());
+    const QString shown = fontMetrics().elidedText(string, Qt::ElideRight, area.width());
     // The text's own direction, whatever the window's: a minus sign or a unit stays on its side of the number.
-    const Qt::LayoutDirection direction = displayText().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    const Qt::LayoutDirection direction = string.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     QTextLayout layout(shown, font());
     if (unit.length > 0) {
         QTextLayout::FormatRange dimmed;
         dimmed.start = int(unit.start);
         dimmed.length = int(std::min(unit.length, shown.size() - unit.start));
-        dimmed.format.setForeground(palette().color(QPalette::Disabled, QPalette::Text));
+        const QColor unitColor = palette().color(QPalette::Disabled, QPalette::Text);
+        dimmed.format.setForeground(ZelThemeColor::legible(unitColor, palette()));
         if (dimmed.length > 0)
             layout.setFormats({dimmed});
     }
     const QTextLine line = layOut(layout, direction, std::max(1, area.width() + 1));
-    QTextLayout whole(displayText(), font());
+    QTextLayout whole(string, font());
     const QTextLine wholeLine = layOut(whole, direction, QWIDGETSIZE_MAX);
 
     // To the pixel where a line edit puts it, which keeps room for a cursor: nothing moves when the focus comes.
@@ -381,7 +401,7 @@ void ZelTextField::paintText(ZelFormatter::Range unit)
         x -= line.naturalTextRect().x();
     const int height = std::max(fontMetrics().height(), qRound(wholeLine.ascent() + wholeLine.descent()));
     const int top = area.y() + (area.height() - height + 1) / 2 + fontMetrics().ascent() - qRound(wholeLine.ascent());
-    painter.setPen(palette().color(QPalette::Text));
+    painter.setPen(isPlaceholder ? ZelThemeColor::dimmed(palette()) : palette().color(QPalette::Text));
     painter.setClipRect(area);
     layout.draw(&painter, QPointF(x, top + wholeLine.ascent() - line.ascent()));
 }

@@ -5,12 +5,15 @@
 #include "Platform/Controls/ZelFieldContent.h"
 
 #include <QLineEdit>
+#include <QPointer>
+
+class ZelErrorNote;
 
 /// A line edit that shows a value through a formatter.
 ///
 /// While it has the focus it shows the formatter's editing text. Return and the loss of the focus commit: the text is
 /// parsed, stored and reported, unless it is the one that was shown. A text that cannot be parsed never leaves the
-/// field: it stays, in the error colour with the reason as tool tip, until it is corrected, Escape discards it, or
+/// field: it stays, in the error colour with the reason beside it, until it is corrected, Escape discards it, or
 /// another value arrives when the focus has gone. A value that arrives while the user is typing is stored but not shown
 /// before the typing is committed or discarded.
 /// Selection markers and absent values are shown as placeholders.
@@ -32,6 +35,9 @@ public:
     const ZelFormatter::Ptr &formatter() const { return m_content.formatter; }
     /// Shows the value anew, also when the formatter is the same.
     void setFormatter(const ZelFormatter::Ptr &formatter);
+    /// Asked for every value that a text means before it is taken, such as for the limits of what the model can hold. A
+    /// value that it refuses is a text that cannot be taken; the reason that it gives is shown. None unless set.
+    void setValueCheck(const ZelValueCheck &check) { m_content.check = check; }
 
     /// The text shown for an absent value; null.
     QString nullPlaceholder() const { return m_content.nullPlaceholder; }
@@ -81,16 +87,18 @@ private:
     void showValue();
     void showText(const QString &text);
     void setError(const QString &error);
+    void checkAgain();
     void updateColors();
     bool reservesShortcut(QKeyEvent *event) const;
     QRect textRect() const;
     QString elidedWhole() const;
-    void paintText(ZelFormatter::Range unit);
+    void paintText(const QString &string, ZelFormatter::Range unit, bool isPlaceholder);
 
     ZelFieldContent m_content;
     QString m_shownText;
     QString m_error;
     QMetaObject::Connection m_errorConnection;
+    QPointer<ZelErrorNote> m_errorNote;
     mutable QSize m_sizeHint;
     mutable QSize m_minimumSizeHint;
     mutable QString m_measuredText;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelErrorNote.h"
 #include "Platform/Controls/ZelNumberFormatter.h"
 #include "Platform/Controls/ZelTextField.h"
 #include "Platform/Controls/ZelThemeColor.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void unchangedTextIsSilent();
     void escapeDiscards();
     void textThatIsNoValueStays();
+    void checkRefusesValues();
     void valueArrivingWhileTypingIsKeptAside();
     void programmaticChangesAreNotReported();
     void losingEditabilityDiscards();
@@ -194,11 +196,21 @@ void tst_ZelTextField::textThatIsNoValueStays()
     QCOMPARE(panel.control->text(), QStringLiteral("abc"));
     QCOMPARE(panel.log, QStringList());
 
-    // Typing on takes the error away, Escape the text.
+    // The reason stands beside the field until the text is mended; Escape takes both away.
+    const QPointer<ZelErrorNote> note = panel.findChild<ZelErrorNote *>();
+    QVERIFY(note && note->isVisible());
+    QCOMPARE(note->text(), panel.control->errorText());
+    QVERIFY(panel.rect().contains(note->geometry()) && !note->geometry().intersects(panel.control->geometry()));
     panel.control->setFocus(Qt::OtherFocusReason);
     QCOMPARE(panel.control->text(), QStringLiteral("abc"));
     QTest::keyClick(panel.control, Qt::Key_Backspace);
+    QVERIFY(!panel.control->errorText().isEmpty());
+    QTest::keyClick(panel.control, Qt::Key_Home);
+    QTest::keyClick(panel.control, Qt::Key_Delete);
+    QTest::keyClick(panel.control, Qt::Key_Delete);
+    QTest::keyClicks(panel.control, QStringLiteral("5"));
     QVERIFY(panel.control->errorText().isEmpty());
+    QVERIFY(!note);
     QCOMPARE(panel.control->palette().color(QPalette::Text), plain.color(QPalette::Text));
     QTest::keyClick(panel.control, Qt::Key_Escape);
     QCOMPARE(panel.control->text(), QStringLiteral("3"));
@@ -211,6 +223,24 @@ void tst_ZelTextField::textThatIsNoValueStays()
     panel.control->setObjectValue(4);
     QCOMPARE(panel.control->text(), QStringLiteral("4 m"));
     QVERIFY(panel.control->errorText().isEmpty());
+}
+
+void tst_ZelTextField::checkRefusesValues()
+{
+    Panel panel;
+    panel.control->setFormatter(std::make_shared<MetreFormatter>());
+    panel.control->setObjectValue(3);
+    const QString reason = QStringLiteral("Too much.");
+    panel.control->setValueCheck([&](const QVariant &value) { return value.toInt() > 10 ? reason : QString(); });
+    panel.control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel.control, QStringLiteral("11"));
+    panel.other->setFocus();
+    QCOMPARE(panel.log, QStringList());
+    QCOMPARE(panel.control->errorText(), reason);
+    QCOMPARE(panel.control->objectValue(), QVariant(3));
+    panel.control->setFocus(Qt::OtherFocusReason);
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QStringLiteral("3"));
 }
 
 void tst_ZelTextField::valueArrivingWhileTypingIsKeptAside()
@@ -300,21 +330,21 @@ void tst_ZelTextField::longTextsAreElidedAndUnitsDimmed()
     ZelTextField field(&parent);
     QPalette colors = field.palette();
     colors.setColor(QPalette::Text, Qt::blue);
-    colors.setColor(QPalette::Disabled, QPalette::Text, Qt::red);
+    colors.setColor(QPalette::Disabled, QPalette::Text, Qt::darkRed);
     colors.setColor(QPalette::Base, Qt::white);
     parent.setPalette(colors);
     parent.setFont(QFont(QStringLiteral("DejaVu Sans"), 40));
     field.setFormatter(std::make_shared<MetreFormatter>());
     field.setObjectValue(88);
     field.resize(400, 100);
-    const int unit = pixelsOf(&field, Qt::red);
+    const int unit = pixelsOf(&field, Qt::darkRed);
     const int number = pixelsOf(&field, Qt::blue);
     QVERIFY2(unit > 50 && number > 50, qPrintable(QStringLiteral("%1 %2").arg(unit).arg(number)));
 
     // Too narrow for both: the number's start is what remains.
     field.setObjectValue(8888);
     field.resize(120, 100);
-    QCOMPARE(pixelsOf(&field, Qt::red), 0);
+    QCOMPARE(pixelsOf(&field, Qt::darkRed), 0);
     QVERIFY(pixelsOf(&field, Qt::blue) > 50);
     field.setLayoutDirection(Qt::RightToLeft);
     QVERIFY(pixelsOf(&field, Qt::blue) > 50);

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Controls/ZelErrorNote.h"
+
+#include "Platform/Controls/ZelThemeColor.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace {
+
+constexpr int s_distance = 2;
+constexpr int s_margin = 4; // within the note, and to the edges of the window
+
+QRect inWindow(const QWidget *widget)
+{
+    return QRect(widget->mapTo(widget->window(), QPoint()), widget->size());
+}
+
+} // namespace
+
+void ZelErrorNote::show(QPointer<ZelErrorNote> *note, QWidget *field, const QString &text)
+{
+    if (text.isEmpty()) {
+        delete *note;
+        return;
+    }
+    if (!*note)
+        *note = new ZelErrorNote(field);
+    (*note)->setText(text);
+    (*note)->place();
+}
+
+ZelErrorNote::ZelErrorNote(QWidget *field)
+    : m_field(field)
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setMargin(s_margin);
+    setAutoFillBackground(true);
+    setPalette(QToolTip::palette());
+    setFont(field->font());
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(field, &QObject::destroyed, this, &QObject::deleteLater);
+    connect(qApp, &QApplication::focusChanged, this, &ZelErrorNote::place);
+    attach();
+}
+
+/// Looks anew for what the field lies in.
+void ZelErrorNote::attach()
+{
+    for (QWidget *widget : std::as_const(m_watched)) {
+        if (widget)
+            widget->removeEventFilter(this);
+    }
+    m_watched.clear();
+    setParent(m_field->window());
+    for (QWidget *widget = m_field; widget; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+        widget->installEventFilter(this);
+        m_watched.append(widget);
+    }
+}
+
+bool ZelErrorNote::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ParentChange:
+        if (m_field)
+            attach();
+        Q_FALLTHROUGH();
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide:
+        place();
+        break;
+    default:
+        break;
+    }
+    return QLabel::eventFilter(watched, event);
+}
+
+void ZelErrorNote::place()
+{
+    if (!m_field || !m_field->isVisible() || m_field->visibleRegion().isEmpty()) {
+        hide();
+        return;
+    }
+    const QSize room = window()->size() - QSize(2 * s_margin, 2 * s_margin);
+    const QRect field = inWindow(m_field);
+    const int natural = fontMetrics().horizontalAdvance(text()) + 2 * s_margin + 2;
+    const int width = std::max(1, std::min(natural, room.width()));
+    QRect place(field.left(), field.bottom() + 1 + s_distance, width, heightForWidth(width));
+    if (m_field->layoutDirection() == Qt::RightToLeft)
+        place.moveRight(field.right());
+    place.moveLeft(std::max(s_margin, std::min(place.left(), s_margin + room.width() - width)));
+    const QWidget *focus = QApplication::focusWidget();
+    const bool coversFocus = focus && focus != m_field && !m_field->isAncestorOf(focus) && !focus->isWindow() &&
+                             focus->window() == window() && inWindow(focus).intersects(place);
+    if (coversFocus || place.bottom() >= window()->height())
+        place.moveBottom(std::max(place.height(), field.top()) - 1 - s_distance);
+    setGeometry(place);
+    setVisible(true);
+    raise();
+}
+
+void ZelErrorNote::paintEvent(QPaintEvent *event)
+{
+    QLabel::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(ZelThemeColor::error(palette()));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
