@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelGrowingTextEditor.h"
 
 #include "Platform/Controls/ZelGrowingTextField.h"
+#include "Platform/Controls/ZelThemeColor.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -33,6 +34,7 @@ void ZelGrowingTextEditor::setTextColor(const QColor &color)
     QPalette colors;
     colors.setResolveMask(0);
     colors.setColor(QPalette::Text, color);
+    colors.setColor(QPalette::PlaceholderText, ZelThemeColor::dimmed(m_field->palette()));
     setPalette(colors);
 }
 
@@ -58,11 +60,31 @@ bool ZelGrowingTextEditor::event(QEvent *event)
     return QPlainTextEdit::event(event);
 }
 
+/// The mouse's events end here, as in a line edit, whether or not the text has a use for them: the field that they
+/// would come to next hands those that it gets to the editor.
+bool ZelGrowingTextEditor::viewportEvent(QEvent *event)
+{
+    const bool handled = QPlainTextEdit::viewportEvent(event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+    case QEvent::ContextMenu:
+        event->accept();
+        return true;
+    default:
+        return handled;
+    }
+}
+
 void ZelGrowingTextEditor::focusOutEvent(QFocusEvent *event)
 {
     QPlainTextEdit::focusOutEvent(event);
     const QWidget *popup = QApplication::activePopupWidget();
-    if (event->reason() == Qt::PopupFocusReason && popup && popup->parentWidget() == this)
+    const QWidget *opener = popup ? popup->parentWidget() : nullptr;
+    const bool isOwnMenu = opener == this || (opener && isAncestorOf(opener));
+    if (event->reason() == Qt::PopupFocusReason && isOwnMenu)
         return;
     // The window gives the focus back to the same widget when it is active again.
     const bool stays = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void growsWhileTyping();
     void hasAnEditorWhileFocused();
     void clickPlacesTheCursor();
+    void contextMenuLeavesTheTyping();
     void tabGoesThrough();
     void returnCommitsAndModifiedReturnBreaksTheLine();
     void escapeDiscards();
@@ -141,6 +142,20 @@ void tst_ZelGrowingTextField::clickPlacesTheCursor()
     QVERIFY(editorOf(panel.control));
     QTest::keyClicks(keys(), QStringLiteral("i"));
     QCOMPARE(panel.control->text(), QStringLiteral("WWiWW"));
+}
+
+void tst_ZelGrowingTextField::contextMenuLeavesTheTyping()
+{
+    Panel panel;
+    panel.control->setFocus();
+    QTest::keyClicks(keys(), QStringLiteral("typed"));
+    QTest::mouseClick(panel.windowHandle(), Qt::RightButton, {}, panel.control->geometry().center());
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    QCOMPARE(panel.log, QStringList());
+    QApplication::activePopupWidget()->close();
+    QTRY_COMPARE(keys(), editorOf(panel.control));
+    QTest::keyClick(keys(), Qt::Key_Escape);
+    QCOMPARE(panel.control->text(), QString());
 }
 
 void tst_ZelGrowingTextField::tabGoesThrough()
@@ -263,10 +278,20 @@ void tst_ZelGrowingTextField::mayDieWhenItReports()
 void tst_ZelGrowingTextField::scrollsThePaneUnderTheWheel()
 {
     Panel panel;
-    panel.control->setObjectValue(longText);
+    panel.control->setObjectValue(longText); // in several lines
+    panel.resize(200, 200);
     QVERIFY(!panel.wheel(-120));
     panel.control->setFocus();
-    QVERIFY(!panel.wheel(-120));
+    QWidget *viewport = editorOf(panel.control)->viewport();
+    for (const int angle : {-120, 120}) {
+        const QPointF place = QRectF(viewport->rect()).center();
+        QWheelEvent event(place, viewport->mapToGlobal(place), QPoint(), QPoint(0, angle), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        event.setAccepted(false);
+        QCoreApplication::sendEvent(viewport, &event);
+        QVERIFY(!event.isAccepted());
+        QCOMPARE(editorOf(panel.control)->verticalScrollBar()->value(), 0);
+    }
 }
 
 QTEST_MAIN(tst_ZelGrowingTextField)

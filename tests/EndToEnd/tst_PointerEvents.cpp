@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "ActionBar/ZelActionBar.h"
+#include "ColorPopUpButton/ZelColorMatrix.h"
+#include "ColorPopUpButton/ZelColorPopUpButton.h"
+#include "Controls/ZelBorderedTextField.h"
+#include "Controls/ZelGrowingTokenField.h"
+#include "Controls/ZelHoverButton.h"
+#include "Controls/ZelLinkTextField.h"
+#include "Controls/ZelSelfValidatingButton.h"
+#include "Controls/ZelSeparator.h"
+#include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/Properties/ZelInspectorTextView.h"
+#include "Inspector/Properties/ZelOriginSelectionView.h"
+#include "Platform/Controls/ZelCheckBox.h"
+#include "Platform/Controls/ZelComboBox.h"
+#include "Platform/Controls/ZelDatePicker.h"
+#include "Platform/Controls/ZelGrowingTextField.h"
+#include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelPopUpButton.h"
+#include "Platform/Controls/ZelSegmentedControl.h"
+#include "Platform/Controls/ZelSlider.h"
+#include "Platform/Controls/ZelStepper.h"
+#include "SplitView/ZelSplitView.h"
+#include "TabBar/ZelTabBar.h"
+#include "Views/ZelMagnificationView.h"
+
+#include <QApplication>
+#include <QPointingDevice>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QTabletEvent>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace {
+
+using Make = QWidget *(*)();
+
+template<typename Control> QWidget *made()
+{
+    auto *control = new Control;
+    if constexpr (requires { control->setObjectValue(QVariant()); })
+        control->setObjectValue(QStringLiteral("1"));
+    return control;
+}
+
+QWidget *madePopUpButton()
+{
+    auto *button = new ZelPopUpButton;
+    button->addItemWithTitle(QStringLiteral("One"), 1);
+    button->addItemWithTitle(QStringLiteral("Two"), 2);
+    button->setObjectValue(1);
+    return button;
+}
+
+QWidget *madeSegmentedControl()
+{
+    auto *control = new ZelSegmentedControl;
+    control->setSegmentCount(3);
+    control->setSelectedIndex(1);
+    return control;
+}
+
+QWidget *madeTabBar()
+{
+    auto *bar = new ZelTabBar;
+    bar->setItems({new ZelTabBarItem(bar), new ZelTabBarItem(bar)});
+    return bar;
+}
+
+QWidget *madeSplitView()
+{
+    auto *split = new ZelSplitView;
+    new ZelView(split);
+    new ZelView(split);
+    return split;
+}
+
+const std::pair<const char *, Make> g_controls[] = {
+    {"text field", made<ZelTextField>},
+    {"growing text field", made<ZelGrowingTextField>},
+    {"growing text view", made<ZelGrowingTextView>},
+    {"text view of the inspector", made<ZelInspectorTextView>},
+    {"bordered text field", made<ZelBorderedTextField>},
+    {"token field", made<ZelGrowingTokenField>},
+    {"link text field", made<ZelLinkTextField>},
+    {"combo box", made<ZelComboBox>},
+    {"date picker", made<ZelDatePicker>},
+    {"stepper", made<ZelStepper>},
+    {"slider", made<ZelSlider>},
+    {"check box", made<ZelCheckBox>},
+    {"pop-up button", madePopUpButton},
+    {"color button", made<ZelColorPopUpButton>},
+    {"color matrix", made<ZelColorMatrix>},
+    {"segmented control", madeSegmentedControl},
+    {"origin picker", made<ZelOriginSelectionView>},
+    {"hover button", made<ZelHoverButton>},
+    {"push button", made<ZelSelfValidatingButton>},
+    {"label", made<ZelLabel>},
+    {"separator", made<ZelSeparator>},
+    {"expandable view", made<ZelExpandableView>},
+    {"tab bar", madeTabBar},
+    {"action bar", made<ZelActionBar>},
+    {"split view", madeSplitView},
+    {"magnification view", made<ZelMagnificationView>},
+};
+
+/// The widget in the middle of the control, which gets what comes from the system.
+QWidget *inFront(QWidget *control)
+{
+    QWidget *child = control->childAt(control->rect().center());
+    return child ? child : control;
+}
+
+void closePopups()
+{
+    while (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    QCoreApplication::processEvents();
+}
+
+void click(QWidget *control, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    QWindow *window = control->window()->windowHandle();
+    const QPoint place = control->mapTo(control->window(), control->rect().center());
+    QTest::mousePress(window, button, modifiers, place);
+    QTest::mouseMove(window, place + QPoint(2, 1));
+    QTest::mouseRelease(window, button, modifiers, place);
+    closePopups();
+    QTest::mouseDClick(window, button, modifiers, place);
+    closePopups();
+}
+
+void turnWheel(QWidget *control, const QPoint &angle)
+{
+    QWidget *target = inFront(control);
+    const QPointF place = QRectF(target->rect()).center();
+    QWheelEvent event(place, target->mapToGlobal(place), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(target, &event);
+}
+
+void touchWithPen(QWidget *control)
+{
+    QWidget *target = inFront(control);
+    const QPointF place = QRectF(target->rect()).center();
+    for (const QEvent::Type type : {QEvent::TabletPress, QEvent::TabletMove, QEvent::TabletRelease}) {
+        QTabletEvent event(type, QPointingDevice::primaryPointingDevice(), place, target->mapToGlobal(place), 0.5, 0, 0,
+                           0, 0, 0, Qt::NoModifier, Qt::LeftButton, Qt::LeftButton);
+        QApplication::sendEvent(target, &event);
+    }
+}
+
+} // namespace
+
+/// Events of all pointing devices come to an end at every control. Only the left button and the wheel of a control with
+/// the focus edit.
+class tst_PointerEvents : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void comeToAnEnd_data()
+    {
+        QTest::addColumn<Make>("make");
+        QTest::addColumn<bool>("editable");
+        for (const auto &[name, make] : g_controls) {
+            QTest::newRow(name) << make << true;
+            if (std::unique_ptr<QWidget>(make())->metaObject()->indexOfProperty("editable") >= 0)
+                QTest::addRow("%s, read-only", name) << make << false;
+        }
+    }
+    void comeToAnEnd()
+    {
+        QFETCH(Make, make);
+        QFETCH(bool, editable);
+        QScrollArea area;
+        auto *page = new QWidget;
+        auto *column = new QVBoxLayout(page);
+        const QPointer<QWidget> control = make();
+        if (!editable)
+            control->setProperty("editable", false);
+        column->addWidget(control);
+        control->setMinimumHeight(20);
+        area.setWidget(page);
+        area.resize(300, 200);
+        page->resize(280, 80);
+        area.show();
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        const QPointer<QWidget> former = QApplication::focusWidget();
+        const bool reports = control->metaObject()->indexOfSignal("valueEdited()") >= 0;
+        const QSignalSpy edits(control, reports ? SIGNAL(valueEdited()) : SIGNAL(destroyed()));
+
+        turnWheel(control, {0, 120});
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
+            for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier})
+                click(control, button, modifier);
+        }
+        touchWithPen(control);
+        QCOMPARE(edits.count(), 0);
+
+        for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier})
+            click(control, Qt::LeftButton, modifier);
+        control->setFocus();
+        if (QWidget *focus = QApplication::focusWidget())
+            QTest::keyClick(focus, Qt::Key_Down, Qt::ControlModifier);
+        closePopups();
+        click(control, Qt::RightButton, {});
+        click(control, Qt::LeftButton, {});
+        for (const QPoint &angle : {QPoint(0, -120), QPoint(0, 120), QPoint(120, 0), QPoint(0, 7)})
+            turnWheel(control, angle);
+        QVERIFY(control);
+        QVERIFY(editable || edits.isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_PointerEvents)
+#include "tst_PointerEvents.moc"
