@@ -2,6 +2,7 @@
 #include "Controls/ZelHoverButton.h"
 
 #include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Controls/ZelTitleText.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -39,13 +40,9 @@ QIcon ZelHoverButton::shownImage() const
     return isHovered() && isEnabled() && !m_hoverImage.isNull() ? m_hoverImage : icon();
 }
 
-/// The text without the marks of its mnemonic.
 QString ZelHoverButton::shownTitle() const
 {
-    QString title = text();
-    for (qsizetype i = title.indexOf(QLatin1Char('&')); i >= 0; i = title.indexOf(QLatin1Char('&'), i + 1))
-        title.remove(i, 1);
-    return title;
+    return ZelTitleText::toTitle(text());
 }
 
 /// Rounded up: a title in less than its width is elided.

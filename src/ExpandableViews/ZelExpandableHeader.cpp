@@ -2,6 +2,7 @@
 #include "ExpandableViews/ZelExpandableHeader.h"
 
 #include "ExpandableViews/ZelExpandableHeaderAccessible.h"
+#include "Platform/Controls/ZelTitleText.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -34,6 +35,17 @@ ZelExpandableHeader::ZelExpandableHeader(QWidget *parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
+QString ZelExpandableHeader::title() const
+{
+    return ZelTitleText::toTitle(text());
+}
+
+void ZelExpandableHeader::setTitle(const QString &title)
+{
+    setText(ZelTitleText::fromTitle(title));
+    updateGeometry();
+}
+
 void ZelExpandableHeader::setStyle(quint32 style)
 {
     m_style = style;
@@ -42,7 +54,7 @@ void ZelExpandableHeader::setStyle(quint32 style)
 
 QSize ZelExpandableHeader::sizeHint() const
 {
-    return QSize(textLeft + fontMetrics().horizontalAdvance(text()) + textMargin,
+    return QSize(textLeft + fontMetrics().horizontalAdvance(title()) + textMargin,
                  fontMetrics().height() + 2 * textMargin);
 }
 
@@ -68,7 +80,7 @@ void ZelExpandableHeader::paintEvent(QPaintEvent *)
     const QRect place = fromLeft(rect().adjusted(textLeft, 0, -textMargin, 0));
     painter.drawText(place,
                      int(Qt::AlignVCenter | (layoutDirection() == Qt::LeftToRight ? Qt::AlignLeft : Qt::AlignRight)),
-                     fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+                     fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
 }
 
 void ZelExpandableHeader::drawBackground(QPainter &painter) const

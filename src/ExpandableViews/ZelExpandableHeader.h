@@ -12,6 +12,10 @@ class ZelExpandableHeader : public QAbstractButton
 public:
     explicit ZelExpandableHeader(QWidget *parent = nullptr);
 
+    /// Plain text: an ampersand in it is shown, and no key.
+    QString title() const;
+    void setTitle(const QString &title);
+
     quint32 style() const { return m_style; }
     void setStyle(quint32 style);
 

@@ -46,7 +46,7 @@ ZelExpandableHeader *ZelExpandableHeaderAccessible::header() const
 QString ZelExpandableHeaderAccessible::text(QAccessible::Text kind) const
 {
     const QString text = QAccessibleWidget::text(kind);
-    return text.isEmpty() && kind == QAccessible::Name ? header()->text() : text;
+    return text.isEmpty() && kind == QAccessible::Name ? header()->title() : text;
 }
 
 QAccessible::State ZelExpandableHeaderAccessible::state() const

@@ -38,15 +38,14 @@ bool ZelExpandableView::drawsContent() const
 
 QString ZelExpandableView::title() const
 {
-    return m_header->text();
+    return m_header->title();
 }
 
 void ZelExpandableView::setTitle(const QString &title)
 {
-    if (m_header->text() == title)
+    if (m_header->title() == title)
         return;
-    m_header->setText(title);
-    m_header->updateGeometry();
+    m_header->setTitle(title);
     Q_EMIT titleChanged();
 }
 

@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelCheckBox.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelTitleText.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QEvent>
@@ -33,7 +34,17 @@ ZelCheckBox::ZelCheckBox(QWidget *parent)
 ZelCheckBox::ZelCheckBox(const QString &title, QWidget *parent)
     : ZelCheckBox(parent)
 {
-    setText(title);
+    setTitle(title);
+}
+
+QString ZelCheckBox::title() const
+{
+    return ZelTitleText::toTitle(text());
+}
+
+void ZelCheckBox::setTitle(const QString &title)
+{
+    setText(ZelTitleText::fromTitle(title));
 }
 
 QVariant ZelCheckBox::objectValue() const
@@ -95,7 +106,7 @@ bool ZelCheckBox::event(QEvent *event)
         return true;
     }
     if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
-        ZelControlSupport::showToolTip(event, this, text()))
+        ZelControlSupport::showToolTip(event, this, title()))
         return true;
     return QCheckBox::event(event);
 }

@@ -5,15 +5,21 @@
 #include <QVariant>
 
 /// A check box over a value. It shows several values as the mixed state, from which a click goes to checked; no click
-/// ever leads into the mixed state. An absent value and the other selection markers show unchecked.
+/// ever leads into the mixed state. An absent value and the other selection markers show unchecked. A title that is too
+/// long is elided at its end and then is the tool tip.
 class ZelCheckBox : public QCheckBox
 {
     Q_OBJECT
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    Q_PROPERTY(QString title READ title WRITE setTitle)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
 public:
     explicit ZelCheckBox(QWidget *parent = nullptr);
     explicit ZelCheckBox(const QString &title, QWidget *parent = nullptr);
+
+    /// Plain text: an ampersand in it is shown, and no key.
+    QString title() const;
+    void setTitle(const QString &title);
 
     /// The value that was set as long as the box shows it; a Boolean or ZelMultipleValuesMarker once its state changed.
     QVariant objectValue() const;

@@ -8,10 +8,12 @@
 #include "Platform/Controls/ZelGrowingTextField.h"
 #include "Platform/Controls/ZelGrowingTextView.h"
 #include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Controls/ZelSlider.h"
 #include "Platform/Controls/ZelStepper.h"
 #include "Platform/Controls/ZelTextField.h"
+#include "Platform/Controls/ZelTitleText.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -39,6 +41,24 @@ QIcon icon(const QVariant &value)
     if (value.canConvert<QIcon>())
         return value.value<QIcon>();
     return value.canConvert<QPixmap>() ? QIcon(value.value<QPixmap>()) : QIcon();
+}
+
+QString titleOfButton(const QAbstractButton *button)
+{
+    return ZelTitleText::toTitle(button->text());
+}
+
+void setTitleOfButton(QAbstractButton *button, const QString &title)
+{
+    button->setText(ZelTitleText::fromTitle(title));
+}
+
+void setTitleOfAction(QAction *action, const QString &title)
+{
+    if (auto *item = qobject_cast<ZelMenuItem *>(action))
+        item->setTitle(title);
+    else
+        action->setText(ZelTitleText::fromTitle(title));
 }
 
 template<typename Class>
@@ -136,7 +156,7 @@ void addWidgets()
         },
         &QLabel::setPixmap);
 
-    add<QAbstractButton>("title", &QAbstractButton::text, text, &QAbstractButton::setText);
+    add<QAbstractButton>("title", titleOfButton, text, setTitleOfButton);
     add<QAbstractButton>("image", &QAbstractButton::icon, icon, &QAbstractButton::setIcon);
     add<QAbstractButton>("value", &QAbstractButton::isChecked, truth, &QAbstractButton::setChecked)
         .setNotify(&QAbstractButton::toggled)
@@ -153,7 +173,7 @@ void addActions()
         "hidden", [](const QAction *action) { return !action->isVisible(); }, truth,
         [](QAction *action, bool hidden) { action->setVisible(!hidden); })
         .setNotify(&QAction::visibleChanged);
-    add<QAction>("title", &QAction::text, text, &QAction::setText).setNotify(&QAction::changed);
+    add<QAction>("title", &ZelMenuItem::titleOf, text, setTitleOfAction).setNotify(&QAction::changed);
     add<QAction>("image", &QAction::icon, icon, &QAction::setIcon).setNotify(&QAction::changed);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelMenuItem.h"
 
+#include "Platform/Controls/ZelTitleText.h"
+
 ZelMenuItem::ZelMenuItem(QObject *parent)
     : QAction(parent)
 {
@@ -31,17 +33,14 @@ ZelMenuItem *ZelMenuItem::separatorItem(QObject *parent)
 void ZelMenuItem::setTitle(const QString &title)
 {
     m_title = title;
-    setText(QString(title).replace(QLatin1Char('&'), QLatin1String("&&")));
+    setText(ZelTitleText::fromTitle(title));
 }
 
 QString ZelMenuItem::titleOf(const QAction *action)
 {
     if (const auto *item = qobject_cast<const ZelMenuItem *>(action))
         return item->title();
-    QString title = action ? action->text() : QString();
-    for (qsizetype i = title.indexOf(QLatin1Char('&')); i >= 0; i = title.indexOf(QLatin1Char('&'), i + 1))
-        title.remove(i, 1);
-    return title;
+    return action ? ZelTitleText::toTitle(action->text()) : QString();
 }
 
 bool ZelMenuItem::isChoosable(const QAction *action)

@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelPushButton.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelTitleText.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -12,10 +13,21 @@ ZelPushButton::ZelPushButton(QWidget *parent)
 }
 
 ZelPushButton::ZelPushButton(const QString &title, QWidget *parent)
-    : QPushButton(title, parent)
+    : QPushButton(parent)
 {
     ZelControlSupport::prepare();
     setAutoDefault(false);
+    setTitle(title);
+}
+
+QString ZelPushButton::title() const
+{
+    return ZelTitleText::toTitle(text());
+}
+
+void ZelPushButton::setTitle(const QString &title)
+{
+    setText(ZelTitleText::fromTitle(title));
 }
 
 QSize ZelPushButton::minimumSizeHint() const
@@ -48,7 +60,7 @@ void ZelPushButton::paintEvent(QPaintEvent *)
 bool ZelPushButton::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth() &&
-        ZelControlSupport::showToolTip(event, this, text()))
+        ZelControlSupport::showToolTip(event, this, title()))
         return true;
     return QPushButton::event(event);
 }

@@ -7,9 +7,14 @@
 class ZelPushButton : public QPushButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString title READ title WRITE setTitle)
 public:
     explicit ZelPushButton(QWidget *parent = nullptr);
     explicit ZelPushButton(const QString &title, QWidget *parent = nullptr);
+
+    /// Plain text: an ampersand in it is shown, and no key.
+    QString title() const;
+    void setTitle(const QString &title);
 
     /// Room for an ellipsis.
     QSize minimumSizeHint() const override;
