@@ -21,6 +21,7 @@ ZelSelfValidatingButton::ZelSelfValidatingButton(const QString &title, QObject *
     , m_action(action)
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validate(); }))
 {
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the one that takes the action
     connect(this, &QAbstractButton::clicked, this,
             [this] { ZelActionTarget::perform(m_action, m_target, this, this); });
 }

@@ -14,7 +14,7 @@ class ZelDelayedValidation;
 ///
 /// While it is shown it looks again shortly after the user has done anything. How a receiver is found, and how it says
 /// that it does not take the action now, is told at ZelActionTarget; it is asked with the button as the item. Without
-/// an action the button is left as it is.
+/// an action the button is left as it is. A click leaves the focus where it is; Tab leads to the button.
 class ZelSelfValidatingButton : public ZelPushButton
 {
     Q_OBJECT
