@@ -3,6 +3,7 @@
 
 #include "Blocks/ZelNamedTransformers.h"
 #include "ColorPopUpButton/ZelColorSwatch.h"
+#include "Platform/Controls/ZelCellGroupAccessible.h"
 #include "Platform/Controls/ZelControlSupport.h"
 
 #include <QHelpEvent>
@@ -27,6 +28,7 @@ QString nameOf(const ZelColor &color)
 ZelColorMatrix::ZelColorMatrix(QWidget *parent)
     : QWidget(parent)
 {
+    ZelControlSupport::prepare();
     setColors({});
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -77,7 +79,13 @@ void ZelColorMatrix::setHighlightedCell(int index)
             update(rectOfCell(cell));
     }
     m_highlighted = index;
-    setAccessibleDescription(index < 0 ? QString() : nameOf(colorAtIndex(index)));
+    ZelCellGroupAccessible::selectionDidChange(this);
+}
+
+QString ZelColorMatrix::cellName(int cell) const
+{
+    const QString name = nameOf(colorAtIndex(cell));
+    return name.isEmpty() ? colorAtIndex(cell).toQColor().name() : name;
 }
 
 QSize ZelColorMatrix::sizeHint() const

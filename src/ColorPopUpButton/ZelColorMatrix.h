@@ -2,15 +2,17 @@
 #pragma once
 
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "Platform/Controls/ZelCellGroup.h"
 
 #include <QWidget>
 
 /// Two rows of twelve swatches, of which one can be chosen with the mouse or the keyboard.
 ///
 /// The swatches are no widgets: another list of colours repaints the places that have another colour, and no more.
-class ZelColorMatrix : public QWidget
+class ZelColorMatrix : public QWidget, public ZelCellGroup
 {
     Q_OBJECT
+    Q_INTERFACES(ZelCellGroup)
 public:
     static constexpr int numberOfRows = 2;
     static constexpr int numberOfColumns = 12;
@@ -29,6 +31,14 @@ public:
     /// The cell that would be chosen; -1 for none.
     int highlightedCell() const { return m_highlighted; }
     void setHighlightedCell(int index);
+
+    Roles cellRoles() const override { return {QAccessible::ColorChooser, QAccessible::Button}; }
+    int cellCount() const override { return numberOfCells; }
+    QRect cellRect(int cell) const override { return rectOfCell(cell); }
+    QString cellName(int cell) const override;
+    bool isCellSelected(int cell) const override { return cell == m_highlighted; }
+    int currentCell() const override { return m_highlighted; }
+    void clickCell(int cell) override { Q_EMIT cellChosen(cell); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

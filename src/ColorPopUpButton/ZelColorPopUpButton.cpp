@@ -56,6 +56,13 @@ QAction *ZelColorPopUpButton::shownItem() const
     return isMarker ? nullptr : m_cell->displayItem(); // markers are shown dimmed
 }
 
+QString ZelColorPopUpButton::spokenText() const
+{
+    const QString text = shownText();
+    const QColor color = ZelColor::fromVariant(selectedColor()).toQColor();
+    return text.isEmpty() && color.isValid() ? color.name() : text;
+}
+
 void ZelColorPopUpButton::prepareItems()
 {
     m_cell->makeMenu();

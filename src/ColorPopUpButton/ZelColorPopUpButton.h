@@ -38,6 +38,8 @@ public:
     void setObjectValue(const QVariant &value) { setSelectedColor(value); }
 
     /// Room for a name of usual length.
+    /// The colour's name, or its parts where it has none.
+    QString spokenText() const override;
     QSize sizeHint() const override;
 
 Q_SIGNALS:

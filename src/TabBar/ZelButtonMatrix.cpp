@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelButtonMatrix.h"
 
-#include "TabBar/ZelButtonMatrixAccessible.h"
+#include "Platform/Controls/ZelCellGroupAccessible.h"
+#include "Platform/Controls/ZelControlSupport.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -13,7 +14,7 @@
 ZelButtonMatrix::ZelButtonMatrix(QWidget *parent)
     : QWidget(parent)
 {
-    ZelButtonMatrixAccessible::install();
+    ZelControlSupport::prepare();
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the editor that may have to commit
 }
 
@@ -55,7 +56,7 @@ void ZelButtonMatrix::selectCellAtColumn(int column)
         return;
     m_selectedColumn = column;
     update();
-    ZelButtonMatrixAccessible::selectionDidChange(this);
+    ZelCellGroupAccessible::selectionDidChange(this);
 }
 
 void ZelButtonMatrix::performClickAtColumn(int column)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Controls/ZelCellGroup.h"
 #include "TabBar/ZelTabBarButtonCell.h"
 
 #include <QList>
@@ -10,9 +11,10 @@
 ///
 /// The buttons are cells, not widgets: copies of a prototype, then changed one by one. A press on a button selects it
 /// and sends the action at once; so do the arrow keys, Home and End, which pass over buttons that are not enabled.
-class ZelButtonMatrix : public QWidget
+class ZelButtonMatrix : public QWidget, public ZelCellGroup
 {
     Q_OBJECT
+    Q_INTERFACES(ZelCellGroup)
 public:
     explicit ZelButtonMatrix(QWidget *parent = nullptr);
 
@@ -32,6 +34,16 @@ public:
     void selectCellAtColumn(int column);
     /// What a press on the button does; nothing if it is not enabled.
     void performClickAtColumn(int column);
+
+    /// The buttons are tabs, named by their tool tips.
+    Roles cellRoles() const override { return {QAccessible::PageTabList, QAccessible::PageTab}; }
+    int cellCount() const override { return numberOfColumns(); }
+    QRect cellRect(int cell) const override { return rectOfColumn(cell); }
+    QString cellName(int cell) const override { return m_cells.at(cell).toolTip; }
+    bool isCellEnabled(int cell) const override { return m_cells.at(cell).enabled; }
+    bool isCellSelected(int cell) const override { return cell == m_selectedColumn; }
+    int currentCell() const override { return m_selectedColumn; }
+    void clickCell(int cell) override { performClickAtColumn(cell); }
 
     /// Points; 32.
     double cellWidth() const { return m_cellWidth; }

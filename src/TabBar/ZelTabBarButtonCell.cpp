@@ -67,6 +67,8 @@ void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State
     // A template image is a shape: it takes the accent when it is selected.
     const bool accented = state.testFlag(Selected) && state.testFlag(WindowActive) && state.testFlag(Enabled);
     QPixmap shape = shown.pixmap(target.size(), painter.device()->devicePixelRatio());
+    if (shape.isNull())
+        return;
     QPainter tint(&shape);
     tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
     const QColor text = palette.color(QPalette::WindowText);

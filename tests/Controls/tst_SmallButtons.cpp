@@ -58,6 +58,17 @@ public:
     std::function<void()> react;
 };
 
+/// One that takes an action while it has the focus.
+class Canvas : public QWidget
+{
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+    Q_INVOKABLE void cut() { ++cuts; }
+
+    int cuts = 0;
+};
+
 /// Something for the user to do elsewhere in the window.
 class Window : public QWidget
 {
@@ -203,6 +214,15 @@ void tst_SmallButtons::clicksSendTheAction()
     QVERIFY(window.button->isEnabled());
     QTest::keyClick(window.button, Qt::Key_Space);
     QCOMPARE(window.beeps, 1);
+    // A click leaves the focus where it is.
+    Canvas canvas(&window);
+    canvas.setFocusPolicy(Qt::StrongFocus);
+    canvas.show();
+    canvas.setFocus();
+    window.button->setAction("cut");
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.button->geometry().center());
+    QCOMPARE(canvas.cuts, 1);
+    QVERIFY(canvas.hasFocus() && window.button->isEnabled());
 }
 
 void tst_SmallButtons::theReceiverMayDeleteEverything()

@@ -18,7 +18,7 @@ private Q_SLOTS:
         auto *layout = new QVBoxLayout(m_window.get());
         layout->setContentsMargins(0, 0, 0, 0);
         m_view = new ZelExpandableView;
-        m_view->setTitle("Title");
+        m_view->setTitle("R&D budget");
         m_body = new ZelView;
         m_body->setFixedHeight(40);
         m_view->setBodyView(m_body);
@@ -83,7 +83,9 @@ private Q_SLOTS:
     {
         QAccessibleInterface *header = QAccessible::queryAccessibleInterface(m_view->header());
         QVERIFY(header);
-        QCOMPARE(header->text(QAccessible::Name), "Title");
+        QCOMPARE(header->text(QAccessible::Name), "R&D budget");
+        QCOMPARE(m_view->title(), "R&D budget");
+        QVERIFY(m_view->header()->shortcut().isEmpty()); // it is no mnemonic
         QVERIFY(header->state().expandable && header->state().expanded);
         header->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QVERIFY(header->state().collapsed && !m_view->isExpanded());

@@ -101,6 +101,12 @@ ZelInspectorArrayProperty::~ZelInspectorArrayProperty()
 
 // View
 
+QList<QWidget *> ZelInspectorArrayProperty::controlsNamedByRow()
+{
+    view();
+    return {m_tableView};
+}
+
 void ZelInspectorArrayProperty::loadView()
 {
     ZelView *container = makeEditorView();

@@ -54,6 +54,7 @@ public:
     void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
+    QList<QWidget *> controlsNamedByRow() override;
     double baselineOffsetFromView() const override;
 
 protected:

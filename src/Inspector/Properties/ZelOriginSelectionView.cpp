@@ -2,7 +2,10 @@
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 
 #include "Inspector/Properties/ZelOriginImages.h"
+#include "Platform/Controls/ZelCellGroupAccessible.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelThemeColor.h"
+#include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Resources/ZelNamedImages.h"
 
 #include <QMouseEvent>
@@ -13,6 +16,7 @@
 ZelOriginSelectionView::ZelOriginSelectionView(QWidget *parent)
     : ZelView(parent)
 {
+    ZelControlSupport::prepare();
     setFlipped(true);
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::StrongFocus);
@@ -35,6 +39,7 @@ void ZelOriginSelectionView::setAnchor(ZelRectAnchor anchor)
         return;
     m_anchor = anchor;
     updateImage();
+    ZelCellGroupAccessible::selectionDidChange(this);
     Q_EMIT anchorChanged();
 }
 
@@ -119,6 +124,20 @@ ZelRectAnchor ZelOriginSelectionView::anchorAtPosition(const QPointF &position) 
     const int row = int(std::floor(position.y() / (bounds().height() / 3)));
     const bool isInside = column >= 0 && column < 3 && row >= 0 && row < 3;
     return isInside ? ZelRectAnchor(row * 3 + column) : ZelOriginTopLeft;
+}
+
+QRect ZelOriginSelectionView::cellRect(int cell) const
+{
+    const int left = cell % 3 * width() / 3;
+    const int top = cell / 3 * height() / 3;
+    return QRect(QPoint(left, top), QPoint((cell % 3 + 1) * width() / 3 - 1, (cell / 3 + 1) * height() / 3 - 1));
+}
+
+QString ZelOriginSelectionView::cellName(int cell) const
+{
+    static const char *const names[] = {"Top left", "Top",         "Top right", "Left",        "Centre",
+                                        "Right",    "Bottom left", "Bottom",    "Bottom right"};
+    return ZelLocalizedString(QString::fromLatin1(names[cell]));
 }
 
 void ZelOriginSelectionView::choose(ZelRectAnchor anchor)

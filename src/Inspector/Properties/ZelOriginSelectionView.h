@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Geometry/ZelRectAnchor.h"
+#include "Platform/Controls/ZelCellGroup.h"
 #include "ViewController/ZelView.h"
 
 #include <QIcon>
@@ -18,9 +19,10 @@ public:
 };
 
 /// A picture of a rectangle's nine anchors, of which one is chosen by a click, or with the arrow keys.
-class ZelOriginSelectionView : public ZelView
+class ZelOriginSelectionView : public ZelView, public ZelCellGroup
 {
     Q_OBJECT
+    Q_INTERFACES(ZelCellGroup)
     /// Top left by default.
     Q_PROPERTY(quint64 anchor READ anchor WRITE setAnchorNumber NOTIFY anchorChanged)
 public:
@@ -43,6 +45,13 @@ public:
     static QString imageNameForAnchor(ZelRectAnchor anchor);
     /// The anchor at a position; the first one beside the view.
     ZelRectAnchor anchorAtPosition(const QPointF &position) const;
+
+    int cellCount() const override { return ZelOriginBottomRight + 1; }
+    QRect cellRect(int cell) const override;
+    QString cellName(int cell) const override;
+    bool isCellSelected(int cell) const override { return ZelRectAnchor(cell) == m_anchor; }
+    int currentCell() const override { return m_anchor > ZelOriginBottomRight ? -1 : int(m_anchor); }
+    void clickCell(int cell) override { choose(ZelRectAnchor(cell)); }
 
     /// 71 points in both directions.
     QSize sizeHint() const override;

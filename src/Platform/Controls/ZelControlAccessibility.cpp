@@ -1,16 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelControlAccessibility.h"
 
+#include "Platform/Controls/ZelCellGroupAccessible.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelGrowingTextField.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Controls/ZelSlider.h"
 #include "Platform/Controls/ZelStepper.h"
+#include "Platform/Runtime/ZelValues.h"
 
 #include <QAccessibleWidget>
+#include <cmath>
 
 namespace {
+
+/// A number as people say it, without the noise that single precision leaves behind its seventh digit.
+QString textForNumber(double value, const QLocale &locale)
+{
+    const double rounded = value == std::trunc(value) ? value : QString::number(value, 'g', 7).toDouble();
+    return locale.toString(rounded, 'g', QLocale::FloatingPointShortest);
+}
 
 /// The interface of one of our controls, whose static type is known.
 template<typename Control> class ControlInterface : public QAccessibleWidget
@@ -68,10 +79,16 @@ public:
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? currentValue().toString() : ControlInterface<Control>::text(kind);
+        return kind == QAccessible::Value ? spokenValue() : ControlInterface<Control>::text(kind);
     }
 
-    QVariant currentValue() const override { return this->control()->doubleValue(); }
+    /// Absent where there is no single value.
+    QVariant currentValue() const override
+    {
+        const Control *control = this->control();
+        const QVariant value = control->objectValue();
+        return ZelIsNull(value) || ZelIsControllerMarker(value) ? QVariant() : QVariant(control->doubleValue());
+    }
     void setCurrentValue(const QVariant &value) override
     {
         if (this->control()->isEnabled() && this->control()->isEditable())
@@ -82,6 +99,13 @@ public:
     QVariant minimumStepSize() const override { return this->control()->increment(); }
 
 private:
+    QString spokenValue() const
+    {
+        const QVariant value = currentValue();
+        return value.isValid() ? textForNumber(value.toDouble(), this->control()->locale())
+                               : ZelControlSupport::markerText(this->control()->objectValue());
+    }
+
     void (*m_edit)(Control *, double);
 };
 
@@ -95,7 +119,7 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Value)
-            return control()->shownText();
+            return control()->spokenText();
         const QString text = ControlInterface::text(kind);
         return text.isEmpty() && kind == QAccessible::Name && control()->pullsDown() ? control()->shownText() : text;
     }
@@ -173,6 +197,8 @@ QAccessibleInterface *interfaceOf(const QString &className, QObject *object)
              return new GrowingTextFieldInterface(static_cast<ZelGrowingTextField *>(o));
          }},
     };
+    if (QAccessibleInterface *cells = ZelCellGroupAccessible::make(object))
+        return cells;
     const Make make = table.value(className);
     return make && object && object->isWidgetType() ? make(object) : nullptr;
 }

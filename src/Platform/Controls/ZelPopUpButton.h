@@ -70,6 +70,8 @@ public:
     bool isMenuOpen() const;
     /// The text on the button.
     QString shownText() const;
+    /// What stands for the text on the button where it cannot be seen; by default the text.
+    virtual QString spokenText() const { return shownText(); }
 
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelPopUpMenu.h"
 
+#include "Platform/Controls/ZelMenuItem.h"
+
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionMenuItem>
 #include <QWindow>
@@ -40,6 +43,20 @@ void ZelPopUpMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *
     option->menuHasCheckableItems = true;
     option->checkType = QStyleOptionMenuItem::Exclusive;
     option->checked = action == m_marked;
+}
+
+void ZelPopUpMenu::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Home && event->key() != Qt::Key_End) {
+        QMenu::keyPressEvent(event);
+        return;
+    }
+    QList<QAction *> items = actions();
+    if (event->key() == Qt::Key_End)
+        std::reverse(items.begin(), items.end());
+    const auto item = std::find_if(items.cbegin(), items.cend(), ZelMenuItem::isChoosable);
+    if (item != items.cend())
+        setActiveAction(*item);
 }
 
 void ZelPopUpMenu::mousePressEvent(QMouseEvent *event)

@@ -17,6 +17,8 @@ public:
     void open();
 
 protected:
+    /// Home and End go to the first and the last item that can be chosen.
+    void keyPressEvent(QKeyEvent *event) override;
     void initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const override;
     void mousePressEvent(QMouseEvent *event) override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelSegmentedControl.h"
 
+#include "Platform/Controls/ZelCellGroupAccessible.h"
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelThemeColor.h"
@@ -87,6 +88,7 @@ void ZelSegmentedControl::setSelectedIndex(const QVariant &index)
         return;
     m_selectedIndex = index;
     update();
+    ZelCellGroupAccessible::selectionDidChange(this);
     Q_EMIT selectedIndexChanged();
 }
 
@@ -105,6 +107,7 @@ void ZelSegmentedControl::setSegmentSelected(qsizetype segment, bool selected)
 {
     m_segments[segment].selected = selected;
     update();
+    ZelCellGroupAccessible::selectionDidChange(this);
 }
 
 void ZelSegmentedControl::setEditable(bool editable)
@@ -114,6 +117,22 @@ void ZelSegmentedControl::setEditable(bool editable)
     m_editable = editable;
     update();
     Q_EMIT editableChanged();
+}
+
+ZelCellGroup::Roles ZelSegmentedControl::cellRoles() const
+{
+    return {QAccessible::Grouping, m_selectsAny ? QAccessible::CheckBox : QAccessible::RadioButton};
+}
+
+QString ZelSegmentedControl::cellName(int cell) const
+{
+    const Segment &segment = m_segments.at(cell);
+    return segment.toolTip.isEmpty() ? segment.title : segment.toolTip;
+}
+
+int ZelSegmentedControl::currentCell() const
+{
+    return int(m_selectsAny ? m_current : std::max<qsizetype>(selectedSegment(), 0));
 }
 
 double ZelSegmentedControl::baselineOffsetForHeight(double height) const
@@ -200,6 +219,7 @@ void ZelSegmentedControl::step(int direction)
     }
     m_current = segment;
     update();
+    ZelCellGroupAccessible::selectionDidChange(this);
 }
 
 void ZelSegmentedControl::mousePressEvent(QMouseEvent *event)
@@ -238,8 +258,7 @@ void ZelSegmentedControl::initStyleOption(QStyleOptionToolButton *option, qsizet
     option->text = shown.title;
     option->toolButtonStyle = shown.image.isNull() ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly;
     option->subControls = QStyle::SC_ToolButton;
-    const qsizetype focused = m_selectsAny ? m_current : std::max<qsizetype>(selectedSegment(), 0);
-    option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == focused);
+    option->state.setFlag(QStyle::State_HasFocus, hasFocus() && segment == currentCell());
     option->state.setFlag(QStyle::State_MouseOver, false);
     option->state.setFlag(QStyle::State_On, isSegmentSelected(segment));
     option->state.setFlag(QStyle::State_Sunken, segment == m_pressed && m_isInside);

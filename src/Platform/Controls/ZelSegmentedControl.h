@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Controls/ZelCellGroup.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
 
 #include <QIcon>
@@ -17,10 +18,10 @@ class QStyleOptionToolButton;
 ///
 /// Where each segment is selected by itself, a click toggles the segment; there is no selected index then. Arrow keys
 /// move to the neighbouring segment and the space key clicks it.
-class ZelSegmentedControl : public QWidget, public ZelBaselineProvider
+class ZelSegmentedControl : public QWidget, public ZelBaselineProvider, public ZelCellGroup
 {
     Q_OBJECT
-    Q_INTERFACES(ZelBaselineProvider)
+    Q_INTERFACES(ZelBaselineProvider ZelCellGroup)
     Q_PROPERTY(QVariant selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedIndexChanged)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
     Q_PROPERTY(double baselineOffset READ baselineOffset)
@@ -61,6 +62,15 @@ public:
     /// The images have no baseline: their lower edge.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
     double baselineOffsetForHeight(double height) const override;
+
+    Roles cellRoles() const override;
+    int cellCount() const override { return int(segmentCount()); }
+    QRect cellRect(int cell) const override { return segmentRect(cell); }
+    QString cellName(int cell) const override;
+    bool isCellEnabled(int cell) const override { return isEditable() && isSegmentEnabled(cell); }
+    bool isCellSelected(int cell) const override { return isSegmentSelected(cell); }
+    int currentCell() const override;
+    void clickCell(int cell) override { choose(cell); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -82,11 +82,15 @@ void ZelSlider::setEditable(bool editable)
     Q_EMIT editableChanged();
 }
 
+bool ZelSlider::hasSingleValue() const
+{
+    return !ZelIsNull(m_value) && !ZelIsControllerMarker(m_value);
+}
+
 void ZelSlider::slideTo(double value)
 {
-    const bool single = !ZelIsNull(m_value) && !ZelIsControllerMarker(m_value);
     const double target = m_range.clamp(value);
-    if (m_range.isEmpty() || (single && target == doubleValue()))
+    if (m_range.isEmpty() || (hasSingleValue() && target == doubleValue()))
         return;
     m_value = target;
     update();
@@ -121,6 +125,8 @@ void ZelSlider::initStyleOption(QStyleOptionSlider *option) const
         option->direction = Qt::LeftToRight;
     }
     option->sliderPosition = option->sliderValue = position;
+    if (!hasSingleValue())
+        option->subControls &= ~(QStyle::SC_DialHandle | QStyle::SC_SliderHandle);
     if (m_dragging) {
         option->activeSubControls = m_type == Circular ? QStyle::SC_DialHandle : QStyle::SC_SliderHandle;
         option->state |= QStyle::State_Sunken;
@@ -151,6 +157,34 @@ double ZelSlider::fractionAt(const QPoint &position) const
         return m_range.fractionOf(doubleValue()) > 0.5 ? 1 : 0;
     const double angle = std::atan2(fromCentre.x(), -fromCentre.y());
     return (angle < 0 ? angle + 2 * M_PI : angle) / (2 * M_PI);
+}
+
+void ZelSlider::beginDrag()
+{
+    m_dragging = true;
+    m_valueBeforeDrag = m_value;
+    m_dragGrouping = std::make_unique<ZelUndoGrouping>(this);
+    update();
+}
+
+void ZelSlider::dragTo(const QPoint &position)
+{
+    slideTo(m_range.nearestStep(m_range.valueAt(fractionAt(position)), m_increment));
+}
+
+/// Where nobody recorded the objects' own values, a single former one is written again.
+void ZelSlider::cancelDrag()
+{
+    const QPointer<ZelSlider> guard(this);
+    const bool wasUndone = m_dragGrouping && m_dragGrouping->rollBack();
+    if (guard && !wasUndone && !ZelEqual(m_value, m_valueBeforeDrag)) {
+        m_value = m_valueBeforeDrag;
+        update();
+        if (hasSingleValue())
+            ZelControlSupport::reportNewValue(this);
+    }
+    if (guard)
+        endDrag();
 }
 
 void ZelSlider::endDrag()
@@ -191,6 +225,11 @@ bool ZelSlider::event(QEvent *event)
     }
     if (m_dragging && ZelControlSupport::endsMouseGrab(event, this))
         endDrag();
+    if (m_dragging && event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
     return QWidget::event(event);
 }
 
@@ -206,7 +245,9 @@ void ZelSlider::keyPressEvent(QKeyEvent *event)
     const int forwards = m_type == Linear && layoutDirection() == Qt::RightToLeft ? -1 : 1;
     const QHash<int, int> steps = {{Qt::Key_Up, 1},           {Qt::Key_Down, -1},   {Qt::Key_Right, forwards},
                                    {Qt::Key_Left, -forwards}, {Qt::Key_PageUp, 10}, {Qt::Key_PageDown, -10}};
-    if (ZelControlSupport::hasCommandModifier(event))
+    if (m_dragging && event->key() == Qt::Key_Escape)
+        cancelDrag();
+    else if (ZelControlSupport::hasCommandModifier(event))
         event->ignore();
     else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
         slideTo(m_range.valueAt(event->key() == Qt::Key_Home ? 0 : 1));
@@ -223,17 +264,15 @@ void ZelSlider::mousePressEvent(QMouseEvent *event)
         return;
     }
     const QPoint position = event->position().toPoint();
-    m_dragging = true;
-    m_dragGrouping = std::make_unique<ZelUndoGrouping>(this);
-    update();
+    beginDrag();
     if (m_type == Linear) {
         const QRect handle = handleRect();
-        const bool grabsHandle = handle.contains(position);
+        const bool grabsHandle = hasSingleValue() && handle.contains(position);
         m_grabOffset = grabsHandle ? position.x() - handle.left() : handle.width() / 2;
         if (grabsHandle)
             return;
     }
-    slideTo(m_range.valueAt(fractionAt(position)));
+    dragTo(position);
 }
 
 void ZelSlider::mouseMoveEvent(QMouseEvent *event)
@@ -241,7 +280,7 @@ void ZelSlider::mouseMoveEvent(QMouseEvent *event)
     if (!m_dragging)
         return;
     if (event->buttons() & Qt::LeftButton)
-        slideTo(m_range.valueAt(fractionAt(event->position().toPoint())));
+        dragTo(event->position().toPoint());
     else
         endDrag();
 }
@@ -252,11 +291,23 @@ void ZelSlider::mouseReleaseEvent(QMouseEvent *event)
         endDrag();
 }
 
+/// Where a dial's handle is at the minimum. Styles draw it in any case; left out, it looks hollow.
+QRegion ZelSlider::dialHandle() const
+{
+    const double radius = std::min(width(), height()) / 2.0;
+    const double scale = std::clamp(radius / 6, std::min(4.0, radius / 2), radius / 2);
+    QRectF handle(0, 0, 2 * radius / 7 + 2, 2 * radius / 7 + 2);
+    handle.moveCenter(QPointF(width() / 2.0, height() / 2.0 - 0.7 * (radius - scale - 3)));
+    return QRegion(handle.toAlignedRect(), QRegion::Ellipse);
+}
+
 void ZelSlider::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);
     QStyleOptionSlider option;
     initStyleOption(&option);
+    if (m_type == Circular && !hasSingleValue())
+        painter.setClipRegion(QRegion(rect()) - dialHandle());
     painter.drawComplexControl(m_type == Circular ? QStyle::CC_Dial : QStyle::CC_Slider, option);
 }
 

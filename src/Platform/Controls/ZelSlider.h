@@ -11,9 +11,10 @@ class ZelUndoGrouping;
 /// A horizontal slider or a dial over a range of doubles.
 ///
 /// It reports continuously while it is dragged; all from press to release is one undo grouping, which also ends when
-/// the slider is hidden, disabled or destroyed half way. A dial is one full turn clockwise with the minimum at the top.
-/// Without a single value it stands at the minimum. A value outside the limits shows at the nearer one and stays as it
-/// is; in an empty range nothing can be chosen.
+/// the slider is hidden, disabled or destroyed half way. Escape gives up a drag: every object gets its own old value
+/// back, and there is nothing to undo. A dial is one full turn clockwise with the minimum at the top.
+/// Without a single value it has no handle and begins at the minimum. A value outside the limits shows at the nearer
+/// one and stays as it is; in an empty range nothing can be chosen.
 class ZelSlider : public QWidget
 {
     Q_OBJECT
@@ -40,7 +41,8 @@ public:
     void setMinValue(double value);
     double maxValue() const { return m_range.maximum; }
     void setMaxValue(double value);
-    /// The step of keys and wheel; 0 means a hundredth of the range.
+    /// The step from the minimum on which dragging stops; that of keys and wheel as well. 0 means anywhere for the
+    /// mouse, and a hundredth of the range for keys and wheel.
     double increment() const { return m_increment; }
     void setIncrement(double increment) { m_increment = increment; }
 
@@ -50,6 +52,8 @@ public:
     /// Whether users may slide; true. Otherwise it looks disabled.
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable);
+    /// Whether there is a value to stand at, rather than several or none.
+    bool hasSingleValue() const;
     bool isDragging() const { return m_dragging; }
 
     /// Goes to a value within the limits as a user does, and reports it. Nothing where the value is there already.
@@ -80,13 +84,18 @@ protected:
 private:
     void initStyleOption(QStyleOptionSlider *option) const;
     QRect handleRect() const;
+    QRegion dialHandle() const;
     double fractionAt(const QPoint &position) const;
     void slideBy(double steps);
+    void beginDrag();
+    void dragTo(const QPoint &position);
     void endDrag();
+    void cancelDrag();
 
     ZelValueRange m_range;
     double m_increment = 0;
     QVariant m_value;
+    QVariant m_valueBeforeDrag;
     std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
     Type m_type = Linear;
     int m_grabOffset = 0;

@@ -56,6 +56,17 @@ double ZelValueRange::stepped(double value, double increment) const
     return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
 }
 
+double ZelValueRange::nearestStep(double value, double increment) const
+{
+    const double size = std::abs(increment);
+    const double steps = std::round((value - bounded(minimum)) / size);
+    if (isEmpty() || !(size > 0) || !std::isfinite(size) || !std::isfinite(steps))
+        return value;
+    const double step = stepped(bounded(minimum), steps * size);
+    const double end = bounded(maximum);
+    return std::abs(end - value) < std::abs(step - value) ? end : step;
+}
+
 double ZelValueRange::number(const QVariant &value, double fallback)
 {
     if (!value.isValid() || ZelIsControllerMarker(value))

@@ -20,6 +20,10 @@ public:
     /// The value an increment further, without the noise of binary fractions, clamped.
     double stepped(double value, double increment) const;
 
+    /// The value that is a whole number of increments from the minimum, or the maximum, whichever is nearest; the value
+    /// itself where the increment or the minimum leads nowhere.
+    double nearestStep(double value, double increment) const;
+
     /// The value as a finite double; the fallback for absent values, markers and all that is no number.
     static double number(const QVariant &value, double fallback = 0);
 };

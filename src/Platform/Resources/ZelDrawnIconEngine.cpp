@@ -15,6 +15,8 @@ void ZelDrawnIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode
 QPixmap ZelDrawnIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     QPixmap pixmap(size);
+    if (pixmap.isNull())
+        return pixmap;
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     paint(&painter, QRect(QPoint(), size), mode, state);

@@ -43,6 +43,16 @@ void ZelUndoManager::endUndoGrouping()
     m_stack->push(new ZelUndoGroupCommand(std::move(*group)));
 }
 
+bool ZelUndoManager::rollBackGrouping()
+{
+    if (m_level != 1 || !m_group || m_group->isEmpty())
+        return false;
+    const auto group = std::exchange(m_group, std::make_unique<ZelUndoGroupCommand>(*this));
+    m_actionName.clear();
+    group->undo();
+    return true;
+}
+
 void ZelUndoManager::setActionName(const QString &name)
 {
     m_actionName = name;

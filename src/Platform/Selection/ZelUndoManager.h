@@ -34,6 +34,9 @@ public:
     void beginUndoGrouping();
     void endUndoGrouping();
     int groupingLevel() const { return m_level; }
+    /// Undoes and forgets what was registered in the open grouping, which stays open. Answers whether there was
+    /// anything; nothing is done in a grouping within another.
+    bool rollBackGrouping();
 
     /// The text of the open group's command, or of the next one; null or empty clears it.
     void setActionName(const QString &name);
@@ -80,6 +83,8 @@ public:
     {
     }
     ~ZelUndoGrouping();
+    /// See ZelUndoManager::rollBackGrouping.
+    bool rollBack() const { return m_manager && m_manager->rollBackGrouping(); }
     Q_DISABLE_COPY_MOVE(ZelUndoGrouping)
 
 private:

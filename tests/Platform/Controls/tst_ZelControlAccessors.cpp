@@ -4,6 +4,7 @@
 #include "Platform/Controls/ZelGrowingTextField.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelPopUpButton.h"
+#include "Platform/Controls/ZelPushButton.h"
 #include "Platform/Controls/ZelSlider.h"
 #include "Platform/Controls/ZelStepper.h"
 #include "Platform/Controls/ZelTextField.h"
@@ -61,7 +62,9 @@ void tst_ZelControlAccessors::keysReadWriteAndTell_data()
     row(
         "check box", [] { return new ZelCheckBox; }, "value", true);
     row(
-        "check box title", [] { return new ZelCheckBox; }, "title", QStringLiteral("x"), false);
+        "check box title", [] { return new ZelCheckBox; }, "title", QStringLiteral("R&D budget"), false);
+    row(
+        "push button title", [] { return new ZelPushButton; }, "title", QStringLiteral("R&D budget"), false);
     row(
         "check box editable", [] { return new ZelCheckBox; }, "editable", false);
     row(
@@ -80,7 +83,7 @@ void tst_ZelControlAccessors::keysReadWriteAndTell_data()
     row(
         "Qt label", [] { return new QLabel; }, "value", QStringLiteral("x"), false);
     row(
-        "Qt button", [] { return new QPushButton; }, "title", QStringLiteral("x"), false);
+        "Qt button", [] { return new QPushButton; }, "title", QStringLiteral("R&D budget"), false);
     row(
         "Qt line edit", [] { return new QLineEdit; }, "value", QStringLiteral("x"));
     row("Qt spin box", spinBox, "value", 7);
@@ -109,6 +112,8 @@ void tst_ZelControlAccessors::keysReadWriteAndTell()
     QVERIFY(accessor && accessor->write(widget.get(), value));
     const QVariant read = ZelValueForKey(widget.get(), key);
     QVERIFY(ZelEqual(read, value) || read.toStringList() == value.toStringList());
+    if (const auto *button = qobject_cast<QAbstractButton *>(widget.get()))
+        QVERIFY(button->shortcut().isEmpty()); // titles have no mnemonics
     if (tells) {
         QVERIFY(recorder.count() > 0);
         ZelRemoveObserver(widget.get(), &recorder, key, nullptr);
@@ -184,6 +189,15 @@ void tst_ZelControlAccessors::assistiveTechnologySeesAndEdits()
     slider.setEditable(false);
     range->setCurrentValue(0.75);
     QCOMPARE(edits, 1);
+
+    // Numbers are said as people see them, and several values as such.
+    slider.setLocale(QLocale::c());
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&slider);
+    slider.setObjectValue(0.1F);
+    QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("0.1"));
+    slider.setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+    QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("Multiple Values"));
+    QVERIFY(!range->currentValue().isValid());
 
     ZelStepper stepper;
     stepper.setObjectValue(3);

@@ -172,6 +172,13 @@ void tst_ZelPopUpButton::keysStepOverWhatCannotBeChosen()
     QTest::keyClick(panel.control, Qt::Key_End);
     QCOMPARE(panel.control->objectValue(), QVariant(4));
     QCOMPARE(panel.takeLog(), Panel::edits(5));
+    // In the menu as well.
+    panel.control->showMenu();
+    QTest::keyClick(openMenu(), Qt::Key_Home);
+    QCOMPARE(openMenu()->activeAction(), panel.control->itemForRepresentedObject(0));
+    QTest::keyClick(openMenu(), Qt::Key_End);
+    QCOMPARE(openMenu()->activeAction(), panel.control->itemForRepresentedObject(4));
+    openMenu()->close();
     // From several values, the first step down is the first item.
     panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
     QTest::keyClick(panel.control, Qt::Key_Down);

@@ -4,6 +4,8 @@
 
 #include "ControlPanel.h"
 
+#include <QShortcut>
+#include <QSignalSpy>
 #include <cmath>
 
 namespace {
@@ -27,6 +29,8 @@ private Q_SLOTS:
     void handleFollowsThePointerFromWhereItWasTaken();
     void rightToLeftIsMirrored();
     void dialTurnsClockwiseFromTheTop();
+    void draggingStopsAtSteps();
+    void escapeGivesUpADrag();
     void dragEndsWithTheControl_data();
     void dragEndsWithTheControl();
     void strangeRangesAreSafe_data();
@@ -103,6 +107,66 @@ void tst_ZelSlider::dialTurnsClockwiseFromTheTop()
     QCOMPARE(panel.control->doubleValue(), 0.0);
     QTest::mouseRelease(panel.control, Qt::LeftButton, {}, right);
     QCOMPARE(panel.undo.stack()->count(), 1);
+}
+
+void tst_ZelSlider::draggingStopsAtSteps()
+{
+    for (const ZelSlider::Type type : {ZelSlider::Linear, ZelSlider::Circular}) {
+        Panel panel(type);
+        panel.control->setMinValue(1);
+        panel.control->setMaxValue(99);
+        panel.control->setIncrement(5);
+        panel.control->setFixedSize(101, 101);
+        for (const QPoint &place : {QPoint(33, 90), QPoint(70, 70), QPoint(20, 30)}) {
+            QTest::mouseClick(panel.control, Qt::LeftButton, {}, place);
+            QCOMPARE(std::fmod(panel.control->doubleValue() - 1, 5), 0.0);
+        }
+    }
+    Panel panel;
+    panel.control->setMaxValue(7);
+    panel.control->setIncrement(5); // the end is no step and can be reached all the same
+    QTest::mouseClick(panel.control, Qt::LeftButton, {}, QPoint(panel.control->width() - 2, 5));
+    QCOMPARE(panel.control->doubleValue(), 7.0);
+}
+
+void tst_ZelSlider::escapeGivesUpADrag()
+{
+    Panel panel;
+    QShortcut closesTheWindow(QKeySequence(Qt::Key_Escape), &panel);
+    const QSignalSpy closes(&closesTheWindow, &QShortcut::activated);
+    const QVariant several = QVariant::fromValue(ZelMultipleValuesMarker);
+    QList<double> model{0.2, 0.8};
+    panel.control->setObjectValue(several);
+    panel.whenEdited = [&] {
+        const QList<double> former = std::exchange(model, QList<double>(2, panel.control->doubleValue()));
+        const auto undo = [&model, &panel, several, former] {
+            model = former;
+            panel.control->setObjectValue(former.at(0) == former.at(1) ? QVariant(former.at(0)) : several);
+        };
+        panel.undo.registerUndo(undo, [] {});
+    };
+    const int y = panel.control->height() / 2;
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, QPoint(50, y));
+    drag(panel.control, QPoint(90, y));
+    QVERIFY(model.at(0) == model.at(1));
+    QTest::keyClick(panel.control, Qt::Key_Escape);
+    QCOMPARE(model, (QList<double>{0.2, 0.8}));
+    QVERIFY(ZelIsMarker(panel.control->objectValue(), ZelMultipleValuesMarker));
+    drag(panel.control, QPoint(20, y));
+    QTest::mouseRelease(panel.control, Qt::LeftButton, {}, QPoint(20, y));
+    QCOMPARE(model, (QList<double>{0.2, 0.8}));
+    QCOMPARE(panel.undo.stack()->count(), 0);
+    QCOMPARE(closes.count(), 0);
+
+    // Where nothing is recorded, the slider writes a single former value again.
+    ZelSlider slider;
+    slider.setObjectValue(0.25);
+    QSignalSpy edits(&slider, &ZelSlider::valueEdited);
+    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(2, slider.height() / 2));
+    QVERIFY(slider.doubleValue() < 0.25);
+    QTest::keyClick(&slider, Qt::Key_Escape);
+    QCOMPARE(slider.doubleValue(), 0.25);
+    QCOMPARE(edits.count(), 2);
 }
 
 void tst_ZelSlider::dragEndsWithTheControl_data()
@@ -216,6 +280,13 @@ void tst_ZelSlider::keysAndWheel()
 void tst_ZelSlider::severalValuesAreReplacedByTheChosenOne()
 {
     Panel panel;
+    for (const ZelSlider::Type type : {ZelSlider::Linear, ZelSlider::Circular}) {
+        panel.control->setSliderType(type);
+        panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
+        const QImage without = panel.control->grab().toImage();
+        panel.control->setObjectValue(0);
+        QVERIFY(panel.control->grab().toImage() != without); // it has a handle
+    }
     panel.control->setObjectValue(QVariant::fromValue(ZelMultipleValuesMarker));
     panel.control->slideTo(0);
     QCOMPARE(panel.control->objectValue(), QVariant(0.0));

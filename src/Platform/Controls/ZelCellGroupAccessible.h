@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Controls/ZelCellGroup.h"
+
+#include <QAccessibleWidget>
+#include <QHash>
+
+/// Lets assistive technology see the cells of a widget.
+class ZelCellGroupAccessible : public QAccessibleWidget
+{
+public:
+    /// Null for a widget that has no cells.
+    static QAccessibleInterface *make(QObject *object);
+    ~ZelCellGroupAccessible() override;
+
+    /// Another cell was selected, or the keyboard went to another.
+    static void selectionDidChange(QWidget *widget);
+
+    int childCount() const override;
+    QAccessibleInterface *child(int index) const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+    QAccessibleInterface *childAt(int x, int y) const override;
+    QAccessibleInterface *focusChild() const override;
+
+private:
+    ZelCellGroupAccessible(QWidget *widget, ZelCellGroup *cells);
+
+    ZelCellGroup *m_cells; // a part of the widget
+    mutable QHash<int, QAccessible::Id> m_children;
+};
