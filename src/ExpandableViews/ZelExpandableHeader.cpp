@@ -78,8 +78,8 @@ void ZelExpandableHeader::paintEvent(QPaintEvent *)
                                                           : QPalette::Inactive;
     painter.setPen(palette().color(group, QPalette::WindowText));
     const QRect place = fromLeft(rect().adjusted(textLeft, 0, -textMargin, 0));
-    painter.drawText(place,
-                     int(Qt::AlignVCenter | (layoutDirection() == Qt::LeftToRight ? Qt::AlignLeft : Qt::AlignRight)),
+    // Left is the side where lines begin; the painter has the direction of the widget.
+    painter.drawText(place, int(Qt::AlignVCenter | Qt::AlignLeft),
                      fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
 }
 

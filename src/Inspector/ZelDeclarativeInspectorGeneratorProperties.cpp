@@ -236,6 +236,8 @@ ZelInspectorProperty *Generator::createNumberPropertyForConfiguration(const Conf
     property->maximumKeyPath = configuration.stringValueNamed(u"maximumKeyPath");
     property->increment = configuration.doubleValueNamed(u"increment", 1);
     property->incrementKeyPath = configuration.stringValueNamed(u"incrementKeyPath");
+    property->slidesInSteps =
+        configuration.hasValueNamed(u"increment") || configuration.hasValueNamed(u"incrementKeyPath");
     property->nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
     property->nonNilValueKeyPath = configuration.stringValueNamed(u"nonNilValueKeyPath");
     property->nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");

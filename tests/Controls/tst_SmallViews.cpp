@@ -262,7 +262,13 @@ void tst_SmallViews::segmentsShareTheWidth()
     view.resize(300, 22);
     view.show();
     QCOMPARE(control->geometry(), view.rect());
-    QCOMPARE(control->segmentRect(1).width(), 100);
+    // Within two points of the edges, in each direction.
+    for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        control->setLayoutDirection(direction);
+        const QRect all = control->segmentRect(0) | control->segmentRect(1) | control->segmentRect(2);
+        QCOMPARE(all, control->rect().adjusted(2, 2, -2, -2));
+    }
+    QCOMPARE(control->segmentRect(1).width(), 99);
     control->setSegmentCount(30);
     QCoreApplication::sendPostedEvents();
     QCOMPARE(view.sizeHint(), control->sizeHint());

@@ -244,6 +244,7 @@ void tst_ZelDeclarativeInspectorGenerator::numbersHaveTheirOwnAttributes()
     QCOMPARE(number->increment, std::optional<double>(1));
     QVERIFY(number->nilValueControlIsOffWhenNil && number->nonNilValueTitle.isNull() && number->placeholder.isNull());
     QCOMPARE(number->formatStyle + number->sliderType, 0U);
+    QVERIFY(!number->slidesInSteps); // no step was asked for
 
     const Tree full = slice(inSliver(R"(<property type="number" placeholder="Size" minimum="-2.5" minimumKeyPath="a"
         maximum="9" maximumKeyPath="b" increment="0.5" incrementKeyPath="c" nilValueControlIsOffWhenNil="no"
@@ -253,6 +254,7 @@ void tst_ZelDeclarativeInspectorGenerator::numbersHaveTheirOwnAttributes()
     QCOMPARE(number->minimum, std::optional<double>(-2.5));
     QCOMPARE(number->maximum, std::optional<double>(9));
     QCOMPARE(number->increment, std::optional<double>(0.5));
+    QVERIFY(number->slidesInSteps);
     QCOMPARE(number->minimumKeyPath + number->maximumKeyPath + number->incrementKeyPath + number->nonNilValueKeyPath,
              QStringLiteral("abcd"));
     QVERIFY(!number->nilValueControlIsOffWhenNil);

@@ -96,7 +96,7 @@ void ZelInspectorNumberProperty::layOut(ZelView *container)
     for (const QString &format : formats[sliderType])
         container->addConstraintsWithVisualFormat(format, views);
     if (sliderType == LinearSlider) {
-        container->addConstraint(ZelLayoutConstraint::constraintWithItem(m_slider, ZelLayoutConstraint::Right,
+        container->addConstraint(ZelLayoutConstraint::constraintWithItem(m_slider, ZelLayoutConstraint::Trailing,
                                                                          ZelLayoutConstraint::Equal, container,
                                                                          ZelLayoutConstraint::CenterX, 1, -4));
     }
@@ -155,6 +155,7 @@ void ZelInspectorNumberProperty::bindLimits()
     if (m_slider) {
         m_slider->setMinValue(minimum.value_or(m_slider->minValue()));
         m_slider->setMaxValue(maximum.value_or(m_slider->maxValue()));
+        m_slider->setIncrement(slidesInSteps ? increment.value_or(0) : 0);
     }
     const auto bind = [this](QWidget *control, const QString &binding, const QString &keyPath) {
         if (control && owner() && !keyPath.isEmpty())
@@ -165,6 +166,8 @@ void ZelInspectorNumberProperty::bindLimits()
     bind(m_stepper, ZelMaxValueBinding, maximumKeyPath);
     bind(m_slider, ZelMaxValueBinding, maximumKeyPath);
     bind(m_stepper, ZelIncrementBinding, incrementKeyPath);
+    if (slidesInSteps)
+        bind(m_slider, ZelIncrementBinding, incrementKeyPath);
 }
 
 void ZelInspectorNumberProperty::bindValues()

@@ -30,6 +30,7 @@ public:
     uint sliderType = NoSlider;
     std::optional<double> increment = 1;
     QString incrementKeyPath;
+    bool slidesInSteps = false; ///< whether the slider keeps to steps of the increment; else it goes anywhere
     std::optional<double> maximum;
     QString maximumKeyPath;
     std::optional<double> minimum;

@@ -5,6 +5,26 @@
 
 #include <QEvent>
 
+void ZelPaddedTextField::setPadding(const QMargins &padding)
+{
+    m_padding = padding;
+    applyPadding();
+}
+
+void ZelPaddedTextField::applyPadding()
+{
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const QMargins mirrored(m_padding.right(), m_padding.top(), m_padding.left(), m_padding.bottom());
+    setTextMargins(isMirrored ? mirrored : m_padding);
+}
+
+void ZelPaddedTextField::changeEvent(QEvent *event)
+{
+    ZelTextField::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        applyPadding();
+}
+
 void ZelPaddedTextField::setSelectable(bool selectable)
 {
     m_selectable = selectable;

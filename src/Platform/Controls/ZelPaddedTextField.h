@@ -12,9 +12,10 @@ class ZelPaddedTextField : public ZelTextField
 public:
     using ZelTextField::ZelTextField;
 
-    /// Points between the frame's inner edges and the text; none by default. Left is left in any layout direction.
-    QMargins padding() const { return textMargins(); }
-    void setPadding(const QMargins &padding) { setTextMargins(padding); }
+    /// Points between the frame's inner edges and the text; none by default. Left is the leading edge: the right one in
+    /// a right-to-left layout.
+    QMargins padding() const { return m_padding; }
+    void setPadding(const QMargins &padding);
 
     /// Whether users can set a cursor into the text and select it; true. Otherwise the field does not take the focus
     /// and leaves what the mouse does to its parent.
@@ -23,7 +24,11 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void applyPadding();
+
+    QMargins m_padding;
     bool m_selectable = true;
 };

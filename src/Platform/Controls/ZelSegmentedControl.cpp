@@ -16,7 +16,8 @@
 
 namespace {
 constexpr int g_margin = 4; // around an image, in points
-}
+constexpr int g_edge = 2;   // around all segments: editors put the control without a margin of their own
+} // namespace
 
 ZelSegmentedControl::ZelSegmentedControl(QWidget *parent)
     : QWidget(parent)
@@ -62,10 +63,11 @@ QRect ZelSegmentedControl::segmentRect(qsizetype segment) const
 {
     // Neighbours share an edge however the width divides.
     const int count = int(m_segments.size());
-    const int left = int(segment) * width() / count;
-    const int right = int(segment + 1) * width() / count;
-    const QRect rect(left, 0, right - left, height());
-    return QStyle::visualRect(layoutDirection(), this->rect(), rect);
+    const QRect all = rect().adjusted(g_edge, g_edge, -g_edge, -g_edge);
+    const int left = int(segment) * all.width() / count;
+    const int right = int(segment + 1) * all.width() / count;
+    const QRect place(all.left() + left, all.top(), right - left, all.height());
+    return QStyle::visualRect(layoutDirection(), rect(), place);
 }
 
 qsizetype ZelSegmentedControl::segmentAt(const QPoint &position) const
@@ -143,12 +145,12 @@ double ZelSegmentedControl::baselineOffsetForHeight(double height) const
 QSize ZelSegmentedControl::sizeHint() const
 {
     const int side = ZelControlSize::imageSide + 2 * g_margin;
-    return {int(m_segments.size()) * (side + g_margin), side};
+    return {int(m_segments.size()) * (side + g_margin) + 2 * g_edge, side + 2 * g_edge};
 }
 
 QSize ZelSegmentedControl::minimumSizeHint() const
 {
-    return {int(m_segments.size()) * (ZelControlSize::imageSide + 2), sizeHint().height()};
+    return {int(m_segments.size()) * (ZelControlSize::imageSide + 2) + 2 * g_edge, sizeHint().height()};
 }
 
 void ZelSegmentedControl::choose(qsizetype segment)

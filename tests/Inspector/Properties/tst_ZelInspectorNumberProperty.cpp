@@ -133,8 +133,10 @@ private Q_SLOTS:
         window.people[1]->setHeight(10);
         auto made = heightEditor(window);
         made->sliderType = ZelInspectorNumberProperty::LinearSlider;
+        made->slidesInSteps = true;
         auto *property = window.install(std::move(made));
         window.select({0, 1});
+        QCOMPARE(property->slider()->increment(), 1.0);
         ZelSlider *slider = property->slider();
         const int y = slider->height() / 2;
         QTest::mousePress(slider, Qt::LeftButton, {}, {6, y});
@@ -148,6 +150,14 @@ private Q_SLOTS:
         window.undo.undo();
         QCOMPARE(window.people[0]->height(), 0.0);
         QCOMPARE(window.people[1]->height(), 10.0);
+        // Given up half way, it leaves no trace.
+        QTest::mousePress(slider, Qt::LeftButton, {}, {slider->width() - 6, y});
+        QVERIFY(window.people[0]->height() > 10);
+        QTest::keyClick(slider, Qt::Key_Escape);
+        QTest::mouseRelease(slider, Qt::LeftButton, {}, {slider->width() - 6, y});
+        QCOMPARE(window.people[0]->height(), 0.0);
+        QCOMPARE(window.people[1]->height(), 10.0);
+        QVERIFY(window.undo.stack()->canRedo());
     }
 
     void noValueIsACheckbox_data()

@@ -80,19 +80,18 @@ void tst_ZelCheckBox::clicksNeverLeadToMixed()
 
 void tst_ZelCheckBox::notEditableRefusesClicksAndKeys()
 {
-    Panel panel(QStringLiteral("&Title"));
+    Panel panel(QStringLiteral("Title"));
     panel.control->setEditable(false);
     panel.control->setFocus();
     click(panel.control);
     QTest::keyClick(panel.control, Qt::Key_Space);
-    QTest::keyClick(panel.other, Qt::Key_T, Qt::AltModifier);
     panel.control->click();
     QCOMPARE(panel.log, QStringList());
     QCOMPARE(panel.control->checkState(), Qt::Unchecked);
     QVERIFY(panel.control->isEnabled());
     panel.control->setEditable(true);
-    QTest::keyClick(panel.other, Qt::Key_T, Qt::AltModifier);
-    QTRY_COMPARE(panel.log, Panel::edits(1));
+    QTest::keyClick(panel.control, Qt::Key_Space);
+    QCOMPARE(panel.log, Panel::edits(1));
 }
 
 void tst_ZelCheckBox::mayDieWhenItReports()
