@@ -143,6 +143,7 @@ ZelView *ZelInspectorSliver::makePair(ZelInspectorProperty *first, ZelInspectorP
     m_pairs.append(pair);
     pair->setSpacing(columnSpacing);
     pair->setEqualSizes(true);
+    pair->setMirrored(true);
     pair->addSubview(first->view());
     pair->addSubview(second->view());
     if (const Constraint::Ptr baselines = tiedBaselines(first, second))

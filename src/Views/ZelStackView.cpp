@@ -42,7 +42,9 @@ const ZelStackView::Axis &ZelStackView::axis() const
                                  Constraint::Top,  Constraint::Bottom, Constraint::Right};
     static const Axis vertical{Constraint::Top,  Constraint::Bottom, Constraint::Height,
                                Constraint::Left, Constraint::Right,  Constraint::Top};
-    return m_orientation == Qt::Horizontal ? horizontal : vertical;
+    static const Axis directed{Constraint::Leading, Constraint::Trailing, Constraint::Width,
+                               Constraint::Top,     Constraint::Bottom,   Constraint::Trailing};
+    return m_orientation == Qt::Vertical ? vertical : m_isMirrored ? directed : horizontal;
 }
 
 ZelStackView::ZelStackView(Qt::Orientation orientation, QWidget *parent)
@@ -87,6 +89,14 @@ void ZelStackView::setEqualSizes(bool equal)
     m_equalSizes = equal;
     setNeedsUpdateConstraints();
     Q_EMIT equalSizesChanged();
+}
+
+void ZelStackView::setMirrored(bool mirrored)
+{
+    if (m_isMirrored == mirrored)
+        return;
+    m_isMirrored = mirrored;
+    setNeedsUpdateConstraints();
 }
 
 double ZelStackView::trailingInset() const

@@ -35,6 +35,9 @@ public:
     void setSpacing(double spacing);
     bool equalSizes() const { return m_equalSizes; }
     void setEqualSizes(bool equal);
+    /// Whether a row begins at the right in a right-to-left layout; false.
+    bool isMirrored() const { return m_isMirrored; }
+    void setMirrored(bool mirrored);
 
     /// What is installed: the line's constraints, and the one that squeezes each subview out when it is hidden.
     const QList<ZelLayoutConstraint::Ptr> &stackConstraints() const { return m_stackConstraints; }
@@ -77,6 +80,7 @@ private:
     QMarginsF m_edgeInsets;
     double m_spacing = 0;
     bool m_equalSizes = false;
+    bool m_isMirrored = false;
     QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
     QHash<QWidget *, ZelLayoutConstraint::Ptr> m_compressionConstraints;
     // Filed here and not on the subviews, which may die first.

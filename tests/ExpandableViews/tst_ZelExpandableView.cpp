@@ -53,6 +53,26 @@ private Q_SLOTS:
         QTRY_COMPARE(m_view->height(), title);
     }
 
+    void theTitleBeginsAtTheTriangle()
+    {
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            m_window->setLayoutDirection(direction);
+            const QImage image = m_view->header()->grab().toImage();
+            const int width = image.width();
+            const auto inkIn = [&image, width](int left, int right) {
+                for (int y = 4; y < image.height() - 4; ++y) {
+                    for (int x = left; x < right; ++x) {
+                        if (image.pixel(x, y) != image.pixel(width / 2, y))
+                            return true;
+                    }
+                }
+                return false;
+            };
+            QCOMPARE(inkIn(30, 60), direction == Qt::LeftToRight);
+            QCOMPARE(inkIn(width - 60, width - 30), direction == Qt::RightToLeft);
+        }
+    }
+
     void takesKeys_data()
     {
         QTest::addColumn<Qt::LayoutDirection>("direction");

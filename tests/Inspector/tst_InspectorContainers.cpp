@@ -619,6 +619,9 @@ void tst_InspectorContainers::narrowEditorsOfOneKindShareALine()
     QCOMPARE(placeOf(2).y(), placeOf(0).bottom() + 1); // the third is alone, beside an editor of another kind
     QCOMPARE(placeOf(2).width(), row->view()->width() - 82 - 5);
     QCOMPARE(placeOf(3).y(), placeOf(2).bottom() + 1);
+    row->view()->window()->setLayoutDirection(Qt::RightToLeft);
+    settle();
+    QCOMPARE(placeOf(0).left(), placeOf(1).right() + 1 + 4);
 }
 
 void tst_InspectorContainers::rowsFollowTheirProperties()

@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelControlAccessibility.h"
 #include "Platform/Controls/ZelControlAccessors.h"
+#include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -73,7 +74,13 @@ bool ZelControlSupport::showToolTip(QEvent *event, QWidget *widget, const QStrin
 void ZelControlSupport::showDisabled(QStyleOption *option)
 {
     option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
-    option->palette.setCurrentColorGroup(QPalette::Disabled);
+    QPalette &colors = option->palette;
+    if (colors.currentColorGroup() != QPalette::Disabled) {
+        const QColor text = ZelThemeColor::legible(colors.color(QPalette::Disabled, QPalette::Text), colors);
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+            colors.setColor(QPalette::Disabled, role, text);
+    }
+    colors.setCurrentColorGroup(QPalette::Disabled);
 }
 
 bool ZelControlSupport::hasCommandModifier(const QKeyEvent *event)

@@ -58,7 +58,7 @@ public:
     /// Shows the text as tool tip of the widget unless it has one of its own. Answers whether it was shown.
     static bool showToolTip(QEvent *event, QWidget *widget, const QString &text);
 
-    /// Lets the style draw what cannot be edited as disabled.
+    /// Lets the style draw what cannot be edited as disabled, with texts that can be read.
     static void showDisabled(QStyleOption *option);
     /// Whether the key comes with a modifier that makes it somebody else's: Control, Alt or Meta.
     static bool hasCommandModifier(const QKeyEvent *event);

@@ -4,6 +4,7 @@
 #include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopover.h"
+#include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Resources/ZelFontManager.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -135,7 +136,7 @@ void tst_ZelInspectorFontProperty::showsNoneOneManyEqualAndDifferent()
     Window window;
     Caption a(QFont(g_family, 9)), b(QFont(g_family, 9)), c(QFont(g_family, 10));
     const ZelTextField *size = window.details->fontSizeTextField();
-    const QColor dimmed = QApplication::palette().color(QPalette::PlaceholderText);
+    const QColor dimmed = ZelThemeColor::dimmed(QApplication::palette());
     const auto color = [&window] { return window.editor->textField()->palette().color(QPalette::Text); };
     QCOMPARE(window.text(), QStringLiteral("No Font"));
     QCOMPARE(color(), dimmed);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelErrorNote.h"
 #include "Platform/Controls/ZelNumberFormatter.h"
+#include "Platform/Controls/ZelPaddedTextField.h"
 #include "Platform/Controls/ZelTextField.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -70,6 +71,8 @@ private Q_SLOTS:
     void longTextsAreElidedAndUnitsDimmed();
     void textsLieWhereALineEditPutsThem();
     void elidedTextsStandOnTheSameLine();
+    void paddingIsMirrored();
+    void dimmedTextsAreLegible();
 };
 
 void tst_ZelTextField::showsValuesAndMarkers()
@@ -396,6 +399,29 @@ void tst_ZelTextField::elidedTextsStandOnTheSameLine()
                      qPrintable(QStringLiteral("%1 %2").arg(QString::fromUtf8(family)).arg(pointSize)));
         }
     }
+}
+
+void tst_ZelTextField::paddingIsMirrored()
+{
+    ZelPaddedTextField field;
+    field.setPadding({1, 2, 20, 4});
+    QCOMPARE(field.textMargins(), QMargins(1, 2, 20, 4));
+    field.setLayoutDirection(Qt::RightToLeft);
+    QCOMPARE(field.textMargins(), QMargins(20, 2, 1, 4));
+    QCOMPARE(field.padding(), QMargins(1, 2, 20, 4));
+}
+
+void tst_ZelTextField::dimmedTextsAreLegible()
+{
+    for (const QPalette &palette : {QPalette(QColor(0xef, 0xef, 0xef)), QPalette(QColor(0x35, 0x35, 0x35))}) {
+        for (const QColor &faint :
+             {ZelThemeColor::dimmed(palette),
+              ZelThemeColor::legible(palette.color(QPalette::Disabled, QPalette::Text), palette)}) {
+            for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button, QPalette::Window})
+                QVERIFY(ZelThemeColor::contrast(faint, palette.color(role)) >= 4.5);
+        }
+    }
+    QCOMPARE(ZelThemeColor::contrast(Qt::black, Qt::white), 21.0);
 }
 
 QTEST_MAIN(tst_ZelTextField)
