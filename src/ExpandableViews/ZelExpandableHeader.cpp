@@ -78,9 +78,9 @@ void ZelExpandableHeader::paintEvent(QPaintEvent *)
                                                           : QPalette::Inactive;
     painter.setPen(palette().color(group, QPalette::WindowText));
     const QRect place = fromLeft(rect().adjusted(textLeft, 0, -textMargin, 0));
-    // Left is the side where lines begin; the painter has the direction of the widget.
-    painter.drawText(place, int(Qt::AlignVCenter | Qt::AlignLeft),
-                     fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
+    // A visual alignment says that it is one: the painter turns any other round where the application is mirrored.
+    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
+    painter.drawText(place, int(alignment), fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
 }
 
 void ZelExpandableHeader::drawBackground(QPainter &painter) const

@@ -4,6 +4,7 @@
 #include "ExpandableViews/ZelExpandableHeader.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -55,8 +56,10 @@ private Q_SLOTS:
 
     void theTitleBeginsAtTheTriangle()
     {
+        m_view->setTitle("Title");
+        m_window->resize(400, m_window->height());
         for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            m_window->setLayoutDirection(direction);
+            QApplication::setLayoutDirection(direction);
             const QImage image = m_view->header()->grab().toImage();
             const int width = image.width();
             const auto inkIn = [&image, width](int left, int right) {
@@ -71,6 +74,7 @@ private Q_SLOTS:
             QCOMPARE(inkIn(30, 60), direction == Qt::LeftToRight);
             QCOMPARE(inkIn(width - 60, width - 30), direction == Qt::RightToLeft);
         }
+        QApplication::setLayoutDirection(Qt::LeftToRight);
     }
 
     void takesKeys_data()

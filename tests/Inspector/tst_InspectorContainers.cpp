@@ -74,6 +74,7 @@ private Q_SLOTS:
     void choosersWithinChoosers();
     void rowsLeaveRoomForTheirLabel();
     void narrowEditorsOfOneKindShareALine();
+    void longTitlesAreCutBeforeTheyWiden();
     void rowsFollowTheirProperties();
     void labelsNameTheControlsWithoutTitle();
     void aCommitMayEndTheInspector();
@@ -622,6 +623,16 @@ void tst_InspectorContainers::narrowEditorsOfOneKindShareALine()
     row->view()->window()->setLayoutDirection(Qt::RightToLeft);
     settle();
     QCOMPARE(placeOf(0).left(), placeOf(1).right() + 1 + 4);
+}
+
+void tst_InspectorContainers::longTitlesAreCutBeforeTheyWiden()
+{
+    const QByteArray title = " title='" + QByteArray(100, 'W') + "' ";
+    showSlice("<slice><section><sliver><property type='boolean' keyPath='people.selection.active'" + title +
+              "/></sliver><sliver><property type='action'" + title + "/></sliver></section></slice>");
+    settle();
+    for (ZelInspectorSliver *row : all<ZelInspectorSliver>())
+        QVERIFY(row->view()->minimumSizeHint().width() < 200);
 }
 
 void tst_InspectorContainers::rowsFollowTheirProperties()

@@ -25,7 +25,7 @@ void ZelInspectorActionProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_button = new ZelPushButton(title(), container);
-    ZelEditorLayout::setStretches(m_button, 100);
+    ZelEditorLayout::setStretches(m_button);
     ZelEditorLayout::layOut(container, m_button, nullptr);
     connect(m_button, &QPushButton::clicked, this, [this] {
         const ZelUndoGrouping grouping(undoManager());

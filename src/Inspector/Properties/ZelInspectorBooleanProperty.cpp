@@ -26,7 +26,7 @@ void ZelInspectorBooleanProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_checkbox = new ZelCheckBox(title(), container);
-    ZelEditorLayout::setStretches(m_checkbox, 100);
+    ZelEditorLayout::setStretches(m_checkbox);
     ZelEditorLayout::layOut(container, m_checkbox, nullptr, {2, 3, 0, 3});
     connect(m_checkbox, &ZelCheckBox::action, this, [this] { userDidChangeValue(m_checkbox); });
 }

@@ -28,7 +28,7 @@ void ZelInspectorMenuActionProperty::loadView()
     m_popUpButton->setPullsDown(true);
     m_titleItem = new ZelMenuItem(title(), m_popUpButton);
     m_popUpButton->addAction(m_titleItem);
-    ZelEditorLayout::setStretches(m_popUpButton, 100);
+    ZelEditorLayout::setStretches(m_popUpButton);
     ZelEditorLayout::layOut(container, m_popUpButton, nullptr);
     connect(m_popUpButton, &ZelPopUpButton::action, this, [this] { userDidChangeValue(m_popUpButton); });
 }

@@ -106,7 +106,7 @@ void ZelInspectorNumberProperty::layOut(ZelView *container)
 void ZelInspectorNumberProperty::addNonNilCheckbox(ZelView *container, ZelView *content)
 {
     m_nonNillCheckbox = new ZelCheckBox(nonNilValueTitle, container);
-    ZelEditorLayout::setStretches(m_nonNillCheckbox, 100);
+    ZelEditorLayout::setStretches(m_nonNillCheckbox);
     const QHash<QString, QWidget *> views{{QStringLiteral("contentView"), content},
                                           {QStringLiteral("nonNillCheckbox"), m_nonNillCheckbox}};
     for (const QString &format :

@@ -24,6 +24,7 @@ ZelCheckBox::ZelCheckBox(QWidget *parent)
     : QCheckBox(parent)
 {
     ZelControlSupport::prepare();
+    ZelControlSupport::letShrink(this);
     connect(this, &QCheckBox::stateChanged, this, &ZelCheckBox::objectValueChanged);
     connect(this, &QCheckBox::clicked, this, [this] {
         if (m_editable)

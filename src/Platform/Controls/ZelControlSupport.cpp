@@ -96,6 +96,13 @@ int ZelControlSupport::wheelSteps(const QWheelEvent *event, int *angle)
     return steps;
 }
 
+void ZelControlSupport::letShrink(QWidget *button)
+{
+    QSizePolicy policy = button->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Preferred);
+    button->setSizePolicy(policy);
+}
+
 int ZelControlSupport::fieldHeight(const QWidget *widget, bool framed)
 {
     QStyleOptionFrame option;

@@ -64,6 +64,8 @@ public:
     static bool hasCommandModifier(const QKeyEvent *event);
     /// Whole wheel steps, upwards positive; what is left of the angle is kept for the next event.
     static int wheelSteps(const QWheelEvent *event, int *angle);
+    /// Lets a button of Qt's, whose policy is not to be narrower than its title, shrink to its minimum size hint.
+    static void letShrink(QWidget *button);
     /// The height of a line edit in the widget's font and style.
     static int fieldHeight(const QWidget *widget, bool framed = true);
 

@@ -16,6 +16,7 @@ ZelPushButton::ZelPushButton(const QString &title, QWidget *parent)
     : QPushButton(parent)
 {
     ZelControlSupport::prepare();
+    ZelControlSupport::letShrink(this);
     setAutoDefault(false);
     setTitle(title);
 }
