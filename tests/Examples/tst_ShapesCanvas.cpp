@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/Canvas.h"
+#include "canvas/ShapePainter.h"
 #include "commands/Operations.h"
 #include "model/Document.h"
 #include "model/SampleDocument.h"
 #include "model/Selection.h"
 #include "model/ShapeGeometry.h"
 
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QUndoStack>
@@ -41,6 +43,7 @@ private Q_SLOTS:
     void unfilledShapesAreHitAtTheirOutline();
     void aDeletedShapeEndsItsDrag();
     void fewChangesRepaintLittle();
+    void textKeepsItsSideInAnyLanguage();
     void indexFindsWhatIsThere();
 
 private:
@@ -168,6 +171,22 @@ void tst_ShapesCanvas::fewChangesRepaintLittle()
     QVERIFY2(changed.contains(canvas->painted.boundingRect()), "more than the two shapes was painted");
     QVERIFY(canvas->painted.contains(at({101, 120})));
     QVERIFY(canvas->painted.contains(at({149, 120})));
+}
+
+void tst_ShapesCanvas::textKeepsItsSideInAnyLanguage()
+{
+    Shape shape(Shape::Text, QRectF(0, 0, 200, 40));
+    shape.setText("left");
+    shape.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    QImage pictures[2];
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QImage &picture = pictures[direction] = QImage(200, 40, QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        painter.setLayoutDirection(direction);
+        ShapePainter(&painter).paint(shape);
+    }
+    QCOMPARE(pictures[1], pictures[0]);
 }
 
 void tst_ShapesCanvas::indexFindsWhatIsThere()

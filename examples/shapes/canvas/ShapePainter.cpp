@@ -78,7 +78,8 @@ void ShapePainter::paintOutline(const Shape &shape)
 void ShapePainter::paintText(const Shape &shape)
 {
     m_painter->setFont(fontOf(shape));
-    const int flags = shape.alignment() | Qt::TextWordWrap | Qt::TextDontClip;
+    // A drawing looks the same whatever direction the program's language is written in.
+    const int flags = shape.alignment() | Qt::AlignAbsolute | Qt::TextWordWrap | Qt::TextDontClip;
     if (const double offset = shape.shadowOffset().toDouble(); offset > 0) {
         m_painter->setPen(QColor(0, 0, 0, 60));
         m_painter->drawText(shape.frame().translated(offset, offset), flags, shape.text());

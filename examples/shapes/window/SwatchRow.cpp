@@ -26,7 +26,13 @@ void SwatchRow::setColor(const QColor &color)
 QRectF SwatchRow::swatchRect(int index) const
 {
     const double step = double(width()) / m_colors.size();
-    return QRectF(index * step, 0, step, height()).adjusted(2, 2, -2, -2);
+    const auto place = isRightToLeft() ? m_colors.size() - 1 - index : index;
+    return QRectF(place * step, 0, step, height()).adjusted(2, 2, -2, -2);
+}
+
+int SwatchRow::indexAt(double x) const
+{
+    return int((isRightToLeft() ? width() - x : x) * m_colors.size() / width());
 }
 
 void SwatchRow::pick(int index)
@@ -58,14 +64,14 @@ void SwatchRow::paintEvent(QPaintEvent *)
 
 void SwatchRow::mousePressEvent(QMouseEvent *event)
 {
-    pick(int(event->position().x() * m_colors.size() / width()));
+    pick(indexAt(event->position().x()));
 }
 
 void SwatchRow::keyPressEvent(QKeyEvent *event)
 {
-    const int step = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
-    if (step == 0)
+    if (event->key() != Qt::Key_Right && event->key() != Qt::Key_Left)
         return QWidget::keyPressEvent(event);
+    const int step = (event->key() == Qt::Key_Right) != isRightToLeft() ? 1 : -1;
     const int current = int(m_colors.indexOf(m_color));
     pick(current < 0 ? 0 : current + step);
 }

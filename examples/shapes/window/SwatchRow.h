@@ -9,6 +9,7 @@
 class SwatchRow : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QColor color READ color WRITE setColor)
 public:
     explicit SwatchRow(QWidget *parent = nullptr);
 
@@ -30,6 +31,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    int indexAt(double x) const;
     QRectF swatchRect(int index) const;
     void pick(int index);
 
