@@ -14,4 +14,18 @@ endforeach()
 if(ZEL_BUILD_EXAMPLES) # see Examples/tests.cmake
     zel_program(tst_Canvas SOURCES EndToEnd/tst_Canvas.cpp LIBRARIES zel_shapes_app Qt6::Test)
     zel_add_e2e_test(tst_Canvas)
+    set(examples ${PROJECT_SOURCE_DIR}/examples)
+    set(tour EndToEnd/ControlTour.cpp EndToEnd/ControlTour.h)
+    zel_program(tst_ShapesControls SOURCES EndToEnd/tst_ShapesControls.cpp ${tour} LIBRARIES zel_shapes_app Qt6::Test)
+    # The example's own main function is called by the test's.
+    zel_program(tst_SmallestControls SOURCES EndToEnd/tst_SmallestControls.cpp ${tour} ${examples}/smallest/main.cpp
+                LIBRARIES Zel::Zel Qt6::Test)
+    set_source_files_properties(${examples}/smallest/main.cpp PROPERTIES
+                                COMPILE_DEFINITIONS main=exampleMain SKIP_PRECOMPILE_HEADERS ON)
+    qt_add_resources(tst_SmallestControls smallest PREFIX / BASE ${examples}/smallest
+                     FILES ${examples}/smallest/Smallest.xml)
+    foreach(test tst_ShapesControls tst_SmallestControls)
+        target_include_directories(${test} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+        zel_add_e2e_test(${test})
+    endforeach()
 endif()
