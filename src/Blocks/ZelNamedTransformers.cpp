@@ -111,8 +111,8 @@ constexpr Row percentValue = {"double", nullptr, {&ZelIsNumber, &percent}, {&Zel
 
 template<typename Transformer> void registerTransformer()
 {
-    ZelAbstractValueTransformer::setValueTransformerForName(QSharedPointer<Transformer>::create(),
-                                                            Transformer::transformerName());
+    ZelAbstractValueTransformer::setValueTransformer(QSharedPointer<Transformer>::create(),
+                                                     Transformer::transformerName());
 }
 
 /// Registers a class's own instance once; the instance, made on the way, comes back here and must not wait for itself.
@@ -120,7 +120,7 @@ template<typename Transformer> void registerAtFirstUse(const QString &name)
 {
     static std::atomic_flag begun;
     if (!begun.test_and_set())
-        ZelAbstractValueTransformer::setValueTransformerForName(QSharedPointer<Transformer>::create(), name);
+        ZelAbstractValueTransformer::setValueTransformer(QSharedPointer<Transformer>::create(), name);
 }
 
 [[maybe_unused]] const bool registeredAtLoad = (ZelRegisterTransformers(), true);

@@ -51,6 +51,6 @@ bool ZelTransformerKit::registerValueTransformerWithName(const QString &name, co
         return false;
     const auto transformer = QSharedPointer<KitTransformer>::create(transformedValueClass, transformedValueBlock,
                                                                     reverseTransformedValueBlock);
-    ZelAbstractValueTransformer::setValueTransformerForName(transformer, name);
+    ZelAbstractValueTransformer::setValueTransformer(transformer, name);
     return true;
 }

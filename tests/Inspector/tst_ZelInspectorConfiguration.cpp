@@ -185,7 +185,7 @@ void tst_ZelInspectorConfiguration::textsAndTheirDefaultsAreTranslated()
 void tst_ZelInspectorConfiguration::transformersAreLookedUp()
 {
     const auto transformer = ZelValueTransformerPtr(new Doubling);
-    ZelAbstractValueTransformer::setValueTransformerForName(transformer, QStringLiteral("Doubling"));
+    ZelAbstractValueTransformer::setValueTransformer(transformer, QStringLiteral("Doubling"));
     QCOMPARE(withValue(QStringLiteral("Doubling")).valueTransformerForAttributeNamed("v"), transformer);
     QuietHandler handler;
     QVERIFY(!withValue(QStringLiteral("Tripling")).valueTransformerForAttributeNamed("v", transformer));

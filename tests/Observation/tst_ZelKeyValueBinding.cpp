@@ -66,7 +66,7 @@ private Q_SLOTS:
         Person control, model("Ada");
         const ZelKeyValueBinding values(&control);
         const auto oneWay = ZelValueTransformerPtr(new Louder(false));
-        ZelAbstractValueTransformer::setValueTransformerForName(ZelValueTransformerPtr(new Louder(true)), "Louder");
+        ZelAbstractValueTransformer::setValueTransformer(ZelValueTransformerPtr(new Louder(true)), "Louder");
         const ZelBindingOptions named{{ZelValueTransformerNameBindingOption, "Louder"}};
         ZelBind(&control, "name", &model, "name", named);
         QCOMPARE(values.valueForBinding("name"), "ADA");

@@ -5,15 +5,25 @@
 #include "Platform/Resources/ZelTemplateIconEngine.h"
 #include "Platform/Runtime/ZelAssertions.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHash>
 
 namespace {
 
+/// Icons must not outlive the application, at whose end the table is emptied. It is never deleted itself.
 QHash<QString, QIcon> &images()
 {
-    static QHash<QString, QIcon> table;
-    return table;
+    static auto *table = new QHash<QString, QIcon>;
+    static bool isCleaned = false;
+    if (!isCleaned && QCoreApplication::instance()) {
+        isCleaned = true;
+        qAddPostRoutine([] {
+            table->clear();
+            isCleaned = false;
+        });
+    }
+    return *table;
 }
 
 QString pathOf(const QUrl &url)

@@ -39,8 +39,7 @@ Registry &registry()
 
 } // namespace
 
-void ZelAbstractValueTransformer::setValueTransformerForName(const ZelValueTransformerPtr &transformer,
-                                                             const QString &name)
+void ZelAbstractValueTransformer::setValueTransformer(const ZelValueTransformerPtr &transformer, const QString &name)
 {
     QMutexLocker locker(&registry().mutex);
     if (transformer)

@@ -18,9 +18,10 @@ public:
     /// The name of the type that transformedValue answers; "QVariant" is any.
     virtual QString transformedValueClass() const { return QStringLiteral("QVariant"); }
 
-    /// The process-wide registry of named transformers. A later registration under a name replaces the earlier one.
-    static void setValueTransformerForName(const QSharedPointer<ZelAbstractValueTransformer> &transformer,
-                                           const QString &name);
+    /// The process-wide registry of named transformers. A later registration under a name replaces the earlier
+    /// one, and null takes it away.
+    static void setValueTransformer(const QSharedPointer<ZelAbstractValueTransformer> &transformer,
+                                    const QString &name);
     /// Null for an unknown name.
     static QSharedPointer<ZelAbstractValueTransformer> valueTransformerForName(const QString &name);
     static QStringList valueTransformerNames();

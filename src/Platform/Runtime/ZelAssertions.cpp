@@ -52,6 +52,11 @@ void ZelFail(const QString &message, const ZelSourcePlace &place, const char *fi
                                                   place.isEmpty() ? ZelPlaceScope::current() : place);
 }
 
+void ZelFailParameter(const char *text, const char *file)
+{
+    ZelFail(QStringLiteral("Invalid parameter not satisfying: ") + QString::fromUtf8(text), {}, file);
+}
+
 void ZelReportFailure(const QString &message, const char *file) noexcept
 {
     try {

@@ -30,11 +30,15 @@ public:
 /// Reports a failed assertion at the calling source file.
 void ZelFail(const QString &message, const ZelSourcePlace &place = {}, const char *file = __builtin_FILE());
 
-/// Asserts a parameter: "Invalid parameter not satisfying: " and the condition's text. Answers the condition.
+/// Reports that a parameter does not satisfy a condition: "Invalid parameter not satisfying: " and the condition's
+/// text.
+void ZelFailParameter(const char *text, const char *file);
+
+/// Asserts a parameter, see above. Answers the condition.
 inline bool ZelRequire(bool condition, const char *text, const char *file = __builtin_FILE())
 {
     if (!condition)
-        ZelFail(QStringLiteral("Invalid parameter not satisfying: ") + QString::fromUtf8(text), {}, file);
+        ZelFailParameter(text, file);
     return condition;
 }
 

@@ -80,3 +80,15 @@ void ZelIndexSet::unite(const ZelIndexSet &other)
     for (const Range &range : other.m_ranges)
         insert(range);
 }
+
+ZelIndexSet ZelIndexSet::within(qsizetype count) const
+{
+    ZelIndexSet set;
+    for (const Range &range : m_ranges) {
+        const qsizetype first = std::max<qsizetype>(range.first, 0);
+        const qsizetype end = std::min(range.end(), count);
+        if (first < end)
+            set.m_ranges.append({first, end - first});
+    }
+    return set;
+}

@@ -26,6 +26,8 @@ public:
     /// -1 for an empty set.
     qsizetype first() const { return isEmpty() ? -1 : m_ranges.first().first; }
     qsizetype last() const { return isEmpty() ? -1 : m_ranges.last().end() - 1; }
+    /// Those from 0 to below the count.
+    ZelIndexSet within(qsizetype count) const;
     const QList<Range> &ranges() const { return m_ranges; }
 
     void insert(qsizetype index) { insert(Range{index, 1}); }

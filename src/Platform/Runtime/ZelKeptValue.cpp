@@ -6,16 +6,6 @@
 
 namespace {
 
-/// Null for an object whose destructor is running, too: it may have no weak references any more.
-QObject *living(QObject *object)
-{
-    struct Peek : QObject
-    {
-        static bool isGoing(const QObject *object) { return (object->*(&Peek::d_ptr))->wasDeleted; }
-    };
-    return object && !Peek::isGoing(object) ? object : nullptr;
-}
-
 bool isObject(QMetaType type)
 {
     return type.flags().testFlag(QMetaType::PointerToQObject);
@@ -25,7 +15,7 @@ bool isObject(QMetaType type)
 
 bool ZelKeptValue::Objects::haveDied() const
 {
-    return std::any_of(entries.begin(), entries.end(), [](const auto &entry) { return entry.second.isNull(); });
+    return std::any_of(entries.begin(), entries.end(), [](const auto &entry) { return entry.second.hasDied(); });
 }
 
 /// Whether it is an object's or a list's of pointers to objects: a list's type does not say what its elements are, but
@@ -59,7 +49,7 @@ void ZelKeptValue::watch(qsizetype place, const QVariant &element)
         return;
     if (!m_objects)
         m_objects = new Objects;
-    m_objects->entries.emplace_back(place, living(object));
+    m_objects->entries.emplace_back(place, ZelObjectWatch(object));
 }
 
 void ZelKeptValue::forgetDead() const
@@ -72,6 +62,6 @@ void ZelKeptValue::forgetDead() const
     const QMetaType type = elements.metaContainer().valueMetaType();
     const QVariant none = type == QMetaType::fromType<QVariant>() ? QVariant() : QVariant(type);
     for (const auto &[place, object] : m_objects->entries)
-        if (!object)
+        if (object.hasDied())
             elements.set(place, none);
 }

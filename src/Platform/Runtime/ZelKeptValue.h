@@ -1,20 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelObjectWatch.h"
+
 #include <QExplicitlySharedDataPointer>
-#include <QPointer>
 #include <QSharedData>
 #include <QVariant>
 
 #include <utility>
 #include <vector>
 
-/// A value kept until a change. An object, or one in a list, may die meanwhile, and another take its place in memory.
+/// A value that is remembered. An object, or one in a list, may die meanwhile, and another take its place in memory.
 ///
+/// Whatever outlives the call in which a value was read holds it in one of these, not in a QVariant.
 /// Values without objects cost no more than a QVariant.
 class ZelKeptValue
 {
 public:
+    ZelKeptValue() = default;
+    explicit ZelKeptValue(QVariant value) { keep(std::move(value)); }
+
     void keep(QVariant value)
     {
         m_value = std::move(value);
@@ -38,7 +43,7 @@ private:
     struct Objects : QSharedData
     {
         bool isList = false;
-        std::vector<std::pair<qsizetype, QPointer<QObject>>> entries; // by their place in the list
+        std::vector<std::pair<qsizetype, ZelObjectWatch>> entries; // by their place in the list
         bool haveDied() const;
     };
 

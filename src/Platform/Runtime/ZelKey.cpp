@@ -2,16 +2,19 @@
 #include "Platform/Runtime/ZelKey.h"
 
 #include "Platform/Runtime/ZelInternTable.h"
+#include "Platform/Runtime/ZelKeyPath.h"
 
 struct ZelKey::Entry
 {
     explicit Entry(const QString &text)
         : string(text)
         , name(text.toUtf8())
+        , path(text)
     {
     }
     QString string;
     QByteArray name;
+    ZelKeyPath path;
 };
 
 ZelKey::ZelKey(const QString &name)
@@ -30,4 +33,10 @@ const QByteArray &ZelKey::name() const
 {
     static const QByteArray none;
     return m_entry ? m_entry->name : none;
+}
+
+const ZelKeyPath &ZelKey::path() const
+{
+    static const ZelKeyPath none;
+    return m_entry ? m_entry->path : none;
 }

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QString>
 
+class ZelKeyPath;
+
 /// A property name, interned: one look-up when it is made, a pointer ever after.
 ///
 /// Interned names are never given back; make keys from names in code and descriptions, not from user data.
@@ -28,6 +30,10 @@ public:
     friend size_t qHash(ZelKey key, size_t seed = 0) { return ::qHash(key.m_entry, seed); }
 
 private:
+    friend class ZelKeyPath;
     struct Entry;
+    /// The path of that text, which is kept with the key.
+    const ZelKeyPath &path() const;
+
     const Entry *m_entry = nullptr;
 };

@@ -2,6 +2,7 @@
 #include "Platform/Runtime/ZelKeyPathChain.h"
 
 #include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -43,6 +44,14 @@ public:
     QObject *object() const { return m_object; }
     bool isLast() const { return m_isLast; }
     const ZelKeyPath &path() const { return m_rest; }
+    /// Whether the object does not tell of changes of its key. One that answers keys itself is asked again elsewhere.
+    bool isSilent() const
+    {
+        const ZelKey key = m_rest.first();
+        const bool isOwn = !m_object || ZelPropertyAccessor::interfaceOf(m_object);
+        const ZelPropertyAccessor *accessor = isOwn ? nullptr : ZelPropertyAccessor::find(m_object, key);
+        return accessor && accessor->isSilent() && !ZelObjectRecord::announcesItself(m_object, key);
+    }
     QObject *next() const
     {
         const ZelKey key = m_rest.first();
@@ -70,9 +79,9 @@ private:
 class ZelKeyPathChain::Source : public ZelKeyValueChangeSource
 {
 public:
-    Source(const ZelKeyPathChain &chain, const QVariant &old)
+    Source(const ZelKeyPathChain &chain, ZelKeptValue old)
         : m_chain(chain)
-        , m_old(old)
+        , m_old(std::move(old))
     {
     }
     const QVariant &newValue() const override
@@ -81,13 +90,13 @@ public:
             m_new = m_chain.value();
         return *m_new;
     }
-    const QVariant &oldValue() const override { return m_old; }
+    const QVariant &oldValue() const override { return m_old.value(); }
 
 private:
-    bool areValuesDifferent() const override { return ZelNotEqual(m_old, newValue()); }
+    bool areValuesDifferent() const override { return differ(m_old, newValue()); }
 
     const ZelKeyPathChain &m_chain;
-    QVariant m_old;
+    ZelKeptValue m_old;
     mutable std::optional<QVariant> m_new;
 };
 
@@ -109,7 +118,7 @@ void ZelKeyPathChain::start()
     m_levels.front()->attach();
     attachBelow(0);
     if (m_options & ZelKeyValueObservingOptionOld)
-        m_last = value();
+        m_last.keep(value());
     if (m_options & ZelKeyValueObservingOptionInitial) {
         const Source source(*this, {});
         deliver(ZelKeyValueChange(ZelKeyValueChangeSetting, &source, m_options & ~ZelKeyValueObservingOptionOld,
@@ -148,6 +157,19 @@ bool ZelKeyPathChain::attachBelow(size_t level)
     return false;
 }
 
+bool ZelKeyPathChain::rereadSilentBelow(size_t level)
+{
+    bool isSilent = false;
+    for (size_t i = level + 1; i < m_levels.size(); ++i) {
+        if (!m_levels[i]->isSilent())
+            continue;
+        isSilent = true;
+        if (!attachBelow(i))
+            break; // what is below is new
+    }
+    return isSilent;
+}
+
 QVariant ZelKeyPathChain::value() const
 {
     if (m_levels.empty() || m_levels.back()->object() == nullptr)
@@ -174,20 +196,22 @@ void ZelKeyPathChain::changed(size_t level, const ZelKeyValueChange &change)
     const bool wantsOld = m_options & ZelKeyValueObservingOptionOld;
     if (isLast) {
         if (wantsOld && !change.isPrior())
-            m_last = value();
+            m_last.keep(value());
         deliver(change);
         return;
     }
     if (change.isPrior()) {
-        const Source source(*this, value());
+        const Source source(*this, ZelKeptValue(value()));
         deliver(ZelKeyValueChange(ZelKeyValueChangeSetting, &source, m_options & ~ZelKeyValueObservingOptionNew,
                                   nullptr, true));
         return;
     }
-    if (attachBelow(level))
-        return; // the path still leads through the same object, which announces its own changes
+    // Through the same object the path leads on to where changes are announced, as a rule. A notice before wants one
+    // after.
+    if (attachBelow(level) && !rereadSilentBelow(level) && !(m_options & ZelKeyValueObservingOptionPrior))
+        return;
     const Source source(*this, m_last);
     if (wantsOld)
-        m_last = source.newValue();
+        m_last.keep(source.newValue());
     deliver(ZelKeyValueChange(ZelKeyValueChangeSetting, &source, m_options, nullptr, false));
 }

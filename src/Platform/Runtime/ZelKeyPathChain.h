@@ -28,6 +28,8 @@ private:
     class Source;
     /// Whether the next object below is the same as before.
     bool attachBelow(size_t level);
+    /// For a level below which the objects are the same: follows what may have changed unheard. Whether there is such.
+    bool rereadSilentBelow(size_t level);
     void detachFrom(size_t level);
     void changed(size_t level, const ZelKeyValueChange &change);
     void deliver(const ZelKeyValueChange &change);
@@ -41,5 +43,5 @@ private:
     std::vector<std::unique_ptr<Level>> m_levels;
     std::vector<std::unique_ptr<Level>> m_retired; // replaced while one of them was delivering
     int m_delivering = 0;
-    QVariant m_last; // the value delivered last, where the old one is asked for
+    ZelKeptValue m_last; // the value delivered last, where the old one is asked for
 };

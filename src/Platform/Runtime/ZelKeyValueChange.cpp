@@ -53,15 +53,28 @@ QVariant withoutNull(const QVariant &value)
     return ZelIsNull(value) ? QVariant() : value;
 }
 
+std::optional<ZelKeptValue> kept(const std::optional<QVariant> &value)
+{
+    return value ? std::optional(ZelKeptValue(*value)) : std::nullopt;
+}
+
 } // namespace
+
+bool ZelKeyValueChangeSource::differ(const ZelKeptValue &oldValue, const QVariant &newValue)
+{
+    if (oldValue.hasDied())
+        return true;
+    const bool isNone = ZelIsNull(newValue);
+    return ZelIsNull(oldValue.value()) != isNone || (!isNone && ZelNotEqual(oldValue.value(), newValue));
+}
 
 ZelKeyValueChange::ZelKeyValueChange(ZelKeyValueChangeKind kind, const std::optional<QVariant> &oldValue,
                                      const std::optional<QVariant> &newValue, const std::optional<ZelIndexSet> &indexes,
                                      bool isPrior)
     : m_kind(kind)
     , m_isPrior(isPrior)
-    , m_new(newValue)
-    , m_old(oldValue)
+    , m_new(kept(newValue))
+    , m_old(kept(oldValue))
     , m_indexes(indexes)
 {
 }
@@ -77,8 +90,12 @@ ZelKeyValueChange &ZelKeyValueChange::operator=(const ZelKeyValueChange &other)
         return *this;
     m_kind = other.m_kind;
     m_isPrior = other.m_isPrior;
-    m_new = other.hasNew() ? std::optional(other.keyValueChangeNew()) : std::nullopt;
-    m_old = other.hasOld() ? std::optional(other.keyValueChangeOld()) : std::nullopt;
+    m_new = !other.hasNew()  ? std::nullopt
+            : other.m_source ? std::optional(ZelKeptValue(other.m_source->newValue()))
+                             : other.m_new;
+    m_old = !other.hasOld()  ? std::nullopt
+            : other.m_source ? std::optional(ZelKeptValue(other.m_source->oldValue()))
+                             : other.m_old;
     m_indexes = other.keyValueChangeIndexes();
     m_options = 0;
     m_source = nullptr;
@@ -90,14 +107,14 @@ QVariant ZelKeyValueChange::keyValueChangeNew() const
 {
     if (!hasNew())
         return {};
-    return withoutNull(m_source ? m_source->newValue() : *m_new);
+    return withoutNull(m_source ? m_source->newValue() : m_new->value());
 }
 
 QVariant ZelKeyValueChange::keyValueChangeOld() const
 {
     if (!hasOld())
         return {};
-    return withoutNull(m_source ? m_source->oldValue() : *m_old);
+    return withoutNull(m_source ? m_source->oldValue() : m_old->value());
 }
 
 std::optional<ZelIndexSet> ZelKeyValueChange::keyValueChangeIndexes() const
@@ -107,7 +124,8 @@ std::optional<ZelIndexSet> ZelKeyValueChange::keyValueChangeIndexes() const
 
 bool ZelKeyValueChange::areValuesDifferent() const
 {
-    return ZelNotEqual(keyValueChangeOld(), keyValueChangeNew());
+    const bool hasDied = (m_old && m_old->hasDied()) || (m_new && m_new->hasDied());
+    return hasDied || ZelNotEqual(keyValueChangeOld(), keyValueChangeNew());
 }
 
 std::optional<QVariantList> ZelKeyValueChange::keyValueChangeAddedObjects() const
@@ -129,7 +147,7 @@ void ZelKeyValueChange::mergeLaterChange(const ZelKeyValueChange &later)
     m_kind = later.m_kind;
     m_isPrior = m_isPrior || later.m_isPrior;
     if (later.hasNew())
-        m_new = later.keyValueChangeNew();
+        m_new = ZelKeptValue(later.keyValueChangeNew());
     if (const auto indexes = later.keyValueChangeIndexes())
         m_indexes = indexes;
 }

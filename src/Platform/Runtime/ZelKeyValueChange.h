@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Runtime/ZelIndexSet.h"
+#include "Platform/Runtime/ZelKeptValue.h"
 
 #include <QVariant>
 #include <optional>
@@ -39,6 +40,8 @@ public:
 
 protected:
     virtual bool areValuesDifferent() const = 0;
+    /// An absent value and the null object are both no value; an object that has died is another than any.
+    static bool differ(const ZelKeptValue &oldValue, const QVariant &newValue);
 
 private:
     mutable enum : quint8 { Unknown, Yes, No } m_changed = Unknown;
@@ -46,7 +49,8 @@ private:
 
 /// A change as one observer sees it: old and new value only where it asked for them.
 ///
-/// While it is delivered it refers to the values; a copy holds them, and may be kept.
+/// While it is delivered it refers to the values; a copy holds them, and may be kept: an object that dies meanwhile
+/// reads as absent.
 class ZelKeyValueChange
 {
 public:
@@ -112,7 +116,7 @@ private:
     bool m_isPrior = false;
     const ZelKeyValueChangeSource *m_source = nullptr;
     const ZelIndexSet *m_sharedIndexes = nullptr;
-    std::optional<QVariant> m_new;
-    std::optional<QVariant> m_old;
+    std::optional<ZelKeptValue> m_new;
+    std::optional<ZelKeptValue> m_old;
     std::optional<ZelIndexSet> m_indexes;
 };

@@ -108,12 +108,19 @@ QVariant ZelValueForKey(const QObject *object, ZelKey key)
 
 QVariant ZelValueForKeyPath(const QObject *object, const ZelKeyPath &path)
 {
-    if (!object || path.isEmpty())
-        return {};
-    if (const ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object))
-        return ZelPresent(own->valueForKeyPath(path));
-    const QVariant value = ZelValueForKey(object, path.first());
-    return path.isSingleKey() ? value : ZelValueForKeyPath(value, path.rest());
+    ZelKeyPath rest = path;
+    while (object && !rest.isEmpty()) {
+        if (const ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object))
+            return ZelPresent(own->valueForKeyPath(rest));
+        const QVariant value = ZelValueForKey(object, rest.first());
+        if (rest.isSingleKey())
+            return value;
+        rest = rest.rest();
+        object = ZelObject(value);
+        if (!object)
+            return ZelValueForKeyPath(value, rest);
+    }
+    return {};
 }
 
 QVariant ZelValueForKey(const QVariant &value, ZelKey key)
@@ -170,21 +177,23 @@ void ZelSetValueForKey(QObject *object, const QVariant &value, ZelKey key)
 
 void ZelSetValueForKeyPath(QObject *object, const QVariant &value, const ZelKeyPath &path)
 {
-    if (!object || path.isEmpty())
-        return;
-    if (ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object)) {
-        own->setValueForKeyPath(value, path);
-        return;
+    ZelKeyPath rest = path;
+    while (object && !rest.isEmpty()) {
+        if (ZelKeyValueCodingInterface *own = ZelPropertyAccessor::interfaceOf(object)) {
+            own->setValueForKeyPath(value, rest);
+            return;
+        }
+        if (rest.isSingleKey()) {
+            ZelSetValueForKey(object, value, rest.first());
+            return;
+        }
+        const QVariant container = ZelValueForKey(object, rest.first());
+        QObject *next = ZelObject(container);
+        if (!next && !ZelIsNull(container) && !ZelIsControllerMarker(container))
+            ZelSetValueForKey(object, valueBySetting(container, value, rest.rest()), rest.first());
+        object = next;
+        rest = rest.rest();
     }
-    if (path.isSingleKey()) {
-        ZelSetValueForKey(object, value, path.first());
-        return;
-    }
-    const QVariant container = ZelValueForKey(object, path.first());
-    if (QObject *next = ZelObject(container))
-        ZelSetValueForKeyPath(next, value, path.rest());
-    else if (!ZelIsNull(container) && !ZelIsControllerMarker(container))
-        ZelSetValueForKey(object, valueBySetting(container, value, path.rest()), path.first());
 }
 
 bool ZelHasKey(const QObject *object, ZelKey key)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelNotifyRelay.h"
 
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
 
 #include <QDynamicPropertyChangeEvent>
@@ -32,10 +33,17 @@ template<typename Concerns> void notifyKeys(const ZelObjectRecord &record, Conce
         else
             others.push_back(std::make_unique<Held>(key));
     }
-    if (first)
+    if (!first)
+        return;
+    if (others.empty()) {
         first->notified();
+        return;
+    }
+    ZelFirstException failure;
+    failure.run([first] { first->notified(); });
     for (const auto &held : others)
-        held->key->notified();
+        failure.run([&held] { held->key->notified(); });
+    failure.rethrow();
 }
 
 } // namespace

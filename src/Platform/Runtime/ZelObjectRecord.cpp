@@ -2,6 +2,7 @@
 #include "Platform/Runtime/ZelObjectRecord.h"
 
 #include "Platform/Runtime/ZelAssociatedObjects.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelKeyPathChain.h"
 #include "Platform/Runtime/ZelNotifyRelay.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
@@ -58,11 +59,10 @@ public:
         id = QObject::qt_metacall(call, id, arguments);
         if (id < 0 || call != QMetaObject::InvokeMetaMethod)
             return id;
-        end(*static_cast<QObject **>(arguments[1]));
+        ZelObjectRecord::end(*static_cast<QObject **>(arguments[1]));
         return -1;
     }
 
-private:
     void end(const QObject *object)
     {
         ZelObjectRecord *record = m_records.take(object);
@@ -70,6 +70,7 @@ private:
         delete record;
     }
 
+private:
     QHash<const QObject *, ZelObjectRecord *> m_records;
 };
 
@@ -84,6 +85,11 @@ ZelObjectRecord *ZelObjectRecord::find(const QObject *object)
 ZelObjectRecord &ZelObjectRecord::of(QObject *object)
 {
     return ZelObjectRecordTable::instance().of(object);
+}
+
+void ZelObjectRecord::end(const QObject *object) noexcept
+{
+    ZelExceptionReporter::run(nullptr, [object] { ZelObjectRecordTable::instance().end(object); });
 }
 
 ZelObservedKey *ZelObjectRecord::observedKey(const QObject *object, ZelKey key)
@@ -194,8 +200,13 @@ ZelValueChange::ZelValueChange(QObject *object, ZelKey key, bool byObject)
         return;
     m_uncaught = std::uncaught_exceptions();
     const ZelObservedKey::Hold hold(m_observed);
-    m_observed->willChange(ZelKeyValueChangeSetting, nullptr, byObject);
-    m_observed->retain(); // not before: if an observer throws, there is no end of this announcement
+    try {
+        m_observed->willChange(ZelKeyValueChangeSetting, nullptr, byObject);
+    } catch (...) {
+        m_observed->abandonChange(); // there is no end of this announcement
+        throw;
+    }
+    m_observed->retain();
 }
 
 ZelValueChange::ZelValueChange(QObject *object, ZelKey key)

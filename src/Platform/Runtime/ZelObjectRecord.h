@@ -24,6 +24,10 @@ public:
     /// Whether the object announces changes of an observed key itself.
     static bool announcesItself(const QObject *object, ZelKey key);
 
+    /// For whoever hears that an object is being destroyed: ends its record, before anything else reacts to the death.
+    /// What is thrown meanwhile is reported.
+    static void end(const QObject *object) noexcept;
+
     QObject *object() const { return m_object; }
     /// Null if nobody has observed the key yet.
     ZelObservedKey *observedKey(ZelKey key) const

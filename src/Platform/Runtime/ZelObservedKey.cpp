@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelObservedKey.h"
 
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelMainThread.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelSilentKeys.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -37,7 +39,7 @@ public:
     }
 
 private:
-    bool areValuesDifferent() const override { return m_old.hasDied() || ZelNotEqual(m_old.value(), newValue()); }
+    bool areValuesDifferent() const override { return differ(m_old, newValue()); }
 
     const ZelObservedKey &m_key;
     ZelKeyValueChangeKind m_kind;
@@ -49,6 +51,7 @@ private:
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
     : m_object(object)
+    , m_class(object->metaObject())
     , m_key(key)
     , m_interface(ZelPropertyAccessor::interfaceOf(object))
 {
@@ -81,8 +84,23 @@ QList<QEvent::Type> ZelObservedKey::notifyEvents() const
     return accessor() ? accessor()->notifyEvents() : QList<QEvent::Type>();
 }
 
+/// An object whose destructors run loses one class after the other, and an observer may have come while its
+/// constructors ran.
+bool ZelObservedKey::isReadable() const
+{
+    const QMetaObject *present = m_object ? m_object->metaObject() : nullptr;
+    if (present == m_class)
+        return true;
+    if (!present || m_class->inherits(present))
+        return false;
+    m_class = present;
+    return true;
+}
+
 QVariant ZelObservedKey::read() const
 {
+    if (!isReadable())
+        return {};
     if (m_interface)
         return ZelPresent(m_interface->valueForKeyPath(ZelKeyPath(m_key)));
     if (!accessor())
@@ -97,10 +115,7 @@ QVariant ZelObservedKey::elementsAt(const ZelIndexSet &indexes) const
 {
     const QVariantList list = ZelList(read());
     QVariantList elements;
-    indexes.forEach([&](qsizetype index) {
-        if (index >= 0 && index < list.size())
-            elements.append(list.at(index));
-    });
+    indexes.within(list.size()).forEach([&](qsizetype index) { elements.append(list.at(index)); });
     return elements;
 }
 
@@ -158,7 +173,7 @@ void ZelObservedKey::stopObserving()
     m_remembers = false;
     m_last.clear();
     ZelSilentKeys::remove(this);
-    if (m_interface)
+    if (m_interface && isReadable())
         m_interface->keyPathIsNoLongerObserved(ZelKeyPath(m_key));
 }
 
@@ -172,21 +187,25 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
 {
     ZelKeyValueChange change(kind, &source, 0, indexes, isPrior);
     const size_t count = m_registrations.size(); // later ones do not get this change
-    for (size_t i = 0; i < count && !m_isOrphan; ++i) {
+    ZelFirstException failure;
+    for (size_t i = 0; i < count && m_object && !m_isOrphan; ++i) {
         const Registration &registration = m_registrations[i];
         if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
             continue;
         change.m_options = registration.options;
         const ZelKeyPath path = registration.path; // the registration may move while the observer runs
-        registration.observer->observeValueForKeyPath(path, m_object, change, registration.context);
+        failure.run(
+            [&] { registration.observer->observeValueForKeyPath(path, m_object, change, registration.context); });
     }
+    failure.rethrow();
 }
 
 void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
 {
+    ZelRequireMainThread();
     if (byObject && !m_announcesItself)
         beginAnnouncing();
-    if (!isObserved())
+    if (!isObserved() || !isReadable())
         return;
     const Hold hold(this);
     const int announcement = ++m_announcements;
@@ -229,7 +248,7 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
         m_pendingOld.pop_back();
     }
     --m_announcements;
-    if (!isObserved() || (!byObject && m_announcesItself))
+    if (!isObserved() || (!byObject && m_announcesItself) || !isReadable())
         return;
     if (m_remembers)
         m_last.keep(read());
@@ -237,27 +256,37 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     deliver(kind, source, indexes, false);
 }
 
+void ZelObservedKey::abandonChange()
+{
+    if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements)
+        m_pendingOld.pop_back();
+    m_announcements = std::max(m_announcements - 1, 0);
+}
+
 void ZelObservedKey::notified()
 {
-    if (!isObserved() || m_announcesItself || m_announcements > 0)
+    ZelRequireMainThread();
+    if (!isObserved() || m_announcesItself || m_announcements > 0 || !isReadable())
         return;
     const Hold hold(this);
     ZelKeptValue old;
     std::swap(old, m_last);
     Source source(*this, ZelKeyValueChangeSetting, nullptr, old);
+    ZelFirstException failure;
     if (m_priorObservers > 0)
-        deliver(ZelKeyValueChangeSetting, source, nullptr, true);
+        failure.run([&] { deliver(ZelKeyValueChangeSetting, source, nullptr, true); });
     if (m_remembers) {
         // Taken over before anybody is told, since an observer may cause the next change.
         m_last.keep(read());
         source.setNewValue(m_last.value());
     }
-    deliver(ZelKeyValueChangeSetting, source, nullptr, false);
+    failure.run([&] { deliver(ZelKeyValueChangeSetting, source, nullptr, false); });
+    failure.rethrow();
 }
 
 void ZelObservedKey::reread()
 {
-    if (!isObserved() || m_isOrphan)
+    if (!isObserved() || m_isOrphan || !isReadable())
         return;
     if (m_interface) {
         m_interface->rereadKeyPath(ZelKeyPath(m_key));

@@ -5,6 +5,7 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <vector>
 
 class ZelKeyValueCodingInterface;
@@ -14,7 +15,8 @@ class ZelPropertyAccessor;
 ///
 /// It belongs to the object's record. While a change is delivered it is held, so that observers may come and go and the
 /// object may die: a removed registration is emptied and swept afterwards, and a key whose object has died is deleted
-/// by the last holder.
+/// by the last holder. From the moment that a destructor of the object runs, nothing is read or delivered any more: the
+/// property's class may be gone already.
 class ZelObservedKey
 {
 public:
@@ -69,6 +71,8 @@ public:
     /// Delivers a change that was not announced at all, if there was one.
     void reread();
 
+    /// Takes a beginning of a change back that will not be followed by its end.
+    void abandonChange();
     /// The object dies: nothing is delivered any more. Deletes the key, now or when the last hold ends.
     void orphan();
 
@@ -87,7 +91,10 @@ private:
     void startObserving();
     void stopObserving();
 
-    QObject *m_object;
+    bool isReadable() const;
+
+    QPointer<QObject> m_object;
+    mutable const QMetaObject *m_class; // of the object, as seen last
     ZelKey m_key;
     mutable const ZelPropertyAccessor *m_accessor = nullptr;
     ZelKeyValueCodingInterface *m_interface = nullptr;

@@ -103,3 +103,8 @@ double ZelPropertyDomain::bounded(double number) const
         greatest = std::nextafter(greatest, 0);
     return number < least ? least : number > greatest ? greatest : number;
 }
+
+bool ZelPropertyDomain::isOfTexts() const
+{
+    return m_types.size() == 1 && m_types.at(0).id() == QMetaType::QString;
+}

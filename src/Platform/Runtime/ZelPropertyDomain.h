@@ -31,6 +31,8 @@ public:
     ZelValueConversion::Limits limits() const;
     /// The nearest number that can be stored.
     double bounded(double number) const;
+    /// Whether there are properties, and all of them are texts.
+    bool isOfTexts() const;
     /// Whether none of the properties is read-only.
     bool isWritable() const { return m_isWritable; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelSilentKeys.h"
 
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelObservedKey.h"
 
 #include <QSet>
@@ -34,6 +35,9 @@ void ZelSilentKeys::reread()
     holds.reserve(snapshot.size());
     for (ZelObservedKey *key : snapshot)
         holds.push_back(std::make_unique<ZelObservedKey::Hold>(key));
+    ZelFirstException failure;
     for (ZelObservedKey *key : snapshot)
-        key->reread();
+        failure.run([key] { key->reread(); });
+    holds.clear();
+    failure.rethrow();
 }

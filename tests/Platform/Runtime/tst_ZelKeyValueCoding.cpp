@@ -14,6 +14,7 @@
 #include <QUrl>
 #include <QUuid>
 #include <limits>
+#include <malloc.h>
 
 /// Declares a property of the same name as its base's registered accessor.
 class Shadowing : public Person
@@ -101,6 +102,28 @@ private Q_SLOTS:
         ben.setFriendOf(nullptr);
         QVERIFY(!ZelValueForKeyPath(&ben, "friendOf.friendOf.name").isValid());
         ZelSetValueForKeyPath(&ben, 1, "friendOf.name"); // leads nowhere
+    }
+
+    void aLongPathCostsWhatItsTextDoes()
+    {
+        QStringList keys;
+        for (int i = 0; i < 60000; ++i)
+            keys.append(QStringLiteral("unheardOf%1").arg(i));
+        Person person;
+        person.setFriendOf(&person);
+        const size_t before = mallinfo2().uordblks;
+        {
+            const ZelKeyPath unknown(keys.join(u'.'));
+            QVERIFY_EXCEPTION_THROWN(ZelValueForKeyPath(&person, unknown), ZelUndefinedKeyException);
+            keys.fill(QStringLiteral("friendOf"));
+            keys.append(QStringLiteral("name"));
+            const ZelKeyPath known(keys.join(u'.'));
+            ZelSetValueForKeyPath(&person, QStringLiteral("Ada"), known);
+            QCOMPARE(ZelValueForKeyPath(&person, known), QVariant(QStringLiteral("Ada")));
+            QCOMPARE(known.rest().rest(), ZelKeyPath(known.string().mid(18)));
+            QCOMPARE(qHash(known.rest()), qHash(ZelKeyPath(known.rest().string())));
+        }
+        QVERIFY2(mallinfo2().uordblks < before + 1000000, "kept");
     }
 
     void anUnknownKeyNamesClassAndKey()

@@ -3,10 +3,15 @@
 
 #include "Platform/Runtime/ZelException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
+#include "Platform/Runtime/ZelValues.h"
 #include "Support/Person.h"
 #include "Support/Recorder.h"
 
+#include <QSet>
 #include <QTest>
+#include <QThread>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 const char g_context = 0;
@@ -106,9 +111,37 @@ public:
     }
 };
 
+/// Emits once more while it goes, when what a derived class has added is gone already.
+class Parting : public QObject
+{
+    Q_OBJECT
+public:
+    ~Parting() override { Q_EMIT changed(); }
+Q_SIGNALS:
+    void changed();
+};
+
+class Mortal : public Parting
+{
+    Q_OBJECT
+    Q_PROPERTY(int shared READ value NOTIFY changed)
+    Q_PROPERTY(int silent READ value)
+public:
+    Mortal() { s_living.insert(this); }
+    ~Mortal() override { s_living.remove(this); }
+    int value() const
+    {
+        s_deadReads += !s_living.contains(this);
+        return 1;
+    }
+    static inline QSet<const Mortal *> s_living;
+    static inline int s_deadReads = 0;
+};
+
 class tst_ZelKeyValueObserving : public QObject
 {
     Q_OBJECT
+    QObject m_context;
 private Q_SLOTS:
     void aNotifySignalIsAChange()
     {
@@ -181,6 +214,101 @@ private Q_SLOTS:
         ZelRemoveObserver(&ada, &recorder, "friendOf.name", &g_context);
         QVERIFY(!ZelIsObserved(&ada, "friendOf"));
     }
+
+    void aPathFollowsWhatIsAnnouncedOnlyFurtherUp()
+    {
+        Person person;
+        Keeper keeper;
+        keeper.set(&person, false);
+        Recorder recorder, both;
+        ZelAddObserver(&keeper, &recorder, "kept.silent", g_oldAndNew, &g_context);
+        ZelAddObserver(&keeper, &both, "kept.name", ZelKeyValueObservingOptionPrior, &g_context);
+        person.silent = QStringLiteral("x");
+        keeper.set(&person, true);
+        QCOMPARE(recorder.count(), 1);
+        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(QStringLiteral("x")));
+        QCOMPARE(both.count(), 2); // one before, and one after
+        ZelRemoveObserver(&keeper, &recorder, "kept.silent", &g_context);
+        ZelRemoveObserver(&keeper, &both, "kept.name", &g_context);
+    }
+
+    void aPathForgetsAnObjectThatHasDied()
+    {
+        alignas(Person) char place[sizeof(Person)];
+        Keeper outer, first, second;
+        first.set(new (place) Person, false);
+        outer.set(&first, false);
+        Recorder recorder;
+        ZelAddObserver(&outer, &recorder, "kept.kept", g_oldAndNew, &g_context);
+        std::destroy_at(reinterpret_cast<Person *>(place));
+        second.set(new (place) Person, false);
+        outer.set(&second, false);
+        QVERIFY(!recorder.changes.last().keyValueChangeOld().isValid());
+        QVERIFY(recorder.changes.last().keyValueChanged());
+        ZelRemoveObserver(&outer, &recorder, "kept.kept", &g_context);
+        std::destroy_at(reinterpret_cast<Person *>(place));
+        QVERIFY(!recorder.changes.last().keyValueChangeNew().isValid());
+    }
+
+    void noValueIsNoValue()
+    {
+        Person person;
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "note", g_oldAndNew, &g_context);
+        person.setNote(ZelNull());
+        QCOMPARE(recorder.count(), 1);
+        QVERIFY(!recorder.changes.last().keyValueChanged());
+        ZelRemoveObserver(&person, &recorder, "note", &g_context);
+    }
+
+    void aDyingObjectIsNotReadAnyMore()
+    {
+        auto *mortal = new Mortal;
+        Recorder recorder;
+        // Whatever hears of the death first may make everything be read again.
+        connect(mortal, &QObject::destroyed, &m_context, [] { ZelRereadSilentProperties(); });
+        for (const char *key : {"shared", "silent"})
+            ZelAddObserver(mortal, &recorder, key, g_oldAndNew, &g_context);
+        connect(mortal, &Parting::changed, &m_context, [] { ZelRereadSilentProperties(); });
+        delete mortal;
+        QCOMPARE(Mortal::s_deadReads, 0);
+        QCOMPARE(recorder.count(), 0);
+    }
+
+    void allHearThoughOneThrows()
+    {
+        Keeper keeper;
+        Recorder throwing, quiet;
+        throwing.react = [] { throw std::runtime_error("refused"); };
+        ZelAddObserver(&keeper, &throwing, "kept", ZelKeyValueObservingOptionPrior, &g_context);
+        ZelAddObserver(&keeper, &quiet, "kept", 0, &g_context);
+        QVERIFY_EXCEPTION_THROWN(keeper.set(this, false), std::runtime_error);
+        QCOMPARE(throwing.count(), 2);
+        QCOMPARE(quiet.count(), 1);
+        ZelRemoveObserver(&keeper, &throwing, "kept", &g_context);
+        ZelRemoveObserver(&keeper, &quiet, "kept", &g_context);
+    }
+
+#ifndef QT_NO_DEBUG
+    void aChangeOnAnotherThreadIsAsserted()
+    {
+        Person person;
+        Recorder recorder;
+        ZelAddObserver(&person, &recorder, "name", 0, &g_context);
+        bool isAsserted = false;
+        const std::unique_ptr<QThread> thread(QThread::create([&] {
+            try {
+                person.setName(QStringLiteral("x"));
+            } catch (const ZelInternalInconsistencyException &) {
+                isAsserted = true;
+            }
+        }));
+        thread->start();
+        thread->wait();
+        QVERIFY(isAsserted);
+        ZelRemoveObserver(&person, &recorder, "name", &g_context);
+    }
+#endif
 
     void aPathIntoAValueFollowsTheProperty()
     {
