@@ -76,9 +76,6 @@ void ZelArrayController::setSelectionIndexes(const ZelIndexSet &indexes)
 {
     const QList<QObject *> all = content();
     QList<QObject *> selected;
-    indexes.forEach([&](qsizetype index) {
-        if (index >= 0 && index < all.size())
-            selected.append(all.at(index));
-    });
+    indexes.within(all.size()).forEach([&](qsizetype index) { selected.append(all.at(index)); });
     setSelectedObjects(selected);
 }

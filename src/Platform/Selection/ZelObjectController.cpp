@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelObjectController.h"
 
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelScopeEnd.h"
 #include "Platform/Selection/ZelSelectionProxy.h"
 
@@ -61,9 +62,14 @@ void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objec
     if (objects == m_proxy->objects())
         return;
     const QPointer<ZelObjectController> alive(this);
-    Q_EMIT selectionWillChange();
-    if (alive && m_proxy->setObjects(objects) && alive)
-        Q_EMIT selectionChanged();
+    ZelFirstException failure; // what is thrown on the way leaves the selection as it was asked for, and heard of
+    failure.run([this] { Q_EMIT selectionWillChange(); });
+    bool isNew = alive && objects != m_proxy->objects();
+    if (isNew)
+        failure.run([&] { isNew = m_proxy->setObjects(objects); });
+    if (isNew && alive)
+        failure.run([this] { Q_EMIT selectionChanged(); });
+    failure.rethrow();
 }
 
 ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller, const ZelKeyPath &written)

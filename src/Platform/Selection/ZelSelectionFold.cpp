@@ -6,6 +6,7 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValueConversion.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelPrefetch.h"
@@ -32,11 +33,12 @@ bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const
     return accessor.readTyped(object, &value) && isEqual(value, *static_cast<const Value *>(expected));
 }
 
+/// An unset text and an empty one are the same here: people see no difference.
 bool readEqualText(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
 {
     QString text;
     const auto &other = *static_cast<const QString *>(expected);
-    return accessor.readTyped(object, &text) && text == other && text.isNull() == other.isNull();
+    return accessor.readTyped(object, &text) && text == other;
 }
 
 /// Compares an object's value with one of the same type, without a QVariant; null for other types.
@@ -106,6 +108,16 @@ bool hasPath(const QObject *object, const ZelKeyPath &path)
     return ZelHasKey(object, path.first());
 }
 
+/// Whether the values are an unset text and an empty one.
+bool areEmptyTexts(const QVariant &a, const QVariant &b)
+{
+    const auto isEmptyText = [](const QVariant &value) {
+        return value.typeId() == QMetaType::QString && value.toString().isEmpty();
+    };
+    return (isEmptyText(a) || isEmptyText(b)) && (isEmptyText(a) || ZelIsAbsent(a)) &&
+           (isEmptyText(b) || ZelIsAbsent(b));
+}
+
 /// The fold by whole values, for paths of several keys and objects that answer keys themselves.
 QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
 {
@@ -119,7 +131,9 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
         const QVariant value = ZelValueForKeyPath(object.data(), path);
         if (ZelIsControllerMarker(value))
             return value;
-        if (!isFirst && ZelNotEqual(value, result))
+        const bool isOther = !isFirst && ZelNotEqual(value, result) &&
+                             !(areEmptyTexts(value, result) && ZelPropertyDomain::ofKeyPath(object, path).isOfTexts());
+        if (isOther)
             return QVariant::fromValue(ZelMultipleValuesMarker);
         result = value;
         isFirst = false;
@@ -157,7 +171,8 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
         if (readEqual ? readEqual(*accessor, object, stored.constData()) : sameValue.isOf(*accessor, object))
             continue;
         const QVariant value = accessor->read(object);
-        if (!isFirst && ZelNotEqual(value, stored))
+        if (!isFirst && ZelNotEqual(value, stored) &&
+            !(accessor->type().id() == QMetaType::QString && areEmptyTexts(value, stored)))
             return QVariant::fromValue(ZelMultipleValuesMarker);
         if (isFirst) {
             stored = value;

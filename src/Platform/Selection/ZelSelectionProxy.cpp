@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelSelectionProxy.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelObjectController.h"
@@ -30,10 +32,13 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
         return false;
     const QPointer<ZelSelectionProxy> alive(this);
     const QList<ZelKeyPath> paths = m_paths.keys();
+    ZelFirstException failure; // one observer does not leave the others with the former selection
     for (const ZelKeyPath &path : paths) {
-        ZelWillChangeValueForKey(this, ZelKey(path.string()));
-        if (!alive)
+        failure.run([&] { ZelWillChangeValueForKey(this, ZelKey(path.string())); });
+        if (!alive) {
+            failure.rethrow();
             return false;
+        }
     }
     m_objects = objects;
     m_hasDead = false;
@@ -46,13 +51,14 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
     for (const ZelKeyPath &path : paths) {
         if (const auto known = m_paths.value(path)) {
             known->isDirty = false;
-            known->announced = valueForKeyPath(path);
+            failure.run([&] { known->announced.keep(valueForKeyPath(path)); });
         }
-        ZelDidChangeValueForKey(this, ZelKey(path.string()));
+        failure.run([&] { ZelDidChangeValueForKey(this, ZelKey(path.string())); });
         if (!alive)
-            return false;
+            break;
     }
-    return true;
+    failure.rethrow();
+    return bool(alive);
 }
 
 void ZelSelectionProxy::invalidate()
@@ -67,15 +73,15 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
     if (!known)
         return ZelSelectionFold::value(m_objects, path);
     if (known->answersOld)
-        return known->announced;
+        return known->announced.value();
     const bool hearsAll = !known->isSilent && known->relay->isComplete();
     const quint64 scope = ZelReadingScope::current();
-    if (!known->isKnown || (!hearsAll && (scope == 0 || known->scope != scope))) {
+    if (!known->isKnown || known->value.hasDied() || (!hearsAll && (scope == 0 || known->scope != scope))) {
         known->isKnown = true; // before reading: a getter may cause a change
         known->scope = scope;
-        known->value = ZelSelectionFold::value(m_objects, path);
+        known->value.keep(ZelSelectionFold::value(m_objects, path));
     }
-    return known->value;
+    return known->value.value();
 }
 
 void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
@@ -92,7 +98,7 @@ void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
     m_lastChanged = nullptr;
     listen(*added);
     added->isSilent = ZelSelectionFold::isSilent(m_objects, path);
-    added->announced = valueForKeyPath(path);
+    added->announced.keep(valueForKeyPath(path));
     connectSlices();
 }
 
@@ -150,8 +156,13 @@ bool ZelSelectionProxy::event(QEvent *event)
 void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
 {
     const auto known = m_paths.value(path);
-    if (known && !known->isDirty && ZelNotEqual(valueForKeyPath(path), known->announced))
+    if (known && !known->isDirty && hasUnannounced(*known, path))
         announce(path); // what is dirty is announced anyway, and read then
+}
+
+bool ZelSelectionProxy::hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const
+{
+    return path.announced.hasDied() || ZelNotEqual(valueForKeyPath(keyPath), path.announced.value());
 }
 
 void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
@@ -181,11 +192,30 @@ void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
     m_lastChangedPath = path;
     known->isKnown = false;
     if (m_batches == 0 && m_objects.size() <= immediateLimit) {
-        announce(path);
+        try {
+            announce(path);
+        } catch (...) {
+            tellOthers(path);
+            throw;
+        }
         return;
     }
     known->isDirty = true;
     noticeOwed();
+}
+
+/// An exception ends the signal that a setter is emitting. Other paths that share it would not hear of the change.
+void ZelSelectionProxy::tellOthers(const ZelKeyPath &path)
+{
+    const QPointer<ZelSelectionProxy> alive(this);
+    const QList<ZelKeyPath> paths = m_paths.keys();
+    for (const ZelKeyPath &other : paths) {
+        const auto known = alive ? m_paths.value(other) : nullptr;
+        if (!known || other == path)
+            continue;
+        known->isKnown = false;
+        ZelExceptionReporter::run(nullptr, [&] { rereadKeyPath(other); });
+    }
 }
 
 void ZelSelectionProxy::objectDied()
@@ -219,28 +249,30 @@ void ZelSelectionProxy::announce(const ZelKeyPath &path)
     known->isDirty = false;
     const ZelKey key(path.string());
     const QPointer<ZelSelectionProxy> alive(this);
+    ZelFirstException failure;
     {
         const QScopedValueRollback old(known->answersOld, true);
-        ZelWillChangeValueForKey(this, key);
+        failure.run([&] { ZelWillChangeValueForKey(this, key); });
     }
-    if (!alive)
-        return;
-    known->announced = valueForKeyPath(path);
-    ZelDidChangeValueForKey(this, key);
+    if (alive)
+        failure.run([&] { known->announced.keep(valueForKeyPath(path)); });
+    if (alive)
+        failure.run([&] { ZelDidChangeValueForKey(this, key); });
+    failure.rethrow();
 }
 
 void ZelSelectionProxy::flush()
 {
     const QPointer<ZelSelectionProxy> alive(this);
+    ZelFirstException failure;
     if (m_hasDead)
-        dropDead();
-    if (!alive)
-        return;
-    const auto paths = m_paths;
+        failure.run([this] { dropDead(); });
+    const auto paths = alive ? m_paths : QHash<ZelKeyPath, std::shared_ptr<Path>>();
     for (auto entry = paths.begin(); alive && entry != paths.end(); ++entry) {
         if (entry.value()->isDirty)
-            announce(entry.key());
+            failure.run([&] { announce(entry.key()); });
     }
+    failure.rethrow();
 }
 
 void ZelSelectionProxy::dropDead()

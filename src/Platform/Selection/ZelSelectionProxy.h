@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelKeptValue.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 
 #include <QBasicTimer>
@@ -55,8 +56,8 @@ private:
     struct Path
     {
         std::unique_ptr<ZelSelectionRelay> relay;
-        QVariant value;          // the fold
-        QVariant announced;      // the fold that observers know
+        ZelKeptValue value;      // the fold
+        ZelKeptValue announced;  // the fold that observers know
         bool isKnown = false;    // nothing was heard since value was read
         quint64 scope = 0;       // the reading scope in which it was read
         bool isDirty = false;    // a notice is owed
@@ -66,6 +67,8 @@ private:
     void listen(Path &path);
     void invalidate();
     void announce(const ZelKeyPath &path);
+    bool hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const;
+    void tellOthers(const ZelKeyPath &path);
     void connectSlices();
     void noticeOwed();
     void flush();

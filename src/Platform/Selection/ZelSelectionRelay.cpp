@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelSelectionRelay.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Platform/Runtime/ZelMainThread.h"
+#include "Platform/Runtime/ZelObjectRecord.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Selection/ZelSelectionProxy.h"
 
@@ -8,6 +11,7 @@
 #include <QCoreApplication>
 #include <QMetaMethod>
 #include <QTimerEvent>
+#include <deque>
 
 namespace {
 const char g_sliceContext = 0;
@@ -33,6 +37,7 @@ public:
         const int signal = m_path.isEmpty() ? destroyed : accessor ? accessor->notifySignalIndex() : -1;
         if (signal >= 0) {
             QMetaObject::connect(object, signal, this, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
+            ++m_connections;
             return;
         }
         ZelAddObserver(object, this, m_path, 0, &g_sliceContext);
@@ -51,9 +56,13 @@ public:
         static const int first = QObject::staticMetaObject.methodCount();
         if (call != QMetaObject::InvokeMetaMethod || id < first)
             return QObject::qt_metacall(call, id, arguments);
-        tell();
+        if (m_path.isEmpty())
+            objectDied(*static_cast<QObject **>(arguments[1]));
+        else
+            tell();
         return -1;
     }
+    qsizetype connections() const { return m_connections; }
     void observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &, const void *) override
     {
         tell();
@@ -62,12 +71,17 @@ public:
 private:
     void tell()
     {
-        if (!m_proxy)
-            return;
-        if (m_path.isEmpty())
-            m_proxy->objectDied();
-        else
-            m_proxy->objectChanged(m_path);
+        ZelRequireMainThread();
+        const ZelKeyPath path = m_path; // this may be deleted meanwhile
+        if (m_proxy)
+            m_proxy->objectChanged(path);
+    }
+    /// Called from the object's destructor, which nothing may leave.
+    void objectDied(const QObject *object)
+    {
+        ZelObjectRecord::end(object);
+        if (m_proxy)
+            ZelExceptionReporter::run(nullptr, [proxy = m_proxy] { proxy->objectDied(); });
     }
     void stopObserving()
     {
@@ -80,11 +94,13 @@ private:
     ZelSelectionProxy *m_proxy;
     ZelKeyPath m_path;
     QList<QPointer<QObject>> m_observed; // those without a signal
+    qsizetype m_connections = 0;
 };
 
 namespace {
 
-/// Deletes retired receivers one at a time: each has a thousand connections to take down.
+/// Takes down the connections of retired receivers while the application is idle, some at a time. Where it never is, as
+/// in a long loop that selects, each receiver that comes pushes the oldest out: that costs no more than connecting did.
 class Graveyard : public QObject
 {
 public:
@@ -95,9 +111,12 @@ public:
             graveyard = new Graveyard(QCoreApplication::instance());
         return *graveyard;
     }
-    void bury(std::unique_ptr<QObject> receiver)
+    void bury(std::unique_ptr<QObject> receiver, qsizetype connections)
     {
-        m_receivers.push_back(std::move(receiver));
+        m_receivers.push_back({std::move(receiver), connections});
+        m_connections += connections;
+        if (m_receivers.size() > maximumReceivers || m_connections > maximumConnections)
+            deleteOldest();
         if (!m_timer.isActive())
             m_timer.start(0, this);
     }
@@ -105,17 +124,36 @@ public:
 protected:
     void timerEvent(QTimerEvent *) override
     {
-        m_receivers.pop_back();
+        const qsizetype target = m_connections - batch;
+        for (int i = 0; i < batch && !m_receivers.empty() && m_connections > target; ++i)
+            deleteOldest();
         if (m_receivers.empty())
             m_timer.stop();
     }
 
 private:
+    static constexpr size_t maximumReceivers = 4096;
+    static constexpr qsizetype maximumConnections = 1000000;
+    static constexpr int batch = 1000; // connections in a turn of the event loop, or receivers that have none
+
+    struct Retired
+    {
+        std::unique_ptr<QObject> receiver;
+        qsizetype connections;
+    };
     explicit Graveyard(QObject *parent)
         : QObject(parent)
     {
     }
-    std::vector<std::unique_ptr<QObject>> m_receivers;
+    void deleteOldest()
+    {
+        const Retired oldest = std::move(m_receivers.front());
+        m_receivers.pop_front();
+        m_connections -= oldest.connections;
+    }
+
+    std::deque<Retired> m_receivers;
+    qsizetype m_connections = 0; // of all of them
     QBasicTimer m_timer;
 };
 
@@ -136,8 +174,9 @@ void ZelSelectionRelay::retire()
 {
     for (std::unique_ptr<Slice> &slice : m_slices) {
         slice->silence();
+        const qsizetype connections = slice->connections();
         if (QCoreApplication::instance() && !QCoreApplication::closingDown())
-            Graveyard::instance().bury(std::move(slice));
+            Graveyard::instance().bury(std::move(slice), connections);
     }
     m_slices.clear();
 }

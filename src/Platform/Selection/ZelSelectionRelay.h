@@ -12,7 +12,7 @@ class ZelSelectionProxy;
 /// Hears of changes of one key path (or, with an empty path, of the deaths) of all selected objects.
 ///
 /// The objects are connected in slices, each a receiver of its own, so that neither connecting nor letting go of a
-/// large selection blocks: slices of an ended relay are deleted one by one while the application is idle.
+/// large selection blocks: slices of an ended relay are deleted in batches while the application is idle.
 class ZelSelectionRelay
 {
 public:

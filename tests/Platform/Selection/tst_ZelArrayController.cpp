@@ -2,6 +2,7 @@
 #include "Platform/Selection/ZelArrayController.h"
 
 #include "Platform/Runtime/ZelException.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -10,7 +11,9 @@
 #include "Support/Recorder.h"
 
 #include <QTest>
+#include <malloc.h>
 #include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -79,7 +82,12 @@ private Q_SLOTS:
         three.people[1]->setName(QString());
         three.people[0]->setName(QStringLiteral(""));
         three.people[2]->setName(QStringLiteral(""));
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple()); // unset is not empty
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), QVariant(QStringLiteral(""))); // unset looks empty
+        for (const auto &person : three.people)
+            person->setFriendOf(person.get());
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.friendOf.name"), QVariant(QStringLiteral("")));
+        three.people[0]->setNote(QStringLiteral(""));
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.note"), multiple()); // of any type, and one is none
         three.people[0]->setProperty("wings", 2);                                // of this one alone, not of the class
         QVERIFY(ZelIsMarker(ZelValueForKeyPath(&controller, "selection.wings"), ZelNotApplicableMarker));
     }
@@ -265,6 +273,90 @@ private Q_SLOTS:
         ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
     }
 
+    void allHearThoughOneThrows()
+    {
+        ZelArrayController controller;
+        People two(2, 1);
+        Recorder throwing, quiet;
+        throwing.react = [] { throw std::runtime_error("refused"); };
+        const QStringList paths{"selection.height", "selection.name", "selection.flags"};
+        for (const QString &path : paths) {
+            ZelAddObserver(&controller, &throwing, path, 0, &g_context);
+            ZelAddObserver(&controller, &quiet, path, 0, &g_context);
+        }
+        int selections = 0;
+        connect(&controller, &ZelObjectController::selectionChanged, this, [&] { ++selections; });
+        QVERIFY_EXCEPTION_THROWN(controller.setSelectedObjects(two.objects()), std::runtime_error);
+        QCOMPARE(quiet.count(), 3);
+        QCOMPARE(throwing.count(), 3);
+        QCOMPARE(selections, 1);
+        QVERIFY_EXCEPTION_THROWN(two.people[0]->setHeight(3), std::runtime_error);
+        QCOMPARE(quiet.count(), 4);
+        QCOMPARE(quiet.changes.last().keyValueChangeKind(), quint32(ZelKeyValueChangeSetting));
+        for (const QString &path : paths) {
+            ZelRemoveObserver(&controller, &throwing, path, &g_context);
+            ZelRemoveObserver(&controller, &quiet, path, &g_context);
+        }
+    }
+
+    /// The destructor would end the process.
+    void whatIsThrownWhenAnObjectDiesIsReported()
+    {
+        struct Reporter : ZelExceptionReporter
+        {
+            QStringList messages;
+            Reporter() { setCurrent(this); }
+            ~Reporter() override { setCurrent(nullptr); }
+            void reportException(const QString &message, const ZelSourcePlace &) override { messages.append(message); }
+        } reporter;
+        ZelArrayController controller;
+        People two(2, 1);
+        controller.setSelectedObjects(two.objects());
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
+        recorder.react = [] { throw std::runtime_error("refused"); };
+        two.people.pop_back();
+        QCOMPARE(reporter.messages, QStringList{"refused"});
+        QCOMPARE(controller.selectedCount(), 1);
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
+    void aSelectionForgetsAnObjectThatHasDied()
+    {
+        alignas(Person) char place[sizeof(Person)];
+        ZelArrayController controller;
+        Person ada;
+        ada.setFriendOf(new (place) Person);
+        controller.setSelectedObjects({&ada});
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.friendOf", g_oldAndNew, &g_context);
+        std::destroy_at(reinterpret_cast<Person *>(place));
+        auto *second = new (place) Person;
+        Q_EMIT ada.friendOfChanged(); // it is at the same place, and another
+        QVERIFY(!recorder.changes.last().keyValueChangeOld().isValid());
+        QVERIFY(recorder.changes.last().keyValueChanged());
+        ZelRemoveObserver(&controller, &recorder, "selection.friendOf", &g_context);
+        std::destroy_at(second);
+    }
+
+    void selectingWithoutIdlingKeepsMemoryBounded()
+    {
+        ZelArrayController controller;
+        People two(2);
+        Recorder recorder;
+        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
+        const auto select = [&](int times) {
+            for (int i = 0; i < times; ++i)
+                controller.setSelectedObjects({two.people[size_t(i % 2)].get()});
+            recorder.changes.clear();
+        };
+        select(10000);
+        const size_t before = mallinfo2().uordblks;
+        select(10000);
+        QVERIFY2(mallinfo2().uordblks < before + 500000, qPrintable(QString::number(mallinfo2().uordblks - before)));
+        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+    }
+
     void theSelectionMayChangeWhileItIsWritten()
     {
         ZelArrayController controller;
@@ -284,6 +376,8 @@ private Q_SLOTS:
         ZelArrayController controller;
         People four(4);
         controller.setContent(four.objects());
+        controller.setSelectionIndexes(ZelIndexSet::withRange(-5, 4'000'000'000));
+        QCOMPARE(controller.selectedCount(), 4);
         controller.setSelectionIndexes({1, 3, 17});
         QCOMPARE(controller.selectedObjects(), QList<QObject *>({four.people[1].get(), four.people[3].get()}));
         controller.removeObject(four.people[1].get());
