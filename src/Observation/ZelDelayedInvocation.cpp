@@ -5,6 +5,7 @@
 #include "Platform/Runtime/ZelAssertions.h"
 
 #include <QScopeGuard>
+#include <cmath>
 
 namespace {
 
@@ -45,6 +46,12 @@ ZelDelayedInvocation::~ZelDelayedInvocation()
 {
     cancel();
     m_task->invocation = nullptr;
+}
+
+void ZelDelayedInvocation::setDelay(const std::optional<double> &delay)
+{
+    if (ZelRequire(!delay || !std::isnan(*delay), "!isnan(delay)"))
+        m_task->delay = delay;
 }
 
 std::shared_ptr<ZelDelayedInvocation> ZelDelayedInvocation::scheduleDelayedInvocationWithBlock(const Block &block)

@@ -50,9 +50,10 @@ public:
     /// The order within the turn, lower is earlier; nothing stands for defaultPriority. Without effect with a delay.
     const std::optional<quint32> &priority() const { return m_task->priority; }
     void setPriority(const std::optional<quint32> &priority) { m_task->priority = priority; }
-    /// In seconds; nothing is no delay: the work runs at the end of the turn.
+    /// In seconds; nothing is no delay: the work runs at the end of the turn. Asserts "!isnan(delay)", and keeps the
+    /// former one.
     const std::optional<double> &delay() const { return m_task->delay; }
-    void setDelay(const std::optional<double> &delay) { m_task->delay = delay; }
+    void setDelay(const std::optional<double> &delay);
 
     bool isScheduled() const { return m_scheduled; }
     bool isFinished() const { return m_task->finished; }

@@ -2,6 +2,7 @@
 #include "Observation/ZelObservation.h"
 
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 
 #include <mutex>
 
@@ -30,7 +31,8 @@ void ZelObservation::release(ZelObservation *observation)
 {
     if (!observation->isCancelled()) {
         ZelReportFailure(QStringLiteral("Observation is not cancelled: ") + observation->description());
-        observation->cancel();
+        // Within a destructor, as a rule: what taking down a binding makes an application throw must not leave it.
+        ZelExceptionReporter::run(nullptr, [observation] { observation->cancel(); });
     }
     observation->m_released = true;
     if (observation->m_deliveries == 0)

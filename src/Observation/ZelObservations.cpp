@@ -3,6 +3,7 @@
 
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelAssociatedObjects.h"
+#include "Platform/Runtime/ZelFirstException.h"
 
 /// Null if nothing is filed.
 ZelObservations::List *ZelObservations::listForContext(const void *context) const
@@ -48,8 +49,10 @@ void ZelObservations::removeAllObservationsForContext(const void *context) const
     // Taken out first: what is cancelled may make its owner file others.
     const List removed = std::exchange(*list, {});
     setObservations({}, context);
+    ZelFirstException failure;
     for (const ZelObservationPtr &observation : removed)
-        observation->cancel();
+        failure.run([&] { observation->cancel(); });
+    failure.rethrow();
 }
 
 void ZelObservations::addObservationWithCenter(ZelNotificationCenter *center, const QString &name, QObject *object,

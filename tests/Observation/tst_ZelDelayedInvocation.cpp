@@ -112,6 +112,7 @@ private Q_SLOTS:
     {
         ZelDelayedInvocation invocation(note("a"));
         invocation.setDelay(0.02);
+        QVERIFY_EXCEPTION_THROWN(invocation.setDelay(qQNaN()), ZelInternalInconsistencyException); // never would be
         invocation.schedule();
         turn();
         QCOMPARE(m_log, "");

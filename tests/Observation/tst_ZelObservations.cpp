@@ -3,6 +3,7 @@
 
 #include "Observation/Club.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Support/Person.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -153,6 +154,23 @@ private Q_SLOTS:
         ZelObservations(&owner).removeAllObservationsForContext(&g_context);
         turn();
         QCOMPARE(m_seen.size(), 1);
+    }
+
+    void aDeferredChangeForgetsAnObjectThatHasDied()
+    {
+        QObject owner;
+        Person person;
+        auto *dead = new Person;
+        person.setFriendOf(dead);
+        QList<QVariant> old;
+        ZelObservations(&owner).addObservationWithObject(
+            &person, "friendOf", ZelKeyValueObservingOptionEqualCheck | ZelKeyValueObservingOptionDeferred,
+            [&](ZelBlockObservation *, const Change &change) { old.append(change.keyValueChangeOld()); }, &g_context);
+        person.setFriendOf(&person);
+        delete dead;
+        turn();
+        QCOMPARE(old, QList<QVariant>{QVariant()});
+        ZelObservations(&owner).removeAllObservationsForContext(&g_context);
     }
 
     void aPriorMarkStaysOnTheChangeThatIsDeliveredLater()
