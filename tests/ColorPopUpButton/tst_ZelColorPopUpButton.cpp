@@ -3,6 +3,7 @@
 #include "ColorPopUpButton/ZelColorMenuItem.h"
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
+#include "ColorPopUpButton/ZelColorSwatch.h"
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelColorPanel.h"
 #include "Platform/Controls/ZelMenuItem.h"
@@ -12,9 +13,11 @@
 #include "Platform/Selection/ZelUndoManager.h"
 #include "Support/Person.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -82,6 +85,22 @@ public Q_SLOTS:
 
 private Q_SLOTS:
     void cleanup() { ZelColorPanel::sharedColorPanel()->close(); }
+
+    void everyColorHasASpokenValue()
+    {
+        ZelColorPopUpButton button;
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&button);
+        button.setSelectedColor(color(QColor(1, 2, 3)));
+        QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("#010203")); // it has no name
+        button.setSelectedColor(QVariant::fromValue(ZelMultipleValuesMarker));
+        QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("Multiple Values"));
+    }
+
+    void imagesOfNoSizeAreEmpty()
+    {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("QPainter")));
+        QVERIFY(ZelColorSwatch::image(QColor(Qt::red)).pixmap(QSize(0, 0)).isNull());
+    }
 
     void theMenuOffersAllKindsOfColours()
     {
