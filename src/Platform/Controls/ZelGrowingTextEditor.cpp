@@ -98,9 +98,12 @@ void ZelGrowingTextEditor::keyPressEvent(QKeyEvent *event)
         QPlainTextEdit::keyPressEvent(event);
 }
 
+/// A text edit may have a line to scroll by although the text fits: where the field has room for it, the wheel is the
+/// pane's.
 void ZelGrowingTextEditor::wheelEvent(QWheelEvent *event)
 {
-    if (hasFocus() && verticalScrollBar()->maximum() > 0)
+    const bool isCut = m_field && m_field->height() < m_field->heightForWidth(m_field->width());
+    if (hasFocus() && isCut && verticalScrollBar()->maximum() > 0)
         QPlainTextEdit::wheelEvent(event);
     else
         event->ignore();

@@ -211,7 +211,7 @@ void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
     m_editor = new ZelGrowingTextEditor(this);
     m_editor->setReadOnly(!m_editable);
     m_editor->setTextColor(textColor());
-    m_editor->setGeometry(editorGeometry());
+    m_editor->setGeometry(contentRect());
     if (keepsTyping)
         m_editor->setPlainText(typed);
     else
@@ -400,12 +400,6 @@ QRect ZelGrowingTextField::contentRect() const
     return rect().marginsRemoved(contentMargins());
 }
 
-/// A pixel higher than the text: an editor that the text just fills scrolls by a line.
-QRect ZelGrowingTextField::editorGeometry() const
-{
-    return contentRect().adjusted(0, 0, 0, 1);
-}
-
 double ZelGrowingTextField::baselineOffset() const
 {
     return contentMargins().top() + fontMetrics().ascent();
@@ -467,7 +461,7 @@ void ZelGrowingTextField::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     if (m_editor)
-        m_editor->setGeometry(editorGeometry());
+        m_editor->setGeometry(contentRect());
 }
 
 void ZelGrowingTextField::paintEvent(QPaintEvent *)

@@ -91,7 +91,6 @@ private:
     void initStyleOption(QStyleOptionFrame *option) const;
     QMargins contentMargins() const;
     QRect contentRect() const;
-    QRect editorGeometry() const;
     QColor textColor() const;
     void openEditor(Qt::FocusReason reason);
     void closeEditor();
