@@ -4,6 +4,7 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "SplitView/ZelSplitView.h"
+#include "ViewController/ZelAssignItems.h"
 
 #include <QChildEvent>
 #include <QCoreApplication>
@@ -83,13 +84,8 @@ QList<ZelPrioritySplitViewItem *> ZelPrioritySplitViewDelegate::items() const
 
 void ZelPrioritySplitViewDelegate::setItems(const QList<ZelPrioritySplitViewItem *> &items)
 {
-    if (std::equal(items.begin(), items.end(), m_items.begin(), m_items.end()))
-        return;
-    m_items = {items.begin(), items.end()};
-    for (ZelPrioritySplitViewItem *item : items)
-        if (!item->parent())
-            item->setParent(this);
-    Q_EMIT itemsChanged();
+    if (ZelAssignItems(m_items, items, this))
+        Q_EMIT itemsChanged();
 }
 
 ZelPrioritySplitViewItem *ZelPrioritySplitViewDelegate::itemForViewIndex(qsizetype index) const

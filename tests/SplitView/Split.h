@@ -34,6 +34,7 @@ struct Split
         for (const Item &item : items)
             list.append(ZelPrioritySplitViewItem::prioritySplitViewItemWithMinLength(item.minimum, item.maximum,
                                                                                      item.priority, item.collapsible));
+        list.prepend(nullptr); // is left out
         delegate->setItems(list);
     }
     void resize(int length)
