@@ -213,11 +213,15 @@ bool ZelSplitViewDividers::collapse(Panes &panes, const Pair &pair, int coordina
         if (pane.isCollapsed)
             return true;
         const bool canCollapse = m_delegate->splitViewCanCollapseSubview(m_delegate->splitView(), pane.widget);
-        if (!canCollapse || pair.end - pair.start > m_delegate->maximumOf(panes, other))
+        const int room = pair.end - pair.start;
+        if (!canCollapse || room < m_delegate->minimumOf(panes, other) || room > m_delegate->maximumOf(panes, other))
             return false;
         pane.isCollapsed = true;
         pane.length = 0;
-        panes[size_t(other)].length = pair.end - pair.start;
+        // The other one may have been collapsed itself, and the panes may have been too long before.
+        panes[size_t(other)].isCollapsed = false;
+        panes[size_t(other)].length = room;
+        m_delegate->distribute(panes, nullptr);
         return true;
     };
     return tryPane(pair.left, pair.right, coordinate - pair.start) ||

@@ -99,6 +99,52 @@ private Q_SLOTS:
         drag(split, 2, 85);
         QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
     }
+    /// One drag may open the pane on the one side and collapse that on the other.
+    void onePaneOpensWhileAnotherCollapses_data()
+    {
+        QTest::addColumn<QList<int>>("collapsed");
+        QTest::addColumn<int>("divider");
+        QTest::addColumn<int>("distance");
+        QTest::addColumn<QList<int>>("opened"); // that takes all the room of the one that collapses
+        QTest::newRow("the first one opens") << QList<int>{0} << 1 << 200 << QList<int>{0, 2};
+        QTest::newRow("the last one opens") << QList<int>{2} << 2 << -200 << QList<int>{0, 2};
+        QTest::newRow("the middle one opens at the end") << QList<int>{1} << 2 << 300 << QList<int>{0, 1};
+        QTest::newRow("the middle one opens at the start") << QList<int>{1} << 1 << -300 << QList<int>{1, 2};
+    }
+    void onePaneOpensWhileAnotherCollapses()
+    {
+        QFETCH(QList<int>, collapsed);
+        QFETCH(int, divider);
+        QFETCH(int, distance);
+        QFETCH(QList<int>, opened);
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
+            split.splitter->setLayoutDirection(direction);
+            activate(split.splitter.get());
+            for (int index : collapsed)
+                split.setCollapsed(index, true);
+            drag(split, divider, distance);
+            QList<int> shown;
+            for (int i = 0; i < 3; ++i)
+                if (!split.isCollapsed(i))
+                    shown.append(i);
+            QCOMPARE(shown, opened);
+            QCOMPARE(split.starts(), QList<int>({0, split.lengths()[shown[0]] + split.splitter->handleWidth()}));
+            QCOMPARE(split.starts()[1] + split.lengths()[shown[1]], split.length());
+        }
+    }
+    void collapsingEndsAnOverflow()
+    {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            Split split({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
+            split.splitter->setLayoutDirection(direction);
+            activate(split.splitter.get());
+            split.resize(66);
+            drag(split, 1, -60);
+            QCOMPARE(split.lengths(), QList<int>({0, 66}));
+            QCOMPARE(split.starts(), QList<int>{0});
+        }
+    }
     void keysMoveADividerThatHasTheFocus()
     {
         Split split({{40, 160, 0, true}, {50, 1000, 1}}, {100, 200});
