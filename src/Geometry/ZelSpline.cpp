@@ -4,91 +4,89 @@
 #include "Geometry/ZelLine.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
-/// Flatness ends the halving long before, except for coordinates that are huge.
-constexpr int MaximumDepth = 20;
+// Halving ends by itself: a piece is flat at the latest when it is smaller than the flatness. Two things are in the way
+// of that. Far out, where the step from one double to the next comes near to the flatness, a half may be no smaller
+// than the whole; and as a piece gets flat at about the root of the curve's extent, those of a huge curve are too many
+// to be visited.
 
-// Here, a segment is the ways a, b and c from each of its control points to the next one. Its length needs no more, and
-// halving these is half the work of halving the points.
+/// Coordinates and extents, in points, of curves that are halved to the end.
+constexpr double Farthest = 0x1p48;
+constexpr double Largest = 0x1p44;
+/// How often others are halved.
+constexpr int LevelsOfOthers = 20;
 
-/// Made of the coordinates of the ways: six doubles are passed in registers, which structures of them are not.
-struct Chord
+struct Segment
 {
-    double x, y;
-    double squared;  ///< its length
-    double distance; ///< of the handles together, times its length
+    QPointF p0, p1, p2, p3;
 
-    Chord(double ax, double ay, double bx, double by, double cx, double cy)
-        : x(ax + (bx + cx))
-        , y(ay + (by + cy))
-        , squared(x * x + y * y)
-        , distance(std::abs((bx + cx) * y - (by + cy) * x) + std::abs(cx * y - cy * x))
+    bool isFlat() const { return ZelSplineIsLinear(p0, p1, p2, p3); }
+    bool isFinite() const
     {
+        // A zero for each coordinate, or NaN.
+        const QPointF sum = p0 * 0 + p1 * 0 + p2 * 0 + p3 * 0;
+        return sum.x() == 0 && sum.y() == 0;
     }
-
-    /// For NaN, too, of which no half would ever be flat.
-    bool isFlat() const { return !(squared * m_distance_tolerance < distance * distance); }
-    /// With the sign that a line's length has.
-    double length() const
+    double chord() const
     {
         // The root is a third of the price of a length that cannot overflow.
-        const bool isPlain = squared > 1e-280 && squared < 1e280 && x != 0 && y != 0;
-        return isPlain ? std::sqrt(squared) : ZelLineGetLength({}, {x, y});
+        const double dx = p3.x() - p0.x();
+        const double dy = p3.y() - p0.y();
+        const double squared = dx * dx + dy * dy;
+        const bool isPlain = squared > 1e-280 && squared < 1e280 && dx != 0 && dy != 0;
+        return isPlain ? std::sqrt(squared) : ZelLineGetLength(p0, p3);
+    }
+    bool endsByItself() const // false for NaN
+    {
+        const auto isWithin = [](const QPointF &way, double limit) {
+            return std::abs(way.x()) < limit && std::abs(way.y()) < limit;
+        };
+        return isWithin(p0, Farthest) && isWithin(p1 - p0, Largest) && isWithin(p2 - p0, Largest) &&
+               isWithin(p3 - p0, Largest);
     }
 };
 
-double lengthOf(double ax, double ay, double bx, double by, double cx, double cy, int depth)
+struct Halves
 {
-    const Chord chord(ax, ay, bx, by, cx, cy);
-    if (chord.isFlat() || depth == 0)
-        return chord.length();
-    const double middleX = ((ax + bx) + (bx + cx)) * 0.125;
-    const double middleY = ((ay + by) + (by + cy)) * 0.125;
-    const double first = lengthOf(ax * 0.5, ay * 0.5, (ax + bx) * 0.25, (ay + by) * 0.25, middleX, middleY, depth - 1);
-    return first + lengthOf(middleX, middleY, (bx + cx) * 0.25, (by + cy) * 0.25, cx * 0.5, cy * 0.5, depth - 1);
-}
+    Segment first, second;
 
-/// The ways where speed does not matter.
-struct Ways
-{
-    QPointF a, b, c;
-
-    Ways(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3)
-        : a(p1 - p0)
-        , b(p2 - p1)
-        , c(p3 - p2)
+    explicit Halves(const Segment &s)
     {
+        const QPointF m01 = CGPointMid(s.p0, s.p1);
+        const QPointF m12 = CGPointMid(s.p1, s.p2);
+        const QPointF m23 = CGPointMid(s.p2, s.p3);
+        const QPointF m012 = CGPointMid(m01, m12);
+        const QPointF m123 = CGPointMid(m12, m23);
+        const QPointF m = CGPointMid(m012, m123);
+        first = {s.p0, m01, m012, m};
+        second = {m, m123, m23, s.p3};
     }
-    Chord chord() const { return {a.x(), a.y(), b.x(), b.y(), c.x(), c.y()}; }
-    double length(int depth) const { return lengthOf(a.x(), a.y(), b.x(), b.y(), c.x(), c.y(), depth); }
-    Ways firstHalf() const { return Ways(a * 0.5, (a + b) * 0.25, middle()); }
-    Ways secondHalf() const { return Ways(middle(), (b + c) * 0.25, c * 0.5); }
-
-private:
-    Ways(const QPointF &a, const QPointF &b, const QPointF &c)
-        : a(a)
-        , b(b)
-        , c(c)
-    {
-    }
-    QPointF middle() const { return ((a + b) + (b + c)) * 0.125; }
 };
 
-double parameterInLine(double lineLength, double length)
+/// A negative number of levels never comes to its end.
+double lengthOf(const Segment &segment, int levels)
 {
-    return lineLength == 0 ? 0 : std::clamp(length / lineLength, 0.0, 1.0);
+    if (levels == 0 || segment.isFlat())
+        return segment.chord();
+    const Halves halves(segment);
+    const double first = lengthOf(halves.first, levels - 1);
+    return first + lengthOf(halves.second, levels - 1);
 }
 
-double parameterOf(const Ways &ways, double length, int depth);
-
-double parameterInHalves(const Ways &ways, double length, int depth)
+double parameterOf(const Segment &segment, double length, int levels)
 {
-    const Ways firstHalf = ways.firstHalf();
-    const Ways secondHalf = ways.secondHalf();
-    const double first = firstHalf.length(depth - 1);
-    const double total = first + secondHalf.length(depth - 1);
+    if (length <= 0)
+        return 0;
+    if (levels == 0 || segment.isFlat()) {
+        const double chord = segment.chord();
+        return chord == 0 ? 0 : std::clamp(length / chord, 0.0, 1.0);
+    }
+    const Halves halves(segment);
+    const double first = lengthOf(halves.first, levels - 1);
+    const double total = first + lengthOf(halves.second, levels - 1);
     if (total == 0)
         return 0;
     if (length >= total)
@@ -96,41 +94,27 @@ double parameterInHalves(const Ways &ways, double length, int depth)
     if (first == length)
         return 0.5;
     if (first > length)
-        return 0.5 * parameterOf(firstHalf, length, depth - 1);
-    return 0.5 + 0.5 * parameterOf(secondHalf, length - first, depth - 1);
-}
-
-double parameterOf(const Ways &ways, double length, int depth)
-{
-    if (length <= 0)
-        return 0;
-    const Chord chord = ways.chord();
-    return chord.isFlat() || depth == 0 ? parameterInLine(chord.length(), length)
-                                        : parameterInHalves(ways, length, depth);
+        return 0.5 * parameterOf(halves.first, length, levels - 1);
+    return 0.5 + 0.5 * parameterOf(halves.second, length - first, levels - 1);
 }
 
 } // namespace
 
-// Whether the whole segment is flat, the points decide: the chord between near ends is lost in the ways to and from far
-// handles.
-
 double ZelSplineGetTotalLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3)
 {
-    if (ZelSplineIsLinear(p0, p1, p2, p3))
-        return ZelLineGetLength(p0, p3);
-    const Ways ways(p0, p1, p2, p3);
-    const double first = ways.firstHalf().length(MaximumDepth - 1);
-    return first + ways.secondHalf().length(MaximumDepth - 1);
+    const Segment segment{p0, p1, p2, p3};
+    if (segment.endsByItself())
+        return lengthOf(segment, -1);
+    return segment.isFinite() ? lengthOf(segment, LevelsOfOthers) : std::numeric_limits<double>::quiet_NaN();
 }
 
 double ZelSplineParameterForLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3,
                                    double length)
 {
-    if (length <= 0)
-        return 0;
-    if (ZelSplineIsLinear(p0, p1, p2, p3))
-        return parameterInLine(ZelLineGetLength(p0, p3), length);
-    return parameterInHalves({p0, p1, p2, p3}, length, MaximumDepth);
+    const Segment segment{p0, p1, p2, p3};
+    if (length <= 0 || segment.endsByItself())
+        return parameterOf(segment, length, -1);
+    return segment.isFinite() ? parameterOf(segment, length, LevelsOfOthers) : std::numeric_limits<double>::quiet_NaN();
 }
 
 void ZelSplineGetSubdivisionAtParameter(bool first, QPointF &out0, QPointF &out1, QPointF &out2, QPointF &out3,

@@ -61,8 +61,9 @@ constexpr bool ZelSplineIsLinear(const QPointF &p0, const QPointF &p1, const QPo
     return (dx * dx + dy * dy) * m_distance_tolerance >= d * d;
 }
 
-/// The arc length. The effort grows with the root of the curve's size; beyond some 10^11 the pieces get no smaller, and
-/// still give the length to ten digits. NaN or infinite where a coordinate is.
+/// The arc length. The effort grows with the root of the curve's size. Curves of more than 10^13 points, and those more
+/// than 10^14 away from the origin, are halved twenty times, which still gives the length to ten digits. NaN where
+/// a coordinate is infinite or NaN.
 double ZelSplineGetTotalLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3);
 
 /// The parameter at which the arc from p0 has the given length: 0 for none or a negative one, 1 for the whole length or
