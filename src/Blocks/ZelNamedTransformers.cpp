@@ -9,6 +9,7 @@
 
 #include <QAssociativeIterable>
 #include <QPointF>
+#include <QSequentialIterable>
 #include <algorithm>
 #include <atomic>
 
@@ -59,6 +60,12 @@ QVariant firstElement(const QVariant &value)
     return ZelList(value).value(0);
 }
 
+/// Not a set: elements of a list can be put in any place.
+bool isArray(const QVariant &value)
+{
+    return ZelIsList(value) && value.value<QSequentialIterable>().metaContainer().canSetValueAtIndex();
+}
+
 bool isMap(const QVariant &value)
 {
     return value.canConvert<QAssociativeIterable>();
@@ -104,9 +111,9 @@ QVariant fraction(const QVariant &value)
 using Row = ZelNamedValueTransformer::Row;
 constexpr Row pointerToString = {
     "QString", nullptr, {&ZelIsNumber, &hexadecimalText}, {&isString, &numberFromHexadecimalText}};
-constexpr Row firstInArray = {"QVariant", nullptr, {&ZelIsList, &firstElement}};
+constexpr Row firstInArray = {"QVariant", nullptr, {&isArray, &firstElement}};
 constexpr Row notEmpty = {"bool", &falseResult, {&hasCount, &isNotEmpty}};
-constexpr Row nilOrNo = {"QVariant", &falseResult, {&ZelIsNumber, &itself}};
+constexpr Row nilOrNo = {"double", &falseResult, {&ZelIsNumber, &itself}};
 constexpr Row percentValue = {"double", nullptr, {&ZelIsNumber, &percent}, {&ZelIsNumber, &fraction}};
 
 template<typename Transformer> void registerTransformer()

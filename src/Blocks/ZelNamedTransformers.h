@@ -27,7 +27,7 @@ public:
     static QString transformerName() { return ZelPointerToStringTransformerName; }
 };
 
-/// A list to its first element; absent for an empty one.
+/// A list to its first element; absent for an empty one. Sets and the like are no lists.
 class ZelFirstInArrayTransformer : public ZelNamedValueTransformer
 {
 public:
@@ -44,7 +44,8 @@ public:
     static QString transformerName() { return ZelIsNotEmptyTransformerName; }
 };
 
-/// A number to itself, and an absent value to false.
+/// A number of any type to itself, and an absent value to false. The class of its values is "double", as that of any
+/// number.
 class ZelNilOrNoTransformer : public ZelNamedValueTransformer
 {
 public:

@@ -4,6 +4,10 @@
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelClassRegistry.h"
 
+#ifdef Q_OS_UNIX
+#include <dlfcn.h>
+#endif
+
 namespace {
 
 class KitTransformer : public ZelValueTransformer
@@ -26,11 +30,29 @@ private:
     QString m_transformedValueClass;
 };
 
+/// Whether a library of the process exports a class of that name, as its type information shows.
+bool isExportedClass([[maybe_unused]] const QByteArray &name)
+{
+#ifdef Q_OS_UNIX
+    QByteArray symbol;
+    const QList<QByteArray> parts = QByteArray(name).replace("::", ":").split(':');
+    for (const QByteArray &part : parts)
+        symbol += QByteArray::number(part.size()) + part;
+    symbol.prepend(parts.size() > 1 ? "_ZTIN" : "_ZTI");
+    if (parts.size() > 1)
+        symbol.append('E');
+    return dlsym(RTLD_DEFAULT, symbol.constData());
+#else
+    return false;
+#endif
+}
+
 bool isTaken(const QString &name)
 {
     const QByteArray typeName = name.toUtf8();
     return ZelAbstractValueTransformer::valueTransformerForName(name) || ZelClassRegistry::hasClass(name) ||
-           QMetaType::fromName(typeName).isValid() || QMetaType::fromName(QByteArray(typeName + '*')).isValid();
+           QMetaType::fromName(typeName).isValid() || QMetaType::fromName(QByteArray(typeName + '*')).isValid() ||
+           isExportedClass(typeName);
 }
 
 } // namespace

@@ -8,7 +8,9 @@ class ZelTransformerKit
 {
 public:
     /// Registers a transformer that is not reversible. True if it was registered; false, and nothing changed, where a
-    /// transformer or a class of that name exists. Asserts "name", "transformedValueClass" and "transformedValueBlock".
+    /// transformer or a class of that name exists: one registered with ZelClassRegistry or as a meta type, or one with
+    /// virtual functions that a loaded library exports. Asserts "name", "transformedValueClass" and
+    /// "transformedValueBlock".
     static bool registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
                                                  const ZelValueTransformer::Block &transformedValueBlock);
     /// The same, reversible where there is a reverse block.

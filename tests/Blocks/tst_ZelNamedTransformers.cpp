@@ -5,6 +5,7 @@
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelException.h"
 #include "Platform/Runtime/ZelIndexSet.h"
+#include "Platform/Runtime/ZelOrderedSet.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QPointF>
@@ -123,6 +124,10 @@ void tst_ZelNamedTransformers::otherTypesThrow_data()
     QTest::newRow("pointer") << ZelPointerToStringTransformerName << text << false;
     QTest::newRow("pointer, reverse") << ZelPointerToStringTransformerName << QVariant(1) << true;
     QTest::newRow("first") << ZelFirstInArrayTransformerName << text << false;
+    const QVariant set = QVariant::fromValue(QSet<int>{1});
+    QTest::newRow("first of a set") << ZelFirstInArrayTransformerName << set << false;
+    const QVariant orderedSet = QVariant::fromValue(ZelOrderedSet<int>{1});
+    QTest::newRow("first of an ordered set") << ZelFirstInArrayTransformerName << orderedSet << false;
     QTest::newRow("not empty") << ZelIsNotEmptyTransformerName << text << false;
     QTest::newRow("nil or no") << ZelNilOrNoTransformerName << text << false;
     QTest::newRow("percent") << ZelPercentValueTransformerName << text << false;
