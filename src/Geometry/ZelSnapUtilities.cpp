@@ -6,6 +6,8 @@
 
 namespace {
 
+ZelSnapUtilities::UserSpace g_userSpace = nullptr;
+
 /// A transformation to pixels and back.
 class DeviceSpace
 {
@@ -94,7 +96,9 @@ Value changedInBacking(const QWidget *view, const Value &value, const Block &blo
         return block(value);
     const double ratio = view->devicePixelRatioF();
     const QPointF origin = view->mapTo(view->window(), QPointF());
-    return DeviceSpace(QTransform(ratio, 0, 0, ratio, origin.x() * ratio, origin.y() * ratio)).changed(value, block);
+    const QTransform toBacking(ratio, 0, 0, ratio, origin.x() * ratio, origin.y() * ratio);
+    const QTransform toWidget = g_userSpace ? g_userSpace(view) : QTransform();
+    return DeviceSpace(toWidget * toBacking).changed(value, block);
 }
 
 } // namespace
@@ -134,6 +138,11 @@ QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, Zel
     if (!requireDevice(context, true, RectSignature))
         return rect;
     return changedOnPainter(context, rect, [=](const QRectF &r) { return ZelSnapRect(r, mode, halfPoints); });
+}
+
+void ZelSnapUtilities::setUserSpace(UserSpace userSpace)
+{
+    g_userSpace = userSpace;
 }
 
 QPointF ZelSnapUtilities::transformPointInBacking(const QPointF &point, const ZelPointTransformBlock &block) const

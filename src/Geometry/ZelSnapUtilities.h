@@ -5,6 +5,7 @@
 #include "Platform/Runtime/ZelAssertions.h"
 
 #include <QSizeF>
+#include <QTransform>
 #include <functional>
 
 class QPainter;
@@ -137,8 +138,9 @@ QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, Zel
 /// `ZelSnapUtilities(view).snapRectInBacking(rect, ZelSnapModeRound, false)`.
 ///
 /// The widget's device pixel ratio and its place in the window count: under a ratio such as 1.5, a child at an odd
-/// coordinate begins in the middle of a pixel. Scales of its painting do not; a painter knows them. Without a widget
-/// the coordinates are taken for pixels. Asserts a missing block as "block" and returns the value unchanged.
+/// coordinate begins in the middle of a pixel. So does the scale of a view whose bounds differ from its frame, as in a
+/// magnified document. Other scales of its painting do not; a painter knows them. Without a widget the coordinates are
+/// taken for pixels. Asserts a missing block as "block" and returns the value unchanged.
 class ZelSnapUtilities
 {
 public:
@@ -146,6 +148,11 @@ public:
         : m_view(view)
     {
     }
+
+    /// Maps a widget's own coordinates to those in which Qt places it.
+    using UserSpace = QTransform (*)(const QWidget *view);
+    /// Set by the views, which may have coordinates of their own.
+    static void setUserSpace(UserSpace userSpace);
 
     QPointF transformPointInBacking(const QPointF &point, const ZelPointTransformBlock &block) const;
     QSizeF transformSizeInBacking(const QSizeF &size, const ZelSizeTransformBlock &block) const;

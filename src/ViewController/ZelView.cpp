@@ -18,6 +18,7 @@
 
 namespace {
 
+const QString frameKey = QStringLiteral("ZelFrameKey");
 const QString flippedKey = QStringLiteral("ZelIsFlippedKey");
 const QString opaqueKey = QStringLiteral("ZelOpaqueKey");
 const QString backgroundColorKey = QStringLiteral("ZelBackgroundColorKey");
@@ -39,6 +40,8 @@ ZelView::ZelView(const QRectF &frame, QWidget *parent)
 ZelView::ZelView(const ZelKeyedCoder &coder, QWidget *parent)
     : QWidget(parent)
 {
+    if (coder.contains(frameKey))
+        setFrame(coder.decode(frameKey).toRectF());
     setFlipped(coder.decodeBool(flippedKey));
     setOpaque(coder.decodeBool(opaqueKey));
     setBackgroundColor(ZelColor::fromVariant(coder.decode(backgroundColorKey)));
@@ -50,8 +53,7 @@ ZelView::~ZelView()
     uninstall();
     ZelConstraintUpdates::instance().cancel(this);
     if (ZelViewController *controller = std::exchange(m_viewController, nullptr))
-        if (controller->m_view == this)
-            controller->viewWasDestroyed();
+        controller->viewWasDestroyed(this);
 }
 
 ZelView::Rare &ZelView::rare()
@@ -121,6 +123,12 @@ void ZelView::setInstalled(bool installed)
     Q_EMIT installedChanged();
 }
 
+void ZelView::setLayerContentsRedrawPolicy(LayerContentsRedrawPolicy policy)
+{
+    if (std::exchange(m_layerContentsRedrawPolicy, policy) != policy)
+        Q_EMIT layerContentsRedrawPolicyChanged();
+}
+
 ZelBackingLayer *ZelView::layer() const
 {
     return m_rare ? m_rare->layer.get() : nullptr;
@@ -156,24 +164,33 @@ ZelResponderLink ZelView::takeResponderLink()
 
 void ZelView::setViewController(ZelViewController *controller)
 {
-    const QPointer<ZelViewController> old = m_viewController;
-    if (old == controller)
+    if (m_viewController == controller)
         return;
+    leaveViewController();
+    m_viewController = controller;
+    if (controller) {
+        controller->m_next = takeResponderLink();
+        controller->m_respondingView = this;
+        // A controller that is loading its view hears of the installation when it has loaded it.
+        if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
+            const ZelPlaceScope scope(controller);
+            controller->viewDidInstall();
+        }
+    }
+    Q_EMIT viewControllerChanged();
+}
+
+/// The responder behind the controller follows the view again.
+void ZelView::leaveViewController()
+{
+    const QPointer<ZelViewController> old = m_viewController;
     if (old && old->isViewInstalled())
         old->viewWillUninstall();
-    if (old)
-        if (const ZelResponderLink link = std::exchange(old->m_next, {}); link.isSet)
-            rare().next = link;
-    m_viewController = controller;
-    if (!controller)
+    if (!old || old->m_respondingView != this)
         return;
-    if (const ZelResponderLink link = takeResponderLink(); link.isSet)
-        controller->m_next = link;
-    // A controller that is loading its view hears of the installation when it has loaded it.
-    if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
-        const ZelPlaceScope scope(controller);
-        controller->viewDidInstall();
-    }
+    old->m_respondingView = nullptr;
+    if (const ZelResponderLink link = std::exchange(old->m_next, {}); link.isSet)
+        rare().next = link;
 }
 
 ZelSourcePlace ZelView::place() const
@@ -254,6 +271,16 @@ void ZelView::removeConstraints(const QList<ZelLayoutConstraint::Ptr> &constrain
 {
     if (auto *constraintLayout = qobject_cast<ZelConstraintLayout *>(layout()))
         constraintLayout->removeConstraints(constraints);
+}
+
+bool ZelView::replaceConstraints(QList<ZelLayoutConstraint::Ptr> &member,
+                                 const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    if (member == constraints)
+        return false;
+    removeConstraints(std::exchange(member, constraints));
+    addConstraints(member);
+    return true;
 }
 
 QList<ZelLayoutConstraint::Ptr> ZelView::constraints() const
@@ -353,7 +380,7 @@ bool ZelView::event(QEvent *event)
     case QEvent::ParentChange:
         m_shownAsWindow = m_shownAsWindow && isWindow();
         takeResponderLink();
-        if (m_viewController)
+        if (m_viewController && m_viewController->m_respondingView == this)
             m_viewController->m_next = {};
         if (!m_moving)
             ZelViewInstaller::windowMayHaveChanged(this);
@@ -450,6 +477,7 @@ void ZelView::drawRect(QPainter &painter, const QRect &dirtyRect)
 
 void ZelView::encodeWithCoder(ZelKeyedCoder &coder) const
 {
+    coder.encode(frameKey, frame());
     coder.encode(flippedKey, m_flipped);
     coder.encode(opaqueKey, m_opaque);
     if (const ZelColor color = backgroundColor(); color.isValid())
@@ -461,6 +489,12 @@ void ZelView::encodeWithCoder(ZelKeyedCoder &coder) const
 ZelView *ZelView::copy() const
 {
     ZelView *view = newInstance();
+    if (typeid(*view) != typeid(*this)) {
+        delete view;
+        ZelFail(QStringLiteral("%1 cannot be copied: it does not override newInstance()")
+                    .arg(QString::fromLatin1(metaObject()->className())));
+        return nullptr;
+    }
     view->setFrame(frame());
     view->setFlipped(m_flipped);
     view->setOpaque(m_opaque);

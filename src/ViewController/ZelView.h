@@ -43,12 +43,26 @@ class ZelView : public QWidget, public ZelPlaced
     /// False by default. An opaque view promises to paint all of itself.
     Q_PROPERTY(bool opaque READ isOpaque WRITE setOpaque NOTIFY opaqueChanged)
     Q_PROPERTY(bool installed READ isInstalled WRITE setInstalled NOTIFY installedChanged)
-    Q_PROPERTY(ZelViewController *viewController READ viewController WRITE setViewController)
+    Q_PROPERTY(
+        ZelViewController *viewController READ viewController WRITE setViewController NOTIFY viewControllerChanged)
+    /// Redraws a view on demand by default. Kept, and not looked at: Qt redraws what is asked for, and what a resize
+    /// uncovers.
+    Q_PROPERTY(LayerContentsRedrawPolicy layerContentsRedrawPolicy READ layerContentsRedrawPolicy WRITE
+                   setLayerContentsRedrawPolicy NOTIFY layerContentsRedrawPolicyChanged)
     Q_MOC_INCLUDE("ViewController/ZelViewController.h")
 public:
+    enum LayerContentsRedrawPolicy : quint8 {
+        LayerContentsRedrawNever,
+        LayerContentsRedrawOnSetNeedsDisplay,
+        LayerContentsRedrawDuringViewResize,
+        LayerContentsRedrawBeforeViewResize,
+        LayerContentsRedrawCrossfade,
+    };
+    Q_ENUM(LayerContentsRedrawPolicy)
+
     explicit ZelView(QWidget *parent = nullptr);
     explicit ZelView(const QRectF &frame, QWidget *parent = nullptr);
-    /// Reads what encodeWithCoder wrote.
+    /// Reads what encodeWithCoder wrote. Every view class has such a constructor.
     explicit ZelView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelView() override;
 
@@ -66,10 +80,12 @@ public:
     void setOpaque(bool opaque);
     bool isInstalled() const { return m_installed; }
     void setInstalled(bool installed);
+    LayerContentsRedrawPolicy layerContentsRedrawPolicy() const { return m_layerContentsRedrawPolicy; }
+    void setLayerContentsRedrawPolicy(LayerContentsRedrawPolicy policy);
 
     /// The controller that this is the view of, held weakly.
     ZelViewController *viewController() const;
-    /// Puts the controller between the view and its next responder.
+    /// Puts the controller between the view and its next responder, and gives the former controller's back to the view.
     void setViewController(ZelViewController *controller);
     /// That of the controller, or of the nearest one above it that has one.
     ZelSourcePlace place() const override;
@@ -85,6 +101,9 @@ public:
     void addSubview(QWidget *view, qsizetype index = -1);
     /// Makes these the subviews, in this order, taking out all others; laid out once. What is taken out has no parent.
     void setSubviews(const QList<QWidget *> &views);
+    /// Hides the widget, or lets it be seen. One without a parent does not become a window: the view that takes it
+    /// shows it.
+    static void setShown(QWidget *view, bool shown);
     /// Takes the view out of its parent and window; it then belongs to the caller.
     void removeFromSuperview();
     /// The same for any widget.
@@ -125,8 +144,10 @@ public:
     /// The distance of the first text baseline from the bottom, in points; 0 unless a subclass knows better.
     virtual double baselineOffsetFromBottom() const { return 0; }
 
+    /// Writes the frame, the flippedness, the opacity and the colours that there are.
     virtual void encodeWithCoder(ZelKeyedCoder &coder) const;
-    /// A new view of the same class and frame with the same colours, flippedness and opacity; nothing else is copied.
+    /// A new view of the same class and frame with the same colours, flippedness and opacity; nothing else is copied. A
+    /// subclass that does not override newInstance() is an assertion, and null.
     ZelView *copy() const;
 
     QSize sizeHint() const override;
@@ -140,6 +161,8 @@ Q_SIGNALS:
     void flippedChanged();
     void opaqueChanged();
     void installedChanged();
+    void viewControllerChanged();
+    void layerContentsRedrawPolicyChanged();
 
 public: // Hooks. Overrides call the base first.
     virtual void viewDidInstall();
@@ -162,6 +185,9 @@ public: // Hooks. Overrides call the base first.
     virtual std::unique_ptr<ZelBackingLayer> makeBackingLayer();
 
 protected:
+    /// Puts the constraints in the place of those that the member holds. Answers whether they are others.
+    bool replaceConstraints(QList<ZelLayoutConstraint::Ptr> &member,
+                            const QList<ZelLayoutConstraint::Ptr> &constraints);
     /// An empty view of the same class, for copy().
     virtual ZelView *newInstance() const { return new ZelView; }
     /// For destructors: runs the hooks of this view and those below it if they are installed. What they throw is
@@ -183,6 +209,7 @@ private:
     struct Rare; // what few views have
     Rare &rare();
     ZelResponderLink takeResponderLink();
+    void leaveViewController();
     double hairlineWidth() const;
     bool hasScaledBounds() const;
     bool deliverScaled(QEvent *event);
@@ -193,6 +220,7 @@ private:
     std::unique_ptr<Rare> m_rare;
     QPointer<ZelViewController> m_viewController;
     qint32 m_updateIndex = -1; // place in the queue of ZelConstraintUpdates
+    LayerContentsRedrawPolicy m_layerContentsRedrawPolicy = LayerContentsRedrawOnSetNeedsDisplay;
     bool m_flipped : 1 = false;
     bool m_opaque : 1 = false;
     bool m_installed : 1 = false;

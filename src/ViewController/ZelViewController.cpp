@@ -36,6 +36,13 @@ bool forEachEditor(QWidget *widget, const std::function<bool(ZelEditor *)> &func
     return true;
 }
 
+QString stillUsedMessage(const ZelViewController *controller)
+{
+    return QStringLiteral("View controller %1(%2) will unload view but the view is still used")
+        .arg(QString::asprintf("%p", static_cast<const void *>(controller)),
+             QString::fromLatin1(controller->metaObject()->className()));
+}
+
 /// Runs a hook in a destructor: what it throws is reported.
 template<typename Hook> void runInDestructor(Hook hook) noexcept
 {
@@ -119,12 +126,11 @@ void ZelViewController::setView(QWidget *widget)
     auto *newView = qobject_cast<ZelView *>(widget);
     if (!ZelRequire(!widget || newView, "!view || [view isKindOfClass:[ZelView class]]"))
         return;
-    if (newView == m_view)
+    if (m_view && m_view->parentWidget()) {
+        ZelFail(stillUsedMessage(this));
         return;
-    if (m_view && !ZelCheck(!m_view->parentWidget(),
-                            QStringLiteral("View controller %1(%2) will unload view but the view is still used")
-                                .arg(QString::asprintf("%p", static_cast<void *>(this)),
-                                     QString::fromLatin1(metaObject()->className()))))
+    }
+    if (newView == m_view)
         return;
     const bool unloads = m_view && !newView;
     if (unloads)
@@ -139,25 +145,51 @@ void ZelViewController::setView(QWidget *widget)
         newView->setViewController(this);
     if (unloads)
         viewDidUnload();
+    Q_EMIT viewChanged();
 }
 
-void ZelViewController::viewWasDestroyed()
+void ZelViewController::viewWasDestroyed(const ZelView *view)
 {
+    if (m_respondingView == view) {
+        m_respondingView = nullptr;
+        m_next = {};
+    }
+    if (m_view != view)
+        return;
     m_view = nullptr;
-    m_viewInstalled = false;
-    runInDestructor([this] { viewDidUnload(); });
+    runInDestructor([this] {
+        setViewInstalled(false);
+        viewDidUnload();
+        Q_EMIT viewChanged();
+    });
 }
 
 // Installation
 
+void ZelViewController::setViewInstalled(bool installed)
+{
+    if (std::exchange(m_viewInstalled, installed) != installed)
+        Q_EMIT viewInstalledChanged();
+}
+
 void ZelViewController::viewDidInstall()
 {
-    m_viewInstalled = true;
+    setViewInstalled(true);
 }
 
 void ZelViewController::viewWillUninstall()
 {
-    m_viewInstalled = false;
+    setViewInstalled(false);
+}
+
+/// Whether Qt deletes the controller together with its view: a widget around the view owns both, or a controller that
+/// dies owns this one.
+bool ZelViewController::diesWithView() const
+{
+    for (const QObject *owner = parent(); owner && !m_diesWithParent; owner = owner->parent())
+        if (owner->isWidgetType() && static_cast<const QWidget *>(owner)->isAncestorOf(m_view))
+            return true;
+    return m_diesWithParent;
 }
 
 void ZelViewController::uninstall() noexcept
@@ -166,8 +198,15 @@ void ZelViewController::uninstall() noexcept
     if (m_viewInstalled)
         runInDestructor([this] { viewWillUninstall(); });
     m_viewInstalled = false;
+    for (QObject *child : children())
+        if (auto *controller = qobject_cast<ZelViewController *>(child))
+            controller->m_diesWithParent = true;
+    if (m_respondingView && m_respondingView != m_view)
+        runInDestructor([this] { m_respondingView->setViewController(nullptr); });
     if (!m_view)
         return;
+    if (m_view->parentWidget() && !diesWithView())
+        ZelReportFailure(stillUsedMessage(this));
     runInDestructor([this] { viewWillUnload(); });
     if (ZelView *oldView = std::exchange(m_view, nullptr)) {
         runInDestructor([&] { oldView->setViewController(nullptr); });
@@ -183,7 +222,7 @@ QObject *ZelViewController::nextResponder() const
 {
     if (m_next.isSet)
         return m_next.responder;
-    return m_view ? m_view->parentWidget() : nullptr;
+    return m_respondingView ? m_respondingView->parentWidget() : nullptr;
 }
 
 void ZelViewController::setNextResponder(QObject *responder)

@@ -16,6 +16,9 @@ class ZelView;
 /// A controller is the QObject parent of its child controllers. It deletes its view, with itself or when it gets
 /// another, unless the view has a parent widget: then that one does. When the view dies first the controller has none,
 /// and would load a new one; viewDidUnload tells, but not viewWillUnload, since there is no view to be seen any more.
+/// When the controller dies first while its view is in a parent, that is a mistake, and reported as an assertion; the
+/// view stays. Where Qt deletes both together there is none: a widget around the view is an ancestor of the controller,
+/// too.
 ///
 /// Every class that overrides viewWillUninstall, viewWillUnload or viewDidUnload calls uninstall() in its own
 /// destructor: there the hooks of the most derived class still exist.
@@ -27,8 +30,11 @@ class ZelViewController : public QObject, public ZelPlaced
     Q_OBJECT
     /// Null by default.
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
-    Q_PROPERTY(bool viewLoaded READ isViewLoaded)
-    Q_PROPERTY(bool viewInstalled READ isViewInstalled)
+    /// Reading it loads the view.
+    Q_PROPERTY(ZelView *view READ view WRITE setView NOTIFY viewChanged)
+    Q_PROPERTY(bool viewLoaded READ isViewLoaded NOTIFY viewChanged)
+    Q_PROPERTY(bool viewInstalled READ isViewInstalled NOTIFY viewInstalledChanged)
+    Q_MOC_INCLUDE("ViewController/ZelView.h")
 public:
     using ViewLoader = std::function<ZelView *(ZelViewController *)>;
 
@@ -52,13 +58,13 @@ public:
 
     /// The view, loaded if need be. A load that brings none is an assertion, and null.
     ZelView *view();
-    /// Null is an unload. The view must be a ZelView, and the former one must not be in a parent any more: both are
-    /// assertions, and change nothing.
+    /// Null is an unload. The view must be a ZelView, and the former one, even if it is the same, must not be in a
+    /// parent any more: both are assertions, and change nothing.
     void setView(QWidget *view);
     bool isViewLoaded() const { return !m_view.isNull(); }
     bool isViewInstalled() const { return m_viewInstalled; }
 
-    /// What was set, else the parent of the view.
+    /// What was set, else the parent of the view whose controller this is; null without a view.
     QObject *nextResponder() const;
     void setNextResponder(QObject *responder);
 
@@ -89,6 +95,8 @@ public:
 
 Q_SIGNALS:
     void titleChanged();
+    void viewChanged();
+    void viewInstalledChanged();
 
 protected:
     /// For destructors: runs viewWillUninstall if the view is installed, and unloads the view if it is loaded. What the
@@ -97,14 +105,17 @@ protected:
 
 private:
     friend class ZelView;
-    void viewWasDestroyed();
-    void releaseView();
+    void setViewInstalled(bool installed);
+    void viewWasDestroyed(const ZelView *view);
+    bool diesWithView() const;
 
     QPointer<ZelView> m_view;
+    QPointer<ZelView> m_respondingView; // between which and its next responder the controller stands
     QString m_nibName;
     QString m_title;
     ZelSourcePlace m_place;
     ZelResponderLink m_next;
     bool m_viewInstalled = false;
     bool m_loading = false;
+    bool m_diesWithParent = false;
 };

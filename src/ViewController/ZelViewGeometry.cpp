@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Geometry/ZelSnapUtilities.h"
 #include "ViewController/ZelViewInstaller.h"
 #include "ViewController/ZelViewRare.h"
 
@@ -32,6 +33,14 @@ const ZelView *parentView(const ZelView *view)
     return view->isWindow() ? nullptr : qobject_cast<const ZelView *>(view->parentWidget());
 }
 
+QTransform userSpaceOf(const QWidget *widget)
+{
+    const auto *view = qobject_cast<const ZelView *>(widget);
+    return view ? view->boundsTransform() : QTransform();
+}
+
+[[maybe_unused]] const bool isUserSpaceSet = (ZelSnapUtilities::setUserSpace(&userSpaceOf), true);
+
 QTransform transformOfParent(const ZelView *view)
 {
     const ZelView *parent = parentView(view);
@@ -59,8 +68,9 @@ QRect roundedUp(const QRectF &rect)
 class LayoutPause
 {
 public:
-    explicit LayoutPause(QLayout *layout)
+    explicit LayoutPause(QLayout *layout, bool activates = true)
         : m_layout(layout)
+        , m_activates(activates)
     {
         if (m_layout)
             m_layout->setEnabled(false);
@@ -70,13 +80,14 @@ public:
         if (!m_layout)
             return;
         m_layout->setEnabled(true);
-        if (m_layout->parentWidget()->isVisible())
+        if (m_activates && m_layout->parentWidget()->isVisible())
             m_layout->activate(); // before anything is painted in its former place
     }
     Q_DISABLE_COPY_MOVE(LayoutPause)
 
 private:
     QPointer<QLayout> m_layout;
+    bool m_activates;
 };
 
 /// The frames of all views below a view, which do not change with its scale. What a layout places is left to it.
@@ -217,9 +228,13 @@ QList<QWidget *> ZelView::subviews() const
 
 void ZelView::addSubview(QWidget *view, qsizetype index)
 {
-    QList<QWidget *> others = subviews();
-    others.removeOne(view);
-    placeSubview(view, index >= 0 && index < others.size() ? others.at(index) : nullptr);
+    QWidget *above = nullptr;
+    if (index >= 0) { // looked for only then: rows may come one by one
+        QList<QWidget *> others = subviews();
+        others.removeOne(view);
+        above = others.value(index);
+    }
+    placeSubview(view, above);
     const QPointer<QWidget> guard(view);
     ZelViewInstaller::windowMayHaveChanged(view);
     if (guard)
@@ -243,8 +258,11 @@ void ZelView::placeSubview(QWidget *view, QWidget *above)
 void ZelView::showSubview(QWidget *view)
 {
     // Within a hidden parent a widget is shown together with it unless it was hidden explicitly.
-    if (view->parentWidget() == this && isVisible() && view->isHidden() && !wasHiddenExplicitly(view))
-        view->show();
+    if (view->parentWidget() != this || !isVisible() || !view->isHidden() || wasHiddenExplicitly(view))
+        return;
+    // Qt would lay out at once, with constraints that are about to be others.
+    const LayoutPause pause(m_needsUpdateConstraints ? layout() : nullptr, false);
+    view->show();
 }
 
 void ZelView::setSubviews(const QList<QWidget *> &views)
@@ -273,6 +291,16 @@ void ZelView::installAndShowSubviews()
         return;
     for (QWidget *view : subviews())
         showSubview(view);
+}
+
+void ZelView::setShown(QWidget *view, bool shown)
+{
+    if (!shown)
+        view->hide();
+    else if (view->parentWidget())
+        view->show();
+    else if (view->isHidden())
+        view->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 
 void ZelView::removeFromSuperview()

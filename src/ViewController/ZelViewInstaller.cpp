@@ -61,7 +61,11 @@ void ZelViewInstaller::watchAncestors(const QWidget *widget)
 void ZelViewInstaller::windowMayHaveChanged(QWidget *widget)
 {
     watchAncestors(widget);
-    ZelViewInstaller(hasWindow(widget)).walk([widget](ZelViewInstaller &walk) { walk.visit(widget); });
+    ZelViewInstaller installer(hasWindow(widget));
+    // What comes into a view that is installed already waits for the next layout, as more may come.
+    const auto *parent = qobject_cast<ZelView *>(widget->parentWidget());
+    installer.m_updatesConstraints = !parent || !parent->m_installed;
+    installer.walk([widget](ZelViewInstaller &walk) { walk.visit(widget); });
 }
 
 void ZelViewInstaller::willLoseWindow(QWidget *widget)
@@ -82,7 +86,7 @@ template<typename Visit> void ZelViewInstaller::walk(Visit visit)
         const QScopedValueRollback walking(depth, depth + 1);
         visit(*this);
     }
-    if (m_installing && depth == 0)
+    if (m_installing && m_updatesConstraints && depth == 0)
         run([] { ZelConstraintUpdates::instance().flush(); });
     if (m_error)
         std::rethrow_exception(m_error);

@@ -41,5 +41,6 @@ private:
     template<typename Hook> void run(Hook hook);
 
     bool m_installing;
+    bool m_updatesConstraints = true; // at the end of the walk
     std::exception_ptr m_error;
 };

@@ -12,6 +12,11 @@ ZelContainerView::ZelContainerView(QWidget *parent)
 {
 }
 
+ZelContainerView::ZelContainerView(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+{
+}
+
 ZelContainerView::~ZelContainerView()
 {
     uninstall();
@@ -36,20 +41,21 @@ void ZelContainerView::viewDidInstall()
     ZelObservations(this).addObservationWithObject(
         this, "childViewController", ZelKeyValueObservingOptionEqualCheck,
         [this](ZelBlockObservation *, const ZelKeyValueChange &) {
-            updateChildView(m_shownViewController, m_childViewController);
+            updateChildViewWithOldViewController(m_shownViewController, m_childViewController);
         },
         &context);
-    updateChildView(nullptr, m_childViewController);
+    updateChildViewWithOldViewController(nullptr, m_childViewController);
 }
 
 void ZelContainerView::viewWillUninstall()
 {
     ZelView::viewWillUninstall();
     ZelObservations(this).removeAllObservationsForContext(&context);
-    updateChildView(m_childViewController, nullptr);
+    updateChildViewWithOldViewController(m_childViewController, nullptr);
 }
 
-void ZelContainerView::updateChildView(ZelViewController *oldViewController, ZelViewController *newViewController)
+void ZelContainerView::updateChildViewWithOldViewController(ZelViewController *oldViewController,
+                                                            ZelViewController *newViewController)
 {
     ZelView *oldView = oldViewController && oldViewController->isViewLoaded() ? oldViewController->view() : nullptr;
     ZelView *newView = newViewController ? newViewController->view() : nullptr;

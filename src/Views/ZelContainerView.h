@@ -16,13 +16,15 @@ class ZelContainerView : public ZelView
                    childViewControllerChanged)
 public:
     explicit ZelContainerView(QWidget *parent = nullptr);
+    explicit ZelContainerView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelContainerView() override;
 
     ZelViewController *childViewController() const { return m_childViewController; }
     void setChildViewController(ZelViewController *controller);
 
     /// Puts the view of the new controller, if there is one, in the place of the old one's.
-    void updateChildView(ZelViewController *oldViewController, ZelViewController *newViewController);
+    void updateChildViewWithOldViewController(ZelViewController *oldViewController,
+                                              ZelViewController *newViewController);
 
     void viewDidInstall() override;
     void viewWillUninstall() override;

@@ -25,6 +25,9 @@ public:
     explicit ZelEmptyView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelEmptyView() override;
 
+    /// Gives the title and its colours their defaults. Called by the constructors.
+    void setUp();
+
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);
     const QFont &titleFont() const { return m_titleFont; }
@@ -54,8 +57,6 @@ protected:
     ZelView *newInstance() const override { return new ZelEmptyView; }
 
 private:
-    void setUp();
-
     QString m_title;
     QFont m_titleFont; // the application's
     ZelColor m_titleColor;

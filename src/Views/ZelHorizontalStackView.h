@@ -12,6 +12,10 @@ public:
         : ZelStackView(Qt::Horizontal, parent)
     {
     }
+    explicit ZelHorizontalStackView(const ZelKeyedCoder &coder, QWidget *parent = nullptr)
+        : ZelStackView(Qt::Horizontal, coder, parent)
+    {
+    }
 
 protected:
     ZelView *newInstance() const override { return new ZelHorizontalStackView; }

@@ -92,6 +92,12 @@ ZelMagnificationView::ZelMagnificationView(const QRectF &frame, QWidget *parent)
     initialize();
 }
 
+ZelMagnificationView::ZelMagnificationView(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+{
+    initialize();
+}
+
 ZelMagnificationView::~ZelMagnificationView()
 {
     ZelObservations(this).removeAllObservationsForContext(&context);

@@ -44,6 +44,7 @@ class ZelMagnificationView : public ZelView
 public:
     explicit ZelMagnificationView(QWidget *parent = nullptr);
     explicit ZelMagnificationView(const QRectF &frame, QWidget *parent = nullptr);
+    explicit ZelMagnificationView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelMagnificationView() override;
 
     double magnificationFactor() const { return m_magnificationFactor; }

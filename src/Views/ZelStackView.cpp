@@ -54,6 +54,13 @@ ZelStackView::ZelStackView(Qt::Orientation orientation, QWidget *parent)
     ZelRegisterControlAccessors();
 }
 
+ZelStackView::ZelStackView(Qt::Orientation orientation, const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+    , m_orientation(orientation)
+{
+    ZelRegisterControlAccessors();
+}
+
 ZelStackView::~ZelStackView()
 {
     uninstall();
@@ -205,6 +212,23 @@ void ZelStackView::updateConstraints()
     for (QWidget *view : views)
         compressions.append(m_compressionConstraints.value(view));
     addConstraints(compressions);
+    Q_EMIT stackConstraintsChanged();
+    Q_EMIT compressionConstraintsChanged();
+}
+
+void ZelStackView::setStackConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    if (replaceConstraints(m_stackConstraints, constraints))
+        Q_EMIT stackConstraintsChanged();
+}
+
+void ZelStackView::setCompressionConstraints(const ZelCompressionConstraints &constraints)
+{
+    if (m_compressionConstraints == constraints)
+        return;
+    removeConstraints(std::exchange(m_compressionConstraints, constraints).values());
+    addConstraints(m_compressionConstraints.values());
+    Q_EMIT compressionConstraintsChanged();
 }
 
 void ZelStackView::addConstraintsOfSubview(QWidget *view, QWidget *previous)

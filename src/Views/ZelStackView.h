@@ -10,6 +10,9 @@
 
 class ZelBlockObservation;
 
+/// For each subview the constraint that squeezes it out of the line.
+using ZelCompressionConstraints = QHash<QWidget *, ZelLayoutConstraint::Ptr>;
+
 /// Lines up its subviews in one direction, in their order; a hidden subview leaves the line with its spacing.
 ///
 /// The constraints are rebuilt in the next layout after a subview has come or gone, or a property of the stack has
@@ -25,6 +28,12 @@ class ZelStackView : public ZelView, public ZelBaselineProvider
     Q_PROPERTY(double spacing READ spacing WRITE setSpacing NOTIFY spacingChanged)
     /// Whether all subviews have the same length along the line; false by default.
     Q_PROPERTY(bool equalSizes READ equalSizes WRITE setEqualSizes NOTIFY equalSizesChanged)
+    // What is installed: the line's constraints, and the one that squeezes each subview out when it is hidden. Others
+    // that are set stand until the next update.
+    Q_PROPERTY(QList<ZelLayoutConstraint::Ptr> stackConstraints READ stackConstraints WRITE setStackConstraints NOTIFY
+                   stackConstraintsChanged)
+    Q_PROPERTY(ZelCompressionConstraints compressionConstraints READ compressionConstraints WRITE
+                   setCompressionConstraints NOTIFY compressionConstraintsChanged)
 public:
     ~ZelStackView() override;
 
@@ -39,12 +48,14 @@ public:
     bool isMirrored() const { return m_isMirrored; }
     void setMirrored(bool mirrored);
 
-    /// What is installed: the line's constraints, and the one that squeezes each subview out when it is hidden.
     const QList<ZelLayoutConstraint::Ptr> &stackConstraints() const { return m_stackConstraints; }
-    const QHash<QWidget *, ZelLayoutConstraint::Ptr> &compressionConstraints() const
-    {
-        return m_compressionConstraints;
-    }
+    void setStackConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints);
+    const ZelCompressionConstraints &compressionConstraints() const { return m_compressionConstraints; }
+    void setCompressionConstraints(const ZelCompressionConstraints &constraints);
+
+    /// Has a subview's constraint follow whether it is hidden. Done by itself while the stack is installed.
+    void startObservationsForView(QWidget *subview);
+    void stopObservationsForView(QWidget *subview);
 
     /// The baseline of the first subview; 0 without subviews.
     double baselineOffsetFromBottom() const override;
@@ -61,12 +72,12 @@ Q_SIGNALS:
     void edgeInsetsChanged();
     void spacingChanged();
     void equalSizesChanged();
+    void stackConstraintsChanged();
+    void compressionConstraintsChanged();
 
 protected:
     ZelStackView(Qt::Orientation orientation, QWidget *parent);
-
-    void startObservationsForView(QWidget *subview);
-    void stopObservationsForView(QWidget *subview);
+    ZelStackView(Qt::Orientation orientation, const ZelKeyedCoder &coder, QWidget *parent);
 
 private:
     struct Axis; // the attributes along and across the line
@@ -82,7 +93,7 @@ private:
     bool m_equalSizes = false;
     bool m_isMirrored = false;
     QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
-    QHash<QWidget *, ZelLayoutConstraint::Ptr> m_compressionConstraints;
+    ZelCompressionConstraints m_compressionConstraints;
     // Filed here and not on the subviews, which may die first.
     QHash<QWidget *, QSharedPointer<ZelBlockObservation>> m_hiddenObservations;
 };

@@ -6,20 +6,15 @@
 namespace {
 
 const char context = 0;
-
-void takeOut(QWidget *view)
-{
-    const auto *zelView = qobject_cast<ZelView *>(view);
-    const bool isOrphan = zelView && !zelView->viewController(); // its controller died and left it here
-    ZelView::removeFromSuperview(view);
-    if (isOrphan)
-        view->deleteLater();
-}
-
 } // namespace
 
 ZelSwitchContainerView::ZelSwitchContainerView(QWidget *parent)
     : ZelView(parent)
+{
+}
+
+ZelSwitchContainerView::ZelSwitchContainerView(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
 {
 }
 
@@ -63,6 +58,7 @@ void ZelSwitchContainerView::setConstraintSelectdView(bool constraint)
         return;
     m_constraintSelectdView = constraint;
     setNeedsUpdateConstraints();
+    Q_EMIT constraintSelectdViewChanged();
 }
 
 void ZelSwitchContainerView::viewDidInstall()
@@ -89,6 +85,7 @@ void ZelSwitchContainerView::updateChildViews()
     for (const QPointer<QWidget> view : subviews())
         if (view)
             takeOut(view);
+    m_takenViews.clear();
     // What is hidden is so before it comes in: the views that are not shown would be laid out for nothing.
     quint64 index = 0;
     for (const QPointer<ZelViewController> controller : childViewControllers()) {
@@ -97,11 +94,22 @@ void ZelSwitchContainerView::updateChildViews()
             continue;
         if (index++ != m_selectedIndex)
             view->hide();
+        m_takenViews.append(view);
         addSubview(view);
     }
     updateSelectedChildView();
     if (!m_constraintSelectdView)
         setNeedsUpdateConstraints();
+}
+
+/// What is not a controller's is only taken out. A controller that died has left its view here.
+void ZelSwitchContainerView::takeOut(QWidget *view)
+{
+    const auto *zelView = qobject_cast<ZelView *>(view);
+    const bool isOrphan = zelView && !zelView->viewController() && m_takenViews.contains(view);
+    removeFromSuperview(view);
+    if (isOrphan)
+        view->deleteLater();
 }
 
 void ZelSwitchContainerView::updateSelectedChildView()
@@ -111,7 +119,7 @@ void ZelSwitchContainerView::updateSelectedChildView()
         ZelView *view = controller->view();
         const bool hidden = index++ != m_selectedIndex;
         if (view && view->isHidden() != hidden)
-            view->setVisible(!hidden);
+            setShown(view, !hidden);
     }
     if (m_constraintSelectdView)
         setNeedsUpdateConstraints();
@@ -120,7 +128,6 @@ void ZelSwitchContainerView::updateSelectedChildView()
 void ZelSwitchContainerView::updateConstraints()
 {
     ZelView::updateConstraints();
-    removeConstraints(std::exchange(m_containerConstraints, {}));
     QList<ZelLayoutConstraint::Ptr> constraints;
     quint64 index = 0;
     for (ZelViewController *controller : childViewControllers()) {
@@ -132,6 +139,11 @@ void ZelSwitchContainerView::updateConstraints()
             constraints += ZelLayoutConstraint::constraintsWithVisualFormat(
                 format, {{QStringLiteral("view"), controller->view()}});
     }
-    m_containerConstraints = constraints;
-    addConstraints(m_containerConstraints);
+    setContainerConstraints(constraints);
+}
+
+void ZelSwitchContainerView::setContainerConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    if (replaceConstraints(m_containerConstraints, constraints))
+        Q_EMIT containerConstraintsChanged();
 }

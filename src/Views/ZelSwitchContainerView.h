@@ -18,9 +18,14 @@ class ZelSwitchContainerView : public ZelView
     Q_PROPERTY(quint64 selectedChildViewControllerIndex READ selectedChildViewControllerIndex WRITE
                    setSelectedChildViewControllerIndex NOTIFY selectedChildViewControllerIndexChanged)
     /// False by default.
-    Q_PROPERTY(bool constraintSelectdView READ constraintSelectdView WRITE setConstraintSelectdView)
+    Q_PROPERTY(bool constraintSelectdView READ constraintSelectdView WRITE setConstraintSelectdView NOTIFY
+                   constraintSelectdViewChanged)
+    /// The constraints of the views, as they are installed. Others that are set stand until the next update.
+    Q_PROPERTY(QList<ZelLayoutConstraint::Ptr> containerConstraints READ containerConstraints WRITE
+                   setContainerConstraints NOTIFY containerConstraintsChanged)
 public:
     explicit ZelSwitchContainerView(QWidget *parent = nullptr);
+    explicit ZelSwitchContainerView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelSwitchContainerView() override;
 
     /// Controllers that have died meanwhile are left out.
@@ -30,12 +35,12 @@ public:
     void setSelectedChildViewControllerIndex(quint64 index);
     bool constraintSelectdView() const { return m_constraintSelectdView; }
     void setConstraintSelectdView(bool constraint);
-    /// The constraints of the views, as they are installed.
     const QList<ZelLayoutConstraint::Ptr> &containerConstraints() const { return m_containerConstraints; }
+    void setContainerConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints);
 
-    /// Takes in the views of all controllers.
+    /// Takes in the views of all controllers, in the place of whatever is in the container.
     void updateChildViews();
-    /// Hides all of them but the selected one.
+    /// Hides all of them but the selected one. One that is not in a parent yet is shown by the one that takes it.
     void updateSelectedChildView();
 
     void viewDidInstall() override;
@@ -46,12 +51,17 @@ public:
 Q_SIGNALS:
     void childViewControllersChanged();
     void selectedChildViewControllerIndexChanged();
+    void constraintSelectdViewChanged();
+    void containerConstraintsChanged();
 
 protected:
     ZelView *newInstance() const override { return new ZelSwitchContainerView; }
 
 private:
+    void takeOut(QWidget *view);
+
     QList<QPointer<ZelViewController>> m_childViewControllers;
+    QList<QPointer<QWidget>> m_takenViews; // those of the controllers
     QList<ZelLayoutConstraint::Ptr> m_containerConstraints;
     quint64 m_selectedIndex = 0;
     bool m_constraintSelectdView = false;

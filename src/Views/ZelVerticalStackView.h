@@ -12,6 +12,10 @@ public:
         : ZelStackView(Qt::Vertical, parent)
     {
     }
+    explicit ZelVerticalStackView(const ZelKeyedCoder &coder, QWidget *parent = nullptr)
+        : ZelStackView(Qt::Vertical, coder, parent)
+    {
+    }
 
 protected:
     ZelView *newInstance() const override { return new ZelVerticalStackView; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelView.h"
 
+#include "Geometry/ZelSnapUtilities.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
 #include "ViewController/HookLog.h"
 #include "ViewController/ZelBackingLayer.h"
@@ -400,8 +401,10 @@ private Q_SLOTS:
         view.setBackgroundColor(Qt::red);
         ZelKeyedCoder coder;
         view.encodeWithCoder(coder);
-        QCOMPARE(coder.values().keys(), (QStringList{"ZelBackgroundColorKey", "ZelIsFlippedKey", "ZelOpaqueKey"}));
+        QCOMPARE(coder.values().keys(),
+                 (QStringList{"ZelBackgroundColorKey", "ZelFrameKey", "ZelIsFlippedKey", "ZelOpaqueKey"}));
         const ZelView read(coder);
+        QCOMPARE(read.frame(), QRectF(1, 2, 30, 40));
         QVERIFY(read.isFlipped() && !read.isOpaque());
         QCOMPARE(read.backgroundColor(), ZelColor(Qt::red));
         const ZelView older{ZelKeyedCoder(QVariantMap{{"ZelOpaqueKey", true}})};
@@ -411,6 +414,22 @@ private Q_SLOTS:
         QCOMPARE(copy->frame(), view.frame());
         QVERIFY(copy->isFlipped());
         QCOMPARE(copy->backgroundColor(), ZelColor(Qt::red));
+
+        const LoggingView cannotBeMade(&m_log, "view");
+        FailureLog failures;
+        QVERIFY(!cannotBeMade.copy());
+        QCOMPARE(failures.messages, QStringList{"ZelView cannot be copied: it does not override newInstance()"});
+    }
+
+    void snapsToPixelsInItsOwnCoordinates()
+    {
+        ZelView magnified(QRectF(0, 0, 200, 200));
+        auto *content = new ZelView(QRectF(10, 0, 50, 50), &magnified);
+        magnified.setBounds(QRectF(0, 0, 50, 50)); // four times as large
+        for (const ZelView *view : {static_cast<const ZelView *>(&magnified), static_cast<const ZelView *>(content)}) {
+            const QPointF snapped = ZelSnapUtilities(view).snapPointInBacking({1.3, 2.6}, ZelSnapModeFloor, false);
+            QCOMPARE(snapped, QPointF(1.25, 2.5));
+        }
     }
 
     void aControllerStandsBetweenTheViewAndItsResponder()
@@ -432,6 +451,20 @@ private Q_SLOTS:
         ZelView newParent;
         newParent.addSubview(view); // from here on its parent again
         QCOMPARE(view->nextResponder(), &newParent);
+
+        // The chain leads on to the parent also behind a controller that has another view, or had another responder.
+        auto passing = std::make_unique<ZelViewController>();
+        passing->setNextResponder(&other);
+        view->setViewController(passing.get());
+        QCOMPARE(passing->nextResponder(), &newParent);
+        view->setViewController(&controller);
+        QCOMPARE(passing->nextResponder(), nullptr);
+        QCOMPARE(controller.nextResponder(), &newParent);
+        view->setNextResponder(this);
+        view->setViewController(passing.get());
+        QCOMPARE(passing->nextResponder(), this);
+        passing.reset();
+        QCOMPARE(view->nextResponder(), this);
     }
 
 private:

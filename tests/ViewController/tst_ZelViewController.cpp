@@ -103,7 +103,7 @@ private Q_SLOTS:
         view->setParent(&window);
         m_log.clear();
         ZelView other;
-        for (ZelView *replacement : {static_cast<ZelView *>(nullptr), &other}) {
+        for (ZelView *replacement : {static_cast<ZelView *>(nullptr), &other, view}) {
             failures.messages.clear();
             controller.setView(replacement);
             QCOMPARE(failures.messages, QStringList{QString::asprintf(
@@ -119,40 +119,55 @@ private Q_SLOTS:
         using Way = std::function<void(QWidget * window, LoggingController * outer)>;
         QTest::addColumn<Way>("way");
         QTest::addColumn<QStringList>("log");
-        const QStringList viewFirst{"outer-", "inner-", "inner didUnload", "outer didUnload"};
+        QTest::addColumn<bool>("isMistake"); // the view is still used
         QTest::newRow("view first") << Way([](QWidget *window, LoggingController *outer) {
             delete outer->view();
             delete outer;
             delete window;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"};
+        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
+                                    << false;
         QTest::newRow("window first") << Way([](QWidget *window, LoggingController *outer) {
             delete window;
             delete outer;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"};
+        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
+                                      << false;
         QTest::newRow("window with the controller in it") << Way([](QWidget *window, LoggingController *outer) {
             outer->setParent(window); // behind the view
             delete window;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"};
+        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
+                                                          << false;
+        QTest::newRow("window with the controller before the view")
+            << Way([](QWidget *window, LoggingController *outer) {
+                   outer->setParent(window);
+                   outer->view()->raise();
+                   delete window;
+               })
+            << QStringList{"outer-", "outer willUnload", "outer didUnload",
+                           "inner-", "inner willUnload", "inner didUnload"}
+            << false;
         QTest::newRow("controller first") << Way([](QWidget *window, LoggingController *outer) {
             const QPointer<ZelView> view = outer->view();
             delete outer;
             QVERIFY(view && view->isInstalled() && !view->viewController()); // it stays with its parent
             delete window;
         }) << QStringList{"outer-", "outer willUnload", "outer didUnload",
-                          "inner-", "inner willUnload", "inner didUnload"};
+                          "inner-", "inner willUnload", "inner didUnload"}
+                                          << true;
         QTest::newRow("controller of a view without parent") << Way([](QWidget *window, LoggingController *outer) {
             const QPointer<ZelView> view = outer->view();
             view->removeFromSuperview();
             delete outer;
             QVERIFY(!view);
             delete window;
-        }) << QStringList{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"};
+        }) << QStringList{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"}
+                                                             << false;
     }
     void endsInAnyOrder()
     {
         using Way = std::function<void(QWidget *, LoggingController *)>;
         QFETCH(Way, way);
         QFETCH(QStringList, log);
+        QFETCH(bool, isMistake);
         FailureLog failures;
         auto *window = new QWidget;
         auto *outer = new LoggingController(&m_log, "outer");
@@ -163,7 +178,11 @@ private Q_SLOTS:
         m_log.clear();
         way(window, outer);
         QCOMPARE(m_log, log);
-        QCOMPARE(failures.messages, QStringList());
+        const QString message =
+            QString::asprintf("View controller %p(ZelViewController) will unload view but the view is "
+                              "still used",
+                              static_cast<void *>(outer));
+        QCOMPARE(failures.messages, isMistake ? QStringList{message} : QStringList());
     }
 
     void followsTheInstallationOfAViewThatItGets()

@@ -124,6 +124,33 @@ private Q_SLOTS:
         QVERIFY(container->containerConstraints().isEmpty());
     }
 
+    void switchesAlsoBeforeItHasAWindow()
+    {
+        SizedController first(QSize(10, 10));
+        SizedController second(QSize(20, 20));
+        auto *container = new ZelSwitchContainerView;
+        container->setChildViewControllers({&first, &second});
+        container->updateSelectedChildView();
+        QVERIFY(!first.view()->isVisible() && !second.view()->isVisible()); // they would be windows of their own
+        container->setSelectedChildViewControllerIndex(1);
+        container->updateSelectedChildView();
+        QWidget window;
+        container->setParent(&window);
+        window.show();
+        QVERIFY(!first.view()->isVisible() && second.view()->isVisible());
+    }
+
+    void viewsOfTheApplicationAreOnlyTakenOut()
+    {
+        QWidget window;
+        ZelSwitchContainerView container(&window);
+        const std::unique_ptr<ZelView> own = std::make_unique<ZelView>(&container);
+        const QPointer<ZelView> alive(own.get());
+        container.updateChildViews();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(alive && !alive->parentWidget());
+    }
+
     void switchedControllersMayChangeAndDie()
     {
         QWidget window;

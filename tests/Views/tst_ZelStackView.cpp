@@ -225,6 +225,28 @@ private Q_SLOTS:
         QCOMPARE(shown.stack.sizeHint().height(), 0);
     }
 
+    void rowsThatComeOneByOneAreLinedUpOnce()
+    {
+        struct Stack : ZelVerticalStackView
+        {
+            void updateConstraints() override
+            {
+                ++updates;
+                ZelVerticalStackView::updateConstraints();
+            }
+            int updates = 0;
+        };
+        ShownStack<Stack> shown({box(10, 10)});
+        shown.show(QSize(50, 100));
+        shown.stack.updates = 0;
+        for (int i = 0; i < 3; ++i)
+            shown.stack.addSubview(box(10, 10));
+        QCOMPARE(shown.stack.updates, 0);
+        shown.settle();
+        QCOMPARE(shown.stack.updates, 1);
+        QCOMPARE(starts(shown.stack), (QList<int>{0, 10, 20, 30}));
+    }
+
     void observesOnlyWhileInstalled()
     {
         QWidget window;
