@@ -12,6 +12,7 @@ ZelColorMenuItem::ZelColorMenuItem(const QString &title, QObject *parent)
 QWidget *ZelColorMenuItem::createWidget(QWidget *parent)
 {
     auto *view = new ZelColorMenuItemView(parent);
+    view->setControlSize(m_controlSize);
     connect(view, &ZelColorMenuItemView::action, this, &ZelColorMenuItem::colorChosen);
     return view;
 }

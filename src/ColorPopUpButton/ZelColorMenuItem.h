@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Controls/ZelControlSize.h"
+
 #include <QWidgetAction>
 
 class ZelColorMenuItemView;
@@ -13,10 +15,16 @@ class ZelColorMenuItem : public QWidgetAction
 public:
     explicit ZelColorMenuItem(const QString &title, QObject *parent);
 
+    /// That of the views that are made from now on; small by default.
+    void setControlSize(quint32 size) { m_controlSize = size; }
+
 Q_SIGNALS:
     /// The user has chosen a colour in the view.
     void colorChosen(ZelColorMenuItemView *sender);
 
 protected:
     QWidget *createWidget(QWidget *parent) override;
+
+private:
+    quint32 m_controlSize = ZelControlSize::Small;
 };

@@ -5,6 +5,7 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelValues.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -36,6 +37,19 @@ ZelColorMenuItemView::ZelColorMenuItemView(QWidget *parent)
     , m_label(new ZelLabel(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this))
     , m_matrix(new ZelColorMatrix(this))
 {
+    setUp();
+}
+
+ZelColorMenuItemView::ZelColorMenuItemView(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+    , m_label(new ZelLabel(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this))
+    , m_matrix(new ZelColorMatrix(this))
+{
+    setUp();
+}
+
+void ZelColorMenuItemView::setUp()
+{
     m_matrix->setAccessibleName(m_label->text());
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_matrix);
@@ -47,6 +61,25 @@ ZelColorMenuItemView::ZelColorMenuItemView(QWidget *parent)
 ZelColorMenuItemView::~ZelColorMenuItemView()
 {
     uninstall();
+}
+
+void ZelColorMenuItemView::setSelectedColor(const QVariant &color)
+{
+    if (ZelEqual(color, m_selectedColor))
+        return;
+    m_selectedColor = color;
+    Q_EMIT selectedColorChanged();
+}
+
+void ZelColorMenuItemView::setControlSize(quint32 size)
+{
+    if (std::exchange(m_controlSize, size) == size)
+        return;
+    m_label->setFont(ZelControlSize::font(size));
+    resize(sizeHint());
+    updateGeometry();
+    placeSubviews();
+    Q_EMIT controlSizeChanged();
 }
 
 QSize ZelColorMenuItemView::sizeHint() const
@@ -101,8 +134,11 @@ void ZelColorMenuItemView::updateColorButtons()
 
 void ZelColorMenuItemView::selectColor(int index)
 {
-    m_selectedColor =
-        ZelUsedColorList::sharedUsedColorList()->colors().value(index, ZelColor(QColor(Qt::white))).toVariant();
+    const QPointer<ZelColorMenuItemView> guard(this);
+    setSelectedColor(
+        ZelUsedColorList::sharedUsedColorList()->colors().value(index, ZelColor(QColor(Qt::white))).toVariant());
+    if (!guard)
+        return;
     // The action may take the menu's owner down; the menu itself is on its way by then.
     cancelTracking(this);
     Q_EMIT action(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Controls/ZelControlSize.h"
 #include "ViewController/ZelView.h"
 
 class ZelColorMatrix;
@@ -11,12 +12,22 @@ class ZelColorMenuItemView : public ZelView
 {
     Q_OBJECT
     /// The colour chosen last; absent by default.
-    Q_PROPERTY(QVariant selectedColor READ selectedColor)
+    Q_PROPERTY(QVariant selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
+    /// A ZelControlSize::Size, small by default. Another one gives the heading its font, and the view its height.
+    Q_PROPERTY(quint32 controlSize READ controlSize WRITE setControlSize NOTIFY controlSizeChanged)
+    Q_PROPERTY(ZelLabel *label READ label CONSTANT)
+    Q_PROPERTY(ZelColorMatrix *matrix READ matrix CONSTANT)
+    Q_MOC_INCLUDE("ColorPopUpButton/ZelColorMatrix.h")
+    Q_MOC_INCLUDE("Platform/Controls/ZelLabel.h")
 public:
     explicit ZelColorMenuItemView(QWidget *parent = nullptr);
+    explicit ZelColorMenuItemView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelColorMenuItemView() override;
 
     const QVariant &selectedColor() const { return m_selectedColor; }
+    void setSelectedColor(const QVariant &color);
+    quint32 controlSize() const { return m_controlSize; }
+    void setControlSize(quint32 size);
     ZelLabel *label() const { return m_label; }
     ZelColorMatrix *matrix() const { return m_matrix; }
 
@@ -31,6 +42,8 @@ public:
     bool drawsContent() const override { return false; }
 
 Q_SIGNALS:
+    void selectedColorChanged();
+    void controlSizeChanged();
     /// The user has chosen a colour; the menu is closed by then. The view may be gone afterwards.
     void action(ZelColorMenuItemView *sender);
 
@@ -40,9 +53,11 @@ protected:
     ZelView *newInstance() const override { return new ZelColorMenuItemView; }
 
 private:
+    void setUp();
     void placeSubviews();
 
     ZelLabel *m_label;
     ZelColorMatrix *m_matrix;
     QVariant m_selectedColor;
+    quint32 m_controlSize = ZelControlSize::Small;
 };

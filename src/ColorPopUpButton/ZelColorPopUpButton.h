@@ -13,6 +13,7 @@ class ZelColorPopUpButton : public ZelPopUpButton
 {
     Q_OBJECT
     Q_PROPERTY(ZelColorPopUpButtonCell *cell READ cell CONSTANT)
+    // The cell's.
     Q_PROPERTY(ZelColorListPtr colorList READ colorList WRITE setColorList NOTIFY colorListChanged)
     Q_PROPERTY(ZelColor defaultColor READ defaultColor WRITE setDefaultColor NOTIFY defaultColorChanged)
     Q_PROPERTY(QVariant selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)

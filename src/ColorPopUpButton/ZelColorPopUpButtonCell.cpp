@@ -152,6 +152,16 @@ void ZelColorPopUpButtonCell::setShowsAlpha(bool shows)
     Q_EMIT showsAlphaChanged();
 }
 
+void ZelColorPopUpButtonCell::setControlSize(quint32 size)
+{
+    if (std::exchange(m_controlSize, size) == size)
+        return;
+    m_button->setFont(ZelControlSize::font(size)); // the menu's, too
+    if (m_isMenuMade)
+        updateMenu();
+    Q_EMIT controlSizeChanged();
+}
+
 bool ZelColorPopUpButtonCell::isDefault(const QVariant &color) const
 {
     return looksSame(color, m_defaultColor.toVariant());
@@ -251,6 +261,7 @@ void ZelColorPopUpButtonCell::makeMenu()
 void ZelColorPopUpButtonCell::updateMenu()
 {
     makeFixedItems();
+    m_recentlyMenuItem->setControlSize(m_controlSize);
     const QList<ZelMenuItem *> former = std::exchange(m_colorItems, {});
     QList<QAction *> items{m_defaultMenuItem,  m_separators.at(0), m_currentMenuItem,
                            m_separators.at(1), m_recentlyMenuItem, m_separators.at(2)};
@@ -383,13 +394,14 @@ void ZelColorPopUpButtonCell::activateColorPanel()
     ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
     m_panel = panel;
     panel->setDelegate(this);
-    connect(panel, &ZelColorPanel::willClose, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
+    connect(panel, &ZelColorPanel::willClose, this, &ZelColorPopUpButtonCell::colorPanelWillClose);
     connect(panel, &ZelColorPanel::delegateDidChange, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
     connect(panel, &ZelColorPanel::colorDidChange, this, &ZelColorPopUpButtonCell::colorPanelDidChange);
     connect(panel, &ZelColorPanel::trackingDidEnd, this, &ZelColorPopUpButtonCell::endDrag);
     ZelObservations(this).addObservationWithCenter(
         nullptr, ZelColorPopUpButtonDidBecomeActiveNotification, nullptr,
-        [this](ZelNotificationObservation *, const ZelNotification &) { deactivateColorPanel(); }, &g_context);
+        [this](ZelNotificationObservation *, const ZelNotification &) { colorPopUpButtonDidBecomeActive(); },
+        &g_context);
     m_isColorPanelActive = true;
     panel->setShowsAlpha(m_showsAlpha);
     panel->setColor(isPresentColor(m_selectedColor) ? ZelColor::fromVariant(m_selectedColor).toQColor() : Qt::black);
@@ -423,7 +435,7 @@ void ZelColorPopUpButtonCell::showInPanel()
 
 void ZelColorPopUpButtonCell::colorPanelDidChange()
 {
-    if (!m_button->isEnabled() || !m_button->isEditable())
+    if (!m_isColorPanelActive || !m_panel || !m_button->isEnabled() || !m_button->isEditable())
         return;
     if (m_panel->isTracking() && !m_dragGrouping)
         m_dragGrouping = std::make_unique<ZelUndoGrouping>(m_button);

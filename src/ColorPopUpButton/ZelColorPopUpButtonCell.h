@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Resources/ZelColorList.h"
 
 #include <QObject>
@@ -31,6 +32,10 @@ extern const QString ZelColorPopUpButtonDidBecomeActiveNotification;
 /// every move in it selects a colour and is reported, all moves of one drag as one undo step; the link ends when the
 /// panel is closed, another cell takes it over, or the button dies. A button that is disabled or not editable does not
 /// follow the panel.
+///
+/// Colours are compared as they look: one of the list and one of another colour space that shows the same are one
+/// choice, as a model that holds QColors answers it. Named colours stand for themselves only. A colour of the list has
+/// the title that it has in the list, localised, where the application's own list is the only one that knows it.
 class ZelColorPopUpButtonCell : public QObject
 {
     Q_OBJECT
@@ -39,7 +44,17 @@ class ZelColorPopUpButtonCell : public QObject
     Q_PROPERTY(ZelColor defaultColor READ defaultColor WRITE setDefaultColor NOTIFY defaultColorChanged)
     Q_PROPERTY(QVariant selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
     Q_PROPERTY(bool showsAlpha READ showsAlpha WRITE setShowsAlpha NOTIFY showsAlphaChanged)
-    Q_PROPERTY(bool colorPanelActive READ isColorPanelActive NOTIFY colorPanelActiveChanged)
+    /// False by default. Setting it opens the panel for this button, or ends the link to it.
+    Q_PROPERTY(bool colorPanelActive READ isColorPanelActive WRITE setColorPanelActive NOTIFY colorPanelActiveChanged)
+    /// A ZelControlSize::Size, small by default. Another one gives the button and its menu their font.
+    Q_PROPERTY(quint32 controlSize READ controlSize WRITE setControlSize NOTIFY controlSizeChanged)
+    // The items, made when they are first asked for, and then reused.
+    Q_PROPERTY(ZelMenuItem *defaultMenuItem READ defaultMenuItem CONSTANT)
+    Q_PROPERTY(ZelMenuItem *currentMenuItem READ currentMenuItem CONSTANT)
+    Q_PROPERTY(ZelColorMenuItem *recentlyMenuItem READ recentlyMenuItem CONSTANT)
+    Q_PROPERTY(ZelMenuItem *otherMenuItem READ otherMenuItem CONSTANT)
+    Q_MOC_INCLUDE("ColorPopUpButton/ZelColorMenuItem.h")
+    Q_MOC_INCLUDE("Platform/Controls/ZelMenuItem.h")
 public:
     /// The cell belongs to its button.
     explicit ZelColorPopUpButtonCell(ZelPopUpButton *button);
@@ -65,6 +80,9 @@ public:
     bool showsAlpha() const { return m_showsAlpha; }
     void setShowsAlpha(bool shows);
 
+    quint32 controlSize() const { return m_controlSize; }
+    void setControlSize(quint32 size);
+
     /// The name of the selected colour or marker, as it stands on the button.
     QString title() const;
     /// The item that the button shows: title and swatch of the selected colour, in no menu.
@@ -88,9 +106,15 @@ public:
     void upateSelectedMenuItem();
 
     bool isColorPanelActive() const { return m_isColorPanelActive; }
+    void setColorPanelActive(bool active) { active ? activateColorPanel() : deactivateColorPanel(); }
     /// Opens the colour panel for this button. Takes it away from any other client.
     void activateColorPanel();
     void deactivateColorPanel();
+    // What the panel and other cells tell.
+    /// Takes over the panel's colour and reports it.
+    void colorPanelDidChange();
+    void colorPanelWillClose() { deactivateColorPanel(); }
+    void colorPopUpButtonDidBecomeActive() { deactivateColorPanel(); }
 
     // What the items do.
     void selectDefaultColor();
@@ -106,6 +130,7 @@ Q_SIGNALS:
     void selectedColorChanged();
     void showsAlphaChanged();
     void colorPanelActiveChanged();
+    void controlSizeChanged();
 
 private:
     void makeFixedItems();
@@ -117,7 +142,6 @@ private:
     void showColors();
     void takeChoice(QVariant color, QAction *item);
     void showInPanel();
-    void colorPanelDidChange();
     void endDrag();
 
     ZelPopUpButton *m_button;
@@ -135,6 +159,7 @@ private:
     QVariant m_selectedColor;
     QPointer<ZelColorPanel> m_panel;
     std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
+    quint32 m_controlSize = ZelControlSize::Small;
     bool m_isMenuMade = false;
     bool m_showsAlpha = false;
     bool m_isColorPanelActive = false;

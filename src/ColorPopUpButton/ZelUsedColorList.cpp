@@ -34,8 +34,6 @@ void ZelUsedColorList::usedColor(const ZelColor &color)
         return;
     {
         const QMutexLocker lock(&m_mutex);
-        if (!m_colors.isEmpty() && m_colors.first() == color)
-            return;
         m_colors.removeOne(color);
         m_colors.prepend(color);
         if (m_colors.size() > ZelUsedColorListMax)

@@ -23,7 +23,8 @@ public:
 
     /// At most ZelUsedColorListMax.
     QList<ZelColor> colors() const;
-    /// Puts the colour at the front; the oldest leaves a full list. An invalid colour is an assertion.
+    /// Puts the colour at the front; the oldest leaves a full list. Announced also for the colour that is the first
+    /// already. An invalid colour is an assertion.
     void usedColor(const ZelColor &color);
 
 Q_SIGNALS:

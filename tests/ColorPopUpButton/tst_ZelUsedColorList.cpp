@@ -4,6 +4,7 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelAssertions.h"
 
+#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 
@@ -71,7 +72,9 @@ private Q_SLOTS:
         ZelObservations(&owner).addObservationWithObject(
             list, "colors", ZelKeyValueObservingOptionEqualCheck,
             [&](ZelBlockObservation *, const ZelKeyValueChange &) { ++changes; }, &context);
-        list->usedColor(grey(23));
+        QSignalSpy announced(list, &ZelUsedColorList::colorsChanged);
+        list->usedColor(grey(23)); // the first one
+        QCOMPARE(announced.count(), 1);
         QCOMPARE(changes, 0);
         list->usedColor(grey(22));
         QCOMPARE(changes, 1);

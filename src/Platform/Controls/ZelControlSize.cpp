@@ -6,9 +6,9 @@
 
 namespace {
 
-QFont reduced(QFont font)
+QFont reduced(QFont font, double points = 11.0)
 {
-    constexpr double factor = 11.0 / 13.0;
+    const double factor = points / 13.0;
     if (font.pointSizeF() > 0)
         font.setPointSizeF(font.pointSizeF() * factor);
     else if (font.pixelSize() > 0)
@@ -17,6 +17,12 @@ QFont reduced(QFont font)
 }
 
 } // namespace
+
+QFont ZelControlSize::font(quint32 size)
+{
+    const QFont regular = QApplication::font();
+    return size == Regular ? regular : size == Mini ? reduced(regular, 9.0) : smallFont();
+}
 
 QFont ZelControlSize::smallFont()
 {

@@ -10,6 +10,9 @@
 class ZelControlSize
 {
 public:
+    enum Size : quint32 { Regular, Small, Mini };
+    /// The font of controls' contents at a size: the application's font, reduced by 11 or 9 to 13 for the smaller ones.
+    static QFont font(quint32 size);
     /// The font of controls' contents: the application's font, reduced by 11 to 13.
     static QFont smallFont();
     /// The same in bold, for headings.
