@@ -9,6 +9,7 @@
 #include "Platform/Controls/ZelControlAccessors.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelActionTarget.h"
+#include "ViewController/ZelAssignItems.h"
 
 namespace {
 
@@ -23,6 +24,13 @@ using Constraint = ZelLayoutConstraint;
 
 ZelActionBar::ZelActionBar(QWidget *parent)
     : ZelView(parent)
+    , m_validation(std::make_unique<ZelDelayedValidation>([this] { validateItems(); }))
+{
+    ZelRegisterControlAccessors();
+}
+
+ZelActionBar::ZelActionBar(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validateItems(); }))
 {
     ZelRegisterControlAccessors();
@@ -53,15 +61,12 @@ QList<ZelActionBarItem *> ZelActionBar::items() const
 
 void ZelActionBar::setItems(const QList<ZelActionBarItem *> &items)
 {
-    if (std::equal(items.begin(), items.end(), m_items.begin(), m_items.end()))
+    const QList<QPointer<ZelActionBarItem>> former = m_items;
+    if (!ZelAssignItems(m_items, items, this))
         return;
-    for (const QPointer<ZelActionBarItem> &item : std::as_const(m_items))
-        if (item && !items.contains(item))
+    for (const QPointer<ZelActionBarItem> &item : former)
+        if (item && !m_items.contains(item))
             disconnect(item, nullptr, this, nullptr);
-    m_items = {items.begin(), items.end()};
-    for (ZelActionBarItem *item : items)
-        if (!item->parent())
-            item->setParent(this);
     Q_EMIT itemsChanged();
 }
 
@@ -144,7 +149,7 @@ void ZelActionBar::updateItemViews()
         observeItem(item);
         views.append(makeItemView(item));
     }
-    setSubviews(views);
+    setItemViews(views);
     for (const QPointer<QWidget> &view : former) {
         if (view) {
             view->hide();
@@ -153,6 +158,14 @@ void ZelActionBar::updateItemViews()
     }
     setNeedsUpdateConstraints();
     m_validation->invocation().schedule();
+}
+
+void ZelActionBar::setItemViews(const QList<QWidget *> &views)
+{
+    if (views == itemViews())
+        return;
+    setSubviews(views);
+    Q_EMIT itemViewsChanged();
 }
 
 QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
@@ -167,6 +180,7 @@ QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
     if (item->view())
         return item->view();
     ZelActionBarButton *button = makeButton(item);
+    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // the item limits the size
     m_madeViews.append(button);
     bindButton(button, item);
     connect(button, &QAbstractButton::clicked, this, [this, button, item = QPointer<ZelActionBarItem>(item)] {
@@ -232,31 +246,34 @@ void ZelActionBar::updateConstraints()
     const QList<QWidget *> views = itemViews();
     if (items.size() != views.size())
         return;
-    removeConstraints(m_stackConstraints);
-    m_stackConstraints.clear();
     if (views.isEmpty()) {
-        m_stackConstraints.append(Constraint::constraintWithItem(this, Constraint::Width, Constraint::Equal, nullptr,
-                                                                 Constraint::NotAnAttribute, 1,
-                                                                 m_edgeInsets.left() + m_edgeInsets.right(), g_weak));
-        addConstraints(m_stackConstraints);
+        setStackConstraints({Constraint::constraintWithItem(this, Constraint::Width, Constraint::Equal, nullptr,
+                                                            Constraint::NotAnAttribute, 1,
+                                                            m_edgeInsets.left() + m_edgeInsets.right(), g_weak)});
         return;
     }
+    QList<Constraint::Ptr> constraints;
     for (qsizetype i = 0; i < views.size(); ++i) {
         const double left = items.at(i)->edgeInsets().left();
-        m_stackConstraints.append(constraintsOfItem(views.at(i), items.at(i)));
+        constraints.append(constraintsOfItem(views.at(i), items.at(i)));
         if (i == 0)
-            m_stackConstraints.append(Constraint::constraintWithItem(views.first(), Constraint::Left, Constraint::Equal,
-                                                                     this, Constraint::Left, 1,
-                                                                     m_edgeInsets.left() + left));
+            constraints.append(Constraint::constraintWithItem(views.first(), Constraint::Left, Constraint::Equal, this,
+                                                              Constraint::Left, 1, m_edgeInsets.left() + left));
         else
-            m_stackConstraints.append(Constraint::constraintWithItem(
-                views.at(i), Constraint::Left, Constraint::Equal, views.at(i - 1), Constraint::Right, 1,
-                items.at(i - 1)->edgeInsets().right() + left, g_strong));
+            constraints.append(Constraint::constraintWithItem(views.at(i), Constraint::Left, Constraint::Equal,
+                                                              views.at(i - 1), Constraint::Right, 1,
+                                                              items.at(i - 1)->edgeInsets().right() + left, g_strong));
     }
-    m_stackConstraints.append(
+    constraints.append(
         Constraint::constraintWithItem(views.last(), Constraint::Right, Constraint::Equal, this, Constraint::Right, 1,
                                        -(m_edgeInsets.right() + items.last()->edgeInsets().right()), g_weak));
-    addConstraints(m_stackConstraints);
+    setStackConstraints(constraints);
+}
+
+void ZelActionBar::setStackConstraints(const QList<ZelLayoutConstraint::Ptr> &constraints)
+{
+    if (replaceConstraints(m_stackConstraints, constraints))
+        Q_EMIT stackConstraintsChanged();
 }
 
 QList<ZelLayoutConstraint::Ptr> ZelActionBar::constraintsOfItem(QWidget *view, const ZelActionBarItem *item)
@@ -277,11 +294,19 @@ QList<ZelLayoutConstraint::Ptr> ZelActionBar::constraintsOfItem(QWidget *view, c
         limit(Constraint::Width, Constraint::GreaterThanOrEqual, item->minSize().width());
     if (item->minSize().height() > 0)
         limit(Constraint::Height, Constraint::GreaterThanOrEqual, item->minSize().height());
-    // A maximum keeps the control at its minimum: such items are fixed in size.
-    if (item->maxSize().width() > 0)
+    // A maximum keeps the control at its minimum: such items are fixed in size. A wish of the control's own of the same
+    // priority would go before it.
+    ZelLayoutPriorities priorities = ZelConstraintLayout::priorities(view);
+    if (item->maxSize().width() > 0) {
         limit(Constraint::Width, Constraint::LessThanOrEqual, item->minSize().width());
-    if (item->maxSize().height() > 0)
+        priorities.horizontalCompression = qMin(priorities.horizontalCompression, g_strong - 1);
+    }
+    if (item->maxSize().height() > 0) {
         limit(Constraint::Height, Constraint::LessThanOrEqual, item->minSize().height());
+        priorities.verticalCompression = qMin(priorities.verticalCompression, g_strong - 1);
+    }
+    if (item->maxSize().width() > 0 || item->maxSize().height() > 0)
+        ZelConstraintLayout::setPriorities(view, priorities);
     return constraints;
 }
 

@@ -35,6 +35,7 @@ ZelActionBarButton::ZelActionBarButton(QWidget *parent)
 {
     static const bool registered = (registerAccessors(), true);
     Q_UNUSED(registered)
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus to who is to receive the action
 }
 
 void ZelActionBarButton::setTitle(const QString &title)

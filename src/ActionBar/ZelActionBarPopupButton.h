@@ -8,7 +8,8 @@
 
 /// A button that opens a menu above itself when it is pressed. Its face is its own image, never one of the menu.
 ///
-/// A chosen action is triggered as anywhere; then the button is clicked.
+/// A chosen action is triggered as anywhere; then the button is clicked. The menu that opens has the actions of the
+/// item's menu, which stay in that one, too: they may change, and the menu may die, while it is open.
 class ZelActionBarPopupButton : public ZelActionBarButton
 {
     Q_OBJECT

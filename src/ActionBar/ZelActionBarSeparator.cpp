@@ -9,6 +9,12 @@ ZelActionBarSeparator::ZelActionBarSeparator(QWidget *parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 }
 
+ZelActionBarSeparator::ZelActionBarSeparator(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+}
+
 void ZelActionBarSeparator::setStyle(quint32 style)
 {
     if (m_style == style)

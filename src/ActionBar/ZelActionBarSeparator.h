@@ -11,6 +11,7 @@ class ZelActionBarSeparator : public ZelView
     Q_PROPERTY(quint32 style READ style WRITE setStyle NOTIFY styleChanged)
 public:
     explicit ZelActionBarSeparator(QWidget *parent = nullptr);
+    explicit ZelActionBarSeparator(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
 
     quint32 style() const { return m_style; }
     void setStyle(quint32 style);

@@ -2,6 +2,7 @@
 #include "Controls/ZelHoverButton.h"
 
 #include "Platform/Controls/ZelControlSize.h"
+#include "Platform/Resources/ZelNamedImages.h"
 #include "Platform/Controls/ZelTitleText.h"
 
 #include <QEvent>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int g_imageMargin = 3; // left and right of the image
 constexpr int g_titleMargin = 5;
+constexpr double g_disabledOpacity = 0.4;
 
 QColor withAlpha(QColor color, float alpha)
 {
@@ -64,7 +66,7 @@ QSize ZelHoverButton::sizeHint() const
 QColor ZelHoverButton::titleColor() const
 {
     const QColor color = palette().color(QPalette::Active, QPalette::WindowText);
-    return isEnabled() ? color : withAlpha(color, 0.4F);
+    return isEnabled() ? color : withAlpha(color, float(g_disabledOpacity));
 }
 
 bool ZelHoverButton::event(QEvent *event)
@@ -101,8 +103,12 @@ void ZelHoverButton::drawContent(QPainter &painter)
     if (!image.isNull()) {
         QRect place(QPoint(), iconSize());
         place.moveCenter(rect().center());
-        image.paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled,
-                    isOn() ? QIcon::On : QIcon::Off);
+        const QColor color =
+            ZelNamedImages::templateColor(palette(), isOn(), isDown(), isActiveWindow() && isEnabled());
+        painter.setOpacity(isEnabled() || !ZelNamedImages::isTemplateImage(image) ? 1 : g_disabledOpacity);
+        ZelNamedImages::paint(&painter, image, place, color, isEnabled() ? QIcon::Normal : QIcon::Disabled,
+                              isOn() ? QIcon::On : QIcon::Off);
+        painter.setOpacity(1);
         return;
     }
     const QRect place = rect().adjusted(g_titleMargin, 0, -g_titleMargin, 0);

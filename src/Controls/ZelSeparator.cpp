@@ -22,6 +22,13 @@ ZelSeparator::ZelSeparator(Qt::Orientation orientation, QWidget *parent)
     updateSizePolicy();
 }
 
+ZelSeparator::ZelSeparator(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+    , m_orientation(Qt::Horizontal)
+{
+    updateSizePolicy();
+}
+
 void ZelSeparator::setLevel(quint32 level)
 {
     if (m_level == level)

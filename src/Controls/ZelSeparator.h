@@ -18,6 +18,7 @@ class ZelSeparator : public ZelView
 public:
     explicit ZelSeparator(QWidget *parent = nullptr);
     explicit ZelSeparator(Qt::Orientation orientation, QWidget *parent = nullptr);
+    explicit ZelSeparator(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
 
     quint32 level() const { return m_level; }
     void setLevel(quint32 level);

@@ -20,6 +20,18 @@ ZelExpandableView::ZelExpandableView(QWidget *parent)
     : ZelView(parent)
     , m_header(new ZelExpandableHeader(this))
 {
+    setUp();
+}
+
+ZelExpandableView::ZelExpandableView(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+    , m_header(new ZelExpandableHeader(this))
+{
+    setUp();
+}
+
+void ZelExpandableView::setUp()
+{
     m_header->setChecked(true);
     // The body takes what is left over, and a long title is cut before it widens the view.
     ZelConstraintLayout::setPriorities(m_header, {250, 999, 1, 1000});

@@ -18,6 +18,7 @@ class ZelExpandableView : public ZelView
     Q_PROPERTY(quint32 style READ style WRITE setStyle NOTIFY styleChanged)
 public:
     explicit ZelExpandableView(QWidget *parent = nullptr);
+    explicit ZelExpandableView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelExpandableView() override;
 
     QString title() const;
@@ -44,6 +45,8 @@ protected:
     ZelView *newInstance() const override { return new ZelExpandableView; }
 
 private:
+    void setUp();
+
     ZelExpandableHeader *m_header;
     QPointer<QWidget> m_bodyView;
     QList<ZelLayoutConstraint::Ptr> m_viewConstraints;

@@ -9,6 +9,12 @@ ZelBar::ZelBar(QWidget *parent)
     setFlipped(true);
 }
 
+ZelBar::ZelBar(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelView(coder, parent)
+{
+    setFlipped(true);
+}
+
 void ZelBar::setStyle(quint32 style)
 {
     if (m_style == style)

@@ -4,7 +4,9 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Controls/ZelControlAccessors.h"
 #include "TabBar/ZelButtonMatrix.h"
+#include "ViewController/ZelAssignItems.h"
 
+#include <QEvent>
 #include <QShortcut>
 #include <cmath>
 
@@ -28,6 +30,18 @@ QKeySequence sequenceOf(const ZelTabBarItem *item)
 ZelTabBar::ZelTabBar(QWidget *parent)
     : ZelBar(parent)
     , m_matrix(new ZelButtonMatrix(this))
+{
+    setUp();
+}
+
+ZelTabBar::ZelTabBar(const ZelKeyedCoder &coder, QWidget *parent)
+    : ZelBar(coder, parent)
+    , m_matrix(new ZelButtonMatrix(this))
+{
+    setUp();
+}
+
+void ZelTabBar::setUp()
 {
     ZelRegisterControlAccessors();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -54,13 +68,8 @@ QList<ZelTabBarItem *> ZelTabBar::items() const
 
 void ZelTabBar::setItems(const QList<ZelTabBarItem *> &items)
 {
-    if (std::equal(items.begin(), items.end(), m_items.begin(), m_items.end()))
-        return;
-    m_items = {items.begin(), items.end()};
-    for (ZelTabBarItem *item : items)
-        if (!item->parent())
-            item->setParent(this);
-    Q_EMIT itemsChanged();
+    if (ZelAssignItems(m_items, items, this))
+        Q_EMIT itemsChanged();
 }
 
 void ZelTabBar::setSelectedItem(ZelTabBarItem *item)
@@ -76,11 +85,21 @@ ZelTabBarDelegate *ZelTabBar::delegate() const
     return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
 }
 
+void ZelTabBar::changeEvent(QEvent *event)
+{
+    ZelBar::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        Q_EMIT enabledChanged();
+}
+
 void ZelTabBar::setDelegate(ZelTabBarDelegate *delegate)
 {
+    const bool isOther = delegate != this->delegate();
     m_delegate = delegate;
     m_delegateObject = dynamic_cast<QObject *>(delegate);
     m_delegateIsObject = !m_delegateObject.isNull();
+    if (isOther)
+        Q_EMIT delegateChanged();
 }
 
 // Observation

@@ -15,7 +15,8 @@ class ZelBlockObservation;
 
 /// A row of image buttons, one for each item, exactly one of them selected.
 ///
-/// The buttons follow the items while the bar is installed. Items without a parent become the bar's children.
+/// The buttons follow the items while the bar is installed. Items without a parent become the bar's children; null
+/// pointers among them are left out.
 ///
 /// Several items may have the same key equivalent: the first of them that is enabled is selected. The arrow keys, Home
 /// and End select when the bar has the focus.
@@ -25,8 +26,12 @@ class ZelTabBar : public ZelBar
     Q_PROPERTY(QList<ZelTabBarItem *> items READ items WRITE setItems NOTIFY itemsChanged)
     /// An item that is not among the items gives way to the first one.
     Q_PROPERTY(ZelTabBarItem *selectedItem READ selectedItem WRITE setSelectedItem NOTIFY selectedItemChanged)
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(ZelTabBarDelegate *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
+    Q_PROPERTY(ZelButtonMatrix *matrix READ matrix CONSTANT)
 public:
     explicit ZelTabBar(QWidget *parent = nullptr);
+    explicit ZelTabBar(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelTabBar() override;
 
     /// Items that have died meanwhile are left out.
@@ -49,6 +54,9 @@ public:
     void updateButtonStyle();
     /// Places the buttons in the middle of the bar.
     void adjustSubviews();
+    /// Has the buttons follow the item's displayed properties. Done by itself while the bar is installed.
+    void startObservationOfItem(ZelTabBarItem *item);
+    void stopObservationOfItem(ZelTabBarItem *item);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -59,11 +67,12 @@ public:
 Q_SIGNALS:
     void itemsChanged();
     void selectedItemChanged();
+    void enabledChanged();
+    void delegateChanged();
 
 protected:
     ZelView *newInstance() const override { return new ZelTabBar; }
-    void startObservationOfItem(ZelTabBarItem *item);
-    void stopObservationOfItem(ZelTabBarItem *item);
+    void changeEvent(QEvent *event) override;
 
 private:
     struct ItemObservation
@@ -71,6 +80,7 @@ private:
         QList<QSharedPointer<ZelBlockObservation>> keys;
         QMetaObject::Connection end;
     };
+    void setUp();
     void itemsDidChange();
     void itemWasDestroyed(ZelTabBarItem *item);
     void updateShortcuts();

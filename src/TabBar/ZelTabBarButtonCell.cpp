@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelTabBarButtonCell.h"
 
+#include "Platform/Resources/ZelNamedImages.h"
+
 #include <QPainter>
 #include <QPalette>
 
@@ -60,22 +62,7 @@ void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State
     const QRect target(place.topLeft().toPoint(), QSize(imageLength, imageLength));
     if (!(state & Enabled))
         painter.setOpacity(0.35);
-    if (!shown.isMask()) {
-        shown.paint(&painter, target);
-        return;
-    }
-    // A template image is a shape: it takes the accent when it is selected.
-    const bool accented = state.testFlag(Selected) && state.testFlag(WindowActive) && state.testFlag(Enabled);
-    QPixmap shape = shown.pixmap(target.size(), painter.device()->devicePixelRatio());
-    if (shape.isNull())
-        return;
-    QPainter tint(&shape);
-    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    const QColor text = palette.color(QPalette::WindowText);
-    const QColor quiet = withAlpha(text, state & Selected || state & Pressed ? 1 : 0.75);
-    tint.fillRect(QRect(QPoint(), target.size()), accented ? palette.color(QPalette::Highlight) : quiet);
-    tint.end();
-    QRectF drawn(QPointF(), shape.deviceIndependentSize());
-    drawn.moveCenter(QRectF(target).center());
-    painter.drawPixmap(drawn.topLeft(), shape);
+    const QColor color = ZelNamedImages::templateColor(palette, state.testFlag(Selected), state.testFlag(Pressed),
+                                                       state.testFlag(WindowActive) && state.testFlag(Enabled));
+    ZelNamedImages::paint(&painter, shown, target, color);
 }

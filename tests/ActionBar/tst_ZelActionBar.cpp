@@ -4,6 +4,7 @@
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
 #include "Observation/ZelDelayedInvocation.h"
+#include "Platform/Resources/ZelNamedImages.h"
 #include "ViewController/ZelViewController.h"
 
 #include <QApplication>
@@ -84,7 +85,7 @@ public:
     {
         auto *item = new ZelActionBarItem(square(Qt::red), &receiver, "add", bar);
         item->setType(type);
-        bar->setItems(bar->items() << item);
+        bar->setItems(bar->items() << nullptr << item);
         return item;
     }
     template<typename Control> Control *control(qsizetype index) const
@@ -113,6 +114,7 @@ private Q_SLOTS:
     void itemsMayGoWithABarThatHadNoWindow();
     void theRowIsLaidOut_data();
     void theRowIsLaidOut();
+    void templateImagesTakeTheBarsColors();
     void anEmptyBarIsAsWideAsItsInsets();
     void clicksSendTheAction();
     void checkboxesKeepTheirItemsState();
@@ -185,18 +187,20 @@ void tst_ZelActionBar::theRowIsLaidOut_data()
 {
     QTest::addColumn<QSizeF>("minSize");
     QTest::addColumn<QSizeF>("maxSize");
-    QTest::addColumn<int>("width");
-    QTest::newRow("natural") << QSizeF() << QSizeF() << 20;
-    QTest::newRow("minimum") << QSizeF(30, 0) << QSizeF() << 30;
-    QTest::newRow("a maximum pins to the minimum") << QSizeF(20, 0) << QSizeF(40, 0) << 20;
-    QTest::newRow("both") << QSizeF(19, 16) << QSizeF(19, 0) << 19;
+    QTest::addColumn<QSize>("size");
+    const int height = ZelActionBarButton().sizeHint().height();
+    QTest::newRow("natural") << QSizeF() << QSizeF() << QSize(20, height);
+    QTest::newRow("minimum") << QSizeF(30, height + 4) << QSizeF() << QSize(30, height + 4);
+    QTest::newRow("a maximum pins to the minimum") << QSizeF(20, 9) << QSizeF(40, 30) << QSize(20, 9);
+    QTest::newRow("both") << QSizeF(19, 16) << QSizeF(19, 0) << QSize(19, height);
 }
 
 void tst_ZelActionBar::theRowIsLaidOut()
 {
     QFETCH(QSizeF, minSize);
     QFETCH(QSizeF, maxSize);
-    QFETCH(int, width);
+    QFETCH(QSize, size);
+    const int width = size.width();
     Window window;
     window.bar->setEdgeInsets({5, 1, 7, 2});
     for (int i = 0; i < 2; ++i) {
@@ -211,7 +215,7 @@ void tst_ZelActionBar::theRowIsLaidOut()
     const QRect first = window.bar->itemViews().at(0)->geometry();
     const QRect second = window.bar->itemViews().at(1)->geometry();
     QCOMPARE(first.x(), 8);
-    QCOMPARE(first.width(), width);
+    QCOMPARE(first.size(), size);
     QCOMPARE(second.x(), 8 + width + 7);
     QCOMPARE(second.width(), width);
     QVERIFY(first.top() >= 2 && first.bottom() < window.bar->height() - 2);
@@ -221,6 +225,31 @@ void tst_ZelActionBar::theRowIsLaidOut()
     QCOMPARE(window.bar->itemViews().at(0)->x(), 15);
     for (const auto &constraint : former)
         QVERIFY(!window.bar->constraints().contains(constraint));
+}
+
+void tst_ZelActionBar::templateImagesTakeTheBarsColors()
+{
+    Window window;
+    QPalette palette = window.bar->palette();
+    palette.setColor(QPalette::WindowText, Qt::blue);
+    palette.setColor(QPalette::Highlight, Qt::green);
+    window.bar->setPalette(palette);
+    window.bar->setStyle(2); // without a background
+    ZelActionBarItem *item = window.addItem();
+    const auto color = [&] {
+        auto *button = window.control<ZelActionBarButton>(0);
+        window.letLayOut();
+        const QColor background = palette.color(QPalette::Window);
+        QImage image(button->size(), QImage::Format_ARGB32);
+        image.fill(background);
+        button->render(&image, {}, {}, QWidget::DrawChildren);
+        return image.pixelColor(image.rect().center());
+    };
+    QCOMPARE(color(), QColor(Qt::red));
+    item->setImage(ZelNamedImages::templateImage(square(Qt::red)));
+    QVERIFY(color().blue() > color().red() + 100 && color().blue() > color().green() + 100);
+    item->setState(1);
+    QCOMPARE(color(), QColor(Qt::green));
 }
 
 void tst_ZelActionBar::anEmptyBarIsAsWideAsItsInsets()
@@ -394,8 +423,9 @@ void tst_ZelActionBar::actionsWithoutTargetFindTheirWay()
     inner->setFocus(); // the field's parent's controller can
     window.bar->validateItems();
     QVERIFY(item->isEnabled());
-    QTest::keyClick(window.control<ZelActionBarButton>(0), Qt::Key_Space);
+    QTest::mouseClick(window.control<ZelActionBarButton>(0), Qt::LeftButton); // leaves the focus where it is
     QCOMPARE(controller.added, 1);
+    QVERIFY(inner->hasFocus());
     item->setAction("quit"); // the application object, last
     window.bar->validateItems();
     QVERIFY(item->isEnabled());

@@ -58,7 +58,7 @@ private Q_SLOTS:
             m_items.append(new ZelTabBarItem(icon(Qt::red), tag));
             m_items.last()->setToolTip(QStringLiteral("Tab %1").arg(tag));
         }
-        m_bar->setItems(m_items);
+        m_bar->setItems(QList<ZelTabBarItem *>{nullptr} + m_items + QList<ZelTabBarItem *>{nullptr});
         m_bar->resize(200, 22);
         m_bar->setParent(m_window.get());
     }

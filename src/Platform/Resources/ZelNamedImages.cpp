@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QHash>
+#include <QPainter>
+#include <QPalette>
 
 namespace {
 
@@ -70,4 +72,33 @@ QIcon ZelNamedImages::templateImage(const QIcon &image)
     QIcon result(new ZelTemplateIconEngine(image));
     result.setIsMask(true);
     return result;
+}
+
+QColor ZelNamedImages::templateColor(const QPalette &palette, bool isSelected, bool isPressed, bool isActive)
+{
+    if (isSelected && isActive)
+        return palette.color(QPalette::Highlight);
+    QColor color = palette.color(QPalette::WindowText);
+    color.setAlphaF(isSelected || isPressed ? 1.0F : 0.75F);
+    return color;
+}
+
+void ZelNamedImages::paint(QPainter *painter, const QIcon &image, const QRect &place, const QColor &color,
+                           QIcon::Mode mode, QIcon::State state)
+{
+    if (!isTemplateImage(image)) {
+        image.paint(painter, place, Qt::AlignCenter, mode, state);
+        return;
+    }
+    // The mode would change the shape's opacity, too.
+    QPixmap shape = image.pixmap(place.size(), painter->device()->devicePixelRatio(), QIcon::Normal, state);
+    if (shape.isNull())
+        return;
+    QPainter tint(&shape);
+    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tint.fillRect(QRect(QPoint(), place.size()), color);
+    tint.end();
+    QRectF drawn(QPointF(), shape.deviceIndependentSize());
+    drawn.moveCenter(QRectF(place).center());
+    painter->drawPixmap(drawn.topLeft(), shape);
 }

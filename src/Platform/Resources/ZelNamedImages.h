@@ -4,6 +4,9 @@
 #include <QIcon>
 #include <QString>
 
+class QPainter;
+class QPalette;
+
 /// The application's images by name. Used on the main thread.
 class ZelNamedImages
 {
@@ -21,4 +24,11 @@ public:
     /// A null image stays null; a template image looks as before.
     static QIcon templateImage(const QIcon &image);
     static bool isTemplateImage(const QIcon &image) { return image.isMask(); }
+
+    /// The colour that a template image has in a button of a bar: the accent where the button is selected, else the
+    /// text colour, quieter where it is not pressed either. Without accents in a window that is not active.
+    static QColor templateColor(const QPalette &palette, bool isSelected, bool isPressed, bool isActive);
+    /// Paints the image in the middle of the place: a template image in that colour, any other as it is.
+    static void paint(QPainter *painter, const QIcon &image, const QRect &place, const QColor &color,
+                      QIcon::Mode mode = QIcon::Normal, QIcon::State state = QIcon::Off);
 };
