@@ -49,6 +49,7 @@ void ZelInspector::loadView()
     m_box->setBodyView(m_slicesView);
     m_box->setStyle(1);
     m_box->setTitle(title());
+    Q_EMIT slicesViewChanged();
     updateView();
 }
 

@@ -12,6 +12,8 @@ class ZelInspector : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
     Q_PROPERTY(QList<ZelInspectorSlice *> slices READ slices WRITE setSlices NOTIFY slicesChanged)
+    /// The inspector's own: set by a subclass that makes its view otherwise.
+    Q_PROPERTY(ZelVerticalStackView *slicesView READ slicesView MEMBER m_slicesView NOTIFY slicesViewChanged)
 public:
     /// The title is the localized "No title" until it is set.
     explicit ZelInspector(QObject *owner);
@@ -28,14 +30,16 @@ public:
     void viewWillUninstall() override;
     /// Stacks the views of the slices that are visible or have been.
     void updateView();
+    /// Has the box follow whether the slice is visible, until the next call stops it.
+    void startObservationForSlice(ZelInspectorSlice *slice);
+    void stopObservationOfSlice(ZelInspectorSlice *slice);
 
 Q_SIGNALS:
     void slicesChanged();
+    void slicesViewChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_slices.pointers(); }
-    void startObservationForSlice(ZelInspectorSlice *slice);
-    void stopObservationOfSlice(ZelInspectorSlice *slice);
 
 private:
     ZelChildControllers<ZelInspectorSlice> m_slices;

@@ -124,6 +124,9 @@ void ZelInspectorChooser::loadView()
     const QList<ZelInspectorChooserChoice *> all = choices();
     m_containerView->setChildViewControllers({all.begin(), all.end()});
     m_containerView->setSelectedChildViewControllerIndex(quint64(all.size())); // none
+    Q_EMIT sliverChanged();
+    Q_EMIT propertyChanged();
+    Q_EMIT containerViewChanged();
 }
 
 void ZelInspectorChooser::makeSliver()
@@ -222,6 +225,7 @@ void ZelInspectorChooser::updateContentView()
     const qsizetype index = shown.indexOf(choice);
     m_containerView->setSelectedChildViewControllerIndex(quint64(index < 0 ? shown.size() : index));
     m_currentChoice = choice;
+    Q_EMIT currentChoiceChanged();
 }
 
 bool ZelInspectorChooser::commitEditing()

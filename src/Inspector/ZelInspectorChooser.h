@@ -26,6 +26,15 @@ class ZelInspectorChooser : public ZelInspectorConditionalContainer
     /// Names the undo step of every choice by the user.
     Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
     Q_PROPERTY(QList<ZelInspectorChooserChoice *> choices READ choices WRITE setChoices NOTIFY choicesChanged)
+    // What the chooser shows and what it is made of. Its own: set by a subclass that makes its view otherwise.
+    Q_PROPERTY(
+        ZelInspectorChooserChoice *currentChoice READ currentChoice MEMBER m_currentChoice NOTIFY currentChoiceChanged)
+    Q_PROPERTY(ZelInspectorSliver *sliver READ sliver MEMBER m_sliver NOTIFY sliverChanged)
+    Q_PROPERTY(ZelInspectorTextEnumerationProperty *property READ property MEMBER m_property NOTIFY propertyChanged)
+    Q_PROPERTY(
+        ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
+    Q_MOC_INCLUDE("Inspector/Properties/ZelInspectorTextEnumerationProperty.h")
+    Q_MOC_INCLUDE("Inspector/ZelInspectorSliver.h")
 public:
     explicit ZelInspectorChooser(QObject *owner);
     ~ZelInspectorChooser() override;
@@ -72,6 +81,10 @@ Q_SIGNALS:
     void actionSelectorChanged();
     void actionNameChanged();
     void choicesChanged();
+    void currentChoiceChanged();
+    void sliverChanged();
+    void propertyChanged();
+    void containerViewChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override;

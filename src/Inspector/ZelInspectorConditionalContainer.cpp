@@ -87,19 +87,10 @@ void ZelInspectorConditionalContainer::unbindAndTearDown()
         ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
-/// Not by setVisible(true) where there is no parent: that would make a window of the view. It is shown by the parent
-/// that takes it unless it was hidden explicitly.
 void ZelInspectorConditionalContainer::updateHidden()
 {
-    if (!isViewLoaded())
-        return;
-    ZelView *loaded = view();
-    if (!m_visible)
-        loaded->hide();
-    else if (loaded->parentWidget())
-        loaded->show();
-    else if (loaded->isHidden())
-        loaded->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    if (isViewLoaded())
+        ZelView::setShown(view(), m_visible);
 }
 
 void ZelInspectorConditionalContainer::viewDidLoad()

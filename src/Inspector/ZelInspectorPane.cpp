@@ -58,6 +58,8 @@ void ZelInspectorPane::loadView()
     m_scrollView->setDocumentView(m_containerView);
     for (const QString &format : {QStringLiteral("H:|[scrollView]|"), QStringLiteral("V:|[scrollView]|")})
         pane->addConstraintsWithVisualFormat(format, {{QStringLiteral("scrollView"), m_scrollView}});
+    Q_EMIT scrollViewChanged();
+    Q_EMIT containerViewChanged();
 }
 
 void ZelInspectorPane::viewDidInstall()

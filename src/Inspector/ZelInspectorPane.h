@@ -15,6 +15,10 @@ class ZelInspectorPane : public ZelInspectorContainer
     Q_OBJECT
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     Q_PROPERTY(QList<ZelInspector *> inspectors READ inspectors WRITE setInspectors NOTIFY inspectorsChanged)
+    // What the pane is made of. Its own: set by a subclass that makes its view otherwise.
+    Q_PROPERTY(ZelScrollView *scrollView READ scrollView MEMBER m_scrollView NOTIFY scrollViewChanged)
+    Q_PROPERTY(
+        ZelVerticalStackView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
 public:
     explicit ZelInspectorPane(QObject *owner);
     ~ZelInspectorPane() override;
@@ -36,15 +40,18 @@ public:
     void updateView();
     /// Has all inspectors take what is being entered, and prepares them for reuse if none of them refuses.
     void deactivateInspectors();
+    /// Has the column follow whether the inspector is visible, until the next call stops it.
+    void startObservationForInspector(ZelInspector *inspector);
+    void stopObservationOfInspector(ZelInspector *inspector);
 
 Q_SIGNALS:
     void imageChanged();
     void inspectorsChanged();
+    void scrollViewChanged();
+    void containerViewChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_inspectors.pointers(); }
-    void startObservationForInspector(ZelInspector *inspector);
-    void stopObservationOfInspector(ZelInspector *inspector);
 
 private:
     ZelChildControllers<ZelInspector> m_inspectors;

@@ -62,7 +62,7 @@ void ZelInspectorSection::viewWillUnload()
 {
     ZelInspectorConditionalContainer::viewWillUnload();
     view()->setSubviews({}); // the views in it belong to their controllers
-    delete m_labelContainerView;
+    removeHeading();
 }
 
 void ZelInspectorSection::updateView()
@@ -85,20 +85,34 @@ void ZelInspectorSection::updateView()
 
 void ZelInspectorSection::updateHeading()
 {
-    if (title().isEmpty()) {
-        delete m_labelContainerView;
+    if (title().isEmpty())
+        return removeHeading();
+    if (!m_labelContainerView)
+        makeHeading();
+    if (m_label)
+        m_label->setText(title());
+}
+
+void ZelInspectorSection::makeHeading()
+{
+    m_labelContainerView = new ZelVerticalStackView;
+    m_labelContainerView->setEdgeInsets({15, 2, 15, 2});
+    m_label = new ZelLabel(m_labelContainerView);
+    m_label->setFont(ZelControlSize::smallBoldFont());
+    m_label->setTextColor(QColor::fromRgbF(0.25f, 0.25f, 0.25f));
+    ZelLayoutPriorities priorities; // a long title is cut, it does not widen the inspector
+    priorities.horizontalHugging = 1;
+    priorities.horizontalCompression = 1;
+    ZelConstraintLayout::setPriorities(m_label, priorities);
+    Q_EMIT labelContainerViewChanged();
+    Q_EMIT labelChanged();
+}
+
+void ZelInspectorSection::removeHeading()
+{
+    if (!m_labelContainerView)
         return;
-    }
-    if (!m_labelContainerView) {
-        m_labelContainerView = new ZelVerticalStackView;
-        m_labelContainerView->setEdgeInsets({15, 2, 15, 2});
-        m_label = new ZelLabel(m_labelContainerView);
-        m_label->setFont(ZelControlSize::smallBoldFont());
-        m_label->setTextColor(QColor::fromRgbF(0.25f, 0.25f, 0.25f));
-        ZelLayoutPriorities priorities; // a long title is cut, it does not widen the inspector
-        priorities.horizontalHugging = 1;
-        priorities.horizontalCompression = 1;
-        ZelConstraintLayout::setPriorities(m_label, priorities);
-    }
-    m_label->setText(title());
+    delete m_labelContainerView;
+    Q_EMIT labelContainerViewChanged();
+    Q_EMIT labelChanged();
 }

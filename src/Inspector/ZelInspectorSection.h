@@ -15,6 +15,10 @@ class ZelInspectorSection : public ZelInspectorConditionalContainer
     /// ZelInspectorSliver and ZelInspectorChooser, mixed.
     Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
                    setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
+    // The heading. The section's own: set by a subclass that makes it otherwise.
+    Q_PROPERTY(ZelVerticalStackView *labelContainerView READ labelContainerView MEMBER m_labelContainerView NOTIFY
+                   labelContainerViewChanged)
+    Q_PROPERTY(ZelLabel *label READ label MEMBER m_label NOTIFY labelChanged)
 public:
     explicit ZelInspectorSection(QObject *owner);
     ~ZelInspectorSection() override;
@@ -33,12 +37,16 @@ public:
 
 Q_SIGNALS:
     void sliversAndChoosersChanged();
+    void labelContainerViewChanged();
+    void labelChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
 
 private:
     void updateHeading();
+    void makeHeading();
+    void removeHeading();
     void scheduleUpdateView();
 
     ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;

@@ -48,6 +48,7 @@ void ZelInspectorSlice::loadView()
 {
     m_sectionsView = new ZelVerticalStackView;
     setView(m_sectionsView);
+    Q_EMIT sectionsViewChanged();
     const QList<ZelInspectorSection *> all = sections();
     for (ZelInspectorSection *section : all)
         section->view();

@@ -15,6 +15,8 @@ class ZelInspectorSlice : public ZelInspectorConditionalContainer
     Q_PROPERTY(bool usesAlternatingBackgroundColors READ usesAlternatingBackgroundColors WRITE
                    setUsesAlternatingBackgroundColors NOTIFY usesAlternatingBackgroundColorsChanged)
     Q_PROPERTY(QList<ZelInspectorSection *> sections READ sections WRITE setSections NOTIFY sectionsChanged)
+    /// The slice's own: set by a subclass that makes its view otherwise.
+    Q_PROPERTY(ZelVerticalStackView *sectionsView READ sectionsView MEMBER m_sectionsView NOTIFY sectionsViewChanged)
 public:
     explicit ZelInspectorSlice(QObject *owner);
     ~ZelInspectorSlice() override;
@@ -32,6 +34,7 @@ public:
 Q_SIGNALS:
     void usesAlternatingBackgroundColorsChanged();
     void sectionsChanged();
+    void sectionsViewChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_sections.pointers(); }

@@ -115,6 +115,7 @@ void ZelInspectorSliver::updateView()
         tabOrder.followSubviews();
     m_rowConstraints = constraintsForLines(lines) + constraintsForLabel();
     row->addConstraints(m_rowConstraints);
+    Q_EMIT baselineConstraintChanged();
     for (const auto &pair : formerPairs) {
         if (pair)
             pair->setSubviews({}); // the editors belong to their controllers
@@ -165,6 +166,7 @@ void ZelInspectorSliver::titleDidChange()
 
 void ZelInspectorSliver::updateLabel()
 {
+    const bool hadLabel = m_label;
     if (!needsLabel()) {
         delete m_label;
     } else if (!m_label) {
@@ -172,6 +174,8 @@ void ZelInspectorSliver::updateLabel()
         m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         m_label->setTextColor(QColor::fromRgbF(0.2f, 0.2f, 0.2f));
     }
+    if (hadLabel != !m_label.isNull())
+        Q_EMIT labelChanged();
     showTitle();
 }
 

@@ -18,6 +18,10 @@ class ZelInspectorSliver : public ZelInspectorConditionalContainer
     /// False by default.
     Q_PROPERTY(bool fullWidth READ isFullWidth WRITE setFullWidth NOTIFY fullWidthChanged)
     Q_PROPERTY(QList<ZelInspectorProperty *> properties READ properties WRITE setProperties NOTIFY propertiesChanged)
+    // What the row is made of. Its own: set by a subclass that makes it otherwise.
+    Q_PROPERTY(ZelLabel *label READ label MEMBER m_label NOTIFY labelChanged)
+    Q_PROPERTY(ZelLayoutConstraint::Ptr baselineConstraint READ baselineConstraint MEMBER m_baselineConstraint NOTIFY
+                   baselineConstraintChanged)
 public:
     explicit ZelInspectorSliver(QObject *owner);
     ~ZelInspectorSliver() override;
@@ -40,6 +44,8 @@ public:
 Q_SIGNALS:
     void fullWidthChanged();
     void propertiesChanged();
+    void labelChanged();
+    void baselineConstraintChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_properties.pointers(); }

@@ -72,6 +72,8 @@ void ZelTabbedInspector::loadView()
     const QList<ZelInspectorPane *> all = panes();
     m_containerView->setChildViewControllers({all.begin(), all.end()});
     makeTabs();
+    Q_EMIT tabBarChanged();
+    Q_EMIT containerViewChanged();
     selectInspector(m_selectedPaneIndex);
     for (const char *format : {"H:|[tabBar]|", "H:|[containerView]|", "V:|[tabBar(22)][containerView]|"})
         inspector->addConstraintsWithVisualFormat(
@@ -126,7 +128,7 @@ void ZelTabbedInspector::selectInspector(quint64 index)
 {
     if (isViewInstalled() && m_currentInspector)
         m_currentInspector->prepareForReuse();
-    m_currentInspector = nullptr;
+    const QPointer<ZelInspectorPane> former = std::exchange(m_currentInspector, nullptr);
     const bool isOther = std::exchange(m_selectedPaneIndex, index) != index;
     if (m_tabBar && m_containerView) {
         m_currentInspector = panes().value(qsizetype(index));
@@ -137,6 +139,8 @@ void ZelTabbedInspector::selectInspector(quint64 index)
         if (item && m_tabBar->selectedItem() != item)
             m_tabBar->setSelectedItem(item);
     }
+    if (m_currentInspector != former)
+        Q_EMIT currentInspectorChanged();
     if (isOther)
         Q_EMIT selectedPaneIndexChanged();
 }

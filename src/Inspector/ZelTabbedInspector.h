@@ -21,6 +21,12 @@ class ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegat
     /// 0 by default.
     Q_PROPERTY(
         quint64 selectedPaneIndex READ selectedPaneIndex WRITE setSelectedPaneIndex NOTIFY selectedPaneIndexChanged)
+    // What the inspector shows and what it is made of. Its own: set by a subclass that makes its view otherwise.
+    Q_PROPERTY(ZelInspectorPane *currentInspector READ currentInspector MEMBER m_currentInspector NOTIFY
+                   currentInspectorChanged)
+    Q_PROPERTY(ZelTabBar *tabBar READ tabBar MEMBER m_tabBar NOTIFY tabBarChanged)
+    Q_PROPERTY(
+        ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
 public:
     explicit ZelTabbedInspector(QObject *owner);
     ~ZelTabbedInspector() override;
@@ -60,6 +66,9 @@ Q_SIGNALS:
     void enabledKeyPathChanged();
     void enabledValueTransformerChanged();
     void selectedPaneIndexChanged();
+    void currentInspectorChanged();
+    void tabBarChanged();
+    void containerViewChanged();
 
 protected:
     /// The current pane alone: the others are put away.
