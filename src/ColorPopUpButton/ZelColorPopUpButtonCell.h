@@ -34,8 +34,9 @@ extern const QString ZelColorPopUpButtonDidBecomeActiveNotification;
 /// follow the panel.
 ///
 /// Colours are compared as they look: one of the list and one of another colour space that shows the same are one
-/// choice, as a model that holds QColors answers it. Named colours stand for themselves only. A colour of the list has
-/// the title that it has in the list, localised, where the application's own list is the only one that knows it.
+/// choice, as a model that holds QColors answers it. Named colours stand for themselves only. Titles are the localised
+/// names in the first list that holds the colour (see ZelColorNameTransformer); a colour that no such list holds, or
+/// that only looks like one, has the name of that in the button's own list.
 class ZelColorPopUpButtonCell : public QObject
 {
     Q_OBJECT

@@ -2,8 +2,8 @@
 #include "Controls/ZelHoverButton.h"
 
 #include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Resources/ZelNamedImages.h"
 #include "Platform/Controls/ZelTitleText.h"
+#include "Platform/Resources/ZelNamedImages.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -97,9 +97,11 @@ public:
 
     /// Children that are widgets and no windows, from the bottom of the stack to its top.
     QList<QWidget *> subviews() const;
-    /// Adds the view above all others, or below the subview that has that index. Shown unless it was hidden explicitly.
+    /// Adds the view above all others, or below the subview that has that index. Null is none. Shown unless it was
+    /// hidden explicitly.
     void addSubview(QWidget *view, qsizetype index = -1);
     /// Makes these the subviews, in this order, taking out all others; laid out once. What is taken out has no parent.
+    /// Null pointers are left out.
     void setSubviews(const QList<QWidget *> &views);
     /// Hides the widget, or lets it be seen. One without a parent does not become a window: the view that takes it
     /// shows it.

@@ -228,6 +228,8 @@ QList<QWidget *> ZelView::subviews() const
 
 void ZelView::addSubview(QWidget *view, qsizetype index)
 {
+    if (!view)
+        return;
     QWidget *above = nullptr;
     if (index >= 0) { // looked for only then: rows may come one by one
         QList<QWidget *> others = subviews();
@@ -269,6 +271,11 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
 {
     if (isSame(subviews(), views))
         return;
+    if (views.contains(nullptr)) {
+        QList<QWidget *> others = views;
+        others.removeAll(nullptr);
+        return setSubviews(others);
+    }
     const LayoutPause pause(layout());
     const QSet<QWidget *> wanted(views.begin(), views.end());
     for (const QPointer<QWidget> view : subviews()) // hooks may delete any of them

@@ -133,6 +133,10 @@ private Q_SLOTS:
         QCOMPARE(matrix->geometry().bottom() + 2, view.height());
         QCOMPARE(matrix->rectOfCell(13), QRect(19, 22, 18, 18));
         QCOMPARE(matrix->cellAtPosition({18, 5}), -1); // between two
+        const int height = view.height();
+        view.setControlSize(ZelControlSize::Regular);
+        QVERIFY(view.height() > height);
+        QCOMPARE(matrix->geometry().bottom() + 2, view.height());
         view.setLayoutDirection(Qt::RightToLeft);
         QCOMPARE(matrix->geometry().right(), view.width() - 20);
         QCOMPARE(matrix->rectOfCell(0).right(), 226);

@@ -308,6 +308,15 @@ private Q_SLOTS:
         delete hidden;
     }
 
+    void nullIsNoSubview()
+    {
+        ZelView view;
+        view.addSubview(nullptr);
+        auto *child = new QWidget;
+        view.setSubviews({nullptr, child, nullptr});
+        QCOMPARE(view.subviews(), QList<QWidget *>{child});
+    }
+
     void anEqualColorChangesNothing()
     {
         CountingView view;
