@@ -134,8 +134,8 @@ private Q_SLOTS:
         QCOMPARE(matrix->rectOfCell(13), QRect(19, 22, 18, 18));
         QCOMPARE(matrix->cellAtPosition({18, 5}), -1); // between two
         const int height = view.height();
-        view.setControlSize(ZelControlSize::Regular);
-        QVERIFY(view.height() > height);
+        view.setControlSize(ZelControlSize::Mini);
+        QVERIFY(view.height() < height);
         QCOMPARE(matrix->geometry().bottom() + 2, view.height());
         view.setLayoutDirection(Qt::RightToLeft);
         QCOMPARE(matrix->geometry().right(), view.width() - 20);
