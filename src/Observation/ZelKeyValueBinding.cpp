@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelKeyValueBinding.h"
 
+#include "Platform/Binding/ZelBoundProperty.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -14,17 +15,6 @@ ZelValueTransformerPtr transformerOf(const ZelBindingInfo &info)
     const QVariant name = info.options.value(ZelValueTransformerNameBindingOption);
     return ZelIsNull(name) ? ZelValueTransformerPtr()
                            : ZelAbstractValueTransformer::valueTransformerForName(name.toString());
-}
-
-QVariant reverseTransformed(const QVariant &value, const ZelValueTransformerPtr &transformer, const QString &binding)
-{
-    if (transformer->allowsReverseTransformation())
-        return transformer->reverseTransformedValue(value);
-    qCWarning(zelLog).noquote() << QStringLiteral("WARNING: binding \"%1\" has value transformer, but it doesn't allow "
-                                                  "reverse transformations in "
-                                                  "-[NSObject(ZelKeyValueBinding) setValue:forBinding:]")
-                                       .arg(binding);
-    return value;
 }
 
 void logNil(const char *what, const QString &binding)
@@ -76,7 +66,7 @@ void ZelKeyValueBinding::setValue(const QVariant &value, const QString &binding)
         return;
     }
     const ZelValueTransformerPtr transformer = transformerOf(*info);
-    const QVariant written = transformer ? reverseTransformed(value, transformer, binding) : value;
+    const QVariant written = transformer ? ZelBoundProperty::reverseTransformed(value, transformer, binding) : value;
     // The two tests are the wrong way round for their messages. Applications rely on a bound value's not being written
     // from here, so they stay.
     if (info->observedObject) {

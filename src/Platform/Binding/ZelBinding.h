@@ -26,7 +26,9 @@ inline const QString ZelValueTransformerNameBindingOption = QStringLiteral("ZelV
 inline const QString ZelNullPlaceholderBindingOption =
     QStringLiteral("ZelNullPlaceholderBindingOption"); ///< text shown for no value
 inline const QString ZelConditionallySetsEditableBindingOption = QStringLiteral(
-    "ZelConditionallySetsEditableBindingOption"); ///< true: "editable" follows whether there is a value to edit
+    "ZelConditionallySetsEditableBindingOption"); ///< true: "editable" follows whether a value can be edited
+inline const QString ZelHidesIfReadOnlyBindingOption =
+    QStringLiteral("ZelHidesIfReadOnlyBindingOption"); ///< true: hidden where there is a value that cannot be written
 
 using ZelBindingOptions = QVariantMap;
 
@@ -40,8 +42,10 @@ struct ZelBindingInfo
 
 /// Binds a property of an object to a key path of another: the property takes the (transformed) value now and at every
 /// change, and what the user enters into a control is (reverse transformed and) written back when the control reports
-/// it. A binding of the same name is replaced. Selection markers are handed to properties that can show them (controls
-/// of Platform/Controls); other properties get false or nothing. Either object may die at any time.
+/// it. A value can be edited where there is one, its property is not read-only, for none of a selection's classes, and
+/// the transformer, if any, can be reversed. A button that cannot be checked has nothing to report. A binding of the
+/// same name is replaced. Selection markers are handed to properties that can show them (controls of
+/// Platform/Controls); other properties get false or nothing. Either object may die at any time.
 void ZelBind(QObject *object, const QString &binding, QObject *toObject, const ZelKeyPath &keyPath,
              const ZelBindingOptions &options = {});
 /// The property keeps its last value. Does nothing where there is no such binding.

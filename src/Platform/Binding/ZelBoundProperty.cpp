@@ -4,10 +4,12 @@
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelRecordedWrite.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include <QAbstractButton>
 #include <QScopeGuard>
 #include <QWidget>
 
@@ -106,27 +108,67 @@ void ZelBoundProperty::update()
 
 void ZelBoundProperty::setEditable(const QVariant &modelValue)
 {
-    if (!m_info.options.value(ZelConditionallySetsEditableBindingOption).toBool())
+    const bool setsEditable = m_info.options.value(ZelConditionallySetsEditableBindingOption).toBool();
+    const bool hides = m_info.options.value(ZelHidesIfReadOnlyBindingOption).toBool();
+    if (!setsEditable && !hides)
         return;
-    static const ZelKey editableKey("editable");
-    const ZelPropertyAccessor *editable = ZelPropertyAccessor::find(m_object, editableKey);
     const bool hasTarget =
         !ZelIsMarker(modelValue, ZelNoSelectionMarker) && !ZelIsMarker(modelValue, ZelNotApplicableMarker);
-    if (editable && editable->read(m_object).toBool() != hasTarget)
-        editable->write(m_object, hasTarget);
+    const bool isWritable = (!m_transformer || m_transformer->allowsReverseTransformation()) &&
+                            ZelPropertyDomain::ofKeyPath(m_info.observedObject, m_info.observedKeyPath).isWritable();
+    const std::shared_ptr<bool> isAlive = m_isAlive;
+    const auto set = [&](ZelKey key, bool value) {
+        const ZelPropertyAccessor *accessor = *isAlive ? ZelPropertyAccessor::find(m_object, key) : nullptr;
+        if (accessor && accessor->read(m_object).toBool() != value)
+            accessor->write(m_object, value);
+    };
+    static const ZelKey editableKey("editable");
+    static const ZelKey hiddenKey("hidden");
+    if (setsEditable)
+        set(editableKey, hasTarget && isWritable);
+    if (hides)
+        set(hiddenKey, hasTarget && !isWritable);
+}
+
+QVariant ZelBoundProperty::reverseTransformed(const QVariant &value, const ZelValueTransformerPtr &transformer,
+                                              const QString &binding)
+{
+    if (transformer->allowsReverseTransformation())
+        return transformer->reverseTransformedValue(value);
+    ZelLogWarning(
+        QStringLiteral("binding \"%1\" has value transformer, but it doesn't allow reverse transformations in "
+                       "-[NSObject(ZelKeyValueBinding) setValue:forBinding:]")
+            .arg(binding));
+    return value;
+}
+
+bool ZelBoundProperty::hasNothingToCommit() const
+{
+    const auto *button = qobject_cast<const QAbstractButton *>(m_object.data());
+    return button && !button->isCheckable();
+}
+
+/// A number that the model cannot hold becomes the nearest one that it can: fields have refused it before, and what
+/// steps or slides stops there.
+QVariant ZelBoundProperty::bounded(const QVariant &value) const
+{
+    if (!ZelIsNumber(value))
+        return value;
+    const auto domain = ZelPropertyDomain::ofKeyPath(m_info.observedObject, m_info.observedKeyPath);
+    return domain.check(value) == ZelValueConversion::OutOfRange ? QVariant(domain.bounded(value.toDouble())) : value;
 }
 
 /// Writes what the user entered to the model, then takes over what the model made of it.
 void ZelBoundProperty::commit()
 {
-    if (m_isCommitting || !m_object || !m_info.observedObject)
+    if (m_isCommitting || !m_object || !m_info.observedObject || hasNothingToCommit())
         return;
     const ZelPlaceScope scope(m_object);
     QVariant value = m_accessor->read(m_object);
     if (ZelIsControllerMarker(value))
         return;
     if (m_transformer)
-        value = m_transformer->allowsReverseTransformation() ? m_transformer->reverseTransformedValue(value) : value;
+        value = reverseTransformed(value, m_transformer, m_name.string());
     const std::shared_ptr<bool> isAlive = m_isAlive;
     m_isCommitting = true;
     const auto guard = qScopeGuard([&] {
@@ -134,7 +176,7 @@ void ZelBoundProperty::commit()
             m_isCommitting = false;
     });
     const ZelRecordedWrite write(ZelUndoManager::forWidget(qobject_cast<QWidget *>(m_object)));
-    write.setValueForKeyPath(m_info.observedObject, value, m_info.observedKeyPath);
+    write.setValueForKeyPath(m_info.observedObject, bounded(value), m_info.observedKeyPath);
     if (*isAlive)
         update();
 }

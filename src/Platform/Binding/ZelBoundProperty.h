@@ -18,6 +18,9 @@ public:
 
     ZelKey name() const { return m_name; }
     const ZelBindingInfo &info() const { return m_info; }
+    /// The value as it is, and a warning, where the transformer cannot be reversed.
+    static QVariant reverseTransformed(const QVariant &value, const ZelValueTransformerPtr &transformer,
+                                       const QString &binding);
 
     /// Takes the value over and begins to follow it.
     void start();
@@ -30,6 +33,8 @@ private:
     void update();
     void commit();
     void setEditable(const QVariant &modelValue);
+    bool hasNothingToCommit() const;
+    QVariant bounded(const QVariant &value) const;
     QVariant shown(const QVariant &modelValue) const;
 
     QPointer<QObject> m_object;

@@ -33,6 +33,8 @@ public:
     double bounded(double number) const;
     /// Whether there are properties, and all of them are texts.
     bool isOfTexts() const;
+    /// The types of the properties, each once; those of any type are left out.
+    const auto &types() const { return m_types; }
     /// Whether none of the properties is read-only.
     bool isWritable() const { return m_isWritable; }
 

@@ -204,7 +204,8 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
             current = accessor;
             converted = value;
             if (accessor->isSilent() || !accessor->type().isValid() ||
-                ZelValueConversion::convert(converted, accessor->type()) != ZelValueConversion::Fits)
+                ZelValueConversion::convert(converted, accessor->type()) != ZelValueConversion::Fits ||
+                converted.metaType() != accessor->type()) // a property of any type is not written through memory
                 converted.clear();
         }
         const bool isWritten =

@@ -6,12 +6,14 @@
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelObjectController.h"
+#include "Platform/Selection/ZelPrefetch.h"
 #include "Platform/Selection/ZelReadingScope.h"
 #include "Platform/Selection/ZelSelectionFold.h"
 #include "Platform/Selection/ZelSelectionRelay.h"
 
 #include <QCoreApplication>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QTimerEvent>
 
 namespace {
@@ -61,8 +63,28 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
     return bool(alive);
 }
 
+const QList<QPointer<QObject>> &ZelSelectionProxy::objectsOfEachClass() const
+{
+    if (!m_objectsOfEachClass.isEmpty())
+        return m_objectsOfEachClass;
+    QSet<const QMetaObject *> classes;
+    const QMetaObject *last = nullptr; // most selections have one class
+    for (qsizetype i = 0; i < m_objects.size(); ++i) {
+        ZelPrefetch(m_objects, i);
+        const QPointer<QObject> &object = m_objects.at(i);
+        if (!object || object->metaObject() == last)
+            continue;
+        last = object->metaObject();
+        if (!classes.contains(last))
+            m_objectsOfEachClass.append(object);
+        classes.insert(last);
+    }
+    return m_objectsOfEachClass;
+}
+
 void ZelSelectionProxy::invalidate()
 {
+    m_objectsOfEachClass.clear();
     for (const auto &path : std::as_const(m_paths))
         path->isKnown = false;
 }
@@ -167,13 +189,11 @@ bool ZelSelectionProxy::hasUnannounced(const Path &path, const ZelKeyPath &keyPa
 
 void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
 {
-    const QMetaObject *shown = nullptr;
-    for (const QPointer<QObject> &object : m_objects) {
-        // One object of a class tells everything about its own keys, but not about what lies behind them.
-        if (!object || (path.isSingleKey() && object->metaObject() == shown))
-            continue;
-        shown = object->metaObject();
-        visitor(object, path);
+    // One object of a class tells everything about its own keys, but not about what lies behind them.
+    const QList<QPointer<QObject>> objects = path.isSingleKey() ? objectsOfEachClass() : m_objects;
+    for (const QPointer<QObject> &object : objects) {
+        if (object)
+            visitor(object, path);
     }
 }
 

@@ -64,6 +64,7 @@ private:
         bool isSilent = false;   // the fold may change unheard
         bool answersOld = false; // during the notice before
     };
+    const QList<QPointer<QObject>> &objectsOfEachClass() const;
     void listen(Path &path);
     void invalidate();
     void announce(const ZelKeyPath &path);
@@ -76,6 +77,7 @@ private:
 
     ZelObjectController &m_controller;
     QList<QPointer<QObject>> m_objects;
+    mutable QList<QPointer<QObject>> m_objectsOfEachClass;    // empty before it is asked for
     mutable QHash<ZelKeyPath, std::shared_ptr<Path>> m_paths; // of the observed ones
     Path *m_lastChanged = nullptr;                            // one of m_paths, that of:
     ZelKeyPath m_lastChangedPath;

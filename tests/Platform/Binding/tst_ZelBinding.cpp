@@ -11,9 +11,19 @@
 #include "Support/Person.h"
 
 #include <QCheckBox>
+#include <QPushButton>
 #include <QSlider>
 #include <QTest>
 #include <memory>
+
+namespace {
+
+struct OneWay : ZelAbstractValueTransformer
+{
+    QVariant transformedValue(const QVariant &value) const override { return value; }
+};
+
+} // namespace
 
 class tst_ZelBinding : public QObject
 {
@@ -41,6 +51,72 @@ private Q_SLOTS:
         person.setActive(true);
         QVERIFY(!box.isChecked()); // it keeps its last value
         QVERIFY(!ZelInfoForBinding(&box, ZelValueBinding));
+    }
+
+    void aButtonThatCannotBeCheckedHasNothingToWrite()
+    {
+        Person person;
+        person.setActive(true);
+        QPushButton button;
+        ZelBind(&button, ZelValueBinding, &person, "active");
+        button.click();
+        QVERIFY(person.isActive());
+        button.setCheckable(true);
+        button.setChecked(true);
+        button.click();
+        QVERIFY(!person.isActive());
+    }
+
+    void editableIsWhatCanBeWrittenBack_data()
+    {
+        QTest::addColumn<QString>("keyPath");
+        QTest::addColumn<QString>("transformer");
+        QTest::addColumn<bool>("isEditable");
+        const QString oneWay = QStringLiteral("tst_ZelBinding one way");
+        QTest::newRow("written") << "people.selection.height" << QString() << true;
+        QTest::newRow("no setter") << "people.selection.nameLength" << QString() << false;
+        QTest::newRow("part of a value") << "people.selection.frame.x" << QString() << true;
+        QTest::newRow("reversible") << "people.selection.active" << ZelNegateBooleanTransformerName << true;
+        QTest::newRow("not reversible") << "people.selection.height" << oneWay << false;
+    }
+    void editableIsWhatCanBeWrittenBack()
+    {
+        ZelAbstractValueTransformer::setValueTransformer(QSharedPointer<OneWay>::create(),
+                                                                QStringLiteral("tst_ZelBinding one way"));
+        QFETCH(QString, keyPath);
+        QFETCH(QString, transformer);
+        QFETCH(bool, isEditable);
+        Person person;
+        EditorOwner owner;
+        ZelTextField field;
+        ZelTextField hidden;
+        const ZelBindingOptions options{{ZelValueTransformerNameBindingOption, transformer}};
+        const auto with = [&](const QString &option) {
+            ZelBindingOptions result = options;
+            result.insert(option, true);
+            return result;
+        };
+        ZelBind(&field, ZelValueBinding, &owner, keyPath, with(ZelConditionallySetsEditableBindingOption));
+        ZelBind(&hidden, ZelValueBinding, &owner, keyPath, with(ZelHidesIfReadOnlyBindingOption));
+        QVERIFY(!field.isEditable() && !hidden.isHidden()); // no selection
+        owner.controller.setSelectedObjects({&person});
+        QCOMPARE(field.isEditable(), isEditable);
+        QCOMPARE(hidden.isHidden(), !isEditable);
+    }
+
+    void aValueThatCannotBeReversedIsWrittenWithAWarning()
+    {
+        Person person;
+        ZelTextField field;
+        const ZelValueTransformerPtr transformer = QSharedPointer<OneWay>::create();
+        ZelBind(&field, ZelValueBinding, &person, "name",
+                {{ZelValueTransformerBindingOption, QVariant::fromValue(transformer)}});
+        field.setText(QStringLiteral("Ada"));
+        QTest::ignoreMessage(QtWarningMsg,
+                             "WARNING: binding \"value\" has value transformer, but it doesn't allow reverse "
+                             "transformations in -[NSObject(ZelKeyValueBinding) setValue:forBinding:]");
+        field.commitEditing();
+        QCOMPARE(person.name(), QStringLiteral("Ada"));
     }
 
     void transformersByInstanceAndByName()
