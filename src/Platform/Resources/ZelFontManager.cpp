@@ -18,6 +18,34 @@ bool isLike(const QFont &font, const QString &family, const QString &face)
             other.stretch() == font.stretch());
 }
 
+/// Names of no family that the desktop, or the toolkit, takes one of its own for.
+QString resolvedGeneric(const QString &name)
+{
+    static const QStringList generic{QString(),
+                                     QStringLiteral("sans"),
+                                     QStringLiteral("sans serif"),
+                                     QStringLiteral("sans-serif"),
+                                     QStringLiteral("serif"),
+                                     QStringLiteral("mono"),
+                                     QStringLiteral("monospace"),
+                                     QStringLiteral("cursive"),
+                                     QStringLiteral("fantasy"),
+                                     QStringLiteral("system-ui")};
+    return generic.contains(name.toLower()) ? QFontInfo(QFont(name)).family() : name;
+}
+
+/// Gives the font what a face of a family is like; an unknown face leaves it as it is.
+void takeLook(QFont &font, const QString &family, const QString &face)
+{
+    const QString known = resolvedGeneric(family);
+    if (!QFontDatabase::styles(known).contains(face))
+        return;
+    const QFont other = QFontDatabase::font(known, face, 12);
+    font.setWeight(QFont::Weight(other.weight()));
+    font.setStyle(other.style());
+    font.setStretch(other.stretch());
+}
+
 QString descriptionOf(const QFont &font)
 {
     QFont plain = font;
@@ -48,9 +76,33 @@ QStringList ZelFontManager::availableFontFamilies()
     return families;
 }
 
+QString ZelFontManager::familyAmong(const QStringList &families, const QString &name)
+{
+    const auto find = [&](const auto &isIt) {
+        const auto family = std::find_if(families.begin(), families.end(), isIt);
+        return family == families.end() ? QString() : *family;
+    };
+    const QString same = find([&](const QString &family) { return family.compare(name, Qt::CaseInsensitive) == 0; });
+    if (!same.isNull())
+        return same;
+    const QString prefix = name + QStringLiteral(" [");
+    return find(
+        [&](const QString &family) { return family.startsWith(prefix, Qt::CaseInsensitive) && family.endsWith(u']'); });
+}
+
+QString ZelFontManager::availableFamilyOf(const QFont &font)
+{
+    const QStringList families = availableFontFamilies();
+    const QString name = familyOf(font);
+    const QString known = familyAmong(families, name);
+    return known.isNull() ? familyAmong(families, resolvedGeneric(name)) : known;
+}
+
 QStringList ZelFontManager::availableFacesOfFamily(const QString &family)
 {
     QStringList faces = QFontDatabase::styles(family);
+    if (faces.isEmpty())
+        faces = QFontDatabase::styles(resolvedGeneric(family));
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(faces.begin(), faces.end(), collator);
@@ -98,6 +150,8 @@ QFont ZelFontManager::convertFontToFamily(const QFont &font, const QString &fami
     QFont converted = font;
     if (family.isEmpty() || family == familyOf(font))
         return converted;
+    if (!font.styleName().isEmpty())
+        takeLook(converted, familyOf(font), font.styleName());
     converted.setFamilies({family});
     converted.setStyleName({}); // the face's name is the former family's
     return converted;
@@ -108,12 +162,7 @@ QFont ZelFontManager::convertFontToFace(const QFont &font, const QString &family
     QFont converted = font;
     converted.setFamilies({family});
     converted.setStyleName(face);
-    if (QFontDatabase::styles(family).contains(face)) {
-        const QFont known = QFontDatabase::font(family, face, 12);
-        converted.setWeight(QFont::Weight(known.weight()));
-        converted.setStyle(known.style());
-        converted.setStretch(known.stretch());
-    }
+    takeLook(converted, family, face);
     return converted;
 }
 

@@ -12,6 +12,9 @@ class tst_ZelFontManager : public QObject
 private Q_SLOTS:
     void facesAreFoundByWeightAndSlant();
     void conversionsKeepTheRest();
+    void namesStandForFamilies_data();
+    void namesStandForFamilies();
+    void genericNamesStandForInstalledFamilies();
     void platformFontsHaveSizes();
 };
 
@@ -64,7 +67,43 @@ void tst_ZelFontManager::conversionsKeepTheRest()
     QCOMPARE(serif.pixelSize(), 20);
     QVERIFY(serif.strikeOut());
     QCOMPARE(ZelFontManager::convertFontToFamily(font, QString()), font);
+    QFont named(QStringLiteral("DejaVu Sans"));
+    named.setStyleName(QStringLiteral("Bold"));
+    QVERIFY(ZelFontManager::convertFontToFamily(named, QStringLiteral("DejaVu Serif")).bold());
     QVERIFY(!ZelFontManager::convertFontToFace(serif, QStringLiteral("DejaVu Serif"), QStringLiteral("Book")).bold());
+}
+
+void tst_ZelFontManager::namesStandForFamilies_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("family");
+    QTest::newRow("itself") << "Round"
+                            << "Round";
+    QTest::newRow("in another case") << "ROUND"
+                                     << "Round";
+    QTest::newRow("of several foundries") << "Square"
+                                          << "Square [one]";
+    QTest::newRow("of one of them") << "Square [two]"
+                                    << "Square [two]";
+    QTest::newRow("unknown") << "Squ" << QString();
+}
+
+void tst_ZelFontManager::namesStandForFamilies()
+{
+    QFETCH(QString, name);
+    const QStringList families{QStringLiteral("Round Mono"), QStringLiteral("Round"), QStringLiteral("Square [one]"),
+                               QStringLiteral("Square [two]")};
+    QTEST(ZelFontManager::familyAmong(families, name), "family");
+}
+
+void tst_ZelFontManager::genericNamesStandForInstalledFamilies()
+{
+    const QFont font(QStringLiteral("sans-serif"));
+    const QString family = ZelFontManager::availableFamilyOf(font);
+    QVERIFY(ZelFontManager::availableFontFamilies().contains(family));
+    QCOMPARE(ZelFontManager::availableFacesOfFamily(QStringLiteral("sans-serif")),
+             ZelFontManager::availableFacesOfFamily(family));
+    QVERIFY(ZelFontManager::availableFamilyOf(QFont(QStringLiteral("Nowhere"))).isNull());
 }
 
 void tst_ZelFontManager::platformFontsHaveSizes()
