@@ -71,7 +71,34 @@ void roundHalfEven(Decimal &decimal, int fractionDigits)
         increase(decimal);
 }
 
-QString localized(const Decimal &decimal, int minimumFractionDigits, const QLocale &locale)
+/// The places, counted from the end, before which the digits of an integer have a separator. Locales differ in the
+/// length of the groups, of all but the last, and in the length of a number that has any: they are asked for an
+/// example.
+QList<int> separatorPlaces(int length, const QLocale &locale)
+{
+    const QString separator = locale.groupSeparator();
+    const auto lengthsOf = [&](qlonglong number) {
+        QList<int> lengths;
+        const QStringList groups = locale.toString(number).split(separator);
+        for (const QString &group : groups)
+            lengths.prepend(int(group.size() / qMax<qsizetype>(1, locale.zeroDigit().size())));
+        return lengths;
+    };
+    const QList<int> example = lengthsOf(1000000000000000);
+    if (separator.isEmpty() || example.size() < 3 || (length == 4 && lengthsOf(1000).size() == 1))
+        return {};
+    QList<int> places;
+    for (int place = example.at(0); place < length; place += example.at(1))
+        places.append(place);
+    return places;
+}
+
+bool hasGroups(const QLocale &locale)
+{
+    return !locale.numberOptions().testFlag(QLocale::OmitGroupSeparator);
+}
+
+QString localized(const Decimal &decimal, int minimumFractionDigits, const QLocale &locale, bool groups)
 {
     std::string digits = decimal.digits;
     int point = decimal.point;
@@ -91,15 +118,24 @@ QString localized(const Decimal &decimal, int minimumFractionDigits, const QLoca
         integer = "0";
 
     QString text = decimal.negative && !zero ? locale.negativeSign() : QString();
-    const auto append = [&text, zeroDigit = locale.zeroDigit()](const std::string &asciiDigits) {
+    const auto append = [&text, zeroDigit = locale.zeroDigit()](const std::string &asciiDigits,
+                                                                const QList<int> &places = {},
+                                                                const QString &separator = {}) {
+        int place = int(asciiDigits.size());
         for (const char digit : asciiDigits) {
+            if (places.contains(place))
+                text += separator;
+            --place;
             if (zeroDigit.size() == 1)
                 text += QChar(zeroDigit.at(0).unicode() + (digit - '0'));
             else
                 text += QLatin1Char(digit);
         }
     };
-    append(integer);
+    if (groups && integer.size() > 3)
+        append(integer, separatorPlaces(int(integer.size()), locale), locale.groupSeparator());
+    else
+        append(integer);
     if (!fraction.empty()) {
         text += locale.decimalPoint();
         append(fraction);
@@ -113,9 +149,8 @@ bool isInteger(const QVariant &value)
     return type != QMetaType::Double && type != QMetaType::Float;
 }
 
-QVariant parsed(const QString &text, QLocale locale)
+QVariant parsed(const QString &text, const QLocale &locale)
 {
-    locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
     bool ok = false;
     const double number = locale.toDouble(text, &ok);
     if (!ok || !std::isfinite(number))
@@ -153,7 +188,8 @@ QString ZelNumberFormatter::stringForObjectValue(const QVariant &value) const
         const bool isUnsigned = value.typeId() == QMetaType::ULongLong || value.typeId() == QMetaType::ULong;
         const QByteArray digits =
             isUnsigned ? QByteArray::number(value.toULongLong()) : QByteArray::number(value.toLongLong());
-        return localized(decimalOf(digits), m_minimumFractionDigits, locale());
+        return localized(decimalOf(digits), m_minimumFractionDigits, locale(),
+                         m_usesGroupSeparator && hasGroups(locale()));
     }
     const double number = value.toDouble();
     if (std::isnan(number))
@@ -162,7 +198,17 @@ QString ZelNumberFormatter::stringForObjectValue(const QVariant &value) const
         return (number < 0 ? locale().negativeSign() : QString()) + QChar(0x221e);
     Decimal decimal = decimalOf(number);
     roundHalfEven(decimal, m_maximumFractionDigits);
-    return localized(decimal, m_minimumFractionDigits, locale());
+    return localized(decimal, m_minimumFractionDigits, locale(), m_usesGroupSeparator && hasGroups(locale()));
+}
+
+QLocale ZelNumberFormatter::parsingLocale() const
+{
+    QLocale locale = this->locale();
+    if (!m_usesGroupSeparator || !hasGroups(locale))
+        locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
+    else
+        locale.setNumberOptions(QLocale::DefaultNumberOptions);
+    return locale;
 }
 
 bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
@@ -172,12 +218,16 @@ bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *val
         *value = QVariant();
         return true;
     }
-    const QLocale locale = this->locale();
+    const QLocale locale = parsingLocale();
     QVariant number = parsed(trimmed, locale);
     if (!number.isValid()) {
         // Keyboards have a hyphen, texts from elsewhere a true minus sign, and locales either, some with a mark of
         // direction before it.
         trimmed.replace(locale.negativeSign(), QLatin1String("-")).replace(s_minus, QLatin1Char('-'));
+        // No keyboard has the narrow blanks that stand between groups of digits.
+        const QString separator = locale.groupSeparator();
+        if (separator.size() == 1 && separator.at(0).isSpace())
+            trimmed.replace(QLatin1Char(' '), separator).replace(QChar(QChar::Nbsp), separator);
         number = parsed(trimmed, locale);
     }
     if (!number.isValid()) {

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void refuses_data();
     void refuses();
     void parsesWhatItShows();
+    void groupsDigitsAsTheLocaleDoes_data();
+    void groupsDigitsAsTheLocaleDoes();
 };
 
 namespace {
@@ -133,6 +135,48 @@ void tst_ZelNumberFormatter::refuses()
     QVERIFY(!formatter(0, 3, locale).objectValueForString(text, &result, &error));
     QVERIFY(!error.isEmpty());
     QCOMPARE(result, QVariant(QStringLiteral("untouched")));
+}
+
+void tst_ZelNumberFormatter::groupsDigitsAsTheLocaleDoes_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("none") << "C" << 1234567.0 << "1234567"
+                          << "1234567";
+    QTest::newRow("comma") << "en_US" << 1234567.25 << "1,234,567.25"
+                           << "1234567.25";
+    QTest::newRow("three digits") << "en_US" << -999.0 << "-999"
+                                  << "-999";
+    QTest::newRow("full stop") << "de_DE" << 1500.5 << "1.500,5"
+                               << "1500,5";
+    QTest::newRow("groups of two") << "hi_IN" << 12345678.0 << "1,23,45,678"
+                                   << "1,23,45,678";
+    QTest::newRow("from five digits on, short") << "es_ES" << 1234.0 << "1234"
+                                                << "1234";
+    QTest::newRow("from five digits on, long") << "es_ES" << 12345.0 << "12.345"
+                                               << "12345";
+    QTest::newRow("narrow blank") << "fr_FR" << 12345.0 << QString::fromUtf8("12\u202f345") << "12 345";
+}
+
+void tst_ZelNumberFormatter::groupsDigitsAsTheLocaleDoes()
+{
+    QFETCH(QString, locale);
+    QFETCH(double, number);
+    QFETCH(QString, text);
+    QFETCH(QString, typed);
+    ZelNumberFormatter grouping = formatter(0, 3, locale);
+    grouping.setUsesGroupSeparator(true);
+    QCOMPARE(grouping.stringForObjectValue(number), text);
+    for (const QString &input : {text, typed}) {
+        QVariant value;
+        QVERIFY(grouping.objectValueForString(input, &value, nullptr));
+        QCOMPARE(value, QVariant(number));
+    }
+    QVariant value;
+    QString error;
+    QVERIFY(!grouping.objectValueForString(QStringLiteral("1,2,3.4,5"), &value, &error));
 }
 
 void tst_ZelNumberFormatter::parsesWhatItShows()
