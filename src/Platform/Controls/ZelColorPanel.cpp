@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelColorPanel.h"
 
+#include "Platform/Selection/ZelUndoManager.h"
+
+#include <QAbstractSpinBox>
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QWindow>
 
 namespace {
@@ -55,8 +61,41 @@ QColorDialog *ZelColorPanel::dialog()
     m_dialog->setAttribute(Qt::WA_QuitOnClose, false);
     m_dialog->setCurrentColor(Qt::black);
     m_dialog->installEventFilter(this);
+    addShortcuts();
     connect(m_dialog, &QColorDialog::currentColorChanged, this, &ZelColorPanel::noteChange);
     return m_dialog;
+}
+
+/// What the panel changed is undone where it was changed: the panel's own window has nothing to undo.
+void ZelColorPanel::addShortcuts()
+{
+    const auto add = [this](QKeySequence::StandardKey key, void (ZelUndoManager::*act)()) {
+        auto *shortcut = new QShortcut(key, m_dialog);
+        connect(shortcut, &QShortcut::activated, this, [this, act] {
+            if (ZelUndoManager *manager = m_client ? ZelUndoManager::forWidget(m_client) : nullptr)
+                (manager->*act)();
+        });
+    };
+    add(QKeySequence::Undo, &ZelUndoManager::undo);
+    add(QKeySequence::Redo, &ZelUndoManager::redo);
+    const QList<QWidget *> widgets = m_dialog->findChildren<QWidget *>();
+    for (QWidget *widget : widgets)
+        widget->installEventFilter(this);
+}
+
+/// Fields keep the keys for themselves, also where nothing was typed that they could undo.
+bool ZelColorPanel::leavesShortcut(QObject *focused, QEvent *event)
+{
+    const auto *key = static_cast<const QKeyEvent *>(event);
+    if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo))
+        return false;
+    auto *field = qobject_cast<QLineEdit *>(focused);
+    if (const auto *box = qobject_cast<QAbstractSpinBox *>(focused))
+        field = box->findChild<QLineEdit *>();
+    if (field && field->isModified() && (field->isUndoAvailable() || field->isRedoAvailable()))
+        return false;
+    event->ignore();
+    return true;
 }
 
 QColor ZelColorPanel::color() const
@@ -95,6 +134,7 @@ bool ZelColorPanel::isVisible() const
 
 void ZelColorPanel::orderFront(const QWidget *client)
 {
+    m_client = client;
     QColorDialog *panel = dialog();
     panel->winId();
     // Above the client's window, and not blocked where that one is modal. A pop-up closes before the panel does.
@@ -145,6 +185,8 @@ void ZelColorPanel::setTracking(bool tracking)
 
 bool ZelColorPanel::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ShortcutOverride && leavesShortcut(watched, event))
+        return true;
     const bool hides = event->type() == QEvent::Hide && watched == m_dialog;
     if (m_isTracking && (hides || event->type() == QEvent::MouseButtonRelease))
         QMetaObject::invokeMethod(

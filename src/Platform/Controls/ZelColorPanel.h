@@ -12,7 +12,8 @@ class QWidget;
 ///
 /// It serves one client at a time, its delegate. Whoever wants it makes itself the delegate and brings it to the front;
 /// the former client hears of that. Every move of the user is reported at once. A client must not expect to be the
-/// delegate still when it hears of a change, and may die at any time.
+/// delegate still when it hears of a change, and may die at any time. The keys for undo and redo undo in the window of
+/// the client's widget.
 class ZelColorPanel : public QObject
 {
     Q_OBJECT
@@ -59,12 +60,15 @@ protected:
 private:
     ZelColorPanel();
     QColorDialog *dialog();
+    void addShortcuts();
+    static bool leavesShortcut(QObject *focused, QEvent *event);
     void noteChange();
     void setTracking(bool tracking);
 
     QColorDialog *m_dialog = nullptr;
     QPointer<QObject> m_delegate;
-    QColor m_knownColor; // what was set or reported last
+    QPointer<const QWidget> m_client; // the widget for which it was brought to the front
+    QColor m_knownColor;              // what was set or reported last
     bool m_isSettingColor = false;
     bool m_isTracking = false;
 };
