@@ -67,6 +67,15 @@ void ZelDatePicker::setObjectValue(const QVariant &value)
         Q_EMIT objectValueChanged();
 }
 
+void ZelDatePicker::setNullPlaceholder(const QString &text)
+{
+    if (text == m_nullPlaceholder)
+        return;
+    m_nullPlaceholder = text;
+    if (!isEditing())
+        showValue();
+}
+
 void ZelDatePicker::setEditable(bool editable)
 {
     if (editable == isEditable())
@@ -97,14 +106,20 @@ void ZelDatePicker::showValue()
     m_isCleared = false;
     m_showsNone = !hasDate();
     if (m_showsNone) {
-        const QString marker = ZelControlSupport::markerText(m_value);
-        showNone(marker.isEmpty() ? g_noDate : marker);
+        const QString text = placeholder();
+        showNone(text.isEmpty() ? g_noDate : text);
     } else {
         setSpecialValueText({});
         setDateTime(m_showsTime ? m_value.toDateTime().toLocalTime() : m_value.toDate().startOfDay());
     }
     m_shownText = text();
     updateColors();
+}
+
+/// What stands for several dates; null otherwise.
+QString ZelDatePicker::placeholder() const
+{
+    return ZelIsControllerMarker(m_value) ? ZelControlSupport::markerText(m_value) : m_nullPlaceholder;
 }
 
 /// The text stands for the smallest date, which is shown as what it is otherwise.
@@ -145,7 +160,7 @@ bool ZelDatePicker::commitEditing()
     }
     interpretText();
     const QVariant value = m_isCleared ? QVariant() : m_showsNone ? m_value : enteredValue();
-    const bool changed = !ZelEqual(value, m_value);
+    const bool changed = !ZelEqual(value, m_value) || (m_isCleared && !placeholder().isEmpty());
     if (changed)
         m_value = value;
     showValue();
@@ -245,8 +260,7 @@ void ZelDatePicker::keyPressEvent(QKeyEvent *event)
     }
     const bool deletes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
     // Qt selects nothing of a marker's name.
-    const bool isWhole = m_showsNone ? ZelIsMarker(m_value, ZelMultipleValuesMarker) && !m_isCleared
-                                     : lineEdit()->selectedText() == text();
+    const bool isWhole = m_showsNone ? !placeholder().isEmpty() && !m_isCleared : lineEdit()->selectedText() == text();
     if (deletes && isEditable() && isWhole) {
         clearDate();
         return;

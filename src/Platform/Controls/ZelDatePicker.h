@@ -12,9 +12,9 @@ class ZelUndoGrouping;
 /// A field for a date, or a date and a time, that may also hold none.
 ///
 /// The value is a QDate, which stays one, or a QDateTime, shown in local time and handed back in its own time zone; its
-/// seconds are kept. Without a date the field shows a dash, or a selection marker's name; the first digit or step
-/// begins with the present day. Delete or Backspace leaves no date where the whole text is selected, or a marker stands
-/// for several.
+/// seconds are kept. Without a date the field shows a dash, or what stands for several dates: a selection marker's name
+/// or the null placeholder. The first digit or step begins with the present day. Delete or Backspace leaves no date
+/// where the whole text is selected, or something stands for several.
 ///
 /// Return, the loss of the focus and every step commit: what was entered is stored and reported, unless it is the date
 /// that was shown. Escape discards. A value that arrives while the user is typing is stored but not shown before the
@@ -25,6 +25,7 @@ class ZelDatePicker : public QDateTimeEdit, public ZelEditor
     Q_INTERFACES(ZelEditor)
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
+    Q_PROPERTY(QString nullPlaceholder READ nullPlaceholder WRITE setNullPlaceholder)
 public:
     explicit ZelDatePicker(QWidget *parent = nullptr);
     ~ZelDatePicker() override;
@@ -36,6 +37,10 @@ public:
     /// Whether users may change the date; true. What was typed is discarded when it becomes false.
     bool isEditable() const { return !isReadOnly(); }
     void setEditable(bool editable);
+
+    /// The text shown for an absent value; null, which stands for a dash.
+    QString nullPlaceholder() const { return m_nullPlaceholder; }
+    void setNullPlaceholder(const QString &text);
 
     /// Whether there is typing that has neither been committed nor discarded.
     bool isEditing() const;
@@ -71,9 +76,11 @@ private:
     void beginWithToday();
     void clearDate();
     void showNone(const QString &text);
+    QString placeholder() const;
     bool reservesShortcut(QKeyEvent *event) const;
 
     QVariant m_value;
+    QString m_nullPlaceholder;
     QString m_shownText;
     std::unique_ptr<ZelUndoGrouping> m_pressGrouping;
     bool m_showsTime = false;
