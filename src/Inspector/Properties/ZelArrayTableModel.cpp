@@ -45,5 +45,6 @@ bool ZelArrayTableModel::setData(const QModelIndex &index, const QVariant &value
 
 Qt::ItemFlags ZelArrayTableModel::flags(const QModelIndex &index) const
 {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable : Qt::NoItemFlags;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    return !index.isValid() ? Qt::NoItemFlags : m_editable ? flags | Qt::ItemIsEditable : flags;
 }

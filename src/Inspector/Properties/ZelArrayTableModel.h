@@ -13,6 +13,9 @@ class ZelArrayTableModel : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Whether cells can be edited; true.
+    void setEditable(bool editable) { m_editable = editable; }
+
     const QVariantList &values() const { return m_values; }
     void setValues(const QVariantList &values);
 
@@ -28,4 +31,5 @@ Q_SIGNALS:
 
 private:
     QVariantList m_values;
+    bool m_editable = true;
 };

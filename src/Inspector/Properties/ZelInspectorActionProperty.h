@@ -8,6 +8,8 @@
 class ZelInspectorActionProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString menuItemsKeyPath MEMBER menuItemsKeyPath)
+    Q_PROPERTY(ZelPushButton *button MEMBER m_button)
 public:
     explicit ZelInspectorActionProperty(QObject *owner);
     ~ZelInspectorActionProperty() override;

@@ -2,10 +2,12 @@
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 
 #include "Inspector/Properties/ZelArrayTableModel.h"
+#include "Inspector/Properties/ZelArrayTableView.h"
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
 #include "Platform/Resources/ZelDrawnIconEngine.h"
 #include "Platform/Resources/ZelLocalizedString.h"
@@ -121,7 +123,7 @@ void ZelInspectorArrayProperty::loadView()
 
 void ZelInspectorArrayProperty::addTable()
 {
-    m_tableView = new QTableView(m_borderView);
+    m_tableView = new ZelArrayTableView(m_borderView);
     m_model = new ZelArrayTableModel(m_tableView);
     m_tableView->setModel(m_model);
     m_tableView->setAccessibleName(title());
@@ -221,8 +223,10 @@ void ZelInspectorArrayProperty::updateView()
         return;
     m_reflectedValues = reflectedValue();
     m_model->setValues(ZelIsControllerMarker(m_reflectedValues) ? QVariantList() : ZelList(m_reflectedValues));
+    m_model->setEditable(canEdit());
+    m_tableView->setPlaceholder(ZelControlSupport::markerText(m_reflectedValues));
     if (m_addActionItem)
-        m_addActionItem->setEnabled(m_tableView->isEnabled());
+        m_addActionItem->setEnabled(m_tableView->isEnabled() && canEdit());
     tableViewSelectionDidChange();
     forceRedraw();
 }
@@ -236,10 +240,20 @@ void ZelInspectorArrayProperty::forceRedraw()
 void ZelInspectorArrayProperty::tableViewSelectionDidChange()
 {
     if (m_removeActionItem && m_tableView)
-        m_removeActionItem->setEnabled(m_tableView->isEnabled() && !selectedRows().isEmpty());
+        m_removeActionItem->setEnabled(m_tableView->isEnabled() && canEdit() && !selectedRows().isEmpty());
 }
 
 // Values
+
+QTableView *ZelInspectorArrayProperty::tableView() const
+{
+    return m_tableView;
+}
+
+bool ZelInspectorArrayProperty::canEdit() const
+{
+    return !ZelIsControllerMarker(m_reflectedValues) && isWritable();
+}
 
 int ZelInspectorArrayProperty::numberOfRows() const
 {
@@ -259,7 +273,7 @@ void ZelInspectorArrayProperty::writeValues(const QVariantList &values)
 void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int row)
 {
     updateViewInvocation().invoke();
-    if (ZelIsControllerMarker(m_reflectedValues))
+    if (!canEdit())
         return;
     if (ZelIsNull(m_reflectedValues)) {
         writeValues({value});
@@ -285,12 +299,16 @@ QList<int> ZelInspectorArrayProperty::selectedRows() const
     return rows;
 }
 
-void ZelInspectorArrayProperty::selectRow(int row)
+/// Selects the row and, where the user can see it, begins to edit it.
+void ZelInspectorArrayProperty::editRow(int row)
 {
     if (!m_tableView || !m_model || row >= m_model->rowCount())
         return;
+    const QModelIndex cell = m_model->index(row, 0);
     m_tableView->selectRow(row);
-    m_tableView->scrollTo(m_model->index(row, 0));
+    m_tableView->scrollTo(cell);
+    if (m_tableView->isVisible())
+        m_tableView->edit(cell);
 }
 
 bool ZelInspectorArrayProperty::commitEditing()
@@ -305,7 +323,7 @@ bool ZelInspectorArrayProperty::commitEditing()
 void ZelInspectorArrayProperty::addObject(QObject *sender)
 {
     updateViewInvocation().invoke();
-    if (ZelIsControllerMarker(m_reflectedValues))
+    if (!canEdit())
         return;
     const bool hadList = !ZelIsNull(m_reflectedValues);
     QVariantList values = ZelList(m_reflectedValues);
@@ -317,13 +335,13 @@ void ZelInspectorArrayProperty::addObject(QObject *sender)
     if (!alive)
         return;
     updateView(); // so that the new row is there to be selected
-    selectRow(int(values.size()) - 1);
+    editRow(int(values.size()) - 1);
 }
 
 void ZelInspectorArrayProperty::removeObject(QObject *sender)
 {
     updateViewInvocation().invoke(); // the list may be older than the last edit
-    if (ZelIsControllerMarker(m_reflectedValues) || ZelIsNull(m_reflectedValues))
+    if (!canEdit() || ZelIsNull(m_reflectedValues))
         return;
     const QList<int> rows = selectedRows();
     QVariantList values = ZelList(m_reflectedValues);

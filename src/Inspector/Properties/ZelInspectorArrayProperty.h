@@ -8,15 +8,25 @@
 #include <QTableView>
 
 class ZelArrayTableModel;
+class ZelArrayTableView;
 
 /// Edits a list of short values in a table of one column, with buttons to add and to remove below it.
 ///
 /// The list is a QStringList, a QVariantList or any other sequence; every edit replaces it as a whole, by a list of the
 /// same type. What is entered takes the type of the element that it replaces; a text that is no such value changes
-/// nothing. Where the lists of several objects differ, the table is empty, and nothing can be edited.
+/// nothing. Where the lists of several objects differ, the table says so instead of rows, and nothing can be edited.
 class ZelInspectorArrayProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QVariant defaultValue MEMBER defaultValue)
+    Q_PROPERTY(ZelView *borderView MEMBER m_borderView)
+    Q_PROPERTY(QAbstractScrollArea *scrollView READ scrollView STORED false)
+    Q_PROPERTY(QTableView *tableView READ tableView STORED false)
+    Q_PROPERTY(ZelActionBar *actionBar MEMBER m_actionBar)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    Q_PROPERTY(QVariant reflectedValues READ reflectedValues STORED false)
+    Q_PROPERTY(ZelActionBarItem *addActionItem MEMBER m_addActionItem)
+    Q_PROPERTY(ZelActionBarItem *removeActionItem MEMBER m_removeActionItem)
 public:
     explicit ZelInspectorArrayProperty(QObject *owner);
     ~ZelInspectorArrayProperty() override;
@@ -24,8 +34,8 @@ public:
     QVariant defaultValue; ///< what is added; the localized "Item" unless set
     ZelView *borderView() const { return m_borderView; }
     /// The table scrolls itself.
-    QAbstractScrollArea *scrollView() const { return m_tableView; }
-    QTableView *tableView() const { return m_tableView; }
+    QAbstractScrollArea *scrollView() const { return tableView(); }
+    QTableView *tableView() const;
     ZelActionBar *actionBar() const { return m_actionBar; }
     ZelActionBarItem *addActionItem() const { return m_addActionItem; }
     ZelActionBarItem *removeActionItem() const { return m_removeActionItem; }
@@ -39,7 +49,8 @@ public:
     /// What the edit of a cell does.
     void setObjectValueForRow(const QVariant &value, int row);
 
-    /// Adds the default value. An object without a list gets one, which is not reported as a change by the user.
+    /// Adds the default value, and lets the user enter another one in its place. An object without a list gets one,
+    /// which is not reported as a change by the user.
     Q_INVOKABLE void addObject(QObject *sender);
     /// Removes the selected rows.
     Q_INVOKABLE void removeObject(QObject *sender);
@@ -66,11 +77,12 @@ private:
     void layOut(ZelView *container);
     void updateBorderColor();
     QList<int> selectedRows() const;
-    void selectRow(int row);
+    bool canEdit() const;
+    void editRow(int row);
     void writeValues(const QVariantList &values);
 
     QPointer<ZelView> m_borderView;
-    QPointer<QTableView> m_tableView;
+    QPointer<ZelArrayTableView> m_tableView;
     QPointer<ZelArrayTableModel> m_model;
     QPointer<ZelActionBar> m_actionBar;
     QPointer<ZelActionBarItem> m_addActionItem;

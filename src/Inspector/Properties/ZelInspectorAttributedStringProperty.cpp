@@ -150,14 +150,14 @@ void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
     QHash<QString, QWidget *> views{{QStringLiteral("bar"), m_resizableSegmentedControlView},
                                     {QStringLiteral("font"), m_fontProperty->view()},
                                     {QStringLiteral("text"), m_textView}};
-    QString column = QStringLiteral("V:|-2-[bar][font]-2-[text]-2-|");
+    QString column = QStringLiteral("V:|[bar][font]-2-[text]-2-|");
     if (m_label) {
         views.insert(QStringLiteral("label"), m_label);
-        column = QStringLiteral("V:|-2-[bar][font]-2-[text][label]-2-|");
+        column = QStringLiteral("V:|[bar][font]-2-[text][label]-2-|");
         container->addConstraintsWithVisualFormat(QStringLiteral("H:|-2-[label]-2-|"), views);
     }
     for (const QString &format :
-         {column, QStringLiteral("H:|-2-[bar]-2-|"), QStringLiteral("H:|[font]|"), QStringLiteral("H:|-2-[text]-2-|")})
+         {column, QStringLiteral("H:|[bar]|"), QStringLiteral("H:|[font]|"), QStringLiteral("H:|-2-[text]-2-|")})
         container->addConstraintsWithVisualFormat(format, views);
 }
 
@@ -200,7 +200,9 @@ void ZelInspectorAttributedStringProperty::updateView()
         return;
     const QVariant value = reflectedValue();
     m_textView->setNullPlaceholder(placeholder);
-    m_textView->setEditable(!ZelIsControllerMarker(value));
+    const bool canWrite = isWritable();
+    m_fontProperty->setReadOnly(!canWrite);
+    m_textView->setEditable(!ZelIsControllerMarker(value) && canWrite);
     m_textView->setObjectValue(value);
     updateFormattable();
     updateSegmentedControl();
@@ -261,8 +263,6 @@ void ZelInspectorAttributedStringProperty::updateSegmentedControl()
     QVariant backgroundColor = textColor;
     QVariant font = textColor;
     ZelParagraphStyleValues paragraphs;
-    // Paragraphs without a style say nothing, except to the popover: it edits them by their defaults.
-    const bool showsDefaults = m_popover && m_popover->isShown();
     enumerateAttributesForSelection([&](const String::Range &, const String::Attributes &attributes) {
         textColor = combinedValueWithValue(attributes.value(String::ForegroundColor), textColor);
         backgroundColor = combinedValueWithValue(attributes.value(String::BackgroundColor), backgroundColor);
@@ -271,7 +271,7 @@ void ZelInspectorAttributedStringProperty::updateSegmentedControl()
         const bool hasFont = attributes.contains(String::Font);
         font = combinedValueWithValue(hasFont ? ownFont.resolve(m_textView->font()) : m_textView->font(), font);
         const QVariant style = attributes.value(String::ParagraphStyle);
-        if (style.isValid() || showsDefaults)
+        if (style.isValid()) // paragraphs without a style say nothing
             paragraphs.fold(style.value<ZelParagraphStyle>());
     });
     const QPointer<ZelInspectorAttributedStringProperty> alive(this);
@@ -373,8 +373,6 @@ void ZelInspectorAttributedStringProperty::makePopover()
     scrollView->setDocumentView(m_paragraphStyleInspector->view());
     m_popover->setContentWidget(scrollView);
     m_popover->setContentSize(g_popoverSize);
-    connect(m_popover.get(), &ZelPopover::shownChanged, this,
-            &ZelInspectorAttributedStringProperty::updateSegmentedControl);
 }
 
 void ZelInspectorAttributedStringProperty::showParagraphStyleInspector()

@@ -44,6 +44,17 @@ class ZelInspectorAttributedStringProperty : public ZelInspectorProperty
         QVariant tighteningFactorForTruncation MEMBER m_tighteningFactorForTruncation NOTIFY selectionValuesChanged)
     Q_PROPERTY(QVariant headerLevel MEMBER m_headerLevel NOTIFY selectionValuesChanged)
     Q_PROPERTY(QVariant baseWritingDirection MEMBER m_baseWritingDirection NOTIFY selectionValuesChanged)
+    Q_PROPERTY(bool allowsNilValues MEMBER allowsNilValues)
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(ZelSegmentedControl *segmentedControl MEMBER m_segmentedControl)
+    Q_PROPERTY(ZelResizableSegmentedControlView *resizableSegmentedControlView MEMBER m_resizableSegmentedControlView)
+    Q_PROPERTY(ZelInspectorFontProperty *fontProperty READ fontProperty STORED false)
+    Q_PROPERTY(ZelInspectorTextView *textView MEMBER m_textView)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    Q_PROPERTY(ZelPopover *popover READ popover STORED false)
+    Q_PROPERTY(ZelViewController *paragraphStyleInspector READ paragraphStyleInspector STORED false)
+    Q_PROPERTY(bool colorPanelActive READ isColorPanelActive STORED false)
+    Q_PROPERTY(bool textColorActive READ isTextColorActive STORED false)
     /// Whether there is one text that may be changed.
     Q_PROPERTY(bool formattable READ isFormattable NOTIFY formattableChanged)
 public:

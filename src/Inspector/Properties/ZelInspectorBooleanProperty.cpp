@@ -22,6 +22,11 @@ ZelInspectorBooleanProperty::~ZelInspectorBooleanProperty()
     uninstall();
 }
 
+void ZelInspectorBooleanProperty::setBitsValue(const QVariant &value)
+{
+    bits = ZelIsNumber(value) ? std::optional(unsignedValue(value)) : std::nullopt;
+}
+
 void ZelInspectorBooleanProperty::loadView()
 {
     ZelView *container = makeEditorView();
@@ -57,7 +62,7 @@ void ZelInspectorBooleanProperty::updateView()
     const bool isMixed = ZelIsMarker(value, ZelMultipleValuesMarker);
     const bool hasValue = isMixed || (!ZelIsNull(value) && !ZelIsControllerMarker(value));
     m_checkbox->setObjectValue(isMixed ? value : QVariant(hasValue && value.toBool()));
-    m_checkbox->setEnabled(hasValue && isEffectivelyEnabled());
+    m_checkbox->setEnabled(hasValue && isWritable() && isEffectivelyEnabled());
 }
 
 void ZelInspectorBooleanProperty::userDidChangeValue(QObject *sender)
@@ -71,7 +76,7 @@ void ZelInspectorBooleanProperty::userDidChangeValue(QObject *sender)
         updateReflectedValues([bits = bits, isOn](const QVariant &old) -> QVariant {
             if (!bits)
                 return isOn ? 1 : 0;
-            const quint64 value = old.toULongLong();
+            const quint64 value = unsignedValue(old);
             return ZelValueConversion::ofBits(isOn ? value | *bits : value & ~*bits, old.metaType());
         });
     }

@@ -11,6 +11,14 @@
 class ZelInspectorBoundsProperty : public ZelInspectorCompositeProperty, public ZelOriginSelectionViewDelegate
 {
     Q_OBJECT
+    Q_PROPERTY(QString flippedKeyPath MEMBER flippedKeyPath)
+    Q_PROPERTY(bool showOriginSelector MEMBER showOriginSelector)
+    Q_PROPERTY(ZelOriginSelectionView *originSelectionView MEMBER m_originSelectionView)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    Q_PROPERTY(ZelInspectorNumberProperty *originXProperty READ originXProperty STORED false)
+    Q_PROPERTY(ZelInspectorNumberProperty *originYProperty READ originYProperty STORED false)
+    Q_PROPERTY(ZelInspectorNumberProperty *sizeWidthProperty READ sizeWidthProperty STORED false)
+    Q_PROPERTY(ZelInspectorNumberProperty *sizeHeightProperty READ sizeHeightProperty STORED false)
     Q_PROPERTY(QVariant flipped READ flipped WRITE setFlipped NOTIFY flippedChanged)
     Q_PROPERTY(quint64 anchor READ anchor WRITE setAnchorNumber NOTIFY anchorChanged)
     Q_PROPERTY(QVariant originX READ originX WRITE setOriginX NOTIFY firstChanged)

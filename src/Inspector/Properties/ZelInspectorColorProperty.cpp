@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 
@@ -16,9 +17,11 @@ bool hasNoTarget(const QVariant &value)
     return ZelIsMarker(value, ZelNoSelectionMarker) || ZelIsMarker(value, ZelNotApplicableMarker);
 }
 
+/// Whether a colour is a QColor, rather than a ZelColor; what is no colour goes with the others.
 QVariant isQColor(const QVariant &value)
 {
-    return value.typeId() == QMetaType::QColor;
+    return ZelColor::isColor(value) ? QVariant(value.typeId() == QMetaType::QColor)
+                                    : QVariant::fromValue(ZelNoSelectionMarker);
 }
 
 } // namespace
@@ -72,22 +75,38 @@ void ZelInspectorColorProperty::updateView()
     if (!m_popUpButton)
         return;
     const QVariant value = reflectedValue();
-    m_popUpButton->setEnabled(!hasNoTarget(value) && isEffectivelyEnabled());
+    m_popUpButton->setEnabled(!hasNoTarget(value) && isWritable() && isEffectivelyEnabled());
     m_popUpButton->setSelectedColor(value);
+}
+
+/// Each object's colour stays of its class; an object that has none gets one of the others' class.
+void ZelInspectorColorProperty::writeColor(const ZelColor &color)
+{
+    const QVariant plain = color.toQColor();
+    const QVariant whole = color.toVariant();
+    const QVariant kind = combinedReflectedValue(&isQColor);
+    const bool isMixed = ZelIsMarker(kind, ZelMultipleValuesMarker);
+    if (isMixed && !valueTransformer() &&
+        ZelKeyPath(keyPathByStripingControllerSelectionPrefix(keyPath())).isSingleKey()) {
+        updateReflectedValues(
+            [&](const QVariant &old) { return old.typeId() == QMetaType::fromType<ZelColor>().id() ? whole : plain; });
+        return;
+    }
+    const auto wantsZelColors = [this] {
+        return ZelPropertyDomain::ofKeyPath(owner(), keyPath()).types().contains(QMetaType::fromType<ZelColor>());
+    };
+    const bool isPlain = ZelIsControllerMarker(kind) ? !isMixed && !wantsZelColors() : kind.toBool();
+    const QVariant &value = isPlain ? plain : whole;
+    if (ZelColor::fromVariant(value) != ZelColor::fromVariant(reflectedValue()))
+        setReflectedValue(value);
 }
 
 void ZelInspectorColorProperty::userDidChangeValue(QObject *sender)
 {
     const ZelColor color = ZelColor::fromVariant(m_popUpButton->selectedColor());
-    const QVariant old = reflectedValue();
     const QPointer<ZelInspectorColorProperty> alive(this);
-    if (color.isValid()) {
-        const QVariant wantsQColor = ZelIsControllerMarker(old) ? combinedReflectedValue(&isQColor) : isQColor(old);
-        const bool isPlain = !ZelIsControllerMarker(wantsQColor) && wantsQColor.toBool();
-        const QVariant value = isPlain ? QVariant(color.toQColor()) : color.toVariant();
-        if (ZelColor::fromVariant(value) != ZelColor::fromVariant(old))
-            setReflectedValue(value);
-    }
+    if (color.isValid())
+        writeColor(color);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
 }

@@ -7,10 +7,19 @@
 
 /// Edits a colour with a colour pop-up button.
 ///
-/// The model may hold ZelColors or QColors: a QColor is replaced by a QColor, whatever it was that was chosen.
+/// The model may hold ZelColors or QColors: a QColor is replaced by a QColor, whatever it was that was chosen. Where
+/// there was no colour, it becomes one of the class that the other selected objects' colours have, or else a QColor.
 class ZelInspectorColorProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(ZelColorListPtr colorList MEMBER colorList)
+    Q_PROPERTY(ZelColor defaultColor MEMBER defaultColor)
+    Q_PROPERTY(ZelColor defaultColorForNil MEMBER defaultColorForNil)
+    Q_PROPERTY(QString defaultColorKeyPath MEMBER defaultColorKeyPath)
+    Q_PROPERTY(bool popup MEMBER popup)
+    Q_PROPERTY(bool supportsNil MEMBER supportsNil)
+    Q_PROPERTY(ZelColorPopUpButton *popUpButton MEMBER m_popUpButton)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorColorProperty(QObject *owner);
     ~ZelInspectorColorProperty() override;
@@ -34,6 +43,8 @@ public:
     QWidget *viewForBaselineAlignment() override;
 
 private:
+    void writeColor(const ZelColor &color);
+
     QPointer<ZelColorPopUpButton> m_popUpButton;
     QPointer<ZelLabel> m_label;
 };

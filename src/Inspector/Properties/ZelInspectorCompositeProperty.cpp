@@ -96,7 +96,7 @@ void ZelInspectorCompositeProperty::setComponent(int index, const QVariant &valu
 const ZelGeometryType *ZelInspectorCompositeProperty::geometryOf(QMetaType type) const
 {
     const ZelGeometryType *found = ZelGeometryType::find(type);
-    return found && found->ofDoubles == m_type ? found : nullptr;
+    return found && found->count == m_keys.size() ? found : nullptr;
 }
 
 ZelInspectorCompositeProperty::Selection ZelInspectorCompositeProperty::plainSelection() const
@@ -199,8 +199,14 @@ void ZelInspectorCompositeProperty::updateValues()
     const UpdatingValues updating(this);
     for (qsizetype i = 0; i < folded->size() && alive; ++i)
         setComponent(int(i), folded->at(i));
-    if (alive)
-        didUpdateValues();
+    if (!alive)
+        return;
+    didUpdateValues();
+    const bool cannotWrite = !isWritable();
+    for (const QPointer<ZelInspectorProperty> &editor : std::as_const(m_editors)) {
+        if (editor)
+            editor->setReadOnly(cannotWrite);
+    }
 }
 
 QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, int index, double component) const
@@ -361,7 +367,10 @@ void ZelInspectorCompositeProperty::viewDidInstall()
         ZelObservations(this).addObservationWithObject(
             owner(), enabledKeyPath(), 0,
             [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateInternalEnabled(); }, &g_context);
-    observeForUpdate(keyPath(), &g_context);
+    if (owner() && !keyPath().isEmpty())
+        ZelObservations(this).addObservationWithObject(
+            owner(), keyPath(), 0, [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateValues(); },
+            &g_context);
     for (int i = 0; i < m_keys.size(); ++i)
         ZelObservations(this).addObservationWithObject(
             this, m_keys.at(i), ZelKeyValueObservingOptionEqualCheck,

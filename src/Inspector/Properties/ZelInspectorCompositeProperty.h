@@ -18,6 +18,10 @@
 class ZelInspectorCompositeProperty : public ZelInspectorCustomProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QVariant increment READ incrementValue WRITE setIncrementValue)
+    Q_PROPERTY(QString incrementKeyPath MEMBER incrementKeyPath)
+    Q_PROPERTY(uint formatStyle MEMBER formatStyle)
+    Q_PROPERTY(QString formatUnit MEMBER formatUnit)
     /// Whether the number editors are enabled.
     Q_PROPERTY(bool internalEnabled READ internalEnabled NOTIFY internalEnabledChanged)
 public:
@@ -28,8 +32,11 @@ public:
     uint formatStyle = ZelInspectorNumberProperty::IntegerStyle;
     QString formatUnit;
 
+    QVariant incrementValue() const { return ZelInspectorNumberProperty::variantOf(increment); }
+    void setIncrementValue(const QVariant &value) { increment = ZelInspectorNumberProperty::numberOf(value); }
     bool internalEnabled() const { return m_internalEnabled; }
-    /// Reduces the selection into the components.
+    /// Reduces the selection into the components. While the view is installed, every change of the model does so at
+    /// once, that what is set afterwards is compared with what the model has.
     void updateValues();
     void updateView() override { updateValues(); }
     /// Sends the editor's own action, after a component was edited.
@@ -53,8 +60,8 @@ protected:
 
     using Numbers = ZelGeometryType::Numbers;
 
-    /// The components' property names, at most four, in their order, and the type of the values: that of doubles. The
-    /// model may have that of integers as well.
+    /// The components' property names, two or four, in their order, and the type of new values. The model's values may
+    /// be of any type that consists of as many numbers, and stay of it.
     ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys, QMetaType type);
 
     const QVariant &component(int index) const { return m_components.at(index); }

@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
@@ -79,15 +80,17 @@ void ZelInspectorDateProperty::updateView()
     if (!m_datePicker)
         return;
     const QVariant value = reflectedValue();
-    m_datePicker->setEditable(!ZelIsMarker(value, ZelNoSelectionMarker) && !ZelIsMarker(value, ZelNotApplicableMarker));
-    m_datePicker->setObjectValue(value);
+    const bool isMarker = ZelIsControllerMarker(value);
+    m_datePicker->setEditable((!isMarker || ZelIsMarker(value, ZelMultipleValuesMarker)) && isWritable());
+    m_datePicker->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : QString());
+    m_datePicker->setObjectValue(isMarker ? QVariant() : value);
 }
 
 void ZelInspectorDateProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant value = m_datePicker->objectValue();
     const QPointer<ZelInspectorDateProperty> alive(this);
-    if (!ZelIsControllerMarker(value) && !ZelEqual(value, reflectedValue()))
+    if (!ZelEqual(value, reflectedValue()))
         setReflectedValue(value);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);

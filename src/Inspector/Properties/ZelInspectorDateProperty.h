@@ -10,6 +10,8 @@
 class ZelInspectorDateProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(ZelDatePicker *datePicker MEMBER m_datePicker)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorDateProperty(QObject *owner);
     ~ZelInspectorDateProperty() override;

@@ -36,6 +36,11 @@ ZelInspectorEnumerationProperty::~ZelInspectorEnumerationProperty()
     uninstall();
 }
 
+void ZelInspectorEnumerationProperty::setBitMaskValue(const QVariant &value)
+{
+    m_bitMask = ZelIsNumber(value) ? std::optional(unsignedValue(value)) : std::nullopt;
+}
+
 QList<ZelOptionGroup *> ZelInspectorEnumerationProperty::optionGroups() const
 {
     QList<ZelOptionGroup *> living(m_optionGroups.begin(), m_optionGroups.end());
@@ -169,7 +174,7 @@ void ZelInspectorEnumerationProperty::writeChoice(const QVariant &value, QObject
         updateReflectedValues([mask = m_bitMask, value](const QVariant &old) -> QVariant {
             if (!mask)
                 return value;
-            return ZelValueConversion::ofBits((old.toULongLong() & ~*mask) | value.toULongLong(), old.metaType());
+            return ZelValueConversion::ofBits((unsignedValue(old) & ~*mask) | unsignedValue(value), old.metaType());
         });
     }
     if (alive)

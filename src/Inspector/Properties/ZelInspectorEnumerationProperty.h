@@ -14,7 +14,12 @@
 class ZelInspectorEnumerationProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
     Q_PROPERTY(QList<ZelOptionGroup *> optionGroups READ optionGroups WRITE setOptionGroups NOTIFY optionGroupsChanged)
+    Q_PROPERTY(QVariant bitMask READ bitMaskValue WRITE setBitMaskValue)
+    Q_PROPERTY(QString enumeratedDisplayValuesKeyPath READ enumeratedDisplayValuesKeyPath WRITE
+                   setEnumeratedDisplayValuesKeyPath)
+    Q_PROPERTY(QString enumeratedValuesKeyPath READ enumeratedValuesKeyPath WRITE setEnumeratedValuesKeyPath)
 public:
     explicit ZelInspectorEnumerationProperty(QObject *owner);
     ~ZelInspectorEnumerationProperty() override;
@@ -27,6 +32,9 @@ public:
     void setOptionGroups(const QList<ZelOptionGroup *> &groups);
     std::optional<quint64> bitMask() const { return m_bitMask; }
     void setBitMask(std::optional<quint64> bitMask) { m_bitMask = bitMask; }
+    /// The same as a number, or absent.
+    QVariant bitMaskValue() const { return m_bitMask ? QVariant(*m_bitMask) : QVariant(); }
+    void setBitMaskValue(const QVariant &value);
     const QString &enumeratedDisplayValuesKeyPath() const { return m_enumeratedDisplayValuesKeyPath; }
     void setEnumeratedDisplayValuesKeyPath(const QString &keyPath) { m_enumeratedDisplayValuesKeyPath = keyPath; }
     const QString &enumeratedValuesKeyPath() const { return m_enumeratedValuesKeyPath; }

@@ -12,6 +12,7 @@
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QPainter>
+#include <cmath>
 
 namespace {
 
@@ -137,10 +138,8 @@ void ZelInspectorFontProperty::layOut(ZelView *container)
                                           {QStringLiteral("stepper"), m_stepper}};
     for (const QString &format :
          {QStringLiteral("H:|-2-[textField]-1-[stepper]-2-|"), QStringLiteral("V:|-2-[stepper]"),
-          QStringLiteral("V:[button(==17)]"), QStringLiteral("H:[button(==16)]-4-[stepper]")})
+          QStringLiteral("V:|-2-[button(==17)]"), QStringLiteral("H:[button(==16)]-4-[stepper]")})
         container->addConstraintsWithVisualFormat(format, views);
-    container->addConstraint(ZelLayoutConstraint::constraintWithItem(
-        m_button, ZelLayoutConstraint::CenterY, ZelLayoutConstraint::Equal, m_textField, ZelLayoutConstraint::CenterY));
     ZelEditorLayout::layOutVertically(container, m_textField, m_label);
 }
 
@@ -248,18 +247,20 @@ void ZelInspectorFontProperty::updateView()
         return;
     const QVariant size = fontSize();
     m_stepper->setObjectValue(size);
-    m_stepper->setEditable(!hasNoTarget(size));
     const QVariant value = reflectedValue();
+    const bool canWrite = isWritable();
+    m_stepper->setEditable(!hasNoTarget(size) && canWrite);
+    m_stepper->setHidden(!hasNoTarget(size) && !canWrite);
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const auto font = fontOf(value);
-    m_button->setEnabled((isMultiple || font) && isEffectivelyEnabled());
+    m_button->setEnabled((isMultiple || font) && canWrite && isEffectivelyEnabled());
     m_textField->setDimmed(!font);
     if (font)
         m_textField->setObjectValue(description(*font));
     else if (isMultiple)
         m_textField->setObjectValue(localized("Multiple Fonts"));
     else
-        m_textField->setObjectValue(placeholder.isNull() ? localized("No Font") : placeholder);
+        m_textField->setObjectValue(localized("No Font"));
     if (m_popoverView)
         showValueInPopover();
 }
@@ -275,9 +276,8 @@ void ZelInspectorFontProperty::showValueInPopover()
     m_popoverView->fontSizeStepper()->setEditable(!hasNoTarget(size));
     const QVariant value = reflectedValue();
     if (const auto font = fontOf(value)) {
-        const QString family = ZelFontManager::familyOf(*font);
-        m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(family));
-        m_popoverView->selectFamilyAndFace(family, ZelFontManager::faceOf(*font));
+        m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(ZelFontManager::familyOf(*font)));
+        m_popoverView->selectFamilyAndFace(ZelFontManager::availableFamilyOf(*font), ZelFontManager::faceOf(*font));
     } else if (ZelIsMarker(value, ZelMultipleValuesMarker)) {
         m_popoverView->selectMultiple();
     } else {
@@ -292,7 +292,7 @@ QString ZelInspectorFontProperty::description(const QFont &font)
     QString text = ZelFontManager::familyOf(font);
     if (face != QStringLiteral("Regular"))
         text += u' ' + face;
-    return text + u' ' + QString::number(ZelFontManager::sizeOf(font), 'f', 0);
+    return text + u' ' + QString::number(std::nearbyint(float(ZelFontManager::sizeOf(font))), 'f', 0); // half to even
 }
 
 // Actions

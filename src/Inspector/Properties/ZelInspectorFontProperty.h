@@ -5,6 +5,7 @@
 #include "Inspector/Properties/ZelFontPopoverView.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPaddedTextField.h"
 #include "Platform/Controls/ZelPopover.h"
 
@@ -21,11 +22,29 @@ class ZelInspectorFontProperty : public ZelInspectorProperty
     /// absent where there is no font. Setting it changes the size of the font, or brings the system font of that size
     /// where there is no single font. What is no positive number changes nothing.
     Q_PROPERTY(QVariant fontSize READ fontSize WRITE setFontSize NOTIFY fontSizeChanged)
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(ZelPaddedTextField *textField MEMBER m_textField)
+    Q_PROPERTY(ZelActionBarButton *button MEMBER m_button)
+    Q_PROPERTY(ZelStepper *stepper MEMBER m_stepper)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    // The popover and what is in it; null before the view is loaded.
+    Q_PROPERTY(ZelPopover *popover READ popover STORED false)
+    Q_PROPERTY(ZelPopUpButton *fontPopUpButton READ fontPopUpButton STORED false)
+    Q_PROPERTY(ZelPopUpButton *fontFamilyPopUpButton READ fontFamilyPopUpButton STORED false)
+    Q_PROPERTY(ZelPopUpButton *fontStylePopUpButton READ fontStylePopUpButton STORED false)
+    Q_PROPERTY(ZelTextField *fontSizeTextField READ fontSizeTextField STORED false)
+    Q_PROPERTY(ZelStepper *fontSizeStepper READ fontSizeStepper STORED false)
+    Q_PROPERTY(ZelMenuItem *multipleFontFamiliesMenuItem READ multipleFontFamiliesMenuItem STORED false)
+    Q_PROPERTY(ZelMenuItem *noSelectionFontFamiliesMenuItem READ noSelectionFontFamiliesMenuItem STORED false)
+    Q_PROPERTY(ZelMenuItem *multipleFontFacesMenuItem READ multipleFontFacesMenuItem STORED false)
+    Q_PROPERTY(ZelMenuItem *noSelectionFontFacesMenuItem READ noSelectionFontFacesMenuItem STORED false)
+    Q_PROPERTY(QStringList fontFamilies READ fontFamilies STORED false)
+    Q_PROPERTY(QStringList fontFaces READ fontFaces STORED false)
 public:
     explicit ZelInspectorFontProperty(QObject *owner);
     ~ZelInspectorFontProperty() override;
 
-    QString placeholder; ///< shown in the place of "No Font"
+    QString placeholder; ///< kept for the application; without a font the text is "No Font"
     ZelPaddedTextField *textField() const { return m_textField; }
     ZelActionBarButton *button() const { return m_button; }
     ZelStepper *stepper() const { return m_stepper; }
@@ -34,6 +53,19 @@ public:
     ZelPopover *popover();
     /// The content of the popover.
     ZelFontPopoverView *popoverView();
+    // Its parts; null with it.
+    ZelPopUpButton *fontPopUpButton() { return part(&ZelFontPopoverView::fontPopUpButton); }
+    ZelPopUpButton *fontFamilyPopUpButton() { return part(&ZelFontPopoverView::fontFamilyPopUpButton); }
+    ZelPopUpButton *fontStylePopUpButton() { return part(&ZelFontPopoverView::fontStylePopUpButton); }
+    ZelTextField *fontSizeTextField() { return part(&ZelFontPopoverView::fontSizeTextField); }
+    ZelStepper *fontSizeStepper() { return part(&ZelFontPopoverView::fontSizeStepper); }
+    ZelMenuItem *multipleFontFamiliesMenuItem() { return part(&ZelFontPopoverView::multipleFontFamiliesMenuItem); }
+    ZelMenuItem *noSelectionFontFamiliesMenuItem()
+    {
+        return part(&ZelFontPopoverView::noSelectionFontFamiliesMenuItem);
+    }
+    ZelMenuItem *multipleFontFacesMenuItem() { return part(&ZelFontPopoverView::multipleFontFacesMenuItem); }
+    ZelMenuItem *noSelectionFontFacesMenuItem() { return part(&ZelFontPopoverView::noSelectionFontFacesMenuItem); }
     QStringList fontFamilies();
     QStringList fontFaces();
 
@@ -64,6 +96,11 @@ protected:
     bool contains(const QWidget *control) const override;
 
 private:
+    template<typename Part> Part *part(Part *(ZelFontPopoverView::*get)() const)
+    {
+        const ZelFontPopoverView *content = popoverView();
+        return content ? (content->*get)() : nullptr;
+    }
     void makePopover();
     void connectPopoverView();
     void showValueInPopover();

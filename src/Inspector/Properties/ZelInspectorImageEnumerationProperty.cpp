@@ -53,7 +53,7 @@ void ZelInspectorImageEnumerationProperty::viewDidInstall()
     bindEnabledKeyPathToControl(m_segmentedControl);
     if (m_segmentedControl) {
         ZelObservations(this).addBindingWithObject(m_segmentedControl, ZelSelectedIndexBinding, this, "selectedIndex",
-                                                   {{ZelConditionallySetsEditableBindingOption, true}}, &g_context);
+                                                   {}, &g_context);
     }
     observeForUpdate(keyPath(), &g_context);
     updateView();
@@ -88,14 +88,47 @@ QVariant ZelInspectorImageEnumerationProperty::valueForSegment(qsizetype index) 
     return index >= 0 && index < m_choices.size() ? m_choices.at(index).value : QVariant();
 }
 
+qsizetype ZelInspectorImageEnumerationProperty::findSegment(const QVariant &value) const
+{
+    const auto choice = std::find_if(m_choices.begin(), m_choices.end(),
+                                     [&](const Choice &known) { return ZelEqual(known.value, value); });
+    return choice == m_choices.end() ? -1 : choice - m_choices.begin();
+}
+
 qsizetype ZelInspectorImageEnumerationProperty::segmentForValue(const QVariant &value) const
 {
-    for (qsizetype i = 0; i < m_choices.size(); ++i) {
-        if (ZelEqual(m_choices.at(i).value, value))
-            return i;
-    }
-    ZelFail(QStringLiteral("Unsupported value found: %1").arg(ZelDescription(value)));
-    return -1;
+    const qsizetype segment = findSegment(value);
+    if (segment < 0)
+        ZelFail(QStringLiteral("Unsupported value found: %1").arg(ZelDescription(value)));
+    return segment;
+}
+
+QVariantList ZelInspectorImageEnumerationProperty::listOf(QVariant (*part)(const Choice &)) const
+{
+    QVariantList list;
+    for (const Choice &choice : m_choices)
+        list.append(part(choice));
+    return list;
+}
+
+QVariantList ZelInspectorImageEnumerationProperty::titles() const
+{
+    return listOf([](const Choice &choice) { return choice.title.isNull() ? ZelNull() : QVariant(choice.title); });
+}
+
+QVariantList ZelInspectorImageEnumerationProperty::images() const
+{
+    return listOf([](const Choice &choice) { return choice.image.isNull() ? ZelNull() : QVariant(choice.image); });
+}
+
+QVariantList ZelInspectorImageEnumerationProperty::enabledFlags() const
+{
+    return listOf([](const Choice &choice) { return QVariant(choice.enabled); });
+}
+
+QVariantList ZelInspectorImageEnumerationProperty::representedObjects() const
+{
+    return listOf([](const Choice &choice) { return choice.value.isValid() ? choice.value : ZelNull(); });
 }
 
 void ZelInspectorImageEnumerationProperty::setSelectedIndex(const QVariant &index)
@@ -111,15 +144,17 @@ void ZelInspectorImageEnumerationProperty::updateView()
     if (isUpdatingValues())
         return;
     const QVariant value = reducedValue();
-    if (ZelIsNull(value)) {
-        setSelectedIndex(QVariant());
-    } else if (ZelIsControllerMarker(value)) {
-        setSelectedIndex(value);
-    } else {
-        const qsizetype segment = segmentForValue(value);
-        setSelectedIndex(segment < 0 ? QVariant() : QVariant(segment));
-    }
+    const bool isMarker = ZelIsControllerMarker(value);
+    const bool isUnknown = !isMarker && !ZelIsNull(value) && findSegment(value) < 0;
+    if (m_segmentedControl)
+        m_segmentedControl->setEditable((!isMarker || ZelIsMarker(value, ZelMultipleValuesMarker)) && isWritable());
+    const QPointer<ZelInspectorImageEnumerationProperty> alive(this);
+    setSelectedIndex(isMarker ? value : ZelIsNull(value) || isUnknown ? QVariant() : QVariant(findSegment(value)));
+    if (!alive)
+        return;
     showImage();
+    if (isUnknown)
+        segmentForValue(value); // says so, when nothing is shown that the value does not have
 }
 
 void ZelInspectorImageEnumerationProperty::showImage()
@@ -134,8 +169,13 @@ void ZelInspectorImageEnumerationProperty::showImage()
 
 void ZelInspectorImageEnumerationProperty::userDidChangeValue(QObject *sender)
 {
-    if (m_segmentedControl)
-        writeChoice(valueForSegment(m_segmentedControl->selectedIndex().toLongLong()), sender);
+    if (!m_segmentedControl)
+        return;
+    const QVariant chosen = m_segmentedControl->selectedIndex();
+    const QPointer<ZelInspectorImageEnumerationProperty> alive(this);
+    setSelectedIndex(chosen); // the control shows it already: what the model makes of it is a change from here
+    if (alive)
+        writeChoice(valueForSegment(chosen.toLongLong()), sender);
 }
 
 QWidget *ZelInspectorImageEnumerationProperty::viewForBaselineAlignment()

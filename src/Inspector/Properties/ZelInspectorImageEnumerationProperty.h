@@ -13,6 +13,15 @@ class ZelInspectorImageEnumerationProperty : public ZelInspectorEnumerationPrope
     Q_OBJECT
     /// The number of the chosen segment, a marker, or nothing.
     Q_PROPERTY(QVariant selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedIndexChanged)
+    Q_PROPERTY(ZelSegmentedControl *segmentedControl MEMBER m_segmentedControl)
+    Q_PROPERTY(ZelResizableSegmentedControlView *resizableSegmentedControlView MEMBER m_resizableSegmentedControlView)
+    Q_PROPERTY(QLabel *imageView MEMBER m_imageView)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    // The options, in lists of the same length; what an option lacks is the null object.
+    Q_PROPERTY(QVariantList titles READ titles STORED false)
+    Q_PROPERTY(QVariantList images READ images STORED false)
+    Q_PROPERTY(QVariantList enabledFlags READ enabledFlags STORED false)
+    Q_PROPERTY(QVariantList representedObjects READ representedObjects STORED false)
 public:
     explicit ZelInspectorImageEnumerationProperty(QObject *owner);
     ~ZelInspectorImageEnumerationProperty() override;
@@ -20,6 +29,11 @@ public:
     ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
     ZelResizableSegmentedControlView *resizableSegmentedControlView() const { return m_resizableSegmentedControlView; }
     QLabel *imageView() const { return m_imageView; }
+    ZelLabel *label() const { return m_label; }
+    QVariantList titles() const;
+    QVariantList images() const;
+    QVariantList enabledFlags() const;
+    QVariantList representedObjects() const;
     const QVariant &selectedIndex() const { return m_selectedIndex; }
     void setSelectedIndex(const QVariant &index);
 
@@ -40,6 +54,8 @@ Q_SIGNALS:
     void selectedIndexChanged();
 
 private:
+    qsizetype findSegment(const QVariant &value) const;
+    QVariantList listOf(QVariant (*part)(const Choice &)) const;
     void showImage();
 
     QPointer<ZelSegmentedControl> m_segmentedControl;

@@ -9,6 +9,8 @@
 class ZelInspectorMenuActionProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString menuItemsKeyPath MEMBER menuItemsKeyPath)
+    Q_PROPERTY(ZelPopUpButton *popUpButton MEMBER m_popUpButton)
 public:
     explicit ZelInspectorMenuActionProperty(QObject *owner);
     ~ZelInspectorMenuActionProperty() override;

@@ -4,7 +4,6 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -16,6 +15,7 @@
 namespace {
 
 const char g_context = 0;
+const char g_valuesContext = 0; // of the bindings of the controls' values
 constexpr double g_largest = std::numeric_limits<double>::max();
 constexpr int g_maximumFractionDigits[] = {3, 2}; // by format style
 
@@ -31,6 +31,11 @@ ZelInspectorNumberProperty::ZelInspectorNumberProperty(QObject *owner)
 ZelInspectorNumberProperty::~ZelInspectorNumberProperty()
 {
     uninstall();
+}
+
+std::optional<double> ZelInspectorNumberProperty::numberOf(const QVariant &value)
+{
+    return ZelIsNumber(value) ? std::optional(value.toDouble()) : std::nullopt;
 }
 
 void ZelInspectorNumberProperty::loadView()
@@ -57,6 +62,7 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     const auto formatter = std::make_shared<ZelUnitNumberFormatter>();
     formatter->setUnit(formatUnit);
     formatter->setMaximumFractionDigits(g_maximumFractionDigits[formatStyle == DecimalStyle]);
+    formatter->setUsesGroupSeparator(true);
     m_textField = new ZelTextField(container);
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
@@ -131,6 +137,8 @@ void ZelInspectorNumberProperty::viewDidInstall()
     bindEnabledKeyPathToControl(m_slider);
     bindLimits();
     bindValues();
+    if (m_nonNillCheckbox)
+        observeForUpdate(keyPath(), &g_context);
     updateView();
 }
 
@@ -138,6 +146,7 @@ void ZelInspectorNumberProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
     ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).removeAllObservationsForContext(&g_valuesContext);
     cancelUpdateView();
 }
 
@@ -172,28 +181,45 @@ void ZelInspectorNumberProperty::bindLimits()
 
 void ZelInspectorNumberProperty::bindValues()
 {
-    if (keyPath().isEmpty() || !owner())
-        return;
-    ZelBindingOptions options{{ZelConditionallySetsEditableBindingOption, true}};
-    for (QWidget *control : {static_cast<QWidget *>(m_stepper), static_cast<QWidget *>(m_slider)}) {
-        if (control)
-            ZelObservations(this).addBindingWithObject(control, ZelValueBinding, owner(), keyPath(), options,
-                                                       &g_context);
-    }
+    m_isBoundReadOnly = isReadOnly();
+    ZelBindingOptions options;
+    bindValue(m_slider, options);
+    options.insert(ZelHidesIfReadOnlyBindingOption, true);
+    bindValue(m_stepper, options);
+    options.remove(ZelHidesIfReadOnlyBindingOption);
     if (!placeholder.isNull())
         options.insert(ZelNullPlaceholderBindingOption, placeholder);
     if (valueTransformer())
         options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(valueTransformer()));
-    ZelObservations(this).addBindingWithObject(m_textField, ZelValueBinding, owner(), keyPath(), options, &g_context);
-    if (m_nonNillCheckbox)
-        observeForUpdate(keyPath(), &g_context);
+    bindValue(m_textField, options);
+    if (m_isBoundReadOnly && m_stepper)
+        m_stepper->hide();
+}
+
+/// Whether the control may be used is the binding's to say, or else ours.
+void ZelInspectorNumberProperty::bindValue(QWidget *control, ZelBindingOptions options)
+{
+    if (!control || keyPath().isEmpty() || !owner())
+        return;
+    if (m_isBoundReadOnly)
+        options.remove(ZelHidesIfReadOnlyBindingOption);
+    else
+        options.insert(ZelConditionallySetsEditableBindingOption, true);
+    ZelObservations(this).addBindingWithObject(control, ZelValueBinding, owner(), keyPath(), options, &g_valuesContext);
+    if (m_isBoundReadOnly)
+        control->setProperty("editable", false);
 }
 
 void ZelInspectorNumberProperty::updateView()
 {
+    if (isReadOnly() != m_isBoundReadOnly) {
+        ZelObservations(this).removeAllObservationsForContext(&g_valuesContext);
+        bindValues();
+    }
     if (!m_nonNillCheckbox)
         return; // the other controls follow their bindings
     const QVariant value = reflectedValue();
+    m_nonNillCheckbox->setEnabled(isWritable());
     if (ZelIsControllerMarker(value))
         m_nonNillCheckbox->setObjectValue(ZelIsMarker(value, ZelMultipleValuesMarker) ? value : QVariant(false));
     else

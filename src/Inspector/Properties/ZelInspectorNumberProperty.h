@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelCheckBox.h"
 #include "Platform/Controls/ZelLabel.h"
 #include "Platform/Controls/ZelSlider.h"
@@ -12,10 +13,30 @@
 
 /// Edits a number: a text field with a unit, a stepper or a slider or both, and a checkbox for "no value".
 ///
-/// The controls are bound to the model. Limits hold for stepper and slider; what is typed is not limited.
+/// The controls are bound to the model. Limits hold for stepper and slider; what is typed is not limited by them, but
+/// by what the model's property can hold. Where the property cannot be written, there is no stepper. Fields taken over
+/// when the view is loaded or installed.
 class ZelInspectorNumberProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(bool nilValueControlIsOffWhenNil MEMBER nilValueControlIsOffWhenNil)
+    Q_PROPERTY(uint formatStyle MEMBER formatStyle)
+    Q_PROPERTY(QString formatUnit MEMBER formatUnit)
+    Q_PROPERTY(uint sliderType MEMBER sliderType)
+    Q_PROPERTY(QVariant increment READ incrementValue WRITE setIncrementValue)
+    Q_PROPERTY(QString incrementKeyPath MEMBER incrementKeyPath)
+    Q_PROPERTY(QVariant maximum READ maximumValue WRITE setMaximumValue)
+    Q_PROPERTY(QString maximumKeyPath MEMBER maximumKeyPath)
+    Q_PROPERTY(QVariant minimum READ minimumValue WRITE setMinimumValue)
+    Q_PROPERTY(QString minimumKeyPath MEMBER minimumKeyPath)
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(QString nonNilValueKeyPath MEMBER nonNilValueKeyPath)
+    Q_PROPERTY(QString nonNilValueTitle MEMBER nonNilValueTitle)
+    Q_PROPERTY(ZelTextField *textField MEMBER m_textField)
+    Q_PROPERTY(ZelStepper *stepper MEMBER m_stepper)
+    Q_PROPERTY(ZelSlider *slider MEMBER m_slider)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    Q_PROPERTY(ZelCheckBox *nonNillCheckbox MEMBER m_nonNillCheckbox)
 public:
     enum FormatStyle { IntegerStyle = 0, DecimalStyle = 1 };
     enum SliderType { NoSlider = 0, CircularSlider = 1, LinearSlider = 2 };
@@ -38,6 +59,16 @@ public:
     QString placeholder;        ///< shown for no value
     QString nonNilValueKeyPath; ///< of the value written when the checkbox is switched to "has a value"
     QString nonNilValueTitle;   ///< the checkbox's title; without one there is no checkbox
+
+    // The optional numbers as properties have them: absent for none.
+    QVariant incrementValue() const { return variantOf(increment); }
+    void setIncrementValue(const QVariant &value) { increment = numberOf(value); }
+    QVariant maximumValue() const { return variantOf(maximum); }
+    void setMaximumValue(const QVariant &value) { maximum = numberOf(value); }
+    QVariant minimumValue() const { return variantOf(minimum); }
+    void setMinimumValue(const QVariant &value) { minimum = numberOf(value); }
+    static QVariant variantOf(const std::optional<double> &number) { return number ? QVariant(*number) : QVariant(); }
+    static std::optional<double> numberOf(const QVariant &value);
 
     ZelTextField *textField() const { return m_textField; }
     ZelStepper *stepper() const { return m_stepper; }
@@ -63,6 +94,7 @@ private:
     void addNonNilCheckbox(ZelView *container, ZelView *content);
     void bindLimits();
     void bindValues();
+    void bindValue(QWidget *control, ZelBindingOptions options);
     bool usesStepper() const { return sliderType != CircularSlider; }
     bool usesSlider() const { return sliderType != NoSlider; }
 
@@ -71,4 +103,5 @@ private:
     QPointer<ZelSlider> m_slider;
     QPointer<ZelLabel> m_label;
     QPointer<ZelCheckBox> m_nonNillCheckbox;
+    bool m_isBoundReadOnly = false;
 };

@@ -8,6 +8,9 @@
 class ZelInspectorPairProperty : public ZelInspectorCompositeProperty
 {
     Q_OBJECT
+    Q_PROPERTY(bool nilValueControlIsOffWhenNil MEMBER nilValueControlIsOffWhenNil)
+    Q_PROPERTY(QString nonNilValueKeyPath MEMBER nonNilValueKeyPath)
+    Q_PROPERTY(ZelInspectorBooleanProperty *nonNilProperty MEMBER m_nonNilProperty)
     /// 1 for a value, 0 for none, or a selection marker.
     Q_PROPERTY(QVariant nonNil READ nonNil WRITE setNonNil NOTIFY nonNilChanged)
 public:

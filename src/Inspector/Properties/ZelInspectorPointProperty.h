@@ -3,10 +3,17 @@
 
 #include "Inspector/Properties/ZelInspectorPairProperty.h"
 
-/// Edits a point (QPointF, or QPoint): x and y. Switching it on and off is called "Change Point".
+/// Edits a point (QPointF, or QPoint), or a size as its pair: x and y. Switching it on and off is called "Change
+/// Point".
 class ZelInspectorPointProperty : public ZelInspectorPairProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString xTitle MEMBER xTitle)
+    Q_PROPERTY(QString xTitleKeyPath MEMBER xTitleKeyPath)
+    Q_PROPERTY(QString yTitle MEMBER yTitle)
+    Q_PROPERTY(QString yTitleKeyPath MEMBER yTitleKeyPath)
+    Q_PROPERTY(ZelInspectorNumberProperty *xProperty READ xProperty STORED false)
+    Q_PROPERTY(ZelInspectorNumberProperty *yProperty READ yProperty STORED false)
     Q_PROPERTY(QVariant x READ x WRITE setX NOTIFY firstChanged)
     Q_PROPERTY(QVariant y READ y WRITE setY NOTIFY secondChanged)
 public:

@@ -9,6 +9,7 @@
 #include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelObjectController.h"
 #include "Platform/Selection/ZelRecordedWrite.h"
@@ -16,6 +17,7 @@
 #include "ViewController/ZelView.h"
 
 #include <QApplication>
+#include <cmath>
 
 namespace {
 
@@ -84,6 +86,20 @@ void ZelInspectorProperty::setActionName(const QString &name)
         Q_EMIT actionNameChanged();
 }
 
+void ZelInspectorProperty::setReadOnly(bool readOnly)
+{
+    if (!store(m_readOnly, readOnly))
+        return;
+    if (isViewInstalled())
+        updateViewInvocation().schedule();
+    Q_EMIT readOnlyChanged();
+}
+
+bool ZelInspectorProperty::isWritable() const
+{
+    return !m_readOnly && ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).isWritable();
+}
+
 QVariant ZelInspectorProperty::reflectedValue() const
 {
     const QVariant value = m_keyPath.isEmpty() ? QVariant() : ZelValueForKeyPath(m_owner.data(), m_keyPath);
@@ -101,6 +117,8 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
 void ZelInspectorProperty::userDidChangeValue(QObject *)
 {
     const ZelPlaceScope scope(this);
+    if (isViewInstalled())
+        updateViewInvocation().schedule(); // a setter may have refused, and then nothing is heard
     if (ZelUndoManager *manager = undoManager())
         manager->setActionName(m_actionName);
     if (m_actionSelector.isNull() || !m_owner)
@@ -160,18 +178,30 @@ QVariant ZelInspectorProperty::combinedValueWithValue(const QVariant &value, con
     return ZelNotEqual(value, previousValue) ? QVariant::fromValue(ZelMultipleValuesMarker) : previousValue;
 }
 
+quint64 ZelInspectorProperty::unsignedValue(const QVariant &value)
+{
+    const int type = value.typeId();
+    if (type != QMetaType::Double && type != QMetaType::Float)
+        return value.toULongLong();
+    const double number = std::trunc(value.toDouble());
+    constexpr double limit = 18446744073709551616.0; // beyond which the conversion is undefined
+    if (!(std::abs(number) < limit))
+        return 0;
+    return number < 0 ? 0 - quint64(-number) : quint64(number);
+}
+
 QVariant ZelInspectorProperty::valueForValueBitMask(const QVariant &value, quint64 bitMask)
 {
     if (ZelIsNull(value))
         return {};
-    return ZelIsControllerMarker(value) ? value : QVariant(value.toULongLong() & bitMask);
+    return ZelIsControllerMarker(value) ? value : QVariant(unsignedValue(value) & bitMask);
 }
 
 QVariant ZelInspectorProperty::valueForValueBits(const QVariant &value, quint64 bits)
 {
     if (ZelIsNull(value))
         return {};
-    return ZelIsControllerMarker(value) ? value : QVariant((value.toULongLong() & bits) != 0 ? 1 : 0);
+    return ZelIsControllerMarker(value) ? value : QVariant((unsignedValue(value) & bits) != 0 ? 1 : 0);
 }
 
 QVariant ZelInspectorProperty::combinedReflectedValue(const ValueBlock &map) const

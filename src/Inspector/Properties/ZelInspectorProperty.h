@@ -23,10 +23,17 @@ class ZelInspectorProperty : public ZelViewController
     Q_PROPERTY(QObject *owner READ owner CONSTANT)
     Q_PROPERTY(QString titleKeyPath READ titleKeyPath WRITE setTitleKeyPath NOTIFY titleKeyPathChanged)
     Q_PROPERTY(QString keyPath READ keyPath WRITE setKeyPath NOTIFY keyPathChanged)
+    Q_PROPERTY(ZelValueTransformerPtr valueTransformer READ valueTransformer WRITE setValueTransformer)
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
     Q_PROPERTY(QString enabledKeyPath READ enabledKeyPath WRITE setEnabledKeyPath NOTIFY enabledKeyPathChanged)
+    Q_PROPERTY(
+        ZelValueTransformerPtr enabledValueTransformer READ enabledValueTransformer WRITE setEnabledValueTransformer)
     Q_PROPERTY(ZelSelector actionSelector READ actionSelector WRITE setActionSelector NOTIFY actionSelectorChanged)
     Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly NOTIFY readOnlyChanged)
+    Q_PROPERTY(QWidget *viewForBaselineAlignment READ viewForBaselineAlignment STORED false)
+    Q_PROPERTY(double baselineOffsetFromView READ baselineOffsetFromView STORED false)
+    Q_PROPERTY(bool updatingValues READ isUpdatingValues STORED false)
 public:
     /// The owner is required: a missing one is an assertion.
     explicit ZelInspectorProperty(QObject *owner);
@@ -61,6 +68,14 @@ public:
     const QString &actionName() const { return m_actionName; }
     void setActionName(const QString &name);
 
+    /// Whether users may only look, even where the value could be written; false. Editors inside of another one are
+    /// told so by that one.
+    bool isReadOnly() const { return m_readOnly; }
+    void setReadOnly(bool readOnly);
+    /// Whether users may change the value: unless the editor is read-only or the property is, in the class of any
+    /// selected object. Editors show what cannot be written without a means to change it.
+    bool isWritable() const;
+
     ZelView *mainView() { return view(); }
 
     // Access to the value
@@ -69,7 +84,8 @@ public:
     /// Writes the value, transformed forward, at the key path, recorded for undo. Editors whose transformer is not its
     /// own inverse use updateReflectedValues.
     void setReflectedValue(const QVariant &value);
-    /// Names the undo step and sends the action. Editors call it after they have written what the user changed.
+    /// Names the undo step and sends the action, and shows what the model made of the value. Editors call it after they
+    /// have written what the user changed.
     virtual void userDidChangeValue(QObject *sender);
 
     // Key paths through a selection controller, split at the last ".selection."
@@ -83,6 +99,8 @@ public:
     using ValueBlock = std::function<QVariant(const QVariant &)>;
     /// Folds one more value into a running result that starts as ZelNoSelectionMarker.
     static QVariant combinedValueWithValue(const QVariant &value, const QVariant &previousValue);
+    /// The value as an unsigned integer, its fraction cut off; negative numbers wrap.
+    static quint64 unsignedValue(const QVariant &value);
     /// The bits of the value inside the mask; absent for no value, markers as they are.
     static QVariant valueForValueBitMask(const QVariant &value, quint64 bitMask);
     /// 1 where any of the bits is set in the value, else 0; absent for no value, markers as they are.
@@ -106,6 +124,8 @@ public:
     /// Whether the editor may share a row with the other one: those of the very same class.
     virtual bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const;
 
+    /// Whether the editor is writing at this moment, and shows no changes of the model.
+    bool isUpdatingValues() const { return m_updatingValues > 0; }
     /// Shows the model's present state.
     virtual void updateView() {}
 
@@ -119,6 +139,7 @@ Q_SIGNALS:
     void enabledKeyPathChanged();
     void actionSelectorChanged();
     void actionNameChanged();
+    void readOnlyChanged();
 
 protected:
     /// Guards the editor's own writes: updateView does nothing meanwhile.
@@ -140,7 +161,6 @@ protected:
     private:
         QPointer<ZelInspectorProperty> m_property;
     };
-    bool isUpdatingValues() const { return m_updatingValues > 0; }
 
     /// Whether the control is one of the editor's, wherever it is shown: in the view, by default.
     virtual bool contains(const QWidget *control) const;
@@ -176,4 +196,5 @@ private:
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
     int m_updatingValues = 0;
     bool m_enabled = true;
+    bool m_readOnly = false;
 };

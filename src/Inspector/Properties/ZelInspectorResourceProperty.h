@@ -10,6 +10,10 @@
 class ZelInspectorResourceProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(QString resourcesKeyPath MEMBER resourcesKeyPath)
+    Q_PROPERTY(ZelComboBox *comboBox MEMBER m_comboBox)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorResourceProperty(QObject *owner);
     ~ZelInspectorResourceProperty() override;

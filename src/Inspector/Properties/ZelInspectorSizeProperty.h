@@ -3,10 +3,16 @@
 
 #include "Inspector/Properties/ZelInspectorPairProperty.h"
 
-/// Edits a size (QSizeF, or QSize): width and height.
+/// Edits a size (QSizeF, or QSize), or a point as its pair: width and height.
 class ZelInspectorSizeProperty : public ZelInspectorPairProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString widthTitle MEMBER widthTitle)
+    Q_PROPERTY(QString widthTitleKeyPath MEMBER widthTitleKeyPath)
+    Q_PROPERTY(QString heightTitle MEMBER heightTitle)
+    Q_PROPERTY(QString heightTitleKeyPath MEMBER heightTitleKeyPath)
+    Q_PROPERTY(ZelInspectorNumberProperty *widthProperty READ widthProperty STORED false)
+    Q_PROPERTY(ZelInspectorNumberProperty *heightProperty READ heightProperty STORED false)
     Q_PROPERTY(QVariant width READ width WRITE setWidth NOTIFY firstChanged)
     Q_PROPERTY(QVariant height READ height WRITE setHeight NOTIFY secondChanged)
 public:

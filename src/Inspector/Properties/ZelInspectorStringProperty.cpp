@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Controls/ZelControlSupport.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 
@@ -27,7 +28,6 @@ void ZelInspectorStringProperty::loadView()
     m_textField = new ZelGrowingTextField(container);
     ZelEditorLayout::setName(m_textField, title());
     m_textField->setLabelStyle(!editable);
-    m_textField->setNullPlaceholder(placeholder);
     ZelEditorLayout::setStretches(m_textField, 1);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     ZelEditorLayout::layOut(container, m_textField, m_label);
@@ -55,20 +55,21 @@ void ZelInspectorStringProperty::updateView()
     if (!m_textField)
         return;
     const QVariant value = reflectedValue();
-    m_textField->setEditable(editable && !ZelIsControllerMarker(value));
-    m_textField->setObjectValue(value);
+    const bool isMarker = ZelIsControllerMarker(value);
+    m_textField->setEditable(editable && !isMarker && isWritable());
+    m_textField->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
+    m_textField->setObjectValue(isMarker ? QVariant() : value);
 }
 
 void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
 {
-    QVariant value = m_textField->objectValue();
-    if (ZelIsControllerMarker(value))
+    const QVariant former = reflectedValue();
+    if (ZelIsControllerMarker(former))
         return;
-    if (!allowsNilValues && ZelIsNull(value))
-        value = QStringLiteral("");
-    else if (allowsNilValues && value.typeId() == QMetaType::QString && value.toString().isEmpty())
-        value = QVariant();
-    if (ZelEqual(value, reflectedValue()))
+    QVariant value = m_textField->objectValue();
+    if (ZelIsNull(value) || (value.typeId() == QMetaType::QString && value.toString().isEmpty()))
+        value = allowsNilValues ? QVariant() : QVariant(QStringLiteral(""));
+    if (ZelEqual(value, former))
         return;
     const QPointer<ZelInspectorStringProperty> alive(this);
     setReflectedValue(value);

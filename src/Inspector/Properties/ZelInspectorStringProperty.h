@@ -5,10 +5,16 @@
 #include "Platform/Controls/ZelGrowingTextField.h"
 #include "Platform/Controls/ZelLabel.h"
 
-/// Edits a text with a field that grows with its content.
+/// Edits a text with a field that grows with its content. Several texts, and no selection, are shown as the field's
+/// placeholder; the field has no value then.
 class ZelInspectorStringProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(bool allowsNilValues MEMBER allowsNilValues)
+    Q_PROPERTY(bool editable MEMBER editable)
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(ZelGrowingTextField *textField MEMBER m_textField)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorStringProperty(QObject *owner);
     ~ZelInspectorStringProperty() override;

@@ -6,7 +6,6 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
@@ -60,14 +59,20 @@ void ZelInspectorTextEnumerationProperty::viewWillUninstall()
     ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
-ZelMenuItem *ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
+ZelMenuItem *ZelInspectorTextEnumerationProperty::menuItemWithTitle(const QString &title, const QIcon &image,
+                                                                    const QVariant &representedObject, bool hidden,
+                                                                    bool enabled)
 {
-    auto *item =
-        new ZelMenuItem(choice.title.isNull() ? QStringLiteral("") : choice.title, choice.image, choice.value, this);
-    item->setHidden(choice.hidden);
-    item->setEnabled(choice.enabled);
-    m_options.append(item);
+    auto *item = new ZelMenuItem(title.isNull() ? QStringLiteral("") : title, image, representedObject, this);
+    item->setHidden(hidden);
+    item->setEnabled(enabled);
     return item;
+}
+
+void ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
+{
+    m_options.append(menuItemWithTitle(choice.title, choice.image, choice.value, choice.hidden, choice.enabled));
+    m_items.append(m_options.last());
 }
 
 /// The tail of the menu survives rebuilds; what of it is shown follows the value.
@@ -93,7 +98,7 @@ void ZelInspectorTextEnumerationProperty::rebuildView()
     m_items.clear();
     const QList<Choice> own = ownChoices();
     for (const Choice &choice : own)
-        m_items.append(addItem(choice));
+        addItem(choice);
     for (const ZelOptionGroup *group : optionGroups()) {
         if (!m_items.isEmpty()) {
             m_options.append(ZelMenuItem::separatorItem(this));
@@ -101,7 +106,7 @@ void ZelInspectorTextEnumerationProperty::rebuildView()
         }
         const QList<Choice> choices = choicesOfGroup(group);
         for (const Choice &choice : choices)
-            m_items.append(addItem(choice));
+            addItem(choice);
     }
     addFixedItems();
     if (m_popUpButton)
@@ -143,7 +148,7 @@ void ZelInspectorTextEnumerationProperty::updateView()
     ZelMenuItem *item = isMultiple ? m_multipleValuesItem : isNone ? nullptr : menuItemForValue(value);
     showItem(item ? item : m_noSelectionItem);
     if (m_popUpButton)
-        m_popUpButton->setEnabled(!isNone && isEffectivelyEnabled());
+        m_popUpButton->setEnabled(!isNone && isWritable() && isEffectivelyEnabled());
 }
 
 void ZelInspectorTextEnumerationProperty::userDidChangeValue(QObject *sender)
@@ -151,10 +156,7 @@ void ZelInspectorTextEnumerationProperty::userDidChangeValue(QObject *sender)
     const auto *item = qobject_cast<ZelMenuItem *>(m_popUpButton ? m_popUpButton->selectedItem() : nullptr);
     if (!item || !m_options.contains(const_cast<ZelMenuItem *>(item)))
         return;
-    const QPointer<ZelInspectorTextEnumerationProperty> alive(this);
     writeChoice(item->representedObject(), sender);
-    if (alive && isViewInstalled())
-        updateViewInvocation().schedule();
 }
 
 QWidget *ZelInspectorTextEnumerationProperty::viewForBaselineAlignment()

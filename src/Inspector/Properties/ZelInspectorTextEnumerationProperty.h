@@ -3,15 +3,22 @@
 
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 #include "Platform/Controls/ZelLabel.h"
+#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Controls/ZelPopUpButton.h"
 #include "Platform/Controls/ZelTextField.h"
-
-class ZelMenuItem;
 
 /// Chooses one of a list of titles with a pop-up button, or shows the chosen title as text.
 class ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProperty
 {
     Q_OBJECT
+    Q_PROPERTY(ZelPopUpButton *popUpButton MEMBER m_popUpButton)
+    Q_PROPERTY(ZelTextField *textField MEMBER m_textField)
+    Q_PROPERTY(ZelLabel *label MEMBER m_label)
+    /// All items in their order: the options, then the separator and the two items for no and for multiple values.
+    Q_PROPERTY(QList<ZelMenuItem *> menu READ menuItems STORED false)
+    Q_PROPERTY(ZelMenuItem *separatorMenuItem MEMBER m_separatorItem)
+    Q_PROPERTY(ZelMenuItem *noSelectionMenuItem MEMBER m_noSelectionItem)
+    Q_PROPERTY(ZelMenuItem *multipleValuesMenuItem MEMBER m_multipleValuesItem)
 public:
     explicit ZelInspectorTextEnumerationProperty(QObject *owner);
     ~ZelInspectorTextEnumerationProperty() override;
@@ -20,11 +27,13 @@ public:
     ZelPopUpButton *popUpButton() const { return m_popUpButton; }
     ZelTextField *textField() const { return m_textField; }
     ZelLabel *label() const { return m_label; }
-    /// All items in their order: the options, then the separator and the two items for no and for multiple values.
     const QList<ZelMenuItem *> &menuItems() const { return m_items; }
     ZelMenuItem *separatorMenuItem() const { return m_separatorItem; }
     ZelMenuItem *noSelectionMenuItem() const { return m_noSelectionItem; }
     ZelMenuItem *multipleValuesMenuItem() const { return m_multipleValuesItem; }
+    /// A new item of the menu, which the editor owns; a null title counts as an empty one.
+    ZelMenuItem *menuItemWithTitle(const QString &title, const QIcon &image, const QVariant &representedObject,
+                                   bool hidden, bool enabled);
     /// The first option that stands for the value; null if there is none.
     ZelMenuItem *menuItemForValue(const QVariant &value) const;
 
@@ -37,7 +46,7 @@ public:
     QWidget *viewForBaselineAlignment() override;
 
 private:
-    ZelMenuItem *addItem(const Choice &choice);
+    void addItem(const Choice &choice);
     void addFixedItems();
     void showItem(ZelMenuItem *item);
 

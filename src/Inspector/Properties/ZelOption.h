@@ -11,10 +11,14 @@ class ZelOption : public QObject
     Q_OBJECT
     Q_PROPERTY(bool hidden MEMBER hidden)
     Q_PROPERTY(bool enabled MEMBER enabled)
+    Q_PROPERTY(QIcon image READ imageIcon WRITE setImage)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QVariant value MEMBER value)
 public:
     using QObject::QObject;
+
+    const QIcon &imageIcon() const { return image; }
+    void setImage(const QIcon &icon) { image = icon; }
 
     bool hidden = false; ///< its menu item is hidden; segments are never hidden
     bool enabled = true;

@@ -13,6 +13,7 @@ class ZelOptionGroup : public QObject
     Q_OBJECT
     Q_PROPERTY(QString enumeratedDisplayValuesKeyPath MEMBER enumeratedDisplayValuesKeyPath)
     Q_PROPERTY(QString enumeratedValuesKeyPath MEMBER enumeratedValuesKeyPath)
+    Q_PROPERTY(QList<ZelOption *> options READ options WRITE setOptions)
 public:
     using QObject::QObject;
 

@@ -55,6 +55,11 @@ void ZelOriginSelectionView::setDelegate(ZelOriginSelectionViewDelegate *delegat
     m_delegateIsObject = m_delegateObject;
 }
 
+void ZelOriginSelectionView::setDelegateObject(QObject *delegate)
+{
+    setDelegate(dynamic_cast<ZelOriginSelectionViewDelegate *>(delegate));
+}
+
 // The picture
 
 QString ZelOriginSelectionView::imageNameForAnchor(ZelRectAnchor anchor)

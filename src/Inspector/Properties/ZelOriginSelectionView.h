@@ -25,6 +25,8 @@ class ZelOriginSelectionView : public ZelView, public ZelCellGroup
     Q_INTERFACES(ZelCellGroup)
     /// Top left by default.
     Q_PROPERTY(quint64 anchor READ anchor WRITE setAnchorNumber NOTIFY anchorChanged)
+    Q_PROPERTY(QObject *delegate READ delegateObject WRITE setDelegateObject STORED false)
+    Q_PROPERTY(QIcon image READ image STORED false)
 public:
     explicit ZelOriginSelectionView(QWidget *parent = nullptr);
     ~ZelOriginSelectionView() override;
@@ -37,6 +39,10 @@ public:
     /// Not owned. A delegate that is a QObject may die before the view.
     ZelOriginSelectionViewDelegate *delegate() const;
     void setDelegate(ZelOriginSelectionViewDelegate *delegate);
+
+    /// The same where it is a QObject; another object than a delegate stands for none.
+    QObject *delegateObject() const { return m_delegateObject; }
+    void setDelegateObject(QObject *delegate);
 
     /// The picture of the anchor.
     const QIcon &image() const { return m_image; }

@@ -70,7 +70,9 @@ void assign(QRect &rect, const Numbers &numbers)
 template<typename Type, typename OfDoubles> ZelGeometryType entry()
 {
     return {
-        QMetaType::fromType<Type>(), QMetaType::fromType<OfDoubles>(),
+        QMetaType::fromType<Type>(),
+        QMetaType::fromType<OfDoubles>(),
+        std::is_same_v<OfDoubles, QRectF> ? 4 : 2,
         [](const void *value, Numbers &numbers) { numbers = numbersOf(OfDoubles(*static_cast<const Type *>(value))); },
         [](const Numbers &numbers, void *value) { assign(*static_cast<Type *>(value), numbers); },
         [](const void *a, const void *b) { return *static_cast<const Type *>(a) == *static_cast<const Type *>(b); }};

@@ -13,6 +13,7 @@ struct ZelGeometryType
 
     QMetaType type;
     QMetaType ofDoubles; ///< the type of the same kind that takes any numbers
+    int count;           ///< of its numbers
     void (*load)(const void *value, Numbers &numbers);
     /// Rounds for a type of integers as Qt's conversions do; numbers beyond 2^30 become that, and NaN becomes 0.
     void (*store)(const Numbers &numbers, void *value);

@@ -191,6 +191,31 @@ private Q_SLOTS:
         window.select({0, 1});
         QCOMPARE(control->selectedIndex(), QVariant(2));
         QVERIFY_EXCEPTION_THROWN(property->segmentForValue(77), ZelInternalInconsistencyException);
+        QCOMPARE(property->representedObjects(), QVariantList({0, 4, 8}));
+        QCOMPARE(property->titles().value(2), QVariant(QStringLiteral("eight")));
+        QVERIFY(ZelIsNull(property->images().value(0)));
+    }
+
+    void segmentsShowWhatTheModelMakesOfAChoice()
+    {
+        class Stubborn : public Person
+        {
+        public:
+            Stubborn()
+            {
+                connect(this, &Person::flagsChanged, this, [this] { setFlags(4); });
+            }
+        };
+        EditorWindow window;
+        Stubborn stubborn;
+        stubborn.setFlags(4);
+        auto *property = window.install(flagsEditor<ZelInspectorImageEnumerationProperty>(window));
+        ZelSegmentedControl *control = property->segmentedControl();
+        window.owner->controller.setSelectedObjects({&stubborn});
+        QCoreApplication::processEvents();
+        QCOMPARE(control->selectedIndex(), QVariant(1));
+        QTest::mouseClick(control, Qt::LeftButton, {}, control->segmentRect(2).center());
+        QTRY_COMPARE(control->selectedIndex(), QVariant(1));
     }
 };
 

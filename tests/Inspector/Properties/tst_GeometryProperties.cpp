@@ -217,6 +217,8 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("x");
         QTest::addColumn<QVariant>("edited");
         QTest::newRow("integers") << QVariant(QPoint(1, 2)) << QVariant(1.0) << QVariant(QPoint(3, 2));
+        QTest::newRow("a size") << QVariant(QSizeF(1, 2)) << QVariant(1.0) << QVariant(QSizeF(3, 2));
+        QTest::newRow("a size of integers") << QVariant(QSize(1, 2)) << QVariant(1.0) << QVariant(QSize(3, 2));
         QTest::newRow("none") << QVariant() << QVariant() << QVariant(QPointF(3, 0));
         QTest::newRow("text") << QVariant(QStringLiteral("1,2")) << QVariant() << QVariant(QPointF(3, 0));
     }
@@ -231,6 +233,31 @@ private Q_SLOTS:
         QCOMPARE(editor->nonNil(), QVariant(editor->x().isValid() ? 1 : 0));
         type(editor->xProperty(), QStringLiteral("3"));
         QTEST(window.first.any, "edited");
+    }
+
+    void aComponentIsComparedWithTheModelAsItIs()
+    {
+        Window window;
+        window.first.place = {1, 2};
+        auto *editor = window.edit<ZelInspectorPointProperty>("place");
+        window.select({&window.first});
+        window.first.setProperty("place", QPointF(7, 2));
+        editor->setX(1); // what it was before, in the same turn
+        QCOMPARE(window.first.place, QPointF(1, 2));
+    }
+
+    void aValueThatIsNoneLeavesTheCheckboxOff()
+    {
+        Window window;
+        window.owner->extra = QVariant();
+        auto *editor = window.edit<ZelInspectorPointProperty>("any", [](ZelInspectorPointProperty *made) {
+            made->setKeyPath(QStringLiteral("extra"));
+            made->nonNilValueKeyPath = QStringLiteral("people.selection.note");
+        });
+        ZelCheckBox *box = editor->nonNilProperty()->checkbox();
+        QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
+        QCoreApplication::processEvents();
+        QCOMPARE(box->checkState(), Qt::Unchecked);
     }
 
     void theCheckboxWritesAValueOrNone()

@@ -100,6 +100,8 @@ void tst_ZelInspectorArrayProperty::showsNoneOneManyEqualAndDifferent()
     QCOMPARE(rows(editor), list({"a", "b"}));
     window.select({0, 1, 2});
     QCOMPARE(rows(editor), QStringList());
+    QCOMPARE(editor->tableView()->accessibleDescription(), QStringLiteral("Multiple Values"));
+    QVERIFY(!editor->addActionItem()->isEnabled());
     editor->addObject(nullptr);
     editor->removeObject(nullptr);
     editor->setObjectValueForRow(QStringLiteral("x"), 0);
@@ -146,10 +148,14 @@ void tst_ZelInspectorArrayProperty::rowsAreAdded()
     QCOMPARE(editor->tableView()->currentIndex().row(), 1);
     QCOMPARE(window.undo.stack()->undoText(), QStringLiteral("List"));
     QCOMPARE(window.owner->actions, 1);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("mine")); // over the default value
+    click(editor, 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(window.people[0]->tags, list({"a", "mine", "Item"}));
     editor->defaultValue = QStringLiteral("more");
     editor->addObject(nullptr);
     editor->addObject(nullptr); // before the model's change was shown
-    QCOMPARE(window.people[0]->tags, list({"a", "Item", "more", "more"}));
+    QCOMPARE(window.people[0]->tags, list({"a", "mine", "Item", "more", "more"}));
 }
 
 void tst_ZelInspectorArrayProperty::rowsAreRemoved()

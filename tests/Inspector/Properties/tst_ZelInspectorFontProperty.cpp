@@ -110,6 +110,8 @@ void tst_ZelInspectorFontProperty::describesTheFont_data()
     face.setItalic(true);
     face.setPointSizeF(11.6);
     QTest::newRow("size is rounded") << face << QStringLiteral("DejaVu Sans Bold Oblique 12");
+    face.setPointSizeF(12.5);
+    QTest::newRow("a half is rounded to even") << face << QStringLiteral("DejaVu Sans Bold Oblique 12");
     face.setPixelSize(20);
     QTest::newRow("size in pixels") << face << QStringLiteral("DejaVu Sans Bold Oblique 20");
     face.setStyleName(QStringLiteral("ExtraLight"));

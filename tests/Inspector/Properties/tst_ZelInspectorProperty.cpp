@@ -76,6 +76,9 @@ private Q_SLOTS:
         QCOMPARE(ZelInspectorProperty::valueForValueBits(6, 2), QVariant(1));
         QCOMPARE(ZelInspectorProperty::valueForValueBits(5, 2), QVariant(0));
         QCOMPARE(ZelInspectorProperty::valueForValueBitMask(0x1F, 0x0C), QVariant(0x0CULL));
+        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(5.7, 0x0F), QVariant(5ULL)); // a fraction is cut off
+        QCOMPARE(ZelInspectorProperty::valueForValueBits(1.9F, 2), QVariant(0));
+        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(-1.5, 0x0F), QVariant(0x0FULL));
     }
 
     void eachObjectKeepsItsOwnValueOutsideTheEditedPart()
