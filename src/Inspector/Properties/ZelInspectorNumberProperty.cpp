@@ -66,6 +66,9 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     m_textField = new ZelTextField(container);
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
+    m_textField->setValueCheck([editor = QPointer<ZelInspectorNumberProperty>(this)](const QVariant &value) {
+        return editor ? editor->refusalOfShown(value) : QString();
+    });
     ZelEditorLayout::setName(m_textField, title());
     ZelEditorLayout::setStretches(m_textField, 1);
     connect(m_textField, &ZelTextField::action, this, [this] { userDidChangeValue(m_textField); });

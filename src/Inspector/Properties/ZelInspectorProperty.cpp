@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
+#include "Inspector/Properties/ZelValueRefusal.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
@@ -98,6 +99,17 @@ void ZelInspectorProperty::setReadOnly(bool readOnly)
 bool ZelInspectorProperty::isWritable() const
 {
     return !m_readOnly && ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).isWritable();
+}
+
+QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
+{
+    return ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, m_valueTransformer);
+}
+
+QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
+{
+    const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
+    return refusalOf(isReversible ? m_valueTransformer->reverseTransformedValue(value) : value);
 }
 
 QVariant ZelInspectorProperty::reflectedValue() const

@@ -162,6 +162,10 @@ protected:
         QPointer<ZelInspectorProperty> m_property;
     };
 
+    /// Why the model's property would not take the value, as a text for people; null where it would.
+    QString refusalOf(const QVariant &modelValue) const;
+    /// The same of a value as a control bound with the transformer has it.
+    QString refusalOfShown(const QVariant &value) const;
     /// Whether the control is one of the editor's, wherever it is shown: in the view, by default.
     virtual bool contains(const QWidget *control) const;
 

@@ -25,6 +25,10 @@ void ZelInspectorResourceProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_comboBox = new ZelComboBox(container);
+    m_comboBox->textField()->setValueCheck(
+        [editor = QPointer<ZelInspectorResourceProperty>(this)](const QVariant &value) {
+            return editor ? editor->refusalOfShown(value) : QString();
+        });
     ZelEditorLayout::setName(m_comboBox, title());
     ZelEditorLayout::setStretches(m_comboBox, 100);
     m_label = ZelEditorLayout::addTitleLabel(container, title());

@@ -26,6 +26,13 @@ void ZelInspectorStringProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_textField = new ZelGrowingTextField(container);
+    m_textField->setValueCheck([editor = QPointer<ZelInspectorStringProperty>(this)](const QVariant &value) {
+        if (!editor)
+            return QString();
+        const ZelValueTransformerPtr &transformer = editor->valueTransformer();
+        const QVariant text = editor->entered(value);
+        return editor->refusalOf(transformer ? transformer->transformedValue(text) : text);
+    });
     ZelEditorLayout::setName(m_textField, title());
     m_textField->setLabelStyle(!editable);
     ZelEditorLayout::setStretches(m_textField, 1);
@@ -61,14 +68,20 @@ void ZelInspectorStringProperty::updateView()
     m_textField->setObjectValue(isMarker ? QVariant() : value);
 }
 
+/// What the value of the field means: no text is none or the empty one.
+QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
+{
+    if (ZelIsNull(fieldValue) || (fieldValue.typeId() == QMetaType::QString && fieldValue.toString().isEmpty()))
+        return allowsNilValues ? QVariant() : QVariant(QStringLiteral(""));
+    return fieldValue;
+}
+
 void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant former = reflectedValue();
     if (ZelIsControllerMarker(former))
         return;
-    QVariant value = m_textField->objectValue();
-    if (ZelIsNull(value) || (value.typeId() == QMetaType::QString && value.toString().isEmpty()))
-        value = allowsNilValues ? QVariant() : QVariant(QStringLiteral(""));
+    const QVariant value = entered(m_textField->objectValue());
     if (ZelEqual(value, former))
         return;
     const QPointer<ZelInspectorStringProperty> alive(this);

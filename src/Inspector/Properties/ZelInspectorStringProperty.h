@@ -33,6 +33,8 @@ public:
     QWidget *viewForBaselineAlignment() override;
 
 private:
+    QVariant entered(const QVariant &fieldValue) const;
+
     QPointer<ZelGrowingTextField> m_textField;
     QPointer<ZelLabel> m_label;
 };

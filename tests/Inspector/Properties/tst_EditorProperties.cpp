@@ -20,6 +20,8 @@
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QMetaProperty>
+#include <QTime>
+#include <QUrl>
 
 namespace {
 
@@ -35,7 +37,17 @@ class Open : public QObject
     Q_PROPERTY(QStringList list MEMBER list NOTIFY changed)
     Q_PROPERTY(QRectF frame MEMBER frame NOTIFY changed)
     Q_PROPERTY(QPointF place MEMBER place NOTIFY changed)
+    Q_PROPERTY(uchar byte MEMBER byte NOTIFY changed)
+    Q_PROPERTY(QUrl address MEMBER address NOTIFY changed)
+    Q_PROPERTY(QTime time MEMBER time NOTIFY changed)
+    Q_PROPERTY(Kind kind MEMBER kind NOTIFY changed)
 public:
+    enum Kind { Round, Square };
+    Q_ENUM(Kind)
+    uchar byte = 7;
+    QUrl address{QStringLiteral("http://a.example")};
+    QTime time{12, 30};
+    Kind kind = Square;
     int number = 1;
     QString text = QStringLiteral("text");
     QDate day{2024, 5, 6};
@@ -171,6 +183,9 @@ private Q_SLOTS:
     void areReadSetAndObservedByKey();
     void whatCannotBeWrittenIsOnlyShown_data();
     void whatCannotBeWrittenIsOnlyShown();
+    void whatThePropertyDoesNotTakeIsRefused_data();
+    void whatThePropertyDoesNotTakeIsRefused();
+    void stepsStopAtWhatThePropertyTakes();
 };
 
 void tst_EditorProperties::areReadSetAndObservedByKey_data()
@@ -304,6 +319,72 @@ void tst_EditorProperties::whatCannotBeWrittenIsOnlyShown()
     select({&open});
     QCOMPARE(controlsTakingInput(editor), controls);
     QCOMPARE(hasVisibleStepper(editor), hasStepper);
+}
+
+void tst_EditorProperties::whatThePropertyDoesNotTakeIsRefused_data()
+{
+    QTest::addColumn<Make>("make");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char *name, Make make, const char *key, const char *text, const char *reason) {
+        QTest::newRow(name) << make << QString::fromLatin1(key) << QString::fromLatin1(text)
+                            << QString::fromLatin1(reason);
+    };
+    row("too large", &make<ZelInspectorNumberProperty>, "byte", "300", "The number must be between 0 and 255.");
+    row("below zero", &make<ZelInspectorNumberProperty>, "byte", "-5", "The number must be between 0 and 255.");
+    row("large enough", &make<ZelInspectorNumberProperty>, "byte", "255", "");
+    row("no address", &make<ZelInspectorStringProperty>, "address", "http://[bad", "This is not an address.");
+    row("an address", &make<ZelInspectorStringProperty>, "address", "http://b.example", "");
+    row("no time", &make<ZelInspectorStringProperty>, "time", "soon", "This is not a time.");
+    row("no key", &make<ZelInspectorStringProperty>, "kind", "Oval", "This must be one of Round, Square.");
+    row("a key", &make<ZelInspectorStringProperty>, "kind", "Round", "");
+    row("no number", &make<ZelInspectorStringProperty>, "number", "many", "This is not a number.");
+    row("no resource", &make<ZelInspectorResourceProperty>, "address", "http://[bad", "This is not an address.");
+}
+
+void tst_EditorProperties::whatThePropertyDoesNotTakeIsRefused()
+{
+    QFETCH(Make, make);
+    QFETCH(QString, key);
+    QFETCH(QString, text);
+    QFETCH(QString, reason);
+    Open open;
+    EditorWindow window(0);
+    std::unique_ptr<ZelInspectorProperty> made = make(window.owner.get());
+    made->setKeyPath(QStringLiteral("people.selection.") + key);
+    ZelInspectorProperty *editor = window.install(std::move(made));
+    window.owner->controller.setSelectedObjects({&open});
+    QCoreApplication::processEvents();
+    const QVariant before = open.property(key.toLatin1());
+    auto *growing = editor->view()->findChild<ZelGrowingTextField *>();
+    auto *field = editor->view()->findChild<ZelTextField *>();
+    (growing ? static_cast<QWidget *>(growing) : field)->setFocus();
+    QWidget *focused = QApplication::focusWidget();
+    QTest::keyClick(focused, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(focused, text);
+    QTest::keyClick(focused, Qt::Key_Return);
+    QCOMPARE(growing ? growing->errorText() : field->errorText(), reason);
+    QCOMPARE(growing ? growing->text() : field->text(), text);
+    QCOMPARE(open.property(key.toLatin1()) == before, !reason.isEmpty());
+    QCOMPARE(window.undo.stack()->count(), reason.isEmpty() ? 1 : 0);
+}
+
+void tst_EditorProperties::stepsStopAtWhatThePropertyTakes()
+{
+    Open open;
+    open.byte = 254;
+    EditorWindow window(0);
+    auto made = std::make_unique<ZelInspectorNumberProperty>(window.owner.get());
+    made->setKeyPath(QStringLiteral("people.selection.byte"));
+    made->increment = 10;
+    const auto *editor = window.install(std::move(made));
+    window.owner->controller.setSelectedObjects({&open});
+    editor->stepper()->stepBy(1);
+    QCOMPARE(open.byte, uchar(255));
+    editor->stepper()->stepBy(-26);
+    QCOMPARE(open.byte, uchar(0));
+    QCOMPARE(editor->textField()->text(), QStringLiteral("0"));
 }
 
 QTEST_MAIN(tst_EditorProperties)
