@@ -34,6 +34,12 @@ void hearMessage(QtMsgType type, const QMessageLogContext &, const QString &mess
         Progress::shared().find("logged: " + message.toUtf8());
 }
 
+/// What is thrown while a widget is put into another one reaches whoever does that, as with any call.
+bool isPartOfCall(int type)
+{
+    return type == QEvent::ParentChange || type == QEvent::ChildAdded || type == QEvent::Show;
+}
+
 int g_argumentCount = 1;
 char g_name[] = "storm";
 char *g_arguments[] = {g_name, nullptr};
@@ -66,6 +72,8 @@ public:
         try {
             return QApplication::notify(receiver, event);
         } catch (...) {
+            if (isPartOfCall(type))
+                throw;
             Progress::shared().find("left the handler of event " + QByteArray::number(type) + " of " + name + ": " +
                                     messageOf(std::current_exception()));
             return true;

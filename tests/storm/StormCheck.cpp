@@ -198,7 +198,7 @@ void Storm::checkEditors()
     if (Fault::thrown != m_thrown) { // an editor whose own value could not be read catches up with the next selection
         m_thrown = Fault::thrown;
         const QList<QObject *> selected = sheets()->selectedObjects();
-        sheets()->setSelectedObjects({});
+        sheets()->setSelectedObjects(selected.isEmpty() ? living().mid(0, 1) : QList<QObject *>());
         settle();
         sheets()->setSelectedObjects(selected);
         settle();
