@@ -16,6 +16,9 @@
 #include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Progress.h"
+#include "ViewController/ZelView.h"
+
+#include <QLayout>
 
 namespace {
 
@@ -195,14 +198,7 @@ void Storm::checkEditors()
 {
     if (!m_owner || !m_inspector || !m_inspector->isViewInstalled() || Fault::armed)
         return;
-    if (Fault::thrown != m_thrown) { // an editor whose own value could not be read catches up with the next selection
-        m_thrown = Fault::thrown;
-        const QList<QObject *> selected = sheets()->selectedObjects();
-        sheets()->setSelectedObjects(selected.isEmpty() ? living().mid(0, 1) : QList<QObject *>());
-        settle();
-        sheets()->setSelectedObjects(selected);
-        settle();
-    }
+    const bool hasThrown = std::exchange(m_thrown, Fault::thrown) != Fault::thrown;
     const QString prefix = QStringLiteral("sheets.selection.");
     const QList<QObject *> selected = sheets()->selectedObjects();
     const auto editors = m_inspector->findChildren<ZelInspectorProperty *>();
@@ -211,7 +207,8 @@ void Storm::checkEditors()
             return editor->metaObject()->inherits(candidate.type);
         });
         if (reader == std::end(g_readers) || !editor->isViewInstalled() || editor->owner() != m_owner.get() ||
-            !editor->keyPath().startsWith(prefix) || m_rekeyed.count(editor) || isBeingEdited(editor))
+            (hasThrown && editor->valueTransformer()) || !editor->keyPath().startsWith(prefix) ||
+            m_rekeyed.count(editor) || isBeingEdited(editor))
             continue;
         const QByteArray key = editor->keyPath().mid(prefix.size()).toLatin1();
         if (key.contains('.'))
@@ -221,9 +218,18 @@ void Storm::checkEditors()
         if (isSame(shown.value, shown.expected))
             continue;
         Progress::shared().setDetail("shows " + textOf(shown.value) + " instead of " + textOf(shown.expected) + " of " +
-                                     QByteArray::number(selected.size()) + " objects");
+                                     QByteArray::number(selected.size()) + " objects" +
+                                     (hasThrown ? ", after a fault" : ""));
         Progress::shared().find(QByteArray(editor->metaObject()->className()) + " of " + key +
                                 " does not show what the objects hold");
         return;
+    }
+    if (hasThrown) { // rows that could not be read, or not be installed, get another chance
+        QWidget *view = m_inspector->view();
+        QLayout *layout = view->parentWidget()->layout();
+        view->setParent(nullptr);
+        layout->addWidget(view);
+        view->show();
+        settle();
     }
 }
