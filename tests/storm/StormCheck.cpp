@@ -61,6 +61,12 @@ bool isValue(const QVariant &value)
     return !ZelIsNull(value) && !ZelIsControllerMarker(value);
 }
 
+/// Editors that are not bound show a marker as a placeholder, and hold no value then.
+QVariant onlyValue(const QVariant &value)
+{
+    return isValue(value) ? value : QVariant();
+}
+
 Shown shownNumber(const ZelInspectorProperty *editor, const Fold &fold)
 {
     const auto *number = qobject_cast<const ZelInspectorNumberProperty *>(editor);
@@ -73,7 +79,8 @@ Shown shownNumber(const ZelInspectorProperty *editor, const Fold &fold)
 
 Shown shownText(const ZelInspectorProperty *editor, const Fold &fold)
 {
-    return {qobject_cast<const ZelInspectorStringProperty *>(editor)->textField()->objectValue(), fold(same)};
+    return {qobject_cast<const ZelInspectorStringProperty *>(editor)->textField()->objectValue(),
+            onlyValue(fold(same))};
 }
 
 Shown shownTruth(const ZelInspectorProperty *editor, const Fold &fold)
@@ -96,7 +103,7 @@ Shown shownColor(const ZelInspectorProperty *editor, const Fold &fold)
 
 Shown shownDate(const ZelInspectorProperty *editor, const Fold &fold)
 {
-    return {qobject_cast<const ZelInspectorDateProperty *>(editor)->datePicker()->objectValue(), fold(same)};
+    return {qobject_cast<const ZelInspectorDateProperty *>(editor)->datePicker()->objectValue(), onlyValue(fold(same))};
 }
 
 Shown shownResource(const ZelInspectorProperty *editor, const Fold &fold)
