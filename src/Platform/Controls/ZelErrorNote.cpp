@@ -48,7 +48,8 @@ ZelErrorNote::ZelErrorNote(QWidget *field)
     attach();
 }
 
-/// Looks anew for what the field lies in.
+/// Looks anew for what the field lies in. A window that is being hidden may be on its way out, and takes no child then:
+/// the field loses the focus, and its text may be refused, while the window is destroyed.
 void ZelErrorNote::attach()
 {
     for (QWidget *widget : std::as_const(m_watched)) {
@@ -56,11 +57,18 @@ void ZelErrorNote::attach()
             widget->removeEventFilter(this);
     }
     m_watched.clear();
-    setParent(m_field->window());
+    joinWindow();
     for (QWidget *widget = m_field; widget; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
         widget->installEventFilter(this);
         m_watched.append(widget);
     }
+}
+
+void ZelErrorNote::joinWindow()
+{
+    QWidget *window = m_field->window();
+    if (window != parentWidget() && !window->isHidden())
+        setParent(window);
 }
 
 bool ZelErrorNote::eventFilter(QObject *watched, QEvent *event)
@@ -70,9 +78,12 @@ bool ZelErrorNote::eventFilter(QObject *watched, QEvent *event)
         if (m_field)
             attach();
         Q_FALLTHROUGH();
+    case QEvent::Show:
+        if (m_field)
+            joinWindow();
+        Q_FALLTHROUGH();
     case QEvent::Move:
     case QEvent::Resize:
-    case QEvent::Show:
     case QEvent::Hide:
         place();
         break;
@@ -84,7 +95,8 @@ bool ZelErrorNote::eventFilter(QObject *watched, QEvent *event)
 
 void ZelErrorNote::place()
 {
-    if (!m_field || !m_field->isVisible() || m_field->visibleRegion().isEmpty()) {
+    if (!m_field || parentWidget() != m_field->window() || !m_field->isVisible() ||
+        m_field->visibleRegion().isEmpty()) {
         hide();
         return;
     }

@@ -23,6 +23,7 @@ protected:
 private:
     explicit ZelErrorNote(QWidget *field);
     void attach();
+    void joinWindow();
     void place();
 
     QPointer<QWidget> m_field;

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void escapeDiscards();
     void textThatIsNoValueStays();
     void checkRefusesValues();
+    void refusesTextOfADyingWindow();
     void valueArrivingWhileTypingIsKeptAside();
     void programmaticChangesAreNotReported();
     void losingEditabilityDiscards();
@@ -226,6 +227,18 @@ void tst_ZelTextField::textThatIsNoValueStays()
     panel.control->setObjectValue(4);
     QCOMPARE(panel.control->text(), QStringLiteral("4 m"));
     QVERIFY(panel.control->errorText().isEmpty());
+}
+
+/// The focus is lost while the window is destroyed: nothing may be put into it any more.
+void tst_ZelTextField::refusesTextOfADyingWindow()
+{
+    auto panel = std::make_unique<Panel>();
+    panel->control->setFormatter(std::make_shared<MetreFormatter>());
+    panel->control->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(panel->control, QStringLiteral("abc"));
+    const QPointer<ZelTextField> field = panel->control;
+    panel.reset();
+    QVERIFY(!field);
 }
 
 void tst_ZelTextField::checkRefusesValues()
