@@ -4,6 +4,7 @@
 #include "Platform/Selection/ZelArrayController.h"
 
 #include <QVariant>
+#include <stdexcept>
 
 /// What an application gives its inspectors as owner.
 class EditorOwner : public QObject
@@ -23,6 +24,7 @@ public:
         Q_EMIT unlockedChanged();
     }
     Q_INVOKABLE void noteAction() { ++actions; }
+    Q_INVOKABLE void failAction() { throw std::runtime_error("action"); }
 
     ZelArrayController controller;
     QVariant extra;

@@ -4,6 +4,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelClassAccessors.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
@@ -259,8 +260,19 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double co
         after.shrink(count);
     }
     const ZelObjectController::ChangeBatch batch(selection.controller, selection.key);
-    ZelRecordedWrite(undoManager())
-        .setValuesForKey(objects, std::move(before), std::move(after), selection.key.first());
+    if (count == 0)
+        return true;
+    QVariant now(type->type);
+    const QPointer<ZelInspectorCompositeProperty> alive(this);
+    const auto refresh = [&](const QObject *object, const void *old, void *replaced) {
+        if (!alive || reader.typeOf(object) != type || !reader.read(object, now.data()) ||
+            type->equal(old, now.constData()))
+            return; // it is as it was read above, unless the setter of another object has changed it
+        type->load(now.constData(), numbers);
+        replaceComponent(numbers, index, component);
+        type->store(numbers, replaced);
+    };
+    ZelRecordedWrite(undoManager()).setValues(objects, std::move(before), std::move(after), selection.key, refresh);
     return true;
 }
 
@@ -276,9 +288,16 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
     if ((manager && manager->isUndoing()) || ZelIsControllerMarker(value))
         return;
     const double number = singlePrecision(value.toDouble());
-    const UpdatingValues updating(this);
-    if (!writeIntoPlainSelection(index, number))
-        updateReflectedValues([=, this](const QVariant &old) { return valueByReplacing(old, index, number); });
+    const QPointer<ZelInspectorCompositeProperty> alive(this);
+    ZelFirstException errors;
+    errors.run([&] {
+        const UpdatingValues updating(this);
+        if (!writeIntoPlainSelection(index, number))
+            updateReflectedValues([=, this](const QVariant &old) { return valueByReplacing(old, index, number); });
+    });
+    if (errors.hasOccurred() && alive)
+        errors.run([this] { updateView(); }); // the component is not what the models have
+    errors.rethrow();
 }
 
 void ZelInspectorCompositeProperty::componentDidChange()

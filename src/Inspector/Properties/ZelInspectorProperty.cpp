@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
+#include "Inspector/Properties/ZelFailedEdits.h"
 #include "Inspector/Properties/ZelValueRefusal.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
@@ -10,6 +11,7 @@
 #include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Runtime/ZelPassiveEdits.h"
 #include "Platform/Runtime/ZelPropertyDomain.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelObjectController.h"
@@ -44,6 +46,7 @@ ZelInspectorProperty::ZelInspectorProperty(QObject *owner)
     : m_owner(owner)
 {
     ZelRequire(owner, "owner");
+    ZelFailedEdits::listen();
 }
 
 ZelInspectorProperty::~ZelInspectorProperty()
@@ -132,7 +135,7 @@ void ZelInspectorProperty::userDidChangeValue(QObject *)
     if (isViewInstalled())
         updateViewInvocation().schedule(); // a setter may have refused, and then nothing is heard
     if (ZelUndoManager *manager = undoManager())
-        manager->setActionName(m_actionName);
+        manager->nameEdit(m_actionName);
     if (m_actionSelector.isNull() || !m_owner)
         return;
     m_actionSelector.perform(m_owner);
@@ -245,25 +248,18 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
     const QList<QObject *> objects =
         isSelection ? representedObjectsForControllerSelectionKeyPath(m_keyPath) : QList<QObject *>{m_owner};
     const ZelKeyPath path = keyPathByStripingControllerSelectionPrefix(m_keyPath);
-    ZelClassAccessors accessors(path);
-    QList<QObject *> changed;
-    QVariantList values;
-    for (QObject *object : objects) {
-        const std::optional<QVariant> stored = isSelection ? accessors.read(object) : ZelValueForKeyPath(object, path);
-        if (!stored)
-            continue;
-        const QVariant old = transformed(m_valueTransformer, *stored);
-        const QVariant value = block(old);
-        if (ZelEqual(value, old))
-            continue;
-        changed.append(object);
-        values.append(m_valueTransformer ? m_valueTransformer->reverseTransformedValue(value) : value);
-    }
     QObject *controller =
         isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
                     : nullptr;
+    const ZelValueTransformerPtr transformer = m_valueTransformer; // a setter may end this editor
     const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller), path);
-    ZelRecordedWrite(undoManager()).setValuesForKey(changed, values, ZelKey(path.string()));
+    ZelRecordedWrite(undoManager()).mapValues(objects, path, [&](const QVariant &stored) -> std::optional<QVariant> {
+        const QVariant old = transformed(transformer, stored);
+        const QVariant value = block(old);
+        if (ZelEqual(value, old))
+            return std::nullopt;
+        return transformer ? transformer->reverseTransformedValue(value) : value;
+    });
 }
 
 QWidget *ZelInspectorProperty::viewForBaselineAlignment()
@@ -373,6 +369,7 @@ void ZelInspectorProperty::endEditing()
         return;
     const ZelPlaceScope scope(this);
     const QPointer<ZelInspectorProperty> alive(this);
+    const ZelPassiveEdits passive;
     if (!commitEditing() && alive)
         discardEditing();
 }

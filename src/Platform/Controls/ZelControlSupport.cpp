@@ -3,21 +3,53 @@
 
 #include "Platform/Controls/ZelControlAccessibility.h"
 #include "Platform/Controls/ZelControlAccessors.h"
+#include "Platform/Controls/ZelEditor.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelValues.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QToolTip>
 #include <QWidget>
 
+namespace {
+
+/// Before a step of undo, what is being typed in a window of that stack is taken. One for all controls.
+class TypingBeforeUndo : public ZelNotificationObserver
+{
+public:
+    static void listen() { static TypingBeforeUndo listener; }
+
+    void observeNotification(const ZelNotification &notification) override
+    {
+        QWidget *focus = QApplication::focusWidget();
+        const ZelUndoManager *manager = ZelUndoManager::forWidget(focus);
+        if (!manager || !manager->stack() || manager->stack() != notification.object)
+            return;
+        for (QWidget *widget = focus; widget; widget = widget->parentWidget()) {
+            if (auto *editor = qobject_cast<ZelEditor *>(widget)) {
+                editor->commitEditing();
+                return;
+            }
+        }
+    }
+
+private:
+    TypingBeforeUndo() { ZelNotificationCenter::defaultCenter()->addObserver(this, ZelUndoStepWillBeginNotification); }
+};
+
+} // namespace
+
 void ZelControlSupport::prepare()
 {
     static const bool prepared = [] {
         ZelRegisterControlAccessors();
         ZelRegisterControlAccessibility();
+        TypingBeforeUndo::listen();
         return true;
     }();
     Q_UNUSED(prepared)
@@ -111,6 +143,12 @@ int ZelControlSupport::fieldHeight(const QWidget *widget, bool framed)
     // The least height and the margins of a QLineEdit.
     const int height = std::max(option.fontMetrics.height(), 14) + 2;
     return widget->style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(0, height), widget).height();
+}
+
+void ZelControlSupport::noteFailedEdit(QWidget *control)
+{
+    ZelExceptionReporter::run(
+        control, [control] { ZelNotificationCenter::defaultCenter()->post(ZelEditDidFailNotification, control); });
 }
 
 void ZelControlSupport::sendValueChange(QWidget *control, const QVariant &value)

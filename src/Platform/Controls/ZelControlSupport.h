@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
 #include <QAccessible>
@@ -13,6 +14,9 @@ class QStyleOption;
 class QWheelEvent;
 class QWidget;
 
+/// Posted by a control, as sender, after what the user entered could not be stored.
+inline const QString ZelEditDidFailNotification = QStringLiteral("ZelEditDidFailNotification");
+
 /// What the controls of this folder do alike.
 class ZelControlSupport
 {
@@ -24,14 +28,19 @@ public:
     static QString markerText(const QVariant &value);
 
     /// Tells the world that the user ended an edit: bindings first, then the target, in one undo grouping. The control
-    /// may be gone afterwards.
+    /// may be gone afterwards. Nobody is there to catch what they throw: it goes to the exception reporter, an edit
+    /// that a binding could not store has no action, and whoever shows a value in the control shows the model's again.
     template<typename Control> static void reportEdit(Control *control)
     {
         const QPointer<Control> guard(control);
         const ZelUndoGrouping grouping(control);
-        Q_EMIT control->valueEdited();
-        if (guard)
-            Q_EMIT control->action();
+        const bool isDone = ZelExceptionReporter::run(control, [&] {
+            Q_EMIT control->valueEdited();
+            if (guard)
+                Q_EMIT control->action();
+        });
+        if (!isDone && guard)
+            noteFailedEdit(control);
     }
 
     /// The same after the control's value was set: announces the new value first.
@@ -70,5 +79,6 @@ public:
     static int fieldHeight(const QWidget *widget, bool framed = true);
 
 private:
+    static void noteFailedEdit(QWidget *control);
     static void sendValueChange(QWidget *control, const QVariant &value);
 };

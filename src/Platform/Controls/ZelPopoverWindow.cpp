@@ -17,7 +17,7 @@ constexpr int g_frame = 1; // in points
 } // namespace
 
 ZelPopoverWindow::ZelPopoverWindow(ZelPopover *popover)
-    : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint)
+    : ZelGuarded(nullptr, Qt::Popup | Qt::FramelessWindowHint)
     , m_popover(popover)
 {
 }
@@ -59,6 +59,7 @@ void ZelPopoverWindow::belongTo(QWidget *anchor)
     setLayoutDirection(anchor->layoutDirection());
     setLocale(anchor->locale());
     ZelUndoManager::setForWindow(this, ZelUndoManager::forWidget(anchor));
+    ZelSourcePlace::setForObject(this, ZelSourcePlace::ofObject(anchor));
     winId();
     windowHandle()->setTransientParent(window->windowHandle());
 }
@@ -73,7 +74,7 @@ void ZelPopoverWindow::dispose()
         delete this;
 }
 
-bool ZelPopoverWindow::event(QEvent *event)
+bool ZelPopoverWindow::handleEvent(QEvent *event)
 {
     ++m_eventDepth;
     const QPointer<ZelPopoverWindow> guard(this); // the event may be its deletion

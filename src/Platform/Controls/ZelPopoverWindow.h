@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -10,7 +12,7 @@ class ZelPopover;
 ///
 /// It has no parent, so that the content does not die with the anchor; it takes over from the anchor what it would
 /// inherit as a child.
-class ZelPopoverWindow : public QWidget
+class ZelPopoverWindow : public ZelGuarded<QWidget>
 {
     Q_OBJECT
 public:
@@ -22,11 +24,12 @@ public:
     QSize sizeForContent(const QSize &contentSize) const;
     /// Belongs to the anchor's window from now on: its screen, style, colours, font, direction and undo manager.
     void belongTo(QWidget *anchor);
+    ZelPopover *popover() const { return m_popover; }
     /// Deletes the window, or has it deleted as soon as it is not at work any more.
     void dispose();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void hideEvent(QHideEvent *event) override;

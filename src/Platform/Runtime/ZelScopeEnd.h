@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 
 #include <exception>
 
@@ -16,11 +16,5 @@ template<typename Work> void ZelRunAtScopeEnd(Work work, int uncaughtAtBeginning
         work();
         return;
     }
-    try {
-        work();
-    } catch (const std::exception &exception) {
-        ZelReportFailure(QString::fromUtf8(exception.what()));
-    } catch (...) {
-        ZelReportFailure(QStringLiteral("Unknown exception at the end of a scope"));
-    }
+    ZelExceptionReporter::run(nullptr, work);
 }

@@ -5,15 +5,54 @@
 #include "Platform/Runtime/ZelScopeEnd.h"
 #include "Platform/Selection/ZelSelectionProxy.h"
 
+#include <QMutex>
 #include <QSet>
+#include <QThread>
+
+namespace {
+
+/// All controllers, of whatever thread. It is never deleted: a controller may outlive every static.
+struct Living
+{
+    QMutex mutex;
+    QList<ZelObjectController *> controllers;
+
+    static Living &instance()
+    {
+        static auto *living = new Living;
+        return *living;
+    }
+};
+
+QList<QPointer<ZelObjectController>> controllersOfThisThread()
+{
+    Living &living = Living::instance();
+    const QMutexLocker lock(&living.mutex);
+    QList<QPointer<ZelObjectController>> found;
+    for (ZelObjectController *controller : std::as_const(living.controllers)) {
+        if (controller->thread() == QThread::currentThread())
+            found.append(controller);
+    }
+    return found;
+}
+
+} // namespace
 
 ZelObjectController::ZelObjectController(QObject *parent)
     : QObject(parent)
     , m_proxy(std::make_unique<ZelSelectionProxy>(*this))
 {
+    Living &living = Living::instance();
+    const QMutexLocker lock(&living.mutex);
+    living.controllers.append(this);
 }
 
-ZelObjectController::~ZelObjectController() = default;
+ZelObjectController::~ZelObjectController()
+{
+    Living &living = Living::instance();
+    const QMutexLocker lock(&living.mutex);
+    living.controllers.removeOne(this);
+}
 
 QObject *ZelObjectController::selection() const
 {
@@ -70,6 +109,20 @@ void ZelObjectController::replaceSelection(const QList<QPointer<QObject>> &objec
     if (isNew && alive)
         failure.run([this] { Q_EMIT selectionChanged(); });
     failure.rethrow();
+}
+
+void ZelObjectController::batchChanges(const std::function<void()> &work)
+{
+    const QList<QPointer<ZelObjectController>> controllers = controllersOfThisThread();
+    for (const QPointer<ZelObjectController> &controller : controllers)
+        controller->m_proxy->beginBatch();
+    ZelFirstException errors;
+    errors.run(work);
+    for (const QPointer<ZelObjectController> &controller : controllers) {
+        if (controller)
+            errors.run([&] { controller->m_proxy->endBatch(); });
+    }
+    errors.rethrow();
 }
 
 ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller, const ZelKeyPath &written)

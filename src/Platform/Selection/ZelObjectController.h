@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
+#include <functional>
 #include <memory>
 
 class ZelSelectionProxy;
@@ -54,6 +55,10 @@ public:
         ZelKeyPath m_written;
         int m_uncaught; // exceptions under way at the construction
     };
+
+    /// Does the work while the notices of every controller of this thread are held back. What it throws goes on, as
+    /// does what observers throw in the end.
+    static void batchChanges(const std::function<void()> &work);
 
 Q_SIGNALS:
     /// What is being entered for the present selection must be taken or dropped now.

@@ -2,52 +2,92 @@
 #include "Platform/Selection/ZelRecordedWrite.h"
 
 #include "Platform/Runtime/ZelClassAccessors.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Platform/Selection/ZelSelectionProxy.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
-/// What a write at a path really stores into: the objects, and the path below them.
+/// What a write at a path really stores into: some objects, the path below them, and their values before.
 struct Target
 {
     QList<QPointer<QObject>> objects;
     ZelKeyPath path;
+    QVariantList oldValues;
+
+    /// Takes the values of the living objects that have the path; the others leave the list.
+    void readOldValues()
+    {
+        ZelClassAccessors accessors(path);
+        oldValues.reserve(objects.size());
+        objects.removeIf([&](const QPointer<QObject> &object) {
+            const std::optional<QVariant> value = object ? accessors.read(object) : std::nullopt;
+            if (value)
+                oldValues.append(*value);
+            return !value;
+        });
+    }
 };
 
-Target resolve(QObject *root, const ZelKeyPath &path)
+/// Below a selection every object leads to one of its own where the path goes on. Nothing is stored behind an object
+/// that is not there.
+void resolve(QObject *root, const ZelKeyPath &path, std::vector<Target> &targets)
 {
     QObject *object = root;
     ZelKeyPath rest = path;
     while (object) {
-        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object))
-            return {proxy->objects(), rest};
-        QObject *next = rest.isSingleKey() || !ZelHasKey(object, rest.first())
-                            ? nullptr
-                            : ZelObject(ZelValueForKey(object, rest.first()));
+        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
+            if (rest.isSingleKey()) {
+                targets.push_back({proxy->objects(), rest, {}});
+                return;
+            }
+            for (const QPointer<QObject> &selected : proxy->objects())
+                resolve(selected, rest, targets);
+            return;
+        }
+        if (rest.isSingleKey() || !ZelHasKey(object, rest.first()))
+            break;
+        const QVariant value = ZelValueForKey(object, rest.first());
+        if (ZelIsNull(value))
+            return;
+        QObject *next = ZelObject(value);
         if (!next)
-            break; // the last object; what is left may lead into a value
+            break; // what is left leads into a value
         object = next;
         rest = rest.rest();
     }
-    return {{object}, rest};
+    if (object)
+        targets.push_back({{object}, rest, {}});
 }
 
-/// The values of the living objects that have the path; the others leave the list.
-QVariantList readValues(QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
+/// Records a write. Where something was thrown, only what has another value now counts as written.
+void record(ZelUndoManager *manager, const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
+            ZelValueBlock oldValues, ZelValueBlock newValues, bool hasThrown)
 {
+    if (!hasThrown) {
+        manager->recordWrite(objects, path, std::move(oldValues), std::move(newValues));
+        return;
+    }
     ZelClassAccessors accessors(path);
-    QVariantList values;
-    values.reserve(objects.size());
-    objects.removeIf([&](const QPointer<QObject> &object) {
-        const std::optional<QVariant> value = object ? accessors.read(object) : std::nullopt;
-        if (value)
-            values.append(*value);
-        return !value;
-    });
-    return values;
+    QList<QPointer<QObject>> changed;
+    QVariantList before;
+    QVariantList after;
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const QPointer<QObject> object = objects.at(i);
+        const QVariant old = oldValues.at(i);
+        if (!object || ZelEqual(accessors.read(object).value_or(old), old))
+            continue;
+        changed.append(object);
+        before.append(old);
+        after.append(newValues.at(i));
+    }
+    manager->recordWrite(changed, path, before, after);
 }
 
 } // namespace
@@ -55,44 +95,85 @@ QVariantList readValues(QList<QPointer<QObject>> &objects, const ZelKeyPath &pat
 void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
-    Target target;
-    QVariantList oldValues;
+    std::vector<Target> targets;
     if (manager && manager->recordsEdits()) {
-        target = resolve(root, path);
-        oldValues = readValues(target.objects, target.path);
+        resolve(root, path, targets);
+        for (Target &target : targets)
+            target.readOldValues();
     }
-    ZelSetValueForKeyPath(root, value, path);
-    if (manager && !target.objects.isEmpty())
-        manager->recordWrite(target.objects, target.path, oldValues, QVariantList(oldValues.size(), value));
-    ZelRereadSilentProperties();
+    ZelFirstException errors;
+    errors.run([&] { ZelSetValueForKeyPath(root, value, path); });
+    const bool hasThrown = errors.hasOccurred();
+    errors.run([&] {
+        const ZelUndoGrouping grouping(manager); // one step, however many targets
+        for (const Target &target : targets) {
+            if (manager)
+                record(manager, target.objects, target.path, target.oldValues,
+                       QVariantList(target.oldValues.size(), value), hasThrown);
+        }
+    });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
 }
 
-void ZelRecordedWrite::setValuesForKey(const QList<QObject *> &objects, const QVariantList &values, ZelKey key) const
+void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
     const QList<QPointer<QObject>> pointers(objects.begin(), objects.end());
-    QList<QPointer<QObject>> written = pointers;
+    ZelClassAccessors accessors(path);
     const bool records = manager && manager->recordsEdits();
-    const QVariantList oldValues = records ? readValues(written, key) : QVariantList();
-    ZelClassAccessors accessors(key);
-    const bool isSingleKey = ZelKeyPath(key).isSingleKey(); // a path passed as a key is an undefined key
+    QVariantList before; // of all: an object may be changed by another's setter ahead of its own turn
+    for (qsizetype i = 0; records && i < pointers.size(); ++i)
+        before.append(pointers.at(i) ? accessors.read(pointers.at(i)).value_or(QVariant()) : QVariant());
+
+    QList<QPointer<QObject>> written;
+    QVariantList oldValues;
+    QVariantList newValues;
+    ZelFirstException errors;
+    bool isFound = false;
+    const bool isSingleKey = path.isSingleKey();
     for (qsizetype i = 0; i < pointers.size(); ++i) {
-        if (pointers.at(i) && isSingleKey)
-            accessors.write(pointers.at(i), values.at(i));
-        else
-            ZelSetValueForKey(pointers.at(i), values.at(i), key);
+        const QPointer<QObject> &object = pointers.at(i);
+        errors.run([&] {
+            const std::optional<QVariant> stored = object ? accessors.read(object) : std::nullopt;
+            isFound = isFound || stored;
+            const std::optional<QVariant> value = stored ? map(*stored) : std::nullopt;
+            if (!value || !object)
+                return;
+            if (records) {
+                written.append(object);
+                oldValues.append(before.at(i));
+                newValues.append(*value);
+            }
+            if (isSingleKey)
+                accessors.write(object, *value);
+            else
+                ZelSetValueForKey(object, *value, ZelKey(path.string())); // a path is no key
+        });
     }
-    if (manager && records && written.size() == pointers.size())
-        manager->recordWrite(written, key, oldValues, values);
-    ZelRereadSilentProperties();
+    const bool hasThrown = errors.hasOccurred();
+    const auto living = std::find_if(pointers.begin(), pointers.end(), [](const auto &object) { return bool(object); });
+    if (!isFound && !hasThrown && living != pointers.end())
+        errors.run([&] { (void)ZelValueForKeyPath(living->data(), path); }); // raises: the object lacks the key
+    if (manager && records)
+        errors.run([&] { record(manager, written, path, oldValues, newValues, hasThrown); });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
 }
 
-void ZelRecordedWrite::setValuesForKey(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
-                                       ZelValueBlock newValues, ZelKey key) const
+void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
+                                 ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
-    newValues.write(objects, key);
+    ZelFirstException errors;
+    errors.run([&] {
+        newValues.write(objects, path, [&](const QObject *object, qsizetype i) {
+            refresh(object, oldValues.data(i), newValues.data(i));
+        });
+    });
+    const bool hasThrown = errors.hasOccurred();
     if (manager)
-        manager->recordWrite(objects, key, std::move(oldValues), std::move(newValues));
-    ZelRereadSilentProperties();
+        errors.run([&] { record(manager, objects, path, std::move(oldValues), std::move(newValues), hasThrown); });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
 }

@@ -2,6 +2,7 @@
 #include "Platform/Selection/ZelSelectionFold.h"
 
 #include "Platform/Runtime/ZelClassAccessors.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
@@ -12,6 +13,7 @@
 #include "Platform/Selection/ZelPrefetch.h"
 
 #include <QRectF>
+#include <algorithm>
 
 namespace {
 
@@ -194,6 +196,8 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
     QVariant converted; // for the current accessor, where it takes values through memory, and announces them
     const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
+    ZelFirstException errors;
+    bool isFound = false;
     for (qsizetype i = 0; i < snapshot.size(); ++i) {
         ZelPrefetch(snapshot, i);
         QObject *object = snapshot.at(i);
@@ -208,11 +212,20 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
                 converted.metaType() != accessor->type()) // a property of any type is not written through memory
                 converted.clear();
         }
-        const bool isWritten =
-            accessor && converted.isValid() && accessor->writeTyped(object, std::as_const(converted).constData());
-        if (!isWritten && (accessor || hasPath(object, path)))
-            ZelSetValueForKeyPath(object, value, path);
+        errors.run([&] {
+            const bool isWritten =
+                accessor && converted.isValid() && accessor->writeTyped(object, std::as_const(converted).constData());
+            const bool hasKey = isWritten || accessor || hasPath(object, path);
+            isFound = isFound || hasKey;
+            if (!isWritten && hasKey)
+                ZelSetValueForKeyPath(object, value, path);
+        });
     }
+    errors.rethrow();
+    const auto living = [](const QPointer<QObject> &object) { return !object.isNull(); };
+    const auto first = std::find_if(snapshot.begin(), snapshot.end(), living);
+    if (!isFound && first != snapshot.end())
+        ZelSetValueForKeyPath(first->data(), value, path); // raises: the object lacks the key
 }
 
 bool ZelSelectionFold::isSilent(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)

@@ -148,7 +148,7 @@ void ZelSelectionProxy::connectSlices()
         m_idle.start(0, this);
 }
 
-bool ZelSelectionProxy::event(QEvent *event)
+bool ZelSelectionProxy::handleEvent(QEvent *event)
 {
     if (event->type() == g_flushEvent) {
         m_isFlushPosted = false;

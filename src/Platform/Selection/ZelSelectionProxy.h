@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
 #include "Platform/Runtime/ZelKeptValue.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 
@@ -21,7 +22,7 @@ class ZelSelectionRelay;
 /// what changed in between is noticed when the last slice is connected. A few objects' changes are announced as they
 /// happen; those of a large selection once, at the end of the event-loop turn, for reading every answer again with
 /// every change would cost the square of their number.
-class ZelSelectionProxy : public QObject, public ZelKeyValueCodingInterface
+class ZelSelectionProxy : public ZelGuarded<QObject>, public ZelKeyValueCodingInterface
 {
     Q_OBJECT
     Q_INTERFACES(ZelKeyValueCodingInterface)
@@ -47,7 +48,7 @@ public:
     void objectChanged(const ZelKeyPath &path);
     void objectDied();
 
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
     /// Up to this many objects, changes are announced as they happen.
     static constexpr qsizetype immediateLimit = 32;

@@ -1,59 +1,155 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelUndoGroupCommand.h"
 
+#include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Platform/Selection/ZelObjectController.h"
 
-#include <QScopedValueRollback>
+#include <algorithm>
 
-ZelUndoGroupCommand::ZelUndoGroupCommand(ZelUndoGroupCommand &&other)
-    : QUndoCommand(other.text())
-    , m_manager(other.m_manager)
-    , m_steps(std::move(other.m_steps))
+/// Marks a command as running on its stack.
+class ZelUndoGroupCommand::Running
 {
+public:
+    explicit Running(ZelUndoGroupCommand &command)
+        : m_command(command)
+        , m_outer(std::exchange(s_innermost, this))
+    {
+    }
+    ~Running() { s_innermost = m_outer; }
+    Q_DISABLE_COPY_MOVE(Running)
+
+    static ZelUndoGroupCommand *on(const QUndoStack *stack)
+    {
+        for (const Running *running = s_innermost; running; running = running->m_outer) {
+            if (running->m_command.m_stack == stack)
+                return &running->m_command;
+        }
+        return nullptr;
+    }
+
+private:
+    static Running *s_innermost;
+    ZelUndoGroupCommand &m_command;
+    Running *m_outer;
+};
+ZelUndoGroupCommand::Running *ZelUndoGroupCommand::Running::s_innermost = nullptr;
+
+ZelUndoGroupCommand::ZelUndoGroupCommand(QUndoStack *stack)
+    : m_stack(stack)
+{
+    static quint64 lastNumber = 0;
+    m_number = ++lastNumber;
+}
+
+ZelUndoGroupCommand *ZelUndoGroupCommand::running(const QUndoStack *stack)
+{
+    return stack ? Running::on(stack) : nullptr;
 }
 
 void ZelUndoGroupCommand::addWork(const std::function<void()> &undo, const std::function<void()> &redo)
 {
-    m_steps.push_back({undo, redo, {}, {}, {}, {}});
+    append({undo, redo, {}, {}, {}, {}});
 }
 
 void ZelUndoGroupCommand::addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
                                    ZelValueBlock oldValues, ZelValueBlock newValues)
 {
-    for (Step &step : m_steps) {
-        if (step.path == path && step.objects == objects) {
-            step.newValues = std::move(newValues);
-            return;
-        }
-    }
-    m_steps.push_back({{}, {}, objects, path, std::move(oldValues), std::move(newValues)});
+    append({{}, {}, objects, path, std::move(oldValues), std::move(newValues)});
+}
+
+void ZelUndoGroupCommand::addMeanwhile(ZelUndoGroupCommand &&group)
+{
+    for (Step &step : group.m_steps)
+        m_meanwhile.push_back(std::move(step));
+    group.m_steps.clear();
+}
+
+/// A drag writes the same again and again. Only neighbours become one: what was written between them may be of objects
+/// that both have.
+void ZelUndoGroupCommand::append(Step &&step)
+{
+    if (!m_steps.empty() && m_steps.back().writesSame(step))
+        m_steps.back().newValues = std::move(step.newValues);
+    else
+        m_steps.push_back(std::move(step));
+}
+
+void ZelUndoGroupCommand::prepend(Step &&step)
+{
+    if (!m_steps.empty() && m_steps.front().writesSame(step))
+        m_steps.front().oldValues = std::move(step.oldValues);
+    else
+        m_steps.insert(m_steps.begin(), std::move(step));
+}
+
+ZelUndoGroupCommand::Step ZelUndoGroupCommand::Step::inverted() &&
+{
+    std::swap(undo, redo);
+    std::swap(oldValues, newValues);
+    return std::move(*this);
+}
+
+void ZelUndoGroupCommand::Step::perform(bool undoes) const
+{
+    if (isWrite())
+        (undoes ? oldValues : newValues).write(objects, path);
+    else if (const auto &work = undoes ? undo : redo)
+        work();
 }
 
 void ZelUndoGroupCommand::undo()
 {
     m_isDone = false;
-    bool ignored = false;
-    const QScopedValueRollback undoing(m_manager ? m_manager->m_undoing : ignored, true);
-    for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step) {
-        if (step->undo)
-            step->undo();
-        else
-            step->oldValues.write(step->objects, step->path);
-    }
-    ZelRereadSilentProperties();
+    run(true);
 }
 
 void ZelUndoGroupCommand::redo()
 {
-    if (std::exchange(m_isDone, true))
-        return; // pushed after the fact
-    bool ignored = false;
-    const QScopedValueRollback undoing(m_manager ? m_manager->m_undoing : ignored, true);
-    for (const Step &step : m_steps) {
-        if (step.redo)
-            step.redo();
+    if (!std::exchange(m_isDone, true)) // otherwise it is pushed, after the fact
+        run(false);
+}
+
+void ZelUndoGroupCommand::run(bool undoes)
+{
+    const Running running(*this);
+    takeTyping(undoes);
+    ZelExceptionReporter::run(nullptr, [&] { performSteps(undoes); });
+    ZelExceptionReporter::run(nullptr, [] { ZelRereadSilentProperties(); });
+    // The state that has been left is before all of it, the one that was reached behind it.
+    for (Step &step : std::exchange(m_meanwhile, {})) {
+        if (undoes)
+            prepend(std::move(step).inverted());
         else
-            step.newValues.write(step.objects, step.path);
+            append(std::move(step));
     }
-    ZelRereadSilentProperties();
+}
+
+/// What was typed before is part of the state that this leaves.
+void ZelUndoGroupCommand::takeTyping(bool undoes)
+{
+    ZelExceptionReporter::run(
+        nullptr, [this] { ZelNotificationCenter::defaultCenter()->post(ZelUndoStepWillBeginNotification, m_stack); });
+    std::vector<Step> typed = std::exchange(m_meanwhile, {});
+    if (undoes) {
+        for (Step &step : typed)
+            append(std::move(step));
+        return;
+    }
+    for (auto step = typed.rbegin(); step != typed.rend(); ++step)
+        prepend(std::move(*step));
+}
+
+/// Each by itself: one that throws leaves the others to be done. One notice stands for all that they write.
+void ZelUndoGroupCommand::performSteps(bool undoes) const
+{
+    ZelObjectController::batchChanges([&] {
+        const auto perform = [&](const Step &step) {
+            ZelExceptionReporter::run(nullptr, [&] { step.perform(undoes); });
+        };
+        if (undoes)
+            std::for_each(m_steps.rbegin(), m_steps.rend(), perform);
+        else
+            std::for_each(m_steps.begin(), m_steps.end(), perform);
+    });
 }

@@ -7,24 +7,31 @@
 #include <vector>
 
 /// Everything that was registered in one grouping, as one command. What it does has been done when it is pushed.
+///
+/// It needs no manager, and neither undo nor redo throws. While it runs on its stack, writes that are recorded for the
+/// stack become part of it, so that undoing and redoing it goes on leading from one exact state to another.
 class ZelUndoGroupCommand : public QUndoCommand
 {
 public:
-    explicit ZelUndoGroupCommand(ZelUndoManager &manager)
-        : m_manager(&manager)
-    {
-    }
-    ZelUndoGroupCommand(ZelUndoGroupCommand &&other);
+    explicit ZelUndoGroupCommand(QUndoStack *stack);
+
+    /// The step that runs on the stack, the innermost of several; null if none does.
+    static ZelUndoGroupCommand *running(const QUndoStack *stack);
 
     bool isEmpty() const { return m_steps.empty(); }
+    quint64 number() const { return m_number; }
     void addWork(const std::function<void()> &undo, const std::function<void()> &redo);
     void addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, ZelValueBlock oldValues,
                   ZelValueBlock newValues);
+    /// Adds what was written while this command runs.
+    void addMeanwhile(ZelUndoGroupCommand &&group);
 
     void undo() override;
     void redo() override;
 
 private:
+    class Running;
+
     /// Either work, or a write of one path of some objects.
     struct Step
     {
@@ -34,9 +41,25 @@ private:
         ZelKeyPath path;
         ZelValueBlock oldValues;
         ZelValueBlock newValues;
+
+        bool isWrite() const { return !undo && !redo; }
+        bool writesSame(const Step &other) const
+        {
+            return isWrite() && other.isWrite() && path == other.path && objects == other.objects;
+        }
+        void perform(bool undoes) const;
+        Step inverted() &&;
     };
 
-    QPointer<ZelUndoManager> m_manager;
+    void run(bool undoes);
+    void takeTyping(bool undoes);
+    void performSteps(bool undoes) const;
+    void append(Step &&step);
+    void prepend(Step &&step);
+
+    QPointer<QUndoStack> m_stack;
+    quint64 m_number;
     std::vector<Step> m_steps;
-    bool m_isDone = true; // false after undo
+    std::vector<Step> m_meanwhile; // written while this runs
+    bool m_isDone = true;          // false after undo
 };

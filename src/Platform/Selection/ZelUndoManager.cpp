@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelAssociatedObjects.h"
+#include "Platform/Runtime/ZelPassiveEdits.h"
 #include "Platform/Selection/ZelUndoGroupCommand.h"
 
-#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace {
@@ -18,49 +19,119 @@ ZelUndoManager::ZelUndoManager(QObject *parent)
 }
 
 ZelUndoManager::ZelUndoManager(QUndoStack *stack, QObject *parent)
-    : QObject(parent)
+    : ZelGuarded(parent)
     , m_stack(stack)
 {
 }
 
-ZelUndoManager::~ZelUndoManager() = default;
+ZelUndoManager::~ZelUndoManager()
+{
+    ZelExceptionReporter::run(this, [this] { pushLateGroups(); });
+}
+
+// Grouping
 
 void ZelUndoManager::beginUndoGrouping()
 {
-    if (m_level++ == 0)
-        m_group = std::make_unique<ZelUndoGroupCommand>(*this);
+    if (m_level++ > 0)
+        return;
+    m_group = std::make_unique<ZelUndoGroupCommand>(m_stack);
+    m_lastEdit = 0;
+    if (!m_namesNext)
+        m_actionName.clear();
 }
 
 void ZelUndoManager::endUndoGrouping()
 {
     if (m_level == 0 || --m_level > 0)
         return;
-    const std::unique_ptr<ZelUndoGroupCommand> group = std::move(m_group);
+    std::unique_ptr<ZelUndoGroupCommand> group = std::move(m_group);
     const QString name = std::exchange(m_actionName, QString());
+    m_namesNext = false;
     if (!m_stack || !group || group->isEmpty())
         return;
     group->setText(name);
-    m_stack->push(new ZelUndoGroupCommand(std::move(*group)));
+    finishGroup(std::move(group));
 }
 
 bool ZelUndoManager::rollBackGrouping()
 {
     if (m_level != 1 || !m_group || m_group->isEmpty())
         return false;
-    const auto group = std::exchange(m_group, std::make_unique<ZelUndoGroupCommand>(*this));
+    const auto group = std::exchange(m_group, std::make_unique<ZelUndoGroupCommand>(m_stack));
     m_actionName.clear();
     group->undo();
     return true;
 }
 
+void ZelUndoManager::finishGroup(std::unique_ptr<ZelUndoGroupCommand> group)
+{
+    if (ZelUndoGroupCommand *running = ZelUndoGroupCommand::running(m_stack)) {
+        running->addMeanwhile(std::move(*group));
+    } else if (ZelPassiveEdits::isActive() && foreignStepMayRun()) {
+        m_late.push_back(std::move(group));
+        connect(m_stack, &QUndoStack::indexChanged, this, &ZelUndoManager::pushLateGroups, Qt::UniqueConnection);
+        QMetaObject::invokeMethod(this, &ZelUndoManager::pushLateGroups, Qt::QueuedConnection);
+    } else {
+        pushLateGroups();
+        if (m_stack)
+            m_stack->push(group.release());
+    }
+}
+
+/// A stack does not say that it is running one of the application's own commands, and breaks when something is pushed
+/// then. A group that an edit made while something else was happening waits until that has certainly ended: it is
+/// pushed when the stack tells of its new index, at the latest in the next turn of the event loop.
+bool ZelUndoManager::foreignStepMayRun() const
+{
+    const auto isForeign = [this](int index) {
+        const QUndoCommand *command = m_stack->command(index); // null outside of the stack
+        return command && !dynamic_cast<const ZelUndoGroupCommand *>(command);
+    };
+    return m_stack && (isForeign(m_stack->index() - 1) || isForeign(m_stack->index()));
+}
+
+void ZelUndoManager::pushLateGroups()
+{
+    for (auto &group : std::exchange(m_late, {})) {
+        if (m_stack)
+            m_stack->push(group.release());
+    }
+}
+
+// Names
+
 void ZelUndoManager::setActionName(const QString &name)
 {
     m_actionName = name;
+    m_lastEdit = 0;
+    m_namesNext = m_level == 0;
 }
+
+void ZelUndoManager::nameEdit(const QString &name)
+{
+    m_actionName = name;
+    const quint64 number = std::exchange(m_lastEdit, 0);
+    if (m_level > 0)
+        return;
+    m_namesNext = false;
+    const auto isEdit = [number](const ZelUndoGroupCommand *group) { return group && group->number() == number; };
+    if (!m_late.empty() && isEdit(m_late.back().get())) {
+        m_late.back()->setText(name);
+        return;
+    }
+    const QUndoCommand *last = m_stack ? m_stack->command(m_stack->index() - 1) : nullptr;
+    if (!isEdit(dynamic_cast<const ZelUndoGroupCommand *>(last)))
+        return;
+    const_cast<QUndoCommand *>(last)->setText(name);
+    Q_EMIT m_stack->undoTextChanged(m_stack->undoText());
+}
+
+// Recording
 
 void ZelUndoManager::registerUndo(const std::function<void()> &undo, const std::function<void()> &redo)
 {
-    if (m_undoing)
+    if (isUndoing())
         return;
     beginUndoGrouping();
     m_group->addWork(undo, redo);
@@ -70,23 +141,39 @@ void ZelUndoManager::registerUndo(const std::function<void()> &undo, const std::
 void ZelUndoManager::recordWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
                                  ZelValueBlock oldValues, ZelValueBlock newValues)
 {
-    if (m_undoing || !m_recordsEdits || objects.isEmpty())
+    if (!m_recordsEdits || objects.isEmpty())
         return;
     beginUndoGrouping();
     m_group->addWrite(objects, path, std::move(oldValues), std::move(newValues));
+    m_lastEdit = m_group->number();
     endUndoGrouping();
+}
+
+// Undoing
+
+bool ZelUndoManager::isUndoing() const
+{
+    return ZelUndoGroupCommand::running(m_stack);
 }
 
 void ZelUndoManager::undo()
 {
+    prepareStep();
     if (m_stack)
         m_stack->undo();
 }
 
 void ZelUndoManager::redo()
 {
+    prepareStep();
     if (m_stack)
         m_stack->redo();
+}
+
+void ZelUndoManager::prepareStep()
+{
+    pushLateGroups();
+    ZelNotificationCenter::defaultCenter()->post(ZelUndoStepWillBeginNotification, m_stack);
 }
 
 ZelUndoManager *ZelUndoManager::forWidget(const QWidget *widget)
@@ -120,6 +207,8 @@ ZelUndoGrouping::ZelUndoGrouping(ZelUndoManager *manager)
 
 ZelUndoGrouping::~ZelUndoGrouping()
 {
-    if (m_manager)
-        m_manager->endUndoGrouping();
+    ZelExceptionReporter::run(m_manager, [this] {
+        if (m_manager)
+            m_manager->endUndoGrouping();
+    });
 }

@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 /// A value for each of some objects: either any values, or values of one type, one after the other in memory, which
@@ -39,8 +40,11 @@ public:
     /// Keeps only the first values.
     void shrink(qsizetype size) { m_size = size; }
 
-    /// Stores each object's value at the path as ZelSetValueForKeyPath does. Objects that have died are skipped.
-    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const;
+    /// Called for an object and its index right before it is written.
+    using Prepare = std::function<void(const QObject *, qsizetype)>;
+    /// Stores each object's value at the path as ZelSetValueForKeyPath does. Objects that have died are skipped. One
+    /// that throws leaves the others to be written; the first exception goes on then.
+    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const Prepare &prepare = {}) const;
 
 private:
     QMetaType m_type;

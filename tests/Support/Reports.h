@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Runtime/ZelExceptionReporter.h"
+
+#include <QStringList>
+
+/// Takes what would be logged, for its life.
+class Reports : public ZelExceptionReporter
+{
+public:
+    Reports()
+        : m_former(setCurrent(this))
+    {
+    }
+    ~Reports() override { setCurrent(m_former); }
+    Q_DISABLE_COPY_MOVE(Reports)
+
+    void reportException(const QString &message, const ZelSourcePlace &) override { messages << message; }
+
+    QStringList messages;
+
+private:
+    ZelExceptionReporter *m_former;
+};
