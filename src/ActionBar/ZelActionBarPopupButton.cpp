@@ -56,10 +56,10 @@ QPoint ZelActionBarPopupButton::menuPosition(const QSize &size) const
     return above.y() < screen()->availableGeometry().top() ? mapToGlobal(QPoint(x, height())) : above;
 }
 
-bool ZelActionBarPopupButton::event(QEvent *event)
+bool ZelActionBarPopupButton::handleEvent(QEvent *event)
 {
     if (event->type() != QEvent::Shortcut)
-        return ZelActionBarButton::event(event);
+        return ZelActionBarButton::handleEvent(event);
     showMenu();
     return true;
 }

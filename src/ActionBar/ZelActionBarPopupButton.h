@@ -26,7 +26,7 @@ public:
 
 protected:
     bool isLit() const override { return isMenuOpen(); }
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -4,6 +4,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Selection/ZelReadingScope.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,7 @@ ZelWindowDisplay *ZelWindowDisplay::of(const QWidget *widget)
 }
 
 ZelWindowDisplay::ZelWindowDisplay(QWidget *window)
-    : QObject(window)
+    : ZelGuarded(window)
     , m_window(window)
 {
     window->installEventFilter(this);
@@ -34,12 +35,14 @@ void ZelWindowDisplay::performBeforeDisplayUsingBlock(const std::function<void()
 void ZelWindowDisplay::performDelayedBlocks()
 {
     const QPointer<ZelWindowDisplay> alive(this);
+    ZelFirstException errors;
     // Each is taken out before it runs: it may queue others, throw, or bring this window down.
     while (alive && !m_delayedBlocks.empty()) {
         const std::function<void()> block = std::move(m_delayedBlocks.front());
         m_delayedBlocks.pop_front();
-        block();
+        errors.run(block);
     }
+    errors.rethrow();
 }
 
 void ZelWindowDisplay::displayIfNeeded()
@@ -70,15 +73,17 @@ bool ZelWindowDisplay::checkpoint()
     });
     const ZelReadingScope reading;
     ZelNotificationCenter *center = ZelNotificationCenter::defaultCenter();
-    center->post(ZelWindowDisplayCheckpointNotification, m_window);
+    ZelFirstException errors;
+    errors.run([&] { center->post(ZelWindowDisplayCheckpointNotification, m_window); });
     if (alive)
-        center->post(ZelDelayedInvocationCheckpointNotification, m_window);
+        errors.run([&] { center->post(ZelDelayedInvocationCheckpointNotification, m_window); });
     if (alive)
-        performDelayedBlocks();
+        errors.run([this] { performDelayedBlocks(); });
+    errors.rethrow();
     return alive;
 }
 
-bool ZelWindowDisplay::eventFilter(QObject *watched, QEvent *event)
+bool ZelWindowDisplay::filterEvent(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Show: // the native window may be a new one

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QObject>
 #include <deque>
 #include <functional>
@@ -14,7 +16,7 @@ class QWidget;
 /// the frame shows what the model says. Painting caused from within a checkpoint does not make another one.
 ///
 /// It belongs to its window, and is made by ZelWindow::attach.
-class ZelWindowDisplay : public QObject
+class ZelWindowDisplay : public ZelGuarded<QObject>
 {
     Q_OBJECT
 public:
@@ -24,12 +26,13 @@ public:
     /// Queues a block for the next checkpoint. A block queued while the queue runs runs in the same pass. Asserts
     /// "block".
     void performBeforeDisplayUsingBlock(const std::function<void()> &block);
-    /// Runs the queued blocks now.
+    /// Runs the queued blocks now. All of them run though one throws; the first exception goes on then.
     void performDelayedBlocks();
-    /// Makes the checkpoint, and paints what is dirty before it returns.
+    /// Makes the checkpoint, and paints what is dirty before it returns. What is thrown by observers and blocks is
+    /// raised here; while a window paints by itself it goes to the exception reporter.
     void displayIfNeeded();
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 private:
     friend class ZelWindow;

@@ -26,7 +26,7 @@ QString nameOf(const ZelColor &color)
 } // namespace
 
 ZelColorMatrix::ZelColorMatrix(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setColors({});
@@ -94,7 +94,7 @@ QSize ZelColorMatrix::sizeHint() const
             numberOfRows * g_pitch.height() - g_spacing.height()};
 }
 
-bool ZelColorMatrix::event(QEvent *event)
+bool ZelColorMatrix::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::Leave && !hasFocus())
         setHighlightedCell(-1);

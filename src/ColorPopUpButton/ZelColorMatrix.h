@@ -3,13 +3,14 @@
 
 #include "ColorPopUpButton/ZelUsedColorList.h"
 #include "Platform/Controls/ZelCellGroup.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QWidget>
 
 /// Two rows of twelve swatches, of which one can be chosen with the mouse or the keyboard.
 ///
 /// The swatches are no widgets: another list of colours repaints the places that have another colour, and no more.
-class ZelColorMatrix : public QWidget, public ZelCellGroup
+class ZelColorMatrix : public ZelGuarded<QWidget>, public ZelCellGroup
 {
     Q_OBJECT
     Q_INTERFACES(ZelCellGroup)
@@ -48,7 +49,7 @@ Q_SIGNALS:
     void cellChosen(int index);
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

@@ -235,12 +235,18 @@ void ZelColorPopUpButtonCell::makeFixedItems()
     m_recentlyMenuItem = new ZelColorMenuItem(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this);
     for (int i = 0; i < 4; ++i)
         m_separators.append(ZelMenuItem::separatorItem(this));
-    connect(m_defaultMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectDefaultColor);
-    connect(m_currentMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectCurrentColor);
+    connectItem(m_defaultMenuItem, [this] { selectDefaultColor(); });
+    connectItem(m_currentMenuItem, [this] { selectCurrentColor(); });
     connect(m_recentlyMenuItem, &ZelColorMenuItem::colorChosen, this,
             &ZelColorPopUpButtonCell::selectRecentlyUsedColor);
-    connect(m_otherMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::selectOtherColor);
+    connectItem(m_otherMenuItem, [this] { selectOtherColor(); });
     updateDefaultMenuItem();
+}
+
+/// Menus call from the event loop.
+template<typename Choice> void ZelColorPopUpButtonCell::connectItem(QAction *item, Choice choice)
+{
+    connect(item, &QAction::triggered, this, [this, choice] { ZelExceptionReporter::run(m_button, choice); });
 }
 
 ZelMenuItem *ZelColorPopUpButtonCell::makeColorItem(int index)
@@ -248,7 +254,7 @@ ZelMenuItem *ZelColorPopUpButtonCell::makeColorItem(int index)
     const QVariant color = m_colors.at(index).toVariant();
     auto *item = new ZelMenuItem(nameOf(color), swatch(color), color, this);
     item->setTag(ZelColorPopUpButtonColorsTag + index);
-    connect(item, &QAction::triggered, this, [this, item] { selectColor(item); });
+    connectItem(item, [this, item] { selectColor(item); });
     return item;
 }
 

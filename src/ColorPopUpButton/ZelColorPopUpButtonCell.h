@@ -135,6 +135,7 @@ Q_SIGNALS:
 
 private:
     void makeFixedItems();
+    template<typename Choice> void connectItem(QAction *item, Choice choice);
     ZelMenuItem *makeColorItem(int index);
     QString nameOf(const QVariant &color) const;
     QString nameInList(const ZelColor &color) const;

@@ -61,11 +61,11 @@ QColor ZelBorderedTextField::shownBorderColor() const
     return color;
 }
 
-bool ZelBorderedTextField::event(QEvent *event)
+bool ZelBorderedTextField::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
-    return ZelTextField::event(event);
+    return ZelTextField::handleEvent(event);
 }
 
 void ZelBorderedTextField::paintEvent(QPaintEvent *event)

@@ -28,7 +28,7 @@ public:
     void setBorderEdges(Qt::Edges edges);
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

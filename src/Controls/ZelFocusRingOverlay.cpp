@@ -9,7 +9,7 @@
 #include <QPainter>
 
 ZelFocusRingOverlay::ZelFocusRingOverlay(QWidget *container)
-    : QWidget(container)
+    : ZelGuarded(container)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
@@ -71,7 +71,7 @@ void ZelFocusRingOverlay::watch()
     }
 }
 
-bool ZelFocusRingOverlay::eventFilter(QObject *, QEvent *event)
+bool ZelFocusRingOverlay::filterEvent(QObject *, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ParentChange:

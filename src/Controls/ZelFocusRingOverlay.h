@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -9,7 +11,7 @@
 ///
 /// The ring lies around the widget, in the room that its neighbours leave, above everything in the container, and takes
 /// no events. It follows the widget, and is cut off where a scroll area cuts the widget off.
-class ZelFocusRingOverlay : public QWidget
+class ZelFocusRingOverlay : public ZelGuarded<QWidget>
 {
     Q_OBJECT
     /// Invalid, the default, is the palette's highlight colour.
@@ -40,7 +42,7 @@ public:
     QWidget *widget() const { return m_widget; }
 
 protected:
-    bool eventFilter(QObject *object, QEvent *event) override;
+    bool filterEvent(QObject *object, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

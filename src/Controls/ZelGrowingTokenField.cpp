@@ -43,7 +43,7 @@ void registerAccessors()
 } // namespace
 
 ZelGrowingTokenField::ZelGrowingTokenField(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
     , m_input(new QLineEdit(this))
 {
     static const bool registered = (registerAccessors(), true);
@@ -350,7 +350,7 @@ QStringList ZelGrowingTokenField::pieces(const QString &text) const
 
 // Events
 
-bool ZelGrowingTokenField::eventFilter(QObject *object, QEvent *event)
+bool ZelGrowingTokenField::filterEvent(QObject *object, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
@@ -463,7 +463,7 @@ void ZelGrowingTokenField::mousePressEvent(QMouseEvent *event)
     QWidget::mousePressEvent(event);
 }
 
-bool ZelGrowingTokenField::event(QEvent *event)
+bool ZelGrowingTokenField::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && ZelControlSupport::showToolTip(event, this, m_error))
         return true;

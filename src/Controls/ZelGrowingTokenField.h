@@ -4,6 +4,7 @@
 #include "Platform/Controls/ZelEditor.h"
 #include "Platform/Controls/ZelFieldContent.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -22,7 +23,7 @@ class ZelToken;
 /// Delete, and turned into text again with Return, F2 or a double click; typing goes on in the text.
 ///
 /// The value is a list. Selection markers and absent values are shown as placeholders, and so is an empty list.
-class ZelGrowingTokenField : public QWidget, public ZelEditor, public ZelBaselineProvider
+class ZelGrowingTokenField : public ZelGuarded<QWidget>, public ZelEditor, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor ZelBaselineProvider)
@@ -76,9 +77,9 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
-    bool eventFilter(QObject *object, QEvent *event) override;
+    bool filterEvent(QObject *object, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

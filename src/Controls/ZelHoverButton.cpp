@@ -24,7 +24,7 @@ QColor withAlpha(QColor color, float alpha)
 } // namespace
 
 ZelHoverButton::ZelHoverButton(QWidget *parent)
-    : QAbstractButton(parent)
+    : ZelGuarded(parent)
 {
     setAttribute(Qt::WA_Hover);
     setFont(ZelControlSize::smallFont());
@@ -69,7 +69,7 @@ QColor ZelHoverButton::titleColor() const
     return isEnabled() ? color : withAlpha(color, float(g_disabledOpacity));
 }
 
-bool ZelHoverButton::event(QEvent *event)
+bool ZelHoverButton::handleEvent(QEvent *event)
 {
     const bool handled = QAbstractButton::event(event);
     if (event->type() == QEvent::Enter || event->type() == QEvent::Leave) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QAbstractButton>
 
 /// A small button without a border, which is shaded while the pointer is over it. It shows its icon; without one, its
@@ -8,7 +10,7 @@
 ///
 /// Where a plain tool button would do, use QToolButton with autoRaise: this one is for rows of small controls, whose
 /// images lie close together, and for subclasses that draw something of their own.
-class ZelHoverButton : public QAbstractButton
+class ZelHoverButton : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
     /// Shown instead of the icon while the pointer is over the button, if there is one.
@@ -43,7 +45,7 @@ protected:
     int titleWidth() const;
     QColor titleColor() const;
 
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -196,7 +196,7 @@ void ZelLinkTextField::mouseReleaseEvent(QMouseEvent *event)
         activate(pressed);
 }
 
-bool ZelLinkTextField::viewportEvent(QEvent *event)
+bool ZelLinkTextField::handleViewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::Leave)
         setHoveredLink(-1);
@@ -205,7 +205,7 @@ bool ZelLinkTextField::viewportEvent(QEvent *event)
         if (link >= 0 && ZelControlSupport::showToolTip(event, this, links().at(link).address))
             return true;
     }
-    return ZelGrowingTextView::viewportEvent(event);
+    return ZelGrowingTextView::handleViewportEvent(event);
 }
 
 // Keyboard

@@ -50,7 +50,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    bool viewportEvent(QEvent *event) override;
+    bool handleViewportEvent(QEvent *event) override;
 
 private:
     struct Link

@@ -4,7 +4,7 @@
 #include "Platform/Layout/ZelConstraintLayout.h"
 
 ZelResizableSegmentedControlView::ZelResizableSegmentedControlView(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
 }
 

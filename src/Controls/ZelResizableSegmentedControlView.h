@@ -3,12 +3,13 @@
 
 #include "Platform/Controls/ZelSegmentedControl.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QPointer>
 #include <QWidget>
 
 /// Holds a segmented control that is always as large as the view, and wants the size that the control wants.
-class ZelResizableSegmentedControlView : public QWidget, public ZelBaselineProvider
+class ZelResizableSegmentedControlView : public ZelGuarded<QWidget>, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelBaselineProvider)

@@ -84,9 +84,9 @@ void ZelSeparator::drawRect(QPainter &painter, const QRect &dirtyRect)
     painter.fillRect(line, ZelSeparatorColorForLevel(qMin(m_level, g_faintestLevel), isActiveWindow(), palette()));
 }
 
-bool ZelSeparator::event(QEvent *event)
+bool ZelSeparator::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
-    return ZelView::event(event);
+    return ZelView::handleEvent(event);
 }

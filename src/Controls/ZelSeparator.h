@@ -39,7 +39,7 @@ Q_SIGNALS:
 
 protected:
     ZelView *newInstance() const override { return new ZelSeparator(m_orientation); }
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
 private:
     void updateSizePolicy();

@@ -86,11 +86,11 @@ void ZelTitleBarButton::drawContent(QPainter &painter)
     painter.setOpacity(1);
 }
 
-bool ZelTitleBarButton::event(QEvent *event)
+bool ZelTitleBarButton::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
-    return ZelHoverButton::event(event);
+    return ZelHoverButton::handleEvent(event);
 }
 
 QWidget *ZelTitleBarButton::titledWidget() const

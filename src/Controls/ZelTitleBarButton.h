@@ -31,7 +31,7 @@ public:
 
 protected:
     void drawContent(QPainter &painter) override;
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
 private:
     QWidget *titledWidget() const;

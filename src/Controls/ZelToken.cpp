@@ -21,7 +21,7 @@ QColor mixed(const QColor &color, const QColor &ground, double share)
 } // namespace
 
 ZelToken::ZelToken(const QString &text, QWidget *field)
-    : QAbstractButton(field)
+    : ZelGuarded(field)
 {
     setText(text);
     setAccessibleName(text); // as it is: an ampersand is no mnemonic here
@@ -44,7 +44,7 @@ QString ZelToken::shownText(int width) const
     return fontMetrics().elidedText(text(), Qt::ElideRight, width - 2 * g_textMargin);
 }
 
-bool ZelToken::event(QEvent *event)
+bool ZelToken::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && shownText(width()) != text() &&
         ZelControlSupport::showToolTip(event, this, text()))

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QAbstractButton>
 
 /// One of the values in a ZelGrowingTokenField. It looks selected while it has the focus; what the keyboard does to it
 /// is up to the field.
-class ZelToken : public QAbstractButton
+class ZelToken : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
 public:
@@ -17,7 +19,7 @@ Q_SIGNALS:
     void doubleClicked();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -24,7 +24,7 @@ QColor withAlpha(QColor color, double alpha)
 } // namespace
 
 ZelExpandableHeader::ZelExpandableHeader(QWidget *parent)
-    : QAbstractButton(parent)
+    : ZelGuarded(parent)
 {
     ZelExpandableHeaderAccessible::install();
     QFont bold;
@@ -137,7 +137,7 @@ void ZelExpandableHeader::keyPressEvent(QKeyEvent *event)
     }
 }
 
-bool ZelExpandableHeader::event(QEvent *event)
+bool ZelExpandableHeader::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QAbstractButton>
 
 /// The title of a ZelExpandableView with its disclosure triangle. Checked means expanded.
 ///
 /// A click, Space and Return toggle; the arrow key towards the triangle folds, the other unfolds.
-class ZelExpandableHeader : public QAbstractButton
+class ZelExpandableHeader : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
 public:
@@ -25,7 +27,7 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
 private:
     void drawBackground(QPainter &painter) const;

@@ -66,7 +66,7 @@ QStringList ZelExpandableHeaderAccessible::actionNames() const
 void ZelExpandableHeaderAccessible::doAction(const QString &name)
 {
     if (name == pressAction())
-        header()->click();
+        ZelExceptionReporter::run(header(), [this] { header()->click(); });
     else
         QAccessibleWidget::doAction(name);
 }

@@ -3,6 +3,7 @@
 
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 
 #include <QAbstractButton>
 #include <QPushButton>
@@ -50,7 +51,8 @@ QMessageBox *ZelAlert::beginSheet(QWidget *window, QObject *context) const
     }
     QObject::connect(box, &QDialog::finished, context, [box, blocks, context] {
         if (const Block block = blocks.value(box->clickedButton()))
-            QMetaObject::invokeMethod(context, block, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                context, [context, block] { ZelExceptionReporter::run(context, block); }, Qt::QueuedConnection);
     });
     if (window) {
         box->open();

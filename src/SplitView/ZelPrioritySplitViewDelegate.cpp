@@ -42,7 +42,7 @@ private:
 };
 
 ZelPrioritySplitViewDelegate::ZelPrioritySplitViewDelegate(QSplitter *splitView, QObject *parent)
-    : QObject(parent)
+    : ZelGuarded(parent)
     , m_splitView(splitView)
 {
     if (!ZelRequire(splitView, "splitView"))
@@ -371,7 +371,7 @@ void ZelPrioritySplitViewDelegate::layOutLater()
     QCoreApplication::postEvent(splitView(), new QEvent(QEvent::LayoutRequest));
 }
 
-bool ZelPrioritySplitViewDelegate::eventFilter(QObject *watched, QEvent *event)
+bool ZelPrioritySplitViewDelegate::filterEvent(QObject *watched, QEvent *event)
 {
     if (event == m_delivered || !m_splitView)
         return false;

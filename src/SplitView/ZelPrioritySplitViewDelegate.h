@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Observation/ZelBlockObservation.h"
+#include "Platform/Runtime/ZelGuarded.h"
 #include "SplitView/ZelPrioritySplitViewItem.h"
 #include "SplitView/ZelSplitViewDividers.h"
 #include "SplitView/ZelSplitViewPanes.h"
@@ -25,7 +26,7 @@
 ///
 /// As long as there are no items, or fewer than panes, the splitter is left to itself. Splitter, panes, items and
 /// delegate may die in any order.
-class ZelPrioritySplitViewDelegate : public QObject
+class ZelPrioritySplitViewDelegate : public ZelGuarded<QObject>
 {
     Q_OBJECT
     /// One for each pane. Items without a parent become the delegate's children. What belonged to an item that dies is
@@ -72,7 +73,7 @@ public:
     /// and for the last one that is shown. The room is given or taken by priority.
     void setSubviewCollapsed(QWidget *subview, bool collapsed);
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void itemsChanged();

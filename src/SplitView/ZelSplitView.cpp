@@ -14,7 +14,7 @@ ZelSplitView::ZelSplitView(QWidget *parent)
 }
 
 ZelSplitView::ZelSplitView(Qt::Orientation orientation, QWidget *parent)
-    : QSplitter(orientation, parent)
+    : ZelGuarded(orientation, parent)
 {
     setHandleWidth(1);
 }
@@ -38,7 +38,7 @@ QSplitterHandle *ZelSplitView::createHandle()
     return new ZelSplitViewHandle(orientation(), this);
 }
 
-bool ZelSplitView::event(QEvent *event)
+bool ZelSplitView::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         updateDividers();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QSplitter>
 
 /// A splitter whose dividers are lines in a colour that follows whether its window is the active one.
 ///
 /// A line is one point wide unless setHandleWidth() is called; the mouse takes hold of it within a few points.
-class ZelSplitView : public QSplitter
+class ZelSplitView : public ZelGuarded<QSplitter>
 {
     Q_OBJECT
     /// How deep in the window the split view stands: 0 (the default), 1 or 2, each fainter. Asserts another one, and
@@ -25,7 +27,7 @@ Q_SIGNALS:
 
 protected:
     QSplitterHandle *createHandle() override;
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
 #include "SplitView/ZelSplitView.h"
 
 /// A divider of a ZelSplitView.
-class ZelSplitViewHandle : public QSplitterHandle
+class ZelSplitViewHandle : public ZelGuarded<QSplitterHandle>
 {
     Q_OBJECT
 public:
     ZelSplitViewHandle(Qt::Orientation orientation, ZelSplitView *splitView)
-        : QSplitterHandle(orientation, splitView)
+        : ZelGuarded(orientation, splitView)
     {
     }
 

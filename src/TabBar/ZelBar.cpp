@@ -24,12 +24,12 @@ void ZelBar::setStyle(quint32 style)
     Q_EMIT styleChanged();
 }
 
-bool ZelBar::event(QEvent *event)
+bool ZelBar::handleEvent(QEvent *event)
 {
     // The window hands both on to all its widgets, also when the whole application is activated.
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
-    return ZelView::event(event);
+    return ZelView::handleEvent(event);
 }
 
 void ZelBar::drawRect(QPainter &painter, const QRect &dirtyRect)

@@ -24,7 +24,7 @@ Q_SIGNALS:
 
 protected:
     ZelView *newInstance() const override { return new ZelBar; }
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
 private:
     quint32 m_style = 0;

@@ -12,7 +12,7 @@
 #include <cmath>
 
 ZelButtonMatrix::ZelButtonMatrix(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the editor that may have to commit
@@ -99,7 +99,7 @@ void ZelButtonMatrix::paintEvent(QPaintEvent *)
         m_cells.at(column).draw(painter, rectOfColumn(column), stateOfColumn(column), palette());
 }
 
-bool ZelButtonMatrix::event(QEvent *event)
+bool ZelButtonMatrix::handleEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ToolTip: {

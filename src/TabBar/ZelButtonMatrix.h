@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Controls/ZelCellGroup.h"
+#include "Platform/Runtime/ZelGuarded.h"
 #include "TabBar/ZelTabBarButtonCell.h"
 
 #include <QList>
@@ -11,7 +12,7 @@
 ///
 /// The buttons are cells, not widgets: copies of a prototype, then changed one by one. A press on a button selects it
 /// and sends the action at once; so do the arrow keys, Home and End, which pass over buttons that are not enabled.
-class ZelButtonMatrix : public QWidget, public ZelCellGroup
+class ZelButtonMatrix : public ZelGuarded<QWidget>, public ZelCellGroup
 {
     Q_OBJECT
     Q_INTERFACES(ZelCellGroup)
@@ -57,7 +58,7 @@ Q_SIGNALS:
     void triggered();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -139,7 +139,9 @@ void ZelTabBar::startObservationOfItem(ZelTabBarItem *item)
         observation.keys.append(ZelBlockObservation::observationWithObject(
             item, key, ZelKeyValueObservingOptionEqualCheck,
             [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateButtons(); }));
-    observation.end = connect(item, &QObject::destroyed, this, [this, item] { itemWasDestroyed(item); });
+    observation.end = connect(item, &QObject::destroyed, this, [this, item] {
+        ZelExceptionReporter::run(this, [this, item] { itemWasDestroyed(item); });
+    });
 }
 
 void ZelTabBar::stopObservationOfItem(ZelTabBarItem *item)
@@ -271,7 +273,9 @@ void ZelTabBar::updateShortcuts()
     // One for each sequence, not for each item: two shortcuts of one sequence are ambiguous, and then neither works.
     for (const QKeySequence &sequence : std::as_const(sequences)) {
         auto *shortcut = new QShortcut(sequence, this);
-        const auto select = [this, sequence] { selectFirstEnabledItem(sequence); };
+        const auto select = [this, sequence] {
+            ZelExceptionReporter::run(this, [this, &sequence] { selectFirstEnabledItem(sequence); });
+        };
         connect(shortcut, &QShortcut::activated, this, select);
         connect(shortcut, &QShortcut::activatedAmbiguously, this, select); // the same keys in another bar
         m_shortcuts.append(shortcut);

@@ -75,7 +75,7 @@ void ZelConstraintUpdates::flush()
         Run(*this).updateAll();
 }
 
-bool ZelConstraintUpdates::event(QEvent *event)
+bool ZelConstraintUpdates::handleEvent(QEvent *event)
 {
     if (event->type() != QEvent::User)
         return QObject::event(event);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QObject>
 #include <vector>
 
@@ -9,7 +11,7 @@ class ZelView;
 /// The installed views whose constraints are to be updated before the next layout.
 ///
 /// One queue and one posted event serve all views, since a posted event for each would cost more than the update.
-class ZelConstraintUpdates : public QObject
+class ZelConstraintUpdates : public ZelGuarded<QObject>
 {
     Q_OBJECT
 public:
@@ -22,7 +24,7 @@ public:
     void flush();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
 
 private:
     class Run;

@@ -27,18 +27,18 @@ const QString borderColorKey = QStringLiteral("ZelBorderColorKey");
 } // namespace
 
 ZelView::ZelView(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
 }
 
 ZelView::ZelView(const QRectF &frame, QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     setFrame(frame);
 }
 
 ZelView::ZelView(const ZelKeyedCoder &coder, QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     if (coder.contains(frameKey))
         setFrame(coder.decode(frameKey).toRectF());
@@ -232,14 +232,7 @@ void ZelView::uninstall() noexcept
         return;
     ZelViewInstaller installer(false);
     installer.visit(this);
-    try {
-        if (installer.error())
-            std::rethrow_exception(installer.error());
-    } catch (const std::exception &exception) {
-        ZelReportFailure(QString::fromUtf8(exception.what()));
-    } catch (...) {
-        ZelReportFailure(QStringLiteral("Unknown exception while a view was uninstalled"));
-    }
+    ZelExceptionReporter::run(this, [&installer] { installer.errors().rethrow(); });
 }
 
 // Constraints
@@ -317,33 +310,40 @@ void ZelView::layoutSubviews()
         m_viewController->layout();
 }
 
+/// The layout that asks may be any, and is asked by the event loop.
+void ZelView::updateConstraintsForLayout() const
+{
+    if (m_needsUpdateConstraints)
+        ZelExceptionReporter::run(this, [this] { const_cast<ZelView *>(this)->updateConstraintsIfNeeded(); });
+}
+
 QSize ZelView::sizeHint() const
 {
-    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    updateConstraintsForLayout();
     return QWidget::sizeHint();
 }
 
 QSize ZelView::minimumSizeHint() const
 {
-    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    updateConstraintsForLayout();
     return QWidget::minimumSizeHint();
 }
 
 bool ZelView::hasHeightForWidth() const
 {
-    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    updateConstraintsForLayout();
     return QWidget::hasHeightForWidth();
 }
 
 int ZelView::heightForWidth(int width) const
 {
-    const_cast<ZelView *>(this)->updateConstraintsIfNeeded();
+    updateConstraintsForLayout();
     return QWidget::heightForWidth(width);
 }
 
 // Events
 
-bool ZelView::event(QEvent *event)
+bool ZelView::handleEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:

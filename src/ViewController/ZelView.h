@@ -3,6 +3,7 @@
 
 #include "Platform/Layout/ZelLayoutConstraint.h"
 #include "Platform/Resources/ZelColor.h"
+#include "Platform/Runtime/ZelGuarded.h"
 #include "Platform/Runtime/ZelSourcePlace.h"
 
 #include <QPainter>
@@ -32,7 +33,7 @@ struct ZelResponderLink;
 ///
 /// Views lay out their children with constraints (see ZelConstraintLayout). updateConstraints runs once before the
 /// layout wherever setNeedsUpdateConstraints was called, and once for every new view.
-class ZelView : public QWidget, public ZelPlaced
+class ZelView : public ZelGuarded<QWidget>, public ZelPlaced
 {
     Q_OBJECT
     /// None by default. Both colours follow the palette if they are named system colours.
@@ -201,11 +202,12 @@ protected:
     /// where the widget is, not where the view's bounds are.
     virtual bool positionedEvent(QEvent *event);
 
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void updateConstraintsForLayout() const;
     friend class ZelViewInstaller;
     friend class ZelConstraintUpdates;
     struct Rare; // what few views have

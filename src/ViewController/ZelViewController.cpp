@@ -43,27 +43,15 @@ QString stillUsedMessage(const ZelViewController *controller)
              QString::fromLatin1(controller->metaObject()->className()));
 }
 
-/// Runs a hook in a destructor: what it throws is reported.
-template<typename Hook> void runInDestructor(Hook hook) noexcept
-{
-    try {
-        hook();
-    } catch (const std::exception &exception) {
-        ZelReportFailure(QString::fromUtf8(exception.what()));
-    } catch (...) {
-        ZelReportFailure(QStringLiteral("Unknown exception while a view controller was destroyed"));
-    }
-}
-
 } // namespace
 
 ZelViewController::ZelViewController(QObject *parent)
-    : QObject(parent)
+    : ZelGuarded(parent)
 {
 }
 
 ZelViewController::ZelViewController(const QString &nibName, QObject *parent)
-    : QObject(parent)
+    : ZelGuarded(parent)
     , m_nibName(nibName)
 {
 }
@@ -157,7 +145,7 @@ void ZelViewController::viewWasDestroyed(const ZelView *view)
     if (m_view != view)
         return;
     m_view = nullptr;
-    runInDestructor([this] {
+    ZelExceptionReporter::run(this, [this] {
         setViewInstalled(false);
         viewDidUnload();
         Q_EMIT viewChanged();
@@ -196,24 +184,24 @@ void ZelViewController::uninstall() noexcept
 {
     const ZelPlaceScope scope(this);
     if (m_viewInstalled)
-        runInDestructor([this] { viewWillUninstall(); });
+        ZelExceptionReporter::run(this, [this] { viewWillUninstall(); });
     m_viewInstalled = false;
     for (QObject *child : children())
         if (auto *controller = qobject_cast<ZelViewController *>(child))
             controller->m_diesWithParent = true;
     if (m_respondingView && m_respondingView != m_view)
-        runInDestructor([this] { m_respondingView->setViewController(nullptr); });
+        ZelExceptionReporter::run(this, [this] { m_respondingView->setViewController(nullptr); });
     if (!m_view)
         return;
     if (m_view->parentWidget() && !diesWithView())
         ZelReportFailure(stillUsedMessage(this));
-    runInDestructor([this] { viewWillUnload(); });
+    ZelExceptionReporter::run(this, [this] { viewWillUnload(); });
     if (ZelView *oldView = std::exchange(m_view, nullptr)) {
-        runInDestructor([&] { oldView->setViewController(nullptr); });
+        ZelExceptionReporter::run(this, [&] { oldView->setViewController(nullptr); });
         if (!oldView->parentWidget())
             delete oldView;
     }
-    runInDestructor([this] { viewDidUnload(); });
+    ZelExceptionReporter::run(this, [this] { viewDidUnload(); });
 }
 
 // Responders

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
 #include "Platform/Runtime/ZelSourcePlace.h"
 #include "ViewController/ZelResponderLink.h"
 
@@ -25,7 +26,7 @@ class ZelView;
 ///
 /// One that was made from an element of a description knows its place: whatever is reported while the controller loads
 /// its view, is installed, evaluates a key path or takes an edit names it.
-class ZelViewController : public QObject, public ZelPlaced
+class ZelViewController : public ZelGuarded<QObject>, public ZelPlaced
 {
     Q_OBJECT
     /// Null by default.

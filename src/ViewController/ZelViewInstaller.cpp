@@ -87,19 +87,8 @@ template<typename Visit> void ZelViewInstaller::walk(Visit visit)
         visit(*this);
     }
     if (m_installing && m_updatesConstraints && depth == 0)
-        run([] { ZelConstraintUpdates::instance().flush(); });
-    if (m_error)
-        std::rethrow_exception(m_error);
-}
-
-template<typename Hook> void ZelViewInstaller::run(Hook hook)
-{
-    try {
-        hook();
-    } catch (...) {
-        if (!m_error)
-            m_error = std::current_exception();
-    }
+        m_errors.run([] { ZelConstraintUpdates::instance().flush(); });
+    m_errors.rethrow();
 }
 
 void ZelViewInstaller::visit(QWidget *widget)
@@ -118,12 +107,12 @@ void ZelViewInstaller::runHooks(ZelView *view)
 {
     const QPointer<ZelView> guard(view);
     const ZelPlaceScope scope(view);
-    run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
+    m_errors.run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
     if (!guard || view->m_installed != m_installing)
         return;
     ZelViewController *controller = view->viewController();
     if (controller && controller->isViewInstalled() != m_installing)
-        run([&] { m_installing ? controller->viewDidInstall() : controller->viewWillUninstall(); });
+        m_errors.run([&] { m_installing ? controller->viewDidInstall() : controller->viewWillUninstall(); });
     if (guard && m_installing && view->m_needsUpdateConstraints)
         ZelConstraintUpdates::instance().schedule(view);
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelFirstException.h"
+
 #include <QWidget>
-#include <exception>
 
 class ZelView;
 
@@ -21,7 +22,7 @@ public:
     }
 
     void visit(QWidget *widget);
-    std::exception_ptr error() const { return m_error; }
+    const ZelFirstException &errors() const { return m_errors; }
 
     /// Whether the widget's top-level widget counts as a window.
     static bool hasWindow(const QWidget *widget);
@@ -38,9 +39,8 @@ private:
     void runHooks(ZelView *view);
     void visitChildren(QWidget *parent);
     bool appliesTo(const QWidget *widget) const;
-    template<typename Hook> void run(Hook hook);
 
     bool m_installing;
     bool m_updatesConstraints = true; // at the end of the walk
-    std::exception_ptr m_error;
+    ZelFirstException m_errors;
 };

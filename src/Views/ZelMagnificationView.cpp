@@ -428,7 +428,7 @@ void ZelMagnificationView::selectMagnificationFactor(QObject *sender)
 
 // Events
 
-bool ZelMagnificationView::event(QEvent *event)
+bool ZelMagnificationView::handleEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::NativeGesture:
@@ -445,7 +445,7 @@ bool ZelMagnificationView::event(QEvent *event)
         break;
     case QEvent::ParentChange: {
         const QPointer<ZelMagnificationView> guard(this);
-        const bool handled = ZelView::event(event);
+        const bool handled = ZelView::handleEvent(event);
         if (guard)
             watchSuperview();
         return handled;
@@ -453,10 +453,10 @@ bool ZelMagnificationView::event(QEvent *event)
     default:
         break;
     }
-    return ZelView::event(event);
+    return ZelView::handleEvent(event);
 }
 
-bool ZelMagnificationView::eventFilter(QObject *watched, QEvent *event)
+bool ZelMagnificationView::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_superview && event->type() == QEvent::Resize)
         updateContentFrame(); // which may delete the view

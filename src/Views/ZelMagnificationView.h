@@ -76,7 +76,7 @@ public:
     void magnifyWithEvent(QNativeGestureEvent *event);
 
     QSize sizeHint() const override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
     void zoomIn(QObject *sender = nullptr);
@@ -104,7 +104,7 @@ public:
 
 protected:
     ZelView *newInstance() const override { return new ZelMagnificationView; }
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:

@@ -12,7 +12,7 @@
 #include <QWindow>
 
 ZelScrollView::ZelScrollView(QWidget *parent)
-    : QScrollArea(parent)
+    : ZelGuardedScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -83,7 +83,7 @@ void ZelScrollView::resizeEvent(QResizeEvent *event)
     updateDocumentSize();
 }
 
-bool ZelScrollView::event(QEvent *event)
+bool ZelScrollView::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::Show)
         watchWindow();
@@ -113,7 +113,7 @@ bool ZelScrollView::scrollsInPlaceOf(const QWidget *widget) const
     return documentView()->isAncestorOf(control) && !control->hasFocus() && !control->isAncestorOf(focusWidget());
 }
 
-bool ZelScrollView::eventFilter(QObject *watched, QEvent *event)
+bool ZelScrollView::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_watchedWindow) {
         if (event->type() != QEvent::Wheel || !isVisible() || !documentView())

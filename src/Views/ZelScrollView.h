@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QPointer>
 #include <QScrollArea>
 
@@ -9,7 +11,7 @@
 ///
 /// The wheel scrolls also over a spin box, pop-up button or slider that does not have the focus, so that scrolling
 /// through a form does not change its values.
-class ZelScrollView : public QScrollArea
+class ZelScrollView : public ZelGuardedScrollArea<QScrollArea>
 {
     Q_OBJECT
 public:
@@ -23,10 +25,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -149,6 +149,7 @@ private Q_SLOTS:
         window.performBeforeDisplayUsingBlock([] { throw ZelGenericException("block"); });
         window.performBeforeDisplayUsingBlock([this] { m_log << "next"; });
         QVERIFY_EXCEPTION_THROWN(window.displayIfNeeded(), ZelGenericException);
+        QCOMPARE(m_log, QStringList{"next"});
         window.displayIfNeeded();
         QCOMPARE(m_log, QStringList{"next"});
     }

@@ -3,6 +3,7 @@
 
 #include "Geometry/ZelSnapUtilities.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
+#include "Support/Reports.h"
 #include "ViewController/HookLog.h"
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelKeyedCoder.h"
@@ -230,7 +231,7 @@ private Q_SLOTS:
     {
         using Way = std::function<void(QWidget *, QWidget *, ZelView *)>;
         QFETCH(Way, way);
-        FailureLog failures;
+        const Reports reports;
         auto *window = new QWidget;
         auto *plain = new QWidget(window);
         auto *view = new LoggingView(&m_log, "v");
@@ -241,7 +242,7 @@ private Q_SLOTS:
         m_log.clear();
         way(window, plain, view);
         QCOMPARE(m_log, (QStringList{"v-", "w-"}));
-        QCOMPARE(failures.messages, QStringList{"reported"});
+        QCOMPARE(reports.messages, QStringList{"reported"});
     }
 
     void updatesConstraintsOnceBeforeTheLayout()

@@ -145,11 +145,13 @@ void ZelInspectorArrayProperty::addTable()
     m_tableView->verticalHeader()->setDefaultSectionSize(rowHeight(m_tableView->fontMetrics()));
     m_tableView->installEventFilter(this);
     connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ZelInspectorArrayProperty::tableViewSelectionDidChange);
+            [this] { ZelExceptionReporter::run(this, [this] { tableViewSelectionDidChange(); }); });
     connect(m_model, &ZelArrayTableModel::cellEdited, this, [this](int row, const QVariant &value) {
-        const ZelUndoGrouping grouping(m_tableView);
         const QPointer<ZelInspectorArrayProperty> alive(this);
-        setObjectValueForRow(value, row);
+        ZelExceptionReporter::run(this, [&] {
+            const ZelUndoGrouping grouping(m_tableView);
+            setObjectValueForRow(value, row);
+        });
         if (alive)
             updateViewInvocation().invoke(); // the cell would show the former value for a moment
     });
@@ -207,14 +209,14 @@ void ZelInspectorArrayProperty::updateBorderColor()
     m_borderView->setBorderColor(color);
 }
 
-bool ZelInspectorArrayProperty::eventFilter(QObject *watched, QEvent *event)
+bool ZelInspectorArrayProperty::filterEvent(QObject *watched, QEvent *event)
 {
     // The type first: a table that is being destroyed is none any more.
     if (event->type() == QEvent::EnabledChange && watched == m_tableView)
         updateViewInvocation().schedule();
     else if (event->type() == QEvent::PaletteChange && watched == m_tableView)
         updateBorderColor();
-    return ZelInspectorProperty::eventFilter(watched, event);
+    return ZelInspectorProperty::filterEvent(watched, event);
 }
 
 void ZelInspectorArrayProperty::updateView()

@@ -69,7 +69,7 @@ public:
     double baselineOffsetFromView() const override;
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 private:
     void addTable();

@@ -2,6 +2,7 @@
 #include "Platform/Binding/ZelBoundProperty.h"
 
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelPropertyAccessor.h"
 #include "Platform/Runtime/ZelPropertyDomain.h"
@@ -34,6 +35,7 @@ class ZelBoundProperty::EditReceiver : public QObject
 public:
     EditReceiver(ZelBoundProperty &bound, QObject *control, int signal)
         : m_bound(bound)
+        , m_isReported(control->metaObject()->method(signal).name() == "valueEdited")
     {
         QMetaObject::connect(control, signal, this, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
     }
@@ -42,12 +44,16 @@ public:
         id = QObject::qt_metacall(call, id, arguments);
         if (id < 0 || call != QMetaObject::InvokeMetaMethod)
             return id;
-        m_bound.commit();
+        if (m_isReported)
+            m_bound.commit();
+        else
+            ZelExceptionReporter::run(m_bound.m_object, [this] { m_bound.commit(); });
         return -1;
     }
 
 private:
     ZelBoundProperty &m_bound;
+    bool m_isReported; // by a control of the library's, which takes care of exceptions
 };
 
 ZelBoundProperty::ZelBoundProperty(QObject *object, ZelKey name, const ZelBindingInfo &info)
@@ -158,7 +164,7 @@ QVariant ZelBoundProperty::bounded(const QVariant &value) const
     return domain.check(value) == ZelValueConversion::OutOfRange ? QVariant(domain.bounded(value.toDouble())) : value;
 }
 
-/// Writes what the user entered to the model, then takes over what the model made of it.
+/// Writes what the user entered to the model, then takes over what the model made of it, also where it refused.
 void ZelBoundProperty::commit()
 {
     if (m_isCommitting || !m_object || !m_info.observedObject || hasNothingToCommit())
@@ -167,8 +173,6 @@ void ZelBoundProperty::commit()
     QVariant value = m_accessor->read(m_object);
     if (ZelIsControllerMarker(value))
         return;
-    if (m_transformer)
-        value = reverseTransformed(value, m_transformer, m_name.string());
     const std::shared_ptr<bool> isAlive = m_isAlive;
     m_isCommitting = true;
     const auto guard = qScopeGuard([&] {
@@ -176,7 +180,13 @@ void ZelBoundProperty::commit()
             m_isCommitting = false;
     });
     const ZelRecordedWrite write(ZelUndoManager::forWidget(qobject_cast<QWidget *>(m_object)));
-    write.setValueForKeyPath(m_info.observedObject, bounded(value), m_info.observedKeyPath);
+    ZelFirstException errors;
+    errors.run([&] {
+        if (m_transformer)
+            value = reverseTransformed(value, m_transformer, m_name.string());
+        write.setValueForKeyPath(m_info.observedObject, bounded(value), m_info.observedKeyPath);
+    });
     if (*isAlive)
-        update();
+        errors.run([this] { update(); });
+    errors.rethrow();
 }

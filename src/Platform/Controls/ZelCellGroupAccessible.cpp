@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Controls/ZelCellGroupAccessible.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -67,7 +69,7 @@ public:
     void doAction(const QString &name) override
     {
         if (isValid() && name == pressAction() && isClickable())
-            m_cells->clickCell(m_cell);
+            ZelExceptionReporter::run(m_widget, [this] { m_cells->clickCell(m_cell); });
     }
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 

@@ -21,7 +21,7 @@ Qt::CheckState stateFor(const QVariant &value)
 } // namespace
 
 ZelCheckBox::ZelCheckBox(QWidget *parent)
-    : QCheckBox(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     ZelControlSupport::letShrink(this);
@@ -100,7 +100,7 @@ QSize ZelCheckBox::minimumSizeHint() const
     return {hint.width() - std::max(0, titleWidth() - shortened), hint.height()};
 }
 
-bool ZelCheckBox::event(QEvent *event)
+bool ZelCheckBox::handleEvent(QEvent *event)
 {
     if (!m_editable && ZelControlSupport::isInput(event)) {
         event->ignore();

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QCheckBox>
 #include <QVariant>
 
 /// A check box over a value. It shows several values as the mixed state, from which a click goes to checked; no click
 /// ever leads into the mixed state. An absent value and the other selection markers show unchecked. A title that is too
 /// long is elided at its end and then is the tool tip.
-class ZelCheckBox : public QCheckBox
+class ZelCheckBox : public ZelGuarded<QCheckBox>
 {
     Q_OBJECT
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
@@ -42,7 +44,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void initStyleOption(QStyleOptionButton *option) const override;
     void nextCheckState() override;

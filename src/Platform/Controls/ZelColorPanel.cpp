@@ -62,7 +62,8 @@ QColorDialog *ZelColorPanel::dialog()
     m_dialog->setCurrentColor(Qt::black);
     m_dialog->installEventFilter(this);
     addShortcuts();
-    connect(m_dialog, &QColorDialog::currentColorChanged, this, &ZelColorPanel::noteChange);
+    connect(m_dialog, &QColorDialog::currentColorChanged, this,
+            [this] { ZelExceptionReporter::run(this, [this] { noteChange(); }); });
     return m_dialog;
 }
 
@@ -183,7 +184,7 @@ void ZelColorPanel::setTracking(bool tracking)
     Q_EMIT trackingDidEnd();
 }
 
-bool ZelColorPanel::eventFilter(QObject *watched, QEvent *event)
+bool ZelColorPanel::filterEvent(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && leavesShortcut(watched, event))
         return true;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QColor>
 #include <QObject>
 #include <QPointer>
@@ -14,7 +16,7 @@ class QWidget;
 /// the former client hears of that. Every move of the user is reported at once. A client must not expect to be the
 /// delegate still when it hears of a change, and may die at any time. The keys for undo and redo undo in the window of
 /// the client's widget.
-class ZelColorPanel : public QObject
+class ZelColorPanel : public ZelGuarded<QObject>
 {
     Q_OBJECT
 public:
@@ -55,7 +57,7 @@ Q_SIGNALS:
     void willClose();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 private:
     ZelColorPanel();

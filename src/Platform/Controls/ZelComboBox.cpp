@@ -36,7 +36,7 @@ constexpr int minimumLetters = 6;
 } // namespace
 
 ZelComboBox::ZelComboBox(QWidget *parent)
-    : QComboBox(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     m_field = new ZelTextField(this); // its coming is an event that we get
@@ -175,7 +175,7 @@ void ZelComboBox::completeText()
         m_field->setText(itemText(index));
 }
 
-bool ZelComboBox::eventFilter(QObject *watched, QEvent *event)
+bool ZelComboBox::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_field && m_field) {
         if (event->type() == QEvent::KeyPress)
@@ -204,7 +204,7 @@ void ZelComboBox::showPopup()
         QComboBox::showPopup();
 }
 
-bool ZelComboBox::event(QEvent *event)
+bool ZelComboBox::handleEvent(QEvent *event)
 {
     if (ZelControlSupport::isInput(event) && !isValueEditable()) {
         event->ignore();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Controls/ZelEditor.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QComboBox>
 #include <QVariant>
@@ -13,7 +14,7 @@ class ZelTextField;
 /// The value is a text, of the list or any other; it is typed, committed and discarded as in a ZelTextField, and a
 /// choice from the list is an edit, too. A text that differs from an item in its case only means the item. The list may
 /// change at any time and leaves the text alone.
-class ZelComboBox : public QComboBox, public ZelEditor
+class ZelComboBox : public ZelGuarded<QComboBox>, public ZelEditor
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor)
@@ -56,8 +57,8 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
     void initStyleOption(QStyleOptionComboBox *option) const override;
     void wheelEvent(QWheelEvent *event) override;
 

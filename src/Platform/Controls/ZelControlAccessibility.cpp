@@ -92,7 +92,7 @@ public:
     void setCurrentValue(const QVariant &value) override
     {
         if (this->control()->isEnabled() && this->control()->isEditable())
-            m_edit(this->control(), value.toDouble());
+            ZelExceptionReporter::run(this->control(), [&] { m_edit(this->control(), value.toDouble()); });
     }
     QVariant maximumValue() const override { return this->control()->maxValue(); }
     QVariant minimumValue() const override { return this->control()->minValue(); }
@@ -139,7 +139,7 @@ public:
     void doAction(const QString &name) override
     {
         if (name == showMenuAction() || name == pressAction())
-            control()->showMenu();
+            ZelExceptionReporter::run(control(), [this] { control()->showMenu(); });
         else
             ControlInterface::doAction(name);
     }

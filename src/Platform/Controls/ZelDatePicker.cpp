@@ -39,7 +39,7 @@ QDateTime inTimeZoneOf(const QDateTime &time, const QDateTime &model)
 } // namespace
 
 ZelDatePicker::ZelDatePicker(QWidget *parent)
-    : QDateTimeEdit(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -216,7 +216,7 @@ bool ZelDatePicker::reservesShortcut(QKeyEvent *event) const
     return false;
 }
 
-bool ZelDatePicker::event(QEvent *event)
+bool ZelDatePicker::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && reservesShortcut(static_cast<QKeyEvent *>(event)))
         return true;

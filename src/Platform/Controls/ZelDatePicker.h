@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Controls/ZelEditor.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QDateTimeEdit>
 #include <QVariant>
@@ -19,7 +20,7 @@ class ZelUndoGrouping;
 /// Return, the loss of the focus and every step commit: what was entered is stored and reported, unless it is the date
 /// that was shown. Escape discards. A value that arrives while the user is typing is stored but not shown before the
 /// typing is committed or discarded. The steps of one press of the mouse are one undo grouping.
-class ZelDatePicker : public QDateTimeEdit, public ZelEditor
+class ZelDatePicker : public ZelGuarded<QDateTimeEdit>, public ZelEditor
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor)
@@ -58,7 +59,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void focusOutEvent(QFocusEvent *event) override;

@@ -71,7 +71,7 @@ void ZelErrorNote::joinWindow()
         setParent(window);
 }
 
-bool ZelErrorNote::eventFilter(QObject *watched, QEvent *event)
+bool ZelErrorNote::filterEvent(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ParentChange:

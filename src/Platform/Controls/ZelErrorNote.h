@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QLabel>
 #include <QPointer>
 
@@ -9,7 +11,7 @@
 /// The note lies over whatever is below the field in its window, or above it where there is no room below or the focus
 /// is there. It lets the mouse through, follows the field when that is moved, scrolled or put elsewhere, and is out of
 /// sight while the field is.
-class ZelErrorNote : public QLabel
+class ZelErrorNote : public ZelGuarded<QLabel>
 {
     Q_OBJECT
 public:
@@ -17,7 +19,7 @@ public:
     static void show(QPointer<ZelErrorNote> *note, QWidget *field, const QString &text);
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -8,7 +8,7 @@
 #include <QScrollBar>
 
 ZelGrowingTextEditor::ZelGrowingTextEditor(ZelGrowingTextField *field)
-    : QPlainTextEdit(field)
+    : ZelGuardedScrollArea(field)
     , m_field(field)
 {
     setFrameShape(QFrame::NoFrame);
@@ -52,7 +52,7 @@ void ZelGrowingTextEditor::disconnectField()
     m_field = nullptr;
 }
 
-bool ZelGrowingTextEditor::event(QEvent *event)
+bool ZelGrowingTextEditor::handleEvent(QEvent *event)
 {
     if (m_field && event->type() == QEvent::ShortcutOverride &&
         m_field->editorReservesShortcut(static_cast<QKeyEvent *>(event)))

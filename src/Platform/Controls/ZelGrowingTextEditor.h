@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QPlainTextEdit>
 
 class ZelGrowingTextField;
 
 /// What lies over a growing text field while it has the focus.
-class ZelGrowingTextEditor : public QPlainTextEdit
+class ZelGrowingTextEditor : public ZelGuardedScrollArea<QPlainTextEdit>
 {
     Q_OBJECT
 public:
@@ -21,7 +23,7 @@ public:
     void disconnectField();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

@@ -60,7 +60,7 @@ QString withLineSeparators(const QString &text)
 } // namespace
 
 ZelGrowingTextField::ZelGrowingTextField(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -295,7 +295,7 @@ bool ZelGrowingTextField::editorKeyPressed(QKeyEvent *event)
     return true;
 }
 
-bool ZelGrowingTextField::event(QEvent *event)
+bool ZelGrowingTextField::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && ZelControlSupport::showToolTip(event, this, m_error))
         return true;

@@ -4,6 +4,7 @@
 #include "Platform/Controls/ZelEditor.h"
 #include "Platform/Controls/ZelFieldContent.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -18,7 +19,7 @@ class ZelGrowingTextEditor;
 /// It paints the text itself; only while it has the focus a text editor lies over it, so that a panel may have hundreds
 /// of them. Values, markers, commits and errors are as in ZelTextField; Return commits, Alt+Return and Shift+Return
 /// insert a line break.
-class ZelGrowingTextField : public QWidget, public ZelEditor, public ZelBaselineProvider
+class ZelGrowingTextField : public ZelGuarded<QWidget>, public ZelEditor, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor ZelBaselineProvider)
@@ -77,7 +78,7 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -33,7 +33,7 @@ QVariant present(const QVariant &value)
 } // namespace
 
 ZelGrowingTextView::ZelGrowingTextView(QWidget *parent)
-    : QTextEdit(parent)
+    : ZelGuardedScrollArea(parent)
 {
     ZelControlSupport::prepare();
     document()->setDocumentMargin(s_padding);
@@ -155,7 +155,7 @@ void ZelGrowingTextView::discardEditing()
     showValue();
 }
 
-bool ZelGrowingTextView::event(QEvent *event)
+bool ZelGrowingTextView::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && reservesShortcut(static_cast<QKeyEvent *>(event)))
         return true;

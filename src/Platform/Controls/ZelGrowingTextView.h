@@ -5,6 +5,7 @@
 #include "Platform/Controls/ZelFieldContent.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
 #include "Platform/Resources/ZelAttributedString.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QTextEdit>
 
@@ -14,7 +15,7 @@
 /// text in the view is a working copy. It becomes the value when the edit is committed: with Control+Return, by leaving
 /// the view, or by the program; Escape brings the value back. While the user edits, another value is kept back and
 /// shown when the copy was given up. An empty text is an absent value.
-class ZelGrowingTextView : public QTextEdit, public ZelEditor, public ZelBaselineProvider
+class ZelGrowingTextView : public ZelGuardedScrollArea<QTextEdit>, public ZelEditor, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor ZelBaselineProvider)
@@ -63,7 +64,7 @@ protected:
     /// The position in the text, or the one before it where it would part a surrogate pair.
     qsizetype beforePair(qsizetype position) const;
 
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;

@@ -21,7 +21,7 @@ QString firstLine(const QString &text)
 } // namespace
 
 ZelLabel::ZelLabel(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
 }
@@ -87,7 +87,7 @@ QSize ZelLabel::minimumSizeHint() const
     return {std::min(hint.width(), fontMetrics().horizontalAdvance(s_ellipsis) * 2), hint.height()};
 }
 
-bool ZelLabel::event(QEvent *event)
+bool ZelLabel::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
         ZelControlSupport::showToolTip(event, this, m_text))

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QWidget>
 
 /// One line of static text, elided at its end where it is too long; the whole text is the tool tip then.
 ///
 /// Lighter than QLabel: no rich text, no mnemonics, no picture.
-class ZelLabel : public QWidget, public ZelBaselineProvider
+class ZelLabel : public ZelGuarded<QWidget>, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelBaselineProvider)
@@ -44,7 +45,7 @@ Q_SIGNALS:
     void textChanged();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

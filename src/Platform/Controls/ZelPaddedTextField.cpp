@@ -34,11 +34,11 @@ void ZelPaddedTextField::setSelectable(bool selectable)
         deselect();
 }
 
-bool ZelPaddedTextField::event(QEvent *event)
+bool ZelPaddedTextField::handleEvent(QEvent *event)
 {
     if (!m_selectable && (ZelControlSupport::isInput(event) || event->type() == QEvent::ContextMenu)) {
         event->ignore();
         return false;
     }
-    return ZelTextField::event(event);
+    return ZelTextField::handleEvent(event);
 }

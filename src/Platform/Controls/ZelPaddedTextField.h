@@ -23,7 +23,7 @@ public:
     void setSelectable(bool selectable);
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

@@ -16,7 +16,7 @@
 #include <QStylePainter>
 
 ZelPopUpButton::ZelPopUpButton(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -168,7 +168,8 @@ void ZelPopUpButton::showMenu()
     menu->addActions(items);
     if (!m_pullsDown)
         menu->setMarkedItem(m_selected);
-    connect(menu, &QMenu::triggered, this, &ZelPopUpButton::chooseItem);
+    connect(menu, &QMenu::triggered, this,
+            [this](QAction *item) { ZelExceptionReporter::run(this, [this, item] { chooseItem(item); }); });
     connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
     connect(menu, &QMenu::aboutToHide, this, [this] {
         m_menu = nullptr;
@@ -260,7 +261,7 @@ void ZelPopUpButton::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
-bool ZelPopUpButton::event(QEvent *event)
+bool ZelPopUpButton::handleEvent(QEvent *event)
 {
     if (!m_editable && ZelControlSupport::isInput(event)) {
         event->ignore();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -21,7 +22,7 @@ class ZelPopUpMenu;
 /// The items are the widget's actions(): they may be ZelMenuItems or any other QActions, of any owner, and leave the
 /// button when they are destroyed. Nothing is selected until selectItem or setObjectValue says so. The menu is made
 /// when it opens and follows changes of the items while it is open.
-class ZelPopUpButton : public QWidget, public ZelBaselineProvider
+class ZelPopUpButton : public ZelGuarded<QWidget>, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelBaselineProvider)
@@ -104,7 +105,7 @@ protected:
 
     void actionEvent(QActionEvent *event) override;
     void changeEvent(QEvent *event) override;
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QMenu>
 #include <QPointer>
 
 /// The open menu of a pop-up button. It has no parent, so that it outlives a button that dies because of a choice.
-class ZelPopUpMenu : public QMenu
+class ZelPopUpMenu : public ZelGuarded<QMenu>
 {
     Q_OBJECT
 public:

@@ -64,14 +64,16 @@ private:
 };
 
 ZelPopover::ZelPopover(QObject *parent)
-    : QObject(parent)
+    : ZelGuarded(parent)
 {
 }
 
 ZelPopover::~ZelPopover()
 {
-    performClose();
-    finishClosing(); // where it dies while it is closing
+    ZelExceptionReporter::run(this, [this] {
+        performClose();
+        finishClosing(); // where it dies while it is closing
+    });
     delete m_content.data();
     if (m_window)
         m_window->dispose();
@@ -252,7 +254,7 @@ void ZelPopover::widgetWasDestroyed(QObject *widget)
     if (m_anchor && m_anchor != widget)
         return; // a former one
     m_anchor = nullptr;
-    performClose();
+    ZelExceptionReporter::run(this, [this] { performClose(); });
 }
 
 void ZelPopover::contentChangedSize()
@@ -273,7 +275,7 @@ void ZelPopover::windowWasHidden()
         performClose();
 }
 
-bool ZelPopover::eventFilter(QObject *watched, QEvent *event)
+bool ZelPopover::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_anchor && m_isShown) {
         if (event->type() == QEvent::Hide)

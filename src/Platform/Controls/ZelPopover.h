@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -18,7 +20,7 @@ class ZelPopoverWindow;
 /// The content belongs to the popover, which may be shown any number of times; while it is closed, the content is kept
 /// out of sight, in the window that it was shown in. Content, anchor, anchor's window and the popover itself may die at
 /// any time, also while it is open and in answer to its signals.
-class ZelPopover : public QObject
+class ZelPopover : public ZelGuarded<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(bool shown READ isShown NOTIFY shownChanged)
@@ -69,7 +71,7 @@ Q_SIGNALS:
 private:
     friend class ZelPopoverWindow;
     class Closing;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
     void contentChangedSize();
     void contentWentAway();
     void widgetWasDestroyed(QObject *widget);

@@ -13,7 +13,7 @@ ZelPushButton::ZelPushButton(QWidget *parent)
 }
 
 ZelPushButton::ZelPushButton(const QString &title, QWidget *parent)
-    : QPushButton(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     ZelControlSupport::letShrink(this);
@@ -58,7 +58,7 @@ void ZelPushButton::paintEvent(QPaintEvent *)
     painter.drawControl(QStyle::CE_PushButton, option);
 }
 
-bool ZelPushButton::event(QEvent *event)
+bool ZelPushButton::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth() &&
         ZelControlSupport::showToolTip(event, this, title()))

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelGuarded.h"
+
 #include <QPushButton>
 
 /// A push button whose title is elided at its end where it is too long, and then is its tool tip.
-class ZelPushButton : public QPushButton
+class ZelPushButton : public ZelGuarded<QPushButton>
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
@@ -20,7 +22,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -20,7 +20,7 @@ constexpr int g_edge = 2;   // around all segments: editors put the control with
 } // namespace
 
 ZelSegmentedControl::ZelSegmentedControl(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -169,7 +169,7 @@ void ZelSegmentedControl::choose(qsizetype segment)
         ZelControlSupport::reportEdit(this);
 }
 
-bool ZelSegmentedControl::event(QEvent *event)
+bool ZelSegmentedControl::handleEvent(QEvent *event)
 {
     if (!m_editable && ZelControlSupport::isInput(event)) {
         event->ignore();

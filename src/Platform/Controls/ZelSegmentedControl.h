@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelCellGroup.h"
 #include "Platform/Layout/ZelBaselineProvider.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QIcon>
 #include <QList>
@@ -18,7 +19,7 @@ class QStyleOptionToolButton;
 ///
 /// Where each segment is selected by itself, a click toggles the segment; there is no selected index then. Arrow keys
 /// move to the neighbouring segment and the space key clicks it.
-class ZelSegmentedControl : public QWidget, public ZelBaselineProvider, public ZelCellGroup
+class ZelSegmentedControl : public ZelGuarded<QWidget>, public ZelBaselineProvider, public ZelCellGroup
 {
     Q_OBJECT
     Q_INTERFACES(ZelBaselineProvider ZelCellGroup)
@@ -84,7 +85,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -22,7 +22,7 @@ ZelSlider::ZelSlider(QWidget *parent)
 }
 
 ZelSlider::ZelSlider(Type type, QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -217,7 +217,7 @@ QSize ZelSlider::minimumSizeHint() const
     return m_type == Circular ? hint : QSize(std::min(hint.width(), 2 * hint.height()), hint.height());
 }
 
-bool ZelSlider::event(QEvent *event)
+bool ZelSlider::handleEvent(QEvent *event)
 {
     if (!m_editable && ZelControlSupport::isInput(event)) {
         event->ignore();

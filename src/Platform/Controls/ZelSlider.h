@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Controls/ZelValueRange.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QWidget>
 
@@ -15,7 +16,7 @@ class ZelUndoGrouping;
 /// back, and there is nothing to undo. A dial is one full turn clockwise with the minimum at the top.
 /// Without a single value it has no handle and begins at the minimum. A value outside the limits shows at the nearer
 /// one and stays as it is; in an empty range nothing can be chosen.
-class ZelSlider : public QWidget
+class ZelSlider : public ZelGuarded<QWidget>
 {
     Q_OBJECT
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
@@ -72,7 +73,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

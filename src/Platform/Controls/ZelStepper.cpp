@@ -21,7 +21,7 @@ int directionOf(QStyle::SubControl arrow)
 } // namespace
 
 ZelStepper::ZelStepper(QWidget *parent)
-    : QWidget(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
     setFocusPolicy(Qt::StrongFocus);
@@ -185,7 +185,7 @@ QSize ZelStepper::sizeHint() const
     return m_sizeHint;
 }
 
-bool ZelStepper::event(QEvent *event)
+bool ZelStepper::handleEvent(QEvent *event)
 {
     if (!m_editable && ZelControlSupport::isInput(event)) {
         event->ignore();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Controls/ZelValueRange.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QBasicTimer>
 #include <QStyle>
@@ -17,7 +18,7 @@ class ZelUndoGrouping;
 /// Every step, of a click, of the auto-repeat while a button is held, of the arrow keys or of the wheel while the
 /// stepper has the focus, is reported; the steps of one press are one undo grouping. Where there is no single value to
 /// step from (absent or a selection marker), steps start from 0. A value outside the limits is stepped into them.
-class ZelStepper : public QWidget
+class ZelStepper : public ZelGuarded<QWidget>
 {
     Q_OBJECT
     Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
@@ -66,7 +67,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

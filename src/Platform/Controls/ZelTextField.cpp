@@ -41,7 +41,7 @@ bool isReturn(const QKeyEvent *event)
 } // namespace
 
 ZelTextField::ZelTextField(QWidget *parent)
-    : QLineEdit(parent)
+    : ZelGuarded(parent)
 {
     ZelControlSupport::prepare();
 }
@@ -236,7 +236,7 @@ bool ZelTextField::reservesShortcut(QKeyEvent *event) const
     return true;
 }
 
-bool ZelTextField::event(QEvent *event)
+bool ZelTextField::handleEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:

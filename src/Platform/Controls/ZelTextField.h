@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelEditor.h"
 #include "Platform/Controls/ZelFieldContent.h"
+#include "Platform/Runtime/ZelGuarded.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -17,7 +18,7 @@ class ZelErrorNote;
 /// another value arrives when the focus has gone. A value that arrives while the user is typing is stored but not shown
 /// before the typing is committed or discarded.
 /// Selection markers and absent values are shown as placeholders.
-class ZelTextField : public QLineEdit, public ZelEditor
+class ZelTextField : public ZelGuarded<QLineEdit>, public ZelEditor
 {
     Q_OBJECT
     Q_INTERFACES(ZelEditor)
@@ -75,7 +76,7 @@ Q_SIGNALS:
     void action();
 
 protected:
-    bool event(QEvent *event) override;
+    bool handleEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

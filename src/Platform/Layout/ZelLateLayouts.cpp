@@ -19,7 +19,7 @@ void ZelLateLayouts::add(ZelConstraintLayout *layout)
     m_layouts.emplace_back(layout);
 }
 
-bool ZelLateLayouts::event(QEvent *event)
+bool ZelLateLayouts::handleEvent(QEvent *event)
 {
     if (event->type() != QEvent::User)
         return QObject::event(event);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/RunLoop/ZelEventMonitor.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -136,7 +138,7 @@ private:
         const Registrations snapshot = m_registrations;
         for (const auto &registration : snapshot)
             if (!registration->removed && registration->mask & mask)
-                registration->handler(event);
+                ZelExceptionReporter::run(nullptr, [&] { registration->handler(event); });
     }
 
     static QPointer<ZelEventMonitorFilter> s_filter;

@@ -2,6 +2,7 @@
 #include "Platform/RunLoop/ZelNotificationCenter.h"
 
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelFirstException.h"
 
 #include <algorithm>
 
@@ -63,9 +64,11 @@ void ZelNotificationCenter::post(const QString &name, QObject *object, const QVa
     if (registrations.isEmpty())
         return;
     const ZelNotification notification{name, object, userInfo};
+    ZelFirstException errors;
     for (const auto &registration : registrations)
         if (registration->observer && (!registration->wantsOneSender || registration->object))
-            registration->observer->observeNotification(notification);
+            errors.run([&] { registration->observer->observeNotification(notification); });
+    errors.rethrow();
 }
 
 /// Those that want the notification, by their order; a list that shares its elements, unless several lists are

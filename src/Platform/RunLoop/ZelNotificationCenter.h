@@ -20,8 +20,8 @@ protected:
 /// Delivers notifications to observers that know a name, not a sender.
 ///
 /// Delivery is synchronous, in the order of registration. Observers may come and go, and senders may die, while one is
-/// delivered: an observer added meanwhile does not get it, one removed meanwhile does not either. A center is used on
-/// one thread.
+/// delivered: an observer added meanwhile does not get it, one removed meanwhile does not either. All get it though
+/// one throws; the first exception then leaves post(). A center is used on one thread.
 class ZelNotificationCenter : public QObject
 {
     Q_OBJECT

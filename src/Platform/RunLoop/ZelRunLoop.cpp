@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/RunLoop/ZelRunLoop.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+
 #include <QCoreApplication>
-#include <QScopeGuard>
 #include <QThreadStorage>
 #include <QTimerEvent>
 
@@ -30,6 +31,12 @@ QEvent::Type wakeUpEvent()
 {
     static const auto type = QEvent::Type(QEvent::registerEventType());
     return type;
+}
+
+/// What a task throws concerns that task only.
+void performTask(ZelRunLoopTask &task)
+{
+    ZelExceptionReporter::run(nullptr, [&task] { task.perform(); });
 }
 
 /// Nearly all requests have one order, so that there is nothing to sort as a rule.
@@ -93,11 +100,11 @@ void ZelRunLoop::invalidateTimer(int timer)
 void ZelRunLoop::performEarly()
 {
     const quint64 checkpoint = ++m_checkpoint;
-    // The requests stay queued: a task that has run leaves its request without effect, and an exception loses nothing.
+    // The requests stay queued: a task that has run leaves its request without effect.
     for (bool again = true; again;) {
         again = false;
         for (const ZelRunLoopTaskPtr &task : pendingTasks())
-            again |= task->performEarly(checkpoint);
+            again |= ZelExceptionReporter::runHandler(nullptr, [&] { return task->performEarly(checkpoint); });
     }
 }
 
@@ -122,7 +129,7 @@ void ZelRunLoop::timerEvent(QTimerEvent *event)
         return;
     const Timer fired = std::move(*found);
     m_timers.erase(found);
-    fired.task->perform();
+    performTask(*fired.task);
 }
 
 QString ZelRunLoop::setMode(const QString &mode)
@@ -160,15 +167,11 @@ void ZelRunLoop::wakeUp()
 void ZelRunLoop::performPending()
 {
     takeQueue();
-    const auto leaveNothingBehind = qScopeGuard([this] {
-        if (m_next < m_running.size())
-            wakeUp();
-    });
     performOverdueTimers();
     while (m_next < m_running.size()) {
         Request request = std::move(m_running[m_next++]);
         if (isRunnable(request.modes))
-            request.task->perform();
+            performTask(*request.task);
         else
             m_waiting.push_back(std::move(request));
     }
@@ -185,12 +188,12 @@ void ZelRunLoop::performOverdueTimers()
             return;
         const Timer fired = std::move(*found);
         m_timers.erase(found);
-        fired.task->perform();
+        performTask(*fired.task);
     }
 }
 
 /// Adds the queue to what is left of the batch being performed: there is some when work opened an event loop of its
-/// own, or threw.
+/// own.
 void ZelRunLoop::takeQueue()
 {
     m_running.erase(m_running.begin(), m_running.begin() + qptrdiff(m_next));

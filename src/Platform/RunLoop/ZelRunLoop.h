@@ -19,8 +19,8 @@ inline const QString ZelRunLoopCommonModes = QStringLiteral("ZelRunLoopCommonMod
 /// What is requested while an event is handled is performed after the events that are posted already, lower orders
 /// first, equal orders in the order of their requests. A request names the modes in which it may run; while the loop is
 /// in another mode it waits. What work requests while it runs is performed in the next turn. Work that opens an event
-/// loop of its own does not hold up what is queued behind it. An exception passes through to the event dispatcher; what
-/// had been queued stays queued.
+/// loop of its own does not hold up what is queued behind it. What work throws goes to the exception reporter, and the
+/// rest is performed all the same.
 ///
 /// A run loop is used on its own thread only, and lives as long as the thread (the main thread's: as the application).
 class ZelRunLoop : public QObject

@@ -9,6 +9,7 @@
 #include "Platform/Selection/ZelUndoManager.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
+#include "Support/Reports.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -117,6 +118,18 @@ private Q_SLOTS:
                              "transformations in -[NSObject(ZelKeyValueBinding) setValue:forBinding:]");
         field.commitEditing();
         QCOMPARE(person.name(), QStringLiteral("Ada"));
+    }
+
+    void anEditThatTheModelRefusesIsReportedAndTakenBack()
+    {
+        Person person;
+        QSlider slider(Qt::Horizontal);
+        slider.setRange(0, 100);
+        ZelBind(&slider, ZelValueBinding, &person, "nameLength"); // can only be read
+        const Reports reports;
+        QTest::keyClick(&slider, Qt::Key_Right);
+        QCOMPARE(reports.messages.size(), 1);
+        QCOMPARE(slider.value(), 0);
     }
 
     void transformersByInstanceAndByName()
