@@ -8,7 +8,8 @@
 
 namespace {
 
-/// The method of that name with no argument, or with one object; the most derived class's comes first.
+/// The method of that name with no argument, or with one object; the most derived class's comes first. What every
+/// object has (deleteLater) and what a class keeps to itself is out of reach: names come out of description files.
 QMetaMethod methodOf(const QObject *target, const QString &selector)
 {
     QString name = selector;
@@ -16,9 +17,10 @@ QMetaMethod methodOf(const QObject *target, const QString &selector)
         name.chop(1);
     const QByteArray wanted = name.toUtf8();
     const QMetaObject *metaObject = target->metaObject();
-    for (int i = metaObject->methodCount() - 1; i >= 0; --i) {
+    for (int i = metaObject->methodCount() - 1; i >= QObject::staticMetaObject.methodCount(); --i) {
         const QMetaMethod method = metaObject->method(i);
-        if (method.methodType() == QMetaMethod::Signal || method.name() != wanted)
+        if (method.methodType() == QMetaMethod::Signal || method.access() != QMetaMethod::Public ||
+            method.name() != wanted)
             continue;
         if (method.parameterCount() == 0 ||
             (method.parameterCount() == 1 && method.parameterType(0) == QMetaType::QObjectStar))
@@ -40,8 +42,8 @@ bool ZelSelector::perform(QObject *target, QObject *sender) const
         return false;
     const QMetaMethod method = methodOf(target, m_name);
     if (!method.isValid()) {
-        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: %1 has no slot or invokable method \"%2\"")
-                                           .arg(ZelObjectDescription(target), m_name);
+        ZelLogError(
+            QStringLiteral("%1 has no slot or invokable method \"%2\"").arg(ZelObjectDescription(target), m_name));
         return false;
     }
     if (method.parameterCount() == 0)

@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QString>
 
-/// The name of a method that is invoked later on some object: a slot or Q_INVOKABLE, with no argument or with the
-/// sender (a QObject *). Trailing colons are ignored.
+/// The name of a method that is invoked later on some object: a public slot or Q_INVOKABLE that the object's classes
+/// below QObject declare, with no argument or with the sender (a QObject *). Trailing colons are ignored.
 class ZelSelector
 {
 public:

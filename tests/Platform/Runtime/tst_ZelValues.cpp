@@ -18,6 +18,12 @@ public:
         calls << (sender == this ? QStringLiteral("self") : QStringLiteral("?"));
     }
     Q_INVOKABLE void withNumber(int) { calls << QStringLiteral("number"); }
+
+protected Q_SLOTS:
+    void protectedSlot() { calls << QStringLiteral("protected"); }
+
+private Q_SLOTS:
+    void privateSlot() { calls << QStringLiteral("private"); }
 };
 
 class tst_ZelValues : public QObject
@@ -91,8 +97,10 @@ private Q_SLOTS:
         QVERIFY(ZelSelector("plain:").perform(&target));
         QVERIFY(ZelSelector("withSender:").perform(&target, &target));
         QCOMPARE(target.calls, QStringList({QStringLiteral("plain"), QStringLiteral("self")}));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^ERROR: .*\"withNumber\"")));
-        QVERIFY(!ZelSelector("withNumber").perform(&target));
+        for (const char *unreachable : {"withNumber", "protectedSlot", "privateSlot", "deleteLater"}) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^ERROR: .*\"%1\"").arg(QLatin1String(unreachable))));
+            QVERIFY2(!ZelSelector(unreachable).perform(&target), unreachable);
+        }
         QVERIFY(!ZelSelector().perform(&target));
     }
 };
