@@ -27,6 +27,13 @@ bool staysInside(const QString &cleanName)
            QDir::isRelativePath(cleanName);
 }
 
+/// Also where the file is a link. A search path may be one itself.
+bool isBelow(const QString &path, const QString &directory)
+{
+    const QString root = QFileInfo(directory).canonicalFilePath();
+    return QFileInfo(path).canonicalFilePath().startsWith(root.endsWith(u'/') ? root : QString(root + u'/'));
+}
+
 QUrl urlOfPath(const QString &path)
 {
     if (!path.startsWith(u':'))
@@ -113,7 +120,7 @@ QUrl ZelBundle::urlForResource(const QString &fileName) const
     const QStringList paths = resourcePaths();
     for (const QString &path : paths) {
         const QString candidate = QDir::cleanPath(path + u'/' + name);
-        if (QFileInfo(candidate).isFile())
+        if (QFileInfo(candidate).isFile() && isBelow(candidate, path))
             return urlOfPath(candidate);
     }
     return {};

@@ -36,7 +36,7 @@ public:
     void setResourcePaths(const QStringList &paths) { m_resourcePaths = paths; }
 
     /// The first file of that name in the search paths. The name may lead into subdirectories but not out of the search
-    /// path. Empty if there is none, or no name.
+    /// path, nor may a link. Empty if there is none, or no name.
     QUrl urlForResource(const QString &baseName, const QString &extension) const;
     /// The same for a name with its extension.
     QUrl urlForResource(const QString &fileName) const;

@@ -97,7 +97,8 @@ void tst_ZelBundle::namesDoNotLeaveTheSearchPaths_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *name :
-         {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd", ":/outside.xml"})
+         {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd", ":/outside.xml",
+                             "link.xml", "links/outside.xml"})
         QTest::newRow(name) << QString::fromUtf8(name);
 }
 
@@ -105,6 +106,9 @@ void tst_ZelBundle::namesDoNotLeaveTheSearchPaths()
 {
     write(QStringLiteral("outside.xml"));
     write(QStringLiteral("first/panels/A.xml"));
+    QFile::link(m_directory->filePath(QStringLiteral("outside.xml")),
+                m_directory->filePath(QStringLiteral("first/link.xml")));
+    QFile::link(m_directory->path(), m_directory->filePath(QStringLiteral("first/links")));
     QFETCH(QString, name);
     QCOMPARE(ZelBundle::mainBundle().urlForResource(name), QUrl());
 }
