@@ -49,7 +49,7 @@ ZelAssertionHandler *ZelAssertionHandler::setCurrent(ZelAssertionHandler *handle
 void ZelFail(const QString &message, const ZelSourcePlace &place, const char *file)
 {
     ZelAssertionHandler::current()->handleFailure(locationOf(file), message,
-                                                  place.isEmpty() ? ZelPlaceScope::current() : place);
+                                                  place.isUnknown() ? ZelPlaceScope::current() : place);
 }
 
 void ZelFailParameter(const char *text, const char *file)

@@ -4,7 +4,7 @@
 ZelException::ZelException(const QString &name, const QString &reason, const ZelSourcePlace &place)
     : m_name(name)
     , m_reason(reason)
-    , m_place(place.isEmpty() ? ZelPlaceScope::current() : place)
+    , m_place(place.isUnknown() ? ZelPlaceScope::current() : place)
     , m_what(m_place.appendedTo(reason).toUtf8())
 {
 }

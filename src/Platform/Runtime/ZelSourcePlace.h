@@ -14,6 +14,8 @@ struct ZelSourcePlace
     QString element;   ///< the name of the element concerned
 
     bool isEmpty() const { return file.isEmpty(); }
+    /// Whether it is not even a place in a text that was in no file.
+    bool isUnknown() const { return file.isEmpty() && line == 0; }
     /// The message, followed by "(file:line:column, <element>)" where there is a place.
     QString appendedTo(const QString &message) const;
 
