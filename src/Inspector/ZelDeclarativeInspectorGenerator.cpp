@@ -21,7 +21,7 @@ void applyCondition(ZelInspectorConditionalContainer &container, const Configura
     // The transformer first: the key path may be evaluated at once.
     container.setVisibleValueTransformer(configuration.valueTransformerForAttributeNamed(
         u"visibleValueTransformer", container.visibleValueTransformer()));
-    container.setVisibleKeyPath(configuration.stringValueNamed(u"visibleKeyPath", container.visibleKeyPath()));
+    container.setVisibleKeyPath(configuration.keyPathValueNamed(u"visibleKeyPath", container.visibleKeyPath()));
 }
 
 void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
@@ -207,7 +207,7 @@ ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Confi
     auto inspector = std::make_unique<ZelTabbedInspector>(m_owner);
     inspector->setEnabled(configuration.booleanValueNamed(u"enabled", true));
     inspector->setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
-    inspector->setEnabledKeyPath(configuration.stringValueNamed(u"enabledKeyPath"));
+    inspector->setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
     if (configuration.configurationsNamed(u"pane").isEmpty())
         ZelFail(QStringLiteral("No panes in the configuration"), configuration.place());
     inspector->setPanes(buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));
@@ -278,7 +278,7 @@ ZelInspectorChooser *Generator::createChooserForConfiguration(const Configuratio
     if (!chooser)
         chooser = std::make_unique<ZelInspectorChooser>(m_owner);
     chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // as it stands, like a sliver's
-    chooser->setKeyPath(configuration.stringValueNamed(u"keyPath", chooser->keyPath()));
+    chooser->setKeyPath(configuration.keyPathValueNamed(u"keyPath", chooser->keyPath()));
     applyCondition(*chooser, configuration);
     chooser->setActionSelector(configuration.selectorValueNamed(u"actionSelector", chooser->actionSelector()));
     chooser->setActionName(configuration.localizedStringValueNamed(u"actionName", chooser->actionName()));
@@ -295,6 +295,7 @@ ZelInspectorChooserChoice *Generator::createChooserChoiceForConfiguration(const 
     choice->setHidden(configuration.booleanValueNamed(u"hidden"));
     choice->setEnabled(configuration.booleanValueNamed(u"enabled", true));
     choice->setValue(configuration.integerValueNamed(u"value"));
+    choice->setText(configuration.stringValueNamed(u"value"));
     choice->setSliversAndChoosers(buildSliversAndChoosers(configuration, choice.get()));
     return choice.release();
 }

@@ -16,6 +16,7 @@
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/Properties/ZelOptionValue.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
 #include "Platform/Resources/ZelBundle.h"
@@ -51,12 +52,12 @@ void fail(const QString &message, const Configuration &configuration)
 void applyCommonAttributes(ZelInspectorProperty &property, const Configuration &configuration)
 {
     property.setTitle(configuration.localizedStringValueNamed(u"title"));
-    property.setTitleKeyPath(configuration.stringValueNamed(u"titleKeyPath"));
-    property.setKeyPath(configuration.stringValueNamed(u"keyPath"));
+    property.setTitleKeyPath(configuration.keyPathValueNamed(u"titleKeyPath"));
+    property.setKeyPath(configuration.keyPathValueNamed(u"keyPath"));
     property.setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
     property.setEnabled(configuration.booleanValueNamed(u"enabled", true));
     property.setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
-    property.setEnabledKeyPath(configuration.stringValueNamed(u"enabledKeyPath"));
+    property.setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
     property.setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
     property.setActionName(configuration.localizedStringValueNamed(u"actionName"));
 }
@@ -110,7 +111,7 @@ void applyNumberFormat(ZelInspectorCompositeProperty &property, const Configurat
     applyFormatStyle(property.formatStyle, configuration);
     property.formatUnit = configuration.stringValueNamed(u"formatUnit");
     property.increment = configuration.doubleValueNamed(u"increment", 1);
-    property.incrementKeyPath = configuration.stringValueNamed(u"incrementKeyPath");
+    property.incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
 }
 
 /// A component keeps its usual title unless the description gives another.
@@ -118,7 +119,7 @@ void applyComponentTitle(QString &title, QString &titleKeyPath, const QString &n
 {
     if (configuration.hasValueNamed(name))
         title = configuration.localizedStringValueNamed(name);
-    titleKeyPath = configuration.stringValueNamed(QString(name + u"KeyPath"));
+    titleKeyPath = configuration.keyPathValueNamed(QString(name + u"KeyPath"));
 }
 
 void applyPairAttributes(ZelInspectorPairProperty &property, const Configuration &configuration)
@@ -126,7 +127,7 @@ void applyPairAttributes(ZelInspectorPairProperty &property, const Configuration
     property.setTitle({}); // the row's label stands beside the checkbox
     property.setTitleKeyPath({});
     property.nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
-    property.nonNilValueKeyPath = configuration.stringValueNamed(u"nonNilValueKeyPath");
+    property.nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
     applyNumberFormat(property, configuration);
 }
 
@@ -222,7 +223,7 @@ ZelInspectorProperty *Generator::createSimpleActionPropertyForConfiguration(cons
 ZelInspectorProperty *Generator::createMenuActionPropertyForConfiguration(const Configuration &configuration)
 {
     auto property = makeProperty<ZelInspectorMenuActionProperty>(configuration);
-    property->menuItemsKeyPath = configuration.stringValueNamed(u"menuItemsKeyPath");
+    property->menuItemsKeyPath = configuration.keyPathValueNamed(u"menuItemsKeyPath");
     return property.release();
 }
 
@@ -231,15 +232,15 @@ ZelInspectorProperty *Generator::createNumberPropertyForConfiguration(const Conf
     auto property = makeProperty<ZelInspectorNumberProperty>(configuration);
     property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
     property->minimum = configuration.doubleValueNamed(u"minimum", 0);
-    property->minimumKeyPath = configuration.stringValueNamed(u"minimumKeyPath");
+    property->minimumKeyPath = configuration.keyPathValueNamed(u"minimumKeyPath");
     property->maximum = configuration.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
-    property->maximumKeyPath = configuration.stringValueNamed(u"maximumKeyPath");
+    property->maximumKeyPath = configuration.keyPathValueNamed(u"maximumKeyPath");
     property->increment = configuration.doubleValueNamed(u"increment", 1);
-    property->incrementKeyPath = configuration.stringValueNamed(u"incrementKeyPath");
+    property->incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
     property->slidesInSteps =
         configuration.hasValueNamed(u"increment") || configuration.hasValueNamed(u"incrementKeyPath");
     property->nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
-    property->nonNilValueKeyPath = configuration.stringValueNamed(u"nonNilValueKeyPath");
+    property->nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
     property->nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");
     applyFormatStyle(property->formatStyle, configuration);
     property->formatUnit = configuration.stringValueNamed(u"formatUnit");
@@ -292,7 +293,7 @@ ZelInspectorProperty *Generator::createResourcePropertyForConfiguration(const Co
 {
     auto property = makeProperty<ZelInspectorResourceProperty>(configuration);
     property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
-    property->resourcesKeyPath = configuration.stringValueNamed(u"resourcesKeyPath");
+    property->resourcesKeyPath = configuration.keyPathValueNamed(u"resourcesKeyPath");
     return property.release();
 }
 
@@ -303,7 +304,7 @@ ZelInspectorProperty *Generator::createFrameProperty(const Configuration &config
     auto property = makeProperty<ZelInspectorBoundsProperty>(configuration);
     applyNumberFormat(*property, configuration);
     property->setFlipped(configuration.booleanValueNamed(u"flipped", true));
-    property->flippedKeyPath = configuration.stringValueNamed(u"flippedKeyPath");
+    property->flippedKeyPath = configuration.keyPathValueNamed(u"flippedKeyPath");
     property->showOriginSelector = configuration.booleanValueNamed(u"showOriginSelector");
     return property.release();
 }
@@ -356,8 +357,8 @@ ZelInspectorProperty *Generator::createEnumerationPropertyForConfiguration(const
     applyCommonAttributes(*property, configuration);
     property->setEditable(configuration.booleanValueNamed(u"editable", true));
     property->setBitMask(bitsValue(configuration, u"bitMask"));
-    property->setEnumeratedValuesKeyPath(configuration.stringValueNamed(u"enumeratedValuesKeyPath"));
-    property->setEnumeratedDisplayValuesKeyPath(configuration.stringValueNamed(u"enumeratedDisplayValuesKeyPath"));
+    property->setEnumeratedValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedValuesKeyPath"));
+    property->setEnumeratedDisplayValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath"));
     property->setOptionGroups(createOptionGroups(configuration, property.get()));
     return property.release();
 }
@@ -377,8 +378,8 @@ QList<ZelOptionGroup *> Generator::createOptionGroups(const Configuration &confi
     QList<ZelOptionGroup *> groups;
     for (const Configuration &element : configuration.configurationsNamed(u"option-group")) {
         auto *group = new ZelOptionGroup(parent);
-        group->enumeratedValuesKeyPath = element.stringValueNamed(u"enumeratedValuesKeyPath");
-        group->enumeratedDisplayValuesKeyPath = element.stringValueNamed(u"enumeratedDisplayValuesKeyPath");
+        group->enumeratedValuesKeyPath = element.keyPathValueNamed(u"enumeratedValuesKeyPath");
+        group->enumeratedDisplayValuesKeyPath = element.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath");
         group->setOptions(createOptions(element, group));
         groups.append(group);
     }
@@ -395,6 +396,7 @@ QList<ZelOption *> Generator::createOptions(const Configuration &configuration, 
         option->hidden = element.booleanValueNamed(u"hidden");
         option->enabled = element.booleanValueNamed(u"enabled", true);
         option->value = element.integerValueNamed(u"value");
+        ZelOptionValue::setText(option, element.stringValueNamed(u"value"), element.place());
         options.append(option);
     }
     return options;

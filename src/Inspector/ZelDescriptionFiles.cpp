@@ -26,6 +26,10 @@ ZelDescriptionFiles::Opened ZelDescriptionFiles::open(const QUrl &url, const Zel
         fail(url, tr("More than %1 files are nested.").arg(maximumDepth), place);
     const ZelInspectorConfiguration root = read(url, place);
     checkCycle(url, root.place().file, place);
+    const int limit = ZelInspectorConfiguration::limits().elements;
+    m_elements += root.element().elementCount();
+    if (m_elements > limit)
+        fail(url, tr("More than %1 elements are described.").arg(limit), place);
     return Opened(this, url, root);
 }
 
@@ -67,8 +71,6 @@ ZelDescriptionFiles::Entered::Entered(ZelDescriptionFiles *files, const ZelInspe
     const QUrl &url = files->m_open.last().url;
     if (files->m_depth >= maximumDepth)
         fail(url, tr("More than %1 elements are nested.").arg(maximumDepth), element.place());
-    if (files->m_open.size() > 1 && ++files->m_included > maximumIncluded)
-        fail(url, tr("More than %1 elements are included.").arg(maximumIncluded), element.place());
     m_files = files;
     ++files->m_depth;
 }

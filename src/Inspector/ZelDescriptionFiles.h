@@ -8,14 +8,15 @@
 /// The files that one description is made of, while something is built from it.
 ///
 /// Files include each other, and may come from anybody: none may include itself, directly or through others, and depth
-/// and amount of what is included are limited, since a few files that each include the next one twice describe more
-/// than any memory holds. A file that cannot be read and a breach of a limit are a ZelGenericException, "Unable to read
-/// file from URL ...: ...". A file is read once, however often it is included.
+/// and the amount of what is described are limited, since a few files that each include the next one twice describe
+/// more than any memory holds. All elements count, also those that nothing is made of, each time that their file is
+/// included: at most as many as the limits of ZelInspectorConfiguration allow. A file that cannot be read and a breach
+/// of a limit are a ZelGenericException, "Unable to read file from URL ...: ...". A file is read once, however often it
+/// is included.
 class ZelDescriptionFiles
 {
 public:
-    static constexpr int maximumDepth = 64;         ///< elements within each other, across files
-    static constexpr int maximumIncluded = 100'000; ///< elements in included files
+    static constexpr int maximumDepth = 64; ///< elements within each other, across files
 
     /// A file on the way from the description to the element that is being built, as long as it is on that way.
     class Opened
@@ -64,5 +65,5 @@ private:
     QHash<QUrl, ZelInspectorConfiguration> m_read;
     QList<File> m_open;
     int m_depth = 0;
-    int m_included = 0;
+    qint64 m_elements = 0;
 };

@@ -2,8 +2,10 @@
 #include "Inspector/ZelInspectorChooser.h"
 
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/Properties/ZelOptionValue.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Observation/ZelObservations.h"
+#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Views/ZelSwitchContainerView.h"
@@ -87,12 +89,34 @@ ZelInspectorTextEnumerationProperty *ZelInspectorChooser::property() const
 
 ZelMenuItem *ZelInspectorChooser::separatorMenuItem() const
 {
-    return m_property ? m_property->separatorMenuItem() : nullptr;
+    return m_separatorMenuItem;
+}
+
+void ZelInspectorChooser::setSeparatorMenuItem(ZelMenuItem *item)
+{
+    if (std::exchange(m_separatorMenuItem, item) == item)
+        return;
+    adopt(item);
+    Q_EMIT separatorMenuItemChanged();
 }
 
 ZelMenuItem *ZelInspectorChooser::multipleValuesMenuItem() const
 {
-    return m_property ? m_property->multipleValuesMenuItem() : nullptr;
+    return m_multipleValuesMenuItem;
+}
+
+void ZelInspectorChooser::setMultipleValuesMenuItem(ZelMenuItem *item)
+{
+    if (std::exchange(m_multipleValuesMenuItem, item) == item)
+        return;
+    adopt(item);
+    Q_EMIT multipleValuesMenuItemChanged();
+}
+
+void ZelInspectorChooser::adopt(ZelMenuItem *item)
+{
+    if (item && !item->parent())
+        item->setParent(this);
 }
 
 QList<QPointer<ZelViewController>> ZelInspectorChooser::childControllers() const
@@ -116,8 +140,11 @@ void ZelInspectorChooser::loadView()
 {
     auto *stack = new ZelVerticalStackView;
     setView(stack);
-    makeSliver();
-    stack->addSubview(m_sliver->view());
+    delete m_sliver; // of a former view
+    if (owner()) {
+        makeSliver();
+        stack->addSubview(m_sliver->view());
+    }
     m_currentChoice = nullptr;
     m_containerView = new ZelSwitchContainerView(stack);
     m_containerView->setConstraintSelectdView(true);
@@ -131,7 +158,6 @@ void ZelInspectorChooser::loadView()
 
 void ZelInspectorChooser::makeSliver()
 {
-    delete m_sliver; // of a former view
     m_sliver = new ZelInspectorSliver(owner());
     m_sliver->setParent(this);
     m_sliver->setTitle(title());
@@ -152,6 +178,7 @@ ZelOptionGroup *ZelInspectorChooser::makeOptionGroup()
         option->enabled = choice->isEnabled();
         option->hidden = choice->isHidden();
         option->value = choice->value();
+        ZelOptionValue::setText(option, choice->text(), choice->place());
         options.append(option);
     }
     group->setOptions(options);
@@ -203,8 +230,9 @@ void ZelInspectorChooser::observeKeyPath()
 
 ZelInspectorChooserChoice *ZelInspectorChooser::choiceForValue(const QVariant &value) const
 {
+    const QMetaType type = ZelOptionValue::typeOf(value);
     for (ZelInspectorChooserChoice *choice : choices()) {
-        if (ZelEqual(choice->value(), value))
+        if (ZelEqual(ZelOptionValue::forType(type, choice->value(), choice->text()), value))
             return choice;
     }
     return nullptr;

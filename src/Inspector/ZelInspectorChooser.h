@@ -35,6 +35,12 @@ class ZelInspectorChooser : public ZelInspectorConditionalContainer
         ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
     Q_MOC_INCLUDE("Inspector/Properties/ZelInspectorTextEnumerationProperty.h")
     Q_MOC_INCLUDE("Inspector/ZelInspectorSliver.h")
+    /// Kept for the application, null by default; the chooser uses neither. What has no parent becomes its child.
+    Q_PROPERTY(ZelMenuItem *separatorMenuItem READ separatorMenuItem WRITE setSeparatorMenuItem NOTIFY
+                   separatorMenuItemChanged)
+    Q_PROPERTY(ZelMenuItem *multipleValuesMenuItem READ multipleValuesMenuItem WRITE setMultipleValuesMenuItem NOTIFY
+                   multipleValuesMenuItemChanged)
+    Q_MOC_INCLUDE("Platform/Controls/ZelMenuItem.h")
 public:
     explicit ZelInspectorChooser(QObject *owner);
     ~ZelInspectorChooser() override;
@@ -59,13 +65,15 @@ public:
     /// Shows the content of the choice that the model's value stands for.
     void updateContentView();
 
-    // Made with the view, null before.
+    ZelMenuItem *separatorMenuItem() const;
+    void setSeparatorMenuItem(ZelMenuItem *item);
+    ZelMenuItem *multipleValuesMenuItem() const;
+    void setMultipleValuesMenuItem(ZelMenuItem *item);
+
+    // Made with the view, null before. A view that is loaded after the owner has died has no row with the pop-up.
     ZelInspectorSliver *sliver() const;
     ZelInspectorTextEnumerationProperty *property() const;
     ZelSwitchContainerView *containerView() const;
-    /// The items that the pop-up shows below the choices where there is no single value.
-    ZelMenuItem *separatorMenuItem() const;
-    ZelMenuItem *multipleValuesMenuItem() const;
 
     void loadView() override;
     void viewDidInstall() override;
@@ -85,11 +93,14 @@ Q_SIGNALS:
     void sliverChanged();
     void propertyChanged();
     void containerViewChanged();
+    void separatorMenuItemChanged();
+    void multipleValuesMenuItemChanged();
 
 protected:
     QList<QPointer<ZelViewController>> childControllers() const override;
 
 private:
+    void adopt(ZelMenuItem *item);
     void makeSliver();
     ZelOptionGroup *makeOptionGroup();
     void configureProperty();
@@ -104,5 +115,7 @@ private:
     QPointer<ZelInspectorSliver> m_sliver;
     QPointer<ZelInspectorTextEnumerationProperty> m_property;
     QPointer<ZelSwitchContainerView> m_containerView;
+    QPointer<ZelMenuItem> m_separatorMenuItem;
+    QPointer<ZelMenuItem> m_multipleValuesMenuItem;
     bool m_enabled = true;
 };

@@ -33,6 +33,12 @@ void ZelInspectorChooserChoice::setValue(const QVariant &value)
     Q_EMIT valueChanged();
 }
 
+void ZelInspectorChooserChoice::setText(const QString &text)
+{
+    m_text = text;
+    Q_EMIT textChanged();
+}
+
 void ZelInspectorChooserChoice::setSliversAndChoosers(
     const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers)
 {

@@ -19,6 +19,8 @@ class ZelInspectorChooserChoice : public ZelInspectorContainer
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     /// The value in the model that this choice stands for.
     Q_PROPERTY(QVariant value READ value WRITE setValue NOTIFY valueChanged)
+    /// What stands in place of the value in a model of texts or of an enumeration's keys; null for the value itself.
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
     /// ZelInspectorSliver and ZelInspectorChooser, mixed.
     Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
                    setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
@@ -33,6 +35,8 @@ public:
     void setImage(const QIcon &image);
     const QVariant &value() const { return m_value; }
     void setValue(const QVariant &value);
+    const QString &text() const { return m_text; }
+    void setText(const QString &text);
     QList<ZelInspectorConditionalContainer *> sliversAndChoosers() const { return m_sliversAndChoosers.list(); }
     void setSliversAndChoosers(const QList<ZelInspectorConditionalContainer *> &sliversAndChoosers);
 
@@ -43,6 +47,7 @@ Q_SIGNALS:
     void enabledChanged();
     void imageChanged();
     void valueChanged();
+    void textChanged();
     void sliversAndChoosersChanged();
 
 protected:
@@ -52,6 +57,7 @@ private:
     ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
     QIcon m_image;
     QVariant m_value;
+    QString m_text;
     bool m_hidden = false;
     bool m_enabled = true;
 };

@@ -61,6 +61,18 @@ QString ZelInspectorConfiguration::stringValueNamed(QAnyStringView name, const Q
     return text.isNull() ? defaultValue : text.toString();
 }
 
+QString ZelInspectorConfiguration::keyPathValueNamed(QAnyStringView name, const QString &defaultValue) const
+{
+    const QStringView text = m_element.attribute(name);
+    if (text.size() > maximumKeyPathLength)
+        ZelFail(QStringLiteral("The key path has more than %1 characters").arg(maximumKeyPathLength), place());
+    else if (text.count(u'.') >= maximumKeys)
+        ZelFail(QStringLiteral("The key path has more than %1 keys").arg(maximumKeys), place());
+    else if (!text.isNull())
+        return text.toString();
+    return defaultValue;
+}
+
 QString ZelInspectorConfiguration::localizedStringValueNamed(QAnyStringView name, const QString &defaultValue) const
 {
     return localizedStringForKey(stringValueNamed(name, defaultValue));

@@ -42,6 +42,11 @@ public:
     bool hasValueNamed(QAnyStringView name) const { return m_element.hasAttribute(name); }
     /// The text as it stands; an empty one is not null.
     QString stringValueNamed(QAnyStringView name, const QString &defaultValue = {}) const;
+    /// The text as a key path: dot-separated names. At most maximumKeyPathLength characters and maximumKeys names; more
+    /// are an assertion, and the default.
+    QString keyPathValueNamed(QAnyStringView name, const QString &defaultValue = {}) const;
+    static constexpr qsizetype maximumKeyPathLength = 4096;
+    static constexpr qsizetype maximumKeys = 64;
     /// The text as a key into the application's translations; the default is looked up the same way.
     QString localizedStringValueNamed(QAnyStringView name, const QString &defaultValue = {}) const;
     QString localizedStringForKey(const QString &key) const;

@@ -130,15 +130,14 @@ void ZelTabbedInspector::selectInspector(quint64 index)
         m_currentInspector->prepareForReuse();
     const QPointer<ZelInspectorPane> former = std::exchange(m_currentInspector, nullptr);
     const bool isOther = std::exchange(m_selectedPaneIndex, index) != index;
-    if (m_tabBar && m_containerView) {
-        m_currentInspector = panes().value(qsizetype(index));
+    m_currentInspector = panes().value(qsizetype(index));
+    if (m_containerView)
         m_containerView->setSelectedChildViewControllerIndex(index);
-        if (m_currentInspector)
-            m_currentInspector->refresh();
-        ZelTabBarItem *item = m_tabBar->items().value(qsizetype(index));
-        if (item && m_tabBar->selectedItem() != item)
-            m_tabBar->setSelectedItem(item);
-    }
+    if (m_currentInspector)
+        m_currentInspector->refresh();
+    ZelTabBarItem *item = m_tabBar ? m_tabBar->items().value(qsizetype(index)) : nullptr;
+    if (item && m_tabBar->selectedItem() != item)
+        m_tabBar->setSelectedItem(item);
     if (m_currentInspector != former)
         Q_EMIT currentInspectorChanged();
     if (isOther)

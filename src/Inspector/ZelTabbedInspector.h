@@ -46,7 +46,7 @@ public:
     /// Puts the current pane away and shows the one of that index; without asking the former one. An index behind the
     /// last pane shows none.
     void selectInspector(quint64 index);
-    /// The shown pane; null before the view is made.
+    /// The pane that is shown, or will be when the view is made; null until one is selected.
     ZelInspectorPane *currentInspector() const { return m_currentInspector; }
 
     // Null while the view is not loaded.

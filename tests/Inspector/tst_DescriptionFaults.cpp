@@ -67,6 +67,7 @@ private Q_SLOTS:
     void init();
     void messagesNameTheElement_data();
     void messagesNameTheElement();
+    void editorsOutliveTheirOwner();
 
 private:
     Descriptions m_files;
@@ -99,6 +100,10 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
                                 .arg(QLatin1String(type))));
     }
     property("type='boolean' keyPath='people.selection.nameLength'"); // cannot be written
+    property("type='boolean' keyPath='people.selection.active' actionSelector='missing'");
+    property("type='action' title='Act' actionSelector='missing'");
+    property("type='action' title='Act' actionSelector='deleteLater'");
+    property("type='custom' class='ZelInspectorArrayProperty' keyPath='people.selection.name'");
     property("type='boolean' titleKeyPath='people.missing'");
     property("type='number' keyPath='extra' valueTransformer='ZelPercentValueTransformerName'");
     property("type='number' keyPath='people.selection.height' minimumKeyPath='missing'");
@@ -111,6 +116,11 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
     property("type='resource' resourcesKeyPath='missing'");
     property("type='frame' keyPath='people.selection.frame' flippedKeyPath='missing'");
 
+    // Editors that write a single key
+    property("type='boolean' keyPath='people.selection.friendOf.active'");
+    property("type='enumeration' keyPath='people.selection.friendOf.flags'");
+    property("type='frame' keyPath='people.friendOf.frame'");
+
     const std::pair<const char *, const char *> containers[] = {
         {"slice", "\n\n<slice visibleKeyPath='missing'/>"},
         {"section", "\n\n<section visibleKeyPath='people.missing'/>"},
@@ -118,6 +128,12 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
         {"chooser", "<section>\n\n<chooser keyPath='missing'><choice/></chooser></section>"},
         {"chooser", "<section>\n\n<chooser visibleKeyPath='extra' "
                     "visibleValueTransformer='ZelPercentValueTransformerName'/></section>"},
+        {"option", "<section><sliver><property type='enumeration' keyPath='people.selection.flags'><option-group>\n\n"
+                   "<option value='beta'/></option-group></property></sliver></section>"},
+        {"option", "<section><sliver><property type='enumeration' keyPath='people.selection.role'><option-group>"
+                   "<option value='Guest'/>\n\n<option value='guest'/></option-group></property></sliver></section>"},
+        {"choice",
+         "<section><chooser keyPath='people.selection.flags'>\n\n<choice value='12abc'/></chooser></section>"},
         {"sliver", "<section><chooser keyPath='people.selection.flags'><choice>\n\n"
                    "<sliver visibleKeyPath='missing'/></choice></chooser></section>"},
     };
@@ -152,6 +168,32 @@ void tst_DescriptionFaults::messagesNameTheElement()
     const QRegularExpression place(QStringLiteral("\\(.*/Faulty\\.xml:3:1, <%1>\\)$").arg(element));
     for (const QString &message : std::as_const(reports.messages))
         QVERIFY2(place.match(message).hasMatch(), qPrintable(message));
+}
+
+void tst_DescriptionFaults::editorsOutliveTheirOwner()
+{
+    QByteArray text =
+        "<slice><section><chooser title='Kind' keyPath='people.selection.flags'><choice><sliver/></choice></chooser>";
+    for (const QByteArray type :
+         {"boolean", "action", "action' menuItemsKeyPath='menu", "number", "string", "string' attributed='yes",
+          "enumeration", "enumeration' style='segmented", "color", "date", "font", "resource", "frame", "size",
+          "custom' class='ZelInspectorArrayProperty"})
+        text += "<sliver><property type='" + type + "' keyPath='people.selection.name'/></sliver>";
+    ZelDeclarativeInspectorGenerator generator;
+    generator.setOwner(m_owner.get());
+    generator.setUrl(m_files.write(QStringLiteral("All.xml"), text + "</section></slice>"));
+    const std::unique_ptr<ZelInspectorSlice> root(generator.createSlice());
+    m_owner.reset();
+
+    Reports reports;
+    QWidget window;
+    auto *container = new ZelView(&window);
+    window.show();
+    reports.collect([&] { container->addSubview(root->view()); });
+    for (QAbstractButton *button : root->view()->findChildren<QAbstractButton *>())
+        reports.collect([&] { button->click(); });
+    reports.collect([] { QCoreApplication::processEvents(); });
+    QCOMPARE(reports.messages, QStringList());
 }
 
 QTEST_MAIN(tst_DescriptionFaults)

@@ -72,6 +72,8 @@ private Q_SLOTS:
     void aChooserShowsTheContentOfTheValue();
     void aChoiceOfTheUserIsWrittenAndShown();
     void choosersWithinChoosers();
+    void choicesStandForTextsAndKeys_data();
+    void choicesStandForTextsAndKeys();
     void rowsLeaveRoomForTheirLabel();
     void narrowEditorsOfOneKindShareALine();
     void longTitlesAreCutBeforeTheyWiden();
@@ -539,7 +541,7 @@ void tst_InspectorContainers::aChooserShowsTheContentOfTheValue()
         QVERIFY(!editor->view()->isVisible());
     settle();
     QVERIFY(chooser->view()->sizeHint().height() <= low);
-    QVERIFY(!chooser->multipleValuesMenuItem()->isHidden());
+    QVERIFY(!chooser->property()->multipleValuesMenuItem()->isHidden());
     chooser->setTitle(QStringLiteral("Rank"));
     QCOMPARE(chooser->sliver()->label()->text(), QStringLiteral("Rank"));
 }
@@ -564,6 +566,59 @@ void tst_InspectorContainers::aChoiceOfTheUserIsWrittenAndShown()
     m_owner->extra = 0;
     Q_EMIT m_owner->extraChanged();
     QCOMPARE(chooser->currentChoice(), chooser->choices().at(0));
+    settle();
+    QCOMPARE(button->shownText(), QStringLiteral("Guest"));
+    chooser->setEnabledKeyPath(QStringLiteral("unlocked"));
+    QVERIFY(button->isEnabled());
+    m_owner->setUnlocked(false);
+    settle();
+    QVERIFY(!button->isEnabled());
+}
+
+void tst_InspectorContainers::choicesStandForTextsAndKeys_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QVariant>("first");
+    QTest::addColumn<QByteArrayList>("values");
+    QTest::addColumn<QVariant>("chosen");
+    QTest::newRow("text") << QByteArray("name") << QVariant("beta") << QByteArrayList{"alpha", "beta", "007"}
+                          << QVariant("007");
+    QTest::newRow("enumeration") << QByteArray("role") << QVariant::fromValue(Person::Admin)
+                                 << QByteArrayList{"Guest", "Admin", "1"} << QVariant::fromValue(Person::Member);
+    QTest::newRow("number") << QByteArray("flags") << QVariant(16) << QByteArrayList{"0", "0x10", "2"} << QVariant(2);
+}
+
+void tst_InspectorContainers::choicesStandForTextsAndKeys()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QVariant, first);
+    QFETCH(QByteArrayList, values);
+    QFETCH(QVariant, chosen);
+    for (const QByteArray element : {"option", "choice"}) {
+        for (const auto &person : m_people)
+            person->setProperty(key, first);
+        QByteArray choices;
+        for (const char title : {'A', 'B', 'C'})
+            choices += "<" + element + " title='" + title + "' value='" + values.at(title - 'A') + "'/>";
+        const QByteArray keyPath = "keyPath='people.selection." + key + "'";
+        const bool isChooser = element == "choice";
+        const QByteArray begin = isChooser
+                                     ? QByteArray("chooser " + keyPath + ">")
+                                     : QByteArray("sliver><property type='enumeration' " + keyPath + "><option-group>");
+        const QByteArray end = isChooser ? "</chooser>" : "</option-group></property></sliver>";
+        showSlice("<slice><section><" + begin + choices + end + "</section></slice>");
+        settle();
+        ZelPopUpButton *button = find<ZelInspectorTextEnumerationProperty>()->popUpButton();
+        QCOMPARE(button->shownText(), QStringLiteral("B"));
+        if (auto *chooser = find<ZelInspectorChooser>())
+            QCOMPARE(chooser->currentChoice(), chooser->choices().at(1));
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_C);
+        for (const auto &person : m_people)
+            QCOMPARE(person->property(key), chosen);
+        settle();
+        QCOMPARE(button->shownText(), QStringLiteral("C"));
+    }
 }
 
 void tst_InspectorContainers::choosersWithinChoosers()

@@ -13,12 +13,14 @@
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
+#include "Platform/Controls/ZelMenuItem.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Resources/ZelNamedImages.h"
 #include "Platform/Runtime/ZelClassRegistry.h"
 #include "Support/EditorOwner.h"
 
 #include <QElapsedTimer>
+#include <QScopeGuard>
 
 namespace {
 
@@ -101,6 +103,7 @@ private Q_SLOTS:
     void filesThatIncludeThemselvesAreExceptions();
     void whatIncludesTooMuchEndsSoon_data();
     void whatIncludesTooMuchEndsSoon();
+    void allElementsCountEachTimeTheirFileIsIncluded();
     void afterAFailureTheGeneratorWorksAsBefore();
 
 private:
@@ -161,6 +164,9 @@ void tst_ZelDeclarativeInspectorGenerator::theTreeFollowsTheDescription()
     QVERIFY(qobject_cast<ZelInspectorChooser *>(section->sliversAndChoosers().at(1)));
     for (const ZelInspectorContainer *container : tabs->findChildren<ZelInspectorContainer *>())
         QVERIFY(container->owner() == &m_owner && !const_cast<ZelInspectorContainer *>(container)->isViewLoaded());
+    tabs->selectInspector(1);
+    QCOMPARE(tabs->currentInspector(), tabs->panes().last());
+    QVERIFY(!tabs->isViewLoaded());
 }
 
 void tst_ZelDeclarativeInspectorGenerator::choosersHoldTheirChoices()
@@ -168,11 +174,14 @@ void tst_ZelDeclarativeInspectorGenerator::choosersHoldTheirChoices()
     const Tree tree = slice(inSection(R"(<chooser title="Kind" keyPath="extra" actionSelector="noteAction"
         actionName="Size" visibleKeyPath="unlocked"><choice title="Size" value="0x10" hidden="yes" enabled="no">
         <sliver/><chooser title="Inner"><choice/></chooser></choice><choice/></chooser>)"));
-    const auto *chooser = tree->findChild<ZelInspectorChooser *>();
+    auto *chooser = tree->findChild<ZelInspectorChooser *>();
     QCOMPARE(chooser->keyPath(), QStringLiteral("extra"));
     QCOMPARE(chooser->actionSelector(), ZelSelector("noteAction"));
     QCOMPARE(chooser->actionName(), QStringLiteral("Größe"));
     QCOMPARE(chooser->visibleKeyPath(), QStringLiteral("unlocked"));
+    auto *item = new ZelMenuItem(QStringLiteral("Several"));
+    chooser->setProperty("multipleValuesMenuItem", QVariant::fromValue(item));
+    QCOMPARE(chooser->multipleValuesMenuItem(), item);
     const ZelInspectorChooserChoice *first = chooser->choices().first();
     QCOMPARE(first->title(), QStringLiteral("Größe"));
     QCOMPARE(first->value(), QVariant(16));
@@ -200,6 +209,7 @@ void tst_ZelDeclarativeInspectorGenerator::typesChooseTheEditor_data()
         {"type='font'", "ZelInspectorFontProperty"},
         {"type='resource'", "ZelInspectorResourceProperty"},
         {"type='frame'", "ZelInspectorBoundsProperty"},
+        {"type='frame' flipped='no' enabledKeyPath='missing'", "ZelInspectorBoundsProperty"}, // not evaluated
         {"type='size'", "ZelInspectorSizeProperty"},
         {"type='point'", "ZelInspectorSizeProperty"},
         {"type='custom'", "ZelInspectorCustomProperty"},
@@ -488,6 +498,10 @@ void tst_ZelDeclarativeInspectorGenerator::faultsAreAssertionsWithTheirPlace_dat
     row("style", inSliver("<property type='enumeration' style='Popup'/>"), "Unsupported style: Popup", "3:9 property");
     row("transformer", "<slice visibleValueTransformer='none'/>", "Missing value transformer for name none",
         "1:1 slice");
+    row("long key path", inSliver("<property type='string' keyPath='" + QByteArray(4097, 'a') + "'/>"),
+        "The key path has more than 4096 characters", "3:9 property");
+    row("many keys", "<slice visibleKeyPath='" + QByteArray("a.").repeated(64) + "a'/>",
+        "The key path has more than 64 keys", "1:1 slice");
     row("bits", inSliver("<property type='boolean' bits='0xZZ'/>"), "Unabled to parse hex value: 0xZZ", "3:9 property");
     for (const char *element : {"section", "sliver", "chooser", "property"}) {
         const QByteArray text = QByteArray("<") + element + " type='file' file='Wrong.xml'/>";
@@ -516,7 +530,7 @@ void tst_ZelDeclarativeInspectorGenerator::faultsAreAssertionsWithTheirPlace()
         const ZelSourcePlace &found = exception.place();
         QCOMPARE(QStringLiteral("%1:%2 %3").arg(found.line).arg(found.column).arg(found.element), place);
         QVERIFY(found.file.endsWith(found.element == u"property" && found.line == 2 ? u"/Wrong.xml" : u"/Faulty.xml"));
-        if (!message.startsWith(u"Missing value") && !message.startsWith(u"Unabled"))
+        if (!message.startsWith(u"Missing value") && !message.startsWith(u"Unabled") && !message.contains(u"key path"))
             QCOMPARE(exception.location(), QStringLiteral("Inspector/ZelDeclarativeInspectorGenerator"));
     }
 }
@@ -669,6 +683,24 @@ void tst_ZelDeclarativeInspectorGenerator::whatIncludesTooMuchEndsSoon()
         m_generator->setUrl(m_files.write(QStringLiteral("Main.xml"), "<slice file='F0.xml'/>"));
     QVERIFY_EXCEPTION_THROWN(m_generator->createSlice(), ZelGenericException);
     QVERIFY(timer.elapsed() < 60'000);
+}
+
+void tst_ZelDeclarativeInspectorGenerator::allElementsCountEachTimeTheirFileIsIncluded()
+{
+    m_files.write(QStringLiteral("Many.xml"), "<slice type='enumeration'><option-group>" +
+                                                  QByteArray("<option/>").repeated(18) + "</option-group></slice>");
+    const ZelXmlReader::Limits former = ZelInspectorConfiguration::limits();
+    ZelInspectorConfiguration::setLimits({.elements = 50});
+    const auto restore = qScopeGuard([&] { ZelInspectorConfiguration::setLimits(former); });
+    const QByteArray include = "\n<property type='many' file='Many.xml'/>";
+    QVERIFY(slice(inSliver(include.repeated(2))));
+    try {
+        slice(inSliver(include.repeated(3)));
+        QFAIL("nothing was thrown");
+    } catch (const ZelGenericException &exception) {
+        QVERIFY(exception.reason().endsWith(u"More than 50 elements are described."));
+        QCOMPARE(exception.place().line, 6);
+    }
 }
 
 void tst_ZelDeclarativeInspectorGenerator::afterAFailureTheGeneratorWorksAsBefore()

@@ -31,6 +31,9 @@ public:
     QWidget *viewForBaselineAlignment() override;
     bool canTileIntoColumnsWithWidth(double width) override;
 
+protected:
+    bool storesSingleKey() const override { return true; }
+
 private:
     QPointer<ZelCheckBox> m_checkbox;
 };

@@ -310,6 +310,8 @@ void ZelInspectorCompositeProperty::componentDidChange()
 
 void ZelInspectorCompositeProperty::updateInternalEnabled()
 {
+    if (!isViewInstalled() && !enabledKeyPath().isEmpty())
+        return; // key paths are evaluated when the view is installed
     const ZelPlaceScope scope(this);
     const bool enabled = computeInternalEnabled();
     if (enabled == m_internalEnabled)

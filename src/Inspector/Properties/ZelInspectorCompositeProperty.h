@@ -58,6 +58,7 @@ Q_SIGNALS:
 protected:
     static constexpr int maximumCount = 4;
 
+    bool storesSingleKey() const override { return true; }
     using Numbers = ZelGeometryType::Numbers;
 
     /// The components' property names, two or four, in their order, and the type of new values. The model's values may

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 
+#include "Inspector/Properties/ZelOptionValue.h"
 #include "Observation/ZelKeyValueObservation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelKeyValueChange.h"
@@ -154,8 +155,26 @@ ZelInspectorEnumerationProperty::choicesOfGroup(const ZelOptionGroup *group) con
 {
     QList<Choice> choices = choicesAt(group->enumeratedDisplayValuesKeyPath, group->enumeratedValuesKeyPath);
     for (const ZelOption *option : group->options())
-        choices.append({option->title, option->image, option->value, option->hidden, option->enabled});
+        choices.append({option->title, option->image, ZelOptionValue::forType(m_modelType, option->value, option->text),
+                        option->hidden, option->enabled});
     return choices;
+}
+
+void ZelInspectorEnumerationProperty::adaptOptionsTo(const QVariant &modelValue)
+{
+    const QMetaType type = ZelOptionValue::typeOf(modelValue);
+    if (!type.isValid() || type == m_modelType)
+        return;
+    const QMetaType former = std::exchange(m_modelType, type);
+    bool changes = false;
+    for (const ZelOptionGroup *group : optionGroups()) {
+        for (const ZelOption *option : group->options())
+            changes |= ZelNotEqual(ZelOptionValue::forType(former, option->value, option->text),
+                                   ZelOptionValue::forType(type, option->value, option->text));
+        ZelOptionValue::warnOfTexts(group, type);
+    }
+    if (changes)
+        rebuildView();
 }
 
 QVariant ZelInspectorEnumerationProperty::reducedValue() const

@@ -52,6 +52,8 @@ Q_SIGNALS:
     void optionGroupsChanged();
 
 protected:
+    bool storesSingleKey() const override { return m_editable; }
+
     /// One option as the control shows it.
     struct Choice
     {
@@ -64,6 +66,9 @@ protected:
     /// The options of the editor's own key paths, and those of each group.
     QList<Choice> ownChoices() const;
     QList<Choice> choicesOfGroup(const ZelOptionGroup *group) const;
+    /// Has the options stand for values of the model's type, which shows in its values: collects them anew if the type
+    /// has changed and they depend on it.
+    void adaptOptionsTo(const QVariant &modelValue);
     /// The value of the selection, reduced to the bits of the mask where there is one.
     QVariant reducedValue() const;
     /// Writes the chosen value into every represented object, and reports the change.
@@ -74,6 +79,7 @@ private:
 
     QList<QPointer<ZelOptionGroup>> m_optionGroups;
     std::optional<quint64> m_bitMask;
+    QMetaType m_modelType; // see ZelOptionValue; invalid while it is not known
     QString m_enumeratedDisplayValuesKeyPath;
     QString m_enumeratedValuesKeyPath;
     bool m_editable = true;

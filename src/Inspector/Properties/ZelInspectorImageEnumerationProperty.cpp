@@ -144,6 +144,7 @@ void ZelInspectorImageEnumerationProperty::updateView()
     if (isUpdatingValues())
         return;
     const QVariant value = reducedValue();
+    adaptOptionsTo(value);
     const bool isMarker = ZelIsControllerMarker(value);
     const bool isUnknown = !isMarker && !ZelIsNull(value) && findSegment(value) < 0;
     if (m_segmentedControl)

@@ -54,15 +54,34 @@ ZelInspectorProperty::~ZelInspectorProperty()
     uninstall();
 }
 
+/// Observations and bindings are made when the view is installed: they are made anew.
+bool ZelInspectorProperty::setObservedKeyPath(QString &member, const QString &keyPath)
+{
+    if (member == keyPath)
+        return false;
+    const QPointer<ZelInspectorProperty> alive(this);
+    if (isViewInstalled())
+        endEditing();
+    if (!alive)
+        return false;
+    member = keyPath;
+    if (!isViewInstalled())
+        return true;
+    const ZelPlaceScope scope(this);
+    viewWillUninstall();
+    viewDidInstall();
+    return !alive.isNull();
+}
+
 void ZelInspectorProperty::setTitleKeyPath(const QString &keyPath)
 {
-    if (store(m_titleKeyPath, keyPath))
+    if (setObservedKeyPath(m_titleKeyPath, keyPath))
         Q_EMIT titleKeyPathChanged();
 }
 
 void ZelInspectorProperty::setKeyPath(const QString &keyPath)
 {
-    if (store(m_keyPath, keyPath))
+    if (setObservedKeyPath(m_keyPath, keyPath))
         Q_EMIT keyPathChanged();
 }
 
@@ -74,7 +93,7 @@ void ZelInspectorProperty::setEnabled(bool enabled)
 
 void ZelInspectorProperty::setEnabledKeyPath(const QString &keyPath)
 {
-    if (store(m_enabledKeyPath, keyPath))
+    if (setObservedKeyPath(m_enabledKeyPath, keyPath))
         Q_EMIT enabledKeyPathChanged();
 }
 
@@ -347,6 +366,7 @@ void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding, co
 void ZelInspectorProperty::viewDidInstall()
 {
     ZelViewController::viewDidInstall();
+    warnOfLongKeyPath();
     if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
         return;
     QObject *controller =
@@ -354,6 +374,17 @@ void ZelInspectorProperty::viewDidInstall()
     if (const auto *known = qobject_cast<ZelObjectController *>(controller))
         m_selectionConnection =
             connect(known, &ZelObjectController::selectionWillChange, this, &ZelInspectorProperty::endEditing);
+}
+
+void ZelInspectorProperty::warnOfLongKeyPath() const
+{
+    if (!storesSingleKey())
+        return;
+    const QString stored = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    if (stored.contains(u'.'))
+        ZelLogWarning(QStringLiteral("The editor writes a single key, \"%1\" is longer: it can show the value but not "
+                                     "change it")
+                          .arg(stored));
 }
 
 bool ZelInspectorProperty::contains(const QWidget *control) const

@@ -41,6 +41,7 @@ public:
 
     QObject *owner() const { return m_owner; }
 
+    // Key paths may be changed at any time; what was typed until then is written at the former one.
     /// The key path of a title that may change; the title itself otherwise.
     const QString &titleKeyPath() const { return m_titleKeyPath; }
     void setTitleKeyPath(const QString &keyPath);
@@ -166,6 +167,10 @@ protected:
     QString refusalOf(const QVariant &modelValue) const;
     /// The same of a value as a control bound with the transformer has it.
     QString refusalOfShown(const QVariant &value) const;
+
+    /// Whether the editor writes with updateReflectedValues, for which the key below the selection must be a single
+    /// one. A longer one is a warning when the view is installed.
+    virtual bool storesSingleKey() const { return false; }
     /// Whether the control is one of the editor's, wherever it is shown: in the view, by default.
     virtual bool contains(const QWidget *control) const;
 
@@ -187,6 +192,8 @@ protected:
 
 private:
     void endEditing();
+    bool setObservedKeyPath(QString &member, const QString &keyPath);
+    void warnOfLongKeyPath() const;
 
     QPointer<QObject> m_owner;
     QString m_titleKeyPath;

@@ -143,6 +143,7 @@ void ZelInspectorTextEnumerationProperty::updateView()
     if (isUpdatingValues() || !m_noSelectionItem)
         return;
     const QVariant value = reducedValue();
+    adaptOptionsTo(value);
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const bool isNone = ZelIsNull(value) || (ZelIsControllerMarker(value) && !isMultiple);
     ZelMenuItem *item = isMultiple ? m_multipleValuesItem : isNone ? nullptr : menuItemForValue(value);

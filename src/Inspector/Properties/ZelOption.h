@@ -14,6 +14,7 @@ class ZelOption : public QObject
     Q_PROPERTY(QIcon image READ imageIcon WRITE setImage)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QVariant value MEMBER value)
+    Q_PROPERTY(QString text MEMBER text)
 public:
     using QObject::QObject;
 
@@ -25,4 +26,5 @@ public:
     QIcon image;
     QString title;
     QVariant value; ///< what the model holds for this choice
+    QString text;   ///< what a model of texts or of an enumeration's keys holds in its place; null for the value itself
 };

@@ -79,6 +79,18 @@ qint64 ZelNumberScanner::integer(QStringView text)
     return qint64(negative ? 0 - value : value);
 }
 
+bool ZelNumberScanner::isInteger(QStringView text)
+{
+    text = withoutLeadingBlanks(text);
+    if (text.startsWith(u"0x", Qt::CaseInsensitive)) {
+        const QStringView digits = text.sliced(2);
+        return !digits.isEmpty() &&
+               std::all_of(digits.begin(), digits.end(), [](QChar c) { return digitValue(c) < 16; });
+    }
+    const qsizetype start = skipSign(text, 0);
+    return start < text.size() && skipDigits(text, start) == text.size();
+}
+
 std::optional<quint64> ZelNumberScanner::hexadecimal(QStringView text)
 {
     text = withoutLeadingBlanks(text);

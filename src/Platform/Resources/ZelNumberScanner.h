@@ -10,6 +10,9 @@ class ZelNumberScanner
 public:
     /// Blanks, a sign and decimal digits; no digits give 0. What is too large gives the nearest number.
     static qint64 integer(QStringView text);
+    /// Whether the text is a whole number and nothing else: blanks, a sign and decimal digits, or "0x" and hexadecimal
+    /// digits.
+    static bool isInteger(QStringView text);
     /// Blanks, an optional "0x" and hexadecimal digits; nothing without a digit. What is too large gives the largest
     /// number.
     static std::optional<quint64> hexadecimal(QStringView text);

@@ -54,6 +54,9 @@ public:
     /// The value as long as the tree lives; null if there is no such attribute, not null for an empty one.
     QStringView attribute(QAnyStringView name) const;
 
+    /// The number of elements from this one down, itself included; 0 for a null one.
+    qsizetype elementCount() const { return isNull() ? 0 : data().end - m_index; }
+
     qsizetype attributeCount() const { return isNull() ? 0 : data().attributeCount; }
     QString attributeName(qsizetype index) const { return m_tree->names[attributeAt(index).name]; }
     QStringView attributeValue(qsizetype index) const { return valueOf(attributeAt(index)); }

@@ -135,8 +135,11 @@ bool ZelXmlPrescan::acceptMarkup()
         return refuse(tr("The XML declaration is not at the beginning."));
     if (startsWith("<?"))
         return skipPast("?>");
-    if (!startsWith("</"))
+    if (!startsWith("</")) {
+        if (m_startTags.size() >= size_t(std::max(m_limits.elements, 0)))
+            return refuse(tr("More than %1 elements are described.").arg(m_limits.elements));
         noteStartTag();
+    }
     return acceptTag();
 }
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 /// Looks over a document's bytes before an XML parser sees them, for what would make the parser slow or unsafe:
-/// another encoding than UTF-8, a document type declaration wherever it stands, too many attributes in one tag. On the
-/// way it notes where the start tags are, which the parser does not tell.
+/// another encoding than UTF-8, a document type declaration wherever it stands, too many attributes in one tag, too
+/// many elements. On the way it notes where the start tags are, which the parser does not tell.
 ///
 /// The parser resolves what a document type declaration declares before it reports the declaration: an attribute's
 /// default of nested empty entities keeps it busy for minutes, as its own limit counts characters and not steps. It

@@ -20,6 +20,7 @@ public:
         qint64 size = 256 * 1024; ///< bytes; at most 1 GiB
         int depth = 64;           ///< elements within each other, the root counting as one
         int attributes = 256;     ///< of one element
+        int elements = 100'000;   ///< of the document, and of all that together describe an inspector
     };
 
     ZelXmlReader() = default;

@@ -96,9 +96,8 @@ void tst_ZelBundle::resourcesAreFoundInTheOrderOfPaths()
 void tst_ZelBundle::namesDoNotLeaveTheSearchPaths_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name :
-         {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd", ":/outside.xml",
-                             "link.xml", "links/outside.xml"})
+    for (const char *name : {"", ".", "..", "../outside.xml", "panels/../../outside.xml", "/etc/passwd",
+                             ":/outside.xml", "link.xml", "links/outside.xml"})
         QTest::newRow(name) << QString::fromUtf8(name);
 }
 

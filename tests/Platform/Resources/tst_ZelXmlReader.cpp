@@ -209,6 +209,8 @@ void tst_ZelXmlReader::limitsCanBeRaised()
     QVERIFY(!ZelXmlReader({.depth = 65}).readData(nested(65)).isNull());
     QVERIFY(!ZelXmlReader().readData(manyAttributes(256)).isNull());
     QVERIFY(ZelXmlReader().readData(manyAttributes(257)).isNull());
+    QVERIFY(!ZelXmlReader({.elements = 3}).readData("<a><b/><c/></a>").isNull());
+    QVERIFY(ZelXmlReader({.elements = 2}).readData("<a><b/><c/></a>").isNull());
 }
 
 void tst_ZelXmlReader::emptyAndMissingAttributesDiffer()

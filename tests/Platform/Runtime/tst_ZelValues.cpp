@@ -98,7 +98,8 @@ private Q_SLOTS:
         QVERIFY(ZelSelector("withSender:").perform(&target, &target));
         QCOMPARE(target.calls, QStringList({QStringLiteral("plain"), QStringLiteral("self")}));
         for (const char *unreachable : {"withNumber", "protectedSlot", "privateSlot", "deleteLater"}) {
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^ERROR: .*\"%1\"").arg(QLatin1String(unreachable))));
+            QTest::ignoreMessage(
+                QtWarningMsg, QRegularExpression(QStringLiteral("^ERROR: .*\"%1\"").arg(QLatin1String(unreachable))));
             QVERIFY2(!ZelSelector(unreachable).perform(&target), unreachable);
         }
         QVERIFY(!ZelSelector().perform(&target));
