@@ -99,7 +99,6 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
         property(qPrintable(QStringLiteral("type='%1' keyPath='people.selection.active' enabledKeyPath='missing.key'")
                                 .arg(QLatin1String(type))));
     }
-    property("type='boolean' keyPath='people.selection.nameLength'"); // cannot be written
     property("type='boolean' keyPath='people.selection.active' actionSelector='missing'");
     property("type='action' title='Act' actionSelector='missing'");
     property("type='action' title='Act' actionSelector='deleteLater'");
