@@ -3,7 +3,6 @@
 
 #include <QMessageBox>
 #include <cstdio>
-#include <exception>
 
 namespace {
 /// Must be asked for before the application is made: it reads the platform once.
@@ -30,23 +29,13 @@ ShapesApplication::ShapesApplication(int &argc, char **argv)
     setStyle(QStringLiteral("Fusion"));
 }
 
-bool ShapesApplication::notify(QObject *receiver, QEvent *event)
-{
-    try {
-        return QApplication::notify(receiver, event);
-    } catch (const std::exception &exception) {
-        report(QString::fromUtf8(exception.what()));
-        return false;
-    }
-}
-
 void ShapesApplication::report(const QString &message)
 {
     std::fprintf(stderr, "%s\n", qPrintable(message));
     static bool shown = false;
     if (isHeadless() || shown)
         return;
-    // The event that failed may be one of painting, in which no other window can be opened.
+    // Later, since the caller may be painting, when no other window can be opened.
     shown = true;
     QMetaObject::invokeMethod(
         qApp,
