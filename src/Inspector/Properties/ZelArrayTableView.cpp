@@ -1,7 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelArrayTableView.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Undo and redo are the window's while nothing was typed into a cell, above all in a row that was just added.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool eventFilter(QObject *editor, QEvent *event) override
+    {
+        const auto *field = qobject_cast<QLineEdit *>(editor);
+        if (field && event->type() == QEvent::ShortcutOverride && !field->isModified()) {
+            const auto *key = static_cast<QKeyEvent *>(event);
+            if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+                event->ignore();
+                return true;
+            }
+        }
+        return QStyledItemDelegate::eventFilter(editor, event);
+    }
+};
+
+} // namespace
+
+ZelArrayTableView::ZelArrayTableView(QWidget *parent)
+    : QTableView(parent)
+{
+    setItemDelegate(new CellDelegate(this));
+}
 
 void ZelArrayTableView::setPlaceholder(const QString &text)
 {

@@ -8,7 +8,7 @@ class ZelArrayTableView : public QTableView
 {
     Q_OBJECT
 public:
-    using QTableView::QTableView;
+    explicit ZelArrayTableView(QWidget *parent);
 
     /// Shown while there are no rows; null for nothing.
     const QString &placeholder() const { return m_placeholder; }
