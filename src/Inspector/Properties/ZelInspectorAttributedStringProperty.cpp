@@ -70,6 +70,8 @@ ZelInspectorAttributedStringProperty::~ZelInspectorAttributedStringProperty()
     // What is nested in the editor knows it as its owner, and commits to it when it goes.
     m_popover.reset();
     m_paragraphStyleInspector.reset();
+    if (m_fontProperty && m_fontProperty->isViewLoaded())
+        m_fontProperty->view()->setParent(nullptr); // nobody uses it any more
     m_fontProperty.reset();
 }
 
