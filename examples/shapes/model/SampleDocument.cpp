@@ -82,6 +82,9 @@ ZelAttributedString remarks()
                                {{ZelAttributedString::Font, bold}});
     const QString second = text(QT_TRANSLATE_NOOP("SampleDocument", "The title goes to the print shop, too."));
     result.append(QString(u'\n' + second));
+    ZelParagraphStyle style;
+    style.paragraphSpacing = 2;
+    result.setParagraphStyle(style, {0, result.length()});
     return result;
 }
 

@@ -26,7 +26,13 @@ public:
     }
     ~EditorWindow() override
     {
-        editor.reset(); // before the window takes its view down
+        takeOut(); // before the window takes its view down
+    }
+    void takeOut()
+    {
+        if (editor && editor->isViewLoaded())
+            editor->view()->setParent(nullptr);
+        editor.reset();
     }
 
     void select(const QList<int> &indexes)
@@ -40,6 +46,7 @@ public:
     template<typename Editor> Editor *install(std::unique_ptr<Editor> made)
     {
         Editor *result = made.get();
+        takeOut();
         editor = std::move(made);
         layout()->addWidget(editor->view());
         resize(300, 100);
