@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QMetaMethod>
 #include <QTimerEvent>
+#include <QVarLengthArray>
 #include <deque>
 
 namespace {
@@ -38,6 +39,8 @@ public:
         if (signal >= 0) {
             QMetaObject::connect(object, signal, this, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
             ++m_connections;
+            if (!m_classes.contains(object->metaObject()))
+                m_classes.append(object->metaObject());
             return;
         }
         ZelAddObserver(object, this, m_path, 0, &g_sliceContext);
@@ -58,7 +61,7 @@ public:
             return QObject::qt_metacall(call, id, arguments);
         if (m_path.isEmpty())
             objectDied(*static_cast<QObject **>(arguments[1]));
-        else
+        else if (!isSenderGoing())
             tell();
         return -1;
     }
@@ -69,6 +72,13 @@ public:
     }
 
 private:
+    /// Whether the notice comes from the destructor of a base class: the object is of none of the known classes any
+    /// more. Its end is heard of next. Those of a large selection are told later, and need not be looked for.
+    bool isSenderGoing() const
+    {
+        const QObject *object = m_connections <= ZelSelectionProxy::immediateLimit ? sender() : nullptr;
+        return object && !m_classes.contains(object->metaObject());
+    }
     void tell()
     {
         ZelRequireMainThread();
@@ -93,7 +103,8 @@ private:
 
     ZelSelectionProxy *m_proxy;
     ZelKeyPath m_path;
-    QList<QPointer<QObject>> m_observed; // those without a signal
+    QList<QPointer<QObject>> m_observed;               // those without a signal
+    QVarLengthArray<const QMetaObject *, 1> m_classes; // of those with one
     qsizetype m_connections = 0;
 };
 

@@ -62,6 +62,18 @@ public:
     }
 };
 
+/// Its destructor announces a change, when a subclass's part is gone already.
+class Announcing : public Person
+{
+    Q_OBJECT
+public:
+    ~Announcing() override { Q_EMIT heightChanged(); }
+};
+class Guest : public Announcing
+{
+    Q_OBJECT
+};
+
 class tst_ZelArrayController : public QObject
 {
     Q_OBJECT
@@ -318,6 +330,12 @@ private Q_SLOTS:
         two.people.pop_back();
         QCOMPARE(reporter.messages, QStringList{"refused"});
         QCOMPARE(controller.selectedCount(), 1);
+        auto guest = std::make_unique<Guest>();
+        recorder.react = {};
+        controller.setSelectedObjects({guest.get(), two.people[0].get()});
+        recorder.react = [] { throw std::runtime_error("refused"); };
+        guest.reset(); // what it announces meanwhile is not heard
+        QCOMPARE(reporter.messages, QStringList({"refused", "refused"}));
         ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
     }
 
