@@ -83,7 +83,7 @@ private Q_SLOTS:
     void editableIsWhatCanBeWrittenBack()
     {
         ZelAbstractValueTransformer::setValueTransformer(QSharedPointer<OneWay>::create(),
-                                                                QStringLiteral("tst_ZelBinding one way"));
+                                                         QStringLiteral("tst_ZelBinding one way"));
         QFETCH(QString, keyPath);
         QFETCH(QString, transformer);
         QFETCH(bool, isEditable);
