@@ -8,6 +8,7 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Controls/ZelControlAccessors.h"
 #include "Platform/Layout/ZelConstraintLayout.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelActionTarget.h"
 #include "ViewController/ZelAssignItems.h"
 
@@ -185,7 +186,8 @@ QWidget *ZelActionBar::makeItemView(ZelActionBarItem *item)
     bindButton(button, item);
     connect(button, &QAbstractButton::clicked, this, [this, button, item = QPointer<ZelActionBarItem>(item)] {
         if (item)
-            ZelActionTarget::perform(item->action(), item->target(), this, button);
+            ZelExceptionReporter::run(this,
+                                      [&] { ZelActionTarget::perform(item->action(), item->target(), this, button); });
     });
     return button;
 }

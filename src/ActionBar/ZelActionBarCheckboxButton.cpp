@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarCheckboxButton.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
+
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -19,8 +21,10 @@ ZelActionBarCheckboxButton::ZelActionBarCheckboxButton(QWidget *parent)
     setCheckable(true);
     connect(this, &ZelActionBarButton::stateChanged, this, [this] { setChecked(state() != 0); });
     connect(this, &QAbstractButton::clicked, this, [this](bool checked) {
-        setState(checked ? 1 : 0);
-        Q_EMIT stateEdited();
+        ZelExceptionReporter::run(this, [this, checked] {
+            setState(checked ? 1 : 0);
+            Q_EMIT stateEdited();
+        });
     });
 }
 

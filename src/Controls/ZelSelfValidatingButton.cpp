@@ -3,6 +3,7 @@
 
 #include "Controls/ZelDelayedValidation.h"
 #include "Observation/ZelObservations.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelActionTarget.h"
 
 namespace {
@@ -22,8 +23,9 @@ ZelSelfValidatingButton::ZelSelfValidatingButton(const QString &title, QObject *
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validate(); }))
 {
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the one that takes the action
-    connect(this, &QAbstractButton::clicked, this,
-            [this] { ZelActionTarget::perform(m_action, m_target, this, this); });
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        ZelExceptionReporter::run(this, [this] { ZelActionTarget::perform(m_action, m_target, this, this); });
+    });
 }
 
 ZelSelfValidatingButton::~ZelSelfValidatingButton()

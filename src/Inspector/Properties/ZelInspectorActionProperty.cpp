@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Selection/ZelUndoManager.h"
 #include "ViewController/ZelView.h"
 
@@ -28,8 +29,10 @@ void ZelInspectorActionProperty::loadView()
     ZelEditorLayout::setStretches(m_button);
     ZelEditorLayout::layOut(container, m_button, nullptr);
     connect(m_button, &QPushButton::clicked, this, [this] {
-        const ZelUndoGrouping grouping(undoManager());
-        userDidChangeValue(m_button);
+        ZelExceptionReporter::run(this, [this] {
+            const ZelUndoGrouping grouping(undoManager());
+            userDidChangeValue(m_button);
+        });
     });
 }
 

@@ -9,6 +9,7 @@
 #include "Platform/Resources/ZelFontManager.h"
 #include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Resources/ZelNamedImages.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QPainter>
@@ -121,7 +122,8 @@ void ZelInspectorFontProperty::loadView()
     m_button = new ZelActionBarButton(container);
     m_button->setIcon(pickerImage());
     m_button->setAccessibleName(localized("Font"));
-    connect(m_button, &QAbstractButton::clicked, this, [this] { selectPopover(m_button); });
+    connect(m_button, &QAbstractButton::clicked, this,
+            [this] { ZelExceptionReporter::run(this, [this] { selectPopover(m_button); }); });
     m_stepper = new ZelStepper(container);
     m_stepper->setMinValue(1);
     m_stepper->setAccessibleName(localized("Size"));
@@ -172,7 +174,8 @@ void ZelInspectorFontProperty::connectPopoverView()
             [this, view] { setFontSize(view->fontSizeTextField()->objectValue()); });
     connect(view->fontSizeStepper(), &ZelStepper::action, this,
             [this, view] { setFontSize(view->fontSizeStepper()->objectValue()); });
-    connect(view->doneButton(), &QAbstractButton::clicked, this, [this, view] { selectDone(view->doneButton()); });
+    connect(view->doneButton(), &QAbstractButton::clicked, this,
+            [this, view] { ZelExceptionReporter::run(this, [this, view] { selectDone(view->doneButton()); }); });
 }
 
 ZelPopover *ZelInspectorFontProperty::popover()

@@ -3,6 +3,7 @@
 
 #include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelAssociatedObjects.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelPassiveEdits.h"
 #include "Platform/Selection/ZelUndoGroupCommand.h"
 
@@ -158,16 +159,21 @@ bool ZelUndoManager::isUndoing() const
 
 void ZelUndoManager::undo()
 {
-    prepareStep();
-    if (m_stack)
-        m_stack->undo();
+    performStep(&QUndoStack::undo);
 }
 
 void ZelUndoManager::redo()
 {
-    prepareStep();
-    if (m_stack)
-        m_stack->redo();
+    performStep(&QUndoStack::redo);
+}
+
+/// Nobody catches what a shortcut or a menu sets off.
+void ZelUndoManager::performStep(void (QUndoStack::*step)())
+{
+    const QPointer<QUndoStack> stack = m_stack; // this may be gone after what was being typed is taken
+    ZelExceptionReporter::run(this, [&] { prepareStep(); });
+    if (stack)
+        ZelExceptionReporter::run(stack, [&] { (stack->*step)(); });
 }
 
 void ZelUndoManager::prepareStep()

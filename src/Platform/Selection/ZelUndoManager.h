@@ -69,7 +69,8 @@ public:
                      ZelValueBlock newValues);
 
 public Q_SLOTS:
-    /// Takes what is being typed, which is a step of its own then, and undoes the last step.
+    /// Takes what is being typed, which is a step of its own then, and undoes the last step. What is thrown meanwhile
+    /// goes to the exception reporter.
     void undo();
     void redo();
 
@@ -82,6 +83,7 @@ private:
     void finishGroup(std::unique_ptr<ZelUndoGroupCommand> group);
     bool foreignStepMayRun() const;
     void pushLateGroups();
+    void performStep(void (QUndoStack::*step)());
     void prepareStep();
 
     QPointer<QUndoStack> m_stack;
