@@ -470,14 +470,17 @@ void tst_ZelActionBar::survivesTheDeathOfEverything()
     delete receiver;
     window.bar->validateItems(); // nobody else can
     QVERIFY(!second->isEnabled());
-    auto *menu = new QMenu;
+    QPointer<QMenu> menu = new QMenu;
     second->setMenu(menu);
+    second->setEnabled(true);
     delete menu;
     QTest::keyClick(window.control<ZelActionBarPopupButton>(0), Qt::Key_Space);
     menu = new QMenu;
     connect(menu, &QMenu::aboutToShow, menu, [menu] { delete menu; });
     second->setMenu(menu);
+    second->setEnabled(true);
     QTest::keyClick(window.control<ZelActionBarPopupButton>(0), Qt::Key_Space);
+    QVERIFY(!menu);
     QVERIFY(!QApplication::activePopupWidget());
     auto *view = new QLineEdit;
     second->setView(view);
