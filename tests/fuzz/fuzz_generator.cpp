@@ -214,7 +214,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     static int count = 1;
     static char name[] = "fuzz";
     static char *arguments[] = {name, nullptr};
-    static QApplication application(count, arguments);
+    // Never deleted: Qt's own statics, of which it has pointers, end before ours.
+    static const auto *application = new QApplication(count, arguments);
+    Q_UNUSED(application)
     static const bool quiet = (QLoggingCategory::setFilterRules(QStringLiteral("*=false")), true);
     Q_UNUSED(quiet)
     static Handler handler;
