@@ -16,6 +16,11 @@ constexpr int g_frame = 1; // in points
 
 } // namespace
 
+ZelPopover *ZelPopoverWindow::popover() const
+{
+    return m_popover;
+}
+
 ZelPopoverWindow::ZelPopoverWindow(ZelPopover *popover)
     : ZelGuarded(nullptr, Qt::Popup | Qt::FramelessWindowHint)
     , m_popover(popover)

@@ -24,7 +24,7 @@ public:
     QSize sizeForContent(const QSize &contentSize) const;
     /// Belongs to the anchor's window from now on: its screen, style, colours, font, direction and undo manager.
     void belongTo(QWidget *anchor);
-    ZelPopover *popover() const { return m_popover; }
+    ZelPopover *popover() const;
     /// Deletes the window, or has it deleted as soon as it is not at work any more.
     void dispose();
 
