@@ -34,10 +34,12 @@ void hearMessage(QtMsgType type, const QMessageLogContext &, const QString &mess
         Progress::shared().find("logged: " + message.toUtf8());
 }
 
-/// What is thrown while a widget is put into another one reaches whoever does that, as with any call.
+/// What is thrown while a widget is put into another one, or a dynamic property is set, reaches whoever does that, as
+/// with any call.
 bool isPartOfCall(int type)
 {
-    return type == QEvent::ParentChange || type == QEvent::ChildAdded || type == QEvent::Show;
+    return type == QEvent::ParentChange || type == QEvent::ChildAdded || type == QEvent::Show ||
+           type == QEvent::DynamicPropertyChange;
 }
 
 int g_argumentCount = 1;

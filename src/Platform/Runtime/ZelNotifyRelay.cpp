@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelNotifyRelay.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
 
@@ -100,11 +101,16 @@ bool ZelNotifyRelay::eventFilter(QObject *watched, QEvent *event)
     if (watched != m_record.object())
         return false;
     const QEvent::Type type = event->type();
-    notifyKeys(m_record, [=](const ZelObservedKey &key) {
-        if (!key.notifyEvents().contains(type))
-            return false;
-        return type != QEvent::DynamicPropertyChange ||
-               static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == key.key().name();
-    });
+    // Only a setter sends this one, and what observers throw reaches whoever called it.
+    if (type == QEvent::DynamicPropertyChange) {
+        const QByteArray name = static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName();
+        notifyKeys(m_record, [&](const ZelObservedKey &key) {
+            return key.notifyEvents().contains(type) && key.key().name() == name;
+        });
+    } else {
+        ZelExceptionReporter::run(watched, [&] {
+            notifyKeys(m_record, [=](const ZelObservedKey &key) { return key.notifyEvents().contains(type); });
+        });
+    }
     return false;
 }
