@@ -118,6 +118,7 @@ private:
     void compare(const QList<QVariantList> &expected, const QByteArray &when) const;
     void setValue(QObject *object, const QByteArray &key, quint32 number);
     void checkEditors();
+    void checkChoosers();
     /// Calls the library as an application does, which catches what it throws itself.
     template<typename Work> void asApplication(Work &&work);
 

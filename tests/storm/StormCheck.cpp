@@ -3,17 +3,23 @@
 #include "Storm.h"
 
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
+#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
+#include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
+#include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
+#include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
 #include "Platform/Controls/ZelMenuItem.h"
+#include "Platform/Resources/ZelFontManager.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "Progress.h"
 #include "ViewController/ZelView.h"
@@ -22,24 +28,39 @@
 
 namespace {
 
+using Map = std::function<QVariant(const QVariant &)>;
+
+QVariant valueAt(const QObject *object, QList<QByteArray> keys, const Map &map);
+
 /// The value on which the objects agree, or the marker for the first of them that disagrees or lacks the key.
-QVariant foldOf(const QList<QObject *> &objects, const QByteArray &key,
-                const std::function<QVariant(const QVariant &)> &map)
+QVariant foldOf(const QList<QObject *> &objects, const QList<QByteArray> &keys, const Map &map)
 {
     QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
-    bool isFirst = true;
     for (const QObject *object : objects) {
-        if (object->metaObject()->indexOfProperty(key) < 0 && !object->dynamicPropertyNames().contains(key))
-            return QVariant::fromValue(ZelNotApplicableMarker);
-        QVariant value = map(object->property(key));
-        if (ZelIsAbsent(value))
-            value = {};
-        if (!isFirst && value != result)
+        const QVariant value = valueAt(object, keys, map);
+        if (ZelIsControllerMarker(value))
+            return value;
+        if (!ZelIsMarker(result, ZelNoSelectionMarker) && value != result)
             return QVariant::fromValue(ZelMultipleValuesMarker);
         result = value;
-        isFirst = false;
     }
     return result;
+}
+
+/// What a key path leads to, each value as the map has it. Below nothing there is nothing.
+QVariant valueAt(const QObject *object, QList<QByteArray> keys, const Map &map)
+{
+    const QByteArray key = keys.takeFirst();
+    if (const auto *controller = qobject_cast<const ZelArrayController *>(object); controller && key == "selection")
+        return foldOf(controller->selectedObjects(), keys, map);
+    if (object->metaObject()->indexOfProperty(key) < 0 && !object->dynamicPropertyNames().contains(key))
+        return QVariant::fromValue(ZelNotApplicableMarker);
+    const QVariant value = object->property(key);
+    const QObject *next = keys.isEmpty() ? nullptr : value.value<QObject *>();
+    if (next)
+        return valueAt(next, keys, map);
+    const QVariant mapped = keys.isEmpty() ? map(value) : map({});
+    return ZelIsAbsent(mapped) ? QVariant() : mapped;
 }
 
 /// What an editor shows and what it should; the same type of the two compares them.
@@ -48,7 +69,6 @@ struct Shown
     QVariant value;
     QVariant expected;
 };
-using Map = std::function<QVariant(const QVariant &)>;
 using Fold = std::function<QVariant(const Map &)>;
 
 QVariant same(const QVariant &value)
@@ -145,6 +165,50 @@ Shown shownArray(const ZelInspectorProperty *editor, const Fold &fold)
             isValue(value) ? int(value.toStringList().size()) : 0};
 }
 
+Shown shownFrame(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const auto *frame = qobject_cast<const ZelInspectorBoundsProperty *>(editor);
+    const auto component = [&](double (*part)(const QPointF &, const QSizeF &)) {
+        return fold([&](const QVariant &one) {
+            if (!isValue(one))
+                return QVariant();
+            const QRectF rect = one.toRectF();
+            return QVariant(part(CGRectGetOriginForAnchor(frame->anchor(), rect), rect.size()));
+        });
+    };
+    return {QVariantList{frame->originX(), frame->originY(), frame->sizeWidth(), frame->sizeHeight()},
+            QVariantList{component([](const QPointF &origin, const QSizeF &) { return origin.x(); }),
+                         component([](const QPointF &origin, const QSizeF &) { return origin.y(); }),
+                         component([](const QPointF &, const QSizeF &size) { return size.width(); }),
+                         component([](const QPointF &, const QSizeF &size) { return size.height(); })}};
+}
+
+Shown shownFont(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const QVariant value = fold(same);
+    const QVariant size = isValue(value) ? QVariant(ZelFontManager::sizeOf(value.value<QFont>())) : value;
+    return {qobject_cast<const ZelInspectorFontProperty *>(editor)->stepper()->objectValue(), size};
+}
+
+Shown shownRichText(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    const QVariant value = onlyValue(fold(same));
+    const auto *rich = qobject_cast<const ZelInspectorAttributedStringProperty *>(editor);
+    return {rich->textView()->attributedString().text() == value.value<ZelAttributedString>().text(), true};
+}
+
+Shown shownImage(const ZelInspectorProperty *editor, const Fold &fold)
+{
+    constexpr quint64 mask = 0x30;
+    const auto *images = qobject_cast<const ZelInspectorImageEnumerationProperty *>(editor);
+    const QVariant value =
+        fold([](const QVariant &one) { return isValue(one) ? QVariant((one.toULongLong() & mask) >> 4) : one; });
+    const QVariant index = !isValue(value)            ? value
+                           : value.toULongLong() == 0 ? QVariant() // no segment stands for it
+                                                      : QVariant(value.toULongLong() - 1);
+    return {images->segmentedControl()->selectedIndex(), onlyValue(index)};
+}
+
 struct Reader
 {
     const QMetaObject *type;
@@ -160,6 +224,10 @@ const Reader g_readers[] = {
     {&ZelInspectorTextEnumerationProperty::staticMetaObject, shownChoice},
     {&ZelInspectorSizeProperty::staticMetaObject, shownSize},
     {&ZelInspectorArrayProperty::staticMetaObject, shownArray},
+    {&ZelInspectorBoundsProperty::staticMetaObject, shownFrame},
+    {&ZelInspectorFontProperty::staticMetaObject, shownFont},
+    {&ZelInspectorAttributedStringProperty::staticMetaObject, shownRichText},
+    {&ZelInspectorImageEnumerationProperty::staticMetaObject, shownImage},
 };
 
 bool isSame(const QVariant &shown, const QVariant &expected)
@@ -206,31 +274,29 @@ void Storm::checkEditors()
     if (!m_owner || !m_inspector || !m_inspector->isViewInstalled() || Fault::armed)
         return;
     const bool hasThrown = std::exchange(m_thrown, Fault::thrown) != Fault::thrown;
-    const QString prefix = QStringLiteral("sheets.selection.");
-    const QList<QObject *> selected = sheets()->selectedObjects();
     const auto editors = m_inspector->findChildren<ZelInspectorProperty *>();
     for (ZelInspectorProperty *editor : editors) {
         const auto *reader = std::find_if(std::begin(g_readers), std::end(g_readers), [&](const Reader &candidate) {
             return editor->metaObject()->inherits(candidate.type);
         });
         if (reader == std::end(g_readers) || !editor->isViewInstalled() || editor->owner() != m_owner.get() ||
-            (hasThrown && editor->valueTransformer()) || !editor->keyPath().startsWith(prefix) ||
-            m_rekeyed.count(editor) || isBeingEdited(editor))
+            (hasThrown && editor->valueTransformer()) || editor->keyPath().isEmpty() || m_rekeyed.count(editor) ||
+            isBeingEdited(editor))
             continue;
-        const QByteArray key = editor->keyPath().mid(prefix.size()).toLatin1();
-        if (key.contains('.'))
-            continue;
-        const Shown shown = reader->read(editor, [&](const Map &map) { return foldOf(selected, key, map); });
+        const QByteArray path = editor->keyPath().toLatin1();
+        const Shown shown =
+            reader->read(editor, [&](const Map &map) { return valueAt(m_owner.get(), path.split('.'), map); });
         ++Progress::shared().checks;
         if (isSame(shown.value, shown.expected))
             continue;
         Progress::shared().setDetail("shows " + textOf(shown.value) + " instead of " + textOf(shown.expected) + " of " +
-                                     QByteArray::number(selected.size()) + " objects" +
+                                     QByteArray::number(sheets()->selectedObjects().size()) + " objects" +
                                      (hasThrown ? ", after a fault" : ""));
-        Progress::shared().find(QByteArray(editor->metaObject()->className()) + " of " + key +
+        Progress::shared().find(QByteArray(editor->metaObject()->className()) + " of " + path +
                                 " does not show what the objects hold");
         return;
     }
+    checkChoosers();
     if (hasThrown) { // rows that could not be read, or not be installed, get another chance
         QWidget *view = m_inspector->view();
         QLayout *layout = view->parentWidget()->layout();
@@ -238,5 +304,21 @@ void Storm::checkEditors()
         layout->addWidget(view);
         view->show();
         settle();
+    }
+}
+
+void Storm::checkChoosers()
+{
+    const auto choosers = m_inspector->findChildren<ZelInspectorChooser *>();
+    for (const ZelInspectorChooser *chooser : choosers) {
+        if (!chooser->isViewInstalled() || chooser->owner() != m_owner.get())
+            continue;
+        const QVariant value = valueAt(m_owner.get(), chooser->keyPath().toLatin1().split('.'), same);
+        const ZelInspectorChooserChoice *expected = isValue(value) ? chooser->choiceForValue(value) : nullptr;
+        ++Progress::shared().checks;
+        if (chooser->currentChoice() != expected) {
+            Progress::shared().setDetail("the value is " + textOf(value));
+            Progress::shared().find("the chooser of " + chooser->keyPath().toLatin1() + " shows another choice");
+        }
     }
 }
