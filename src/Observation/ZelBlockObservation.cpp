@@ -53,8 +53,9 @@ bool ZelBlockObservation::admitsMutation(const QObject *object) const
 {
     if (options() & ZelKeyValueObservingOptionNoMutation)
         return false;
-    qCWarning(zelLog).noquote() << QStringLiteral("WARNING: Mutation of %1.%2")
-                                       .arg(QLatin1String(object->metaObject()->className()), keyPath().string());
+    const ZelPlaceScope scope(m_owner);
+    ZelLogWarning(
+        QStringLiteral("Mutation of %1.%2").arg(QLatin1String(object->metaObject()->className()), keyPath().string()));
     return true;
 }
 

@@ -17,6 +17,7 @@ public:
 
 private:
     friend class ZelObservation;
+    friend class ZelObservations;
     ZelBlockObservation(QObject *object, const ZelKeyPath &keyPath, ZelKeyValueObservingOptions options, Block block);
     const void *context() const override;
     void observeValueForKeyPath(const ZelKeyPath &keyPath, QObject *object, const ZelKeyValueChange &change,
@@ -26,4 +27,5 @@ private:
     void dropCallback() override { m_block = nullptr; }
 
     Block m_block;
+    QPointer<QObject> m_owner; // on whose behalf it observes, where that is known
 };

@@ -71,10 +71,10 @@ int ZelDelegateObservation::methodIndex()
         name.chop(1);
     name.append("(ZelDelegateObservation*,ZelKeyValueChange)");
     m_methodIndex = m_observer->metaObject()->indexOfMethod(name);
+    const ZelPlaceScope scope(m_observer);
     if (m_methodIndex < 0)
-        qCWarning(zelLog).noquote() << QStringLiteral("ERROR: %1 has no slot or invokable method \"%2\" that takes an "
-                                                      "observation and a change")
-                                           .arg(ZelObjectDescription(m_observer), m_selector.name());
+        ZelLogError(QStringLiteral("%1 has no slot or invokable method \"%2\" that takes an observation and a change")
+                        .arg(ZelObjectDescription(m_observer), m_selector.name()));
     return m_methodIndex;
 }
 

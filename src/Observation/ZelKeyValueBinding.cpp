@@ -19,9 +19,9 @@ ZelValueTransformerPtr transformerOf(const ZelBindingInfo &info)
 
 void logNil(const char *what, const QString &binding)
 {
-    qCWarning(zelLog).noquote() << QStringLiteral("ERROR: %1 was nil for binding \"%2\" in "
-                                                  "-[NSObject(ZelKeyValueBinding) setValue:forBinding:]")
-                                       .arg(QLatin1String(what), binding);
+    ZelLogError(QStringLiteral("%1 was nil for binding \"%2\" in "
+                               "-[NSObject(ZelKeyValueBinding) setValue:forBinding:]")
+                    .arg(QLatin1String(what), binding));
 }
 
 } // namespace

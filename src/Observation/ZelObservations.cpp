@@ -74,7 +74,10 @@ void ZelObservations::addObservationWithObject(QObject *object, const ZelKeyPath
                                                ZelKeyValueObservingOptions options,
                                                const ZelBlockObservation::Block &block, const void *context) const
 {
-    addObservation(ZelBlockObservation::observationWithObject(object, keyPath, options, block), context);
+    const auto observation = ZelBlockObservation::observationWithObject(object, keyPath, options, block);
+    if (observation)
+        observation->m_owner = m_owner;
+    addObservation(observation, context);
 }
 
 void ZelObservations::addObservationWithObject(QObject *object, const QStringList &keyPaths,

@@ -124,6 +124,9 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, "WARNING: Mutation of Club.members");
         club.insertMember(0, "Cleo");
         QCOMPARE(m_seen.size(), 2);
+        ZelSourcePlace::setForObject(&owner, {"a.xml", 3, 5, "property"});
+        QTest::ignoreMessage(QtWarningMsg, "WARNING: Mutation of Club.members (a.xml:3:5, <property>)");
+        club.insertMember(0, "Dora");
         observations.removeAllObservationsForContext(&g_context);
     }
 

@@ -154,7 +154,8 @@ void ZelLayoutSide::reportConflicts()
         QStringList texts;
         for (const int constraint : conflict)
             texts.append(m_sources[size_t(constraint)]->description());
-        qCWarning(zelLog).noquote() << "WARNING: Conflicting layout constraints, the last one is left out:"
-                                    << texts.join(QStringLiteral("; "));
+        const ZelPlaceScope scope(last.firstItem());
+        ZelLogWarning(QStringLiteral("Conflicting layout constraints, the last one is left out: ") +
+                      texts.join(QStringLiteral("; ")));
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Layout/ZelConstraintLayout.h"
 
+#include "Platform/Runtime/ZelSourcePlace.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -393,6 +395,7 @@ void tst_ZelConstraintLayout::conflictIsReportedOnceWithItsConstraints()
     box.setObjectName("box");
     addFormat(&view, "H:|-2-[v(30)]", {{"v", &box}});
     addFormat(&view, "H:[v(40)]-2-|", {{"v", &box}});
+    ZelSourcePlace::setForObject(&view, {"a.xml", 3, 5, "sliver"});
     logged.clear();
     const auto before = qInstallMessageHandler(collect);
     for (int width : {50, 60}) {
@@ -402,7 +405,7 @@ void tst_ZelConstraintLayout::conflictIsReportedOnceWithItsConstraints()
     view.sizeHint();
     qInstallMessageHandler(before);
     QCOMPARE(logged, QStringList{"WARNING: Conflicting layout constraints, the last one is left out: box.width = 30; "
-                                 "box.width = 40"});
+                                 "box.width = 40 (a.xml:3:5, <sliver>)"});
     QCOMPARE(box.geometry().left(), 2);
     QCOMPARE(box.width(), 30);
 }
