@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelArrayController.h"
 
+#include "Platform/Runtime/ZelAssertions.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -72,10 +74,18 @@ ZelIndexSet ZelArrayController::selectionIndexes() const
     return indexes;
 }
 
-void ZelArrayController::setSelectionIndexes(const ZelIndexSet &indexes)
+bool ZelArrayController::setSelectionIndexes(const ZelIndexSet &indexes)
 {
     const QList<QObject *> all = content();
+    if (!indexes.isEmpty() && (indexes.first() < 0 || indexes.last() >= all.size())) {
+        ZelLogWarning(QStringLiteral("The selection indexes %1 to %2 are not all within the content of %3 objects")
+                          .arg(indexes.first())
+                          .arg(indexes.last())
+                          .arg(all.size()));
+        return false;
+    }
     QList<QObject *> selected;
-    indexes.within(all.size()).forEach([&](qsizetype index) { selected.append(all.at(index)); });
+    indexes.forEach([&](qsizetype index) { selected.append(all.at(index)); });
     setSelectedObjects(selected);
+    return true;
 }

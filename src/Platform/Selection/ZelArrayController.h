@@ -20,9 +20,10 @@ public:
     void addObject(QObject *object);
     void removeObject(QObject *object);
 
-    /// The positions of the selected objects in the content. Setting leaves out indexes beyond it.
+    /// The positions of the selected objects in the content.
     ZelIndexSet selectionIndexes() const;
-    void setSelectionIndexes(const ZelIndexSet &indexes);
+    /// Indexes that are not all in the content select nothing else: answers false, and logs a warning.
+    bool setSelectionIndexes(const ZelIndexSet &indexes);
 
 Q_SIGNALS:
     void contentChanged();
