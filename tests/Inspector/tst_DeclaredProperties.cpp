@@ -80,6 +80,7 @@ const Declared g_declared[] = {
      "title keyPath enabled enabledKeyPath visible visibleKeyPath visibleValueTransformer actionSelector actionName "
      "choices sliver property containerView currentChoice",
      "owner"},
+    {&ZelInspectorProperty::staticMetaObject, "", "owner updateViewInvocation"},
     {&ZelInspectorChooserChoice::staticMetaObject, "title hidden enabled image value sliversAndChoosers", "owner"},
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Observation/ZelDelayedInvocation.h"
 #include "Platform/Runtime/ZelAbstractValueTransformer.h"
 #include "Platform/Runtime/ZelSelector.h"
 #include "ViewController/ZelViewController.h"
@@ -8,7 +9,6 @@
 #include <functional>
 #include <memory>
 
-class ZelDelayedInvocation;
 class ZelUndoManager;
 
 /// The base of every property editor: shows one value of what an inspector edits and writes changes of it back.
@@ -34,6 +34,7 @@ class ZelInspectorProperty : public ZelViewController
     Q_PROPERTY(QWidget *viewForBaselineAlignment READ viewForBaselineAlignment STORED false)
     Q_PROPERTY(double baselineOffsetFromView READ baselineOffsetFromView STORED false)
     Q_PROPERTY(bool updatingValues READ isUpdatingValues STORED false)
+    Q_PROPERTY(ZelDelayedInvocation *updateViewInvocation READ updateViewInvocationPointer CONSTANT)
 public:
     /// The owner is required: a missing one is an assertion.
     explicit ZelInspectorProperty(QObject *owner);
@@ -185,12 +186,13 @@ protected:
     bool isEffectivelyEnabled() const;
     /// Binds the title (of a label, or of a checkbox) to titleKeyPath, if there is one.
     void bindTitle(QWidget *titled, const QString &binding, const void *context);
-    /// The undo manager of the window in which the view is; null if there is none.
-    ZelUndoManager *undoManager() const;
+    /// Where edits are recorded: the undo manager of the window in which the view is; null if there is none.
+    virtual ZelUndoManager *undoManager() const;
     /// A view for the editor's controls, already the controller's, with the small control font.
     ZelView *makeEditorView();
 
 private:
+    ZelDelayedInvocation *updateViewInvocationPointer() { return &updateViewInvocation(); }
     void endEditing();
     bool setObservedKeyPath(QString &member, const QString &keyPath);
     void warnOfLongKeyPath() const;
