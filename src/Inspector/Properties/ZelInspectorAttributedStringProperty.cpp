@@ -24,6 +24,17 @@ using Property = ZelInspectorAttributedStringProperty;
 
 namespace {
 
+/// What it writes is the font of the text's selection, which the text editor takes over. Only the text is the model.
+class SelectionFontProperty : public ZelInspectorFontProperty
+{
+public:
+    using ZelInspectorFontProperty::ZelInspectorFontProperty;
+    ~SelectionFontProperty() override { uninstall(); }
+
+protected:
+    ZelUndoManager *undoManager() const override { return nullptr; }
+};
+
 const char g_context = 0;
 constexpr QSize g_popoverSize(280, 430);
 
@@ -121,7 +132,7 @@ void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
 
 void ZelInspectorAttributedStringProperty::makeFontEditor(ZelView *container)
 {
-    m_fontProperty = std::make_unique<ZelInspectorFontProperty>(this);
+    m_fontProperty = std::make_unique<SelectionFontProperty>(this);
     m_fontProperty->setPlace(place());
     m_fontProperty->setKeyPath(QStringLiteral("font"));
     m_fontProperty->setActionSelector("fontDidChange");

@@ -363,6 +363,11 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(desk.note(), string);
         QCOMPARE(font->fontSize(), QVariant(20.0));
+        desk.text->setSelectedRange({7, 0});
+        QTest::keyClick(font->stepper(), Qt::Key_Up); // for what is typed next, the text is as it was
+        QCOMPARE(desk.note(), string);
+        QCOMPARE(desk.undo.stack()->index(), 0);
+        QCOMPARE(desk.undo.stack()->count(), 1);
         desk.text->setSelectedRange({0, 9});
         QTRY_COMPARE(font->textField()->text(), QStringLiteral("Multiple Fonts"));
         desk.choose(0);
