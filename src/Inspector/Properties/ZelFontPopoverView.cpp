@@ -8,6 +8,7 @@
 #include "Platform/Controls/ZelNumberFormatter.h"
 #include "Platform/Resources/ZelFontManager.h"
 #include "Platform/Resources/ZelLocalizedString.h"
+#include "Platform/Runtime/ZelValues.h"
 
 namespace {
 
@@ -46,9 +47,10 @@ constexpr FontRow g_fontRows[] = {
     {"User Fixed Pitch", Fonts::UserFixedPitchFont, false, true},
 };
 
-ZelMenuItem *hiddenItem(const QString &title, QObject *parent)
+/// Shown dimmed, as what stands for no single value.
+ZelMenuItem *hiddenItem(const QString &title, ZelControllerMarker marker, QObject *parent)
 {
-    auto *item = new ZelMenuItem(title, parent);
+    auto *item = new ZelMenuItem(title, {}, QVariant::fromValue(marker), parent);
     item->setHidden(true);
     return item;
 }
@@ -68,10 +70,10 @@ ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
     , m_size(new ZelTextField(this))
     , m_stepper(new ZelStepper(this))
     , m_done(new ZelPushButton(localized("Done"), this))
-    , m_multipleFamilies(hiddenItem(localized("Multiple Families"), this))
-    , m_noFamily(hiddenItem(localized("No Selection"), this))
-    , m_multipleFaces(hiddenItem(localized("Multiple Styles"), this))
-    , m_noFace(hiddenItem(localized("No Selection"), this))
+    , m_multipleFamilies(hiddenItem(localized("Multiple Families"), ZelMultipleValuesMarker, this))
+    , m_noFamily(hiddenItem(localized("No Selection"), ZelNoSelectionMarker, this))
+    , m_multipleFaces(hiddenItem(localized("Multiple Styles"), ZelMultipleValuesMarker, this))
+    , m_noFace(hiddenItem(localized("No Selection"), ZelNoSelectionMarker, this))
 {
     setFont(ZelControlSize::smallFont());
     m_size->setFormatter(std::make_shared<ZelNumberFormatter>());

@@ -278,6 +278,8 @@ void ZelInspectorFontProperty::showValueInPopover()
     m_popoverView->fontSizeStepper()->setObjectValue(size);
     m_popoverView->fontSizeStepper()->setEditable(!hasNoTarget(size));
     const QVariant value = reflectedValue();
+    if (m_platformFont.isValid() && ZelNotEqual(value, m_platformFont)) // undone, or changed elsewhere
+        selectCustomFont();
     if (const auto font = fontOf(value)) {
         m_popoverView->setFontFaces(ZelFontManager::availableFacesOfFamily(ZelFontManager::familyOf(*font)));
         m_popoverView->selectFamilyAndFace(ZelFontManager::availableFamilyOf(*font), ZelFontManager::faceOf(*font));
@@ -305,9 +307,15 @@ void ZelInspectorFontProperty::selectPopover(QObject *sender)
     auto *widget = qobject_cast<QWidget *>(sender);
     if (!widget || !popoverView())
         return;
+    selectCustomFont();
+    m_popover->showRelativeToRect({}, widget, Qt::BottomEdge);
+}
+
+void ZelInspectorFontProperty::selectCustomFont()
+{
+    m_platformFont.clear();
     m_popoverView->selectCustom();
     m_popoverView->setDetailsEnabled(true);
-    m_popover->showRelativeToRect({}, widget, Qt::BottomEdge);
 }
 
 void ZelInspectorFontProperty::selectFont(QObject *sender)
@@ -321,20 +329,28 @@ void ZelInspectorFontProperty::selectFont(QObject *sender)
         setReflectedValue(ZelFontManager::platformFont(ZelFontManager::PlatformFont(font.toInt())));
     if (!alive || !m_popoverView)
         return;
+    m_platformFont = font.isValid() ? reflectedValue() : QVariant();
     m_popoverView->setDetailsEnabled(!font.isValid());
     userDidChangeValue(sender);
 }
 
+/// The name of the family or face that is selected; null for the items that stand for none or several.
+QString ZelInspectorFontProperty::selectedName(const ZelPopUpButton *button)
+{
+    const QVariant value = button ? button->objectValue() : QVariant();
+    return ZelIsControllerMarker(value) ? QString() : value.toString();
+}
+
 void ZelInspectorFontProperty::selectFontFamily(QObject *sender)
 {
-    const QString family = popoverView() ? m_popoverView->fontFamilyPopUpButton()->objectValue().toString() : QString();
+    const QString family = selectedName(fontFamilyPopUpButton());
     if (!family.isEmpty()) // else it is no family's item
         writeFont(ZelFontManager::convertFontToFamily(currentFont(), family), sender);
 }
 
 void ZelInspectorFontProperty::selectFontFace(QObject *sender)
 {
-    const QString face = popoverView() ? m_popoverView->fontStylePopUpButton()->objectValue().toString() : QString();
+    const QString face = selectedName(fontStylePopUpButton());
     const QFont font = currentFont();
     if (!face.isEmpty())
         writeFont(ZelFontManager::convertFontToFace(font, ZelFontManager::familyOf(font), face), sender);

@@ -104,8 +104,10 @@ private:
     void makePopover();
     void connectPopoverView();
     void showValueInPopover();
+    void selectCustomFont();
     void layOut(ZelView *container);
     static QString description(const QFont &font);
+    static QString selectedName(const ZelPopUpButton *button);
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;
 
@@ -115,4 +117,5 @@ private:
     QPointer<ZelLabel> m_label;
     QPointer<ZelPopover> m_popover;
     QPointer<ZelFontPopoverView> m_popoverView;
+    QVariant m_platformFont; // the value since one of the desktop's fonts was chosen; absent for "Custom"
 };

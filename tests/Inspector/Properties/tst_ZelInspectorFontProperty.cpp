@@ -157,6 +157,8 @@ void tst_ZelInspectorFontProperty::showsNoneOneManyEqualAndDifferent()
     QCOMPARE(window.family(), QStringLiteral("Multiple Families"));
     QCOMPARE(window.style(), QStringLiteral("Multiple Styles"));
     QVERIFY(window.details->multipleFontFamiliesMenuItem()->isVisible());
+    for (ZelPopUpButton *button : {window.details->fontFamilyPopUpButton(), window.details->fontStylePopUpButton()})
+        QVERIFY(ZelIsControllerMarker(button->selectedItem()->data())); // which is drawn dimmed
     QCOMPARE(size->placeholderText(), QStringLiteral("Multiple Sizes"));
     QVERIFY(ZelIsMarker(window.editor->fontSize(), ZelMultipleValuesMarker));
     c.setProperty("font", a.font);
@@ -271,6 +273,14 @@ void tst_ZelInspectorFontProperty::desktopFonts()
     ZelControlSupport::reportEdit(fonts); // "Custom" leaves the font and gives the details free
     QTEST(caption.font, "font");
     QVERIFY(window.details->fontFamilyPopUpButton()->isEnabled());
+    fonts->setSelectedIndex(row);
+    ZelControlSupport::reportEdit(fonts);
+    QCoreApplication::processEvents();
+    QVERIFY(!window.details->fontFamilyPopUpButton()->isEnabled());
+    window.undo.stack()->setIndex(0);
+    QCoreApplication::processEvents();
+    QVERIFY(window.details->fontFamilyPopUpButton()->isEnabled());
+    QCOMPARE(fonts->selectedIndex(), 0);
     QCOMPARE(fonts->items().size(), 20);
     for (int heading : {1, 5, 9})
         QVERIFY(!fonts->items().at(heading)->isEnabled());
