@@ -38,7 +38,9 @@ double layOut(QTextLayout *layout, double width)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTextDirection(directionOf(layout->text()));
+    const Qt::LayoutDirection direction = directionOf(layout->text());
+    option.setTextDirection(direction);
+    option.setAlignment(QStyle::visualAlignment(direction, Qt::AlignLeft));
     layout->setTextOption(option);
     double height = 0;
     layout->beginLayout();

@@ -52,6 +52,7 @@ private Q_SLOTS:
     void readOnlyTextCanBeSelected();
     void mayDieWhenItReports();
     void scrollsThePaneUnderTheWheel();
+    void textBeginsAtTheEdgeOfItsDirection();
 };
 
 void tst_ZelGrowingTextField::growsWithItsText()
@@ -297,6 +298,26 @@ void tst_ZelGrowingTextField::scrollsThePaneUnderTheWheel()
             QVERIFY2(!event.isAccepted() && editorOf(panel.control)->verticalScrollBar()->value() == 0,
                      qPrintable(QStringLiteral("%1 %2").arg(text).arg(pointSize)));
         }
+    }
+}
+
+/// As in a line edit, also while another field has the focus.
+void tst_ZelGrowingTextField::textBeginsAtTheEdgeOfItsDirection()
+{
+    for (const QString &text : {QStringLiteral("abc"), QString::fromUtf8("\u05d0\u05d1\u05d2")}) {
+        Panel panel;
+        panel.control->setObjectValue(text);
+        panel.resize(200, 400);
+        const QImage image = panel.control->grab().toImage();
+        const auto inkIn = [&image](int left, int right) {
+            for (int x = left; x < right; ++x)
+                for (int y = 4; y < image.height() - 4; ++y)
+                    if (image.pixel(x, y) != image.pixel(image.width() / 2, y))
+                        return true;
+            return false;
+        };
+        QCOMPARE(inkIn(4, 20), !text.isRightToLeft());
+        QCOMPARE(inkIn(image.width() - 20, image.width() - 4), text.isRightToLeft());
     }
 }
 
