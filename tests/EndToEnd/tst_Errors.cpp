@@ -8,6 +8,8 @@
 #include "Platform/Controls/ZelTextField.h"
 #include "Support/Reports.h"
 
+#include <QShortcut>
+
 namespace {
 
 /// A model whose setters and observers may throw.
@@ -20,6 +22,8 @@ class Stubborn : public QObject
     Q_PROPERTY(bool watched READ watched WRITE setWatched NOTIFY watchedChanged)
     Q_PROPERTY(int kind READ kind WRITE setKind NOTIFY kindChanged)
     Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY changed)
+    Q_PROPERTY(bool fixed READ flag NOTIFY changed)
+    Q_PROPERTY(bool oneWay READ isOneWay WRITE setOneWay NOTIFY changed)
 public:
     Stubborn()
     {
@@ -46,6 +50,14 @@ public:
     }
     QRectF frame() const { return {1, 2, 30, 40}; }
     void setFrame(const QRectF &) { refuse(); }
+    bool isOneWay() const { return m_oneWay; }
+    void setOneWay(bool oneWay)
+    {
+        if (!oneWay)
+            refuse();
+        m_oneWay = true;
+        Q_EMIT changed();
+    }
 
 Q_SIGNALS:
     void changed();
@@ -57,6 +69,7 @@ private:
 
     bool m_watched = false;
     int m_kind = 0;
+    bool m_oneWay = false;
 };
 
 QByteArray description(const QByteArray &property)
@@ -108,13 +121,14 @@ private Q_SLOTS:
     void anEditThatFailsIsReportedAndShowsTheModelsValue_data()
     {
         QTest::addColumn<QByteArray>("property");
-        QTest::addColumn<QString>("message"); // a part of it
+        QTest::addColumn<QString>("message"); // a part of it; empty: none
         QTest::addColumn<QVariant>("shown");
         QTest::addColumn<int>("steps");
         const QByteArray path = " keyPath='people.selection.";
         const auto row = [](const char *name, const QByteArray &property, const char *message, const QVariant &shown,
                             int steps = 0) {
-            QTest::newRow(name) << "<property " + property + "/>" << QString::fromLatin1(message) << shown << steps;
+            const QByteArray elements = property.startsWith('<') ? property : "<property " + property + "/>";
+            QTest::newRow(name) << elements << QString::fromLatin1(message) << shown << steps;
         };
         row("checkbox, setter", "type='boolean'" + path + "flag'", "setter", false);
         row("checkbox with bits, setter", "type='boolean' bits='1'" + path + "flag'", "setter", false);
@@ -125,6 +139,16 @@ private Q_SLOTS:
         row("observer", "type='boolean'" + path + "watched'", "observer", true, 1);
         row("action", "type='action' title='Go' actionSelector='failAction'", "action", {});
         row("action after an edit", "type='boolean' actionSelector='failAction'" + path + "kind'", "action", true, 1);
+        row("no WRITE", "type='boolean'" + path + "fixed'", "", false);
+        row("no WRITE, bits", "type='boolean' bits='1'" + path + "fixed'", "", false);
+        row("no such slot", "type='action' title='Go' actionSelector='noSuchSlot'", "noSuchSlot", {});
+        row("no such slot after an edit", "type='boolean' actionSelector='noSuchSlot'" + path + "kind'", "noSuchSlot",
+            true, 1);
+        row("no such key", "type='boolean'" + path + "nothing'", "nothing", false);
+        row("a value that an image enumeration does not know",
+            "<property type='number'" + path + "kind'/><property type='enumeration' style='segmented'" + path +
+                "kind'><option-group><option title='A' value='0'/></option-group></property>",
+            "3", 3, 1);
     }
     void anEditThatFailsIsReportedAndShowsTheModelsValue()
     {
@@ -139,10 +163,39 @@ private Q_SLOTS:
         InspectorWindow::settle();
         reports.messages.clear();
         useControl(window);
-        QCOMPARE(reports.messages.size(), 1);
-        QVERIFY2(reports.messages.constFirst().contains(message), qPrintable(reports.messages.constFirst()));
+        QVERIFY2(reports.messages.size() == !message.isEmpty(), qPrintable(reports.messages.join(u'|')));
+        QVERIFY2(reports.messages.join(u'|').contains(message), qPrintable(reports.messages.join(u'|')));
         QCOMPARE(shownValue(window), shown);
         QCOMPARE(window.stack.count(), steps);
+    }
+
+    /// Undone by a key, through the manager or on the stack itself.
+    void aStepThatFailsIsReported_data()
+    {
+        QTest::addColumn<bool>("byManager");
+        QTest::newRow("manager") << true;
+        QTest::newRow("stack") << false;
+    }
+    void aStepThatFailsIsReported()
+    {
+        QFETCH(bool, byManager);
+        Stubborn model;
+        InspectorWindow window(description("<property type='boolean' keyPath='people.selection.oneWay'/>"));
+        window.owner->controller.setSelectedObjects({&model});
+        InspectorWindow::settle();
+        const QShortcut shortcut(QKeySequence::Undo, &window);
+        if (byManager)
+            connect(&shortcut, &QShortcut::activated, ZelUndoManager::forWidget(&window), &ZelUndoManager::undo);
+        else
+            connect(&shortcut, &QShortcut::activated, &window.stack, &QUndoStack::undo);
+        useControl(window);
+        QCOMPARE(window.stack.index(), 1);
+        const Reports reports;
+        QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+        InspectorWindow::settle();
+        QVERIFY2(reports.messages.size() == 1, qPrintable(reports.messages.join(u'|')));
+        QVERIFY(model.isOneWay() && shownValue(window).toBool());
+        QCOMPARE(window.stack.index(), 0);
     }
 
     void aRefreshThatFailsIsReported()
