@@ -70,12 +70,12 @@ void ZelInspector::viewWillUninstall()
 
 void ZelInspector::startObservationForSlice(ZelInspectorSlice *slice)
 {
-    connect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::updateView);
+    connect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::sliceVisibleDidChange);
 }
 
 void ZelInspector::stopObservationOfSlice(ZelInspectorSlice *slice)
 {
-    disconnect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::updateView);
+    disconnect(slice, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspector::sliceVisibleDidChange);
 }
 
 void ZelInspector::updateView()

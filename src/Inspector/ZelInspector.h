@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Inspector/ZelInspectorSlice.h"
+#include "Inspector/ZelStackUpdate.h"
 
 class ZelExpandableView;
 
@@ -42,7 +43,10 @@ protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_slices.pointers(); }
 
 private:
+    void sliceVisibleDidChange() { m_stackUpdate.request(); }
+
     ZelChildControllers<ZelInspectorSlice> m_slices;
+    ZelStackUpdate m_stackUpdate{[this] { updateView(); }};
     QPointer<ZelExpandableView> m_box;
     QPointer<ZelVerticalStackView> m_slicesView;
 };

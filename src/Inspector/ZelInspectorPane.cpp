@@ -82,12 +82,14 @@ void ZelInspectorPane::viewWillUninstall()
 
 void ZelInspectorPane::startObservationForInspector(ZelInspector *inspector)
 {
-    connect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspectorPane::updateView);
+    connect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this,
+            &ZelInspectorPane::inspectorVisibleDidChange);
 }
 
 void ZelInspectorPane::stopObservationOfInspector(ZelInspector *inspector)
 {
-    disconnect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this, &ZelInspectorPane::updateView);
+    disconnect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this,
+               &ZelInspectorPane::inspectorVisibleDidChange);
 }
 
 void ZelInspectorPane::updateView()

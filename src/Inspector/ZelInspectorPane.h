@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Inspector/ZelInspector.h"
+#include "Inspector/ZelStackUpdate.h"
 #include "Views/ZelScrollView.h"
 
 #include <QIcon>
@@ -54,7 +55,10 @@ protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_inspectors.pointers(); }
 
 private:
+    void inspectorVisibleDidChange() { m_stackUpdate.request(); }
+
     ZelChildControllers<ZelInspector> m_inspectors;
+    ZelStackUpdate m_stackUpdate{[this] { updateView(); }};
     QIcon m_image;
     QPointer<ZelScrollView> m_scrollView;
     QPointer<ZelVerticalStackView> m_containerView;

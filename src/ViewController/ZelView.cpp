@@ -401,6 +401,8 @@ bool ZelView::handleEvent(QEvent *event)
 void ZelView::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
+    if (m_grouping)
+        return;
     auto *child = qobject_cast<QWidget *>(event->child());
     if (event->added() && child && !child->isWindow())
         didAddSubview(child);

@@ -210,6 +210,7 @@ private:
     void updateConstraintsForLayout() const;
     friend class ZelViewInstaller;
     friend class ZelConstraintUpdates;
+    friend class ZelSubviewGroup;
     struct Rare; // what few views have
     Rare &rare();
     ZelResponderLink takeResponderLink();
@@ -218,6 +219,7 @@ private:
     bool hasScaledBounds() const;
     bool deliverScaled(QEvent *event);
     void placeSubview(QWidget *view, QWidget *above);
+    void removeSubviews(const QList<QPointer<QWidget>> &views);
     void showSubview(QWidget *view);
     void installAndShowSubviews();
 
@@ -231,5 +233,6 @@ private:
     bool m_needsUpdateConstraints : 1 = true;
     bool m_shownAsWindow : 1 = false;
     bool m_destroying : 1 = false; // never installed again
-    bool m_moving = false;         // addSubview is changing the parent
+    bool m_moving = false;         // the parent is being changed, which says nothing about the window
+    bool m_grouping = false;       // a group of subviews comes or goes, which is no subview
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Geometry/ZelSnapUtilities.h"
+#include "ViewController/ZelSubviewGroup.h"
 #include "ViewController/ZelViewInstaller.h"
 #include "ViewController/ZelViewRare.h"
 
@@ -278,9 +279,11 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
     }
     const LayoutPause pause(layout());
     const QSet<QWidget *> wanted(views.begin(), views.end());
-    for (const QPointer<QWidget> view : subviews()) // hooks may delete any of them
-        if (view && !wanted.contains(view))
-            removeFromSuperview(view);
+    QList<QPointer<QWidget>> unwanted; // hooks may delete any of them
+    for (QWidget *view : subviews())
+        if (!wanted.contains(view))
+            unwanted.append(view);
+    removeSubviews(unwanted);
     for (QWidget *view : views)
         if (view->parentWidget() != this)
             placeSubview(view, nullptr);
@@ -288,6 +291,25 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
         for (QWidget *view : views)
             view->raise();
     installAndShowSubviews();
+}
+
+void ZelView::removeSubviews(const QList<QPointer<QWidget>> &views)
+{
+    if (ZelSubviewGroup::isWorthwhile(views)) {
+        const QPointer<ZelView> guard(this);
+        QList<QPointer<ZelView>> grouped;
+        for (const QPointer<QWidget> &view : views) {
+            if (auto *zelView = qobject_cast<ZelView *>(view.data())) {
+                ZelViewInstaller::willLoseWindow(zelView);
+                grouped.append(zelView);
+            }
+        }
+        if (guard)
+            ZelSubviewGroup::removeFrom(this, grouped);
+    }
+    for (const QPointer<QWidget> &view : views)
+        if (view && view->parentWidget() == this)
+            removeFromSuperview(view);
 }
 
 void ZelView::installAndShowSubviews()
@@ -302,11 +324,13 @@ void ZelView::installAndShowSubviews()
 
 void ZelView::setShown(QWidget *view, bool shown)
 {
-    if (!shown)
+    if (!shown) {
         view->hide();
-    else if (view->parentWidget())
+    } else if (const QWidget *parent = view->parentWidget()) {
+        // Qt would lay out at once, and again for the next one of many.
+        const LayoutPause pause(parent->layout(), false);
         view->show();
-    else if (view->isHidden())
+    } else if (view->isHidden())
         view->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void tabsShareAKeyAndFollowTheirCondition();
     void whatIsToldReachesEveryEditor();
     void hidingAnInspectorCommitsFirst();
+    void aChangeThatHidesManyInspectorsCommitsOnce();
     void aChooserShowsTheContentOfTheValue();
     void aChoiceOfTheUserIsWrittenAndShown();
     void choosersWithinChoosers();
@@ -503,6 +504,25 @@ void tst_InspectorContainers::hidingAnInspectorCommitsFirst()
     editor->commits = false;
     shown->inspectors().first()->setVisible(true);
     QCOMPARE(editor->takeLog(), QStringLiteral("c"));
+}
+
+void tst_InspectorContainers::aChangeThatHidesManyInspectorsCommitsOnce()
+{
+    const QByteArray hiding = "<inspector visibleKeyPath='unlocked'/>";
+    ZelInspectorPane *shown = showPane(pane(hiding + "<inspector><slice><section><sliver>" + g_noting +
+                                            "</sliver></section></slice></inspector>" + hiding + hiding));
+    auto *editor = find<NotingProperty>();
+    editor->log.clear();
+    m_owner->setUnlocked(!m_owner->isUnlocked());
+    QCOMPARE(editor->takeLog(), QStringLiteral("cp"));
+    // Where one that is told opens an event loop, the others are not held up.
+    QList<bool> inTime;
+    connect(shown->inspectors().first(), &ZelInspectorConditionalContainer::visibleChanged, this, [&] {
+        settle();
+        inTime.append(editor->takeLog() == u"cp");
+    });
+    m_owner->setUnlocked(!m_owner->isUnlocked());
+    QCOMPARE(inTime, QList<bool>{true});
 }
 
 // Choosers

@@ -194,6 +194,45 @@ private Q_SLOTS:
         QVERIFY(!last->isInstalled() && !adding->isInstalled());
     }
 
+    /// They leave their window in groups.
+    void manySubviewsAreTakenOutAndComeBack()
+    {
+        QWidget window;
+        QWidget other;
+        auto *outer = new ZelView(&window);
+        QList<LoggingView *> views;
+        for (int i = 0; i < 300; ++i) {
+            views.append(new LoggingView(&m_log, QString::number(i)));
+            views.last()->setFocusPolicy(Qt::TabFocus);
+        }
+        outer->setSubviews({views.begin(), views.end()});
+        window.show();
+        views[3]->hide();
+        views[5]->onUninstall = [&] { delete views[7]; };
+        views[8]->onUninstall = [&] { views[9]->setParent(&other); };
+        views[290]->setFocus();
+        m_log.clear();
+        outer->setSubviews({views[150]});
+        QCOMPARE(outer->subviews(), QList<QWidget *>{views[150]});
+        QCOMPARE(m_log.size(), 298); // all but the one that stays and the one that moved, each once
+        QCOMPARE(m_log.removeDuplicates(), 0);
+        QVERIFY(views[9]->isInstalled() && views[9]->parentWidget() == &other);
+        int stops = 0;
+        for (const QWidget *stop = window.nextInFocusChain(); stop != &window; stop = stop->nextInFocusChain())
+            ++stops;
+        QCOMPARE(stops, 2);
+        views.removeAt(9);
+        views.removeAt(7);
+        for (const LoggingView *view : std::as_const(views)) {
+            const bool isIn = view->objectName() == u"150";
+            QVERIFY(view->isInstalled() == isIn && (view->parentWidget() == outer) == isIn &&
+                    view->isVisible() == isIn);
+        }
+        outer->setSubviews({views.begin(), views.end()});
+        for (const LoggingView *view : std::as_const(views))
+            QVERIFY(view->isInstalled() && view->isVisible() == (view->objectName() != u"3"));
+    }
+
     void anExceptionLeavesTheRestInstalled()
     {
         QWidget window;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelNotifyRelay.h"
 
+#include "Platform/Runtime/ZelChangeDelivery.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelObjectRecord.h"
@@ -40,11 +41,13 @@ template<typename Concerns> void notifyKeys(const ZelObjectRecord &record, Conce
         first->notified();
         return;
     }
-    ZelFirstException failure;
-    failure.run([first] { first->notified(); });
-    for (const auto &held : others)
-        failure.run([&held] { held->key->notified(); });
-    failure.rethrow();
+    ZelChangeDelivery::run([&] {
+        ZelFirstException failure;
+        failure.run([first] { first->notified(); });
+        for (const auto &held : others)
+            failure.run([&held] { held->key->notified(); });
+        failure.rethrow();
+    });
 }
 
 } // namespace

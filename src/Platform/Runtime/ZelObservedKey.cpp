@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Runtime/ZelObservedKey.h"
 
+#include "Platform/Runtime/ZelChangeDelivery.h"
 #include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelMainThread.h"
@@ -187,17 +188,19 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
 {
     ZelKeyValueChange change(kind, &source, 0, indexes, isPrior);
     const size_t count = m_registrations.size(); // later ones do not get this change
-    ZelFirstException failure;
-    for (size_t i = 0; i < count && m_object && !m_isOrphan; ++i) {
-        const Registration &registration = m_registrations[i];
-        if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
-            continue;
-        change.m_options = registration.options;
-        const ZelKeyPath path = registration.path; // the registration may move while the observer runs
-        failure.run(
-            [&] { registration.observer->observeValueForKeyPath(path, m_object, change, registration.context); });
-    }
-    failure.rethrow();
+    ZelChangeDelivery::run([&] {
+        ZelFirstException failure;
+        for (size_t i = 0; i < count && m_object && !m_isOrphan; ++i) {
+            const Registration &registration = m_registrations[i];
+            if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
+                continue;
+            change.m_options = registration.options;
+            const ZelKeyPath path = registration.path; // the registration may move while the observer runs
+            failure.run(
+                [&] { registration.observer->observeValueForKeyPath(path, m_object, change, registration.context); });
+        }
+        failure.rethrow();
+    });
 }
 
 void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelSelectionProxy.h"
 
+#include "Platform/Runtime/ZelChangeDelivery.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
@@ -288,11 +289,13 @@ void ZelSelectionProxy::flush()
     if (m_hasDead)
         failure.run([this] { dropDead(); });
     const auto paths = alive ? m_paths : QHash<ZelKeyPath, std::shared_ptr<Path>>();
-    for (auto entry = paths.begin(); alive && entry != paths.end(); ++entry) {
-        if (entry.value()->isDirty)
-            failure.run([&] { announce(entry.key()); });
-    }
-    failure.rethrow();
+    ZelChangeDelivery::run([&] {
+        for (auto entry = paths.begin(); alive && entry != paths.end(); ++entry) {
+            if (entry.value()->isDirty)
+                failure.run([&] { announce(entry.key()); });
+        }
+        failure.rethrow();
+    });
 }
 
 void ZelSelectionProxy::dropDead()
