@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QScrollBar>
+#include <QTextBlock>
 
 ZelGrowingTextEditor::ZelGrowingTextEditor(ZelGrowingTextField *field)
     : ZelGuardedScrollArea(field)
@@ -18,6 +19,18 @@ ZelGrowingTextEditor::ZelGrowingTextEditor(ZelGrowingTextField *field)
     setTabChangesFocus(true);
     document()->setDocumentMargin(0);
     viewport()->setAutoFillBackground(false);
+    connect(this, &QPlainTextEdit::textChanged, this, &ZelGrowingTextEditor::alignText);
+}
+
+/// Text begins at the edge of its own direction, as in a line edit; Qt's layout of plain texts leaves it on the left.
+void ZelGrowingTextEditor::alignText()
+{
+    const bool isRightToLeft = document()->firstBlock().text().isRightToLeft();
+    QTextOption option = document()->defaultTextOption();
+    if (option.alignment().testFlag(Qt::AlignRight) == isRightToLeft)
+        return;
+    option.setAlignment(isRightToLeft ? Qt::AlignRight : Qt::AlignLeft);
+    document()->setDefaultTextOption(option);
 }
 
 void ZelGrowingTextEditor::takeFocus(Qt::FocusReason reason)

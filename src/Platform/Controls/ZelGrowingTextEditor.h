@@ -30,5 +30,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    void alignText();
+
     ZelGrowingTextField *m_field; // null once the editor was given up
 };

@@ -301,7 +301,7 @@ void tst_ZelGrowingTextField::scrollsThePaneUnderTheWheel()
     }
 }
 
-/// As in a line edit, also while another field has the focus.
+/// As in a line edit, with and without the focus.
 void tst_ZelGrowingTextField::textBeginsAtTheEdgeOfItsDirection()
 {
     for (const QString &text : {QStringLiteral("abc"), QString::fromUtf8("\u05d0\u05d1\u05d2")}) {
@@ -318,6 +318,8 @@ void tst_ZelGrowingTextField::textBeginsAtTheEdgeOfItsDirection()
         };
         QCOMPARE(inkIn(4, 20), !text.isRightToLeft());
         QCOMPARE(inkIn(image.width() - 20, image.width() - 4), text.isRightToLeft());
+        panel.control->setFocus();
+        QCOMPARE(editorOf(panel.control)->cursorRect().x() > panel.control->width() / 2, text.isRightToLeft());
     }
 }
 
