@@ -99,6 +99,26 @@ void useControl(const QWidget &window)
     InspectorWindow::settle();
 }
 
+/// Adds the lines that are logged as errors.
+class ErrorLines
+{
+public:
+    explicit ErrorLines(QStringList *lines)
+    {
+        s_lines = lines;
+        m_former = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) {
+            if (line.startsWith(QStringLiteral("ERROR:")))
+                s_lines->append(line);
+        });
+    }
+    ~ErrorLines() { qInstallMessageHandler(m_former); }
+    Q_DISABLE_COPY_MOVE(ErrorLines)
+
+private:
+    inline static QStringList *s_lines = nullptr;
+    QtMessageHandler m_former;
+};
+
 /// What the row's first control shows.
 QVariant shownValue(const QWidget &window)
 {
@@ -144,7 +164,7 @@ private Q_SLOTS:
         row("no such slot", "type='action' title='Go' actionSelector='noSuchSlot'", "noSuchSlot", {});
         row("no such slot after an edit", "type='boolean' actionSelector='noSuchSlot'" + path + "kind'", "noSuchSlot",
             true, 1);
-        row("no such key", "type='boolean'" + path + "nothing'", "nothing", false);
+        row("no such key", "type='boolean'" + path + "nothing'", "", false); // not applicable, and not enabled
         row("a value that an image enumeration does not know",
             "<property type='number'" + path + "kind'/><property type='enumeration' style='segmented'" + path +
                 "kind'><option-group><option title='A' value='0'/></option-group></property>",
@@ -162,6 +182,7 @@ private Q_SLOTS:
         window.owner->controller.setSelectedObjects({&model});
         InspectorWindow::settle();
         reports.messages.clear();
+        const ErrorLines lines(&reports.messages);
         useControl(window);
         QVERIFY2(reports.messages.size() == !message.isEmpty(), qPrintable(reports.messages.join(u'|')));
         QVERIFY2(reports.messages.join(u'|').contains(message), qPrintable(reports.messages.join(u'|')));
