@@ -299,7 +299,8 @@ void ZelView::removeSubviews(const QList<QPointer<QWidget>> &views)
         const QPointer<ZelView> guard(this);
         QList<QPointer<ZelView>> grouped;
         for (const QPointer<QWidget> &view : views) {
-            if (auto *zelView = qobject_cast<ZelView *>(view.data())) {
+            auto *zelView = qobject_cast<ZelView *>(view.data());
+            if (zelView && zelView->parentWidget() == this) {
                 ZelViewInstaller::willLoseWindow(zelView);
                 grouped.append(zelView);
             }

@@ -508,7 +508,7 @@ void tst_InspectorContainers::hidingAnInspectorCommitsFirst()
 
 void tst_InspectorContainers::aChangeThatHidesManyInspectorsCommitsOnce()
 {
-    const QByteArray hiding = "<inspector visibleKeyPath='unlocked'/>";
+    const QByteArray hiding = "<inspector visibleKeyPath='unlocked'><slice/></inspector>";
     ZelInspectorPane *shown = showPane(pane(hiding + "<inspector><slice><section><sliver>" + g_noting +
                                             "</sliver></section></slice></inspector>" + hiding + hiding));
     auto *editor = find<NotingProperty>();

@@ -221,6 +221,7 @@ private Q_SLOTS:
         for (const QWidget *stop = window.nextInFocusChain(); stop != &window; stop = stop->nextInFocusChain())
             ++stops;
         QCOMPARE(stops, 2);
+        views[5]->onUninstall = views[8]->onUninstall = {};
         views.removeAt(9);
         views.removeAt(7);
         for (const LoggingView *view : std::as_const(views)) {
