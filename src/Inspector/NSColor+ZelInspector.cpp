@@ -14,16 +14,23 @@ struct SpaceName
 {
     QStringView name;
     ZelColor::Space space;
+    int components = 0;
 };
 
 constexpr SpaceName spaceNames[] = {
-    {u"NSCalibratedWhiteColorSpace", ZelColor::CalibratedWhite},
-    {u"NSCalibratedRGBColorSpace", ZelColor::CalibratedRGB},
-    {u"NSDeviceWhiteColorSpace", ZelColor::DeviceWhite},
-    {u"NSDeviceRGBColorSpace", ZelColor::DeviceRGB},
-    {u"NSDeviceCMYKColorSpace", ZelColor::DeviceCMYK},
+    {u"NSCalibratedWhiteColorSpace", ZelColor::CalibratedWhite, 2},
+    {u"NSCalibratedRGBColorSpace", ZelColor::CalibratedRGB, 4},
+    {u"NSDeviceWhiteColorSpace", ZelColor::DeviceWhite, 2},
+    {u"NSDeviceRGBColorSpace", ZelColor::DeviceRGB, 4},
+    {u"NSDeviceCMYKColorSpace", ZelColor::DeviceCMYK, 5},
     {u"NSNamedColorSpace", ZelColor::Named},
 };
+
+const SpaceName *spaceNamed(QStringView name)
+{
+    const auto *found = std::ranges::find(spaceNames, name, &SpaceName::name);
+    return found == std::end(spaceNames) ? nullptr : found;
+}
 
 QList<QStringView> splitAtBlanks(QStringView text)
 {
@@ -75,12 +82,28 @@ ZelColor ZelInspectorColor::colorFromString(const QString &text, const ZelSource
         return {};
     }
     const QStringView spaceName = pieces.takeFirst();
-    const auto found = std::find_if(std::begin(spaceNames), std::end(spaceNames),
-                                    [&](const SpaceName &candidate) { return candidate.name == spaceName; });
-    if (found == std::end(spaceNames)) {
+    const SpaceName *found = spaceNamed(spaceName);
+    if (!found) {
         ZelFail(u"Unsupported color space " + spaceName, place);
         return {};
     }
     return found->space == ZelColor::Named ? namedColor(pieces, place)
                                            : colorWithComponents(found->space, pieces, place);
+}
+
+QString ZelInspectorColor::mistakeInComponents(QStringView text)
+{
+    QList<QStringView> pieces = splitAtBlanks(text);
+    const SpaceName *space = spaceNamed(pieces.takeFirst());
+    if (!space || space->space == ZelColor::Named)
+        return {};
+    if (pieces.size() != space->components)
+        return QStringLiteral("has %1 components instead of %2").arg(pieces.size()).arg(space->components);
+    const auto isComponent = [](QStringView piece) {
+        bool isRead = false;
+        const double number = piece.toDouble(&isRead);
+        return isRead && number >= 0 && number <= 1;
+    };
+    return std::ranges::all_of(pieces, isComponent) ? QString()
+                                                    : QStringLiteral("has components that are no numbers from 0 to 1");
 }

@@ -2,12 +2,15 @@
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
 #include "Blocks/ZelNamedTransformers.h"
+#include "Inspector/ZelDescriptionCheck.h"
 #include "Inspector/ZelDescriptionFiles.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelClassRegistry.h"
+
+#include <typeinfo>
 
 using Generator = ZelDeclarativeInspectorGenerator;
 using Configuration = ZelInspectorConfiguration;
@@ -30,11 +33,24 @@ void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const C
     applyCondition(container, configuration);
 }
 
+/// What an element stands for from which an object of the class is made.
+template<typename Class> constexpr QStringView roleOf = {};
+template<> constexpr QStringView roleOf<ZelTabbedInspector> = u"panes";
+template<> constexpr QStringView roleOf<ZelInspectorPane> = u"pane";
+template<> constexpr QStringView roleOf<ZelInspector> = u"inspector";
+template<> constexpr QStringView roleOf<ZelInspectorSlice> = u"slice";
+template<> constexpr QStringView roleOf<ZelInspectorSection> = u"section";
+template<> constexpr QStringView roleOf<ZelInspectorChooser> = u"chooser";
+template<> constexpr QStringView roleOf<ZelInspectorChooserChoice> = u"choice";
+template<> constexpr QStringView roleOf<ZelInspectorSliver> = u"sliver";
+template<> constexpr QStringView roleOf<ZelInspectorProperty> = u"property";
+
 } // namespace
 
 template<typename Class> Class *Generator::buildPlaced(Builder<Class> build, const Configuration &configuration)
 {
     const ZelPlaceScope scope(configuration.place());
+    descriptionCheck().check(configuration, roleOf<Class>);
     Class *made = (this->*build)(configuration);
     if (made && made->place().isEmpty()) // else it was made from an included file
         made->setPlace(configuration.place());
@@ -116,6 +132,18 @@ ZelInspectorPane *Generator::createPane()
 ZelInspectorSlice *Generator::createSlice()
 {
     return createRoot(u"slice", QStringLiteral("Expected slice element: "), &Generator::createSliceForConfiguration);
+}
+
+/// A generator of an application's may read what this one does not know.
+ZelDescriptionCheck Generator::descriptionCheck() const
+{
+    const auto report = [this](const QString &message, const ZelSourcePlace &place) {
+        if (m_files)
+            m_files->warnOnce(message, place);
+        else
+            ZelLogWarning(message, place);
+    };
+    return {report, typeid(*this) != typeid(Generator)};
 }
 
 // Included files and children

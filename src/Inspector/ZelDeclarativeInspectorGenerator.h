@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <memory>
 
+class ZelDescriptionCheck;
 class ZelDescriptionFiles;
 class ZelInspector;
 class ZelInspectorChooser;
@@ -38,8 +39,9 @@ class ZelTabbedInspector;
 ///
 /// A file that cannot be read, that includes itself, or that includes too much is a ZelGenericException, "Unable to
 /// read file from URL ...: ..."; whatever else is wrong in a description is an assertion. Both carry the place in the
-/// file. When an exception ends a call, what was built so far is deleted. When an assertion handler returns, the
-/// element or value concerned is left out.
+/// file. What is only ignored, such as an unknown attribute, or read otherwise than it was meant, such as a text for a
+/// number, is a warning in the log. When an exception ends a call, what was built so far is deleted. When an assertion
+/// handler returns, the element or value concerned is left out.
 class ZelDeclarativeInspectorGenerator : public QObject
 {
     Q_OBJECT
@@ -119,6 +121,7 @@ private:
     QList<ZelInspectorConditionalContainer *> buildSliversAndChoosers(const Configuration &configuration,
                                                                       QObject *parent);
     ZelInspectorProperty *buildIncludedProperty(const QUrl &url, const Configuration &from);
+    ZelDescriptionCheck descriptionCheck() const;
     QObject *createOfClass(const Configuration &configuration, const QString &defaultName,
                            const QMetaObject *base) const;
     QIcon imageValue(const Configuration &configuration) const;

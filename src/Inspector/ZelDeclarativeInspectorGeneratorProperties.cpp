@@ -18,6 +18,7 @@
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/Properties/ZelOptionValue.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelDescriptionCheck.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
 #include "Platform/Resources/ZelBundle.h"
 #include "Platform/Resources/ZelNamedImages.h"
@@ -190,6 +191,7 @@ ZelInspectorProperty *Generator::createPropertyForConfiguration(const Configurat
             maker ? maker->declarativeInspectorGeneratorCreatePropertyForConfiguration(this, configuration) : nullptr;
         if (property)
             return property;
+        descriptionCheck().checkFile(configuration);
     }
     fail(u"Type not suppored: " + name, configuration);
     return nullptr;
@@ -410,11 +412,14 @@ QIcon Generator::imageValue(const Configuration &configuration) const
     const QString name = configuration.stringValueNamed(u"image");
     if (name.isEmpty())
         return {};
+    const ZelPlaceScope scope(configuration.place());
     QIcon image = ZelNamedImages::imageNamed(name);
-    if (image.isNull() && !ZelBundle::mainBundle().urlForImageResource(name).isEmpty())
-        image = ZelNamedImages::imageNamedInBundleForClass(name, &QObject::staticMetaObject);
-    if (image.isNull())
-        image = ZelNamedImages::imageNamedInBundleForClass(name, metaObject());
+    if (image.isNull()) {
+        // Where there is none at all, it is the application's bundle that lacks it.
+        const bool isOfClass = ZelBundle::mainBundle().urlForImageResource(name).isEmpty() &&
+                               !ZelBundle::bundleForClass(metaObject()).urlForImageResource(name).isEmpty();
+        image = ZelNamedImages::imageNamedInBundleForClass(name, isOfClass ? metaObject() : &QObject::staticMetaObject);
+    }
     if (image.isNull())
         fail(u"Missing image with name " + name, configuration);
     return image;

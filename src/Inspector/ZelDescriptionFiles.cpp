@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelDescriptionFiles.h"
 
+#include "Platform/Runtime/ZelAssertions.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -56,6 +58,15 @@ void ZelDescriptionFiles::checkCycle(const QUrl &url, const QString &path, const
         names.append(QFileInfo(file->path).fileName());
     names.append(names.first());
     fail(url, tr("The file includes itself: %1").arg(names.join(QStringLiteral(" > "))), place);
+}
+
+void ZelDescriptionFiles::warnOnce(const QString &message, const ZelSourcePlace &place)
+{
+    const QString text = place.appendedTo(message);
+    if (m_warnings.contains(text))
+        return;
+    m_warnings.insert(text);
+    ZelLogWarning(message, place);
 }
 
 void ZelDescriptionFiles::fail(const QUrl &url, const QString &description, const ZelSourcePlace &place)

@@ -4,6 +4,7 @@
 #include "Inspector/ZelInspectorConfiguration.h"
 
 #include <QHash>
+#include <QSet>
 
 /// The files that one description is made of, while something is built from it.
 ///
@@ -36,6 +37,9 @@ public:
     /// Opens a file; the place is that of the element that includes it, empty for the first file.
     Opened open(const QUrl &url, const ZelSourcePlace &place = {});
 
+    /// Logs a warning, once however often the file is included.
+    void warnOnce(const QString &message, const ZelSourcePlace &place);
+
     /// An element on that way. Without files nothing is limited.
     class Entered
     {
@@ -63,6 +67,7 @@ private:
     [[noreturn]] static void fail(const QUrl &url, const QString &description, const ZelSourcePlace &place);
 
     QHash<QUrl, ZelInspectorConfiguration> m_read;
+    QSet<QString> m_warnings;
     QList<File> m_open;
     int m_depth = 0;
     qint64 m_elements = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
+#include "Inspector/ZelInspectorPane.h"
 #include "Inspector/ZelInspectorSlice.h"
 #include "Platform/Controls/ZelCheckBox.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
@@ -67,6 +68,8 @@ private Q_SLOTS:
     void init();
     void messagesNameTheElement_data();
     void messagesNameTheElement();
+    void mistakesAreReportedOnce_data();
+    void mistakesAreReportedOnce();
     void editorsOutliveTheirOwner();
 
 private:
@@ -131,6 +134,8 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
                    "<option value='beta'/></option-group></property></sliver></section>"},
         {"option", "<section><sliver><property type='enumeration' keyPath='people.selection.role'><option-group>"
                    "<option value='Guest'/>\n\n<option value='guest'/></option-group></property></sliver></section>"},
+        {"option", "<section><sliver><property type='enumeration'><option-group>\n\n"
+                   "<option image='Nope'/></option-group></property></sliver></section>"},
         {"choice",
          "<section><chooser keyPath='people.selection.flags'>\n\n<choice value='12abc'/></chooser></section>"},
         {"sliver", "<section><chooser keyPath='people.selection.flags'><choice>\n\n"
@@ -167,6 +172,93 @@ void tst_DescriptionFaults::messagesNameTheElement()
     const QRegularExpression place(QStringLiteral("\\(.*/Faulty\\.xml:3:1, <%1>\\)$").arg(element));
     for (const QString &message : std::as_const(reports.messages))
         QVERIFY2(place.match(message).hasMatch(), qPrintable(message));
+}
+
+void tst_DescriptionFaults::mistakesAreReportedOnce_data()
+{
+    QTest::addColumn<QByteArray>("text"); // the element at fault begins line 3
+    QTest::addColumn<QString>("message"); // null: none
+    const auto property = [](const char *attributes, const char *message) {
+        QTest::newRow(attributes) << "<slice><section><sliver>\n\n<property " + QByteArray(attributes) +
+                                         "/></sliver></section></slice>"
+                                  << (message ? QString::fromUtf8(message) + u'|' + u"property" : QString());
+    };
+    property("type='string' keypath='extra'",
+             "Unknown attribute \"keypath\" of <property type=\"string\">, did you mean \"keyPath\"?");
+    property("type='string' actonName='Act'",
+             "Unknown attribute \"actonName\" of <property type=\"string\">, did you mean \"actionName\"?");
+    property("type='string' slider='linear'", "Unknown attribute \"slider\" of <property type=\"string\">");
+    property("type='point' titel='X'", "Unknown attribute \"titel\" of <property type=\"point\">");
+    property("type='custom' pattern='x' subtitle='y'", nullptr);
+    property("type='custom' keypath='extra'",
+             "Unknown attribute \"keypath\" of <property type=\"custom\">, did you mean \"keyPath\"?");
+    property("type='string' xmlns:own='own' own:pattern='x'", nullptr);
+
+    property("type='number' maximum='ten'", "maximum=\"ten\" is no number");
+    property("type='number' maximum='10px'", "maximum=\"10px\" is no number");
+    property("type='number' maximum='nan'", "maximum=\"nan\" is no number");
+    property("type='number' minimum='10' maximum='1'", "The minimum 10 is above the maximum 1");
+    property("type='number' maximum='-1'", "The minimum 0 is above the maximum -1");
+    property("type='number' minimum='-1e2' maximum=' .5' increment='0.25'", nullptr);
+    property("type='frame' increment='0'", "increment=\"0\" is not above 0");
+    property("type='size' increment='-1'", "increment=\"-1\" is not above 0");
+    property("type='boolean' bits='one'", "bits=\"one\" is no integer of 64 bits");
+    property("type='boolean' bits='0xFFFFFFFFFFFFFFFFF'", "bits=\"0xFFFFFFFFFFFFFFFFF\" is no integer of 64 bits");
+    property("type='boolean' bits='0XFFFFFFFFFFFFFFFF'", nullptr);
+    property("type='enumeration' bitMask='x'", "bitMask=\"x\" is no integer of 64 bits");
+    property("type='color' defaultColor='NSCalibratedRGBColorSpace 1'",
+             "defaultColor=\"NSCalibratedRGBColorSpace 1\" has 1 components instead of 4");
+    property("type='color' defaultColor='NSDeviceWhiteColorSpace 1 x'",
+             "defaultColor=\"NSDeviceWhiteColorSpace 1 x\" has components that are no numbers from 0 to 1");
+    property("type='color' defaultColor='NSDeviceCMYKColorSpace 1 0 0 0.5 1'", nullptr);
+    property("type='string' enabled='maybe'", "enabled=\"maybe\" is neither yes nor no");
+    property("type='string' enabled='NO' editable='True'", nullptr);
+    property("type='string' keyPath='people.selection.'",
+             "keyPath=\"people.selection.\" has an empty name in its path");
+
+    const struct
+    {
+        const char *element;
+        const char *message;
+        const char *text;
+    } others[] = {
+        {"sektion", "Unknown element <sektion> in <slice>, did you mean \"section\"?", "<slice>\n\n<sektion/></slice>"},
+        {"poperty", "Unknown element <poperty> in <sliver>, did you mean \"property\"?",
+         "<slice><section><sliver>\n\n<poperty/></sliver></section></slice>"},
+        {"property", "Unknown element <property> in <chooser>",
+         "<slice><section><chooser>\n\n<property type='string'/></chooser></section></slice>"},
+        {"opt", "Unknown element <opt> in <option-group>",
+         "<slice><section><sliver><property type='enumeration'><option-group>\n\n"
+         "<opt/></option-group></property></sliver></section></slice>"},
+        {"option", "value=\"0x41\" has bits outside of the bitMask 0x30",
+         "<slice><section><sliver><property type='enumeration' bitMask='0x30'><option-group><option value='0x10'/>\n\n"
+         "<option value='0x41'/></option-group></property></sliver></section></slice>"},
+        {"section", "file=\"Nope.xml\" is no resource of the application",
+         "<slice>\n\n<section file='Nope.xml'/></slice>"},
+    };
+    for (const auto &[element, message, text] : others)
+        QTest::newRow(message) << QByteArray(text) << QString::fromUtf8(message) + u'|' + QLatin1String(element);
+}
+
+void tst_DescriptionFaults::mistakesAreReportedOnce()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, message);
+    const QUrl url = m_files.write(QStringLiteral("Faulty.xml"), text);
+    ZelDeclarativeInspectorGenerator generator;
+    generator.setOwner(m_owner.get());
+    generator.setUrl(
+        m_files.write(QStringLiteral("Twice.xml"),
+                      "<pane><inspector><slice file='Faulty.xml'/><slice file='Faulty.xml'/></inspector></pane>"));
+
+    Reports reports;
+    reports.collect([&] { std::unique_ptr<ZelInspectorPane>(generator.createPane()); });
+    QStringList expected;
+    if (!message.isNull())
+        expected.append(QStringLiteral("WARNING: %1 (%2:3:1, <%3>)")
+                            .arg(message.section(u'|', 0, 0), QFileInfo(url.toLocalFile()).canonicalFilePath(),
+                                 message.section(u'|', 1)));
+    QCOMPARE(reports.messages, expected);
 }
 
 void tst_DescriptionFaults::editorsOutliveTheirOwner()

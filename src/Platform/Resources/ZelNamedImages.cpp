@@ -53,8 +53,8 @@ QIcon ZelNamedImages::imageNamedInBundleForClass(const QString &name, const QMet
     const ZelBundle &bundle = ZelBundle::bundleForClass(metaObject);
     const QUrl url = bundle.urlForImageResource(name);
     if (url.isEmpty()) {
-        qCDebug(zelLog).noquote().nospace()
-            << "No URL for image resource " << name << " found in bundle " << bundle.name();
+        qCDebug(zelLog).noquote() << ZelPlaceScope::current().appendedTo(
+            QStringLiteral("No URL for image resource %1 found in bundle %2").arg(name, bundle.name()));
         return {};
     }
     const QString path = pathOf(url);
