@@ -194,7 +194,8 @@ Shown shownRichText(const ZelInspectorProperty *editor, const Fold &fold)
 {
     const QVariant value = onlyValue(fold(same));
     const auto *rich = qobject_cast<const ZelInspectorAttributedStringProperty *>(editor);
-    return {rich->textView()->attributedString().text() == value.value<ZelAttributedString>().text(), true};
+    const QString shown = rich->textView()->attributedString().text();
+    return {QString(u'"' + shown + u'"'), QString(u'"' + value.value<ZelAttributedString>().text() + u'"')};
 }
 
 Shown shownImage(const ZelInspectorProperty *editor, const Fold &fold)
@@ -247,19 +248,20 @@ bool isSame(const QVariant &shown, const QVariant &expected)
     return shown == expected;
 }
 
+template<typename... Fields> bool isEditing(const QWidget *widget)
+{
+    const auto asks = [](const auto *field) { return field && field->isEditing(); };
+    return (asks(qobject_cast<const Fields *>(widget)) || ...);
+}
+
 /// What was typed and not taken is shown instead of the value.
 bool isBeingEdited(ZelInspectorProperty *editor)
 {
     const auto fields = editor->view()->findChildren<QWidget *>();
-    for (const QWidget *field : fields) {
-        if (field->property("text").isValid() && field->hasFocus())
-            return true;
-        const auto *line = qobject_cast<const ZelTextField *>(field);
-        const auto *growing = qobject_cast<const ZelGrowingTextField *>(field);
-        if ((line && line->isEditing()) || (growing && growing->isEditing()))
-            return true;
-    }
-    return false;
+    return std::any_of(fields.begin(), fields.end(), [](const QWidget *field) {
+        return (field->property("text").isValid() && field->hasFocus()) ||
+               isEditing<ZelTextField, ZelGrowingTextField, ZelGrowingTextView, ZelDatePicker>(field);
+    });
 }
 
 QByteArray textOf(const QVariant &value)
