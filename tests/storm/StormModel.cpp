@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The steps in which the application changes its objects.
-#include "Storm.h"
+#include "Application.h"
 
 #include "Models.h"
 #include "Observation/ZelObservations.h"
@@ -162,8 +162,10 @@ void Storm::killPart(const Step &step)
     auto *part = whole ? whole->findChild<Part *>() : nullptr;
     if (!part || ZelValueForKey(whole, "part").value<QObject *>() != part)
         return;
-    QObject::connect(part, &QObject::destroyed, whole,
-                     [whole] { ZelSetValueForKey(whole, QVariant::fromValue<QObject *>(nullptr), "part"); });
+    // Nothing may be thrown through a destructor: what observers throw is the application's to catch here.
+    QObject::connect(part, &QObject::destroyed, whole, [this, whole] {
+        asApplication([whole] { ZelSetValueForKey(whole, QVariant::fromValue<QObject *>(nullptr), "part"); });
+    });
     delete part;
 }
 
