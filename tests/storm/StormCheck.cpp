@@ -25,6 +25,7 @@
 #include "ViewController/ZelView.h"
 
 #include <QLayout>
+#include <QMetaProperty>
 
 namespace {
 
@@ -55,7 +56,10 @@ QVariant valueAt(const QObject *object, QList<QByteArray> keys, const Map &map)
         return foldOf(controller->selectedObjects(), keys, map);
     if (object->metaObject()->indexOfProperty(key) < 0 && !object->dynamicPropertyNames().contains(key))
         return QVariant::fromValue(ZelNotApplicableMarker);
-    const QVariant value = object->property(key);
+    QVariant value = object->property(key);
+    const QMetaProperty property = object->metaObject()->property(object->metaObject()->indexOfProperty(key));
+    if (property.metaType() == QMetaType::fromType<QString>() && value.toString().isEmpty())
+        value = QLatin1String(""); // a property of texts has no nothing
     const QObject *next = keys.isEmpty() ? nullptr : value.value<QObject *>();
     if (next)
         return valueAt(next, keys, map);
@@ -233,8 +237,11 @@ const Reader g_readers[] = {
 
 bool isSame(const QVariant &shown, const QVariant &expected)
 {
-    if (ZelIsNull(shown) || ZelIsNull(expected))
-        return ZelIsNull(shown) == ZelIsNull(expected);
+    const auto isNothing = [](const QVariant &value) {
+        return ZelIsNull(value) || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+    };
+    if (isNothing(shown) || isNothing(expected))
+        return isNothing(shown) == isNothing(expected);
     if (ZelIsControllerMarker(shown) || ZelIsControllerMarker(expected))
         return shown == expected;
     if (expected.metaType() == QMetaType::fromType<QVariantList>()) {

@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelDatePicker.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelPressGrouping.h"
 #include "Platform/Controls/ZelThemeColor.h"
 #include "Platform/Runtime/ZelValues.h"
 
@@ -220,8 +221,6 @@ bool ZelDatePicker::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && reservesShortcut(static_cast<QKeyEvent *>(event)))
         return true;
-    if (m_pressGrouping && ZelControlSupport::endsMouseGrab(event, this))
-        m_pressGrouping.reset();
     return QDateTimeEdit::event(event);
 }
 
@@ -276,7 +275,7 @@ void ZelDatePicker::keyPressEvent(QKeyEvent *event)
 void ZelDatePicker::mousePressEvent(QMouseEvent *event)
 {
     const QPointer<ZelDatePicker> guard(this);
-    m_pressGrouping = std::make_unique<ZelUndoGrouping>(this);
+    m_pressGrouping = std::make_unique<ZelPressGrouping>(this, [this] { m_pressGrouping.reset(); });
     QDateTimeEdit::mousePressEvent(event);
     if (guard && !(event->buttons() & Qt::LeftButton))
         m_pressGrouping.reset();

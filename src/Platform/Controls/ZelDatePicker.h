@@ -8,7 +8,7 @@
 #include <QVariant>
 #include <memory>
 
-class ZelUndoGrouping;
+class ZelPressGrouping;
 
 /// A field for a date, or a date and a time, that may also hold none.
 ///
@@ -83,7 +83,7 @@ private:
     QVariant m_value;
     QString m_nullPlaceholder;
     QString m_shownText;
-    std::unique_ptr<ZelUndoGrouping> m_pressGrouping;
+    std::unique_ptr<ZelPressGrouping> m_pressGrouping;
     bool m_showsTime = false;
     bool m_showsNone = true;
     bool m_isCleared = false; // entered, but not committed

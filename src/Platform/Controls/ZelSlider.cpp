@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelSlider.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelPressGrouping.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QKeyEvent>
@@ -163,7 +164,7 @@ void ZelSlider::beginDrag()
 {
     m_dragging = true;
     m_valueBeforeDrag = m_value;
-    m_dragGrouping = std::make_unique<ZelUndoGrouping>(this);
+    m_dragGrouping = std::make_unique<ZelPressGrouping>(this, [this] { endDrag(); });
     update();
 }
 
@@ -223,8 +224,6 @@ bool ZelSlider::handleEvent(QEvent *event)
         event->ignore();
         return true;
     }
-    if (m_dragging && ZelControlSupport::endsMouseGrab(event, this))
-        endDrag();
     if (m_dragging && event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         event->accept();

@@ -7,7 +7,7 @@
 #include <QWidget>
 
 class QStyleOptionSlider;
-class ZelUndoGrouping;
+class ZelPressGrouping;
 
 /// A horizontal slider or a dial over a range of doubles.
 ///
@@ -97,7 +97,7 @@ private:
     double m_increment = 0;
     QVariant m_value;
     QVariant m_valueBeforeDrag;
-    std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
+    std::unique_ptr<ZelPressGrouping> m_dragGrouping;
     Type m_type = Linear;
     int m_grabOffset = 0;
     int m_wheelAngle = 0;

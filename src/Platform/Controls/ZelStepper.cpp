@@ -2,6 +2,7 @@
 #include "Platform/Controls/ZelStepper.h"
 
 #include "Platform/Controls/ZelControlSupport.h"
+#include "Platform/Controls/ZelPressGrouping.h"
 #include "Platform/Runtime/ZelValues.h"
 
 #include <QKeyEvent>
@@ -191,8 +192,6 @@ bool ZelStepper::handleEvent(QEvent *event)
         event->ignore();
         return true;
     }
-    if (m_pressed != QStyle::SC_None && ZelControlSupport::endsMouseGrab(event, this))
-        endPress();
     return QWidget::event(event);
 }
 
@@ -223,7 +222,7 @@ void ZelStepper::mousePressEvent(QMouseEvent *event)
     }
     m_pressed = arrow;
     m_pointerInside = true;
-    m_pressGrouping = std::make_unique<ZelUndoGrouping>(this);
+    m_pressGrouping = std::make_unique<ZelPressGrouping>(this, [this] { endPress(); });
     update();
     stepPressed();
 }

@@ -11,7 +11,7 @@
 #include <optional>
 
 class QStyleOptionSpinBox;
-class ZelUndoGrouping;
+class ZelPressGrouping;
 
 /// Two small arrows that step a value up and down.
 ///
@@ -90,7 +90,7 @@ private:
     ZelValueRange m_range{-std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
     double m_increment = 1;
     QVariant m_value;
-    std::unique_ptr<ZelUndoGrouping> m_pressGrouping;
+    std::unique_ptr<ZelPressGrouping> m_pressGrouping;
     QBasicTimer m_repeatTimer;
     QStyle::SubControl m_pressed = QStyle::SC_None;
     bool m_pointerInside = false;

@@ -2,6 +2,7 @@
 #include "Platform/Selection/ZelUndoGroupCommand.h"
 
 #include "Platform/RunLoop/ZelNotificationCenter.h"
+#include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Selection/ZelObjectController.h"
 
@@ -98,6 +99,21 @@ void ZelUndoGroupCommand::Step::perform(bool undoes) const
         work();
 }
 
+/// What cannot be read keeps the value that it had before.
+void ZelUndoGroupCommand::Step::readOldValues()
+{
+    ZelClassAccessors accessors(path);
+    QVariantList values;
+    for (qsizetype i = 0; i < oldValues.size(); ++i) {
+        values.append(oldValues.at(i));
+        ZelExceptionReporter::run(nullptr, [&] {
+            if (const QObject *object = objects.at(i))
+                values.last() = accessors.read(object).value_or(values.last());
+        });
+    }
+    oldValues = values;
+}
+
 void ZelUndoGroupCommand::undo()
 {
     m_isDone = false;
@@ -116,6 +132,8 @@ void ZelUndoGroupCommand::run(bool undoes)
     takeTyping(undoes);
     ZelExceptionReporter::run(nullptr, [&] { performSteps(undoes); });
     ZelExceptionReporter::run(nullptr, [] { ZelRereadSilentProperties(); });
+    if (!m_meanwhile.empty())
+        outdateLaterSteps();
     // The state that has been left is before all of it, the one that was reached behind it.
     for (Step &step : std::exchange(m_meanwhile, {})) {
         if (undoes)
@@ -131,6 +149,8 @@ void ZelUndoGroupCommand::takeTyping(bool undoes)
     ZelExceptionReporter::run(
         nullptr, [this] { ZelNotificationCenter::defaultCenter()->post(ZelUndoStepWillBeginNotification, m_stack); });
     std::vector<Step> typed = std::exchange(m_meanwhile, {});
+    if (!typed.empty())
+        outdateLaterSteps();
     if (undoes) {
         for (Step &step : typed)
             append(std::move(step));
@@ -140,11 +160,23 @@ void ZelUndoGroupCommand::takeTyping(bool undoes)
         prepend(std::move(*step));
 }
 
-/// Each by itself: one that throws leaves the others to be done. One notice stands for all that they write.
-void ZelUndoGroupCommand::performSteps(bool undoes) const
+/// The steps that were undone before this one will find other values when they are done again.
+void ZelUndoGroupCommand::outdateLaterSteps() const
 {
+    for (int i = m_stack ? m_stack->count() - 1 : -1; i >= 0 && m_stack->command(i) != this; --i) {
+        if (const auto *later = dynamic_cast<const ZelUndoGroupCommand *>(m_stack->command(i)))
+            const_cast<ZelUndoGroupCommand *>(later)->m_isOutdated = true;
+    }
+}
+
+/// Each by itself: one that throws leaves the others to be done. One notice stands for all that they write.
+void ZelUndoGroupCommand::performSteps(bool undoes)
+{
+    const bool isOutdated = !undoes && std::exchange(m_isOutdated, false);
     ZelObjectController::batchChanges([&] {
-        const auto perform = [&](const Step &step) {
+        const auto perform = [&](Step &step) {
+            if (isOutdated && step.isWrite())
+                step.readOldValues();
             ZelExceptionReporter::run(nullptr, [&] { step.perform(undoes); });
         };
         if (undoes)

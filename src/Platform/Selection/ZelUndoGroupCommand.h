@@ -48,12 +48,14 @@ private:
             return isWrite() && other.isWrite() && path == other.path && objects == other.objects;
         }
         void perform(bool undoes) const;
+        void readOldValues();
         Step inverted() &&;
     };
 
     void run(bool undoes);
     void takeTyping(bool undoes);
-    void performSteps(bool undoes) const;
+    void performSteps(bool undoes);
+    void outdateLaterSteps() const;
     void append(Step &&step);
     void prepend(Step &&step);
 
@@ -62,4 +64,5 @@ private:
     std::vector<Step> m_steps;
     std::vector<Step> m_meanwhile; // written while this runs
     bool m_isDone = true;          // false after undo
+    bool m_isOutdated = false;     // a step before this one has become another
 };
