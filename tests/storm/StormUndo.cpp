@@ -107,6 +107,7 @@ void Storm::command(const Step &step)
     if (!m_owner || !changed)
         return;
     commitTyping();
+    settle(); // a stack does not say whether a step is running: what is committed may wait for the next turn
     if (changed == object(step.a))
         stack()->push(new Command(sheets(), living().mid(int(step.b % 5), int(step.c % 3)), changed, step.b % 50));
 }

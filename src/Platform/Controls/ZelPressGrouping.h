@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
 #include <QObject>
@@ -14,8 +15,9 @@
 /// release.
 ///
 /// It calls `lost` where no release will come, since the mouse is taken away: the control is hidden or disabled, its
-/// window is left, a pop-up opens, or another widget gets the mouse. The control then ends the press in the same way.
-class ZelPressGrouping : public QObject
+/// window is left, a pop-up opens, or another widget gets the mouse. So it does before a step of undo or redo begins.
+/// The control then ends the press in the same way.
+class ZelPressGrouping : public QObject, public ZelNotificationObserver
 {
 public:
     ZelPressGrouping(QWidget *control, const std::function<void()> &lost);
@@ -25,6 +27,7 @@ public:
     bool rollBack() const { return m_grouping->rollBack(); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void observeNotification(const ZelNotification &notification) override;
 
 private:
     bool takesMouse(QObject *watched, const QEvent *event) const;
@@ -32,5 +35,5 @@ private:
     QPointer<QWidget> m_control;
     std::function<void()> m_lost;
     std::optional<ZelUndoGrouping> m_grouping;
-    bool m_isReleased = false;
+    bool m_isEnded = false; // by the user
 };

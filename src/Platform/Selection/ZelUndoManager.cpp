@@ -180,6 +180,7 @@ void ZelUndoManager::prepareStep()
 {
     pushLateGroups();
     ZelNotificationCenter::defaultCenter()->post(ZelUndoStepWillBeginNotification, m_stack);
+    pushLateGroups();
 }
 
 ZelUndoManager *ZelUndoManager::forWidget(const QWidget *widget)
