@@ -33,6 +33,7 @@ private Q_SLOTS:
     void escapeGivesUpADrag();
     void dragEndsWithTheControl_data();
     void dragEndsWithTheControl();
+    void dragThatAnApplicationsStepEndsFollowsIt();
     void strangeRangesAreSafe_data();
     void strangeRangesAreSafe();
     void keysAndWheel();
@@ -179,6 +180,9 @@ void tst_ZelSlider::dragEndsWithTheControl_data()
     QTest::newRow("button released elsewhere") << 4;
     QTest::newRow("deleted by whom it told") << 5;
     QTest::newRow("deleted") << 6;
+    QTest::newRow("pop-up opened") << 7;
+    QTest::newRow("another widget pressed") << 8;
+    QTest::newRow("undo begun") << 9;
 }
 
 void tst_ZelSlider::dragEndsWithTheControl()
@@ -206,6 +210,19 @@ void tst_ZelSlider::dragEndsWithTheControl()
     case 4:
         drag(panel.control, QPoint(80, 5), Qt::NoButton);
         break;
+    case 7: {
+        QWidget popup(&panel, Qt::Popup);
+        popup.show();
+        break;
+    }
+    case 8:
+        elsewhere.show();
+        QTest::mousePress(&elsewhere, Qt::LeftButton);
+        break;
+    case 9:
+        panel.undo.undo();
+        QCOMPARE(panel.undo.stack()->index(), 0);
+        break;
     default:
         delete panel.control;
         break;
@@ -218,6 +235,34 @@ void tst_ZelSlider::dragEndsWithTheControl()
         drag(panel.control, QPoint(90, 5));
     }
     QCOMPARE(panel.log, QStringList());
+}
+
+/// Nothing can be pushed into a stack that is doing an application's own step.
+void tst_ZelSlider::dragThatAnApplicationsStepEndsFollowsIt()
+{
+    class Disabling : public QUndoCommand
+    {
+    public:
+        explicit Disabling(QWidget *widget)
+            : m_widget(widget)
+        {
+        }
+        void undo() override { m_widget->setEnabled(true); }
+        void redo() override { m_widget->setEnabled(false); }
+
+    private:
+        QWidget *m_widget;
+    };
+    Panel panel;
+    QUndoStack *stack = panel.undo.stack();
+    stack->push(new Disabling(&panel));
+    stack->undo();
+    QTest::mousePress(panel.control, Qt::LeftButton, {}, QPoint(50, panel.control->height() / 2));
+    stack->redo();
+    QCOMPARE(panel.undo.groupingLevel(), 0);
+    QCOMPARE(stack->count(), 2);
+    stack->setIndex(0);
+    stack->setIndex(2);
 }
 
 void tst_ZelSlider::strangeRangesAreSafe_data()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Selection/ZelUndoManager.h"
 
+#include "Platform/RunLoop/ZelNotificationCenter.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelPassiveEdits.h"
 #include "Platform/Selection/ZelArrayController.h"
@@ -316,6 +317,41 @@ private Q_SLOTS:
         stack.redo();
         QCOMPARE(stack.count(), 2);
         QCOMPARE(stack.index(), 2);
+        stack.undo();
+        QCOMPARE(ada.height(), 0.0);
+    }
+
+    /// What is being typed when a stack does a step again becomes part of it: the steps behind go back to that.
+    void laterStepsFollowWhatWasTypedBeforeARedo()
+    {
+        class Typing : public ZelNotificationObserver
+        {
+        public:
+            std::function<void()> commit;
+            void observeNotification(const ZelNotification &) override
+            {
+                if (const auto work = std::exchange(commit, nullptr))
+                    work();
+            }
+        };
+        Person ada;
+        QUndoStack stack;
+        ZelUndoManager manager(&stack, nullptr);
+        const ZelRecordedWrite write(&manager);
+        write.setValueForKeyPath(&ada, QStringLiteral("Ada"), "name");
+        write.setValueForKeyPath(&ada, 3, "height");
+        stack.setIndex(0);
+        Typing typing;
+        typing.commit = [&] { write.setValueForKeyPath(&ada, 7, "height"); };
+        ZelNotificationCenter::defaultCenter()->addObserver(&typing, ZelUndoStepWillBeginNotification, &stack);
+        stack.redo();
+        ZelNotificationCenter::defaultCenter()->removeObserver(&typing);
+        for (int round = 0; round < 2; ++round) {
+            QCOMPARE(ada.height(), 7.0);
+            stack.redo();
+            QCOMPARE(ada.height(), 3.0);
+            stack.undo();
+        }
         stack.undo();
         QCOMPARE(ada.height(), 0.0);
     }
