@@ -9,6 +9,7 @@
 #include "Inspector/ZelTabbedInspector.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelClassRegistry.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 
 #include <typeinfo>
 
@@ -49,9 +50,11 @@ template<> constexpr QStringView roleOf<ZelInspectorProperty> = u"property";
 
 template<typename Class> Class *Generator::buildPlaced(Builder<Class> build, const Configuration &configuration)
 {
-    const ZelPlaceScope scope(configuration.place());
-    descriptionCheck().check(configuration, roleOf<Class>);
-    Class *made = (this->*build)(configuration);
+    Class *made = nullptr;
+    ZelExceptionReporter::passOn(configuration.place(), [&] {
+        descriptionCheck().check(configuration, roleOf<Class>);
+        made = (this->*build)(configuration);
+    });
     if (made && made->place().isEmpty()) // else it was made from an included file
         made->setPlace(configuration.place());
     return made;

@@ -2,6 +2,7 @@
 #include "Inspector/ZelInspectorConditionalContainer.h"
 
 #include "Observation/ZelObservations.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
@@ -75,7 +76,7 @@ void ZelInspectorConditionalContainer::bindAndConfigure()
         owner(), m_visibleKeyPath, 0,
         [self = QPointer<ZelInspectorConditionalContainer>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {
             if (self)
-                self->updateVisible();
+                ZelExceptionReporter::passOn(self.data(), [&] { self->updateVisible(); });
         },
         &g_context);
     updateVisible();

@@ -3,6 +3,7 @@
 
 #include "Platform/Layout/ZelConstraintLayout.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelConstraintUpdates.h"
@@ -173,8 +174,7 @@ void ZelView::setViewController(ZelViewController *controller)
         controller->m_respondingView = this;
         // A controller that is loading its view hears of the installation when it has loaded it.
         if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
-            const ZelPlaceScope scope(controller);
-            controller->viewDidInstall();
+            ZelExceptionReporter::passOn(controller, [controller] { controller->viewDidInstall(); });
         }
     }
     Q_EMIT viewControllerChanged();

@@ -3,6 +3,7 @@
 
 #include "Platform/Controls/ZelEditor.h"
 #include "Platform/Runtime/ZelAssertions.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelView.h"
 
 #include <QHash>
@@ -92,21 +93,24 @@ void ZelViewController::loadView()
 
 ZelView *ZelViewController::view()
 {
-    if (m_view || m_loading)
-        return m_view;
-    const ZelPlaceScope scope(this);
+    if (!m_view && !m_loading)
+        ZelExceptionReporter::passOn(this, [this] { makeView(); });
+    return m_view;
+}
+
+void ZelViewController::makeView()
+{
     {
         const QScopedValueRollback loading(m_loading, true);
         viewWillLoad();
         if (!m_view)
             loadView();
         if (!ZelCheck(m_view, QStringLiteral("Unable to load view")))
-            return nullptr;
+            return;
         viewDidLoad();
     }
     if (m_view && m_view->isInstalled() && !m_viewInstalled)
         viewDidInstall();
-    return m_view;
 }
 
 void ZelViewController::setView(QWidget *widget)

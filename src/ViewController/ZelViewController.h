@@ -106,6 +106,7 @@ protected:
 
 private:
     friend class ZelView;
+    void makeView();
     void setViewInstalled(bool installed);
     void viewWasDestroyed(const ZelView *view);
     bool diesWithView() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelViewInstaller.h"
 
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelConstraintUpdates.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
@@ -106,13 +107,13 @@ void ZelViewInstaller::visit(QWidget *widget)
 void ZelViewInstaller::runHooks(ZelView *view)
 {
     const QPointer<ZelView> guard(view);
-    const ZelPlaceScope scope(view);
-    m_errors.run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
+    const auto run = [&](auto hook) { m_errors.run([&] { ZelExceptionReporter::passOn(view, hook); }); };
+    run([&] { m_installing ? view->viewDidInstall() : view->viewWillUninstall(); });
     if (!guard || view->m_installed != m_installing)
         return;
     ZelViewController *controller = view->viewController();
     if (controller && controller->isViewInstalled() != m_installing)
-        m_errors.run([&] { m_installing ? controller->viewDidInstall() : controller->viewWillUninstall(); });
+        run([&] { m_installing ? controller->viewDidInstall() : controller->viewWillUninstall(); });
     if (guard && m_installing && view->m_needsUpdateConstraints)
         ZelConstraintUpdates::instance().schedule(view);
 }

@@ -34,8 +34,9 @@ public:
     {
         try {
             work();
-        } catch (const std::exception &exception) {
+        } catch (const ZelException &exception) {
             messages.append(QString::fromUtf8(exception.what()));
+        } catch (const std::runtime_error &) { // knows no place: a line of the log is to tell it
         }
     }
     void reportException(const QString &message, const ZelSourcePlace &place) override
@@ -57,6 +58,13 @@ private:
     static inline Reports *s_current = nullptr;
 };
 
+/// An application's, with a fault in it.
+class Failing : public ZelAbstractValueTransformer
+{
+public:
+    QVariant transformedValue(const QVariant &) const override { throw std::runtime_error("transformer"); }
+};
+
 } // namespace
 
 /// A description that does not fit the application: every message says where.
@@ -70,6 +78,8 @@ private Q_SLOTS:
     void messagesNameTheElement();
     void mistakesAreReportedOnce_data();
     void mistakesAreReportedOnce();
+    void keysThatNoSelectedObjectHasAreReportedOnce_data();
+    void keysThatNoSelectedObjectHasAreReportedOnce();
     void editorsOutliveTheirOwner();
 
 private:
@@ -80,6 +90,7 @@ private:
 
 void tst_DescriptionFaults::init()
 {
+    ZelAbstractValueTransformer::setValueTransformer(QSharedPointer<Failing>::create(), QStringLiteral("Failing"));
     m_owner = std::make_unique<EditorOwner>();
     m_owner->extra = QStringLiteral("text");
     m_owner->values = {1, 2};
@@ -118,6 +129,16 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
     property("type='resource' resourcesKeyPath='missing'");
     property("type='frame' keyPath='people.selection.frame' flippedKeyPath='missing'");
 
+    // A transformer's exception, and a key behind a value
+    for (const char *type : {"number", "string", "boolean", "resource", "frame", "enumeration", "color", "date"}) {
+        property(qPrintable(QStringLiteral("type='%1' keyPath='people.selection.note' valueTransformer='Failing'")
+                                .arg(QLatin1String(type))));
+        property(
+            qPrintable(QStringLiteral("type='%1' keyPath='people.selection.flags.more'").arg(QLatin1String(type))));
+    }
+    property("type='number' keyPath='people.selection.height' enabledKeyPath='people.selection.active' "
+             "enabledValueTransformer='Failing'");
+
     // Editors that write a single key
     property("type='boolean' keyPath='people.selection.friendOf.active'");
     property("type='enumeration' keyPath='people.selection.friendOf.flags'");
@@ -130,6 +151,9 @@ void tst_DescriptionFaults::messagesNameTheElement_data()
         {"chooser", "<section>\n\n<chooser keyPath='missing'><choice/></chooser></section>"},
         {"chooser", "<section>\n\n<chooser visibleKeyPath='extra' "
                     "visibleValueTransformer='ZelPercentValueTransformerName'/></section>"},
+        {"section", "\n\n<section visibleKeyPath='people.selection.flags' visibleValueTransformer='Failing'/>"},
+        {"slice", "\n\n<slice visibleKeyPath='people.selection.flags' visibleValueTransformer='Failing'/>"},
+        {"slice", "\n\n<slice visibleKeyPath='people.selection.flags.more'/>"},
         {"option", "<section><sliver><property type='enumeration' keyPath='people.selection.flags'><option-group>\n\n"
                    "<option value='beta'/></option-group></property></sliver></section>"},
         {"option", "<section><sliver><property type='enumeration' keyPath='people.selection.role'><option-group>"
@@ -166,6 +190,10 @@ void tst_DescriptionFaults::messagesNameTheElement()
         for (QAbstractButton *button : root->view()->findChildren<QAbstractButton *>())
             reports.collect([&] { button->click(); });
         reports.collect([&] { m_owner->extraChanged(); });
+        Person other;
+        other.setFlags(1);
+        reports.collect([&] { m_owner->controller.setSelectedObjects({&other}); });
+        reports.collect([&] { m_owner->controller.setSelectedObjects({}); });
         reports.collect([] { QCoreApplication::processEvents(); });
     }
     QVERIFY(!reports.messages.isEmpty());
@@ -259,6 +287,54 @@ void tst_DescriptionFaults::mistakesAreReportedOnce()
                             .arg(message.section(u'|', 0, 0), QFileInfo(url.toLocalFile()).canonicalFilePath(),
                                  message.section(u'|', 1)));
     QCOMPARE(reports.messages, expected);
+}
+
+void tst_DescriptionFaults::keysThatNoSelectedObjectHasAreReportedOnce_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    for (const char *type : {"boolean", "number", "string", "string' attributed='yes", "enumeration", "color", "date",
+                             "font", "resource", "frame", "size", "custom' class='ZelInspectorArrayProperty"})
+        QTest::newRow(type) << QByteArray(type);
+}
+
+void tst_DescriptionFaults::keysThatNoSelectedObjectHasAreReportedOnce()
+{
+    QFETCH(QByteArray, type);
+    QObject plain;
+    QObject otherPlain;
+    ZelDeclarativeInspectorGenerator generator;
+    generator.setOwner(m_owner.get());
+    const QByteArray property = "<property type='" + type + "' keyPath='people.selection.";
+    generator.setUrl(m_files.write(QStringLiteral("Keys.xml"),
+                                   "<slice><section><sliver>\n" + property + "nmae'/></sliver><sliver>\n" + property +
+                                       "silent'/></sliver><sliver visibleKeyPath='unlocked'>\n" + property +
+                                       "hidden'/></sliver></section></slice>"));
+    m_owner->setUnlocked(false);
+    m_owner->controller.setSelectedObjects({});
+
+    Reports reports;
+    const std::unique_ptr<ZelInspectorSlice> root(generator.createSlice());
+    QWidget window;
+    auto *container = new ZelView(&window);
+    window.show();
+    container->addSubview(root->view());
+    const auto linesOf = [&](const QList<QObject *> &objects) {
+        reports.messages.clear();
+        m_owner->controller.setSelectedObjects(objects);
+        QCoreApplication::processEvents();
+        return reports.messages.filter(QStringLiteral("No selected object")).join(u'\n');
+    };
+    QCOMPARE(linesOf({}), QString());
+    const QString first = linesOf({&plain, m_person.get()}); // of which one has the second key
+    QVERIFY2(first.startsWith(u"WARNING: No selected object has the property \"nmae\" ("), qPrintable(first));
+    QVERIFY2(first.endsWith(u"/Keys.xml:2:1, <property>)"), qPrintable(first));
+    QCOMPARE(linesOf({&plain}), QString());
+    QCOMPARE(linesOf({&otherPlain, &plain}), QString());
+    root->view()->setParent(nullptr);
+    container->addSubview(root->view());
+    QCOMPARE(linesOf({m_person.get()}), QString());
+    m_owner->setUnlocked(true);
+    QVERIFY(linesOf({&plain}).contains(u"\"hidden\""));
 }
 
 void tst_DescriptionFaults::editorsOutliveTheirOwner()

@@ -4,6 +4,7 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Platform/Runtime/ZelClassAccessors.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelFirstException.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
@@ -390,7 +391,10 @@ void ZelInspectorCompositeProperty::viewDidInstall()
             [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateInternalEnabled(); }, &g_context);
     if (owner() && !keyPath().isEmpty())
         ZelObservations(this).addObservationWithObject(
-            owner(), keyPath(), 0, [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateValues(); },
+            owner(), keyPath(), 0,
+            [this](ZelBlockObservation *, const ZelKeyValueChange &) {
+                ZelExceptionReporter::passOn(this, [this] { updateValues(); });
+            },
             &g_context);
     for (int i = 0; i < m_keys.size(); ++i)
         ZelObservations(this).addObservationWithObject(

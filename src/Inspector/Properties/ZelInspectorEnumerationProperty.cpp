@@ -4,6 +4,7 @@
 #include "Inspector/Properties/ZelOptionValue.h"
 #include "Observation/ZelKeyValueObservation.h"
 #include "Observation/ZelObservations.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelKeyValueChange.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelValueConversion.h"
@@ -75,9 +76,8 @@ void ZelInspectorEnumerationProperty::startObservationForOptionGroup(ZelOptionGr
 {
     const auto rebuild = [property = QPointer<ZelInspectorEnumerationProperty>(this)](ZelBlockObservation *,
                                                                                       const ZelKeyValueChange &) {
-        const ZelPlaceScope scope(property);
         if (property)
-            property->rebuildView();
+            ZelExceptionReporter::passOn(property.data(), [&] { property->rebuildView(); });
     };
     for (const QString &keyPath : {group->enumeratedDisplayValuesKeyPath, group->enumeratedValuesKeyPath}) {
         if (!keyPath.isEmpty() && owner())
@@ -101,9 +101,8 @@ void ZelInspectorEnumerationProperty::viewDidInstall()
         ZelObservations(this).addObservationWithObject(
             owner(), keyPath, 0,
             [self](ZelBlockObservation *, const ZelKeyValueChange &) {
-                const ZelPlaceScope scope(self);
                 if (self)
-                    self->rebuildView();
+                    ZelExceptionReporter::passOn(self.data(), [&] { self->rebuildView(); });
             },
             &ZelRebuildObservationContext);
     }

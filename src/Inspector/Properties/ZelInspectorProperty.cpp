@@ -2,6 +2,7 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
 #include "Inspector/Properties/ZelFailedEdits.h"
+#include "Inspector/Properties/ZelMissingKeyWatch.h"
 #include "Inspector/Properties/ZelValueRefusal.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
@@ -9,6 +10,7 @@
 #include "Platform/Controls/ZelControlSize.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelClassAccessors.h"
+#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelKeyValueCoding.h"
 #include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Platform/Runtime/ZelPassiveEdits.h"
@@ -64,6 +66,10 @@ bool ZelInspectorProperty::setObservedKeyPath(QString &member, const QString &ke
         endEditing();
     if (!alive)
         return false;
+    if (&member == &m_keyPath) {
+        m_missingKey.reset();
+        m_isKeyKnown = false;
+    }
     member = keyPath;
     if (!isViewInstalled())
         return true;
@@ -306,9 +312,8 @@ ZelDelayedInvocation &ZelInspectorProperty::updateViewInvocation()
     if (!m_updateViewInvocation) {
         m_updateViewInvocation =
             std::make_unique<ZelDelayedInvocation>([property = QPointer<ZelInspectorProperty>(this)] {
-                const ZelPlaceScope scope(property);
                 if (property)
-                    property->updateView();
+                    ZelExceptionReporter::passOn(property.data(), [&] { property->updateView(); });
             });
     }
     return *m_updateViewInvocation;
@@ -371,9 +376,22 @@ void ZelInspectorProperty::viewDidInstall()
         return;
     QObject *controller =
         ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)));
-    if (const auto *known = qobject_cast<ZelObjectController *>(controller))
+    if (const auto *known = qobject_cast<ZelObjectController *>(controller)) {
         m_selectionConnection =
             connect(known, &ZelObjectController::selectionWillChange, this, &ZelInspectorProperty::endEditing);
+        watchForKey(known);
+    }
+}
+
+void ZelInspectorProperty::watchForKey(const ZelObjectController *controller)
+{
+    const ZelKeyPath path = m_isKeyKnown ? ZelKeyPath() : keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    if (path.isEmpty())
+        return;
+    m_missingKey = std::make_unique<ZelMissingKeyWatch>(this, controller, path.first());
+    m_isKeyKnown = m_missingKey->hasEnded(); // as it nearly always has
+    if (m_isKeyKnown)
+        m_missingKey.reset();
 }
 
 void ZelInspectorProperty::warnOfLongKeyPath() const
@@ -409,6 +427,8 @@ void ZelInspectorProperty::viewWillUninstall()
 {
     ZelViewController::viewWillUninstall();
     disconnect(m_selectionConnection);
+    m_isKeyKnown = m_isKeyKnown || (m_missingKey && m_missingKey->hasEnded());
+    m_missingKey.reset();
     ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 

@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 
+class ZelMissingKeyWatch;
+class ZelObjectController;
 class ZelUndoManager;
 
 /// The base of every property editor: shows one value of what an inspector edits and writes changes of it back.
@@ -196,6 +198,7 @@ private:
     void endEditing();
     bool setObservedKeyPath(QString &member, const QString &keyPath);
     void warnOfLongKeyPath() const;
+    void watchForKey(const ZelObjectController *controller);
 
     QPointer<QObject> m_owner;
     QString m_titleKeyPath;
@@ -207,7 +210,9 @@ private:
     ZelSelector m_actionSelector;
     QMetaObject::Connection m_selectionConnection;
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
+    std::unique_ptr<ZelMissingKeyWatch> m_missingKey; // while the view is installed and the key is not known
     int m_updatingValues = 0;
     bool m_enabled = true;
     bool m_readOnly = false;
+    bool m_isKeyKnown = false; // a selected object had it, or its absence was warned of
 };

@@ -91,7 +91,7 @@ void ZelBoundProperty::start()
 void ZelBoundProperty::observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &, const void *)
 {
     if (!m_isCommitting)
-        update();
+        ZelExceptionReporter::passOn(m_object.data(), [this] { update(); });
 }
 
 QVariant ZelBoundProperty::shown(const QVariant &modelValue) const
@@ -104,7 +104,6 @@ void ZelBoundProperty::update()
 {
     if (!m_object || !m_info.observedObject)
         return;
-    const ZelPlaceScope scope(m_object);
     const QVariant modelValue = ZelValueForKeyPath(m_info.observedObject.data(), m_info.observedKeyPath);
     const std::shared_ptr<bool> isAlive = m_isAlive;
     setEditable(modelValue);

@@ -6,6 +6,23 @@
 namespace {
 
 ZelExceptionReporter *g_reporter = nullptr;
+thread_local int t_reporting = 0;
+thread_local int t_passages = 0;
+
+/// The exception that is on its way out of the passages, and where it came from.
+thread_local std::exception_ptr t_passing;
+thread_local ZelSourcePlace t_place;
+
+void forgetPassing()
+{
+    if (t_passing)
+        t_passing = nullptr;
+}
+
+ZelSourcePlace placeOfHandled()
+{
+    return t_passing && t_passing == std::current_exception() ? t_place : ZelPlaceScope::current();
+}
 
 struct Thrown
 {
@@ -20,9 +37,9 @@ Thrown beingHandled()
     } catch (const ZelException &exception) {
         return {exception.reason(), exception.place()};
     } catch (const std::exception &exception) {
-        return {QString::fromUtf8(exception.what()), ZelPlaceScope::current()};
+        return {QString::fromUtf8(exception.what()), placeOfHandled()};
     } catch (...) {
-        return {QStringLiteral("Unknown exception"), ZelPlaceScope::current()};
+        return {QStringLiteral("Unknown exception"), placeOfHandled()};
     }
 }
 
@@ -42,6 +59,46 @@ ZelExceptionReporter *ZelExceptionReporter::current()
 ZelExceptionReporter *ZelExceptionReporter::setCurrent(ZelExceptionReporter *reporter)
 {
     return std::exchange(g_reporter, reporter);
+}
+
+ZelExceptionReporter::Reporting::Reporting()
+{
+    ++t_reporting;
+}
+
+ZelExceptionReporter::Reporting::~Reporting()
+{
+    if (--t_reporting == 0)
+        forgetPassing();
+}
+
+ZelExceptionReporter::Passage::Passage()
+{
+    ++t_passages;
+}
+
+ZelExceptionReporter::Passage::~Passage()
+{
+    if (--t_passages == 0 && t_reporting == 0)
+        forgetPassing();
+}
+
+void ZelExceptionReporter::logPassing() noexcept
+{
+    if (t_passing == std::current_exception())
+        return; // an inner passage knew better
+    try {
+        throw;
+    } catch (const ZelException &) { // has had its own chance of a place
+    } catch (...) {
+        const Thrown thrown = beingHandled();
+        if (thrown.place.isEmpty())
+            return;
+        t_passing = std::current_exception();
+        t_place = thrown.place;
+        if (t_reporting == 0)
+            ZelLogError(thrown.message, thrown.place);
+    }
 }
 
 void ZelExceptionReporter::reportCurrent() noexcept

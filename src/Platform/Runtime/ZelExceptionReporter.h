@@ -28,6 +28,7 @@ public:
     template<typename Work> static bool run(const QObject *object, Work &&work) noexcept
     {
         const ZelPlaceScope scope(object);
+        const Reporting reporting;
         try {
             std::forward<Work>(work)();
             return true;
@@ -45,4 +46,35 @@ public:
     }
     /// Reports the exception that is being handled.
     static void reportCurrent() noexcept;
+
+    /// Does the work for a caller who gets what is thrown. An exception that cannot say for whom the work was done, as
+    /// one of an application's transformer, is logged once with the place of the object's element (or with the place,
+    /// if that is what is given), unless it is going to be reported.
+    template<typename Place, typename Work> static void passOn(const Place &place, Work &&work)
+    {
+        const ZelPlaceScope scope(place);
+        const Passage passage;
+        try {
+            std::forward<Work>(work)();
+        } catch (...) {
+            logPassing();
+            throw;
+        }
+    }
+
+private:
+    /// This thread's calls of run and of passOn.
+    struct Reporting
+    {
+        Reporting();
+        ~Reporting();
+        Q_DISABLE_COPY_MOVE(Reporting)
+    };
+    struct Passage
+    {
+        Passage();
+        ~Passage();
+        Q_DISABLE_COPY_MOVE(Passage)
+    };
+    static void logPassing() noexcept;
 };

@@ -57,6 +57,14 @@ ZelPlaceScope::~ZelPlaceScope()
     t_innermost = m_outer;
 }
 
+const QObject *ZelPlaceScope::currentObject()
+{
+    const ZelPlaceScope *scope = t_innermost;
+    while (scope && !scope->m_object)
+        scope = scope->m_outer;
+    return scope ? scope->m_object.data() : nullptr;
+}
+
 ZelSourcePlace ZelPlaceScope::current()
 {
     for (const ZelPlaceScope *scope = t_innermost; scope; scope = scope->m_outer) {

@@ -49,6 +49,8 @@ public:
 
     /// The place of this thread's present work; empty if nobody said.
     static ZelSourcePlace current();
+    /// The object of the innermost scope that is for one; null without any.
+    static const QObject *currentObject();
 
 private:
     QPointer<const QObject> m_object;

@@ -54,7 +54,7 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
     for (const ZelKeyPath &path : paths) {
         if (const auto known = m_paths.value(path)) {
             known->isDirty = false;
-            failure.run([&] { known->announced.keep(valueForKeyPath(path)); });
+            failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
         }
         failure.run([&] { ZelDidChangeValueForKey(this, ZelKey(path.string())); });
         if (!alive)
@@ -107,6 +107,12 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
     return known->value.value();
 }
 
+QVariant ZelSelectionProxy::valueForObservers(const Path &path, const ZelKeyPath &keyPath) const
+{
+    const ZelPlaceScope scope(path.observer);
+    return valueForKeyPath(keyPath);
+}
+
 void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
 {
     const ZelObjectController::ChangeBatch batch(&m_controller, path);
@@ -116,6 +122,7 @@ void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPa
 void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
 {
     const auto added = std::make_shared<Path>();
+    added->observer = ZelPlaceScope::currentObject();
     added->relay = std::make_unique<ZelSelectionRelay>(*this, path);
     m_paths.insert(path, added);
     m_lastChanged = nullptr;
@@ -185,7 +192,7 @@ void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
 
 bool ZelSelectionProxy::hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const
 {
-    return path.announced.hasDied() || ZelNotEqual(valueForKeyPath(keyPath), path.announced.value());
+    return path.announced.hasDied() || ZelNotEqual(valueForObservers(path, keyPath), path.announced.value());
 }
 
 void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
@@ -276,7 +283,7 @@ void ZelSelectionProxy::announce(const ZelKeyPath &path)
         failure.run([&] { ZelWillChangeValueForKey(this, key); });
     }
     if (alive)
-        failure.run([&] { known->announced.keep(valueForKeyPath(path)); });
+        failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
     if (alive)
         failure.run([&] { ZelDidChangeValueForKey(this, key); });
     failure.rethrow();

@@ -57,15 +57,18 @@ private:
     struct Path
     {
         std::unique_ptr<ZelSelectionRelay> relay;
-        ZelKeptValue value;      // the fold
-        ZelKeptValue announced;  // the fold that observers know
-        bool isKnown = false;    // nothing was heard since value was read
-        quint64 scope = 0;       // the reading scope in which it was read
-        bool isDirty = false;    // a notice is owed
-        bool isSilent = false;   // the fold may change unheard
-        bool answersOld = false; // during the notice before
+        ZelKeptValue value;               // the fold
+        ZelKeptValue announced;           // the fold that observers know
+        bool isKnown = false;             // nothing was heard since value was read
+        quint64 scope = 0;                // the reading scope in which it was read
+        bool isDirty = false;             // a notice is owed
+        bool isSilent = false;            // the fold may change unheard
+        bool answersOld = false;          // during the notice before
+        QPointer<const QObject> observer; // the first one, which has a place in a description
     };
     const QList<QPointer<QObject>> &objectsOfEachClass() const;
+    /// Reads on behalf of those who observe.
+    QVariant valueForObservers(const Path &path, const ZelKeyPath &keyPath) const;
     void listen(Path &path);
     void invalidate();
     void announce(const ZelKeyPath &path);
