@@ -201,7 +201,8 @@ private Q_SLOTS:
     {
         QFETCH(bool, byManager);
         Stubborn model;
-        InspectorWindow window(description("<property type='boolean' keyPath='people.selection.oneWay'/>"));
+        InspectorWindow window(
+            description("<property type='boolean' keyPath='people.selection.oneWay' actionName='Switch'/>"));
         window.owner->controller.setSelectedObjects({&model});
         InspectorWindow::settle();
         const QShortcut shortcut(QKeySequence::Undo, &window);
@@ -214,7 +215,8 @@ private Q_SLOTS:
         const Reports reports;
         QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
         InspectorWindow::settle();
-        QVERIFY2(reports.messages.size() == 1, qPrintable(reports.messages.join(u'|')));
+        QCOMPARE(reports.messages, QStringList("Undo \"Switch\": setter"));
+        QCOMPARE(reports.places.constFirst().element, QStringLiteral("property"));
         QVERIFY(model.isOneWay() && shownValue(window).toBool());
         QCOMPARE(window.stack.index(), 0);
     }

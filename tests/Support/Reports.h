@@ -16,9 +16,14 @@ public:
     ~Reports() override { setCurrent(m_former); }
     Q_DISABLE_COPY_MOVE(Reports)
 
-    void reportException(const QString &message, const ZelSourcePlace &) override { messages << message; }
+    void reportException(const QString &message, const ZelSourcePlace &place) override
+    {
+        messages << message;
+        places << place;
+    }
 
     QStringList messages;
+    QList<ZelSourcePlace> places;
 
 private:
     ZelExceptionReporter *m_former;

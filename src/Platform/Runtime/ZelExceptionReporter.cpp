@@ -101,10 +101,12 @@ void ZelExceptionReporter::logPassing() noexcept
     }
 }
 
-void ZelExceptionReporter::reportCurrent() noexcept
+void ZelExceptionReporter::reportCurrent(const QString &title) noexcept
 {
     try {
-        const Thrown thrown = beingHandled();
+        Thrown thrown = beingHandled();
+        if (!title.isEmpty())
+            thrown.message = QStringLiteral("%1: %2").arg(title, thrown.message);
         try {
             current()->reportException(thrown.message, thrown.place);
         } catch (...) {

@@ -15,7 +15,8 @@ class ZelExceptionReporter
 public:
     virtual ~ZelExceptionReporter() = default;
     /// Called while the exception is being handled, so that `throw;` within a try block brings it back. The message is
-    /// the exception's text without the place, which is the one of the element that it concerns where there is one.
+    /// the exception's text, behind the name of the undo step that threw it, if one did, and without the place, which
+    /// is the one of the element that it concerns where there is one.
     /// The default logs "ERROR: " with the message and the place. What a reporter throws itself is logged.
     virtual void reportException(const QString &message, const ZelSourcePlace &place);
 
@@ -37,6 +38,20 @@ public:
             return false;
         }
     }
+    /// The same for work that was begun elsewhere, such as a step of undo: on behalf of the element at the place, if
+    /// there is one, and with the title before the message, unless it is empty.
+    template<typename Work> static bool run(const QString &title, const ZelSourcePlace &place, Work &&work) noexcept
+    {
+        const ZelPlaceScope scope(place);
+        const Reporting reporting;
+        try {
+            std::forward<Work>(work)();
+            return true;
+        } catch (...) {
+            reportCurrent(title);
+            return false;
+        }
+    }
     /// The same for work that answers whether an event was handled; one that threw was.
     template<typename Work> static bool runHandler(const QObject *object, Work &&work) noexcept
     {
@@ -44,8 +59,8 @@ public:
         run(object, [&] { handled = work(); });
         return handled;
     }
-    /// Reports the exception that is being handled.
-    static void reportCurrent() noexcept;
+    /// Reports the exception that is being handled, with the title before its message, unless it is empty.
+    static void reportCurrent(const QString &title = {}) noexcept;
 
     /// Does the work for a caller who gets what is thrown. An exception that cannot say for whom the work was done, as
     /// one of an application's transformer, is logged once with the place of the object's element (or with the place,

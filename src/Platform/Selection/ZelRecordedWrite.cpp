@@ -66,12 +66,27 @@ void resolve(QObject *root, const ZelKeyPath &path, std::vector<Target> &targets
         targets.push_back({{object}, rest, {}});
 }
 
-/// Records a write. Where something was thrown, only what has another value now counts as written.
+/// Whether a living object has another value now. The first one tells, as a rule.
+bool hasChanged(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &oldValues)
+{
+    ZelClassAccessors accessors(path);
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const std::optional<QVariant> value = objects.at(i) ? accessors.read(objects.at(i)) : oldValues.at(i);
+        if (!value || ZelNotEqual(*value, oldValues.at(i)))
+            return true;
+    }
+    return false;
+}
+
+/// Records a write, unless it changed nothing. Where something was thrown, only what has another value now counts as
+/// written.
 void record(ZelUndoManager *manager, const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
             ZelValueBlock oldValues, ZelValueBlock newValues, bool hasThrown)
 {
+    const ZelUndoGrouping grouping(manager); // also for what changed nothing, which must not be given a former step
     if (!hasThrown) {
-        manager->recordWrite(objects, path, std::move(oldValues), std::move(newValues));
+        if (hasChanged(objects, path, oldValues))
+            manager->recordWrite(objects, path, std::move(oldValues), std::move(newValues));
         return;
     }
     ZelClassAccessors accessors(path);

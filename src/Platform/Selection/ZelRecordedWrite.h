@@ -15,7 +15,8 @@ class ZelValueBlock;
 /// Writes that a user makes: recorded for undo, and followed by a look at the properties that cannot announce changes.
 ///
 /// Objects are written one after the other. One that throws leaves the others to be written; what has changed is
-/// recorded, and then the first exception goes on. Objects without the key are passed over, unless no object has it:
+/// recorded, and then the first exception goes on. Nothing is recorded where no living object has another value
+/// afterwards. Objects without the key are passed over, unless no object has it:
 /// then the undefined key is raised.
 class ZelRecordedWrite
 {

@@ -50,13 +50,13 @@ ZelUndoGroupCommand *ZelUndoGroupCommand::running(const QUndoStack *stack)
 
 void ZelUndoGroupCommand::addWork(const std::function<void()> &undo, const std::function<void()> &redo)
 {
-    append({undo, redo, {}, {}, {}, {}});
+    record({undo, redo, {}, {}, {}, {}});
 }
 
 void ZelUndoGroupCommand::addWrite(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
                                    ZelValueBlock oldValues, ZelValueBlock newValues)
 {
-    append({{}, {}, objects, path, std::move(oldValues), std::move(newValues)});
+    record({{}, {}, objects, path, std::move(oldValues), std::move(newValues)});
 }
 
 void ZelUndoGroupCommand::addMeanwhile(ZelUndoGroupCommand &&group)
@@ -64,6 +64,13 @@ void ZelUndoGroupCommand::addMeanwhile(ZelUndoGroupCommand &&group)
     for (Step &step : group.m_steps)
         m_meanwhile.push_back(std::move(step));
     group.m_steps.clear();
+}
+
+void ZelUndoGroupCommand::record(Step &&step)
+{
+    if (m_place.isEmpty())
+        m_place = ZelPlaceScope::current();
+    append(std::move(step));
 }
 
 /// A drag writes the same again and again. Only neighbours become one: what was written between them may be of objects
@@ -173,11 +180,13 @@ void ZelUndoGroupCommand::outdateLaterSteps() const
 void ZelUndoGroupCommand::performSteps(bool undoes)
 {
     const bool isOutdated = !undoes && std::exchange(m_isOutdated, false);
+    const QString verb = undoes ? QStringLiteral("Undo") : QStringLiteral("Redo");
+    const QString title = text().isEmpty() ? QString() : QStringLiteral("%1 \"%2\"").arg(verb, text());
     ZelObjectController::batchChanges([&] {
         const auto perform = [&](Step &step) {
             if (isOutdated && step.isWrite())
                 step.readOldValues();
-            ZelExceptionReporter::run(nullptr, [&] { step.perform(undoes); });
+            ZelExceptionReporter::run(title, m_place, [&] { step.perform(undoes); });
         };
         if (undoes)
             std::for_each(m_steps.rbegin(), m_steps.rend(), perform);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelSourcePlace.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
 #include <QUndoCommand>
@@ -8,8 +9,9 @@
 
 /// Everything that was registered in one grouping, as one command. What it does has been done when it is pushed.
 ///
-/// It needs no manager, and neither undo nor redo throws. While it runs on its stack, writes that are recorded for the
-/// stack become part of it, so that undoing and redoing it goes on leading from one exact state to another.
+/// It needs no manager, and neither undo nor redo throws: what a setter throws is reported with the name of the step
+/// and the place of the element on whose behalf it was recorded. While it runs on its stack, writes that are recorded
+/// for the stack become part of it, so that undoing and redoing it goes on leading from one exact state to another.
 class ZelUndoGroupCommand : public QUndoCommand
 {
 public:
@@ -56,10 +58,12 @@ private:
     void takeTyping(bool undoes);
     void performSteps(bool undoes);
     void outdateLaterSteps() const;
+    void record(Step &&step);
     void append(Step &&step);
     void prepend(Step &&step);
 
     QPointer<QUndoStack> m_stack;
+    ZelSourcePlace m_place; // of the work that recorded the first step
     quint64 m_number;
     std::vector<Step> m_steps;
     std::vector<Step> m_meanwhile; // written while this runs

@@ -137,6 +137,29 @@ private Q_SLOTS:
         QCOMPARE(manager.stack()->count(), 0);
     }
 
+    /// Nor where the setter does not take the value, or deletes its object.
+    void nothingIsRecordedWhereNothingChanged()
+    {
+        auto ada = std::make_unique<Person>();
+        Person ben;
+        ben.setHeight(5);
+        ZelArrayController controller;
+        controller.setSelectedObjects({ada.get(), &ben});
+        ZelUndoManager manager;
+        connect(ada.get(), &Person::heightChanged, this, [&] { ada.reset(); });
+        const ZelRecordedWrite write(&manager);
+        write.setValueForKeyPath(&controller, 2.6, "selection.flags");
+        manager.nameEdit(QStringLiteral("Flags"));
+        write.setValueForKeyPath(&controller, 2.9, "selection.flags"); // rounded, too
+        write.mapValues({ada.get(), &ben}, "flags", [](const QVariant &) { return 3.1; });
+        write.setValueForKeyPath(&controller, 5, "selection.height");
+        manager.nameEdit(QStringLiteral("Height"));
+        QVERIFY(!ada);
+        QCOMPARE(ben.flags(), 3);
+        QCOMPARE(manager.stack()->count(), 1);
+        QCOMPARE(manager.stack()->undoText(), QStringLiteral("Flags"));
+    }
+
     void aWriteThatThrowsIsDoneAndRecordedAsAWhole_data()
     {
         QTest::addColumn<bool>("throughSelection");
