@@ -90,8 +90,11 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
     if (!isNumber || !(number > 0) || hasNoTarget(reflectedValue()))
         return;
     const auto font = fontOf(reflectedValue());
+    const QPointer<ZelInspectorFontProperty> alive(this);
     setReflectedValue(font ? ZelFontManager::convertFontToSize(*font, number)
                            : ZelFontManager::systemFontOfSize(number));
+    if (alive)
+        updateViewInvocation().schedule(); // what the model made of it
 }
 
 /// The font to be changed; the system font where there is no single one.

@@ -75,7 +75,9 @@ QString ZelValueRefusal::reason(const ZelPropertyDomain &domain, const QVariant 
 {
     switch (domain.check(value)) {
     case ZelValueConversion::Fits:
-        return {};
+        // Behind a transformer, a whole number in the model need not look like one.
+        return !transformer && domain.losesFraction(value) ? localized("The number must be a whole number.")
+                                                           : QString();
     case ZelValueConversion::OutOfRange:
         return limitsText(domain.limits(), transformer);
     case ZelValueConversion::Unconvertible:

@@ -9,7 +9,8 @@ class ZelPropertyDomain;
 class ZelValueRefusal
 {
 public:
-    /// Null where it takes the value. Limits of numbers are told as the transformer, which may be null, shows them.
+    /// Null where it takes the value, and as it is: without a transformer, fractions are refused that would be rounded
+    /// away. Limits of numbers are told as the transformer, which may be null, shows them.
     static QString reason(const ZelPropertyDomain &domain, const QVariant &value,
                           const ZelValueTransformerPtr &transformer);
 };

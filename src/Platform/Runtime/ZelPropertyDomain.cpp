@@ -74,6 +74,12 @@ ZelValueConversion::Result ZelPropertyDomain::check(const QVariant &value) const
     return ZelValueConversion::Fits;
 }
 
+bool ZelPropertyDomain::losesFraction(const QVariant &value) const
+{
+    return std::any_of(m_types.begin(), m_types.end(),
+                       [&](QMetaType type) { return ZelValueConversion::losesFraction(value, type); });
+}
+
 ZelValueConversion::Limits ZelPropertyDomain::limits() const
 {
     ZelValueConversion::Limits narrowest;

@@ -27,6 +27,8 @@ public:
     /// Whether the value can be stored, and why not. Absent values can; see ZelValueConversion for the rest.
     ZelValueConversion::Result check(const QVariant &value) const;
     bool takes(const QVariant &value) const { return check(value) == ZelValueConversion::Fits; }
+    /// Whether one of the properties would round the number, which it takes.
+    bool losesFraction(const QVariant &value) const;
     /// The least and the greatest number that can be stored; invalid where there is no limit.
     ZelValueConversion::Limits limits() const;
     /// The nearest number that can be stored.

@@ -131,9 +131,15 @@ bool isWithin(const QVariant &number, const Limits &limits)
     return !limits.isValid() || (value >= limits.minimum.toDouble() && value <= limits.maximum.toDouble());
 }
 
-bool isText(const QVariant &value)
+bool isText(QMetaType type)
 {
-    return value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QByteArray;
+    return type.id() == QMetaType::QString || type.id() == QMetaType::QByteArray;
+}
+
+/// What Qt would turn into a text that means nothing to people, or only a part of it.
+bool hasNoText(QMetaType type)
+{
+    return type.id() == QMetaType::QFont || type.id() == QMetaType::QColor || type.id() == QMetaType::QStringList;
 }
 
 /// Whether the type has read the text, which is not empty, as none.
@@ -175,7 +181,7 @@ Result convertText(QVariant &value, QMetaType type)
     const bool hasNone = type.id() != QMetaType::Double && type.id() != QMetaType::Bool && !isEnumeration(type);
     if (!isConverted && text.isEmpty() && hasNone)
         converted = QVariant(type);
-    else if (!isConverted || (!text.isEmpty() && !isText(converted) && isEmptied(converted, text)))
+    else if (!isConverted || (!text.isEmpty() && !isText(converted.metaType()) && isEmptied(converted, text)))
         return ZelValueConversion::Unconvertible;
     value = converted;
     return ZelValueConversion::Fits;
@@ -204,9 +210,9 @@ Result ZelValueConversion::convert(QVariant &value, QMetaType type)
         value = QVariant(type);
         return Fits;
     }
-    if (ZelIsControllerMarker(value))
+    if (ZelIsControllerMarker(value) || (isText(type) && hasNoText(value.metaType())))
         return Unconvertible;
-    if (isText(value))
+    if (isText(value.metaType()))
         return convertText(value, type);
     const bool isNumber = ZelIsNumber(value);
     if (const NumberType *target = isNumber ? numberType(type.id()) : nullptr) {
@@ -222,6 +228,17 @@ Result ZelValueConversion::convert(QVariant &value, QMetaType type)
         return Unconvertible;
     value = converted;
     return Fits;
+}
+
+bool ZelValueConversion::losesFraction(const QVariant &value, QMetaType type)
+{
+    if (isFloating(type.id()) || (!numberType(type.id()) && !isEnumeration(type)))
+        return false;
+    const QVariant number = isText(value.metaType()) ? numberOf(value.toString()) : value;
+    if (!isFloating(number.typeId()))
+        return false;
+    const double real = number.toDouble();
+    return std::isfinite(real) && real != std::round(real);
 }
 
 Limits ZelValueConversion::limits(QMetaType type)

@@ -19,9 +19,11 @@ public:
     ///
     /// Fractions are rounded for a type of integers, half away from zero. An absent value and the null object become
     /// the type's default value, and so does an empty text for a type that is neither a number, an enumeration nor a
-    /// text. A text that the type reads as "none", such as a malformed address for a QUrl, is unconvertible. An invalid
-    /// type takes everything as it is.
+    /// text. A text that the type reads as "none", such as a malformed address for a QUrl, is unconvertible, and so is
+    /// a font, a colour or a list of texts for a text. An invalid type takes everything as it is.
     static Result convert(QVariant &value, QMetaType type);
+    /// Whether the number, or the text of one, has a fraction that convert would round away.
+    static bool losesFraction(const QVariant &value, QMetaType type);
 
     /// The least and the greatest number that the type holds: qlonglong, qulonglong or double; invalid where there is
     /// no limit, as for double, and for types that are no numbers.

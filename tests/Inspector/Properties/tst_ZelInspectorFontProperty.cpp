@@ -20,6 +20,7 @@ class Caption : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QFont font MEMBER font NOTIFY fontChanged)
+    Q_PROPERTY(QString words MEMBER words NOTIFY fontChanged)
     Q_PROPERTY(QVariant optionalFont MEMBER optionalFont NOTIFY fontChanged)
 public:
     explicit Caption(const QFont &font)
@@ -27,6 +28,7 @@ public:
     {
     }
     QFont font;
+    QString words = QStringLiteral("words");
     QVariant optionalFont;
 
 Q_SIGNALS:
@@ -87,6 +89,7 @@ private Q_SLOTS:
     void showsNoneOneManyEqualAndDifferent();
     void noValueIsNoFont();
     void theStepperChangesTheSize();
+    void aTextIsNoFont();
     void theDetailsChangeTheFont();
     void desktopFonts_data();
     void desktopFonts();
@@ -209,6 +212,20 @@ void tst_ZelInspectorFontProperty::theStepperChangesTheSize()
     for (const QVariant &size : nonsense)
         window.editor->setFontSize(size);
     QCOMPARE(b.font, ZelFontManager::systemFontOfSize(14));
+}
+
+void tst_ZelInspectorFontProperty::aTextIsNoFont()
+{
+    Window window(QStringLiteral("words"));
+    Caption caption{QFont(g_family)};
+    window.select({&caption});
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("^ERROR: Cannot store a value of class QFont in .*words")));
+    window.editor->stepper()->stepBy(14);
+    QCoreApplication::processEvents();
+    QCOMPARE(caption.words, QStringLiteral("words"));
+    QCOMPARE(window.undo.stack()->count(), 0);
+    QVERIFY(ZelIsNull(window.editor->stepper()->objectValue()));
 }
 
 void tst_ZelInspectorFontProperty::theDetailsChangeTheFont()

@@ -42,6 +42,7 @@ class Measures : public QObject
     Q_PROPERTY(QTime time MEMBER m_time)
     Q_PROPERTY(QLocale locale MEMBER m_locale)
     Q_PROPERTY(QUuid uuid MEMBER m_uuid)
+    Q_PROPERTY(QString text MEMBER m_text)
 public:
     enum Colour { Red, Green };
     Q_ENUM(Colour)
@@ -57,6 +58,7 @@ public:
     QUrl m_url{QStringLiteral("http://a.b")};
     QTime m_time{1, 1};
     QLocale m_locale{QLocale::German};
+    QString m_text{QStringLiteral("old")};
     QUuid m_uuid{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 };
 
@@ -190,6 +192,11 @@ private Q_SLOTS:
         row("time", QStringLiteral("25:99"), Result::Unconvertible, QTime(1, 1));
         row("time", QStringLiteral(""), Result::Fits, QTime());
         row("locale", QStringLiteral("Klingon"), Result::Unconvertible, QLocale(QLocale::German));
+        row("text", 5, Result::Fits, QStringLiteral("5"));
+        row("text", QUrl(QStringLiteral("http://a.b")), Result::Fits, QStringLiteral("http://a.b"));
+        row("text", QFont(), Result::Unconvertible, QStringLiteral("old"));
+        row("text", QColor(Qt::white), Result::Unconvertible, QStringLiteral("old"));
+        row("text", QStringList(QStringLiteral("one")), Result::Unconvertible, QStringLiteral("old"));
         row("uuid", QStringLiteral("nobody"), Result::Unconvertible, QUuid(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11));
     }
 
