@@ -114,6 +114,7 @@ void ZelGrowingTextField::setEditable(bool editable)
         m_editor->setReadOnly(!editable);
     if (!editable)
         discardEditing();
+    update();
     Q_EMIT editableChanged();
 }
 
@@ -376,7 +377,7 @@ void ZelGrowingTextField::initStyleOption(QStyleOptionFrame *option) const
     option->state |= QStyle::State_Sunken;
     if (!m_editable)
         option->state |= QStyle::State_ReadOnly;
-    if (m_editor && m_editor->hasFocus())
+    if (m_editor && m_editor->hasFocus() && m_editable) // the ring says that there is something to type
         option->state |= QStyle::State_HasFocus;
 }
 
