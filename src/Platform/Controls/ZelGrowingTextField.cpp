@@ -114,7 +114,7 @@ void ZelGrowingTextField::setEditable(bool editable)
         m_editor->setReadOnly(!editable);
     if (!editable)
         discardEditing();
-    update();
+    updateFocusPolicy();
     Q_EMIT editableChanged();
 }
 
@@ -135,6 +135,12 @@ QString ZelGrowingTextField::text() const
     return m_editor ? m_editor->toPlainText() : m_text;
 }
 
+/// A click is for typing, or for selecting what there is; the keyboard may still come by.
+void ZelGrowingTextField::updateFocusPolicy()
+{
+    setFocusPolicy(m_editable || !m_text.isEmpty() ? Qt::StrongFocus : Qt::TabFocus);
+}
+
 void ZelGrowingTextField::showValue()
 {
     setError({});
@@ -146,6 +152,7 @@ void ZelGrowingTextField::showValue()
     }
     m_text = string;
     m_shownText = text();
+    updateFocusPolicy();
     textMayNeedHeight();
     update();
 }
@@ -377,7 +384,7 @@ void ZelGrowingTextField::initStyleOption(QStyleOptionFrame *option) const
     option->state |= QStyle::State_Sunken;
     if (!m_editable)
         option->state |= QStyle::State_ReadOnly;
-    if (m_editor && m_editor->hasFocus() && m_editable) // the ring says that there is something to type
+    if (m_editor && m_editor->hasFocus())
         option->state |= QStyle::State_HasFocus;
 }
 

@@ -101,6 +101,7 @@ private:
     bool editorKeyPressed(QKeyEvent *event);
     void forwardToEditor(QMouseEvent *event);
     void showValue();
+    void updateFocusPolicy();
     void setError(const QString &error);
     void checkAgain();
     void forgetMeasures();
