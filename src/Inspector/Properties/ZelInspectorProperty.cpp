@@ -8,7 +8,6 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Resources/ZelLocalizedString.h"
 #include "Platform/Runtime/ZelAssertions.h"
 #include "Platform/Runtime/ZelClassAccessors.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
@@ -130,24 +129,15 @@ bool ZelInspectorProperty::isWritable() const
     return !m_readOnly && ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).isWritable();
 }
 
-QString ZelInspectorProperty::refusalOf(const std::function<QVariant()> &makeModelValue) const
+QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
 {
-    QString reason;
-    try {
-        return ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), makeModelValue(),
-                                       m_valueTransformer);
-    } catch (const ZelException &exception) {
-        reason = exception.reason();
-    } catch (const std::exception &exception) {
-        reason = QString::fromUtf8(exception.what());
-    }
-    return reason.isEmpty() ? ZelLocalizedString(QStringLiteral("This is not a value.")) : reason;
+    return ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, m_valueTransformer);
 }
 
 QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 {
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
-    return refusalOf([&] { return isReversible ? m_valueTransformer->reverseTransformedValue(value) : value; });
+    return refusalOf(isReversible ? m_valueTransformer->reverseTransformedValue(value) : value);
 }
 
 QVariant ZelInspectorProperty::reflectedValue() const
@@ -158,17 +148,10 @@ QVariant ZelInspectorProperty::reflectedValue() const
 
 void ZelInspectorProperty::setReflectedValue(const QVariant &value)
 {
-    const ZelPlaceScope scope(this);
-    if (!m_keyPath.isEmpty() && m_owner)
-        writeModelValue(transformed(m_valueTransformer, value));
-}
-
-void ZelInspectorProperty::writeModelValue(const QVariant &value)
-{
     if (m_keyPath.isEmpty() || !m_owner)
         return;
     const ZelPlaceScope scope(this);
-    ZelRecordedWrite(undoManager()).setValueForKeyPath(m_owner, value, m_keyPath);
+    ZelRecordedWrite(undoManager()).setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
 }
 
 void ZelInspectorProperty::userDidChangeValue(QObject *)

@@ -166,13 +166,10 @@ protected:
         QPointer<ZelInspectorProperty> m_property;
     };
 
-    /// Why the model's property would not take the value, as a text for people; null where it would. What making the
-    /// value throws is such a reason, too: a transformer may refuse what was typed.
-    QString refusalOf(const std::function<QVariant()> &makeModelValue) const;
+    /// Why the model's property would not take the value, as a text for people; null where it would.
+    QString refusalOf(const QVariant &modelValue) const;
     /// The same of a value as a control bound with the transformer has it.
     QString refusalOfShown(const QVariant &value) const;
-    /// Writes the value at the key path as it is, recorded for undo.
-    void writeModelValue(const QVariant &value);
 
     /// Whether the editor writes with updateReflectedValues, for which the key below the selection must be a single
     /// one. A longer one is a warning when the view is installed.

@@ -5,8 +5,6 @@
 #include "Observation/ZelObservations.h"
 #include "Platform/Binding/ZelBinding.h"
 #include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelException.h"
 #include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 
@@ -29,7 +27,11 @@ void ZelInspectorStringProperty::loadView()
     ZelView *container = makeEditorView();
     m_textField = new ZelGrowingTextField(container);
     m_textField->setValueCheck([editor = QPointer<ZelInspectorStringProperty>(this)](const QVariant &value) {
-        return editor ? editor->refusalOf([&] { return editor->modelValue(editor->entered(value)); }) : QString();
+        if (!editor)
+            return QString();
+        const ZelValueTransformerPtr &transformer = editor->valueTransformer();
+        const QVariant text = editor->entered(value);
+        return editor->refusalOf(transformer ? transformer->transformedValue(text) : text);
     });
     ZelEditorLayout::setName(m_textField, title());
     m_textField->setLabelStyle(!editable);
@@ -74,18 +76,6 @@ QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
     return fieldValue;
 }
 
-/// A transformer without a way back is taken for its own inverse. One that makes nothing of a text has not read it.
-QVariant ZelInspectorStringProperty::modelValue(const QVariant &entered) const
-{
-    const ZelValueTransformerPtr &transformer = valueTransformer();
-    if (!transformer || !transformer->allowsReverseTransformation())
-        return transformer ? transformer->transformedValue(entered) : entered;
-    const QVariant value = transformer->reverseTransformedValue(entered);
-    if (ZelIsNull(value) && !entered.toString().isEmpty())
-        throw ZelGenericException(ZelLocalizedString(QStringLiteral("This is not a value.")));
-    return value;
-}
-
 void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant former = reflectedValue();
@@ -95,7 +85,7 @@ void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
     if (ZelEqual(value, former))
         return;
     const QPointer<ZelInspectorStringProperty> alive(this);
-    writeModelValue(modelValue(value));
+    setReflectedValue(value);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
 }

@@ -34,7 +34,6 @@ public:
 
 private:
     QVariant entered(const QVariant &fieldValue) const;
-    QVariant modelValue(const QVariant &entered) const;
 
     QPointer<ZelGrowingTextField> m_textField;
     QPointer<ZelLabel> m_label;

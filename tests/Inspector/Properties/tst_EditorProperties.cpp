@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Blocks/ZelNamedTransformers.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
@@ -86,26 +85,6 @@ public:
 
 Q_SIGNALS:
     void changed();
-};
-
-class Hexadecimal : public ZelInspectorStringProperty
-{
-public:
-    explicit Hexadecimal(QObject *owner, const QString &name = ZelPointerToStringTransformerName)
-        : ZelInspectorStringProperty(owner)
-    {
-        setValueTransformer(ZelAbstractValueTransformer::valueTransformerForName(name));
-    }
-};
-
-/// Texts are no numbers to its transformer.
-class Percent : public Hexadecimal
-{
-public:
-    explicit Percent(QObject *owner)
-        : Hexadecimal(owner, ZelPercentValueTransformerName)
-    {
-    }
 };
 
 using Make = std::unique_ptr<ZelInspectorProperty> (*)(QObject *owner);
@@ -355,12 +334,6 @@ void tst_EditorProperties::whatThePropertyDoesNotTakeIsRefused_data()
     row("too large", &make<ZelInspectorNumberProperty>, "byte", "300", "The number must be between 0 and 255.");
     row("below zero", &make<ZelInspectorNumberProperty>, "byte", "-5", "The number must be between 0 and 255.");
     row("large enough", &make<ZelInspectorNumberProperty>, "byte", "255", "");
-    row("a fraction", &make<ZelInspectorNumberProperty>, "number", "1.5", "The number must be a whole number.");
-    row("a fraction as text", &make<ZelInspectorStringProperty>, "number", "1.5", "The number must be a whole number.");
-    row("hexadecimal", &make<Hexadecimal>, "number", "0xff", "");
-    row("digits without a prefix", &make<Hexadecimal>, "number", "7", "");
-    row("no hexadecimal number", &make<Hexadecimal>, "number", "zz", "This is not a value.");
-    row("what the transformer throws", &make<Percent>, "number", "7", "Cannot transform value (QString).");
     row("no address", &make<ZelInspectorStringProperty>, "address", "http://[bad", "This is not an address.");
     row("an address", &make<ZelInspectorStringProperty>, "address", "http://b.example", "");
     row("no time", &make<ZelInspectorStringProperty>, "time", "soon", "This is not a time.");
