@@ -203,7 +203,7 @@ void ZelViewController::uninstall() noexcept
     if (ZelView *oldView = std::exchange(m_view, nullptr)) {
         ZelExceptionReporter::run(this, [&] { oldView->setViewController(nullptr); });
         if (!oldView->parentWidget())
-            delete oldView;
+            ZelEventScope::dispose(oldView);
     }
     ZelExceptionReporter::run(this, [this] { viewDidUnload(); });
 }

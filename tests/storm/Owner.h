@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QVariant>
+#include <functional>
 #include <memory>
 
 /// A group of objects with a selection of its own.
@@ -53,6 +54,8 @@ public:
     {
         ++actions;
         Fault::at(Fault::Action);
+        if (react)
+            react(actions);
     }
 
     std::vector<std::unique_ptr<Group>> groupList;
@@ -65,6 +68,7 @@ public:
     QVariantList names{QStringLiteral("Dots"), QStringLiteral("Lines"), QStringLiteral("Waves")};
     QSizeF standardSize{5, 6};
     int actions = 0;
+    std::function<void(int)> react; ///< what the application does about an action, whose number it gets
 
 Q_SIGNALS:
     void changed();

@@ -101,6 +101,7 @@ private:
 
     // Shared
     void makeOwner();
+    void reactToAction(int number);
     void makeWindow(bool ownStack);
     void makeInspector();
     void clearWatchers();

@@ -202,6 +202,7 @@ void Storm::killOwner(const Step &)
 void Storm::makeOwner()
 {
     m_owner = std::make_unique<Owner>();
+    m_owner->react = [this](int number) { reactToAction(number); };
     m_isTainted = true;
 }
 

@@ -112,7 +112,7 @@ void Storm::reparent(const Step &step)
 
 void Storm::showOrHide(const Step &step)
 {
-    QWidget *shown = step.a % 2 || !m_inspector ? m_window.get() : m_inspector->view();
+    const QPointer<QWidget> shown = step.a % 2 || !m_inspector ? m_window.get() : m_inspector->view();
     shown->setVisible(!shown->isVisible() || step.b % 8 != 0);
     if (step.c % 2)
         return;
@@ -156,6 +156,26 @@ void Storm::rebuild(const Step &step)
     if (step.a % 4 == 0 && m_inspector)
         delete m_inspector->view();
     makeInspector();
+}
+
+/// An action may change everything, also the inspector whose control was used.
+void Storm::reactToAction(int number)
+{
+    switch (number % 12) {
+    case 0:
+        makeInspector();
+        break;
+    case 4:
+        if (m_inspector)
+            m_inspector->view()->deleteLater(); // Qt goes on with the control that was used
+        makeInspector();
+        break;
+    case 8:
+        sheets()->setSelectedObjects(living().mid(number % 5, 2));
+        break;
+    default:
+        break;
+    }
 }
 
 /// The window goes with the views in it, or after them.

@@ -74,7 +74,7 @@ ZelPopover::~ZelPopover()
         performClose();
         finishClosing(); // where it dies while it is closing
     });
-    delete m_content.data();
+    ZelEventScope::dispose(m_content);
     if (m_window)
         m_window->dispose();
 }

@@ -73,20 +73,12 @@ void ZelPopoverWindow::dispose()
 {
     m_popover = nullptr;
     hide();
-    if (m_eventDepth > 0)
-        deleteLater();
-    else
-        delete this;
+    ZelEventScope::dispose(this);
 }
 
 bool ZelPopoverWindow::handleEvent(QEvent *event)
 {
-    ++m_eventDepth;
     const QPointer<ZelPopoverWindow> guard(this); // the event may be its deletion
-    const auto leave = qScopeGuard([&guard] {
-        if (guard)
-            --guard->m_eventDepth;
-    });
     const bool handled = QWidget::event(event);
     if (guard && event->type() == QEvent::LayoutRequest && m_popover)
         m_popover->contentChangedSize();

@@ -42,5 +42,4 @@ private:
 
     QPointer<ZelPopover> m_popover;
     QWidget *m_content = nullptr; // only compared once it is being destroyed
-    int m_eventDepth = 0;         // not deleted while at work
 };

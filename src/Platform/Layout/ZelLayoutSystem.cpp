@@ -85,11 +85,21 @@ bool ZelLayoutSystem::isBeingShown() const
     if (m_items.size() == 0 || !m_container->isVisible())
         return false;
     const QWidget *last = m_items[m_items.size() - 1].widget(); // as a rule, it becomes visible after the others
-    return !last->isHidden() && !last->isVisible();
+    return last && !last->isHidden() && !last->isVisible();
+}
+
+/// A child that died while its container could not be told leaves an item without a widget behind.
+void ZelLayoutSystem::dropDeadItems()
+{
+    for (size_t i = m_items.size(); i-- > 0;) {
+        if (!m_items[i].widget())
+            takeItem(i);
+    }
 }
 
 bool ZelLayoutSystem::update()
 {
+    dropDeadItems();
     bool isDifferent = false;
     if (!m_isCompiled || m_direction != m_container->layoutDirection() || (!m_isComplete && m_haveChildrenChanged)) {
         compile();

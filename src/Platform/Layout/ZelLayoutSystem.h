@@ -49,6 +49,7 @@ public:
 private:
     using Offset = ZelLayoutSide::Offset;
 
+    void dropDeadItems();
     bool refreshItems();
     void forgetSolutions();
     void compile();

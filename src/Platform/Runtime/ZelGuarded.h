@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelEventScope.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Runtime/ZelPassiveEdits.h"
 
@@ -22,12 +23,14 @@ public:
     {
         if (isPartOfCall(event))
             return handleEvent(event);
+        const ZelEventScope delivery(event->type() != QEvent::DeferredDelete);
         const ZelPassiveEdits passive(event->type() == QEvent::FocusOut || event->type() == QEvent::Hide);
         return ZelExceptionReporter::runHandler(this, [this, event] { return handleEvent(event); });
     }
     /// A filter that threw has not taken the event.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        const ZelEventScope delivery;
         const QPointer<QObject> receiver(watched);
         bool isTaken = false;
         ZelExceptionReporter::run(this, [&] { isTaken = filterEvent(watched, event); });
@@ -64,6 +67,7 @@ public:
 protected:
     bool viewportEvent(QEvent *event) override
     {
+        const ZelEventScope delivery;
         return ZelExceptionReporter::runHandler(this, [this, event] { return handleViewportEvent(event); });
     }
     virtual bool handleViewportEvent(QEvent *event) { return Base::viewportEvent(event); }
