@@ -63,12 +63,7 @@ QVariant valueAt(const QObject *object, QList<QByteArray> keys, const Map &map)
     const QObject *next = keys.isEmpty() ? nullptr : value.value<QObject *>();
     if (next)
         return valueAt(next, keys, map);
-    const auto isText = [](const QByteArray &name) {
-        return Part::staticMetaObject.property(Part::staticMetaObject.indexOfProperty(name)).typeId() ==
-               QMetaType::QString;
-    };
-    const QVariant nothing = !keys.isEmpty() && isText(keys.last()) ? QVariant(QLatin1String("")) : QVariant();
-    const QVariant mapped = map(keys.isEmpty() ? value : nothing);
+    const QVariant mapped = map(keys.isEmpty() ? value : QVariant());
     return ZelIsAbsent(mapped) ? QVariant() : mapped;
 }
 

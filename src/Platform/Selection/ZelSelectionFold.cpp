@@ -125,6 +125,10 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
 {
     QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
     bool isFirst = true;
+    const QObject *source = nullptr; // of the result
+    const auto isOfTexts = [&](const QObject *object) {
+        return ZelPropertyDomain::ofKeyPath(object, path).isOfTexts();
+    };
     for (const QPointer<QObject> &object : objects) {
         if (!object)
             continue;
@@ -134,10 +138,11 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
         if (ZelIsControllerMarker(value))
             return value;
         const bool isOther = !isFirst && ZelNotEqual(value, result) &&
-                             !(areEmptyTexts(value, result) && ZelPropertyDomain::ofKeyPath(object, path).isOfTexts());
+                             !(areEmptyTexts(value, result) && isOfTexts(object) && isOfTexts(source));
         if (isOther)
             return QVariant::fromValue(ZelMultipleValuesMarker);
         result = value;
+        source = object;
         isFirst = false;
     }
     return result;
@@ -154,6 +159,7 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
     QVariant stored; // the first object's value as the property answers it
     QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
     bool isFirst = true;
+    bool isOfTexts = true; // the properties so far: an empty text and none are one value only of those
     if (!path.isSingleKey())
         return foldPaths(objects, path);
     for (qsizetype i = 0; i < objects.size(); ++i) {
@@ -173,8 +179,8 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
         if (readEqual ? readEqual(*accessor, object, stored.constData()) : sameValue.isOf(*accessor, object))
             continue;
         const QVariant value = accessor->read(object);
-        if (!isFirst && ZelNotEqual(value, stored) &&
-            !(accessor->type().id() == QMetaType::QString && areEmptyTexts(value, stored)))
+        isOfTexts = isOfTexts && accessor->type().id() == QMetaType::QString;
+        if (!isFirst && ZelNotEqual(value, stored) && !(isOfTexts && areEmptyTexts(value, stored)))
             return QVariant::fromValue(ZelMultipleValuesMarker);
         if (isFirst) {
             stored = value;

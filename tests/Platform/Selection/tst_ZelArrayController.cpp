@@ -95,6 +95,13 @@ private Q_SLOTS:
         three.people[0]->setName(QStringLiteral(""));
         three.people[2]->setName(QStringLiteral(""));
         QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), QVariant(QStringLiteral(""))); // unset looks empty
+        QObject loose; // a dynamic property may have nothing, which is no text
+        loose.setProperty("name", QVariant::fromValue(nullptr));
+        controller.setSelectedObjects({three.people[0].get(), &loose});
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
+        controller.setSelectedObjects({&loose, three.people[0].get()});
+        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
+        controller.setSelectedObjects(three.objects());
         for (const auto &person : three.people)
             person->setFriendOf(person.get());
         QCOMPARE(ZelValueForKeyPath(&controller, "selection.friendOf.name"), QVariant(QStringLiteral("")));
