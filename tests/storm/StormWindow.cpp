@@ -101,11 +101,13 @@ void Storm::reparent(const Step &step)
 {
     if (!m_inspector)
         return;
-    QWidget *view = m_inspector->view();
+    const QPointer<QWidget> view = m_inspector->view(); // an action may end the inspector
     QWidget *target = view->window() == m_window.get() && step.a % 3 ? m_otherWindow.get() : m_window.get();
     view->setParent(nullptr);
     if (step.b % 2)
         QCoreApplication::processEvents();
+    if (!view)
+        return;
     target->layout()->addWidget(view);
     view->show();
 }
@@ -118,7 +120,8 @@ void Storm::showOrHide(const Step &step)
         return;
     shown->hide();
     QCoreApplication::processEvents();
-    shown->show();
+    if (shown)
+        shown->show();
 }
 
 void Storm::rekey(const Step &step)

@@ -19,15 +19,27 @@
 
 namespace {
 const QEvent::Type g_flushEvent = QEvent::Type(QEvent::registerEventType());
+
+/// All that live. Some may outlive every static.
+QList<ZelSelectionProxy *> &allProxies()
+{
+    static auto *proxies = new QList<ZelSelectionProxy *>;
+    return *proxies;
 }
+
+} // namespace
 
 ZelSelectionProxy::ZelSelectionProxy(ZelObjectController &controller)
     : m_controller(controller)
     , m_deaths(std::make_unique<ZelSelectionRelay>(*this, ZelKeyPath()))
 {
+    allProxies().append(this);
 }
 
-ZelSelectionProxy::~ZelSelectionProxy() = default;
+ZelSelectionProxy::~ZelSelectionProxy()
+{
+    allProxies().removeOne(this);
+}
 
 bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
 {
@@ -223,7 +235,7 @@ void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
         try {
             announce(path);
         } catch (...) {
-            tellOthers(path);
+            tellOthers(this, path);
             throw;
         }
         return;
@@ -232,17 +244,21 @@ void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
     noticeOwed();
 }
 
-/// An exception ends the signal that a setter is emitting. Other paths that share it would not hear of the change.
-void ZelSelectionProxy::tellOthers(const ZelKeyPath &path)
+/// An exception ends the signal that a setter is emitting. Other paths, and other selections, that share it would not
+/// hear of the change. The one that was told may be gone.
+void ZelSelectionProxy::tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path)
 {
-    const QPointer<ZelSelectionProxy> alive(this);
-    const QList<ZelKeyPath> paths = m_paths.keys();
-    for (const ZelKeyPath &other : paths) {
-        const auto known = alive ? m_paths.value(other) : nullptr;
-        if (!known || other == path)
-            continue;
-        known->isKnown = false;
-        ZelExceptionReporter::run(nullptr, [&] { rereadKeyPath(other); });
+    const QList<ZelSelectionProxy *> all = allProxies();
+    const QList<QPointer<ZelSelectionProxy>> proxies(all.begin(), all.end());
+    for (const QPointer<ZelSelectionProxy> &proxy : proxies) {
+        const QList<ZelKeyPath> paths = proxy ? proxy->m_paths.keys() : QList<ZelKeyPath>();
+        for (const ZelKeyPath &other : paths) {
+            const auto known = proxy ? proxy->m_paths.value(other) : nullptr;
+            if (!known || (proxy == told && other == path))
+                continue;
+            known->isKnown = false;
+            ZelExceptionReporter::run(nullptr, [&] { proxy->rereadKeyPath(other); });
+        }
     }
 }
 

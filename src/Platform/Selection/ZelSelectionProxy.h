@@ -73,7 +73,7 @@ private:
     void invalidate();
     void announce(const ZelKeyPath &path);
     bool hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const;
-    void tellOthers(const ZelKeyPath &path);
+    static void tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path);
     void connectSlices();
     void noticeOwed();
     void flush();

@@ -309,7 +309,13 @@ private Q_SLOTS:
         QCOMPARE(quiet.count(), 3);
         QCOMPARE(throwing.count(), 3);
         QCOMPARE(selections, 1);
+        ZelArrayController other; // the exception ends the signal that its selection hears
+        other.setSelectedObjects(two.objects());
+        Recorder elsewhere;
+        ZelAddObserver(&other, &elsewhere, "selection.height", 0, &g_context);
         QVERIFY_EXCEPTION_THROWN(two.people[0]->setHeight(3), std::runtime_error);
+        QCOMPARE(elsewhere.count(), 1);
+        ZelRemoveObserver(&other, &elsewhere, "selection.height", &g_context);
         QCOMPARE(quiet.count(), 4);
         QCOMPARE(quiet.changes.last().keyValueChangeKind(), quint32(ZelKeyValueChangeSetting));
         for (const QString &path : paths) {
