@@ -126,21 +126,27 @@ void ZelTabbedInspector::setSelectedPaneIndex(quint64 index)
 
 void ZelTabbedInspector::selectInspector(quint64 index)
 {
+    // What was typed in the former pane is taken when that is hidden, and its action may end the inspector.
+    const QPointer<ZelTabbedInspector> alive(this);
     if (isViewInstalled() && m_currentInspector)
         m_currentInspector->prepareForReuse();
+    if (!alive)
+        return;
     const QPointer<ZelInspectorPane> former = std::exchange(m_currentInspector, nullptr);
     const bool isOther = std::exchange(m_selectedPaneIndex, index) != index;
     m_currentInspector = panes().value(qsizetype(index));
     if (m_containerView)
         m_containerView->setSelectedChildViewControllerIndex(index);
-    if (m_currentInspector)
+    if (alive && m_currentInspector)
         m_currentInspector->refresh();
+    if (!alive)
+        return;
     ZelTabBarItem *item = m_tabBar ? m_tabBar->items().value(qsizetype(index)) : nullptr;
     if (item && m_tabBar->selectedItem() != item)
         m_tabBar->setSelectedItem(item);
     if (m_currentInspector != former)
         Q_EMIT currentInspectorChanged();
-    if (isOther)
+    if (isOther && alive)
         Q_EMIT selectedPaneIndexChanged();
 }
 

@@ -114,14 +114,17 @@ void ZelSwitchContainerView::takeOut(QWidget *view)
 
 void ZelSwitchContainerView::updateSelectedChildView()
 {
+    const QList<ZelViewController *> all = childViewControllers();
+    const QList<QPointer<ZelViewController>> controllers(all.begin(), all.end());
+    const QPointer<ZelSwitchContainerView> alive(this); // hiding takes what was typed, whose action may end all of them
     quint64 index = 0;
-    for (ZelViewController *controller : childViewControllers()) {
-        ZelView *view = controller->view();
-        const bool hidden = index++ != m_selectedIndex;
+    for (const QPointer<ZelViewController> &controller : controllers) {
+        ZelView *view = alive && controller ? controller->view() : nullptr;
+        const bool hidden = !alive || index++ != m_selectedIndex;
         if (view && view->isHidden() != hidden)
             setShown(view, !hidden);
     }
-    if (m_constraintSelectdView)
+    if (alive && m_constraintSelectdView)
         setNeedsUpdateConstraints();
 }
 

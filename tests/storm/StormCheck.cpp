@@ -31,6 +31,13 @@ namespace {
 
 using Map = std::function<QVariant(const QVariant &)>;
 
+bool g_isAmbiguous = false; ///< whether there was nothing as well as an empty text, which an unset text is like both
+
+bool isNothing(const QVariant &value)
+{
+    return ZelIsNull(value) || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+}
+
 QVariant valueAt(const QObject *object, QList<QByteArray> keys, const Map &map);
 
 /// The value on which the objects agree, or the marker for the first of them that disagrees or lacks the key.
@@ -41,6 +48,7 @@ QVariant foldOf(const QList<QObject *> &objects, const QList<QByteArray> &keys, 
         const QVariant value = valueAt(object, keys, map);
         if (ZelIsControllerMarker(value))
             return value;
+        g_isAmbiguous = g_isAmbiguous || (isNothing(value) && isNothing(result) && value != result);
         if (!ZelIsMarker(result, ZelNoSelectionMarker) && value != result)
             return QVariant::fromValue(ZelMultipleValuesMarker);
         result = value;
@@ -237,9 +245,6 @@ const Reader g_readers[] = {
 
 bool isSame(const QVariant &shown, const QVariant &expected)
 {
-    const auto isNothing = [](const QVariant &value) {
-        return ZelIsNull(value) || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
-    };
     if (isNothing(shown) || isNothing(expected))
         return isNothing(shown) == isNothing(expected);
     if (ZelIsControllerMarker(shown) || ZelIsControllerMarker(expected))
@@ -296,7 +301,7 @@ void Storm::checkEditors()
         const Shown shown =
             reader->read(editor, [&](const Map &map) { return valueAt(m_owner.get(), path.split('.'), map); });
         ++Progress::shared().checks;
-        if (isSame(shown.value, shown.expected))
+        if (std::exchange(g_isAmbiguous, false) || isSame(shown.value, shown.expected))
             continue;
         Progress::shared().setDetail("shows " + textOf(shown.value) + " instead of " + textOf(shown.expected) + " of " +
                                      QByteArray::number(sheets()->selectedObjects().size()) + " objects" +

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Runtime/ZelEventScope.h"
 #include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Platform/Selection/ZelUndoManager.h"
 
@@ -33,6 +34,7 @@ public:
     template<typename Control> static void reportEdit(Control *control)
     {
         const QPointer<Control> guard(control);
+        const ZelEventScope delivery; // a list of Qt's own that was clicked goes on with the control, too
         const ZelUndoGrouping grouping(control);
         const bool isDone = ZelExceptionReporter::run(control, [&] {
             Q_EMIT control->valueEdited();
