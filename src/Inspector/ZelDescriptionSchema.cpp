@@ -77,8 +77,6 @@ constexpr Attribute enumeration[] = {
     {u"style"},
     {u"editable", Kind::Boolean},
     {u"bitMask", Kind::Bits},
-    {u"enumeratedValuesKeyPath", Kind::KeyPath},
-    {u"enumeratedDisplayValuesKeyPath", Kind::KeyPath},
 };
 constexpr Attribute color[] = {{u"colorList"}, {u"defaultColor", Kind::Color}};
 constexpr Attribute resource[] = {{u"placeholder"}, {u"resourcesKeyPath", Kind::KeyPath}};
@@ -113,7 +111,7 @@ constexpr Schema::Element elements[] = {
     {.role = u"property", .type = u"string", .attributes = {untitled, titles, string}},
     {.role = u"property",
      .type = u"enumeration",
-     .attributes = {untitled, titles, enumeration},
+     .attributes = {untitled, titles, enumeration, choices},
      .children = {u"option-group"}},
     {.role = u"property", .type = u"color", .attributes = {untitled, titles, color}},
     {.role = u"property", .type = u"date", .attributes = {untitled, titles}},

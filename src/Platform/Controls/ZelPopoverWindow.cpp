@@ -7,7 +7,6 @@
 #include <QChildEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScopeGuard>
 #include <QWindow>
 
 namespace {
