@@ -5,10 +5,10 @@
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Core/Selection/ZelArrayController.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Platform/Controls/ZelTextField.h"
-#include "Platform/Selection/ZelArrayController.h"
 #include "ViewController/ZelView.h"
 
 #include <QApplication>

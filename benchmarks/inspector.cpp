@@ -3,7 +3,7 @@
 #include "RowModel.h"
 #include "ShownForm.h"
 
-#include "Inspector/ZelInspectorConfiguration.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 
 #include <QApplication>
 #include <QCheckBox>

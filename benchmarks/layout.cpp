@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
 
-#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Layout/ZelConstraintLayout.h"
 
 #include <QCoreApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
 
-#include "Inspector/ZelInspectorConfiguration.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 
 #include <QFile>
 #include <QTemporaryFile>
@@ -85,7 +85,7 @@ static void parse()
         };
         Bench::expect(ours() == readByHand(path), "the two readers see different documents");
         Bench::compare(
-            QStringLiteral("G read a description of %1 KB").arg(text.size() / 1024), properties > 10'000 ? 1.4 : 0,
+            QStringLiteral("G read a description of %1 KB").arg(text.size() / 1024), properties > 10'000 ? 0.8 : 0,
             [&] { Bench::keep(ours()); }, [&] { Bench::keep(readByHand(path)); });
     }
     ZelInspectorConfiguration::setLimits({});

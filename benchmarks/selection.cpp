@@ -2,9 +2,9 @@
 #include "Bench.h"
 #include "PlainShape.h"
 
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelArrayController.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Selection/ZelArrayController.h"
+#include "Core/Values/ZelValues.h"
 
 namespace {
 

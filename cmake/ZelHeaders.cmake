@@ -10,7 +10,7 @@ foreach(header IN LISTS headers)
 endforeach()
 
 add_library(zel_headers OBJECT EXCLUDE_FROM_ALL ${sources})
-set_target_properties(zel_headers PROPERTIES AUTOMOC OFF AUTORCC OFF)
+target_compile_features(zel_headers PRIVATE cxx_std_20)
 target_include_directories(zel_headers PRIVATE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(zel_headers PRIVATE -Wall -Wextra -Werror -O0 -g0)
 target_link_libraries(zel_headers PRIVATE Qt6::Widgets Qt6::Concurrent)

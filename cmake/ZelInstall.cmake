@@ -1,16 +1,16 @@
 # SPDX-License-Identifier: MIT
-# What another project needs: the library, the headers as they lie below src/, and the package files, so that
+# What another project needs: the library, its public headers as they lie below src/, and the package files, so that
 # find_package(Zel) and target_link_libraries(app Zel::Zel) work there.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Zel)
-target_compile_features(Zel PUBLIC cxx_std_20)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Here rather than in the other project's link. (Clang leaves the sanitizers' functions to the program.)
     target_link_options(Zel PRIVATE LINKER:--no-undefined)
 endif()
 install(TARGETS Zel EXPORT ZelTargets)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Zel FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Zel FILES_MATCHING PATTERN "*.h"
+        PATTERN private EXCLUDE)
 install(EXPORT ZelTargets NAMESPACE Zel:: DESTINATION ${package_dir})
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ZelConfig.cmake.in ${PROJECT_BINARY_DIR}/ZelConfig.cmake

@@ -2,16 +2,34 @@
 # Every folder below src/ is a small static library of its own, so that a test links only the layers below it.
 # The installed library is made of all their objects.
 
+# With all tests linked to one shared library, a change in one file is tested after one link (tools/mutants).
+option(ZEL_ONE_TEST_LIBRARY "Link the tests with the shared library, from which nothing is hidden" OFF)
+set(zel_visibility hidden)
+if(ZEL_ONE_TEST_LIBRARY)
+    set(zel_visibility default)
+endif()
+
 add_library(zel_flags INTERFACE)
+target_compile_features(zel_flags INTERFACE cxx_std_20)
 target_compile_options(zel_flags INTERFACE -Wall -Wextra -Wpedantic -Wno-missing-field-initializers)
-target_compile_definitions(zel_flags INTERFACE QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_NO_KEYWORDS)
+target_compile_definitions(zel_flags INTERFACE QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_NO_KEYWORDS
+                           $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,ZEL_BUILD,ZEL_STATIC>)
+
+# What all targets have in common. Programs are compiled like the library, so that both share one precompiled header.
+function(zel_set_up target)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON AUTOMOC ON AUTORCC ON
+                          CXX_VISIBILITY_PRESET ${zel_visibility} VISIBILITY_INLINES_HIDDEN ON)
+    zel_use_pch(${target})
+    zel_watch_sources(${target})
+endfunction()
 
 function(zel_use_pch target)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         if(NOT TARGET zel_pch)
             file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/zel_pch.cpp CONTENT "")
             add_library(zel_pch OBJECT ${CMAKE_BINARY_DIR}/zel_pch.cpp)
-            set_target_properties(zel_pch PROPERTIES AUTOMOC OFF AUTORCC OFF)
+            set_target_properties(zel_pch PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON
+                                  CXX_VISIBILITY_PRESET ${zel_visibility} VISIBILITY_INLINES_HIDDEN ON)
             if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
                 # The same header gives the same file, so that ccache knows it again.
                 target_compile_options(zel_pch PRIVATE -Xclang -fno-pch-timestamp)
@@ -39,22 +57,28 @@ function(zel_watch_sources target)
     endif()
 endfunction()
 
-# zel_folder(name path [dependencies...]): the static library zel_<name> from all sources in src/<path>.
+# zel_folder(name path [dependencies...] [SHELVES folders...]): the static library zel_<name> from all sources in src/<path>,
+# its private/ and its shelves, which are one folder to the rules of inclusion.
 function(zel_folder name path)
-    file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${path}/*.cpp ${PROJECT_SOURCE_DIR}/src/${path}/*.h
-         ${PROJECT_SOURCE_DIR}/src/${path}/*.qrc)
-    if(NOT sources MATCHES "\\.cpp")
+    cmake_parse_arguments(arg "" "" "SHELVES" ${ARGN})
+    set(patterns)
+    foreach(folder "" private ${arg_SHELVES})
+        list(APPEND patterns ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.h)
+    endforeach()
+    file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+    set(target zel_${name})
+    set(uses ${arg_UNPARSED_ARGUMENTS})
+    if(ZEL_ONE_TEST_LIBRARY)
+        set(target zel_${name}_objects)
+        set(uses)
         add_library(zel_${name} INTERFACE)
-        target_include_directories(zel_${name} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
-        target_link_libraries(zel_${name} INTERFACE ${ARGN} Qt6::Widgets)
-        return()
+        target_link_libraries(zel_${name} INTERFACE Zel)
     endif()
-    add_library(zel_${name} STATIC ${sources})
-    target_include_directories(zel_${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
-    target_link_libraries(zel_${name} PRIVATE zel_flags PUBLIC ${ARGN} Qt6::Widgets Qt6::Concurrent)
-    zel_use_pch(zel_${name})
-    zel_watch_sources(zel_${name})
-    set_property(GLOBAL APPEND PROPERTY ZEL_FOLDERS zel_${name})
+    add_library(${target} STATIC ${sources})
+    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+    target_link_libraries(${target} PRIVATE zel_flags PUBLIC ${uses} Qt6::Widgets Qt6::Concurrent)
+    zel_set_up(${target})
+    set_property(GLOBAL APPEND PROPERTY ZEL_FOLDERS ${target})
 endfunction()
 
 # zel_program(target folders... SOURCES ...): a program with the library's flags and precompiled header.
@@ -62,6 +86,5 @@ function(zel_program target)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${target} ${arg_SOURCES})
     target_link_libraries(${target} PRIVATE zel_flags ${arg_LIBRARIES} Qt6::Widgets Qt6::Concurrent)
-    zel_use_pch(${target})
-    zel_watch_sources(${target})
+    zel_set_up(${target})
 endfunction()

@@ -7,6 +7,8 @@ endfunction()
 
 zel_check(includes python3 tools/check-includes.py)
 zel_check(format tools/check-format.sh)
+zel_check(docs ./docs.sh)
+zel_check(tidy tools/check-tidy.sh ${PROJECT_BINARY_DIR})
 
 include(${PROJECT_SOURCE_DIR}/cmake/ZelHeaders.cmake)
 zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_headers)
@@ -14,8 +16,12 @@ zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_he
 include(${CMAKE_CURRENT_LIST_DIR}/threads/threads.cmake)
 zel_check(threads ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_threads)
 
+get_property(folders GLOBAL PROPERTY ZEL_FOLDERS)
+list(TRANSFORM folders REPLACE "(.+)" "$<TARGET_FILE:\\1>")
+list(JOIN folders , folders)
 zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${PROJECT_BINARY_DIR}/install-check
-          -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER} -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
+          -D folders=${folders} -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER}
+          -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
 
 # Builds the fuzz targets, and runs each for a bounded time.
 if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
@@ -24,4 +30,4 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
 endif()
 
 # They build something in parallel themselves; one at a time keeps the machine for them.
-set_tests_properties(check_headers check_threads check_install PROPERTIES RUN_SERIAL ON)
+set_tests_properties(check_tidy check_headers check_threads check_install PROPERTIES RUN_SERIAL ON)

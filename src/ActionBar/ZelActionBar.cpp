@@ -5,16 +5,16 @@
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
 #include "Controls/ZelDelayedValidation.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelControlAccessors.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelActionTarget.h"
-#include "ViewController/ZelAssignItems.h"
+#include "ViewController/ZelInstalledContext.h"
+#include "ViewController/private/ZelAssignItems.h"
 
 namespace {
 
-const char g_context = 0;
 const char g_itemContext = 0;
 constexpr ZelLayoutPriority g_weak = 250;
 constexpr ZelLayoutPriority g_strong = 750;
@@ -27,20 +27,18 @@ ZelActionBar::ZelActionBar(QWidget *parent)
     : ZelView(parent)
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validateItems(); }))
 {
-    ZelRegisterControlAccessors();
 }
 
 ZelActionBar::ZelActionBar(const ZelKeyedCoder &coder, QWidget *parent)
     : ZelView(coder, parent)
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validateItems(); }))
 {
-    ZelRegisterControlAccessors();
 }
 
 ZelActionBar::~ZelActionBar()
 {
     uninstall();
-    leaveItems(); // which may have been followed without a window
+    leaveItems(); // updateItemViews may have been called while the bar was not installed
 }
 
 ZelDelayedInvocation &ZelActionBar::validateItemsInvocation()
@@ -73,19 +71,16 @@ void ZelActionBar::setItems(const QList<ZelActionBarItem *> &items)
 
 void ZelActionBar::setEdgeInsets(const QMarginsF &insets)
 {
-    if (m_edgeInsets == insets)
+    if (!ZelAssign(m_edgeInsets, insets))
         return;
-    m_edgeInsets = insets;
     setNeedsUpdateConstraints();
     Q_EMIT edgeInsetsChanged();
 }
 
 void ZelActionBar::setStyle(quint32 style)
 {
-    if (m_style == style)
-        return;
-    m_style = style;
-    Q_EMIT styleChanged();
+    if (ZelAssign(m_style, style))
+        Q_EMIT styleChanged();
 }
 
 // Observation
@@ -97,18 +92,17 @@ void ZelActionBar::viewDidInstall()
     const auto observe = [&](const char *key, auto change) {
         observations.addObservationWithObject(
             this, key, ZelKeyValueObservingOptionEqualCheck,
-            [change](ZelBlockObservation *, const ZelKeyValueChange &) { change(); }, &g_context);
+            [change](ZelBlockObservation *, const ZelKeyValueChange &) { change(); }, &ZelInstalledContext);
     };
     observe("items", [this] { updateItemViews(); });
     observe("style", [this] { update(); });
-    m_validation->observeEvents(this, &g_context);
+    m_validation->observeEvents(this, &ZelInstalledContext);
     updateItemViews();
 }
 
 void ZelActionBar::viewWillUninstall()
 {
     ZelView::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
     leaveItems();
     m_validation->invocation().cancel();
 }
@@ -154,7 +148,7 @@ void ZelActionBar::updateItemViews()
     for (const QPointer<QWidget> &view : former) {
         if (view) {
             view->hide();
-            view->deleteLater(); // it may be the one whose click led here
+            view->deleteLater(); // a click on it may have led here
         }
     }
     setNeedsUpdateConstraints();
@@ -296,8 +290,8 @@ QList<ZelLayoutConstraint::Ptr> ZelActionBar::constraintsOfItem(QWidget *view, c
         limit(Constraint::Width, Constraint::GreaterThanOrEqual, item->minSize().width());
     if (item->minSize().height() > 0)
         limit(Constraint::Height, Constraint::GreaterThanOrEqual, item->minSize().height());
-    // A maximum keeps the control at its minimum: such items are fixed in size. A wish of the control's own of the same
-    // priority would go before it.
+    // A maximum pins the control to its minimum: such items have a fixed size. The control must resist compression less
+    // than this limit, or its own size would win.
     ZelLayoutPriorities priorities = ZelConstraintLayout::priorities(view);
     if (item->maxSize().width() > 0) {
         limit(Constraint::Width, Constraint::LessThanOrEqual, item->minSize().width());

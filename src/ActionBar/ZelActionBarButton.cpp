@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarButton.h"
 
-#include "Platform/Runtime/ZelPropertyAccessor.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/KeyValue/ZelPropertyAccessor.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 
 namespace {
 
-/// The base class has a title, too, which it takes for the text and its mnemonic; and the state is edited by users.
+/// The key "title" of the base class would be the text with its mnemonic. The key "state" reports edits of users.
 void registerAccessors()
 {
     using Accessor = ZelFunctionAccessor<ZelActionBarButton>;
@@ -35,7 +36,7 @@ ZelActionBarButton::ZelActionBarButton(QWidget *parent)
 {
     static const bool registered = (registerAccessors(), true);
     Q_UNUSED(registered)
-    setFocusPolicy(Qt::TabFocus); // a click leaves the focus to who is to receive the action
+    setFocusPolicy(Qt::TabFocus); // a click must not take the focus from the receiver of the action
 }
 
 void ZelActionBarButton::setTitle(const QString &title)
@@ -53,9 +54,8 @@ void ZelActionBarButton::setAlternateImage(const QIcon &image)
 
 void ZelActionBarButton::setState(int state)
 {
-    if (m_state == state)
+    if (!ZelAssign(m_state, state))
         return;
-    m_state = state;
     update();
     Q_EMIT stateChanged();
 }

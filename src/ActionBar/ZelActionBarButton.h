@@ -2,15 +2,16 @@
 #pragma once
 
 #include "Controls/ZelHoverButton.h"
+#include "Core/ZelExport.h"
 
-/// A small button without a border, that shows an image; what has none shows its title.
-class ZelActionBarButton : public ZelHoverButton
+/// A small button without a border that shows its image, or its title if it has no image.
+class ZEL_EXPORT ZelActionBarButton : public ZelHoverButton
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
-    /// Shown instead of the image while the state is on, if there is one.
+    /// Shown instead of the image while the state is on, unless it is null.
     Q_PROPERTY(QIcon alternateImage READ alternateImage WRITE setAlternateImage)
-    /// 0 is off.
+    /// 0 is off, any other value is on.
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
     Q_PROPERTY(int tag READ tag WRITE setTag)
     Q_PROPERTY(QString keyEquivalent READ keyEquivalent WRITE setKeyEquivalent)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarCheckboxButton.h"
 
-#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -17,7 +17,8 @@ constexpr int g_titleGap = 4;
 ZelActionBarCheckboxButton::ZelActionBarCheckboxButton(QWidget *parent)
     : ZelActionBarButton(parent)
 {
-    // The state is a number; what the base class toggles only makes assistive technology see a checkbox.
+    // `state` is the value. The base class is checkable only to toggle it and to look like a check box to assistive
+    // technology.
     setCheckable(true);
     connect(this, &ZelActionBarButton::stateChanged, this, [this] { setChecked(state() != 0); });
     connect(this, &QAbstractButton::clicked, this, [this](bool checked) {

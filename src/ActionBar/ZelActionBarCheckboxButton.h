@@ -2,10 +2,11 @@
 #pragma once
 
 #include "ActionBar/ZelActionBarButton.h"
+#include "Core/ZelExport.h"
 
-/// A button that a click switches on and off. With an image it looks pressed while it is on; without one it is a small
-/// check mark box beside its title.
-class ZelActionBarCheckboxButton : public ZelActionBarButton
+/// A button that a click switches on and off. With an image it looks pressed while it is on; without one it shows a
+/// small check box beside its title.
+class ZEL_EXPORT ZelActionBarCheckboxButton : public ZelActionBarButton
 {
     Q_OBJECT
 public:

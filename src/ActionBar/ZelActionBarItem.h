@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelSelector.h"
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/ZelExport.h"
 
 #include <QIcon>
 #include <QMarginsF>
@@ -12,47 +13,49 @@
 #include <QWidget>
 
 /// One control of a ZelActionBar. An item is in one action bar at most.
-class ZelActionBarItem : public QObject
+class ZEL_EXPORT ZelActionBarItem : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(quint32 type READ type WRITE setType NOTIFY typeChanged)
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
-    /// Shown instead while the state is on.
+    /// Shown instead of the image while the state is on.
     Q_PROPERTY(QIcon alternateImage READ alternateImage WRITE setAlternateImage NOTIFY alternateImageChanged)
-    /// 0 is off. Follows what the user does with a checkbox.
+    /// 0 is off. A check box changes the state when the user clicks it.
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
-    /// Null by default. Shown where there is no image, and the name of the control for people who cannot see it.
+    /// Null by default. The label is shown if there is no image, and is the accessible name of the control.
     Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY labelChanged)
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
-    /// Whether the bar enables the item as the receiver of its action says; true by default.
+    /// Whether the bar enables and disables the item depending on the receiver of its action; true by default.
     Q_PROPERTY(bool autovalidates READ autovalidates WRITE setAutovalidates NOTIFY autovalidatesChanged)
     Q_PROPERTY(QString toolTip READ toolTip WRITE setToolTip NOTIFY toolTipChanged)
-    /// The key that clicks the control, as "N" or "F5"; empty by default.
+    /// The key that clicks the control, such as "N" or "F5"; empty by default.
     Q_PROPERTY(QString keyEquivalent READ keyEquivalent WRITE setKeyEquivalent NOTIFY keyEquivalentChanged)
     Q_PROPERTY(Qt::KeyboardModifiers keyEquivalentModifierMask READ keyEquivalentModifierMask WRITE
                    setKeyEquivalentModifierMask NOTIFY keyEquivalentModifierMaskChanged)
-    /// Not owned. The item is a button that opens this menu.
+    /// If set, the item is a button that opens this menu. The item does not own the menu.
     Q_PROPERTY(QMenu *menu READ menu WRITE setMenu NOTIFY menuChanged)
-    /// The item is this widget, as it is. In the bar it belongs to the bar.
+    /// If set, the item is this widget. While it is in the bar, the bar owns it.
     Q_PROPERTY(QWidget *view READ view WRITE setView NOTIFY viewChanged)
-    /// Who gets the action. Null, the default, stands for the first who can take it, from the focus widget outwards.
+    /// The receiver of the action. Null, the default, stands for the first object that can take the action, from the
+    /// focus widget outwards.
     Q_PROPERTY(QObject *target READ target WRITE setTarget NOTIFY targetChanged)
     Q_PROPERTY(ZelSelector action READ action WRITE setAction NOTIFY actionChanged)
     Q_PROPERTY(int tag READ tag WRITE setTag NOTIFY tagChanged)
-    /// Limits of the control's size in points; 0 is none. With a maximum the control has its minimum size.
+    /// The limits of the control's size in points; 0 is no limit. A control with a maximum has exactly its minimum
+    /// size.
     Q_PROPERTY(QSizeF minSize READ minSize WRITE setMinSize NOTIFY minSizeChanged)
     Q_PROPERTY(QSizeF maxSize READ maxSize WRITE setMaxSize NOTIFY maxSizeChanged)
-    /// Space around the control, in points.
+    /// The space around the control, in points.
     Q_PROPERTY(QMarginsF edgeInsets READ edgeInsets WRITE setEdgeInsets NOTIFY edgeInsetsChanged)
 public:
-    /// Any other type is a button.
+    /// Any other value is a button, too.
     enum Type : quint32 { Button = 0, Checkbox = 1, Separator = 2 };
 
     explicit ZelActionBarItem(QObject *parent = nullptr)
         : QObject(parent)
     {
     }
-    /// A button with an image.
+    /// Makes a button with an image.
     ZelActionBarItem(const QIcon &image, QObject *target, const ZelSelector &action, QObject *parent = nullptr)
         : QObject(parent)
         , m_image(image)

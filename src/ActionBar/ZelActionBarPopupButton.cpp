@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarPopupButton.h"
 
-#include "Platform/Controls/ZelPopUpMenu.h"
+#include "Controls/private/ZelPopUpMenu.h"
 
 #include <QKeyEvent>
 #include <QScreen>
@@ -22,13 +22,13 @@ void ZelActionBarPopupButton::setMenu(QMenu *menu)
     m_menu = menu;
 }
 
-/// A menu of its own, so that the item's menu can be open elsewhere, and may die.
+/// Opens a separate menu with the same actions, because the menu that was set may be open elsewhere and may die.
 void ZelActionBarPopupButton::showMenu()
 {
     if (!m_menu || m_open)
         return;
     const QPointer<ZelActionBarPopupButton> guard(this);
-    Q_EMIT m_menu->aboutToShow(); // applications fill their menus then, or have none any more
+    Q_EMIT m_menu->aboutToShow(); // applications fill or delete their menus here
     if (!guard || !m_menu || m_open)
         return;
     auto *menu = new ZelPopUpMenu(this);
@@ -41,14 +41,14 @@ void ZelActionBarPopupButton::showMenu()
         menu->deleteLater();
         update();
     });
-    // Later: the action has its say first, and may take the button away.
+    // Queued, because the chosen action must be handled first and may delete the button.
     connect(
         menu, &QMenu::triggered, this, [this] { Q_EMIT clicked(); }, Qt::QueuedConnection);
     menu->popup(menuPosition(menu->sizeHint()));
     update();
 }
 
-/// Above the button; below where there is no room.
+/// The menu opens above the button, or below if there is no room above.
 QPoint ZelActionBarPopupButton::menuPosition(const QSize &size) const
 {
     const int x = layoutDirection() == Qt::RightToLeft ? width() - size.width() : 0;
@@ -82,5 +82,5 @@ void ZelActionBarPopupButton::mousePressEvent(QMouseEvent *event)
 
 void ZelActionBarPopupButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    event->accept(); // the click is the choice in the menu
+    event->accept(); // the choice in the menu emits clicked(), not the release
 }

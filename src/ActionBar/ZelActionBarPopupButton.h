@@ -2,25 +2,26 @@
 #pragma once
 
 #include "ActionBar/ZelActionBarButton.h"
+#include "Core/ZelExport.h"
 
 #include <QMenu>
 #include <QPointer>
 
-/// A button that opens a menu above itself when it is pressed. Its face is its own image, never one of the menu.
+/// A button that opens a menu above itself when it is pressed. It shows its own image, never one of the menu.
 ///
-/// A chosen action is triggered as anywhere; then the button is clicked. The menu that opens has the actions of the
-/// item's menu, which stay in that one, too: they may change, and the menu may die, while it is open.
-class ZelActionBarPopupButton : public ZelActionBarButton
+/// A chosen action is triggered; then the button emits clicked(). A separate menu opens, which shows the actions of the
+/// menu that was set. That menu may change or die while the other one is open.
+class ZEL_EXPORT ZelActionBarPopupButton : public ZelActionBarButton
 {
     Q_OBJECT
 public:
     explicit ZelActionBarPopupButton(QWidget *parent = nullptr);
     ~ZelActionBarPopupButton() override;
 
-    /// Not owned.
+    /// The button does not own the menu.
     QMenu *menu() const { return m_menu; }
     void setMenu(QMenu *menu);
-    /// Does nothing without a menu.
+    /// Opens the menu. Does nothing without one.
     void showMenu();
     bool isMenuOpen() const { return m_open && m_open->isVisible(); }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarSeparator.h"
 
+#include "Core/Values/private/ZelAssign.h"
+
 #include <cmath>
 
 ZelActionBarSeparator::ZelActionBarSeparator(QWidget *parent)
@@ -17,9 +19,8 @@ ZelActionBarSeparator::ZelActionBarSeparator(const ZelKeyedCoder &coder, QWidget
 
 void ZelActionBarSeparator::setStyle(quint32 style)
 {
-    if (m_style == style)
+    if (!ZelAssign(m_style, style))
         return;
-    m_style = style;
     update();
     Q_EMIT styleChanged();
 }

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 /// A vertical hairline between the controls of an action bar.
-class ZelActionBarSeparator : public ZelView
+class ZEL_EXPORT ZelActionBarSeparator : public ZelView
 {
     Q_OBJECT
-    /// The bar's: 0, the default, is a short line, any other value one of the bar's full height.
+    /// The style of the bar: for 0, the default, the line is short; for any other value it has the full height of the
+    /// bar.
     Q_PROPERTY(quint32 style READ style WRITE setStyle NOTIFY styleChanged)
 public:
     explicit ZelActionBarSeparator(QWidget *parent = nullptr);

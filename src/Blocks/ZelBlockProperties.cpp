@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelBlockProperties.h"
 
-#include "Blocks/ZelPropertyEncoding.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelPropertyAccessor.h"
+#include "Blocks/private/ZelPropertyEncoding.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelPropertyAccessor.h"
 
 #include <QMetaProperty>
 #include <memory>
@@ -14,7 +14,7 @@ namespace {
 using Getter = ZelBlockProperties::Getter;
 using Setter = ZelBlockProperties::Setter;
 
-/// What one class adds to a property.
+/// The getter and the setter that one class adds to a property.
 struct Implementation
 {
     const ZelPropertyEncoding *getterEncoding = nullptr;
@@ -125,7 +125,7 @@ private:
     std::vector<std::unique_ptr<ZelPropertyAccessor>> m_owned; // former accessors may still be in use
 };
 
-/// Adds the getter or the setter, unless the class has one or any Q_PROPERTY of that name.
+/// Adds the getter or the setter. False if the class has one already, or a Q_PROPERTY of that name.
 template<typename Block>
 bool implement(const QMetaObject *metaObject, const QString &name, Block Implementation::*part, const Block &block,
                const ZelPropertyEncoding *Implementation::*partEncoding, const ZelPropertyEncoding *encoding)
@@ -139,7 +139,7 @@ bool implement(const QMetaObject *metaObject, const QString &name, Block Impleme
     return true;
 }
 
-/// Asserts that the type is known and can be converted. Null otherwise.
+/// The encoding of a type; null, and two assertions, if it is unknown.
 const ZelPropertyEncoding *encodingOf(const QString &type, const QString &missingMessage)
 {
     if (const ZelPropertyEncoding *encoding = ZelPropertyEncoding::find(type))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Blocks/ZelPropertyDeclaration.h"
+#include "Core/ZelExport.h"
 
 #include <QMap>
 #include <QObject>
@@ -23,7 +24,7 @@
 ///
 /// Attributes are letters with values, separated by commas: T and the type, D for a dynamic property (one that is to
 /// get a setter), R for a read-only one. Properties are never taken away again. For the main thread.
-class ZelBlockProperties
+class ZEL_EXPORT ZelBlockProperties
 {
 public:
     using Getter = std::function<QVariant(const QObject *)>;
@@ -36,8 +37,8 @@ public:
 
     /// Declares a property of the class; false, and nothing changed, if the class itself declares one of that name.
     bool declareProperty(const QString &name, const QString &attributes);
-    /// Those of the class and its bases, without QObject's: what was declared here or as a Q_PROPERTY. Nothing for an
-    /// unknown name.
+    /// The property of that name of the class or its bases, without QObject's, declared here or as a Q_PROPERTY.
+    /// Nothing for an unknown name.
     std::optional<ZelPropertyDeclaration> propertyWithName(const QString &name) const;
 
     /// Adds the getter of a declared property; subclasses may have getters of their own. False if there is one already,
@@ -45,16 +46,17 @@ public:
     bool addPropertyNameGetter(const QString &name, const Getter &getter) const;
     bool addPropertyNameSetter(const QString &name, const Setter &setter) const;
 
-    /// Asserts "Expected a type for the property", "No getter block", "Unknown simple type: 'TYPE'" and "Unknown struct
-    /// type: 'TYPE'".
+    /// Asserts "Expected a type for the property" and "No getter block". An unknown type is two assertions, "Unknown
+    /// simple type: 'TYPE'" or "Unknown struct type: 'TYPE'", and then "No getter implementation block".
     static bool addPropertyClassGetter(const ZelPropertyDeclaration &property, const QMetaObject *metaObject,
                                        const Getter &getter);
-    /// Asserts the like, "Expected a dynamic property" and "Unexpected read-only property".
+    /// Asserts the same with "setter" for "getter", and also "Expected a dynamic property" and "Unexpected read-only
+    /// property".
     static bool addPropertyClassSetter(const ZelPropertyDeclaration &property, const QMetaObject *metaObject,
                                        const Setter &setter);
 
-    /// The properties of the class itself with their types: the class name of an object, where it is given, or else the
-    /// type as it is written in the attributes.
+    /// The properties of the class itself with their types: the class name that the attributes give for an object, or
+    /// else the type as it is written in the attributes.
     QMap<QString, QString> propertyNamesAndTypes() const;
     /// The class name in the attributes of an object property: what follows the first "@" and quotation marks, up to
     /// the next quotation mark.

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Blocks/ZelConcurrentWork.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 
 #include <QStringBuilder>
 #include <QVarLengthArray>
@@ -14,7 +14,7 @@
 
 // What the operations of ZelBlocks.h share.
 
-/// Asserts that there is something to call: an empty std::function and a null pointer to a function are not.
+/// Asserts that the block can be called. An empty std::function and a null pointer to a function or member cannot.
 template<typename Block> bool ZelRequireBlock(const Block &block, const char *file = __builtin_FILE())
 {
     if constexpr (requires { block.operator bool(); } || std::is_pointer_v<Block> || std::is_member_pointer_v<Block>)
@@ -29,7 +29,7 @@ template<typename Block> auto ZelNegated(const Block &block)
     return [&block](const auto &...arguments) { return !std::invoke(block, arguments...); };
 }
 
-/// A type of values that can be kept: a sum of strings is a string.
+/// The type in which a result is kept: the sum of strings that QStringBuilder makes becomes a string.
 template<typename Type> struct ZelKept
 {
     using type = Type;
@@ -53,7 +53,7 @@ template<typename Value> Value ZelStored(Value value)
     return value;
 }
 
-/// Whether a mapped value is equal to the element and need not be stored. Never, for types without comparison.
+/// Whether a mapped value is equal to the element and need not be stored. False for types without comparison.
 template<typename Value> bool ZelIsSameElement(const Value &a, const Value &b)
 {
     if constexpr (std::is_same_v<Value, QVariant>)
@@ -64,8 +64,8 @@ template<typename Value> bool ZelIsSameElement(const Value &a, const Value &b)
         return false;
 }
 
-/// What a search answers: the element, or nothing, which is absent for a QVariant, null for a pointer, and an empty
-/// std::optional otherwise.
+/// The type of a search's answer: the element or nothing. Nothing is an absent QVariant, a null pointer, or else an
+/// empty std::optional.
 template<typename Type>
 using ZelMatch =
     std::conditional_t<std::is_same_v<Type, QVariant> || std::is_pointer_v<Type>, Type, std::optional<Type>>;
@@ -80,7 +80,7 @@ void ZelForEachConcurrently(Iterator begin, Iterator end, const Function &functi
     });
 }
 
-/// Removes the entries of a collection with keys for which `fails(iterator)`, when all have been asked.
+/// Removes from a collection with keys the entries for which `fails(iterator)` answers true, when all have been asked.
 /// `keyOf(iterator)` is an entry's key, `insert(kept, iterator)` copies an entry into another collection.
 template<typename Collection, typename KeyOf, typename Fails, typename Insert>
 [[gnu::flatten]] void ZelRemoveFailing(Collection &collection, const KeyOf &keyOf, const Fails &fails,
@@ -95,8 +95,8 @@ template<typename Collection, typename KeyOf, typename Fails, typename Insert>
         else
             return &keyOf(entry);
     };
-    // Each key is noted, and counts if it failed: a processor cannot foresee the block's answers, and going two ways
-    // would take longer than all the rest.
+    // Each key is noted, and the note is kept if its entry failed. There is no branch on purpose: a processor cannot
+    // foresee the block's answers, and wrong guesses would take longer than all the rest.
     constexpr qsizetype atFirst = std::max<qsizetype>(4096 / sizeof(Note), 1);
     QVarLengthArray<Note, atFirst> notes(atFirst);
     Note *failing = notes.data();
@@ -114,13 +114,13 @@ template<typename Collection, typename KeyOf, typename Fails, typename Insert>
         for (qsizetype i = 0; i < count; ++i)
             collection.remove(failing[i]);
     } else if (count <= collection.size() / 2) {
-        std::vector<Key> keys; // a removal moves other entries about
+        std::vector<Key> keys; // copies, since a removal moves other entries about
         keys.reserve(size_t(count));
         for (qsizetype i = 0; i < count; ++i)
             keys.push_back(*failing[i]);
         for (const Key &key : keys)
             collection.remove(key);
-    } else { // to look for each would take longer than to begin anew
+    } else { // removing one by one would take longer than building a new collection
         Collection kept;
         qsizetype next = 0;
         for (auto entry = collection.cbegin(); entry != end; ++entry) {

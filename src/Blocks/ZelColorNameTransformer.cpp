@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelColorNameTransformer.h"
 
-#include "Platform/Resources/ZelColorList.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Resources/ZelSystemColors.h"
+#include "Resources/ZelColorList.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelSystemColors.h"
 
 #include <QHash>
 
 namespace {
 
-constexpr qsizetype initialCapacity = 200;
+constexpr qsizetype g_initialCapacity = 200;
 
 /// Calls the function with every colour of every list, in their order, and its localised name.
 template<typename Function> void forEachNamedColor(Function function)
@@ -28,7 +28,7 @@ const QHash<ZelColor, QString> &namesOfColors()
 {
     static const QHash<ZelColor, QString> names = [] {
         QHash<ZelColor, QString> map;
-        map.reserve(initialCapacity);
+        map.reserve(g_initialCapacity);
         const auto store = [&](const ZelColor &color, const QString &name) {
             if (!map.contains(color))
                 map.insert(color, name);
@@ -45,7 +45,7 @@ const QHash<QString, ZelColor> &colorsOfNames()
 {
     static const QHash<QString, ZelColor> colors = [] {
         QHash<QString, ZelColor> map;
-        map.reserve(initialCapacity);
+        map.reserve(g_initialCapacity);
         // A name is only ever replaced. As nothing is there at first, the map stays empty and every name means black:
         // names are for showing, and a translated one must not turn into a colour.
         forEachNamedColor([&](const ZelColor &color, const QString &name) {
@@ -74,12 +74,12 @@ bool isString(const QVariant &value)
     return value.typeId() == QMetaType::QString;
 }
 
-constexpr ZelNamedValueTransformer::Row row = {
+constexpr ZelNamedValueTransformer::Row g_row = {
     "QString", nullptr, {&ZelColor::isColor, &nameOfColor}, {&isString, &colorOfName}};
 
 } // namespace
 
 ZelColorNameTransformer::ZelColorNameTransformer()
-    : ZelNamedValueTransformer(row)
+    : ZelNamedValueTransformer(g_row)
 {
 }

@@ -44,7 +44,7 @@ public:
         takeParts();
         std::unique_lock lock(m_mutex);
         m_idle.wait(lock, [this] { return m_helpers == 0; });
-        if (m_failure) // not to die with the last helper to come, on another thread
+        if (m_failure) // taken out, lest it is destroyed with this object by a late helper, on another thread
             std::rethrow_exception(std::exchange(m_failure, nullptr));
     }
 

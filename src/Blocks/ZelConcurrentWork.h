@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QtGlobal>
 
 #include <functional>
 
-/// Calls the function with parts of the range from 0 to the count, which together are all of it, on this thread and on
-/// threads of the global pool, and returns when all is done. It does not wait for busy threads: they help when they
-/// come in time. So it works, if need be on this thread alone, also for work within work.
+/// Divides the range from 0 to `count` into parts, calls the function with each part, on this thread and on threads of
+/// the global pool, and returns when all parts are done. It does not wait for threads that are busy with other work: a
+/// thread helps if it comes in time. Calls may therefore be nested, and are done by this thread alone if need be.
 ///
-/// The first exception ends the work, as far as it is not under way, and is thrown again here.
-void ZelPerformConcurrently(qsizetype count, const std::function<void(qsizetype first, qsizetype end)> &function);
+/// After an exception no further part is begun. The first exception is thrown again here.
+ZEL_EXPORT void ZelPerformConcurrently(qsizetype count,
+                                       const std::function<void(qsizetype first, qsizetype end)> &function);

@@ -35,7 +35,7 @@ public:
     {
         if (!ZelRequireBlock(block))
             return;
-        std::vector<Iterator> entries; // threads share out places better than a walk through a hash or a tree
+        std::vector<Iterator> entries; // a vector can be divided among threads, a hash or a tree can only be walked
         entries.reserve(size_t(m_dictionary.size()));
         for (auto entry = m_dictionary.cbegin(), end = m_dictionary.cend(); entry != end; ++entry)
             entries.push_back(entry);
@@ -101,7 +101,8 @@ public:
             [](Dictionary &kept, const Iterator &entry) { insertLast(kept, entry.key(), entry.value()); });
     }
 
-    /// Replaces the values by the block's results, when all have been asked. One equal to its value is not stored.
+    /// Replaces the values by the block's results, when all have been asked. A result that equals its value is not
+    /// stored.
     template<typename Block> void performMap(const Block &block) const requires(!std::is_const_v<Dictionary>)
     {
         if (!ZelRequireBlock(block))
@@ -127,7 +128,7 @@ public:
     }
 
 private:
-    /// A thread more pays from here on, for each entry.
+    /// The time for an entry from which on several threads pay.
     static constexpr qint64 MinimumNanoseconds = 2000;
     static constexpr int Trials = 32;
 
@@ -139,7 +140,7 @@ private:
     };
     template<typename Result> using MappedTo = typename Rebound<Result, std::remove_const_t<Dictionary>>::type;
 
-    /// Keys that come in order go to the end of a sorted dictionary.
+    /// Inserts at the end where the dictionary is sorted, since keys come in its order.
     template<typename Target, typename Result> static void insertLast(Target &target, const Key &key, Result &&value)
     {
         if constexpr (requires { target.insert(target.cend(), key, value); })

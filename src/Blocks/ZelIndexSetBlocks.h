@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Blocks/ZelCollectionBlocks.h"
-#include "Platform/Runtime/ZelIndexSet.h"
+#include "Core/Values/ZelIndexSet.h"
 
 #include <algorithm>
 #include <vector>

@@ -60,8 +60,9 @@ public:
         return selected;
     }
 
-    /// Whether the block answers true for each element and the one at its place in the other collection. False where
-    /// there is no element, or none at a place of the other; more of them there are not looked at.
+    /// Whether the block answers true for each element and the one at its place in the other collection. False if there
+    /// is no element, or if the other collection has none at the place of one; further elements of the other collection
+    /// are not looked at.
     template<typename Other, typename Block> bool corresponds(const Other &other, const Block &block) const
     {
         bool result = false;
@@ -121,13 +122,14 @@ public:
         return mapped;
     }
 
-    /// Replaces the elements by the block's results, when all have been asked. One equal to its element is not stored.
+    /// Replaces the elements by the block's results, when all have been asked. A result that equals its element is not
+    /// stored.
     template<typename Block> void performMap(const Block &block) const requires(!std::is_const_v<List>)
     {
         if (!ZelRequireBlock(block))
             return;
         List changed;
-        Element *target = nullptr; // what is being changed, from the first difference on
+        Element *target = nullptr; // the data of `changed`, which is filled at the first difference
         qsizetype index = 0;
         for (const Element &element : std::as_const(this->m_collection)) {
             Element mapped = ZelStored(Element(std::invoke(block, element)));

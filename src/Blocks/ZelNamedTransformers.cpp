@@ -2,10 +2,10 @@
 #include "Blocks/ZelNamedTransformers.h"
 
 #include "Blocks/ZelColorNameTransformer.h"
-#include "Platform/Resources/ZelNumberScanner.h"
-#include "Platform/Runtime/ZelIndexSet.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelIndexSet.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelNumberScanner.h"
 
 #include <QAssociativeIterable>
 #include <QPointF>
@@ -60,7 +60,7 @@ QVariant firstElement(const QVariant &value)
     return ZelList(value).value(0);
 }
 
-/// Not a set: elements of a list can be put in any place.
+/// Whether this is a list and not a set: elements of a list can be put in any place.
 bool isArray(const QVariant &value)
 {
     return ZelIsList(value) && value.value<QSequentialIterable>().metaContainer().canSetValueAtIndex();
@@ -109,12 +109,12 @@ QVariant fraction(const QVariant &value)
 }
 
 using Row = ZelNamedValueTransformer::Row;
-constexpr Row pointerToString = {
+constexpr Row g_pointerToString = {
     "QString", nullptr, {&ZelIsNumber, &hexadecimalText}, {&isString, &numberFromHexadecimalText}};
-constexpr Row firstInArray = {"QVariant", nullptr, {&isArray, &firstElement}};
-constexpr Row notEmpty = {"bool", &falseResult, {&hasCount, &isNotEmpty}};
-constexpr Row nilOrNo = {"double", &falseResult, {&ZelIsNumber, &itself}};
-constexpr Row percentValue = {"double", nullptr, {&ZelIsNumber, &percent}, {&ZelIsNumber, &fraction}};
+constexpr Row g_firstInArray = {"QVariant", nullptr, {&isArray, &firstElement}};
+constexpr Row g_notEmpty = {"bool", &falseResult, {&hasCount, &isNotEmpty}};
+constexpr Row g_nilOrNo = {"double", &falseResult, {&ZelIsNumber, &itself}};
+constexpr Row g_percentValue = {"double", nullptr, {&ZelIsNumber, &percent}, {&ZelIsNumber, &fraction}};
 
 template<typename Transformer> void registerTransformer()
 {
@@ -122,7 +122,8 @@ template<typename Transformer> void registerTransformer()
                                                      Transformer::transformerName());
 }
 
-/// Registers a class's own instance once; the instance, made on the way, comes back here and must not wait for itself.
+/// Registers one instance of the class, once. Making it calls this function again, which must not wait for itself as it
+/// would with an initialised static.
 template<typename Transformer> void registerAtFirstUse(const QString &name)
 {
     static std::atomic_flag begun;
@@ -148,23 +149,23 @@ void ZelRegisterTransformers()
 }
 
 ZelPointerToStringTransformer::ZelPointerToStringTransformer()
-    : ZelNamedValueTransformer(pointerToString)
+    : ZelNamedValueTransformer(g_pointerToString)
 {
 }
 ZelFirstInArrayTransformer::ZelFirstInArrayTransformer()
-    : ZelNamedValueTransformer(firstInArray)
+    : ZelNamedValueTransformer(g_firstInArray)
 {
 }
 ZelIsNotEmptyTransformer::ZelIsNotEmptyTransformer()
-    : ZelNamedValueTransformer(notEmpty)
+    : ZelNamedValueTransformer(g_notEmpty)
 {
 }
 ZelNilOrNoTransformer::ZelNilOrNoTransformer()
-    : ZelNamedValueTransformer(nilOrNo)
+    : ZelNamedValueTransformer(g_nilOrNo)
 {
 }
 ZelPercentValueTransformer::ZelPercentValueTransformer()
-    : ZelNamedValueTransformer(percentValue)
+    : ZelNamedValueTransformer(g_percentValue)
 {
 }
 

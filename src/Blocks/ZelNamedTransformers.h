@@ -2,25 +2,26 @@
 #pragma once
 
 #include "Blocks/ZelNamedValueTransformer.h"
+#include "Core/ZelExport.h"
 
 // The names under which the transformers are registered; each holds its own name as text.
-extern const QString ZelPointerToStringTransformerName;
-extern const QString ZelFirstInArrayTransformerName;
-extern const QString ZelIsNotEmptyTransformerName;
-extern const QString ZelNilOrNoTransformerName;
-extern const QString ZelPercentValueTransformerName;
-extern const QString ZelColorNameTransformerName;
-extern const QString ZelZeroPointTransformerName;
-extern const QString ZelDebugTransformerName;
+extern ZEL_EXPORT const QString ZelPointerToStringTransformerName;
+extern ZEL_EXPORT const QString ZelFirstInArrayTransformerName;
+extern ZEL_EXPORT const QString ZelIsNotEmptyTransformerName;
+extern ZEL_EXPORT const QString ZelNilOrNoTransformerName;
+extern ZEL_EXPORT const QString ZelPercentValueTransformerName;
+extern ZEL_EXPORT const QString ZelColorNameTransformerName;
+extern ZEL_EXPORT const QString ZelZeroPointTransformerName;
+extern ZEL_EXPORT const QString ZelDebugTransformerName;
 
 /// Registers the named transformers that are there from the start: all but ZelZeroPointTransformer and
 /// ZelDebugTransformer. This happens when the library is loaded; a program that links it statically calls it, or builds
 /// an inspector, which does. Later calls do nothing.
-void ZelRegisterTransformers();
+ZEL_EXPORT void ZelRegisterTransformers();
 
 /// A number to the text of its hexadecimal digits after "0x", and back. A text without such digits gives an absent
 /// value.
-class ZelPointerToStringTransformer : public ZelNamedValueTransformer
+class ZEL_EXPORT ZelPointerToStringTransformer : public ZelNamedValueTransformer
 {
 public:
     ZelPointerToStringTransformer();
@@ -28,7 +29,7 @@ public:
 };
 
 /// A list to its first element; absent for an empty one. Sets and the like are no lists.
-class ZelFirstInArrayTransformer : public ZelNamedValueTransformer
+class ZEL_EXPORT ZelFirstInArrayTransformer : public ZelNamedValueTransformer
 {
 public:
     ZelFirstInArrayTransformer();
@@ -37,7 +38,7 @@ public:
 
 /// Anything that has a count (lists, sets, maps, index sets, objects with a key "count") to whether it is not 0; false
 /// for an absent value.
-class ZelIsNotEmptyTransformer : public ZelNamedValueTransformer
+class ZEL_EXPORT ZelIsNotEmptyTransformer : public ZelNamedValueTransformer
 {
 public:
     ZelIsNotEmptyTransformer();
@@ -46,7 +47,7 @@ public:
 
 /// A number of any type to itself, and an absent value to false. The class of its values is "double", as that of any
 /// number.
-class ZelNilOrNoTransformer : public ZelNamedValueTransformer
+class ZEL_EXPORT ZelNilOrNoTransformer : public ZelNamedValueTransformer
 {
 public:
     ZelNilOrNoTransformer();
@@ -54,7 +55,7 @@ public:
 };
 
 /// A fraction to percents, and back.
-class ZelPercentValueTransformer : public ZelNamedValueTransformer
+class ZEL_EXPORT ZelPercentValueTransformer : public ZelNamedValueTransformer
 {
 public:
     ZelPercentValueTransformer();
@@ -63,7 +64,7 @@ public:
 
 /// The point (0, 0) for absent values and selection markers; every other value is passed through. Registered when the
 /// first one is made or its name is first asked for.
-class ZelZeroPointTransformer : public ZelAbstractValueTransformer
+class ZEL_EXPORT ZelZeroPointTransformer : public ZelAbstractValueTransformer
 {
 public:
     ZelZeroPointTransformer();
@@ -74,7 +75,7 @@ public:
 
 /// Passes every value through: a place for a breakpoint. Registered when the first one is made or its name is first
 /// asked for.
-class ZelDebugTransformer : public ZelAbstractValueTransformer
+class ZEL_EXPORT ZelDebugTransformer : public ZelAbstractValueTransformer
 {
 public:
     ZelDebugTransformer();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelNamedValueTransformer.h"
 
-#include "Platform/Runtime/ZelException.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelException.h"
+#include "Core/Values/ZelValues.h"
 
 QVariant ZelNamedValueTransformer::transformedValue(const QVariant &value) const
 {

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelAbstractValueTransformer.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/ZelExport.h"
 
 /// The common base of the library's named transformers: what they do with absent values, selection markers and values
 /// of the wrong type. A transformer is one row of functions.
 ///
 /// An absent value and the null object give the row's nil result, a selection marker gives itself, an accepted value is
 /// transformed, and every other value throws a ZelInternalInconsistencyException "Cannot transform value (CLASS).".
-class ZelNamedValueTransformer : public ZelAbstractValueTransformer
+class ZEL_EXPORT ZelNamedValueTransformer : public ZelAbstractValueTransformer
 {
 public:
     struct Direction
@@ -19,13 +20,13 @@ public:
     struct Row
     {
         const char *valueClass;
-        QVariant (*nilResult)() = nullptr; ///< absent without one
+        QVariant (*nilResult)() = nullptr; ///< without one, the nil result is absent
         Direction forward;
         Direction reverse = {}; ///< empty for a transformer that is not reversible
     };
 
     QVariant transformedValue(const QVariant &value) const override;
-    /// Where the transformer is not reversible: transformedValue.
+    /// The same as transformedValue if the transformer is not reversible.
     QVariant reverseTransformedValue(const QVariant &value) const override;
     bool allowsReverseTransformation() const override { return m_row.reverse.transform; }
     QString transformedValueClass() const override { return QString::fromLatin1(m_row.valueClass); }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Blocks/ZelListBlocks.h"
-#include "Platform/Runtime/ZelOrderedSet.h"
+#include "Core/Values/ZelOrderedSet.h"
 
 /// The operations of ordered sets; select() answers a list. See ZelBlocks.h.
 template<typename Set> class ZelOrderedSetBlocks : public ZelSequenceBlocks<ZelOrderedSetBlocks<Set>, Set>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelPropertyDeclaration.h"
 
-#include "Blocks/ZelPropertyEncoding.h"
+#include "Blocks/private/ZelPropertyEncoding.h"
 
 #include <QMetaProperty>
 

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QMetaObject>
 #include <QString>
 #include <optional>
 
 /// The declaration of a property: its name, and its attributes as a text such as `T{CGPoint=dd},D` (see
 /// ZelBlockProperties).
-class ZelPropertyDeclaration
+class ZEL_EXPORT ZelPropertyDeclaration
 {
 public:
     ZelPropertyDeclaration() = default;
     ZelPropertyDeclaration(const QString &name, const QString &attributes);
-    /// That of a Q_PROPERTY.
+    /// Makes the declaration of a Q_PROPERTY.
     explicit ZelPropertyDeclaration(const QMetaProperty &property);
 
     const QString &name() const { return m_name; }

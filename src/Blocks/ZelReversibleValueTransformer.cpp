@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelReversibleValueTransformer.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 ZelReversibleValueTransformer::ZelReversibleValueTransformer(const Block &forwardBlock, const Block &reverseBlock)
     : ZelValueTransformer(forwardBlock, reverseBlock)

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "Blocks/ZelValueTransformer.h"
+#include "Core/ZelExport.h"
 
 /// A value transformer made of functions for both directions.
-class ZelReversibleValueTransformer : public ZelValueTransformer
+class ZEL_EXPORT ZelReversibleValueTransformer : public ZelValueTransformer
 {
 public:
     /// Asserts "forwardBlock != nil" and "reverseBlock".

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Blocks/ZelCollectionBlocks.h"
-#include "Platform/Runtime/ZelOrderedSet.h"
+#include "Core/Values/ZelOrderedSet.h"
 
 #include <QSet>
 #include <vector>
@@ -32,7 +32,7 @@ public:
     {
         if (!ZelRequireBlock(block))
             return;
-        std::vector<const Element *> elements; // threads share out places better than a walk through a hash
+        std::vector<const Element *> elements; // a vector can be divided among threads, a hash can only be walked
         elements.reserve(size_t(m_set.size()));
         for (const Element &element : std::as_const(m_set))
             elements.push_back(&element);

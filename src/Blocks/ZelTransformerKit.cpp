@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelTransformerKit.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelClassRegistry.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelClassRegistry.h"
 
 #ifdef Q_OS_UNIX
 #include <dlfcn.h>

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "Blocks/ZelValueTransformer.h"
+#include "Core/ZelExport.h"
 
 /// Registers transformers that are made of functions under a name, for use in descriptions and bindings.
-class ZelTransformerKit
+class ZEL_EXPORT ZelTransformerKit
 {
 public:
     /// Registers a transformer that is not reversible. True if it was registered; false, and nothing changed, where a
@@ -13,7 +14,7 @@ public:
     /// "transformedValueBlock".
     static bool registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
                                                  const ZelValueTransformer::Block &transformedValueBlock);
-    /// The same, reversible where there is a reverse block.
+    /// Does the same, and makes the transformer reversible if there is a reverse block.
     static bool registerValueTransformerWithName(const QString &name, const QString &transformedValueClass,
                                                  const ZelValueTransformer::Block &transformedValueBlock,
                                                  const ZelValueTransformer::Block &reverseTransformedValueBlock);

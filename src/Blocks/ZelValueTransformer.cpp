@@ -2,7 +2,7 @@
 #include "Blocks/ZelValueTransformer.h"
 
 #include "Blocks/ZelReversibleValueTransformer.h"
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 ZelValueTransformer::ZelValueTransformer(const Block &forwardBlock, const Block &reverseBlock)
     : m_forwardBlock(forwardBlock)

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelAbstractValueTransformer.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/ZelExport.h"
 
 #include <functional>
 
 /// A value transformer made of functions.
-class ZelValueTransformer : public ZelAbstractValueTransformer
+class ZEL_EXPORT ZelValueTransformer : public ZelAbstractValueTransformer
 {
 public:
     using Block = std::function<QVariant(const QVariant &value)>;

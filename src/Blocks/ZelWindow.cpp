@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelWindow.h"
 
-#include "Platform/Selection/ZelUndoManager.h"
+#include "Core/Undo/ZelUndoManager.h"
 
 ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
     : QWidget(parent, flags | Qt::Window)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Blocks/ZelWindowDisplay.h"
+#include "Core/ZelExport.h"
 
 #include <QWidget>
 
@@ -9,7 +10,7 @@ class QUndoStack;
 class ZelUndoManager;
 
 /// A top-level widget with a checkpoint before it paints (see ZelWindowDisplay) and an undo manager.
-class ZelWindow : public QWidget
+class ZEL_EXPORT ZelWindow : public QWidget
 {
     Q_OBJECT
 public:
@@ -18,7 +19,7 @@ public:
     /// Gives an application's own window the same checkpoint and, unless it has one, an undo manager. `widget` is the
     /// window or anything in it. Attaching twice changes nothing. Null for a null widget.
     static ZelWindowDisplay *attach(QWidget *widget);
-    /// The same, with an undo manager for a stack of the application's.
+    /// Does the same, with an undo manager for the application's own stack.
     static ZelWindowDisplay *attach(QWidget *widget, QUndoStack *undoStack);
 
     ZelUndoManager *undoManager() const;

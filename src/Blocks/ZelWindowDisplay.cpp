@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelWindowDisplay.h"
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/private/ZelFirstException.h"
+#include "Core/RunLoop/ZelMemberScope.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Selection/private/ZelReadingScope.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Platform/RunLoop/ZelNotificationCenter.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelFirstException.h"
-#include "Platform/Selection/ZelReadingScope.h"
 
 #include <QCoreApplication>
-#include <QScopeGuard>
 #include <QWidget>
 #include <QWindow>
 
@@ -36,7 +36,7 @@ void ZelWindowDisplay::performDelayedBlocks()
 {
     const QPointer<ZelWindowDisplay> alive(this);
     ZelFirstException errors;
-    // Each is taken out before it runs: it may queue others, throw, or bring this window down.
+    // Each block is taken out before it runs, since it may queue others, throw, or delete this window.
     while (alive && !m_delayedBlocks.empty()) {
         const std::function<void()> block = std::move(m_delayedBlocks.front());
         m_delayedBlocks.pop_front();
@@ -51,26 +51,17 @@ void ZelWindowDisplay::displayIfNeeded()
         return;
     // The window paints when it gets this event, if there is anything to paint.
     QEvent update(QEvent::UpdateRequest);
-    const QPointer<ZelWindowDisplay> alive(this);
-    const bool outer = std::exchange(m_inCheckpoint, true);
-    const auto leave = qScopeGuard([&] {
-        if (alive)
-            alive->m_inCheckpoint = outer;
-    });
+    const ZelMemberScope displaying(this, m_inCheckpoint, true);
     QCoreApplication::sendEvent(m_window, &update);
 }
 
-/// False if the window did not survive it.
+/// Makes the checkpoint. False if the window did not survive it.
 bool ZelWindowDisplay::checkpoint()
 {
     const QPointer<ZelWindowDisplay> alive(this);
     if (m_inCheckpoint)
         return true;
-    m_inCheckpoint = true;
-    const auto leave = qScopeGuard([&] {
-        if (alive)
-            alive->m_inCheckpoint = false;
-    });
+    const ZelMemberScope displaying(this, m_inCheckpoint, true);
     const ZelReadingScope reading;
     ZelNotificationCenter *center = ZelNotificationCenter::defaultCenter();
     ZelFirstException errors;
@@ -93,7 +84,7 @@ bool ZelWindowDisplay::filterEvent(QObject *watched, QEvent *event)
     case QEvent::Expose: // the first frame is painted without an update request
         return watched != m_window && !checkpoint();
     case QEvent::UpdateRequest:
-        return watched == m_window && !checkpoint(); // a receiver that is gone must not get it
+        return watched == m_window && !checkpoint(); // a window that is gone must not get the event
     default:
         return false;
     }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QObject>
 #include <deque>
@@ -16,17 +17,17 @@ class QWidget;
 /// the frame shows what the model says. Painting caused from within a checkpoint does not make another one.
 ///
 /// It belongs to its window, and is made by ZelWindow::attach.
-class ZelWindowDisplay : public ZelGuarded<QObject>
+class ZEL_EXPORT ZelWindowDisplay : public ZelGuarded<QObject>
 {
     Q_OBJECT
 public:
     /// The display of the widget's window; null if none was attached.
     static ZelWindowDisplay *of(const QWidget *widget);
 
-    /// Queues a block for the next checkpoint. A block queued while the queue runs runs in the same pass. Asserts
-    /// "block".
+    /// Queues a block for the next checkpoint. A block that is queued while the queue runs is part of the same pass.
+    /// Asserts "block".
     void performBeforeDisplayUsingBlock(const std::function<void()> &block);
-    /// Runs the queued blocks now. All of them run though one throws; the first exception goes on then.
+    /// Runs the queued blocks now. All of them run even if one throws; the first exception is raised then.
     void performDelayedBlocks();
     /// Makes the checkpoint, and paints what is dirty before it returns. What is thrown by observers and blocks is
     /// raised here; while a window paints by itself it goes to the exception reporter.

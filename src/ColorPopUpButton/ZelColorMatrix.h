@@ -2,15 +2,16 @@
 #pragma once
 
 #include "ColorPopUpButton/ZelUsedColorList.h"
-#include "Platform/Controls/ZelCellGroup.h"
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Controls/Cells/ZelCellGroup.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QWidget>
 
 /// Two rows of twelve swatches, of which one can be chosen with the mouse or the keyboard.
 ///
-/// The swatches are no widgets: another list of colours repaints the places that have another colour, and no more.
-class ZelColorMatrix : public ZelGuarded<QWidget>, public ZelCellGroup
+/// The swatches are no widgets. Setting another list of colours repaints only the places whose colour changes.
+class ZEL_EXPORT ZelColorMatrix : public ZelGuarded<QWidget>, public ZelCellGroup
 {
     Q_OBJECT
     Q_INTERFACES(ZelCellGroup)
@@ -22,14 +23,14 @@ public:
 
     explicit ZelColorMatrix(QWidget *parent = nullptr);
 
-    /// White behind the end of the list.
+    /// Sets the colours of the swatches. Swatches beyond the end of the list are white.
     void setColors(const QList<ZelColor> &colors);
     ZelColor colorAtIndex(int index) const;
     QRect rectOfCell(int index) const;
-    /// -1 beside and between the cells.
-    int cellAtPosition(const QPoint &position) const;
+    /// The cell at the position; -1 beside and between the cells.
+    int cellAtPosition(const QPoint &position) const { return cellAt(position); }
 
-    /// The cell that would be chosen; -1 for none.
+    /// The highlighted cell, which a click or a key would choose; -1 if there is none.
     int highlightedCell() const { return m_highlighted; }
     void setHighlightedCell(int index);
 
@@ -37,6 +38,7 @@ public:
     int cellCount() const override { return numberOfCells; }
     QRect cellRect(int cell) const override { return rectOfCell(cell); }
     QString cellName(int cell) const override;
+    QString cellToolTip(int cell) const override;
     bool isCellSelected(int cell) const override { return cell == m_highlighted; }
     int currentCell() const override { return m_highlighted; }
     void clickCell(int cell) override { Q_EMIT cellChosen(cell); }
@@ -49,19 +51,13 @@ Q_SIGNALS:
     void cellChosen(int index);
 
 protected:
-    bool handleEvent(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
+    bool handleEvent(QEvent *event) override { return handleCellEvent(event) || QWidget::event(event); }
+    void paintEvent(QPaintEvent *event) override { paintCells(event); }
+    int cellColumns() const override { return numberOfColumns; }
+    void setCurrentCell(int cell) override { setHighlightedCell(cell); }
+    void drawCell(QPainter *painter, int cell) const override;
 
 private:
-    bool moveHighlight(int key);
-
     QList<ZelColor> m_colors;
     int m_highlighted = -1;
-    bool m_wasPointedAt = false; // a release alone, of the press that opened the menu, chooses nothing
 };

@@ -2,10 +2,11 @@
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
 
 #include "ColorPopUpButton/ZelColorMatrix.h"
+#include "Controls/ZelLabel.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelLocalizedString.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -17,7 +18,8 @@ const char g_context = 0;
 constexpr int g_width = 273;
 constexpr int g_indent = 19;
 
-/// Closes the menu that holds the view, and those from which it was opened; another pop-up that they are in stays.
+/// Closes the menu that contains the view, and the menus from which it was opened. Any other pop-up around them stays
+/// open.
 void cancelTracking(const QWidget *view)
 {
     if (!qobject_cast<QMenu *>(view->window()))
@@ -26,6 +28,7 @@ void cancelTracking(const QWidget *view)
     for (QPointer<QMenu> menu = openMenu(); menu;) {
         menu->close();
         QMenu *next = openMenu();
+        // A menu that does not close ends the loop.
         menu = next == menu ? nullptr : next;
     }
 }
@@ -73,7 +76,7 @@ void ZelColorMenuItemView::setSelectedColor(const QVariant &color)
 
 void ZelColorMenuItemView::setControlSize(quint32 size)
 {
-    if (std::exchange(m_controlSize, size) == size)
+    if (!ZelAssign(m_controlSize, size))
         return;
     m_label->setFont(ZelControlSize::font(size));
     resize(sizeHint());
@@ -139,7 +142,7 @@ void ZelColorMenuItemView::selectColor(int index)
         ZelUsedColorList::sharedUsedColorList()->colors().value(index, ZelColor(QColor(Qt::white))).toVariant());
     if (!guard)
         return;
-    // The action may take the menu's owner down; the menu itself is on its way by then.
+    // The menu is closed first, because the action may delete the owner of the menu.
     cancelTracking(this);
     Q_EMIT action(this);
 }

@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Controls/ZelControlSize.h"
+#include "Controls/ZelControlSize.h"
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 class ZelColorMatrix;
 class ZelLabel;
 
-/// The strip of recently used colours in a menu: a heading and the swatches below it. Follows the shared list.
-class ZelColorMenuItemView : public ZelView
+/// The strip of recently used colours in a menu: a heading with the swatches below it. It follows the shared list.
+class ZEL_EXPORT ZelColorMenuItemView : public ZelView
 {
     Q_OBJECT
-    /// The colour chosen last; absent by default.
+    /// The colour that was chosen last; absent by default.
     Q_PROPERTY(QVariant selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
-    /// A ZelControlSize::Size, small by default. Another one gives the heading its font, and the view its height.
+    /// A ZelControlSize::Size, small by default. It determines the font of the heading and the height of the view.
     Q_PROPERTY(quint32 controlSize READ controlSize WRITE setControlSize NOTIFY controlSizeChanged)
     Q_PROPERTY(ZelLabel *label READ label CONSTANT)
     Q_PROPERTY(ZelColorMatrix *matrix READ matrix CONSTANT)
     Q_MOC_INCLUDE("ColorPopUpButton/ZelColorMatrix.h")
-    Q_MOC_INCLUDE("Platform/Controls/ZelLabel.h")
+    Q_MOC_INCLUDE("Controls/ZelLabel.h")
 public:
     explicit ZelColorMenuItemView(QWidget *parent = nullptr);
     explicit ZelColorMenuItemView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
@@ -32,7 +33,7 @@ public:
     ZelColorMatrix *matrix() const { return m_matrix; }
 
     void updateColorButtons();
-    /// Chooses the colour of a cell: white behind the end of the list. Closes the menu and reports.
+    /// Chooses the colour of a cell, which is white beyond the end of the list. Closes the menu and reports the choice.
     void selectColor(int index);
 
     void viewDidInstall() override;

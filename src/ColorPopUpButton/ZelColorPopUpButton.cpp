@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
 
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Runtime/ZelPropertyAccessor.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/ZelControlSize.h"
+#include "Core/KeyValue/ZelPropertyAccessor.h"
+#include "Core/Values/ZelValues.h"
 
 namespace {
 
-/// Lets bindings of "value" take the colour, not the menu item.
+/// Makes the key "value" the colour and not the menu item.
 void registerValue()
 {
     using Accessor = ZelFunctionAccessor<ZelColorPopUpButton>;
@@ -53,7 +53,7 @@ QAction *ZelColorPopUpButton::shownItem() const
 {
     const bool isMarker =
         ZelIsMarker(selectedColor(), ZelNoSelectionMarker) || ZelIsMarker(selectedColor(), ZelMultipleValuesMarker);
-    return isMarker ? nullptr : m_cell->displayItem(); // markers are shown dimmed
+    return isMarker ? nullptr : m_cell->displayItem(); // without an item the button shows the marker dimmed
 }
 
 QString ZelColorPopUpButton::spokenText() const
@@ -76,5 +76,5 @@ bool ZelColorPopUpButton::canStepTo(const QAction *item) const
            known->tag() != ZelColorPopUpButtonCurrentColorTag;
 }
 
-/// The items do it themselves.
+/// Does nothing, because the items select and report the colour themselves.
 void ZelColorPopUpButton::chooseItem(QAction *) {}

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "ColorPopUpButton/ZelColorPopUpButtonCell.h"
-#include "Platform/Controls/ZelPopUpButton.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Core/ZelExport.h"
 
 /// A pop-up button for choosing a colour; see ZelColorPopUpButtonCell for its menu.
 ///
-/// The button shows swatch and name of the selected colour, or a selection marker. A choice of the user that changes
-/// the colour is reported like that of any pop-up; one that does not is silent, but for "Current Color", which sends
-/// action to have the same colour applied again.
-class ZelColorPopUpButton : public ZelPopUpButton
+/// The button shows the swatch and the name of the selected colour, or a selection marker. A choice of the user that
+/// changes the colour is reported as by any pop-up button. A choice that does not change it is not reported, except
+/// "Current Color", which emits action() so that the same colour is applied again.
+class ZEL_EXPORT ZelColorPopUpButton : public ZelPopUpButton
 {
     Q_OBJECT
     Q_PROPERTY(ZelColorPopUpButtonCell *cell READ cell CONSTANT)
@@ -38,9 +39,9 @@ public:
     QVariant objectValue() const { return selectedColor(); }
     void setObjectValue(const QVariant &value) { setSelectedColor(value); }
 
-    /// Room for a name of usual length.
-    /// The colour's name, or its parts where it has none.
+    /// The text on the button, or the colour in the form "#rrggbb" if there is no text.
     QString spokenText() const override;
+    /// Leaves room for a name of usual length.
     QSize sizeHint() const override;
 
 Q_SIGNALS:

@@ -2,19 +2,20 @@
 #include "ColorPopUpButton/ZelColorPopUpButtonCell.h"
 
 #include "Blocks/ZelNamedTransformers.h"
-#include "ColorPopUpButton/ZelColorMenuItem.h"
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
-#include "ColorPopUpButton/ZelColorSwatch.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "ColorPopUpButton/private/ZelColorMenuItem.h"
+#include "ColorPopUpButton/private/ZelColorSwatch.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/private/ZelColorPanelClient.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelColorPanel.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/RunLoop/ZelNotificationCenter.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelLocalizedString.h"
 
 const QString ZelColorPopUpButtonDidBecomeActiveNotification =
     QStringLiteral("ZelColorPopUpButtonDidBecomeActiveNotification");
@@ -35,8 +36,8 @@ bool isNamed(const QVariant &color)
     return ZelColor::fromVariant(color).space() == ZelColor::Named;
 }
 
-/// The same colour, or one that looks the same in another colour space, as a model that holds QColors answers it. Names
-/// stand for themselves only.
+/// Whether the colours are equal or look the same: a model that holds QColors does not keep the colour space. Named
+/// colours are equal only to themselves.
 bool looksSame(const QVariant &a, const QVariant &b)
 {
     return ZelEqual(a, b) || (!isNamed(a) && !isNamed(b) && ZelColor::matches(a, b));
@@ -53,7 +54,12 @@ ZelColorPopUpButtonCell::ZelColorPopUpButtonCell(ZelPopUpButton *button)
     : QObject(button)
     , m_button(button)
     , m_displayItem(new ZelMenuItem(this))
+    , m_panelClient(new ZelColorPanelClient(
+          this, [this] { return m_button->isEnabled() && m_button->isEditable(); },
+          [this] { return ZelColor::fromVariant(m_selectedColor).toQColor(); }))
 {
+    connect(m_panelClient, &ZelColorPanelClient::colorChosen, this, &ZelColorPopUpButtonCell::takePanelColor);
+    connect(m_panelClient, &ZelColorPanelClient::activeChanged, this, &ZelColorPopUpButtonCell::panelActiveDidChange);
     static const bool registered = [] {
         ZelRegisterTransformers();
         return true;
@@ -72,14 +78,13 @@ ZelColorPopUpButtonCell::~ZelColorPopUpButtonCell()
 
 void ZelColorPopUpButtonCell::setColorList(const ZelColorListPtr &list)
 {
-    if (!ZelCheck(!list.isNull(), g_wrongValue) || list == m_colorList)
+    if (!ZelCheck(!list.isNull(), g_wrongValue) || !ZelAssign(m_colorList, list))
         return;
-    m_colorList = list;
     const QPointer<ZelColorPopUpButtonCell> guard(this);
     const QList<ZelColor> former = m_colors;
     updateColors();
     if (guard && m_colors == former)
-        showColors(); // the same ones may have other names
+        showColors(); // the same colours may have other names in the new list
     if (guard)
         Q_EMIT colorListChanged();
 }
@@ -97,9 +102,8 @@ void ZelColorPopUpButtonCell::updateColors()
 
 void ZelColorPopUpButtonCell::setColors(const QList<ZelColor> &colors)
 {
-    if (colors == m_colors)
+    if (!ZelAssign(m_colors, colors))
         return;
-    m_colors = colors;
     const QPointer<ZelColorPopUpButtonCell> guard(this);
     showColors();
     if (guard)
@@ -115,9 +119,8 @@ void ZelColorPopUpButtonCell::showColors()
 
 void ZelColorPopUpButtonCell::setDefaultColor(const ZelColor &color)
 {
-    if (!ZelCheck(color.isValid(), g_wrongValue) || color == m_defaultColor)
+    if (!ZelCheck(color.isValid(), g_wrongValue) || !ZelAssign(m_defaultColor, color))
         return;
-    m_defaultColor = color;
     updateDefaultMenuItem();
     updateTitle();
     const QPointer<ZelColorPopUpButtonCell> guard(this);
@@ -135,28 +138,31 @@ void ZelColorPopUpButtonCell::setSelectedColor(const QVariant &value)
         return;
     m_selectedColor = color;
     updateTitle();
-    showInPanel();
+    m_panelClient->showColor(); // another object may be selected now
     const QPointer<ZelColorPopUpButtonCell> guard(this);
-    upateSelectedMenuItem(); // which tells of it, too
+    upateSelectedMenuItem(); // this may call others, which may delete the cell
     if (guard)
         Q_EMIT selectedColorChanged();
 }
 
+bool ZelColorPopUpButtonCell::showsAlpha() const
+{
+    return m_panelClient->showsAlpha();
+}
+
 void ZelColorPopUpButtonCell::setShowsAlpha(bool shows)
 {
-    if (shows == m_showsAlpha)
+    if (shows == showsAlpha())
         return;
-    m_showsAlpha = shows;
-    if (m_isColorPanelActive && m_panel)
-        m_panel->setShowsAlpha(shows);
+    m_panelClient->setShowsAlpha(shows);
     Q_EMIT showsAlphaChanged();
 }
 
 void ZelColorPopUpButtonCell::setControlSize(quint32 size)
 {
-    if (std::exchange(m_controlSize, size) == size)
+    if (!ZelAssign(m_controlSize, size))
         return;
-    m_button->setFont(ZelControlSize::font(size)); // the menu's, too
+    m_button->setFont(ZelControlSize::font(size)); // the menu gets the font from the button
     if (m_isMenuMade)
         updateMenu();
     Q_EMIT controlSizeChanged();
@@ -180,7 +186,7 @@ int ZelColorPopUpButtonCell::indexOfColor(const ZelColor &color) const
 
 // Titles
 
-/// A list that the application added has names that nobody else knows.
+/// The name in the button's own list. The transformer does not know lists that were added after its first use.
 QString ZelColorPopUpButtonCell::nameInList(const ZelColor &color) const
 {
     const int index = indexOfColor(color);
@@ -194,7 +200,8 @@ QString ZelColorPopUpButtonCell::nameOf(const QVariant &color) const
         return {};
     const ZelColor known = ZelColor::fromVariant(color);
     const QString own = nameInList(known);
-    // A colour of another space is named after one that looks the same, in whatever list: the button's goes first.
+    // For a colour of another space the transformer names one that looks the same, from any list. The button's own list
+    // comes first then.
     const bool isExact = known.space() == ZelColor::DeviceRGB || known.space() == ZelColor::Named;
     const QString name = transformer->transformedValue(color).toString();
     return name.isEmpty() || (!isExact && !own.isEmpty()) ? own : name;
@@ -243,7 +250,7 @@ void ZelColorPopUpButtonCell::makeFixedItems()
     updateDefaultMenuItem();
 }
 
-/// Menus call from the event loop.
+/// Exceptions are caught here, because menus trigger items from the event loop.
 template<typename Choice> void ZelColorPopUpButtonCell::connectItem(QAction *item, Choice choice)
 {
     connect(item, &QAction::triggered, this, [this, choice] { ZelExceptionReporter::run(m_button, choice); });
@@ -278,7 +285,7 @@ void ZelColorPopUpButtonCell::updateMenu()
     items << m_separators.at(3) << m_otherMenuItem;
     m_isMenuMade = true;
     for (ZelMenuItem *item : former)
-        item->deleteLater(); // perhaps it is one of these that was chosen
+        item->deleteLater(); // the choice of one of these may have led here
     const QPointer<ZelColorPopUpButtonCell> guard(this);
     m_button->setItems(items);
     if (guard)
@@ -308,7 +315,7 @@ ZelMenuItem *ZelColorPopUpButtonCell::menuItemForColor(const QVariant &color)
 void ZelColorPopUpButtonCell::upateSelectedMenuItem()
 {
     if (!m_isMenuMade) {
-        m_button->setObjectValue(m_selectedColor); // the item is selected when it is made
+        m_button->setObjectValue(m_selectedColor); // the button selects the item when it is added
         return;
     }
     m_currentMenuItem->setImage(swatch(m_selectedColor));
@@ -342,7 +349,7 @@ ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
 
 // What the user chooses
 
-/// The colour is a copy: what it was taken from may be gone before this ends.
+/// The colour is passed by value, because its owner may die before this ends.
 void ZelColorPopUpButtonCell::takeChoice(QVariant color, QAction *item)
 {
     if (looksSame(color, m_selectedColor))
@@ -390,71 +397,47 @@ void ZelColorPopUpButtonCell::selectOtherColor()
 
 // The colour panel
 
+bool ZelColorPopUpButtonCell::isColorPanelActive() const
+{
+    return m_panelClient->isActive();
+}
+
 void ZelColorPopUpButtonCell::activateColorPanel()
 {
-    ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
-    if (m_isColorPanelActive) {
-        panel->orderFront(m_button);
-        return;
-    }
-    ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
-    m_panel = panel;
-    panel->setDelegate(this);
-    connect(panel, &ZelColorPanel::willClose, this, &ZelColorPopUpButtonCell::colorPanelWillClose);
-    connect(panel, &ZelColorPanel::delegateDidChange, this, &ZelColorPopUpButtonCell::deactivateColorPanel);
-    connect(panel, &ZelColorPanel::colorDidChange, this, &ZelColorPopUpButtonCell::colorPanelDidChange);
-    connect(panel, &ZelColorPanel::trackingDidEnd, this, &ZelColorPopUpButtonCell::endDrag);
-    ZelObservations(this).addObservationWithCenter(
-        nullptr, ZelColorPopUpButtonDidBecomeActiveNotification, nullptr,
-        [this](ZelNotificationObservation *, const ZelNotification &) { colorPopUpButtonDidBecomeActive(); },
-        &g_context);
-    m_isColorPanelActive = true;
-    panel->setShowsAlpha(m_showsAlpha);
-    panel->setColor(isPresentColor(m_selectedColor) ? ZelColor::fromVariant(m_selectedColor).toQColor() : Qt::black);
-    panel->orderFront(m_button);
-    Q_EMIT colorPanelActiveChanged();
+    if (!isColorPanelActive())
+        ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
+    m_panelClient->activate(m_button);
 }
 
 void ZelColorPopUpButtonCell::deactivateColorPanel()
 {
-    if (!m_isColorPanelActive)
-        return;
-    m_isColorPanelActive = false;
-    endDrag();
-    if (m_panel) {
-        m_panel->disconnect(this);
-        if (m_panel->delegate() == this)
-            m_panel->setDelegate(nullptr);
-    }
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    if (isPresentColor(m_selectedColor))
-        ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(m_selectedColor));
-    Q_EMIT colorPanelActiveChanged();
+    m_panelClient->deactivate();
 }
 
-/// Another selection shows its colour in the panel; during a drag, it is the panel that leads.
-void ZelColorPopUpButtonCell::showInPanel()
+void ZelColorPopUpButtonCell::panelActiveDidChange()
 {
-    if (m_isColorPanelActive && m_panel && !m_panel->isTracking() && isPresentColor(m_selectedColor))
-        m_panel->setColor(ZelColor::fromVariant(m_selectedColor).toQColor());
+    if (isColorPanelActive()) {
+        ZelObservations(this).addObservationWithCenter(
+            nullptr, ZelColorPopUpButtonDidBecomeActiveNotification, nullptr,
+            [this](ZelNotificationObservation *, const ZelNotification &) { colorPopUpButtonDidBecomeActive(); },
+            &g_context);
+    } else {
+        ZelObservations(this).removeAllObservationsForContext(&g_context);
+        if (isPresentColor(m_selectedColor))
+            ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(m_selectedColor));
+    }
+    Q_EMIT colorPanelActiveChanged();
 }
 
 void ZelColorPopUpButtonCell::colorPanelDidChange()
 {
-    if (!m_isColorPanelActive || !m_panel || !m_button->isEnabled() || !m_button->isEditable())
-        return;
-    if (m_panel->isTracking() && !m_dragGrouping)
-        m_dragGrouping = std::make_unique<ZelUndoGrouping>(m_button);
-    const QPointer<ZelColorPopUpButtonCell> guard(this);
-    setSelectedColor(QVariant::fromValue(ZelColor(m_panel->color())));
-    if (guard)
-        ZelControlSupport::reportEdit(m_button);
+    m_panelClient->takeColor();
 }
 
-void ZelColorPopUpButtonCell::endDrag()
+void ZelColorPopUpButtonCell::takePanelColor(const QColor &color)
 {
     const QPointer<ZelColorPopUpButtonCell> guard(this);
-    m_dragGrouping.reset();
+    setSelectedColor(QVariant::fromValue(ZelColor(color)));
     if (guard)
-        showInPanel(); // the model may have made something else of it
+        ZelControlSupport::reportEdit(m_button);
 }

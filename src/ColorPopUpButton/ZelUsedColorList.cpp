@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ColorPopUpButton/ZelUsedColorList.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -14,7 +14,7 @@ ZelUsedColorList::ZelUsedColorList()
 ZelUsedColorList *ZelUsedColorList::sharedUsedColorList()
 {
     static auto *list = [] {
-        auto *made = new ZelUsedColorList; // outlives whatever observes it
+        auto *made = new ZelUsedColorList; // never deleted, because observers may die late
         if (qApp)
             made->moveToThread(qApp->thread());
         return made;
@@ -39,6 +39,6 @@ void ZelUsedColorList::usedColor(const ZelColor &color)
         if (m_colors.size() > ZelUsedColorListMax)
             m_colors.removeLast();
     }
-    // Directly, unless this is another thread.
+    // This is a direct call on the main thread and a queued one on other threads.
     QMetaObject::invokeMethod(this, &ZelUsedColorList::colorsChanged);
 }

@@ -1,30 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Resources/ZelColor.h"
+#include "Core/ZelExport.h"
+#include "Resources/ZelColor.h"
 
 #include <QList>
 #include <QMutex>
 #include <QObject>
 
-/// How many colours are remembered.
+/// The number of colours that are remembered.
 inline constexpr int ZelUsedColorListMax = 24;
 
-/// The colours that were used last in this process, most recent first.
+/// The colours that were used last in this process, the most recent one first.
 ///
-/// Colours may be used and read on any thread. Changes are announced on the main thread: at once there, and in the next
-/// turn of its event loop for a colour used elsewhere.
-class ZelUsedColorList : public QObject
+/// The list may be read and changed on any thread. Changes are announced on the main thread: at once if they are made
+/// there, otherwise in the next turn of its event loop.
+class ZEL_EXPORT ZelUsedColorList : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QList<ZelColor> colors READ colors NOTIFY colorsChanged)
 public:
     static ZelUsedColorList *sharedUsedColorList();
 
-    /// At most ZelUsedColorListMax.
+    /// At most ZelUsedColorListMax colours.
     QList<ZelColor> colors() const;
-    /// Puts the colour at the front; the oldest leaves a full list. Announced also for the colour that is the first
-    /// already. An invalid colour is an assertion.
+    /// Puts the colour at the front. A full list loses its oldest colour. The change is announced even if the colour is
+    /// the first already. Asserts that the colour is valid.
     void usedColor(const ZelColor &color);
 
 Q_SIGNALS:

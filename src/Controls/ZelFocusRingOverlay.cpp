@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelFocusRingOverlay.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
@@ -63,7 +63,7 @@ void ZelFocusRingOverlay::watch()
             widget->removeEventFilter(this);
     m_watched.clear();
     disconnect(m_death);
-    if (m_widget) // whose end need not change the focus
+    if (m_widget) // it may die without a change of the focus
         m_death = connect(m_widget, &QObject::destroyed, this, &ZelFocusRingOverlay::hide);
     for (QWidget *widget = m_widget; widget && widget != parentWidget(); widget = widget->parentWidget()) {
         widget->installEventFilter(this);
@@ -75,7 +75,7 @@ bool ZelFocusRingOverlay::filterEvent(QObject *, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ParentChange:
-        follow(QApplication::focusWidget()); // which the ringed one need not be
+        follow(QApplication::focusWidget()); // which need not be the widget with the ring
         break;
     case QEvent::Move:
     case QEvent::Resize:
@@ -89,7 +89,7 @@ bool ZelFocusRingOverlay::filterEvent(QObject *, QEvent *event)
     return false;
 }
 
-/// Around the widget, in the container's coordinates.
+/// The outer rectangle of the ring around the widget, in the container's coordinates.
 QRect ZelFocusRingOverlay::ringRect() const
 {
     const QRect widget(m_widget->mapTo(parentWidget(), QPoint()), m_widget->size());

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelHoverButton.h"
 
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelTitleText.h"
-#include "Platform/Resources/ZelNamedImages.h"
+#include "Controls/ZelControlSize.h"
+#include "Controls/private/ZelTitleText.h"
+#include "Resources/ZelNamedImages.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int g_imageMargin = 3; // left and right of the image
+constexpr int g_imageMargin = 3; // on the left and on the right of the image
 constexpr int g_titleMargin = 5;
 constexpr double g_disabledOpacity = 0.4;
 
@@ -47,7 +47,7 @@ QString ZelHoverButton::shownTitle() const
     return ZelTitleText::toTitle(text());
 }
 
-/// Rounded up: a title in less than its width is elided.
+/// The width is rounded up, because a title in less than its exact width is elided.
 int ZelHoverButton::titleWidth() const
 {
     return int(std::ceil(QFontMetricsF(font()).horizontalAdvance(shownTitle())));
@@ -62,7 +62,7 @@ QSize ZelHoverButton::sizeHint() const
     return {iconSize().width() + 2 * g_imageMargin, height};
 }
 
-/// Faint where disabled: many palettes have no colour of their own for that.
+/// A disabled title is made faint here, because many palettes have no colour for it.
 QColor ZelHoverButton::titleColor() const
 {
     const QColor color = palette().color(QPalette::Active, QPalette::WindowText);

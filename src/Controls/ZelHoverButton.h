@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QAbstractButton>
 
-/// A small button without a border, which is shaded while the pointer is over it. It shows its icon; without one, its
-/// text.
+/// A small button without a border, which is shaded while the pointer is over it. It shows its icon, or its text if it
+/// has no icon.
 ///
 /// Where a plain tool button would do, use QToolButton with autoRaise: this one is for rows of small controls, whose
 /// images lie close together, and for subclasses that draw something of their own.
-class ZelHoverButton : public ZelGuarded<QAbstractButton>
+class ZEL_EXPORT ZelHoverButton : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
     /// Shown instead of the icon while the pointer is over the button, if there is one.
@@ -31,17 +32,17 @@ Q_SIGNALS:
     void hoveredChanged();
 
 protected:
-    /// Null for none; the title is shown then.
+    /// The image that the button shows. If it is null, the button shows its title.
     virtual QIcon shownImage() const;
-    /// As it is shown, without a mnemonic.
+    /// The title as the button shows it, without the mark of a mnemonic.
     virtual QString shownTitle() const;
     /// Whether the button looks pressed.
     virtual bool isLit() const { return isDown() || isOn(); }
     /// Whether the image is shown in its on state.
     virtual bool isOn() const { return isChecked(); }
-    /// What lies on the background.
+    /// Draws the image or the title on the background.
     virtual void drawContent(QPainter &painter);
-    /// In points, without margins.
+    /// The width of the title in points, without margins.
     int titleWidth() const;
     QColor titleColor() const;
 

@@ -2,8 +2,8 @@
 #include "Controls/ZelSelfValidatingButton.h"
 
 #include "Controls/ZelDelayedValidation.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "ViewController/ZelActionTarget.h"
 
 namespace {
@@ -22,7 +22,7 @@ ZelSelfValidatingButton::ZelSelfValidatingButton(const QString &title, QObject *
     , m_action(action)
     , m_validation(std::make_unique<ZelDelayedValidation>([this] { validate(); }))
 {
-    setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the one that takes the action
+    setFocusPolicy(Qt::TabFocus); // a click must not take the focus from the receiver of the action
     connect(this, &QAbstractButton::clicked, this, [this] {
         ZelExceptionReporter::run(this, [this] { ZelActionTarget::perform(m_action, m_target, this, this); });
     });
@@ -67,7 +67,8 @@ void ZelSelfValidatingButton::showEvent(QShowEvent *event)
         return;
     m_observesEvents = true;
     m_validation->observeEvents(this, &g_context);
-    // At once, so as not to be seen in a wrong state, and again when the window has its focus.
+    // Checks at once, so that the button is never seen in a wrong state, and once more later, when the window has its
+    // focus.
     m_validation->invocation().schedule();
     validate();
 }

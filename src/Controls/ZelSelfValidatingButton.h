@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Controls/ZelPushButton.h"
-#include "Platform/Runtime/ZelSelector.h"
+#include "Controls/ZelPushButton.h"
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/ZelExport.h"
 
 #include <QPointer>
 #include <memory>
@@ -10,18 +11,19 @@
 class ZelDelayedInvocation;
 class ZelDelayedValidation;
 
-/// A push button that sends an action and is enabled while the action has a receiver that takes it.
+/// A push button that sends an action and is enabled while there is a receiver that accepts the action.
 ///
-/// While it is shown it looks again shortly after the user has done anything. How a receiver is found, and how it says
-/// that it does not take the action now, is told at ZelActionTarget; it is asked with the button as the item. Without
-/// an action the button is left as it is. A click leaves the focus where it is; Tab leads to the button.
-class ZelSelfValidatingButton : public ZelPushButton
+/// While it is shown it checks this again a tenth of a second after any event of the user. ZelActionTarget describes
+/// how the receiver is found and how it refuses the action; the receiver is asked about the button as the item. Without
+/// an action the button's state is left alone. A click does not take the focus; Tab does.
+class ZEL_EXPORT ZelSelfValidatingButton : public ZelPushButton
 {
     Q_OBJECT
-    /// Null, the default, stands for the first who can take the action, from the focus widget outwards.
+    /// The receiver of the action. Null, the default, stands for the first object that can take the action, from the
+    /// focus widget outwards.
     Q_PROPERTY(QObject *target READ target WRITE setTarget)
     Q_PROPERTY(ZelSelector action READ action WRITE setAction)
-    /// For the receiver to tell buttons apart; 0.
+    /// A number by which the receiver can tell buttons apart; 0 by default.
     Q_PROPERTY(int tag READ tag WRITE setTag)
     /// True by default.
     Q_PROPERTY(bool autovalidates READ autovalidates WRITE setAutovalidates)
@@ -40,7 +42,7 @@ public:
     bool autovalidates() const { return m_autovalidates; }
     void setAutovalidates(bool autovalidates) { m_autovalidates = autovalidates; }
 
-    /// Looks now. Does nothing where the button does not validate itself.
+    /// Checks now. Does nothing if autovalidates is false or there is no action.
     void validate();
     ZelDelayedInvocation &validateInvocation();
 

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelTitleBarButton.h"
 
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Resources/ZelLocalizedString.h"
 
 #include <QDockWidget>
 #include <QEvent>
 #include <QMdiSubWindow>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace {
 
 constexpr double g_symbolSide = 8;
 constexpr double g_inactiveOpacity = 0.5;
 
-/// Its lines, around the origin.
+/// The lines of the role's symbol, around the origin.
 QPainterPath symbol(ZelTitleBarButton::Role role)
 {
     constexpr double end = g_symbolSide / 2;
@@ -78,7 +79,7 @@ void ZelTitleBarButton::drawContent(QPainter &painter)
     if (m_role == Custom) {
         ZelHoverButton::drawContent(painter);
     } else {
-        // On whole pixels, so that straight lines are sharp.
+        // The centre is rounded to whole pixels, so that straight lines are sharp.
         painter.translate(QRectF(rect()).center().toPoint());
         painter.strokePath(symbol(m_role), QPen(titleColor(), m_role == Close ? 1.4 : 1));
         painter.resetTransform();

@@ -2,22 +2,24 @@
 #pragma once
 
 #include "Controls/ZelHoverButton.h"
+#include "Core/ZelExport.h"
 
-/// A button for a title bar that an application makes itself: that of a dock widget, a panel or a frameless window.
+/// A button for a title bar that an application makes itself, such as that of a dock widget, a panel or a frameless
+/// window.
 ///
-/// It works on the dock widget or MDI subwindow that it is in, or else on its window, and is faint while its window is
-/// not the active one. A click leaves the focus where it is; the Tab key reaches the button.
-class ZelTitleBarButton : public ZelHoverButton
+/// It acts on the dock widget or MDI subwindow that it is in, or else on its window. It is faint while its window is
+/// not the active one. A click does not take the focus; Tab does.
+class ZEL_EXPORT ZelTitleBarButton : public ZelHoverButton
 {
     Q_OBJECT
-    /// What a click does. Custom, the default, leaves it to whoever hears of the click, and shows the icon.
+    /// What a click does. With Custom, the default, the click is only reported, and the button shows its icon.
     Q_PROPERTY(Role role READ role WRITE setRole)
 public:
     enum Role : quint8 {
         Custom,
         Close,
-        Minimize, ///< in a dock widget: nothing
-        Zoom,     ///< full size and back; a dock widget floats and docks
+        Minimize, ///< does nothing in a dock widget
+        Zoom,     ///< maximizes and restores a window; makes a dock widget float and dock again
     };
     Q_ENUM(Role)
 

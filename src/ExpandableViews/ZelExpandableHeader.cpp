@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ExpandableViews/ZelExpandableHeader.h"
 
-#include "ExpandableViews/ZelExpandableHeaderAccessible.h"
-#include "Platform/Controls/ZelTitleText.h"
+#include "Controls/private/ZelTitleText.h"
+#include "ExpandableViews/private/ZelExpandableHeaderAccessible.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr int triangleLeft = 6;
-constexpr int triangleLength = 8;
-constexpr int textLeft = 20;
-constexpr int textMargin = 4;
+constexpr int g_triangleLeft = 6;
+constexpr int g_triangleLength = 8;
+constexpr int g_textLeft = 20;
+constexpr int g_textMargin = 4;
 
 QColor withAlpha(QColor color, double alpha)
 {
@@ -28,7 +28,7 @@ ZelExpandableHeader::ZelExpandableHeader(QWidget *parent)
 {
     ZelExpandableHeaderAccessible::install();
     QFont bold;
-    bold.setBold(true); // the rest follows the parent
+    bold.setBold(true); // only the weight is set, everything else follows the parent's font
     setFont(bold);
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
@@ -54,13 +54,13 @@ void ZelExpandableHeader::setStyle(quint32 style)
 
 QSize ZelExpandableHeader::sizeHint() const
 {
-    return QSize(textLeft + fontMetrics().horizontalAdvance(title()) + textMargin,
-                 fontMetrics().height() + 2 * textMargin);
+    return QSize(g_textLeft + fontMetrics().horizontalAdvance(title()) + g_textMargin,
+                 fontMetrics().height() + 2 * g_textMargin);
 }
 
 QSize ZelExpandableHeader::minimumSizeHint() const
 {
-    return QSize(textLeft + textMargin, sizeHint().height());
+    return QSize(g_textLeft + g_textMargin, sizeHint().height());
 }
 
 QRect ZelExpandableHeader::fromLeft(const QRect &rect) const
@@ -77,8 +77,9 @@ void ZelExpandableHeader::paintEvent(QPaintEvent *)
                                        : isActiveWindow() ? QPalette::Active
                                                           : QPalette::Inactive;
     painter.setPen(palette().color(group, QPalette::WindowText));
-    const QRect place = fromLeft(rect().adjusted(textLeft, 0, -textMargin, 0));
-    // A visual alignment says that it is one: the painter turns any other round where the application is mirrored.
+    const QRect place = fromLeft(rect().adjusted(g_textLeft, 0, -g_textMargin, 0));
+    // visualAlignment adds AlignAbsolute. Without that flag the painter would mirror the alignment a second time in a
+    // mirrored application.
     const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
     painter.drawText(place, int(alignment), fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
 }
@@ -104,7 +105,8 @@ void ZelExpandableHeader::drawBackground(QPainter &painter) const
 
 void ZelExpandableHeader::drawTriangle(QPainter &painter) const
 {
-    const QRect place = fromLeft(QRect(triangleLeft, (height() - triangleLength) / 2, triangleLength, triangleLength));
+    const QRect place =
+        fromLeft(QRect(g_triangleLeft, (height() - g_triangleLength) / 2, g_triangleLength, g_triangleLength));
     QPolygonF triangle{QPointF(-2.5, -4), QPointF(3.5, 0), QPointF(-2.5, 4)}; // towards the text
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QAbstractButton>
 
 /// The title of a ZelExpandableView with its disclosure triangle. Checked means expanded.
 ///
-/// A click, Space and Return toggle; the arrow key towards the triangle folds, the other unfolds.
-class ZelExpandableHeader : public ZelGuarded<QAbstractButton>
+/// A click, Space and Return toggle it. The arrow key towards the triangle folds, the opposite one unfolds.
+class ZEL_EXPORT ZelExpandableHeader : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
 public:
     explicit ZelExpandableHeader(QWidget *parent = nullptr);
 
-    /// Plain text: an ampersand in it is shown, and no key.
+    /// Plain text: an ampersand is shown and marks no mnemonic.
     QString title() const;
     void setTitle(const QString &title);
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ExpandableViews/ZelExpandableView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "ExpandableViews/ZelExpandableHeader.h"
-#include "ExpandableViews/ZelExpandableHeaderAccessible.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
+#include "ExpandableViews/private/ZelExpandableHeaderAccessible.h"
+#include "Layout/ZelConstraintLayout.h"
 
 namespace {
 
@@ -33,14 +34,9 @@ ZelExpandableView::ZelExpandableView(const ZelKeyedCoder &coder, QWidget *parent
 void ZelExpandableView::setUp()
 {
     m_header->setChecked(true);
-    // The body takes what is left over, and a long title is cut before it widens the view.
+    // The body gets the spare height, and a long title is elided before it widens the view.
     ZelConstraintLayout::setPriorities(m_header, {250, 999, 1, 1000});
     connect(m_header, &QAbstractButton::toggled, this, &ZelExpandableView::setExpanded);
-}
-
-ZelExpandableView::~ZelExpandableView()
-{
-    uninstall();
 }
 
 bool ZelExpandableView::drawsContent() const
@@ -76,9 +72,8 @@ void ZelExpandableView::setStyle(quint32 style)
 
 void ZelExpandableView::setExpanded(bool expanded)
 {
-    if (m_expanded == expanded)
+    if (!ZelAssign(m_expanded, expanded))
         return;
-    m_expanded = expanded;
     m_header->setChecked(expanded);
     if (m_bodyView)
         m_bodyView->setVisible(expanded);

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 class ZelExpandableHeader;
 
 /// A box with a title above a body that can be folded away.
 ///
-/// A click on the title, Space or Return fold and unfold; Left folds and Right unfolds, when the title has the focus.
-class ZelExpandableView : public ZelView
+/// A click on the title folds and unfolds the body. While the title has the focus, Space and Return do so, too; the
+/// arrow key towards the triangle folds, the opposite one unfolds.
+class ZEL_EXPORT ZelExpandableView : public ZelView
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
@@ -19,7 +21,6 @@ class ZelExpandableView : public ZelView
 public:
     explicit ZelExpandableView(QWidget *parent = nullptr);
     explicit ZelExpandableView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
-    ~ZelExpandableView() override;
 
     QString title() const;
     void setTitle(const QString &title);
@@ -27,7 +28,7 @@ public:
     void setExpanded(bool expanded);
     quint32 style() const;
     void setStyle(quint32 style);
-    /// The view below the title; null by default. A view that is replaced is taken out and has no parent.
+    /// The view below the title; null by default. A view that is replaced is taken out and has no parent then.
     QWidget *bodyView() const { return m_bodyView; }
     void setBodyView(QWidget *view);
     ZelExpandableHeader *header() const { return m_header; }

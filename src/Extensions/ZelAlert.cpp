@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Extensions/ZelAlert.h"
 
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Resources/ZelLocalizedString.h"
 
 #include <QAbstractButton>
 #include <QPushButton>
@@ -32,7 +32,7 @@ QMessageBox *ZelAlert::beginSheet(QWidget *window, QObject *context) const
         return nullptr;
     auto *box =
         new QMessageBox(m_icon, QString(), m_message, QMessageBox::NoButton, window ? window->window() : nullptr);
-    // What is shown may come from anywhere: none of it is markup.
+    // The texts may come from anywhere, so none of them is taken for markup.
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(m_information);
     box->setAttribute(Qt::WA_DeleteOnClose);
@@ -45,7 +45,8 @@ QMessageBox *ZelAlert::beginSheet(QWidget *window, QObject *context) const
         QPushButton *made = box->addButton(title.replace(QLatin1Char('&'), QStringLiteral("&&")), button.role);
         if (blocks.isEmpty())
             box->setDefaultButton(made);
-        if (button.role == QMessageBox::RejectRole && !box->escapeButton()) // by itself, of several it takes none
+        // The box itself takes no escape button if there are several that reject.
+        if (button.role == QMessageBox::RejectRole && !box->escapeButton())
             box->setEscapeButton(made);
         blocks.insert(made, button.block);
     }

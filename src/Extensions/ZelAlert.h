@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QList>
 #include <QMessageBox>
 #include <functional>
@@ -13,23 +15,23 @@
 ///         .beginSheet(window, this);
 ///
 /// Where the blocks need no context and the caller may wait, QMessageBox::exec does as well.
-class ZelAlert
+class ZEL_EXPORT ZelAlert
 {
 public:
     using Block = std::function<void()>;
 
     explicit ZelAlert(const QString &message, const QString &information = {});
 
-    /// None by default.
+    /// There is no icon by default.
     ZelAlert &setIcon(QMessageBox::Icon icon);
-    /// The first button is the default one. Escape and closing the alert stand for the first button with RejectRole,
-    /// and for the only one. The title is shown as it is, without a mnemonic.
+    /// The first button is the default one. Escape and closing the alert stand for the first button with RejectRole, or
+    /// for the only button. The title is shown as it is, without a mnemonic.
     ZelAlert &addButton(const QString &title, QMessageBox::ButtonRole role, const Block &block = {});
 
     /// Shows the alert as a sheet of the window (or, for null, of the application) and returns at once. When the user
-    /// has answered, the block of the button runs, once, after the alert is gone; it does not if the context has died
-    /// by then, or the window took the alert with it. An alert without buttons gets "OK". The box deletes itself.
-    /// Asserts "context".
+    /// has answered, the block of the button runs once, after the alert is gone. It does not run if the context has
+    /// died by then, or if the window took the alert with it. An alert without buttons gets "OK". The box deletes
+    /// itself. Asserts "context".
     QMessageBox *beginSheet(QWidget *window, QObject *context) const;
 
 private:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Extensions/ZelRecoverableError.h"
 
+#include "Core/Errors/ZelAssertions.h"
 #include "Extensions/ZelAlert.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Resources/ZelLocalizedString.h"
 
 #include <QPointer>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QList>
 #include <QString>
 #include <functional>
@@ -12,14 +14,14 @@ class QWidget;
 /// What went wrong, in words for people, and what they can do about it.
 ///
 /// A function that fails hands it to whoever has a window. The options are the buttons of the alert that shows it.
-class ZelRecoverableError
+class ZEL_EXPORT ZelRecoverableError
 {
 public:
     /// Tries to put things right; answers whether it did.
     using Attempt = std::function<bool()>;
     using Completion = std::function<void(bool recovered)>;
 
-    /// Null: no error.
+    /// A null error stands for no error.
     ZelRecoverableError() = default;
     explicit ZelRecoverableError(const QString &description, const QString &suggestion = {});
 
@@ -33,10 +35,10 @@ public:
     /// Answers false also for an option without an attempt. Asserts that there is such an option.
     bool attemptRecovery(qsizetype option) const;
 
-    /// Shows the error and its options as a sheet of the window, "OK" where it has none, and returns at once. The
-    /// completion is told whether the attempt that the user has chosen was successful; neither runs when the context or
-    /// the window dies before, the completion not either when the attempt ends the context. Asserts "context"; null
-    /// then, and for no error.
+    /// Shows the error as a sheet of the window, with a button for each option or else "OK", and returns at once. The
+    /// completion is told whether the attempt that the user has chosen was successful. Neither attempt nor completion
+    /// runs if the context or the window dies before, and the completion does not run if the attempt deletes the
+    /// context. Asserts "context". Null without a context, and for no error.
     QMessageBox *present(QWidget *window, QObject *context, const Completion &completion = {}) const;
 
 private:

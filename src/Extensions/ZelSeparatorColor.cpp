@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Extensions/ZelSeparatorColor.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 QColor ZelSeparatorColorForLevel(quint64 level, bool active, const QPalette &palette)
 {

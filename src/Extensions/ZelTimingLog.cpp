@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Extensions/ZelTimingLog.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QElapsedTimer>
 
 /// Logs how long a piece of work took, from its construction to its destruction, for the developer.
@@ -11,7 +13,7 @@
 ///     show();
 ///
 /// The lines go to the category "zel" as debug messages; where those are switched off, nothing is measured.
-class ZelTimingLog
+class ZEL_EXPORT ZelTimingLog
 {
 public:
     /// The name must live as long as the log: a literal.

@@ -5,7 +5,7 @@
 
 // A line is its start point and its end point.
 
-/// The length. That of a line parallel to an axis has a sign: it is negative where the end lies before the start.
+/// The length. That of a line parallel to an axis has a sign: it is negative if the end has the smaller coordinate.
 inline double ZelLineGetLength(const QPointF &p, const QPointF &q)
 {
     const double dx = q.x() - p.x();
@@ -18,7 +18,7 @@ constexpr QPointF ZelLineGetMidPoint(const QPointF &p, const QPointF &q)
     return CGPointMid(p, q);
 }
 
-/// The point at the parameter, which is held between 0 at p and 1 at q.
+/// The point at the parameter, which is limited to 0 (at p) to 1 (at q).
 constexpr QPointF ZelLineGetPointAtParameter(const QPointF &p, const QPointF &q, double t)
 {
     if (t <= 0)

@@ -64,7 +64,7 @@ constexpr double CGPointDot(const QPointF &p, const QPointF &q)
     return p.x() * q.x() + p.y() * q.y();
 }
 
-/// Does not overflow on the way: the length of (1e300, 0) is 1e300.
+/// The length of the vector. Its squares do not overflow: the length of (1e300, 0) is 1e300.
 inline double CGPointLength(const QPointF &p)
 {
     return std::hypot(p.x(), p.y());
@@ -87,8 +87,8 @@ inline QPointF CGPointNormalize(const QPointF &p)
     return length == 0 ? p : QPointF(p.x() / length, p.y() / length);
 }
 
-/// The vector of the same direction and of the given length, of the opposite one for a negative length; the zero vector
-/// stays as it is.
+/// The vector of the same direction and of the given length; a negative length turns it round. The zero vector stays as
+/// it is.
 inline QPointF CGPointScaleToLength(const QPointF &p, double s)
 {
     const double length = CGPointLength(p);
@@ -118,7 +118,8 @@ inline double CGPointDiffAngle(double angle, const QPointF &p, const QPointF &q)
     return ZelDiffAngle(ZelRestrictRadians(angle), CGPointGetAngle(CGPointSub(q, p)));
 }
 
-/// The direction from the centre to p as on a clock: from that of decreasing y, which is up on screen, and clockwise.
+/// The direction from the centre to p as on a clock: 0 is towards smaller y, which is up on screen, and angles grow
+/// clockwise.
 inline double CGAngleWithPointAndCenter(const QPointF &p, const QPointF &center)
 {
     return ZelRestrictRadians(std::atan2(p.x() - center.x(), center.y() - p.y()));

@@ -34,7 +34,7 @@ constexpr ZelAnchorPosition ZelAnchorRow(ZelRectAnchor anchor)
     return anchor > ZelOriginBottomRight ? ZelAnchorPosition::None : ZelAnchorPosition(anchor / 3);
 }
 
-/// Where the anchor is; the stored origin for a value that is no anchor.
+/// The place of the anchor; the stored origin for a value that is no anchor.
 constexpr QPointF CGRectGetOriginForAnchor(ZelRectAnchor anchor, const QRectF &rect)
 {
     const ZelAnchorPosition column = ZelAnchorColumn(anchor);

@@ -16,14 +16,15 @@ constexpr double ZelSignum(double v)
     return v > 0 ? 1.0 : v < 0 ? -1.0 : 0.0;
 }
 
-/// The value, or the bound that it is beyond. The upper bound is looked at first: with bounds in the wrong order, a
-/// value above `max` gives `max`, any other one below `min` gives `min`. NaN stays NaN.
+/// The value, or the bound that it is beyond. The upper bound is compared first: with bounds in the wrong order, a
+/// value above `max` gives `max`, and any other value below `min` gives `min`. NaN stays NaN.
 constexpr double CGFloatClamp(double v, double min, double max)
 {
     return v > max ? max : min > v ? min : v;
 }
 
-/// The C library's roundings, inline: without an instruction for them each would be a call.
+/// These round as the C library does. They are inline, since without a processor instruction each would be a call
+/// there.
 constexpr double ZelTruncate(double v)
 {
     constexpr double whole = 4503599627370496.0; // 2^52, from which on every number is whole
@@ -41,7 +42,7 @@ constexpr double ZelCeil(double v)
     return -ZelFloor(-v);
 }
 
-/// Halves go away from zero.
+/// Rounds halves away from zero.
 constexpr double ZelRound(double v)
 {
     const double truncated = ZelTruncate(v);
@@ -49,14 +50,14 @@ constexpr double ZelRound(double v)
     return rest >= 0.5 ? truncated + 1 : rest <= -0.5 ? truncated - 1 : truncated;
 }
 
-/// The value wrapped into the half-open interval from a to b. One inside is returned bit for bit; any other goes
-/// through the fraction of a quotient and carries its rounding, so that one within rounding below `a` may give `b`
-/// itself. NaN for an infinite value and for an empty interval.
+/// The value wrapped into the half-open interval from a to b. A value inside is returned bit for bit. Any other goes
+/// through the fraction of a quotient and carries its rounding error, so that a value that is hardly below `a` may give
+/// `b` itself. The answer is NaN for an infinite value and for an empty interval.
 constexpr double CGFloatRestrictToInterval(double v, double a, double b)
 {
     if (a <= v && v < b)
         return v;
-    // Nothing is subtracted and added for an interval from 0: whole turns are the usual one.
+    // An interval from 0, such as a full turn, is the usual one and needs no subtraction and addition.
     if (a == 0) {
         const double q = v / b;
         return (q - ZelFloor(q)) * b;
@@ -65,8 +66,8 @@ constexpr double CGFloatRestrictToInterval(double v, double a, double b)
     return (q - ZelFloor(q)) * (b - a) + a;
 }
 
-/// The next whole number downwards, where a value up to 0.00001 below a whole number counts as that number. Values
-/// beyond the integers give the first or last of them; NaN gives 0.
+/// The next whole number downwards; a value up to 0.00001 below a whole number counts as that number. Values beyond the
+/// integers give the least or greatest integer, and NaN gives 0.
 constexpr qint64 CGFloorWithEpsilon(double v)
 {
     constexpr double limit = 9223372036854775808.0; // 2^63
@@ -98,8 +99,8 @@ constexpr double ZelRestrictDegrees(double angle)
     return CGFloatRestrictToInterval(angle, 0, 360);
 }
 
-/// The signed turn from angle a to angle b, the short way round. One full turn is taken off at most: angles more than
-/// three half turns apart are to be restricted first.
+/// The signed turn from angle a to angle b, the short way round. At most one full turn is added or subtracted: restrict
+/// angles first that are more than three half turns apart.
 constexpr double ZelDiffAngle(double a, double b)
 {
     const double d = b - a;

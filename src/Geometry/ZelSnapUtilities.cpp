@@ -36,7 +36,8 @@ private:
             QRectF(CGRectGetMinX(rect), CGRectGetMinY(rect), std::abs(rect.width()), std::abs(rect.height())));
     }
 
-    // Nothing but a scale is divided by: the inverse of 1.5 is rounded, and 3 pixels would not be 2 points.
+    // A mere scale is undone by division, not by the inverse, which is rounded: with that of 1.5, 3 pixels would not be
+    // exactly 2 points.
     bool isScale() const { return m_toDevice.type() <= QTransform::TxScale; }
 
     QPointF fromDevice(const QPointF &point) const
@@ -50,7 +51,7 @@ private:
         return isScale() ? QSizeF(size.width() / m_toDevice.m11(), size.height() / m_toDevice.m22())
                          : map(m_toUser, size);
     }
-    /// A negative size, which less than a pixel snaps to, stays negative.
+    /// A negative size, to which less than a pixel may snap, stays negative.
     QRectF fromDevice(const QRectF &rect) const
     {
         if (!isScale())
@@ -75,18 +76,18 @@ Value changedOnPainter(const QPainter *context, const Value &value, const Block 
     return DeviceSpace(context->deviceTransform()).changed(value, block);
 }
 
-/// Whether there is something to call, and somewhere. The functions give themselves by their signatures.
+/// Asserts that there is an active painter and a block. The signature of the calling function is its location.
 bool requireDevice(const QPainter *context, bool hasBlock, const char *signature)
 {
     return ZelCheck(context && context->isActive(), QStringLiteral("Missing context"), signature) &&
            ZelCheck(hasBlock, QStringLiteral("Missing dispatch block"), signature);
 }
 
-constexpr char PointSignature[] =
+constexpr char g_pointSignature[] =
     "CGPoint ZelTransformPointInDeviceSpace(CGContextRef, CGPoint, __strong ZelPointTransformBlock)";
-constexpr char SizeSignature[] =
+constexpr char g_sizeSignature[] =
     "CGSize ZelTransformSizeInDeviceSpace(CGContextRef, CGSize, __strong ZelSizeTransformBlock)";
-constexpr char RectSignature[] =
+constexpr char g_rectSignature[] =
     "CGRect ZelTransformRectInDeviceSpace(CGContextRef, CGRect, __strong ZelRectTransformBlock)";
 
 template<typename Value, typename Block>
@@ -106,36 +107,36 @@ Value changedInBacking(const QWidget *view, const Value &value, const Block &blo
 QPointF ZelTransformPointInDeviceSpace(const QPainter *context, const QPointF &point,
                                        const ZelPointTransformBlock &block)
 {
-    return requireDevice(context, bool(block), PointSignature) ? changedOnPainter(context, point, block) : point;
+    return requireDevice(context, bool(block), g_pointSignature) ? changedOnPainter(context, point, block) : point;
 }
 
 QSizeF ZelTransformSizeInDeviceSpace(const QPainter *context, const QSizeF &size, const ZelSizeTransformBlock &block)
 {
-    return requireDevice(context, bool(block), SizeSignature) ? changedOnPainter(context, size, block) : size;
+    return requireDevice(context, bool(block), g_sizeSignature) ? changedOnPainter(context, size, block) : size;
 }
 
 QRectF ZelTransformRectInDeviceSpace(const QPainter *context, const QRectF &rect, const ZelRectTransformBlock &block)
 {
-    return requireDevice(context, bool(block), RectSignature) ? changedOnPainter(context, rect, block) : rect;
+    return requireDevice(context, bool(block), g_rectSignature) ? changedOnPainter(context, rect, block) : rect;
 }
 
 QPointF ZelSnapPointInDeviceSpace(const QPainter *context, const QPointF &point, ZelSnapMode mode, bool halfPoints)
 {
-    if (!requireDevice(context, true, PointSignature))
+    if (!requireDevice(context, true, g_pointSignature))
         return point;
     return changedOnPainter(context, point, [=](const QPointF &p) { return ZelSnapPoint(p, mode, halfPoints); });
 }
 
 QSizeF ZelSnapSizeInDeviceSpace(const QPainter *context, const QSizeF &size, ZelSnapMode mode, bool halfPoints)
 {
-    if (!requireDevice(context, true, SizeSignature))
+    if (!requireDevice(context, true, g_sizeSignature))
         return size;
     return changedOnPainter(context, size, [=](const QSizeF &s) { return ZelSnapSize(s, mode, halfPoints); });
 }
 
 QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, ZelSnapMode mode, bool halfPoints)
 {
-    if (!requireDevice(context, true, RectSignature))
+    if (!requireDevice(context, true, g_rectSignature))
         return rect;
     return changedOnPainter(context, rect, [=](const QRectF &r) { return ZelSnapRect(r, mode, halfPoints); });
 }

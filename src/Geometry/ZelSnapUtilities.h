@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/ZelExport.h"
 #include "Geometry/ZelRect.h"
-#include "Platform/Runtime/ZelAssertions.h"
 
 #include <QSizeF>
 #include <QTransform>
@@ -19,7 +20,8 @@ enum ZelSnapMode : qint64 {
     ZelSnapModeRound, ///< halves go away from zero
 };
 
-/// Asserts "Unexpected case" for a mode that is none, and leaves the value as it is.
+/// Snaps a value to a whole number or, with `halfPoints`, to a whole number and a half. Asserts "Unexpected case" for a
+/// mode that does not exist, and leaves the value as it is.
 inline double ZelSnapValue(double v, ZelSnapMode mode, bool halfPoints)
 {
     const double shift = halfPoints ? 0.5 : 0.0;
@@ -49,11 +51,12 @@ inline QSizeF ZelSnapSize(const QSizeF &size, ZelSnapMode mode, bool halfPoints)
 
 namespace ZelSnapping {
 
-/// Up to here a double holds halves, and the sum with Shifter leaves no room for less than a whole.
+/// Below this a double holds halves. The sum with Shifter is so large that a double holds only whole numbers, so that
+/// adding and subtracting Shifter rounds.
 inline constexpr double Limit = 0x1p51;
 inline constexpr double Shifter = 0x1.8p52;
 
-/// The library's roundings of numbers below the limit; a zero has no sign.
+/// Rounds numbers below the limit as ZelFloor, ZelCeil and ZelRound do, but a zero has no sign.
 template<ZelSnapMode Mode> constexpr double rounded(double v)
 {
     const double nearest = (v + Shifter) - Shifter; // halves to even
@@ -94,8 +97,8 @@ struct Edges
 
 } // namespace ZelSnapping
 
-/// Snaps the edges. Unlike those of a point, floor and ceiling mean inward and outward: to the pixels that are covered
-/// wholly, where less than one pixel leaves a negative size, and to every pixel that is touched. Every other mode
+/// Snaps the edges. Other than for a point, floor means inward, to the pixels that are wholly covered (if there is less
+/// than one, the size becomes negative), and ceiling means outward, to all pixels that are touched. Every other mode
 /// rounds each edge. A negative size is made positive first.
 inline QRectF ZelSnapRect(const QRectF &rect, ZelSnapMode mode, bool halfPoints)
 {
@@ -115,33 +118,39 @@ using ZelPointTransformBlock = std::function<QPointF(const QPointF &)>;
 using ZelSizeTransformBlock = std::function<QSizeF(const QSizeF &)>;
 using ZelRectTransformBlock = std::function<QRectF(const QRectF &)>;
 
-// Values changed in the device pixels of a painter: its transformation, its device's pixel ratio and, in a paint event,
-// the place of the widget in the window count. The block gets the value in device pixels and returns it so.
+// These functions change a value in the device pixels of a painter. Its transformation, its device's pixel ratio and,
+// in a paint event, the place of the widget in the window count. The block gets and returns the value in device pixels.
 //
-// A rectangle becomes the smallest upright one that holds it: one that is to come back as it was must not be rotated. A
-// size is mapped as a vector and may change its signs. Under a transformation that cannot be undone the value comes
-// back unchanged and the block is not called.
+// A rectangle becomes the smallest upright one that holds it, so it comes back larger under a rotation. A size is
+// mapped as a vector and may change its signs. If the transformation cannot be inverted, the value comes back unchanged
+// and the block is not called.
 //
-// Asserts "Missing context" without a painter or for one that does not paint at the moment, and "Missing dispatch
-// block".
+// They assert "Missing context" without a painter and for one that is not painting, and "Missing dispatch block"
+// without a block.
 
-QPointF ZelTransformPointInDeviceSpace(const QPainter *context, const QPointF &point,
-                                       const ZelPointTransformBlock &block);
-QSizeF ZelTransformSizeInDeviceSpace(const QPainter *context, const QSizeF &size, const ZelSizeTransformBlock &block);
-QRectF ZelTransformRectInDeviceSpace(const QPainter *context, const QRectF &rect, const ZelRectTransformBlock &block);
+ZEL_EXPORT QPointF ZelTransformPointInDeviceSpace(const QPainter *context, const QPointF &point,
+                                                  const ZelPointTransformBlock &block);
+ZEL_EXPORT QSizeF ZelTransformSizeInDeviceSpace(const QPainter *context, const QSizeF &size,
+                                                const ZelSizeTransformBlock &block);
+ZEL_EXPORT QRectF ZelTransformRectInDeviceSpace(const QPainter *context, const QRectF &rect,
+                                                const ZelRectTransformBlock &block);
 
-QPointF ZelSnapPointInDeviceSpace(const QPainter *context, const QPointF &point, ZelSnapMode mode, bool halfPoints);
-QSizeF ZelSnapSizeInDeviceSpace(const QPainter *context, const QSizeF &size, ZelSnapMode mode, bool halfPoints);
-QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, ZelSnapMode mode, bool halfPoints);
+ZEL_EXPORT QPointF ZelSnapPointInDeviceSpace(const QPainter *context, const QPointF &point, ZelSnapMode mode,
+                                             bool halfPoints);
+ZEL_EXPORT QSizeF ZelSnapSizeInDeviceSpace(const QPainter *context, const QSizeF &size, ZelSnapMode mode,
+                                           bool halfPoints);
+ZEL_EXPORT QRectF ZelSnapRectInDeviceSpace(const QPainter *context, const QRectF &rect, ZelSnapMode mode,
+                                           bool halfPoints);
 
-/// Values changed in the pixels of a widget's backing store, outside of painting:
+/// Changes values in the pixels of a widget's backing store, outside of painting:
 /// `ZelSnapUtilities(view).snapRectInBacking(rect, ZelSnapModeRound, false)`.
 ///
-/// The widget's device pixel ratio and its place in the window count: under a ratio such as 1.5, a child at an odd
-/// coordinate begins in the middle of a pixel. So does the scale of a view whose bounds differ from its frame, as in a
-/// magnified document. Other scales of its painting do not; a painter knows them. Without a widget the coordinates are
-/// taken for pixels. Asserts a missing block as "block" and returns the value unchanged.
-class ZelSnapUtilities
+/// The widget's device pixel ratio counts, and its place in the window: under a ratio such as 1.5, a child at an odd
+/// coordinate begins in the middle of a pixel. The scale of a view whose bounds differ from its frame, as in a
+/// magnified document, counts as well. Other scales that its painting uses do not count; only a painter knows them.
+/// Without a widget the coordinates are taken for pixels. Asserts "block" if there is none, and returns the value
+/// unchanged.
+class ZEL_EXPORT ZelSnapUtilities
 {
 public:
     explicit ZelSnapUtilities(const QWidget *view)
@@ -151,7 +160,7 @@ public:
 
     /// Maps a widget's own coordinates to those in which Qt places it.
     using UserSpace = QTransform (*)(const QWidget *view);
-    /// Set by the views, which may have coordinates of their own.
+    /// The views call this, because they may have coordinates of their own.
     static void setUserSpace(UserSpace userSpace);
 
     QPointF transformPointInBacking(const QPointF &point, const ZelPointTransformBlock &block) const;

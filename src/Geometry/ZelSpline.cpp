@@ -8,16 +8,15 @@
 
 namespace {
 
-// Halving ends by itself: a piece is flat at the latest when it is smaller than the flatness. Two things are in the way
-// of that. Far out, where the step from one double to the next comes near to the flatness, a half may be no smaller
-// than the whole; and as a piece gets flat at about the root of the curve's extent, those of a huge curve are too many
-// to be visited.
+// Halving ends by itself, since a piece is flat at the latest when it is smaller than the flatness. There are two
+// exceptions. Far out, where the step from one double to the next comes near to the flatness, a half may be no smaller
+// than the whole. And as a piece gets flat at about the root of the curve's extent, a huge curve has too many of them.
 
-/// Coordinates and extents, in points, of curves that are halved to the end.
-constexpr double Farthest = 0x1p48;
-constexpr double Largest = 0x1p44;
-/// How often others are halved.
-constexpr int LevelsOfOthers = 20;
+/// Curves up to these coordinates and extents, in points, are halved to the end.
+constexpr double g_farthest = 0x1p48;
+constexpr double g_largest = 0x1p44;
+/// The number of times that other curves are halved.
+constexpr int g_levelsOfOthers = 20;
 
 struct Segment
 {
@@ -26,13 +25,13 @@ struct Segment
     bool isFlat() const { return ZelSplineIsLinear(p0, p1, p2, p3); }
     bool isFinite() const
     {
-        // A zero for each coordinate, or NaN.
+        // Each coordinate times zero is zero, or NaN if the coordinate is infinite or NaN.
         const QPointF sum = p0 * 0 + p1 * 0 + p2 * 0 + p3 * 0;
         return sum.x() == 0 && sum.y() == 0;
     }
     double chord() const
     {
-        // The root is a third of the price of a length that cannot overflow.
+        // A plain root takes a third of the time of a length that cannot overflow.
         const double dx = p3.x() - p0.x();
         const double dy = p3.y() - p0.y();
         const double squared = dx * dx + dy * dy;
@@ -44,8 +43,8 @@ struct Segment
         const auto isWithin = [](const QPointF &way, double limit) {
             return std::abs(way.x()) < limit && std::abs(way.y()) < limit;
         };
-        return isWithin(p0, Farthest) && isWithin(p1 - p0, Largest) && isWithin(p2 - p0, Largest) &&
-               isWithin(p3 - p0, Largest);
+        return isWithin(p0, g_farthest) && isWithin(p1 - p0, g_largest) && isWithin(p2 - p0, g_largest) &&
+               isWithin(p3 - p0, g_largest);
     }
 };
 
@@ -66,7 +65,7 @@ struct Halves
     }
 };
 
-/// A negative number of levels never comes to its end.
+/// The length of the segment, halved at most so many times; a negative number sets no limit.
 double lengthOf(const Segment &segment, int levels)
 {
     if (levels == 0 || segment.isFlat())
@@ -105,7 +104,7 @@ double ZelSplineGetTotalLength(const QPointF &p0, const QPointF &p1, const QPoin
     const Segment segment{p0, p1, p2, p3};
     if (segment.endsByItself())
         return lengthOf(segment, -1);
-    return segment.isFinite() ? lengthOf(segment, LevelsOfOthers) : std::numeric_limits<double>::quiet_NaN();
+    return segment.isFinite() ? lengthOf(segment, g_levelsOfOthers) : std::numeric_limits<double>::quiet_NaN();
 }
 
 double ZelSplineParameterForLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3,
@@ -114,7 +113,8 @@ double ZelSplineParameterForLength(const QPointF &p0, const QPointF &p1, const Q
     const Segment segment{p0, p1, p2, p3};
     if (length <= 0 || segment.endsByItself())
         return parameterOf(segment, length, -1);
-    return segment.isFinite() ? parameterOf(segment, length, LevelsOfOthers) : std::numeric_limits<double>::quiet_NaN();
+    return segment.isFinite() ? parameterOf(segment, length, g_levelsOfOthers)
+                              : std::numeric_limits<double>::quiet_NaN();
 }
 
 void ZelSplineGetSubdivisionAtParameter(bool first, QPointF &out0, QPointF &out1, QPointF &out2, QPointF &out3,

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QPointF>
 
 // A cubic spline segment is given by its start p0, its two handles p1 and p2, and its end p3. Its parameter t runs from
 // 0 at the start to 1 at the end.
 //
-// It is measured by halving until every piece is flat, and taking the pieces for straight lines. How flat is a fixed
-// distance, so that a smooth curve of pixels or points is measured to a fraction of one whatever its size (one with a
-// hairpin less well), and one as small as a point is taken for straight. Two consequences of the rules for a flat piece
-// and for a line: a segment that ends where it starts counts as flat and has no length (split a loop first), and a flat
-// piece parallel to an axis and running towards smaller coordinates counts negative (see ZelLineGetLength).
+// It is measured by halving it until every piece is flat, and taking the pieces for straight lines. A piece is flat by
+// a fixed distance. A smooth curve in pixels or points is therefore measured to a fraction of one, whatever its size (a
+// curve with a hairpin less well), and a curve as small as a point is taken for straight. The rules for flat pieces and
+// for lines have two consequences: a segment that ends where it starts counts as flat and has no length (split a loop
+// first), and a flat piece that is parallel to an axis and runs towards smaller coordinates counts negative (see
+// ZelLineGetLength).
 
 /// The flatness factor.
 inline constexpr double m_distance_tolerance = 0.5;
@@ -33,7 +36,7 @@ constexpr double ZelSplineTerm4(double t)
     return t * t * t;
 }
 
-/// The point at the parameter, which is held between 0 and 1.
+/// The point at the parameter, which is limited to 0 to 1.
 constexpr QPointF ZelSplineGetPointAtParameter(const QPointF &p0, const QPointF &p1, const QPointF &p2,
                                                const QPointF &p3, double t)
 {
@@ -64,14 +67,15 @@ constexpr bool ZelSplineIsLinear(const QPointF &p0, const QPointF &p1, const QPo
 /// The arc length. The effort grows with the root of the curve's size. Curves of more than 10^13 points, and those more
 /// than 10^14 away from the origin, are halved twenty times, which still gives the length to ten digits. NaN where
 /// a coordinate is infinite or NaN.
-double ZelSplineGetTotalLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3);
+ZEL_EXPORT double ZelSplineGetTotalLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3);
 
-/// The parameter at which the arc from p0 has the given length: 0 for none or a negative one, 1 for the whole length or
+/// The parameter at which the arc from p0 has the given length: 0 for a length of 0 or less, 1 for the whole length or
 /// more. Within a flat piece it is proportional to the way along the chord.
-double ZelSplineParameterForLength(const QPointF &p0, const QPointF &p1, const QPointF &p2, const QPointF &p3,
-                                   double length);
+ZEL_EXPORT double ZelSplineParameterForLength(const QPointF &p0, const QPointF &p1, const QPointF &p2,
+                                              const QPointF &p3, double length);
 
-/// Stores the control points of the piece from 0 to t if `first`, or else of that from t to 1. The parameter is held
-/// between 0 and 1, where one piece is a point. The results may be the same variables as the segment.
-void ZelSplineGetSubdivisionAtParameter(bool first, QPointF &out0, QPointF &out1, QPointF &out2, QPointF &out3,
-                                        QPointF p0, QPointF p1, QPointF p2, QPointF p3, double t);
+/// Stores the control points of the piece from 0 to t if `first`, and of that from t to 1 otherwise. The parameter is
+/// limited to 0 to 1; at these ends one of the pieces is a point. The results may be the same variables as the segment.
+ZEL_EXPORT void ZelSplineGetSubdivisionAtParameter(bool first, QPointF &out0, QPointF &out1, QPointF &out2,
+                                                   QPointF &out3, QPointF p0, QPointF p1, QPointF p2, QPointF p3,
+                                                   double t);

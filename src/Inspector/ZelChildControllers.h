@@ -21,11 +21,11 @@ public:
         return result;
     }
 
-    /// For walks during which children may die.
+    /// The same for walks during which children may die, which makes their pointers null.
     QList<QPointer<ZelViewController>> pointers() const { return {m_children.begin(), m_children.end()}; }
 
-    /// Takes over the list, without null pointers, and makes the parent that of all children. Children that are no
-    /// longer in the list keep their parent. Whether the list differs from the former one.
+    /// Takes over the list without its null pointers, and makes `parent` the parent of every child in it. Children that
+    /// are no longer in the list keep their parent. Returns whether the list differs from the former one.
     bool assign(const QList<Child *> &children, QObject *parent)
     {
         QList<QPointer<Child>> assigned;

@@ -2,14 +2,14 @@
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
 #include "Blocks/ZelNamedTransformers.h"
-#include "Inspector/ZelDescriptionCheck.h"
-#include "Inspector/ZelDescriptionFiles.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/KeyValue/ZelClassRegistry.h"
+#include "Inspector/Description/private/ZelDescriptionCheck.h"
+#include "Inspector/Description/private/ZelDescriptionFiles.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelClassRegistry.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
 
 #include <typeinfo>
 
@@ -22,7 +22,7 @@ const QString g_expectedElement = QStringLiteral("Expected inspector element: ")
 
 void applyCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
 {
-    // The transformer first: the key path may be evaluated at once.
+    // The transformer is set first, since setting the key path may evaluate the condition at once.
     container.setVisibleValueTransformer(configuration.valueTransformerForAttributeNamed(
         u"visibleValueTransformer", container.visibleValueTransformer()));
     container.setVisibleKeyPath(configuration.keyPathValueNamed(u"visibleKeyPath", container.visibleKeyPath()));
@@ -34,7 +34,7 @@ void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const C
     applyCondition(container, configuration);
 }
 
-/// What an element stands for from which an object of the class is made.
+/// The role (see ZelDescriptionSchema) of the elements from which objects of the class are made.
 template<typename Class> constexpr QStringView roleOf = {};
 template<> constexpr QStringView roleOf<ZelTabbedInspector> = u"panes";
 template<> constexpr QStringView roleOf<ZelInspectorPane> = u"pane";
@@ -55,12 +55,12 @@ template<typename Class> Class *Generator::buildPlaced(Builder<Class> build, con
         descriptionCheck().check(configuration, roleOf<Class>);
         made = (this->*build)(configuration);
     });
-    if (made && made->place().isEmpty()) // else it was made from an included file
+    if (made && made->place().isEmpty()) // what an included file describes has its place there
         made->setPlace(configuration.place());
     return made;
 }
 
-/// Keeps the files of a description open for the outermost building operation.
+/// Keeps the files of a description while the outermost building operation runs.
 class Generator::Build
 {
 public:
@@ -137,7 +137,7 @@ ZelInspectorSlice *Generator::createSlice()
     return createRoot(u"slice", QStringLiteral("Expected slice element: "), &Generator::createSliceForConfiguration);
 }
 
-/// A generator of an application's may read what this one does not know.
+/// The check is open for subclasses of the generator, which may read attributes that this class does not know.
 ZelDescriptionCheck Generator::descriptionCheck() const
 {
     const auto report = [this](const QString &message, const ZelSourcePlace &place) {
@@ -163,7 +163,7 @@ Class *Generator::buildIncluded(const QUrl &url, QStringView rootName, Builder<C
     return buildPlaced(build, file.root());
 }
 
-/// What the file that the element includes describes; null where it includes none.
+/// Builds what the file that the element includes describes; null if it includes none.
 template<typename Class>
 std::unique_ptr<Class> Generator::buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from)
 {
@@ -177,7 +177,7 @@ Child *Generator::buildChild(Builder<Child> build, const Configuration &configur
     const ZelDescriptionFiles::Entered entered(m_files.get(), configuration);
     Child *child = buildPlaced(build, configuration);
     if (child)
-        child->setParent(parent); // at once, so that it goes with its parent should a later one fail
+        child->setParent(parent); // now, so that the parent deletes it if a later child fails
     return child;
 }
 
@@ -212,7 +212,8 @@ QList<ZelInspectorConditionalContainer *> Generator::buildSliversAndChoosers(con
     return children;
 }
 
-/// Null, and an assertion, unless the class that the element names derives from the base.
+/// Makes an object of the class that the element names. A class that is not registered or does not derive from the base
+/// is an assertion, and null.
 QObject *Generator::createOfClass(const Configuration &configuration, const QString &defaultName,
                                   const QMetaObject *base) const
 {
@@ -270,7 +271,7 @@ ZelInspector *Generator::createInspectorForConfiguration(const Configuration &co
         ZelFail(QStringLiteral("No slice in the configuration"), configuration.place());
         return inspector.release();
     }
-    // The slices here take the place of those of the file.
+    // The slices of this element replace those of the included file.
     const QList<ZelInspectorSlice *> ofFile = inspector->slices();
     inspector->setSlices(
         buildChildren(u"slice", &Generator::createSliceForConfiguration, configuration, inspector.get()));
@@ -308,7 +309,7 @@ ZelInspectorChooser *Generator::createChooserForConfiguration(const Configuratio
     auto chooser = buildFromFile(u"slice", &Generator::createChooserForConfiguration, configuration);
     if (!chooser)
         chooser = std::make_unique<ZelInspectorChooser>(m_owner);
-    chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // as it stands, like a sliver's
+    chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // not localized, like a sliver's
     chooser->setKeyPath(configuration.keyPathValueNamed(u"keyPath", chooser->keyPath()));
     applyCondition(*chooser, configuration);
     chooser->setActionSelector(configuration.selectorValueNamed(u"actionSelector", chooser->actionSelector()));

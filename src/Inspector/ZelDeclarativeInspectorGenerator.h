@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/ZelDeclarativeInspectorGeneratorDelegate.h"
-#include "Inspector/ZelInspectorConfiguration.h"
 
 #include <QIcon>
 #include <QObject>
 #include <QPointer>
 #include <memory>
+#include <span>
 
 class ZelDescriptionCheck;
 class ZelDescriptionFiles;
@@ -33,16 +35,16 @@ class ZelTabbedInspector;
 ///     ZelTabbedInspector *inspector = generator.createTabbedInspector();
 ///     layout->addWidget(inspector->view());
 ///
-/// What is made belongs to the caller, controllers below it to their QObject parents. Views are not made, key paths are
-/// evaluated only where a condition of an inspector or a slice has one. Every call reads the files anew; the generator
-/// may go afterwards.
+/// The caller owns what is made; the controllers below it belong to their QObject parents. Views are not made yet, and
+/// no key paths are evaluated except those of the conditions of inspectors and slices. Every call reads the files
+/// again. The generator may be deleted afterwards.
 ///
 /// A file that cannot be read, that includes itself, or that includes too much is a ZelGenericException, "Unable to
 /// read file from URL ...: ..."; whatever else is wrong in a description is an assertion. Both carry the place in the
-/// file. What is only ignored, such as an unknown attribute, or read otherwise than it was meant, such as a text for a
-/// number, is a warning in the log. When an exception ends a call, what was built so far is deleted. When an assertion
-/// handler returns, the element or value concerned is left out.
-class ZelDeclarativeInspectorGenerator : public QObject
+/// file. Attributes that are unknown and therefore ignored, and texts that are no value of their attribute's kind, such
+/// as a word where a number belongs, are warnings in the log. When an exception ends a call, what was built so far is
+/// deleted. When an assertion handler returns, the element or value concerned is left out.
+class ZEL_EXPORT ZelDeclarativeInspectorGenerator : public QObject
 {
     Q_OBJECT
 public:
@@ -52,20 +54,20 @@ public:
     /// The description: a local file or a Qt resource. Files that it includes are resources of the application.
     const QUrl &url() const { return m_url; }
     void setUrl(const QUrl &url) { m_url = url; }
-    /// Given to everything that is made, and held weakly there and here.
+    /// The owner of everything that is made. It is held weakly, here and there.
     QObject *owner() const { return m_owner; }
     void setOwner(QObject *owner) { m_owner = owner; }
-    /// Not owned; one that is a QObject may die first. Null by default.
+    /// The delegate is not owned. If it is a QObject, it may die first. Null by default.
     ZelDeclarativeInspectorGeneratorDelegate *delegate() const;
     void setDelegate(ZelDeclarativeInspectorGeneratorDelegate *delegate);
 
-    // From the description, whose root is an element "panes", "pane" or "slice".
+    // These build the whole description, whose root has to be an element "panes", "pane" and "slice" respectively.
     ZelTabbedInspector *createTabbedInspector();
     ZelInspectorPane *createPane();
     ZelInspectorSlice *createSlice();
 
-    // From one element. They are called by each other, and may be overridden to take part in the building. Null is left
-    // out by the caller.
+    // These build one element each. They call each other, and may be overridden to take part in the building. The
+    // caller leaves out what is null.
     using Configuration = ZelInspectorConfiguration;
     virtual ZelTabbedInspector *createTabbedInspectorForConfiguration(const Configuration &configuration);
     virtual ZelInspectorPane *createPaneForConfiguration(const Configuration &configuration);
@@ -77,7 +79,7 @@ public:
     virtual ZelInspectorSliver *createSliverForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createPropertyForConfiguration(const Configuration &configuration);
 
-    // From an element "property" of that type.
+    // These build an element "property" of one type each.
     virtual ZelInspectorProperty *createBooleanPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createActionPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createSimpleActionPropertyForConfiguration(const Configuration &configuration);
@@ -86,7 +88,7 @@ public:
     virtual ZelInspectorProperty *createStringPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createAttributedStringPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createEnumerationPropertyForConfiguration(const Configuration &configuration);
-    /// Make the editor alone; createEnumerationPropertyForConfiguration reads the attributes.
+    /// These two only make the editor; createEnumerationPropertyForConfiguration reads the attributes.
     virtual ZelInspectorEnumerationProperty *
     createTextEnumerationPropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorEnumerationProperty *
@@ -97,13 +99,14 @@ public:
     virtual ZelInspectorProperty *createResourcePropertyForConfiguration(const Configuration &configuration);
     virtual ZelInspectorProperty *createFrameProperty(const Configuration &configuration);
     virtual ZelInspectorProperty *createSizeProperty(const Configuration &configuration);
-    /// No type leads here: "point" makes a size editor. For subclasses that want one for their own types.
+    /// The generator itself never calls this: the type "point" makes a size editor. Subclasses may call it for types of
+    /// their own.
     virtual ZelInspectorProperty *createPointProperty(const Configuration &configuration);
     virtual ZelInspectorProperty *createCustomPropertyForConfiguration(const Configuration &configuration);
 
 private:
     class Build;
-    struct PropertyType;
+    struct EditorType;
     template<typename Class> using Builder = Class *(ZelDeclarativeInspectorGenerator::*)(const Configuration &);
 
     template<typename Class> Class *createRoot(QStringView rootName, const QString &mismatch, Builder<Class> build);
@@ -111,7 +114,7 @@ private:
     Class *buildIncluded(const QUrl &url, QStringView rootName, Builder<Class> build, const Configuration &from);
     template<typename Class>
     std::unique_ptr<Class> buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from);
-    /// Builds, and tells what was made the place of its element.
+    /// Builds, and sets the place of the element on what was built.
     template<typename Class> Class *buildPlaced(Builder<Class> build, const Configuration &configuration);
     template<typename Child>
     Child *buildChild(Builder<Child> build, const Configuration &configuration, QObject *parent);
@@ -127,10 +130,10 @@ private:
     QIcon imageValue(const Configuration &configuration) const;
 
     // Properties
-    /// Registers the classes that make editors, so that descriptions may name them.
+    /// Registers the classes of the library's editors, so that descriptions may name them.
     static void registerEditors();
-    static const PropertyType *propertyTypeNamed(const QString &name);
-    template<typename Class> std::unique_ptr<Class> makeProperty(const Configuration &configuration) const;
+    static std::span<const EditorType> editorTypes();
+    template<typename Class> ZelInspectorProperty *makeEditor(const Configuration &configuration);
     QList<ZelOptionGroup *> createOptionGroups(const Configuration &configuration, QObject *parent) const;
     QList<ZelOption *> createOptions(const Configuration &configuration, QObject *parent) const;
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "Core/KeyValue/ZelClassRegistry.h"
+#include "Inspector/Description/private/ZelDescriptionCheck.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
@@ -16,16 +18,15 @@
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
-#include "Inspector/Properties/ZelOptionValue.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Inspector/Properties/private/ZelOptionValue.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
-#include "Inspector/ZelDescriptionCheck.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
-#include "Platform/Resources/ZelBundle.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelClassRegistry.h"
+#include "Resources/ZelBundle.h"
+#include "Resources/ZelNamedImages.h"
 
-#include <limits>
+#include <algorithm>
+#include <span>
 
 // The part of the generator that makes editors from elements "property".
 
@@ -34,181 +35,99 @@ using Configuration = ZelInspectorConfiguration;
 
 namespace {
 
-/// What the application has registered stays.
-template<typename... Classes> void registerMissing()
+/// Registers the class unless the application has registered one under its name.
+template<typename Class> void registerMissing()
 {
-    const auto registerOne = []<typename Class>(Class *) {
-        if (!ZelClassRegistry::hasClass(QString::fromLatin1(Class::staticMetaObject.className())))
-            ZelClassRegistry::registerClass<Class>();
-    };
-    (registerOne(static_cast<Classes *>(nullptr)), ...);
-}
-
-/// Reports at the generator, of which this file is a part.
-void fail(const QString &message, const Configuration &configuration)
-{
-    ZelFail(message, configuration.place(), "src/Inspector/ZelDeclarativeInspectorGenerator.cpp");
-}
-
-void applyCommonAttributes(ZelInspectorProperty &property, const Configuration &configuration)
-{
-    property.setTitle(configuration.localizedStringValueNamed(u"title"));
-    property.setTitleKeyPath(configuration.keyPathValueNamed(u"titleKeyPath"));
-    property.setKeyPath(configuration.keyPathValueNamed(u"keyPath"));
-    property.setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
-    property.setEnabled(configuration.booleanValueNamed(u"enabled", true));
-    property.setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
-    property.setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
-    property.setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
-    property.setActionName(configuration.localizedStringValueNamed(u"actionName"));
-}
-
-std::optional<quint64> bitsValue(const Configuration &configuration, QStringView name)
-{
-    if (!configuration.hasValueNamed(name))
-        return std::nullopt;
-    return configuration.unsignedIntegerValueNamed(name);
-}
-
-/// One of the texts that an attribute may have, in any case, and what it stands for.
-struct Word
-{
-    const char *text;
-    uint value;
-};
-
-/// Stores what the text stands for. Any other text is an assertion, and stores nothing.
-void applyWord(uint &value, const QString &text, std::initializer_list<Word> words, const QString &message,
-               const Configuration &configuration)
-{
-    for (const Word &word : words) {
-        if (text.compare(QLatin1String(word.text), Qt::CaseInsensitive) == 0) {
-            value = word.value;
-            return;
-        }
-    }
-    fail(message + text, configuration);
-}
-
-void applyFormatStyle(uint &style, const Configuration &configuration)
-{
-    applyWord(
-        style, configuration.stringValueNamed(u"formatStyle", QStringLiteral("integer")),
-        {{"integer", ZelInspectorNumberProperty::IntegerStyle}, {"decimal", ZelInspectorNumberProperty::DecimalStyle}},
-        QStringLiteral("Unsupported format style: "), configuration);
-}
-
-void applySlider(uint &type, const Configuration &configuration)
-{
-    applyWord(type, configuration.stringValueNamed(u"slider", QStringLiteral("none")),
-              {{"none", ZelInspectorNumberProperty::NoSlider},
-               {"circular", ZelInspectorNumberProperty::CircularSlider},
-               {"linear", ZelInspectorNumberProperty::LinearSlider}},
-              QStringLiteral("Unsupported value: "), configuration);
-}
-
-void applyNumberFormat(ZelInspectorCompositeProperty &property, const Configuration &configuration)
-{
-    applyFormatStyle(property.formatStyle, configuration);
-    property.formatUnit = configuration.stringValueNamed(u"formatUnit");
-    property.increment = configuration.doubleValueNamed(u"increment", 1);
-    property.incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
-}
-
-/// A component keeps its usual title unless the description gives another.
-void applyComponentTitle(QString &title, QString &titleKeyPath, const QString &name, const Configuration &configuration)
-{
-    if (configuration.hasValueNamed(name))
-        title = configuration.localizedStringValueNamed(name);
-    titleKeyPath = configuration.keyPathValueNamed(QString(name + u"KeyPath"));
-}
-
-void applyPairAttributes(ZelInspectorPairProperty &property, const Configuration &configuration)
-{
-    property.setTitle({}); // the row's label stands beside the checkbox
-    property.setTitleKeyPath({});
-    property.nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
-    property.nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
-    applyNumberFormat(property, configuration);
+    if (!ZelClassRegistry::hasClass(QString::fromLatin1(Class::staticMetaObject.className())))
+        ZelClassRegistry::registerClass<Class>();
 }
 
 } // namespace
 
-void Generator::registerEditors()
-{
-    registerMissing<ZelInspectorActionProperty, ZelInspectorArrayProperty, ZelInspectorAttributedStringProperty,
-                    ZelInspectorBooleanProperty, ZelInspectorBoundsProperty, ZelInspectorColorProperty,
-                    ZelInspectorCustomProperty, ZelInspectorDateProperty, ZelInspectorFontProperty,
-                    ZelInspectorImageEnumerationProperty, ZelInspectorMenuActionProperty, ZelInspectorNumberProperty,
-                    ZelInspectorPointProperty, ZelInspectorResourceProperty, ZelInspectorSizeProperty,
-                    ZelInspectorStringProperty, ZelInspectorTextEnumerationProperty>();
-}
-
-/// The types in their order. One without a builder is known, but there is no editor for it.
-struct Generator::PropertyType
+/// One of the library's editor classes and the type of the elements from which it is made; the name is null if there is
+/// no such type.
+struct Generator::EditorType
 {
     QStringView name;
-    Builder<ZelInspectorProperty> build = nullptr;
+    const QMetaObject *metaObject;
+    void (*registerClass)();
+    Builder<ZelInspectorProperty> build;
+
+    template<typename Class>
+    static constexpr EditorType of(QStringView name = {},
+                                   Builder<ZelInspectorProperty> build = &Generator::makeEditor<Class>)
+    {
+        return {name, &Class::staticMetaObject, &registerMissing<Class>, build};
+    }
 };
 
-const Generator::PropertyType *Generator::propertyTypeNamed(const QString &name)
+template<typename Class> ZelInspectorProperty *Generator::makeEditor(const Configuration &configuration)
 {
-    static constexpr PropertyType types[] = {
-        {u"boolean", &Generator::createBooleanPropertyForConfiguration},
-        {u"action", &Generator::createActionPropertyForConfiguration},
-        {u"number", &Generator::createNumberPropertyForConfiguration},
-        {u"string", &Generator::createStringPropertyForConfiguration},
-        {u"enumeration", &Generator::createEnumerationPropertyForConfiguration},
-        {u"color", &Generator::createColorPropertyForConfiguration},
-        {u"date", &Generator::createDatePropertyForConfiguration},
-        {u"font", &Generator::createFontPropertyForConfiguration},
-        {u"resource", &Generator::createResourcePropertyForConfiguration},
-        {u"frame", &Generator::createFrameProperty},
-        {u"size", &Generator::createSizeProperty},
-        {u"point", &Generator::createSizeProperty},
-        {u"custom", &Generator::createCustomPropertyForConfiguration},
+    auto editor = std::make_unique<Class>(m_owner);
+    editor->configure(configuration);
+    return editor.release();
+}
+
+/// A type that has a virtual operation of its own names it here, so that subclasses may override the operation.
+std::span<const Generator::EditorType> Generator::editorTypes()
+{
+    static constexpr EditorType types[] = {
+        EditorType::of<ZelInspectorBooleanProperty>(u"boolean", &Generator::createBooleanPropertyForConfiguration),
+        EditorType::of<ZelInspectorActionProperty>(u"action", &Generator::createActionPropertyForConfiguration),
+        EditorType::of<ZelInspectorMenuActionProperty>(),
+        EditorType::of<ZelInspectorNumberProperty>(u"number", &Generator::createNumberPropertyForConfiguration),
+        EditorType::of<ZelInspectorStringProperty>(u"string", &Generator::createStringPropertyForConfiguration),
+        EditorType::of<ZelInspectorAttributedStringProperty>(),
+        EditorType::of<ZelInspectorTextEnumerationProperty>(u"enumeration",
+                                                            &Generator::createEnumerationPropertyForConfiguration),
+        EditorType::of<ZelInspectorImageEnumerationProperty>(),
+        EditorType::of<ZelInspectorColorProperty>(u"color", &Generator::createColorPropertyForConfiguration),
+        EditorType::of<ZelInspectorDateProperty>(u"date", &Generator::createDatePropertyForConfiguration),
+        EditorType::of<ZelInspectorFontProperty>(u"font", &Generator::createFontPropertyForConfiguration),
+        EditorType::of<ZelInspectorResourceProperty>(u"resource", &Generator::createResourcePropertyForConfiguration),
+        EditorType::of<ZelInspectorBoundsProperty>(u"frame", &Generator::createFrameProperty),
+        EditorType::of<ZelInspectorSizeProperty>(u"size", &Generator::createSizeProperty),
+        EditorType::of<ZelInspectorSizeProperty>(u"point", &Generator::createSizeProperty),
+        EditorType::of<ZelInspectorPointProperty>(),
+        EditorType::of<ZelInspectorArrayProperty>(),
+        EditorType::of<ZelInspectorCustomProperty>(u"custom", &Generator::createCustomPropertyForConfiguration),
     };
-    const auto type = std::find_if(std::begin(types), std::end(types), [&](const auto &t) { return t.name == name; });
-    return type == std::end(types) ? nullptr : type;
+    return types;
+}
+
+void Generator::registerEditors()
+{
+    for (const EditorType &type : editorTypes())
+        type.registerClass();
 }
 
 ZelInspectorProperty *Generator::createPropertyForConfiguration(const Configuration &configuration)
 {
     const QString name = configuration.stringValueNamed(u"type");
     if (name.isEmpty()) {
-        fail(QStringLiteral("Property type not given"), configuration);
+        ZelEditorAttributes::fail(QStringLiteral("Property type not given"), configuration);
         return nullptr;
     }
-    const PropertyType *type = propertyTypeNamed(name);
-    if (type && type->build)
+    const auto types = editorTypes();
+    const auto type = std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.name == name; });
+    if (type != types.end())
         return (this->*type->build)(configuration);
-    if (!type) {
-        const QUrl url = configuration.urlValueNamed(u"file");
-        if (!url.isEmpty())
-            return buildIncludedProperty(url, configuration);
-        ZelDeclarativeInspectorGeneratorDelegate *maker = delegate();
-        ZelInspectorProperty *property =
-            maker ? maker->declarativeInspectorGeneratorCreatePropertyForConfiguration(this, configuration) : nullptr;
-        if (property)
-            return property;
-        descriptionCheck().checkFile(configuration);
-    }
-    fail(u"Type not suppored: " + name, configuration);
+    const QUrl url = configuration.urlValueNamed(u"file");
+    if (!url.isEmpty())
+        return buildIncludedProperty(url, configuration);
+    ZelDeclarativeInspectorGeneratorDelegate *maker = delegate();
+    ZelInspectorProperty *property =
+        maker ? maker->declarativeInspectorGeneratorCreatePropertyForConfiguration(this, configuration) : nullptr;
+    if (property)
+        return property;
+    descriptionCheck().checkFile(configuration);
+    ZelEditorAttributes::fail(u"Type not suppored: " + name, configuration);
     return nullptr;
-}
-
-template<typename Class> std::unique_ptr<Class> Generator::makeProperty(const Configuration &configuration) const
-{
-    auto property = std::make_unique<Class>(m_owner);
-    applyCommonAttributes(*property, configuration);
-    return property;
 }
 
 ZelInspectorProperty *Generator::createBooleanPropertyForConfiguration(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorBooleanProperty>(configuration);
-    property->bits = bitsValue(configuration, u"bits");
-    return property.release();
+    return makeEditor<ZelInspectorBooleanProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createActionPropertyForConfiguration(const Configuration &configuration)
@@ -219,126 +138,82 @@ ZelInspectorProperty *Generator::createActionPropertyForConfiguration(const Conf
 
 ZelInspectorProperty *Generator::createSimpleActionPropertyForConfiguration(const Configuration &configuration)
 {
-    return makeProperty<ZelInspectorActionProperty>(configuration).release();
+    return makeEditor<ZelInspectorActionProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createMenuActionPropertyForConfiguration(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorMenuActionProperty>(configuration);
-    property->menuItemsKeyPath = configuration.keyPathValueNamed(u"menuItemsKeyPath");
-    return property.release();
+    return makeEditor<ZelInspectorMenuActionProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createNumberPropertyForConfiguration(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorNumberProperty>(configuration);
-    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
-    property->minimum = configuration.doubleValueNamed(u"minimum", 0);
-    property->minimumKeyPath = configuration.keyPathValueNamed(u"minimumKeyPath");
-    property->maximum = configuration.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
-    property->maximumKeyPath = configuration.keyPathValueNamed(u"maximumKeyPath");
-    property->increment = configuration.doubleValueNamed(u"increment", 1);
-    property->incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
-    property->slidesInSteps =
-        configuration.hasValueNamed(u"increment") || configuration.hasValueNamed(u"incrementKeyPath");
-    property->nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
-    property->nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
-    property->nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");
-    applyFormatStyle(property->formatStyle, configuration);
-    property->formatUnit = configuration.stringValueNamed(u"formatUnit");
-    applySlider(property->sliderType, configuration);
-    return property.release();
+    return makeEditor<ZelInspectorNumberProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createStringPropertyForConfiguration(const Configuration &configuration)
 {
-    if (configuration.booleanValueNamed(u"attributed"))
-        return createAttributedStringPropertyForConfiguration(configuration);
-    auto property = makeProperty<ZelInspectorStringProperty>(configuration);
-    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
-    property->allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
-    property->editable = configuration.booleanValueNamed(u"editable", true);
-    return property.release();
+    return configuration.booleanValueNamed(u"attributed")
+               ? createAttributedStringPropertyForConfiguration(configuration)
+               : makeEditor<ZelInspectorStringProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createAttributedStringPropertyForConfiguration(const Configuration &configuration)
 {
     ZelParagraphStyleInspector::useForEditors();
-    auto property = makeProperty<ZelInspectorAttributedStringProperty>(configuration);
-    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
-    property->allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
-    return property.release();
+    return makeEditor<ZelInspectorAttributedStringProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createColorPropertyForConfiguration(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorColorProperty>(configuration);
-    const QString name = configuration.stringValueNamed(u"colorList", QStringLiteral("System"));
-    property->colorList = ZelColorList::colorListNamed(name);
-    if (!property->colorList)
-        fail(u"No color list found with name " + name, configuration);
-    property->defaultColor = configuration.colorForValueNamed(u"defaultColor");
-    return property.release();
+    return makeEditor<ZelInspectorColorProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createDatePropertyForConfiguration(const Configuration &configuration)
 {
-    return makeProperty<ZelInspectorDateProperty>(configuration).release();
+    return makeEditor<ZelInspectorDateProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createFontPropertyForConfiguration(const Configuration &configuration)
 {
-    return makeProperty<ZelInspectorFontProperty>(configuration).release();
+    return makeEditor<ZelInspectorFontProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createResourcePropertyForConfiguration(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorResourceProperty>(configuration);
-    property->placeholder = configuration.localizedStringValueNamed(u"placeholder");
-    property->resourcesKeyPath = configuration.keyPathValueNamed(u"resourcesKeyPath");
-    return property.release();
+    return makeEditor<ZelInspectorResourceProperty>(configuration);
 }
-
-// Points and rectangles
 
 ZelInspectorProperty *Generator::createFrameProperty(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorBoundsProperty>(configuration);
-    applyNumberFormat(*property, configuration);
-    property->setFlipped(configuration.booleanValueNamed(u"flipped", true));
-    property->flippedKeyPath = configuration.keyPathValueNamed(u"flippedKeyPath");
-    property->showOriginSelector = configuration.booleanValueNamed(u"showOriginSelector");
-    return property.release();
+    return makeEditor<ZelInspectorBoundsProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createSizeProperty(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorSizeProperty>(configuration);
-    applyPairAttributes(*property, configuration);
-    applyComponentTitle(property->widthTitle, property->widthTitleKeyPath, QStringLiteral("widthTitle"), configuration);
-    applyComponentTitle(property->heightTitle, property->heightTitleKeyPath, QStringLiteral("heightTitle"),
-                        configuration);
-    return property.release();
+    return makeEditor<ZelInspectorSizeProperty>(configuration);
 }
 
 ZelInspectorProperty *Generator::createPointProperty(const Configuration &configuration)
 {
-    auto property = makeProperty<ZelInspectorPointProperty>(configuration);
-    applyPairAttributes(*property, configuration);
-    applyComponentTitle(property->xTitle, property->xTitleKeyPath, QStringLiteral("xTitle"), configuration);
-    applyComponentTitle(property->yTitle, property->yTitleKeyPath, QStringLiteral("yTitle"), configuration);
-    return property.release();
+    return makeEditor<ZelInspectorPointProperty>(configuration);
 }
 
-// The application's own
-
+/// An editor of the library that is named by its class reads only the attributes that all editors have.
 ZelInspectorProperty *Generator::createCustomPropertyForConfiguration(const Configuration &configuration)
 {
     std::unique_ptr<QObject> made(createOfClass(configuration, QStringLiteral("ZelInspectorCustomProperty"),
                                                 &ZelInspectorProperty::staticMetaObject));
     if (!made)
         return nullptr;
-    applyCommonAttributes(static_cast<ZelInspectorProperty &>(*made), configuration);
+    auto &editor = static_cast<ZelInspectorProperty &>(*made);
+    const auto types = editorTypes();
+    const bool isOurs = std::any_of(types.begin(), types.end(),
+                                    [&](const auto &type) { return type.metaObject == editor.metaObject(); });
+    if (isOurs)
+        editor.ZelInspectorProperty::configure(configuration);
+    else
+        editor.configure(configuration);
     return static_cast<ZelInspectorProperty *>(made.release());
 }
 
@@ -353,14 +228,10 @@ ZelInspectorProperty *Generator::createEnumerationPropertyForConfiguration(const
     else if (style == u"segmented")
         property.reset(createImageEnumerationPropertyForConfiguration(configuration));
     else
-        fail(u"Unsupported style: " + style, configuration);
+        ZelEditorAttributes::fail(u"Unsupported style: " + style, configuration);
     if (!property)
         return nullptr;
-    applyCommonAttributes(*property, configuration);
-    property->setEditable(configuration.booleanValueNamed(u"editable", true));
-    property->setBitMask(bitsValue(configuration, u"bitMask"));
-    property->setEnumeratedValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedValuesKeyPath"));
-    property->setEnumeratedDisplayValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath"));
+    property->configure(configuration);
     property->setOptionGroups(createOptionGroups(configuration, property.get()));
     return property.release();
 }
@@ -406,7 +277,7 @@ QList<ZelOption *> Generator::createOptions(const Configuration &configuration, 
 
 // Images
 
-/// Among the application's images, by name or by file, then in the bundle of the generator's class.
+/// Looks for the image among the application's images, by name or by file, then in the bundle of the generator's class.
 QIcon Generator::imageValue(const Configuration &configuration) const
 {
     const QString name = configuration.stringValueNamed(u"image");
@@ -415,12 +286,12 @@ QIcon Generator::imageValue(const Configuration &configuration) const
     const ZelPlaceScope scope(configuration.place());
     QIcon image = ZelNamedImages::imageNamed(name);
     if (image.isNull()) {
-        // Where there is none at all, it is the application's bundle that lacks it.
+        // If neither bundle has the image, it counts as missing from the application's.
         const bool isOfClass = ZelBundle::mainBundle().urlForImageResource(name).isEmpty() &&
                                !ZelBundle::bundleForClass(metaObject()).urlForImageResource(name).isEmpty();
         image = ZelNamedImages::imageNamedInBundleForClass(name, isOfClass ? metaObject() : &QObject::staticMetaObject);
     }
     if (image.isNull())
-        fail(u"Missing image with name " + name, configuration);
+        ZelEditorAttributes::fail(u"Missing image with name " + name, configuration);
     return image;
 }

@@ -2,8 +2,8 @@
 #include "Inspector/ZelInspector.h"
 
 #include "ExpandableViews/ZelExpandableView.h"
-#include "Inspector/ZelLazyStack.h"
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Inspector/private/ZelLazyStack.h"
+#include "Resources/ZelLocalizedString.h"
 #include "Views/ZelVerticalStackView.h"
 
 ZelInspector::ZelInspector(QObject *owner)
@@ -58,7 +58,7 @@ void ZelInspector::viewDidInstall()
     ZelInspectorConditionalContainer::viewDidInstall();
     for (ZelInspectorSlice *slice : slices())
         startObservationForSlice(slice);
-    updateView(); // they may have changed meanwhile
+    updateView(); // the slices' visibility may have changed meanwhile
 }
 
 void ZelInspector::viewWillUninstall()

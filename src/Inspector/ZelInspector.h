@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorSlice.h"
 #include "Inspector/ZelStackUpdate.h"
 
@@ -9,11 +10,11 @@ class ZelExpandableView;
 /// A box with a title that can be folded away, holding slices one below the other.
 ///
 /// The view of a slice that has never been visible is not made.
-class ZelInspector : public ZelInspectorConditionalContainer
+class ZEL_EXPORT ZelInspector : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
     Q_PROPERTY(QList<ZelInspectorSlice *> slices READ slices WRITE setSlices NOTIFY slicesChanged)
-    /// The inspector's own: set by a subclass that makes its view otherwise.
+    /// The inspector sets it; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelVerticalStackView *slicesView READ slicesView MEMBER m_slicesView NOTIFY slicesViewChanged)
 public:
     /// The title is the localized "No title" until it is set.
@@ -29,9 +30,9 @@ public:
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
-    /// Stacks the views of the slices that are visible or have been.
+    /// Puts the views of those slices into the stack that are visible or have been visible.
     void updateView();
-    /// Has the box follow whether the slice is visible, until the next call stops it.
+    /// Updates the stack whenever the slice is shown or hidden, until stopObservationOfSlice is called.
     void startObservationForSlice(ZelInspectorSlice *slice);
     void stopObservationOfSlice(ZelInspectorSlice *slice);
 

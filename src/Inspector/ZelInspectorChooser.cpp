@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorChooser.h"
 
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
-#include "Inspector/Properties/ZelOptionValue.h"
+#include "Inspector/Properties/private/ZelOptionValue.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
 #include "Views/ZelSwitchContainerView.h"
 #include "Views/ZelVerticalStackView.h"
 
@@ -33,7 +34,7 @@ ZelInspectorChooser::~ZelInspectorChooser()
 
 void ZelInspectorChooser::setKeyPath(const QString &keyPath)
 {
-    if (std::exchange(m_keyPath, keyPath) == keyPath)
+    if (!ZelAssign(m_keyPath, keyPath))
         return;
     const ZelPlaceScope scope(this);
     configureProperty();
@@ -46,7 +47,7 @@ void ZelInspectorChooser::setKeyPath(const QString &keyPath)
 
 void ZelInspectorChooser::setEnabled(bool enabled)
 {
-    if (std::exchange(m_enabled, enabled) == enabled)
+    if (!ZelAssign(m_enabled, enabled))
         return;
     configureProperty();
     Q_EMIT enabledChanged();
@@ -54,7 +55,7 @@ void ZelInspectorChooser::setEnabled(bool enabled)
 
 void ZelInspectorChooser::setEnabledKeyPath(const QString &keyPath)
 {
-    if (std::exchange(m_enabledKeyPath, keyPath) == keyPath)
+    if (!ZelAssign(m_enabledKeyPath, keyPath))
         return;
     configureProperty();
     Q_EMIT enabledKeyPathChanged();
@@ -62,7 +63,7 @@ void ZelInspectorChooser::setEnabledKeyPath(const QString &keyPath)
 
 void ZelInspectorChooser::setActionSelector(const ZelSelector &selector)
 {
-    if (std::exchange(m_actionSelector, selector) == selector)
+    if (!ZelAssign(m_actionSelector, selector))
         return;
     configureProperty();
     Q_EMIT actionSelectorChanged();
@@ -70,7 +71,7 @@ void ZelInspectorChooser::setActionSelector(const ZelSelector &selector)
 
 void ZelInspectorChooser::setActionName(const QString &name)
 {
-    if (std::exchange(m_actionName, name) == name)
+    if (!ZelAssign(m_actionName, name))
         return;
     configureProperty();
     Q_EMIT actionNameChanged();
@@ -94,7 +95,7 @@ ZelMenuItem *ZelInspectorChooser::separatorMenuItem() const
 
 void ZelInspectorChooser::setSeparatorMenuItem(ZelMenuItem *item)
 {
-    if (std::exchange(m_separatorMenuItem, item) == item)
+    if (!ZelAssign(m_separatorMenuItem, item))
         return;
     adopt(item);
     Q_EMIT separatorMenuItemChanged();
@@ -107,7 +108,7 @@ ZelMenuItem *ZelInspectorChooser::multipleValuesMenuItem() const
 
 void ZelInspectorChooser::setMultipleValuesMenuItem(ZelMenuItem *item)
 {
-    if (std::exchange(m_multipleValuesMenuItem, item) == item)
+    if (!ZelAssign(m_multipleValuesMenuItem, item))
         return;
     adopt(item);
     Q_EMIT multipleValuesMenuItemChanged();
@@ -150,7 +151,8 @@ void ZelInspectorChooser::loadView()
     m_containerView->setConstraintSelectdView(true);
     const QList<ZelInspectorChooserChoice *> all = choices();
     m_containerView->setChildViewControllers({all.begin(), all.end()});
-    m_containerView->setSelectedChildViewControllerIndex(quint64(all.size())); // none
+    m_containerView->setSelectedChildViewControllerIndex(
+        quint64(all.size())); // an index behind the last one selects none
     Q_EMIT sliverChanged();
     Q_EMIT propertyChanged();
     Q_EMIT containerViewChanged();
@@ -185,7 +187,7 @@ ZelOptionGroup *ZelInspectorChooser::makeOptionGroup()
     return group;
 }
 
-/// The pop-up follows the chooser.
+/// Hands the chooser's properties on to the pop-up's editor.
 void ZelInspectorChooser::configureProperty()
 {
     if (!m_property)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorChooserChoice.h"
-#include "Platform/Runtime/ZelSelector.h"
 #include "Views/ZelSwitchContainerView.h"
 
 class ZelInspectorSliver;
@@ -12,8 +13,9 @@ class ZelOptionGroup;
 
 /// A row with a pop-up of choices, and below it the content of the choice whose value the model holds.
 ///
-/// A value that no choice stands for shows no content. The choices are taken over when the view is made.
-class ZelInspectorChooser : public ZelInspectorConditionalContainer
+/// If no choice stands for the value, no content is shown. The choices are read when the view is made; later changes of
+/// them do not show.
+class ZEL_EXPORT ZelInspectorChooser : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
     /// The value that the pop-up shows and edits.
@@ -26,7 +28,8 @@ class ZelInspectorChooser : public ZelInspectorConditionalContainer
     /// Names the undo step of every choice by the user.
     Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
     Q_PROPERTY(QList<ZelInspectorChooserChoice *> choices READ choices WRITE setChoices NOTIFY choicesChanged)
-    // What the chooser shows and what it is made of. Its own: set by a subclass that makes its view otherwise.
+    // What the chooser shows and what it is made of. The chooser sets these; so may a subclass that makes its view
+    // differently.
     Q_PROPERTY(
         ZelInspectorChooserChoice *currentChoice READ currentChoice MEMBER m_currentChoice NOTIFY currentChoiceChanged)
     Q_PROPERTY(ZelInspectorSliver *sliver READ sliver MEMBER m_sliver NOTIFY sliverChanged)
@@ -35,12 +38,13 @@ class ZelInspectorChooser : public ZelInspectorConditionalContainer
         ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
     Q_MOC_INCLUDE("Inspector/Properties/ZelInspectorTextEnumerationProperty.h")
     Q_MOC_INCLUDE("Inspector/ZelInspectorSliver.h")
-    /// Kept for the application, null by default; the chooser uses neither. What has no parent becomes its child.
+    /// These two items are kept for the application and are null by default; the chooser does not use them. An item
+    /// without a parent becomes the chooser's child.
     Q_PROPERTY(ZelMenuItem *separatorMenuItem READ separatorMenuItem WRITE setSeparatorMenuItem NOTIFY
                    separatorMenuItemChanged)
     Q_PROPERTY(ZelMenuItem *multipleValuesMenuItem READ multipleValuesMenuItem WRITE setMultipleValuesMenuItem NOTIFY
                    multipleValuesMenuItemChanged)
-    Q_MOC_INCLUDE("Platform/Controls/ZelMenuItem.h")
+    Q_MOC_INCLUDE("Controls/Menus/ZelMenuItem.h")
 public:
     explicit ZelInspectorChooser(QObject *owner);
     ~ZelInspectorChooser() override;
@@ -70,7 +74,8 @@ public:
     ZelMenuItem *multipleValuesMenuItem() const;
     void setMultipleValuesMenuItem(ZelMenuItem *item);
 
-    // Made with the view, null before. A view that is loaded after the owner has died has no row with the pop-up.
+    // These are made with the view and are null before. A view that is loaded after the owner has died has no row with
+    // the pop-up.
     ZelInspectorSliver *sliver() const;
     ZelInspectorTextEnumerationProperty *property() const;
     ZelSwitchContainerView *containerView() const;
@@ -78,7 +83,8 @@ public:
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
-    /// Asks the pop-up, the current choice, and the chooser's own editors. True while the view is not installed.
+    /// Asks the row with the pop-up, the current choice and the chooser's own editors; stops with false at the first
+    /// refusal. Does nothing and answers true while the view is not installed.
     bool commitEditing() override;
     void discardEditing() override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorChooserChoice.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelVerticalStackView.h"
 
@@ -11,13 +12,13 @@ ZelInspectorChooserChoice::ZelInspectorChooserChoice(QObject *owner)
 
 void ZelInspectorChooserChoice::setHidden(bool hidden)
 {
-    if (std::exchange(m_hidden, hidden) != hidden)
+    if (ZelAssign(m_hidden, hidden))
         Q_EMIT hiddenChanged();
 }
 
 void ZelInspectorChooserChoice::setEnabled(bool enabled)
 {
-    if (std::exchange(m_enabled, enabled) != enabled)
+    if (ZelAssign(m_enabled, enabled))
         Q_EMIT enabledChanged();
 }
 
@@ -29,7 +30,7 @@ void ZelInspectorChooserChoice::setImage(const QIcon &image)
 
 void ZelInspectorChooserChoice::setValue(const QVariant &value)
 {
-    m_value = value;
+    m_value.keep(value);
     Q_EMIT valueChanged();
 }
 

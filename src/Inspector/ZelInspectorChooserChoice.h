@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelKeptValue.h"
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
 
 #include <QIcon>
@@ -8,8 +10,9 @@
 
 /// One choice of a chooser: an item of its pop-up, and the rows and choosers shown while it is chosen.
 ///
-/// All properties are taken over when the views are made: the chooser's for the item, the choice's for the content.
-class ZelInspectorChooserChoice : public ZelInspectorContainer
+/// Later changes of the properties do not show: those of the item are read when the chooser's view is made, those of
+/// the content when the choice's view is.
+class ZEL_EXPORT ZelInspectorChooserChoice : public ZelInspectorContainer
 {
     Q_OBJECT
     /// False by default. Hides the item, not the content.
@@ -19,9 +22,10 @@ class ZelInspectorChooserChoice : public ZelInspectorContainer
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     /// The value in the model that this choice stands for.
     Q_PROPERTY(QVariant value READ value WRITE setValue NOTIFY valueChanged)
-    /// What stands in place of the value in a model of texts or of an enumeration's keys; null for the value itself.
+    /// What stands for the choice if the model holds texts, or names the key if it holds an enumeration. Null if the
+    /// value itself stands for the choice.
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
-    /// ZelInspectorSliver and ZelInspectorChooser, mixed.
+    /// Objects of ZelInspectorSliver and ZelInspectorChooser, in any order.
     Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
                    setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
 public:
@@ -33,7 +37,7 @@ public:
     void setEnabled(bool enabled);
     const QIcon &image() const { return m_image; }
     void setImage(const QIcon &image);
-    const QVariant &value() const { return m_value; }
+    const QVariant &value() const { return m_value.value(); }
     void setValue(const QVariant &value);
     const QString &text() const { return m_text; }
     void setText(const QString &text);
@@ -56,7 +60,7 @@ protected:
 private:
     ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
     QIcon m_image;
-    QVariant m_value;
+    ZelKeptValue m_value;
     QString m_text;
     bool m_hidden = false;
     bool m_enabled = true;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorConditionalContainer.h"
 
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
 #include "ViewController/ZelView.h"
 
 namespace {
@@ -27,31 +28,35 @@ ZelInspectorConditionalContainer::~ZelInspectorConditionalContainer()
 
 void ZelInspectorConditionalContainer::setVisible(bool visible)
 {
-    if (m_visible == visible)
+    if (!ZelAssign(m_visible, visible))
         return;
-    m_visible = visible;
+    // What is being typed in a view that hides is committed, and the application's action may end the inspector.
+    const QPointer<ZelInspectorConditionalContainer> alive(this);
     updateHidden();
-    Q_EMIT visibleChanged();
+    if (alive)
+        Q_EMIT visibleChanged();
 }
 
 void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
 {
-    if (m_visibleKeyPath == keyPath)
+    if (!ZelAssign(m_visibleKeyPath, keyPath))
         return;
-    m_visibleKeyPath = keyPath;
+    const QPointer<ZelInspectorConditionalContainer> alive(this);
     if (m_bound)
         bindAndConfigure();
-    Q_EMIT visibleKeyPathChanged();
+    if (alive)
+        Q_EMIT visibleKeyPathChanged();
 }
 
 void ZelInspectorConditionalContainer::setVisibleValueTransformer(const ZelValueTransformerPtr &transformer)
 {
-    if (m_visibleValueTransformer == transformer)
+    if (!ZelAssign(m_visibleValueTransformer, transformer))
         return;
-    m_visibleValueTransformer = transformer;
+    const QPointer<ZelInspectorConditionalContainer> alive(this);
     if (m_bound)
         updateVisible();
-    Q_EMIT visibleValueTransformerChanged();
+    if (alive)
+        Q_EMIT visibleValueTransformerChanged();
 }
 
 void ZelInspectorConditionalContainer::updateVisible()

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorContainer.h"
-#include "Platform/Runtime/ZelAbstractValueTransformer.h"
 
 /// A container that a condition hides and shows.
 ///
-/// Without a key path `visible` is what it is set to. With one it is true only where the owner's value at the key path,
-/// transformed if there is a transformer, is present, no selection marker, and true: a selection whose objects disagree
-/// hides the container. The view, once it is loaded, is hidden while the container is not visible.
-class ZelInspectorConditionalContainer : public ZelInspectorContainer
+/// Without a key path, `visible` is what it is set to. With one, it is true only if the owner's value at the key path,
+/// transformed if there is a transformer, is present, is no selection marker, and is true. A selection whose objects
+/// disagree therefore hides the container. The view, once it is loaded, is hidden while the container is not visible.
+class ZEL_EXPORT ZelInspectorConditionalContainer : public ZelInspectorContainer
 {
     Q_OBJECT
     /// True by default.
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
-    /// Null by default: no condition.
+    /// Null by default, which means that there is no condition.
     Q_PROPERTY(QString visibleKeyPath READ visibleKeyPath WRITE setVisibleKeyPath NOTIFY visibleKeyPathChanged)
     Q_PROPERTY(ZelValueTransformerPtr visibleValueTransformer READ visibleValueTransformer WRITE
                    setVisibleValueTransformer NOTIFY visibleValueTransformerChanged)
@@ -30,7 +31,7 @@ public:
 
     /// Evaluates the condition, if there is one.
     void updateVisible();
-    /// Evaluates the condition now and at every change, until unbindAndTearDown.
+    /// Evaluates the condition now and at every change, until unbindAndTearDown is called.
     void bindAndConfigure();
     void unbindAndTearDown();
 
@@ -44,7 +45,8 @@ Q_SIGNALS:
     void visibleValueTransformerChanged();
 
 protected:
-    /// When the condition is observed: a container that decides whether views are made at all cannot wait for its own.
+    /// When the condition is observed. A container whose view is not made before it is visible observes for life, since
+    /// it cannot wait until its view is installed.
     enum class Observes { WhileInstalled, ForLife };
     ZelInspectorConditionalContainer(QObject *owner, Observes observes);
 

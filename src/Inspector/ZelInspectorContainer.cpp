@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorContainer.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 ZelInspectorContainer::ZelInspectorContainer(QObject *owner)
     : m_owner(owner)
@@ -29,7 +29,7 @@ void ZelInspectorContainer::prepareForReuse()
 
 bool ZelInspectorContainer::commitEditing()
 {
-    const QPointer<ZelInspectorContainer> alive(this); // what is committed may have consequences
+    const QPointer<ZelInspectorContainer> alive(this); // a committed edit may delete this controller
     for (const auto &child : childControllers()) {
         const ZelPlaceScope scope(child);
         if (child && !child->commitEditing())

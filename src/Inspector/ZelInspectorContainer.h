@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/ZelChildControllers.h"
 #include "ViewController/ZelViewController.h"
 
 /// The base of the controllers that an inspector is made of, from its tabs down to its rows.
 ///
-/// A container holds other controllers, whose QObject parent it is, and hands on to them in order what it is told: to
-/// refresh, to get ready for reuse, to take or drop what the user is entering. It has an owner, held weakly, against
+/// A container is the QObject parent of other controllers. It hands on to them, in their order, the calls to refresh,
+/// to prepare for reuse, and to commit or discard what the user is entering. It has an owner, held weakly, against
 /// which all key paths are evaluated. Lists of children are values: to change one, set another. A child that is taken
 /// out of a list remains a QObject child, and may be deleted by whoever took it out.
-class ZelInspectorContainer : public ZelViewController
+class ZEL_EXPORT ZelInspectorContainer : public ZelViewController
 {
     Q_OBJECT
     Q_PROPERTY(QObject *owner READ owner CONSTANT)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorPane.h"
 
-#include "Inspector/ZelLazyStack.h"
+#include "Inspector/private/ZelLazyStack.h"
 #include "Views/ZelScrollView.h"
 #include "Views/ZelVerticalStackView.h"
 
@@ -96,7 +96,7 @@ void ZelInspectorPane::updateView()
 {
     if (!isViewInstalled())
         return;
-    const QPointer<ZelInspectorPane> alive(this); // what is committed may have consequences
+    const QPointer<ZelInspectorPane> alive(this); // a committed edit may delete this controller
     deactivateInspectors();
     if (alive && m_containerView)
         ZelStackLazily(m_containerView.data(), inspectors());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspector.h"
 #include "Inspector/ZelStackUpdate.h"
 #include "Views/ZelScrollView.h"
@@ -11,12 +12,12 @@
 ///
 /// The inspectors' views are in the column only while the pane is installed. The view of an inspector that has never
 /// been visible is not made.
-class ZelInspectorPane : public ZelInspectorContainer
+class ZEL_EXPORT ZelInspectorPane : public ZelInspectorContainer
 {
     Q_OBJECT
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     Q_PROPERTY(QList<ZelInspector *> inspectors READ inspectors WRITE setInspectors NOTIFY inspectorsChanged)
-    // What the pane is made of. Its own: set by a subclass that makes its view otherwise.
+    // What the pane is made of. The pane sets these; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelScrollView *scrollView READ scrollView MEMBER m_scrollView NOTIFY scrollViewChanged)
     Q_PROPERTY(
         ZelVerticalStackView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
@@ -37,11 +38,12 @@ public:
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
-    /// Deactivates the inspectors, and stacks the views of those that are visible or have been.
+    /// Deactivates the inspectors, and puts the views of those into the column that are visible or have been visible.
+    /// Does nothing while the view is not installed.
     void updateView();
-    /// Has all inspectors take what is being entered, and prepares them for reuse if none of them refuses.
+    /// Commits what is being entered into the inspectors, and prepares all of them for reuse if none refuses.
     void deactivateInspectors();
-    /// Has the column follow whether the inspector is visible, until the next call stops it.
+    /// Updates the column whenever the inspector is shown or hidden, until stopObservationOfInspector is called.
     void startObservationForInspector(ZelInspector *inspector);
     void stopObservationOfInspector(ZelInspector *inspector);
 

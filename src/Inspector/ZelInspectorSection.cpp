@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorSection.h"
 
-#include "Inspector/ZelTabOrder.h"
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Controls/ZelControlSize.h"
+#include "Controls/ZelLabel.h"
+#include "Inspector/private/ZelTabOrder.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelVerticalStackView.h"
 
@@ -100,7 +100,7 @@ void ZelInspectorSection::makeHeading()
     m_label = new ZelLabel(m_labelContainerView);
     m_label->setFont(ZelControlSize::smallBoldFont());
     m_label->setTextColor(QColor::fromRgbF(0.25f, 0.25f, 0.25f));
-    ZelLayoutPriorities priorities; // a long title is cut, it does not widen the inspector
+    ZelLayoutPriorities priorities; // a long title is cut off rather than widening the inspector
     priorities.horizontalHugging = 1;
     priorities.horizontalCompression = 1;
     ZelConstraintLayout::setPriorities(m_label, priorities);

@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Platform/Controls/ZelLabel.h"
 #include "Views/ZelVerticalStackView.h"
 
 /// Rows and choosers one below the other, under the title as a heading.
 ///
-/// A change of the title or of the list shows later in the turn, or before the window is painted.
-class ZelInspectorSection : public ZelInspectorConditionalContainer
+/// A change of the title or of the list shows at the end of the turn, or before if the window is painted before.
+class ZEL_EXPORT ZelInspectorSection : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
-    /// ZelInspectorSliver and ZelInspectorChooser, mixed.
+    /// Objects of ZelInspectorSliver and ZelInspectorChooser, in any order.
     Q_PROPERTY(QList<ZelInspectorConditionalContainer *> sliversAndChoosers READ sliversAndChoosers WRITE
                    setSliversAndChoosers NOTIFY sliversAndChoosersChanged)
-    // The heading. The section's own: set by a subclass that makes it otherwise.
+    // The heading. The section sets these; so may a subclass that makes it differently.
     Q_PROPERTY(ZelVerticalStackView *labelContainerView READ labelContainerView MEMBER m_labelContainerView NOTIFY
                    labelContainerViewChanged)
     Q_PROPERTY(ZelLabel *label READ label MEMBER m_label NOTIFY labelChanged)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorSlice.h"
 
-#include "Controls/ZelSeparator.h"
-#include "Platform/Controls/ZelThemeColor.h"
+#include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Views/ZelSeparator.h"
 #include "Views/ZelVerticalStackView.h"
 
 namespace {
@@ -20,17 +21,10 @@ ZelInspectorSlice::ZelInspectorSlice(QObject *owner)
 {
 }
 
-ZelInspectorSlice::~ZelInspectorSlice()
-{
-    uninstall();
-}
-
 void ZelInspectorSlice::setUsesAlternatingBackgroundColors(bool uses)
 {
-    if (m_usesAlternatingBackgroundColors == uses)
-        return;
-    m_usesAlternatingBackgroundColors = uses;
-    Q_EMIT usesAlternatingBackgroundColorsChanged();
+    if (ZelAssign(m_usesAlternatingBackgroundColors, uses))
+        Q_EMIT usesAlternatingBackgroundColorsChanged();
 }
 
 void ZelInspectorSlice::setSections(const QList<ZelInspectorSection *> &sections)
@@ -64,7 +58,7 @@ void ZelInspectorSlice::loadView()
     m_sectionsView->setSubviews(subviews);
 }
 
-/// A separator comes and goes with the section below it.
+/// A separator that is shown and hidden with the section below it.
 QWidget *ZelInspectorSlice::makeSeparator(ZelInspectorSection *below)
 {
     auto *separator = new ZelSeparator;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
 #include "Inspector/ZelInspectorSection.h"
 #include "Views/ZelVerticalStackView.h"
@@ -8,18 +9,17 @@
 /// Sections one below the other, with separators between them.
 ///
 /// The view is made once: later changes of the sections or of the colours do not show in it.
-class ZelInspectorSlice : public ZelInspectorConditionalContainer
+class ZEL_EXPORT ZelInspectorSlice : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
-    /// False by default. Otherwise every second section has a background.
+    /// Whether every second section has a background; false by default.
     Q_PROPERTY(bool usesAlternatingBackgroundColors READ usesAlternatingBackgroundColors WRITE
                    setUsesAlternatingBackgroundColors NOTIFY usesAlternatingBackgroundColorsChanged)
     Q_PROPERTY(QList<ZelInspectorSection *> sections READ sections WRITE setSections NOTIFY sectionsChanged)
-    /// The slice's own: set by a subclass that makes its view otherwise.
+    /// The slice sets it; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelVerticalStackView *sectionsView READ sectionsView MEMBER m_sectionsView NOTIFY sectionsViewChanged)
 public:
     explicit ZelInspectorSlice(QObject *owner);
-    ~ZelInspectorSlice() override;
 
     bool usesAlternatingBackgroundColors() const { return m_usesAlternatingBackgroundColors; }
     void setUsesAlternatingBackgroundColors(bool uses);

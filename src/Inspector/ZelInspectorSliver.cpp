@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorSliver.h"
 
-#include "Inspector/ZelTabOrder.h"
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelLabel.h"
+#include "Controls/ZelControlSize.h"
+#include "Controls/ZelLabel.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Inspector/private/ZelTabOrder.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelHorizontalStackView.h"
 
@@ -12,16 +13,16 @@ namespace {
 using Constraint = ZelLayoutConstraint;
 
 // In points.
-constexpr double columnWidth = 165; // of a row whose editors may share a line
-constexpr double columnSpacing = 4;
-constexpr double labelWidth = 79;
-constexpr double leadingMargin = 82;
-constexpr double leadingMarginAtFullWidth = 4;
-constexpr double trailingMargin = 5;
+constexpr double g_columnWidth = 165; // of the row in which editors may share a line
+constexpr double g_columnSpacing = 4;
+constexpr double g_labelWidth = 79;
+constexpr double g_leadingMargin = 82;
+constexpr double g_leadingMarginAtFullWidth = 4;
+constexpr double g_trailingMargin = 5;
 
-constexpr ZelLayoutPriority baselinePriority = 750;
-constexpr ZelLayoutPriority bottomPriority = 750;
-constexpr ZelLayoutPriority emptyPriority = 500;
+constexpr ZelLayoutPriority g_baselinePriority = 750;
+constexpr ZelLayoutPriority g_bottomPriority = 750;
+constexpr ZelLayoutPriority g_emptyPriority = 500;
 
 Constraint::Ptr tie(QWidget *first, Constraint::Attribute attribute, QWidget *second,
                     Constraint::Attribute secondAttribute, double constant = 0,
@@ -39,13 +40,13 @@ Constraint::Ptr tiedBaselines(ZelInspectorProperty *first, ZelInspectorProperty 
     if (!a || !b)
         return {};
     return tie(a, Constraint::Baseline, b, Constraint::Baseline,
-               second->baselineOffsetFromView() - first->baselineOffsetFromView(), baselinePriority);
+               second->baselineOffsetFromView() - first->baselineOffsetFromView(), g_baselinePriority);
 }
 
 bool shareLine(ZelInspectorProperty *first, ZelInspectorProperty *second)
 {
-    return first->canTileIntoColumnsWithProperty(second) && first->canTileIntoColumnsWithWidth(columnWidth) &&
-           second->canTileIntoColumnsWithWidth(columnWidth);
+    return first->canTileIntoColumnsWithProperty(second) && first->canTileIntoColumnsWithWidth(g_columnWidth) &&
+           second->canTileIntoColumnsWithWidth(g_columnWidth);
 }
 
 } // namespace
@@ -63,9 +64,8 @@ ZelInspectorSliver::~ZelInspectorSliver()
 
 void ZelInspectorSliver::setFullWidth(bool fullWidth)
 {
-    if (m_fullWidth == fullWidth)
+    if (!ZelAssign(m_fullWidth, fullWidth))
         return;
-    m_fullWidth = fullWidth;
     if (isViewLoaded())
         updateView();
     Q_EMIT fullWidthChanged();
@@ -118,7 +118,7 @@ void ZelInspectorSliver::updateView()
     Q_EMIT baselineConstraintChanged();
     for (const auto &pair : formerPairs) {
         if (pair)
-            pair->setSubviews({}); // the editors belong to their controllers
+            pair->setSubviews({}); // the editors' views belong to their controllers
         delete pair;
     }
 }
@@ -142,7 +142,7 @@ ZelView *ZelInspectorSliver::makePair(ZelInspectorProperty *first, ZelInspectorP
 {
     auto *pair = new ZelHorizontalStackView;
     m_pairs.append(pair);
-    pair->setSpacing(columnSpacing);
+    pair->setSpacing(g_columnSpacing);
     pair->setEqualSizes(true);
     pair->setMirrored(true);
     pair->addSubview(first->view());
@@ -179,7 +179,8 @@ void ZelInspectorSliver::updateLabel()
     showTitle();
 }
 
-/// The title is also the name of the editors' controls for people who cannot see the label beside them.
+/// Shows the title in the label, and makes it the accessible name of the editors' controls for people who cannot see
+/// it.
 void ZelInspectorSliver::showTitle()
 {
     if (m_label)
@@ -203,19 +204,19 @@ QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLines(const QList<QWidg
 {
     ZelView *row = view();
     if (lines.isEmpty())
-        return {tie(row, Constraint::Height, nullptr, Constraint::NotAnAttribute, 0, emptyPriority)};
+        return {tie(row, Constraint::Height, nullptr, Constraint::NotAnAttribute, 0, g_emptyPriority)};
     QList<Constraint::Ptr> constraints;
     constraints.reserve(3 * lines.size() + 1);
-    const double leading = m_fullWidth ? leadingMarginAtFullWidth : leadingMargin;
+    const double leading = m_fullWidth ? g_leadingMarginAtFullWidth : g_leadingMargin;
     QWidget *previous = nullptr;
     for (QWidget *line : lines) {
         constraints << tie(line, Constraint::Leading, row, Constraint::Leading, leading)
-                    << tie(line, Constraint::Trailing, row, Constraint::Trailing, -trailingMargin)
+                    << tie(line, Constraint::Trailing, row, Constraint::Trailing, -g_trailingMargin)
                     << (previous ? tie(line, Constraint::Top, previous, Constraint::Bottom)
                                  : tie(line, Constraint::Top, row, Constraint::Top));
         previous = line;
     }
-    constraints << tie(previous, Constraint::Bottom, row, Constraint::Bottom, 0, bottomPriority);
+    constraints << tie(previous, Constraint::Bottom, row, Constraint::Bottom, 0, g_bottomPriority);
     return constraints;
 }
 
@@ -226,14 +227,14 @@ QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLabel()
         return {};
     QList<Constraint::Ptr> constraints{
         tie(m_label, Constraint::Leading, view(), Constraint::Leading),
-        tie(m_label, Constraint::Width, nullptr, Constraint::NotAnAttribute, labelWidth),
+        tie(m_label, Constraint::Width, nullptr, Constraint::NotAnAttribute, g_labelWidth),
     };
     const QList<ZelInspectorProperty *> all = properties();
     QWidget *baselineView = all.isEmpty() ? nullptr : all.first()->viewForBaselineAlignment();
     if (!baselineView)
         return constraints;
     m_baselineConstraint = tie(m_label, Constraint::Baseline, baselineView, Constraint::Baseline,
-                               all.first()->baselineOffsetFromView(), baselinePriority);
+                               all.first()->baselineOffsetFromView(), g_baselinePriority);
     constraints << m_baselineConstraint;
     return constraints;
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Layout/ZelLayoutConstraint.h"
+#include "Layout/ZelLayoutConstraint.h"
 #include "Views/ZelHorizontalStackView.h"
 
 /// One row of an inspector: property editors, with the title as a label before them.
@@ -12,13 +13,13 @@
 /// The editors stand one below the other. Two neighbours of one kind that are narrow enough share a line. With
 /// fullWidth there is no label, and its place belongs to the editors. A change of the title, of fullWidth or of the
 /// properties shows at once.
-class ZelInspectorSliver : public ZelInspectorConditionalContainer
+class ZEL_EXPORT ZelInspectorSliver : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
     /// False by default.
     Q_PROPERTY(bool fullWidth READ isFullWidth WRITE setFullWidth NOTIFY fullWidthChanged)
     Q_PROPERTY(QList<ZelInspectorProperty *> properties READ properties WRITE setProperties NOTIFY propertiesChanged)
-    // What the row is made of. Its own: set by a subclass that makes it otherwise.
+    // What the row is made of. The sliver sets these; so may a subclass that makes the row differently.
     Q_PROPERTY(ZelLabel *label READ label MEMBER m_label NOTIFY labelChanged)
     Q_PROPERTY(ZelLayoutConstraint::Ptr baselineConstraint READ baselineConstraint MEMBER m_baselineConstraint NOTIFY
                    baselineConstraintChanged)
@@ -33,7 +34,7 @@ public:
 
     /// Null while the row shows no label.
     ZelLabel *label() const;
-    /// What ties the label's baseline to that of the first editor; null without a label.
+    /// The constraint between the baselines of the label and of the first editor; null if one of them is missing.
     const ZelLayoutConstraint::Ptr &baselineConstraint() const { return m_baselineConstraint; }
 
     void loadView() override;
@@ -62,7 +63,7 @@ private:
 
     ZelChildControllers<ZelInspectorProperty> m_properties;
     QPointer<ZelLabel> m_label;
-    QString m_givenName; // the accessible name of controls that have none of their own
+    QString m_givenName; // the accessible name that was given to controls without one of their own
     ZelLayoutConstraint::Ptr m_baselineConstraint;
     QList<ZelLayoutConstraint::Ptr> m_rowConstraints;
     QList<QPointer<ZelHorizontalStackView>> m_pairs;

@@ -4,11 +4,11 @@
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorSlice.h"
-#include "Platform/Resources/ZelBundle.h"
+#include "Resources/ZelBundle.h"
 
 namespace {
 
-// For an application that makes the editor itself, without a generator.
+// Applications may make the editor themselves, without a generator.
 [[maybe_unused]] const bool used = (ZelParagraphStyleInspector::useForEditors(), true);
 
 } // namespace

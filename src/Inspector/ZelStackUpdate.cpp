@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelStackUpdate.h"
 
+#include "Core/KeyValue/private/ZelChangeDelivery.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Platform/Runtime/ZelChangeDelivery.h"
 
 struct ZelStackUpdate::State
 {
@@ -19,7 +19,7 @@ struct ZelStackUpdate::State
     }
 
     std::function<void()> update;
-    ZelDelayedInvocation invocation; // is early where an observer runs an event loop of its own
+    ZelDelayedInvocation invocation; // runs the update earlier if an observer runs an event loop of its own
     bool isDue = false;
 };
 

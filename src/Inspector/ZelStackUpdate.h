@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QtGlobal>
 
 #include <functional>
 #include <memory>
 
-/// The update of a stack that is asked for by each of its children. At once, unless a change is being delivered: then
-/// once, when the change has reached all its observers, however many children it concerns.
-class ZelStackUpdate
+/// The update of a stack, which each of its children may request. It runs at once, unless a change is being delivered.
+/// Then it runs once, when the change has reached all its observers, however many children request it.
+class ZEL_EXPORT ZelStackUpdate
 {
 public:
     explicit ZelStackUpdate(const std::function<void()> &update);
-    /// What is still due is not done.
+    /// An update that is still due does not run.
     ~ZelStackUpdate();
     Q_DISABLE_COPY_MOVE(ZelStackUpdate)
 

@@ -1,24 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelTabbedInspector.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Resources/ZelNamedImages.h"
+#include "Resources/ZelNamedImages.h"
 #include "TabBar/ZelButtonMatrix.h"
 #include "TabBar/ZelTabBar.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "Views/ZelSwitchContainerView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelTabbedInspector::ZelTabbedInspector(QObject *owner)
     : ZelInspectorContainer(owner)
 {
-}
-
-ZelTabbedInspector::~ZelTabbedInspector()
-{
-    uninstall();
 }
 
 void ZelTabbedInspector::setPanes(const QList<ZelInspectorPane *> &panes)
@@ -29,19 +22,19 @@ void ZelTabbedInspector::setPanes(const QList<ZelInspectorPane *> &panes)
 
 void ZelTabbedInspector::setEnabled(bool enabled)
 {
-    if (std::exchange(m_enabled, enabled) != enabled)
+    if (ZelAssign(m_enabled, enabled))
         Q_EMIT enabledChanged();
 }
 
 void ZelTabbedInspector::setEnabledKeyPath(const QString &keyPath)
 {
-    if (std::exchange(m_enabledKeyPath, keyPath) != keyPath)
+    if (ZelAssign(m_enabledKeyPath, keyPath))
         Q_EMIT enabledKeyPathChanged();
 }
 
 void ZelTabbedInspector::setEnabledValueTransformer(const ZelValueTransformerPtr &transformer)
 {
-    if (std::exchange(m_enabledValueTransformer, transformer) != transformer)
+    if (ZelAssign(m_enabledValueTransformer, transformer))
         Q_EMIT enabledValueTransformerChanged();
 }
 
@@ -87,7 +80,7 @@ void ZelTabbedInspector::makeTabs()
     for (const ZelInspectorPane *pane : panes()) {
         auto *item = new ZelTabBarItem(ZelNamedImages::templateImage(pane->image()), 0, m_tabBar);
         item->setToolTip(pane->title());
-        // One key for all tabs: it leads back to the first.
+        // All tabs have the same key; it selects the first one.
         item->setKeyEquivalent(QStringLiteral("1"));
         item->setKeyEquivalentModifierMask(Qt::ControlModifier);
         items.append(item);
@@ -107,13 +100,7 @@ void ZelTabbedInspector::viewDidInstall()
     if (m_enabledValueTransformer)
         options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(m_enabledValueTransformer));
     ZelObservations(this).addBindingWithObject(m_tabBar, ZelEnabledBinding, owner(), m_enabledKeyPath, options,
-                                               &g_context);
-}
-
-void ZelTabbedInspector::viewWillUninstall()
-{
-    ZelInspectorContainer::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+                                               &ZelInstalledContext);
 }
 
 // Selection
@@ -126,7 +113,8 @@ void ZelTabbedInspector::setSelectedPaneIndex(quint64 index)
 
 void ZelTabbedInspector::selectInspector(quint64 index)
 {
-    // What was typed in the former pane is taken when that is hidden, and its action may end the inspector.
+    // What was typed in the former pane is committed when that pane is hidden, and the edit's action may delete the
+    // inspector.
     const QPointer<ZelTabbedInspector> alive(this);
     if (isViewInstalled() && m_currentInspector)
         m_currentInspector->prepareForReuse();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorPane.h"
 #include "TabBar/ZelTabBar.h"
 #include "Views/ZelSwitchContainerView.h"
@@ -9,7 +10,7 @@
 ///
 /// A tab cannot be left while an edit cannot be committed. The tabs are made once, with the view: later changes of the
 /// panes do not show in it.
-class ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegate
+class ZEL_EXPORT ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegate
 {
     Q_OBJECT
     Q_PROPERTY(QList<ZelInspectorPane *> panes READ panes WRITE setPanes NOTIFY panesChanged)
@@ -21,7 +22,8 @@ class ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegat
     /// 0 by default.
     Q_PROPERTY(
         quint64 selectedPaneIndex READ selectedPaneIndex WRITE setSelectedPaneIndex NOTIFY selectedPaneIndexChanged)
-    // What the inspector shows and what it is made of. Its own: set by a subclass that makes its view otherwise.
+    // What the inspector shows and what it is made of. The inspector sets these; so may a subclass that makes its view
+    // differently.
     Q_PROPERTY(ZelInspectorPane *currentInspector READ currentInspector MEMBER m_currentInspector NOTIFY
                    currentInspectorChanged)
     Q_PROPERTY(ZelTabBar *tabBar READ tabBar MEMBER m_tabBar NOTIFY tabBarChanged)
@@ -29,7 +31,6 @@ class ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegat
         ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
 public:
     explicit ZelTabbedInspector(QObject *owner);
-    ~ZelTabbedInspector() override;
 
     QList<ZelInspectorPane *> panes() const { return m_panes.list(); }
     void setPanes(const QList<ZelInspectorPane *> &panes);
@@ -43,8 +44,8 @@ public:
     quint64 selectedPaneIndex() const { return m_selectedPaneIndex; }
     /// Selects the pane, now or when the view is made.
     void setSelectedPaneIndex(quint64 index);
-    /// Puts the current pane away and shows the one of that index; without asking the former one. An index behind the
-    /// last pane shows none.
+    /// Prepares the current pane for reuse and shows the one of that index. It does not ask the current pane whether
+    /// its edit can be committed. An index behind the last pane shows none.
     void selectInspector(quint64 index);
     /// The pane that is shown, or will be when the view is made; null until one is selected.
     ZelInspectorPane *currentInspector() const { return m_currentInspector; }
@@ -55,7 +56,6 @@ public:
 
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
 
     bool tabBarShouldSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
     void tabBarDidSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
@@ -71,7 +71,7 @@ Q_SIGNALS:
     void containerViewChanged();
 
 protected:
-    /// The current pane alone: the others are put away.
+    /// Only the current pane: the others are not in use.
     QList<QPointer<ZelViewController>> childControllers() const override;
 
 private:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelBindingObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
 
 QSharedPointer<ZelBindingObservation>
 ZelBindingObservation::bindingWithObject(QObject *object, const QString &bindingName, QObject *targetObject,

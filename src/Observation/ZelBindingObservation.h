@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Binding/ZelBinding.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelObservation.h"
-#include "Platform/Binding/ZelBinding.h"
 
 /// Option of a binding: true makes cancelling the binding also take the value away from the bound property.
 inline const QString ZelNilOnCancelBindingOption = QStringLiteral("ZelNilOnCancelBindingOption");
 
 /// A binding that ends by being cancelled, so that it can be filed and removed together with other observations.
-class ZelBindingObservation final : public ZelObservation
+class ZEL_EXPORT ZelBindingObservation final : public ZelObservation
 {
 public:
     /// Binds. Asserts "object", "bindingName", "targetObject" and "keyPath"; null if one of them is missing.

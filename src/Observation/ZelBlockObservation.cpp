@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelBlockObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 
 static const char g_context = 0;
 

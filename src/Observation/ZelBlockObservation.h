@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Observation/ZelKeyValueObservation.h"
 
 /// Calls a block at every change of a key path of an object. A change of a list's elements that nobody excluded with
 /// the NoMutation option is delivered after the log line "WARNING: Mutation of Class.keyPath".
-class ZelBlockObservation final : public ZelKeyValueObservation
+class ZEL_EXPORT ZelBlockObservation final : public ZelKeyValueObservation
 {
 public:
     using Block = std::function<void(ZelBlockObservation *, const ZelKeyValueChange &)>;
@@ -27,5 +28,5 @@ private:
     void dropCallback() override { m_block = nullptr; }
 
     Block m_block;
-    QPointer<QObject> m_owner; // on whose behalf it observes, where that is known
+    QPointer<QObject> m_owner; // the object on whose behalf it observes, if that is known
 };

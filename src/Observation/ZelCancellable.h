@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 /// Something that goes on until it is cancelled, once and for good.
-class ZelCancellable
+class ZEL_EXPORT ZelCancellable
 {
 public:
     virtual void cancel() = 0;

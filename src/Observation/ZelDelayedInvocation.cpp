@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelDelayedInvocation.h"
 
-#include "Platform/RunLoop/ZelNotificationCenter.h"
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
 
 #include <QScopeGuard>
 #include <cmath>
 
 namespace {
 
-/// Listens for all invocations together: thousands of them would make each checkpoint expensive.
+/// One listener serves all invocations; thousands of listeners would make each checkpoint expensive.
 class CheckpointListener : public ZelNotificationObserver
 {
 public:
@@ -58,7 +58,7 @@ std::shared_ptr<ZelDelayedInvocation> ZelDelayedInvocation::scheduleDelayedInvoc
 {
     auto invocation = std::make_shared<ZelDelayedInvocation>(block);
     invocation->schedule();
-    // Performed right after the invocation, this request does nothing but hold it until then.
+    // This request is performed right after the invocation. It does nothing, but keeps the invocation alive until then.
     ZelRunLoop::current()->perform([invocation] {}, defaultPriority);
     return invocation;
 }
@@ -115,7 +115,8 @@ void ZelDelayedInvocation::Task::cancel()
 
 bool ZelDelayedInvocation::Task::performEarly(quint64 checkpoint)
 {
-    // Once a checkpoint, and not if made during it: work that schedules itself anew each time would never let it end.
+    // An invocation runs once in a checkpoint, and not at all in the one during which it was made. Otherwise work that
+    // schedules itself anew each time would never let the checkpoint end.
     if (!isPending() || delay || lastCheckpoint >= checkpoint)
         return false;
     lastCheckpoint = checkpoint;

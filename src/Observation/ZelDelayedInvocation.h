@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/RunLoop/ZelRunLoop.h"
-#include "Platform/Runtime/ZelSelector.h"
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/RunLoop/ZelRunLoop.h"
+#include "Core/ZelExport.h"
 
 #include <QPointer>
 #include <functional>
@@ -23,7 +24,7 @@ inline const QString ZelDelayedInvocationCheckpointNotification =
 /// thread of its run loop only.
 ///
 ///     ZelDelayedInvocation m_updateViewInvocation{[this] { updateView(); }};
-class ZelDelayedInvocation
+class ZEL_EXPORT ZelDelayedInvocation
 {
 public:
     using Block = std::function<void()>;
@@ -41,7 +42,7 @@ public:
     static std::shared_ptr<ZelDelayedInvocation> scheduleDelayedInvocationWithBlock(const Block &block);
 
     // What the next schedule() uses.
-    /// Null is the run loop of the thread that schedules.
+    /// Null stands for the run loop of the thread that schedules.
     ZelRunLoop *runLoop() const { return m_task->runLoop; }
     void setRunLoop(ZelRunLoop *runLoop) { m_task->runLoop = runLoop; }
     /// The modes in which it may run; nothing stands for the default mode and the common modes.
@@ -50,15 +51,15 @@ public:
     /// The order within the turn, lower is earlier; nothing stands for defaultPriority. Without effect with a delay.
     const std::optional<quint32> &priority() const { return m_task->priority; }
     void setPriority(const std::optional<quint32> &priority) { m_task->priority = priority; }
-    /// In seconds; nothing is no delay: the work runs at the end of the turn. Asserts "!isnan(delay)", and keeps the
-    /// former one.
+    /// In seconds; nothing is no delay: the work runs at the end of the turn. For a delay that is no number, asserts
+    /// "!isnan(delay)" and keeps the former one.
     const std::optional<double> &delay() const { return m_task->delay; }
     void setDelay(const std::optional<double> &delay);
 
     bool isScheduled() const { return m_scheduled; }
     bool isFinished() const { return m_task->finished; }
     bool isCancelled() const { return m_task->cancelled; }
-    /// Scheduled, and neither cancelled nor finished.
+    /// Whether it is scheduled, and neither cancelled nor finished.
     bool isPending() const { return m_task->isPending(); }
 
     /// Does nothing if it is scheduled already. Asserts "No run loop mode specified" for an empty list of modes.
@@ -73,7 +74,7 @@ public:
     void cancel() { m_task->cancel(); }
 
 private:
-    /// What the run loop holds on to, so that requests need not be withdrawn: one that is outdated does nothing.
+    /// The part that the run loop holds on to. Requests need not be withdrawn, since an outdated one does nothing.
     struct Task : ZelRunLoopTask
     {
         Task(ZelDelayedInvocation *invocation, const Block &block);
@@ -98,5 +99,5 @@ private:
         quint64 lastCheckpoint;
     };
     QExplicitlySharedDataPointer<Task> m_task;
-    bool m_scheduled = false; // here and not in the task: most calls of schedule() look at nothing else
+    bool m_scheduled = false; // not in the task, since most calls of schedule() read nothing else
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelDelegateObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 
 #include <QMetaMethod>
 
@@ -61,7 +61,8 @@ void ZelDelegateObservation::deliver(const ZelKeyValueChange &change)
     QMetaObject::metacall(m_observer, QMetaObject::InvokeMetaMethod, method, arguments);
 }
 
-/// Not looked up earlier than needed: an observer may make its observations while it is being constructed.
+/// Looks the method up when it is first needed. An observer may make its observations in its constructor, when its meta
+/// object may still be that of a base.
 int ZelDelegateObservation::methodIndex()
 {
     if (!m_observer || m_methodIndex >= 0)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelKeyValueObservation.h"
-#include "Platform/Runtime/ZelSelector.h"
 
 /// Invokes a method of an observer at every change of a key path of an object. Changes of a list's elements are
 /// delivered like all others; the NoMutation option has no effect.
@@ -11,9 +12,9 @@
 ///
 ///     Q_INVOKABLE void itemsChanged(ZelDelegateObservation *observation, const ZelKeyValueChange &change);
 ///
-/// The method is looked up at the first change; without one, each change is the log line "ERROR: ...". Once the
+/// The method is looked up at the first change; if there is none, each change logs a line "ERROR: ...". Once the
 /// observer has died, nothing is invoked.
-class ZelDelegateObservation final : public ZelKeyValueObservation
+class ZEL_EXPORT ZelDelegateObservation final : public ZelKeyValueObservation
 {
 public:
     /// Starts to observe. Asserts "object", "keyPath", "observer" and "selector"; null if one of them is missing.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelKeyPathObservation.h"
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
 #include "Observation/ZelKeyValueObservation.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
 
 static const char g_context = 0;
 
@@ -72,7 +72,8 @@ void ZelKeyPathObservation::updateObservers()
         addObservation(element);
 }
 
-/// Values that are not objects change only together with the key that they are reached through.
+/// Observes the value if it is an object. Other values change only together with the key through which they are
+/// reached.
 void ZelKeyPathObservation::addObservation(const QVariant &value)
 {
     if (QObject *object = ZelObject(value))
@@ -88,7 +89,7 @@ void ZelKeyPathObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *
         return;
     const Delivery delivery(this);
     (*m_block)(this, change);
-    // Before the change there is nothing new to follow.
+    // A prior change has not happened yet, so that there is nothing new to follow.
     if (!isCancelled() && !change.isPrior())
         updateObservers();
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelObservation.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
 
 #include <QList>
 #include <QPointer>
@@ -15,13 +16,13 @@
 /// that it reaches through that key. The block gets the observation of the tree at which the change happened, and is
 /// called twice for a change, before (a prior change) and after it. A change above rebuilds everything below, which
 /// costs time in proportion to the elements there.
-class ZelKeyPathObservation final : public ZelObservation, private ZelKeyValueObserver
+class ZEL_EXPORT ZelKeyPathObservation final : public ZelObservation, private ZelKeyValueObserver
 {
 public:
     using Block = std::function<void(ZelKeyPathObservation *, const ZelKeyValueChange &)>;
 
-    /// Starts to observe. Asserts "object", "keyPath" and "block"; null if one of them is missing. The options are not
-    /// used: every observation of the tree has none, so that neither values nor filters are to be had.
+    /// Starts to observe. Asserts "object", "keyPath" and "block"; null if one of them is missing. The options are
+    /// ignored: no observation of the tree has any, so that changes carry no values and are not filtered.
     static QSharedPointer<ZelKeyPathObservation>
     observationWithObject(QObject *object, const ZelKeyPath &keyPath, ZelKeyValueObservingOptions options, Block block);
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelKeyValueBinding.h"
 
-#include "Platform/Binding/ZelBoundProperty.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Binding/private/ZelBoundProperty.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
 
 namespace {
 

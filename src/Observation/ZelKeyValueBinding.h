@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Runtime/ZelAbstractValueTransformer.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/ZelExport.h"
 
 /// A key for applications that remember a value to show where a binding has none; the library does nothing with it.
 inline const QString ZelUnboundValueKey = QStringLiteral("ZelUnboundValue");
 
 /// The values behind the bindings of an object, by the binding's name.
-class ZelKeyValueBinding
+class ZEL_EXPORT ZelKeyValueBinding
 {
 public:
     explicit ZelKeyValueBinding(QObject *object)
@@ -20,7 +21,7 @@ public:
     QObject *controllerForBinding(const QString &binding) const;
     /// Empty if there is no such binding.
     ZelKeyPath keyPathForBinding(const QString &binding) const;
-    /// Null if there is none, or none is registered under its name.
+    /// Null if the binding has no transformer, or names one that is not registered.
     ZelValueTransformerPtr valueTransformerForBinding(const QString &binding) const;
 
     /// The value that the binding reads, transformed; for a name that is not bound, the property of that name. Asserts

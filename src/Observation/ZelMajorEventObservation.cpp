@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelMajorEventObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
 
 QSharedPointer<ZelMajorEventObservation> ZelMajorEventObservation::observationWithBlock(Block block)
 {

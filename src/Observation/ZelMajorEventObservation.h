@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/RunLoop/ZelEventMonitor.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelObservation.h"
-#include "Platform/RunLoop/ZelEventMonitor.h"
 
 /// Calls a block at every input of the user that may have changed something: buttons and keys going down and up,
 /// modifiers, drags with another button, the end of a gesture. The event goes its way afterwards.
-class ZelMajorEventObservation final : public ZelObservation
+class ZEL_EXPORT ZelMajorEventObservation final : public ZelObservation
 {
 public:
     using Block = std::function<void(ZelMajorEventObservation *, QEvent *)>;

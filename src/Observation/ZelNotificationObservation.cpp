@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelNotificationObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 
 QSharedPointer<ZelNotificationObservation>
 ZelNotificationObservation::observationWithCenter(ZelNotificationCenter *center, const QString &name, QObject *object,

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelObservation.h"
-#include "Platform/RunLoop/ZelNotificationCenter.h"
 
 #include <functional>
 
 /// Calls a block at every notification of a name, by one sender or by any.
-class ZelNotificationObservation final : public ZelObservation, private ZelNotificationObserver
+class ZEL_EXPORT ZelNotificationObservation final : public ZelObservation, private ZelNotificationObserver
 {
 public:
     using Block = std::function<void(ZelNotificationObservation *, const ZelNotification &)>;
@@ -33,6 +34,6 @@ private:
     QPointer<ZelNotificationCenter> m_center;
     QString m_name;
     QPointer<QObject> m_object;
-    const QObject *m_objectAddress; // stays what it is when the object dies: the registration is removed by it
+    const QObject *m_objectAddress; // survives the object: the registration is removed by its address
     Block m_block;
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelObservation.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 
 #include <mutex>
 
@@ -11,7 +11,8 @@ namespace {
 /// One lock for all observations: they are cancelled rarely, and there are very many of them.
 std::recursive_mutex &cancelMutex()
 {
-    static auto *mutex = new std::recursive_mutex; // some are cancelled after the last static is gone
+    static auto *mutex =
+        new std::recursive_mutex; // never deleted, since some observations are cancelled after the statics are gone
     return *mutex;
 }
 
@@ -31,7 +32,8 @@ void ZelObservation::release(ZelObservation *observation)
 {
     if (!observation->isCancelled()) {
         ZelReportFailure(QStringLiteral("Observation is not cancelled: ") + observation->description());
-        // Within a destructor, as a rule: what taking down a binding makes an application throw must not leave it.
+        // This mostly happens within a destructor, which an exception must not leave; taking down a binding may make
+        // the application throw.
         ZelExceptionReporter::run(nullptr, [observation] { observation->cancel(); });
     }
     observation->m_released = true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Observation/ZelCancellable.h"
 
 #include <QSharedPointer>
@@ -10,12 +11,13 @@
 /// The base of all observations: active from its making until cancel(), which is final.
 ///
 /// Observations are held by shared pointers, as a rule in the registry of their owner (ZelObservations). They do not
-/// own what they observe, and what they observe may die first. One that is let go of while active is a mistake of its
-/// owner: it is reported as a failed assertion, "Observation is not cancelled: ...", and cancelled then.
+/// own what they observe, and what they observe may die first. It is a mistake of the owner to let go of an active
+/// observation: that is reported as a failed assertion, "Observation is not cancelled: ...", and the observation is
+/// cancelled then.
 ///
 /// A callback may cancel its own observation and let go of it: the observation and the callback live until it returns.
 /// Observations are made and used on the main thread; cancel() may race with another cancel().
-class ZelObservation : public ZelCancellable
+class ZEL_EXPORT ZelObservation : public ZelCancellable
 {
 public:
     void cancel() final;
@@ -24,7 +26,7 @@ public:
     virtual QString description() const = 0;
 
 protected:
-    /// Keeps an observation alive while its callback runs.
+    /// Keeps an observation alive the last reference went while the callback ran.
     class Delivery
     {
     public:

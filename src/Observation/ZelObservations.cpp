@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelObservations.h"
 
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelAssociatedObjects.h"
-#include "Platform/Runtime/ZelFirstException.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/private/ZelFirstException.h"
+#include "Core/KeyValue/ZelAssociatedObjects.h"
 
 /// Null if nothing is filed.
 ZelObservations::List *ZelObservations::listForContext(const void *context) const
@@ -32,7 +32,7 @@ void ZelObservations::addObservation(const ZelObservationPtr &observation, const
     if (!observation)
         return;
     if (!context || !m_owner)
-        observation->cancel(); // nobody would ever do it
+        observation->cancel(); // nobody else could cancel it
     if (!ZelRequire(context, "context != NULL") || !m_owner)
         return;
     if (List *list = listForContext(context))
@@ -46,7 +46,7 @@ void ZelObservations::removeAllObservationsForContext(const void *context) const
     List *list = listForContext(context);
     if (!list)
         return;
-    // Taken out first: what is cancelled may make its owner file others.
+    // They are taken out first, since cancelling may make the owner file others.
     const List removed = std::exchange(*list, {});
     setObservations({}, context);
     ZelFirstException failure;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Observation/ZelBindingObservation.h"
 #include "Observation/ZelBlockObservation.h"
 #include "Observation/ZelDelegateObservation.h"
@@ -22,7 +23,7 @@
 ///     ZelObservations(this).removeAllObservationsForContext(&context);
 ///
 /// A context must not be null: every operation asserts "context != NULL". A null owner has no observations.
-class ZelObservations
+class ZEL_EXPORT ZelObservations
 {
 public:
     explicit ZelObservations(QObject *owner)

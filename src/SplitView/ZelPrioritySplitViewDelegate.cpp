@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "SplitView/ZelPrioritySplitViewDelegate.h"
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/RunLoop/ZelMemberScope.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelAssertions.h"
 #include "SplitView/ZelSplitView.h"
-#include "ViewController/ZelAssignItems.h"
+#include "ViewController/private/ZelAssignItems.h"
 
 #include <QChildEvent>
 #include <QCoreApplication>
@@ -13,33 +14,9 @@
 
 namespace {
 
-const char context = 0;
+const char g_context = 0;
 
 } // namespace
-
-/// The delegate resizes panes itself or delivers an event again, and is not to answer.
-class ZelPrioritySplitViewDelegate::Busy
-{
-public:
-    explicit Busy(ZelPrioritySplitViewDelegate *delegate, const QEvent *delivered = nullptr)
-        : m_delegate(delegate)
-        , m_former(std::exchange(delegate->m_delivered, delivered))
-    {
-        ++delegate->m_busy;
-    }
-    ~Busy()
-    {
-        if (!m_delegate)
-            return;
-        --m_delegate->m_busy;
-        m_delegate->m_delivered = m_former;
-    }
-    Q_DISABLE_COPY_MOVE(Busy)
-
-private:
-    QPointer<ZelPrioritySplitViewDelegate> m_delegate; // a pane that is resized may delete it
-    const QEvent *m_former;
-};
 
 ZelPrioritySplitViewDelegate::ZelPrioritySplitViewDelegate(QSplitter *splitView, QObject *parent)
     : ZelGuarded(parent)
@@ -54,19 +31,19 @@ ZelPrioritySplitViewDelegate::ZelPrioritySplitViewDelegate(QSplitter *splitView,
             if (self)
                 self->itemsDidChange();
         },
-        &context);
+        &g_context);
     updateItems();
 }
 
 ZelPrioritySplitViewDelegate::~ZelPrioritySplitViewDelegate()
 {
-    ZelObservations(this).removeAllObservationsForContext(&context);
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
     removeObservationForItems(m_itemObservations.keys());
 }
 
 QSplitter *ZelPrioritySplitViewDelegate::splitView() const
 {
-    // A splitter still gets events while it dies, when it is none any more.
+    // A dying splitter still gets events when only its QWidget or QObject is left, which the cast rejects.
     return qobject_cast<QSplitter *>(m_splitView.data());
 }
 
@@ -131,7 +108,8 @@ void ZelPrioritySplitViewDelegate::addObservationForItems(const QList<ZelPriorit
     for (ZelPrioritySplitViewItem *item : items) {
         if (m_itemObservations.contains(item))
             continue;
-        // Limits are named minLength and maxLength: a change of these alone waits for the next layout.
+        // The limits are minLength and maxLength, which are not observed: a change of these alone takes effect with the
+        // next layout.
         for (const char *key : {"minSize", "maxSize", "priorityIndex", "collapsible"})
             m_itemObservations[item].append(ZelBlockObservation::observationWithObject(
                 item, key, ZelKeyValueObservingOptionEqualCheck,
@@ -283,10 +261,12 @@ void ZelPrioritySplitViewDelegate::distribute(Panes &panes, const QWidget *excep
     int space = ZelSplitViewPanes::space(splitView(), panes);
     if (space == 0)
         return;
-    // Growth goes to the highest priority, among equal ones to the earliest pane; a shrink begins at the other end. As
-    // a rule the first pane takes it all, so that the others need no order.
-    std::vector<std::pair<quint64, int>> ranks; // the next one first in order
+    // The pane of the highest priority grows first, among equal ones the earliest. Panes shrink in the reverse order.
+    // Usually the first pane takes everything, so the others are sorted only when they are needed.
+    std::vector<std::pair<quint64, int>> ranks; // sorted ascending: the first one is the next to change
     ranks.reserve(panes.size());
+    // For growth the mask inverts the priorities, for a shrink the sign inverts the order of the panes. So ascending
+    // order is right in both cases.
     const quint64 mask = space > 0 ? ~quint64(0) : 0;
     for (int i = 0; i < int(panes.size()); ++i) {
         const ZelPrioritySplitViewItem *item = m_items.at(i);
@@ -338,10 +318,9 @@ void ZelPrioritySplitViewDelegate::apply(const Panes &panes)
             splitter->setCollapsible(i, canCollapse);
     }
     m_panes.remember(panes);
-    const QPointer<ZelPrioritySplitViewDelegate> self(this);
-    const Busy busy(this);
+    const ZelMemberScope busy(this, m_isBusy, true);
     const bool isPlaced = ZelSplitViewPanes::apply(splitter, panes);
-    if (self)
+    if (busy.isOwnerAlive())
         m_applied = isPlaced ? Applied::InPlace : Applied::BySplitter;
 }
 
@@ -378,11 +357,11 @@ bool ZelPrioritySplitViewDelegate::filterEvent(QObject *watched, QEvent *event)
     if (watched == m_splitView)
         return splitView() && splitViewEvent(event);
     const bool isPlaced = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-    if (isPlaced && m_busy > 0)
+    if (isPlaced && m_isBusy)
         return false;
     if (auto *handle = qobject_cast<QSplitterHandle *>(watched); handle && handle->splitter() == splitView())
         return isReady() && m_dividers.handleEvent(handle, event);
-    // Somebody else, such as setSizes(), has moved the pane or given it another length.
+    // Something else, such as setSizes(), has moved or resized the pane.
     if (isPlaced && watched->parent() == m_splitView && isReady())
         layOutLater();
     return false;
@@ -393,8 +372,8 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
     switch (event->type()) {
     case QEvent::Resize: {
         const auto *resize = static_cast<QResizeEvent *>(event);
-        if (m_busy > 0)
-            return resize->size() == resize->oldSize(); // of the margins alone
+        if (m_isBusy)
+            return resize->size() == resize->oldSize(); // only the margins have changed
         return isReady() && splitViewResizeEvent(static_cast<QResizeEvent *>(event));
     }
     case QEvent::LayoutRequest:
@@ -406,8 +385,8 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
         watchPanes();
-        // A window that is shown again by the system has not changed.
-        if (m_busy > 0 || !isReady() || event->spontaneous())
+        // The system has shown the window again; nothing has changed.
+        if (m_isBusy || !isReady() || event->spontaneous())
             return false;
         deliver(event);
         return true;
@@ -423,7 +402,8 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
         return false;
     }
     case QEvent::ChildAdded:
-        // A main window gives what it lays out an animation each time, without end if that asked for the next layout.
+        // QMainWindow adds an animation object to the widgets that it lays out, each time. A layout for such a child
+        // would cause the next one, and so on for ever.
         if (!static_cast<QChildEvent *>(event)->child()->isWidgetType())
             return false;
         m_arePanesWatched = false;
@@ -436,7 +416,7 @@ bool ZelPrioritySplitViewDelegate::splitViewEvent(QEvent *event)
 
 bool ZelPrioritySplitViewDelegate::splitViewResizeEvent(QResizeEvent *event)
 {
-    // Done before the splitter sees its new size: then it finds everything in place.
+    // The panes are laid out before the splitter handles its new size, so that it finds everything in place.
     const QPointer<ZelPrioritySplitViewDelegate> self(this);
     m_applied = Applied::Nothing;
     adjustSubviews();
@@ -457,16 +437,17 @@ void ZelPrioritySplitViewDelegate::deliver(QEvent *event)
     const QPointer<ZelPrioritySplitViewDelegate> self(this);
     const Panes before = readPanes();
     {
-        // Sent anew, for filters that come after this one. Those that come before it see it twice: as long as it is
-        // the first filter there are none.
+        // The event is sent again, so that event filters after this one get it, too. Filters before this one would get
+        // it twice; to avoid that, this filter is installed again, which makes it the first.
         splitView()->installEventFilter(this);
-        const Busy busy(this, event);
+        const ZelMemberScope busy(this, m_isBusy, true);
+        const ZelMemberScope delivered(this, m_delivered, event);
         QCoreApplication::sendEvent(splitView(), event);
     }
     if (!self || !isReady())
         return;
     Panes panes = readPanes(before);
-    // The splitter opens a collapsed pane when all others have been hidden.
+    // QSplitter opens a collapsed pane when all others were hidden. That is accepted.
     if (ZelSplitViewPanes::nearest(panes, 0, 1, false) < 0)
         panes = readPanes();
     layOut(panes);

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "SplitView/ZelPrioritySplitViewItem.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "ViewController/ZelKeyedCoder.h"
 
 #include <limits>
 
 namespace {
 
-const QString minLengthKey = QStringLiteral("minLength");
-const QString maxLengthKey = QStringLiteral("maxLength");
-const QString priorityIndexKey = QStringLiteral("priorityIndex");
-const QString collapsibleKey = QStringLiteral("collapsible");
+const QString g_minLengthKey = QStringLiteral("minLength");
+const QString g_maxLengthKey = QStringLiteral("maxLength");
+const QString g_priorityIndexKey = QStringLiteral("priorityIndex");
+const QString g_collapsibleKey = QStringLiteral("collapsible");
 
 } // namespace
 
@@ -33,12 +34,12 @@ ZelPrioritySplitViewItem::ZelPrioritySplitViewItem(double minLength, double maxL
 ZelPrioritySplitViewItem::ZelPrioritySplitViewItem(const ZelKeyedCoder &coder, QObject *parent)
     : ZelPrioritySplitViewItem(parent)
 {
-    setMinLength(coder.decodeDouble(minLengthKey));
-    // A limit of 0 would pin the divider for good.
-    if (coder.contains(maxLengthKey))
-        setMaxLength(coder.decodeDouble(maxLengthKey));
-    setPriorityIndex(coder.decode(priorityIndexKey).toULongLong());
-    setCollapsible(coder.decodeBool(collapsibleKey));
+    setMinLength(coder.decodeDouble(g_minLengthKey));
+    // A missing value must not be read as 0, which would make the divider immovable.
+    if (coder.contains(g_maxLengthKey))
+        setMaxLength(coder.decodeDouble(g_maxLengthKey));
+    setPriorityIndex(coder.decode(g_priorityIndexKey).toULongLong());
+    setCollapsible(coder.decodeBool(g_collapsibleKey));
 }
 
 ZelPrioritySplitViewItem *ZelPrioritySplitViewItem::prioritySplitViewItemWithMinLength(double minLength,
@@ -51,40 +52,32 @@ ZelPrioritySplitViewItem *ZelPrioritySplitViewItem::prioritySplitViewItemWithMin
 
 void ZelPrioritySplitViewItem::setMinLength(double length)
 {
-    if (m_minLength == length)
-        return;
-    m_minLength = length;
-    Q_EMIT minLengthChanged();
+    if (ZelAssign(m_minLength, length))
+        Q_EMIT minLengthChanged();
 }
 
 void ZelPrioritySplitViewItem::setMaxLength(double length)
 {
-    if (m_maxLength == length)
-        return;
-    m_maxLength = length;
-    Q_EMIT maxLengthChanged();
+    if (ZelAssign(m_maxLength, length))
+        Q_EMIT maxLengthChanged();
 }
 
 void ZelPrioritySplitViewItem::setPriorityIndex(quint64 index)
 {
-    if (m_priorityIndex == index)
-        return;
-    m_priorityIndex = index;
-    Q_EMIT priorityIndexChanged();
+    if (ZelAssign(m_priorityIndex, index))
+        Q_EMIT priorityIndexChanged();
 }
 
 void ZelPrioritySplitViewItem::setCollapsible(bool collapsible)
 {
-    if (m_collapsible == collapsible)
-        return;
-    m_collapsible = collapsible;
-    Q_EMIT collapsibleChanged();
+    if (ZelAssign(m_collapsible, collapsible))
+        Q_EMIT collapsibleChanged();
 }
 
 void ZelPrioritySplitViewItem::encodeWithCoder(ZelKeyedCoder &coder) const
 {
-    coder.encode(minLengthKey, m_minLength);
-    coder.encode(maxLengthKey, m_maxLength);
-    coder.encode(priorityIndexKey, m_priorityIndex);
-    coder.encode(collapsibleKey, m_collapsible);
+    coder.encode(g_minLengthKey, m_minLength);
+    coder.encode(g_maxLengthKey, m_maxLength);
+    coder.encode(g_priorityIndexKey, m_priorityIndex);
+    coder.encode(g_collapsibleKey, m_collapsible);
 }

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QObject>
 
 class ZelKeyedCoder;
 
-/// How one pane of a split view may be resized. Lengths are points along the axis on which the panes follow each other.
-class ZelPrioritySplitViewItem : public QObject
+/// How one pane of a split view may be resized. Lengths are in points along the axis of the split view.
+class ZEL_EXPORT ZelPrioritySplitViewItem : public QObject
 {
     Q_OBJECT
     /// 0 by default.
     Q_PROPERTY(double minLength READ minLength WRITE setMinLength NOTIFY minLengthChanged)
-    /// Holds while the user drags a divider, and only then. Unlimited by default.
+    /// Limits the pane only while the user moves a divider. Unlimited by default.
     Q_PROPERTY(double maxLength READ maxLength WRITE setMaxLength NOTIFY maxLengthChanged)
-    /// The pane of the largest index grows, the one of the smallest shrinks first. 0 by default.
+    /// The pane with the largest index grows first, the pane with the smallest shrinks first. 0 by default.
     Q_PROPERTY(quint64 priorityIndex READ priorityIndex WRITE setPriorityIndex NOTIFY priorityIndexChanged)
     /// Whether the user may collapse the pane. False by default.
     Q_PROPERTY(bool collapsible READ isCollapsible WRITE setCollapsible NOTIFY collapsibleChanged)
@@ -21,9 +23,9 @@ public:
     explicit ZelPrioritySplitViewItem(QObject *parent = nullptr);
     ZelPrioritySplitViewItem(double minLength, double maxLength, quint64 priorityIndex, bool collapsible,
                              QObject *parent = nullptr);
-    /// Reads what encodeWithCoder wrote; what an older archive lacks has its default.
+    /// Reads what encodeWithCoder wrote. Values that are missing in an older archive have their defaults.
     explicit ZelPrioritySplitViewItem(const ZelKeyedCoder &coder, QObject *parent = nullptr);
-    /// A new item without a parent; a delegate that it is given to takes it over.
+    /// Makes an item without a parent. The delegate that gets it becomes its parent.
     static ZelPrioritySplitViewItem *prioritySplitViewItemWithMinLength(double minLength, double maxLength,
                                                                         quint64 priorityIndex, bool collapsible);
 

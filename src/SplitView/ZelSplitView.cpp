@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "SplitView/ZelSplitView.h"
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Extensions/ZelSeparatorColor.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "SplitView/ZelSplitViewHandle.h"
+#include "SplitView/private/ZelSplitViewHandle.h"
 
 #include <QResizeEvent>
 #include <utility>
@@ -21,9 +22,8 @@ ZelSplitView::ZelSplitView(Qt::Orientation orientation, QWidget *parent)
 
 void ZelSplitView::setLevel(quint64 level)
 {
-    if (m_level == level || !ZelCheck(level <= 2, QStringLiteral("Unexpected case occured")))
+    if (!ZelCheck(level <= 2, QStringLiteral("Unexpected case occured")) || !ZelAssign(m_level, level))
         return;
-    m_level = level;
     updateDividers();
     Q_EMIT levelChanged();
 }
@@ -47,7 +47,7 @@ bool ZelSplitView::handleEvent(QEvent *event)
 
 void ZelSplitView::resizeEvent(QResizeEvent *event)
 {
-    // A second pass over the panes would find everything in place, and take as long as the first.
+    // The delegate has laid out the panes for this size. QSplitter's own layout would change nothing and take as long.
     if (std::exchange(m_laidOutSize, QSize()) != event->size())
         QSplitter::resizeEvent(event);
 }

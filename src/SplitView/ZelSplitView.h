@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QSplitter>
 
-/// A splitter whose dividers are lines in a colour that follows whether its window is the active one.
+/// A splitter whose dividers are lines. Their colour depends on whether the window is the active one.
 ///
-/// A line is one point wide unless setHandleWidth() is called; the mouse takes hold of it within a few points.
-class ZelSplitView : public ZelGuarded<QSplitter>
+/// A line is one point wide unless setHandleWidth() is called. The mouse can grab it within a few points.
+class ZEL_EXPORT ZelSplitView : public ZelGuarded<QSplitter>
 {
     Q_OBJECT
-    /// How deep in the window the split view stands: 0 (the default), 1 or 2, each fainter. Asserts another one, and
-    /// keeps the former.
+    /// The depth of the split view in the window: 0 (the default), 1 or 2, each with fainter lines. Any other level is
+    /// an assertion and changes nothing.
     Q_PROPERTY(quint64 level READ level WRITE setLevel NOTIFY levelChanged)
 public:
     explicit ZelSplitView(QWidget *parent = nullptr);
@@ -34,5 +35,5 @@ private:
     friend class ZelPrioritySplitViewDelegate;
     void updateDividers();
     quint64 m_level = 0;
-    QSize m_laidOutSize; // for which a delegate has set the panes' sizes already
+    QSize m_laidOutSize; // the size for which a delegate has laid out the panes already
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SplitView/ZelSplitViewDividers.h"
 
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Resources/ZelLocalizedString.h"
 #include "SplitView/ZelPrioritySplitViewDelegate.h"
 
 #include <QKeyEvent>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int g_step = 10;
 
-/// What an application's splitter offers to its own class alone.
+/// Gives access to a protected function of any QSplitter.
 struct Access : QSplitter
 {
     static void showBand(QSplitter *splitter, int position) { (splitter->*&Access::setRubberBand)(position); }
@@ -119,7 +119,7 @@ bool ZelSplitViewDividers::release(QSplitterHandle *handle, QMouseEvent *event)
         return false;
     const int coordinate = mouseCoordinate(handle, event) - m_offset;
     Access::showBand(splitter, -1);
-    // The divider is told, but is not to move by itself.
+    // The handle must get the release, but would move the panes itself. With opaque resizing it does not.
     const QPointer<QSplitter> alive(splitter);
     const QPointer<QSplitterHandle> aliveHandle(handle);
     splitter->setOpaqueResize(true);
@@ -175,7 +175,8 @@ int ZelSplitViewDividers::position(const QSplitterHandle *handle) const
 std::optional<ZelSplitViewDividers::Pair> ZelSplitViewDividers::pairAt(const Panes &panes, int index,
                                                                        int direction) const
 {
-    // The pane that grows may be a collapsed one beside the divider: it opens. The one that shrinks is behind it.
+    // The pane that grows may be collapsed; it then opens. The pane that shrinks must be shown, so collapsed ones are
+    // skipped.
     const int left = ZelSplitViewPanes::nearest(panes, index - 1, -1, direction > 0);
     const int right = ZelSplitViewPanes::nearest(panes, index, 1, direction < 0);
     if (left < 0 || right < 0)
@@ -218,7 +219,8 @@ bool ZelSplitViewDividers::collapse(Panes &panes, const Pair &pair, int coordina
             return false;
         pane.isCollapsed = true;
         pane.length = 0;
-        // The other one may have been collapsed itself, and the panes may have been too long before.
+        // The other pane may have been collapsed, and all panes may have been too long, so the lengths are distributed
+        // again.
         panes[size_t(other)].isCollapsed = false;
         panes[size_t(other)].length = room;
         m_delegate->distribute(panes, nullptr);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "SplitView/ZelSplitViewPanes.h"
 
 #include <QHash>
@@ -10,21 +11,21 @@ class QKeyEvent;
 class QMouseEvent;
 class ZelPrioritySplitViewDelegate;
 
-/// The mouse and the keyboard on the dividers of a delegate's splitter.
-class ZelSplitViewDividers
+/// Handles the mouse and the keyboard on the dividers of a delegate's splitter.
+class ZEL_EXPORT ZelSplitViewDividers
 {
 public:
     explicit ZelSplitViewDividers(ZelPrioritySplitViewDelegate *delegate)
         : m_delegate(delegate)
     {
     }
-    /// The dividers get back what watch() has changed.
+    /// Undoes what watch() has changed on the dividers.
     ~ZelSplitViewDividers();
 
-    /// Lets the divider take the focus.
+    /// Lets the divider take the focus, and gives it an accessible name.
     void watch(QSplitterHandle *handle);
     void forget(const QObject *handle) { m_watched.remove(handle); }
-    /// Whether the event is done with.
+    /// Answers whether nothing is left to do for the event.
     bool handleEvent(QSplitterHandle *handle, QEvent *event);
 
 private:
@@ -35,7 +36,7 @@ private:
         bool hadNoFocus = false;
         bool hadNoName = false;
     };
-    /// Two panes whose common boundary is moved.
+    /// Two panes between which a divider moves.
     struct Pair
     {
         int left;
@@ -54,7 +55,7 @@ private:
     int position(const QSplitterHandle *handle) const;
     std::optional<Pair> pairAt(const Panes &panes, int index, int direction) const;
     std::optional<std::pair<int, int>> range(const Panes &panes, const Pair &pair) const;
-    /// The lengths after the divider was moved as near to the coordinate as it may go.
+    /// The panes after the divider was moved as near to the coordinate as it may go; none if it cannot be moved.
     std::optional<Panes> moved(QSplitterHandle *handle, int coordinate, bool mayCollapse) const;
     bool collapse(Panes &panes, const Pair &pair, int coordinate) const;
     void moveTo(QSplitterHandle *handle, int coordinate, bool mayCollapse);
@@ -63,5 +64,5 @@ private:
     ZelPrioritySplitViewDelegate *m_delegate;
     QHash<const QObject *, Watched> m_watched;
     QPointer<QSplitterHandle> m_pressed;
-    int m_offset = 0; // of the mouse from the divider
+    int m_offset = 0; // from the start of the divider to the mouse
 };

@@ -7,7 +7,7 @@ using Pane = ZelSplitViewPanes::Pane;
 
 namespace {
 
-/// Lets the splitter take itself for larger. Its margins may be negative only where they disregard the safe area.
+/// Makes the splitter believe that it is larger, by negative margins. Qt allows these only without the safe area.
 class Enlargement
 {
 public:
@@ -79,7 +79,7 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
 {
     const Axis axis(splitter);
     List panes(size_t(splitter->count()));
-    // All dividers are made alike, and the style's answer takes its time.
+    // All dividers have the same size hint, and asking the style for it is slow.
     const int thickness = panes.empty() ? 0 : axis.pick(splitter->handle(0)->sizeHint());
     for (int i = 0; i < splitter->count(); ++i) {
         Pane &pane = panes[size_t(i)];
@@ -88,7 +88,7 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
         pane.isHidden = widget->isHidden();
         pane.maximum = axis.pick(widget->maximumSize());
         pane.thickness = thickness;
-        // The splitter moves a collapsed pane aside, but cannot make it smaller than its minimum.
+        // QSplitter moves a collapsed pane out of sight, but does not make it smaller than its minimum.
         const QRect geometry = widget->geometry();
         const bool isOutOfSight = (axis.isHorizontal ? geometry.bottom() : geometry.right()) < 0;
         pane.length = isOutOfSight ? 0 : axis.pick(widget->size());
@@ -102,7 +102,7 @@ ZelSplitViewPanes::List ZelSplitViewPanes::read(const QSplitter *splitter, const
             state->isCollapsed = false;
             state->shownLength = pane.length;
         } else if (state->length != 0 && !pane.isHidden) {
-            const bool isCollapsed = mayCollapse(i); // may come back here
+            const bool isCollapsed = mayCollapse(i); // this may call read() again and move the states
             state = &this->state(size_t(i), widget);
             state->isCollapsed = isCollapsed;
         }
@@ -189,7 +189,7 @@ bool ZelSplitViewPanes::apply(QSplitter *splitter, const List &panes)
     }
     const Axis axis(splitter);
     const int missing = qMax(0, needed - axis.length());
-    // From right to left the splitter is one point off.
+    // In a right-to-left layout QSplitter misplaces panes by one point, so they are placed here.
     if (missing == 0 && !axis.isMirrored) {
         splitter->setSizes(sizes);
         return false;
@@ -222,7 +222,8 @@ void ZelSplitViewPanes::place(const QPointer<QSplitter> &splitter, const List &p
         const Axis axis(splitter);
         QSplitterHandle *handle = splitter->handle(index);
         const QMargins margins = handle->contentsMargins();
-        // Dividers beside collapsed panes share a place. At the ends they lie over the pane that is there.
+        // Dividers beside collapsed panes share one place. At the ends they cover a part of the first or the last shown
+        // pane.
         const bool isLeading = nearest(panes, int(i) - 1, -1, false) < 0;
         const bool isTrailing = nearest(panes, int(i), 1, false) < 0;
         const int start = ZelSplitViewPanes::start(panes, int(i));

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QPointer>
 #include <QSplitter>
 #include <functional>
 #include <vector>
 
-/// The panes of a splitter: their lengths, read and applied.
+/// Reads and applies the lengths of a splitter's panes.
 ///
-/// The splitter lays itself out when it is given sizes that fill it. Two things it does not do: it squeezes panes that
-/// are too long together, and it keeps the room of the divider beside a collapsed pane. There the sizes are given to it
-/// as if it were larger, so that it knows them, and the panes and dividers are put in their places here.
-class ZelSplitViewPanes
+/// A QSplitter that gets sizes that fill it exactly lays itself out as wanted. Otherwise it differs in two ways: it
+/// squeezes panes that are too long together, and it leaves room for the divider beside a collapsed pane. In these
+/// cases it gets the sizes while it takes itself for larger, so that it stores them, and the panes and dividers are
+/// placed here.
+class ZEL_EXPORT ZelSplitViewPanes
 {
 public:
     struct Pane
@@ -20,14 +23,14 @@ public:
         int length = 0;    ///< points along the axis; 0 if collapsed
         int minimum = 0;   ///< of the widget itself
         int maximum = 0;   ///< of the widget itself
-        int thickness = 0; ///< of the divider before the pane
+        int thickness = 0; ///< the width of the divider before the pane
         bool isHidden = false;
         bool isCollapsed = false;
         bool isShown() const { return !isHidden && !isCollapsed; }
     };
     using List = std::vector<Pane>;
 
-    /// Coordinates along the axis, from where the panes begin, in the direction of reading.
+    /// Maps coordinates along the axis. They start where the first pane begins and grow in the direction of reading.
     struct Axis
     {
         explicit Axis(const QSplitter *splitter);
@@ -36,7 +39,7 @@ public:
         int coordinate(QPoint point) const;
         int start(const QRect &rect) const;
         QRect rect(int start, int length) const;
-        /// The margin of a divider before its bar, and both margins.
+        /// The margin of a divider before its bar, and the sum of both margins.
         int before(const QMargins &margins) const;
         int around(const QMargins &margins) const;
         QRect contents;
@@ -44,26 +47,28 @@ public:
         bool isMirrored;
     };
 
-    /// `mayCollapse` tells whether a pane that somebody else has made empty counts as collapsed. The panes' own
-    /// minimums are asked for once until forgetMinimums(), as long as the splitter is visible and so hears of changes.
+    /// Reads the panes. `mayCollapse` tells whether a pane that something else has made empty counts as collapsed.
+    /// While the splitter is visible, and so gets layout requests, the panes' own minimums are read only once until
+    /// forgetMinimums().
     List read(const QSplitter *splitter, const std::function<bool(int)> &mayCollapse);
     /// What the panes leave of the splitter; negative if they are too long.
     static int space(const QSplitter *splitter, const List &panes);
-    /// Where the pane begins, or would begin if it were not collapsed.
+    /// The coordinate where the pane begins, or would begin if it were not collapsed.
     static int start(const List &panes, int index);
-    /// Where it ends, or would end.
+    /// The coordinate where the pane ends, or would end.
     static int end(const QSplitter *splitter, const List &panes, int index);
-    /// The nearest pane from the index on in steps of 1 or -1 that is shown, or, with collapsed ones, not hidden; or
-    /// -1.
+    /// The index of the first shown pane from `index` on, in steps of 1 or -1. With `withCollapsed` a collapsed pane
+    /// counts, too. -1 if there is none.
     static int nearest(const List &panes, int index, int step, bool withCollapsed);
 
     void forgetMinimums() { m_areMinimumsKnown = false; }
-    /// Takes note of what is about to be applied.
+    /// Stores the lengths that are about to be applied.
     void remember(const List &panes);
-    /// Lays out the splitter. Answers whether it had to be done in its place. Panes may die meanwhile, so that a pane's
-    /// widget is only to be looked for in the splitter.
+    /// Lays out the splitter. Answers whether the panes had to be placed past the splitter's own layout. Panes may die
+    /// during this, so a pane's widget may only be compared with those in the splitter.
     static bool apply(QSplitter *splitter, const List &panes);
-    /// Whether the splitter holds the panes at these lengths. It does not where one has another minimum by now.
+    /// Whether the splitter has given the panes these lengths. It has not if the minimum of a pane has changed
+    /// meanwhile.
     static bool isApplied(const QSplitter *splitter, const List &panes);
     /// The length that the pane had before it was collapsed.
     int lengthBeforeCollapse(const QWidget *pane) { return state(0, pane).shownLength; }
@@ -76,13 +81,13 @@ private:
     struct State
     {
         const QObject *pane = nullptr;
-        int length = -1;     // as applied last; -1: never
-        int shownLength = 0; // the last one that was not 0
-        int minimum = -1;    // the widget's own; -1: not known
+        int length = -1;     // the length applied last; -1 before the first time
+        int shownLength = 0; // the last length that was not 0
+        int minimum = -1;    // of the widget itself; -1 if not known
         bool isCollapsed = false;
     };
     static void place(const QPointer<QSplitter> &splitter, const List &panes);
-    /// The pane's state, looked for first where it is likely to be.
+    /// The pane's state. It is looked for at the given index first.
     State &state(size_t index, const QObject *pane)
     {
         return index < m_states.size() && m_states[index].pane == pane ? m_states[index] : foundState(pane);

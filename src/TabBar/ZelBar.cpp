@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelBar.h"
 
+#include "Core/Values/private/ZelAssign.h"
+
 #include <QEvent>
 
 ZelBar::ZelBar(QWidget *parent)
@@ -17,16 +19,15 @@ ZelBar::ZelBar(const ZelKeyedCoder &coder, QWidget *parent)
 
 void ZelBar::setStyle(quint32 style)
 {
-    if (m_style == style)
+    if (!ZelAssign(m_style, style))
         return;
-    m_style = style;
     update();
     Q_EMIT styleChanged();
 }
 
 bool ZelBar::handleEvent(QEvent *event)
 {
-    // The window hands both on to all its widgets, also when the whole application is activated.
+    // Qt sends both events to all widgets of the window, also when the whole application becomes active.
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
     return ZelView::handleEvent(event);

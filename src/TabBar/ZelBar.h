@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
-/// A strip along the edge of a window, whose look follows the window's activity.
-class ZelBar : public ZelView
+/// A strip along the edge of a window. Its look depends on whether the window is active.
+class ZEL_EXPORT ZelBar : public ZelView
 {
     Q_OBJECT
     /// The look of the bar: 0, the default, has a background and a hairline below it; any other value is plain.

@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelButtonMatrix.h"
 
-#include "Platform/Controls/ZelCellGroupAccessible.h"
-#include "Platform/Controls/ZelControlSupport.h"
+#include "Core/Values/private/ZelAssign.h"
 
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <cmath>
 
 ZelButtonMatrix::ZelButtonMatrix(QWidget *parent)
     : ZelGuarded(parent)
+    , ZelCellGroup(this, Tabs)
 {
-    ZelControlSupport::prepare();
-    setFocusPolicy(Qt::TabFocus); // a click leaves the focus to the editor that may have to commit
+    setFocusPolicy(Qt::TabFocus); // a click must not move the focus away from a text that may be refused
 }
 
 void ZelButtonMatrix::renewColumns(int count)
@@ -23,8 +18,6 @@ void ZelButtonMatrix::renewColumns(int count)
     const bool resized = count != numberOfColumns();
     m_cells = QList<ZelTabBarButtonCell>(count, m_prototype);
     m_selectedColumn = -1;
-    if (m_pressedColumn >= count)
-        m_pressedColumn = -1;
     if (resized)
         updateGeometry();
     update();
@@ -42,21 +35,14 @@ QRect ZelButtonMatrix::rectOfColumn(int column) const
     return QRect(left, 0, qRound((column + 1) * m_cellWidth) - left, height());
 }
 
-int ZelButtonMatrix::columnAtPosition(const QPoint &position) const
-{
-    const int column = int(std::floor(position.x() / m_cellWidth));
-    return rect().contains(position) && column < numberOfColumns() ? column : -1;
-}
-
 void ZelButtonMatrix::selectCellAtColumn(int column)
 {
     if (column < 0 || column >= numberOfColumns())
         column = -1;
-    if (m_selectedColumn == column)
+    if (!ZelAssign(m_selectedColumn, column))
         return;
-    m_selectedColumn = column;
     update();
-    ZelCellGroupAccessible::selectionDidChange(this);
+    announceCurrentCell();
 }
 
 void ZelButtonMatrix::performClickAtColumn(int column)
@@ -69,9 +55,8 @@ void ZelButtonMatrix::performClickAtColumn(int column)
 
 void ZelButtonMatrix::setCellWidth(double width)
 {
-    if (m_cellWidth == width || !(width > 0))
+    if (!(width > 0) || !ZelAssign(m_cellWidth, width))
         return;
-    m_cellWidth = width;
     updateGeometry();
     update();
 }
@@ -85,101 +70,21 @@ ZelTabBarButtonCell::State ZelButtonMatrix::stateOfColumn(int column) const
 {
     ZelTabBarButtonCell::State state;
     state.setFlag(ZelTabBarButtonCell::Selected, column == m_selectedColumn);
-    state.setFlag(ZelTabBarButtonCell::Pressed, column == m_pressedColumn);
-    state.setFlag(ZelTabBarButtonCell::Focused, column == qMax(0, m_selectedColumn) && hasFocus());
+    state.setFlag(ZelTabBarButtonCell::Pressed, isCellPressed(column));
+    state.setFlag(ZelTabBarButtonCell::Focused, hasCellFocus(column));
     state.setFlag(ZelTabBarButtonCell::WindowActive, isActiveWindow());
     state.setFlag(ZelTabBarButtonCell::Enabled, isEnabled() && m_cells.at(column).enabled);
     return state;
 }
 
-void ZelButtonMatrix::paintEvent(QPaintEvent *)
+void ZelButtonMatrix::drawCell(QPainter *painter, int cell) const
 {
-    QPainter painter(this);
-    for (int column = 0; column < numberOfColumns(); ++column)
-        m_cells.at(column).draw(painter, rectOfColumn(column), stateOfColumn(column), palette());
+    m_cells.at(cell).draw(*painter, rectOfColumn(cell), stateOfColumn(cell), palette());
 }
 
-bool ZelButtonMatrix::handleEvent(QEvent *event)
+int ZelButtonMatrix::cellForKey(int key) const
 {
-    switch (event->type()) {
-    case QEvent::ToolTip: {
-        const auto *help = static_cast<QHelpEvent *>(event);
-        const int column = columnAtPosition(help->pos());
-        if (column < 0 || m_cells.at(column).toolTip.isEmpty())
-            break;
-        QToolTip::showText(help->globalPos(), m_cells.at(column).toolTip, this, rectOfColumn(column));
-        return true;
-    }
-    case QEvent::WindowActivate:
-        update();
-        break;
-    case QEvent::WindowDeactivate: // perhaps by a dialog, which gets the release of the button
-        update();
-        setPressedColumn(-1);
-        break;
-    case QEvent::Hide:
-    case QEvent::EnabledChange:
-        setPressedColumn(-1);
-        break;
-    default:
-        break;
-    }
-    return QWidget::event(event);
-}
-
-void ZelButtonMatrix::setPressedColumn(int column)
-{
-    if (m_pressedColumn == column)
-        return;
-    m_pressedColumn = column;
-    update();
-}
-
-void ZelButtonMatrix::mousePressEvent(QMouseEvent *event)
-{
-    const int column = columnAtPosition(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || column < 0) {
-        event->ignore();
-        return;
-    }
-    if (m_cells.at(column).enabled)
-        setPressedColumn(column);
-    performClickAtColumn(column); // may delete the matrix
-}
-
-void ZelButtonMatrix::mouseReleaseEvent(QMouseEvent *)
-{
-    setPressedColumn(-1);
-}
-
-int ZelButtonMatrix::enabledColumn(int from, int step) const
-{
-    for (int column = from; column >= 0 && column < numberOfColumns(); column += step)
-        if (m_cells.at(column).enabled)
-            return column;
-    return -1;
-}
-
-void ZelButtonMatrix::keyPressEvent(QKeyEvent *event)
-{
-    int column = -1;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        column = enabledColumn(m_selectedColumn - 1, -1);
-        break;
-    case Qt::Key_Right:
-        column = enabledColumn(m_selectedColumn + 1, 1);
-        break;
-    case Qt::Key_Home:
-        column = enabledColumn(0, 1);
-        break;
-    case Qt::Key_End:
-        column = enabledColumn(numberOfColumns() - 1, -1);
-        break;
-    default:
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    if (column != m_selectedColumn)
-        performClickAtColumn(column);
+    if (key == Qt::Key_Home)
+        return enabledCell(0, 1);
+    return key == Qt::Key_End ? enabledCell(numberOfColumns() - 1, -1) : ZelCellGroup::cellForKey(key);
 }

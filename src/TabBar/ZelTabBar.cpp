@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelTabBar.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelControlAccessors.h"
 #include "TabBar/ZelButtonMatrix.h"
-#include "ViewController/ZelAssignItems.h"
+#include "ViewController/ZelInstalledContext.h"
+#include "ViewController/private/ZelAssignItems.h"
 
 #include <QEvent>
 #include <QShortcut>
@@ -12,11 +13,10 @@
 
 namespace {
 
-const char context = 0;
-constexpr int buttonWidth = 32;
-constexpr int barHeight = 22;
+constexpr int g_buttonWidth = 32;
+constexpr int g_barHeight = 22;
 
-/// Empty for an item without a key equivalent, or one that is no key.
+/// The key sequence of the item; empty if it has no key equivalent or that is no key.
 QKeySequence sequenceOf(const ZelTabBarItem *item)
 {
     const QKeySequence key = QKeySequence::fromString(item->keyEquivalent(), QKeySequence::PortableText);
@@ -43,9 +43,8 @@ ZelTabBar::ZelTabBar(const ZelKeyedCoder &coder, QWidget *parent)
 
 void ZelTabBar::setUp()
 {
-    ZelRegisterControlAccessors();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    m_matrix->setCellWidth(buttonWidth);
+    m_matrix->setCellWidth(g_buttonWidth);
     connect(m_matrix, &ZelButtonMatrix::triggered, this, [this] { selectBarButton(m_matrix); });
 }
 
@@ -74,10 +73,8 @@ void ZelTabBar::setItems(const QList<ZelTabBarItem *> &items)
 
 void ZelTabBar::setSelectedItem(ZelTabBarItem *item)
 {
-    if (m_selectedItem == item)
-        return;
-    m_selectedItem = item;
-    Q_EMIT selectedItemChanged();
+    if (ZelAssign(m_selectedItem, item))
+        Q_EMIT selectedItemChanged();
 }
 
 ZelTabBarDelegate *ZelTabBar::delegate() const
@@ -111,12 +108,13 @@ void ZelTabBar::viewDidInstall()
     const auto observe = [&](const char *key, void (ZelTabBar::*update)()) {
         observations.addObservationWithObject(
             this, key, ZelKeyValueObservingOptionEqualCheck,
-            [this, update](ZelBlockObservation *, const ZelKeyValueChange &) { (this->*update)(); }, &context);
+            [this, update](ZelBlockObservation *, const ZelKeyValueChange &) { (this->*update)(); },
+            &ZelInstalledContext);
     };
     observe("items", &ZelTabBar::itemsDidChange);
     observe("selectedItem", &ZelTabBar::updateButtonState);
     observe("style", &ZelTabBar::updateButtonStyle);
-    observations.addBindingWithObject(m_matrix, ZelEnabledBinding, this, "enabled", {}, &context);
+    observations.addBindingWithObject(m_matrix, ZelEnabledBinding, this, "enabled", {}, &ZelInstalledContext);
     for (ZelTabBarItem *item : items())
         startObservationOfItem(item);
     updateButtonStyle();
@@ -126,7 +124,6 @@ void ZelTabBar::viewDidInstall()
 void ZelTabBar::viewWillUninstall()
 {
     ZelBar::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&context);
     for (ZelTabBarItem *item : m_itemObservations.keys())
         stopObservationOfItem(item);
 }
@@ -213,13 +210,13 @@ void ZelTabBar::updateButtonStyle()
 
 void ZelTabBar::adjustSubviews()
 {
-    const int width = buttonWidth * int(items().size());
+    const int width = g_buttonWidth * int(items().size());
     m_matrix->setGeometry(int(std::floor((this->width() - width) * 0.5)), 0, width, height());
 }
 
 QSize ZelTabBar::sizeHint() const
 {
-    return QSize(buttonWidth * int(items().size()), barHeight);
+    return QSize(g_buttonWidth * int(items().size()), g_barHeight);
 }
 
 QSize ZelTabBar::minimumSizeHint() const
@@ -243,7 +240,7 @@ void ZelTabBar::selectBarButton(QObject *)
         return;
     if (delegate() && !delegate()->tabBarShouldSelectItem(this, item)) {
         if (guard)
-            updateButtonState(); // the pressed button gives way to the selected one again
+            updateButtonState(); // selects the former button again
         return;
     }
     if (guard && item && delegate())
@@ -268,16 +265,17 @@ void ZelTabBar::updateShortcuts()
         return;
     for (QShortcut *shortcut : std::exchange(m_shortcuts, {})) {
         shortcut->setEnabled(false);
-        shortcut->deleteLater(); // one of them may be at work
+        shortcut->deleteLater(); // one of them may have led here
     }
-    // One for each sequence, not for each item: two shortcuts of one sequence are ambiguous, and then neither works.
+    // There is one shortcut for each sequence and not for each item, because two shortcuts with one sequence are
+    // ambiguous and neither is activated.
     for (const QKeySequence &sequence : std::as_const(sequences)) {
         auto *shortcut = new QShortcut(sequence, this);
         const auto select = [this, sequence] {
             ZelExceptionReporter::run(this, [this, &sequence] { selectFirstEnabledItem(sequence); });
         };
         connect(shortcut, &QShortcut::activated, this, select);
-        connect(shortcut, &QShortcut::activatedAmbiguously, this, select); // the same keys in another bar
+        connect(shortcut, &QShortcut::activatedAmbiguously, this, select); // another bar has the same keys
         m_shortcuts.append(shortcut);
     }
 }

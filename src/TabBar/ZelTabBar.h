@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "TabBar/ZelBar.h"
 #include "TabBar/ZelButtonMatrix.h"
 #include "TabBar/ZelTabBarDelegate.h"
@@ -13,18 +14,18 @@
 class QShortcut;
 class ZelBlockObservation;
 
-/// A row of image buttons, one for each item, exactly one of them selected.
+/// A row of image buttons, one for each item. Exactly one of them is selected.
 ///
-/// The buttons follow the items while the bar is installed. Items without a parent become the bar's children; null
-/// pointers among them are left out.
+/// The buttons follow the items while the bar is installed. Items without a parent become the bar's children. Null
+/// pointers among the items are ignored.
 ///
-/// Several items may have the same key equivalent: the first of them that is enabled is selected. The arrow keys, Home
-/// and End select when the bar has the focus.
-class ZelTabBar : public ZelBar
+/// Several items may have the same key equivalent, which selects the first of them that is enabled. The arrow keys,
+/// Home and End select while the bar has the focus.
+class ZEL_EXPORT ZelTabBar : public ZelBar
 {
     Q_OBJECT
     Q_PROPERTY(QList<ZelTabBarItem *> items READ items WRITE setItems NOTIFY itemsChanged)
-    /// An item that is not among the items gives way to the first one.
+    /// If the selected item is not among the items when the buttons are made, the first item becomes the selected one.
     Q_PROPERTY(ZelTabBarItem *selectedItem READ selectedItem WRITE setSelectedItem NOTIFY selectedItemChanged)
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
     Q_PROPERTY(ZelTabBarDelegate *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
@@ -34,27 +35,27 @@ public:
     explicit ZelTabBar(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
     ~ZelTabBar() override;
 
-    /// Items that have died meanwhile are left out.
+    /// The items, without those that have died.
     QList<ZelTabBarItem *> items() const;
     void setItems(const QList<ZelTabBarItem *> &items);
     ZelTabBarItem *selectedItem() const { return m_selectedItem; }
     void setSelectedItem(ZelTabBarItem *item);
-    /// Not owned. A delegate that is a QObject may die before the bar.
+    /// The bar does not own the delegate. Only a delegate that is a QObject may die before the bar.
     ZelTabBarDelegate *delegate() const;
     void setDelegate(ZelTabBarDelegate *delegate);
     ZelButtonMatrix *matrix() const { return m_matrix; }
 
     /// Selects the item of the matrix's selected column if the delegate agrees.
     void selectBarButton(QObject *sender);
-    /// Makes the buttons anew from the items.
+    /// Makes new buttons for the items.
     void updateButtons();
     /// Selects the button of the selected item.
     void updateButtonState();
-    /// Takes over the style and makes the buttons anew.
+    /// Makes new buttons in the present style.
     void updateButtonStyle();
     /// Places the buttons in the middle of the bar.
     void adjustSubviews();
-    /// Has the buttons follow the item's displayed properties. Done by itself while the bar is installed.
+    /// Makes the buttons follow the item's displayed properties. The bar does this by itself while it is installed.
     void startObservationOfItem(ZelTabBarItem *item);
     void stopObservationOfItem(ZelTabBarItem *item);
 
@@ -93,6 +94,6 @@ private:
     bool m_delegateIsObject = false;
     QPointer<ZelButtonMatrix> m_matrix;
     QList<QShortcut *> m_shortcuts;
-    // Filed here and not on the items, which may die first.
+    // Kept here and not with the items, which may die first.
     QHash<ZelTabBarItem *, ItemObservation> m_itemObservations;
 };

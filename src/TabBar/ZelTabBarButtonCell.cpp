@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelTabBarButtonCell.h"
 
-#include "Platform/Resources/ZelNamedImages.h"
+#include "Resources/ZelNamedImages.h"
 
 #include <QPainter>
 #include <QPalette>
 
 namespace {
 
-constexpr int imageLength = 16;
-constexpr double bezelRadius = 4;
+constexpr int g_imageLength = 16;
+constexpr double g_bezelRadius = 4;
 
 QColor withAlpha(QColor color, double alpha)
 {
@@ -28,7 +28,7 @@ void ZelTabBarButtonCell::draw(QPainter &painter, const QRectF &rect, State stat
     if (state & Focused) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette.color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(rect.adjusted(3, 2, -3, -2), bezelRadius, bezelRadius);
+        painter.drawRoundedRect(rect.adjusted(3, 2, -3, -2), g_bezelRadius, g_bezelRadius);
     }
     painter.restore();
 }
@@ -42,11 +42,11 @@ void ZelTabBarButtonCell::drawBezel(QPainter &painter, const QRectF &rect, State
     painter.setPen(Qt::NoPen);
     if (state & Pressed) {
         painter.setBrush(withAlpha(text, 0.28));
-        painter.drawRoundedRect(bezel, bezelRadius, bezelRadius);
+        painter.drawRoundedRect(bezel, g_bezelRadius, g_bezelRadius);
     } else if (state & Selected && bordered) {
         painter.setPen(withAlpha(accent, accented ? 0.55 : 0.25));
         painter.setBrush(withAlpha(accent, accented ? 0.24 : 0.12));
-        painter.drawRoundedRect(bezel.adjusted(0.5, 0.5, -0.5, -0.5), bezelRadius, bezelRadius);
+        painter.drawRoundedRect(bezel.adjusted(0.5, 0.5, -0.5, -0.5), g_bezelRadius, g_bezelRadius);
     } else if (state & Selected) {
         painter.fillRect(QRectF(rect.left() + 4, rect.bottom() - 2, rect.width() - 8, 2), withAlpha(accent, 0.9));
     }
@@ -57,9 +57,9 @@ void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State
     const QIcon &shown = state & Pressed && !alternateImage.isNull() ? alternateImage : image;
     if (shown.isNull())
         return;
-    QRectF place(0, 0, imageLength, imageLength);
+    QRectF place(0, 0, g_imageLength, g_imageLength);
     place.moveCenter(rect.center());
-    const QRect target(place.topLeft().toPoint(), QSize(imageLength, imageLength));
+    const QRect target(place.topLeft().toPoint(), QSize(g_imageLength, g_imageLength));
     if (!(state & Enabled))
         painter.setOpacity(0.35);
     const QColor color = ZelNamedImages::templateColor(palette, state.testFlag(Selected), state.testFlag(Pressed),

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QIcon>
 #include <QString>
 
@@ -8,18 +10,18 @@ class QPainter;
 class QPalette;
 
 /// One button of a ZelButtonMatrix: what it shows and how it looks. A value, not a widget.
-struct ZelTabBarButtonCell
+struct ZEL_EXPORT ZelTabBarButtonCell
 {
     enum StateFlag { Selected = 1, Pressed = 2, Focused = 4, WindowActive = 8, Enabled = 16 };
     Q_DECLARE_FLAGS(State, StateFlag)
 
     QIcon image;
-    QIcon alternateImage; ///< shown while the button is pressed, if there is one
+    QIcon alternateImage; ///< shown while the button is pressed, unless it is null
     QString toolTip;
     QString keyEquivalent = QStringLiteral("");
     Qt::KeyboardModifiers keyEquivalentModifierMask;
     bool enabled = true;
-    bool bordered = true; ///< a bezel marks the selected button, otherwise a line below it
+    bool bordered = true; ///< whether a bezel marks the selected button, and not a line below it
 
     void draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
 

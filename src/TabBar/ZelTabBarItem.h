@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QIcon>
 #include <QObject>
 #include <QString>
 
 /// One tab of a ZelTabBar. An item is in one installed tab bar at most.
-class ZelTabBarItem : public QObject
+class ZEL_EXPORT ZelTabBarItem : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
-    /// Null by default. Also the name of the tab for people who cannot see the image.
+    /// Null by default. The tool tip is also the accessible name of the tab.
     Q_PROPERTY(QString toolTip READ toolTip WRITE setToolTip NOTIFY toolTipChanged)
-    /// The key that selects the tab, as "1" or "F5"; empty by default.
+    /// The key that selects the tab, such as "1" or "F5"; empty by default.
     Q_PROPERTY(QString keyEquivalent READ keyEquivalent WRITE setKeyEquivalent NOTIFY keyEquivalentChanged)
     Q_PROPERTY(Qt::KeyboardModifiers keyEquivalentModifierMask READ keyEquivalentModifierMask WRITE
                    setKeyEquivalentModifierMask NOTIFY keyEquivalentModifierMaskChanged)

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelActionTarget.h"
 
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
 
 #include <QApplication>
+#include <QMetaMethod>
 
 namespace {
 
-/// Chains are short; one that runs in a circle ends here.
+/// Chains are short. The limit ends a chain that runs in a circle.
 constexpr int g_longestChain = 10000;
 
 QObject *nextResponder(QObject *responder)
@@ -22,7 +23,7 @@ QObject *nextResponder(QObject *responder)
     return responder->parent();
 }
 
-/// False where the object has no such method, and then leaves the answer as it is.
+/// Answers false and leaves `answer` alone if the object has no such method.
 bool askToValidate(QObject *object, QObject *item, bool *answer)
 {
     const int index = object->metaObject()->indexOfMethod("validateUserInterfaceItem(QObject*)");
@@ -70,8 +71,8 @@ void ZelActionTarget::perform(const ZelSelector &action, QObject *target, QWidge
     QObject *receiver = targetForAction(action, target, start);
     if (!receiver)
         return;
-    const ZelSelector kept = action; // the action may change what it was read from
+    const ZelSelector kept = action; // a copy: the action may change or delete what the reference is to
     const ZelUndoGrouping grouping(start);
     kept.perform(receiver, control);
-    ZelRereadSilentProperties(); // whatever the action did
+    ZelRereadSilentProperties(); // the action may have changed properties that have no signal
 }

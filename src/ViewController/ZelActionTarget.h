@@ -1,29 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelSelector.h"
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/ZelExport.h"
 
 class QWidget;
 
-/// Who receives an action, and whether it may be sent now.
+/// Finds the receiver of an action, and tells whether the action may be sent now.
 ///
-/// An action with a target goes there. One without goes to the first object that has such a method: from the focus
-/// widget of the active window outwards, through controllers and windows, then from the focus widget of the sender's
-/// window and from the sender itself, and last the application object.
-class ZelActionTarget
+/// An action with a target goes to the target. An action without one goes to the first object that has a method for it.
+/// The search begins at the focus widget of the active window and goes outwards through parents, controllers and
+/// windows; then it begins at the focus widget of the sender's window, then at the sender. The application object is
+/// asked last.
+class ZEL_EXPORT ZelActionTarget
 {
 public:
-    /// The target, or whom the action finds. Null if there is none.
+    /// The target, or the receiver that the search finds. Null if there is none.
     static QObject *targetForAction(const ZelSelector &action, QObject *target, QWidget *sender);
 
-    /// Whether the action can be sent for an item: it has a receiver that has such a method and does not object. A
+    /// Whether the action can be sent for an item: there is a receiver that has a method for it and does not refuse. A
     /// receiver may have a slot or invokable method "bool validateUserInterfaceItem(QObject *item)", which answers
-    /// that.
+    /// false to refuse.
     static bool isValid(const ZelSelector &action, QObject *target, QWidget *sender, QObject *item);
 
-    /// Sends the action to its target, or to whom it finds, in one undo grouping of the window of the chain's start.
-    /// The sender handed to the method is the control. Does nothing where nobody takes the action. Everything may be
-    /// gone afterwards.
+    /// Sends the action to its target, or to the receiver that the search from `start` finds, in one undo grouping of
+    /// the window of `start`. The method gets the control as its sender. Does nothing if there is no receiver. All
+    /// objects may be gone afterwards.
     static void perform(const ZelSelector &action, QObject *target, QWidget *start, QObject *control);
 
 private:

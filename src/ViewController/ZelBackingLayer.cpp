@@ -33,7 +33,8 @@ void ZelBackingLayer::draw(QPainter &painter, const QRectF &bounds) const
 void ZelBackingLayer::drawFrame(QPainter &painter, const QRectF &rect, double width, const QColor &color)
 {
     const double inner = qMax(0.0, rect.height() - 2 * width);
-    // Four strips that do not overlap, so that a translucent colour is even in the corners.
+    // The border consists of four strips that do not overlap, so that a translucent colour is not darker in the
+    // corners.
     painter.fillRect(QRectF(rect.left(), rect.top(), rect.width(), width), color);
     painter.fillRect(QRectF(rect.left(), rect.bottom() - width, rect.width(), width), color);
     painter.fillRect(QRectF(rect.left(), rect.top() + width, width, inner), color);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Resources/ZelColor.h"
+#include "Core/ZelExport.h"
+#include "Resources/ZelColor.h"
 
 #include <QRectF>
 
@@ -11,7 +12,7 @@ class QWidget;
 /// What a layer-backed view shows below its own drawing: a background and a border within the view's edges.
 ///
 /// A change of the layer shows at once; the view does not have to draw anything for it.
-class ZelBackingLayer
+class ZEL_EXPORT ZelBackingLayer
 {
 public:
     explicit ZelBackingLayer(QWidget *view)
@@ -24,13 +25,13 @@ public:
     void setBackgroundColor(const ZelColor &color);
     const ZelColor &borderColor() const { return m_borderColor; }
     void setBorderColor(const ZelColor &color);
-    /// In the view's coordinates; 0 draws no border.
+    /// The width in the view's coordinates; 0 draws no border.
     double borderWidth() const { return m_borderWidth; }
     void setBorderWidth(double width);
 
     void draw(QPainter &painter, const QRectF &bounds) const;
 
-    /// Paints a border of that width along the inner edge of the rectangle.
+    /// Paints a border of the given width along the inner edge of the rectangle.
     static void drawFrame(QPainter &painter, const QRectF &rect, double width, const QColor &color);
 
 private:

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QRectF>
 #include <QString>
 #include <QVariantMap>
 
-/// Values filed under keys, from which an object is made again.
+/// Values under keys, from which an object can be made again.
 ///
-/// The values are plain variants, so that an archive may be kept wherever a QVariantMap fits. A key that an archive
-/// lacks reads as the type's default: archives of older versions stay readable.
-class ZelKeyedCoder
+/// The values are plain variants, so that an archive can be kept wherever a QVariantMap can. A missing key is read as
+/// the type's default, so that archives of older versions stay readable.
+class ZEL_EXPORT ZelKeyedCoder
 {
 public:
     ZelKeyedCoder() = default;
@@ -21,7 +23,7 @@ public:
     const QVariantMap &values() const { return m_values; }
     bool contains(const QString &key) const { return m_values.contains(key); }
 
-    /// Files the value, in the place of an earlier one.
+    /// Stores the value, and replaces an earlier one.
     void encode(const QString &key, const QVariant &value) { m_values.insert(key, value); }
 
     QVariant decode(const QString &key) const { return m_values.value(key); }

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelView.h"
 
-#include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Layout/ZelConstraintLayout.h"
+#include "Layout/private/ZelLayoutTurn.h"
+#include "Observation/ZelObservations.h"
 #include "ViewController/ZelBackingLayer.h"
-#include "ViewController/ZelConstraintUpdates.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelKeyedCoder.h"
-#include "ViewController/ZelScaledEvent.h"
 #include "ViewController/ZelViewController.h"
-#include "ViewController/ZelViewInstaller.h"
-#include "ViewController/ZelViewRare.h"
+#include "ViewController/private/ZelScaledEvent.h"
+#include "ViewController/private/ZelViewInstaller.h"
+#include "ViewController/private/ZelViewRare.h"
 
 #include <QEvent>
 #include <QPaintEvent>
@@ -19,11 +22,11 @@
 
 namespace {
 
-const QString frameKey = QStringLiteral("ZelFrameKey");
-const QString flippedKey = QStringLiteral("ZelIsFlippedKey");
-const QString opaqueKey = QStringLiteral("ZelOpaqueKey");
-const QString backgroundColorKey = QStringLiteral("ZelBackgroundColorKey");
-const QString borderColorKey = QStringLiteral("ZelBorderColorKey");
+const QString g_frameKey = QStringLiteral("ZelFrameKey");
+const QString g_flippedKey = QStringLiteral("ZelIsFlippedKey");
+const QString g_opaqueKey = QStringLiteral("ZelOpaqueKey");
+const QString g_backgroundColorKey = QStringLiteral("ZelBackgroundColorKey");
+const QString g_borderColorKey = QStringLiteral("ZelBorderColorKey");
 
 } // namespace
 
@@ -41,18 +44,17 @@ ZelView::ZelView(const QRectF &frame, QWidget *parent)
 ZelView::ZelView(const ZelKeyedCoder &coder, QWidget *parent)
     : ZelGuarded(parent)
 {
-    if (coder.contains(frameKey))
-        setFrame(coder.decode(frameKey).toRectF());
-    setFlipped(coder.decodeBool(flippedKey));
-    setOpaque(coder.decodeBool(opaqueKey));
-    setBackgroundColor(ZelColor::fromVariant(coder.decode(backgroundColorKey)));
-    setBorderColor(ZelColor::fromVariant(coder.decode(borderColorKey)));
+    if (coder.contains(g_frameKey))
+        setFrame(coder.decode(g_frameKey).toRectF());
+    setFlipped(coder.decodeBool(g_flippedKey));
+    setOpaque(coder.decodeBool(g_opaqueKey));
+    setBackgroundColor(ZelColor::fromVariant(coder.decode(g_backgroundColorKey)));
+    setBorderColor(ZelColor::fromVariant(coder.decode(g_borderColorKey)));
 }
 
 ZelView::~ZelView()
 {
     uninstall();
-    ZelConstraintUpdates::instance().cancel(this);
     if (ZelViewController *controller = std::exchange(m_viewController, nullptr))
         controller->viewWasDestroyed(this);
 }
@@ -101,32 +103,27 @@ void ZelView::setBorderColor(const ZelColor &color)
 
 void ZelView::setFlipped(bool flipped)
 {
-    if (m_flipped == flipped)
-        return;
-    m_flipped = flipped;
-    Q_EMIT flippedChanged();
+    if (ZelAssign(m_flipped, flipped))
+        Q_EMIT flippedChanged();
 }
 
 void ZelView::setOpaque(bool opaque)
 {
-    if (m_opaque == opaque)
+    if (!ZelAssign(m_opaque, opaque))
         return;
-    m_opaque = opaque;
     update();
     Q_EMIT opaqueChanged();
 }
 
 void ZelView::setInstalled(bool installed)
 {
-    if (m_installed == installed)
-        return;
-    m_installed = installed;
-    Q_EMIT installedChanged();
+    if (ZelAssign(m_installed, installed))
+        Q_EMIT installedChanged();
 }
 
 void ZelView::setLayerContentsRedrawPolicy(LayerContentsRedrawPolicy policy)
 {
-    if (std::exchange(m_layerContentsRedrawPolicy, policy) != policy)
+    if (ZelAssign(m_layerContentsRedrawPolicy, policy))
         Q_EMIT layerContentsRedrawPolicyChanged();
 }
 
@@ -172,7 +169,7 @@ void ZelView::setViewController(ZelViewController *controller)
     if (controller) {
         controller->m_next = takeResponderLink();
         controller->m_respondingView = this;
-        // A controller that is loading its view hears of the installation when it has loaded it.
+        // A controller that is just loading its view gets viewDidInstall when the load is complete.
         if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
             ZelExceptionReporter::passOn(controller, [controller] { controller->viewDidInstall(); });
         }
@@ -180,7 +177,7 @@ void ZelView::setViewController(ZelViewController *controller)
     Q_EMIT viewControllerChanged();
 }
 
-/// The responder behind the controller follows the view again.
+/// Takes the controller out of the responder chain: its next responder is set on the view again.
 void ZelView::leaveViewController()
 {
     const QPointer<ZelViewController> old = m_viewController;
@@ -223,6 +220,7 @@ void ZelView::viewDidInstall()
 void ZelView::viewWillUninstall()
 {
     setInstalled(false);
+    ZelObservations(this).removeAllObservationsForContext(&ZelInstalledContext);
 }
 
 void ZelView::uninstall() noexcept
@@ -286,7 +284,20 @@ void ZelView::setNeedsUpdateConstraints()
 {
     m_needsUpdateConstraints = true;
     if (m_installed)
-        ZelConstraintUpdates::instance().schedule(this);
+        scheduleUpdateConstraints();
+}
+
+void ZelView::scheduleUpdateConstraints()
+{
+    if (m_isUpdateScheduled)
+        return;
+    m_isUpdateScheduled = true;
+    ZelLayoutTurn::instance().add(ZelLayoutTurn::Constraints, this, [](QObject *object) {
+        if (auto *view = qobject_cast<ZelView *>(object)) {
+            view->m_isUpdateScheduled = false;
+            view->updateConstraintsIfNeeded();
+        }
+    });
 }
 
 void ZelView::updateConstraintsIfNeeded()
@@ -294,7 +305,6 @@ void ZelView::updateConstraintsIfNeeded()
     if (!m_needsUpdateConstraints)
         return;
     m_needsUpdateConstraints = false;
-    ZelConstraintUpdates::instance().cancel(this);
     updateConstraints();
 }
 
@@ -310,7 +320,8 @@ void ZelView::layoutSubviews()
         m_viewController->layout();
 }
 
-/// The layout that asks may be any, and is asked by the event loop.
+/// Any kind of layout may ask for these sizes, so constraints are updated here and not by our own layout. Exceptions
+/// must not reach the caller, which is Qt.
 void ZelView::updateConstraintsForLayout() const
 {
     if (m_needsUpdateConstraints)
@@ -409,7 +420,7 @@ void ZelView::childEvent(QChildEvent *event)
     else if (event->removed() && child && !child->isWindow())
         willRemoveSubview(child);
     else if (event->removed() && event->child()->metaObject() == &QObject::staticMetaObject)
-        willRemoveSubview(nullptr); // of a dying widget no more than this is left
+        willRemoveSubview(nullptr); // a dying widget has been destroyed down to its QObject by now
 }
 
 void ZelView::didAddSubview(QWidget *) {}
@@ -479,13 +490,13 @@ void ZelView::drawRect(QPainter &painter, const QRect &dirtyRect)
 
 void ZelView::encodeWithCoder(ZelKeyedCoder &coder) const
 {
-    coder.encode(frameKey, frame());
-    coder.encode(flippedKey, m_flipped);
-    coder.encode(opaqueKey, m_opaque);
+    coder.encode(g_frameKey, frame());
+    coder.encode(g_flippedKey, m_flipped);
+    coder.encode(g_opaqueKey, m_opaque);
     if (const ZelColor color = backgroundColor(); color.isValid())
-        coder.encode(backgroundColorKey, color.toVariant());
+        coder.encode(g_backgroundColorKey, color.toVariant());
     if (const ZelColor color = borderColor(); color.isValid())
-        coder.encode(borderColorKey, color.toVariant());
+        coder.encode(g_borderColorKey, color.toVariant());
 }
 
 ZelView *ZelView::copy() const

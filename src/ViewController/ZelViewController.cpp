@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelViewController.h"
 
-#include "Platform/Controls/ZelEditor.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Core/Binding/ZelEditor.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/RunLoop/ZelMemberScope.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Observation/ZelObservations.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
 #include <QHash>
-#include <QScopedValueRollback>
+
+const char ZelInstalledContext = 0;
 
 namespace {
 
@@ -17,8 +22,8 @@ QHash<QString, ZelViewController::ViewLoader> &viewLoaders()
     return loaders;
 }
 
-/// Calls the function with every editor below the widget that does not belong to another controller. Stops when it
-/// answers false, and answers that. The function may change the widgets.
+/// Calls the function with every editor below the widget that does not belong to another controller. Stops and answers
+/// false when the function does. The function may add and delete widgets.
 bool forEachEditor(QWidget *widget, const std::function<bool(ZelEditor *)> &function)
 {
     QList<QPointer<QWidget>> children;
@@ -59,6 +64,12 @@ ZelViewController::ZelViewController(const QString &nibName, QObject *parent)
 
 ZelViewController::~ZelViewController()
 {
+    // Controls of a view that lives on may be connected to slots of derived classes, which do not exist any more.
+    if (m_view) {
+        m_view->disconnect(this);
+        for (QObject *child : m_view->findChildren<QObject *>())
+            child->disconnect(this);
+    }
     uninstall();
 }
 
@@ -101,13 +112,15 @@ ZelView *ZelViewController::view()
 void ZelViewController::makeView()
 {
     {
-        const QScopedValueRollback loading(m_loading, true);
+        const ZelMemberScope loading(this, m_loading, true);
         viewWillLoad();
         if (!m_view)
             loadView();
         if (!ZelCheck(m_view, QStringLiteral("Unable to load view")))
             return;
         viewDidLoad();
+        if (!loading.isOwnerAlive())
+            return;
     }
     if (m_view && m_view->isInstalled() && !m_viewInstalled)
         viewDidInstall();
@@ -130,7 +143,7 @@ void ZelViewController::setView(QWidget *widget)
     if (ZelView *oldView = m_view) {
         oldView->setViewController(nullptr);
         oldView->hide();
-        oldView->deleteLater(); // the change may come from one of its own controls
+        oldView->deleteLater(); // one of its own controls may have caused the change
     }
     m_view = newView;
     if (newView)
@@ -160,7 +173,7 @@ void ZelViewController::viewWasDestroyed(const ZelView *view)
 
 void ZelViewController::setViewInstalled(bool installed)
 {
-    if (std::exchange(m_viewInstalled, installed) != installed)
+    if (ZelAssign(m_viewInstalled, installed))
         Q_EMIT viewInstalledChanged();
 }
 
@@ -172,10 +185,11 @@ void ZelViewController::viewDidInstall()
 void ZelViewController::viewWillUninstall()
 {
     setViewInstalled(false);
+    ZelObservations(this).removeAllObservationsForContext(&ZelInstalledContext);
 }
 
-/// Whether Qt deletes the controller together with its view: a widget around the view owns both, or a controller that
-/// dies owns this one.
+/// Whether Qt is deleting the controller together with its view: a widget around the view owns both, or a dying
+/// controller owns this one.
 bool ZelViewController::diesWithView() const
 {
     for (const QObject *owner = parent(); owner && !m_diesWithParent; owner = owner->parent())
@@ -192,6 +206,7 @@ void ZelViewController::uninstall() noexcept
     m_viewInstalled = false;
     for (QObject *child : children())
         if (auto *controller = qobject_cast<ZelViewController *>(child))
+            // QObject's destructor is going to delete the child controllers.
             controller->m_diesWithParent = true;
     if (m_respondingView && m_respondingView != m_view)
         ZelExceptionReporter::run(this, [this] { m_respondingView->setViewController(nullptr); });

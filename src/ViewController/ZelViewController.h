@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
-#include "Platform/Runtime/ZelSourcePlace.h"
+#include "Core/Errors/ZelSourcePlace.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 #include "ViewController/ZelResponderLink.h"
 
 #include <QObject>
@@ -14,19 +15,20 @@ class ZelView;
 
 /// Makes a view when it is first asked for, and takes part in its life.
 ///
-/// A controller is the QObject parent of its child controllers. It deletes its view, with itself or when it gets
-/// another, unless the view has a parent widget: then that one does. When the view dies first the controller has none,
-/// and would load a new one; viewDidUnload tells, but not viewWillUnload, since there is no view to be seen any more.
-/// When the controller dies first while its view is in a parent, that is a mistake, and reported as an assertion; the
-/// view stays. Where Qt deletes both together there is none: a widget around the view is an ancestor of the controller,
-/// too.
+/// A controller is the QObject parent of its child controllers. It deletes its view when it dies or gets another view,
+/// unless the view has a parent widget, which then owns the view. When the view dies first, the controller has no view
+/// and loads a new one when asked; viewDidUnload is called, but not viewWillUnload, since there is no view any more.
+/// When the controller dies first while its view is in a parent, that is a mistake and is reported as an assertion; the
+/// view stays. It is no mistake if Qt deletes both together, because a widget around the view is an ancestor of the
+/// controller, too.
 ///
-/// Every class that overrides viewWillUninstall, viewWillUnload or viewDidUnload calls uninstall() in its own
-/// destructor: there the hooks of the most derived class still exist.
+/// Observations and bindings for ZelInstalledContext end when the controller is uninstalled, and when it dies. A class
+/// that overrides viewWillUninstall, viewWillUnload or viewDidUnload calls uninstall() in its own destructor, because
+/// the overrides cannot be called any more from the base's destructor.
 ///
-/// One that was made from an element of a description knows its place: whatever is reported while the controller loads
-/// its view, is installed, evaluates a key path or takes an edit names it.
-class ZelViewController : public ZelGuarded<QObject>, public ZelPlaced
+/// A controller that was made from an element of a description knows the place of the element. Whatever is reported
+/// while the controller loads its view, is installed, evaluates a key path or takes an edit names that place.
+class ZEL_EXPORT ZelViewController : public ZelGuarded<QObject>, public ZelPlaced
 {
     Q_OBJECT
     /// Null by default.
@@ -40,57 +42,59 @@ public:
     using ViewLoader = std::function<ZelView *(ZelViewController *)>;
 
     explicit ZelViewController(QObject *parent = nullptr);
-    /// Loads the view that was registered under that name; a null name stands for viewNibName().
+    /// The view will be made by the loader that is registered under this name. A null name stands for viewNibName().
     explicit ZelViewController(const QString &nibName, QObject *parent = nullptr);
     ~ZelViewController() override;
 
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);
 
-    /// Where the element begins that the controller was made from: file, line and column. Empty for one made in code,
-    /// which is reported with the place of the nearest controller above it that has one.
+    /// File, line and column of the element from which the controller was made. Empty for a controller made in code;
+    /// reports about it name the place of the nearest controller above it that has one.
     ZelSourcePlace place() const override { return m_place; }
     void setPlace(const ZelSourcePlace &place) { m_place = place; }
 
     /// The name under which loadView looks for a view.
     QString nibName() const { return m_nibName.isNull() ? viewNibName() : m_nibName; }
-    /// Registers what makes the view for a name; a null loader takes the registration back.
+    /// Registers the function that makes the view for a name. A null loader removes the registration.
     static void registerViewLoader(const QString &nibName, const ViewLoader &loader);
 
-    /// The view, loaded if need be. A load that brings none is an assertion, and null.
+    /// The view, which is loaded if there is none. Asserts and answers null if loading makes no view.
     ZelView *view();
-    /// Null is an unload. The view must be a ZelView, and the former one, even if it is the same, must not be in a
-    /// parent any more: both are assertions, and change nothing.
+    /// Null unloads the view. Asserts and changes nothing if the widget is not a ZelView, or if the former view, even
+    /// if it is the same, is still in a parent.
     void setView(QWidget *view);
     bool isViewLoaded() const { return !m_view.isNull(); }
     bool isViewInstalled() const { return m_viewInstalled; }
 
-    /// What was set, else the parent of the view whose controller this is; null without a view.
+    /// The responder that was set, else the parent of the view whose controller this is; null without a view.
     QObject *nextResponder() const;
     void setNextResponder(QObject *responder);
 
-    /// Asks every ZelEditor among the widgets of the view, except those in the views of other controllers, to take what
-    /// its user entered. False at the first refusal. True while the view is not installed.
+    /// Asks every ZelEditor among the widgets of the view, except those in the views of other controllers, to commit
+    /// what the user entered. Stops at the first refusal and answers false. Answers true while the view is not
+    /// installed.
     virtual bool commitEditing();
-    /// Has the same editors drop what was entered. Does nothing while the view is not installed.
+    /// Makes the same editors discard what was entered. Does nothing while the view is not installed.
     virtual void discardEditing();
 
     // Hooks
-    /// The name of the view to load; the name of the class.
+    /// The name of the view to load; by default the name of the class.
     virtual QString viewNibName() const;
-    /// Makes the view and hands it to setView. The base takes what is registered under nibName().
+    /// Makes the view and passes it to setView. The base uses the loader that is registered under nibName().
     virtual void loadView();
     virtual void viewWillLoad() {}
     virtual void viewDidLoad() {}
     virtual void viewWillUnload() {}
     virtual void viewDidUnload() {}
-    /// Overrides call the base first.
+    /// Overrides call the base first. The base's viewWillUninstall ends observations and bindings for
+    /// ZelInstalledContext.
     virtual void viewDidInstall();
     virtual void viewWillUninstall();
-    /// Called when the view updates its constraints and after it was laid out.
+    /// These are called when the view updates its constraints and after it was laid out.
     virtual void updateConstraints() {}
     virtual void layout() {}
-    /// Called to show the model again, and before the view is put away for a while.
+    /// refresh() is called to show the model again, prepareForReuse() before the view is put away for a while.
     virtual void refresh() {}
     virtual void prepareForReuse() {}
 
@@ -100,8 +104,8 @@ Q_SIGNALS:
     void viewInstalledChanged();
 
 protected:
-    /// For destructors: runs viewWillUninstall if the view is installed, and unloads the view if it is loaded. What the
-    /// hooks throw is reported. The view of a dying controller may still be in a parent; there it stays.
+    /// To be called by destructors: runs viewWillUninstall if the view is installed, and unloads the view if it is
+    /// loaded. What the hooks throw is reported. A view that is still in a parent stays there.
     void uninstall() noexcept;
 
 private:
@@ -112,7 +116,7 @@ private:
     bool diesWithView() const;
 
     QPointer<ZelView> m_view;
-    QPointer<ZelView> m_respondingView; // between which and its next responder the controller stands
+    QPointer<ZelView> m_respondingView; // the view whose next responder is behind this controller
     QString m_nibName;
     QString m_title;
     ZelSourcePlace m_place;

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "Core/RunLoop/ZelMemberScope.h"
 #include "Geometry/ZelSnapUtilities.h"
-#include "ViewController/ZelSubviewGroup.h"
-#include "ViewController/ZelViewInstaller.h"
-#include "ViewController/ZelViewRare.h"
+#include "ViewController/private/ZelSubviewGroup.h"
+#include "ViewController/private/ZelViewInstaller.h"
+#include "ViewController/private/ZelViewRare.h"
 
 #include <QLayout>
-#include <QScopedValueRollback>
 #include <QSet>
 #include <QtMath>
 
-// What ZelView does with rectangles and with its place in the tree.
+// The part of ZelView that deals with rectangles and with the place in the tree.
 
 bool ZelView::Rare::isPlainColor(const ZelColor &color)
 {
@@ -48,24 +48,24 @@ QTransform transformOfParent(const ZelView *view)
     return parent ? parent->boundsTransform() : QTransform();
 }
 
-/// Rounds the edges, so that frames that touch still do.
+/// Rounds the edges and not the size, so that frames that touch still touch.
 QRect rounded(const QRectF &rect)
 {
     const QPoint topLeft(qRound(rect.left()), qRound(rect.top()));
     return QRect(topLeft, QSize(qRound(rect.right()) - topLeft.x(), qRound(rect.bottom()) - topLeft.y()));
 }
 
-/// Rounds the size up: a view that is scaled draws in its exact size from its whole origin on. What touched may overlap
-/// by a point, but never leaves a gap.
+/// Rounds the size up, because a scaled view draws in its exact size from its rounded origin on. Frames that touch may
+/// overlap by a point, but never leave a gap.
 QRect roundedUp(const QRectF &rect)
 {
-    constexpr double tolerance = 1e-6; // of what was scaled there and back
+    constexpr double tolerance = 1e-6; // the error of scaling there and back
     const auto up = [](double length) { return qCeil(length - tolerance); };
     return QRect(qRound(rect.left()), qRound(rect.top()), up(rect.width()), up(rect.height()));
 }
 
-/// Keeps a layout from being done until the end of the scope. Without it each of many views would have all of them laid
-/// out anew when it is shown.
+/// Prevents a layout until the end of the scope. Otherwise each of many views would cause a layout of all of them when
+/// it is shown.
 class LayoutPause
 {
 public:
@@ -82,7 +82,7 @@ public:
             return;
         m_layout->setEnabled(true);
         if (m_activates && m_layout->parentWidget()->isVisible())
-            m_layout->activate(); // before anything is painted in its former place
+            m_layout->activate(); // at once, before anything is painted in its former place
     }
     Q_DISABLE_COPY_MOVE(LayoutPause)
 
@@ -91,7 +91,8 @@ private:
     bool m_activates;
 };
 
-/// The frames of all views below a view, which do not change with its scale. What a layout places is left to it.
+/// Keeps the frames of all views below a view while its scale changes. Frames in a parent with a layout are left to the
+/// layout.
 class FramesBelow
 {
 public:
@@ -99,7 +100,7 @@ public:
 
     void restore() const
     {
-        for (const auto &[view, frame] : m_frames) // from the top, each in the scale of its parent
+        for (const auto &[view, frame] : m_frames) // from the top down, because each frame needs the parent's scale
             if (view)
                 view->setFrame(frame);
     }
@@ -120,7 +121,8 @@ private:
     QList<std::pair<QPointer<ZelView>, QRectF>> m_frames;
 };
 
-// Not the lists' own comparison: it hands null pointers to memcmp where one has room and both are empty.
+// Used instead of QList's own comparison, which passes null pointers to memcmp if one of two empty lists has reserved
+// room.
 bool isSame(const QList<QWidget *> &a, const QList<QWidget *> &b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end());
@@ -148,7 +150,7 @@ QRectF ZelView::frame() const
     const QTransform transform = transformOfParent(this);
     QRectF frame = transform.isIdentity() ? QRectF(geometry()) : transform.inverted().mapRect(QRectF(geometry()));
     if (m_rare && m_rare->frame && m_rare->geometryOfFrame.size() == size())
-        frame.setSize(m_rare->frame->size()); // it was only scrolled
+        frame.setSize(m_rare->frame->size()); // it was only moved, so the exact size is still valid
     return frame;
 }
 
@@ -188,7 +190,7 @@ void ZelView::setBounds(const QRectF &bounds)
     rare().frameSizeOfBounds = frame.size();
     const QPointer<ZelView> guard(this);
     if (frame.size() != QSizeF(size()))
-        setFrame(frame); // scaled views are rounded in another way
+        setFrame(frame); // scaled views are rounded differently
     if (guard)
         frames.restore();
     if (guard)
@@ -202,8 +204,8 @@ QTransform ZelView::boundsTransform() const
     const QRectF from = bounds();
     if (from.isEmpty())
         return {};
-    // The exact size, not the widget's in whole points: both axes have the same scale, and it is the one asked for. The
-    // origin is at a whole point, so that what is not scaled stays sharp.
+    // The exact size is used and not the widget's, which has whole points, so that the scale is exactly as set on both
+    // axes. The origin is at a whole point, so that what is not scaled stays sharp.
     const QSizeF size = transformOfParent(this).mapRect(QRectF(QPointF(), frame().size())).size();
     QTransform transform;
     transform.scale(size.width() / from.width(), size.height() / from.height());
@@ -232,7 +234,7 @@ void ZelView::addSubview(QWidget *view, qsizetype index)
     if (!view)
         return;
     QWidget *above = nullptr;
-    if (index >= 0) { // looked for only then: rows may come one by one
+    if (index >= 0) { // subviews are not listed otherwise, because many may be added one by one
         QList<QWidget *> others = subviews();
         others.removeOne(view);
         above = others.value(index);
@@ -249,7 +251,8 @@ void ZelView::placeSubview(QWidget *view, QWidget *above)
     if (view->parentWidget() != this) {
         auto *zelView = qobject_cast<ZelView *>(view);
         bool unused = false;
-        const QScopedValueRollback moving(zelView ? zelView->m_moving : unused, true);
+        // The change of the parent must not install the view yet: that happens when it is in its place.
+        const ZelMemberScope moving(zelView, zelView ? zelView->m_moving : unused, true);
         view->setParent(this);
     } else if (!above) {
         view->raise();
@@ -260,10 +263,11 @@ void ZelView::placeSubview(QWidget *view, QWidget *above)
 
 void ZelView::showSubview(QWidget *view)
 {
-    // Within a hidden parent a widget is shown together with it unless it was hidden explicitly.
+    // In a hidden parent there is nothing to do: a widget that was not hidden explicitly is shown together with its
+    // parent.
     if (view->parentWidget() != this || !isVisible() || !view->isHidden() || wasHiddenExplicitly(view))
         return;
-    // Qt would lay out at once, with constraints that are about to be others.
+    // Without the pause Qt would lay out at once, with constraints that are about to change.
     const LayoutPause pause(m_needsUpdateConstraints ? layout() : nullptr, false);
     view->show();
 }
@@ -279,7 +283,7 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
     }
     const LayoutPause pause(layout());
     const QSet<QWidget *> wanted(views.begin(), views.end());
-    QList<QPointer<QWidget>> unwanted; // hooks may delete any of them
+    QList<QPointer<QWidget>> unwanted; // guarded, because hooks may delete any of them
     for (QWidget *view : subviews())
         if (!wanted.contains(view))
             unwanted.append(view);
@@ -328,7 +332,7 @@ void ZelView::setShown(QWidget *view, bool shown)
     if (!shown) {
         view->hide();
     } else if (const QWidget *parent = view->parentWidget()) {
-        // Qt would lay out at once, and again for the next one of many.
+        // Without the pause Qt would lay out at once, and again for each of many views.
         const LayoutPause pause(parent->layout(), false);
         view->show();
     } else if (view->isHidden())
@@ -346,7 +350,8 @@ void ZelView::removeFromSuperview(QWidget *view)
     const QWidget *parent = view->parentWidget();
     if (!parent)
         return;
-    // Without a parent any other widget is a window of its own, to which the views below it move.
+    // Only a ZelView loses its window here. Any other widget becomes a window itself without a parent, and the views in
+    // it stay installed.
     if (qobject_cast<ZelView *>(view))
         ZelViewInstaller::willLoseWindow(view);
     if (guard && view->parentWidget() == parent)

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelContainerView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-
-namespace {
-const char context = 0;
-}
+#include "ViewController/ZelInstalledContext.h"
 
 ZelContainerView::ZelContainerView(QWidget *parent)
     : ZelView(parent)
@@ -29,10 +27,8 @@ bool ZelContainerView::drawsContent() const
 
 void ZelContainerView::setChildViewController(ZelViewController *controller)
 {
-    if (m_childViewController == controller)
-        return;
-    m_childViewController = controller;
-    Q_EMIT childViewControllerChanged();
+    if (ZelAssign(m_childViewController, controller))
+        Q_EMIT childViewControllerChanged();
 }
 
 void ZelContainerView::viewDidInstall()
@@ -43,14 +39,13 @@ void ZelContainerView::viewDidInstall()
         [this](ZelBlockObservation *, const ZelKeyValueChange &) {
             updateChildViewWithOldViewController(m_shownViewController, m_childViewController);
         },
-        &context);
+        &ZelInstalledContext);
     updateChildViewWithOldViewController(nullptr, m_childViewController);
 }
 
 void ZelContainerView::viewWillUninstall()
 {
     ZelView::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&context);
     updateChildViewWithOldViewController(m_childViewController, nullptr);
 }
 
@@ -66,7 +61,7 @@ void ZelContainerView::updateChildViewWithOldViewController(ZelViewController *o
     if (oldView)
         oldView->removeFromSuperview();
     else if (m_shownView && m_shownView->parentWidget() == this)
-        m_shownView->deleteLater(); // its controller died and left it here
+        m_shownView->deleteLater(); // the view of a controller that has died
     m_shownView = newView;
     if (!newView)
         return;

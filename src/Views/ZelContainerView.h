@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
 
-/// Shows the view of one controller, filling the container, while the container is installed.
+/// Shows the view of one controller while the container is installed. The view fills the container.
 ///
-/// The container is as large as the view wants to be. The controller belongs to its QObject parent; the view of one
-/// that dies stays until there is another.
-class ZelContainerView : public ZelView
+/// The container wants the size that the view wants. The controller belongs to its QObject parent. If it dies, its view
+/// stays until another controller is set.
+class ZEL_EXPORT ZelContainerView : public ZelView
 {
     Q_OBJECT
-    /// None by default.
+    /// Null by default.
     Q_PROPERTY(ZelViewController *childViewController READ childViewController WRITE setChildViewController NOTIFY
                    childViewControllerChanged)
 public:
@@ -22,7 +23,7 @@ public:
     ZelViewController *childViewController() const { return m_childViewController; }
     void setChildViewController(ZelViewController *controller);
 
-    /// Puts the view of the new controller, if there is one, in the place of the old one's.
+    /// Replaces the view of the old controller by that of the new one. Either controller may be null.
     void updateChildViewWithOldViewController(ZelViewController *oldViewController,
                                               ZelViewController *newViewController);
 
@@ -38,7 +39,7 @@ protected:
 
 private:
     QPointer<ZelViewController> m_childViewController;
-    QPointer<ZelViewController> m_shownViewController; // the observed change may name one that has died
+    QPointer<ZelViewController> m_shownViewController; // may have died when the change is observed
     QPointer<ZelView> m_shownView;
     QList<ZelLayoutConstraint::Ptr> m_childConstraints;
 };

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelEmptyView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Resources/ZelLocalizedString.h"
+#include "ViewController/ZelInstalledContext.h"
 
 #include <QFontMetricsF>
 #include <cmath>
 
 namespace {
 
-const char context = 0;
+constexpr double g_badgeMarginX = 20;
+constexpr double g_badgeMarginY = 5;
+constexpr double g_badgeRadius = 8;
 
-constexpr double badgeMarginX = 20;
-constexpr double badgeMarginY = 5;
-constexpr double badgeRadius = 8;
-
-/// The rectangle of that size in the middle of another, at whole points.
+/// A rectangle of the given size in the middle of another size, at whole points.
 QRectF centered(const QSizeF &size, const QSizeF &in)
 {
     return QRectF(
@@ -36,11 +36,6 @@ ZelEmptyView::ZelEmptyView(const ZelKeyedCoder &coder, QWidget *parent)
     setUp();
 }
 
-ZelEmptyView::~ZelEmptyView()
-{
-    uninstall();
-}
-
 void ZelEmptyView::setUp()
 {
     m_title = ZelLocalizedString(QStringLiteral("No Selection"));
@@ -51,43 +46,34 @@ void ZelEmptyView::setUp()
 
 void ZelEmptyView::setTitle(const QString &title)
 {
-    if (m_title == title)
+    if (!ZelAssign(m_title, title))
         return;
-    m_title = title;
     setAccessibleName(title);
     Q_EMIT titleChanged();
 }
 
 void ZelEmptyView::setTitleFont(const QFont &font)
 {
-    if (m_titleFont == font)
-        return;
-    m_titleFont = font;
-    Q_EMIT titleFontChanged();
+    if (ZelAssign(m_titleFont, font))
+        Q_EMIT titleFontChanged();
 }
 
 void ZelEmptyView::setTitleColor(const ZelColor &color)
 {
-    if (m_titleColor == color)
-        return;
-    m_titleColor = color;
-    Q_EMIT titleColorChanged();
+    if (ZelAssign(m_titleColor, color))
+        Q_EMIT titleColorChanged();
 }
 
 void ZelEmptyView::setTitleBackgroundColor(const ZelColor &color)
 {
-    if (m_titleBackgroundColor == color)
-        return;
-    m_titleBackgroundColor = color;
-    Q_EMIT titleBackgroundColorChanged();
+    if (ZelAssign(m_titleBackgroundColor, color))
+        Q_EMIT titleBackgroundColorChanged();
 }
 
 void ZelEmptyView::setForceShow(bool forceShow)
 {
-    if (m_forceShow == forceShow)
-        return;
-    m_forceShow = forceShow;
-    Q_EMIT forceShowChanged();
+    if (ZelAssign(m_forceShow, forceShow))
+        Q_EMIT forceShowChanged();
 }
 
 void ZelEmptyView::viewDidInstall()
@@ -96,13 +82,7 @@ void ZelEmptyView::viewDidInstall()
     ZelObservations(this).addObservationWithObject(
         this, QStringList{"title", "titleFont", "titleColor", "backgroundColor", "forceShow"},
         ZelKeyValueObservingOptionEqualCheck, [this](ZelBlockObservation *, const ZelKeyValueChange &) { update(); },
-        &context);
-}
-
-void ZelEmptyView::viewWillUninstall()
-{
-    ZelView::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&context);
+        &ZelInstalledContext);
 }
 
 void ZelEmptyView::didAddSubview(QWidget *subview)
@@ -124,13 +104,13 @@ void ZelEmptyView::drawRect(QPainter &painter, const QRect &dirtyRect)
         return;
     const QFontMetricsF metrics(m_titleFont, this);
     const QSizeF titleSize = metrics.size(0, m_title);
-    const QSizeF badgeSize(titleSize.width() + 2 * badgeMarginX, titleSize.height() + 2 * badgeMarginY);
+    const QSizeF badgeSize(titleSize.width() + 2 * g_badgeMarginX, titleSize.height() + 2 * g_badgeMarginY);
     painter.save();
     painter.translate(bounds().topLeft());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_titleBackgroundColor.toQColor());
-    painter.drawRoundedRect(centered(badgeSize, bounds().size()), badgeRadius, badgeRadius);
+    painter.drawRoundedRect(centered(badgeSize, bounds().size()), g_badgeRadius, g_badgeRadius);
     painter.setPen(m_titleColor.toQColor());
     painter.setFont(m_titleFont);
     painter.drawText(centered(titleSize, bounds().size()), Qt::AlignCenter, m_title);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 #include <QFont>
 
-/// Draws a title in a rounded badge in its middle, as "No Selection", while it has no subviews.
-class ZelEmptyView : public ZelView
+/// Draws a title such as "No Selection" in a rounded badge in its middle while it has no subviews.
+class ZEL_EXPORT ZelEmptyView : public ZelView
 {
     Q_OBJECT
     /// The localized "No Selection" by default.
@@ -15,17 +16,16 @@ class ZelEmptyView : public ZelView
     Q_PROPERTY(QFont titleFont READ titleFont WRITE setTitleFont NOTIFY titleFontChanged)
     /// A light grey by default.
     Q_PROPERTY(ZelColor titleColor READ titleColor WRITE setTitleColor NOTIFY titleColorChanged)
-    /// A middle grey by default. A change shows with the next redraw, it does not ask for one.
+    /// A middle grey by default. A change does not cause a redraw; the next redraw shows it.
     Q_PROPERTY(ZelColor titleBackgroundColor READ titleBackgroundColor WRITE setTitleBackgroundColor NOTIFY
                    titleBackgroundColorChanged)
-    /// True by default: the badge is drawn below the subviews, too.
+    /// Whether the badge is drawn, below the subviews, also if there are any; true by default.
     Q_PROPERTY(bool forceShow READ forceShow WRITE setForceShow NOTIFY forceShowChanged)
 public:
     explicit ZelEmptyView(QWidget *parent = nullptr);
     explicit ZelEmptyView(const ZelKeyedCoder &coder, QWidget *parent = nullptr);
-    ~ZelEmptyView() override;
 
-    /// Gives the title and its colours their defaults. Called by the constructors.
+    /// Sets the title and its colours to their defaults. The constructors call it.
     void setUp();
 
     const QString &title() const { return m_title; }
@@ -40,7 +40,6 @@ public:
     void setForceShow(bool forceShow);
 
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void didAddSubview(QWidget *subview) override;
     void willRemoveSubview(QWidget *subview) override;
     void drawRect(QPainter &painter, const QRect &dirtyRect) override;
@@ -58,7 +57,7 @@ protected:
 
 private:
     QString m_title;
-    QFont m_titleFont; // the application's
+    QFont m_titleFont; // by default the application's
     ZelColor m_titleColor;
     ZelColor m_titleBackgroundColor;
     bool m_forceShow = true;

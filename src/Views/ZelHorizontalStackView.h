@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Views/ZelStackView.h"
 
 /// A row of views, from left to right.
-class ZelHorizontalStackView : public ZelStackView
+class ZEL_EXPORT ZelHorizontalStackView : public ZelStackView
 {
     Q_OBJECT
 public:

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelMagnificationView.h"
 
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Core/RunLoop/ZelMemberScope.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -15,12 +17,12 @@
 
 namespace {
 
-const char context = 0;
+const char g_context = 0;
 
-constexpr double ZoomStep = 1.25;
-constexpr double AngleOfStep = 120; // eighths of a degree
-constexpr double Tolerance = 1e-6;  // of a point
-constexpr int MaximumRounds = 4;    // of scroll bars that come and go with the frame
+constexpr double g_zoomStep = 1.25;
+constexpr double g_angleOfStep = 120; // eighths of a degree
+constexpr double g_tolerance = 1e-6;  // of a point
+constexpr int g_maximumRounds = 4;    // limits updates if scroll bars come and go with every frame
 
 struct Extent
 {
@@ -58,28 +60,6 @@ int tagOfSelectedItem(const QObject *sender)
 
 } // namespace
 
-/// Whatever is resized or observed may delete the view.
-class ZelMagnificationView::UpdateGuard
-{
-public:
-    explicit UpdateGuard(ZelMagnificationView *view)
-        : m_view(view)
-    {
-        m_view->m_updating = true;
-    }
-    ~UpdateGuard()
-    {
-        if (m_view)
-            m_view->m_updating = false;
-    }
-    Q_DISABLE_COPY_MOVE(UpdateGuard)
-
-    bool isAlive() const { return m_view; }
-
-private:
-    QPointer<ZelMagnificationView> m_view;
-};
-
 ZelMagnificationView::ZelMagnificationView(QWidget *parent)
     : ZelView(parent)
 {
@@ -100,15 +80,15 @@ ZelMagnificationView::ZelMagnificationView(const ZelKeyedCoder &coder, QWidget *
 
 ZelMagnificationView::~ZelMagnificationView()
 {
-    ZelObservations(this).removeAllObservationsForContext(&context);
+    ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
 void ZelMagnificationView::initialize()
 {
     ZelObservations(this).addObservationWithObject(
         this, "contentSize", ZelKeyValueObservingOptionEqualCheck,
-        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateContentFrame(); }, &context);
-#ifndef Q_OS_MACOS // where the same fingers are a native gesture, too
+        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateContentFrame(); }, &g_context);
+#ifndef Q_OS_MACOS // there the same fingers also send a native gesture
     grabGesture(Qt::PinchGesture);
 #endif
     watchSuperview();
@@ -129,43 +109,34 @@ void ZelMagnificationView::setMagnificationFactor(double factor)
 
 void ZelMagnificationView::setMinMagnification(double factor)
 {
-    if (factor == m_minMagnification)
-        return;
-    m_minMagnification = factor;
-    Q_EMIT minMagnificationChanged();
+    if (ZelAssign(m_minMagnification, factor))
+        Q_EMIT minMagnificationChanged();
 }
 
 void ZelMagnificationView::setMaxMagnification(double factor)
 {
-    if (factor == m_maxMagnification)
-        return;
-    m_maxMagnification = factor;
-    Q_EMIT maxMagnificationChanged();
+    if (ZelAssign(m_maxMagnification, factor))
+        Q_EMIT maxMagnificationChanged();
 }
 
 void ZelMagnificationView::setContentSize(const QSizeF &size)
 {
-    if (size == m_contentSize)
+    if (!ZelAssign(m_contentSize, size))
         return;
-    m_contentSize = size;
     updateGeometry();
     Q_EMIT contentSizeChanged();
 }
 
 void ZelMagnificationView::setPinchMagnificationFactor(double factor)
 {
-    if (factor == m_pinchMagnificationFactor)
-        return;
-    m_pinchMagnificationFactor = factor;
-    Q_EMIT pinchMagnificationFactorChanged();
+    if (ZelAssign(m_pinchMagnificationFactor, factor))
+        Q_EMIT pinchMagnificationFactorChanged();
 }
 
 void ZelMagnificationView::setUpdatingDocumentFrame(bool updating)
 {
-    if (updating == m_updatingDocumentFrame)
-        return;
-    m_updatingDocumentFrame = updating;
-    Q_EMIT updatingDocumentFrameChanged();
+    if (ZelAssign(m_updatingDocumentFrame, updating))
+        Q_EMIT updatingDocumentFrameChanged();
 }
 
 // Surroundings
@@ -220,11 +191,11 @@ void ZelMagnificationView::updateContentFrame()
         m_superviewChanged = true;
         return;
     }
-    UpdateGuard guard(this);
-    for (int round = 0; round < MaximumRounds; ++round) {
+    const ZelMemberScope updating(this, m_updating, true);
+    for (int round = 0; round < g_maximumRounds; ++round) {
         m_superviewChanged = false;
         placeContent();
-        if (!guard.isAlive())
+        if (!updating.isOwnerAlive())
             return;
         if (!m_superviewChanged)
             break;
@@ -257,8 +228,9 @@ void ZelMagnificationView::placeContent()
         content->setGeometry(boundsTransform().mapRect(contentFrame).toRect());
 }
 
-/// The scroll area sets the same ranges when the view or its superview has changed. But it goes on with the view after
-/// the scroll bars have told of it, and whoever hears that may have deleted the view. Here, and before, it may.
+/// Sets the same ranges that the scroll area would set when the view or its superview changes. But QScrollArea uses the
+/// view after the scroll bars have reported the change, and a receiver may have deleted the view by then. Set here
+/// first, the ranges do not change there, and this function survives the deletion.
 void ZelMagnificationView::prepareScrollBars(const QSizeF &frameSize)
 {
     const auto *area = qobject_cast<QScrollArea *>(scrollArea());
@@ -266,7 +238,7 @@ void ZelMagnificationView::prepareScrollBars(const QSizeF &frameSize)
         return;
     const QPointer<ZelMagnificationView> guard(this);
     const QPointer<QScrollBar> vertical = area->verticalScrollBar();
-    const QSize size = QSize(qCeil(frameSize.width() - Tolerance), qCeil(frameSize.height() - Tolerance));
+    const QSize size = QSize(qCeil(frameSize.width() - g_tolerance), qCeil(frameSize.height() - g_tolerance));
     const QSize whole = area->maximumViewportSize();
     const QSize shown = whole.expandedTo(size) == whole ? whole : area->viewport()->size();
     area->horizontalScrollBar()->setRange(0, size.width() - shown.width());
@@ -285,7 +257,7 @@ void ZelMagnificationView::layoutSubviews()
 void ZelMagnificationView::didAddSubview(QWidget *subview)
 {
     ZelView::didAddSubview(subview);
-    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest)); // when it is complete
+    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest)); // later, when the subview is complete
 }
 
 void ZelMagnificationView::willRemoveSubview(QWidget *subview)
@@ -316,7 +288,7 @@ void ZelMagnificationView::magnifyVisibleRectWithFactor(double factor, const QPo
     magnify(factor, point, pos() + boundsTransform().map(point));
 }
 
-/// The point comes to that place in the superview.
+/// Zooms and scrolls so that the point comes to the given place in the superview.
 void ZelMagnificationView::magnify(double factor, const QPointF &point, const QPointF &place)
 {
     factor = qMax(qMin(m_maxMagnification, factor), m_minMagnification);
@@ -352,7 +324,8 @@ void ZelMagnificationView::magnifyAtPlace(double factor, const QPointF &place)
     magnify(factor, point, place);
     if (!guard)
         return;
-    // Not while the content is held at the middle or at an edge: there another point has come to the place.
+    // The anchor does not hold if the content is kept in the middle or at an edge, because another point is at the
+    // place then.
     const QPointF error = pos() + boundsTransform().map(point) - place;
     if (error.manhattanLength() > 1)
         m_anchor.reset();
@@ -379,7 +352,7 @@ bool ZelMagnificationView::pinch(QGestureEvent *event)
     if (!gesture)
         return false;
     event->accept(Qt::PinchGesture);
-    // The end reports the last change once more.
+    // Only these states count, because the end of the gesture reports the last change again.
     const bool isUnderWay = gesture->state() == Qt::GestureStarted || gesture->state() == Qt::GestureUpdated;
     if (isUnderWay && gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
         pinchBy(gesture->scaleFactor() - 1, mapToParent(mapFromGlobal(gesture->centerPoint())));
@@ -393,20 +366,20 @@ void ZelMagnificationView::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
-    const double steps = event->angleDelta().y() / AngleOfStep;
+    const double steps = event->angleDelta().y() / g_angleOfStep;
     if (steps != 0)
-        magnifyAtPlace(m_magnificationFactor * std::pow(ZoomStep, steps),
+        magnifyAtPlace(m_magnificationFactor * std::pow(g_zoomStep, steps),
                        mapToParent(mapFromGlobal(event->globalPosition())));
 }
 
 void ZelMagnificationView::zoomIn(QObject *)
 {
-    magnifyVisibleRectWithFactor(m_magnificationFactor * ZoomStep);
+    magnifyVisibleRectWithFactor(m_magnificationFactor * g_zoomStep);
 }
 
 void ZelMagnificationView::zoomOut(QObject *)
 {
-    magnifyVisibleRectWithFactor(m_magnificationFactor / ZoomStep);
+    magnifyVisibleRectWithFactor(m_magnificationFactor / g_zoomStep);
 }
 
 void ZelMagnificationView::zoomToActualSize(QObject *)
@@ -459,6 +432,6 @@ bool ZelMagnificationView::handleEvent(QEvent *event)
 bool ZelMagnificationView::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_superview && event->type() == QEvent::Resize)
-        updateContentFrame(); // which may delete the view
+        updateContentFrame(); // this may delete the view
     return false;
 }

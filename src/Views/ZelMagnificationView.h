@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 #include <optional>
@@ -9,25 +10,25 @@ class QAbstractScrollArea;
 class QGestureEvent;
 class QNativeGestureEvent;
 
-/// Shows its first subview magnified, in a scroll area whose widget it is.
+/// Shows its first subview magnified. The view is meant to be the widget of a scroll area.
 ///
 ///     auto *magnifier = new ZelMagnificationView;
 ///     magnifier->addSubview(canvas);
 ///     magnifier->setContentSize(QSizeF(595, 842));
 ///     scrollArea->setWidget(magnifier); // not resizable: the view sizes itself
 ///
-/// The view's bounds differ from its frame by the factor, so that a content that is a ZelView draws and gets its events
-/// in unmagnified coordinates, and stays sharp. A content that is another widget is just resized. Content smaller than
-/// the visible area is centred in it.
+/// The view's bounds differ from its frame by the factor. So a content that is a ZelView draws and gets its events in
+/// unmagnified coordinates, and stays sharp. Any other widget is only resized. Content that is smaller than the visible
+/// area is centred in it.
 ///
-/// Zooms by the wheel with Ctrl and by pinching, about the pointer, and by its actions, about the centre of the visible
-/// area. What the zoom is about keeps its place on the screen, as far as the scroll area can scroll.
+/// The wheel with Ctrl and pinching zoom about the pointer. The actions zoom about the centre of the visible area. The
+/// point about which the view zooms keeps its place on the screen as far as the scroll area can scroll.
 ///
-/// In a QScrollArea whoever hears of a change, of the scroll bars, too, may delete the view.
-class ZelMagnificationView : public ZelView
+/// In a QScrollArea, receivers of changes, including those of the scroll bars, may delete the view.
+class ZEL_EXPORT ZelMagnificationView : public ZelView
 {
     Q_OBJECT
-    /// 1 by default. Set directly it is not limited, and the scroll position is left alone.
+    /// 1 by default. The setter does not apply the limits and does not scroll.
     Q_PROPERTY(double magnificationFactor READ magnificationFactor WRITE setMagnificationFactor NOTIFY
                    magnificationFactorChanged)
     /// The limits of zooming, 0.25 and 4 by default.
@@ -35,10 +36,10 @@ class ZelMagnificationView : public ZelView
     Q_PROPERTY(double maxMagnification READ maxMagnification WRITE setMaxMagnification NOTIFY maxMagnificationChanged)
     /// The unmagnified size of the content.
     Q_PROPERTY(QSizeF contentSize READ contentSize WRITE setContentSize NOTIFY contentSizeChanged)
-    /// The running product of pinches. It starts at 0, and so stays 0 until something else is set.
+    /// The running product of pinches. It starts at 0, and therefore stays 0 until another value is set.
     Q_PROPERTY(double pinchMagnificationFactor READ pinchMagnificationFactor WRITE setPinchMagnificationFactor NOTIFY
                    pinchMagnificationFactorChanged)
-    /// For code that changes the frame from outside; the view itself only resets it.
+    /// A flag for code that changes the frame from outside. The view itself only resets it.
     Q_PROPERTY(bool updatingDocumentFrame READ isUpdatingDocumentFrame WRITE setUpdatingDocumentFrame NOTIFY
                    updatingDocumentFrameChanged)
 public:
@@ -63,16 +64,17 @@ public:
 
     /// The first subview; null if there is none.
     QWidget *contentView() const;
-    /// What the scroll area shows, in the view's coordinates.
+    /// The part that the scroll area shows, in the view's coordinates.
     QRectF visibleDocumentRect() const;
 
-    /// Sizes the view and places the content. Done by itself whenever the superview, the content or its size changes.
+    /// Sizes the view and places the content. The view does this by itself whenever the superview, the content or its
+    /// size changes.
     void updateContentFrame();
     /// Zooms about the centre of what is visible, within the limits.
     void magnifyVisibleRectWithFactor(double factor);
     /// Zooms about a point in the view's coordinates.
     void magnifyVisibleRectWithFactor(double factor, const QPointF &point);
-    /// Zooms by the event's value, about its position in the window.
+    /// Zooms by the event's value about the event's position.
     void magnifyWithEvent(QNativeGestureEvent *event);
 
     QSize sizeHint() const override;
@@ -82,9 +84,9 @@ public Q_SLOTS:
     void zoomIn(QObject *sender = nullptr);
     void zoomOut(QObject *sender = nullptr);
     void zoomToActualSize(QObject *sender = nullptr);
-    /// The same as the actual size.
+    /// Zooms to the actual size, like zoomToActualSize.
     void zoomFitInWindow(QObject *sender = nullptr);
-    /// Zooms to as many percent as the tag of the sender's selected item says, from 1 to 400; others are ignored. The
+    /// Zooms to the percentage that is the tag of the sender's selected item. Tags outside of 1 to 400 are ignored. The
     /// sender is a ZelPopUpButton, a QComboBox (whose items' data are the tags) or the chosen ZelMenuItem itself.
     void selectMagnificationFactor(QObject *sender);
 
@@ -108,9 +110,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    class UpdateGuard;
-    /// The point that a series of zooms at one place is about. Found anew at each step it would drift, because the
-    /// scroll area scrolls by whole points.
+    /// The point about which a series of zooms at one place is made. If it were computed at each step it would drift,
+    /// because the scroll area scrolls by whole points.
     struct Anchor
     {
         QPointF point;
@@ -138,7 +139,7 @@ private:
     double m_pinchMagnificationFactor = 0;
     bool m_updatingDocumentFrame = false;
     bool m_updating = false;
-    bool m_superviewChanged = false; // while updating
+    bool m_superviewChanged = false; // during an update
     std::optional<Anchor> m_anchor;
-    QPointer<QWidget> m_superview; // whose size is watched
+    QPointer<QWidget> m_superview; // its size is watched
 };

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelScrollView.h"
 
+#include "Core/RunLoop/ZelMemberScope.h"
+
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
 #include <QWheelEvent>
@@ -16,7 +17,7 @@ ZelScrollView::ZelScrollView(QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus); // its controls are in the tab order
+    setFocusPolicy(Qt::NoFocus); // the controls inside are in the tab order, not the scroll view
     viewport()->setAutoFillBackground(false);
 }
 
@@ -27,7 +28,7 @@ void ZelScrollView::setDocumentView(QWidget *view)
     setWidget(view);
     if (!view)
         return;
-    view->setAutoFillBackground(false); // set by the base
+    view->setAutoFillBackground(false); // setWidget has turned it on
     updateDocumentSize();
 }
 
@@ -36,7 +37,7 @@ void ZelScrollView::updateDocumentSize()
     QWidget *document = documentView();
     if (!document || m_updatingDocumentSize)
         return;
-    const QScopedValueRollback updating(m_updatingDocumentSize, true);
+    const ZelMemberScope updating(this, m_updatingDocumentSize, true);
     document->resize(documentSize());
 }
 
@@ -46,8 +47,8 @@ int ZelScrollView::documentHeight(int width) const
     return qMax(0, document->hasHeightForWidth() ? document->heightForWidth(width) : document->sizeHint().height());
 }
 
-/// As wide as the viewport is going to be. Without looking ahead, everything in the document would be laid out
-/// once more as soon as the scroll bar has appeared.
+/// The size of the document for the width that the viewport is going to have. Otherwise the whole document would be
+/// laid out a second time when the scroll bar appears.
 QSize ZelScrollView::documentSize() const
 {
     if (verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
@@ -59,7 +60,7 @@ QSize ZelScrollView::documentSize() const
     const int narrow = bar->isVisible() ? viewport()->width() : room.width() - barWidth;
     const bool hasBar = bar->minimum() < bar->maximum();
     const int narrowHeight = hasBar ? documentHeight(narrow) : 0;
-    if (narrowHeight > 2 * room.height()) // far more than the bar takes away
+    if (narrowHeight > 2 * room.height()) // surely too high for the whole width, too
         return {narrow, narrowHeight};
     const int height = documentHeight(room.width());
     return height > room.height() ? QSize(narrow, documentHeight(narrow)) : QSize(room.width(), height);
@@ -90,7 +91,7 @@ bool ZelScrollView::handleEvent(QEvent *event)
     return QScrollArea::event(event);
 }
 
-/// The wheel is caught where it enters the window: filtering every control would cost each of them.
+/// The wheel is caught where it enters the window, because an event filter on every control would be expensive.
 void ZelScrollView::watchWindow()
 {
     QWindow *handle = window()->windowHandle();

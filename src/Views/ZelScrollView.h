@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelGuarded.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
 
 #include <QPointer>
 #include <QScrollArea>
 
-/// Scrolls a document view vertically: the document is as wide as the visible part, and as high as it wants to be for
-/// that width. No frame, no background.
+/// Scrolls a document view vertically. The document is as wide as the visible part and as high as it wants to be for
+/// that width. The scroll view has no frame and no background.
 ///
-/// The wheel scrolls also over a spin box, pop-up button or slider that does not have the focus, so that scrolling
-/// through a form does not change its values.
-class ZelScrollView : public ZelGuardedScrollArea<QScrollArea>
+/// Over a spin box, a combo box or a slider that does not have the focus, the wheel scrolls and does not change the
+/// value.
+class ZEL_EXPORT ZelScrollView : public ZelGuardedScrollArea<QScrollArea>
 {
     Q_OBJECT
 public:
@@ -19,7 +20,7 @@ public:
     ~ZelScrollView() override;
 
     QWidget *documentView() const { return widget(); }
-    /// The view becomes the scroll view's; a former one is deleted.
+    /// The scroll view takes ownership of the view and deletes the former one.
     void setDocumentView(QWidget *view);
 
     QSize sizeHint() const override;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelStackView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelBlockObservation.h"
-#include "Platform/Controls/ZelControlAccessors.h"
 #include "Views/ZelHorizontalStackView.h"
 #include "Views/ZelVerticalStackView.h"
 
@@ -12,20 +12,20 @@ namespace {
 
 using Constraint = ZelLayoutConstraint;
 
-constexpr ZelLayoutPriority chainPriority = 750;
-constexpr ZelLayoutPriority compressionPriority = 751; // beats the spacing, so that a hidden subview collapses
-constexpr ZelLayoutPriority trailingPriority = 250;
-constexpr ZelLayoutPriority lastCompressionPriority = 251;
-constexpr double room = 10000; // a compression constraint with so much room binds nothing
+constexpr ZelLayoutPriority g_chainPriority = 750;
+constexpr ZelLayoutPriority g_compressionPriority = 751; // beats the spacing, so that a hidden subview collapses
+constexpr ZelLayoutPriority g_trailingPriority = 250;
+constexpr ZelLayoutPriority g_lastCompressionPriority = 251;
+constexpr double g_room = 10000; // with so much room a compression constraint has no effect
 
 bool isSlack(const Constraint &compression)
 {
-    return std::abs(compression.constant()) == room;
+    return std::abs(compression.constant()) == g_room;
 }
 
 } // namespace
 
-/// The two directions are one design on different attributes.
+/// The attributes of one direction. Rows and columns differ in nothing else.
 struct ZelStackView::Axis
 {
     Constraint::Attribute start;
@@ -33,7 +33,7 @@ struct ZelStackView::Axis
     Constraint::Attribute length;
     Constraint::Attribute crossStart;
     Constraint::Attribute crossEnd;
-    Constraint::Attribute lastCompressed; // what of the last subview is pulled to the end when it is hidden
+    Constraint::Attribute lastCompressed; // the edge of a hidden last subview that is pulled to the end
 };
 
 const ZelStackView::Axis &ZelStackView::axis() const
@@ -51,14 +51,12 @@ ZelStackView::ZelStackView(Qt::Orientation orientation, QWidget *parent)
     : ZelView(parent)
     , m_orientation(orientation)
 {
-    ZelRegisterControlAccessors();
 }
 
 ZelStackView::ZelStackView(Qt::Orientation orientation, const ZelKeyedCoder &coder, QWidget *parent)
     : ZelView(coder, parent)
     , m_orientation(orientation)
 {
-    ZelRegisterControlAccessors();
 }
 
 ZelStackView::~ZelStackView()
@@ -73,37 +71,32 @@ bool ZelStackView::drawsContent() const
 
 void ZelStackView::setEdgeInsets(const QMarginsF &insets)
 {
-    if (m_edgeInsets == insets)
+    if (!ZelAssign(m_edgeInsets, insets))
         return;
-    m_edgeInsets = insets;
     setNeedsUpdateConstraints();
     Q_EMIT edgeInsetsChanged();
 }
 
 void ZelStackView::setSpacing(double spacing)
 {
-    if (m_spacing == spacing)
+    if (!ZelAssign(m_spacing, spacing))
         return;
-    m_spacing = spacing;
     setNeedsUpdateConstraints();
     Q_EMIT spacingChanged();
 }
 
 void ZelStackView::setEqualSizes(bool equal)
 {
-    if (m_equalSizes == equal)
+    if (!ZelAssign(m_equalSizes, equal))
         return;
-    m_equalSizes = equal;
     setNeedsUpdateConstraints();
     Q_EMIT equalSizesChanged();
 }
 
 void ZelStackView::setMirrored(bool mirrored)
 {
-    if (m_isMirrored == mirrored)
-        return;
-    m_isMirrored = mirrored;
-    setNeedsUpdateConstraints();
+    if (ZelAssign(m_isMirrored, mirrored))
+        setNeedsUpdateConstraints();
 }
 
 double ZelStackView::trailingInset() const
@@ -119,7 +112,7 @@ void ZelStackView::viewDidInstall()
     for (QWidget *subview : subviews()) {
         startObservationsForView(subview);
         const ZelLayoutConstraint::Ptr compression = m_compressionConstraints.value(subview);
-        if (compression && isSlack(*compression) == subview->isHidden()) // it changed while nobody looked
+        if (compression && isSlack(*compression) == subview->isHidden()) // it changed while the stack was not installed
             setNeedsUpdateConstraints();
     }
 }
@@ -163,7 +156,7 @@ void ZelStackView::stopObservationsForView(QWidget *subview)
             observation->cancel();
         return;
     }
-    m_hiddenObservations.removeIf([](auto entry) { // a subview has died
+    m_hiddenObservations.removeIf([](auto entry) { // a subview has died: find it
         const bool isOver = !entry.value()->object();
         if (isOver)
             entry.value()->cancel();
@@ -176,11 +169,11 @@ void ZelStackView::subviewDidHideOrShow(QWidget *subview)
     const ZelLayoutConstraint::Ptr compression = m_compressionConstraints.value(subview);
     if (!compression)
         return;
-    const bool isLast = compression->priority() == lastCompressionPriority;
-    if (isLast) // the bottom inset in both directions, until the constraints are rebuilt
-        compression->setConstant(subview->isHidden() ? -m_edgeInsets.bottom() : -room);
+    const bool isLast = compression->priority() == g_lastCompressionPriority;
+    if (isLast) // rows also get the bottom inset here; the next rebuild uses the right one
+        compression->setConstant(subview->isHidden() ? -m_edgeInsets.bottom() : -g_room);
     else
-        compression->setConstant(subview->isHidden() ? 0 : room);
+        compression->setConstant(subview->isHidden() ? 0 : g_room);
 }
 
 // Constraints
@@ -205,9 +198,9 @@ void ZelStackView::updateConstraints()
             this, axis().length, Constraint::Equal, nullptr, Constraint::NotAnAttribute, 1,
             m_orientation == Qt::Horizontal ? m_edgeInsets.left() + m_edgeInsets.right()
                                             : m_edgeInsets.top() + m_edgeInsets.bottom(),
-            trailingPriority));
+            g_trailingPriority));
     addConstraints(m_stackConstraints);
-    QList<ZelLayoutConstraint::Ptr> compressions; // in the order of the views, to be the same in every run
+    QList<ZelLayoutConstraint::Ptr> compressions; // in the order of the views, not of the hash, which varies
     compressions.reserve(views.size());
     for (QWidget *view : views)
         compressions.append(m_compressionConstraints.value(view));
@@ -245,11 +238,11 @@ void ZelStackView::addConstraintsOfSubview(QWidget *view, QWidget *previous)
         tie(axis().start, this, axis().start, horizontal ? m_edgeInsets.left() : m_edgeInsets.top());
         return;
     }
-    tie(axis().start, previous, axis().end, m_spacing, chainPriority);
+    tie(axis().start, previous, axis().end, m_spacing, g_chainPriority);
     m_compressionConstraints.insert(
         previous,
         Constraint::constraintWithItem(view, axis().start, Constraint::LessThanOrEqual, previous, axis().start, 1,
-                                       previous->isHidden() ? 0 : room, compressionPriority));
+                                       previous->isHidden() ? 0 : g_room, g_compressionPriority));
     if (m_equalSizes)
         tie(axis().length, previous, axis().length, 0);
 }
@@ -257,11 +250,11 @@ void ZelStackView::addConstraintsOfSubview(QWidget *view, QWidget *previous)
 void ZelStackView::addTrailingConstraints(QWidget *last)
 {
     m_stackConstraints.append(Constraint::constraintWithItem(last, axis().end, Constraint::Equal, this, axis().end, 1,
-                                                             -trailingInset(), trailingPriority));
+                                                             -trailingInset(), g_trailingPriority));
     m_compressionConstraints.insert(
         last,
         Constraint::constraintWithItem(last, axis().lastCompressed, Constraint::GreaterThanOrEqual, this, axis().end, 1,
-                                       last->isHidden() ? -trailingInset() : -room, lastCompressionPriority));
+                                       last->isHidden() ? -trailingInset() : -g_room, g_lastCompressionPriority));
 }
 
 // Baseline

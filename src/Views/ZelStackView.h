@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Core/ZelExport.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
 
 #include <QHash>
@@ -10,15 +11,15 @@
 
 class ZelBlockObservation;
 
-/// For each subview the constraint that squeezes it out of the line.
+/// The constraint of each subview that squeezes it out of the line when it is hidden.
 using ZelCompressionConstraints = QHash<QWidget *, ZelLayoutConstraint::Ptr>;
 
-/// Lines up its subviews in one direction, in their order; a hidden subview leaves the line with its spacing.
+/// Arranges its subviews in a line, in their order. A hidden subview and its spacing take no room.
 ///
 /// The constraints are rebuilt in the next layout after a subview has come or gone, or a property of the stack has
-/// changed; hiding a subview changes one constant. All subviews fill the stack across the line. The stack may be longer
-/// than its subviews; they stay at its beginning.
-class ZelStackView : public ZelView, public ZelBaselineProvider
+/// changed; hiding a subview only changes one constant. All subviews fill the stack across the line. The stack may be
+/// longer than its subviews; they stay at its beginning.
+class ZEL_EXPORT ZelStackView : public ZelView, public ZelBaselineProvider
 {
     Q_OBJECT
     Q_INTERFACES(ZelBaselineProvider)
@@ -28,8 +29,8 @@ class ZelStackView : public ZelView, public ZelBaselineProvider
     Q_PROPERTY(double spacing READ spacing WRITE setSpacing NOTIFY spacingChanged)
     /// Whether all subviews have the same length along the line; false by default.
     Q_PROPERTY(bool equalSizes READ equalSizes WRITE setEqualSizes NOTIFY equalSizesChanged)
-    // What is installed: the line's constraints, and the one that squeezes each subview out when it is hidden. Others
-    // that are set stand until the next update.
+    // The constraints of the line, and those that squeeze hidden subviews out. What is set here is replaced by the next
+    // update.
     Q_PROPERTY(QList<ZelLayoutConstraint::Ptr> stackConstraints READ stackConstraints WRITE setStackConstraints NOTIFY
                    stackConstraintsChanged)
     Q_PROPERTY(ZelCompressionConstraints compressionConstraints READ compressionConstraints WRITE
@@ -44,7 +45,7 @@ public:
     void setSpacing(double spacing);
     bool equalSizes() const { return m_equalSizes; }
     void setEqualSizes(bool equal);
-    /// Whether a row begins at the right in a right-to-left layout; false.
+    /// Whether a row begins at the right in a right-to-left layout; false by default.
     bool isMirrored() const { return m_isMirrored; }
     void setMirrored(bool mirrored);
 
@@ -53,7 +54,8 @@ public:
     const ZelCompressionConstraints &compressionConstraints() const { return m_compressionConstraints; }
     void setCompressionConstraints(const ZelCompressionConstraints &constraints);
 
-    /// Has a subview's constraint follow whether it is hidden. Done by itself while the stack is installed.
+    /// Makes a subview's constraint follow whether the subview is hidden. The stack does this by itself while it is
+    /// installed.
     void startObservationsForView(QWidget *subview);
     void stopObservationsForView(QWidget *subview);
 
@@ -94,6 +96,6 @@ private:
     bool m_isMirrored = false;
     QList<ZelLayoutConstraint::Ptr> m_stackConstraints;
     ZelCompressionConstraints m_compressionConstraints;
-    // Filed here and not on the subviews, which may die first.
+    // Kept here and not with the subviews, which may die first.
     QHash<QWidget *, QSharedPointer<ZelBlockObservation>> m_hiddenObservations;
 };

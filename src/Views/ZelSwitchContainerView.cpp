@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelSwitchContainerView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
-
-namespace {
-
-const char context = 0;
-} // namespace
+#include "ViewController/ZelInstalledContext.h"
 
 ZelSwitchContainerView::ZelSwitchContainerView(QWidget *parent)
     : ZelView(parent)
@@ -16,11 +13,6 @@ ZelSwitchContainerView::ZelSwitchContainerView(QWidget *parent)
 ZelSwitchContainerView::ZelSwitchContainerView(const ZelKeyedCoder &coder, QWidget *parent)
     : ZelView(coder, parent)
 {
-}
-
-ZelSwitchContainerView::~ZelSwitchContainerView()
-{
-    uninstall();
 }
 
 bool ZelSwitchContainerView::drawsContent() const
@@ -46,17 +38,14 @@ void ZelSwitchContainerView::setChildViewControllers(const QList<ZelViewControll
 
 void ZelSwitchContainerView::setSelectedChildViewControllerIndex(quint64 index)
 {
-    if (m_selectedIndex == index)
-        return;
-    m_selectedIndex = index;
-    Q_EMIT selectedChildViewControllerIndexChanged();
+    if (ZelAssign(m_selectedIndex, index))
+        Q_EMIT selectedChildViewControllerIndexChanged();
 }
 
 void ZelSwitchContainerView::setConstraintSelectdView(bool constraint)
 {
-    if (m_constraintSelectdView == constraint)
+    if (!ZelAssign(m_constraintSelectdView, constraint))
         return;
-    m_constraintSelectdView = constraint;
     setNeedsUpdateConstraints();
     Q_EMIT constraintSelectdViewChanged();
 }
@@ -67,17 +56,11 @@ void ZelSwitchContainerView::viewDidInstall()
     const ZelObservations observations(this);
     observations.addObservationWithObject(
         this, "childViewControllers", ZelKeyValueObservingOptionEqualCheck,
-        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateChildViews(); }, &context);
+        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateChildViews(); }, &ZelInstalledContext);
     observations.addObservationWithObject(
         this, "selectedChildViewControllerIndex", ZelKeyValueObservingOptionEqualCheck,
-        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateSelectedChildView(); }, &context);
+        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateSelectedChildView(); }, &ZelInstalledContext);
     updateChildViews();
-}
-
-void ZelSwitchContainerView::viewWillUninstall()
-{
-    ZelView::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&context);
 }
 
 void ZelSwitchContainerView::updateChildViews()
@@ -86,7 +69,7 @@ void ZelSwitchContainerView::updateChildViews()
         if (view)
             takeOut(view);
     m_takenViews.clear();
-    // What is hidden is so before it comes in: the views that are not shown would be laid out for nothing.
+    // Views are hidden before they are added, so that those that are not shown are not laid out.
     quint64 index = 0;
     for (const QPointer<ZelViewController> controller : childViewControllers()) {
         ZelView *view = controller ? controller->view() : nullptr;
@@ -102,7 +85,7 @@ void ZelSwitchContainerView::updateChildViews()
         setNeedsUpdateConstraints();
 }
 
-/// What is not a controller's is only taken out. A controller that died has left its view here.
+/// Takes the view out. It is deleted only if it belonged to a controller that has died.
 void ZelSwitchContainerView::takeOut(QWidget *view)
 {
     const auto *zelView = qobject_cast<ZelView *>(view);
@@ -116,7 +99,7 @@ void ZelSwitchContainerView::updateSelectedChildView()
 {
     const QList<ZelViewController *> all = childViewControllers();
     const QList<QPointer<ZelViewController>> controllers(all.begin(), all.end());
-    const QPointer<ZelSwitchContainerView> alive(this); // hiding takes what was typed, whose action may end all of them
+    const QPointer<ZelSwitchContainerView> alive(this); // hiding commits typing, whose action may delete all of them
     quint64 index = 0;
     for (const QPointer<ZelViewController> &controller : controllers) {
         ZelView *view = alive && controller ? controller->view() : nullptr;

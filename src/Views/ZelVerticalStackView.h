@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Views/ZelStackView.h"
 
 /// A column of views, from top to bottom.
-class ZelVerticalStackView : public ZelStackView
+class ZEL_EXPORT ZelVerticalStackView : public ZelStackView
 {
     Q_OBJECT
 public:

@@ -4,7 +4,7 @@
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Platform/Resources/ZelNamedImages.h"
+#include "Resources/ZelNamedImages.h"
 #include "ViewController/ZelViewController.h"
 
 #include <QApplication>

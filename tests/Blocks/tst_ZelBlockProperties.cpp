@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelBlockProperties.h"
 
-#include "Platform/Runtime/ZelException.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelException.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Values/ZelValues.h"
 #include "Support/Person.h"
 #include "Support/Recorder.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelColorNameTransformer.h"
 #include "Blocks/ZelNamedTransformers.h"
-#include "Platform/Resources/ZelColorList.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelException.h"
-#include "Platform/Runtime/ZelIndexSet.h"
-#include "Platform/Runtime/ZelOrderedSet.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Errors/ZelException.h"
+#include "Core/Values/ZelIndexSet.h"
+#include "Core/Values/ZelOrderedSet.h"
+#include "Core/Values/ZelValues.h"
+#include "Resources/ZelColorList.h"
+#include "Resources/ZelLocalizedString.h"
 
 #include <QPointF>
 #include <QSet>

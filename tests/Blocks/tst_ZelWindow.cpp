@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelWindow.h"
 
+#include "Core/Errors/ZelException.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/RunLoop/ZelNotificationCenter.h"
-#include "Platform/Runtime/ZelException.h"
-#include "Platform/Selection/ZelUndoManager.h"
 
 #include <QMainWindow>
 #include <QPainter>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
+#include "Core/Errors/ZelAssertions.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelAssertions.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -140,19 +140,6 @@ private Q_SLOTS:
         view.setLayoutDirection(Qt::RightToLeft);
         QCOMPARE(matrix->geometry().right(), view.width() - 20);
         QCOMPARE(matrix->rectOfCell(0).right(), 226);
-    }
-
-    void keysLeadThroughTheStrip()
-    {
-        ZelColorMatrix matrix;
-        matrix.setHighlightedCell(10);
-        for (const int key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down})
-            QTest::keyClick(&matrix, Qt::Key(key));
-        QCOMPARE(matrix.highlightedCell(), 23);
-        int chosen = -1;
-        connect(&matrix, &ZelColorMatrix::cellChosen, &matrix, [&](int index) { chosen = index; });
-        QTest::keyClick(&matrix, Qt::Key_Return);
-        QCOMPARE(chosen, 23);
     }
 };
 

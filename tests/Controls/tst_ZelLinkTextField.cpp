@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Controls/ZelLinkTextField.h"
+#include "Controls/Fields/ZelLinkTextField.h"
 
 #include <QDesktopServices>
 #include <QPushButton>

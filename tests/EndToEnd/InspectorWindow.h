@@ -2,10 +2,10 @@
 #pragma once
 
 #include "Blocks/ZelWindow.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "Platform/Selection/ZelUndoManager.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
 #include "ViewController/ZelView.h"

@@ -3,10 +3,10 @@
 
 #include "InspectorWindow.h"
 
-#include "Platform/Controls/ZelColorPanel.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Resources/ZelAttributedString.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/ZelColorPanel.h"
+#include "Text/ZelAttributedString.h"
 
 #include <QColor>
 #include <QDate>

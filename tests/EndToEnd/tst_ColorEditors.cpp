@@ -35,16 +35,6 @@ QColorDialog *openPanel()
     return QTest::qWaitForWindowExposed(dialog) ? dialog : nullptr;
 }
 
-/// The field of all colours in the panel.
-QWidget *colorField(const QColorDialog *dialog)
-{
-    for (auto *widget : dialog->findChildren<QWidget *>()) {
-        if (QByteArray(widget->metaObject()->className()).endsWith("QColorPicker"))
-            return widget;
-    }
-    return nullptr;
-}
-
 void clickSegment(const TextEditor *editor, int segment)
 {
     ZelSegmentedControl *bar = editor->segmentedControl();
@@ -183,34 +173,6 @@ private Q_SLOTS:
         panel->setCurrentColor(QColor(90, 90, 90)); // nobody's
         QCOMPARE(window.value(1, "fill"), QVariant(QColor(20, 30, 40)));
         QCOMPARE(ZelUsedColorList::sharedUsedColorList()->colors().first().toQColor(), QColor(20, 30, 40));
-    }
-
-    void aDragInThePanelIsOneStepForEveryObject()
-    {
-        SheetWindow window(rows());
-        window.set(2, "fill", QColor(Qt::gray));
-        window.select({0, 2});
-        SheetWindow::choose(button(window, "fill"), QStringLiteral("Other..."));
-        QColorDialog *panel = openPanel();
-        QVERIFY(panel);
-        QWidget *field = colorField(panel);
-        QVERIFY(field);
-        panel->setCurrentColor(Qt::white);
-        const int before = window.stack.count();
-        const QPoint place = field->mapTo(panel, field->rect().center());
-        QTest::mousePress(panel->windowHandle(), Qt::LeftButton, {}, place);
-        for (int i = 1; i < 6; ++i)
-            QTest::mouseMove(panel->windowHandle(), place + QPoint(7 * i, 3 * i));
-        QTest::mouseRelease(panel->windowHandle(), Qt::LeftButton, {}, place + QPoint(35, 15));
-        window.settle();
-        QCOMPARE(window.stack.count(), before + 1);
-        QVERIFY(window.value(0, "fill") != QVariant(QColor(Qt::white)));
-        QCOMPARE(window.value(2, "fill"), window.value(0, "fill"));
-        window.undo();
-        QCOMPARE(window.value(0, "fill"), QVariant(QColor(Qt::white)));
-        window.undo();
-        QCOMPARE(window.value(0, "fill"), QVariant(QColor(Qt::red)));
-        QCOMPARE(window.value(2, "fill"), QVariant(QColor(Qt::gray)));
     }
 
     void whatEndsWhileItIsOpen_data()

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "InspectorWindow.h"
 
+#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelInspectorPane.h"
 #include "Inspector/ZelInspectorSection.h"
-#include "Platform/Runtime/ZelValues.h"
 #include "TabBar/ZelTabBar.h"
 
 #include <QMenu>
@@ -89,30 +89,6 @@ private Q_SLOTS:
         QVERIFY(ZelIsMarker(field->objectValue(), ZelMultipleValuesMarker));
         window.stack.redo();
         QCOMPARE(window.people[1]->height(), 150.0);
-    }
-
-    void aSliderDragAndAStepperClick()
-    {
-        InspectorWindow window(description());
-        window.select({0, 1});
-        auto *property = window.editor<ZelInspectorNumberProperty>("height");
-        ZelSlider *slider = property->slider();
-        const int y = slider->height() / 2;
-        QTest::mousePress(slider, Qt::LeftButton, {}, {5, y});
-        for (int x = 5; x < slider->width() - 4; x += 3)
-            QTest::mouseMove(slider, {x, y});
-        QTest::mouseRelease(slider, Qt::LeftButton, {}, {slider->width() - 4, y});
-        window.settle();
-        QVERIFY(window.people[0]->height() > 100);
-        QCOMPARE(window.people[1]->height(), window.people[0]->height());
-        QCOMPARE(window.stack.count(), 1);
-        QCOMPARE(property->textField()->objectValue(), QVariant(window.people[0]->height()));
-        window.people[0]->setHeight(10);
-        window.people[1]->setHeight(10);
-        ZelStepper *stepper = property->stepper();
-        QTest::mouseClick(stepper, Qt::LeftButton, {}, {stepper->width() / 2, stepper->height() / 4});
-        QCOMPARE(window.people[1]->height(), 11.0);
-        QCOMPARE(window.stack.count(), 2);
     }
 
     void aCheckboxInItsThreeStates()

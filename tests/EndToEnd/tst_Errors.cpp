@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "InspectorWindow.h"
 
+#include "Controls/Fields/ZelGrowingTextField.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/ZelCheckBox.h"
+#include "Controls/ZelPushButton.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
-#include "Platform/Controls/ZelCheckBox.h"
-#include "Platform/Controls/ZelGrowingTextField.h"
-#include "Platform/Controls/ZelPushButton.h"
-#include "Platform/Controls/ZelTextField.h"
 #include "Support/Reports.h"
 
 #include <QShortcut>

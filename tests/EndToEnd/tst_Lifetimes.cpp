@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "InspectorWindow.h"
 
+#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
 
 namespace {
 
@@ -97,6 +97,18 @@ private Q_SLOTS:
         window.people[0]->setHeight(5);
         QCoreApplication::processEvents();
         QCOMPARE(window.editor<ZelInspectorNumberProperty>("height")->textField()->objectValue(), QVariant(0.0));
+    }
+
+    void hidingCommitsWhatEndsTheInspector()
+    {
+        InspectorWindow window(g_description);
+        window.select({0});
+        ZelTextField *field = window.editor<ZelInspectorNumberProperty>("height")->textField();
+        field->setFocus();
+        QTest::keyClicks(field, QStringLiteral("12"));
+        connect(window.people[0].get(), &Person::heightChanged, &window, [&] { window.inspector.reset(); });
+        window.owner->setUnlocked(false);
+        QVERIFY(!window.inspector);
     }
 
     void aDeletedWindowLeavesNothingObserved()

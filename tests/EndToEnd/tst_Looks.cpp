@@ -4,8 +4,8 @@
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/ZelInspectorSliver.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Resources/ZelBundle.h"
+#include "Layout/ZelConstraintLayout.h"
+#include "Resources/ZelBundle.h"
 
 #include <QCheckBox>
 #include <QDir>

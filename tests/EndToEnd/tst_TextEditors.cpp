@@ -3,7 +3,7 @@
 
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Platform/Resources/ZelBundle.h"
+#include "Resources/ZelBundle.h"
 
 #include <QColorDialog>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "Core/Errors/ZelAssertions.h"
 #include "Extensions/ZelTimingLog.h"
-#include "Platform/Runtime/ZelAssertions.h"
 
 #include <QTest>
 

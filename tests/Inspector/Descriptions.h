@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Errors/ZelAssertions.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
-#include "Platform/Resources/ZelBundle.h"
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Resources/ZelBundle.h"
 #include "ViewController/ZelView.h"
 
 #include <QTemporaryDir>

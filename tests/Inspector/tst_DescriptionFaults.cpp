@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
+#include "Controls/ZelCheckBox.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Inspector/ZelInspectorPane.h"
 #include "Inspector/ZelInspectorSlice.h"
-#include "Platform/Controls/ZelCheckBox.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Core/KeyValue/ZelClassRegistry.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
@@ -13,10 +15,8 @@
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelClassRegistry.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelNamedImages.h"
 #include "Support/EditorOwner.h"
 
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelDelayedInvocation.h"
 
-#include "Platform/RunLoop/ZelNotificationCenter.h"
-#include "Platform/Runtime/ZelException.h"
+#include "Core/Errors/ZelException.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
 
 #include <QTest>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelKeyPathObservation.h"
 
+#include "Core/Values/ZelValues.h"
 #include "Observation/Club.h"
 #include "Observation/ZelKeyValueObservation.h"
-#include "Platform/Runtime/ZelValues.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Observation/ZelObservations.h"
 
+#include "Core/Errors/ZelAssertions.h"
 #include "Observation/Club.h"
-#include "Platform/Runtime/ZelAssertions.h"
 #include "Support/Person.h"
 
 #include <QRegularExpression>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Runtime/ZelException.h"
+#include "Core/Errors/ZelException.h"
 #include "Split.h"
 #include "SplitView/ZelSplitView.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Selection/ZelArrayController.h"
+#include "Core/Selection/ZelArrayController.h"
 
 #include <QVariant>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelKeyValueObserving.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
 
 #include <QList>
 #include <functional>

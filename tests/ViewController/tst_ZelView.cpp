@@ -2,7 +2,7 @@
 #include "ViewController/ZelView.h"
 
 #include "Geometry/ZelSnapUtilities.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "Support/Reports.h"
 #include "ViewController/HookLog.h"
 #include "ViewController/ZelBackingLayer.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ViewController/ZelViewController.h"
 
-#include "Platform/Controls/ZelEditor.h"
+#include "Core/Binding/ZelEditor.h"
 #include "ViewController/HookLog.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
 #include "Magnified.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
 
 #include <QComboBox>
 #include <QSignalSpy>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Inspector/ZelInspectorConfiguration.h"
-#include "Platform/Runtime/ZelAssertions.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <cstdio>
@@ -46,8 +47,11 @@ void walk(const ZelInspectorConfiguration &configuration, const QStringList &lin
 {
     const ZelSourcePlace place = configuration.place();
     expect(place.line >= 1 && place.line <= lines.size() && place.column >= 1, "an element's place is in the file");
-    const QStringView rest = QStringView(lines[place.line - 1]).mid(place.column - 1);
-    expect(rest.startsWith(u'<') && rest.mid(1).startsWith(configuration.name()), "an element's tag is at its place");
+    const QList<uint> characters = lines[place.line - 1].toUcs4().mid(place.column - 1);
+    const QString rest =
+        QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()), characters.size());
+    expect(rest.startsWith(u'<') && QStringView(rest).mid(1).startsWith(configuration.name()),
+           "an element's tag is at its place");
     for (qsizetype i = 0; i < configuration.element().attributeCount(); ++i)
         readEveryKind(configuration, configuration.element().attributeName(i));
     for (const ZelInspectorConfiguration &child : configuration.configurations())
@@ -67,6 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     if (root.isNull())
         return 0;
     const qsizetype markLength = data.startsWith("\xEF\xBB\xBF") ? 3 : 0;
-    walk(ZelInspectorConfiguration(root), QString::fromUtf8(data.mid(markLength)).split(u'\n'));
+    static const QRegularExpression lineEnd(QStringLiteral("\r\n?|\n"));
+    walk(ZelInspectorConfiguration(root), QString::fromUtf8(data.mid(markLength)).split(lineEnd));
     return 0;
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Selection/ZelArrayController.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "Platform/Resources/ZelBundle.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Selection/ZelArrayController.h"
+#include "Resources/ZelBundle.h"
 #include "ViewController/ZelView.h"
 
 #include <QAction>

@@ -1,16 +1,62 @@
 # SPDX-License-Identifier: MIT
 # Installs the library of the build tree zel_build below the folder work, and there configures, builds and runs the
-# program of this folder, which knows nothing but that installation.
+# program of this folder, which knows nothing but that installation. Then the same with a static library.
+cmake_minimum_required(VERSION 3.25)
 get_filename_component(source ${CMAKE_CURRENT_LIST_FILE} DIRECTORY)
-set(prefix ${work}/prefix)
+file(REAL_PATH ${source}/../.. root)
 file(REMOVE_RECURSE ${work})
 
 function(run)
     execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-run(${CMAKE_COMMAND} --install ${zel_build} --prefix ${prefix})
-run(${CMAKE_COMMAND} -S ${source} -B ${work}/build -G ${generator} -D CMAKE_CXX_COMPILER=${compiler}
-    -D CMAKE_BUILD_TYPE=Debug -D CMAKE_PREFIX_PATH=${prefix})
-run(${CMAKE_COMMAND} --build ${work}/build)
-run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${work}/build/installed_zel)
+function(configure from to)
+    run(${CMAKE_COMMAND} -S ${from} -B ${to} -G ${generator} -D CMAKE_CXX_COMPILER=${compiler} -D CMAKE_BUILD_TYPE=Debug
+        ${ARGN})
+endfunction()
+
+function(run_program prefix)
+    configure(${source} ${prefix}-program -D CMAKE_PREFIX_PATH=${prefix})
+    run(${CMAKE_COMMAND} --build ${prefix}-program)
+    run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${prefix}-program/installed_zel)
+endfunction()
+
+# What lies in a private/ is neither installed nor exported.
+function(check_private prefix)
+    file(GLOB_RECURSE installed ${prefix}/include/*.h)
+    foreach(header IN LISTS installed)
+        if(header MATCHES "/private/")
+            message(FATAL_ERROR "${header} is installed")
+        endif()
+    endforeach()
+
+    file(GLOB_RECURSE library ${prefix}/*/libZel.so)
+    execute_process(COMMAND nm -D -C --defined-only ${library} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT symbols MATCHES " ZelInspectorSlice::ZelInspectorSlice\\(")
+        message(FATAL_ERROR "ZelInspectorSlice is not exported")
+    endif()
+    file(GLOB_RECURSE headers ${root}/src/*.h)
+    list(FILTER headers INCLUDE REGEX "/private/")
+    foreach(header IN LISTS headers)
+        file(STRINGS ${header} lines REGEX "^(class|struct) Zel[A-Za-z0-9]+( final)?( :.*)?$")
+        foreach(line IN LISTS lines)
+            string(REGEX REPLACE "^(class|struct) ([A-Za-z0-9]+).*" "\\2" class "${line}")
+            if(symbols MATCHES "( | for )${class}(::[^\n]*)?\n")
+                message(FATAL_ERROR "${class} is private to the library, but exported: ${CMAKE_MATCH_0}")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${zel_build} --prefix ${work}/shared)
+check_private(${work}/shared)
+run_program(${work}/shared)
+
+# A static library is built of the same sources. Compiling all of them once more takes long and would find little: it is
+# put together of the folders that are there.
+configure(${root} ${work}/static-build -D BUILD_SHARED_LIBS=OFF -D ZEL_BUILD_TESTS=OFF -D ZEL_BUILD_EXAMPLES=OFF)
+string(REPLACE "," "\naddlib " folders "${folders}")
+file(WRITE ${work}/archive.txt "create ${work}/static-build/src/libZel.a\naddlib ${folders}\nsave\nend\n")
+execute_process(COMMAND ar -M INPUT_FILE ${work}/archive.txt COMMAND_ERROR_IS_FATAL ANY)
+run(${CMAKE_COMMAND} --install ${work}/static-build --prefix ${work}/static)
+run_program(${work}/static)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Application.h"
 
+#include "Core/Errors/ZelException.h"
 #include "Models.h"
-#include "Platform/Runtime/ZelException.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFont>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Runtime/ZelExceptionReporter.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Progress.h"
 #include "Storm.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Faults.h"
-#include "Platform/Resources/ZelAttributedString.h"
+#include "Text/ZelAttributedString.h"
 
 #include <QColor>
 #include <QDate>

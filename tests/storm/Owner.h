@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Selection/ZelArrayController.h"
 #include "Faults.h"
-#include "Platform/Selection/ZelArrayController.h"
 
 #include <QAction>
 #include <QVariant>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Step.h"
 
-#include "Random.h"
 #include "Storm.h"
+#include "Support/Random.h"
 
 #include <QFile>
 

@@ -6,8 +6,8 @@
 #include "Clock.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
-#include "Platform/Resources/ZelBundle.h"
 #include "Progress.h"
+#include "Resources/ZelBundle.h"
 #include "ViewController/ZelView.h"
 
 #include <QFile>

@@ -2,6 +2,8 @@
 // What editors show, compared with what the selected objects hold.
 #include "Storm.h"
 
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
@@ -18,10 +20,8 @@
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Resources/ZelFontManager.h"
-#include "Platform/Runtime/ZelValues.h"
 #include "Progress.h"
+#include "Text/ZelFontManager.h"
 #include "ViewController/ZelView.h"
 
 #include <QLayout>

@@ -2,12 +2,12 @@
 // The steps in which the user does something.
 #include "Storm.h"
 
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/Ranges/ZelSlider.h"
+#include "Controls/Ranges/ZelStepper.h"
 #include "Input.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Controls/ZelSlider.h"
-#include "Platform/Controls/ZelStepper.h"
 #include "Progress.h"
 #include "ViewController/ZelView.h"
 

@@ -2,10 +2,10 @@
 // The steps in which the application changes its objects.
 #include "Application.h"
 
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Models.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
 #include "Progress.h"
 
 #include <QMetaProperty>

@@ -2,10 +2,10 @@
 // Undo, and the exactness of it.
 #include "Storm.h"
 
+#include "Core/Undo/ZelUndoManager.h"
 #include "Input.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
-#include "Platform/Selection/ZelUndoManager.h"
 #include "Progress.h"
 #include "ViewController/ZelView.h"
 

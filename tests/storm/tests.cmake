@@ -2,7 +2,7 @@
 # A few seeds in the plain build, many under the sanitizers.
 file(GLOB storm_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*.cpp ${CMAKE_CURRENT_LIST_DIR}/*.h)
 zel_program(storm SOURCES ${storm_sources} LIBRARIES zel_inspector)
-target_include_directories(storm PRIVATE ${CMAKE_CURRENT_LIST_DIR})
+target_include_directories(storm PRIVATE ${CMAKE_CURRENT_LIST_DIR} ${CMAKE_CURRENT_LIST_DIR}/..)
 target_compile_definitions(storm PRIVATE ZEL_STORM="${CMAKE_CURRENT_LIST_DIR}" ZEL_DOCS="${PROJECT_SOURCE_DIR}/docs")
 
 set(storm_seeds 4)

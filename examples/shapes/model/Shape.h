@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Resources/ZelAttributedString.h"
+#include "Text/ZelAttributedString.h"
 
 #include <QColor>
 #include <QDate>

@@ -1,25 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "window/SwatchProperty.h"
 
-#include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelValues.h"
 #include "ViewController/ZelView.h"
 #include "window/SwatchRow.h"
-
-namespace {
-const char g_context = 0;
-}
-
-SwatchProperty::SwatchProperty(QObject *owner)
-    : ZelInspectorCustomProperty(owner)
-{
-}
-
-SwatchProperty::~SwatchProperty()
-{
-    uninstall();
-}
 
 void SwatchProperty::loadView()
 {
@@ -35,15 +20,8 @@ void SwatchProperty::viewDidInstall()
 {
     ZelInspectorCustomProperty::viewDidInstall();
     bindEnabledKeyPathToControl(m_row);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void SwatchProperty::viewWillUninstall()
-{
-    ZelInspectorCustomProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void SwatchProperty::updateView()

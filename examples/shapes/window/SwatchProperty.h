@@ -10,12 +10,10 @@ class SwatchProperty : public ZelInspectorCustomProperty
 {
     Q_OBJECT
 public:
-    explicit SwatchProperty(QObject *owner);
-    ~SwatchProperty() override;
+    using ZelInspectorCustomProperty::ZelInspectorCustomProperty;
 
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
     /// Swatches have no text: the label stands in the middle of their height.

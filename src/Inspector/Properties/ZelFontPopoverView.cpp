@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelFontPopoverView.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelNumberFormatter.h"
-#include "Platform/Resources/ZelFontManager.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/Fields/ZelNumberFormatter.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/ZelControlSize.h"
+#include "Controls/ZelLabel.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Text/ZelFontManager.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ constexpr FontRow g_fontRows[] = {
     {"User Fixed Pitch", Fonts::UserFixedPitchFont, false, true},
 };
 
-/// Shown dimmed, as what stands for no single value.
+/// A hidden item for a marker, that is for no single value.
 ZelMenuItem *hiddenItem(const QString &title, ZelControllerMarker marker, QObject *parent)
 {
     auto *item = new ZelMenuItem(title, {}, QVariant::fromValue(marker), parent);
@@ -172,7 +172,7 @@ void ZelFontPopoverView::layOut()
     m_stepper->setAccessibleName(m_size->accessibleName());
 }
 
-/// The control's title to its left; the size leaves room for its stepper.
+/// Puts the control's title to its left. The end of the size's row is the stepper's, which is laid out elsewhere.
 void ZelFontPopoverView::addRow(const QString &title, QWidget *control)
 {
     auto *label = new ZelLabel(title, this);

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Controls/ZelPushButton.h"
-#include "Platform/Controls/ZelStepper.h"
-#include "Platform/Controls/ZelTextField.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/Ranges/ZelStepper.h"
+#include "Controls/ZelPushButton.h"
+#include "Core/ZelExport.h"
 #include "ViewController/ZelView.h"
 
 class ZelMenuItem;
 
 /// The rows in which a font is put together: one of the desktop's fonts, a family, a style and a size.
 ///
-/// Each font of the first menu is the represented object of its item, a number of ZelFontManager::PlatformFont; none
-/// stands for "Custom". Families and styles are followed by hidden items for several of them and for none.
-class ZelFontPopoverView : public ZelView
+/// The items of the first menu have a number of ZelFontManager::PlatformFont as their represented object; the item
+/// "Custom" has none. The menus of families and styles end with hidden items that stand for several and for none.
+class ZEL_EXPORT ZelFontPopoverView : public ZelView
 {
     Q_OBJECT
 public:
@@ -34,13 +35,13 @@ public:
     const QStringList &fontFaces() const { return m_fontFaces; }
     /// Fills the menu of styles.
     void setFontFaces(const QStringList &faces);
-    /// The item of the first menu that stands for no font of its own.
+    /// Selects "Custom", the item of the first menu that stands for none of the desktop's fonts.
     void selectCustom();
-    /// Whether a font can be put together.
+    /// Enables the controls for family, style and size.
     void setDetailsEnabled(bool enabled);
     /// Selects the family's and the style's items, or those for none.
     void selectFamilyAndFace(const QString &family, const QString &face);
-    /// Shows that there are several of both.
+    /// Shows that there are several families and several styles.
     void selectMultiple();
 
 private:

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorActionProperty::ZelInspectorActionProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
-}
-
-ZelInspectorActionProperty::~ZelInspectorActionProperty()
-{
-    uninstall();
 }
 
 void ZelInspectorActionProperty::loadView()
@@ -39,16 +31,11 @@ void ZelInspectorActionProperty::loadView()
 void ZelInspectorActionProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_button, ZelTitleBinding, &g_context);
+    bindTitle(m_button, ZelTitleBinding);
     if (!keyPath().isEmpty() && owner())
-        ZelObservations(this).addBindingWithObject(m_button, ZelValueBinding, owner(), keyPath(), {}, &g_context);
+        ZelObservations(this).addBindingWithObject(m_button, ZelValueBinding, owner(), keyPath(), {},
+                                                   &ZelInstalledContext);
     bindEnabledKeyPathToControl(m_button);
-}
-
-void ZelInspectorActionProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
 QWidget *ZelInspectorActionProperty::viewForBaselineAlignment()

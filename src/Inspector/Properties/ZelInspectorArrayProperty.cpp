@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 
-#include "Inspector/Properties/ZelArrayTableModel.h"
-#include "Inspector/Properties/ZelArrayTableView.h"
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelArrayTableModel.h"
+#include "Inspector/Properties/private/ZelArrayTableView.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Layout/ZelBaselineProvider.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Layout/ZelBaselineProvider.h"
-#include "Platform/Resources/ZelDrawnIconEngine.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelNamedImages.h"
+#include "Resources/private/ZelDrawnIconEngine.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
+#include <QSequentialIterable>
 
 namespace {
 
-const char g_context = 0;
 constexpr QSizeF g_buttonMinSize{19, 16};
 constexpr QSizeF g_buttonMaxSize{19, 0};
 constexpr int g_rowHeight = 14;
@@ -34,8 +33,8 @@ int rowHeight(const QFontMetrics &metrics)
     return qMax(g_rowHeight, metrics.height()) + g_rowSpacing;
 }
 
-/// Holds the table and the bar. Rows of editors measure the given offset down from its baseline to that of their label:
-/// it lies where the label comes to stand beside the first row of the table.
+/// Holds the table and the bar. A row puts the baseline of its label g_baselineOffset below the baseline of this view,
+/// which is chosen so that the label stands beside the first row of the table.
 class BorderView : public ZelView, public ZelBaselineProvider
 {
     Q_OBJECT
@@ -76,7 +75,8 @@ QIcon signImage(const QString &name, bool isPlus)
     return image;
 }
 
-/// The list in the type that the other one has; a QVariantList where that is none or cannot take the elements.
+/// The list, converted to the type of the other one; a QVariantList if the other one is no list or cannot take the
+/// elements.
 QVariant listLike(const QVariantList &values, const QVariant &other)
 {
     QVariant list(other.metaType());
@@ -94,11 +94,6 @@ ZelInspectorArrayProperty::ZelInspectorArrayProperty(QObject *owner)
     : ZelInspectorProperty(owner)
     , defaultValue(ZelLocalizedString(QStringLiteral("Item")))
 {
-}
-
-ZelInspectorArrayProperty::~ZelInspectorArrayProperty()
-{
-    uninstall();
 }
 
 // View
@@ -153,7 +148,7 @@ void ZelInspectorArrayProperty::addTable()
             setObjectValueForRow(value, row);
         });
         if (alive)
-            updateViewInvocation().invoke(); // the cell would show the former value for a moment
+            updateViewInvocation().invoke(); // otherwise the cell would show the former value for a moment
     });
 }
 
@@ -188,20 +183,13 @@ void ZelInspectorArrayProperty::layOut(ZelView *container)
 void ZelInspectorArrayProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_tableView);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(keyPath());
     updateView();
 }
 
-void ZelInspectorArrayProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
-}
-
-/// A strength between text and background, as that of separators, whatever the palette has for lines.
+/// The border has a colour between text and background, as separators have, and not the palette's colour of lines.
 void ZelInspectorArrayProperty::updateBorderColor()
 {
     QColor color = m_tableView->palette().color(QPalette::WindowText);
@@ -211,7 +199,7 @@ void ZelInspectorArrayProperty::updateBorderColor()
 
 bool ZelInspectorArrayProperty::filterEvent(QObject *watched, QEvent *event)
 {
-    // The type first: a table that is being destroyed is none any more.
+    // The type is tested first: a table that is being destroyed is no longer one, and not to be compared with.
     if (event->type() == QEvent::EnabledChange && watched == m_tableView)
         updateViewInvocation().schedule();
     else if (event->type() == QEvent::PaletteChange && watched == m_tableView)
@@ -342,7 +330,7 @@ void ZelInspectorArrayProperty::addObject(QObject *sender)
 
 void ZelInspectorArrayProperty::removeObject(QObject *sender)
 {
-    updateViewInvocation().invoke(); // the list may be older than the last edit
+    updateViewInvocation().invoke(); // the reflected list may be older than the last edit
     if (!canEdit() || ZelIsNull(m_reflectedValues))
         return;
     const QList<int> rows = selectedRows();

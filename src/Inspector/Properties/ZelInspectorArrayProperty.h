@@ -2,8 +2,9 @@
 #pragma once
 
 #include "ActionBar/ZelActionBar.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelLabel.h"
 
 #include <QTableView>
 
@@ -15,7 +16,7 @@ class ZelArrayTableView;
 /// The list is a QStringList, a QVariantList or any other sequence; every edit replaces it as a whole, by a list of the
 /// same type. What is entered takes the type of the element that it replaces; a text that is no such value changes
 /// nothing. Where the lists of several objects differ, the table says so instead of rows, and nothing can be edited.
-class ZelInspectorArrayProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorArrayProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(QVariant defaultValue MEMBER defaultValue)
@@ -29,7 +30,6 @@ class ZelInspectorArrayProperty : public ZelInspectorProperty
     Q_PROPERTY(ZelActionBarItem *removeActionItem MEMBER m_removeActionItem)
 public:
     explicit ZelInspectorArrayProperty(QObject *owner);
-    ~ZelInspectorArrayProperty() override;
 
     QVariant defaultValue; ///< what is added; the localized "Item" unless set
     ZelView *borderView() const { return m_borderView; }
@@ -46,15 +46,16 @@ public:
     int numberOfRows() const;
     /// Absent where there is no such row.
     QVariant objectValueForRow(int row) const;
-    /// What the edit of a cell does.
+    /// Replaces one element, as the edit of a cell does. An object without a list gets one. Nothing changes for a row
+    /// that does not exist, and for a value that does not convert to the element's type.
     void setObjectValueForRow(const QVariant &value, int row);
 
-    /// Adds the default value, and lets the user enter another one in its place. An object without a list gets one,
-    /// which is not reported as a change by the user.
+    /// Adds the default value, and begins to edit it. An object without a list gets one, which is not reported as a
+    /// change by the user.
     Q_INVOKABLE void addObject(QObject *sender);
     /// Removes the selected rows.
     Q_INVOKABLE void removeObject(QObject *sender);
-    /// Enables the button that removes for the rows that are selected now.
+    /// Enables the button that removes if there are selected rows to be removed.
     void tableViewSelectionDidChange();
     void forceRedraw();
 
@@ -62,7 +63,6 @@ public:
     bool commitEditing() override;
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
     QList<QWidget *> controlsNamedByRow() override;

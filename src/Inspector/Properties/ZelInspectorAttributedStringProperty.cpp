@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Inspector/Properties/ZelParagraphStyleValues.h"
-#include "Inspector/Properties/ZelTextFormatImages.h"
+#include "Controls/private/ZelColorPanelClient.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Inspector/Properties/private/ZelParagraphStyleValues.h"
+#include "Inspector/Properties/private/ZelTextFormatImages.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Resources/ZelColor.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "Resources/ZelColor.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelScrollView.h"
 
@@ -24,7 +25,8 @@ using Property = ZelInspectorAttributedStringProperty;
 
 namespace {
 
-/// What it writes is the font of the text's selection, which the text editor takes over. Only the text is the model.
+/// Edits the font of the text's selection, which is a property of the text editor. It records nothing for undo, since
+/// only the text is in the model.
 class SelectionFontProperty : public ZelInspectorFontProperty
 {
 public:
@@ -35,7 +37,6 @@ protected:
     ZelUndoManager *undoManager() const override { return nullptr; }
 };
 
-const char g_context = 0;
 constexpr QSize g_popoverSize(280, 430);
 
 struct SegmentDescription
@@ -71,18 +72,36 @@ bool isOneValue(const QVariant &value)
 
 ZelInspectorAttributedStringProperty::ZelInspectorAttributedStringProperty(QObject *owner)
     : ZelInspectorProperty(owner)
+    , m_colorPanel(new ZelColorPanelClient(
+          this, [this] { return m_formattable; },
+          [this] {
+              const QColor color =
+                  ZelColor::fromVariant(m_textColorActive ? m_textColor : m_backgroundColor).toQColor();
+              return color.isValid() ? color : QColor(Qt::black);
+          }))
 {
+    m_colorPanel->setShowsAlpha(true);
+    connect(m_colorPanel, &ZelColorPanelClient::colorChosen, this, &Property::takePanelColor);
+    connect(m_colorPanel, &ZelColorPanelClient::activeChanged, this, &Property::showActiveColor);
+}
+
+void ZelInspectorAttributedStringProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
 }
 
 ZelInspectorAttributedStringProperty::~ZelInspectorAttributedStringProperty()
 {
     uninstall();
     deactivateColorPanel();
-    // What is nested in the editor knows it as its owner, and commits to it when it goes.
+    // The nested controllers have this editor as their owner and commit to it when they are destroyed. This must happen
+    // while the editor is still whole.
     m_popover.reset();
     m_paragraphStyleInspector.reset();
     if (m_fontProperty && m_fontProperty->isViewLoaded())
-        m_fontProperty->view()->setParent(nullptr); // nobody uses it any more
+        m_fontProperty->view()->setParent(nullptr); // a controller deletes a view that has no parent
     m_fontProperty.reset();
 }
 
@@ -138,7 +157,7 @@ void ZelInspectorAttributedStringProperty::makeFontEditor(ZelView *container)
     m_fontProperty->setActionSelector("fontDidChange");
     m_fontProperty->setEnabledKeyPath(QStringLiteral("formattable"));
     container->addSubview(m_fontProperty->view());
-    // A change of the size alone comes without the action.
+    // The font editor does not send its action for a change of the size alone.
     const ZelFontPopoverView *details = m_fontProperty->popoverView();
     for (const ZelStepper *stepper : {m_fontProperty->stepper(), details->fontSizeStepper()})
         connect(stepper, &ZelStepper::action, this, &ZelInspectorAttributedStringProperty::fontDidChange);
@@ -189,11 +208,11 @@ QWidget *ZelInspectorAttributedStringProperty::viewForBaselineAlignment()
 void ZelInspectorAttributedStringProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_textView);
     bindEnabledKeyPathToControl(m_segmentedControl);
-    observeForUpdate(enabledKeyPath(), &g_context);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(enabledKeyPath());
+    observeForUpdate(keyPath());
     updateView();
 }
 
@@ -201,10 +220,8 @@ void ZelInspectorAttributedStringProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
     if (m_popover)
-        m_popover->performClose(); // while what it commits to is whole
+        m_popover->performClose(); // while the editor that it commits to is whole
     deactivateColorPanel();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void ZelInspectorAttributedStringProperty::updateView()
@@ -252,7 +269,7 @@ void ZelInspectorAttributedStringProperty::userDidChangeValue(QObject *sender)
         updateSegmentedControl();
 }
 
-/// What was typed before goes with the format: the text is written as a whole.
+/// Commits the format and what was typed before, since the text is written as a whole.
 void ZelInspectorAttributedStringProperty::commitFormat()
 {
     if (m_textView)
@@ -279,12 +296,12 @@ void ZelInspectorAttributedStringProperty::updateSegmentedControl()
     enumerateAttributesForSelection([&](const String::Range &, const String::Attributes &attributes) {
         textColor = combinedValueWithValue(attributes.value(String::ForegroundColor), textColor);
         backgroundColor = combinedValueWithValue(attributes.value(String::BackgroundColor), backgroundColor);
-        // What a text leaves open of its font is the view's.
+        // What the text's font leaves open is taken from the view's font.
         const QFont ownFont = attributes.value(String::Font).value<QFont>();
         const bool hasFont = attributes.contains(String::Font);
         font = combinedValueWithValue(hasFont ? ownFont.resolve(m_textView->font()) : m_textView->font(), font);
         const QVariant style = attributes.value(String::ParagraphStyle);
-        if (style.isValid()) // paragraphs without a style say nothing
+        if (style.isValid()) // paragraphs without a style do not count
             paragraphs.fold(style.value<ZelParagraphStyle>());
     });
     const QPointer<ZelInspectorAttributedStringProperty> alive(this);
@@ -298,7 +315,7 @@ void ZelInspectorAttributedStringProperty::updateSegmentedControl()
     if (!alive)
         return;
     showSegments();
-    showColorInPanel();
+    m_colorPanel->showColor();
 }
 
 void ZelInspectorAttributedStringProperty::showSegments()
@@ -355,7 +372,7 @@ void ZelInspectorAttributedStringProperty::fontDidChange()
     if (!isOneValue(m_font) || m_font.typeId() != QMetaType::QFont)
         return;
     QFont font = m_font.value<QFont>();
-    font.setResolveMask(QFont::AllPropertiesResolved); // it was shown, and chosen, as a whole
+    font.setResolveMask(QFont::AllPropertiesResolved); // the font was shown and chosen as a whole
     setAttribute(String::Font, font);
     commitFormat();
 }
@@ -416,72 +433,32 @@ void ZelInspectorAttributedStringProperty::activateBackgroundColorPanel()
 void ZelInspectorAttributedStringProperty::activateColorPanel(bool textColor)
 {
     m_textColorActive = textColor;
-    if (!m_colorPanelActive || !m_colorPanel) {
-        m_colorPanelActive = true;
-        m_colorPanel = ZelColorPanel::sharedColorPanel();
-        m_colorPanel->setDelegate(this);
-        connect(m_colorPanel, &ZelColorPanel::colorDidChange, this,
-                &ZelInspectorAttributedStringProperty::colorPanelDidChange);
-        connect(m_colorPanel, &ZelColorPanel::trackingDidEnd, this,
-                &ZelInspectorAttributedStringProperty::colorPanelDidEndTracking);
-        connect(m_colorPanel, &ZelColorPanel::willClose, this,
-                &ZelInspectorAttributedStringProperty::deactivateColorPanel);
-        connect(m_colorPanel, &ZelColorPanel::delegateDidChange, this,
-                &ZelInspectorAttributedStringProperty::deactivateColorPanel);
-        m_colorPanel->setShowsAlpha(true);
-    }
-    if (m_segmentedControl) {
-        m_segmentedControl->setSegmentSelected(TextColorSegment, textColor);
-        m_segmentedControl->setSegmentSelected(BackgroundColorSegment, !textColor);
-    }
-    showColorInPanel();
-    m_colorPanel->orderFront(m_segmentedControl);
+    m_colorPanel->showColor();
+    m_colorPanel->activate(m_segmentedControl);
+    showActiveColor();
 }
 
 void ZelInspectorAttributedStringProperty::deactivateColorPanel()
 {
-    if (!std::exchange(m_colorPanelActive, false))
-        return;
-    m_dragGrouping.reset();
-    if (m_segmentedControl) {
-        m_segmentedControl->setSegmentSelected(TextColorSegment, false);
-        m_segmentedControl->setSegmentSelected(BackgroundColorSegment, false);
-    }
-    if (!m_colorPanel)
-        return;
-    m_colorPanel->disconnect(this);
-    if (m_colorPanel->delegate() == this)
-        m_colorPanel->setDelegate(nullptr);
+    m_colorPanel->deactivate();
 }
 
-/// While the user drags, it is the panel that leads.
-void ZelInspectorAttributedStringProperty::showColorInPanel()
+bool ZelInspectorAttributedStringProperty::isColorPanelActive() const
 {
-    if (!m_colorPanelActive || !m_colorPanel || m_colorPanel->isTracking())
-        return;
-    const QColor color = ZelColor::fromVariant(m_textColorActive ? m_textColor : m_backgroundColor).toQColor();
-    m_colorPanel->setColor(color.isValid() ? color : QColor(Qt::black));
+    return m_colorPanel->isActive();
 }
 
-void ZelInspectorAttributedStringProperty::colorPanelDidEndTracking()
+void ZelInspectorAttributedStringProperty::showActiveColor()
 {
-    const QPointer<ZelInspectorAttributedStringProperty> alive(this);
-    m_dragGrouping.reset();
-    if (alive)
-        showColorInPanel(); // the model may have made something else of it
+    if (!m_segmentedControl)
+        return;
+    const bool isActive = isColorPanelActive();
+    m_segmentedControl->setSegmentSelected(TextColorSegment, isActive && m_textColorActive);
+    m_segmentedControl->setSegmentSelected(BackgroundColorSegment, isActive && !m_textColorActive);
 }
 
-void ZelInspectorAttributedStringProperty::colorPanelDidChange()
+void ZelInspectorAttributedStringProperty::takePanelColor(const QColor &color)
 {
-    if (m_colorPanel->delegate() != this) {
-        deactivateColorPanel();
-        return;
-    }
-    if (!m_formattable)
-        return;
-    if (m_colorPanel->isTracking() && !m_dragGrouping)
-        m_dragGrouping = std::make_unique<ZelUndoGrouping>(undoManager()); // one step for the whole drag
-    const QColor color = m_colorPanel->color();
     const bool isText = m_textColorActive;
     const QPointer<ZelInspectorAttributedStringProperty> alive(this);
     setProperty(isText ? "textColor" : "backgroundColor", color);

@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Controls/ZelResizableSegmentedControlView.h"
+#include "Controls/Cells/ZelResizableSegmentedControlView.h"
+#include "Controls/ZelLabel.h"
+#include "Controls/ZelPopover.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/Properties/ZelInspectorTextView.h"
-#include "Platform/Controls/ZelColorPanel.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelPopover.h"
 
-class ZelUndoGrouping;
+class ZelColorPanelClient;
 
 /// Edits a rich text (a ZelAttributedString) in place.
 ///
 /// Above the text there are a bar with alignment and colours and a font editor; the last segment of the bar opens a
-/// popover with the paragraphs' other values. What they show and edit are the properties below, each of them folded
-/// from the runs or paragraphs in the selection of the text: one value, the no-selection marker, or the multiple-values
+/// popover with the paragraphs' other values. They show and edit the properties below. Each of these is folded from the
+/// runs or paragraphs in the selection of the text, and is one value, the no-selection marker, or the multiple-values
 /// marker. The text in the view is the working copy. Typing is written back when its edit is committed, formatting at
 /// once, and always the value as a whole.
 ///
 /// The colour panel serves one editor at a time: this one until another client takes it, it is closed, or the view is
 /// uninstalled.
-class ZelInspectorAttributedStringProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorAttributedStringProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(QVariant textColor MEMBER m_textColor NOTIFY selectionValuesChanged)
@@ -93,17 +93,17 @@ public:
     /// Null before it is first shown.
     ZelPopover *popover() const { return m_popover.get(); }
     ZelViewController *paragraphStyleInspector() const { return m_paragraphStyleInspector.get(); }
-    bool isColorPanelActive() const { return m_colorPanelActive; }
+    bool isColorPanelActive() const;
     /// Whether the colour panel edits the text colour, rather than the background colour.
     bool isTextColorActive() const { return m_textColorActive; }
     bool isFormattable() const { return m_formattable; }
 
-    /// Calls the block for each run of the selection, for an insertion point once with an empty range and the
-    /// attributes of the character there; not at all without a text. Asserts "block".
+    /// Calls the block for each run of the selection. For an insertion point it is called once, with an empty range and
+    /// the attributes of the character there; for an empty text it is not called. Asserts "block".
     void enumerateAttributesForSelection(const RunBlock &block) const;
     /// Adds the attribute to what is selected. It is written back with the edit.
     void setAttribute(const QString &name, const QVariant &value);
-    /// The same for the alignment of the paragraphs that the selection touches.
+    /// Sets the alignment of the paragraphs that the selection touches. It is written back with the edit, too.
     void setAlignmentForSelection(uint alignment);
     /// Reads the values of the selection, and shows them.
     void updateSegmentedControl();
@@ -112,6 +112,7 @@ public:
     void deactivateColorPanel();
     void showParagraphStyleInspector();
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
@@ -143,9 +144,8 @@ private:
     void commitFormat();
     void makePopover();
     void activateColorPanel(bool textColor);
-    void colorPanelDidChange();
-    void colorPanelDidEndTracking();
-    void showColorInPanel();
+    void showActiveColor();
+    void takePanelColor(const QColor &color);
 
     QPointer<ZelSegmentedControl> m_segmentedControl;
     QPointer<ZelResizableSegmentedControlView> m_resizableSegmentedControlView;
@@ -154,9 +154,7 @@ private:
     std::unique_ptr<ZelInspectorFontProperty> m_fontProperty;
     std::unique_ptr<ZelViewController> m_paragraphStyleInspector;
     std::unique_ptr<ZelPopover> m_popover;
-    QPointer<ZelColorPanel> m_colorPanel;
-    std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
-    bool m_colorPanelActive = false;
+    ZelColorPanelClient *m_colorPanel;
     bool m_textColorActive = false;
     bool m_formattable = false;
 

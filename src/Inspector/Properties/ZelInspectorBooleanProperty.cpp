@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Runtime/ZelValueConversion.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelValueConversion.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorBooleanProperty::ZelInspectorBooleanProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
 }
 
-ZelInspectorBooleanProperty::~ZelInspectorBooleanProperty()
+void ZelInspectorBooleanProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorProperty::configure(configuration);
+    bits = ZelEditorAttributes::bits(configuration, u"bits");
 }
 
 void ZelInspectorBooleanProperty::setBitsValue(const QVariant &value)
@@ -39,17 +37,10 @@ void ZelInspectorBooleanProperty::loadView()
 void ZelInspectorBooleanProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_checkbox, ZelTitleBinding, &g_context);
-    observeForUpdate(enabledKeyPath(), &g_context);
-    observeForUpdate(keyPath(), &g_context);
+    bindTitle(m_checkbox, ZelTitleBinding);
+    observeForUpdate(enabledKeyPath());
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void ZelInspectorBooleanProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void ZelInspectorBooleanProperty::updateView()

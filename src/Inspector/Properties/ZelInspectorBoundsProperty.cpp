@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelLocalizedString.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
 namespace {
-
-const char g_context = 0;
 
 /// One number editor: its component, title and undo action.
 struct Row
@@ -44,7 +44,8 @@ ZelRectAnchor modelAnchor(ZelRectAnchor anchor, bool isFlipped)
     return isFlipped ? anchor : ZelRectAnchor((2 - anchor / 3) * 3 + anchor % 3);
 }
 
-/// Beside the anchors a field may be narrower than its title, which then takes the room below the stepper, too.
+/// Beside the picture of the anchors, a field may be narrower than its title. The title then takes the room below the
+/// stepper as well.
 void letTitleBeWider(ZelInspectorNumberProperty *editor)
 {
     using Constraint = ZelLayoutConstraint;
@@ -92,9 +93,12 @@ ZelInspectorBoundsProperty::ZelInspectorBoundsProperty(QObject *owner)
             &ZelInspectorBoundsProperty::updateInternalEnabled);
 }
 
-ZelInspectorBoundsProperty::~ZelInspectorBoundsProperty()
+void ZelInspectorBoundsProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorCompositeProperty::configure(configuration);
+    setFlipped(configuration.booleanValueNamed(u"flipped", true));
+    flippedKeyPath = configuration.keyPathValueNamed(u"flippedKeyPath");
+    showOriginSelector = configuration.booleanValueNamed(u"showOriginSelector");
 }
 
 // Anchors
@@ -230,23 +234,18 @@ void ZelInspectorBoundsProperty::viewDidInstall()
     ZelObservations observations(this);
     if (m_originSelectionView) {
         observations.addBindingWithObject(m_originSelectionView, QStringLiteral("anchor"), this, "anchor", {},
-                                          &g_context);
+                                          &ZelInstalledContext);
         observations.addBindingWithObject(m_originSelectionView, ZelEnabledBinding, this, "internalEnabled", {},
-                                          &g_context);
+                                          &ZelInstalledContext);
     }
     if (owner() && !flippedKeyPath.isEmpty())
         observations.addObservationWithObject(
             owner(), flippedKeyPath, 0, [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateFlipped(); },
-            &g_context);
+            &ZelInstalledContext);
     for (const char *key : {"flipped", "anchor"})
         observations.addObservationWithObject(
-            this, key, 0, [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateValues(); }, &g_context);
-}
-
-void ZelInspectorBoundsProperty::viewWillUninstall()
-{
-    ZelInspectorCompositeProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+            this, key, 0, [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateValues(); },
+            &ZelInstalledContext);
 }
 
 QWidget *ZelInspectorBoundsProperty::viewForBaselineAlignment()

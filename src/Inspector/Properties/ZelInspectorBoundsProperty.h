@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorCompositeProperty.h"
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 
-/// Edits a rectangle (QRectF, or QRect): its origin, measured at a chosen anchor, and its size, about that anchor.
+/// Edits a rectangle (QRectF or QRect). Its origin is measured at a chosen anchor, and its size changes about that
+/// anchor.
 ///
 /// The anchors are those on screen. Where the model's coordinates grow upwards, that is where `flipped` is not true,
 /// the upper ones stand for the rectangle's maximum y.
-class ZelInspectorBoundsProperty : public ZelInspectorCompositeProperty, public ZelOriginSelectionViewDelegate
+class ZEL_EXPORT ZelInspectorBoundsProperty : public ZelInspectorCompositeProperty,
+                                              public ZelOriginSelectionViewDelegate
 {
     Q_OBJECT
     Q_PROPERTY(QString flippedKeyPath MEMBER flippedKeyPath)
@@ -27,7 +30,6 @@ class ZelInspectorBoundsProperty : public ZelInspectorCompositeProperty, public 
     Q_PROPERTY(QVariant sizeHeight READ sizeHeight WRITE setSizeHeight NOTIFY fourthChanged)
 public:
     explicit ZelInspectorBoundsProperty(QObject *owner);
-    ~ZelInspectorBoundsProperty() override;
 
     QString flippedKeyPath; ///< of a truth value that `flipped` follows
     bool showOriginSelector = false;
@@ -39,7 +41,8 @@ public:
     ZelRectAnchor anchor() const { return m_anchor; }
     void setAnchor(ZelRectAnchor anchor);
     void setAnchorNumber(quint64 anchor) { setAnchor(ZelRectAnchor(anchor)); }
-    /// The anchor on the model's rectangle. A value that is no anchor is an assertion, "Unsupported case".
+    /// The anchor of the model's rectangle that an anchor on screen stands for. A value that is no anchor is an
+    /// assertion, "Unsupported case".
     ZelRectAnchor flippedAnchor(ZelRectAnchor anchor) const;
 
     ZelOriginSelectionView *originSelectionView() const { return m_originSelectionView; }
@@ -66,9 +69,9 @@ public:
     void updateFlipped();
 
     void originSelectionViewDidSelectAnchor(ZelOriginSelectionView *view, ZelRectAnchor anchor) override;
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     QWidget *viewForBaselineAlignment() override;
 
 Q_SIGNALS:
@@ -91,6 +94,6 @@ private:
     QPointer<ZelLabel> m_label;
     QPointer<ZelInspectorNumberProperty> m_numberProperties[ComponentCount];
     QVariant m_flipped;
-    bool m_isFlipped = false; // what it says, a marker counting as no
+    bool m_isFlipped = false; // m_flipped as a truth value; a marker counts as false
     ZelRectAnchor m_anchor = ZelOriginTopLeft;
 };

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Runtime/ZelPropertyDomain.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "ViewController/ZelView.h"
 
 namespace {
-
-const char g_context = 0;
 
 bool hasNoTarget(const QVariant &value)
 {
     return ZelIsMarker(value, ZelNoSelectionMarker) || ZelIsMarker(value, ZelNotApplicableMarker);
 }
 
-/// Whether a colour is a QColor, rather than a ZelColor; what is no colour goes with the others.
+/// Whether a colour is a QColor rather than a ZelColor. A value that is no colour gives the no-selection marker, over
+/// which the fold passes.
 QVariant isQColor(const QVariant &value)
 {
     return ZelColor::isColor(value) ? QVariant(value.typeId() == QMetaType::QColor)
@@ -30,6 +30,16 @@ ZelInspectorColorProperty::ZelInspectorColorProperty(QObject *owner)
     : ZelInspectorProperty(owner)
     , colorList(ZelColorList::colorListNamed(QStringLiteral("System")))
 {
+}
+
+void ZelInspectorColorProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    const QString name = configuration.stringValueNamed(u"colorList", QStringLiteral("System"));
+    colorList = ZelColorList::colorListNamed(name);
+    if (!colorList)
+        ZelEditorAttributes::fail(u"No color list found with name " + name, configuration);
+    defaultColor = configuration.colorForValueNamed(u"defaultColor");
 }
 
 ZelInspectorColorProperty::~ZelInspectorColorProperty()
@@ -51,21 +61,19 @@ void ZelInspectorColorProperty::loadView()
 void ZelInspectorColorProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     if (m_popUpButton && colorList)
         m_popUpButton->setColorList(colorList);
     if (m_popUpButton && defaultColor.isValid())
         m_popUpButton->setDefaultColor(defaultColor);
-    observeForUpdate(enabledKeyPath(), &g_context);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(enabledKeyPath());
+    observeForUpdate(keyPath());
     updateView();
 }
 
 void ZelInspectorColorProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
     if (m_popUpButton) // nobody would see what the panel edits
         m_popUpButton->cell()->deactivateColorPanel();
 }
@@ -79,7 +87,7 @@ void ZelInspectorColorProperty::updateView()
     m_popUpButton->setSelectedColor(value);
 }
 
-/// Each object's colour stays of its class; an object that has none gets one of the others' class.
+/// Each object's colour keeps its class; see the class for objects that have no colour.
 void ZelInspectorColorProperty::writeColor(const ZelColor &color)
 {
     const QVariant plain = color.toQColor();

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelLabel.h"
 
 /// Edits a colour with a colour pop-up button.
 ///
-/// The model may hold ZelColors or QColors: a QColor is replaced by a QColor, whatever it was that was chosen. Where
-/// there was no colour, it becomes one of the class that the other selected objects' colours have, or else a QColor.
-class ZelInspectorColorProperty : public ZelInspectorProperty
+/// The model may hold ZelColors or QColors; a colour is replaced by one of its own class, whatever was chosen. An
+/// object without a colour gets one of the class that the other selected objects' colours have. If none of them has a
+/// colour, it is a ZelColor if the property is of that type, and else a QColor.
+class ZEL_EXPORT ZelInspectorColorProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(ZelColorListPtr colorList MEMBER colorList)
@@ -24,9 +26,9 @@ public:
     explicit ZelInspectorColorProperty(QObject *owner);
     ~ZelInspectorColorProperty() override;
 
-    ZelColorListPtr colorList; ///< the list named "System"
-    ZelColor defaultColor;     ///< none: the button's own
-    // Kept for the application's own editors.
+    ZelColorListPtr colorList; ///< by default the list named "System"
+    ZelColor defaultColor;     ///< an invalid one stands for the button's own
+    // These are kept for the application's own editors.
     ZelColor defaultColorForNil;
     QString defaultColorKeyPath;
     bool popup = false;
@@ -35,6 +37,7 @@ public:
     ZelColorPopUpButton *popUpButton() const { return m_popUpButton; }
     ZelLabel *label() const { return m_label; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorCompositeProperty.h"
 
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Errors/private/ZelFirstException.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Selection/ZelObjectController.h"
+#include "Core/Selection/private/ZelTypedColumn.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelRecordedWrite.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelClassAccessors.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelFirstException.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelObjectController.h"
-#include "Platform/Selection/ZelRecordedWrite.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace {
-
-const char g_context = 0;
 
 double singlePrecision(double value)
 {
@@ -29,43 +30,12 @@ double singlePrecision(double value)
 
 } // namespace
 
-/// The selected objects, where the editor shows and writes their values as they are.
+/// The controller and the key of the selected objects. The controller is null if there is a transformer or the key is
+/// not a single one.
 struct ZelInspectorCompositeProperty::Selection
 {
     ZelObjectController *controller = nullptr;
     ZelKeyPath key;
-};
-
-/// Reads objects' values through memory, which costs a fraction of reading them as variants.
-class ZelInspectorCompositeProperty::Reader
-{
-public:
-    Reader(const ZelInspectorCompositeProperty &property, const ZelKeyPath &key)
-        : m_property(property)
-        , m_accessors(key)
-    {
-    }
-    /// Null where the object's property is not of one of the editor's types.
-    const ZelGeometryType *typeOf(const QObject *object)
-    {
-        const ZelPropertyAccessor *accessor = m_accessors.of(object);
-        if (accessor != m_accessor) {
-            m_accessor = accessor;
-            m_type = accessor ? m_property.geometryOf(accessor->type()) : nullptr;
-            m_isSilent = accessor && accessor->isSilent();
-        }
-        return m_type;
-    }
-    // Of the object that was last asked for its type:
-    bool isSilent() const { return m_isSilent; }
-    bool read(const QObject *object, void *value) const { return m_accessor->readTyped(object, value); }
-
-private:
-    const ZelInspectorCompositeProperty &m_property;
-    ZelClassAccessors m_accessors;
-    const ZelPropertyAccessor *m_accessor = nullptr;
-    const ZelGeometryType *m_type = nullptr;
-    bool m_isSilent = false;
 };
 
 ZelInspectorCompositeProperty::ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys, QMetaType type)
@@ -75,6 +45,15 @@ ZelInspectorCompositeProperty::ZelInspectorCompositeProperty(QObject *owner, con
     , m_components(keys.size(), QVariant::fromValue(ZelNoSelectionMarker))
 {
     connect(this, &ZelInspectorProperty::enabledChanged, this, &ZelInspectorCompositeProperty::updateInternalEnabled);
+}
+
+void ZelInspectorCompositeProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorCustomProperty::configure(configuration);
+    ZelEditorAttributes::storeFormatStyle(formatStyle, configuration);
+    formatUnit = configuration.stringValueNamed(u"formatUnit");
+    increment = configuration.doubleValueNamed(u"increment", 1);
+    incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
 }
 
 ZelInspectorCompositeProperty::~ZelInspectorCompositeProperty()
@@ -97,8 +76,7 @@ void ZelInspectorCompositeProperty::setComponent(int index, const QVariant &valu
 
 const ZelGeometryType *ZelInspectorCompositeProperty::geometryOf(QMetaType type) const
 {
-    const ZelGeometryType *found = ZelGeometryType::find(type);
-    return found && found->count == m_keys.size() ? found : nullptr;
+    return ZelTypedColumn::typeOf(type, m_keys.size());
 }
 
 ZelInspectorCompositeProperty::Selection ZelInspectorCompositeProperty::plainSelection() const
@@ -112,56 +90,25 @@ ZelInspectorCompositeProperty::Selection ZelInspectorCompositeProperty::plainSel
     return {qobject_cast<ZelObjectController *>(ZelObject(ZelValueForKeyPath(owner(), controllerKeyPath))), key};
 }
 
-/// The fold by numbers; nothing where an object's value is not read as such.
+/// Folds the values as numbers; nothing if an object's value cannot be read as such.
 std::optional<QVariantList> ZelInspectorCompositeProperty::componentsOfPlainSelection() const
 {
     const Selection selection = plainSelection();
     if (!selection.controller)
         return std::nullopt;
-    unsigned differing = 0; // a bit a component
-    std::optional<Numbers> known;
-    // The selection knows already whether it has one value, as it has in most cases.
-    const QVariant whole = ZelValueForKey(selection.controller->selection(), selection.key.first());
-    if (const ZelGeometryType *type = geometryOf(whole.metaType())) {
-        type->load(whole.constData(), known.emplace());
-        makeComponents(*known);
-    } else if (!compareNumbers(selection, &known, &differing)) {
+    ZelTypedColumn column(*selection.controller, selection.key.first(), int(m_keys.size()));
+    const auto fold = column.fold([this](Numbers &numbers) { makeComponents(numbers); });
+    if (!fold)
         return std::nullopt;
-    }
     QVariantList components;
     for (size_t i = 0; i < size_t(m_keys.size()); ++i)
-        components.append(!known                         ? QVariant::fromValue(ZelNoSelectionMarker)
-                          : (differing & (1U << i)) != 0 ? QVariant::fromValue(ZelMultipleValuesMarker)
-                                                         : QVariant((*known)[i]));
+        components.append(!fold->first                         ? QVariant::fromValue(ZelNoSelectionMarker)
+                          : (fold->differing & (1U << i)) != 0 ? QVariant::fromValue(ZelMultipleValuesMarker)
+                                                               : QVariant((*fold->first)[i]));
     return components;
 }
 
-/// Finds out in which components the objects differ. False where an object's value is not read as numbers.
-bool ZelInspectorCompositeProperty::compareNumbers(const Selection &selection, std::optional<Numbers> *known,
-                                                   unsigned *differing) const
-{
-    const QList<QPointer<QObject>> objects = selection.controller->heldObjects();
-    Reader reader(*this, selection.key);
-    const unsigned all = (1U << m_keys.size()) - 1;
-    alignas(double) std::byte memory[sizeof(Numbers)]; // of the largest type
-    Numbers numbers{};
-    for (auto object = objects.cbegin(); object != objects.cend() && *differing != all; ++object) {
-        if (!*object)
-            continue;
-        const ZelGeometryType *type = reader.typeOf(*object);
-        if (!type || !reader.read(*object, memory))
-            return false;
-        type->load(memory, numbers);
-        makeComponents(numbers);
-        if (!*known)
-            *known = numbers;
-        for (size_t i = 0; i < numbers.size(); ++i)
-            *differing |= unsigned(numbers[i] != (**known)[i]) << i;
-    }
-    return true;
-}
-
-/// The fold of any values.
+/// Folds values of any kind.
 QVariantList ZelInspectorCompositeProperty::componentsOfSelection() const
 {
     const QVariant several = QVariant::fromValue(ZelMultipleValuesMarker);
@@ -183,7 +130,7 @@ QVariantList ZelInspectorCompositeProperty::componentsOfSelection() const
         const bool isOver = std::all_of(folded.cbegin(), folded.cend(), [](const QVariant &part) {
             return ZelIsMarker(part, ZelMultipleValuesMarker);
         });
-        return isOver ? several : none; // ends the walk, or goes on
+        return isOver ? several : none; // the marker for several values ends the walk over the objects
     });
     if (ZelIsMarker(whole, ZelNotApplicableMarker))
         folded.fill(whole);
@@ -218,62 +165,32 @@ QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, in
     if (type)
         type->load(old.constData(), numbers);
     replaceComponent(numbers, index, component);
-    QVariant value(type ? type->type : m_type); // an integer point stays one
+    QVariant value(type ? type->type : m_type); // a QPoint stays a QPoint
     ZelGeometryType::find(value.metaType())->store(numbers, value.data());
     return value;
 }
 
-/// Writes through memory; false where an object's value is not read as such, and then nothing was written.
+/// Writes the values as numbers. False if an object's value cannot be read as such; nothing has been written then.
 bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double component)
 {
     const Selection selection = plainSelection();
     if (!selection.controller)
         return false;
-    Reader reader(*this, selection.key);
-    QList<QPointer<QObject>> objects = selection.controller->heldObjects();
-    const ZelGeometryType *type = nullptr; // all objects'
-    ZelValueBlock before;
-    ZelValueBlock after;
-    Numbers numbers{};
-    qsizetype count = 0; // of those that change, which come to be the first of the lists
-    for (qsizetype i = 0; i < objects.size(); ++i) {
-        const QObject *object = objects.at(i);
-        if (!object)
-            continue;
-        if (!type && (type = reader.typeOf(object))) {
-            before = ZelValueBlock(type->type, objects.size());
-            after = ZelValueBlock(type->type, objects.size());
-        }
-        if (!type || reader.typeOf(object) != type || reader.isSilent() || !reader.read(object, before.data(count)))
-            return false;
-        type->load(before.data(count), numbers);
-        replaceComponent(numbers, index, component);
-        type->store(numbers, after.data(count));
-        if (type->equal(before.data(count), after.data(count)))
-            continue;
-        if (count < i)
-            objects[count] = objects.at(i);
-        ++count;
-    }
-    if (count < objects.size()) { // otherwise the list is shared with the controller
-        objects.resize(count);
-        before.shrink(count);
-        after.shrink(count);
-    }
+    ZelTypedColumn column(*selection.controller, selection.key.first(), int(m_keys.size()));
+    const auto replace = [=, this](Numbers &numbers) { replaceComponent(numbers, index, component); };
+    auto edit = column.edit(replace);
+    if (!edit)
+        return false;
     const ZelObjectController::ChangeBatch batch(selection.controller, selection.key);
-    if (count == 0)
+    if (edit->objects.isEmpty())
         return true;
-    QVariant now(type->type);
     const QPointer<ZelInspectorCompositeProperty> alive(this);
-    const auto refresh = [&](const QObject *object, const void *old, void *replaced) {
-        if (!alive || reader.typeOf(object) != type || !reader.read(object, now.data()) ||
-            type->equal(old, now.constData()))
-            return; // it is as it was read above, unless the setter of another object has changed it
-        type->load(now.constData(), numbers);
-        replaceComponent(numbers, index, component);
-        type->store(numbers, replaced);
+    const auto refresh = [&](const QObject *object, const void *before, void *after) {
+        if (alive)
+            column.refresh(object, before, after, replace);
     };
-    ZelRecordedWrite(undoManager()).setValues(objects, std::move(before), std::move(after), selection.key, refresh);
+    ZelRecordedWrite(undoManager())
+        .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, refresh);
     return true;
 }
 
@@ -282,8 +199,8 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
     const ZelPlaceScope scope(this);
     if (isUpdatingValues())
         return;
-    updateViewInvocation().schedule(); // the model may make something else of it
-    // Undo brings our component back, too, but the objects of then have their own records.
+    updateViewInvocation().schedule(); // the model may have stored something else
+    // Undo brings back our component, too. It is not to be written: each of the objects has a record of its own.
     const ZelUndoManager *manager = undoManager();
     const QVariant value = m_components.at(index);
     if ((manager && manager->isUndoing()) || ZelIsControllerMarker(value))
@@ -297,7 +214,7 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
             updateReflectedValues([=, this](const QVariant &old) { return valueByReplacing(old, index, number); });
     });
     if (errors.hasOccurred() && alive)
-        errors.run([this] { updateView(); }); // the component is not what the models have
+        errors.run([this] { updateView(); }); // the component is not what the models hold
     errors.rethrow();
 }
 
@@ -306,7 +223,7 @@ void ZelInspectorCompositeProperty::componentDidChange()
     if (actionSelector().isNull() || !owner())
         return;
     actionSelector().perform(owner());
-    ZelRereadSilentProperties(); // whatever the action did
+    ZelRereadSilentProperties(); // the action may have changed properties without a signal
 }
 
 void ZelInspectorCompositeProperty::updateInternalEnabled()
@@ -388,24 +305,18 @@ void ZelInspectorCompositeProperty::viewDidInstall()
     if (owner() && !enabledKeyPath().isEmpty())
         ZelObservations(this).addObservationWithObject(
             owner(), enabledKeyPath(), 0,
-            [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateInternalEnabled(); }, &g_context);
+            [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateInternalEnabled(); },
+            &ZelInstalledContext);
     if (owner() && !keyPath().isEmpty())
         ZelObservations(this).addObservationWithObject(
             owner(), keyPath(), 0,
             [this](ZelBlockObservation *, const ZelKeyValueChange &) {
                 ZelExceptionReporter::passOn(this, [this] { updateValues(); });
             },
-            &g_context);
+            &ZelInstalledContext);
     for (int i = 0; i < m_keys.size(); ++i)
         ZelObservations(this).addObservationWithObject(
             this, m_keys.at(i), ZelKeyValueObservingOptionEqualCheck,
-            [this, i](ZelBlockObservation *, const ZelKeyValueChange &) { updateComponent(i); }, &g_context);
+            [this, i](ZelBlockObservation *, const ZelKeyValueChange &) { updateComponent(i); }, &ZelInstalledContext);
     updateValues();
-}
-
-void ZelInspectorCompositeProperty::viewWillUninstall()
-{
-    ZelInspectorCustomProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }

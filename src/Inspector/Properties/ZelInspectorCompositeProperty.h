@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Values/ZelGeometryType.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Platform/Runtime/ZelGeometryType.h"
 
 #include <optional>
 
 /// The base of editors whose value consists of a few numbers, each with a number editor of its own.
 ///
-/// The number editors' owner is this editor, and what they edit are its components: properties that hold the selected
-/// objects' values, reduced one by one. A change of a component is written into every object's own value and leaves its
-/// other components alone. Written numbers are rounded to single precision. A component that is a selection marker is
-/// not written; one without a value is written as 0.
+/// This editor is the owner of the number editors, and they edit its components: properties that hold what the selected
+/// objects' values are reduced to, number by number. A change of a component is written into every object's own value
+/// and leaves its other components alone. Written numbers are rounded to single precision. A component that is a
+/// selection marker is not written; one without a value is written as 0.
 ///
-/// Key paths that the number editors are given are the owner's, like all others.
-class ZelInspectorCompositeProperty : public ZelInspectorCustomProperty
+/// The key paths that are set here for the number editors begin at this editor's owner, like all others.
+class ZEL_EXPORT ZelInspectorCompositeProperty : public ZelInspectorCustomProperty
 {
     Q_OBJECT
     Q_PROPERTY(QVariant increment READ incrementValue WRITE setIncrementValue)
@@ -35,8 +36,8 @@ public:
     QVariant incrementValue() const { return ZelInspectorNumberProperty::variantOf(increment); }
     void setIncrementValue(const QVariant &value) { increment = ZelInspectorNumberProperty::numberOf(value); }
     bool internalEnabled() const { return m_internalEnabled; }
-    /// Reduces the selection into the components. While the view is installed, every change of the model does so at
-    /// once, that what is set afterwards is compared with what the model has.
+    /// Reduces the selection's values to the components. While the view is installed, this also happens at once after
+    /// every change of the model, so that a component that is set afterwards is compared with what the model has.
     void updateValues();
     void updateView() override { updateValues(); }
     /// Sends the editor's own action, after a component was edited.
@@ -44,12 +45,12 @@ public:
 
     bool commitEditing() override;
     void discardEditing() override;
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
 
 Q_SIGNALS:
     void internalEnabledChanged();
-    // Of the components, by their place.
+    // One signal for each component, by its place.
     void firstChanged();
     void secondChanged();
     void thirdChanged();
@@ -61,8 +62,8 @@ protected:
     bool storesSingleKey() const override { return true; }
     using Numbers = ZelGeometryType::Numbers;
 
-    /// The components' property names, two or four, in their order, and the type of new values. The model's values may
-    /// be of any type that consists of as many numbers, and stay of it.
+    /// `keys` are the property names of the components, two or four, in their order; `type` is the type of new values.
+    /// The model's values may be of any type that consists of as many numbers, and keep their type.
     ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys, QMetaType type);
 
     const QVariant &component(int index) const { return m_components.at(index); }
@@ -74,27 +75,25 @@ protected:
     virtual void makeComponents(Numbers &) const {}
     /// Replaces one component in a value's numbers.
     virtual void replaceComponent(Numbers &numbers, int index, double component) const { numbers[index] = component; }
-    /// Called when all components are up to date, and not written back.
+    /// Called when all components are up to date. Components are not written back meanwhile.
     virtual void didUpdateValues() {}
     virtual bool computeInternalEnabled() const { return isEffectivelyEnabled(); }
     void updateInternalEnabled();
 
     /// A number editor of the component, with everything that all have in common.
     ZelInspectorNumberProperty *makeNumberEditor(int index, const QString &title, const QString &actionName);
-    /// Makes it one of the editors inside this one.
+    /// Makes the editor one of those inside this one, which commits and discards with it.
     void adoptEditor(ZelInspectorProperty *editor);
-    /// Drops the editors of a former view.
+    /// Deletes the editors of a former view.
     void removeEditors();
-    /// The owner's key path, as seen from here.
+    /// A key path of the owner, as an editor inside this one has to write it.
     static QString ownersKeyPath(const QString &keyPath);
 
 private:
     struct Selection;
-    class Reader;
     Selection plainSelection() const;
     QVariantList componentsOfSelection() const;
     std::optional<QVariantList> componentsOfPlainSelection() const;
-    bool compareNumbers(const Selection &selection, std::optional<Numbers> *known, unsigned *differing) const;
     bool writeIntoPlainSelection(int index, double component);
     const ZelGeometryType *geometryOf(QMetaType type) const;
     QVariant valueByReplacing(const QVariant &old, int index, double component) const;

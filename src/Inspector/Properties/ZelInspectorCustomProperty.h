@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
 /// The base of editors that an application writes itself. Shows nothing.
-class ZelInspectorCustomProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorCustomProperty : public ZelInspectorProperty
 {
     Q_OBJECT
 public:

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Layout/ZelBaselineProvider.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Layout/ZelBaselineProvider.h"
 #include "ViewController/ZelView.h"
 
 #include <QStyle>
@@ -14,10 +13,10 @@
 
 namespace {
 
-const char g_context = 0;
 constexpr double g_baselineOffset = 6;
 
-/// Takes part in alignment with the middle of its digits, from which rows measure down to the baseline of its text.
+/// Takes part in alignment with a line g_baselineOffset above the baseline of its text, about the middle of its digits;
+/// rows add that offset.
 class AlignedDatePicker : public ZelDatePicker, public ZelBaselineProvider
 {
     Q_OBJECT
@@ -43,11 +42,6 @@ ZelInspectorDateProperty::ZelInspectorDateProperty(QObject *owner)
 {
 }
 
-ZelInspectorDateProperty::~ZelInspectorDateProperty()
-{
-    uninstall();
-}
-
 void ZelInspectorDateProperty::loadView()
 {
     ZelView *container = makeEditorView();
@@ -62,17 +56,10 @@ void ZelInspectorDateProperty::loadView()
 void ZelInspectorDateProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_datePicker);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void ZelInspectorDateProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void ZelInspectorDateProperty::updateView()

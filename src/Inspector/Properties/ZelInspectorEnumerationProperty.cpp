@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 
-#include "Inspector/Properties/ZelOptionValue.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/KeyValue/ZelKeyValueChange.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelValueConversion.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Inspector/Properties/private/ZelOptionValue.h"
 #include "Observation/ZelKeyValueObservation.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelKeyValueChange.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValueConversion.h"
-#include "Platform/Runtime/ZelValues.h"
 
 namespace {
 const char ZelRebuildObservationContext = 0;
 
-/// Qt converts none of the others to an icon.
+/// The image as an icon. Qt does not convert pixmaps, images and bitmaps to icons by itself.
 QIcon imageOf(const QVariant &value)
 {
     switch (value.typeId()) {
@@ -31,6 +33,15 @@ QIcon imageOf(const QVariant &value)
 ZelInspectorEnumerationProperty::ZelInspectorEnumerationProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
+}
+
+void ZelInspectorEnumerationProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    setEditable(configuration.booleanValueNamed(u"editable", true));
+    setBitMask(ZelEditorAttributes::bits(configuration, u"bitMask"));
+    setEnumeratedValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedValuesKeyPath"));
+    setEnumeratedDisplayValuesKeyPath(configuration.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath"));
 }
 
 ZelInspectorEnumerationProperty::~ZelInspectorEnumerationProperty()
@@ -117,7 +128,6 @@ void ZelInspectorEnumerationProperty::viewWillUninstall()
     ZelObservations(this).removeAllObservationsForContext(&ZelRebuildObservationContext);
     for (ZelOptionGroup *group : optionGroups())
         stopObservationForOptionGroup(group);
-    cancelUpdateView();
 }
 
 QList<ZelInspectorEnumerationProperty::Choice>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/Properties/ZelOptionGroup.h"
 
@@ -11,7 +12,7 @@
 /// The options are, in this order: those of the editor's own pair of key paths, then for each group those of its pair
 /// and its fixed ones. With a bit mask the editor edits only those bits of an unsigned integer; option values are
 /// expected to lie inside the mask.
-class ZelInspectorEnumerationProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorEnumerationProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
@@ -27,12 +28,12 @@ public:
     /// True by default; otherwise the editor only displays. Taken over when the view is loaded.
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable) { m_editable = editable; }
-    /// Those that are alive. The groups become the editor's children unless they have a parent.
+    /// The groups that are alive. A group without a parent becomes the editor's child.
     QList<ZelOptionGroup *> optionGroups() const;
     void setOptionGroups(const QList<ZelOptionGroup *> &groups);
     std::optional<quint64> bitMask() const { return m_bitMask; }
     void setBitMask(std::optional<quint64> bitMask) { m_bitMask = bitMask; }
-    /// The same as a number, or absent.
+    /// The mask as a number; absent without one.
     QVariant bitMaskValue() const { return m_bitMask ? QVariant(*m_bitMask) : QVariant(); }
     void setBitMaskValue(const QVariant &value);
     const QString &enumeratedDisplayValuesKeyPath() const { return m_enumeratedDisplayValuesKeyPath; }
@@ -40,6 +41,7 @@ public:
     const QString &enumeratedValuesKeyPath() const { return m_enumeratedValuesKeyPath; }
     void setEnumeratedValuesKeyPath(const QString &keyPath) { m_enumeratedValuesKeyPath = keyPath; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
 
@@ -66,8 +68,8 @@ protected:
     /// The options of the editor's own key paths, and those of each group.
     QList<Choice> ownChoices() const;
     QList<Choice> choicesOfGroup(const ZelOptionGroup *group) const;
-    /// Has the options stand for values of the model's type, which shows in its values: collects them anew if the type
-    /// has changed and they depend on it.
+    /// Makes the options stand for values of the type that the model's value has. If that type has changed and the
+    /// options depend on it, they are collected again.
     void adaptOptionsTo(const QVariant &modelValue);
     /// The value of the selection, reduced to the bits of the mask where there is one.
     QVariant reducedValue() const;

@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelPopover.h"
-#include "Platform/Resources/ZelDrawnIconEngine.h"
-#include "Platform/Resources/ZelFontManager.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/ZelPopover.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelNamedImages.h"
+#include "Resources/private/ZelDrawnIconEngine.h"
+#include "Text/ZelFontManager.h"
 
 #include <QPainter>
 #include <cmath>
 
 namespace {
 
-const char g_context = 0;
 constexpr QMargins g_buttonRoom{0, 0, 20, 0};
 constexpr int g_popoverWidth = 245;
 
@@ -33,7 +31,7 @@ bool hasNoTarget(const QVariant &value)
     return ZelIsMarker(value, ZelNoSelectionMarker) || ZelIsMarker(value, ZelNotApplicableMarker);
 }
 
-/// A letter, drawn with strokes of whole device pixels' width.
+/// Draws a letter that fills the rectangle.
 void drawLetter(QPainter *painter, const QRect &rect)
 {
     painter->setRenderHint(QPainter::Antialiasing);
@@ -87,6 +85,7 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
 {
     bool isNumber = !ZelIsControllerMarker(size);
     const double number = isNumber ? size.toDouble(&isNumber) : 0;
+    // "Not above 0" also holds for NaN.
     if (!isNumber || !(number > 0) || hasNoTarget(reflectedValue()))
         return;
     const auto font = fontOf(reflectedValue());
@@ -94,10 +93,10 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
     setReflectedValue(font ? ZelFontManager::convertFontToSize(*font, number)
                            : ZelFontManager::systemFontOfSize(number));
     if (alive)
-        updateViewInvocation().schedule(); // what the model made of it
+        updateViewInvocation().schedule(); // the model may have stored something else
 }
 
-/// The font to be changed; the system font where there is no single one.
+/// The font to be changed; the system font if there is no single one.
 QFont ZelInspectorFontProperty::currentFont() const
 {
     return fontOf(reflectedValue()).value_or(ZelFontManager::platformFont(ZelFontManager::SystemFont));
@@ -133,7 +132,7 @@ void ZelInspectorFontProperty::loadView()
     connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     layOut(container);
-    delete m_popover;
+    delete m_popover; // it showed the value for a former view
 }
 
 void ZelInspectorFontProperty::layOut(ZelView *container)
@@ -150,7 +149,8 @@ void ZelInspectorFontProperty::layOut(ZelView *container)
 
 // Popover
 
-/// The pop-ups of all families cost more than the rest of the editor, and most editors are never asked for them.
+/// The popover is made when it is first needed: the menu of all families costs more than the rest of the editor, and
+/// most editors are never asked for it.
 void ZelInspectorFontProperty::makePopover()
 {
     if (m_popover || !isViewLoaded())
@@ -206,19 +206,17 @@ QStringList ZelInspectorFontProperty::fontFaces()
 void ZelInspectorFontProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_textField);
     bindEnabledKeyPathToControl(m_stepper);
-    observeForUpdate(enabledKeyPath(), &g_context); // the button looks at the value, too
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(enabledKeyPath()); // the button's state depends on the value, too, so it is not bound
+    observeForUpdate(keyPath());
     updateView();
 }
 
 void ZelInspectorFontProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
     if (m_popover)
         m_popover->performClose();
 }
@@ -347,7 +345,7 @@ QString ZelInspectorFontProperty::selectedName(const ZelPopUpButton *button)
 void ZelInspectorFontProperty::selectFontFamily(QObject *sender)
 {
     const QString family = selectedName(fontFamilyPopUpButton());
-    if (!family.isEmpty()) // else it is no family's item
+    if (!family.isEmpty()) // otherwise the item stands for none or several
         writeFont(ZelFontManager::convertFontToFamily(currentFont(), family), sender);
 }
 

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "ActionBar/ZelActionBarButton.h"
+#include "Controls/Fields/ZelPaddedTextField.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/ZelLabel.h"
+#include "Controls/ZelPopover.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelFontPopoverView.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPaddedTextField.h"
-#include "Platform/Controls/ZelPopover.h"
 
 #include <QFont>
 
@@ -15,12 +16,12 @@
 ///
 /// The value of the model is a QFont; any other value, or none, is no font. The font is written as a whole: where
 /// several fonts are selected, all become the same.
-class ZelInspectorFontProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorFontProperty : public ZelInspectorProperty
 {
     Q_OBJECT
-    /// The size of the font in its own unit, points or pixels; a selection marker where there is no single one, and
-    /// absent where there is no font. Setting it changes the size of the font, or brings the system font of that size
-    /// where there is no single font. What is no positive number changes nothing.
+    /// The size of the font in its own unit, points or pixels; a selection marker if there is no single font, and
+    /// absent if there is none. Setting it changes the size of the font; if there is no single font, it writes the
+    /// system font of that size. A value that is no positive number changes nothing.
     Q_PROPERTY(QVariant fontSize READ fontSize WRITE setFontSize NOTIFY fontSizeChanged)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(ZelPaddedTextField *textField MEMBER m_textField)
@@ -53,7 +54,7 @@ public:
     ZelPopover *popover();
     /// The content of the popover.
     ZelFontPopoverView *popoverView();
-    // Its parts; null with it.
+    // The parts of the content; null if there is none.
     ZelPopUpButton *fontPopUpButton() { return part(&ZelFontPopoverView::fontPopUpButton); }
     ZelPopUpButton *fontFamilyPopUpButton() { return part(&ZelFontPopoverView::fontFamilyPopUpButton); }
     ZelPopUpButton *fontStylePopUpButton() { return part(&ZelFontPopoverView::fontStylePopUpButton); }
@@ -117,5 +118,5 @@ private:
     QPointer<ZelLabel> m_label;
     QPointer<ZelPopover> m_popover;
     QPointer<ZelFontPopoverView> m_popoverView;
-    QVariant m_platformFont; // the value since one of the desktop's fonts was chosen; absent for "Custom"
+    QVariant m_platformFont; // the value after one of the desktop's fonts was chosen; absent for "Custom"
 };

@@ -1,27 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Controls/ZelControlSize.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorImageEnumerationProperty::ZelInspectorImageEnumerationProperty(QObject *owner)
     : ZelInspectorEnumerationProperty(owner)
 {
-}
-
-ZelInspectorImageEnumerationProperty::~ZelInspectorImageEnumerationProperty()
-{
-    uninstall();
 }
 
 void ZelInspectorImageEnumerationProperty::loadView()
@@ -49,20 +41,14 @@ void ZelInspectorImageEnumerationProperty::loadView()
 void ZelInspectorImageEnumerationProperty::viewDidInstall()
 {
     ZelInspectorEnumerationProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_segmentedControl);
     if (m_segmentedControl) {
         ZelObservations(this).addBindingWithObject(m_segmentedControl, ZelSelectedIndexBinding, this, "selectedIndex",
-                                                   {}, &g_context);
+                                                   {}, &ZelInstalledContext);
     }
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void ZelInspectorImageEnumerationProperty::viewWillUninstall()
-{
-    ZelInspectorEnumerationProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
 void ZelInspectorImageEnumerationProperty::rebuildView()
@@ -155,7 +141,7 @@ void ZelInspectorImageEnumerationProperty::updateView()
         return;
     showImage();
     if (isUnknown)
-        segmentForValue(value); // says so, when nothing is shown that the value does not have
+        segmentForValue(value); // reports the unknown value, now that no segment is shown as chosen
 }
 
 void ZelInspectorImageEnumerationProperty::showImage()
@@ -174,7 +160,7 @@ void ZelInspectorImageEnumerationProperty::userDidChangeValue(QObject *sender)
         return;
     const QVariant chosen = m_segmentedControl->selectedIndex();
     const QPointer<ZelInspectorImageEnumerationProperty> alive(this);
-    setSelectedIndex(chosen); // the control shows it already: what the model makes of it is a change from here
+    setSelectedIndex(chosen); // the control shows it already, so what the model makes of it must differ from it
     if (alive)
         writeChoice(valueForSegment(chosen.toLongLong()), sender);
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Controls/ZelResizableSegmentedControlView.h"
+#include "Controls/Cells/ZelResizableSegmentedControlView.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
-#include "Platform/Controls/ZelLabel.h"
 
 #include <QLabel>
 
 /// Chooses one of a row of images with a segmented control, or shows the chosen image.
-class ZelInspectorImageEnumerationProperty : public ZelInspectorEnumerationProperty
+class ZEL_EXPORT ZelInspectorImageEnumerationProperty : public ZelInspectorEnumerationProperty
 {
     Q_OBJECT
     /// The number of the chosen segment, a marker, or nothing.
@@ -24,7 +25,6 @@ class ZelInspectorImageEnumerationProperty : public ZelInspectorEnumerationPrope
     Q_PROPERTY(QVariantList representedObjects READ representedObjects STORED false)
 public:
     explicit ZelInspectorImageEnumerationProperty(QObject *owner);
-    ~ZelInspectorImageEnumerationProperty() override;
 
     ZelSegmentedControl *segmentedControl() const { return m_segmentedControl; }
     ZelResizableSegmentedControlView *resizableSegmentedControlView() const { return m_resizableSegmentedControlView; }
@@ -44,7 +44,6 @@ public:
 
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     void rebuildView() override;
     void userDidChangeValue(QObject *sender) override;

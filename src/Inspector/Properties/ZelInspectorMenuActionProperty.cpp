@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorMenuActionProperty::ZelInspectorMenuActionProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
 }
 
-ZelInspectorMenuActionProperty::~ZelInspectorMenuActionProperty()
+void ZelInspectorMenuActionProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorProperty::configure(configuration);
+    menuItemsKeyPath = configuration.keyPathValueNamed(u"menuItemsKeyPath");
 }
 
 void ZelInspectorMenuActionProperty::loadView()
@@ -37,16 +34,9 @@ void ZelInspectorMenuActionProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
     bindEnabledKeyPathToControl(m_popUpButton);
-    observeForUpdate(menuItemsKeyPath, &g_context);
-    observeForUpdate(titleKeyPath(), &g_context);
+    observeForUpdate(menuItemsKeyPath);
+    observeForUpdate(titleKeyPath());
     updateView();
-}
-
-void ZelInspectorMenuActionProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void ZelInspectorMenuActionProperty::updateView()

@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
 
 /// A pull-down menu of actions that the owner supplies.
-class ZelInspectorMenuActionProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorMenuActionProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(QString menuItemsKeyPath MEMBER menuItemsKeyPath)
     Q_PROPERTY(ZelPopUpButton *popUpButton MEMBER m_popUpButton)
 public:
     explicit ZelInspectorMenuActionProperty(QObject *owner);
-    ~ZelInspectorMenuActionProperty() override;
 
     /// Key path of a list of QAction, which stay the owner's. Choosing one triggers it.
     QString menuItemsKeyPath;
     ZelPopUpButton *popUpButton() const { return m_popUpButton; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     QWidget *viewForBaselineAlignment() override;
 

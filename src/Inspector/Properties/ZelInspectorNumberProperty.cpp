@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
 #include <limits>
 
 namespace {
 
-const char g_context = 0;
 const char g_valuesContext = 0; // of the bindings of the controls' values
 constexpr double g_largest = std::numeric_limits<double>::max();
 constexpr int g_maximumFractionDigits[] = {3, 2}; // by format style
@@ -26,6 +28,27 @@ ZelInspectorNumberProperty::ZelInspectorNumberProperty(QObject *owner)
     , maximum(g_largest)
     , minimum(-g_largest)
 {
+}
+
+void ZelInspectorNumberProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    minimum = configuration.doubleValueNamed(u"minimum", 0);
+    minimumKeyPath = configuration.keyPathValueNamed(u"minimumKeyPath");
+    maximum = configuration.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
+    maximumKeyPath = configuration.keyPathValueNamed(u"maximumKeyPath");
+    increment = configuration.doubleValueNamed(u"increment", 1);
+    incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
+    slidesInSteps = configuration.hasValueNamed(u"increment") || configuration.hasValueNamed(u"incrementKeyPath");
+    nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
+    nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
+    nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");
+    ZelEditorAttributes::storeFormatStyle(formatStyle, configuration);
+    formatUnit = configuration.stringValueNamed(u"formatUnit");
+    ZelEditorAttributes::storeWord(sliderType, configuration, u"slider",
+                                   {QStringLiteral("none"), QStringLiteral("circular"), QStringLiteral("linear")},
+                                   QStringLiteral("Unsupported value: "));
 }
 
 ZelInspectorNumberProperty::~ZelInspectorNumberProperty()
@@ -111,7 +134,7 @@ void ZelInspectorNumberProperty::layOut(ZelView *container)
     }
 }
 
-/// What was built so far is the left half, with the checkbox beside it.
+/// Puts the checkbox beside what was built so far, which becomes the left half.
 void ZelInspectorNumberProperty::addNonNilCheckbox(ZelView *container, ZelView *content)
 {
     m_nonNillCheckbox = new ZelCheckBox(nonNilValueTitle, container);
@@ -134,23 +157,21 @@ void ZelInspectorNumberProperty::addNonNilCheckbox(ZelView *container, ZelView *
 void ZelInspectorNumberProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_textField);
     bindEnabledKeyPathToControl(m_stepper);
     bindEnabledKeyPathToControl(m_slider);
     bindLimits();
     bindValues();
     if (m_nonNillCheckbox)
-        observeForUpdate(keyPath(), &g_context);
+        observeForUpdate(keyPath());
     updateView();
 }
 
 void ZelInspectorNumberProperty::viewWillUninstall()
 {
     ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
     ZelObservations(this).removeAllObservationsForContext(&g_valuesContext);
-    cancelUpdateView();
 }
 
 void ZelInspectorNumberProperty::bindLimits()
@@ -171,7 +192,7 @@ void ZelInspectorNumberProperty::bindLimits()
     }
     const auto bind = [this](QWidget *control, const QString &binding, const QString &keyPath) {
         if (control && owner() && !keyPath.isEmpty())
-            ZelObservations(this).addBindingWithObject(control, binding, owner(), keyPath, {}, &g_context);
+            ZelObservations(this).addBindingWithObject(control, binding, owner(), keyPath, {}, &ZelInstalledContext);
     };
     bind(m_stepper, ZelMinValueBinding, minimumKeyPath);
     bind(m_slider, ZelMinValueBinding, minimumKeyPath);
@@ -199,7 +220,7 @@ void ZelInspectorNumberProperty::bindValues()
         m_stepper->hide();
 }
 
-/// Whether the control may be used is the binding's to say, or else ours.
+/// The binding makes the control editable or not, except in a read-only editor, where the editor does.
 void ZelInspectorNumberProperty::bindValue(QWidget *control, ZelBindingOptions options)
 {
     if (!control || keyPath().isEmpty() || !owner())

@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Ranges/ZelSlider.h"
+#include "Controls/Ranges/ZelStepper.h"
+#include "Controls/ZelCheckBox.h"
+#include "Controls/ZelLabel.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelCheckBox.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelSlider.h"
-#include "Platform/Controls/ZelStepper.h"
-#include "Platform/Controls/ZelTextField.h"
 
 #include <optional>
 
 /// Edits a number: a text field with a unit, a stepper or a slider or both, and a checkbox for "no value".
 ///
 /// The controls are bound to the model. Limits hold for stepper and slider; what is typed is not limited by them, but
-/// by what the model's property can hold. Where the property cannot be written, there is no stepper. Fields taken over
-/// when the view is loaded or installed.
-class ZelInspectorNumberProperty : public ZelInspectorProperty
+/// by what the model's property can hold. If the property cannot be written, the stepper is hidden. The fields below
+/// are read when the view is loaded or installed; later changes of them do not show.
+class ZEL_EXPORT ZelInspectorNumberProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(bool nilValueControlIsOffWhenNil MEMBER nilValueControlIsOffWhenNil)
@@ -60,7 +61,7 @@ public:
     QString nonNilValueKeyPath; ///< of the value written when the checkbox is switched to "has a value"
     QString nonNilValueTitle;   ///< the checkbox's title; without one there is no checkbox
 
-    // The optional numbers as properties have them: absent for none.
+    // The optional numbers as values of properties; absent if there is no number.
     QVariant incrementValue() const { return variantOf(increment); }
     void setIncrementValue(const QVariant &value) { increment = numberOf(value); }
     QVariant maximumValue() const { return variantOf(maximum); }
@@ -76,6 +77,7 @@ public:
     ZelLabel *label() const { return m_label; }
     ZelCheckBox *nonNillCheckbox() const { return m_nonNillCheckbox; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorPairProperty.h"
 
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/ZelControlSize.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Views/ZelVerticalStackView.h"
 
-ZelInspectorPairProperty::~ZelInspectorPairProperty()
+void ZelInspectorPairProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorCompositeProperty::configure(configuration);
+    setTitle({}); // the row's label stands beside the checkbox
+    setTitleKeyPath({});
+    nilValueControlIsOffWhenNil = configuration.booleanValueNamed(u"nilValueControlIsOffWhenNil", true);
+    nonNilValueKeyPath = configuration.keyPathValueNamed(u"nonNilValueKeyPath");
 }
 
 void ZelInspectorPairProperty::loadView()
@@ -30,7 +35,7 @@ void ZelInspectorPairProperty::loadView()
     m_nonNilProperty->setActionSelector("toggleNilValue");
     m_nonNilProperty->setActionName(toggleActionName());
     stack->addSubview(m_nonNilProperty->view());
-    if (title().isEmpty()) // then the row's label says it, but not to everybody
+    if (title().isEmpty()) // the row's label names it, but only for people who see it
         m_nonNilProperty->checkbox()->setAccessibleName(titleOfComponent(0).text + u", " + titleOfComponent(1).text);
     auto *row = new ZelView;
     addNumberEditors(row);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorCompositeProperty.h"
 
 /// The base of the editors of two numbers side by side, with a checkbox above them for "no value" if wanted.
-class ZelInspectorPairProperty : public ZelInspectorCompositeProperty
+class ZEL_EXPORT ZelInspectorPairProperty : public ZelInspectorCompositeProperty
 {
     Q_OBJECT
     Q_PROPERTY(bool nilValueControlIsOffWhenNil MEMBER nilValueControlIsOffWhenNil)
@@ -14,8 +15,6 @@ class ZelInspectorPairProperty : public ZelInspectorCompositeProperty
     /// 1 for a value, 0 for none, or a selection marker.
     Q_PROPERTY(QVariant nonNil READ nonNil WRITE setNonNil NOTIFY nonNilChanged)
 public:
-    ~ZelInspectorPairProperty() override;
-
     /// Kept for the application; the editors do not need it.
     bool nilValueControlIsOffWhenNil = false;
     /// The owner's key path of the value that the checkbox writes when it is switched on; without one there is no
@@ -25,9 +24,10 @@ public:
     ZelInspectorBooleanProperty *nonNilProperty() const { return m_nonNilProperty; }
     const QVariant &nonNil() const { return m_nonNil; }
     void setNonNil(const QVariant &value);
-    /// Writes a value, or none, as `nonNil` says.
+    /// Writes the value at nonNilValueKeyPath if `nonNil` is true, and else no value.
     Q_INVOKABLE void toggleNilValue();
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     QWidget *viewForBaselineAlignment() override;
 
@@ -43,7 +43,7 @@ protected:
         QString keyPath;
     };
     virtual Title titleOfComponent(int index) const = 0;
-    /// The checkbox's undo action.
+    /// The name of the checkbox's undo step.
     virtual QString toggleActionName() const { return actionName(); }
     ZelInspectorNumberProperty *numberProperty(int index) const { return m_numberProperties[index]; }
     void didUpdateValues() override;

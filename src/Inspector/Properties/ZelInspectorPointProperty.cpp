@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorPointProperty.h"
 
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Resources/ZelLocalizedString.h"
 
 ZelInspectorPointProperty::ZelInspectorPointProperty(QObject *owner)
     : ZelInspectorPairProperty(owner, {QStringLiteral("x"), QStringLiteral("y")}, QMetaType::fromType<QPointF>())
@@ -10,9 +12,11 @@ ZelInspectorPointProperty::ZelInspectorPointProperty(QObject *owner)
 {
 }
 
-ZelInspectorPointProperty::~ZelInspectorPointProperty()
+void ZelInspectorPointProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorPairProperty::configure(configuration);
+    ZelEditorAttributes::storeTitle(xTitle, xTitleKeyPath, configuration, QStringLiteral("xTitle"));
+    ZelEditorAttributes::storeTitle(yTitle, yTitleKeyPath, configuration, QStringLiteral("yTitle"));
 }
 
 ZelInspectorPairProperty::Title ZelInspectorPointProperty::titleOfComponent(int index) const

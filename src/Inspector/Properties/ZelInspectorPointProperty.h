@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorPairProperty.h"
 
-/// Edits a point (QPointF, or QPoint), or a size as its pair: x and y. Switching it on and off is called "Change
-/// Point".
-class ZelInspectorPointProperty : public ZelInspectorPairProperty
+/// Edits a point (QPointF or QPoint) by its x and y; a size is edited as if it were one. The undo step of the checkbox
+/// is named "Change Point".
+class ZEL_EXPORT ZelInspectorPointProperty : public ZelInspectorPairProperty
 {
     Q_OBJECT
     Q_PROPERTY(QString xTitle MEMBER xTitle)
@@ -18,7 +19,7 @@ class ZelInspectorPointProperty : public ZelInspectorPairProperty
     Q_PROPERTY(QVariant y READ y WRITE setY NOTIFY secondChanged)
 public:
     explicit ZelInspectorPointProperty(QObject *owner);
-    ~ZelInspectorPointProperty() override;
+    void configure(const ZelInspectorConfiguration &configuration) override;
 
     QString xTitle; ///< the localized "X"
     QString xTitleKeyPath;

@@ -1,24 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
-#include "Inspector/Properties/ZelFailedEdits.h"
-#include "Inspector/Properties/ZelMissingKeyWatch.h"
-#include "Inspector/Properties/ZelValueRefusal.h"
+#include "Controls/ZelControlSize.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/KeyValue/private/ZelClassAccessors.h"
+#include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/RunLoop/ZelPassiveEdits.h"
+#include "Core/Selection/ZelObjectController.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelRecordedWrite.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelFailedEdits.h"
+#include "Inspector/Properties/private/ZelMissingKeyWatch.h"
+#include "Inspector/Properties/private/ZelValueRefusal.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSize.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelClassAccessors.h"
-#include "Platform/Runtime/ZelExceptionReporter.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Runtime/ZelPassiveEdits.h"
-#include "Platform/Runtime/ZelPropertyDomain.h"
-#include "Platform/Runtime/ZelValues.h"
-#include "Platform/Selection/ZelObjectController.h"
-#include "Platform/Selection/ZelRecordedWrite.h"
-#include "Platform/Selection/ZelUndoManager.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
 #include <QApplication>
@@ -26,16 +29,7 @@
 
 namespace {
 
-const char g_context = 0;
 const QString g_selectionSegment = QStringLiteral(".selection.");
-
-template<typename Type> bool store(Type &member, const Type &value)
-{
-    if (member == value)
-        return false;
-    member = value;
-    return true;
-}
 
 QVariant transformed(const ZelValueTransformerPtr &transformer, const QVariant &value)
 {
@@ -56,7 +50,21 @@ ZelInspectorProperty::~ZelInspectorProperty()
     uninstall();
 }
 
-/// Observations and bindings are made when the view is installed: they are made anew.
+void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    setTitle(configuration.localizedStringValueNamed(u"title"));
+    setTitleKeyPath(configuration.keyPathValueNamed(u"titleKeyPath"));
+    setKeyPath(configuration.keyPathValueNamed(u"keyPath"));
+    setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
+    setEnabled(configuration.booleanValueNamed(u"enabled", true));
+    setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
+    setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
+    setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
+    setActionName(configuration.localizedStringValueNamed(u"actionName"));
+}
+
+/// Sets one of the key paths. Observations and bindings are made when the view is installed, so an installed view is
+/// uninstalled and installed again. Answers false if nothing changed or the editor has died.
 bool ZelInspectorProperty::setObservedKeyPath(QString &member, const QString &keyPath)
 {
     if (member == keyPath)
@@ -93,7 +101,7 @@ void ZelInspectorProperty::setKeyPath(const QString &keyPath)
 
 void ZelInspectorProperty::setEnabled(bool enabled)
 {
-    if (store(m_enabled, enabled))
+    if (ZelAssign(m_enabled, enabled))
         Q_EMIT enabledChanged();
 }
 
@@ -105,19 +113,19 @@ void ZelInspectorProperty::setEnabledKeyPath(const QString &keyPath)
 
 void ZelInspectorProperty::setActionSelector(const ZelSelector &selector)
 {
-    if (store(m_actionSelector, selector))
+    if (ZelAssign(m_actionSelector, selector))
         Q_EMIT actionSelectorChanged();
 }
 
 void ZelInspectorProperty::setActionName(const QString &name)
 {
-    if (store(m_actionName, name))
+    if (ZelAssign(m_actionName, name))
         Q_EMIT actionNameChanged();
 }
 
 void ZelInspectorProperty::setReadOnly(bool readOnly)
 {
-    if (!store(m_readOnly, readOnly))
+    if (!ZelAssign(m_readOnly, readOnly))
         return;
     if (isViewInstalled())
         updateViewInvocation().schedule();
@@ -158,13 +166,13 @@ void ZelInspectorProperty::userDidChangeValue(QObject *)
 {
     const ZelPlaceScope scope(this);
     if (isViewInstalled())
-        updateViewInvocation().schedule(); // a setter may have refused, and then nothing is heard
+        updateViewInvocation().schedule(); // if a setter has refused the value, no signal tells so
     if (ZelUndoManager *manager = undoManager())
         manager->nameEdit(m_actionName);
     if (m_actionSelector.isNull() || !m_owner)
         return;
     m_actionSelector.perform(m_owner);
-    ZelRereadSilentProperties(); // whatever the action did
+    ZelRereadSilentProperties(); // the action may have changed properties without a signal
 }
 
 ZelUndoManager *ZelInspectorProperty::undoManager() const
@@ -225,6 +233,7 @@ quint64 ZelInspectorProperty::unsignedValue(const QVariant &value)
         return value.toULongLong();
     const double number = std::trunc(value.toDouble());
     constexpr double limit = 18446744073709551616.0; // beyond which the conversion is undefined
+    // Negated, so that it also holds for NaN.
     if (!(std::abs(number) < limit))
         return 0;
     return number < 0 ? 0 - quint64(-number) : quint64(number);
@@ -276,7 +285,7 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
     QObject *controller =
         isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
                     : nullptr;
-    const ZelValueTransformerPtr transformer = m_valueTransformer; // a setter may end this editor
+    const ZelValueTransformerPtr transformer = m_valueTransformer; // a setter may delete this editor
     const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller), path);
     ZelRecordedWrite(undoManager()).mapValues(objects, path, [&](const QVariant &stored) -> std::optional<QVariant> {
         const QVariant old = transformed(transformer, stored);
@@ -325,7 +334,7 @@ void ZelInspectorProperty::cancelUpdateView()
         m_updateViewInvocation->cancel();
 }
 
-void ZelInspectorProperty::observeForUpdate(const QString &keyPath, const void *context)
+void ZelInspectorProperty::observeForUpdate(const QString &keyPath)
 {
     if (keyPath.isEmpty() || !m_owner)
         return;
@@ -335,7 +344,7 @@ void ZelInspectorProperty::observeForUpdate(const QString &keyPath, const void *
             if (property)
                 property->updateViewInvocation().schedule();
         },
-        context);
+        &ZelInstalledContext);
 }
 
 void ZelInspectorProperty::bindEnabledKeyPathToControl(QWidget *control)
@@ -349,7 +358,7 @@ void ZelInspectorProperty::bindEnabledKeyPathToControl(QWidget *control)
     if (m_enabledValueTransformer)
         options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(m_enabledValueTransformer));
     ZelObservations(this).addBindingWithObject(control, ZelEnabledBinding, m_owner, m_enabledKeyPath, options,
-                                               &g_context);
+                                               &ZelInstalledContext);
 }
 
 bool ZelInspectorProperty::isEffectivelyEnabled() const
@@ -362,10 +371,10 @@ bool ZelInspectorProperty::isEffectivelyEnabled() const
     return !ZelIsControllerMarker(value) && value.toBool();
 }
 
-void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding, const void *context)
+void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding)
 {
     if (titled && m_owner && !m_titleKeyPath.isEmpty())
-        ZelObservations(this).addBindingWithObject(titled, binding, m_owner, m_titleKeyPath, {}, context);
+        ZelObservations(this).addBindingWithObject(titled, binding, m_owner, m_titleKeyPath, {}, &ZelInstalledContext);
 }
 
 void ZelInspectorProperty::viewDidInstall()
@@ -410,7 +419,8 @@ bool ZelInspectorProperty::contains(const QWidget *control) const
     return isViewLoaded() && const_cast<ZelInspectorProperty *>(this)->view()->isAncestorOf(control);
 }
 
-/// What was typed is meant for the objects that were selected then. Where the focus is not, nothing is being entered.
+/// Commits what is being typed before other objects are selected, since it is meant for the present ones. Nothing is
+/// being entered into an editor that does not have the focus.
 void ZelInspectorProperty::endEditing()
 {
     const QWidget *focus = QApplication::focusWidget();
@@ -429,7 +439,7 @@ void ZelInspectorProperty::viewWillUninstall()
     disconnect(m_selectionConnection);
     m_isKeyKnown = m_isKeyKnown || (m_missingKey && m_missingKey->hasEnded());
     m_missingKey.reset();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    cancelUpdateView();
 }
 
 ZelView *ZelInspectorProperty::makeEditorView()

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelSelector.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/ZelExport.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Platform/Runtime/ZelAbstractValueTransformer.h"
-#include "Platform/Runtime/ZelSelector.h"
 #include "ViewController/ZelViewController.h"
 
 #include <functional>
 #include <memory>
 
+class ZelInspectorConfiguration;
 class ZelMissingKeyWatch;
 class ZelObjectController;
 class ZelUndoManager;
@@ -19,7 +21,7 @@ class ZelUndoManager;
 /// selection controller consists of the controller's key path, ".selection." and the key path below each selected
 /// object; the controller then answers for all of them. Between viewDidInstall and viewWillUninstall the editor follows
 /// the model: a change schedules updateView, which runs once however many changes there were.
-class ZelInspectorProperty : public ZelViewController
+class ZEL_EXPORT ZelInspectorProperty : public ZelViewController
 {
     Q_OBJECT
     Q_PROPERTY(QObject *owner READ owner CONSTANT)
@@ -44,8 +46,12 @@ public:
 
     QObject *owner() const { return m_owner; }
 
+    /// Reads the attributes of the element that the editor is made from, before its view is loaded: here those that all
+    /// editors have. Overrides call the base first, and read their own.
+    virtual void configure(const ZelInspectorConfiguration &configuration);
+
     // Key paths may be changed at any time; what was typed until then is written at the former one.
-    /// The key path of a title that may change; the title itself otherwise.
+    /// The key path of a title that may change. Without one, the title itself is shown.
     const QString &titleKeyPath() const { return m_titleKeyPath; }
     void setTitleKeyPath(const QString &keyPath);
     /// The key path of the edited value.
@@ -72,12 +78,12 @@ public:
     const QString &actionName() const { return m_actionName; }
     void setActionName(const QString &name);
 
-    /// Whether users may only look, even where the value could be written; false. Editors inside of another one are
-    /// told so by that one.
+    /// Whether users may only look, even if the value could be written; false by default. An editor sets it for the
+    /// editors inside of it.
     bool isReadOnly() const { return m_readOnly; }
     void setReadOnly(bool readOnly);
-    /// Whether users may change the value: unless the editor is read-only or the property is, in the class of any
-    /// selected object. Editors show what cannot be written without a means to change it.
+    /// Whether users may change the value. They may not if the editor is read-only, or if the property is read-only in
+    /// the class of any selected object. Editors show such a value without a means to change it.
     bool isWritable() const;
 
     ZelView *mainView() { return view(); }
@@ -85,8 +91,8 @@ public:
     // Access to the value
     /// The value at the key path, transformed; absent without a key path or owner.
     QVariant reflectedValue() const;
-    /// Writes the value, transformed forward, at the key path, recorded for undo. Editors whose transformer is not its
-    /// own inverse use updateReflectedValues.
+    /// Writes the value at the key path, transformed forward, and records it for undo. An editor whose transformer is
+    /// not its own inverse uses updateReflectedValues.
     void setReflectedValue(const QVariant &value);
     /// Names the undo step and sends the action, and shows what the model made of the value. Editors call it after they
     /// have written what the user changed.
@@ -125,10 +131,10 @@ public:
     virtual double baselineOffsetFromView() const { return 0; }
     /// Whether two such editors fit side by side into a row of that width, in points.
     virtual bool canTileIntoColumnsWithWidth(double width);
-    /// Whether the editor may share a row with the other one: those of the very same class.
+    /// Whether the editor may share a row with the other one. By default, editors of the very same class may.
     virtual bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const;
 
-    /// Whether the editor is writing at this moment, and shows no changes of the model.
+    /// Whether the editor is writing at this moment and therefore shows no changes of the model.
     bool isUpdatingValues() const { return m_updatingValues > 0; }
     /// Shows the model's present state.
     virtual void updateView() {}
@@ -146,7 +152,7 @@ Q_SIGNALS:
     void readOnlyChanged();
 
 protected:
-    /// Guards the editor's own writes: updateView does nothing meanwhile.
+    /// Marks the editor's own writes. Editors that use it do nothing in updateView meanwhile.
     class UpdatingValues
     {
     public:
@@ -168,26 +174,27 @@ protected:
 
     /// Why the model's property would not take the value, as a text for people; null where it would.
     QString refusalOf(const QVariant &modelValue) const;
-    /// The same of a value as a control bound with the transformer has it.
+    /// The same for a value as it is shown by a control that is bound with the transformer.
     QString refusalOfShown(const QVariant &value) const;
 
     /// Whether the editor writes with updateReflectedValues, for which the key below the selection must be a single
     /// one. A longer one is a warning when the view is installed.
     virtual bool storesSingleKey() const { return false; }
-    /// Whether the control is one of the editor's, wherever it is shown: in the view, by default.
+    /// Whether the control belongs to the editor, wherever it is shown. By default, the controls in the view do.
     virtual bool contains(const QWidget *control) const;
 
     /// The coalesced call of updateView, made when it is first scheduled.
     ZelDelayedInvocation &updateViewInvocation();
     void cancelUpdateView();
+    // These are for viewDidInstall; what they begin ends when the view is uninstalled.
     /// Schedules updateView at every change of the owner's value at the key path; nothing for an empty one.
-    void observeForUpdate(const QString &keyPath, const void *context);
+    void observeForUpdate(const QString &keyPath);
     /// The control's enabled state is `enabled`, or follows enabledKeyPath.
     void bindEnabledKeyPathToControl(QWidget *control);
-    /// What the controls' enabled state is by `enabled` and enabledKeyPath; a selection marker counts as no.
+    /// The enabled state that `enabled` and enabledKeyPath give the controls; a selection marker counts as false.
     bool isEffectivelyEnabled() const;
     /// Binds the title (of a label, or of a checkbox) to titleKeyPath, if there is one.
-    void bindTitle(QWidget *titled, const QString &binding, const void *context);
+    void bindTitle(QWidget *titled, const QString &binding);
     /// Where edits are recorded: the undo manager of the window in which the view is; null if there is none.
     virtual ZelUndoManager *undoManager() const;
     /// A view for the editor's controls, already the controller's, with the small control font.

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelTextField.h"
+#include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorResourceProperty::ZelInspectorResourceProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
 }
 
-ZelInspectorResourceProperty::~ZelInspectorResourceProperty()
+void ZelInspectorResourceProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    resourcesKeyPath = configuration.keyPathValueNamed(u"resourcesKeyPath");
 }
 
 void ZelInspectorResourceProperty::loadView()
@@ -39,13 +39,13 @@ void ZelInspectorResourceProperty::loadView()
 void ZelInspectorResourceProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_comboBox);
     if (!m_comboBox || !owner())
         return;
     if (!resourcesKeyPath.isEmpty())
         ZelObservations(this).addBindingWithObject(m_comboBox, ZelContentValuesBinding, owner(), resourcesKeyPath, {},
-                                                   &g_context);
+                                                   &ZelInstalledContext);
     if (keyPath().isEmpty())
         return;
     ZelBindingOptions options{{ZelConditionallySetsEditableBindingOption, true}};
@@ -53,13 +53,8 @@ void ZelInspectorResourceProperty::viewDidInstall()
         options.insert(ZelNullPlaceholderBindingOption, placeholder);
     if (valueTransformer())
         options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(valueTransformer()));
-    ZelObservations(this).addBindingWithObject(m_comboBox, ZelValueBinding, owner(), keyPath(), options, &g_context);
-}
-
-void ZelInspectorResourceProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).addBindingWithObject(m_comboBox, ZelValueBinding, owner(), keyPath(), options,
+                                               &ZelInstalledContext);
 }
 
 QList<QWidget *> ZelInspectorResourceProperty::controlsNamedByRow()

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Fields/ZelComboBox.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelComboBox.h"
-#include "Platform/Controls/ZelLabel.h"
 
 /// Edits the name of one of the owner's resources: a field that completes what is typed, with the names in its menu.
 /// Other names may be typed as well. The control is bound to the model.
-class ZelInspectorResourceProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorResourceProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(QString placeholder MEMBER placeholder)
@@ -16,16 +17,15 @@ class ZelInspectorResourceProperty : public ZelInspectorProperty
     Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorResourceProperty(QObject *owner);
-    ~ZelInspectorResourceProperty() override;
 
     QString placeholder;      ///< shown for no value
     QString resourcesKeyPath; ///< of the list of names
     ZelComboBox *comboBox() const { return m_comboBox; }
     ZelLabel *label() const { return m_label; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     QWidget *viewForBaselineAlignment() override;
     QList<QWidget *> controlsNamedByRow() override;
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 
-#include "Platform/Resources/ZelLocalizedString.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorAttributes.h"
+#include "Resources/ZelLocalizedString.h"
 
 ZelInspectorSizeProperty::ZelInspectorSizeProperty(QObject *owner)
     : ZelInspectorPairProperty(owner, {QStringLiteral("width"), QStringLiteral("height")},
@@ -11,9 +13,11 @@ ZelInspectorSizeProperty::ZelInspectorSizeProperty(QObject *owner)
 {
 }
 
-ZelInspectorSizeProperty::~ZelInspectorSizeProperty()
+void ZelInspectorSizeProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorPairProperty::configure(configuration);
+    ZelEditorAttributes::storeTitle(widthTitle, widthTitleKeyPath, configuration, QStringLiteral("widthTitle"));
+    ZelEditorAttributes::storeTitle(heightTitle, heightTitleKeyPath, configuration, QStringLiteral("heightTitle"));
 }
 
 ZelInspectorPairProperty::Title ZelInspectorSizeProperty::titleOfComponent(int index) const

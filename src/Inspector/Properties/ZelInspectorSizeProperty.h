@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorPairProperty.h"
 
-/// Edits a size (QSizeF, or QSize), or a point as its pair: width and height.
-class ZelInspectorSizeProperty : public ZelInspectorPairProperty
+/// Edits a size (QSizeF or QSize) by its width and height; a point is edited as if it were one.
+class ZEL_EXPORT ZelInspectorSizeProperty : public ZelInspectorPairProperty
 {
     Q_OBJECT
     Q_PROPERTY(QString widthTitle MEMBER widthTitle)
@@ -17,7 +18,7 @@ class ZelInspectorSizeProperty : public ZelInspectorPairProperty
     Q_PROPERTY(QVariant height READ height WRITE setHeight NOTIFY secondChanged)
 public:
     explicit ZelInspectorSizeProperty(QObject *owner);
-    ~ZelInspectorSizeProperty() override;
+    void configure(const ZelInspectorConfiguration &configuration) override;
 
     QString widthTitle; ///< the localized "Width"
     QString widthTitleKeyPath;

@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorStringProperty::ZelInspectorStringProperty(QObject *owner)
     : ZelInspectorProperty(owner)
 {
 }
 
-ZelInspectorStringProperty::~ZelInspectorStringProperty()
+void ZelInspectorStringProperty::configure(const ZelInspectorConfiguration &configuration)
 {
-    uninstall();
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
+    allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
+    editable = configuration.booleanValueNamed(u"editable", true);
 }
 
 void ZelInspectorStringProperty::loadView()
@@ -31,6 +30,7 @@ void ZelInspectorStringProperty::loadView()
             return QString();
         const ZelValueTransformerPtr &transformer = editor->valueTransformer();
         const QVariant text = editor->entered(value);
+        // Forward, since setReflectedValue writes what the transformer makes of the text.
         return editor->refusalOf(transformer ? transformer->transformedValue(text) : text);
     });
     ZelEditorLayout::setName(m_textField, title());
@@ -44,17 +44,10 @@ void ZelInspectorStringProperty::loadView()
 void ZelInspectorStringProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_textField);
-    observeForUpdate(keyPath(), &g_context);
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void ZelInspectorStringProperty::viewWillUninstall()
-{
-    ZelInspectorProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
-    cancelUpdateView();
 }
 
 void ZelInspectorStringProperty::updateView()
@@ -68,7 +61,7 @@ void ZelInspectorStringProperty::updateView()
     m_textField->setObjectValue(isMarker ? QVariant() : value);
 }
 
-/// What the value of the field means: no text is none or the empty one.
+/// The value that the field's content means: an empty field stands for no value or for an empty text.
 QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
 {
     if (ZelIsNull(fieldValue) || (fieldValue.typeId() == QMetaType::QString && fieldValue.toString().isEmpty()))

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Fields/ZelGrowingTextField.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Controls/ZelGrowingTextField.h"
-#include "Platform/Controls/ZelLabel.h"
 
 /// Edits a text with a field that grows with its content. Several texts, and no selection, are shown as the field's
 /// placeholder; the field has no value then.
-class ZelInspectorStringProperty : public ZelInspectorProperty
+class ZEL_EXPORT ZelInspectorStringProperty : public ZelInspectorProperty
 {
     Q_OBJECT
     Q_PROPERTY(bool allowsNilValues MEMBER allowsNilValues)
@@ -17,7 +18,6 @@ class ZelInspectorStringProperty : public ZelInspectorProperty
     Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorStringProperty(QObject *owner);
-    ~ZelInspectorStringProperty() override;
 
     bool allowsNilValues = false; ///< whether an empty field means no value
     bool editable = true;
@@ -25,9 +25,9 @@ public:
     ZelGrowingTextField *textField() const { return m_textField; }
     ZelLabel *label() const { return m_label; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     void userDidChangeValue(QObject *sender) override;
     QWidget *viewForBaselineAlignment() override;

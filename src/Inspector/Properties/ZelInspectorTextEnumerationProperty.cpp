@@ -1,27 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 
-#include "Inspector/Properties/ZelEditorLayout.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Core/Binding/ZelBinding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
-#include "Observation/ZelObservations.h"
-#include "Platform/Binding/ZelBinding.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
-
-namespace {
-const char g_context = 0;
-}
 
 ZelInspectorTextEnumerationProperty::ZelInspectorTextEnumerationProperty(QObject *owner)
     : ZelInspectorEnumerationProperty(owner)
 {
-}
-
-ZelInspectorTextEnumerationProperty::~ZelInspectorTextEnumerationProperty()
-{
-    uninstall();
 }
 
 void ZelInspectorTextEnumerationProperty::loadView()
@@ -45,18 +35,12 @@ void ZelInspectorTextEnumerationProperty::loadView()
 void ZelInspectorTextEnumerationProperty::viewDidInstall()
 {
     ZelInspectorEnumerationProperty::viewDidInstall();
-    bindTitle(m_label, ZelValueBinding, &g_context);
+    bindTitle(m_label, ZelValueBinding);
     bindEnabledKeyPathToControl(m_popUpButton);
     if (m_popUpButton)
-        observeForUpdate(enabledKeyPath(), &g_context); // the binding alone knows nothing of the selection
-    observeForUpdate(keyPath(), &g_context);
+        observeForUpdate(enabledKeyPath()); // the binding alone would enable the button without a selection
+    observeForUpdate(keyPath());
     updateView();
-}
-
-void ZelInspectorTextEnumerationProperty::viewWillUninstall()
-{
-    ZelInspectorEnumerationProperty::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
 }
 
 ZelMenuItem *ZelInspectorTextEnumerationProperty::menuItemWithTitle(const QString &title, const QIcon &image,
@@ -75,7 +59,8 @@ void ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
     m_items.append(m_options.last());
 }
 
-/// The tail of the menu survives rebuilds; what of it is shown follows the value.
+/// Adds the separator and the items for no and for multiple values. They are made once and survive rebuilds; which of
+/// them are visible depends on the value.
 void ZelInspectorTextEnumerationProperty::addFixedItems()
 {
     const auto make = [this](ZelControllerMarker marker) {
@@ -111,7 +96,7 @@ void ZelInspectorTextEnumerationProperty::rebuildView()
     addFixedItems();
     if (m_popUpButton)
         m_popUpButton->setItems(QList<QAction *>(m_items.begin(), m_items.end()));
-    qDeleteAll(former);
+    qDeleteAll(former); // only now, since the button has shown them until here
     if (isViewInstalled())
         updateViewInvocation().schedule();
 }

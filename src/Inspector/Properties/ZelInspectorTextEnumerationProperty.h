@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/ZelLabel.h"
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
-#include "Platform/Controls/ZelLabel.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Controls/ZelTextField.h"
 
 /// Chooses one of a list of titles with a pop-up button, or shows the chosen title as text.
-class ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProperty
+class ZEL_EXPORT ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProperty
 {
     Q_OBJECT
     Q_PROPERTY(ZelPopUpButton *popUpButton MEMBER m_popUpButton)
@@ -21,7 +22,6 @@ class ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProper
     Q_PROPERTY(ZelMenuItem *multipleValuesMenuItem MEMBER m_multipleValuesItem)
 public:
     explicit ZelInspectorTextEnumerationProperty(QObject *owner);
-    ~ZelInspectorTextEnumerationProperty() override;
 
     /// The controls that loadView made; null where there is none.
     ZelPopUpButton *popUpButton() const { return m_popUpButton; }
@@ -39,7 +39,6 @@ public:
 
     void loadView() override;
     void viewDidInstall() override;
-    void viewWillUninstall() override;
     void updateView() override;
     void rebuildView() override;
     void userDidChangeValue(QObject *sender) override;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorTextView.h"
 
-#include "Platform/Resources/ZelTextDocumentCoder.h"
+#include "Text/ZelTextDocumentCoder.h"
 
 #include <QTextBlock>
 
@@ -75,6 +75,7 @@ void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &val
     if (!cursor.hasSelection()) {
         ZelAttributedString::Attributes attributes = ZelTextDocumentCoder::attributes(currentCharFormat());
         attributes.insert(name, value);
+        // A string of one character brings the attributes into the form that texts store.
         const ZelAttributedString typed(QStringLiteral("x"), attributes);
         setCurrentCharFormat(ZelTextDocumentCoder::charFormat(typed.attributesAt(0)));
         return;

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Controls/ZelGrowingTextView.h"
+#include "Controls/Fields/ZelGrowingTextView.h"
+#include "Core/ZelExport.h"
 
 #include <functional>
 
-/// A text view whose selection can be read and formatted. What is changed is part of the edit: it becomes the value
-/// when that is committed.
-class ZelInspectorTextView : public ZelGrowingTextView
+/// A text view whose selection can be read and formatted. Changes are part of the edit and become the value when it is
+/// committed.
+class ZEL_EXPORT ZelInspectorTextView : public ZelGrowingTextView
 {
     Q_OBJECT
 public:
@@ -21,16 +22,17 @@ public:
     /// Clipped to the text; a surrogate pair is taken as a whole.
     void setSelectedRange(const Range &range);
 
-    /// The runs of what is selected, in their order. An insertion point is one empty run with the attributes of the
-    /// character behind it, at the end of the text of the one before it. None in an empty text.
+    /// The runs of what is selected, in their order. An insertion point gives one empty run with the attributes of the
+    /// character behind it, or before it at the end of the text. An empty text has no runs.
     QList<Run> selectedRuns() const;
     /// Sets an attribute of what is selected; at an insertion point, of what is typed next.
     void setAttribute(const QString &name, const QVariant &value);
-    /// Changes the style of each paragraph that the selection touches, beginning with the one that it has.
+    /// Calls `change` with the style of each paragraph that the selection touches, and gives the paragraph what that
+    /// makes of it.
     void changeParagraphStyles(const std::function<void(ZelParagraphStyle &)> &change);
 
 Q_SIGNALS:
-    /// The selection, or the text in it, is another.
+    /// The selection or the text has changed.
     void selectionDidChange();
 
 private:

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QIcon>
 #include <QObject>
 #include <QVariant>
 
 /// One fixed choice of an enumeration.
-class ZelOption : public QObject
+class ZEL_EXPORT ZelOption : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool hidden MEMBER hidden)
@@ -26,5 +28,5 @@ public:
     QIcon image;
     QString title;
     QVariant value; ///< what the model holds for this choice
-    QString text;   ///< what a model of texts or of an enumeration's keys holds in its place; null for the value itself
+    QString text;   ///< stands for this choice in a model of texts, or names a key; null for the value itself
 };

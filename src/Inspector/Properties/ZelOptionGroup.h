@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelOption.h"
 
 #include <QList>
@@ -8,7 +9,7 @@
 
 /// Choices of an enumeration that are shown together: those that two key paths give, then fixed ones. A group owns its
 /// options unless they have a parent.
-class ZelOptionGroup : public QObject
+class ZEL_EXPORT ZelOptionGroup : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QString enumeratedDisplayValuesKeyPath MEMBER enumeratedDisplayValuesKeyPath)
@@ -21,7 +22,7 @@ public:
     QString enumeratedDisplayValuesKeyPath;
     QString enumeratedValuesKeyPath;
 
-    /// Those that are alive.
+    /// The options that are alive.
     QList<ZelOption *> options() const
     {
         QList<ZelOption *> living(m_options.begin(), m_options.end());

@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 
-#include "Inspector/Properties/ZelOriginImages.h"
-#include "Platform/Controls/ZelCellGroupAccessible.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Controls/ZelThemeColor.h"
-#include "Platform/Resources/ZelLocalizedString.h"
-#include "Platform/Resources/ZelNamedImages.h"
+#include "Controls/private/ZelThemeColor.h"
+#include "Inspector/Properties/private/ZelOriginImages.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelNamedImages.h"
 
-#include <QMouseEvent>
+#include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 #include <cmath>
 
 ZelOriginSelectionView::ZelOriginSelectionView(QWidget *parent)
     : ZelView(parent)
+    , ZelCellGroup(this, Tabs)
 {
-    ZelControlSupport::prepare();
     setFlipped(true);
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::StrongFocus);
@@ -39,7 +37,7 @@ void ZelOriginSelectionView::setAnchor(ZelRectAnchor anchor)
         return;
     m_anchor = anchor;
     updateImage();
-    ZelCellGroupAccessible::selectionDidChange(this);
+    announceCurrentCell();
     Q_EMIT anchorChanged();
 }
 
@@ -102,25 +100,6 @@ void ZelOriginSelectionView::drawRect(QPainter &painter, const QRect &dirtyRect)
     }
 }
 
-void ZelOriginSelectionView::changeEvent(QEvent *event)
-{
-    ZelView::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange)
-        update();
-}
-
-void ZelOriginSelectionView::focusInEvent(QFocusEvent *event)
-{
-    ZelView::focusInEvent(event);
-    update();
-}
-
-void ZelOriginSelectionView::focusOutEvent(QFocusEvent *event)
-{
-    ZelView::focusOutEvent(event);
-    update();
-}
-
 // Choosing
 
 ZelRectAnchor ZelOriginSelectionView::anchorAtPosition(const QPointF &position) const
@@ -145,33 +124,22 @@ QString ZelOriginSelectionView::cellName(int cell) const
     return ZelLocalizedString(QString::fromLatin1(names[cell]));
 }
 
-void ZelOriginSelectionView::choose(ZelRectAnchor anchor)
+void ZelOriginSelectionView::clickCell(int cell)
 {
     const QPointer<ZelOriginSelectionView> alive(this);
     if (ZelOriginSelectionViewDelegate *listener = delegate())
-        listener->originSelectionViewDidSelectAnchor(this, anchor);
+        listener->originSelectionViewDidSelectAnchor(this, ZelRectAnchor(cell));
     if (alive)
-        setAnchor(anchor);
+        setAnchor(ZelRectAnchor(cell));
 }
 
-void ZelOriginSelectionView::mousePressEvent(QMouseEvent *event)
+bool ZelOriginSelectionView::positionedEvent(QEvent *event)
 {
-    if (event->button() == Qt::LeftButton)
-        choose(anchorAtPosition(event->position()));
-    else
-        ZelView::mousePressEvent(event);
+    return handleCellEvent(event) || ZelView::positionedEvent(event);
 }
 
 void ZelOriginSelectionView::keyPressEvent(QKeyEvent *event)
 {
-    static const QHash<int, QPoint> steps = {
-        {Qt::Key_Left, {-1, 0}}, {Qt::Key_Right, {1, 0}}, {Qt::Key_Up, {0, -1}}, {Qt::Key_Down, {0, 1}}};
-    const auto step = steps.constFind(event->key());
-    if (step == steps.constEnd() || m_anchor > ZelOriginBottomRight) {
+    if (!handleCellEvent(event))
         ZelView::keyPressEvent(event);
-        return;
-    }
-    const int column = std::clamp(int(m_anchor % 3) + step->x(), 0, 2);
-    const int row = std::clamp(int(m_anchor / 3) + step->y(), 0, 2);
-    choose(ZelRectAnchor(row * 3 + column));
 }

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Cells/ZelCellGroup.h"
+#include "Core/ZelExport.h"
 #include "Geometry/ZelRectAnchor.h"
-#include "Platform/Controls/ZelCellGroup.h"
 #include "ViewController/ZelView.h"
 
 #include <QIcon>
 
 class ZelOriginSelectionView;
 
-/// Hears of choices in an origin selection view.
-class ZelOriginSelectionViewDelegate
+/// Is told which anchor is chosen in an origin selection view.
+class ZEL_EXPORT ZelOriginSelectionViewDelegate
 {
 public:
     virtual ~ZelOriginSelectionViewDelegate() = default;
@@ -19,7 +20,7 @@ public:
 };
 
 /// A picture of a rectangle's nine anchors, of which one is chosen by a click, or with the arrow keys.
-class ZelOriginSelectionView : public ZelView, public ZelCellGroup
+class ZEL_EXPORT ZelOriginSelectionView : public ZelView, public ZelCellGroup
 {
     Q_OBJECT
     Q_INTERFACES(ZelCellGroup)
@@ -36,28 +37,29 @@ public:
     void setAnchor(ZelRectAnchor anchor);
     void setAnchorNumber(quint64 anchor) { setAnchor(ZelRectAnchor(anchor)); }
 
-    /// Not owned. A delegate that is a QObject may die before the view.
+    /// The delegate is not owned. If it is a QObject, it may die before the view.
     ZelOriginSelectionViewDelegate *delegate() const;
     void setDelegate(ZelOriginSelectionViewDelegate *delegate);
 
-    /// The same where it is a QObject; another object than a delegate stands for none.
+    /// The delegate if it is a QObject, else null. Setting an object that is no delegate leaves the view without one.
     QObject *delegateObject() const { return m_delegateObject; }
     void setDelegateObject(QObject *delegate);
 
     /// The picture of the anchor.
     const QIcon &image() const { return m_image; }
     void updateImage();
-    /// The name of the picture, under which the application may register its own; null for what is no anchor.
+    /// The name of the picture, under which the application may register its own; null for a value that is no anchor.
     static QString imageNameForAnchor(ZelRectAnchor anchor);
-    /// The anchor at a position; the first one beside the view.
+    /// The anchor at a position; top left for a position outside of the view.
     ZelRectAnchor anchorAtPosition(const QPointF &position) const;
 
     int cellCount() const override { return ZelOriginBottomRight + 1; }
     QRect cellRect(int cell) const override;
+    int cellAt(const QPointF &position) const override { return int(anchorAtPosition(position)); }
     QString cellName(int cell) const override;
     bool isCellSelected(int cell) const override { return ZelRectAnchor(cell) == m_anchor; }
     int currentCell() const override { return m_anchor > ZelOriginBottomRight ? -1 : int(m_anchor); }
-    void clickCell(int cell) override { choose(ZelRectAnchor(cell)); }
+    void clickCell(int cell) override;
 
     /// 71 points in both directions.
     QSize sizeHint() const override;
@@ -69,16 +71,12 @@ Q_SIGNALS:
     void anchorChanged();
 
 protected:
-    void changeEvent(QEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
+    bool positionedEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
+    int cellColumns() const override { return 3; }
     ZelView *newInstance() const override { return new ZelOriginSelectionView; }
 
 private:
-    void choose(ZelRectAnchor anchor);
-
     ZelRectAnchor m_anchor = ZelOriginTopLeft;
     QIcon m_image;
     ZelOriginSelectionViewDelegate *m_delegate = nullptr;

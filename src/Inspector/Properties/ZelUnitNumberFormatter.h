@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Controls/ZelNumberFormatter.h"
+#include "Controls/Fields/ZelNumberFormatter.h"
+#include "Core/ZelExport.h"
 
-/// Numbers with a unit: shown behind the number, not edited, and understood where it is typed.
-class ZelUnitNumberFormatter : public ZelNumberFormatter
+/// Formats numbers with a unit, which is shown behind the number, is no part of the text that is edited, and is
+/// understood where it is typed.
+class ZEL_EXPORT ZelUnitNumberFormatter : public ZelNumberFormatter
 {
 public:
     /// Appended as it stands, with any leading space; null for none.

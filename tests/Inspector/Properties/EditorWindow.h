@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Undo/ZelUndoManager.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Platform/Selection/ZelUndoManager.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
 #include "ViewController/ZelView.h"

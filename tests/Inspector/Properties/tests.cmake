@@ -1,12 +1,3 @@
 # SPDX-License-Identifier: MIT
-zel_test(Inspector/Properties/tst_ZelInspectorProperty zel_properties)
-zel_test(Inspector/Properties/tst_EditorProperties zel_properties)
-zel_test(Inspector/Properties/tst_SimpleProperties zel_properties)
-zel_test(Inspector/Properties/tst_ZelInspectorNumberProperty zel_properties)
-zel_test(Inspector/Properties/tst_EnumerationProperties zel_properties)
-zel_test(Inspector/Properties/tst_ColorDateResourceProperties zel_properties)
-zel_test(Inspector/Properties/tst_GeometryProperties zel_properties)
 zel_test(Inspector/Properties/tst_ZelInspectorAttributedStringProperty zel_inspector)
 target_compile_definitions(tst_ZelInspectorAttributedStringProperty PRIVATE ZEL_DOCS="${PROJECT_SOURCE_DIR}/docs")
-zel_test(Inspector/Properties/tst_ZelInspectorFontProperty zel_properties)
-zel_test(Inspector/Properties/tst_ZelInspectorArrayProperty zel_properties)

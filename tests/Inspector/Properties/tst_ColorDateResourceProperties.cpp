@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/ZelColorPanel.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
-#include "Platform/Controls/ZelColorPanel.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelTextField.h"
-#include "Platform/Runtime/ZelValues.h"
 
 #include <QColorDialog>
 #include <QDateTime>

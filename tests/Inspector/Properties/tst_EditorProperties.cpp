@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
@@ -15,9 +18,6 @@
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
-#include "Platform/Runtime/ZelKeyValueCoding.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Runtime/ZelValues.h"
 
 #include <QMetaProperty>
 #include <QTime>

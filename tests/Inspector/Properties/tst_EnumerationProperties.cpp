@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Cells/ZelSegmentedControl.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Controls/ZelSegmentedControl.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelKeyValueObserving.h"
-#include "Platform/Runtime/ZelValues.h"
 
 class tst_EnumerationProperties : public QObject
 {

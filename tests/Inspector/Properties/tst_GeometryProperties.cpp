@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorPointProperty.h"
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelNamedImages.h"
 
 #include <QPainter>
 

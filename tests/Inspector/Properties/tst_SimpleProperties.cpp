@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Fields/ZelGrowingTextField.h"
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/ZelCheckBox.h"
+#include "Controls/ZelPushButton.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
-#include "Platform/Controls/ZelCheckBox.h"
-#include "Platform/Controls/ZelGrowingTextField.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopUpButton.h"
-#include "Platform/Controls/ZelPushButton.h"
-#include "Platform/Runtime/ZelValues.h"
 
 class tst_SimpleProperties : public QObject
 {

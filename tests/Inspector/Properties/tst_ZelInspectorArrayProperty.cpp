@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ActionBar/ZelActionBarButton.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
-#include "Platform/Layout/ZelConstraintLayout.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Layout/ZelConstraintLayout.h"
 
 #include <QApplication>
 #include <QLineEdit>

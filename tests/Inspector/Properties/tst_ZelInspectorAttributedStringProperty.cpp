@@ -2,16 +2,17 @@
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 
 #include "../Descriptions.h"
+#include "Controls/ZelColorPanel.h"
+#include "Core/Errors/ZelException.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/Properties/ZelParagraphStyleProxy.h"
-#include "Inspector/Properties/ZelTextFormatImages.h"
+#include "Inspector/Properties/private/ZelParagraphStyleProxy.h"
+#include "Inspector/Properties/private/ZelTextFormatImages.h"
 #include "Inspector/ZelInspectorSlice.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
 #include "Observation/ZelObservations.h"
-#include "Platform/Resources/ZelNamedImages.h"
-#include "Platform/Runtime/ZelException.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Resources/ZelNamedImages.h"
 
 #include <QSignalSpy>
 
@@ -405,48 +406,16 @@ private Q_SLOTS:
         QVERIFY(!panel->delegate());
     }
 
-    void aDragInTheColorPanelIsOneUndoStep()
+    void theColorPanelIsLetGoWithTheView()
     {
-        Desk desk({colored("grey", Qt::gray)});
-        desk.text->setSelectedRange({0, 4});
+        Desk desk({colored("first", Qt::red)});
+        desk.text->setSelectedRange({0, 5});
         desk.click(Editor::TextColorSegment);
-        QWidget *dialog = ZelColorPanel::sharedColorPanel()->window();
-        QVERIFY(QTest::qWaitForWindowExposed(dialog));
-        const QList<QWidget *> widgets = dialog->findChildren<QWidget *>();
-        const auto picker = std::find_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
-            return QByteArray(widget->metaObject()->className()).endsWith("QColorPicker");
-        });
-        QVERIFY(picker != widgets.end());
-        const QPoint place = (*picker)->mapTo(dialog, (*picker)->rect().center());
-        QTest::mousePress(dialog->windowHandle(), Qt::LeftButton, {}, place);
-        for (int i = 1; i < 5; ++i)
-            QTest::mouseMove(dialog->windowHandle(), place + QPoint(9 * i, 0));
-        QVERIFY(desk.owner->actions > 2);
-        QTest::mouseRelease(dialog->windowHandle(), Qt::LeftButton, {}, place + QPoint(36, 0));
-        QTRY_COMPARE(desk.undo.groupingLevel(), 0);
-        QCOMPARE(desk.undo.stack()->count(), 1);
-        desk.undo.undo();
-        QCOMPARE(desk.note(), colored("grey", Qt::gray));
-    }
-
-    void oneEditorHasTheColorPanel()
-    {
-        Desk first({colored("first", Qt::red)});
-        Desk second({colored("second", Qt::blue)});
-        ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
-        first.text->setSelectedRange({0, 5});
-        first.click(Editor::TextColorSegment);
-        second.text->setSelectedRange({0, 6});
-        second.click(Editor::TextColorSegment);
-        QVERIFY(!first.property->isColorPanelActive() && first.selectedSegments().isEmpty());
-        QCOMPARE(panel->color(), QColor(Qt::blue));
-        Desk::pick(Qt::green);
-        QCOMPARE(first.note(), colored("first", Qt::red));
-        QCOMPARE(second.note(), colored("second", Qt::green));
-        second.layout()->removeWidget(second.property->view());
-        second.property->view()->setParent(nullptr); // uninstalled
-        QVERIFY(!second.property->isColorPanelActive() && !panel->delegate());
-        delete second.editor.release()->view();
+        desk.layout()->removeWidget(desk.property->view());
+        desk.property->view()->setParent(nullptr); // uninstalled
+        QVERIFY(!desk.property->isColorPanelActive() && desk.selectedSegments().isEmpty());
+        QVERIFY(!ZelColorPanel::sharedColorPanel()->delegate());
+        delete desk.editor.release()->view();
     }
 
     void thePopoverEditsTheParagraphs()

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Menus/ZelMenuItem.h"
+#include "Controls/ZelPopover.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
-#include "Platform/Controls/ZelControlSupport.h"
-#include "Platform/Controls/ZelMenuItem.h"
-#include "Platform/Controls/ZelPopover.h"
-#include "Platform/Controls/ZelThemeColor.h"
-#include "Platform/Resources/ZelFontManager.h"
-#include "Platform/Runtime/ZelValues.h"
+#include "Text/ZelFontManager.h"
 
 #include <QApplication>
 

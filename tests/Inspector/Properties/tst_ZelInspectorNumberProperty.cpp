@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Ranges/ZelSlider.h"
+#include "Controls/Ranges/ZelStepper.h"
+#include "Controls/ZelCheckBox.h"
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
-#include "Platform/Controls/ZelCheckBox.h"
-#include "Platform/Controls/ZelSlider.h"
-#include "Platform/Controls/ZelStepper.h"
-#include "Platform/Controls/ZelTextField.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
 
 class tst_ZelInspectorNumberProperty : public QObject
 {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
 #include "EditorWindow.h"
-#include "Platform/Runtime/ZelAssertions.h"
-#include "Platform/Runtime/ZelValues.h"
 
 class Halving : public ZelAbstractValueTransformer
 {

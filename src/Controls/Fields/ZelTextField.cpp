@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/Fields/ZelTextField.h"
+
+#include "Controls/ZelControlSize.h"
+#include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelTextWidth.h"
+#include "Controls/private/ZelThemeColor.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyleOptionFrame>
+#include <QTextLayout>
+
+namespace {
+
+/// The margins that a QLineEdit keeps around its text.
+constexpr int g_horizontalMargin = 2;
+
+QTextLine layOut(QTextLayout &layout, Qt::LayoutDirection direction, double width)
+{
+    QTextOption option;
+    option.setTextDirection(direction);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    return line;
+}
+
+} // namespace
+
+ZelTextField::ZelTextField(QWidget *parent)
+    : ZelGuarded(parent)
+    , ZelEditSessionOf(this)
+{
+}
+
+void ZelTextField::setFormatter(const ZelFormatter::Ptr &formatter)
+{
+    m_sizeHint = QSize();
+    ZelEditSession::setFormatter(formatter);
+}
+
+void ZelTextField::setLabelStyle(bool labelStyle)
+{
+    if (labelStyle == m_labelStyle)
+        return;
+    m_labelStyle = labelStyle;
+    setFrame(!labelStyle);
+    setEditable(!labelStyle);
+    m_sizeHint = m_minimumSizeHint = QSize();
+    updateColors();
+}
+
+void ZelTextField::setDimmed(bool dimmed)
+{
+    if (dimmed == m_dimmed)
+        return;
+    m_dimmed = dimmed;
+    updateColors();
+}
+
+void ZelTextField::showValue()
+{
+    const QString shownPlaceholder = placeholder();
+    if (shownPlaceholder != placeholderText())
+        setPlaceholderText(shownPlaceholder);
+    const bool focused = hasFocus();
+    const QVariant value = objectValue();
+    const QString string = focused && isEditable() ? editingString(value) : displayString(value);
+    if (string == text())
+        return;
+    const bool allSelected = focused && hasSelectedText() && selectedText() == text();
+    setText(string);
+    if (allSelected)
+        selectAll();
+    else if (!focused)
+        setCursorPosition(0);
+}
+
+/// The typing is watched only while a refused text is in the field.
+void ZelTextField::errorDidChange()
+{
+    disconnect(m_errorConnection);
+    if (!errorText().isEmpty())
+        m_errorConnection = connect(this, &QLineEdit::textEdited, this, [this] { typingDidChange(); });
+    updateColors();
+}
+
+void ZelTextField::updateColors()
+{
+    if (m_updatingColors)
+        return;
+    const QScopedValueRollback updating(m_updatingColors, true);
+    // Own colours are dropped first, so that palette() answers the inherited ones.
+    setPalette(QPalette());
+    const bool isPlain = errorText().isEmpty() && !m_labelStyle && !m_dimmed;
+    if (isPlain && !hasFocus()) // paintEvent then draws the placeholder itself
+        return;
+    QPalette colors;
+    colors.setResolveMask(0);
+    const QColor dimmed = ZelThemeColor::dimmed(palette());
+    colors.setColor(QPalette::PlaceholderText, dimmed);
+    if (m_labelStyle)
+        colors.setColor(QPalette::Base, Qt::transparent);
+    if (m_labelStyle)
+        colors.setColor(QPalette::Text, dimmed);
+    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        if (m_dimmed) // disabled texts look like this anyway
+            colors.setColor(group, QPalette::Text, dimmed);
+    }
+    if (!errorText().isEmpty())
+        colors.setColor(QPalette::Text, ZelThemeColor::error(palette()));
+    setPalette(colors);
+}
+
+QSize ZelTextField::sizeHint() const
+{
+    if (!m_sizeHint.isValid()) {
+        m_sizeHint = QLineEdit::sizeHint();
+        if (formatter()) { // formatted values are short, while a line edit asks for room for 17 letters
+            const int letters = 17 * fontMetrics().horizontalAdvance(u'x');
+            m_sizeHint.rwidth() += ZelControlSize::digitsWidth(font(), 6) - letters;
+        }
+    }
+    return m_sizeHint;
+}
+
+QSize ZelTextField::minimumSizeHint() const
+{
+    if (!m_minimumSizeHint.isValid())
+        m_minimumSizeHint = QLineEdit::minimumSizeHint();
+    return m_minimumSizeHint;
+}
+
+bool ZelTextField::handleEvent(QEvent *event)
+{
+    const bool isSettled = sessionEvent(event) || (event->type() == QEvent::ToolTip &&
+                                                   ZelControlSupport::showToolTip(event, this, elidedWhole()));
+    return isSettled || QLineEdit::event(event);
+}
+
+void ZelTextField::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        m_sizeHint = m_minimumSizeHint = QSize();
+        m_measuredText = QString();
+        break;
+    case QEvent::PaletteChange:
+        if (testAttribute(Qt::WA_SetPalette))
+            updateColors();
+        break;
+    default:
+        break;
+    }
+}
+
+/// A drop into a field without the focus is committed at once, since no loss of the focus will end that edit.
+void ZelTextField::dropEvent(QDropEvent *event)
+{
+    const QPointer<ZelTextField> guard(this);
+    QLineEdit::dropEvent(event);
+    if (guard && !hasFocus())
+        commitEditing();
+}
+
+void ZelTextField::focusInEvent(QFocusEvent *event)
+{
+    refresh();
+    updateColors();
+    QLineEdit::focusInEvent(event);
+}
+
+void ZelTextField::focusOutEvent(QFocusEvent *event)
+{
+    if (!focusLeft(event))
+        return;
+    updateColors();
+    QLineEdit::focusOutEvent(event);
+}
+
+void ZelTextField::keyPressEvent(QKeyEvent *event)
+{
+    const KeyUse use = keyPressed(event);
+    if (use == KeyUse::Discarded || use == KeyUse::Committed)
+        selectAll();
+    if (use == KeyUse::None || use == KeyUse::Committed) // the window's default button may get Return after a commit
+        QLineEdit::keyPressEvent(event);
+}
+
+/// The rectangle of the text, computed by the style.
+QRect ZelTextField::textRect() const
+{
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    const QRect contents =
+        style()->subElementRect(QStyle::SE_LineEditContents, &panel, this).marginsRemoved(textMargins());
+    return contents.adjusted(g_horizontalMargin, 0, -g_horizontalMargin, 0);
+}
+
+/// Answers the whole text if the field is too narrow to show it, otherwise null.
+QString ZelTextField::elidedWhole() const
+{
+    const QString string = text();
+    if (hasFocus() || echoMode() != Normal)
+        return {};
+    if (m_measuredText != string) {
+        m_measuredText = string;
+        m_measuredWidth = ZelTextWidth(this, string);
+    }
+    // Most texts are much shorter than the field, so that the style need not be asked for the rectangle.
+    const bool fits = m_measuredWidth <= width() / 2 || m_measuredWidth <= textRect().width();
+    return fits ? QString() : string;
+}
+
+void ZelTextField::paintEvent(QPaintEvent *event)
+{
+    const bool own = !hasFocus() && !hasSelectedText() && echoMode() == Normal && actions().isEmpty();
+    const ZelFormatter::Range unit =
+        own && formatter() && !isEditing() ? formatter()->unitRange(text()) : ZelFormatter::Range();
+    const bool isPlaceholder = own && text().isEmpty() && !placeholderText().isEmpty();
+    if (isPlaceholder || (own && !text().isEmpty() && (unit.length > 0 || !elidedWhole().isNull())))
+        paintText(isPlaceholder ? placeholderText() : displayText(), unit, isPlaceholder);
+    else
+        QLineEdit::paintEvent(event);
+    if (!errorText().isEmpty() && !m_labelStyle) {
+        QPainter painter(this);
+        paintError(&painter);
+    }
+}
+
+void ZelTextField::paintText(const QString &string, ZelFormatter::Range unit, bool isPlaceholder)
+{
+    QPainter painter(this);
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
+
+    const QRect area = textRect();
+    const QString shown = fontMetrics().elidedText(string, Qt::ElideRight, area.width());
+    // Draws in the text's own direction, not the window's, so that a minus sign or a unit stays on its side of the
+    // number.
+    const Qt::LayoutDirection direction = string.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    QTextLayout layout(shown, font());
+    if (unit.length > 0) {
+        QTextLayout::FormatRange dimmed;
+        dimmed.start = int(unit.start);
+        dimmed.length = int(std::min(unit.length, shown.size() - unit.start));
+        const QColor unitColor = palette().color(QPalette::Disabled, QPalette::Text);
+        dimmed.format.setForeground(ZelThemeColor::legible(unitColor, palette()));
+        if (dimmed.length > 0)
+            layout.setFormats({dimmed});
+    }
+    const QTextLine line = layOut(layout, direction, std::max(1, area.width() + 1));
+    QTextLayout whole(string, font());
+    const QTextLine wholeLine = layOut(whole, direction, QWIDGETSIZE_MAX);
+
+    // Draws the text exactly where QLineEdit draws it, which leaves room for a cursor, so that nothing moves when the
+    // field gets the focus.
+    const Qt::Alignment visual = QStyle::visualAlignment(direction, alignment());
+    const int used = qRound(line.naturalTextWidth()) + 1;
+    int left = area.x();
+    if (visual & Qt::AlignRight)
+        left += area.width() - used - 1;
+    else if (visual & Qt::AlignHCenter)
+        left -= (used - area.width()) / 2;
+    double x = std::max(left, area.x());
+    if (direction == Qt::RightToLeft)
+        x -= line.naturalTextRect().x();
+    const int height = std::max(fontMetrics().height(), qRound(wholeLine.ascent() + wholeLine.descent()));
+    const int top = area.y() + (area.height() - height + 1) / 2 + fontMetrics().ascent() - qRound(wholeLine.ascent());
+    painter.setPen(isPlaceholder ? ZelThemeColor::dimmed(palette()) : palette().color(QPalette::Text));
+    painter.setClipRect(area);
+    layout.draw(&painter, QPointF(x, top + wholeLine.ascent() - line.ascent()));
+}

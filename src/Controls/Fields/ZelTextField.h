@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Controls/Fields/ZelEditSession.h"
+#include "Core/RunLoop/ZelGuarded.h"
+#include "Core/ZelExport.h"
+
+#include <QLineEdit>
+
+/// A line edit that shows a value through a formatter.
+///
+/// While it has the focus it shows the formatter's editing text. ZelEditSession describes what happens to the typing. A
+/// text that was refused has the error colour.
+class ZEL_EXPORT ZelTextField : public ZelGuarded<QLineEdit>, public ZelEditSessionOf<ZelTextField>
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelEditor)
+    Q_PROPERTY(QVariant objectValue READ objectValue WRITE setObjectValue NOTIFY objectValueChanged)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
+    Q_PROPERTY(QString nullPlaceholder READ nullPlaceholder WRITE setNullPlaceholder)
+    Q_PROPERTY(bool labelStyle READ isLabelStyle WRITE setLabelStyle)
+public:
+    explicit ZelTextField(QWidget *parent = nullptr);
+
+    using ZelEditSession::errorText;
+    using ZelEditSession::formatter;
+    using ZelEditSession::setValueCheck;
+    void setFormatter(const ZelFormatter::Ptr &formatter);
+
+    bool isEditable() const override { return !isReadOnly(); }
+
+    /// Whether the field looks like a label whose text can be selected: without frame and background, in the colour of
+    /// placeholders, and not editable.
+    bool isLabelStyle() const { return m_labelStyle; }
+    void setLabelStyle(bool labelStyle);
+
+    /// Whether the text has the colour of placeholders, because it says that there is no value; false by default.
+    bool isDimmed() const { return m_dimmed; }
+    void setDimmed(bool dimmed);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void objectValueChanged();
+    void editableChanged();
+    /// The user has changed the value.
+    void valueEdited();
+    /// Sent after valueEdited.
+    void action();
+
+protected:
+    bool handleEvent(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString fieldText() const override { return text(); }
+    void showValue() override;
+    void applyEditable(bool editable) override { setReadOnly(!editable); }
+    void errorDidChange() override;
+    void updateColors();
+    QRect textRect() const;
+    QString elidedWhole() const;
+    void paintText(const QString &string, ZelFormatter::Range unit, bool isPlaceholder);
+
+    QMetaObject::Connection m_errorConnection;
+    mutable QSize m_sizeHint;
+    mutable QSize m_minimumSizeHint;
+    mutable QString m_measuredText;
+    mutable int m_measuredWidth = 0;
+    bool m_labelStyle = false;
+    bool m_dimmed = false;
+    bool m_updatingColors = false;
+};

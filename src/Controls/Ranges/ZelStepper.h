@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Controls/Ranges/ZelRangeControl.h"
+
+#include <QAbstractSpinBox>
+#include <QBasicTimer>
+#include <QStyle>
+
+class QStyleOptionSpinBox;
+
+/// Two small arrows that step a value up and down, repeatedly while the mouse holds one of them.
+///
+/// Where there is no single value to step from (absent or a selection marker), steps start from 0. A value outside the
+/// limits is stepped into them. By default the limits are the largest finite doubles and the increment is 1. An
+/// increment of 0 or one that is no number does nothing.
+class ZEL_EXPORT ZelStepper : public ZelRangeControl
+{
+    Q_OBJECT
+    Q_PROPERTY(bool valueWraps READ valueWraps WRITE setValueWraps)
+public:
+    explicit ZelStepper(QWidget *parent = nullptr);
+
+    /// Whether a step beyond one limit continues at the other one; false by default.
+    bool valueWraps() const { return m_valueWraps; }
+    void setValueWraps(bool wraps);
+
+    void stepBy(int steps) override;
+    /// Goes towards the value by whole steps.
+    void goToValue(double value) override;
+    QAccessible::Role accessibleRole() const override { return QAccessible::SpinBox; }
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+    void showValue() override;
+    bool canPress(const QPoint &position) const override { return arrowAt(position) != QStyle::SC_None; }
+    void pressAt(const QPoint &position) override;
+    void movePressTo(const QPoint &position) override;
+    void endPress() override;
+    QSize makeSizeHint() const override;
+
+private:
+    void initStyleOption(QStyleOptionSpinBox *option) const;
+    QPoint spinBoxOrigin() const;
+    QStyle::SubControl arrowAt(const QPoint &position) const;
+    double valueAfter(int steps) const;
+    bool canStep(int steps) const;
+    QAbstractSpinBox::StepEnabled possibleSteps() const;
+    void stepPressed();
+
+    QBasicTimer m_repeatTimer;
+    QStyle::SubControl m_pressed = QStyle::SC_None;
+    bool m_pointerInside = false;
+    bool m_valueWraps = false;
+    QAbstractSpinBox::StepEnabled m_shownSteps; // the steps that were possible when it was last painted
+};

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/Ranges/ZelValueRange.h"
+
+#include "Core/Values/ZelValues.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+double bounded(double value)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    return std::isnan(value) ? 0 : std::max(-largest, std::min(value, largest));
+}
+
+/// Sums of decimal fractions have noise in their last binary digits, which 15 decimal digits do not show. Numbers that
+/// need all their digits are left alone, and so are whole numbers, which have no noise.
+double withoutNoise(double value)
+{
+    const bool isExact = std::abs(value) >= 1e15 || value == std::trunc(value);
+    return isExact ? value : QString::number(value, 'g', 15).toDouble();
+}
+
+} // namespace
+
+bool ZelValueRange::isEmpty() const
+{
+    return !(bounded(minimum) < bounded(maximum)) || std::isnan(minimum) || std::isnan(maximum);
+}
+
+double ZelValueRange::clamp(double value) const
+{
+    if (isEmpty() || std::isnan(value))
+        return bounded(minimum);
+    return std::max(bounded(minimum), std::min(value, bounded(maximum)));
+}
+
+double ZelValueRange::fractionOf(double value) const
+{
+    if (isEmpty())
+        return 0;
+    // Everything is halved, because the distance between the limits may exceed the largest double.
+    const double low = bounded(minimum) / 2;
+    return std::clamp((clamp(value) / 2 - low) / (bounded(maximum) / 2 - low), 0.0, 1.0);
+}
+
+double ZelValueRange::valueAt(double fraction) const
+{
+    return isEmpty() ? clamp(0) : clamp(std::lerp(bounded(minimum), bounded(maximum), std::clamp(fraction, 0.0, 1.0)));
+}
+
+double ZelValueRange::stepped(double value, double increment) const
+{
+    const double sum = value + increment;
+    return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
+}
+
+double ZelValueRange::nearestStep(double value, double increment) const
+{
+    const double size = std::abs(increment);
+    const double steps = std::round((value - bounded(minimum)) / size);
+    if (isEmpty() || !(size > 0) || !std::isfinite(size) || !std::isfinite(steps))
+        return value;
+    const double step = stepped(bounded(minimum), steps * size);
+    const double end = bounded(maximum);
+    return std::abs(end - value) < std::abs(step - value) ? end : step;
+}
+
+double ZelValueRange::number(const QVariant &value, double fallback)
+{
+    if (!value.isValid() || ZelIsControllerMarker(value))
+        return fallback;
+    bool ok = false;
+    const double number = value.toDouble(&ok);
+    return ok && std::isfinite(number) ? number : fallback;
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/ZelExport.h"
+
+#include <QVariant>
+
+/// The limits of a control, which may be any doubles. Infinite limits count as the largest finite double. A range that
+/// is empty or has a limit that is not a number answers its minimum, or 0.
+class ZEL_EXPORT ZelValueRange
+{
+public:
+    double minimum = 0;
+    double maximum = 1;
+
+    bool isEmpty() const;
+    double clamp(double value) const;
+    /// Where the value lies between the limits, from 0 to 1; 0 in an empty range.
+    double fractionOf(double value) const;
+    /// The value at a fraction from 0 to 1.
+    double valueAt(double fraction) const;
+    /// The value plus the increment, without the noise of binary fractions, clamped to the limits.
+    double stepped(double value, double increment) const;
+
+    /// Answers the nearest of the maximum and the values that are a whole number of increments from the minimum; the
+    /// value itself if the range is empty or the increment cannot be used.
+    double nearestStep(double value, double increment) const;
+
+    /// The value as a finite double; the fallback for absent values, markers and everything that is no finite number.
+    static double number(const QVariant &value, double fallback = 0);
+};

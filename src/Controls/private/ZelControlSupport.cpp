@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/private/ZelControlSupport.h"
+
+#include "Controls/private/ZelControlAccessibility.h"
+#include "Controls/private/ZelControlAccessors.h"
+#include "Controls/private/ZelThemeColor.h"
+#include "Core/Binding/ZelEditor.h"
+#include "Core/KeyValue/ZelPropertyAccessor.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Values/ZelValues.h"
+#include "Resources/ZelLocalizedString.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+#include <QWidget>
+
+namespace {
+
+/// Commits what is being typed before a step of undo or redo begins on the undo stack of that window. One object serves
+/// all controls.
+class TypingBeforeUndo : public ZelNotificationObserver
+{
+public:
+    static void listen() { static TypingBeforeUndo listener; }
+
+    void observeNotification(const ZelNotification &notification) override
+    {
+        QWidget *focus = QApplication::focusWidget();
+        const ZelUndoManager *manager = ZelUndoManager::forWidget(focus);
+        if (!manager || !manager->stack() || manager->stack() != notification.object)
+            return;
+        for (QWidget *widget = focus; widget; widget = widget->parentWidget()) {
+            if (auto *editor = qobject_cast<ZelEditor *>(widget)) {
+                editor->commitEditing();
+                return;
+            }
+        }
+    }
+
+private:
+    TypingBeforeUndo() { ZelNotificationCenter::defaultCenter()->addObserver(this, ZelUndoStepWillBeginNotification); }
+};
+
+// Registered here and not in prepare(), because an application may bind only controls of Qt's own.
+[[maybe_unused]] const bool g_hasAccessors = (ZelPropertyAccessor::registerLater(&ZelRegisterControlAccessors), true);
+
+} // namespace
+
+void ZelControlSupport::prepare()
+{
+    static const bool prepared = [] {
+        ZelRegisterControlAccessibility();
+        TypingBeforeUndo::listen();
+        return true;
+    }();
+    Q_UNUSED(prepared)
+}
+
+QString ZelControlSupport::markerText(const QVariant &value)
+{
+    if (ZelIsMarker(value, ZelMultipleValuesMarker))
+        return ZelLocalizedString(QStringLiteral("Multiple Values"));
+    if (ZelIsMarker(value, ZelNoSelectionMarker))
+        return ZelLocalizedString(QStringLiteral("No Selection"));
+    if (ZelIsMarker(value, ZelNotApplicableMarker))
+        return ZelLocalizedString(QStringLiteral("Not Applicable"));
+    return {};
+}
+
+bool ZelControlSupport::isInput(const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::Shortcut:
+    case QEvent::Wheel:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool ZelControlSupport::endsMouseGrab(const QEvent *event, const QWidget *widget)
+{
+    switch (event->type()) {
+    case QEvent::Hide:
+    case QEvent::WindowDeactivate:
+    case QEvent::ParentChange:
+        return true;
+    case QEvent::EnabledChange:
+        return !widget->isEnabled();
+    default:
+        return false;
+    }
+}
+
+bool ZelControlSupport::showToolTip(QEvent *event, QWidget *widget, const QString &text)
+{
+    if (text.isEmpty() || !widget->toolTip().isEmpty())
+        return false;
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text, widget);
+    event->accept();
+    return true;
+}
+
+void ZelControlSupport::showDisabled(QStyleOption *option)
+{
+    option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
+    QPalette &colors = option->palette;
+    if (colors.currentColorGroup() != QPalette::Disabled) {
+        const QColor text = ZelThemeColor::legible(colors.color(QPalette::Disabled, QPalette::Text), colors);
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+            colors.setColor(QPalette::Disabled, role, text);
+    }
+    colors.setCurrentColorGroup(QPalette::Disabled);
+}
+
+bool ZelControlSupport::hasCommandModifier(const QKeyEvent *event)
+{
+    return event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
+int ZelControlSupport::wheelSteps(const QWheelEvent *event, int *angle)
+{
+    *angle += event->angleDelta().y();
+    const int steps = *angle / QWheelEvent::DefaultDeltasPerStep;
+    *angle -= steps * QWheelEvent::DefaultDeltasPerStep;
+    return steps;
+}
+
+void ZelControlSupport::letShrink(QWidget *button)
+{
+    QSizePolicy policy = button->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Preferred);
+    button->setSizePolicy(policy);
+}
+
+int ZelControlSupport::fieldHeight(const QWidget *widget, bool framed)
+{
+    QStyleOptionFrame option;
+    option.initFrom(widget);
+    option.lineWidth = framed ? widget->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, widget) : 0;
+    // QLineEdit's smallest text height and its vertical margins.
+    const int height = std::max(option.fontMetrics.height(), 14) + 2;
+    return widget->style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(0, height), widget).height();
+}
+
+void ZelControlSupport::reportEdit(QWidget *control, const std::function<void()> &valueEdited,
+                                   const std::function<void()> &action)
+{
+    const QPointer<QWidget> guard(control);
+    const ZelEventScope delivery; // a clicked list of Qt's own uses the control afterwards, too
+    const ZelUndoGrouping grouping(control);
+    const bool isDone = ZelExceptionReporter::run(control, [&] {
+        valueEdited();
+        if (guard)
+            action();
+    });
+    if (!isDone && guard)
+        ZelExceptionReporter::run(
+            control, [control] { ZelNotificationCenter::defaultCenter()->post(ZelEditDidFailNotification, control); });
+}
+
+void ZelControlSupport::announceValue(QWidget *control, const QVariant &value)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleValueChangeEvent event(control, value);
+    QAccessible::updateAccessibility(&event);
+}
+
+bool ZelControlSupport::isReturn(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}

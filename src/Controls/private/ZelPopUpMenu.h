@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/RunLoop/ZelGuarded.h"
+
+#include <QMenu>
+#include <QPointer>
+
+/// The open menu of a pop-up button. It has no parent, so that it survives when a choice deletes the button.
+class ZelPopUpMenu : public ZelGuarded<QMenu>
+{
+    Q_OBJECT
+public:
+    explicit ZelPopUpMenu(QWidget *button);
+
+    /// The menu draws this item with a check mark; the item itself is not changed.
+    void setMarkedItem(QAction *item) { m_marked = item; }
+    /// Opens the menu with the marked item over the button, or below the button if no item is marked.
+    void open();
+
+protected:
+    /// Home and End go to the first and the last item that can be chosen.
+    void keyPressEvent(QKeyEvent *event) override;
+    void initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    QPointer<QWidget> m_button;
+    QPointer<QAction> m_marked;
+};

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+class QPainter;
+class QRect;
+
+/// Plain text in lines that are broken at a width, each of which begins at the edge that belongs to the text's own
+/// direction.
+class ZelWrappedText
+{
+public:
+    static double height(const QString &text, const QFont &font, double width);
+    /// Draws the lines that fit into the area. If some do not fit, the last drawn line is elided.
+    static void paint(QPainter *painter, const QString &text, const QFont &font, const QRect &area);
+};

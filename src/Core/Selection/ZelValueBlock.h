@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/KeyValue/ZelKeptValue.h"
+#include "Core/KeyValue/ZelKeyPath.h"
+#include "Core/ZelExport.h"
+
+#include <QPointer>
+#include <QVariant>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// A value for each of some objects. They are either any values or values of one type, one after the other in memory,
+/// which needs no QVariant for each object. A block is moved, not copied. A value that is an object reads as absent
+/// once the object has died.
+class ZEL_EXPORT ZelValueBlock
+{
+public:
+    ZelValueBlock() = default;
+    ZelValueBlock(const QVariantList &values)
+        : m_size(values.size())
+        , m_values(values.begin(), values.end())
+    {
+    }
+    /// Makes room for so many values of a type that is copied as memory and has nothing to destroy.
+    ZelValueBlock(QMetaType type, qsizetype size)
+        : m_type(type)
+        , m_stride(type.sizeOf())
+        , m_size(size)
+        , m_bytes(std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride * size)))
+    {
+    }
+
+    qsizetype size() const { return m_size; }
+    /// The type of all values; invalid if they are any values.
+    QMetaType type() const { return m_type; }
+    /// The memory of a value of that type.
+    void *data(qsizetype index) { return m_bytes.get() + index * m_stride; }
+    const void *data(qsizetype index) const { return m_bytes.get() + index * m_stride; }
+    QVariant at(qsizetype index) const
+    {
+        return m_bytes ? QVariant(m_type, data(index)) : m_values[size_t(index)].value();
+    }
+    /// Keeps only the first values.
+    void shrink(qsizetype size) { m_size = size; }
+
+    /// Called for an object and its index right before it is written.
+    using Prepare = std::function<void(const QObject *, qsizetype)>;
+    /// Stores each object's value at the path as ZelSetValueForKeyPath does. Objects that have died are skipped. If one
+    /// throws, the others are written all the same, and then the first exception is thrown on.
+    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const Prepare &prepare = {}) const;
+
+private:
+    QMetaType m_type;
+    qsizetype m_stride = 0;
+    qsizetype m_size = 0;
+    std::unique_ptr<std::byte[]> m_bytes;
+    std::vector<ZelKeptValue> m_values;
+};

@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: MIT
+#include "Core/Selection/private/ZelSelectionProxy.h"
+
+#include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Errors/private/ZelFirstException.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/KeyValue/private/ZelChangeDelivery.h"
+#include "Core/Selection/ZelObjectController.h"
+#include "Core/Selection/private/ZelReadingScope.h"
+#include "Core/Selection/private/ZelSelectionFold.h"
+#include "Core/Selection/private/ZelSelectionRelay.h"
+#include "Core/Values/ZelValues.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+#include <QSet>
+#include <QTimerEvent>
+
+namespace {
+const QEvent::Type g_flushEvent = QEvent::Type(QEvent::registerEventType());
+
+/// All living proxies. The list is never deleted, since some may outlive every static.
+QList<ZelSelectionProxy *> &allProxies()
+{
+    static auto *proxies = new QList<ZelSelectionProxy *>;
+    return *proxies;
+}
+
+} // namespace
+
+ZelSelectionProxy::ZelSelectionProxy(ZelObjectController &controller)
+    : m_controller(controller)
+    , m_deaths(std::make_unique<ZelSelectionRelay>(*this, ZelKeyPath()))
+{
+    allProxies().append(this);
+}
+
+ZelSelectionProxy::~ZelSelectionProxy()
+{
+    allProxies().removeOne(this);
+}
+
+bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
+{
+    if (objects == m_objects)
+        return false;
+    const QPointer<ZelSelectionProxy> alive(this);
+    const QList<ZelKeyPath> paths = m_paths.keys();
+    ZelFirstException failure; // if one observer throws, the others must still hear of the new selection
+    for (const ZelKeyPath &path : paths) {
+        failure.run([&] { noticeBefore(path); });
+        if (!alive) {
+            failure.rethrow();
+            return false;
+        }
+    }
+    m_objects = objects;
+    m_hasDead = false;
+    invalidate();
+    m_deaths->setObjects(m_objects);
+    for (const auto &path : std::as_const(m_paths))
+        listen(*path);
+    connectSlices();
+    const ZelReadingScope reading;
+    for (const ZelKeyPath &path : paths) {
+        if (const auto known = m_paths.value(path)) {
+            known->isDirty = false;
+            failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
+        }
+        failure.run([&] { ZelDidChangeValueForKey(this, ZelKey(path.string())); });
+        if (!alive)
+            break;
+    }
+    failure.rethrow();
+    return bool(alive);
+}
+
+const QList<QPointer<QObject>> &ZelSelectionProxy::objectsOfEachClass() const
+{
+    if (!m_objectsOfEachClass.isEmpty())
+        return m_objectsOfEachClass;
+    QSet<const QMetaObject *> classes;
+    const QMetaObject *last = nullptr; // most selections have one class
+    for (const QPointer<QObject> &object : m_objects) {
+        if (!object || object->metaObject() == last)
+            continue;
+        last = object->metaObject();
+        if (!classes.contains(last))
+            m_objectsOfEachClass.append(object);
+        classes.insert(last);
+    }
+    return m_objectsOfEachClass;
+}
+
+void ZelSelectionProxy::invalidate()
+{
+    m_objectsOfEachClass.clear();
+    for (const auto &path : std::as_const(m_paths))
+        path->isKnown = false;
+}
+
+QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
+{
+    const auto known = m_paths.value(path);
+    if (!known)
+        return ZelSelectionFold::value(m_objects, path);
+    if (known->answersOld)
+        return known->announced.value();
+    const bool hearsAll = !known->isSilent && known->relay->isComplete();
+    const quint64 scope = ZelReadingScope::current();
+    if (!known->isKnown || known->value.hasDied() || (!hearsAll && (scope == 0 || known->scope != scope))) {
+        known->isKnown = true; // set before reading: a getter may cause a change, which clears it
+        known->scope = scope;
+        known->value.keep(ZelSelectionFold::value(m_objects, path));
+    }
+    return known->value.value();
+}
+
+QVariant ZelSelectionProxy::valueForObservers(const Path &path, const ZelKeyPath &keyPath) const
+{
+    const ZelPlaceScope scope(path.observer);
+    return valueForKeyPath(keyPath);
+}
+
+void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPath &path)
+{
+    const ZelObjectController::ChangeBatch batch(&m_controller, path);
+    ZelSelectionFold::setValue(m_objects, value, path);
+}
+
+void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
+{
+    const auto added = std::make_shared<Path>();
+    added->observer = ZelPlaceScope::currentObject();
+    added->relay = std::make_unique<ZelSelectionRelay>(*this, path);
+    m_paths.insert(path, added);
+    m_lastChanged = nullptr;
+    listen(*added);
+    added->isSilent = ZelSelectionFold::isSilent(m_objects, path);
+    added->announced.keep(valueForKeyPath(path));
+    connectSlices();
+}
+
+void ZelSelectionProxy::keyPathIsNoLongerObserved(const ZelKeyPath &path)
+{
+    m_lastChanged = nullptr;
+    m_paths.remove(path);
+}
+
+void ZelSelectionProxy::listen(Path &path)
+{
+    path.relay->setObjects(m_objects);
+}
+
+/// Goes on connecting while the application is idle. When the last slice of a path is connected, a change that was not
+/// heard in the meantime is announced.
+void ZelSelectionProxy::connectSlices()
+{
+    bool isComplete = m_deaths->isComplete();
+    for (const auto &path : std::as_const(m_paths))
+        isComplete = isComplete && path->relay->isComplete();
+    if (isComplete)
+        m_idle.stop();
+    else if (!m_idle.isActive())
+        m_idle.start(0, this);
+}
+
+bool ZelSelectionProxy::handleEvent(QEvent *event)
+{
+    if (event->type() == g_flushEvent) {
+        m_isFlushPosted = false;
+        flush();
+        return true;
+    }
+    if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_idle.timerId())
+        return QObject::event(event);
+    m_deaths->connectSlice();
+    const auto paths = m_paths;
+    for (auto entry = paths.begin(); entry != paths.end(); ++entry) {
+        const std::shared_ptr<Path> &path = entry.value();
+        if (path->relay->isComplete())
+            continue;
+        path->relay->connectSlice();
+        if (path->relay->isComplete()) {
+            path->isSilent = ZelSelectionFold::isSilent(m_objects, entry.key());
+            path->isKnown = false;
+            rereadKeyPath(entry.key());
+        }
+        break; // one slice of one path in a turn
+    }
+    connectSlices();
+    return true;
+}
+
+void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
+{
+    const auto known = m_paths.value(path);
+    if (known && !known->isDirty && hasUnannounced(*known, path))
+        announce(path); // a dirty path is announced anyway, and read then
+}
+
+bool ZelSelectionProxy::hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const
+{
+    return path.announced.hasDied() || ZelNotEqual(valueForObservers(path, keyPath), path.announced.value());
+}
+
+void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
+{
+    // One object of a class tells everything about its own keys, but not about what lies behind them.
+    const QList<QPointer<QObject>> objects = path.isSingleKey() ? objectsOfEachClass() : m_objects;
+    for (const QPointer<QObject> &object : objects) {
+        if (object)
+            visitor(object, path);
+    }
+}
+
+void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
+{
+    // The objects of a large selection change one after the other, nearly always at the same key: once that is marked,
+    // there is nothing more to do.
+    const bool isSame = m_lastChanged && path == m_lastChangedPath;
+    if (isSame && m_lastChanged->isDirty && (m_batches > 0 || m_isFlushPosted)) {
+        m_lastChanged->isKnown = false;
+        return;
+    }
+    const auto known = m_paths.value(path);
+    if (!known)
+        return;
+    m_lastChanged = known.get();
+    m_lastChangedPath = path;
+    known->isKnown = false;
+    if (m_batches == 0 && m_objects.size() <= immediateLimit) {
+        try {
+            announce(path);
+        } catch (...) {
+            tellOthers(this, path);
+            throw;
+        }
+        return;
+    }
+    known->isDirty = true;
+    noticeOwed();
+}
+
+/// Tells the others of a change when an observer of one selection has thrown. The exception ends the signal that a
+/// setter is emitting, so that other paths and selections that listen to it would not hear of the change. The selection
+/// that was told may be gone.
+void ZelSelectionProxy::tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path)
+{
+    const QList<ZelSelectionProxy *> all = allProxies();
+    const QList<QPointer<ZelSelectionProxy>> proxies(all.begin(), all.end());
+    for (const QPointer<ZelSelectionProxy> &proxy : proxies) {
+        const QList<ZelKeyPath> paths = proxy ? proxy->m_paths.keys() : QList<ZelKeyPath>();
+        for (const ZelKeyPath &other : paths) {
+            const auto known = proxy ? proxy->m_paths.value(other) : nullptr;
+            if (!known || (proxy == told && other == path))
+                continue;
+            known->isKnown = false;
+            ZelExceptionReporter::run(nullptr, [&] { proxy->rereadKeyPath(other); });
+        }
+    }
+}
+
+void ZelSelectionProxy::objectDied()
+{
+    m_hasDead = true;
+    invalidate();
+    if (m_batches == 0 && m_objects.size() <= immediateLimit)
+        flush();
+    else
+        noticeOwed();
+}
+
+void ZelSelectionProxy::noticeOwed()
+{
+    if (m_batches > 0 || std::exchange(m_isFlushPosted, true))
+        return;
+    QCoreApplication::postEvent(this, new QEvent(g_flushEvent), Qt::HighEventPriority);
+}
+
+void ZelSelectionProxy::endBatch()
+{
+    if (--m_batches == 0)
+        flush();
+}
+
+/// Delivers the notice before a change. Meanwhile the path answers the value that observers know, even if an object has
+/// died since.
+void ZelSelectionProxy::noticeBefore(const ZelKeyPath &path)
+{
+    const std::shared_ptr<Path> known = m_paths.value(path);
+    if (!known)
+        return;
+    const QScopedValueRollback old(known->answersOld, true);
+    ZelWillChangeValueForKey(this, ZelKey(path.string()));
+}
+
+void ZelSelectionProxy::announce(const ZelKeyPath &path)
+{
+    const std::shared_ptr<Path> known = m_paths.value(path);
+    if (!known)
+        return;
+    known->isDirty = false;
+    const ZelKey key(path.string());
+    const QPointer<ZelSelectionProxy> alive(this);
+    ZelFirstException failure;
+    failure.run([&] { noticeBefore(path); });
+    if (alive)
+        failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
+    if (alive)
+        failure.run([&] { ZelDidChangeValueForKey(this, key); });
+    failure.rethrow();
+}
+
+void ZelSelectionProxy::flush()
+{
+    const QPointer<ZelSelectionProxy> alive(this);
+    ZelFirstException failure;
+    if (m_hasDead)
+        failure.run([this] { dropDead(); });
+    const auto paths = alive ? m_paths : QHash<ZelKeyPath, std::shared_ptr<Path>>();
+    ZelChangeDelivery::run([&] {
+        for (auto entry = paths.begin(); alive && entry != paths.end(); ++entry) {
+            if (entry.value()->isDirty)
+                failure.run([&] { announce(entry.key()); });
+        }
+        failure.rethrow();
+    });
+}
+
+void ZelSelectionProxy::dropDead()
+{
+    m_hasDead = false;
+    QList<QPointer<QObject>> living = m_objects;
+    living.removeIf([](const QPointer<QObject> &object) { return object.isNull(); });
+    m_controller.replaceSelection(living);
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/KeyValue/ZelKeptValue.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/RunLoop/ZelGuarded.h"
+
+#include <QBasicTimer>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+class ZelObjectController;
+class ZelSelectionRelay;
+
+/// Many objects answering as one.
+///
+/// Reading a key path folds the objects' values and stops at the first disagreement. The answer is kept until something
+/// is heard that may change it. Objects are connected for a key path when that is first observed: a few at once, a
+/// large selection in slices while the application is idle, so that selecting does not stall the window. What changed
+/// in between is noticed when the last slice is connected. Changes of a few objects are announced as they happen. Those
+/// of a large selection are announced once, at the end of the event-loop turn: reading all values again after each
+/// change would take time by the square of their number.
+class ZelSelectionProxy : public ZelGuarded<QObject>, public ZelKeyValueCodingInterface
+{
+    Q_OBJECT
+    Q_INTERFACES(ZelKeyValueCodingInterface)
+public:
+    explicit ZelSelectionProxy(ZelObjectController &controller);
+    ~ZelSelectionProxy() override;
+
+    const QList<QPointer<QObject>> &objects() const { return m_objects; }
+    /// Answers false if nothing changed, or if an observer deleted the controller.
+    bool setObjects(const QList<QPointer<QObject>> &objects);
+
+    void beginBatch() { ++m_batches; }
+    void endBatch();
+
+    QVariant valueForKeyPath(const ZelKeyPath &path) const override;
+    void setValueForKeyPath(const QVariant &value, const ZelKeyPath &path) override;
+    void keyPathWillBeObserved(const ZelKeyPath &path) override;
+    void keyPathIsNoLongerObserved(const ZelKeyPath &path) override;
+    void rereadKeyPath(const ZelKeyPath &path) override;
+    void visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const override;
+
+    /// Called by a relay when an object has changed at the path, or has died.
+    void objectChanged(const ZelKeyPath &path);
+    void objectDied();
+
+    bool handleEvent(QEvent *event) override;
+
+    /// Changes of up to this many objects are announced as they happen.
+    static constexpr qsizetype immediateLimit = 32;
+
+private:
+    struct Path
+    {
+        std::unique_ptr<ZelSelectionRelay> relay;
+        ZelKeptValue value;               // the fold
+        ZelKeptValue announced;           // the fold that observers know
+        bool isKnown = false;             // value was read, and no change has been heard of since
+        quint64 scope = 0;                // the reading scope in which it was read
+        bool isDirty = false;             // a notice is owed
+        bool isSilent = false;            // the fold may change without being heard
+        bool answersOld = false;          // set during the notice before a change
+        QPointer<const QObject> observer; // the first one, which has a place in a description
+    };
+    const QList<QPointer<QObject>> &objectsOfEachClass() const;
+    /// Reads on behalf of the path's observers, so that what is thrown names the place of one.
+    QVariant valueForObservers(const Path &path, const ZelKeyPath &keyPath) const;
+    void listen(Path &path);
+    void invalidate();
+    void noticeBefore(const ZelKeyPath &path);
+    void announce(const ZelKeyPath &path);
+    bool hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const;
+    static void tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path);
+    void connectSlices();
+    void noticeOwed();
+    void flush();
+    void dropDead();
+
+    ZelObjectController &m_controller;
+    QList<QPointer<QObject>> m_objects;
+    mutable QList<QPointer<QObject>> m_objectsOfEachClass;    // empty until it is asked for
+    mutable QHash<ZelKeyPath, std::shared_ptr<Path>> m_paths; // the observed ones
+    Path *m_lastChanged = nullptr;                            // the one of m_paths at m_lastChangedPath
+    ZelKeyPath m_lastChangedPath;
+    std::unique_ptr<ZelSelectionRelay> m_deaths;
+    QBasicTimer m_idle;
+    int m_batches = 0;
+    bool m_isFlushPosted = false;
+    bool m_hasDead = false;
+};

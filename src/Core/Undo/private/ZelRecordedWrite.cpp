@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "Core/Undo/private/ZelRecordedWrite.h"
+
+#include "Core/Errors/private/ZelFirstException.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/KeyValue/private/ZelClassAccessors.h"
+#include "Core/Selection/private/ZelSelectionProxy.h"
+#include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelValues.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// Where a write at a path really stores: some objects, the path below them, and their values before.
+struct Target
+{
+    QList<QPointer<QObject>> objects;
+    ZelKeyPath path;
+    QVariantList oldValues;
+
+    /// Takes the values of the living objects that have the path; the others leave the list.
+    void readOldValues()
+    {
+        ZelClassAccessors accessors(path);
+        oldValues.reserve(objects.size());
+        objects.removeIf([&](const QPointer<QObject> &object) {
+            const std::optional<QVariant> value = object ? accessors.read(object) : std::nullopt;
+            if (value)
+                oldValues.append(*value);
+            return !value;
+        });
+    }
+};
+
+/// Finds the targets of a write. Where the path goes on below a selection, each selected object leads to a target of
+/// its own. An absent object on the way is no target, since nothing is stored behind it.
+void resolve(QObject *root, const ZelKeyPath &path, std::vector<Target> &targets)
+{
+    QObject *object = root;
+    ZelKeyPath rest = path;
+    while (object) {
+        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
+            if (rest.isSingleKey()) {
+                targets.push_back({proxy->objects(), rest, {}});
+                return;
+            }
+            for (const QPointer<QObject> &selected : proxy->objects())
+                resolve(selected, rest, targets);
+            return;
+        }
+        if (rest.isSingleKey() || !ZelHasKey(object, rest.first()))
+            break;
+        const QVariant value = ZelValueForKey(object, rest.first());
+        if (ZelIsNull(value))
+            return;
+        QObject *next = ZelObject(value);
+        if (!next)
+            break; // what is left leads into a value
+        object = next;
+        rest = rest.rest();
+    }
+    if (object)
+        targets.push_back({{object}, rest, {}});
+}
+
+/// Whether a living object has another value now. As a rule the first one has.
+bool hasChanged(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &oldValues)
+{
+    ZelClassAccessors accessors(path);
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const std::optional<QVariant> value = objects.at(i) ? accessors.read(objects.at(i)) : oldValues.at(i);
+        if (!value || ZelNotEqual(*value, oldValues.at(i)))
+            return true;
+    }
+    return false;
+}
+
+/// Records a write, unless it changed nothing. If something was thrown, only the objects that have another value now
+/// count as written.
+void record(ZelUndoManager *manager, const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
+            ZelValueBlock oldValues, ZelValueBlock newValues, bool hasThrown)
+{
+    // Opened even if nothing changed: it makes the manager forget the edit before, whose step would otherwise get this
+    // one's name.
+    const ZelUndoGrouping grouping(manager);
+    if (!hasThrown) {
+        if (hasChanged(objects, path, oldValues))
+            manager->recordWrite(objects, path, std::move(oldValues), std::move(newValues));
+        return;
+    }
+    ZelClassAccessors accessors(path);
+    QList<QPointer<QObject>> changed;
+    QVariantList before;
+    QVariantList after;
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const QPointer<QObject> object = objects.at(i);
+        const QVariant old = oldValues.at(i);
+        if (!object || ZelEqual(accessors.read(object).value_or(old), old))
+            continue;
+        changed.append(object);
+        before.append(old);
+        after.append(newValues.at(i));
+    }
+    manager->recordWrite(changed, path, before, after);
+}
+
+} // namespace
+
+void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    std::vector<Target> targets;
+    if (manager && manager->recordsEdits()) {
+        resolve(root, path, targets);
+        for (Target &target : targets)
+            target.readOldValues();
+    }
+    ZelFirstException errors;
+    errors.run([&] { ZelSetValueForKeyPath(root, value, path); });
+    const bool hasThrown = errors.hasOccurred();
+    errors.run([&] {
+        const ZelUndoGrouping grouping(manager); // one step, however many targets
+        for (const Target &target : targets) {
+            if (manager)
+                record(manager, target.objects, target.path, target.oldValues,
+                       QVariantList(target.oldValues.size(), value), hasThrown);
+        }
+    });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
+}
+
+void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    const QList<QPointer<QObject>> pointers(objects.begin(), objects.end());
+    ZelClassAccessors accessors(path);
+    const bool records = manager && manager->recordsEdits();
+    QVariantList before; // read ahead for all, since an object may be changed by another's setter before its turn
+    for (qsizetype i = 0; records && i < pointers.size(); ++i)
+        before.append(pointers.at(i) ? accessors.read(pointers.at(i)).value_or(QVariant()) : QVariant());
+
+    QList<QPointer<QObject>> written;
+    QVariantList oldValues;
+    QVariantList newValues;
+    ZelFirstException errors;
+    bool isFound = false;
+    const bool isSingleKey = path.isSingleKey();
+    for (qsizetype i = 0; i < pointers.size(); ++i) {
+        const QPointer<QObject> &object = pointers.at(i);
+        errors.run([&] {
+            const std::optional<QVariant> stored = object ? accessors.read(object) : std::nullopt;
+            isFound = isFound || stored;
+            const std::optional<QVariant> value = stored ? map(*stored) : std::nullopt;
+            if (!value || !object)
+                return;
+            if (records) {
+                written.append(object);
+                oldValues.append(before.at(i));
+                newValues.append(*value);
+            }
+            if (isSingleKey)
+                accessors.write(object, *value);
+            else
+                ZelSetValueForKey(object, *value, ZelKey(path.string())); // throws, as a path is no key
+        });
+    }
+    const bool hasThrown = errors.hasOccurred();
+    const auto living = std::find_if(pointers.begin(), pointers.end(), [](const auto &object) { return bool(object); });
+    if (!isFound && !hasThrown && living != pointers.end())
+        errors.run([&] { (void)ZelValueForKeyPath(living->data(), path); }); // raises: the object lacks the key
+    if (manager && records)
+        errors.run([&] { record(manager, written, path, oldValues, newValues, hasThrown); });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
+}
+
+void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
+                                 ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    ZelFirstException errors;
+    errors.run([&] {
+        newValues.write(objects, path, [&](const QObject *object, qsizetype i) {
+            refresh(object, oldValues.data(i), newValues.data(i));
+        });
+    });
+    const bool hasThrown = errors.hasOccurred();
+    if (manager)
+        errors.run([&] { record(manager, objects, path, std::move(oldValues), std::move(newValues), hasThrown); });
+    errors.run([] { ZelRereadSilentProperties(); });
+    errors.rethrow();
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/KeyValue/ZelKeyPath.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+#include <functional>
+#include <optional>
+
+class ZelUndoManager;
+class ZelValueBlock;
+
+/// Makes a user's writes: records them for undo, and rereads the properties that cannot announce changes.
+///
+/// Objects are written one after the other. If one throws, the others are written all the same; what has changed is
+/// recorded, and then the first exception is thrown on. Nothing is recorded if no living object has another value
+/// afterwards. Objects without the key are passed over, unless no object has it: then ZelUndefinedKeyException is
+/// thrown.
+class ZelRecordedWrite
+{
+public:
+    /// The manager may be null: nothing is recorded then.
+    explicit ZelRecordedWrite(ZelUndoManager *manager)
+        : m_manager(manager)
+    {
+    }
+
+    /// Stores the value at the path. If the path runs through a controller's selection, each selected object's own old
+    /// value is recorded.
+    void setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const;
+
+    /// Answers the new value for an object's present one; nothing leaves the object as it is.
+    using Map = std::function<std::optional<QVariant>(const QVariant &)>;
+    /// Reads each object's value at the path, maps it and stores the answer before the next object is read: a setter
+    /// may have changed that one. The path must be a single key to be stored at.
+    void mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const;
+
+    /// Called right before an object is written. If the object has another value than the old one by now, it makes the
+    /// new value anew.
+    using Refresh = std::function<void(const QObject *, const void *oldValue, void *newValue)>;
+    /// Stores a value of its own in each object; the caller knows the old ones.
+    void setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues, ZelValueBlock newValues,
+                   const ZelKeyPath &path, const Refresh &refresh) const;
+
+private:
+    ZelUndoManager *m_manager;
+};

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Description/private/ZelDescriptionFiles.h"
+
+#include "Core/Errors/ZelAssertions.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ZelDescriptionFiles", text);
+}
+
+} // namespace
+
+ZelDescriptionFiles::Opened::Opened(ZelDescriptionFiles *files, const QUrl &url, const ZelInspectorConfiguration &root)
+    : m_files(files)
+    , m_root(root)
+{
+    files->m_open.append({url, root.place().file});
+}
+
+ZelDescriptionFiles::Opened ZelDescriptionFiles::open(const QUrl &url, const ZelSourcePlace &place)
+{
+    if (m_open.size() >= maximumDepth)
+        fail(url, tr("More than %1 files are nested.").arg(maximumDepth), place);
+    const ZelInspectorConfiguration root = read(url, place);
+    checkCycle(url, root.place().file, place);
+    const int limit = ZelInspectorConfiguration::limits().elements;
+    m_elements += root.element().elementCount();
+    if (m_elements > limit)
+        fail(url, tr("More than %1 elements are described.").arg(limit), place);
+    return Opened(this, url, root);
+}
+
+ZelInspectorConfiguration ZelDescriptionFiles::read(const QUrl &url, const ZelSourcePlace &place)
+{
+    if (const auto known = m_read.constFind(url); known != m_read.constEnd())
+        return *known;
+    ZelReadError error;
+    const std::optional<ZelInspectorConfiguration> root = ZelInspectorConfiguration::initWIthURL(url, &error);
+    // A fault within the file is shown there, any other at the element that names the file.
+    if (!root)
+        fail(url, error.localizedDescription(), error.place.line > 0 || place.file.isEmpty() ? error.place : place);
+    m_read.insert(url, *root);
+    return *root;
+}
+
+void ZelDescriptionFiles::checkCycle(const QUrl &url, const QString &path, const ZelSourcePlace &place) const
+{
+    const auto first = std::find_if(m_open.begin(), m_open.end(), [&](const File &file) { return file.path == path; });
+    if (first == m_open.end())
+        return;
+    QStringList names;
+    for (auto file = first; file != m_open.end(); ++file)
+        names.append(QFileInfo(file->path).fileName());
+    names.append(names.first());
+    fail(url, tr("The file includes itself: %1").arg(names.join(QStringLiteral(" > "))), place);
+}
+
+void ZelDescriptionFiles::warnOnce(const QString &message, const ZelSourcePlace &place)
+{
+    const QString text = place.appendedTo(message);
+    if (m_warnings.contains(text))
+        return;
+    m_warnings.insert(text);
+    ZelLogWarning(message, place);
+}
+
+void ZelDescriptionFiles::fail(const QUrl &url, const QString &description, const ZelSourcePlace &place)
+{
+    throw ZelGenericException(QStringLiteral("Unable to read file from URL %1: %2").arg(url.toString(), description),
+                              place);
+}
+
+ZelDescriptionFiles::Entered::Entered(ZelDescriptionFiles *files, const ZelInspectorConfiguration &element)
+{
+    if (!files || files->m_open.isEmpty())
+        return;
+    const QUrl &url = files->m_open.last().url;
+    if (files->m_depth >= maximumDepth)
+        fail(url, tr("More than %1 elements are nested.").arg(maximumDepth), element.place());
+    m_files = files;
+    ++files->m_depth;
+}

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/Description/ZelInspectorConfiguration.h"
+
+#include <QHash>
+#include <QSet>
+
+/// The files that one description is made of, while something is built from it.
+///
+/// Files include each other, and may come from anybody: none may include itself, directly or through others, and depth
+/// and the amount of what is described are limited, since a few files that each include the next one twice describe
+/// more than any memory holds. All elements count, even those from which nothing is made, and they count each time
+/// their file is included; the limits of ZelInspectorConfiguration say how many there may be. A file that cannot be
+/// read and a breach of a limit are a ZelGenericException, "Unable to read file from URL ...: ...". A file is read
+/// once, however often it is included.
+class ZelDescriptionFiles
+{
+public:
+    static constexpr int maximumDepth = 64; ///< elements within each other, across files
+
+    /// A file on the way from the description to the element that is being built, as long as it is on that way.
+    class Opened
+    {
+    public:
+        ~Opened() { m_files->m_open.removeLast(); }
+        Q_DISABLE_COPY_MOVE(Opened)
+        const ZelInspectorConfiguration &root() const { return m_root; }
+
+    private:
+        friend class ZelDescriptionFiles;
+        Opened(ZelDescriptionFiles *files, const QUrl &url, const ZelInspectorConfiguration &root);
+
+        ZelDescriptionFiles *m_files;
+        ZelInspectorConfiguration m_root;
+    };
+    /// Opens a file; the place is that of the element that includes it, empty for the first file.
+    Opened open(const QUrl &url, const ZelSourcePlace &place = {});
+
+    /// Logs a warning, once however often the file is included.
+    void warnOnce(const QString &message, const ZelSourcePlace &place);
+
+    /// An element on the way to the one that is being built. Without files nothing is limited.
+    class Entered
+    {
+    public:
+        Entered(ZelDescriptionFiles *files, const ZelInspectorConfiguration &element);
+        ~Entered()
+        {
+            if (m_files)
+                --m_files->m_depth;
+        }
+        Q_DISABLE_COPY_MOVE(Entered)
+
+    private:
+        ZelDescriptionFiles *m_files = nullptr;
+    };
+
+private:
+    struct File
+    {
+        QUrl url;
+        QString path; // canonical
+    };
+    ZelInspectorConfiguration read(const QUrl &url, const ZelSourcePlace &place);
+    void checkCycle(const QUrl &url, const QString &path, const ZelSourcePlace &place) const;
+    [[noreturn]] static void fail(const QUrl &url, const QString &description, const ZelSourcePlace &place);
+
+    QHash<QUrl, ZelInspectorConfiguration> m_read;
+    QSet<QString> m_warnings;
+    QList<File> m_open;
+    int m_depth = 0;
+    qint64 m_elements = 0;
+};

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Properties/private/ZelOptionValue.h"
+
+#include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelNumberScanner.h"
+#include "Inspector/Properties/ZelOptionGroup.h"
+
+#include <QMetaEnum>
+
+namespace {
+
+bool isEnumeration(QMetaType type)
+{
+    return type.flags().testFlag(QMetaType::IsEnumeration);
+}
+
+std::optional<int> numberOfKey(QMetaType type, const QString &key)
+{
+    const QMetaObject *declaring = type.metaObject();
+    const QByteArray name(type.name());
+    const int index = declaring ? declaring->indexOfEnumerator(name.mid(name.lastIndexOf(':') + 1).constData()) : -1;
+    bool isKey = false;
+    const int number = index < 0 ? -1 : declaring->enumerator(index).keysToValue(key.toUtf8().constData(), &isKey);
+    return isKey ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+void ZelOptionValue::setText(ZelOption *option, const QString &text, const ZelSourcePlace &place)
+{
+    option->text = text;
+    if (!place.isEmpty() && !text.isNull() && !ZelNumberScanner::isInteger(text))
+        ZelSourcePlace::setForObject(option, place); // only texts may be warned of later
+}
+
+QMetaType ZelOptionValue::typeOf(const QVariant &modelValue)
+{
+    if (ZelIsControllerMarker(modelValue))
+        return {};
+    const QMetaType type = modelValue.metaType();
+    if (type == QMetaType::fromType<QString>() || isEnumeration(type))
+        return type;
+    return ZelIsNumber(modelValue) ? QMetaType::fromType<qint64>() : QMetaType();
+}
+
+QVariant ZelOptionValue::forType(QMetaType type, const QVariant &number, const QString &text)
+{
+    if (text.isNull())
+        return number;
+    if (type == QMetaType::fromType<QString>())
+        return text;
+    if (ZelNumberScanner::isInteger(text))
+        return number;
+    if (!type.isValid())
+        return text;
+    const std::optional<int> key = isEnumeration(type) ? numberOfKey(type, text) : std::nullopt;
+    return key ? QVariant(*key) : number;
+}
+
+void ZelOptionValue::warnOfTexts(const ZelOptionGroup *group, QMetaType type)
+{
+    if (!type.isValid() || type == QMetaType::fromType<QString>())
+        return;
+    for (const ZelOption *option : group->options()) {
+        if (option->text.isNull() || ZelNumberScanner::isInteger(option->text))
+            continue;
+        const QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(option->text);
+        if (!isEnumeration(type))
+            ZelLogWarning(message, ZelSourcePlace::ofObject(option));
+        else if (!numberOfKey(type, option->text))
+            ZelLogWarning(message + u" and no key of " + QString::fromUtf8(type.name()),
+                          ZelSourcePlace::ofObject(option));
+    }
+}

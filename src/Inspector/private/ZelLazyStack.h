@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Inspector/ZelInspectorConditionalContainer.h"
+#include "Inspector/private/ZelTabOrder.h"
+#include "ViewController/ZelView.h"
+
+/// Makes the stack show the views of those children that are visible or were before. A child that is not visible and
+/// has no view does not get one; a view that has been made stays in the stack and hides itself.
+template<typename Child> void ZelStackLazily(ZelView *stack, const QList<Child *> &children)
+{
+    QList<QWidget *> views;
+    views.reserve(children.size());
+    for (Child *child : children) {
+        ZelView *view = child->isViewLoaded() || child->isVisible() ? child->view() : nullptr;
+        if (view)
+            views.append(view);
+    }
+    if (views == stack->subviews())
+        return;
+    const ZelTabOrder tabOrder(stack);
+    stack->setSubviews(views);
+    tabOrder.followSubviews();
+}

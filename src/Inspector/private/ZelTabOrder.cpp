@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/private/ZelTabOrder.h"
+
+#include "ViewController/ZelView.h"
+
+namespace {
+
+bool isTabStop(const QWidget *widget)
+{
+    return (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !widget->isWindow();
+}
+
+/// Collects the tab stops below the widget in the order of its children, but none within another tab stop: their order
+/// is that control's own affair.
+void collectTabStops(const QWidget *widget, QList<QWidget *> &stops)
+{
+    for (QObject *object : widget->children()) {
+        auto *child = qobject_cast<QWidget *>(object);
+        if (!child || child->isWindow())
+            continue;
+        if (isTabStop(child))
+            stops.append(child);
+        else
+            collectTabStops(child, stops);
+    }
+}
+
+QList<QWidget *> tabStopsOf(const QWidget *widget)
+{
+    QList<QWidget *> stops;
+    collectTabStops(widget, stops);
+    return stops;
+}
+
+/// The tab stop that is visited before this one; null if there is none, or if it lies below the view as well.
+QWidget *visitedBefore(const QWidget *stop, const QWidget *view)
+{
+    QWidget *before = stop->previousInFocusChain();
+    while (before && before != stop && !isTabStop(before))
+        before = before->previousInFocusChain();
+    return before && before != stop && !view->isAncestorOf(before) ? before : nullptr;
+}
+
+/// The last tab stop in the nearest view that stands before this one and has any; null if there is none.
+QWidget *standingBefore(const QWidget *view)
+{
+    const QWidget *parent = view->isWindow() ? nullptr : view->parentWidget();
+    if (!qobject_cast<const ZelView *>(parent))
+        return nullptr;
+    const QObjectList &siblings = parent->children();
+    for (qsizetype i = siblings.indexOf(const_cast<QWidget *>(view)) - 1; i >= 0; --i) {
+        auto *sibling = qobject_cast<QWidget *>(siblings.at(i));
+        if (!sibling || sibling->isWindow())
+            continue;
+        const QList<QWidget *> stops = isTabStop(sibling) ? QList<QWidget *>{sibling} : tabStopsOf(sibling);
+        if (!stops.isEmpty())
+            return stops.last();
+    }
+    return standingBefore(parent);
+}
+
+} // namespace
+
+ZelTabOrder::ZelTabOrder(QWidget *view)
+    : m_view(view)
+{
+    const QList<QWidget *> stops = tabStopsOf(view);
+    m_before = stops.isEmpty() ? standingBefore(view) : visitedBefore(stops.first(), view);
+}
+
+void ZelTabOrder::followSubviews() const
+{
+    QWidget *previous = m_before;
+    for (QWidget *stop : m_view ? tabStopsOf(m_view) : QList<QWidget *>()) {
+        if (previous)
+            QWidget::setTabOrder(previous, stop);
+        previous = stop;
+    }
+}

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "Resources/ZelColorList.h"
+
+#include "Resources/ZelSystemColors.h"
+
+#include <algorithm>
+
+namespace {
+
+ZelColorListPtr makeCrayons()
+{
+    constexpr std::pair<const char *, QRgb> crayons[] = {
+        {"Black", 0x000000},   {"Graphite", 0x404040}, {"Gray", 0x808080},   {"Silver", 0xC0C0C0}, {"White", 0xFFFFFF},
+        {"Red", 0xFF0000},     {"Brick", 0x9C2F22},    {"Orange", 0xFF8000}, {"Amber", 0xFFBF00},  {"Yellow", 0xFFFF00},
+        {"Lime", 0x80FF00},    {"Green", 0x00C000},    {"Forest", 0x1E6B2D}, {"Teal", 0x008080},   {"Cyan", 0x00FFFF},
+        {"Sky", 0x70B8F0},     {"Blue", 0x0000FF},     {"Navy", 0x102060},   {"Indigo", 0x4B2A99}, {"Violet", 0x8A3FD1},
+        {"Magenta", 0xFF00FF}, {"Pink", 0xFF9EC4},     {"Brown", 0x7A4B28},  {"Sand", 0xD9C49A},
+    };
+    QList<ZelColorList::Entry> entries;
+    for (const auto &[key, rgb] : crayons)
+        entries.append({QString::fromLatin1(key), ZelColor(QColor(rgb))});
+    return ZelColorListPtr::create(QStringLiteral("Crayons"), entries);
+}
+
+QList<ZelColorListPtr> &lists()
+{
+    static QList<ZelColorListPtr> all = {
+        makeCrayons(),
+        ZelColorListPtr::create(QStringLiteral("System"), ZelSystemColors::keys(), &ZelSystemColors::color),
+    };
+    return all;
+}
+
+template<typename List> auto findNamed(List &list, const QString &name)
+{
+    return std::find_if(list.begin(), list.end(), [&](const ZelColorListPtr &item) { return item->name() == name; });
+}
+
+template<typename Entries> auto findKey(Entries &entries, const QString &key)
+{
+    return std::find_if(entries.begin(), entries.end(),
+                        [&](const ZelColorList::Entry &entry) { return entry.first == key; });
+}
+
+} // namespace
+
+ZelColorList::ZelColorList(const QString &name, const QList<Entry> &entries)
+    : m_name(name)
+    , m_entries(entries)
+{
+}
+
+ZelColorList::ZelColorList(const QString &name, const QStringList &keys, const Source &source)
+    : m_name(name)
+    , m_source(source)
+{
+    for (const QString &key : keys)
+        m_entries.append({key, ZelColor::named(name, key)});
+}
+
+QStringList ZelColorList::allKeys() const
+{
+    QStringList keys;
+    for (const Entry &entry : m_entries)
+        keys.append(entry.first);
+    return keys;
+}
+
+ZelColor ZelColorList::colorWithKey(const QString &key) const
+{
+    const auto entry = findKey(m_entries, key);
+    return entry == m_entries.end() ? ZelColor() : entry->second;
+}
+
+QColor ZelColorList::computedColorWithKey(const QString &key) const
+{
+    return m_source ? m_source(key) : QColor();
+}
+
+void ZelColorList::setColorForKey(const ZelColor &color, const QString &key)
+{
+    const auto entry = findKey(m_entries, key);
+    if (entry == m_entries.end())
+        m_entries.append({key, color});
+    else
+        entry->second = color;
+}
+
+void ZelColorList::removeColorWithKey(const QString &key)
+{
+    m_entries.removeIf([&](const Entry &entry) { return entry.first == key; });
+}
+
+QList<ZelColorListPtr> ZelColorList::availableColorLists()
+{
+    return lists();
+}
+
+ZelColorListPtr ZelColorList::colorListNamed(const QString &name)
+{
+    const QList<ZelColorListPtr> &all = lists();
+    const auto list = findNamed(all, name);
+    return list == all.end() ? ZelColorListPtr() : *list;
+}
+
+void ZelColorList::addColorList(const ZelColorListPtr &list)
+{
+    if (!list)
+        return;
+    const auto place = findNamed(lists(), list->name());
+    if (place == lists().end())
+        lists().append(list);
+    else
+        *place = list;
+}
+
+void ZelColorList::removeColorListNamed(const QString &name)
+{
+    lists().removeIf([&](const ZelColorListPtr &list) { return list->name() == name; });
+}

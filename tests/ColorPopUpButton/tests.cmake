@@ -1,3 +1,0 @@
-# SPDX-License-Identifier: MIT
-zel_test(ColorPopUpButton/tst_ZelUsedColorList zel_colorpopupbutton)
-zel_test(ColorPopUpButton/tst_ZelColorPopUpButton zel_colorpopupbutton)

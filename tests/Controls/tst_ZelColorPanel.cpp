@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/ZelColorPanel.h"
+#include "Controls/private/ZelColorPanelClient.h"
+#include "Core/Undo/ZelUndoManager.h"
+
+#include <QColorDialog>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+/// A widget that edits a colour with the panel.
+class Client : public QWidget
+{
+public:
+    Client()
+    {
+        ZelUndoManager::setForWindow(this, &undo);
+        connect(&link, &ZelColorPanelClient::colorChosen, this, [this](const QColor &chosen) {
+            taken.append(chosen);
+            color = chosen;
+            undo.registerUndo([] {}, [] {});
+            if (whenTaken)
+                whenTaken();
+        });
+        show();
+    }
+    ~Client() override { link.deactivate(); }
+
+    ZelUndoManager undo;
+    QColor color;
+    QList<QColor> taken;
+    bool takesColors = true;
+    std::function<void()> whenTaken;
+    ZelColorPanelClient link{this, [this] { return takesColors; }, [this] { return color; }};
+};
+
+} // namespace
+
+class tst_ZelColorPanel : public QObject
+{
+    Q_OBJECT
+
+    ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
+    QColorDialog *dialog() { return static_cast<QColorDialog *>(panel->window()); }
+
+private Q_SLOTS:
+    void cleanup() { panel->close(); }
+
+    void onlyTheUsersChangesAreReported()
+    {
+        const QSignalSpy changes(panel, &ZelColorPanel::colorDidChange);
+        QCOMPARE(panel->color(), QColor(Qt::black));
+        panel->setColor(Qt::red);
+        panel->setColor(QColor());
+        panel->setShowsAlpha(true);
+        panel->setColor(QColor(1, 2, 3, 4));
+        QCOMPARE(changes.count(), 0);
+        QCOMPARE(panel->color(), QColor(1, 2, 3, 4));
+        dialog()->setCurrentColor(QColor(9, 8, 7, 4));
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(panel->color(), QColor(9, 8, 7, 4));
+        panel->setShowsAlpha(false);
+        QCOMPARE(panel->color(), QColor(9, 8, 7));
+    }
+
+    /// The hue of a grey is in the panel alone.
+    void aColourShownAgainKeepsWhatTheUserSees()
+    {
+        panel->setColor(Qt::red);
+        const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>(); // hue, saturation, value
+        connect(panel, &ZelColorPanel::colorDidChange, this, [this] { panel->setColor(panel->color()); });
+        fields.at(0)->setValue(200);
+        fields.at(1)->setValue(0);
+        fields.at(1)->setValue(100);
+        panel->disconnect(this);
+        QCOMPARE(fields.at(0)->value(), 200);
+    }
+
+    void itStaysAboveTheClientsWindowAndOutlivesIt()
+    {
+        auto client = std::make_unique<QWidget>();
+        client->show();
+        QObject delegate;
+        panel->setDelegate(&delegate);
+        panel->orderFront(client.get());
+        QVERIFY(panel->isVisible());
+        QVERIFY(!dialog()->isModal());
+        QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        QWidget popUp(client.get(), Qt::Popup); // which closes at the first click into the panel
+        popUp.show();
+        panel->orderFront(&popUp);
+        QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        popUp.setParent(nullptr);
+        client.reset();
+        QVERIFY(panel->isVisible());
+        panel->orderFront(nullptr);
+        const QSignalSpy closes(panel, &ZelColorPanel::willClose);
+        QTest::keyClick(dialog(), Qt::Key_Escape);
+        QCOMPARE(closes.count(), 1);
+        QVERIFY(!panel->isVisible());
+        QCOMPARE(panel->delegate(), &delegate);
+    }
+
+    void aDragIsOneUndoStep()
+    {
+        Client client;
+        client.color = Qt::gray;
+        client.link.activate(&client);
+        QVERIFY(QTest::qWaitForWindowExposed(dialog()));
+        QWidget *picker = nullptr;
+        const QList<QWidget *> widgets = dialog()->findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            if (QByteArray(widget->metaObject()->className()).endsWith("QColorPicker"))
+                picker = widget;
+        }
+        QVERIFY(picker);
+        client.whenTaken = [&client] {
+            client.color = QColor(9, 9, 200); // by a strict model
+            client.link.showColor();
+        };
+        const QSignalSpy ends(panel, &ZelColorPanel::trackingDidEnd);
+        const QPoint place = picker->mapTo(dialog(), picker->rect().center());
+        QTest::mousePress(dialog()->windowHandle(), Qt::LeftButton, {}, place);
+        for (int i = 1; i < 5; ++i)
+            QTest::mouseMove(dialog()->windowHandle(), place + QPoint(9 * i, 2));
+        QVERIFY(panel->isTracking());
+        QVERIFY(client.taken.size() > 3);
+        QVERIFY(panel->color() != client.color); // it leads
+        QCOMPARE(client.undo.groupingLevel(), 1);
+        QTest::mouseRelease(dialog()->windowHandle(), Qt::LeftButton, {}, place + QPoint(36, 2));
+        QTRY_COMPARE(ends.count(), 1);
+        QVERIFY(!panel->isTracking());
+        QCOMPARE(client.undo.groupingLevel(), 0);
+        QCOMPARE(client.undo.stack()->count(), 1);
+        QCOMPARE(panel->color(), QColor(9, 9, 200));
+    }
+
+    void aClientFollowsThePanelWhileItIsOpen()
+    {
+        Client client;
+        const QSignalSpy changes(&client.link, &ZelColorPanelClient::activeChanged);
+        client.link.setShowsAlpha(true);
+        panel->setColor(Qt::white);
+        client.link.activate(&client);
+        client.link.activate(&client);
+        QVERIFY(client.link.isActive() && panel->isVisible() && panel->showsAlpha());
+        QCOMPARE(panel->delegate(), &client);
+        QCOMPARE(panel->color(), QColor(Qt::black)); // there was none to show
+        QCOMPARE(changes.count(), 1);
+        dialog()->setCurrentColor(QColor(1, 2, 3));
+        QCOMPARE(client.taken, QList<QColor>{QColor(1, 2, 3)});
+        client.color = Qt::green;
+        client.link.showColor();
+        QCOMPARE(panel->color(), QColor(Qt::green));
+        client.color = QColor();
+        client.link.showColor();
+        QCOMPARE(panel->color(), QColor(Qt::green));
+        client.link.setShowsAlpha(false);
+        QVERIFY(!panel->showsAlpha());
+        client.takesColors = false;
+        dialog()->setCurrentColor(Qt::yellow);
+        client.takesColors = true;
+        panel->close();
+        QVERIFY(!client.link.isActive() && !panel->delegate());
+        QCOMPARE(changes.count(), 2);
+        dialog()->setCurrentColor(Qt::cyan);
+        QCOMPARE(client.taken.size(), 1);
+    }
+
+    void itServesOneClientAtATime()
+    {
+        Client first;
+        auto second = std::make_unique<Client>();
+        first.link.activate(&first);
+        second->link.activate(second.get());
+        QVERIFY(!first.link.isActive() && second->link.isActive());
+        dialog()->setCurrentColor(QColor(4, 4, 4));
+        QCOMPARE(first.taken.size(), 0);
+        QCOMPARE(second->taken.size(), 1);
+        second.reset();
+        QVERIFY(panel->isVisible() && !panel->delegate());
+        first.link.activate(&first);
+        panel->setDelegate(this); // whoever else takes it
+        QVERIFY(!first.link.isActive());
+        QCOMPARE(panel->delegate(), this);
+        dialog()->setCurrentColor(QColor(5, 5, 5));
+        QCOMPARE(first.taken.size(), 0);
+        panel->setDelegate(nullptr);
+    }
+
+    void aClientMayDieOfWhatItTakes()
+    {
+        auto client = std::make_unique<Client>();
+        client->link.activate(client.get());
+        client->whenTaken = [&client] { client.reset(); };
+        dialog()->setCurrentColor(QColor(30, 3, 3));
+        QVERIFY(!client && !panel->delegate());
+        dialog()->setCurrentColor(QColor(31, 3, 3));
+    }
+};
+
+QTEST_MAIN(tst_ZelColorPanel)
+#include "tst_ZelColorPanel.moc"

@@ -1,0 +1,421 @@
+// SPDX-License-Identifier: MIT
+#include "Blocks/ZelNamedTransformers.h"
+#include "ColorPopUpButton/ZelColorMatrix.h"
+#include "Controls/Cells/ZelSegmentedControl.h"
+#include "Inspector/Properties/ZelOriginSelectionView.h"
+#include "TabBar/ZelButtonMatrix.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QTest>
+#include <QToolTip>
+
+namespace {
+
+QList<int> g_clicked;
+std::function<void()> g_whenClicked;
+
+void note(int cell)
+{
+    g_clicked.append(cell);
+    if (const auto react = g_whenClicked)
+        react();
+}
+
+class AnchorLog : public ZelOriginSelectionViewDelegate
+{
+public:
+    void originSelectionViewDidSelectAnchor(ZelOriginSelectionView *, ZelRectAnchor anchor) override
+    {
+        note(int(anchor));
+    }
+};
+
+/// Four segments, of which the second one is not enabled.
+template<bool selectsAny> QWidget *madeSegments()
+{
+    auto *control = new ZelSegmentedControl;
+    control->setSegmentCount(4);
+    for (int i = 0; i < 4; ++i)
+        control->setSegmentToolTip(i, QStringLiteral("Cell %1").arg(i));
+    control->setSegmentEnabled(1, false);
+    control->setSelectsAny(selectsAny);
+    QObject::connect(control, &ZelSegmentedControl::action, control,
+                     [control] { note(int(control->clickedSegment())); });
+    return control;
+}
+
+/// The same with tabs.
+QWidget *madeTabs()
+{
+    auto *matrix = new ZelButtonMatrix;
+    matrix->renewColumns(4);
+    for (int i = 0; i < 4; ++i) {
+        ZelTabBarButtonCell cell;
+        cell.toolTip = QStringLiteral("Cell %1").arg(i);
+        cell.enabled = i != 1;
+        matrix->setCellAtColumn(i, cell);
+    }
+    QObject::connect(matrix, &ZelButtonMatrix::triggered, matrix, [matrix] { note(matrix->selectedColumn()); });
+    return matrix;
+}
+
+QWidget *madeColors()
+{
+    auto *matrix = new ZelColorMatrix;
+    matrix->setColors(QList<ZelColor>(3, QColor(Qt::red)));
+    QObject::connect(matrix, &ZelColorMatrix::cellChosen, matrix, &note);
+    return matrix;
+}
+
+QWidget *madeAnchors()
+{
+    static AnchorLog log;
+    auto *view = new ZelOriginSelectionView;
+    view->setDelegate(&log);
+    return view;
+}
+
+/// Has the keyboard begin at a cell; -1 for none.
+void begin(QWidget *widget, int cell)
+{
+    if (auto *matrix = qobject_cast<ZelButtonMatrix *>(widget))
+        matrix->selectCellAtColumn(cell);
+    else if (auto *colors = qobject_cast<ZelColorMatrix *>(widget))
+        colors->setHighlightedCell(cell);
+    else if (auto *anchors = qobject_cast<ZelOriginSelectionView *>(widget))
+        anchors->setAnchor(ZelRectAnchor(cell));
+    else if (auto *segments = qobject_cast<ZelSegmentedControl *>(widget); !segments->selectsAny())
+        segments->setSelectedIndex(cell < 0 ? QVariant() : cell);
+}
+
+struct Kind
+{
+    const char *name;
+    QWidget *(*make)();
+    ZelCellGroup::Manner manner;
+    QAccessible::Role group, cell;
+    const char *toolTip;
+};
+
+const Kind g_kinds[] = {
+    {"segments", madeSegments<false>, ZelCellGroup::Buttons, QAccessible::Grouping, QAccessible::RadioButton, "Cell 2"},
+    {"boxes", madeSegments<true>, ZelCellGroup::Buttons, QAccessible::Grouping, QAccessible::CheckBox, "Cell 2"},
+    {"tabs", madeTabs, ZelCellGroup::Tabs, QAccessible::PageTabList, QAccessible::PageTab, "Cell 2"},
+    {"colors", madeColors, ZelCellGroup::Menu, QAccessible::ColorChooser, QAccessible::Button, "Red"},
+    {"anchors", madeAnchors, ZelCellGroup::Tabs, QAccessible::Grouping, QAccessible::RadioButton, nullptr},
+};
+
+/// A widget in a shown, active window, with the first cell as the current one.
+class Cells
+{
+public:
+    explicit Cells(const Kind *kind)
+        : widget(kind->make())
+        , group(qobject_cast<ZelCellGroup *>(widget))
+        , spoken(QAccessible::queryAccessibleInterface(widget))
+    {
+        widget->resize(widget->sizeHint());
+        widget->setParent(&window);
+        window.show();
+        window.activateWindow();
+        isReady = QTest::qWaitForWindowActive(&window);
+        window.setFocusPolicy(Qt::StrongFocus);
+        window.setFocus();
+        begin(widget, 0);
+        g_clicked.clear();
+        g_whenClicked = nullptr;
+    }
+
+    QPoint centre(int cell) const { return group->cellRect(cell).center(); }
+    bool sends(QEvent &&event) const { return QCoreApplication::sendEvent(widget, &event) && event.isAccepted(); }
+    bool sendsMouse(QEvent::Type type, int cell, Qt::MouseButton button = Qt::LeftButton) const
+    {
+        const QPointF place = centre(cell);
+        const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+        return sends(QMouseEvent(type, place, widget->mapToGlobal(place), button, buttons, {}));
+    }
+    bool press(int cell, Qt::MouseButton button = Qt::LeftButton) const
+    {
+        return sendsMouse(QEvent::MouseButtonPress, cell, button);
+    }
+    void moveTo(int cell) const { sendsMouse(QEvent::MouseMove, cell); }
+    void release(int cell, Qt::MouseButton button = Qt::LeftButton) const
+    {
+        sendsMouse(QEvent::MouseButtonRelease, cell, button);
+    }
+    bool takesKey(int key) const { return sends(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier)); }
+    void clickSpoken(int cell) const
+    {
+        spoken->child(cell)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    QImage look() const { return widget->grab().toImage(); }
+
+    QWidget window;
+    QPointer<QWidget> widget;
+    ZelCellGroup *group;
+    QAccessibleInterface *spoken;
+    bool isReady = false;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(const Kind *)
+
+/// What all widgets do alike whose parts are cells. Cell 1 is not enabled where a cell can be so.
+class tst_Cells : public QObject
+{
+    Q_OBJECT
+
+    static void addKinds()
+    {
+        QTest::addColumn<const Kind *>("kind");
+        for (const Kind &kind : g_kinds)
+            QTest::newRow(kind.name) << &kind;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { ZelRegisterTransformers(); }
+
+    void theMouseClicks_data() { addKinds(); }
+    void theMouseClicks()
+    {
+        QFETCH(const Kind *, kind);
+        const Cells cells(kind);
+        cells.release(2); // of another press
+        cells.press(2, Qt::RightButton);
+        cells.release(2, Qt::RightButton);
+        QCOMPARE(g_clicked, QList<int>());
+        cells.press(2);
+        QCOMPARE(g_clicked.size(), kind->manner == ZelCellGroup::Tabs ? 1 : 0);
+        cells.release(2);
+        QCOMPARE(g_clicked, QList<int>{2});
+        QCOMPARE(cells.group->currentCell(), 2);
+        cells.press(2);
+        cells.moveTo(3);
+        cells.release(3);
+        const QList<int> dragged[] = {{2, 2}, {2}, {2, 3}}; // at once, nowhere, and where it ended
+        QCOMPARE(g_clicked, dragged[kind->manner]);
+        cells.press(3);
+        cells.moveTo(2);
+        cells.moveTo(3);
+        cells.release(3);
+        QCOMPARE(g_clicked, dragged[kind->manner] + QList<int>{3});
+        g_clicked.clear();
+        cells.press(1);
+        cells.release(1);
+        QCOMPARE(g_clicked, cells.group->isCellEnabled(1) ? QList<int>{1} : QList<int>());
+        g_clicked.clear();
+        cells.widget->setEnabled(false);
+        cells.press(0);
+        cells.release(0);
+        QCOMPARE(g_clicked, QList<int>());
+    }
+
+    void aPressEndsWithoutARelease_data() { addKinds(); }
+    void aPressEndsWithoutARelease()
+    {
+        QFETCH(const Kind *, kind);
+        const std::function<void(const Cells &)> ends[] = {
+            [](const Cells &cells) { cells.widget->hide(); },
+            [](const Cells &cells) { cells.widget->setEnabled(false); },
+            [](const Cells &cells) { cells.sends(QEvent(QEvent::WindowDeactivate)); },
+        };
+        for (const auto &end : ends) {
+            const Cells cells(kind);
+            if (kind->manner == ZelCellGroup::Tabs) // which are selected by the press
+                begin(cells.widget, 2);
+            const QImage look = cells.look();
+            cells.press(2);
+            const bool isSeen = cells.look() != look;
+            cells.moveTo(3);
+            if (kind->manner == ZelCellGroup::Buttons) // nothing would be clicked there
+                QVERIFY(isSeen && cells.look() == look);
+            cells.moveTo(2);
+            QVERIFY(kind->manner == ZelCellGroup::Menu || (cells.look() != look) == isSeen);
+            end(cells);
+            cells.widget->setEnabled(true);
+            cells.widget->show();
+            QVERIFY(kind->manner == ZelCellGroup::Menu || cells.look() == look);
+            g_clicked.clear();
+            cells.release(2);
+            QCOMPARE(g_clicked, QList<int>());
+        }
+    }
+
+    void keysAndTheFocus_data() { addKinds(); }
+    void keysAndTheFocus()
+    {
+        QFETCH(const Kind *, kind);
+        constexpr int passed = -2; // on to the parent
+        struct Row
+        {
+            qsizetype kind;
+            int from;
+            int key;
+            int to;
+            int toMirrored;
+        };
+        const Row rows[] = {{0, 0, Qt::Key_Right, 2, 0},
+                            {0, 0, Qt::Key_Left, 0, 2},
+                            {0, 3, Qt::Key_Right, 3, 2},
+                            {0, -1, Qt::Key_Right, 0, 3},
+                            {0, 0, Qt::Key_Up, passed, passed},
+                            {0, 2, Qt::Key_Home, passed, passed},
+                            {0, 2, Qt::Key_Space, passed, passed},
+                            {1, 0, Qt::Key_Right, 2, 0},
+                            {1, 0, Qt::Key_Left, 0, 2},
+                            {2, 0, Qt::Key_Right, 2, 2},
+                            {2, 2, Qt::Key_Left, 0, 0},
+                            {2, 2, Qt::Key_Home, 0, 0},
+                            {2, 2, Qt::Key_End, 3, 3},
+                            {2, 2, Qt::Key_Down, passed, passed},
+                            {3, 10, Qt::Key_Right, 11, 9},
+                            {3, 11, Qt::Key_Right, 11, 10},
+                            {3, 12, Qt::Key_Left, 12, 13},
+                            {3, 10, Qt::Key_Down, 22, 22},
+                            {3, 22, Qt::Key_Up, 10, 10},
+                            {3, 22, Qt::Key_Down, passed, passed},
+                            {3, 10, Qt::Key_Up, passed, passed},
+                            {3, -1, Qt::Key_Right, passed, passed},
+                            {4, 4, Qt::Key_Up, 1, 1},
+                            {4, 1, Qt::Key_Up, 1, 1},
+                            {4, 4, Qt::Key_Right, 5, 5},
+                            {4, 5, Qt::Key_Right, 5, 5},
+                            {4, 99, Qt::Key_Right, passed, passed},
+                            {4, 4, Qt::Key_A, passed, passed}};
+        const bool chooses = kind->cell == QAccessible::RadioButton || kind->cell == QAccessible::PageTab;
+        for (const Row &row : rows) {
+            for (const bool isMirrored : {false, true}) {
+                if (&g_kinds[row.kind] != kind)
+                    continue;
+                const Cells cells(kind);
+                cells.widget->setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+                QVERIFY(cells.isReady && !cells.spoken->focusChild());
+                cells.widget->setFocus(Qt::TabFocusReason);
+                begin(cells.widget, row.from);
+                const int to = isMirrored ? row.toMirrored : row.to;
+                const int expected = to < 0 ? cells.group->currentCell() : to;
+                QCOMPARE(cells.takesKey(row.key), to >= 0);
+                QCOMPARE(cells.group->currentCell(), expected);
+                QCOMPARE(g_clicked, chooses && to >= 0 && to != row.from ? QList<int>{to} : QList<int>());
+                QAccessibleInterface *focused = cells.spoken->focusChild();
+                QCOMPARE(focused, expected < 0 ? nullptr : cells.spoken->child(expected));
+                QVERIFY(!focused || focused->state().focused);
+                cells.widget->setEnabled(false);
+                QVERIFY(!cells.takesKey(row.key));
+            }
+        }
+    }
+
+    void whatArrowsOnlyLeadToIsClickedByKeys()
+    {
+        for (const Kind *kind : {&g_kinds[1], &g_kinds[3]}) {
+            const bool isMenu = kind->manner == ZelCellGroup::Menu;
+            const Cells cells(kind);
+            QVERIFY(cells.takesKey(Qt::Key_Right));
+            const int cell = cells.group->currentCell();
+            QVERIFY(cells.takesKey(Qt::Key_Space));
+            QVERIFY(cells.group->isCellSelected(cell));
+            QCOMPARE(cells.takesKey(Qt::Key_Return), isMenu);
+            QCOMPARE(g_clicked, QList<int>(isMenu ? 2 : 1, cell));
+        }
+    }
+
+    void inAMenuTheCurrentCellIsThePointers()
+    {
+        const Cells cells(&g_kinds[3]);
+        const auto after = [&cells](QEvent &&event) {
+            cells.sends(std::move(event));
+            return cells.group->currentCell();
+        };
+        cells.moveTo(5);
+        QCOMPARE(cells.group->currentCell(), 5);
+        QVERIFY(cells.press(6, Qt::RightButton)); // the menu would choose
+        QCOMPARE(after(QEvent(QEvent::Leave)), -1);
+        QCOMPARE(after(QFocusEvent(QEvent::FocusIn, Qt::MouseFocusReason)), -1);
+        QCOMPARE(after(QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason)), 0);
+        QCOMPARE(after(QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason)), -1);
+    }
+
+    void controlsThatAreNotEditablePassInputOn()
+    {
+        const Cells cells(&g_kinds[1]);
+        auto *control = static_cast<ZelSegmentedControl *>(cells.widget.data());
+        cells.press(2);
+        control->setEditable(false); // in the middle
+        cells.release(2);
+        QVERIFY(!cells.takesKey(Qt::Key_Right) && !cells.press(2));
+        QCOMPARE(g_clicked, QList<int>());
+        QVERIFY(cells.spoken->child(2)->state().disabled);
+    }
+
+    void assistiveTechnologySeesAndClicksCells_data() { addKinds(); }
+    void assistiveTechnologySeesAndClicksCells()
+    {
+        QFETCH(const Kind *, kind);
+        const Cells cells(kind);
+        QCOMPARE(cells.spoken->role(), kind->group);
+        QCOMPARE(cells.spoken->childCount(), cells.group->cellCount());
+        for (int i = 0; i < cells.spoken->childCount(); ++i) {
+            QAccessibleInterface *cell = cells.spoken->child(i);
+            QCOMPARE(cell->role(), kind->cell);
+            QVERIFY(!cell->text(QAccessible::Name).isEmpty());
+            QCOMPARE(cells.spoken->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+            QCOMPARE(cells.spoken->indexOfChild(cell), i);
+            QCOMPARE(bool(cell->state().disabled), !cells.group->isCellEnabled(i));
+        }
+        cells.clickSpoken(2);
+        if (!cells.group->isCellEnabled(1))
+            cells.clickSpoken(1);
+        const QAccessible::State state = cells.spoken->child(2)->state();
+        const bool isTab = kind->cell == QAccessible::PageTab;
+        QCOMPARE(bool(state.checked), !isTab && kind->manner != ZelCellGroup::Menu);
+        QCOMPARE(bool(state.selected), isTab);
+        cells.widget->setEnabled(false);
+        cells.clickSpoken(3);
+        QCOMPARE(g_clicked, QList<int>{2});
+
+        cells.widget->setEnabled(true);
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
+        cells.sends(QHelpEvent(QEvent::ToolTip, cells.centre(2), cells.widget->mapToGlobal(cells.centre(2))));
+        QCOMPARE(QToolTip::text(), QString::fromLatin1(kind->toolTip));
+    }
+
+    void cellsThatAreGoneAreInvalid()
+    {
+        const Cells cells(&g_kinds[0]);
+        QAccessibleInterface *last = cells.spoken->child(3);
+        static_cast<ZelSegmentedControl *>(cells.widget.data())->setSegmentCount(2);
+        QVERIFY(!last->isValid() && last->state().invalid);
+        QVERIFY(last->text(QAccessible::Name).isEmpty());
+    }
+
+    void widgetsMayDieOfAClick_data() { addKinds(); }
+    void widgetsMayDieOfAClick()
+    {
+        QFETCH(const Kind *, kind);
+        const std::function<void(const Cells &)> ways[] = {
+            [](const Cells &cells) {
+                if (cells.press(2) && cells.widget)
+                    cells.release(2);
+            },
+            [](const Cells &cells) {
+                if (cells.takesKey(Qt::Key_Right) && cells.widget)
+                    cells.takesKey(Qt::Key_Space);
+            },
+            [](const Cells &cells) { cells.clickSpoken(2); },
+        };
+        for (const auto &click : ways) {
+            const Cells cells(kind);
+            g_whenClicked = [&cells] { delete cells.widget; };
+            click(cells);
+            QVERIFY(!cells.widget);
+        }
+    }
+};
+
+QTEST_MAIN(tst_Cells)
+#include "tst_Cells.moc"

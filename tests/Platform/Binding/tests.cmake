@@ -1,2 +1,0 @@
-# SPDX-License-Identifier: MIT
-zel_test(Platform/Binding/tst_ZelBinding zel_binding)

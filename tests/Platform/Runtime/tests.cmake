@@ -1,6 +1,0 @@
-zel_test(Platform/Runtime/tst_ZelValues zel_runtime)
-zel_test(Platform/Runtime/tst_ZelGeometryType zel_runtime)
-zel_test(Platform/Runtime/tst_ZelIndexSet zel_runtime)
-zel_test(Platform/Runtime/tst_ZelKeyValueCoding zel_runtime)
-zel_test(Platform/Runtime/tst_ZelKeyValueObserving zel_runtime)
-zel_test(Platform/Runtime/tst_ZelOrderedSet zel_runtime)

@@ -1,2 +1,0 @@
-zel_test(Platform/Selection/tst_ZelArrayController zel_selection)
-zel_test(Platform/Selection/tst_ZelUndoManager zel_selection)
