@@ -2,22 +2,22 @@
 # SPDX-License-Identifier: MIT
 """Checks that every folder of src/ includes only folders that it may use.
 
-src/CMakeLists.txt names them: zel_folder(name path folders...), lower ones first. A folder may include itself and what its
-folders reach. The layers below keep that list itself from being turned upside down.
+src/CMakeLists.txt names them: zel_folder(name path folders... SHELVES folders...), lower ones first. A folder may include
+itself and what its folders reach; its private/ and its shelves belong to it. A header that is installed includes none that
+lies in a private/. The layers below keep that list itself from being turned upside down.
 """
 import re
 import sys
 from pathlib import Path
 
 LAYERS = [
-    {"Platform"},
-    {"Geometry"},
-    {"Observation", "Blocks", "Extensions"},
-    {"ViewController", "Views", "SplitView"},
-    {"ColorPopUpButton", "TabBar", "ActionBar", "ExpandableViews", "Controls"},
+    {"Core"},
+    {"Layout", "Resources", "Text", "Geometry", "Observation", "Blocks", "Extensions"},
+    {"ViewController", "Controls", "Views", "SplitView"},
+    {"ColorPopUpButton", "TabBar", "ActionBar", "ExpandableViews"},
     {"Inspector"},
 ]
-SHARED = {"ZelForward.h"}
+SHARED = "Core/ZelExport.h"
 
 FOLDER = re.compile(r"^\s*zel_folder\(\s*(\w+)\s+([\w/]+)([^)]*)\)")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
@@ -29,19 +29,20 @@ def layer_of(path):
 
 
 def read_folders(cmake_file, breaches):
-    """Path of each folder -> set of the paths that it may include."""
+    """Path of each folder, shelf and private/ -> set of the paths that it may include."""
     paths, allowed = {}, {}
     for number, line in enumerate(cmake_file.read_text().splitlines(), 1):
         match = FOLDER.match(line)
         if not match:
             continue
-        name, path, uses = "zel_" + match[1], match[2], match[3].split()
+        uses, _, shelves = match[3].partition("SHELVES")
+        name, path, uses = "zel_" + match[1], match[2], uses.split()
         place = f"{cmake_file}:{number}"
         if layer_of(path) is None:
             breaches.append(f"{place}: {path} belongs to no layer")
             continue
         paths[name] = path
-        allowed[path] = {path}
+        allowed[path] = {path, path + "/private"} | {f"{path}/{shelf}" for shelf in shelves.split()}
         for use in uses:
             if use not in paths or use == name:
                 breaches.append(f"{place}: {path} uses {use}, which is not above it in the list")
@@ -49,6 +50,8 @@ def read_folders(cmake_file, breaches):
                 breaches.append(f"{place}: {path} uses {paths[use]} of a higher layer")
             else:
                 allowed[path] |= allowed[paths[use]]
+        for part in [part for part in allowed[path] if part.startswith(path + "/") and part not in paths.values()]:
+            allowed[part] = allowed[path]
     return allowed
 
 
@@ -63,12 +66,14 @@ def check_file(source, file, folder, allowed, breaches):
             if (source / target).exists():
                 breaches.append(f"{place}: {target} is our own and is included with quotes")
             continue
-        if target.endswith(".moc") or target.startswith("moc_") or target in SHARED:
+        if target.endswith(".moc") or target.startswith("moc_") or target == SHARED:
             continue
         if not (source / target).is_file():
             breaches.append(f"{place}: {target} is not a path below {source.name}/")
         elif (other := str(Path(target).parent)) not in allowed[folder]:
             breaches.append(f"{place}: {folder} may not include {other} ({Path(target).name})")
+        elif file.suffix == ".h" and file.parent.name != "private" and other.endswith("/private"):
+            breaches.append(f"{place}: it is installed, {Path(target).name} is not")
 
 
 def main():
@@ -80,7 +85,7 @@ def main():
         folder = str(file.parent.relative_to(source))
         if folder in allowed:
             check_file(source, file, folder, allowed, breaches)
-        elif file.parent != source or file.name not in SHARED:
+        elif str(file.relative_to(source)) != SHARED:
             breaches.append(f"{file}:1: its folder is not in {source / 'CMakeLists.txt'}")
     print("\n".join(breaches) if breaches else f"{len(files)} files in {len(allowed)} folders include only what they may")
     return 1 if breaches or not files else 0

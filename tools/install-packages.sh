@@ -1,6 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# Installs the Debian packages that are missing: those of the build and the tests, with "checks" also those of .ci/run.
+# Installs the Debian packages that are missing: those of the build and the tests, with "checks" also those of .ci/run,
+# with "docs" those of docs.sh.
 # Does nothing, and needs no rights, when all are there.
 set -euo pipefail
 
@@ -12,6 +13,7 @@ ninja-build         builds
 ccache              a second build of unchanged sources takes seconds
 qt6-base-dev        Core, Gui, Widgets, Concurrent, Test; brings moc, rcc and the xcb and offscreen platforms
 qt6-tools-dev       the CMake functions for translations
+libexpat1-dev       reads XML
 qt6-l10n-tools      lrelease and lupdate
 libgl-dev           the headers that the CMake files of Qt Gui look for
 fonts-dejavu-core   a font for programs without a display
@@ -23,6 +25,10 @@ checks='
 clang               compiles the fuzz targets
 libclang-rt-14-dev  the fuzzer and sanitizer runtimes for them
 clang-format-14     the format check
+clang-tidy-14       the check of changed lines
+'
+docs='
+doxygen             builds the reference
 '
 
 if ! command -v dpkg-query > /dev/null; then
@@ -30,8 +36,11 @@ if ! command -v dpkg-query > /dev/null; then
     exit 0
 fi
 
-wanted=$build
-[ "${1-}" != checks ] || wanted+=$checks
+case "${1-}" in
+checks) wanted=$build$checks$docs ;;
+docs) wanted=$docs ;;
+*) wanted=$build ;;
+esac
 
 missing=()
 while read -r package _; do
