@@ -7,6 +7,7 @@ option(ZEL_ONE_TEST_LIBRARY "Link the tests with the shared library, from which 
 set(zel_visibility hidden)
 if(ZEL_ONE_TEST_LIBRARY)
     set(zel_visibility default)
+    set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 endif()
 
 add_library(zel_flags INTERFACE)
@@ -57,10 +58,10 @@ function(zel_watch_sources target)
     endif()
 endfunction()
 
-# zel_folder(name path [dependencies...] [SHELVES folders...]): the static library zel_<name> from all sources in src/<path>,
-# its private/ and its shelves, which are one folder to the rules of inclusion.
+# zel_folder(name path [dependencies...] [SHELVES folders...] [LIBRARIES ...]): the static library zel_<name> from all sources
+# in src/<path>, its private/ and its shelves, which are one folder to the rules of inclusion.
 function(zel_folder name path)
-    cmake_parse_arguments(arg "" "" "SHELVES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SHELVES;LIBRARIES" ${ARGN})
     set(patterns)
     foreach(folder "" private ${arg_SHELVES})
         list(APPEND patterns ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.h)
@@ -76,7 +77,7 @@ function(zel_folder name path)
     endif()
     add_library(${target} STATIC ${sources})
     target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
-    target_link_libraries(${target} PRIVATE zel_flags PUBLIC ${uses} Qt6::Widgets Qt6::Concurrent)
+    target_link_libraries(${target} PRIVATE zel_flags ${arg_LIBRARIES} PUBLIC ${uses} Qt6::Widgets Qt6::Concurrent)
     zel_set_up(${target})
     set_property(GLOBAL APPEND PROPERTY ZEL_FOLDERS ${target})
 endfunction()
