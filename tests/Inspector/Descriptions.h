@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Core/Errors/ZelAssertions.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/Reports.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Resources/ZelBundle.h"
 #include "ViewController/ZelView.h"
@@ -29,25 +29,6 @@ public:
 
 private:
     QTemporaryDir m_folder;
-};
-
-/// Notes what failed, and goes on.
-class QuietHandler : public ZelAssertionHandler
-{
-public:
-    QuietHandler()
-        : m_former(setCurrent(this))
-    {
-    }
-    ~QuietHandler() override { setCurrent(m_former); }
-    void handleFailure(const QString &, const QString &message, const ZelSourcePlace &) override
-    {
-        messages.append(message);
-    }
-    QStringList messages;
-
-private:
-    ZelAssertionHandler *m_former;
 };
 
 /// An editor that notes what it is told.
