@@ -45,21 +45,18 @@ private Q_SLOTS:
             list->usedColor(grey(i));
     }
 
-    void aColourUsedAgainMovesToTheFront()
+    void theLatestComesFirst()
     {
-        list->usedColor(grey(3));
-        QCOMPARE(list->colors().size(), ZelUsedColorListMax);
-        QCOMPARE(list->colors().first(), grey(3));
-        QCOMPARE(list->colors().count(grey(3)), 1);
-        QCOMPARE(list->colors().at(1), grey(23));
-        QCOMPARE(list->colors().last(), grey(0));
-    }
-
-    void theOldestLeavesAFullList()
-    {
-        list->usedColor(grey(200));
-        QCOMPARE(list->colors().size(), ZelUsedColorListMax);
-        QCOMPARE(list->colors().last(), grey(1));
+        const std::tuple<int, int, int> rows[] = {{3, 23, 0}, {200, 3, 1}}; // used, then second and last
+        for (const auto &[used, second, last] : rows) {
+            list->usedColor(grey(used));
+            const QList<ZelColor> colors = list->colors();
+            QCOMPARE(colors.size(), ZelUsedColorListMax);
+            QCOMPARE(colors[0], grey(used));
+            QCOMPARE(colors[1], grey(second));
+            QCOMPARE(colors.last(), grey(last));
+            QCOMPARE(colors.count(grey(used)), 1);
+        }
         QVERIFY_EXCEPTION_THROWN(list->usedColor(ZelColor()), ZelInternalInconsistencyException);
         QCOMPARE(list->colors().first(), grey(200));
     }

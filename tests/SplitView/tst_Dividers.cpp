@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Split.h"
 #include "SplitView/ZelSplitView.h"
+#include "Support/TableRow.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QLabel>
 #include <QSignalSpy>
-#include <QTest>
 
-/// Dividers under the mouse and the keyboard, and how they look. ZEL_SCREENSHOTS names a folder for pictures.
+/// Dividers under the mouse and the keyboard, and how they look.
 class tst_Dividers : public QObject
 {
     Q_OBJECT
@@ -41,36 +39,27 @@ class tst_Dividers : public QObject
     }
 
 private Q_SLOTS:
-    void draggingKeepsTheLimits_data()
-    {
-        QTest::addColumn<int>("distance");
-        QTest::addColumn<QList<int>>("lengths");
-        QTest::newRow("freely") << 20 << QList<int>{120, 180, 100};
-        QTest::newRow("to the maximum before it") << 90 << QList<int>{160, 140, 100};
-        // The limit counts from the pane's end, with the divider.
-        const int divider = QSplitter().handleWidth();
-        QTest::newRow("to the maximum after it") << -70 << QList<int>{60 + divider, 240 - divider, 100};
-        QTest::newRow("not collapsed") << -90 << QList<int>{60 + divider, 240 - divider, 100};
-    }
     void draggingKeepsTheLimits()
     {
-        QFETCH(int, distance);
-        QFETCH(QList<int>, lengths);
-        for (const auto orientation : {Qt::Horizontal, Qt::Vertical}) {
-            for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-                for (bool isOpaque : {true, false}) {
-                    Split split({{40, 160}, {50, 240}, {60, 1000, 1}}, {100, 200, 100}, orientation);
-                    split.splitter->setLayoutDirection(direction);
-                    split.splitter->setOpaqueResize(isOpaque);
-                    activate(split.splitter.get());
-                    QSignalSpy moved(split.splitter.get(), &QSplitter::splitterMoved);
-                    drag(split, 1, distance);
-                    QCOMPARE(split.lengths(), lengths);
-                    QCOMPARE(split.splitter->sizes(), lengths);
-                    QVERIFY(moved.count() >= 1);
-                    QCOMPARE(moved.last()[1].toInt(), 1);
-                    QCOMPARE(split.splitter->opaqueResize(), isOpaque);
-                }
+        const int divider = QSplitter().handleWidth(); // the maximum after it counts from the pane's end, with it
+        const std::pair<int, QList<int>> rows[] = {{20, {120, 180, 100}},
+                                                   {90, {160, 140, 100}},
+                                                   {-70, {60 + divider, 240 - divider, 100}},
+                                                   {-90, {60 + divider, 240 - divider, 100}}};
+        for (const auto &[distance, lengths] : rows) {
+            for (int variant = 0; variant < 8; ++variant) {
+                const TableRow row(QStringLiteral("%1, variant %2").arg(distance).arg(variant));
+                Split split({{40, 160}, {50, 240}, {60, 1000, 1}}, {100, 200, 100},
+                            variant & 1 ? Qt::Horizontal : Qt::Vertical);
+                split.splitter->setLayoutDirection(variant & 2 ? Qt::LeftToRight : Qt::RightToLeft);
+                split.splitter->setOpaqueResize(variant & 4);
+                activate(split.splitter.get());
+                QSignalSpy moved(split.splitter.get(), &QSplitter::splitterMoved);
+                drag(split, 1, distance);
+                QCOMPARE(split.lengths(), lengths);
+                QCOMPARE(split.splitter->sizes(), lengths);
+                QCOMPARE(moved.value(moved.size() - 1).value(1).toInt(), 1);
+                QCOMPARE(split.splitter->opaqueResize(), bool(variant & 4));
             }
         }
     }
@@ -100,49 +89,32 @@ private Q_SLOTS:
         QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
     }
     /// One drag may open the pane on the one side and collapse that on the other.
-    void onePaneOpensWhileAnotherCollapses_data()
-    {
-        QTest::addColumn<QList<int>>("collapsed");
-        QTest::addColumn<int>("divider");
-        QTest::addColumn<int>("distance");
-        QTest::addColumn<QList<int>>("opened"); // that takes all the room of the one that collapses
-        QTest::newRow("the first one opens") << QList<int>{0} << 1 << 200 << QList<int>{0, 2};
-        QTest::newRow("the last one opens") << QList<int>{2} << 2 << -200 << QList<int>{0, 2};
-        QTest::newRow("the middle one opens at the end") << QList<int>{1} << 2 << 300 << QList<int>{0, 1};
-        QTest::newRow("the middle one opens at the start") << QList<int>{1} << 1 << -300 << QList<int>{1, 2};
-    }
+    /// One drag may open the pane on the one side and collapse that on the other, which gives all its room.
     void onePaneOpensWhileAnotherCollapses()
     {
-        QFETCH(QList<int>, collapsed);
-        QFETCH(int, divider);
-        QFETCH(int, distance);
-        QFETCH(QList<int>, opened);
+        const std::tuple<int, int, int, QList<int>> rows[] = {
+            {0, 1, 200, {0, 2}}, {2, 2, -200, {0, 2}}, {1, 2, 300, {0, 1}}, {1, 1, -300, {1, 2}}};
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
-            split.splitter->setLayoutDirection(direction);
-            activate(split.splitter.get());
-            for (int index : collapsed)
-                split.setCollapsed(index, true);
-            drag(split, divider, distance);
-            QList<int> shown;
-            for (int i = 0; i < 3; ++i)
-                if (!split.isCollapsed(i))
-                    shown.append(i);
-            QCOMPARE(shown, opened);
-            QCOMPARE(split.starts(), QList<int>({0, split.lengths()[shown[0]] + split.splitter->handleWidth()}));
-            QCOMPARE(split.starts()[1] + split.lengths()[shown[1]], split.length());
-        }
-    }
-    void collapsingEndsAnOverflow()
-    {
-        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            Split split({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
-            split.splitter->setLayoutDirection(direction);
-            activate(split.splitter.get());
-            split.resize(66);
-            drag(split, 1, -60);
-            QCOMPARE(split.lengths(), QList<int>({0, 66}));
-            QCOMPARE(split.starts(), QList<int>{0});
+            for (const auto &[collapsed, divider, distance, opened] : rows) {
+                const TableRow row(QStringLiteral("divider %1 by %2").arg(divider).arg(distance));
+                Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
+                split.splitter->setLayoutDirection(direction);
+                activate(split.splitter.get());
+                split.setCollapsed(collapsed, true);
+                drag(split, divider, distance);
+                QList<int> shown{0, 1, 2};
+                shown.removeIf([&](int i) { return split.isCollapsed(i); });
+                QCOMPARE(shown, opened);
+                QCOMPARE(split.starts(), QList<int>({0, split.lengths()[shown[0]] + split.splitter->handleWidth()}));
+                QCOMPARE(split.starts()[1] + split.lengths()[shown[1]], split.length());
+            }
+            Split overflowing({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
+            overflowing.splitter->setLayoutDirection(direction);
+            activate(overflowing.splitter.get());
+            overflowing.resize(66);
+            drag(overflowing, 1, -60);
+            QCOMPARE(overflowing.lengths(), QList<int>({0, 66}));
+            QCOMPARE(overflowing.starts(), QList<int>{0});
         }
     }
     void keysMoveADividerThatHasTheFocus()
@@ -152,51 +124,50 @@ private Q_SLOTS:
         QSplitterHandle *handle = split.splitter->handle(1);
         QTest::keyClick(split.splitter.get(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), handle);
-        const auto type = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        const int all = split.length();
+        const std::tuple<Qt::Key, Qt::KeyboardModifiers, QList<int>> rows[] = {
+            {Qt::Key_Right, {}, {110, 190}},
+            {Qt::Key_Left, Qt::ShiftModifier, {109, 191}},
+            {Qt::Key_Left, Qt::ControlModifier, {109, 191}},
+            {Qt::Key_Home, {}, {40, 260}},
+            {Qt::Key_Left, {}, {40, 260}},
+            {Qt::Key_End, {}, {160, 140}},
+            {Qt::Key_Down, {}, {160, 140}},
+            {Qt::Key_Return, {}, {0, all}},
+            {Qt::Key_Space, {}, {160, 140}},
+            {Qt::Key_Enter, {}, {0, all}},
+            {Qt::Key_Right, {}, {40, 260}}};
+        for (const auto &[key, modifiers, lengths] : rows) {
             QTest::keyClick(handle, key, modifiers);
-            return split.lengths();
-        };
-        QCOMPARE(type(Qt::Key_Right), QList<int>({110, 190}));
-        QCOMPARE(type(Qt::Key_Left, Qt::ShiftModifier), QList<int>({109, 191}));
-        QCOMPARE(type(Qt::Key_Home), QList<int>({40, 260}));
-        QCOMPARE(type(Qt::Key_Left), QList<int>({40, 260}));
-        QCOMPARE(type(Qt::Key_End), QList<int>({160, 140}));
-        QCOMPARE(type(Qt::Key_Down), QList<int>({160, 140}));
-        QCOMPARE(type(Qt::Key_Return), QList<int>({0, split.length()}));
-        QCOMPARE(type(Qt::Key_Space), QList<int>({160, 140}));
+            QCOMPARE(split.lengths(), lengths);
+        }
         QTest::mouseDClick(handle, Qt::LeftButton);
-        QCOMPARE(split.lengths(), QList<int>({0, split.length()}));
-        QTest::keyClick(handle, Qt::Key_Right);
-        QCOMPARE(split.lengths(), QList<int>({40, 260}));
-    }
-    void anyoneMayDieDuringADrag_data()
-    {
-        QTest::addColumn<QByteArray>("who");
-        for (QByteArray who : {"splitter", "delegate", "items", "pane", "other pane"})
-            QTest::newRow(who) << who;
+        QCOMPARE(split.lengths(), QList<int>({0, all}));
     }
     void anyoneMayDieDuringADrag()
     {
-        QFETCH(QByteArray, who);
-        for (bool isOpaque : {true, false}) {
-            Split split({{40, 160}, {50, 240}, {50, 1000}}, {100, 200, 100});
-            split.splitter->setOpaqueResize(isOpaque);
-            activate(split.splitter.get());
-            drag(split, 1, 20, false);
-            if (who == "splitter")
-                split.splitter.reset();
-            else if (who == "delegate")
-                split.delegate.reset();
-            else if (who == "items")
-                qDeleteAll(split.delegate->items());
-            else
-                delete split.splitter->widget(who == "pane" ? 0 : 2);
-            QCoreApplication::sendPostedEvents();
-            if (split.splitter) {
+        for (const char who : {'s', 'd', 'i', 'p', 'o'}) {
+            for (const bool isOpaque : {true, false}) {
+                const TableRow row{QString(QLatin1Char(who))};
+                Split split({{40, 160}, {50, 240}, {50, 1000}}, {100, 200, 100});
+                split.splitter->setOpaqueResize(isOpaque);
+                activate(split.splitter.get());
+                drag(split, 1, 20, false);
+                if (who == 's')
+                    split.splitter.reset();
+                else if (who == 'd')
+                    split.delegate.reset();
+                else if (who == 'i')
+                    qDeleteAll(split.delegate->items());
+                else
+                    delete split.splitter->widget(who == 'p' ? 0 : 2);
+                QCoreApplication::sendPostedEvents();
+                if (!split.splitter)
+                    continue;
                 QSplitterHandle *handle = split.splitter->handle(1);
                 QTest::mouseMove(handle, QPoint(15, 5));
                 QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(15, 5));
-                QVERIFY(split.splitter->widget(0)->width() >= (who == "delegate" || who == "items" ? 0 : 40));
+                QVERIFY(split.splitter->widget(0)->width() >= (who == 'd' || who == 'i' ? 0 : 40));
             }
         }
     }
@@ -252,30 +223,8 @@ private Q_SLOTS:
             activate(view);
             view->handle(1)->setFocus();
             QCOMPARE(seen(1), view->palette().color(QPalette::Highlight));
-            takePicture(split, isDark);
             QApplication::setPalette(light);
         }
-    }
-
-private:
-    static void takePicture(Split &split, bool isDark)
-    {
-        const QString folder = qEnvironmentVariable("ZEL_SCREENSHOTS");
-        if (folder.isEmpty())
-            return;
-        QDir().mkpath(folder);
-        for (int i = 0; i < 3; ++i) {
-            auto *label = new QLabel(QStringLiteral("Pane %1").arg(i), split.splitter->widget(i));
-            label->move(4, 4);
-            label->show();
-        }
-        const QString name =
-            QStringLiteral("%1/split-%2-%3.png")
-                .arg(folder, isDark ? QStringLiteral("dark") : QStringLiteral("light"), QStringLiteral("%1"));
-        split.splitter->grab().save(name.arg(QStringLiteral("open")));
-        split.setCollapsed(0, true);
-        split.splitter->handle(1)->clearFocus();
-        split.splitter->grab().save(name.arg(QStringLiteral("collapsed")));
     }
 };
 

@@ -2,67 +2,62 @@
 #include "Core/Errors/ZelException.h"
 #include "Split.h"
 #include "SplitView/ZelSplitView.h"
+#include "Support/TableRow.h"
+#include "ViewController/ZelKeyedCoder.h"
 
 #include <QLabel>
 #include <QRandomGenerator>
 #include <QSignalSpy>
-#include <QTest>
 
 class tst_ZelPrioritySplitViewDelegate : public QObject
 {
     Q_OBJECT
 
+    /// The panes fill the splitter from its start, or overflow it at their minimums.
     static void checkLayout(const Split &split, const QList<Split::Item> &items)
     {
         const QList<int> lengths = split.lengths();
-        int total = 0;
-        int shown = 0;
-        bool isAtMinimum = true;
+        QList<int> sizes = split.splitter->sizes();
         QList<int> starts;
+        int end = -split.splitter->handleWidth();
+        bool isAtMinimum = true;
         for (int i = 0; i < lengths.size(); ++i) {
+            if (split.splitter->widget(i)->isHidden())
+                sizes[i] = 0;
             if (split.isCollapsed(i))
                 continue;
-            starts.append(total + shown * split.splitter->handleWidth());
-            total += lengths[i];
-            ++shown;
+            starts.append(end + split.splitter->handleWidth());
+            end = starts.last() + lengths[i];
             isAtMinimum = isAtMinimum && lengths[i] == std::ceil(items[i].minimum);
             QVERIFY(lengths[i] >= items[i].minimum);
         }
-        const int whole = total + qMax(0, shown - 1) * split.splitter->handleWidth();
-        QVERIFY(whole == split.length() || (isAtMinimum && whole > split.length()));
+        QVERIFY(end == split.length() || (isAtMinimum && end > split.length()));
         QCOMPARE(split.starts(), starts);
-        QList<int> sizes = split.splitter->sizes();
-        for (int i = 0; i < sizes.size(); ++i)
-            if (split.splitter->widget(i)->isHidden())
-                sizes[i] = 0;
         QCOMPARE(sizes, lengths);
     }
 
-    /// What a resize to the length gives, worked out point by point.
+    /// What a resize to the length gives: the first of the highest priority grows, the last of the lowest shrinks
+    /// first.
     static QList<int> expected(QList<int> lengths, const QList<Split::Item> &items, const Split &split, int length)
     {
+        const auto least = [&](int i) { return int(std::ceil(items[i].minimum)); };
         int space = length + split.splitter->handleWidth();
+        QList<int> order;
         for (int i = 0; i < lengths.size(); ++i) {
             if (split.isCollapsed(i))
                 continue;
-            lengths[i] = std::max(lengths[i], int(std::ceil(items[i].minimum)));
+            order.append(i);
+            lengths[i] = std::max(lengths[i], least(i));
             space -= lengths[i] + split.splitter->handleWidth();
         }
-        const auto better = [&](int a, int b) {
-            return items[a].priority != items[b].priority ? items[a].priority > items[b].priority : a < b;
-        };
-        while (space != 0) {
-            int chosen = -1;
-            for (int i = 0; i < lengths.size(); ++i) {
-                const bool canChange = space > 0 || lengths[i] - 1 >= items[i].minimum;
-                if (!split.isCollapsed(i) && canChange &&
-                    (chosen < 0 || (space > 0 ? better(i, chosen) : better(chosen, i))))
-                    chosen = i;
-            }
-            if (chosen < 0)
-                break;
-            lengths[chosen] += space > 0 ? 1 : -1;
-            space += space > 0 ? -1 : 1;
+        std::stable_sort(order.begin(), order.end(),
+                         [&](int a, int b) { return items[a].priority > items[b].priority; });
+        if (space > 0)
+            lengths[order.first()] += space;
+        for (auto i = order.crbegin(); i != order.crend() && space < 0; ++i) {
+            const int change = std::max(space, least(*i) - lengths[*i]);
+            lengths[*i] += change;
+            space -= change;
         }
         return lengths;
     }
@@ -101,38 +96,12 @@ class tst_ZelPrioritySplitViewDelegate : public QObject
     }
 
 private Q_SLOTS:
-    void sizesChangeByPriority_data()
-    {
-        QTest::addColumn<QList<int>>("priorities");
-        QTest::addColumn<int>("change");
-        QTest::addColumn<QList<int>>("lengths");
-        QTest::newRow("growth to the first") << QList<int>{0, 1} << 50 << QList<int>{150, 350};
-        QTest::newRow("shrink from the last, then the next") << QList<int>{0, 1} << -80 << QList<int>{100, 270};
-        QTest::newRow("equal: growth to the earliest") << QList<int>{3, 3} << 50 << QList<int>{200, 300};
-        QTest::newRow("equal: shrink from the latest") << QList<int>{3, 3} << -120 << QList<int>{130, 200};
-        QTest::newRow("overflow") << QList<int>{0, 1} << -300 << QList<int>{100, 200};
-    }
-    void sizesChangeByPriority()
-    {
-        QFETCH(QList<int>, priorities);
-        QFETCH(int, change);
-        QFETCH(QList<int>, lengths);
-        Split split({{100, 1000, quint64(priorities[0])}, {200, 1000, quint64(priorities[1])}}, {150, 300});
-        split.splitter->show();
-        QCOMPARE(split.lengths(), QList<int>({150, 300}));
-        split.resize(split.length() + change);
-        QCOMPARE(split.lengths(), lengths);
-    }
     void everyLayoutAddsUp()
     {
-        bool isGiven = false;
-        const quint32 given = qEnvironmentVariable("ZEL_TEST_SEED").toUInt(&isGiven);
-        const quint32 seed = isGiven ? given : QRandomGenerator::global()->generate();
+        const QByteArray given = qgetenv("ZEL_TEST_SEED");
+        const quint32 seed = given.isEmpty() ? QRandomGenerator::global()->generate() : given.toUInt();
         QRandomGenerator random(seed);
-        const auto note = qScopeGuard([&] {
-            if (QTest::currentTestFailed())
-                qWarning() << "seed" << seed;
-        });
+        const TableRow row(QStringLiteral("seed %1").arg(seed));
         for (int round = 0; round < 150 && !QTest::currentTestFailed(); ++round) {
             QList<Split::Item> items;
             QList<int> lengths;
@@ -196,26 +165,21 @@ private Q_SLOTS:
     {
         Split split({{50, 1000, 0, true}, {50, 1000, 1}}, {100, 100});
         split.splitter->show();
-        split.splitter->setSizes({10, 190});
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(split.lengths(), QList<int>({50, 150}));
-        split.splitter->setSizes({190, 0});
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(split.lengths(), QList<int>({150, 50}));
-        split.splitter->setSizes({0, 190});
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(split.lengths(), QList<int>({0, split.length()}));
-    }
-    void aWidgetsOwnLimitsHold()
-    {
-        Split split({{10, 1000, 0}, {10, 1000, 1}}, {100, 100});
-        split.splitter->widget(0)->setMinimumWidth(80);
-        split.splitter->widget(1)->setMaximumWidth(120);
-        split.splitter->show();
-        split.resize(split.length() + 50);
-        QCOMPARE(split.lengths(), QList<int>({130, 120}));
-        split.resize(split.length() - 100);
-        QCOMPARE(split.lengths(), QList<int>({80, 70}));
+        const std::pair<QList<int>, QList<int>> rows[] = {
+            {{10, 190}, {50, 150}}, {{190, 0}, {150, 50}}, {{0, 190}, {0, split.length()}}};
+        for (const auto &[set, lengths] : rows) {
+            split.splitter->setSizes(set);
+            QCoreApplication::sendPostedEvents();
+            QCOMPARE(split.lengths(), lengths);
+        }
+        Split limited({{10, 1000, 0}, {10, 1000, 1}}, {100, 100}); // by the widgets themselves
+        limited.splitter->widget(0)->setMinimumWidth(80);
+        limited.splitter->widget(1)->setMaximumWidth(120);
+        limited.splitter->show();
+        limited.resize(limited.length() + 50);
+        QCOMPARE(limited.lengths(), QList<int>({130, 120}));
+        limited.resize(limited.length() - 100);
+        QCOMPARE(limited.lengths(), QList<int>({80, 70}));
     }
     void aGrownMinimumCountsBeforeItIsAnnounced()
     {
@@ -242,13 +206,9 @@ private Q_SLOTS:
         struct Filter : QObject
         {
             QHash<QEvent::Type, int> seen;
-            bool eventFilter(QObject *, QEvent *event) override
-            {
-                ++seen[event->type()];
-                return false;
-            }
+            bool eventFilter(QObject *, QEvent *event) override { return ++seen[event->type()] < 0; }
         };
-        for (bool isOurs : {false, true}) {
+        for (const bool isOurs : {false, true}) {
             Filter first;
             Filter last;
             auto splitter = isOurs ? std::make_unique<ZelSplitView>() : std::make_unique<QSplitter>();
@@ -257,20 +217,17 @@ private Q_SLOTS:
             split.splitter->installEventFilter(&last);
             split.splitter->show();
             QCoreApplication::sendPostedEvents();
-            last.seen.clear(); // it was put before the delegate's until then
-            first.seen.clear();
+            first.seen = last.seen = {}; // the last one was put before the delegate's until then
             split.splitter->hide();
             split.splitter->show();
-            split.resize(300);
-            split.resize(70); // the panes overflow
-            split.resize(60);
+            for (const int length : {300, 70, 60}) // the panes overflow
+                split.resize(length);
             split.splitter->widget(0)->updateGeometry();
             QCoreApplication::sendPostedEvents();
-            for (Filter *filter : {&first, &last}) {
-                QCOMPARE(filter->seen.value(QEvent::Show), 1);
-                QCOMPARE(filter->seen.value(QEvent::Resize), 3);
-                QCOMPARE(filter->seen.value(QEvent::LayoutRequest), 1);
-            }
+            for (const Filter *filter : {&first, &last})
+                for (const auto &[type, count] :
+                     {std::pair(QEvent::Show, 1), {QEvent::Resize, 3}, {QEvent::LayoutRequest, 1}})
+                    QCOMPARE(filter->seen.value(type), count);
         }
     }
     void prioritiesAndCollapsibilityLayOutAgain()
@@ -300,33 +257,35 @@ private Q_SLOTS:
         const Split split({{0, 0, 1}, {0, 0, 2}, {0, 0, 1}, {0, 0, 2}}, {50, 50, 50, 50});
         const auto i = split.delegate->items();
         const QList<ZelPrioritySplitViewItem *> descending{i[1], i[3], i[0], i[2]};
-        const QList<ZelPrioritySplitViewItem *> ascending{i[2], i[0], i[3], i[1]};
         QCOMPARE(split.delegate->sortedItemsByDescendingPriority(), descending);
-        QCOMPARE(split.delegate->sortedItemsByAscendingPriority(), ascending);
+        QCOMPARE(split.delegate->sortedItemsByAscendingPriority(),
+                 QList<ZelPrioritySplitViewItem *>(descending.rbegin(), descending.rend()));
     }
     void dividersAreConstrained()
     {
         const Split split({{40, 120}, {50, 130}}, {100, 100});
+        auto &delegate = *split.delegate;
         QSplitter *splitter = split.splitter.get();
-        const int end = split.length();
-        const auto least = [&](double p) {
-            return split.delegate->splitViewConstrainMinCoordinateOfSubviewAt(splitter, p, 0);
-        };
-        const auto greatest = [&](double p) {
-            return split.delegate->splitViewConstrainMaxCoordinateOfSubviewAt(splitter, p, 0);
-        };
-        QCOMPARE(least(0), end - 130.0);
-        QCOMPARE(least(110), 110.0);
-        QCOMPARE(greatest(1000), 120.0);
-        QCOMPARE(greatest(60), 60.0);
-        QVERIFY_EXCEPTION_THROWN(split.delegate->splitViewConstrainMinCoordinateOfSubviewAt(splitter, 0, 1),
-                                 ZelInternalInconsistencyException);
+        const double end = split.length();
+        for (const auto &[proposed, least] : {std::pair(0.0, end - 130), {110.0, 110.0}})
+            QCOMPARE(delegate.splitViewConstrainMinCoordinateOfSubviewAt(splitter, proposed, 0), least);
+        for (const auto &[proposed, greatest] : {std::pair(1000.0, 120.0), {60.0, 60.0}})
+            QCOMPARE(delegate.splitViewConstrainMaxCoordinateOfSubviewAt(splitter, proposed, 0), greatest);
+        delegate.items()[0]->setMinLength(90);
+        delegate.items()[1]->setMinLength(95);
+        QCOMPARE(delegate.splitViewConstrainMinCoordinateOfSubviewAt(splitter, 0, 0), 90.0);
+        QCOMPARE(delegate.splitViewConstrainMaxCoordinateOfSubviewAt(splitter, 1000, 0), end - 95);
+        const std::function<void()> mistakes[] = {
+            [&] { delegate.splitViewConstrainMinCoordinateOfSubviewAt(splitter, 0, 1); },
+            [&] { delegate.splitViewConstrainMaxCoordinateOfSubviewAt(splitter, 0, 1); },
+            [&] { delegate.itemForViewIndex(2); }, [&] { delegate.itemForViewIndex(-1); },
+            [] { ZelPrioritySplitViewDelegate nowhere(nullptr); }};
+        for (const auto &mistake : mistakes)
+            QVERIFY_EXCEPTION_THROWN(mistake(), ZelInternalInconsistencyException);
     }
-    void missingPartsAreAsserted()
+    void panesMayLackItemsAndItemsPanes()
     {
-        QVERIFY_EXCEPTION_THROWN(ZelPrioritySplitViewDelegate(nullptr), ZelInternalInconsistencyException);
         Split split({{}, {}}, {100, 100});
-        QVERIFY_EXCEPTION_THROWN(split.delegate->itemForViewIndex(2), ZelInternalInconsistencyException);
         split.splitter->show();
         split.splitter->addWidget(new QWidget);
         QVERIFY_EXCEPTION_THROWN(split.delegate->adjustSubviews(), ZelInternalInconsistencyException);
@@ -359,40 +318,48 @@ private Q_SLOTS:
         split.resize(300);
         QCOMPARE(split.lengths().last() + split.lengths().first(), 300 - split.splitter->handleWidth());
     }
-    void anyoneMayDieFirst_data()
-    {
-        QTest::addColumn<QByteArray>("order");
-        for (QByteArray order : {"sdip", "isdp", "dsip", "pids", "psid", "dpsi"})
-            QTest::newRow(order) << order;
-    }
     void anyoneMayDieFirst()
     {
-        QFETCH(QByteArray, order);
-        auto split =
-            std::make_unique<Split>(QList<Split::Item>{{10, 1000, 0, true}, {10, 1000, 1, true}}, QList<int>{100, 100});
-        split->splitter->show();
-        const auto list = split->delegate->items();
-        const QList<QPointer<ZelPrioritySplitViewItem>> items(list.begin(), list.end());
-        const QPointer<QWidget> pane(split->splitter->widget(0));
-        for (char who : order) {
-            if (who == 's')
-                split->splitter.reset();
-            if (who == 'd')
-                split->delegate.reset();
-            if (who == 'i')
-                delete items[0];
-            if (who == 'p')
-                delete pane;
-            if (split->splitter)
-                split->splitter->resize(split->splitter->width() + 10, 80);
-            if (split->delegate && !items[1].isNull())
-                items[1]->setPriorityIndex(items[1]->priorityIndex() + 1);
-            if (split->delegate)
-                split->delegate->adjustSubviews();
-            QCoreApplication::sendPostedEvents();
+        for (const char *order : {"sdip", "isdp", "dsip", "pids", "psid", "dpsi"}) {
+            Split split({{10, 1000, 0, true}, {10, 1000, 1, true}}, {100, 100});
+            split.splitter->show();
+            const QPointer<ZelPrioritySplitViewItem> first(split.delegate->items()[0]);
+            const QPointer<ZelPrioritySplitViewItem> second(split.delegate->items()[1]);
+            const QPointer<QWidget> pane(split.splitter->widget(0));
+            for (const char who : std::string_view(order)) {
+                if (who == 's')
+                    split.splitter.reset();
+                else if (who == 'd')
+                    split.delegate.reset();
+                else
+                    delete (who == 'i' ? static_cast<QObject *>(first) : pane);
+                if (split.splitter)
+                    split.splitter->resize(split.splitter->width() + 10, 80);
+                if (split.delegate && second)
+                    second->setPriorityIndex(second->priorityIndex() + 1);
+                if (split.delegate)
+                    split.delegate->adjustSubviews();
+                QCoreApplication::sendPostedEvents();
+            }
+            QVERIFY(!split.splitter && !split.delegate && !pane && !first);
         }
-        QVERIFY(!split->splitter && !split->delegate);
-        QVERIFY(pane.isNull() && items[0].isNull());
+    }
+    void anArchiveKeepsEverything()
+    {
+        const quint64 largest = std::numeric_limits<quint64>::max();
+        ZelKeyedCoder coder;
+        ZelPrioritySplitViewItem(12.5, 300, largest, true).encodeWithCoder(coder);
+        const QVariantMap expected{
+            {"minLength", 12.5}, {"maxLength", 300.0}, {"priorityIndex", largest}, {"collapsible", true}};
+        QCOMPARE(coder.values(), expected);
+        ZelKeyedCoder again;
+        ZelPrioritySplitViewItem(coder).encodeWithCoder(again);
+        QCOMPARE(again.values(), expected);
+        const ZelPrioritySplitViewItem item(ZelKeyedCoder(QVariantMap{{"minLength", 40}})); // may lack keys
+        QCOMPARE(item.minLength(), 40.0);
+        QVERIFY(item.maxLength() > QWIDGETSIZE_MAX);
+        QCOMPARE(item.priorityIndex(), 0u);
+        QVERIFY(!item.isCollapsible());
     }
 };
 

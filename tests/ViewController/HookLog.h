@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Core/Errors/ZelAssertions.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
 
@@ -20,23 +19,21 @@ public:
     }
     ~LoggingView() override { uninstall(); }
 
-    std::function<void()> onInstall;
-    std::function<void()> onUninstall;
+    std::function<void()> onInstall = [] {};
+    std::function<void()> onUninstall = [] {};
     int constraintUpdates = 0;
 
     void viewDidInstall() override
     {
         ZelView::viewDidInstall();
         m_log->append(objectName() + '+');
-        if (onInstall)
-            onInstall();
+        onInstall();
     }
     void viewWillUninstall() override
     {
         ZelView::viewWillUninstall();
         m_log->append(objectName() + '-');
-        if (onUninstall)
-            onUninstall();
+        onUninstall();
     }
     void updateConstraints() override
     {
@@ -64,14 +61,13 @@ public:
 
     void loadView() override
     {
-        note("load");
-        if (makeView)
-            setView(makeView());
+        note(" load");
+        setView(makeView());
     }
-    void viewWillLoad() override { note("willLoad"); }
-    void viewDidLoad() override { note("didLoad"); }
-    void viewWillUnload() override { note("willUnload"); }
-    void viewDidUnload() override { note("didUnload"); }
+    void viewWillLoad() override { note(" willLoad"); }
+    void viewDidLoad() override { note(" didLoad"); }
+    void viewWillUnload() override { note(" willUnload"); }
+    void viewDidUnload() override { note(" didUnload"); }
     void viewDidInstall() override
     {
         ZelViewController::viewDidInstall();
@@ -82,36 +78,11 @@ public:
         ZelViewController::viewWillUninstall();
         note("-");
     }
-    void updateConstraints() override { note("updateConstraints"); }
-    void layout() override { note("layout"); }
+    void updateConstraints() override { note(" updateConstraints"); }
+    void layout() override { note(" layout"); }
 
 private:
-    void note(const char *what)
-    {
-        const QString text = QString::fromLatin1(what);
-        m_log->append(objectName() + (text.size() == 1 ? "" : " ") + text);
-    }
+    void note(const char *what) { m_log->append(objectName() + QLatin1String(what)); }
 
     QStringList *m_log;
-};
-
-/// Collects failed assertions, and goes on.
-class FailureLog : public ZelAssertionHandler
-{
-public:
-    FailureLog()
-        : m_former(setCurrent(this))
-    {
-    }
-    ~FailureLog() override { setCurrent(m_former); }
-    void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &) override
-    {
-        locations.append(location);
-        messages.append(message);
-    }
-    QStringList locations;
-    QStringList messages;
-
-private:
-    ZelAssertionHandler *m_former;
 };

@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: MIT
-#include "ViewController/ZelView.h"
-
 #include "Geometry/ZelSnapUtilities.h"
 #include "Layout/ZelConstraintLayout.h"
+#include "Support/Failures.h"
 #include "Support/Reports.h"
+#include "Support/TableRow.h"
 #include "ViewController/HookLog.h"
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelKeyedCoder.h"
 
-#include <QMouseEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointingDevice>
 #include <QSignalSpy>
-#include <QTest>
 #include <QVBoxLayout>
 
 namespace {
 
-/// Counts how often it is painted, and remembers where the mouse was.
+/// Counts how often it is painted, and remembers where events came.
 class CountingView : public ZelView
 {
 public:
     using ZelView::ZelView;
     int paints = 0;
-    QPointF pressed;
+    QPointF position;
+    QPointF global;
 
 protected:
     void paintEvent(QPaintEvent *event) override
@@ -29,18 +31,23 @@ protected:
         ++paints;
         ZelView::paintEvent(event);
     }
-    void mousePressEvent(QMouseEvent *event) override { pressed = event->position(); }
+    bool positionedEvent(QEvent *event) override
+    {
+        if (auto *pointer = dynamic_cast<QSinglePointEvent *>(event))
+            std::tie(position, global) = std::pair(pointer->position(), pointer->globalPosition());
+        else if (auto *menu = dynamic_cast<QContextMenuEvent *>(event))
+            std::tie(position, global) = std::pair(menu->pos(), menu->globalPos());
+        else if (auto *help = dynamic_cast<QHelpEvent *>(event))
+            std::tie(position, global) = std::pair(help->pos(), help->globalPos());
+        else if (auto *drop = dynamic_cast<QDropEvent *>(event)) {
+            position = drop->position();
+            drop->setDropAction(Qt::MoveAction);
+        }
+        event->setAccepted(!event->isAccepted());
+        return true;
+    }
     ZelView *newInstance() const override { return new CountingView; }
 };
-
-int paintsAfter(CountingView &view, const std::function<void()> &change)
-{
-    QCoreApplication::processEvents();
-    view.paints = 0;
-    change();
-    QTest::qWait(20);
-    return view.paints;
-}
 
 } // namespace
 
@@ -50,64 +57,48 @@ class tst_ZelView : public QObject
 private Q_SLOTS:
     void init() { m_log.clear(); }
 
-    void isInstalledWhereverItGetsAWindow_data()
-    {
-        using Way = std::function<void(ZelView * view, QWidget * window, QObject * keep)>;
-        QTest::addColumn<Way>("way");
-        QTest::addColumn<bool>("installed");
-        QTest::newRow("alone") << Way([](ZelView *, QWidget *, QObject *) {}) << false;
-        QTest::newRow("reparented") << Way([](ZelView *v, QWidget *w, QObject *) { v->setParent(w); }) << true;
-        QTest::newRow("in a layout") << Way([](ZelView *v, QWidget *w, QObject *) {
-            (new QVBoxLayout(w))->addWidget(v);
-        }) << true;
-        QTest::newRow("shown by itself") << Way([](ZelView *v, QWidget *, QObject *) { v->show(); }) << true;
-        QTest::newRow("in a bare view") << Way([](ZelView *v, QWidget *, QObject *keep) {
-            auto *outer = new ZelView;
-            connect(keep, &QObject::destroyed, outer, [outer] { delete outer; });
-            outer->addSubview(v);
-        }) << false;
-        QTest::newRow("in a bare view that comes in") << Way([](ZelView *v, QWidget *w, QObject *) {
-            auto *outer = new ZelView;
-            outer->addSubview(v);
-            outer->setParent(w);
-        }) << true;
-        QTest::newRow("in a plain widget within a bare view that comes in")
-            << Way([](ZelView *v, QWidget *w, QObject *) {
-                   auto *outer = new ZelView;
-                   v->setParent(new QWidget(outer));
-                   outer->setParent(w);
-               })
-            << true;
-        QTest::newRow("in plain widgets that come in") << Way([](ZelView *v, QWidget *w, QObject *) {
-            auto *outer = new ZelView; // hides the window from the plain widgets
-            auto *plain = new QWidget(outer);
-            v->setParent(new QWidget(plain));
-            plain->setParent(w);
-            delete outer;
-        }) << true;
-    }
     void isInstalledWhereverItGetsAWindow()
     {
-        using Way = std::function<void(ZelView *, QWidget *, QObject *)>;
-        QFETCH(Way, way);
-        QFETCH(bool, installed);
-        QObject keep;
-        QWidget window;
-        auto *view = new LoggingView(&m_log, "v");
-        const QPointer<ZelView> guard(view);
-        way(view, &window, &keep);
-        QCOMPARE(view->isInstalled(), installed);
-        QCOMPARE(m_log, installed ? QStringList{"v+"} : QStringList());
-        if (!view->parentWidget())
-            delete view;
-        else
-            QTest::qWait(0);
-        if (guard)
-            QCOMPARE(m_log.size(), installed ? 1 : 0); // neither polishing nor anything else installs again
-    }
-
-    void isInstalledWhenPolishedIfItWasMadeInAWindow()
-    {
+        using Way = std::function<void(ZelView * view, QWidget * window, ZelView * outer)>;
+        const std::pair<Way, bool> ways[] = {
+            {[](auto *, auto *, auto *) {}, false},
+            {[](auto *view, auto *window, auto *) { view->setParent(window); }, true},
+            {[](auto *view, auto *window, auto *) { (new QVBoxLayout(window))->addWidget(view); }, true},
+            {[](auto *view, auto *, auto *) { view->show(); }, true},
+            {[](auto *view, auto *, auto *outer) { outer->addSubview(view); }, false},
+            {[](auto *view, auto *window, auto *outer) {
+                 outer->addSubview(view);
+                 outer->setParent(window);
+             },
+             true},
+            {[](auto *view, auto *window, auto *outer) {
+                 view->setParent(new QWidget(outer)); // a plain widget within a bare view that comes in
+                 outer->setParent(window);
+             },
+             true},
+            {[](auto *view, auto *window, auto *outer) {
+                 auto *plain = new QWidget(outer); // the bare view hides the window from the plain widgets
+                 view->setParent(new QWidget(plain));
+                 plain->setParent(window);
+             },
+             true},
+        };
+        for (const auto &[way, isInstalled] : ways) {
+            const TableRow row(QStringLiteral("way %1").arg(&way - &ways[0].first));
+            m_log.clear();
+            QWidget window;
+            ZelView outer;
+            LoggingView view(&m_log, "v");
+            way(&view, &window, &outer);
+            for (int i = 0; i < 2; ++i) { // neither polishing nor anything else installs again
+                QCOMPARE(view.isInstalled(), isInstalled);
+                QCOMPARE(m_log, isInstalled ? QStringList{"v+"} : QStringList());
+                QTest::qWait(0);
+            }
+            outer.setParent(nullptr);
+            view.setParent(nullptr);
+        }
+        m_log.clear();
         QWidget window;
         auto *view = new LoggingView(&m_log, "v", &window);
         auto *below = new LoggingView(&m_log, "w", view);
@@ -126,23 +117,24 @@ private Q_SLOTS:
         controller.view();
         auto *inner = new LoggingView(&m_log, "inner");
         outer->addSubview(inner);
-        m_log.clear();
-        outer->setParent(&window);
-        m_log.removeAll("c updateConstraints");
-        QCOMPARE(m_log, (QStringList{"outer+", "c+", "inner+"}));
-        QVERIFY(controller.isViewInstalled());
-        m_log.clear();
         bool hadWindow = false;
         inner->onUninstall = [&] { hadWindow = inner->window() == &window; };
-        outer->removeFromSuperview();
-        QCOMPARE(m_log, (QStringList{"outer-", "c-", "inner-"}));
-        QVERIFY(hadWindow);
-        QVERIFY(!outer->parentWidget() && inner->parentWidget() == outer);
-        m_log.clear();
-        outer->setParent(&window);
-        outer->setParent(nullptr);
-        m_log.removeAll("c updateConstraints");
-        QCOMPARE(m_log, (QStringList{"outer+", "c+", "inner+", "outer-", "c-", "inner-"}));
+        const std::tuple<std::function<void()>, bool, QStringList> steps[] = {
+            {[&] { outer->setParent(&window); }, true, {"outer+", "c+", "inner+"}},
+            {[&] { outer->removeFromSuperview(); }, false, {"outer-", "c-", "inner-"}},
+            {[&] { outer->setParent(&window); }, true, {"outer+", "c+", "inner+"}},
+            {[&] { outer->setParent(nullptr); }, false, {"outer-", "c-", "inner-"}},
+        };
+        for (const auto &[act, isInstalled, log] : steps) {
+            m_log.clear();
+            act();
+            m_log.removeAll("c updateConstraints");
+            QCOMPARE(m_log, log);
+            QCOMPARE(controller.isViewInstalled(), isInstalled);
+            QVERIFY(inner->parentWidget() == outer && outer->parentWidget() == (isInstalled ? &window : nullptr));
+            if (&act == &std::get<0>(steps[1]))
+                QVERIFY(hadWindow);
+        }
     }
 
     void movesBetweenWindowsSilently()
@@ -151,7 +143,7 @@ private Q_SLOTS:
         QWidget second;
         ZelView bare;
         bare.show();
-        QWidget *plain = new QWidget(&first);
+        auto *plain = new QWidget(&first);
         auto *view = new LoggingView(&m_log, "v");
         view->setParent(plain);
         QCOMPARE(m_log.size(), 1);
@@ -166,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(m_log, (QStringList{"v+", "v-"}));
     }
 
-    void hooksMayChangeTheTree()
+    void hooksMayChangeTheTreeAndThrow()
     {
         QWidget window;
         ZelView outer;
@@ -187,11 +179,20 @@ private Q_SLOTS:
         m_log.sort();
         QCOMPARE(m_log, (QStringList{"added+", "adding+", "deleting+", "last+", "leaving+", "leaving-"}));
         QVERIFY(!leaving->isInstalled() && !controller.isViewInstalled());
-        m_log.clear();
         last->onUninstall = [&] { delete deleting; };
         adding->onUninstall = [&] { window.setParent(nullptr); };
         outer.setParent(nullptr);
         QVERIFY(!last->isInstalled() && !adding->isInstalled());
+        // An exception comes when the rest is done.
+        last->onUninstall = [] {};
+        outer.setSubviews({leaving, last});
+        leaving->onInstall = leaving->onUninstall = [] { throw std::runtime_error("no"); };
+        QVERIFY_EXCEPTION_THROWN(outer.setParent(static_cast<QWidget *>(&window)), std::runtime_error);
+        QVERIFY(leaving->isInstalled() && controller.isViewInstalled() && last->isInstalled());
+        QCOMPARE(outer.parentWidget(), &window);
+        QVERIFY_EXCEPTION_THROWN(outer.removeFromSuperview(), std::runtime_error);
+        QVERIFY(!leaving->isInstalled() && !controller.isViewInstalled() && !last->isInstalled());
+        leaving->onUninstall = [] {};
     }
 
     /// They leave their window in groups.
@@ -221,68 +222,38 @@ private Q_SLOTS:
         for (const QWidget *stop = window.nextInFocusChain(); stop != &window; stop = stop->nextInFocusChain())
             ++stops;
         QCOMPARE(stops, 2);
-        views[5]->onUninstall = views[8]->onUninstall = {};
+        views[5]->onUninstall = views[8]->onUninstall = [] {};
         views.removeAt(9);
         views.removeAt(7);
         for (const LoggingView *view : std::as_const(views)) {
             const bool isIn = view->objectName() == u"150";
-            QVERIFY(view->isInstalled() == isIn && (view->parentWidget() == outer) == isIn &&
-                    view->isVisible() == isIn);
+            QCOMPARE(std::tuple(view->isInstalled(), view->parentWidget() == outer, view->isVisible()),
+                     std::tuple(isIn, isIn, isIn));
         }
         outer->setSubviews({views.begin(), views.end()});
         for (const LoggingView *view : std::as_const(views))
             QVERIFY(view->isInstalled() && view->isVisible() == (view->objectName() != u"3"));
     }
 
-    void anExceptionLeavesTheRestInstalled()
-    {
-        QWidget window;
-        ZelView outer;
-        auto *failing = new LoggingView(&m_log, "failing");
-        auto *other = new LoggingView(&m_log, "other");
-        LoggingController controller(&m_log, "c");
-        controller.makeView = [&] { return failing; };
-        controller.view();
-        outer.setSubviews({failing, other});
-        failing->onInstall = failing->onUninstall = [] { throw std::runtime_error("no"); };
-        QWidget *content = &window;
-        QVERIFY_EXCEPTION_THROWN(outer.setParent(content), std::runtime_error);
-        QVERIFY(failing->isInstalled() && controller.isViewInstalled() && other->isInstalled());
-        QCOMPARE(outer.parentWidget(), &window);
-        QVERIFY_EXCEPTION_THROWN(outer.removeFromSuperview(), std::runtime_error);
-        QVERIFY(!failing->isInstalled() && !controller.isViewInstalled() && !other->isInstalled());
-    }
-
-    void theDestructorUninstallsOnce_data()
-    {
-        using Way = std::function<void(QWidget * window, QWidget * plain, ZelView * view)>;
-        QTest::addColumn<Way>("way");
-        QTest::newRow("window") << Way([](QWidget *window, QWidget *, ZelView *) { delete window; });
-        QTest::newRow("ancestor") << Way([](QWidget *window, QWidget *plain, ZelView *) {
-            delete plain;
-            delete window;
-        });
-        QTest::newRow("view") << Way([](QWidget *window, QWidget *, ZelView *view) {
-            delete view;
-            delete window;
-        });
-    }
     void theDestructorUninstallsOnce()
     {
-        using Way = std::function<void(QWidget *, QWidget *, ZelView *)>;
-        QFETCH(Way, way);
-        const Reports reports;
-        auto *window = new QWidget;
-        auto *plain = new QWidget(window);
-        auto *view = new LoggingView(&m_log, "v");
-        auto *inner = new LoggingView(&m_log, "w");
-        view->addSubview(inner);
-        view->setParent(plain);
-        inner->onUninstall = [] { throw std::runtime_error("reported"); };
-        m_log.clear();
-        way(window, plain, view);
-        QCOMPARE(m_log, (QStringList{"v-", "w-"}));
-        QCOMPARE(reports.messages, QStringList{"reported"});
+        for (const char *dying : {"window", "ancestor", "view"}) {
+            const TableRow row(dying);
+            const Reports reports;
+            auto window = std::make_unique<QWidget>();
+            auto *plain = new QWidget(window.get());
+            auto *view = new LoggingView(&m_log, "v");
+            auto *inner = new LoggingView(&m_log, "w");
+            view->addSubview(inner);
+            view->setParent(plain);
+            inner->onUninstall = [] { throw std::runtime_error("reported"); };
+            m_log.clear();
+            if (dying != QLatin1String("window"))
+                delete (dying == QLatin1String("view") ? view : plain);
+            window.reset();
+            QCOMPARE(m_log, (QStringList{"v-", "w-"}));
+            QCOMPARE(reports.messages, QStringList{"reported"});
+        }
     }
 
     void updatesConstraintsOnceBeforeTheLayout()
@@ -292,143 +263,126 @@ private Q_SLOTS:
         auto *view = new LoggingView(&m_log, "v");
         auto *child = new QWidget(view);
         child->setFixedSize(40, 30);
+        view->addConstraintsWithVisualFormat("H:|-3-[c]-4-|", {{"c", child}});
+        view->addConstraintsWithVisualFormat("V:|[c]|", {{"c", child}});
+        QCOMPARE(view->sizeHint(), QSize(47, 30)); // also while it is detached
+        QCOMPARE(view->constraintUpdates, 1);
+        view->setNeedsUpdateConstraints();
         layout.addWidget(view);
-        QCOMPARE(view->constraintUpdates, 1); // at the installation
+        QCOMPARE(view->constraintUpdates, 2); // at the installation
         view->setNeedsUpdateConstraints();
         view->setNeedsUpdateConstraints();
         QVERIFY(view->needsUpdateConstraints());
         view->sizeHint();
-        QCOMPARE(view->constraintUpdates, 2); // before the size is known
+        QCOMPARE(view->constraintUpdates, 3); // before the size is known
         window.show();
         QCoreApplication::processEvents();
-        QCOMPARE(view->constraintUpdates, 2);
+        QCOMPARE(view->constraintUpdates, 3);
         view->setNeedsUpdateConstraints();
-        QTRY_COMPARE(view->constraintUpdates, 3); // in the next turn
+        QTRY_COMPARE(view->constraintUpdates, 4); // in the next turn
+        view->removeConstraints(view->constraints());
+        QVERIFY(view->constraints().isEmpty());
+        view->setNeedsUpdateConstraints();
+        QEvent request(QEvent::LayoutRequest);
+        QCoreApplication::sendEvent(view, &request);
+        QCOMPARE(view->constraintUpdates, 5);
         view->setNeedsUpdateConstraints();
         delete view; // while it is scheduled
         QCoreApplication::processEvents();
-    }
-
-    void aDetachedViewKnowsItsSize()
-    {
-        LoggingView view(&m_log, "v");
-        auto *child = new QWidget(&view);
-        child->setFixedSize(40, 30);
-        view.addConstraintsWithVisualFormat("H:|-3-[c]-4-|", {{"c", child}});
-        view.addConstraintsWithVisualFormat("V:|[c]|", {{"c", child}});
-        QCOMPARE(view.sizeHint(), QSize(47, 30));
-        QCOMPARE(view.constraintUpdates, 1);
-        view.removeConstraints(view.constraints());
-        QVERIFY(view.constraints().isEmpty());
     }
 
     void ordersSubviews()
     {
         QWidget window;
         ZelView view(&window);
-        window.resize(100, 100);
         window.show();
         auto *a = new QWidget;
         auto *b = new ZelView;
         auto *c = new QWidget;
         auto *hidden = new QWidget;
         hidden->hide();
-        view.addSubview(a);
-        view.addSubview(c);
-        view.addSubview(b, 1);
-        view.addSubview(hidden, 0);
+        const std::pair<QWidget *, int> additions[] = {{a, -1}, {nullptr, 0}, {c, -1}, {b, 1}, {hidden, 0}};
+        for (const auto &[added, index] : additions)
+            view.addSubview(added, index);
         QCOMPARE(view.subviews(), (QList<QWidget *>{hidden, a, b, c}));
         QVERIFY(a->isVisible() && b->isVisible() && b->isInstalled());
         QVERIFY(!hidden->isVisible()); // whoever hides a view first means it
-        view.setSubviews({c, b});
+        view.setSubviews({c, nullptr, b});
         QCOMPARE(view.subviews(), (QList<QWidget *>{c, b}));
         QVERIFY(!a->parentWidget() && !a->isVisible());
-        view.setSubviews({b, a, c});
+        view.setSubviews({nullptr, b, a, c});
         QCOMPARE(view.subviews(), (QList<QWidget *>{b, a, c}));
         QVERIFY(a->isVisible() && b->isInstalled());
         delete hidden;
     }
 
-    void nullIsNoSubview()
+    void drawsItsColors()
     {
-        ZelView view;
-        view.addSubview(nullptr);
-        auto *child = new QWidget;
-        view.setSubviews({nullptr, child, nullptr});
-        QCOMPARE(view.subviews(), QList<QWidget *>{child});
-    }
-
-    void anEqualColorChangesNothing()
-    {
+        const ZelColor half(QColor(255, 0, 0, 128));
+        const std::tuple<ZelColor, bool, QColor> rows[] = {// as seen above white, if it is opaque or not
+                                                           {ZelColor(Qt::red), false, QColor(Qt::red)},
+                                                           {half, false, QColor(255, 127, 127)},
+                                                           {half, true, QColor(255, 0, 0, 128)},
+                                                           {ZelColor(), true, QColor(Qt::white)}};
+        for (const auto &[color, isOpaque, seen] : rows) {
+            for (const bool hasLayer : {false, true}) {
+                ZelView view(QRectF(0, 0, 20, 20));
+                view.setWantsLayer(hasLayer);
+                view.setBackgroundColor(color);
+                view.setBorderColor(Qt::blue);
+                view.setOpaque(isOpaque);
+                QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+                image.fill(Qt::white);
+                view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+                if (!hasLayer || !isOpaque) // a layer is composed with what is below it
+                    QCOMPARE(image.pixelColor(10, 10), seen);
+                for (const QPoint edge : {QPoint(0, 10), QPoint(10, 0), QPoint(19, 10), QPoint(19, 19)})
+                    QCOMPARE(image.pixelColor(edge), QColor(Qt::blue));
+                QCOMPARE(image.pixelColor(1, 1), image.pixelColor(10, 10));
+                QCOMPARE(image.pixelColor(18, 18), image.pixelColor(10, 10));
+            }
+        }
         CountingView view;
         view.setGeometry(0, 0, 50, 50);
         view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         QSignalSpy changes(&view, &ZelView::backgroundColorChanged);
-        QCOMPARE(paintsAfter(view, [&] { view.setBackgroundColor(Qt::red); }), 1);
-        QCOMPARE(paintsAfter(view, [&] { view.setBackgroundColor(QColor(255, 0, 0)); }), 0);
-        QCOMPARE(paintsAfter(view, [&] { view.setBorderColor(QColor()); }), 0);
+        const std::pair<std::function<void()>, int> steps[] = {
+            {[&] { view.setBackgroundColor(Qt::red); }, 1},
+            {[&] { view.setBackgroundColor(QColor(255, 0, 0)); }, 0}, // an equal one
+            {[&] { view.setBorderColor(QColor()); }, 0},
+            {[&] { view.setOpaque(true); }, 1},
+            {[&] { view.setWantsLayer(true); }, 1},
+            {[&] { view.setWantsLayer(true); }, 0},
+        };
+        for (const auto &[change, paints] : steps) {
+            QCoreApplication::processEvents();
+            view.paints = 0;
+            change();
+            QTest::qWait(20);
+            QCOMPARE(view.paints, paints);
+        }
         QCOMPARE(changes.size(), 1);
-        view.setWantsLayer(true);
         QCOMPARE(view.layer()->backgroundColor(), ZelColor(Qt::red));
-        view.setBorderColor(Qt::blue);
         view.setBackgroundColor(Qt::green);
-        QCOMPARE(view.layer()->borderColor(), ZelColor(Qt::blue));
         QCOMPARE(view.layer()->backgroundColor(), ZelColor(Qt::green));
-        view.grab();
-        QCOMPARE(view.layer()->borderWidth(), 1.0);
-        view.setBorderColor(QColor());
-        view.grab();
-        QCOMPARE(view.layer()->borderWidth(), 0.0);
-    }
-
-    void drawsItsColors_data()
-    {
-        QTest::addColumn<ZelColor>("color");
-        QTest::addColumn<bool>("opaque");
-        QTest::addColumn<QColor>("seen"); // above white
-        const ZelColor half(QColor(255, 0, 0, 128));
-        QTest::newRow("solid") << ZelColor(Qt::red) << false << QColor(255, 0, 0);
-        QTest::newRow("translucent") << half << false << QColor(255, 127, 127);
-        QTest::newRow("translucent, opaque view") << half << true << QColor(255, 0, 0, 128);
-        QTest::newRow("none") << ZelColor() << true << QColor(255, 255, 255);
-    }
-    void drawsItsColors()
-    {
-        QFETCH(ZelColor, color);
-        QFETCH(bool, opaque);
-        QFETCH(QColor, seen);
-        for (const bool layered : {false, true}) {
-            ZelView view(QRectF(0, 0, 20, 20));
-            view.setWantsLayer(layered);
-            view.setBackgroundColor(color);
-            view.setBorderColor(Qt::blue);
-            view.setOpaque(opaque);
-            QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::white);
-            view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-            if (!layered) // a layer is composed with what is below it
-                QCOMPARE(image.pixelColor(10, 10), seen);
-            QCOMPARE(image.pixelColor(0, 10), QColor(Qt::blue));
-            QCOMPARE(image.pixelColor(19, 19), QColor(Qt::blue));
-            QVERIFY(image.pixelColor(1, 1) != QColor(Qt::blue));
+        for (const auto &[color, width] : {std::pair(ZelColor(Qt::blue), 1.0), {ZelColor(), 0.0}}) {
+            view.setBorderColor(color);
+            QCOMPARE(view.layer()->borderColor(), color);
+            view.grab();
+            QCOMPARE(view.layer()->borderWidth(), width);
         }
     }
 
-    void keepsFractionsOfItsFrame()
+    void boundsScaleDrawingAndSubviews()
     {
         ZelView view;
         view.setFrame(QRectF(0.5, 1.25, 10.5, 10));
-        QCOMPARE(view.frame(), QRectF(0.5, 1.25, 10.5, 10));
+        QCOMPARE(view.frame(), QRectF(0.5, 1.25, 10.5, 10)); // with the fractions
         QCOMPARE(view.geometry().size(), QSize(10, 10));
-        view.resize(30, 30);
-        QCOMPARE(view.frame().size(), QSizeF(30, 30));
-    }
-
-    void boundsScaleDrawingEventsAndSubviews()
-    {
-        CountingView view(QRectF(0, 0, 200, 100));
-        auto *child = new CountingView(QRectF(10, 10, 20, 20), &view);
+        view.resize(200, 100);
+        QCOMPARE(view.frame().size(), QSizeF(200, 100));
+        auto *child = new ZelView(QRectF(10, 10, 20, 20), &view);
         child->setBackgroundColor(Qt::red);
         view.setBounds(QRectF(-50, 0, 100, 50)); // twice as large, and moved
         QCOMPARE(view.bounds(), QRectF(-50, 0, 100, 50));
@@ -436,12 +390,53 @@ private Q_SLOTS:
         QCOMPARE(child->geometry(), QRect(120, 20, 40, 40));
         QCOMPARE(child->bounds(), QRectF(0, 0, 20, 20));
         QCOMPARE(view.grab().toImage().pixelColor(155, 55), QColor(Qt::red));
-        QTest::mousePress(child, Qt::LeftButton, {}, QPoint(20, 30));
-        QCOMPARE(child->pressed, QPointF(10, 15));
-        QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(100, 50));
-        QCOMPARE(view.pressed, QPointF(0, 25));
         view.setFrame(QRectF(0, 0, 400, 100));
         QCOMPARE(view.bounds(), QRectF(-50, 0, 200, 50)); // the scale stays
+        view.setBounds(QRectF(0, 0, 100, 25));            // four times as large: snaps to pixels in its own coordinates
+        for (const ZelView *snapping : {static_cast<const ZelView *>(&view), static_cast<const ZelView *>(child)})
+            QCOMPARE(ZelSnapUtilities(snapping).snapPointInBacking({1.3, 2.6}, ZelSnapModeFloor, false),
+                     QPointF(1.25, 2.5));
+    }
+
+    void eventsComeInTheBoundsCoordinates()
+    {
+        using std::make_shared;
+        const QPoint at(80, 40);
+        const QPoint global(300, 305);
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        const Qt::MouseButton left = Qt::LeftButton;
+        const auto *device = QPointingDevice::primaryPointingDevice();
+        QMimeData data;
+        const std::shared_ptr<QEvent> events[] = {
+            make_shared<QMouseEvent>(QEvent::MouseButtonPress, at, at, global, left, left, Qt::NoModifier),
+            make_shared<QHoverEvent>(QEvent::HoverMove, at, global, QPointF()),
+            make_shared<QTabletEvent>(QEvent::TabletMove, device, at, global, 0.5, 0, 0, 0, 0, 0, Qt::NoModifier, left,
+                                      left),
+            make_shared<QEnterEvent>(at, at, global),
+            make_shared<QWheelEvent>(at, global, QPoint(), QPoint(0, 120), left, Qt::NoModifier, Qt::NoScrollPhase,
+                                     false),
+            make_shared<QContextMenuEvent>(QContextMenuEvent::Mouse, at, global, Qt::NoModifier),
+            make_shared<QHelpEvent>(QEvent::ToolTip, at, global),
+            make_shared<QDragEnterEvent>(at, actions, &data, left, Qt::NoModifier),
+            make_shared<QDragMoveEvent>(at, actions, &data, left, Qt::NoModifier),
+            make_shared<QDropEvent>(at, actions, &data, left, Qt::NoModifier),
+        };
+        for (const auto &event : events) {
+            const TableRow row(QString::number(event->type()));
+            CountingView view(QRectF(0, 0, 400, 200));
+            view.setBounds(QRectF(-50, 0, 100, 50));
+            auto *child = new CountingView(QRectF(10, 10, 20, 20), &view);
+            for (auto &[receiver, position] : {std::pair(&view, QPointF(-30, 10)), {child, QPointF(20, 10)}}) {
+                const bool wasAccepted = event->isAccepted();
+                static_cast<QObject *>(receiver)->event(event.get());
+                QCOMPARE(receiver->position, position);
+                QCOMPARE(event->isAccepted(), !wasAccepted);
+                if (auto *drop = dynamic_cast<QDropEvent *>(event.get()))
+                    QCOMPARE(drop->dropAction(), Qt::MoveAction);
+                else
+                    QCOMPARE(receiver->global, QPointF(global));
+            }
+        }
     }
 
     void archivesAndCopies()
@@ -453,33 +448,24 @@ private Q_SLOTS:
         view.encodeWithCoder(coder);
         QCOMPARE(coder.values().keys(),
                  (QStringList{"ZelBackgroundColorKey", "ZelFrameKey", "ZelIsFlippedKey", "ZelOpaqueKey"}));
+        view.setBorderColor(Qt::blue);
+        view.encodeWithCoder(coder);
         const ZelView read(coder);
-        QCOMPARE(read.frame(), QRectF(1, 2, 30, 40));
-        QVERIFY(read.isFlipped() && !read.isOpaque());
-        QCOMPARE(read.backgroundColor(), ZelColor(Qt::red));
+        const std::unique_ptr<ZelView> copied(view.copy());
+        QVERIFY(dynamic_cast<CountingView *>(copied.get()));
+        for (const ZelView *same : {&read, static_cast<const ZelView *>(copied.get())}) {
+            QCOMPARE(same->frame(), QRectF(1, 2, 30, 40));
+            QVERIFY(same->isFlipped() && !same->isOpaque());
+            QCOMPARE(same->backgroundColor(), ZelColor(Qt::red));
+            QCOMPARE(same->borderColor(), ZelColor(Qt::blue));
+        }
         const ZelView older{ZelKeyedCoder(QVariantMap{{"ZelOpaqueKey", true}})};
         QVERIFY(older.isOpaque() && !older.isFlipped() && !older.backgroundColor().isValid());
-        const std::unique_ptr<ZelView> copy(view.copy());
-        QVERIFY(dynamic_cast<CountingView *>(copy.get()));
-        QCOMPARE(copy->frame(), view.frame());
-        QVERIFY(copy->isFlipped());
-        QCOMPARE(copy->backgroundColor(), ZelColor(Qt::red));
-
         const LoggingView cannotBeMade(&m_log, "view");
-        FailureLog failures;
+        const Failures failures;
         QVERIFY(!cannotBeMade.copy());
-        QCOMPARE(failures.messages, QStringList{"ZelView cannot be copied: it does not override newInstance()"});
-    }
-
-    void snapsToPixelsInItsOwnCoordinates()
-    {
-        ZelView magnified(QRectF(0, 0, 200, 200));
-        auto *content = new ZelView(QRectF(10, 0, 50, 50), &magnified);
-        magnified.setBounds(QRectF(0, 0, 50, 50)); // four times as large
-        for (const ZelView *view : {static_cast<const ZelView *>(&magnified), static_cast<const ZelView *>(content)}) {
-            const QPointF snapped = ZelSnapUtilities(view).snapPointInBacking({1.3, 2.6}, ZelSnapModeFloor, false);
-            QCOMPARE(snapped, QPointF(1.25, 2.5));
-        }
+        QCOMPARE(failures.seen.size(), 1);
+        QVERIFY(failures.seen[0].endsWith("ZelView cannot be copied: it does not override newInstance()"));
     }
 
     void aControllerStandsBetweenTheViewAndItsResponder()

@@ -2,11 +2,11 @@
 #include "ViewController/ZelViewController.h"
 
 #include "Core/Binding/ZelEditor.h"
+#include "Support/Failures.h"
+#include "Support/TableRow.h"
 #include "ViewController/HookLog.h"
 
 #include <QPushButton>
-#include <QTest>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -15,10 +15,7 @@ class FakeEditor : public QWidget, public ZelEditor
     Q_OBJECT
     Q_INTERFACES(ZelEditor)
 public:
-    explicit FakeEditor(QWidget *parent)
-        : QWidget(parent)
-    {
-    }
+    using QWidget::QWidget;
     bool commitEditing() override
     {
         ++commits;
@@ -38,14 +35,20 @@ public:
     using ZelViewController::ZelViewController;
 };
 
+QString usedMessage(const ZelViewController *controller)
+{
+    return QString::asprintf(
+        "ViewController/ZelViewController: View controller %p(ZelViewController) will unload view but the view is "
+        "still used",
+        static_cast<const void *>(controller));
+}
+
 } // namespace
 
 class tst_ZelViewController : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { m_log.clear(); }
-
     void loadsWhenAskedAndUnloadsWithTheView()
     {
         LoggingController controller(&m_log, "c");
@@ -53,21 +56,18 @@ private Q_SLOTS:
         const QPointer<ZelView> view = controller.view();
         QCOMPARE(controller.view(), view);
         QCOMPARE(view->viewController(), &controller);
-        QCOMPARE(m_log, (QStringList{"c willLoad", "c load", "c didLoad"}));
-        m_log.clear();
+        QCOMPARE(takenLog(), (QStringList{"c willLoad", "c load", "c didLoad"}));
         controller.setView(nullptr);
-        QVERIFY(!controller.isViewLoaded());
-        QVERIFY(!view->viewController());
-        QCOMPARE(m_log, (QStringList{"c willUnload", "c didUnload"}));
+        QVERIFY(!controller.isViewLoaded() && !view->viewController());
+        QCOMPARE(takenLog(), (QStringList{"c willUnload", "c didUnload"}));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!view);
-        m_log.clear();
         controller.setView(new ZelView);
         controller.setView(new ZelView); // replaced, not unloaded
-        QCOMPARE(m_log, QStringList());
+        QCOMPARE(takenLog(), QStringList());
         delete controller.view();
         QVERIFY(!controller.isViewLoaded());
-        QCOMPARE(m_log, QStringList{"c didUnload"});
+        QCOMPARE(takenLog(), QStringList{"c didUnload"});
         QVERIFY(controller.view());
     }
 
@@ -76,27 +76,28 @@ private Q_SLOTS:
         NamedController controller;
         QCOMPARE(controller.nibName(), "NamedController");
         {
-            FailureLog failures;
+            const Failures failures;
             QVERIFY(!controller.view());
-            QCOMPARE(failures.messages, QStringList{"Unable to load view"});
-            QCOMPARE(failures.locations, QStringList{"ViewController/ZelViewController"});
+            QCOMPARE(failures.seen, QStringList{"ViewController/ZelViewController: Unable to load view"});
         }
         ZelViewController::registerViewLoader("NamedController", [](ZelViewController *) { return new ZelView; });
         QVERIFY(controller.view());
         ZelViewController::registerViewLoader("NamedController", {});
-        NamedController other("another name");
-        QVERIFY_EXCEPTION_THROWN(other.view(), ZelInternalInconsistencyException);
-        QVERIFY(!other.isViewLoaded());
+        for (const char *name : {"another name", "NamedController"}) {
+            NamedController other(name);
+            QVERIFY_EXCEPTION_THROWN(other.view(), ZelInternalInconsistencyException);
+            QVERIFY(!other.isViewLoaded());
+        }
     }
 
     void refusesAViewThatIsNoneOrInUse()
     {
-        FailureLog failures;
+        Failures failures;
         LoggingController controller(&m_log, "c");
         QPushButton button;
         controller.setView(&button);
-        QCOMPARE(failures.messages,
-                 QStringList{"Invalid parameter not satisfying: !view || [view isKindOfClass:[ZelView class]]"});
+        QCOMPARE(failures.taken().value(0).section(": ", 1),
+                 QString("Invalid parameter not satisfying: !view || [view isKindOfClass:[ZelView class]]"));
         QVERIFY(!controller.isViewLoaded());
         QWidget window;
         ZelView *view = controller.view();
@@ -104,85 +105,66 @@ private Q_SLOTS:
         m_log.clear();
         ZelView other;
         for (ZelView *replacement : {static_cast<ZelView *>(nullptr), &other, view}) {
-            failures.messages.clear();
             controller.setView(replacement);
-            QCOMPARE(failures.messages, QStringList{QString::asprintf(
-                                            "View controller %p(%s) will unload view but the view is still used",
-                                            static_cast<void *>(&controller), controller.metaObject()->className())});
+            QCOMPARE(failures.taken(), QStringList{usedMessage(&controller)});
             QCOMPARE(controller.view(), view);
         }
         QVERIFY(!m_log.contains("c willUnload"));
     }
 
-    void endsInAnyOrder_data()
-    {
-        using Way = std::function<void(QWidget * window, LoggingController * outer)>;
-        QTest::addColumn<Way>("way");
-        QTest::addColumn<QStringList>("log");
-        QTest::addColumn<bool>("isMistake"); // the view is still used
-        QTest::newRow("view first") << Way([](QWidget *window, LoggingController *outer) {
-            delete outer->view();
-            delete outer;
-            delete window;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
-                                    << false;
-        QTest::newRow("window first") << Way([](QWidget *window, LoggingController *outer) {
-            delete window;
-            delete outer;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
-                                      << false;
-        QTest::newRow("window with the controller in it") << Way([](QWidget *window, LoggingController *outer) {
-            outer->setParent(window); // behind the view
-            delete window;
-        }) << QStringList{"outer-", "inner-", "outer didUnload", "inner didUnload"}
-                                                          << false;
-        QTest::newRow("window with the controller before the view")
-            << Way([](QWidget *window, LoggingController *outer) {
-                   outer->setParent(window);
-                   outer->view()->raise();
-                   delete window;
-               })
-            << QStringList{"outer-", "outer willUnload", "outer didUnload",
-                           "inner-", "inner willUnload", "inner didUnload"}
-            << false;
-        QTest::newRow("controller first") << Way([](QWidget *window, LoggingController *outer) {
-            const QPointer<ZelView> view = outer->view();
-            delete outer;
-            QVERIFY(view && view->isInstalled() && !view->viewController()); // it stays with its parent
-            delete window;
-        }) << QStringList{"outer-", "outer willUnload", "outer didUnload",
-                          "inner-", "inner willUnload", "inner didUnload"}
-                                          << true;
-        QTest::newRow("controller of a view without parent") << Way([](QWidget *window, LoggingController *outer) {
-            const QPointer<ZelView> view = outer->view();
-            view->removeFromSuperview();
-            delete outer;
-            QVERIFY(!view);
-            delete window;
-        }) << QStringList{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"}
-                                                             << false;
-    }
     void endsInAnyOrder()
     {
-        using Way = std::function<void(QWidget *, LoggingController *)>;
-        QFETCH(Way, way);
-        QFETCH(QStringList, log);
-        QFETCH(bool, isMistake);
-        FailureLog failures;
-        auto *window = new QWidget;
-        auto *outer = new LoggingController(&m_log, "outer");
-        auto *inner = new LoggingController(&m_log, "inner", outer);
-        outer->view()->addSubview(inner->view());
-        outer->view()->setParent(window);
-        QVERIFY(outer->isViewInstalled() && inner->isViewInstalled());
-        m_log.clear();
-        way(window, outer);
-        QCOMPARE(m_log, log);
-        const QString message =
-            QString::asprintf("View controller %p(ZelViewController) will unload view but the view is "
-                              "still used",
-                              static_cast<void *>(outer));
-        QCOMPARE(failures.messages, isMistake ? QStringList{message} : QStringList());
+        const QStringList viewFirst{"outer-", "inner-", "outer didUnload", "inner didUnload"};
+        const QStringList controllerFirst{"outer-", "outer willUnload", "outer didUnload",
+                                          "inner-", "inner willUnload", "inner didUnload"};
+        const QStringList detached{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"};
+        using Way = std::function<void(QWidget * window, LoggingController * outer, ZelView * view)>;
+        const std::tuple<const char *, Way, QStringList> rows[] = {
+            {"view first", [](auto *, auto *, auto *view) { delete view; }, viewFirst},
+            {"window first", [](auto *window, auto *, auto *) { delete window; }, viewFirst},
+            {"window with the controller behind the view",
+             [](auto *window, auto *outer, auto *) {
+                 outer->setParent(window);
+                 delete window;
+             },
+             viewFirst},
+            {"window with the controller before the view",
+             [](auto *window, auto *outer, auto *view) {
+                 outer->setParent(window);
+                 view->raise();
+                 delete window;
+             },
+             controllerFirst},
+            {"controller first", [](auto *, auto *outer, auto *) { delete outer; }, controllerFirst},
+            {"controller of a view without parent",
+             [](auto *, auto *outer, auto *view) {
+                 view->removeFromSuperview();
+                 delete outer;
+             },
+             detached},
+        };
+        for (const auto &[name, way, log] : rows) {
+            const TableRow row(name);
+            const Failures failures;
+            const QPointer<QWidget> window = new QWidget;
+            const QPointer<LoggingController> outer = new LoggingController(&m_log, "outer");
+            const QString message = usedMessage(outer);
+            auto *inner = new LoggingController(&m_log, "inner", outer);
+            const QPointer<ZelView> view = outer->view();
+            view->addSubview(inner->view());
+            view->setParent(window);
+            QVERIFY(outer->isViewInstalled() && inner->isViewInstalled());
+            m_log.clear();
+            way(window, outer, view);
+            const bool staysUsed = name == QLatin1String("controller first"); // it stays with its parent
+            QCOMPARE(!view.isNull(), staysUsed);
+            if (staysUsed)
+                QVERIFY(view->isInstalled() && !view->viewController());
+            delete outer;
+            delete window;
+            QCOMPARE(m_log, log);
+            QCOMPARE(failures.seen, staysUsed ? QStringList{message} : QStringList());
+        }
     }
 
     void followsTheInstallationOfAViewThatItGets()
@@ -193,51 +175,49 @@ private Q_SLOTS:
         shown.addSubview(view);
         LoggingController controller(&m_log, "c");
         controller.makeView = [&] { return view; };
+        m_log.clear();
         controller.view();
-        QCOMPARE(m_log, (QStringList{"c willLoad", "c load", "c didLoad", "c+"})); // not before it is loaded
+        QCOMPARE(takenLog(), (QStringList{"c willLoad", "c load", "c didLoad", "c+"})); // not before it is loaded
         view->setViewController(nullptr);
         QVERIFY(!controller.isViewInstalled());
         view->setViewController(&controller);
         QVERIFY(controller.isViewInstalled());
-    }
-
-    void takesPartInTheLayout()
-    {
-        LoggingController controller(&m_log, "c");
-        controller.view()->resize(100, 100);
+        // It takes part in the layout.
+        LoggingController window(&m_log, "w");
+        window.view()->resize(100, 100);
         m_log.clear();
-        controller.view()->show();
-        QVERIFY(m_log.contains("c updateConstraints"));
-        QVERIFY(m_log.contains("c layout"));
+        window.view()->show();
+        QVERIFY(m_log.contains("w updateConstraints") && m_log.contains("w layout"));
         m_log.clear();
-        controller.view()->resize(120, 100);
-        QCOMPARE(m_log, QStringList{"c layout"});
+        window.view()->resize(120, 100);
+        QCOMPARE(m_log, QStringList{"w layout"});
     }
 
     void commitsTheEditorsOfItsOwnView()
     {
         LoggingController outer(&m_log, "outer");
         LoggingController inner(&m_log, "inner");
-        auto *box = new QWidget(outer.view());
-        FakeEditor *first = new FakeEditor(box);
-        FakeEditor *second = new FakeEditor(outer.view());
+        FakeEditor first(new QWidget(outer.view()));
+        FakeEditor second(outer.view());
         outer.view()->addSubview(inner.view());
-        FakeEditor *foreign = new FakeEditor(inner.view());
-        first->accepts = false;
+        FakeEditor foreign(inner.view());
+        first.accepts = false;
         QVERIFY(outer.commitEditing()); // not installed
-        QCOMPARE(first->commits, 0);
+        outer.discardEditing();
+        QCOMPARE(first.commits + first.discards, 0);
         outer.view()->show();
         QVERIFY(!outer.commitEditing());
-        QCOMPARE(second->commits, 0); // the first refusal decides
-        first->accepts = true;
+        QCOMPARE(second.commits, 0); // the first refusal decides
+        first.accepts = true;
         QVERIFY(outer.commitEditing());
-        QCOMPARE(second->commits, 1);
         outer.discardEditing();
-        QCOMPARE(first->discards + second->discards, 2);
-        QCOMPARE(foreign->commits + foreign->discards, 0);
+        QCOMPARE(std::tuple(first.commits, second.commits, first.discards, second.discards), std::tuple(2, 1, 1, 1));
+        QCOMPARE(foreign.commits + foreign.discards, 0);
     }
 
 private:
+    QStringList takenLog() { return std::exchange(m_log, {}); }
+
     QStringList m_log;
 };
 

@@ -5,43 +5,86 @@
 #include "Controls/ZelFocusRingOverlay.h"
 #include "Controls/ZelTitleBarButton.h"
 #include "Layout/ZelConstraintLayout.h"
+#include "Support/TableRow.h"
+#include "Views/ZelEmptyView.h"
+#include "Views/ZelScrollView.h"
 #include "Views/ZelSeparator.h"
+#include "Views/ZelVerticalStackView.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
-#include <QScrollArea>
+#include <QProxyStyle>
 #include <QScrollBar>
-#include <QTest>
-#include <QVBoxLayout>
+#include <QSpinBox>
+#include <QWheelEvent>
+#include <QWindow>
 
 namespace {
 
 const QColor g_green(0, 200, 0);
 
-/// Two fields in a frame, in an active window.
+/// Two fields, one in a frame, in an active window.
 class Form : public QWidget
 {
 public:
     Form()
     {
         resize(300, 200);
-        frame = new QWidget(this);
         frame->setGeometry(20, 20, 200, 100);
-        first = new QLineEdit(frame);
         first->setGeometry(10, 10, 80, 20);
-        second = new QLineEdit(this);
         second->setGeometry(20, 150, 80, 20);
-        ring = new ZelFocusRingOverlay(this);
         show();
         activateWindow();
         ready = QTest::qWaitForWindowActive(this);
         first->setFocus();
     }
-    QWidget *frame;
-    QLineEdit *first;
-    QLineEdit *second;
-    ZelFocusRingOverlay *ring;
+    QRect shownRing() const { return ring->isVisible() ? ring->geometry() : QRect(); }
+
+    QWidget *frame = new QWidget(this);
+    QLineEdit *first = new QLineEdit(frame);
+    QLineEdit *second = new QLineEdit(this);
+    ZelFocusRingOverlay *ring = new ZelFocusRingOverlay(this);
     bool ready = false;
+};
+
+/// A shown stack that scrolls.
+struct ScrolledStack
+{
+    ScrolledStack(const QSize &size, const QList<QWidget *> &views, QStyle *style = nullptr)
+    {
+        if (style) {
+            view.setStyle(style);
+            view.verticalScrollBar()->setStyle(style);
+        }
+        stack->setSubviews(views);
+        view.setDocumentView(stack);
+        view.resize(size);
+        view.show();
+        ready = QTest::qWaitForWindowActive(&view);
+    }
+    ZelScrollView view;
+    ZelVerticalStackView *stack = new ZelVerticalStackView;
+    bool ready;
+};
+
+/// Looks between the title and the upper edge of the badge.
+bool hasBadge(ZelEmptyView &view)
+{
+    const int aboveTitle = view.height() / 2 - QFontMetrics(view.titleFont()).height() / 2 - 3;
+    return view.grab().toImage().pixel(view.width() / 2, aboveTitle) == view.titleBackgroundColor().toQColor().rgb();
+}
+
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+    int paints = 0;
 };
 
 } // namespace
@@ -50,252 +93,274 @@ class tst_SmallViews : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void theRingFollowsTheFocus();
-    void theRingGoesRoundWhatItIsToldTo();
-    void theRingIsCutOffWithItsWidget();
-    void theRingSurvivesItsWidget();
-    void linesLieAlongTheirEdges_data();
-    void linesLieAlongTheirEdges();
-    void separatorsLieAcross_data();
-    void separatorsLieAcross();
-    void whatIsFaintFollowsTheWindow_data();
-    void whatIsFaintFollowsTheWindow();
-    void segmentsShareTheWidth();
-    void segmentsMayReplaceThemselves();
-};
-
-void tst_SmallViews::theRingFollowsTheFocus()
-{
-    Form form;
-    QVERIFY(form.ready);
-    QCOMPARE(form.ring->widget(), form.first);
-    QCOMPARE(form.ring->geometry(), QRect(28, 28, 84, 24));
-    QVERIFY(form.ring->isVisible());
-    form.frame->move(40, 20); // and the field with it
-    QCOMPARE(form.ring->geometry(), QRect(48, 28, 84, 24));
-    form.second->setFocus();
-    QCOMPARE(form.ring->geometry(), QRect(18, 148, 84, 24));
-    form.ring->setRingWidth(3);
-    QCOMPARE(form.ring->geometry(), QRect(17, 147, 86, 26));
-    form.ring->setColor(g_green);
-    QCOMPARE(form.grab().toImage().pixelColor(60, 148), g_green); // in the middle of its upper side
-    QVERIFY(form.childAt(60, 160) == form.second);                // clicks go through
-    form.second->clearFocus();
-    QVERIFY(!form.ring->isVisible());
-}
-
-void tst_SmallViews::theRingGoesRoundWhatItIsToldTo()
-{
-    Form form;
-    form.ring->setRingedWidget([&form](QWidget *widget) { return widget == form.first ? form.frame : nullptr; });
-    QCOMPARE(form.ring->widget(), form.frame);
-    form.second->setFocus();
-    QVERIFY(!form.ring->widget());
-    QVERIFY(!form.ring->isVisible());
-
-    auto *mark = new QWidget(&form); // that is no part of the field
-    form.ring->setRingedWidget([&form, mark](QWidget *widget) { return widget == form.second ? mark : nullptr; });
-    QCOMPARE(form.ring->widget(), mark);
-    mark->setParent(form.frame);
-    QCOMPARE(form.ring->widget(), mark);
-}
-
-void tst_SmallViews::theRingIsCutOffWithItsWidget()
-{
-    Form form;
-    auto *area = new QScrollArea(&form);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setGeometry(20, 20, 200, 60);
-    auto *content = new QWidget;
-    content->resize(150, 400);
-    area->setWidget(content);
-    auto *field = new QLineEdit(content);
-    field->setGeometry(10, 10, 80, 20);
-    area->show();
-    field->setFocus();
-    QCOMPARE(form.ring->geometry(), QRect(28, 28, 84, 24));
-    area->verticalScrollBar()->setValue(20);
-    QCOMPARE(form.ring->geometry(), QRect(28, 20, 84, 12));
-    area->verticalScrollBar()->setValue(200);
-    QVERIFY(!form.ring->isVisible());
-}
-
-void tst_SmallViews::theRingSurvivesItsWidget()
-{
-    Form form;
-    form.ring->setRingedWidget([&form](QWidget *) { return form.frame; });
-    delete form.frame;
-    QVERIFY(!form.ring->isVisible());
-    form.ring->setRingedWidget(nullptr);
-    form.second->setFocus();
-    QVERIFY(form.ring->isVisible());
-    auto *gone = new QWidget(&form);
-    gone->show();
-    form.ring->setRingedWidget([gone](QWidget *) { return gone; });
-    delete gone; // which does not change the focus
-    QVERIFY(!form.ring->isVisible());
-    form.ring->setRingedWidget(nullptr);
-    auto *other = new Form; // moved into another window, it is out of the ring's reach
-    form.second->setParent(other);
-    QVERIFY(!form.ring->isVisible());
-    delete other;
-}
-
-void tst_SmallViews::linesLieAlongTheirEdges_data()
-{
-    QTest::addColumn<Qt::Edges>("edges");
-    QTest::addColumn<int>("width");
-    QTest::newRow("all") << Qt::Edges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge) << 1;
-    QTest::newRow("below") << Qt::Edges(Qt::BottomEdge) << 3;
-    QTest::newRow("none") << Qt::Edges() << 2;
-    QTest::newRow("beside") << Qt::Edges(Qt::LeftEdge | Qt::RightEdge) << 2;
-}
-
-void tst_SmallViews::linesLieAlongTheirEdges()
-{
-    QFETCH(Qt::Edges, edges);
-    QFETCH(int, width);
-    ZelBorderedTextField field;
-    field.setBorderColor(g_green);
-    field.setBorderWidth(width);
-    field.setBorderEdges(edges);
-    field.resize(80, field.sizeHint().height());
-    field.setObjectValue(QStringLiteral("Text"));
-    const QImage image = field.grab().toImage();
-    const auto lineFrom = [&image](QPoint place, QPoint step) {
-        int width = 0;
-        for (; image.pixelColor(place) == g_green; place += step)
-            ++width;
-        return width;
-    };
-    const QPoint middle = image.rect().center();
-    QCOMPARE(lineFrom({middle.x(), 0}, {0, 1}), edges & Qt::TopEdge ? width : 0);
-    QCOMPARE(lineFrom({middle.x(), image.height() - 1}, {0, -1}), edges & Qt::BottomEdge ? width : 0);
-    QCOMPARE(lineFrom({0, middle.y()}, {1, 0}), edges & Qt::LeftEdge ? width : 0);
-    QCOMPARE(lineFrom({image.width() - 1, middle.y()}, {-1, 0}), edges & Qt::RightEdge ? width : 0);
-}
-
-void tst_SmallViews::whatIsFaintFollowsTheWindow_data()
-{
-    QTest::addColumn<std::function<QWidget *()>>("make");
-    using Make = std::function<QWidget *()>;
-    QTest::newRow("line around a field") << Make([] { return new ZelBorderedTextField; });
-    QTest::newRow("separator") << Make([] { return new ZelSeparator; });
-    QTest::newRow("button of a title bar") << Make([] { return new ZelTitleBarButton; });
-}
-
-void tst_SmallViews::whatIsFaintFollowsTheWindow()
-{
-    class Counter : public QObject
+    void theRingGoesRoundTheFocus()
     {
-    public:
-        int paints = 0;
+        Form form;
+        QVERIFY(form.ready);
+        QCOMPARE(form.ring->widget(), form.first);
+        QCOMPARE(form.shownRing(), QRect(28, 28, 84, 24));
+        form.frame->move(40, 20); // and the field with it
+        QCOMPARE(form.shownRing(), QRect(48, 28, 84, 24));
+        form.second->setFocus();
+        QCOMPARE(form.shownRing(), QRect(18, 148, 84, 24));
+        form.ring->setRingWidth(3);
+        QCOMPARE(form.shownRing(), QRect(17, 147, 86, 26));
+        form.ring->setColor(g_green);
+        const QImage image = form.grab().toImage();
+        for (const QPoint side : {QPoint(60, 148), QPoint(60, 171), QPoint(18, 160), QPoint(101, 160)})
+            QCOMPARE(image.pixelColor(side), g_green);
+        QVERIFY(form.childAt(60, 160) == form.second); // clicks go through
+        form.second->clearFocus();
+        QCOMPARE(form.shownRing(), QRect());
 
-    protected:
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            paints += event->type() == QEvent::Paint;
-            return false;
+        // In a scroll area it is cut off with its widget.
+        auto *area = new QScrollArea(&form);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setGeometry(20, 20, 200, 60);
+        area->setWidget(new QWidget);
+        area->widget()->resize(150, 400);
+        auto *field = new QLineEdit(area->widget());
+        field->setGeometry(10, 10, 80, 20);
+        area->show();
+        field->setFocus();
+        for (const auto &[scrolled, ring] :
+             {std::pair(0, QRect(27, 27, 86, 26)), {20, {27, 20, 86, 13}}, {200, QRect()}}) {
+            area->verticalScrollBar()->setValue(scrolled);
+            QCOMPARE(form.shownRing(), ring);
         }
-    };
-    QFETCH(std::function<QWidget *()>, make);
-    Form form;
-    QVERIFY(form.ready);
-    QWidget *widget = make();
-    widget->setParent(&form);
-    widget->setPalette(QPalette(Qt::lightGray)); // the same in windows that are not active
-    widget->resize(20, 20);
-    Counter counter;
-    widget->installEventFilter(&counter);
-    widget->show();
-    QTRY_VERIFY(counter.paints > 0);
-    counter.paints = 0;
-    QApplication::setActiveWindow(nullptr);
-    QVERIFY(!form.isActiveWindow());
-    QTRY_VERIFY_WITH_TIMEOUT(counter.paints > 0, 1000);
-}
-
-void tst_SmallViews::separatorsLieAcross_data()
-{
-    QTest::addColumn<Qt::Orientation>("orientation");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("line");
-    QTest::newRow("horizontal") << Qt::Horizontal << QSize(12, 5) << QRect(4, 3, 28, 1);
-    QTest::newRow("vertical") << Qt::Vertical << QSize(13, 4) << QRect(4, 3, 1, 36);
-}
-
-void tst_SmallViews::separatorsLieAcross()
-{
-    QFETCH(Qt::Orientation, orientation);
-    QFETCH(QRect, line);
-    ZelSeparator separator(orientation);
-    separator.setEdgeInsets({4, 3, 8, 1});
-    QTEST(separator.sizeHint(), "size");
-    separator.resize(40, 40);
-    QImage image(separator.size(), QImage::Format_RGB32);
-    QColor lineColor;
-    for (quint32 level = 0; level < 4; ++level) {
-        separator.setLevel(level);
-        image.fill(Qt::white);
-        separator.render(&image, {}, {}, QWidget::DrawChildren);
-        QRegion drawn;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) != Qt::white)
-                    drawn += QRect(x, y, 1, 1);
-        QCOMPARE(drawn.boundingRect(), line);
-        const QColor color = image.pixelColor(line.topLeft());
-        if (level > 0) // fainter, as far as there are levels
-            QVERIFY(level < 3 ? color.lightness() > lineColor.lightness() : color == lineColor);
-        lineColor = color;
     }
-}
 
-void tst_SmallViews::segmentsShareTheWidth()
-{
-    auto *control = new ZelSegmentedControl;
-    control->setSegmentCount(3);
-    ZelResizableSegmentedControlView view(control);
-    QCOMPARE(view.sizeHint(), control->sizeHint());
-    QCOMPARE(view.minimumSizeHint(), control->minimumSizeHint());
-    QCOMPARE(view.baselineOffsetForHeight(20), control->baselineOffsetForHeight(20));
-    view.resize(300, 22);
-    view.show();
-    QCOMPARE(control->geometry(), view.rect());
-    // Within two points of the edges, in each direction.
-    for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
-        control->setLayoutDirection(direction);
-        const QRect all = control->segmentRect(0) | control->segmentRect(1) | control->segmentRect(2);
-        QCOMPARE(all, control->rect().adjusted(2, 2, -2, -2));
+    void theRingGoesRoundWhatItIsToldTo()
+    {
+        Form form;
+        form.ring->setRingedWidget([&form](QWidget *widget) { return widget == form.first ? form.frame : nullptr; });
+        QCOMPARE(form.ring->widget(), form.frame);
+        form.second->setFocus();
+        QVERIFY(!form.ring->widget() && !form.ring->isVisible());
+        auto *mark = new QWidget(&form); // that is no part of the field
+        mark->show();
+        form.ring->setRingedWidget([&form, mark](QWidget *widget) { return widget == form.second ? mark : nullptr; });
+        QCOMPARE(form.ring->widget(), mark);
+        mark->setParent(form.frame);
+        QCOMPARE(form.ring->widget(), mark);
+        mark->show();
+        QVERIFY(form.ring->isVisible());
+        delete mark; // which does not change the focus
+        QVERIFY(!form.ring->isVisible());
+        form.ring->setRingedWidget(nullptr);
+        QVERIFY(form.ring->isVisible());
+        const auto other = std::make_unique<Form>(); // moved into another window, it is out of the ring's reach
+        form.second->setParent(other.get());
+        QVERIFY(!form.ring->isVisible());
     }
-    QCOMPARE(control->segmentRect(1).width(), 99);
-    control->setSegmentCount(30);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(view.sizeHint(), control->sizeHint());
 
-    QPointer<QWidget> former = control;
-    view.setSegmentedControl(new ZelSegmentedControl);
-    QVERIFY(!view.isAncestorOf(former));
-    QTRY_VERIFY(!former);
-    QCOMPARE(view.sizeHint(), view.segmentedControl()->sizeHint());
-    delete view.segmentedControl();
-    QCOMPARE(view.baselineOffsetForHeight(20), 20.0);
-}
+    void linesLieAlongTheirEdges()
+    {
+        const std::pair<Qt::Edges, int> rows[] = {{Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge, 1},
+                                                  {Qt::BottomEdge, 3},
+                                                  {{}, 2},
+                                                  {Qt::LeftEdge | Qt::RightEdge, 2}};
+        for (const auto &[edges, width] : rows) {
+            ZelBorderedTextField field;
+            field.setBorderColor(g_green);
+            field.setBorderWidth(width);
+            field.setBorderEdges(edges);
+            field.resize(80, field.sizeHint().height());
+            field.setObjectValue(QStringLiteral("Text"));
+            const QImage image = field.grab().toImage();
+            const auto lineFrom = [&image](QPoint place, QPoint step) {
+                int width = 0;
+                for (; image.pixelColor(place) == g_green; place += step)
+                    ++width;
+                return width;
+            };
+            const QPoint middle = image.rect().center();
+            QCOMPARE(lineFrom({middle.x(), 0}, {0, 1}), edges & Qt::TopEdge ? width : 0);
+            QCOMPARE(lineFrom({middle.x(), image.height() - 1}, {0, -1}), edges & Qt::BottomEdge ? width : 0);
+            QCOMPARE(lineFrom({0, middle.y()}, {1, 0}), edges & Qt::LeftEdge ? width : 0);
+            QCOMPARE(lineFrom({image.width() - 1, middle.y()}, {-1, 0}), edges & Qt::RightEdge ? width : 0);
+        }
+    }
 
-void tst_SmallViews::segmentsMayReplaceThemselves()
-{
-    auto *control = new ZelSegmentedControl;
-    control->setSegmentCount(2);
-    ZelResizableSegmentedControlView view(control);
-    view.resize(200, 22);
-    view.show();
-    QPointer<ZelSegmentedControl> former = control;
-    connect(control, &ZelSegmentedControl::action, &view,
-            [&view] { view.setSegmentedControl(new ZelSegmentedControl); });
-    QTest::mouseClick(control, Qt::LeftButton, {}, control->segmentRect(1).center());
-    QVERIFY(view.segmentedControl() != former);
-    QTRY_VERIFY(!former);
-}
+    void separatorsLieAcross()
+    {
+        const std::tuple<Qt::Orientation, QSize, QRect> rows[] = {{Qt::Horizontal, {12, 5}, {4, 3, 28, 1}},
+                                                                  {Qt::Vertical, {13, 4}, {4, 3, 1, 36}}};
+        ZelSeparator separator(Qt::Vertical);
+        separator.setEdgeInsets({4, 3, 8, 1});
+        QImage image(40, 40, QImage::Format_RGB32);
+        separator.resize(image.size());
+        for (const auto &[orientation, size, line] : rows) {
+            separator.setOrientation(orientation);
+            QCOMPARE(separator.sizeHint(), size);
+            QCOMPARE(separator.sizePolicy().transposed().horizontalPolicy() == QSizePolicy::Fixed,
+                     orientation == Qt::Horizontal);
+            int lightness = -1;
+            for (quint32 level = 0; level < 4; ++level) {
+                separator.setLevel(level);
+                image.fill(Qt::white);
+                separator.render(&image, {}, {}, QWidget::DrawChildren);
+                QRegion drawn;
+                for (int y = 0; y < image.height(); ++y)
+                    for (int x = 0; x < image.width(); ++x)
+                        if (image.pixelColor(x, y) != Qt::white)
+                            drawn += QRect(x, y, 1, 1);
+                QCOMPARE(drawn, QRegion(line));
+                const int former = std::exchange(lightness, image.pixelColor(line.topLeft()).lightness());
+                QVERIFY(level < 3 ? lightness > former : lightness == former); // fainter, as far as there are levels
+            }
+        }
+    }
+
+    void whatIsFaintFollowsTheWindow()
+    {
+        for (QWidget *widget :
+             {static_cast<QWidget *>(new ZelBorderedTextField), static_cast<QWidget *>(new ZelSeparator),
+              static_cast<QWidget *>(new ZelTitleBarButton)}) {
+            const TableRow row(QString::fromLatin1(widget->metaObject()->className()));
+            Form form;
+            QVERIFY(form.ready);
+            widget->setParent(&form);
+            widget->setPalette(QPalette(Qt::lightGray)); // the same in windows that are not active
+            widget->resize(20, 20);
+            PaintCounter counter(widget);
+            widget->show();
+            QTRY_VERIFY(counter.paints > 0);
+            counter.paints = 0;
+            QApplication::setActiveWindow(nullptr);
+            QVERIFY(!form.isActiveWindow());
+            QTRY_VERIFY_WITH_TIMEOUT(counter.paints > 0, 1000);
+        }
+    }
+
+    void segmentsShareTheWidth()
+    {
+        auto *control = new ZelSegmentedControl;
+        control->setSegmentCount(3);
+        ZelResizableSegmentedControlView view(control);
+        QCOMPARE(view.sizeHint(), control->sizeHint());
+        QCOMPARE(view.minimumSizeHint(), control->minimumSizeHint());
+        QCOMPARE(view.baselineOffsetForHeight(20), control->baselineOffsetForHeight(20));
+        view.resize(300, 22);
+        view.show();
+        QCOMPARE(control->geometry(), view.rect());
+        // Within two points of the edges, in each direction.
+        for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+            control->setLayoutDirection(direction);
+            const QRect all = control->segmentRect(0) | control->segmentRect(1) | control->segmentRect(2);
+            QCOMPARE(all, control->rect().adjusted(2, 2, -2, -2));
+        }
+        QCOMPARE(control->segmentRect(1).width(), 99);
+        control->setSegmentCount(30);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(view.sizeHint(), control->sizeHint());
+        // They may replace themselves.
+        const QPointer<QWidget> former = control;
+        connect(control, &ZelSegmentedControl::action, &view,
+                [&view] { view.setSegmentedControl(new ZelSegmentedControl); });
+        QTest::mouseClick(control, Qt::LeftButton, {}, control->segmentRect(1).center());
+        QVERIFY(view.segmentedControl() != former && !view.isAncestorOf(former));
+        QTRY_VERIFY(!former);
+        QCOMPARE(view.sizeHint(), view.segmentedControl()->sizeHint());
+        delete view.segmentedControl();
+        QCOMPARE(view.baselineOffsetForHeight(20), 20.0);
+    }
+
+    void aScrolledDocumentFollowsTheWidth()
+    {
+        auto *label = new QLabel(QString("word ").repeated(60));
+        label->setWordWrap(true);
+        auto *box = new QWidget;
+        box->setFixedHeight(50);
+        ScrolledStack scrolled({300, 400}, {label, box});
+        QWidget *viewport = scrolled.view.viewport();
+        QVERIFY(scrolled.ready && scrolled.stack->isInstalled());
+        QCOMPARE(scrolled.stack->size(), QSize(viewport->width(), label->heightForWidth(300) + 50));
+        scrolled.view.resize(150, 400);
+        QCOMPARE(scrolled.stack->width(), viewport->width());
+        QTRY_COMPARE(scrolled.stack->height(), label->heightForWidth(viewport->width()) + 50);
+        box->setFixedHeight(1000);
+        QTRY_VERIFY(scrolled.stack->height() > 1000);
+        QTRY_VERIFY(scrolled.view.verticalScrollBar()->isVisible()); // the turn after the height changed
+        QTRY_COMPARE(scrolled.stack->width(), viewport->width());
+        box->hide();
+        QTRY_COMPARE(scrolled.stack->width(), 150);
+        // Scroll bars that lie over the document need not take the width that they have.
+        struct Style : QProxyStyle
+        {
+            int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+            {
+                return metric == PM_ScrollView_ScrollBarOverlap ? 10 : QProxyStyle::pixelMetric(metric, option, widget);
+            }
+        } style;
+        auto *other = new QWidget;
+        other->setFixedHeight(50);
+        const ScrolledStack below({150, 400}, {other}, &style);
+        other->setFixedHeight(500);
+        QTRY_VERIFY(below.view.verticalScrollBar()->isVisible());
+        QCOMPARE(below.stack->width(), below.view.viewport()->width());
+    }
+
+    void theWheelScrollsOverFieldsWithoutFocus()
+    {
+        auto *first = new QSpinBox;
+        auto *second = new QSpinBox;
+        auto *filler = new QWidget;
+        filler->setFixedHeight(1000);
+        for (QSpinBox *field : {first, second})
+            field->setValue(50);
+        ScrolledStack scrolled({200, 200}, {first, second, filler});
+        QVERIFY(scrolled.ready);
+        first->setFocus();
+        const auto wheel = [&](const QSpinBox *field) {
+            const QPoint position = field->mapTo(&scrolled.view, field->rect().center());
+            QWheelEvent event(position, scrolled.view.mapToGlobal(position), {}, QPoint(0, -120), {}, {},
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(scrolled.view.windowHandle(), &event);
+        };
+        QScrollBar *bar = scrolled.view.verticalScrollBar();
+        wheel(second);
+        QCOMPARE(second->value(), 50);
+        QVERIFY(bar->value() > 0);
+        bar->setValue(0);
+        wheel(first); // has the focus, and keeps the wheel
+        QCOMPARE(bar->value(), 0);
+    }
+
+    void anEmptyViewDrawsItsBadge()
+    {
+        ZelEmptyView view;
+        view.resize(300, 100);
+        QVERIFY(hasBadge(view));
+        auto *child = new QWidget(&view);
+        child->resize(1, 1);
+        QVERIFY(hasBadge(view));
+        view.setForceShow(false);
+        QVERIFY(!hasBadge(view));
+        delete child;
+        QVERIFY(hasBadge(view));
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        PaintCounter counter(&view);
+        const std::pair<std::function<void()>, bool> changes[] = {
+            {[&] { view.setTitle("other"); }, true},
+            {[&] { view.setTitleFont(QFont("Sans", 30)); }, true},
+            {[&] { new QWidget(&view); }, true},
+            {[&] { delete view.subviews().first(); }, true},
+            {[&] { view.setForceShow(true); }, true},
+            {[&] { view.setTitleColor(QColor(Qt::red)); }, true},
+            {[&] { view.setTitleBackgroundColor(QColor(Qt::red)); }, false},
+        };
+        for (const auto &[change, redraws] : changes) {
+            const TableRow row(QStringLiteral("change"));
+            QTest::qWait(20);
+            counter.paints = 0;
+            change();
+            QTest::qWait(20);
+            QCOMPARE(counter.paints > 0, redraws);
+        }
+    }
+};
 
 QTEST_MAIN(tst_SmallViews)
 #include "tst_SmallViews.moc"

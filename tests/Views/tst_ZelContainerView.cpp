@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelContainerView.h"
 
-#include "ViewController/HookLog.h"
-#include "Views/ZelEmptyView.h"
 #include "Views/ZelSwitchContainerView.h"
 
-#include <QLabel>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -15,9 +12,8 @@ namespace {
 class SizedController : public ZelViewController
 {
 public:
-    explicit SizedController(const QSize &size, QObject *parent = nullptr)
-        : ZelViewController(parent)
-        , m_size(size)
+    explicit SizedController(const QSize &size)
+        : m_size(size)
     {
     }
     void loadView() override
@@ -29,17 +25,11 @@ public:
         view->addConstraintsWithVisualFormat("V:|[c]|", {{"c", content}});
         setView(view);
     }
+    bool isShown() { return view()->isVisible(); }
 
 private:
     QSize m_size;
 };
-
-/// Looks between the title and the upper edge of the badge.
-bool hasBadge(ZelEmptyView &view)
-{
-    const int aboveTitle = view.height() / 2 - QFontMetrics(view.titleFont()).height() / 2 - 3;
-    return view.grab().toImage().pixel(view.width() / 2, aboveTitle) == view.titleBackgroundColor().toQColor().rgb();
-}
 
 } // namespace
 
@@ -55,6 +45,7 @@ private Q_SLOTS:
         below->resize(5, 5);
         SizedController first(QSize(30, 20));
         SizedController second(QSize(40, 50));
+        auto mortal = std::make_unique<SizedController>(QSize(10, 10));
         container.resize(100, 80);
         container.setChildViewController(&first);
         QVERIFY(!first.isViewLoaded()); // not before it is in a window
@@ -63,167 +54,84 @@ private Q_SLOTS:
         QCOMPARE(container.subviews(), (QList<QWidget *>{first.view(), below}));
         QCOMPARE(first.view()->geometry(), container.rect());
         QCOMPARE(container.sizeHint(), QSize(30, 20));
+        container.setChildViewController(mortal.get());
+        const QPointer<ZelView> left = mortal->view();
+        mortal.reset();
+        QVERIFY(!container.childViewController());
         container.setChildViewController(&second);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!left);
         QVERIFY(!first.isViewInstalled() && !first.view()->parentWidget() && second.isViewInstalled());
         QCOMPARE(container.sizeHint(), QSize(40, 50));
         container.removeFromSuperview();
         QVERIFY(!second.isViewInstalled() && !second.view()->parentWidget());
         container.setParent(&window);
-        QCOMPARE(second.view()->parentWidget(), &container);
+        QCOMPARE(container.subviews(), (QList<QWidget *>{second.view(), below}));
         container.setChildViewController(nullptr);
         QCOMPARE(container.subviews(), QList<QWidget *>{below});
     }
 
-    void aControllerMayDieBeforeItIsReplaced()
-    {
-        QWidget window;
-        auto *container = new ZelContainerView;
-        container->setParent(&window);
-        auto *first = new SizedController(QSize(10, 10));
-        SizedController second(QSize(10, 10));
-        container->setChildViewController(first);
-        const QPointer<ZelView> left = first->view();
-        delete first;
-        QVERIFY(!container->childViewController());
-        container->setChildViewController(&second);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!left);
-        QCOMPARE(container->subviews(), QList<QWidget *>{second.view()});
-    }
-
     void switchesBetweenControllers()
     {
+        SizedController small(QSize(30, 20));
+        SizedController large(QSize(60, 50));
+        auto *container = new ZelSwitchContainerView;
+        container->setChildViewControllers({&small, &large});
+        container->updateSelectedChildView();
+        QVERIFY(!small.isShown() && !large.isShown()); // they would be windows of their own
+        container->setSelectedChildViewControllerIndex(1);
+        container->updateSelectedChildView();
         QWidget window;
         QVBoxLayout layout(&window);
         layout.setContentsMargins(0, 0, 0, 0);
-        auto *container = new ZelSwitchContainerView;
-        SizedController small(QSize(30, 20));
-        SizedController large(QSize(60, 50));
-        container->setChildViewControllers({&small, &large});
         layout.addWidget(container, 0, Qt::AlignTop);
         window.resize(200, 200);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QVERIFY(small.view()->isVisible() && !large.view()->isVisible());
-        QCOMPARE(container->sizeHint(), QSize(60, 50)); // room for all
-        QCOMPARE(container->containerConstraints().size(), 8);
-        container->setSelectedChildViewControllerIndex(1);
-        QVERIFY(!small.view()->isVisible() && large.view()->isVisible());
-        container->setSelectedChildViewControllerIndex(7);
-        QVERIFY(!small.view()->isVisible() && !large.view()->isVisible());
-        container->setSelectedChildViewControllerIndex(0);
+        const std::tuple<int, bool, bool> rows[] = {{1, false, true}, {0, true, false}, {7, false, false}};
+        for (const auto &[index, isSmallShown, isLargeShown] : rows) {
+            container->setSelectedChildViewControllerIndex(index);
+            QCOMPARE(small.isShown(), isSmallShown);
+            QCOMPARE(large.isShown(), isLargeShown);
+            QCOMPARE(container->sizeHint(), QSize(60, 50)); // room for all
+            QCOMPARE(container->containerConstraints().size(), 8);
+        }
         container->setConstraintSelectdView(true);
-        QCoreApplication::processEvents();
-        QCOMPARE(container->containerConstraints().size(), 4);
-        QTRY_COMPARE(container->height(), 20); // follows the shown one
-        container->setSelectedChildViewControllerIndex(1);
-        QTRY_COMPARE(container->height(), 50);
+        for (const auto &[index, height] : {std::pair(0, 20), {1, 50}}) { // follows the shown one
+            container->setSelectedChildViewControllerIndex(index);
+            QTRY_COMPARE(container->height(), height);
+            QCOMPARE(container->containerConstraints().size(), 4);
+        }
         QCOMPARE(large.view()->geometry(), container->rect());
         container->setSelectedChildViewControllerIndex(2);
         QCoreApplication::processEvents();
         QVERIFY(container->containerConstraints().isEmpty());
     }
 
-    void switchesAlsoBeforeItHasAWindow()
-    {
-        SizedController first(QSize(10, 10));
-        SizedController second(QSize(20, 20));
-        auto *container = new ZelSwitchContainerView;
-        container->setChildViewControllers({&first, &second});
-        container->updateSelectedChildView();
-        QVERIFY(!first.view()->isVisible() && !second.view()->isVisible()); // they would be windows of their own
-        container->setSelectedChildViewControllerIndex(1);
-        container->updateSelectedChildView();
-        QWidget window;
-        container->setParent(&window);
-        window.show();
-        QVERIFY(!first.view()->isVisible() && second.view()->isVisible());
-    }
-
-    void viewsOfTheApplicationAreOnlyTakenOut()
-    {
-        QWidget window;
-        ZelSwitchContainerView container(&window);
-        const std::unique_ptr<ZelView> own = std::make_unique<ZelView>(&container);
-        const QPointer<ZelView> alive(own.get());
-        container.updateChildViews();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(alive && !alive->parentWidget());
-    }
-
     void switchedControllersMayChangeAndDie()
     {
         QWidget window;
         ZelSwitchContainerView container;
+        const std::unique_ptr<ZelView> own = std::make_unique<ZelView>(&container);
+        const QPointer<ZelView> alive(own.get());
         SizedController first(QSize(10, 10));
-        auto *second = new SizedController(QSize(20, 20));
-        container.setChildViewControllers({&first, second});
+        auto second = std::make_unique<SizedController>(QSize(20, 20));
+        container.setChildViewControllers({&first, second.get()});
         container.setParent(&window);
+        QCOMPARE(container.subviews(), (QList<QWidget *>{first.view(), second->view()}));
         const QPointer<ZelView> left = second->view();
-        delete second;
+        second.reset();
         QCOMPARE(container.childViewControllers(), QList<ZelViewController *>{&first});
         container.updateChildViews();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!left);
+        QVERIFY(alive && !alive->parentWidget()); // a view of the application is only taken out
         container.removeFromSuperview();
         container.setChildViewControllers({});
         QCOMPARE(container.subviews(), QList<QWidget *>{first.view()}); // nobody observes
         container.setParent(&window);
         QVERIFY(container.subviews().isEmpty());
         QVERIFY(!first.view()->parentWidget());
-    }
-
-    void anEmptyViewDrawsItsBadge()
-    {
-        ZelEmptyView view;
-        view.resize(300, 100);
-        QVERIFY(hasBadge(view));
-        auto *child = new QWidget(&view);
-        child->resize(1, 1);
-        QVERIFY(hasBadge(view));
-        view.setForceShow(false);
-        QVERIFY(!hasBadge(view));
-        delete child;
-        QVERIFY(hasBadge(view));
-    }
-
-    void anEmptyViewRedrawsItself_data()
-    {
-        using Change = std::function<void(ZelEmptyView &)>;
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<bool>("redraws");
-        QTest::newRow("title") << Change([](ZelEmptyView &view) { view.setTitle("other"); }) << true;
-        QTest::newRow("font") << Change([](ZelEmptyView &view) { view.setTitleFont(QFont("Sans", 30)); }) << true;
-        QTest::newRow("subview") << Change([](ZelEmptyView &view) { new QWidget(&view); }) << true;
-        QTest::newRow("title colour") << Change([](ZelEmptyView &view) { view.setTitleColor(QColor(Qt::red)); })
-                                      << true;
-        QTest::newRow("badge colour") << Change([](ZelEmptyView &view) {
-            view.setTitleBackgroundColor(QColor(Qt::red));
-        }) << false;
-    }
-    void anEmptyViewRedrawsItself()
-    {
-        struct CountingView : ZelEmptyView
-        {
-            int draws = 0;
-            void drawRect(QPainter &painter, const QRect &rect) override
-            {
-                ++draws;
-                ZelEmptyView::drawRect(painter, rect);
-            }
-        };
-        using Change = std::function<void(ZelEmptyView &)>;
-        QFETCH(Change, change);
-        QFETCH(bool, redraws);
-        CountingView view;
-        view.resize(200, 100);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QCoreApplication::processEvents();
-        view.draws = 0;
-        change(view);
-        QTest::qWait(20);
-        QCOMPARE(view.draws > 0, redraws);
     }
 };
 
