@@ -2,65 +2,16 @@
 #include "Core/Selection/ZelArrayController.h"
 
 #include "Core/Errors/ZelException.h"
-#include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Selection/private/ZelReadingScope.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Watch.h"
 #include "Support/Person.h"
-#include "Support/Recorder.h"
+#include "Support/Reports.h"
 
 #include <QTest>
 #include <malloc.h>
-#include <memory>
-#include <stdexcept>
-
-namespace {
-
-const char g_context = 0;
-constexpr quint32 g_oldAndNew = ZelKeyValueObservingOptionOld | ZelKeyValueObservingOptionNew;
-
-QVariant multiple()
-{
-    return QVariant::fromValue(ZelMultipleValuesMarker);
-}
-QVariant none()
-{
-    return QVariant::fromValue(ZelNoSelectionMarker);
-}
-
-struct People
-{
-    std::vector<std::unique_ptr<Person>> people;
-    explicit People(int count, double height = 0)
-    {
-        for (int i = 0; i < count; ++i) {
-            people.push_back(std::make_unique<Person>(QString::number(i)));
-            people.back()->setHeight(height);
-        }
-    }
-    QList<QObject *> objects() const
-    {
-        QList<QObject *> list;
-        for (const auto &person : people)
-            list.append(person.get());
-        return list;
-    }
-};
-
-} // namespace
-
-/// A model whose writes select something else.
-class Restless : public Person
-{
-    Q_OBJECT
-public:
-    std::function<void()> react;
-    Restless()
-    {
-        connect(this, &Person::heightChanged, this, [this] { react ? react() : void(); });
-    }
-};
 
 /// Its destructor announces a change, when a subclass's part is gone already.
 class Announcing : public Person
@@ -74,350 +25,252 @@ class Guest : public Announcing
     Q_OBJECT
 };
 
+/// Has a key in common with people, of another type.
+class Shelf : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QSize tags MEMBER tags)
+public:
+    QSize tags{1, 2};
+};
+
+namespace {
+
+/// Some people of one height, who are selected.
+struct People
+{
+    std::vector<std::unique_ptr<Person>> people;
+    std::unique_ptr<ZelArrayController> controller = std::make_unique<ZelArrayController>();
+
+    explicit People(int count, double height = 1)
+    {
+        for (int i = 0; i < count; ++i) {
+            people.push_back(std::make_unique<Person>(QString::number(i)));
+            people.back()->setHeight(height);
+        }
+        controller->setSelectedObjects(objects());
+    }
+    Person &operator[](size_t i) const { return *people[i]; }
+    QList<QObject *> objects() const
+    {
+        QList<QObject *> list;
+        for (const auto &person : people)
+            list.append(person.get());
+        return list;
+    }
+    void select(const QList<QObject *> &objects) const { controller->setSelectedObjects(objects); }
+    QVariant value(const QString &key) const
+    {
+        return ZelValueForKeyPath(controller.get(), ZelKeyPath("selection." + key));
+    }
+    bool isMultiple(const QString &key) const { return ZelIsMarker(value(key), ZelMultipleValuesMarker); }
+    void write(const QVariant &value, const QString &key) const
+    {
+        ZelSetValueForKeyPath(controller.get(), value, ZelKeyPath("selection." + key));
+    }
+};
+
+} // namespace
+
 class tst_ZelArrayController : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void folding()
+    /// To people an unset text looks empty; where a value is of any type, it does not.
+    void emptyTextsAndNoneAreOneWhereAllAreTexts()
     {
-        ZelArrayController controller;
-        People three(3, 1.5);
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), none());
-        controller.setSelectedObjects(three.objects());
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), QVariant(1.5));
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
-        QVERIFY(!ZelValueForKeyPath(&controller, "selection.note").isValid());
-        QVERIFY(!ZelValueForKeyPath(&controller, "selection.friendOf.name").isValid());
-        QVERIFY(ZelIsMarker(ZelValueForKeyPath(&controller, "selection.wingspan"), ZelNotApplicableMarker));
-        three.people[2]->setHeight(2);
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), multiple());
-        three.people[1]->setName(QString());
-        three.people[0]->setName(QStringLiteral(""));
-        three.people[2]->setName(QStringLiteral(""));
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), QVariant(QStringLiteral(""))); // unset looks empty
-        QObject loose; // a dynamic property may have nothing, which is no text
-        loose.setProperty("name", QVariant::fromValue(nullptr));
-        controller.setSelectedObjects({three.people[0].get(), &loose});
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
-        controller.setSelectedObjects({&loose, three.people[0].get()});
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.name"), multiple());
-        controller.setSelectedObjects(three.objects());
+        const People three(3);
+        three[0].setName("");
+        three[1].setName(QString());
+        three[2].setName("");
+        QCOMPARE(three.value("name"), QVariant(""));
+        QVERIFY(!three.value("note").isValid() && !three.value("friendOf.name").isValid());
         for (const auto &person : three.people)
             person->setFriendOf(person.get());
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.friendOf.name"), QVariant(QStringLiteral("")));
-        three.people[0]->setNote(QStringLiteral(""));
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.note"), multiple()); // of any type, and one is none
-        three.people[0]->setProperty("wings", 2);                                // of this one alone, not of the class
-        QVERIFY(ZelIsMarker(ZelValueForKeyPath(&controller, "selection.wings"), ZelNotApplicableMarker));
-    }
-
-    void writingReachesEverySelectedObject()
-    {
-        ZelArrayController controller;
-        People three(3);
-        Person friendly;
-        for (const auto &person : three.people)
-            person->setFriendOf(&friendly);
-        controller.setSelectedObjects(three.objects());
-        ZelSetValueForKeyPath(&controller, 4, "selection.height");
-        ZelSetValueForKeyPath(&controller, QStringLiteral("Bea"), "selection.friendOf.name");
-        ZelSetValueForKeyPath(&controller, QStringLiteral("s"), "selection.silent");
-        for (const auto &person : three.people) {
-            QCOMPARE(person->height(), 4.0);
-            QCOMPARE(person->silent, QStringLiteral("s"));
-        }
-        QCOMPARE(friendly.name(), QStringLiteral("Bea"));
+        QCOMPARE(three.value("friendOf.name"), QVariant(""));
+        three[0].setNote("");
+        QVERIFY(three.isMultiple("note") && three.isMultiple("friendOf.note"));
+        three[0].setProperty("wings", 2); // of this one alone, not of the class
+        QVERIFY(ZelIsMarker(three.value("wings"), ZelNotApplicableMarker));
+        QObject loose; // a dynamic property may have nothing, which is no text
+        loose.setProperty("name", QVariant::fromValue(nullptr));
+        three.select({&three[0], &loose});
+        QVERIFY(three.isMultiple("name"));
+        three.select({&loose, &three[0]});
+        QVERIFY(three.isMultiple("name"));
+        Shelf shelf;
+        three.select({&three[0], &three[1], &shelf, &shelf, &three[2]});
+        QVERIFY(three.isMultiple("tags"));
     }
 
     void theDomainOfASelectionIsThatOfItsObjects()
     {
-        ZelArrayController controller;
-        People two(2);
-        two.people[0]->setFriendOf(two.people[1].get());
-        controller.setSelectedObjects(two.objects());
-        const auto domain = [&](const char *path) { return ZelPropertyDomain::ofKeyPath(&controller, path); };
+        const People two(2);
+        two[0].setFriendOf(&two[1]);
+        const auto domain = [&](const char *path) { return ZelPropertyDomain::ofKeyPath(two.controller.get(), path); };
         QCOMPARE(domain("selection.flags").bounded(1e10), 2147483647.0);
         QCOMPARE(domain("selection.friendOf.flags").bounded(-1e10), -2147483648.0);
         QVERIFY(domain("selection.flags").isWritable() && !domain("selection.nameLength").isWritable());
-        QVERIFY_EXCEPTION_THROWN(ZelSetValueForKeyPath(&controller, 1e10, "selection.flags"), ZelGenericException);
-        QCOMPARE(two.people[1]->flags(), 0);
-    }
-
-    void observersHearOfSelectionAndOfObjects()
-    {
-        ZelArrayController controller;
-        People three(3, 1);
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
-        controller.setSelectedObjects(three.objects());
-        QCOMPARE(recorder.count(), 1);
-        QCOMPARE(recorder.changes.last().keyValueChangeOld(), none());
-        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(1.0));
-        three.people[1]->setHeight(2);
-        QCOMPARE(recorder.count(), 2);
-        QCOMPARE(recorder.changes.last().keyValueChangeOld(), QVariant(1.0));
-        QCOMPARE(recorder.changes.last().keyValueChangeNew(), multiple());
-        ZelSetValueForKeyPath(&controller, 3, "selection.height");
-        QCOMPARE(recorder.count(), 3); // one notice for three objects
-        QCOMPARE(recorder.changes.last().keyValueChangeNew(), QVariant(3.0));
-        controller.setSelectedObjects({});
-        three.people[0]->setHeight(9);
-        QCOMPARE(recorder.count(), 4);
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
-    }
-
-    void aLargeSelectionIsHeardInSlicesAndOnceATurn()
-    {
-        ZelArrayController controller;
-        People many(5000, 1);
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
-        controller.setSelectedObjects(many.objects());
-        recorder.changes.clear();
-        many.people[4999]->setHeight(2); // not connected yet
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), multiple());
-        QTRY_COMPARE(recorder.count(), 1);
-        QCOMPARE(recorder.changes.last().keyValueChangeNew(), multiple());
-        for (const auto &person : many.people)
-            person->setHeight(7);
-        QCOMPARE(recorder.count(), 1);
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), QVariant(7.0));
-        QTRY_COMPARE(recorder.count(), 2);
-        QCOMPARE(recorder.changes.last().keyValueChangeOld(), multiple());
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+        QVERIFY_EXCEPTION_THROWN(two.write(1e10, "flags"), ZelGenericException);
+        QCOMPARE(two[1].flags(), 0);
     }
 
     /// What is not connected yet is read once in a scope; what is heard is read anew.
     void withinAReadingScopeAnswersStay()
     {
-        ZelArrayController controller;
-        People many(5000, 1);
-        People few(3, 1);
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
-        const auto height = [&] { return ZelValueForKeyPath(&controller, "selection.height"); };
-        controller.setSelectedObjects(many.objects());
+        const People many(5000), few(3);
+        Watch watch(many.controller.get(), "selection.height"), other(few.controller.get(), "selection.height");
         {
             const ZelReadingScope scope;
-            QCOMPARE(height(), QVariant(1.0));
-            many.people[4999]->setHeight(2);
-            QCOMPARE(height(), QVariant(1.0));
-            ZelSetValueForKeyPath(&controller, 3, "selection.height");
-            QCOMPARE(height(), QVariant(3.0));
-            many.people[4999]->setHeight(4);
+            QCOMPARE(many.value("height"), QVariant(1.0));
+            many[4999].setHeight(2);
+            QCOMPARE(many.value("height"), QVariant(1.0));
+            many.write(3, "height");
+            QCOMPARE(many.value("height"), QVariant(3.0));
+            many[4999].setHeight(4);
+            QCOMPARE(few.value("height"), QVariant(1.0));
+            few[0].setHeight(2);
+            QVERIFY(few.isMultiple("height"));
         }
-        QCOMPARE(height(), multiple());
-        controller.setSelectedObjects(few.objects());
-        const ZelReadingScope scope;
-        QCOMPARE(height(), QVariant(1.0));
-        few.people[0]->setHeight(2);
-        QCOMPARE(height(), multiple());
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+        QVERIFY(many.isMultiple("height"));
+        QTRY_COMPARE(watch.count(), 2);
+        QVERIFY(ZelIsMarker(watch.lastNew(), ZelMultipleValuesMarker));
+        for (const auto &person : many.people)
+            person->setHeight(7); // heard at the end of the turn
+        QCOMPARE(watch.count(), 2);
+        QCOMPARE(many.value("height"), QVariant(7.0));
+        QTRY_COMPARE(watch.count(), 3);
+        QCOMPARE(watch.lastNew(), QVariant(7.0));
     }
 
-    void objectsMayDieWhileSelected_data()
+    void theControllerMayDieInAnyDelivery()
     {
-        QTest::addColumn<int>("count");
-        QTest::newRow("few") << 3;
-        QTest::newRow("many") << 3000;
-    }
-    void objectsMayDieWhileSelected()
-    {
-        QFETCH(int, count);
-        ZelArrayController controller;
-        People people(count, 1);
-        people.people[0]->setHeight(2);
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", g_oldAndNew, &g_context);
-        controller.setContent(people.objects());
-        controller.setSelectedObjects(people.objects());
-        QCOMPARE(ZelValueForKeyPath(&controller, "selection.height"), multiple());
-        recorder.changes.clear();
-        people.people.erase(people.people.begin());
-        QCOMPARE(controller.selectedObjects().size(), count - 1);
-        QTRY_COMPARE(recorder.changes.isEmpty() ? QVariant() : recorder.changes.last().keyValueChangeNew(),
-                     QVariant(1.0));
-        people.people.clear();
-        QTRY_COMPARE(recorder.changes.last().keyValueChangeNew(), none());
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
-    }
-
-    void theControllerMayDieWhileObservedAndDuringDelivery()
-    {
-        auto *controller = new ZelArrayController;
-        People three(3, 1);
-        controller->setSelectedObjects(three.objects());
-        Recorder recorder;
-        recorder.react = [&] {
-            delete controller;
-            controller = nullptr;
-        };
-        ZelAddObserver(controller, &recorder, "selection.height", g_oldAndNew, &g_context);
-        ZelAddObserver(controller, &recorder, "selection.name", g_oldAndNew, &g_context);
-        three.people[0]->setHeight(2);
-        QVERIFY(!controller);
-        three.people[0]->setHeight(3);
-        QCOMPARE(recorder.count(), 1);
-    }
-
-    void theControllerMayDieDuringAChangeOfTheSelection()
-    {
-        auto *controller = new ZelArrayController;
-        People two(2, 1);
-        Recorder recorder;
-        for (const char *path : {"selection.height", "selection.name", "selection.flags"})
-            ZelAddObserver(controller, &recorder, path, 0, &g_context);
-        recorder.react = [&] {
-            delete controller;
-            controller = nullptr;
-        };
-        controller->setSelectedObjects(two.objects());
-        QVERIFY(!controller);
-        QCOMPARE(recorder.count(), 1);
-    }
-
-    void whatAnObserverThrowsReachesWhoWrites()
-    {
-        ZelArrayController controller;
-        People two(2, 1);
-        controller.setSelectedObjects(two.objects());
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
-        recorder.react = [] { throw std::runtime_error("refused"); };
-        QVERIFY_EXCEPTION_THROWN(ZelSetValueForKeyPath(&controller, 4, "selection.height"), std::runtime_error);
-        QCOMPARE(two.people[1]->height(), 4.0);
-        recorder.react = {};
-        ZelSetValueForKeyPath(&controller, 5, "selection.height");
-        QCOMPARE(recorder.count(), 2);
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+        for (const bool selects : {false, true}) {
+            People three(3);
+            if (selects)
+                three.select({});
+            Watch height(three.controller.get(), "selection.height", 0),
+                name(three.controller.get(), "selection.name", 0);
+            height.react = name.react = [&] { three.controller.reset(); };
+            if (selects)
+                three.select(three.objects());
+            else
+                three[0].setHeight(2);
+            QVERIFY(!three.controller);
+            three[0].setHeight(3);
+            QCOMPARE(height.count() + name.count(), 1);
+        }
     }
 
     void allHearThoughOneThrows()
     {
-        ZelArrayController controller;
-        People two(2, 1);
-        Recorder throwing, quiet;
-        throwing.react = [] { throw std::runtime_error("refused"); };
-        const QStringList paths{"selection.height", "selection.name", "selection.flags"};
-        for (const QString &path : paths) {
-            ZelAddObserver(&controller, &throwing, path, 0, &g_context);
-            ZelAddObserver(&controller, &quiet, path, 0, &g_context);
+        const People two(2);
+        two.select({});
+        std::vector<std::unique_ptr<Watch>> throwing, quiet;
+        for (const char *path : {"selection.height", "selection.name", "selection.flags"}) {
+            throwing.push_back(std::make_unique<Watch>(two.controller.get(), path, 0));
+            throwing.back()->beginThrowing();
+            quiet.push_back(std::make_unique<Watch>(two.controller.get(), path, 0));
         }
         int selections = 0;
-        connect(&controller, &ZelObjectController::selectionChanged, this, [&] { ++selections; });
-        QVERIFY_EXCEPTION_THROWN(controller.setSelectedObjects(two.objects()), std::runtime_error);
-        QCOMPARE(quiet.count(), 3);
-        QCOMPARE(throwing.count(), 3);
+        connect(two.controller.get(), &ZelObjectController::selectionChanged, this, [&] { ++selections; });
+        QVERIFY_EXCEPTION_THROWN(two.select(two.objects()), std::runtime_error);
         QCOMPARE(selections, 1);
+        for (size_t i = 0; i < 3; ++i)
+            QVERIFY(throwing[i]->count() == 1 && quiet[i]->count() == 1);
         ZelArrayController other; // the exception ends the signal that its selection hears
         other.setSelectedObjects(two.objects());
-        Recorder elsewhere;
-        ZelAddObserver(&other, &elsewhere, "selection.height", 0, &g_context);
-        QVERIFY_EXCEPTION_THROWN(two.people[0]->setHeight(3), std::runtime_error);
+        const Watch elsewhere(&other, "selection.height", 0);
+        QVERIFY_EXCEPTION_THROWN(two[0].setHeight(3), std::runtime_error);
         QCOMPARE(elsewhere.count(), 1);
-        ZelRemoveObserver(&other, &elsewhere, "selection.height", &g_context);
-        QCOMPARE(quiet.count(), 4);
-        QCOMPARE(quiet.changes.last().keyValueChangeKind(), quint32(ZelKeyValueChangeSetting));
-        for (const QString &path : paths) {
-            ZelRemoveObserver(&controller, &throwing, path, &g_context);
-            ZelRemoveObserver(&controller, &quiet, path, &g_context);
-        }
+        QCOMPARE(quiet[0]->count(), 2);
+        QCOMPARE(quiet[0]->changes.last().keyValueChangeKind(), quint32(ZelKeyValueChangeSetting));
+        QVERIFY_EXCEPTION_THROWN(two.write(4, "height"), std::runtime_error);
+        QCOMPARE(two[1].height(), 4.0);
+        QCOMPARE(quiet[0]->count(), 3);
+        throwing.clear();
+        two.write(5, "height");
+        QCOMPARE(quiet[0]->count(), 4);
+        const auto batch = [&](bool throws) {
+            ZelObjectController::batchChanges([&] {
+                two[0].setHeight(6);
+                two[1].setHeight(7);
+                if (throws)
+                    throw std::logic_error("work");
+            });
+        };
+        batch(false);
+        QCOMPARE(quiet[0]->count() * 10 + elsewhere.count(), 5 * 10 + 6); // which was told of each object before
+        two.write(8, "height");
+        QVERIFY_EXCEPTION_THROWN(batch(true), std::logic_error);
+        QCOMPARE(quiet[0]->count() * 10 + elsewhere.count(), 7 * 10 + 9);
     }
 
     /// The destructor would end the process.
     void whatIsThrownWhenAnObjectDiesIsReported()
     {
-        struct Reporter : ZelExceptionReporter
-        {
-            QStringList messages;
-            Reporter() { setCurrent(this); }
-            ~Reporter() override { setCurrent(nullptr); }
-            void reportException(const QString &message, const ZelSourcePlace &) override { messages.append(message); }
-        } reporter;
-        ZelArrayController controller;
-        People two(2, 1);
-        controller.setSelectedObjects(two.objects());
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
-        recorder.react = [] { throw std::runtime_error("refused"); };
+        const Reports reports;
+        People two(2);
+        Watch watch(two.controller.get(), "selection.height", 0);
+        watch.beginThrowing();
         two.people.pop_back();
-        QCOMPARE(reporter.messages, QStringList{"refused"});
-        QCOMPARE(controller.selectedCount(), 1);
+        QCOMPARE(reports.messages, QStringList{"refused"});
+        QCOMPARE(two.controller->selectedCount(), 1);
         auto guest = std::make_unique<Guest>();
-        recorder.react = {};
-        controller.setSelectedObjects({guest.get(), two.people[0].get()});
-        recorder.react = [] { throw std::runtime_error("refused"); };
+        watch.react = {};
+        two.select({guest.get(), &two[0]});
+        watch.beginThrowing();
         guest.reset(); // what it announces meanwhile is not heard
-        QCOMPARE(reporter.messages, QStringList({"refused", "refused"}));
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
+        QCOMPARE(reports.messages, QStringList({"refused", "refused"}));
     }
 
     void aSelectionForgetsAnObjectThatHasDied()
     {
-        alignas(Person) char place[sizeof(Person)];
-        ZelArrayController controller;
-        Person ada;
-        ada.setFriendOf(new (place) Person);
-        controller.setSelectedObjects({&ada});
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.friendOf", g_oldAndNew, &g_context);
-        std::destroy_at(reinterpret_cast<Person *>(place));
-        auto *second = new (place) Person;
-        Q_EMIT ada.friendOfChanged(); // it is at the same place, and another
-        QVERIFY(!recorder.changes.last().keyValueChangeOld().isValid());
-        QVERIFY(recorder.changes.last().keyValueChanged());
-        ZelRemoveObserver(&controller, &recorder, "selection.friendOf", &g_context);
-        std::destroy_at(second);
+        const People one(1);
+        Place<Person> place;
+        one[0].setFriendOf(place.make());
+        const Watch watch(one.controller.get(), "selection.friendOf");
+        place.end();
+        place.make();
+        Q_EMIT one[0].friendOfChanged(); // it is at the same place, and another
+        QVERIFY(!watch.lastOld().isValid() && watch.isLastChanged());
     }
 
     void selectingWithoutIdlingKeepsMemoryBounded()
     {
-        ZelArrayController controller;
-        People two(2);
-        Recorder recorder;
-        ZelAddObserver(&controller, &recorder, "selection.height", 0, &g_context);
+        const People two(2);
+        Watch watch(two.controller.get(), "selection.height", 0);
         const auto select = [&](int times) {
             for (int i = 0; i < times; ++i)
-                controller.setSelectedObjects({two.people[size_t(i % 2)].get()});
-            recorder.changes.clear();
+                two.select({&two[size_t(i % 2)]});
+            watch.changes.clear();
         };
         select(10000);
         const size_t before = mallinfo2().uordblks;
         select(10000);
         QVERIFY2(mallinfo2().uordblks < before + 500000, qPrintable(QString::number(mallinfo2().uordblks - before)));
-        ZelRemoveObserver(&controller, &recorder, "selection.height", &g_context);
     }
 
     void theSelectionMayChangeWhileItIsWritten()
     {
-        ZelArrayController controller;
-        Restless restless;
-        People two(2);
-        QList<QObject *> all = two.objects();
-        all.prepend(&restless);
-        controller.setSelectedObjects(all);
-        restless.react = [&] { controller.setSelectedObjects({}); };
-        ZelSetValueForKeyPath(&controller, 4, "selection.height");
-        QCOMPARE(two.people[1]->height(), 4.0); // the write goes to those that were selected when it began
-        QVERIFY(controller.selectedObjects().isEmpty());
+        const People three(3);
+        connect(&three[0], &Person::heightChanged, this, [&] { three.select({}); });
+        three.write(4, "height");
+        QCOMPARE(three[2].height(), 4.0); // the write goes to those that were selected when it began
+        QVERIFY(three.controller->selectedObjects().isEmpty());
     }
 
-    void contentAndIndexes()
+    void indexesBeyondTheContentSelectNothing()
     {
-        ZelArrayController controller;
-        People four(4);
-        controller.setContent(four.objects());
-        QVERIFY(controller.setSelectionIndexes({1, 3}));
+        const People four(4);
+        four.controller->setContent(four.objects());
+        QVERIFY(four.controller->setSelectionIndexes({1, 3}));
         for (const ZelIndexSet &beyond : {ZelIndexSet({0, 17}), ZelIndexSet({4}), ZelIndexSet::withRange(-5, 6),
                                           ZelIndexSet::withRange(0, 4'000'000'000)}) {
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^WARNING: The selection indexes"));
-            QVERIFY(!controller.setSelectionIndexes(beyond));
+            QVERIFY(!four.controller->setSelectionIndexes(beyond));
         }
-        QCOMPARE(controller.selectedObjects(), QList<QObject *>({four.people[1].get(), four.people[3].get()}));
-        controller.removeObject(four.people[1].get());
-        QCOMPARE(controller.selectionIndexes(), ZelIndexSet({2}));
-        controller.setContent({});
-        QVERIFY(controller.selectedObjects().isEmpty());
+        QCOMPARE(four.controller->selectedObjects(), QList<QObject *>({&four[1], &four[3]}));
     }
 };
 
