@@ -259,6 +259,10 @@ private Q_SLOTS:
             QCOMPARE(item->state(), state);
             QCOMPARE(checkbox->isChecked(), state != 0);
         }
+        item->setImage({});
+        const int width = checkbox->sizeHint().width();
+        item->setLabel("Box");
+        QCOMPARE(checkbox->sizeHint().width() - width, checkbox->fontMetrics().horizontalAdvance("Box") + 4);
     }
 
     void aViewIsShownAsItIs()

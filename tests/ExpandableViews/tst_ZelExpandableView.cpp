@@ -69,6 +69,8 @@ private Q_SLOTS:
                         hasInk = hasInk || image.pixel(x, y) != image.pixel(width / 2, y);
                 return hasInk;
             };
+            QCOMPARE(inkIn(6, 14), direction == Qt::LeftToRight); // the triangle
+            QCOMPARE(inkIn(width - 14, width - 6), direction == Qt::RightToLeft);
             QCOMPARE(inkIn(30, 60), direction == Qt::LeftToRight);
             QCOMPARE(inkIn(width - 60, width - 30), direction == Qt::RightToLeft);
         }

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <memory>
 
-/// An application's splitter with plain panes and a delegate.
+/// An application's shown splitter with plain panes and a delegate.
 struct Split
 {
     struct Item
@@ -36,6 +36,7 @@ struct Split
                                                                                      item.priority, item.collapsible));
         list.prepend(nullptr); // is left out
         delegate->setItems(list);
+        this->splitter->show();
     }
     void resize(int length)
     {

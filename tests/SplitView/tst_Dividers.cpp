@@ -68,27 +68,22 @@ private Q_SLOTS:
         Split split({{80, 1000, 0, true}, {80, 1000, 0, true}, {80, 1000, 1, true}}, {100, 100, 100});
         activate(split.splitter.get());
         const int divider = split.splitter->handleWidth();
-        drag(split, 1, -55);
-        QCOMPARE(split.lengths(), QList<int>({80, 120, 100}));
-        drag(split, 1, -45);
-        QCOMPARE(split.lengths(), QList<int>({0, 200 + divider, 100}));
-        QVERIFY(split.splitter->handle(1)->visibleRegion().contains(QPoint(1, 1)));
-        drag(split, 1, 30); // not yet half of its minimum
-        QVERIFY(split.isCollapsed(0));
-        drag(split, 1, 90);
-        QCOMPARE(split.lengths(), QList<int>({90, 110, 100}));
-        // The last pane, to the end and back.
-        drag(split, 2, 70);
-        QCOMPARE(split.lengths(), QList<int>({90, 210 + divider, 0}));
-        drag(split, 2, -50);
-        QCOMPARE(split.lengths(), QList<int>({90, 130, 80}));
+        const std::tuple<int, int, QList<int>> rows[] = {
+            {1, -55, {80, 120, 100}},         {1, -45, {0, 200 + divider, 100}},
+            {1, 30, {0, 200 + divider, 100}}, // not yet half of its minimum
+            {1, 90, {90, 110, 100}},          {2, 70, {90, 210 + divider, 0}},
+            {2, -50, {90, 130, 80}}};
+        for (const auto &[index, distance, lengths] : rows) {
+            drag(split, index, distance);
+            QCOMPARE(split.lengths(), lengths);
+            QVERIFY(split.splitter->handle(index)->visibleRegion().contains(QPoint(1, 1)));
+        }
         // One in the middle opens out of the divider that its neighbours share.
         split.setCollapsed(1, true);
         const QList<int> closed = split.lengths();
         drag(split, 2, 85);
         QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
     }
-    /// One drag may open the pane on the one side and collapse that on the other.
     /// One drag may open the pane on the one side and collapse that on the other, which gives all its room.
     void onePaneOpensWhileAnotherCollapses()
     {
@@ -175,12 +170,8 @@ private Q_SLOTS:
     {
         struct Pane : QWidget
         {
-            std::function<void()> resized;
-            void resizeEvent(QResizeEvent *) override
-            {
-                if (resized)
-                    resized();
-            }
+            std::function<void()> resized = [] {};
+            void resizeEvent(QResizeEvent *) override { resized(); }
         };
         for (int collapsed : {-1, 1}) {
             Split split({{40, 1000}, {50, 1000, 0, true}, {50, 1000}}, {100, 100, 100});

@@ -4,6 +4,7 @@
 #include "TabBar/ZelButtonMatrix.h"
 
 #include <QLineEdit>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -173,6 +174,39 @@ private Q_SLOTS:
         QTest::keyClick(field, Qt::Key_F5);
         QCOMPARE(m_bar->selectedItem(), m_items[4]);
         QCOMPARE(second->selectedItem(), item);
+    }
+
+    void drawsItsCells()
+    {
+        using Cell = ZelTabBarButtonCell;
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, Qt::black);
+        palette.setColor(QPalette::Highlight, Qt::blue);
+        const Cell::State on = Cell::Enabled | Cell::WindowActive;
+        const std::tuple<Cell::State, bool, QPoint, QColor> rows[] = {
+            // bordered, and what is seen above white
+            {on, true, {16, 11}, Qt::red},
+            {on, true, {6, 11}, Qt::white},
+            {Cell::WindowActive, true, {16, 11}, QColor(255, 167, 167)},
+            {on | Cell::Pressed, true, {16, 11}, Qt::green},
+            {on | Cell::Pressed, true, {6, 11}, QColor(184, 184, 184)},
+            {on | Cell::Selected, true, {6, 11}, QColor(194, 194, 255)},
+            {Cell::Enabled | Cell::Selected, true, {6, 11}, QColor(224, 224, 224)},
+            {on | Cell::Selected, false, {6, 11}, Qt::white},
+            {on | Cell::Selected, false, {6, 21}, QColor(25, 25, 255)},
+            {on | Cell::Focused, true, {3, 11}, Qt::blue},
+        };
+        for (const auto &[state, isBordered, place, seen] : rows) {
+            Cell cell;
+            cell.image = icon(Qt::red);
+            cell.alternateImage = icon(Qt::green);
+            cell.bordered = isBordered;
+            QImage image(32, 22, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            cell.draw(painter, image.rect(), state, palette);
+            QCOMPARE(image.pixelColor(place), seen);
+        }
     }
 
 private:
