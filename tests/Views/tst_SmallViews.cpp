@@ -36,7 +36,8 @@ public:
         second->setGeometry(20, 150, 80, 20);
         show();
         activateWindow();
-        ready = QTest::qWaitForWindowActive(this);
+        if (!QTest::qWaitForWindowActive(this))
+            qFatal("no window");
         first->setFocus();
     }
     QRect shownRing() const { return ring->isVisible() ? ring->geometry() : QRect(); }
@@ -45,7 +46,6 @@ public:
     QLineEdit *first = new QLineEdit(frame);
     QLineEdit *second = new QLineEdit(this);
     ZelFocusRingOverlay *ring = new ZelFocusRingOverlay(this);
-    bool ready = false;
 };
 
 /// A shown stack that scrolls.
@@ -61,11 +61,11 @@ struct ScrolledStack
         view.setDocumentView(stack);
         view.resize(size);
         view.show();
-        ready = QTest::qWaitForWindowActive(&view);
+        if (!QTest::qWaitForWindowActive(&view))
+            qFatal("no window");
     }
     ZelScrollView view;
     ZelVerticalStackView *stack = new ZelVerticalStackView;
-    bool ready;
 };
 
 /// Looks between the title and the upper edge of the badge.
@@ -96,7 +96,6 @@ private Q_SLOTS:
     void theRingGoesRoundTheFocus()
     {
         Form form;
-        QVERIFY(form.ready);
         QCOMPARE(form.ring->widget(), form.first);
         QCOMPARE(form.shownRing(), QRect(28, 28, 84, 24));
         form.frame->move(40, 20); // and the field with it
@@ -219,7 +218,6 @@ private Q_SLOTS:
               static_cast<QWidget *>(new ZelTitleBarButton)}) {
             const TableRow row(QString::fromLatin1(widget->metaObject()->className()));
             Form form;
-            QVERIFY(form.ready);
             widget->setParent(&form);
             widget->setPalette(QPalette(Qt::lightGray)); // the same in windows that are not active
             widget->resize(20, 20);
@@ -274,7 +272,7 @@ private Q_SLOTS:
         box->setFixedHeight(50);
         ScrolledStack scrolled({300, 400}, {label, box});
         QWidget *viewport = scrolled.view.viewport();
-        QVERIFY(scrolled.ready && scrolled.stack->isInstalled());
+        QVERIFY(scrolled.stack->isInstalled());
         QCOMPARE(scrolled.stack->size(), QSize(viewport->width(), label->heightForWidth(300) + 50));
         scrolled.view.resize(150, 400);
         QCOMPARE(scrolled.stack->width(), viewport->width());
@@ -310,7 +308,6 @@ private Q_SLOTS:
         for (QSpinBox *field : {first, second})
             field->setValue(50);
         ScrolledStack scrolled({200, 200}, {first, second, filler});
-        QVERIFY(scrolled.ready);
         first->setFocus();
         const auto wheel = [&](const QSpinBox *field) {
             const QPoint position = field->mapTo(&scrolled.view, field->rect().center());
