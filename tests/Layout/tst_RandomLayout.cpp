@@ -29,13 +29,16 @@ struct Column
         int leading = 0;
         int trailing = 0;
         int height = -1; // -1: as it wants
-        Constraint::Ptr gapConstraint, leadingConstraint, trailingConstraint, heightConstraint;
+        int below = 0;   // how far the container reaches at least below the box; in columns with an end
+        Constraint::Ptr gapConstraint, leadingConstraint, trailingConstraint, heightConstraint, endConstraint;
     };
 
     QWidget container;
     std::vector<Row> rows;
+    bool hasEnd = false;
 
     Column() { container.resize(100, 300); }
+    ZelConstraintLayout *layout() { return ZelConstraintLayout::of(&container); }
 
     void add(int gap, int leading)
     {
@@ -44,52 +47,62 @@ struct Column
         row.gap = gap;
         row.leading = leading;
         QWidget *above = rows.empty() ? &container : static_cast<QWidget *>(rows.back().box.get());
-        row.gapConstraint =
-            equal(row.box.get(), Constraint::Top, above, rows.empty() ? Constraint::Top : Constraint::Bottom, gap);
-        row.leadingConstraint = equal(row.box.get(), Constraint::Leading, &container, Constraint::Leading, row.leading);
-        row.trailingConstraint = equal(row.box.get(), Constraint::Trailing, &container, Constraint::Trailing, 0);
-        ZelConstraintLayout::of(&container)
-            ->addConstraints({row.gapConstraint, row.leadingConstraint, row.trailingConstraint});
+        const auto edgeAbove = rows.empty() ? Constraint::Top : Constraint::Bottom;
+        row.gapConstraint = made(row.box.get(), Constraint::Top, above, edgeAbove, gap);
+        row.leadingConstraint = made(row.box.get(), Constraint::Leading, &container, Constraint::Leading, row.leading);
+        row.trailingConstraint = made(row.box.get(), Constraint::Trailing, &container, Constraint::Trailing, 0);
+        layout()->addConstraints({row.gapConstraint, row.leadingConstraint, row.trailingConstraint});
+        if (hasEnd) {
+            row.endConstraint = made(&container, Constraint::Bottom, row.box.get(), Constraint::Bottom, 0,
+                                     Constraint::GreaterThanOrEqual);
+            layout()->addConstraint(row.endConstraint);
+        }
         row.box->show();
         rows.push_back(std::move(row));
     }
     void setHeight(Row &row, int height)
     {
-        ZelConstraintLayout *layout = ZelConstraintLayout::of(&container);
         row.height = height;
         if (row.heightConstraint && height >= 0) {
             row.heightConstraint->setConstant(height);
             return;
         }
-        layout->removeConstraint(row.heightConstraint);
+        layout()->removeConstraint(row.heightConstraint);
         row.heightConstraint.reset();
         if (height < 0)
             return;
-        row.heightConstraint = equal(row.box.get(), Constraint::Height, nullptr, Constraint::NotAnAttribute, height);
-        layout->addConstraint(row.heightConstraint);
+        row.heightConstraint = made(row.box.get(), Constraint::Height, nullptr, Constraint::NotAnAttribute, height);
+        layout()->addConstraint(row.heightConstraint);
     }
 
-    static Constraint::Ptr equal(QWidget *item, Constraint::Attribute attribute, QWidget *other,
-                                 Constraint::Attribute otherAttribute, int constant)
+    static Constraint::Ptr made(QWidget *item, Constraint::Attribute attribute, QWidget *other,
+                                Constraint::Attribute otherAttribute, int constant,
+                                Constraint::Relation relation = Constraint::Equal)
     {
-        return Constraint::constraintWithItem(item, attribute, Constraint::Equal, other, otherAttribute, 1, constant);
+        return Constraint::constraintWithItem(item, attribute, relation, other, otherAttribute, 1, constant);
     }
 
-    /// Where everything is by the numbers alone.
+    /// Where everything is by the numbers alone, and how large the container wants to be.
     void check()
     {
-        auto *layout = ZelConstraintLayout::of(&container);
         int bottom = 0;
-        layout->activate();
+        QSize wanted(0, 0), least(0, 0);
+        layout()->activate();
+        const bool isMirrored = container.layoutDirection() == Qt::RightToLeft;
         for (const Row &row : rows) {
-            const int top = bottom + row.gap;
+            const int top = bottom + row.gap, margins = row.leading - row.trailing;
             bottom = top + (row.height < 0 ? row.box->hint.height() : row.height);
-            const int width = container.width() - row.leading + row.trailing;
-            const bool isMirrored = container.layoutDirection() == Qt::RightToLeft;
-            const QRect place(isMirrored ? -row.trailing : row.leading, top, width, bottom - top);
+            const QRect place(isMirrored ? -row.trailing : row.leading, top, container.width() - margins, bottom - top);
             QCOMPARE(row.box->geometry(), place);
             QCOMPARE(ZelConstraintLayout::geometryWithin(row.box.get(), container.size()), place);
+            const QRect wider(place.topLeft(), place.size() + QSize(50, 0));
+            QCOMPARE(ZelConstraintLayout::geometryWithin(row.box.get(), container.size() + QSize(50, 40)), wider);
+            wanted = wanted.expandedTo({margins + row.box->hint.width(), hasEnd ? bottom + row.below : 0});
+            least = least.expandedTo({margins + row.box->minimumWidth(), 0});
         }
+        QCOMPARE(layout()->sizeHint(), wanted);
+        QCOMPARE(layout()->minimumSize().width(), least.width());
+        QCOMPARE(layout()->count(), int(rows.size()));
     }
 };
 
@@ -101,24 +114,22 @@ void change(Column &column, Random &random)
         return;
     }
     Column::Row &row = column.rows[random.below(quint32(column.rows.size()))];
-    switch (random.below(8)) {
+    const int number = int(random.below(3));
+    switch (random.below(9)) {
     case 0:
-        row.gap = int(random.below(3));
-        row.gapConstraint->setConstant(row.gap);
+        row.gapConstraint->setConstant(row.gap = number);
         break;
     case 1:
-        row.leading = int(random.below(3));
-        row.leadingConstraint->setConstant(row.leading);
+        row.leadingConstraint->setConstant(row.leading = number);
         break;
     case 2:
-        row.trailing = -int(random.below(3));
-        row.trailingConstraint->setConstant(row.trailing);
+        row.trailingConstraint->setConstant(row.trailing = -number);
         break;
     case 3:
-        column.setHeight(row, int(random.below(3)) * 10 - 10);
+        column.setHeight(row, number * 10 - 10);
         break;
     case 4:
-        row.box->hint = QSize(10, 10 + int(random.below(2)) * 7);
+        row.box->hint = QSize(10 + number % 2, 10 + int(random.below(2)) * 7);
         row.box->updateGeometry();
         break;
     case 5:
@@ -126,6 +137,12 @@ void change(Column &column, Random &random)
         break;
     case 6:
         column.container.setLayoutDirection(random.below(2) ? Qt::RightToLeft : Qt::LeftToRight);
+        break;
+    case 7:
+        if (row.endConstraint)
+            row.endConstraint->setConstant(row.below = number);
+        else
+            row.box->setMinimumWidth(5 * number);
         break;
     default:
         if (random.below(2) == 0)
@@ -144,6 +161,7 @@ private Q_SLOTS:
         for (unsigned seed = 1; seed <= 10; ++seed) {
             Random random(seed);
             std::array<Column, 3> columns;
+            columns[2].hasEnd = true;
             for (Column &column : columns)
                 column.container.show();
             for (int step = 0; step < 500; ++step) {
