@@ -1,14 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QList>
-#include <QPointer>
-#include <QSet>
-#include <QStringList>
+#include "Controls/Cells/ZelSegmentedControl.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/Ranges/ZelStepper.h"
+#include "Controls/ZelColorPanel.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Inspector/Properties/ZelInspectorArrayProperty.h"
+#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
+#include "Inspector/Reports.h"
+#include "ViewController/ZelView.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMetaProperty>
+#include <QScrollArea>
+#include <QTableView>
+#include <QTest>
 #include <QUndoStack>
-#include <QVariant>
-#include <QWidget>
-#include <functional>
+#include <QWidgetAction>
+#include <QWindow>
 
 /// Changes every control of an inspector as a user does, with mouse and keyboard, and notes what is wrong.
 ///
@@ -29,26 +43,42 @@ public:
         std::function<void()> redo;
     };
 
-    explicit ControlTour(const Program &program);
-    ~ControlTour();
-    Q_DISABLE_COPY_MOVE(ControlTour)
+    explicit ControlTour(const Program &program)
+        : m_program(program)
+    {
+    }
 
-    void visitAll(QWidget *root);
-
-    const QStringList &faults() const { return m_faults; }
-    /// The names of the controls that have changed something.
-    const QSet<QString> &changed() const { return m_changed; }
-    /// The names of all that were found, also while they could not be used.
-    const QSet<QString> &found() const { return m_found; }
+    void visitAll(QWidget *root)
+    {
+        QList<Control> controls;
+        m_current = root->metaObject()->className();
+        collect(root, controls);
+        const QPointer<QWidget> alive(root);
+        for (const Control &control : std::as_const(controls)) {
+            if (!alive || !alive->isVisible())
+                return fault("closes the window too soon"); // only the last button of a popover may close it
+            m_current = control.name;
+            if (!control.widget || !control.widget->isVisible()) {
+                fault("went away while others were changed");
+                continue;
+            }
+            prepare(control);
+            if (control.widget->isEnabled())
+                visit(control);
+        }
+    }
+    /// What is wrong, a line for each.
+    QString faults() const { return m_faults.join('\n'); }
+    QSet<QString> found;   ///< the names of all, also while they could not be used
+    QSet<QString> changed; ///< the names of those that have changed something
 
 private:
-    using Change = void (ControlTour::*)(QWidget *, int);
     enum Effect { Edits, Acts, Shows, Contains };
     struct Kind
     {
         const char *className;
         Effect effect;
-        Change change;
+        void (*change)(ControlTour &, QWidget *, int attempt);
         int attempts = 1; // at something else each time, until one has an effect
     };
     struct Control
@@ -59,45 +89,472 @@ private:
         QString name;
         int part = 0; // of a widget with several
     };
-    using State = QList<QPair<QObject *, QVariantMap>>;
-    class Messages;
+    using State = QList<std::pair<QObject *, QVariantMap>>;
 
-    static const Kind *kindOf(const QWidget *widget);
-    void collect(QWidget *widget, QList<Control> &controls);
-    void prepare(const Control &control);
-    void visit(const Control &control);
-    void check(const Control &control, const State &before, const QVariant &situation, int steps);
-    void checkReach(const Control &control, const State &before, const State &after);
-    void checkUndo(const Control &control, const State &before, const State &after);
-    void visitOpened(const Control &control, QWidget *opened);
-    void visitColorPanel(QWidget *panel);
-    void fault(const QString &text);
-    void compare(const State &actual, const State &expected, const QString &when);
-    State state() const;
+    static const Kind *kindOf(const QWidget *widget)
+    {
+        const auto clickMark = [](ControlTour &tour, QWidget *widget, int) {
+            tour.click(widget, {8, widget->height() / 2});
+        };
+        const auto clickSegment = [](ControlTour &tour, QWidget *widget, int segment) {
+            tour.click(widget, qobject_cast<ZelSegmentedControl *>(widget)->segmentRect(segment).center());
+        };
+        const auto clickStepper = [](ControlTour &tour, QWidget *widget, int attempt) {
+            tour.click(widget, {widget->width() / 2, widget->height() * (attempt == 0 ? 1 : 3) / 4});
+        };
+        const auto clickSwatch = [](ControlTour &tour, QWidget *widget, int attempt) {
+            tour.click(widget, {widget->width() / 8 + attempt * widget->width() / 2, widget->height() / 2});
+        };
+        const auto clickAnchor = [](ControlTour &tour, QWidget *widget, int attempt) {
+            tour.click(widget, attempt == 0 ? QPoint(5, 5) : QPoint(widget->width() - 5, widget->height() / 2));
+        };
+        static const Kind kinds[] = {
+            {"QAbstractScrollArea", Contains, nullptr},
+            {"ZelTextField", Edits, typeText, 4},
+            {"ZelGrowingTextField", Edits, typeText, 2},
+            {"ZelComboBox", Edits, typeText, 2},
+            {"ZelGrowingTextView", Edits, typeParagraph},
+            {"ZelCheckBox", Edits, clickMark},
+            {"ZelStepper", Edits, clickStepper, 2},
+            {"ZelSlider", Edits, dragSlider, 2},
+            {"ZelPopUpButton", Edits, chooseItem, 4},
+            {"ZelSegmentedControl", Edits, clickSegment},
+            {"ZelDatePicker", Edits, stepDate, 2},
+            {"QTableView", Edits, typeIntoCell},
+            {"SwatchRow", Edits, clickSwatch, 2},
+            {"ZelHoverButton", Acts, clickCentre},
+            {"ZelPushButton", Acts, clickCentre},
+            {"ZelExpandableHeader", Shows, foldAndOpen},
+            {"ZelOriginSelectionView", Shows, clickAnchor, 2},
+        };
+        for (const QMetaObject *metaObject = widget->metaObject(); metaObject; metaObject = metaObject->superClass()) {
+            for (const Kind &kind : kinds) {
+                if (qstrcmp(kind.className, metaObject->className()) == 0)
+                    return &kind;
+            }
+        }
+        return nullptr;
+    }
 
+    // What is known of a control
+
+    /// A controller that has an owner: an editor, or a container such as a chooser.
+    static QObject *controllerOf(const QWidget *widget)
+    {
+        for (; widget; widget = widget->parentWidget()) {
+            const auto *view = qobject_cast<const ZelView *>(widget);
+            QObject *controller = view ? view->viewController() : nullptr;
+            if (controller && (!controller->property("keyPath").toString().isEmpty() ||
+                               qobject_cast<ZelInspectorProperty *>(controller)))
+                return controller;
+        }
+        return nullptr;
+    }
+    static QObject *ownerOf(const QObject *controller) { return controller->property("owner").value<QObject *>(); }
+    /// The objects that the editor of a widget stands for. Editors inside of others have these as their owners.
+    static QObjectList objectsOf(const QWidget *widget)
+    {
+        for (QObject *controller = controllerOf(widget); controller;) {
+            QObject *owner = ownerOf(controller);
+            const QString path = controller->property("keyPath").toString();
+            if (owner && path.contains(u".selection.")) {
+                const QVariant array = ZelValueForKeyPath(owner, ZelKeyPath(path.section(".selection.", 0, -2)));
+                return ZelValueForKey(array, ZelKey("selectedObjects")).value<QObjectList>();
+            }
+            if (!owner || !ownerOf(owner))
+                return owner && !path.isEmpty() ? QObjectList{owner} : QObjectList();
+            controller = owner;
+        }
+        return {};
+    }
+    static QString nameOf(const QWidget *widget)
+    {
+        QString name = widget->metaObject()->className();
+        if (!widget->accessibleName().isEmpty())
+            name += '(' + widget->accessibleName() + ')';
+        for (const QObject *controller = controllerOf(widget); controller && ownerOf(controller);
+             controller = ownerOf(controller))
+            name.prepend(controller->property("keyPath").toString().section('.', -1) + '(' +
+                         controller->property("title").toString() + ")/");
+        return name;
+    }
+    static bool isMixed(const QWidget *widget)
+    {
+        const QVariant color = widget->property("color");
+        return ZelIsMarker(widget->property("objectValue"), ZelMultipleValuesMarker) ||
+               ZelIsMarker(widget->property("selectedIndex"), ZelMultipleValuesMarker) ||
+               widget->property("checkState").toInt() == Qt::PartiallyChecked ||
+               (color.isValid() && !color.value<QColor>().isValid());
+    }
+    static bool isEditable(const QWidget *widget)
+    {
+        if (const auto *table = qobject_cast<const QTableView *>(widget))
+            return table->model()->rowCount() > 0;
+        const QVariant editable = widget->property("editable");
+        return (!editable.isValid() || editable.toBool()) && !widget->property("readOnly").toBool();
+    }
+    /// By design, the steps of a cell of a list and of the size of a font have no name.
+    static bool mayBeUnnamed(const QWidget *widget)
+    {
+        const QObject *controller = controllerOf(widget);
+        const bool isSize = qobject_cast<const ZelStepper *>(widget) || qobject_cast<const ZelTextField *>(widget);
+        return qobject_cast<const QTableView *>(widget) ||
+               (isSize && (!controller || qobject_cast<const ZelInspectorFontProperty *>(controller)));
+    }
+    static QWidget *openWindow(const char *className)
+    {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window->inherits(className))
+                return window;
+        }
+        return nullptr;
+    }
+
+    void collect(QWidget *widget, QList<Control> &controls)
+    {
+        const Kind *kind = kindOf(widget);
+        if (!kind && widget->focusPolicy() != Qt::NoFocus && widget->isEnabled())
+            return fault("is of a class that is not known: " + nameOf(widget));
+        if (kind && kind->effect != Contains) {
+            const auto *segments = qobject_cast<ZelSegmentedControl *>(widget);
+            for (int part = 0; part < (segments ? int(segments->segmentCount()) : 1); ++part) {
+                QString name = m_outer.name + nameOf(widget);
+                if (segments)
+                    name += '#' + QString::number(part);
+                const QObject *controller = controllerOf(widget);
+                if (kind->effect != Shows && isEditable(widget) &&
+                    (!controller || controller->property("enabled") != false))
+                    found.insert(name);
+                if (!segments || segments->isSegmentEnabled(part))
+                    controls.append({widget, controller ? widget : m_outer.subject.data(), kind, name, part});
+            }
+            return;
+        }
+        for (QObject *child : widget->children()) {
+            auto *childWidget = qobject_cast<QWidget *>(child);
+            if (childWidget && !childWidget->isWindow() && childWidget->isVisible())
+                collect(childWidget, controls);
+        }
+    }
+
+    /// Selects what the control changes, where that is a part of the value.
+    void prepare(const Control &control)
+    {
+        for (QObject *controller = controllerOf(control.subject); controller; controller = ownerOf(controller)) {
+            if (const auto *text = qobject_cast<ZelInspectorAttributedStringProperty *>(controller))
+                text->textView()->selectAll();
+            if (const auto *list = qobject_cast<ZelInspectorArrayProperty *>(controller);
+                list && list->numberOfRows() > 0) {
+                // What was undone last is shown a little later, and so is what can be done to the selection.
+                click(list->tableView(), firstCell(list->tableView()));
+                (void)QTest::qWaitFor([&control] { return control.widget->isEnabled(); }, 1000);
+            }
+        }
+        settle();
+        if (control.widget->isEnabled() || !m_outer.widget)
+            return;
+        // What was chosen before may have made it meaningless, until the window is opened again.
+        press(Qt::Key_Escape);
+        m_outer.kind->change(*this, m_outer.widget, m_outer.part);
+    }
+
+    void visit(const Control &control)
+    {
+        const State before = state();
+        const QVariant situation = m_program.situation();
+        const int index = m_program.undoStack->index();
+        const auto *segments = qobject_cast<ZelSegmentedControl *>(control.widget.data());
+        const bool isChosen = segments && !segments->selectsAny() && segments->isSegmentSelected(control.part);
+        const QObject *controller = controllerOf(control.subject);
+        const bool edits =
+            control.kind->effect == Edits && controller && !controller->property("keyPath").toString().isEmpty();
+        const bool mustChange =
+            edits && !isChosen && isEditable(control.widget) && !objectsOf(control.subject).isEmpty();
+        QWidget *window = nullptr;
+        for (int attempt = 0; attempt < control.kind->attempts && control.widget; ++attempt) {
+            control.kind->change(*this, control.widget, control.part + attempt);
+            if (!m_outer.widget)
+                window = openWindow("ZelPopoverWindow") ? openWindow("ZelPopoverWindow") : openWindow("QColorDialog");
+            if (window || state() != before || m_program.situation() != situation)
+                break;
+        }
+        if (m_outer.widget && control.widget && !control.widget->isVisible() && control.kind->effect == Acts)
+            changed.insert(control.name); // it closes the window
+        if (window) {
+            visitOpened(control, window);
+        } else {
+            if (mustChange && state() == before)
+                fault("changes nothing");
+            if (control.kind->effect == Shows || (edits && !mustChange))
+                compare(state(), before, "changes what it should not");
+            check(control, before, situation, m_program.undoStack->index() - index);
+        }
+        for (const QString &message : std::exchange(m_assertions.messages, {}) + std::exchange(Reports::messages, {}))
+            fault(message);
+        if (const QWidget *modal = QApplication::activeModalWidget())
+            fault(QString("opened ") + modal->metaObject()->className());
+    }
+
+    void visitOpened(const Control &control, QWidget *opened)
+    {
+        changed.insert(control.name);
+        m_outer = control;
+        m_outer.name += '/';
+        const QPointer<QWidget> alive(opened);
+        const bool isColorPanel = opened->inherits("QColorDialog");
+        isColorPanel ? visitColorPanel(opened) : visitAll(opened);
+        m_outer = {};
+        m_current = control.name;
+        if (!alive || !alive->isVisible())
+            return;
+        isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press(Qt::Key_Escape);
+        if (alive && alive->isVisible())
+            fault("opened what does not close");
+    }
+
+    /// The standard colours stand for the other controls of Qt's own dialog.
+    void visitColorPanel(QWidget *panel)
+    {
+        static const Kind kind{"", Edits,
+                               [](ControlTour &tour, QWidget *widget, int attempt) {
+                                   tour.click(widget, {widget->width() * (5 + 2 * attempt) / 8, widget->height() / 2});
+                               },
+                               2};
+        for (QWidget *widget : panel->findChildren<QWidget *>()) {
+            if (QByteArray(widget->metaObject()->className()).endsWith("QWellArray"))
+                return visit({widget, m_outer.subject, &kind, m_outer.name + "colour"});
+        }
+        fault("opened a panel that offers no colours");
+    }
+
+    // What is checked
+
+    void check(const Control &control, const State &before, const QVariant &situation, int steps)
+    {
+        const State after = state();
+        if (after != before || m_program.situation() != situation)
+            changed.insert(control.name);
+        if (steps != (after == before ? 0 : 1))
+            fault(
+                QStringLiteral("makes %1 undo steps of %2").arg(steps).arg(after == before ? "no change" : "one edit"));
+        if (after != before) {
+            if (m_program.undoStack->undoText().isEmpty() && !mayBeUnnamed(control.widget))
+                fault("makes an undo step without a name");
+            if (control.kind->effect == Edits && control.widget && control.subject)
+                checkReach(control, before, after);
+            checkUndo(control, before, after);
+        }
+        while (m_program.undoStack->canUndo() && state() != before)
+            m_program.undoStack->undo();
+        if (m_program.situation() != situation)
+            m_program.restore();
+        settle();
+    }
+
+    void checkReach(const Control &control, const State &before, const State &after)
+    {
+        QObject *controller = controllerOf(control.subject);
+        if (after.size() != before.size() || !controller || controller->property("keyPath").toString().isEmpty())
+            return;
+        const QObjectList objects = objectsOf(control.subject);
+        for (int i = 0; i < after.size(); ++i) {
+            if (after[i] != before[i] && !objects.contains(after[i].first))
+                fault("changes an object that is not selected");
+        }
+        // What the editor reads back is one value only if all objects have it.
+        for (; controller; controller = ownerOf(controller)) {
+            if (auto *property = qobject_cast<ZelInspectorProperty *>(controller))
+                property->updateView();
+        }
+        if (isMixed(control.widget))
+            fault("does not reach every selected object");
+    }
+
+    void checkUndo(const Control &control, const State &before, const State &after)
+    {
+        const bool isInFront = !m_outer.widget && control.widget && control.widget->window()->isActiveWindow();
+        isInFront ? m_program.undo() : m_program.undoStack->undo();
+        settle();
+        compare(state(), before, "after undo");
+        isInFront ? m_program.redo() : m_program.undoStack->redo();
+        settle();
+        compare(state(), after, "after redo");
+        m_program.undoStack->undo();
+        settle();
+        compare(state(), before, "after a second undo");
+    }
+
+    void compare(const State &actual, const State &expected, const QString &when)
+    {
+        if (actual.size() != expected.size())
+            return fault(QStringLiteral("%1: %2 objects, not %3").arg(when).arg(actual.size()).arg(expected.size()));
+        for (int i = 0; i < actual.size(); ++i) {
+            if (actual[i].first != expected[i].first)
+                return fault(when + ": the objects have another order");
+            for (const QString &key : expected[i].second.keys()) {
+                if (actual[i].second.value(key) == expected[i].second.value(key))
+                    continue;
+                QString text;
+                QDebug(&text) << actual[i].second.value(key) << "not" << expected[i].second.value(key);
+                return fault(QStringLiteral("%1: %2 is %3").arg(when, key, text.left(240)));
+            }
+        }
+    }
+
+    void fault(const QString &text) { m_faults.append(m_current + ": " + text); }
+
+    State state() const
+    {
+        State state;
+        for (QObject *model : m_program.models()) {
+            QVariantMap values;
+            const QMetaObject *metaObject = model->metaObject();
+            for (int i = QObject::staticMetaObject.propertyCount(); i < metaObject->propertyCount(); ++i)
+                values.insert(metaObject->property(i).name(), metaObject->property(i).read(model));
+            state.append({model, values});
+        }
+        return state;
+    }
+
+    // What the user does
+
+    static void settle()
+    {
+        for (int i = 0; i < 4; ++i)
+            QCoreApplication::processEvents();
+    }
+    /// Keys go to the pop-up in front, or else to the window that is active.
+    static QWindow *keyWindow()
+    {
+        const QWidget *popup = QApplication::activePopupWidget();
+        return popup ? popup->windowHandle() : QGuiApplication::focusWindow();
+    }
+    static void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        if (QWindow *window = keyWindow())
+            QTest::keyClick(window, Qt::Key(key), modifiers);
+        settle();
+    }
+    static void type(const char *text)
+    {
+        for (; *text && keyWindow(); ++text)
+            QTest::keyClick(keyWindow(), *text);
+        settle();
+    }
+    static QPoint firstCell(const QTableView *table)
+    {
+        return table->viewport()->mapTo(table, table->visualRect(table->model()->index(0, 0)).center());
+    }
     /// Brings a place of the widget into sight; answers where in the window it is.
-    QPoint reach(QWidget *widget, const QPoint &position);
-    void click(QWidget *widget, const QPoint &position);
-    void clickCentre(QWidget *widget, int);
-    void foldAndOpen(QWidget *widget, int);
-    void clickMark(QWidget *widget, int);
-    void clickSegment(QWidget *widget, int segment);
-    void clickStepper(QWidget *widget, int attempt);
-    void clickSwatch(QWidget *widget, int attempt);
-    void clickAnchor(QWidget *widget, int attempt);
-    void clickColor(QWidget *widget, int attempt);
-    void dragSlider(QWidget *widget, int attempt);
-    void chooseItem(QWidget *widget, int attempt);
-    void typeText(QWidget *widget, int attempt);
-    void typeParagraph(QWidget *widget, int attempt);
-    void typeIntoCell(QWidget *widget, int attempt);
-    void stepDate(QWidget *widget, int attempt);
+    QPoint reach(QWidget *widget, const QPoint &position)
+    {
+        for (QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
+            if (auto *area = qobject_cast<QScrollArea *>(parent))
+                area->ensureWidgetVisible(widget, 0, 0);
+        }
+        QWidget *window = widget->window();
+        if (!QApplication::activePopupWidget() && !window->isActiveWindow()) {
+            window->activateWindow(); // there is no window manager to do it
+            (void)QTest::qWaitForWindowActive(window);
+        }
+        settle();
+        const QPoint place = widget->mapTo(window, position);
+        const QWidget *hit = window->childAt(place);
+        if (!hit || (hit != widget && !widget->isAncestorOf(hit)))
+            fault("is out of the mouse's reach, below " + (hit ? nameOf(hit) : QString("nothing")));
+        return place;
+    }
+    void click(QWidget *widget, const QPoint &position)
+    {
+        const QPoint place = reach(widget, position);
+        QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {}, place);
+        settle();
+    }
+    static void clickCentre(ControlTour &tour, QWidget *widget, int) { tour.click(widget, widget->rect().center()); }
+    static void foldAndOpen(ControlTour &tour, QWidget *widget, int)
+    {
+        const auto height = [widget] { return widget->parentWidget()->height(); };
+        const int before = height();
+        clickCentre(tour, widget, 0);
+        if (!QTest::qWaitFor([&] { return height() < before; }, 2000))
+            tour.fault("does not fold");
+        clickCentre(tour, widget, 0);
+        if (!QTest::qWaitFor([&] { return height() == before; }, 2000))
+            tour.fault("does not open again");
+    }
+    static void dragSlider(ControlTour &tour, QWidget *widget, int attempt)
+    {
+        const QPoint start = tour.reach(widget, {widget->width() * (attempt == 0 ? 1 : 3) / 4, widget->height() / 2});
+        const QPoint end = tour.reach(widget, {widget->width() * 3 / 5, widget->height() * 2 / 3});
+        QWindow *window = widget->window()->windowHandle();
+        QTest::mousePress(window, Qt::LeftButton, {}, start);
+        QTest::mouseMove(window, (start + end) / 2);
+        QTest::mouseMove(window, end);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+        settle();
+    }
+    static void chooseItem(ControlTour &tour, QWidget *widget, int attempt)
+    {
+        auto *button = qobject_cast<ZelPopUpButton *>(widget);
+        clickCentre(tour, button, 0);
+        if (!QTest::qWaitFor([button] { return button->isMenuOpen(); }, 500))
+            return;
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QList<QRect> others;
+        for (QAction *item : menu->actions()) {
+            const QRect place = menu->actionGeometry(item);
+            if (item != button->selectedItem() && !item->isSeparator() && !item->menu() && item->isEnabled() &&
+                menu->rect().contains(place.center()) && !qobject_cast<QWidgetAction *>(item))
+                others.append(place);
+        }
+        if (others.isEmpty())
+            return press(Qt::Key_Escape);
+        const QPoint place = others[(others.size() / 2 + attempt) % others.size()].center();
+        QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, place);
+        settle();
+        if (button->isMenuOpen())
+            press(Qt::Key_Escape);
+    }
+    static void typeText(ControlTour &tour, QWidget *widget, int attempt)
+    {
+        tour.click(widget, {widget->width() / 3, widget->height() / 2});
+        if (isEditable(widget)) // else the window selects all shapes
+            press(Qt::Key_A, Qt::ControlModifier);
+        const char *numbers[] = {"37", "3", "0.3", "4711"}; // some one that the field takes
+        type(numbers[attempt]);
+        press(Qt::Key_Return);
+    }
+    static void typeParagraph(ControlTour &tour, QWidget *widget, int)
+    {
+        clickCentre(tour, widget, 0);
+        press(Qt::Key_End, Qt::ControlModifier);
+        type("more");
+        press(Qt::Key_Return, Qt::ControlModifier);
+    }
+    static void typeIntoCell(ControlTour &tour, QWidget *widget, int)
+    {
+        auto *table = qobject_cast<QTableView *>(widget);
+        if (table->model()->rowCount() == 0)
+            return;
+        const QPoint place = firstCell(table);
+        tour.click(table, place);
+        QTest::mouseDClick(table->window()->windowHandle(), Qt::LeftButton, {}, table->mapTo(table->window(), place));
+        settle();
+        press(Qt::Key_A, Qt::ControlModifier);
+        type("cell");
+        press(Qt::Key_Return);
+    }
+    static void stepDate(ControlTour &tour, QWidget *widget, int attempt)
+    {
+        tour.click(widget, {8, widget->height() / 2});
+        press(attempt == 0 ? Qt::Key_Up : Qt::Key_Down);
+        press(Qt::Key_Return);
+    }
 
     Program m_program;
-    std::unique_ptr<Messages> m_messages;
+    QuietHandler m_assertions;
+    Reports m_reports;
     QStringList m_faults;
-    QSet<QString> m_found;
-    QSet<QString> m_changed;
     QString m_current;
     Control m_outer; // the one that opened what is being visited
 };
