@@ -11,35 +11,50 @@ class tst_ZelDelayedInvocation : public QObject
     Q_OBJECT
 
     QString m_log;
-    static void turn() { QCoreApplication::processEvents(); }
+    std::function<void()> note(const QString &text)
+    {
+        return [this, text] { m_log += text; };
+    }
     static void checkpoint()
     {
         ZelNotificationCenter::defaultCenter()->post(ZelDelayedInvocationCheckpointNotification);
     }
-    std::function<void()> note(const QString &text)
+    // What ran in a turn of the event loop, or in a checkpoint.
+    QString inTurn()
     {
-        return [this, text] { m_log += text; };
+        QCoreApplication::processEvents();
+        return std::exchange(m_log, {});
+    }
+    QString inCheckpoint()
+    {
+        checkpoint();
+        return std::exchange(m_log, {});
     }
 
 public:
     Q_INVOKABLE void run() { m_log += 'r'; }
 
 private Q_SLOTS:
-    void init() { m_log.clear(); }
-
-    void manySchedulesAreOneRun()
+    void manySchedulesAreOneRunAndMayBeCancelled()
     {
         ZelDelayedInvocation invocation(note("a"));
         QVERIFY(!invocation.isPending());
         for (int i = 0; i < 3; ++i)
             invocation.schedule();
         QVERIFY(invocation.isPending());
-        turn();
-        QCOMPARE(m_log, "a");
+        QCOMPARE(inTurn(), "a");
         QVERIFY(invocation.isFinished() && !invocation.isScheduled());
         invocation.schedule();
-        turn();
-        QCOMPARE(m_log, "aa");
+        invocation.cancel();
+        QVERIFY(invocation.isCancelled() && !invocation.isPending());
+        QCOMPARE(inTurn(), "");
+        invocation.schedule();
+        invocation.cancel();
+        invocation.schedule();
+        QVERIFY(!invocation.isCancelled());
+        QCOMPARE(inTurn(), "a");
+        invocation.invoke(); // is not pending
+        QCOMPARE(m_log, "");
     }
 
     void aCheckpointRunsByPriorityAndLeavesNothingForTheTurn()
@@ -50,11 +65,9 @@ private Q_SLOTS:
         delayed.setDelay(30.0);
         for (auto *invocation : {&late, &early, &usual, &delayed})
             invocation->schedule();
-        checkpoint();
-        QCOMPARE(m_log, "abc");
+        QCOMPARE(inCheckpoint(), "abc");
         QVERIFY(delayed.isPending());
-        turn();
-        QCOMPARE(m_log, "abc");
+        QCOMPARE(inTurn(), "");
     }
 
     void aCheckpointAlsoRunsWhatItsWorkSchedulesButEachOnce()
@@ -65,23 +78,17 @@ private Q_SLOTS:
             second.schedule();
         });
         second.setPriority(1);
-        ZelDelayedInvocation *back = &first;
-        ZelDelayedInvocation third([&] {
+        ZelDelayedInvocation third([&, back = &first] {
             m_log += 'c';
             back->schedule();
         });
         first.schedule();
         third.schedule();
-        checkpoint();
-        QCOMPARE(m_log, "acb");
+        QCOMPARE(inCheckpoint(), "acb");
         QVERIFY(first.isPending()); // for the turn
-        turn();
-        turn();
-        QCOMPARE(m_log, "acbab");
-    }
-
-    void workThatSchedulesNewWorkForeverDoesNotHoldTheCheckpoint()
-    {
+        QCoreApplication::processEvents();
+        QCOMPARE(inTurn(), "ab");
+        // Work that schedules new work forever does not hold the checkpoint.
         int runs = 0;
         std::function<void()> again = [&] {
             if (++runs < 1000)
@@ -91,21 +98,17 @@ private Q_SLOTS:
         checkpoint();
         QCOMPARE(runs, 2);
         for (int i = 0; runs < 1000 && i < 2000; ++i)
-            turn();
+            inTurn();
         QCOMPARE(runs, 1000);
-    }
-
-    void aCheckpointDuringTheWorkDoesNotRunItAgain()
-    {
-        int runs = 0;
-        ZelDelayedInvocation invocation([&] {
-            if (++runs < 5)
+        // A checkpoint during the work does not run it again.
+        ZelDelayedInvocation nested([&] {
+            if (++runs < 1005)
                 checkpoint();
         });
-        invocation.schedule();
+        nested.schedule();
         checkpoint();
-        turn();
-        QCOMPARE(runs, 1);
+        inTurn();
+        QCOMPARE(runs, 1001);
     }
 
     void aDelayRunsFromATimer()
@@ -114,29 +117,12 @@ private Q_SLOTS:
         invocation.setDelay(0.02);
         QVERIFY_EXCEPTION_THROWN(invocation.setDelay(qQNaN()), ZelInternalInconsistencyException); // never would be
         invocation.schedule();
-        turn();
-        QCOMPARE(m_log, "");
+        QCOMPARE(inTurn(), "");
         QTRY_COMPARE(m_log, "a");
         invocation.schedule();
         invocation.cancel();
         QTest::qWait(50);
-        QCOMPARE(m_log, "a");
-    }
-
-    void aCancelledOneMayBeScheduledAgain()
-    {
-        ZelDelayedInvocation invocation(note("a"));
-        invocation.schedule();
-        invocation.cancel();
-        QVERIFY(invocation.isCancelled() && !invocation.isPending());
-        turn();
-        QCOMPARE(m_log, "");
-        invocation.schedule();
-        invocation.cancel();
-        invocation.schedule();
-        QVERIFY(!invocation.isCancelled());
-        turn();
-        QCOMPARE(m_log, "a");
+        QCOMPARE(inTurn(), "a");
     }
 
     void modesLimitTheRun()
@@ -150,14 +136,12 @@ private Q_SLOTS:
             const ZelRunLoopModeScope tracking(ZelEventTrackingRunLoopMode);
             anyCommon.schedule();
             onlyDefault.schedule();
-            turn();
-            QCOMPARE(m_log, "a");
+            QCOMPARE(inTurn(), "a");
         }
-        turn();
-        QCOMPARE(m_log, "ab");
+        QCOMPARE(inTurn(), "b");
     }
 
-    void theWorkMayDestroyItsInvocation()
+    void endsWithItsTargetItsWorkOrItself()
     {
         std::unique_ptr<ZelDelayedInvocation> invocation;
         const QString text(100, 'x');
@@ -166,37 +150,27 @@ private Q_SLOTS:
             m_log += text; // the closure must still be there
         });
         invocation->schedule();
-        turn();
-        QCOMPARE(m_log, text);
-    }
-
-    void destroyedOnesDoNotRun()
-    {
-        auto invocation = std::make_unique<ZelDelayedInvocation>(note("-"));
+        QCOMPARE(inTurn(), text);
+        invocation = std::make_unique<ZelDelayedInvocation>(note("-"));
         invocation->schedule();
         invocation.reset();
         auto *target = new tst_ZelDelayedInvocation;
         ZelDelayedInvocation toTarget(target, "run:");
         toTarget.schedule();
-        turn();
+        QCOMPARE(inTurn(), "");
         QCOMPARE(target->m_log, "r");
         toTarget.schedule();
         delete target;
-        turn();
-        QCOMPARE(m_log, "");
-    }
-
-    void workThatThrowsIsFinished()
-    {
-        int runs = 0;
-        ZelDelayedInvocation invocation([&] {
+        QCOMPARE(inTurn(), "");
+        int runs = 0; // work that throws is finished
+        ZelDelayedInvocation throwing([&] {
             if (++runs == 1)
                 throw ZelGenericException("work");
         });
-        invocation.schedule();
-        QVERIFY_EXCEPTION_THROWN(invocation.invoke(), ZelGenericException);
-        invocation.schedule();
-        turn();
+        throwing.schedule();
+        QVERIFY_EXCEPTION_THROWN(throwing.invoke(), ZelGenericException);
+        throwing.schedule();
+        inTurn();
         QCOMPARE(runs, 2);
     }
 };
