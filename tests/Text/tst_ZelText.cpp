@@ -1,0 +1,431 @@
+// SPDX-License-Identifier: MIT
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Values/ZelValues.h"
+#include "Resources/ZelColor.h"
+#include "Text/ZelAttributedString.h"
+#include "Text/ZelFontManager.h"
+#include "Text/ZelTextDocumentCoder.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+using String = ZelAttributedString;
+using Coder = ZelTextDocumentCoder;
+using Manager = ZelFontManager;
+
+/// A model with a rich-text property.
+class Card : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(ZelAttributedString note MEMBER note)
+    Q_PROPERTY(QString title MEMBER title)
+public:
+    ZelAttributedString note;
+    QString title;
+};
+
+class tst_ZelText : public QObject
+{
+    Q_OBJECT
+
+    static ZelParagraphStyle aligned(uint alignment) { return {.alignment = alignment}; }
+    static String throughDocument(const String &string)
+    {
+        QTextDocument document;
+        Coder::write(string, &document);
+        return Coder::read(&document);
+    }
+    /// Starts and lengths of the runs that have the attribute.
+    static QString places(const String &string, const QString &name)
+    {
+        QStringList list;
+        for (const String::Run &run : string.runs()) {
+            if (run.attributes.contains(name))
+                list << QString::number(run.range.start) + u'+' + QString::number(run.range.length);
+        }
+        return list.join(u' ');
+    }
+
+private Q_SLOTS:
+    void rangesAreClippedAndKeepPairsTogether()
+    {
+        constexpr qsizetype most = std::numeric_limits<qsizetype>::max();
+        const std::pair<String::Range, const char *> rows[] = {
+            {{1, 1}, "1+1"},     {{0, 6}, "0+6"}, {{4, most}, "4+2"}, {{-2, 3}, "0+1"}, {{6, 3}, ""},
+            {{-most, most}, ""}, {{3, -2}, ""},   {{1, 2}, "1+3"},    {{3, 2}, "2+3"},  {{3, 0}, ""}};
+        for (const auto &[range, expected] : rows) {
+            String string("ab\U0001F600cd"); // the pair is at 2
+            string.setAttribute(String::Link, "x", range);
+            QCOMPARE(places(string, String::Link), expected);
+            QCOMPARE(throughDocument(string), string);
+        }
+    }
+
+    void equalNeighboursBecomeOneRun()
+    {
+        String string("abcdef");
+        const String plain = string;
+        string.setAttribute(String::ForegroundColor, QColor(Qt::red), {0, 2});
+        string.setAttribute(String::ForegroundColor, QVariant::fromValue(ZelColor(QColor(Qt::red))), {2, 2});
+        QCOMPARE(string.runs().size(), 2);
+        QCOMPARE(string.attributeAt(String::ForegroundColor, 3), QVariant(QColor(Qt::red)));
+        QCOMPARE(string.attributesAt(6), String::Attributes());
+        QCOMPARE(string.attributesAt(7), String::Attributes());
+        const String copy = string;
+        string.setAttribute(String::ForegroundColor, {}, {0, 6});
+        QCOMPARE(string, plain);
+        QVERIFY(copy != string);
+        string.setAttribute(String::StrikeOut, true, {1, 2});
+        string.setAttribute(String::StrikeOut, false, {0, 6});
+        QCOMPARE(string, plain);
+    }
+
+    void aFontsLinesAreAttributesOfTheirOwn()
+    {
+        QFont font("Serif", 14);
+        font.setUnderline(true);
+        String string("abc", {{String::Font, font}, {String::UnderlineStyle, 0}});
+        QVERIFY(!string.attributeAt(String::UnderlineStyle, 0).isValid()); // what is said of it prevails
+        string.setAttribute(String::Font, font, {0, 1});
+        QCOMPARE(places(string, String::UnderlineStyle), "0+1");
+        font.setUnderline(false);
+        string.setAttribute(String::Font, font, {0, 3});
+        QCOMPARE(places(string, String::UnderlineStyle), "0+1");
+        QVERIFY(!string.attributeAt(String::Font, 0).value<QFont>().underline());
+        QCOMPARE(throughDocument(string), string);
+    }
+
+    void piecesAreTakenAndReplaced()
+    {
+        String string("hello world");
+        string.setAttribute(String::Overline, true, {6, 5});
+        const String world = string.mid({4, 100});
+        QCOMPARE(world.text(), "o world");
+        QCOMPARE(places(world, String::Overline), "2+5");
+        string.replace({0, 5}, world.mid({2, 3}));
+        QCOMPARE(string.text(), "wor world");
+        QCOMPARE(places(string, String::Overline), "0+3 4+5");
+        string.replace({3, 1}, {});
+        QCOMPARE(string.runs().size(), 1);
+        string.append(world);
+        QCOMPARE(places(string, String::Overline), "0+8 10+5");
+        string.replace({0, 100}, {});
+        QCOMPARE(string, String(""));
+        QVERIFY(string.runs().isEmpty());
+    }
+
+    void unsetIsNotEmpty()
+    {
+        const String unset;
+        QVERIFY(unset.isNull() && unset.isEmpty());
+        QVERIFY(unset != String(""));
+        QCOMPARE(unset, String(QString()));
+        QVERIFY(!unset.toVariant().isValid());
+        String string = unset;
+        string.setAttribute(String::Overline, true, {0, 4});
+        string.setParagraphStyle(aligned(2), {0, 0});
+        QCOMPARE(string, unset);
+        QCOMPARE(string.paragraphRange({3, 3}), (String::Range{0, 0}));
+        QVERIFY(string.runs().isEmpty() && string.mid({0, 1}).isEmpty());
+        string.append(String(""));
+        QVERIFY(!string.isNull());
+    }
+
+    void paragraphsAreSetAsAWhole()
+    {
+        const std::pair<String::Range, const char *> rows[] = {{{1, 0}, "0+3"}, {{2, 0}, "0+3"}, {{3, 0}, "3+1"},
+                                                               {{0, 3}, "0+3"}, {{2, 2}, "0+4"}, {{5, 0}, "4+2"},
+                                                               {{6, 0}, "4+2"}, {{0, 6}, "0+6"}};
+        for (const auto &[range, expected] : rows) {
+            String string("ab\n\ncd");
+            string.setParagraphStyle(aligned(ZelParagraphStyle::AlignCenter), range);
+            QCOMPARE(places(string, String::ParagraphStyle), expected);
+            QCOMPARE(string.paragraphStyleAt(range.start), aligned(ZelParagraphStyle::AlignCenter));
+            QCOMPARE(throughDocument(string), string);
+        }
+    }
+
+    void paragraphsAreChangedEachFromItsOwnStyle()
+    {
+        String string("ab\n\ncd\nef");
+        string.setAttribute(String::Overline, true, {1, 4}); // ends within a paragraph
+        string.setParagraphStyle(aligned(ZelParagraphStyle::AlignRight), {4, 1});
+        QCOMPARE(string.paragraphStyles({1, 4}).size(), 3);
+        QCOMPARE(string.paragraphStyles({1, 4}).last(), aligned(ZelParagraphStyle::AlignRight));
+        QVERIFY(string.paragraphStyles({9, 0}).size() == 1 && String().paragraphStyles({0, 1}).isEmpty());
+        const String former = string;
+        string.changeParagraphStyles([](ZelParagraphStyle &style) { style.alignment += style.alignment == 1 ? 1 : 0; },
+                                     {1, 4});
+        QCOMPARE(string.paragraphStyleAt(4), aligned(ZelParagraphStyle::AlignCenter));
+        QCOMPARE(places(string, String::ParagraphStyle), places(former, String::ParagraphStyle)); // no more are said
+        QCOMPARE(places(string, String::Overline), "1+3 4+1");
+        string.changeParagraphStyles([](ZelParagraphStyle &style) { style.headerLevel = 1; }, {0, 10});
+        QCOMPARE(places(string, String::ParagraphStyle), "0+1 1+3 4+1 5+2 7+2");
+        QCOMPARE(string.text(), former.text());
+    }
+
+    void aDocumentKeepsWhatItCannotShow()
+    {
+        const String lines("a\r\nb\rc\u2029d\u2028e\u00a0\n");
+        QCOMPARE(lines.text(), "a\nb\nc\nd\u2028e\u00a0\n");
+        QCOMPARE(throughDocument(lines), lines);
+        ZelParagraphStyle style{.alignment = ZelParagraphStyle::AlignJustified,
+                                .firstLineHeadIndent = 0.1,
+                                .headIndent = 0.3,
+                                .tailIndent = 200,
+                                .defaultTabInterval = 36,
+                                .lineHeightMultiple = 1.1,
+                                .maximumLineHeight = 30,
+                                .minimumLineHeight = 12,
+                                .lineSpacing = 3,
+                                .paragraphSpacing = 7.5,
+                                .paragraphSpacingBefore = 4,
+                                .lineBreakMode = ZelParagraphStyle::TruncatingMiddle,
+                                .hyphenationFactor = 0.3F,
+                                .tighteningFactorForTruncation = 0.05F,
+                                .headerLevel = 2,
+                                .baseWritingDirection = ZelParagraphStyle::RightToLeft,
+                                .tabStops = {{40, QTextOption::CenterTab}, {80, QTextOption::DelimiterTab, u'.'}}};
+        String string("one\n\ntwo\nthree", {{"Author", 7}});
+        string.setAttribute(String::ForegroundColor, "no colour", {0, 2});
+        string.setParagraphStyle(style, {0, 4});
+        string.setParagraphStyle({}, {5, 3}); // the default style, but said
+        QTextDocument document;
+        Coder::write(string, &document);
+        QCOMPARE(Coder::read(&document), string);
+        // What is changed in the document is changed; the rest of the style stays.
+        QTextCursor cursor(&document);
+        QTextBlockFormat change;
+        change.setAlignment(Qt::AlignHCenter);
+        change.setLineHeight(20, QTextBlockFormat::FixedHeight);
+        cursor.mergeBlockFormat(change);
+        style.alignment = ZelParagraphStyle::AlignCenter;
+        style.minimumLineHeight = style.maximumLineHeight = 20;
+        style.lineHeightMultiple = style.lineSpacing = 0;
+        QCOMPARE(Coder::read(&document).paragraphStyleAt(0), style);
+    }
+
+    void formatsComeBack()
+    {
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        QTextCharFormat bold, link;
+        QTextBlockFormat block;
+        bold.setFontWeight(QFont::Bold);
+        bold.setFontLetterSpacingType(QFont::PercentageSpacing);
+        bold.setFontLetterSpacing(120);
+        bold.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        bold.setUnderlineColor(Qt::green);
+        link.setAnchor(true);
+        link.setAnchorHref("https://example.org/");
+        link.setForeground(QColor(1, 2, 3, 4));
+        link.setBackground(Qt::yellow);
+        link.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+        link.setFontStrikeOut(true);
+        block.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+        block.setLeftMargin(10);
+        block.setRightMargin(20);
+        block.setTextIndent(-5);
+        block.setTopMargin(3);
+        block.setBottomMargin(6);
+        block.setLineHeight(150, QTextBlockFormat::ProportionalHeight);
+        block.setHeadingLevel(1);
+        block.setTabPositions({{30, QTextOption::RightTab}});
+        QTextImageFormat image;
+        image.setName(":/a.png");
+        image.setWidth(12);
+        cursor.setBlockFormat(block);
+        cursor.insertText("bold", bold);
+        cursor.insertBlock(QTextBlockFormat(), link);
+        cursor.insertText("link", link);
+        cursor.insertImage(image);
+        const String string = Coder::read(&document);
+        QCOMPARE(string.runs().size(), 4); // the newline has the format of the second block
+        const ZelParagraphStyle style{.alignment = ZelParagraphStyle::AlignRight,
+                                      .firstLineHeadIndent = 5,
+                                      .headIndent = 10,
+                                      .tailIndent = -20,
+                                      .lineHeightMultiple = 1.5,
+                                      .paragraphSpacing = 6,
+                                      .paragraphSpacingBefore = 3,
+                                      .headerLevel = 1,
+                                      .tabStops = {{30, QTextOption::RightTab}}};
+        QCOMPARE(string.paragraphStyleAt(0), style);
+        QTextDocument other;
+        Coder::write(string, &other);
+        QCOMPARE(other.toHtml(), document.toHtml());
+        QCOMPARE(Coder::read(&other), string);
+    }
+
+    void directionsMirrorIndents()
+    {
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        QTextBlockFormat block;
+        block.setRightMargin(15);
+        block.setAlignment(Qt::AlignRight);
+        cursor.setBlockFormat(block);
+        cursor.insertText("\u05d0\u05d1");
+        // The alignment is to the side where such lines end.
+        ZelParagraphStyle expected{
+            .alignment = ZelParagraphStyle::AlignLeft, .firstLineHeadIndent = 15, .headIndent = 15};
+        QCOMPARE(Coder::read(&document).paragraphStyleAt(0), expected);
+        Coder::write(Coder::read(&document), &document);
+        QCOMPARE(document.begin().blockFormat().rightMargin(), 15.0);
+        // Typing that turns a paragraph round leaves its style.
+        expected = {.firstLineHeadIndent = 12, .headIndent = 10, .tailIndent = -3};
+        String string("abc");
+        string.setParagraphStyle(expected, {0, 3});
+        Coder::write(string, &document);
+        QTextCursor(&document).insertText("\u05d0\u05d1 ");
+        QCOMPARE(document.begin().textDirection(), Qt::RightToLeft);
+        QCOMPARE(Coder::read(&document).paragraphStyleAt(0), expected);
+        Coder::write(Coder::read(&document), &document);
+        QCOMPARE(document.begin().blockFormat().rightMargin(), 10.0);
+    }
+
+    void insertionsLeaveTheStylesThatTheyJoin()
+    {
+        String target("ab\ncd");
+        target.setParagraphStyle(aligned(1), {0, 5});
+        String inserted("x\ny\nz");
+        inserted.setParagraphStyle(aligned(2), {0, 5});
+        QTextDocument document;
+        Coder::write(target, &document);
+        QTextCursor cursor(&document);
+        cursor.setPosition(1);
+        Coder::insert(inserted, cursor);
+        const String result = Coder::read(&document);
+        QCOMPARE(result.text(), "ax\ny\nzb\ncd");
+        QCOMPARE(result.paragraphStyles({0, 11}), (QList{aligned(1), aligned(2), aligned(1), aligned(1)}));
+        document.undo();
+        QCOMPARE(Coder::read(&document), target);
+        cursor.setPosition(3);
+        cursor.setPosition(5, QTextCursor::KeepAnchor);
+        QCOMPARE(Coder::readSelection(cursor), target.mid({3, 2}));
+        QVERIFY(Coder::readSelection(QTextCursor(&document)).isNull());
+        String string("ab\n"); // an empty last paragraph looks like the one before
+        string.setParagraphStyle(aligned(ZelParagraphStyle::AlignCenter), {0, 3});
+        Coder::write(string, &document);
+        QCOMPARE(document.lastBlock().blockFormat().alignment(), Qt::AlignHCenter);
+        QCOMPARE(Coder::read(&document), string);
+        Coder::write({}, &document);
+        QCOMPARE(Coder::read(&document), String(""));
+        QCOMPARE(document.begin().blockFormat().alignment(), Qt::AlignLeft);
+    }
+
+    void modelsHoldRichText()
+    {
+        Card card;
+        const String string("note", {{String::Overline, true}});
+        ZelSetValueForKey(&card, QVariant::fromValue(string), "note");
+        QCOMPARE(card.note, string);
+        QVERIFY(ZelEqual(ZelValueForKey(&card, "note"), QVariant::fromValue(string)));
+        QVERIFY(!ZelEqual(ZelValueForKey(&card, "note"), QVariant::fromValue(String("note"))));
+        ZelSetValueForKey(&card, QVariant::fromValue(string), "title");
+        QCOMPARE(card.title, "note");
+        ZelSetValueForKey(&card, "plain", "note");
+        QCOMPARE(card.note, String("plain"));
+        ZelSetValueForKey(&card, {}, "note");
+        QVERIFY(card.note.isNull());
+        QVERIFY(String::fromVariant(5).isNull());
+    }
+
+    void facesAreFoundByWeightAndSlant()
+    {
+        const QString family = "DejaVu Sans";
+        const QStringList faces = Manager::availableFacesOfFamily(family);
+        QVERIFY2(faces.size() > 2, "The tests need this font.");
+        // Every face, named or taken apart into weight, slant and width, leads back to its name.
+        for (const QString &face : faces) {
+            const QFont named = Manager::convertFontToFace(QFont(), family, face);
+            QCOMPARE(Manager::faceOf(named), face);
+            QCOMPARE(Manager::familyOf(named), family);
+            QFont apart(family);
+            apart.setWeight(QFont::Weight(named.weight()));
+            apart.setStyle(named.style());
+            apart.setStretch(named.stretch());
+            // Two faces may differ in their names only, as far as Qt can tell.
+            const QFont found = Manager::convertFontToFace(QFont(), family, Manager::faceOf(apart));
+            QCOMPARE(found.weight(), named.weight());
+            QCOMPARE(found.style(), named.style());
+            QCOMPARE(found.stretch(), named.stretch());
+        }
+        QFont bold(family);
+        bold.setBold(true);
+        bold.setItalic(true);
+        QCOMPARE(Manager::faceOf(bold), "Bold Oblique");
+        QVERIFY(Manager::availableFacesOfFamily("Nowhere").isEmpty());
+        QCOMPARE(Manager::faceOf(QFont("Nowhere")), "Regular");
+        QVERIFY(Manager::availableFontFamilies().contains(family));
+    }
+
+    void conversionsKeepTheRest()
+    {
+        QFont font("DejaVu Sans", 10);
+        font.setBold(true);
+        font.setStrikeOut(true);
+        const QFont larger = Manager::convertFontToSize(font, 12.5);
+        QCOMPARE(larger.pointSizeF(), 12.5);
+        QVERIFY(larger.bold() && larger.strikeOut());
+        QCOMPARE(Manager::convertFontToSize(font, 0), font);
+        QCOMPARE(Manager::convertFontToSize(font, qQNaN()), font);
+        font.setPixelSize(20);
+        QCOMPARE(Manager::sizeOf(font), 20.0);
+        QCOMPARE(Manager::convertFontToSize(font, 30.6).pixelSize(), 31);
+        font.setStyleName("ExtraLight");
+        const QFont serif = Manager::convertFontToFamily(font, "DejaVu Serif");
+        QCOMPARE(QFontInfo(serif).family(), "DejaVu Serif");
+        QVERIFY(serif.styleName().isEmpty()); // that family's face
+        QCOMPARE(serif.pixelSize(), 20);
+        QVERIFY(serif.strikeOut());
+        QCOMPARE(Manager::convertFontToFamily(font, QString()), font);
+        QFont named("DejaVu Sans");
+        named.setStyleName("Bold");
+        QVERIFY(Manager::convertFontToFamily(named, "DejaVu Serif").bold());
+        QVERIFY(!Manager::convertFontToFace(serif, "DejaVu Serif", "Book").bold());
+    }
+
+    void namesStandForInstalledFamilies()
+    {
+        const QStringList families{"Round Mono", "Round", "Square [one]", "Square [two]"};
+        const auto among = [&](const char *name) { return Manager::familyAmong(families, name); };
+        QCOMPARE(among("Round"), "Round");
+        QCOMPARE(among("ROUND"), "Round");
+        QCOMPARE(among("Square"), "Square [one]"); // of several foundries
+        QCOMPARE(among("Square [two]"), "Square [two]");
+        QCOMPARE(among("Squ"), QString());
+        const QFont font("sans-serif");
+        const QString family = Manager::availableFamilyOf(font);
+        QVERIFY(Manager::availableFontFamilies().contains(family));
+        QCOMPARE(Manager::availableFacesOfFamily("sans-serif"), Manager::availableFacesOfFamily(family));
+        QVERIFY(Manager::availableFamilyOf(QFont("Nowhere")).isNull());
+    }
+
+    void platformFontsHaveSizes()
+    {
+        for (int font = Manager::SystemFont; font <= Manager::UserFixedPitchFont; ++font)
+            QVERIFY(Manager::sizeOf(Manager::platformFont(Manager::PlatformFont(font))) > 0);
+        const double size = Manager::sizeOf(QApplication::font());
+        const std::tuple<Manager::PlatformFont, int, bool> rows[] = {
+            {Manager::SystemFont, 13, false},      {Manager::UserFont, 13, false},
+            {Manager::SmallSystemFont, 11, false}, {Manager::MiniSystemFont, 9, false},
+            {Manager::BoldSystemFont, 13, true},   {Manager::SmallBoldSystemFont, 11, true},
+            {Manager::MiniBoldSystemFont, 9, true}};
+        for (const auto &[font, thirteenths, isBold] : rows) {
+            QCOMPARE(Manager::platformFont(font).pointSizeF(), size * thirteenths / 13);
+            QCOMPARE(Manager::platformFont(font).bold(), isBold);
+        }
+        // Not every font that is says so of itself.
+        const QFontMetricsF fixedPitch(Manager::platformFont(Manager::UserFixedPitchFont));
+        QCOMPARE(fixedPitch.horizontalAdvance(u'i'), fixedPitch.horizontalAdvance(u'W'));
+    }
+};
+
+QTEST_MAIN(tst_ZelText)
+#include "tst_ZelText.moc"
