@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "Core/Errors/ZelAssertions.h"
+#include "Extensions/ZelAlert.h"
+#include "Extensions/ZelRecoverableError.h"
+#include "Extensions/ZelTimingLog.h"
+#include "Support/Failures.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+class Window : public QWidget
+{
+public:
+    Window()
+    {
+        show();
+        activateWindow();
+        ready = QTest::qWaitForWindowActive(this);
+    }
+    bool ready = false;
+};
+
+/// Clicks the button; Escape without a title.
+static void answer(QMessageBox *box, const QString &title)
+{
+    if (title.isEmpty())
+        return QTest::keyClick(box, Qt::Key_Escape);
+    for (QAbstractButton *button : box->buttons()) {
+        if (button->text() == title)
+            return button->click();
+    }
+}
+
+class tst_ZelExtensions : public QObject
+{
+    Q_OBJECT
+
+    static double millisecondsIn(const QString &line, const QString &start)
+    {
+        return line.startsWith(start) && line.endsWith(" ms") ? line.mid(start.size()).chopped(3).toDouble() : -1;
+    }
+
+private Q_SLOTS:
+    void alertsRunTheChosenBlockOnce()
+    {
+        Window window;
+        QVERIFY(window.ready);
+        const std::pair<const char *, const char *> rows[] = {
+            {"Replace && Keep", "replaced"}, {"Cancel", "cancelled"}, {"", "cancelled"}};
+        for (const auto &[click, expected] : rows) {
+            QStringList done;
+            const auto note = [&done](const char *text) { return [&done, text] { done << text; }; };
+            QPointer<QMessageBox> box = ZelAlert("<b>Replace?</b>", "Really")
+                                            .addButton("Replace & Keep", QMessageBox::AcceptRole, note("replaced"))
+                                            .addButton("Cancel", QMessageBox::RejectRole, note("cancelled"))
+                                            .beginSheet(&window, this);
+            QVERIFY(box->isVisible()); // and the call has returned
+            QCOMPARE(box->windowModality(), Qt::WindowModal);
+            QCOMPARE(box->textFormat(), Qt::PlainText);
+            QCOMPARE(box->defaultButton()->text(), "Replace && Keep");
+            answer(box, click);
+            QTRY_COMPARE(done, QStringList(expected));
+            QTRY_VERIFY(!box);
+            QTest::qWait(20);
+            QCOMPARE(done.size(), 1);
+        }
+    }
+
+    void alertsOutliveNothing()
+    {
+        int done = 0;
+        auto *window = new Window;
+        QObject *context = nullptr;
+        const auto begin = [&] {
+            context = new QObject;
+            const ZelAlert::Block count = [&done] { ++done; };
+            return QPointer<QMessageBox>(
+                ZelAlert("Well?").addButton("Yes", QMessageBox::AcceptRole, count).beginSheet(window, context));
+        };
+        QPointer<QMessageBox> box = begin();
+        delete context;
+        answer(box, "Yes");
+        QTRY_VERIFY(!box);
+        box = begin();
+        answer(box, "Yes");
+        delete context; // after the answer, before the block
+        box = begin();
+        delete window;
+        QVERIFY(!box);
+        QTest::qWait(20);
+        QCOMPARE(done, 0);
+        delete context;
+    }
+
+    void anErrorsOptionsAreTheButtons()
+    {
+        Window window;
+        QVERIFY(window.ready);
+        const auto check = [&](const char *click, int attempts, bool isRecovered) {
+            int attempted = 0;
+            QList<bool> told;
+            QMessageBox *box = nullptr;
+            {
+                ZelRecoverableError error("No such file.", "It may have been moved.");
+                const auto attempt = [&attempted](bool success) {
+                    return [=, &attempted] { return ++attempted, success; };
+                };
+                error.addOption("Try Again", attempt(false))
+                    .addOption("Create It", attempt(true))
+                    .addOption("Cancel")
+                    .addOption("Ignore");
+                QCOMPARE(error.optionTitles(), (QStringList{"Try Again", "Create It", "Cancel", "Ignore"}));
+                box = error.present(&window, this, [&told](bool recovered) { told.append(recovered); });
+            } // the alert does not need the value any more
+            QCOMPARE(box->text() + box->informativeText(), "No such file.It may have been moved.");
+            answer(box, click);
+            QTRY_COMPARE(told, QList<bool>{isRecovered});
+            QCOMPARE(attempted, attempts);
+        };
+        check("Create It", 1, true);
+        check("Try Again", 1, false);
+        check("Cancel", 0, false);
+        check("", 0, false);                        // Escape gives up the first way
+        auto context = std::make_unique<QObject>(); // an attempt may end it
+        ZelRecoverableError error("Broken.");
+        error.addOption("Close It", [&context] { return context.reset(), true; });
+        bool isTold = false;
+        answer(error.present(&window, context.get(), [&isTold](bool) { isTold = true; }), "Close It");
+        QTRY_VERIFY(!context);
+        QTest::qWait(20);
+        QVERIFY(!isTold);
+        Failures failures;
+        QVERIFY(!error.attemptRecovery(1) && !error.attemptRecovery(-1) && !ZelAlert("x").beginSheet(&window, nullptr));
+        QCOMPARE(failures.seen.size(), 3);
+        // One without options is acknowledged.
+        QVERIFY(!ZelRecoverableError().present(&window, this));
+        QPointer<QMessageBox> box = ZelRecoverableError("Full.").present(&window, this);
+        QCOMPARE(box->buttons().size(), 1);
+        answer(box, "");
+        QTRY_VERIFY(!box);
+    }
+
+    void timingsAreLoggedWhereDebuggingIsOn()
+    {
+        static QStringList lines;
+        const QtMessageHandler former =
+            qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+                if (type == QtDebugMsg)
+                    lines.append(text);
+            });
+        double elapsed = 0, silently = 0;
+        {
+            ZelTimingLog timing("open");
+            QTest::qSleep(20);
+            timing.lap("read");
+            QTest::qSleep(40);
+            timing.lap("show");
+            elapsed = timing.elapsed();
+        }
+        QLoggingCategory &category = const_cast<QLoggingCategory &>(zelLog());
+        category.setEnabled(QtDebugMsg, false);
+        {
+            ZelTimingLog timing("quiet");
+            timing.lap("lap");
+            silently = timing.elapsed();
+        }
+        category.setEnabled(QtDebugMsg, true);
+        qInstallMessageHandler(former);
+        QCOMPARE(lines.size(), 3);
+        const double read = millisecondsIn(lines.at(0), "TIMING: open, read: ");
+        const double show = millisecondsIn(lines.at(1), "TIMING: open, show: ");
+        const double whole = millisecondsIn(lines.at(2), "TIMING: open: ");
+        QVERIFY2(read >= 20 && show >= 40 && elapsed >= 60 && elapsed <= whole + 0.1 && silently == 0,
+                 qPrintable(lines.join(u'\n')));
+        // The second lap did not begin at the start.
+        QVERIFY2(whole >= read + show - 0.2 && whole < read + show + 20, qPrintable(lines.join(u'\n')));
+    }
+};
+
+QTEST_MAIN(tst_ZelExtensions)
+#include "tst_ZelExtensions.moc"
