@@ -17,9 +17,20 @@ public:
     QVariant transformedValue(const QVariant &) const override { throw std::runtime_error("transformer"); }
 };
 
+QByteArray inSection(const QByteArray &text)
+{
+    return "<slice><section>" + text + "</section></slice>";
+}
+
 QByteArray inSliver(const QByteArray &text)
 {
-    return "<slice><section><sliver>" + text + "</sliver></section></slice>";
+    return inSection("<sliver>" + text + "</sliver>");
+}
+
+QByteArray options(const QByteArray &attributes, const QByteArray &text)
+{
+    return inSliver("<property type='enumeration' " + attributes + "><option-group>" + text +
+                    "</option-group></property>");
 }
 
 QByteArray replaced(QByteArray text, const char *type)
@@ -101,33 +112,24 @@ private Q_SLOTS:
             properties += replaced("type='%' keyPath='people.selection.note' valueTransformer='Failing'", type);
             properties += replaced("type='%' keyPath='people.selection.flags.more'", type);
         }
-        const QByteArray chooser = "<slice><section><chooser ", option = "<slice><section><sliver><property ";
-        const QByteArray option2 = "/></option-group></property></sliver></section></slice>";
         QList<std::pair<const char *, QByteArray>> rows{
             // The element at fault begins line 3.
             {"slice", "\n\n<slice visibleKeyPath='missing'/>"},
             {"slice", "\n\n<slice visibleKeyPath='people.selection.flags' visibleValueTransformer='Failing'/>"},
             {"slice", "\n\n<slice visibleKeyPath='people.selection.flags.more'/>"},
             {"section", "<slice>\n\n<section visibleKeyPath='people.missing'/></slice>"},
-            {"section", "<slice>\n\n<section visibleKeyPath='people.selection.flags' "
-                        "visibleValueTransformer='Failing'/></slice>"},
-            {"sliver", "<slice><section>\n\n<sliver title='Row' visibleKeyPath='missing'/></section></slice>"},
-            {"sliver", chooser + "keyPath='people.selection.flags'><choice>\n\n<sliver visibleKeyPath='missing'/>"
-                                 "</choice></chooser></section></slice>"},
-            {"chooser", "<slice><section>\n\n<chooser keyPath='missing'><choice/></chooser></section></slice>"},
-            {"chooser", "<slice><section>\n\n<chooser visibleKeyPath='extra' "
-                        "visibleValueTransformer='ZelPercentValueTransformerName'/></section></slice>"},
-            {"choice",
-             chooser + "keyPath='people.selection.flags'>\n\n<choice value='12abc'/></chooser></section></slice>"},
-            {"option", option +
-                           "type='enumeration' keyPath='people.selection.flags'><option-group>\n\n"
-                           "<option value='beta'" +
-                           option2},
-            {"option", option +
-                           "type='enumeration' keyPath='people.selection.role'><option-group>"
-                           "<option value='Guest'/>\n\n<option value='guest'" +
-                           option2},
-            {"option", option + "type='enumeration'><option-group>\n\n<option image='Nope'" + option2},
+            {"section", "<slice>\n\n<section visibleKeyPath='extra' visibleValueTransformer='Failing'/></slice>"},
+            {"sliver", inSection("\n\n<sliver title='Row' visibleKeyPath='missing'/>")},
+            {"sliver", inSection("<chooser keyPath='people.selection.flags'><choice>\n\n"
+                                 "<sliver visibleKeyPath='missing'/></choice></chooser>")},
+            {"chooser", inSection("\n\n<chooser keyPath='missing'><choice/></chooser>")},
+            {"chooser", inSection("\n\n<chooser visibleKeyPath='extra' "
+                                  "visibleValueTransformer='ZelPercentValueTransformerName'/>")},
+            {"choice", inSection("<chooser keyPath='people.selection.flags'>\n\n<choice value='12abc'/></chooser>")},
+            {"option", options("keyPath='people.selection.flags'", "\n\n<option value='beta'/>")},
+            {"option",
+             options("keyPath='people.selection.role'", "<option value='Guest'/>\n\n<option value='guest'/>")},
+            {"option", options({}, "\n\n<option image='Nope'/>")},
         };
         for (const QByteArray &attributes : std::as_const(properties))
             rows.append({"property", inSliver("\n\n<property " + attributes + "/>")});
@@ -199,12 +201,10 @@ private Q_SLOTS:
             {"poperty", "Unknown element <poperty> in <sliver>, did you mean \"property\"?",
              inSliver("\n\n<poperty/>")},
             {"property", "Unknown element <property> in <chooser>",
-             "<slice><section><chooser>\n\n<property type='string'/></chooser></section></slice>"},
-            {"opt", "Unknown element <opt> in <option-group>",
-             inSliver("<property type='enumeration'><option-group>\n\n<opt/></option-group></property>")},
+             inSection("<chooser>\n\n<property type='string'/></chooser>")},
+            {"opt", "Unknown element <opt> in <option-group>", options({}, "\n\n<opt/>")},
             {"option", "value=\"0x41\" has bits outside of the bitMask 0x30",
-             inSliver("<property type='enumeration' bitMask='0x30'><option-group><option value='0x10'/>\n\n"
-                      "<option value='0x41'/></option-group></property>")},
+             options("bitMask='0x30'", "<option value='0x10'/>\n\n<option value='0x41'/>")},
             {"section", "file=\"Nope.xml\" is no resource of the application",
              "<slice>\n\n<section file='Nope.xml'/></slice>"},
         };

@@ -144,8 +144,6 @@ private Q_SLOTS:
         QCOMPARE(NotingProperty::alive, 0);
     }
 
-    // Conditions
-
     void conditionsAreTrueForPresentTrueValues()
     {
         const auto isVisibleFor = [this](const QVariant &value, bool before) {
@@ -226,8 +224,6 @@ private Q_SLOTS:
         settle();
         QVERIFY(slice->view()->isVisible());
     }
-
-    // Stacks
 
     void invisibleInspectorsAndSlicesHaveNoView()
     {
@@ -364,8 +360,6 @@ private Q_SLOTS:
         QCOMPARE(colors, "#000000 #dedede #000000 ");
     }
 
-    // Tabs
-
     void onlyTheChosenPaneIsShown()
     {
         auto *tabs = show<ZelTabbedInspector>(
@@ -402,8 +396,6 @@ private Q_SLOTS:
         QVERIFY(!tabs->currentInspector() && tabs->commitEditing());
     }
 
-    // What is handed on
-
     void whatIsToldReachesEveryEditor()
     {
         show<ZelInspectorPane>(pane("<sliver>%%</sliver><chooser keyPath='extra'><choice value='1'><sliver>%</sliver>"
@@ -437,8 +429,6 @@ private Q_SLOTS:
         find<NotingProperty>()->commits = false;
         QCOMPARE(told([&] { shown->inspectors().at(1)->setVisible(true); }), "c");
     }
-
-    // Choosers
 
     void aChooserShowsAndWritesTheContentOfTheValue()
     {
@@ -536,8 +526,6 @@ private Q_SLOTS:
         QVERIFY(editor->view()->isVisible());
         QVERIFY(editor->view()->mapTo(m_window.get(), QPoint()).y() > 30); // below two pop-ups
     }
-
-    // Rows
 
     void rowsLeaveRoomForTheirLabel()
     {
@@ -678,8 +666,6 @@ private Q_SLOTS:
         }
         QCOMPARE(written, 40);
     }
-
-    // Lifetimes
 
     void aCommitMayEndTheInspector()
     {

@@ -82,22 +82,7 @@ public:
 class tst_Description : public QObject
 {
     Q_OBJECT
-private Q_SLOTS:
-    void documentsAreReadWithPlaces();
-    void hostileDocumentsAreRefusedInTime();
-    void filesThatCannotBeRead();
-    void limitsCanBeRaised();
-    void elementsKeepTheTreeAlive();
-    void childrenAreFoundByName();
-    void absentAndEmptyAttributesDiffer();
-    void booleansAndIntegers();
-    void textsAndTheirDefaultsAreTranslated();
-    void namesAreLookedUp();
-    void colors();
-    void assertionsCarryTheirPlace();
-    void filesAreReadFromUrls();
 
-private:
     QString write(const QString &name, const QByteArray &data)
     {
         QFile file(m_directory.filePath(name));
@@ -107,298 +92,302 @@ private:
     }
 
     QTemporaryDir m_directory;
-};
 
-void tst_Description::documentsAreReadWithPlaces()
-{
-    const std::pair<QByteArray, const char *> documents[] = {
-        {"<a>\n <b x='1'><c/></b><d\n y='2'\n/>\n</a>", "a@1:1 (b@2:2 x=1 (c@2:11)) (d@2:19 y=2)"},
-        {"<a>\r\n\r\n  <b/>\n\t<c/></a>", "a@1:1 (b@3:3) (c@4:2)"},
-        {"<?xml version=\"1.0\" encoding='utf-8' standalone=\"yes\" ?>\n<a/>", "a@2:1"},
-        {"\xEF\xBB\xBF<?xml version='1.0'?><a/>", "a@1:22"},
-        {"<a>\xC3\xA4\xF0\x9F\x99\x82<b/></a>", "a@1:1 (b@1:6)"}, // columns count characters
-        {"<a>text<!-- <b/> --><![CDATA[<c/>]]><?pi <d/> ?><e/></a>", "a@1:1 (e@1:49)"},
-        {"<!-- <!DOCTYPE a> --><a><![CDATA[<!DOCTYPE a>]]></a>", "a@1:22"},
-        {"<a x='>\"=' y=\"'/>&lt;!&#65;&amp;\"><b/></a>", "a@1:1 x=>\"= y='/><!A& (b@1:35)"},
-        {"<p:a q:x='1'/>", "p:a@1:1 q:x=1"}, // prefixes are part of names
-    };
-    for (const auto &[data, expected] : documents) {
-        ZelReadError error;
-        const ZelXmlElement root = ZelXmlReader().readData(data, {}, &error);
-        QCOMPARE(error.message + outline(root), QString::fromUtf8(expected));
-    }
-}
-
-void tst_Description::hostileDocumentsAreRefusedInTime()
-{
-    const QByteArray empty = nestedEntities("");
-    const char *noType = "A document type declaration is not allowed.";
-    const char *noUtf8 = "The text is not encoded in UTF-8.";
-    const struct
+private Q_SLOTS:
+    void documentsAreReadWithPlaces()
     {
-        QByteArray data;
-        const char *message; // what it contains
-        int line;
-        int column;
-    } documents[] = {
-        {"", "The file is empty.", 1, 1},
-        {"  \n ", "Premature end", 2, 2},
-        {"<a>\n<b x='1'", "Premature end", 2, 1},
-        {"<a>\n <b></c></a>", "tag mismatch", 2, 7},
-        {"<a/>\n<b/>", "Extra content", 2, 1},
-        {"<a x='1' x='2'/>", "Attribute 'x' redefined", 1, 10},
-        {"<?xml version='1.0'?>\n <!DOCTYPE a>\n<a/>", noType, 2, 2},
-        {nestedEntities("x") + "<a>&e11;</a>", noType, 1, 1},
-        {empty + "<a>&e11;</a>", noType, 1, 1},
-        {"<a>\n" + empty + "&e11;</a>", noType, 2, 3},
-        {"<a/>\n" + empty, noType, 2, 1},
-        {"<!-- -- -->" + empty + "<a/>", "not well-formed", 1, 8},
-        {"<?xml version='1.0' encoding='?><!--'?>" + empty + "--><a/>", "XML declaration", 1, 31},
-        {"<!----><?xml version='1.0' encoding='?><!--'?>" + empty + "--><a/>", "XML declaration", 1, 8},
-        {encoded(empty, QStringConverter::Utf16LE), noUtf8, 1, 1},
-        {encoded(empty, QStringConverter::Utf32BE), noUtf8, 1, 1},
-        {"<?xml version='1.0' encoding='ISO-8859-1'?><a/>", "encoding \"ISO-8859-1\"", 1, 1},
-        {"<?xml version='1.0' encoding='UTF-16'?><a/>", "encoding \"UTF-16\"", 1, 1},
-        {"<a>\n\xC3\xA4\xFF</a>", noUtf8, 2, 2},
-        {QByteArray("<a>\n<b\0/></a>", 13), noUtf8, 2, 3},
-        {"<a>\n<b x='&lt;&#65;&foo;'/></a>", "\"foo\"", 2, 1},
-        {"<a>\n&foo;</a>", "\"foo\"", 2, 1},
-        {"<a>\n&#0;</a>", "Invalid character reference", 2, 1},
-        {"<a>\n\xC3", noUtf8, 2, 1},
-        {"<?xml version='1.1'?><a/>", "XML version", 1, 1},
-        {"\n" + QByteArray("<a>").repeated(80000), "More than 64 elements", 2, 64 * 3 + 1},
-        {nested(65), "More than 64 elements", 1, 64 * 3 + 1},
-        {manyAttributes(30000), "more than 256 attributes", 1, 1},
-        {"<a" + QByteArray("=").repeated(200000), "not well-formed", 1, 3},
-        {"<a x='" + QByteArray(10'000'000, 'x') + "'/>", "larger than 262144 bytes", 0, 0},
-    };
-    for (const auto &[data, message, line, column] : documents) {
-        const QString path = write(QStringLiteral("hostile.xml"), data);
-        ZelReadError error;
+        const std::pair<QByteArray, const char *> documents[] = {
+            {"<a>\n <b x='1'><c/></b><d\n y='2'\n/>\n</a>", "a@1:1 (b@2:2 x=1 (c@2:11)) (d@2:19 y=2)"},
+            {"<a>\r\n\r\n  <b/>\n\t<c/></a>", "a@1:1 (b@3:3) (c@4:2)"},
+            {"<?xml version=\"1.0\" encoding='utf-8' standalone=\"yes\" ?>\n<a/>", "a@2:1"},
+            {"\xEF\xBB\xBF<?xml version='1.0'?><a/>", "a@1:22"},
+            {"<a>\xC3\xA4\xF0\x9F\x99\x82<b/></a>", "a@1:1 (b@1:6)"}, // columns count characters
+            {"<a>text<!-- <b/> --><![CDATA[<c/>]]><?pi <d/> ?><e/></a>", "a@1:1 (e@1:49)"},
+            {"<!-- <!DOCTYPE a> --><a><![CDATA[<!DOCTYPE a>]]></a>", "a@1:22"},
+            {"<a x='>\"=' y=\"'/>&lt;!&#65;&amp;\"><b/></a>", "a@1:1 x=>\"= y='/><!A& (b@1:35)"},
+            {"<p:a q:x='1'/>", "p:a@1:1 q:x=1"}, // prefixes are part of names
+        };
+        for (const auto &[data, expected] : documents) {
+            ZelReadError error;
+            const ZelXmlElement root = ZelXmlReader().readData(data, {}, &error);
+            QCOMPARE(error.message + outline(root), QString::fromUtf8(expected));
+        }
+    }
+
+    void hostileDocumentsAreRefusedInTime()
+    {
+        const QByteArray empty = nestedEntities("");
+        const char *noType = "A document type declaration is not allowed.";
+        const char *noUtf8 = "The text is not encoded in UTF-8.";
+        const struct
+        {
+            QByteArray data;
+            const char *message; // what it contains
+            int line;
+            int column;
+        } documents[] = {
+            {"", "The file is empty.", 1, 1},
+            {"  \n ", "Premature end", 2, 2},
+            {"<a>\n<b x='1'", "Premature end", 2, 1},
+            {"<a>\n <b></c></a>", "tag mismatch", 2, 7},
+            {"<a/>\n<b/>", "Extra content", 2, 1},
+            {"<a x='1' x='2'/>", "Attribute 'x' redefined", 1, 10},
+            {"<?xml version='1.0'?>\n <!DOCTYPE a>\n<a/>", noType, 2, 2},
+            {nestedEntities("x") + "<a>&e11;</a>", noType, 1, 1},
+            {empty + "<a>&e11;</a>", noType, 1, 1},
+            {"<a>\n" + empty + "&e11;</a>", noType, 2, 3},
+            {"<a/>\n" + empty, noType, 2, 1},
+            {"<!-- -- -->" + empty + "<a/>", "not well-formed", 1, 8},
+            {"<?xml version='1.0' encoding='?><!--'?>" + empty + "--><a/>", "XML declaration", 1, 31},
+            {"<!----><?xml version='1.0' encoding='?><!--'?>" + empty + "--><a/>", "XML declaration", 1, 8},
+            {encoded(empty, QStringConverter::Utf16LE), noUtf8, 1, 1},
+            {encoded(empty, QStringConverter::Utf32BE), noUtf8, 1, 1},
+            {"<?xml version='1.0' encoding='ISO-8859-1'?><a/>", "encoding \"ISO-8859-1\"", 1, 1},
+            {"<?xml version='1.0' encoding='UTF-16'?><a/>", "encoding \"UTF-16\"", 1, 1},
+            {"<a>\n\xC3\xA4\xFF</a>", noUtf8, 2, 2},
+            {QByteArray("<a>\n<b\0/></a>", 13), noUtf8, 2, 3},
+            {"<a>\n<b x='&lt;&#65;&foo;'/></a>", "\"foo\"", 2, 1},
+            {"<a>\n&foo;</a>", "\"foo\"", 2, 1},
+            {"<a>\n&#0;</a>", "Invalid character reference", 2, 1},
+            {"<a>\n\xC3", noUtf8, 2, 1},
+            {"<?xml version='1.1'?><a/>", "XML version", 1, 1},
+            {"\n" + QByteArray("<a>").repeated(80000), "More than 64 elements", 2, 64 * 3 + 1},
+            {nested(65), "More than 64 elements", 1, 64 * 3 + 1},
+            {manyAttributes(30000), "more than 256 attributes", 1, 1},
+            {"<a" + QByteArray("=").repeated(200000), "not well-formed", 1, 3},
+            {"<a x='" + QByteArray(10'000'000, 'x') + "'/>", "larger than 262144 bytes", 0, 0},
+        };
+        for (const auto &[data, message, line, column] : documents) {
+            const QString path = write(QStringLiteral("hostile.xml"), data);
+            ZelReadError error;
+            QElapsedTimer timer;
+            timer.start();
+            QVERIFY2(ZelXmlReader().readUrl(QUrl::fromLocalFile(path), &error).isNull(), data.left(80));
+            QCOMPARE_LT(timer.elapsed(), 1000);
+            QVERIFY2(error.message.contains(QLatin1String(message)), qPrintable(data.left(80) + ": " + error.message));
+            QCOMPARE(text(error.place).section(u' ', 0, 0),
+                     QStringLiteral("%1:%2:%3").arg(QFileInfo(path).canonicalFilePath()).arg(line).arg(column));
+        }
+    }
+
+    void filesThatCannotBeRead()
+    {
+        QVERIFY(::mkfifo(qPrintable(m_directory.filePath(QStringLiteral("pipe"))), 0600) == 0);
+        const QString folder = "file:" + m_directory.path() + '/';
+        const std::pair<QString, const char *> files[] = {
+            {folder + "missing.xml", "The file does not exist."},
+            {folder, "This is a directory, not a file."},
+            {folder + "pipe", "This is not an ordinary file."},
+            {"file:///dev/zero", "This is not an ordinary file."},
+            {"http://localhost/a.xml", "Only local files and resources can be read."},
+            {"qrc:/missing.xml", "The file does not exist."},
+        };
+        for (const auto &[url, message] : files) {
+            ZelReadError error;
+            QVERIFY2(ZelXmlReader().readUrl(QUrl(url), &error).isNull(), qPrintable(url));
+            QCOMPARE(error.localizedDescription(), QString::fromLatin1(message));
+            QVERIFY(!error.place.file.isEmpty());
+        }
+    }
+
+    void limitsCanBeRaised()
+    {
+        const QByteArray large = "<a x='" + QByteArray(10'000'000, 'x') + "'/>";
         QElapsedTimer timer;
         timer.start();
-        QVERIFY2(ZelXmlReader().readUrl(QUrl::fromLocalFile(path), &error).isNull(), data.left(80));
+        QCOMPARE(ZelXmlReader({.size = large.size()}).readData(large).attribute("x").size(), 10'000'000);
         QCOMPARE_LT(timer.elapsed(), 1000);
-        QVERIFY2(error.message.contains(QLatin1String(message)), qPrintable(data.left(80) + ": " + error.message));
-        QCOMPARE(text(error.place).section(u' ', 0, 0),
-                 QStringLiteral("%1:%2:%3").arg(QFileInfo(path).canonicalFilePath()).arg(line).arg(column));
+        const auto reads = [](const QByteArray &data, const ZelXmlReader::Limits &limits = {}) {
+            return !ZelXmlReader(limits).readData(data).isNull();
+        };
+        QVERIFY(!reads(large, {.size = large.size() - 1}));
+        QVERIFY(reads(nested(64)) && !reads(nested(65)) && reads(nested(65), {.depth = 65}));
+        QVERIFY(reads(manyAttributes(256)) && !reads(manyAttributes(257)));
+        QVERIFY(reads("<a><b/><c/></a>", {.elements = 3}) && !reads("<a><b/><c/></a>", {.elements = 2}));
     }
-}
 
-void tst_Description::filesThatCannotBeRead()
-{
-    QVERIFY(::mkfifo(qPrintable(m_directory.filePath(QStringLiteral("pipe"))), 0600) == 0);
-    const QString folder = "file:" + m_directory.path() + '/';
-    const std::pair<QString, const char *> files[] = {
-        {folder + "missing.xml", "The file does not exist."},
-        {folder, "This is a directory, not a file."},
-        {folder + "pipe", "This is not an ordinary file."},
-        {"file:///dev/zero", "This is not an ordinary file."},
-        {"http://localhost/a.xml", "Only local files and resources can be read."},
-        {"qrc:/missing.xml", "The file does not exist."},
-    };
-    for (const auto &[url, message] : files) {
+    void elementsKeepTheTreeAlive()
+    {
+        ZelXmlElement kept;
+        {
+            const QString path = write(QStringLiteral("tree.xml"), "<a><b x='value'/></a>");
+            const QString detour =
+                m_directory.path() + u"/../" + QFileInfo(m_directory.path()).fileName() + u"/tree.xml";
+            const ZelXmlElement root = ZelXmlReader().readUrl(QUrl::fromLocalFile(detour));
+            QCOMPARE(root.file(), QFileInfo(path).canonicalFilePath());
+            root.forEachChild([&](const ZelXmlElement &child) { kept = child; });
+        }
+        QCOMPARE(outline(kept), QStringLiteral("b@1:4 x=value"));
+    }
+
+    void childrenAreFoundByName()
+    {
+        const Configuration root = parsed("<pane>text<b n='1'/><c n='2'><b/></c><!-- --><b n='3'/><B/></pane>");
+        QCOMPARE(root.name(), QStringLiteral("pane"));
+        const auto numbers = [](const QList<Configuration> &configurations) {
+            QString text;
+            for (const Configuration &configuration : configurations)
+                text += configuration.name() + configuration.stringValueNamed("n") + u' ';
+            return text;
+        };
+        QCOMPARE(numbers(root.configurations()), QStringLiteral("b1 c2 b3 B "));
+        QCOMPARE(numbers(root.configurationsNamed("b")), QStringLiteral("b1 b3 "));
+        QVERIFY(Configuration().configurations().isEmpty());
+    }
+
+    void absentAndEmptyAttributesDiffer()
+    {
+        const Configuration root = parsed("<a V='1' empty=''/>");
+        const ZelColor red(QColor(Qt::red));
+        const auto transformer = ZelValueTransformerPtr(new Doubling);
+        QVERIFY(!root.hasValueNamed("v") && root.hasValueNamed("V") && root.hasValueNamed("empty"));
+        const auto plain = [&](const char *name) {
+            return say(root.stringValueNamed(name, QStringLiteral("d")), root.booleanValueNamed(name, true),
+                       root.integerValueNamed(name, -3), root.unsignedIntegerValueNamed(name, ~quint64(0)),
+                       root.doubleValueNamed(name, 0.5), root.selectorValueNamed(name, "copyStyle:").name(),
+                       root.keyPathValueNamed(name, QStringLiteral("k")));
+        };
+        QCOMPARE(plain("v"), QStringLiteral("\"d\" true -3 18446744073709551615 0.5 \"copyStyle:\" \"k\""));
+        QCOMPARE(plain("empty"), QStringLiteral("\"\" false 0 0 0 \"\" \"\""));
+        QVERIFY(root.stringValueNamed("v").isNull() && !root.stringValueNamed("empty", QStringLiteral("d")).isNull());
+        QVERIFY(root.selectorValueNamed("empty", "copyStyle:").isNull());
+        QCOMPARE(root.valueTransformerForAttributeNamed("v", transformer), transformer);
+        QCOMPARE(root.urlValueNamed("v", QUrl(QStringLiteral("qrc:/d"))), QUrl(QStringLiteral("qrc:/d")));
+        QCOMPARE(root.colorForValueNamed("v", red), red);
+        const ZelXmlElement xml = root.element();
+        QVERIFY(xml.hasAttribute("empty") && !xml.attribute("empty").isNull() && xml.attribute("empty").isEmpty());
+        QVERIFY(!xml.hasAttribute("v") && xml.attribute("v").isNull() && ZelXmlElement().attribute("v").isNull());
+    }
+
+    void booleansAndIntegers()
+    {
+        for (const char *yes : {"yes", "YES", "True", "1", "tRuE"})
+            QVERIFY2(withValue(yes).booleanValueNamed("v", false), yes);
+        for (const char *no : {"on", "no", "", "0", "2", " yes", "yes ", "truee", "ye\u017F"})
+            QVERIFY2(!withValue(no).booleanValueNamed("v", true), no);
+        const std::pair<const char *, qint64> integers[] = {
+            {"0x1F", 31}, {"0X1f", 31}, {"0xFFFFFFFFFFFFFFFF", -1}, {" 0x1F", 0}, {"-0x1F", 0}, {"12abc", 12},
+            {"abc", 0},   {"-5", -5},
+        };
+        for (const auto &[text, expected] : integers) {
+            const Configuration element = withValue(text);
+            QCOMPARE(say(text, element.integerValueNamed("v", 7), element.unsignedIntegerValueNamed("v", 7)),
+                     say(text, expected, quint64(expected)));
+        }
+        QCOMPARE(withValue("2.5x").doubleValueNamed("v", 7), 2.5);
+    }
+
+    void textsAndTheirDefaultsAreTranslated()
+    {
+        ZelSetLocalizationFunction([](const QString &key) -> QString { return u'<' + key + u'>'; });
+        const Configuration root = parsed("<a title='Width' empty=''/>");
+        const QString height = QStringLiteral("Height");
+        QCOMPARE(say(root.localizedStringValueNamed("title"), root.stringValueNamed("title"),
+                     root.localizedStringValueNamed("v", height), root.localizedStringValueNamed("empty", height)),
+                 QStringLiteral("\"<Width>\" \"Width\" \"<Height>\" \"\""));
+        QVERIFY(root.localizedStringValueNamed("v").isNull() &&
+                !root.localizedStringValueNamed("empty", height).isNull());
+        ZelSetLocalizationFunction({});
+    }
+
+    void namesAreLookedUp()
+    {
+        const auto transformer = ZelValueTransformerPtr(new Doubling);
+        ZelAbstractValueTransformer::setValueTransformer(transformer, QStringLiteral("Doubling"));
+        QCOMPARE(withValue("Doubling").valueTransformerForAttributeNamed("v"), transformer);
+
+        QTemporaryDir directory;
+        ZelBundle::mainBundle().setResourcePaths({directory.path()});
+        const QUrl fallback(QStringLiteral("qrc:/d"));
+        QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), fallback); // what is missing counts as absent
+        QFile file(directory.filePath(QStringLiteral("Layout.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), QUrl::fromLocalFile(file.fileName()));
+        ZelBundle::mainBundle().setResourcePaths({});
+    }
+
+    void colors()
+    {
+        const std::pair<const char *, ZelColor> rows[] = {
+            {"NSCalibratedWhiteColorSpace 0.5 1", ZelColor(ZelColor::CalibratedWhite, {0.5, 1})},
+            {"NSCalibratedRGBColorSpace 1 0.5 0 1", ZelColor(ZelColor::CalibratedRGB, {1, 0.5, 0, 1})},
+            {"NSDeviceWhiteColorSpace 0.25 0.5", ZelColor(ZelColor::DeviceWhite, {0.25, 0.5})},
+            {"NSDeviceRGBColorSpace 1 0 0 1", ZelColor(QColor(Qt::red))},
+            {"NSDeviceCMYKColorSpace 0 1 1 0 1", ZelColor(ZelColor::DeviceCMYK, {0, 1, 1, 0, 1})},
+            {"NSNamedColorSpace System textColor",
+             ZelColor::named(QStringLiteral("System"), QStringLiteral("textColor"))},
+            {"NSNamedColorSpace Crayons Red", ZelColor(QColor(Qt::red))},
+            {"NSDeviceRGBColorSpace 1\t0\n0.5x", ZelColor(ZelColor::DeviceRGB, {1, 0, 0.5})},
+            {"NSDeviceRGBColorSpace 1  1 one", ZelColor(ZelColor::DeviceRGB, {1, 0, 1, 0})},
+            {"NSDeviceRGBColorSpace", ZelColor(ZelColor::DeviceRGB, {})},
+        };
+        for (const auto &[text, expected] : rows)
+            QVERIFY2(withValue(text).colorForValueNamed("v") == expected, text);
+    }
+
+    void assertionsCarryTheirPlace()
+    {
+        const auto asColor = [](const Configuration &element) {
+            return !element.colorForValueNamed("v", ZelColor(QColor(Qt::red))).isValid();
+        };
+        const auto asBits = [](const Configuration &element) { return element.unsignedIntegerValueNamed("v", 7) == 7; };
+        const auto asTransformer = [](const Configuration &element) {
+            return !element.valueTransformerForAttributeNamed("v", ZelValueTransformerPtr(new Doubling));
+        };
+        const auto asKeyPath = [](const Configuration &element) {
+            return element.keyPathValueNamed("v", QStringLiteral("d")) == u"d";
+        };
+        const char *own = "Inspector/ZelInspectorConfiguration";
+        const char *color = "Inspector/NSColor+ZelInspector";
+        const struct
+        {
+            const char *location;
+            bool (*givesNoValue)(const Configuration &);
+            QByteArray text;
+            const char *message;
+        } rows[] = {
+            {own, asBits, "0xZZ", "Unabled to parse hex value: 0xZZ"},
+            {own, asTransformer, "Tripling", "Missing value transformer for name Tripling"},
+            {own, asKeyPath, QByteArray(4097, 'a'), "The key path has more than 4096 characters"},
+            {own, asKeyPath, QByteArray("a.").repeated(64) + 'a', "The key path has more than 64 keys"},
+            {color, asColor, "", "Incorrect color format: "},
+            {color, asColor, "  ", "Incorrect color format:   "},
+            {color, asColor, "red", "Unsupported color space red"},
+            {color, asColor, "nsdevicergbcolorspace 1 0 0 1", "Unsupported color space nsdevicergbcolorspace"},
+            {color, asColor, " NSDeviceRGBColorSpace 1 0 0 1", "Unsupported color space "},
+            {color, asColor, "NSNamedColorSpace System", "Unexpected count of color components"},
+            {color, asColor, "NSNamedColorSpace System text Color", "Unexpected count of color components"},
+            {color, asColor, "NSNamedColorSpace System text", "No color found in color list System with name text"},
+            {color, asColor, "NSNamedColorSpace None Red", "No color found in color list None with name Red"},
+        };
+        for (const auto &[location, givesNoValue, value, message] : rows) {
+            QuietHandler handler;
+            QVERIFY2(givesNoValue(parsed("<b>\n  <a v='" + value + "'/></b>").configurations().first()), message);
+            QCOMPARE(handler.messages, QStringList(QString::fromLatin1(message)));
+            QCOMPARE(handler.locations, QStringList(QString::fromLatin1(location)));
+            QCOMPARE(text(handler.places.first()), QStringLiteral("/a.xml:2:3 a"));
+        }
+        const QByteArray longest = "a." + QByteArray("b.").repeated(62) + QByteArray(4096 - 126, 'c');
+        QCOMPARE(withValue(longest).keyPathValueNamed("v").size(), 4096); // of 64 keys
+    }
+
+    void filesAreReadFromUrls()
+    {
+        const QString path = write(QStringLiteral("Layout.xml"), "<panes/>");
+        const QUrl url = QUrl::fromLocalFile(path);
+        QCOMPARE(Configuration::initWIthURL(url)->name(), QStringLiteral("panes"));
+        QCOMPARE(Configuration::initWIthURL(url)->place().file, QFileInfo(path).canonicalFilePath());
+        const ZelXmlReader::Limits former = Configuration::limits();
+        Configuration::setLimits({.size = 4});
         ZelReadError error;
-        QVERIFY2(ZelXmlReader().readUrl(QUrl(url), &error).isNull(), qPrintable(url));
-        QCOMPARE(error.localizedDescription(), QString::fromLatin1(message));
-        QVERIFY(!error.place.file.isEmpty());
+        QVERIFY(!Configuration::initWIthURL(url, &error));
+        QCOMPARE(error.message, QStringLiteral("The file is larger than 4 bytes."));
+        Configuration::setLimits(former);
+        const QuietHandler handler;
+        QVERIFY(!Configuration::initWIthURL({}));
+        QCOMPARE(handler.messages, QStringList(QStringLiteral("Invalid parameter not satisfying: url")));
     }
-}
-
-void tst_Description::limitsCanBeRaised()
-{
-    const QByteArray large = "<a x='" + QByteArray(10'000'000, 'x') + "'/>";
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(ZelXmlReader({.size = large.size()}).readData(large).attribute("x").size(), 10'000'000);
-    QCOMPARE_LT(timer.elapsed(), 1000);
-    const auto reads = [](const QByteArray &data, const ZelXmlReader::Limits &limits = {}) {
-        return !ZelXmlReader(limits).readData(data).isNull();
-    };
-    QVERIFY(!reads(large, {.size = large.size() - 1}));
-    QVERIFY(reads(nested(64)) && !reads(nested(65)) && reads(nested(65), {.depth = 65}));
-    QVERIFY(reads(manyAttributes(256)) && !reads(manyAttributes(257)));
-    QVERIFY(reads("<a><b/><c/></a>", {.elements = 3}) && !reads("<a><b/><c/></a>", {.elements = 2}));
-}
-
-void tst_Description::elementsKeepTheTreeAlive()
-{
-    ZelXmlElement kept;
-    {
-        const QString path = write(QStringLiteral("tree.xml"), "<a><b x='value'/></a>");
-        const QString detour = m_directory.path() + u"/../" + QFileInfo(m_directory.path()).fileName() + u"/tree.xml";
-        const ZelXmlElement root = ZelXmlReader().readUrl(QUrl::fromLocalFile(detour));
-        QCOMPARE(root.file(), QFileInfo(path).canonicalFilePath());
-        root.forEachChild([&](const ZelXmlElement &child) { kept = child; });
-    }
-    QCOMPARE(outline(kept), QStringLiteral("b@1:4 x=value"));
-}
-
-void tst_Description::childrenAreFoundByName()
-{
-    const Configuration root = parsed("<pane>text<b n='1'/><c n='2'><b/></c><!-- --><b n='3'/><B/></pane>");
-    QCOMPARE(root.name(), QStringLiteral("pane"));
-    const auto numbers = [](const QList<Configuration> &configurations) {
-        QString text;
-        for (const Configuration &configuration : configurations)
-            text += configuration.name() + configuration.stringValueNamed("n") + u' ';
-        return text;
-    };
-    QCOMPARE(numbers(root.configurations()), QStringLiteral("b1 c2 b3 B "));
-    QCOMPARE(numbers(root.configurationsNamed("b")), QStringLiteral("b1 b3 "));
-    QVERIFY(Configuration().configurations().isEmpty());
-}
-
-void tst_Description::absentAndEmptyAttributesDiffer()
-{
-    const Configuration root = parsed("<a V='1' empty=''/>");
-    const ZelColor red(QColor(Qt::red));
-    const auto transformer = ZelValueTransformerPtr(new Doubling);
-    QVERIFY(!root.hasValueNamed("v") && root.hasValueNamed("V") && root.hasValueNamed("empty"));
-    const auto plain = [&](const char *name) {
-        return say(root.stringValueNamed(name, QStringLiteral("d")), root.booleanValueNamed(name, true),
-                   root.integerValueNamed(name, -3), root.unsignedIntegerValueNamed(name, ~quint64(0)),
-                   root.doubleValueNamed(name, 0.5), root.selectorValueNamed(name, "copyStyle:").name(),
-                   root.keyPathValueNamed(name, QStringLiteral("k")));
-    };
-    QCOMPARE(plain("v"), QStringLiteral("\"d\" true -3 18446744073709551615 0.5 \"copyStyle:\" \"k\""));
-    QCOMPARE(plain("empty"), QStringLiteral("\"\" false 0 0 0 \"\" \"\""));
-    QVERIFY(root.stringValueNamed("v").isNull() && !root.stringValueNamed("empty", QStringLiteral("d")).isNull());
-    QVERIFY(root.selectorValueNamed("empty", "copyStyle:").isNull());
-    QCOMPARE(root.valueTransformerForAttributeNamed("v", transformer), transformer);
-    QCOMPARE(root.urlValueNamed("v", QUrl(QStringLiteral("qrc:/d"))), QUrl(QStringLiteral("qrc:/d")));
-    QCOMPARE(root.colorForValueNamed("v", red), red);
-    const ZelXmlElement xml = root.element();
-    QVERIFY(xml.hasAttribute("empty") && !xml.attribute("empty").isNull() && xml.attribute("empty").isEmpty());
-    QVERIFY(!xml.hasAttribute("v") && xml.attribute("v").isNull() && ZelXmlElement().attribute("v").isNull());
-}
-
-void tst_Description::booleansAndIntegers()
-{
-    for (const char *yes : {"yes", "YES", "True", "1", "tRuE"})
-        QVERIFY2(withValue(yes).booleanValueNamed("v", false), yes);
-    for (const char *no : {"on", "no", "", "0", "2", " yes", "yes ", "truee", "ye\u017F"})
-        QVERIFY2(!withValue(no).booleanValueNamed("v", true), no);
-    const std::pair<const char *, qint64> integers[] = {
-        {"0x1F", 31}, {"0X1f", 31}, {"0xFFFFFFFFFFFFFFFF", -1}, {" 0x1F", 0}, {"-0x1F", 0}, {"12abc", 12},
-        {"abc", 0},   {"-5", -5},
-    };
-    for (const auto &[text, expected] : integers) {
-        const Configuration element = withValue(text);
-        QCOMPARE(say(text, element.integerValueNamed("v", 7), element.unsignedIntegerValueNamed("v", 7)),
-                 say(text, expected, quint64(expected)));
-    }
-    QCOMPARE(withValue("2.5x").doubleValueNamed("v", 7), 2.5);
-}
-
-void tst_Description::textsAndTheirDefaultsAreTranslated()
-{
-    ZelSetLocalizationFunction([](const QString &key) -> QString { return u'<' + key + u'>'; });
-    const Configuration root = parsed("<a title='Width' empty=''/>");
-    const QString height = QStringLiteral("Height");
-    QCOMPARE(say(root.localizedStringValueNamed("title"), root.stringValueNamed("title"),
-                 root.localizedStringValueNamed("v", height), root.localizedStringValueNamed("empty", height)),
-             QStringLiteral("\"<Width>\" \"Width\" \"<Height>\" \"\""));
-    QVERIFY(root.localizedStringValueNamed("v").isNull() && !root.localizedStringValueNamed("empty", height).isNull());
-    ZelSetLocalizationFunction({});
-}
-
-void tst_Description::namesAreLookedUp()
-{
-    const auto transformer = ZelValueTransformerPtr(new Doubling);
-    ZelAbstractValueTransformer::setValueTransformer(transformer, QStringLiteral("Doubling"));
-    QCOMPARE(withValue("Doubling").valueTransformerForAttributeNamed("v"), transformer);
-
-    QTemporaryDir directory;
-    ZelBundle::mainBundle().setResourcePaths({directory.path()});
-    const QUrl fallback(QStringLiteral("qrc:/d"));
-    QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), fallback); // what is missing counts as absent
-    QFile file(directory.filePath(QStringLiteral("Layout.xml")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), QUrl::fromLocalFile(file.fileName()));
-    ZelBundle::mainBundle().setResourcePaths({});
-}
-
-void tst_Description::colors()
-{
-    const std::pair<const char *, ZelColor> rows[] = {
-        {"NSCalibratedWhiteColorSpace 0.5 1", ZelColor(ZelColor::CalibratedWhite, {0.5, 1})},
-        {"NSCalibratedRGBColorSpace 1 0.5 0 1", ZelColor(ZelColor::CalibratedRGB, {1, 0.5, 0, 1})},
-        {"NSDeviceWhiteColorSpace 0.25 0.5", ZelColor(ZelColor::DeviceWhite, {0.25, 0.5})},
-        {"NSDeviceRGBColorSpace 1 0 0 1", ZelColor(QColor(Qt::red))},
-        {"NSDeviceCMYKColorSpace 0 1 1 0 1", ZelColor(ZelColor::DeviceCMYK, {0, 1, 1, 0, 1})},
-        {"NSNamedColorSpace System textColor", ZelColor::named(QStringLiteral("System"), QStringLiteral("textColor"))},
-        {"NSNamedColorSpace Crayons Red", ZelColor(QColor(Qt::red))},
-        {"NSDeviceRGBColorSpace 1\t0\n0.5x", ZelColor(ZelColor::DeviceRGB, {1, 0, 0.5})},
-        {"NSDeviceRGBColorSpace 1  1 one", ZelColor(ZelColor::DeviceRGB, {1, 0, 1, 0})},
-        {"NSDeviceRGBColorSpace", ZelColor(ZelColor::DeviceRGB, {})},
-    };
-    for (const auto &[text, expected] : rows)
-        QVERIFY2(withValue(text).colorForValueNamed("v") == expected, text);
-}
-
-void tst_Description::assertionsCarryTheirPlace()
-{
-    const auto asColor = [](const Configuration &element) {
-        return !element.colorForValueNamed("v", ZelColor(QColor(Qt::red))).isValid();
-    };
-    const auto asBits = [](const Configuration &element) { return element.unsignedIntegerValueNamed("v", 7) == 7; };
-    const auto asTransformer = [](const Configuration &element) {
-        return !element.valueTransformerForAttributeNamed("v", ZelValueTransformerPtr(new Doubling));
-    };
-    const auto asKeyPath = [](const Configuration &element) {
-        return element.keyPathValueNamed("v", QStringLiteral("d")) == u"d";
-    };
-    const char *own = "Inspector/ZelInspectorConfiguration";
-    const char *color = "Inspector/NSColor+ZelInspector";
-    const struct
-    {
-        const char *location;
-        bool (*givesNoValue)(const Configuration &);
-        QByteArray text;
-        const char *message;
-    } rows[] = {
-        {own, asBits, "0xZZ", "Unabled to parse hex value: 0xZZ"},
-        {own, asTransformer, "Tripling", "Missing value transformer for name Tripling"},
-        {own, asKeyPath, QByteArray(4097, 'a'), "The key path has more than 4096 characters"},
-        {own, asKeyPath, QByteArray("a.").repeated(64) + 'a', "The key path has more than 64 keys"},
-        {color, asColor, "", "Incorrect color format: "},
-        {color, asColor, "  ", "Incorrect color format:   "},
-        {color, asColor, "red", "Unsupported color space red"},
-        {color, asColor, "nsdevicergbcolorspace 1 0 0 1", "Unsupported color space nsdevicergbcolorspace"},
-        {color, asColor, " NSDeviceRGBColorSpace 1 0 0 1", "Unsupported color space "},
-        {color, asColor, "NSNamedColorSpace System", "Unexpected count of color components"},
-        {color, asColor, "NSNamedColorSpace System text Color", "Unexpected count of color components"},
-        {color, asColor, "NSNamedColorSpace System text", "No color found in color list System with name text"},
-        {color, asColor, "NSNamedColorSpace None Red", "No color found in color list None with name Red"},
-    };
-    for (const auto &[location, givesNoValue, value, message] : rows) {
-        QuietHandler handler;
-        QVERIFY2(givesNoValue(parsed("<b>\n  <a v='" + value + "'/></b>").configurations().first()), message);
-        QCOMPARE(handler.messages, QStringList(QString::fromLatin1(message)));
-        QCOMPARE(handler.locations, QStringList(QString::fromLatin1(location)));
-        QCOMPARE(text(handler.places.first()), QStringLiteral("/a.xml:2:3 a"));
-    }
-    const QByteArray longest = "a." + QByteArray("b.").repeated(62) + QByteArray(4096 - 126, 'c');
-    QCOMPARE(withValue(longest).keyPathValueNamed("v").size(), 4096); // of 64 keys
-}
-
-void tst_Description::filesAreReadFromUrls()
-{
-    const QString path = write(QStringLiteral("Layout.xml"), "<panes/>");
-    const QUrl url = QUrl::fromLocalFile(path);
-    QCOMPARE(Configuration::initWIthURL(url)->name(), QStringLiteral("panes"));
-    QCOMPARE(Configuration::initWIthURL(url)->place().file, QFileInfo(path).canonicalFilePath());
-    const ZelXmlReader::Limits former = Configuration::limits();
-    Configuration::setLimits({.size = 4});
-    ZelReadError error;
-    QVERIFY(!Configuration::initWIthURL(url, &error));
-    QCOMPARE(error.message, QStringLiteral("The file is larger than 4 bytes."));
-    Configuration::setLimits(former);
-    const QuietHandler handler;
-    QVERIFY(!Configuration::initWIthURL({}));
-    QCOMPARE(handler.messages, QStringList(QStringLiteral("Invalid parameter not satisfying: url")));
-}
+};
 
 QTEST_MAIN(tst_Description)
 #include "tst_Description.moc"
