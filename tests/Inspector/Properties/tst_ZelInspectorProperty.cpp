@@ -3,7 +3,7 @@
 
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Values/ZelValues.h"
-#include "EditorWindow.h"
+#include "FigureWindow.h"
 
 class Halving : public ZelAbstractValueTransformer
 {
@@ -23,49 +23,40 @@ private Q_SLOTS:
     void theOwnerIsRequired()
     {
         try {
-            ZelInspectorCustomProperty property(nullptr);
+            const ZelInspectorCustomProperty property(nullptr);
             QFAIL("no exception");
         } catch (const ZelInternalInconsistencyException &e) {
-            QCOMPARE(e.reason(), QStringLiteral("Invalid parameter not satisfying: owner"));
-            QCOMPARE(e.location(), QStringLiteral("Inspector/Properties/ZelInspectorProperty"));
+            QCOMPARE(QString(e.location() + u": " + e.reason()),
+                     "Inspector/Properties/ZelInspectorProperty: Invalid parameter not satisfying: owner");
         }
     }
 
     void keyPathsAreSplitAtTheLastSelection()
     {
-        const QString path = QStringLiteral("a.selection.b.selection.c");
-        QCOMPARE(ZelInspectorProperty::selectionControllerKeyPathFromKeyPath(path), QStringLiteral("a.selection.b"));
-        QCOMPARE(ZelInspectorProperty::keyPathByStripingControllerSelectionPrefix(path), QStringLiteral("c"));
-        QVERIFY(!ZelInspectorProperty::keyPathHasControllerSelectionPrefix(QStringLiteral("selection.c")));
-        EditorWindow window;
+        const QString path = "a.selection.b.selection.c";
+        QCOMPARE(ZelInspectorProperty::selectionControllerKeyPathFromKeyPath(path), "a.selection.b");
+        QCOMPARE(ZelInspectorProperty::keyPathByStripingControllerSelectionPrefix(path), "c");
+        QVERIFY(!ZelInspectorProperty::keyPathHasControllerSelectionPrefix("selection.c"));
+        FigureWindow window;
         ZelInspectorCustomProperty property(window.owner.get());
-        QVERIFY_EXCEPTION_THROWN(property.representedObjectsForControllerSelectionKeyPath(QStringLiteral("name")),
+        QVERIFY_EXCEPTION_THROWN(property.representedObjectsForControllerSelectionKeyPath("name"),
                                  ZelInternalInconsistencyException);
     }
 
-    void combining_data()
+    void combining()
     {
         const QVariant none = QVariant::fromValue(ZelNoSelectionMarker);
         const QVariant many = QVariant::fromValue(ZelMultipleValuesMarker);
-        QTest::addColumn<QVariantList>("values");
-        QTest::addColumn<QVariant>("result");
-        QTest::newRow("nothing") << QVariantList() << none;
-        QTest::newRow("all absent") << QVariantList{QVariant(), QVariant()} << QVariant();
-        QTest::newRow("equal") << QVariantList{1, 1.0} << QVariant(1);
-        QTest::newRow("different") << QVariantList{1, 1, 2} << many;
-        QTest::newRow("different, then equal") << QVariantList{1, 2, 1} << many;
-        QTest::newRow("absent and present") << QVariantList{QVariant(), 1} << many;
-        QTest::newRow("a marker among values") << QVariantList{1, none, 1} << QVariant(1);
-    }
-    void combining()
-    {
-        QFETCH(QVariantList, values);
-        QFETCH(QVariant, result);
-        QVariant combined = QVariant::fromValue(ZelNoSelectionMarker);
-        for (const QVariant &value : values)
-            combined = ZelInspectorProperty::combinedValueWithValue(value, combined);
-        QVERIFY(ZelEqual(combined, result));
-        QCOMPARE(combined.isValid(), result.isValid());
+        const std::pair<QVariantList, QVariant> rows[] = {
+            {{}, none},        {{QVariant(), QVariant()}, {}}, {{1, 1.0}, 1},    {{1, 1, 2}, many},
+            {{1, 2, 1}, many}, {{QVariant(), 1}, many},        {{1, none, 1}, 1}};
+        for (const auto &[values, result] : rows) {
+            QVariant combined = none;
+            for (const QVariant &value : values)
+                combined = ZelInspectorProperty::combinedValueWithValue(value, combined);
+            QVERIFY2(ZelEqual(combined, result), qPrintable(QDebug::toString(values)));
+            QCOMPARE(combined.isValid(), result.isValid());
+        }
     }
 
     void bits()
@@ -73,67 +64,59 @@ private Q_SLOTS:
         const QVariant many = QVariant::fromValue(ZelMultipleValuesMarker);
         QVERIFY(!ZelInspectorProperty::valueForValueBits(ZelNull(), 2).isValid());
         QCOMPARE(ZelInspectorProperty::valueForValueBits(many, 2), many);
-        QCOMPARE(ZelInspectorProperty::valueForValueBits(6, 2), QVariant(1));
-        QCOMPARE(ZelInspectorProperty::valueForValueBits(5, 2), QVariant(0));
-        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(0x1F, 0x0C), QVariant(0x0CULL));
-        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(5.7, 0x0F), QVariant(5ULL)); // a fraction is cut off
-        QCOMPARE(ZelInspectorProperty::valueForValueBits(1.9F, 2), QVariant(0));
-        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(-1.5, 0x0F), QVariant(0x0FULL));
+        QCOMPARE(ZelInspectorProperty::valueForValueBits(6, 2), 1);
+        QCOMPARE(ZelInspectorProperty::valueForValueBits(5, 2), 0);
+        QCOMPARE(ZelInspectorProperty::valueForValueBits(1.9F, 2), 0);
+        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(0x1F, 0x0C), 0x0CULL);
+        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(5.7, 0x0F), 5ULL); // a fraction is cut off
+        QCOMPARE(ZelInspectorProperty::valueForValueBitMask(-1.5, 0x0F), 0x0FULL);
     }
 
     void eachObjectKeepsItsOwnValueOutsideTheEditedPart()
     {
-        EditorWindow window(3);
-        window.people[0]->setHeight(10);
-        window.people[1]->setHeight(20);
-        window.people[2]->setHeight(6);
-        window.select({0, 1, 2});
-        ZelInspectorCustomProperty property(window.owner.get());
-        property.setKeyPath(QStringLiteral("people.selection.height"));
+        FigureWindow window;
+        Person third;
+        const auto heights = [&] {
+            return QList<double>{window.first.height(), window.second.height(), third.height()};
+        };
+        window.first.setHeight(10);
+        window.second.setHeight(20);
+        third.setHeight(6);
+        window.select({&window.first, &window.second, &third});
+        const auto made = window.make<ZelInspectorCustomProperty>("height");
+        ZelInspectorCustomProperty &property = *made;
         property.setValueTransformer(QSharedPointer<Halving>::create());
-        QList<QVariant> seen;
+        QVariantList seen;
         property.updateReflectedValues([&](const QVariant &old) {
             seen.append(old);
             return old.toDouble() < 4 ? old : QVariant(old.toDouble() + 1);
         });
         QCOMPARE(seen, QVariantList({5.0, 10.0, 3.0}));
-        QCOMPARE(window.people[0]->height(), 12.0);
-        QCOMPARE(window.people[1]->height(), 22.0);
-        QCOMPARE(window.people[2]->height(), 6.0);
+        QCOMPARE(heights(), QList<double>({12, 22, 6}));
         property.setReflectedValue(8); // the forward conversion, for transformers that are their own inverse
-        QCOMPARE(window.people[2]->height(), 4.0);
-        property.setKeyPath(QStringLiteral("people.selection.frame.x"));
+        QCOMPARE(heights(), QList<double>({4, 4, 4}));
+        property.setKeyPath("people.selection.frame.x");
         property.setValueTransformer(nullptr);
         QVERIFY_EXCEPTION_THROWN(property.updateReflectedValues([](const QVariant &) { return 1; }),
                                  ZelUndefinedKeyException);
         QVERIFY_EXCEPTION_THROWN(property.updateReflectedValues({}), ZelInternalInconsistencyException);
-    }
-
-    void withoutASelectionTheOwnerIsEdited()
-    {
-        EditorWindow window;
-        ZelInspectorCustomProperty property(window.owner.get());
-        property.setKeyPath(QStringLiteral("unlocked"));
+        property.setKeyPath("unlocked"); // the owner's own
         property.updateReflectedValues([](const QVariant &old) { return !old.toBool(); });
         QVERIFY(!window.owner->isUnlocked());
-        window.owner.reset();
-        QVERIFY(!property.reflectedValue().isValid());
-        property.setReflectedValue(1);
-        property.userDidChangeValue(nullptr);
     }
 
     void anActionIsNamedAndSent()
     {
-        EditorWindow window;
+        FigureWindow window;
         auto *property = window.install(std::make_unique<ZelInspectorCustomProperty>(window.owner.get()));
-        window.undo.setActionName(QStringLiteral("old"));
+        window.undoManager.setActionName("old");
         property->userDidChangeValue(nullptr);
-        QCOMPARE(window.undo.actionName(), QString());
+        QCOMPARE(window.undoManager.actionName(), "");
         QCOMPARE(window.owner->actions, 0);
-        property->setActionName(QStringLiteral("Name"));
+        property->setActionName("Name");
         property->setActionSelector("noteAction");
         property->userDidChangeValue(nullptr);
-        QCOMPARE(window.undo.actionName(), QStringLiteral("Name"));
+        QCOMPARE(window.undoManager.actionName(), "Name");
         QCOMPARE(window.owner->actions, 1);
     }
 };
