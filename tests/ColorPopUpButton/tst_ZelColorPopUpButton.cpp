@@ -187,8 +187,9 @@ private Q_SLOTS:
     void lookingLikeTheDefaultIsBeingIt()
     {
         Window window;
-        window.button->setDefaultColor(ZelColor(ZelColor::CalibratedRGB, {0.2, 0.4, 0.6, 1}));
+        window.button->cell()->makeMenu();
         window.button->setSelectedColor(QColor::fromRgbF(0.2F, 0.4F, 0.6F));
+        window.button->setDefaultColor(ZelColor(ZelColor::CalibratedRGB, {0.2, 0.4, 0.6, 1}));
         QCOMPARE(window.button->shownText(), "Default");
         ZelMenuItem *item = window.button->cell()->defaultMenuItem();
         QCOMPARE(window.button->selectedItem(), item);

@@ -68,11 +68,15 @@ struct ScrolledStack
     ZelVerticalStackView *stack = new ZelVerticalStackView;
 };
 
-/// Looks between the title and the upper edge of the badge.
-bool hasBadge(ZelEmptyView &view)
+/// Looks between the title and the left edge of the badge.
+int badgeHeight(ZelEmptyView &view)
 {
-    const int aboveTitle = view.height() / 2 - QFontMetrics(view.titleFont()).height() / 2 - 3;
-    return view.grab().toImage().pixel(view.width() / 2, aboveTitle) == view.titleBackgroundColor().toQColor().rgb();
+    const int x = (view.width() - QFontMetrics(view.titleFont()).horizontalAdvance(view.title())) / 2 - 8;
+    const QImage image = view.grab().toImage();
+    int height = 0;
+    for (int y = 0; y < view.height(); ++y)
+        height += image.pixel(x, y) == view.titleBackgroundColor().toQColor().rgb();
+    return height;
 }
 
 class PaintCounter : public QObject
@@ -288,7 +292,7 @@ private Q_SLOTS:
         {
             int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
             {
-                return metric == PM_ScrollView_ScrollBarOverlap ? 10 : QProxyStyle::pixelMetric(metric, option, widget);
+                return metric == PM_ScrollView_ScrollBarOverlap ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
             }
         } style;
         auto *other = new QWidget;
@@ -328,14 +332,15 @@ private Q_SLOTS:
     {
         ZelEmptyView view;
         view.resize(300, 100);
-        QVERIFY(hasBadge(view));
+        const int height = int(QFontMetricsF(view.titleFont()).size(0, view.title()).height()) + 10;
+        QCOMPARE(badgeHeight(view), height);
         auto *child = new QWidget(&view);
         child->resize(1, 1);
-        QVERIFY(hasBadge(view));
+        QCOMPARE(badgeHeight(view), height);
         view.setForceShow(false);
-        QVERIFY(!hasBadge(view));
+        QCOMPARE(badgeHeight(view), 0);
         delete child;
-        QVERIFY(hasBadge(view));
+        QCOMPARE(badgeHeight(view), height);
         view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         PaintCounter counter(&view);
