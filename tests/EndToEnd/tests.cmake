@@ -1,10 +1,5 @@
 # SPDX-License-Identifier: MIT
-zel_e2e_test(EndToEnd/tst_Editing zel_inspector)
-zel_e2e_test(EndToEnd/tst_ColorEditors zel_inspector)
-zel_e2e_test(EndToEnd/tst_Looks zel_inspector)
-zel_e2e_test(EndToEnd/tst_Selections zel_inspector)
-zel_e2e_test(EndToEnd/tst_TextEditors zel_inspector)
-zel_e2e_test(EndToEnd/tst_ValueEditors zel_inspector)
-foreach(test tst_Looks tst_TextEditors)
+foreach(test tst_Editing tst_ColorEditors tst_Lifetimes tst_Looks tst_Selections tst_TextEditors tst_ValueEditors)
+    zel_e2e_test(EndToEnd/${test} zel_inspector)
     target_compile_definitions(${test} PRIVATE ZEL_DOCS="${PROJECT_SOURCE_DIR}/docs")
 endforeach()
