@@ -214,6 +214,22 @@ private Q_SLOTS:
         QVERIFY(color().blue() > color().red() + 100 && color().blue() > color().green() + 100);
         item->setState(1);
         QCOMPARE(color(), QColor(Qt::green));
+        palette.setColor(QPalette::Window, Qt::yellow);
+        ZelActionBar bar;
+        bar.setPalette(palette);
+        bar.resize(100, 20);
+        // The colours of the bar itself and of its upper edge, above white.
+        const std::tuple<int, QColor, QColor> rows[] = {{0, QColor(242, 242, 255), QColor(181, 181, 255)},
+                                                        {1, QColor(242, 242, 13), QColor(181, 181, 74)},
+                                                        {2, Qt::white, Qt::white}};
+        for (const auto &[style, below, edge] : rows) {
+            bar.setStyle(style);
+            QImage image(bar.size(), QImage::Format_RGB32);
+            image.fill(Qt::white);
+            bar.render(&image, {}, {}, QWidget::DrawChildren);
+            QCOMPARE(image.pixelColor(0, image.height() - 1), below);
+            QCOMPARE(image.pixelColor(0, 0), edge);
+        }
     }
 
     void clicksSendTheAction()
