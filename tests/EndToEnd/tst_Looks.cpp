@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "Sheet.h"
+#include "FigureSheet.h"
 
-#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Layout/ZelConstraintLayout.h"
 #include "Resources/ZelBundle.h"
 
-#include <QCheckBox>
 #include <QDir>
 #include <QLineEdit>
 
@@ -69,11 +66,10 @@ class tst_Looks : public QObject
             if (!child || child->isWindow() || !child->isVisible() || !qobject_cast<const ZelView *>(parent))
                 continue;
             QVERIFY2(parent->rect().contains(child->geometry()),
-                     qPrintable(QStringLiteral("%1 in %2").arg(QDebug::toString(child), QDebug::toString(parent))));
+                     qPrintable(QDebug::toString(child) + u" in " + QDebug::toString(parent)));
             checkInside(child);
         }
     }
-
     static void photograph(QWidget *widget, const QString &name)
     {
         const QString folder = qEnvironmentVariable("ZEL_SCREENSHOTS");
@@ -84,7 +80,7 @@ class tst_Looks : public QObject
             QStringLiteral("%1/%2-%3.png").arg(folder, name).arg(qRound(100 * widget->devicePixelRatioF())));
     }
     /// Every row has its label on the baseline of its first editor and at the same edge, and its editors inside.
-    static void checkRows(const InspectorWindow &window, int count)
+    static void checkRows(const Sheet &window, int count)
     {
         int aligned = 0;
         for (auto *row : window.inspector->findChildren<ZelInspectorSliver *>()) {
@@ -93,12 +89,12 @@ class tst_Looks : public QObject
             checkInside(row->view());
             if (!row->label() || row->properties().isEmpty())
                 continue;
+            const TableRow inRow(row->title());
             ZelInspectorProperty *property = row->properties().first();
-            QWidget *control = property->viewForBaselineAlignment();
-            const double difference = baseline(row->label(), row->view()) - baseline(control, row->view()) -
+            const double difference = baseline(row->label(), row->view()) -
+                                      baseline(property->viewForBaselineAlignment(), row->view()) -
                                       property->baselineOffsetFromView();
-            QVERIFY2(std::abs(difference) <= 1.01,
-                     qPrintable(QStringLiteral("%1 %2").arg(row->title()).arg(difference)));
+            QVERIFY2(std::abs(difference) <= 1.01, qPrintable(QString::number(difference)));
             QCOMPARE(row->label()->mapTo(&window, QPoint(row->label()->width(), 0)).x(),
                      row->view()->mapTo(&window, QPoint()).x() + 79);
             ++aligned;
@@ -110,94 +106,67 @@ class tst_Looks : public QObject
 
 private Q_SLOTS:
     void initTestCase() { ZelBundle::mainBundle().setResourcePaths({QStringLiteral(ZEL_DOCS)}); }
-    void init() { m_palette = QApplication::palette(); }
-    void cleanup() { QApplication::setPalette(m_palette); }
 
     void rowsAlignAndNothingIsClipped_data()
     {
         QTest::addColumn<int>("width");
-        QTest::addColumn<bool>("dark");
-        for (int width : {260, 320, 600}) {
-            QTest::addRow("%d-light", width) << width << false;
-            QTest::addRow("%d-dark", width) << width << true;
+        for (const char *theme : {"light", "dark"}) {
+            for (int width : {260, 320, 600})
+                QTest::addRow("%d-%s", width, theme) << width;
         }
     }
     void rowsAlignAndNothingIsClipped()
     {
         QFETCH(int, width);
-        QFETCH(bool, dark);
-        if (dark)
-            QApplication::setPalette(darkPalette());
-        InspectorWindow window(g_description, {width, 620});
-        window.people[0]->setHeight(42.5);
-        window.select({0});
-        photograph(&window, QStringLiteral("looks-") + QString::fromLatin1(QTest::currentDataTag()));
-        checkRows(window, 11);
-    }
-
-    void soDoTheLargerEditors_data() { rowsAlignAndNothingIsClipped_data(); }
-    void soDoTheLargerEditors()
-    {
-        QFETCH(int, width);
-        QFETCH(bool, dark);
-        if (dark)
-            QApplication::setPalette(darkPalette());
-        SheetWindow window(SheetWindow::allRows(), {width, 620});
-        ZelAttributedString text(QStringLiteral("A red word and\nmore of it"));
+        const QString name = QTest::currentDataTag();
+        const QPalette former = QApplication::palette();
+        QApplication::setPalette(name.endsWith("dark") ? darkPalette() : former);
+        const auto end = qScopeGuard([&] { QApplication::setPalette(former); });
+        {
+            Sheet window(g_description, {width, 620});
+            window.set(0, "height", 42.5);
+            window.select({0});
+            photograph(&window, u"looks-" + name);
+            checkRows(window, 11);
+        }
+        Sheet window(Sheet::allRows(), {width, 620});
+        ZelAttributedString text("A red word and\nmore of it");
         text.setAttribute(ZelAttributedString::ForegroundColor, QColor(Qt::red), {2, 3});
         window.set(0, "text", text.toVariant());
-        window.set(1, "tags", QStringList{QStringLiteral("c")});
+        window.set(1, "tags", QStringList{"c"});
         window.set(1, "frame", QRectF(1, 20, 100, 60));
         window.set(1, "fill", QColor(Qt::green));
-        for (const QList<int> &selection : {QList<int>{}, {0}, {0, 1}}) {
+        for (const QList<int> &selection : {QList<int>{}, {0, 1}, {0}}) {
             window.select(selection);
             QTest::qWait(20); // another text has another height, which goes up from layout to layout
-            photograph(&window, QStringLiteral("editors-%1-%2")
-                                    .arg(QString::fromLatin1(QTest::currentDataTag()))
-                                    .arg(selection.size()));
+            photograph(&window, QStringLiteral("editors-%1-%2").arg(name).arg(selection.size()));
             checkRows(window, 9);
         }
-    }
-
-    void thePopoversAreWholeInBothThemes_data()
-    {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
-    void thePopoversAreWholeInBothThemes()
-    {
-        QFETCH(bool, dark);
-        if (dark)
-            QApplication::setPalette(darkPalette());
-        SheetWindow window(SheetWindow::allRows(), {320, 620});
-        window.select({0});
+        if (width != 320)
+            return;
         auto *font = window.editor<ZelInspectorFontProperty>("font");
-        SheetWindow::click(font->button());
+        Sheet::click(font->button());
         QWidget *popover = QApplication::activePopupWidget();
         QVERIFY(popover);
-        photograph(popover, QStringLiteral("font-") + QString::fromLatin1(QTest::currentDataTag()));
+        photograph(popover, u"font-" + name);
         checkInside(font->popoverView());
+        QCOMPARE(font->popoverView()->width(), 245);
         QVERIFY(popover->rect().contains(font->popoverView()->geometry()));
-        SheetWindow::press(Qt::Key_Escape);
-        auto *text = window.editor<ZelInspectorAttributedStringProperty>("text");
-        SheetWindow::click(text->segmentedControl(), text->segmentedControl()->segmentRect(7).center());
+        Sheet::press(Qt::Key_Escape);
+        auto *editor = window.editor<ZelInspectorAttributedStringProperty>("text");
+        Sheet::click(editor->segmentedControl(), editor->segmentedControl()->segmentRect(7).center());
         popover = QApplication::activePopupWidget();
         QVERIFY(popover);
-        photograph(popover, QStringLiteral("paragraphs-") + QString::fromLatin1(QTest::currentDataTag()));
-        checkInside(text->paragraphStyleInspector()->view());
-        SheetWindow::press(Qt::Key_Escape);
-        QMenu *menu = SheetWindow::openMenu(window.findChild<ZelPopUpButton *>());
+        photograph(popover, u"paragraphs-" + name);
+        checkInside(editor->paragraphStyleInspector()->view());
+        Sheet::press(Qt::Key_Escape);
+        QMenu *menu = Sheet::openMenu(window.findChild<ZelPopUpButton *>());
         QVERIFY(menu);
-        photograph(menu, QStringLiteral("colors-") + QString::fromLatin1(QTest::currentDataTag()));
+        photograph(menu, u"colors-" + name);
         QVERIFY(menu->screen()->geometry().contains(menu->geometry()));
-        SheetWindow::press(Qt::Key_Escape);
+        Sheet::press(Qt::Key_Escape);
     }
-
-private:
-    QPalette m_palette;
 };
 
 QTEST_MAIN(tst_Looks)
-#include "moc_Sheet.cpp"
 #include "tst_Looks.moc"

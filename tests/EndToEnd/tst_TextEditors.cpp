@@ -1,29 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "Sheet.h"
+#include "FigureSheet.h"
 
-#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Resources/ZelBundle.h"
-
-#include <QColorDialog>
 
 namespace {
 
-using Window = SheetWindow;
 using Editor = ZelInspectorAttributedStringProperty;
 using String = ZelAttributedString;
 using Style = ZelParagraphStyle;
 
-QByteArray rows()
-{
-    return Window::row("text", "string", "attributed='yes' placeholder='No text'") + Window::row("font", "font");
-}
-
 /// Two runs in three paragraphs, of which the second is centred: "one two\nthree\nfour".
 String sample()
 {
-    String string(QStringLiteral("one "), {{String::ForegroundColor, QColor(Qt::red)}});
-    string.append(String(QStringLiteral("two\nthree\nfour"), {{String::ForegroundColor, QColor(Qt::blue)}}));
+    String string("one ", {{String::ForegroundColor, QColor(Qt::red)}});
+    string.append(String("two\nthree\nfour", {{String::ForegroundColor, QColor(Qt::blue)}}));
     Style style;
     style.alignment = Style::AlignCenter;
     style.headIndent = 4;
@@ -32,12 +22,13 @@ String sample()
 }
 
 /// A shown window with the sample in its first two figures.
-struct Desk : Window
+struct Desk : Sheet
 {
     Desk()
-        : Window(rows())
-        , editor(InspectorWindow::editor<Editor>("text"))
+        : Sheet(row("text", "string", "attributed='yes' placeholder='No text'") + row("font", "font"))
+        , editor(Sheet::editor<Editor>("text"))
         , text(editor->textView())
+        , below(Sheet::editor<ZelInspectorFontProperty>("font"))
     {
         for (int i : {0, 1})
             set(i, "text", sample().toVariant());
@@ -56,25 +47,23 @@ struct Desk : Window
     {
         click(text);
         press(Qt::Key_Home, Qt::ControlModifier);
-        for (int i = 0; i < start; ++i)
-            QTest::keyClick(text, Qt::Key_Right);
-        for (int i = 0; i < length; ++i)
-            QTest::keyClick(text, Qt::Key_Right, Qt::ShiftModifier);
+        for (int i = 0; i < start + length; ++i)
+            QTest::keyClick(text, Qt::Key_Right, i < start ? Qt::NoModifier : Qt::ShiftModifier);
         settle();
     }
     const String &string(int figure = 0) const { return figures[size_t(figure)]->text; }
+    bool isAsAtFirst() const { return string() == sample() && string(1) == sample(); }
 
     Editor *editor;
-    QPointer<ZelInspectorTextView> text;
+    ZelInspectorTextView *text;
+    ZelInspectorFontProperty *below;
 };
 
 /// The number field of a key in the popover of paragraph values.
 ZelTextField *paragraphField(const Editor *editor, const char *key)
 {
-    if (!editor->paragraphStyleInspector())
-        return nullptr;
     for (const auto *number : editor->paragraphStyleInspector()->findChildren<ZelInspectorNumberProperty *>()) {
-        if (number->keyPath() == QString::fromLatin1(key))
+        if (number->keyPath() == key)
             return number->textField();
     }
     return nullptr;
@@ -94,56 +83,42 @@ private Q_SLOTS:
     {
         Desk desk;
         desk.selectText(4, 3);
-        Window::type(QStringLiteral("2"));
-        Window::press(Qt::Key_Return); // begins a paragraph
-        Window::type(QStringLiteral("b"));
-        QCOMPARE(desk.string(), sample());
-        Window::press(Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(desk.string().text(), QStringLiteral("one 2\nb\nthree\nfour"));
+        Desk::type("2");
+        Desk::press(Qt::Key_Return); // begins a paragraph
+        Desk::type("b");
+        QVERIFY(desk.isAsAtFirst());
+        Desk::press(Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(desk.string().text(), "one 2\nb\nthree\nfour");
         QCOMPARE(desk.string().attributeAt(String::ForegroundColor, 6), QVariant(QColor(Qt::blue)));
         QCOMPARE(desk.string().paragraphStyleAt(8).alignment, uint(Style::AlignCenter));
         QCOMPARE(desk.string(1), desk.string());
         QCOMPARE(desk.stack.count(), 1);
-        QCOMPARE(desk.stack.undoText(), QStringLiteral("Change text"));
-        QCOMPARE(desk.owner->actions, 1);
 
         const String committed = desk.string();
-        Window::type(QStringLiteral("dropped"));
-        Window::press(Qt::Key_Escape);
+        Desk::type("dropped");
+        Desk::press(Qt::Key_Escape);
         QCOMPARE(desk.text->attributedString(), committed);
-        QCOMPARE(desk.stack.count(), 1);
-        Window::type(QStringLiteral("x"));
-        Window::press(Qt::Key_Z, Qt::ControlModifier); // the typing's own
+        Desk::type("x");
+        Desk::press(Qt::Key_Z, Qt::ControlModifier); // the typing's own
         QCOMPARE(desk.text->attributedString(), committed);
         QCOMPARE(desk.stack.index(), 1);
         desk.undo();
-        QCOMPARE(desk.string(), sample());
-        QCOMPARE(desk.string(1), sample());
+        QVERIFY(desk.isAsAtFirst());
         QCOMPARE(desk.text->attributedString(), sample());
-    }
 
-    void leavingTheTextCommitsAndEmptyingShowsThePlaceholder()
-    {
-        Desk desk;
-        Window::click(desk.text);
-        Window::press(Qt::Key_A, Qt::ControlModifier);
-        Window::press(Qt::Key_Delete);
-        QCOMPARE(desk.string(), sample());
-        desk.InspectorWindow::editor<ZelInspectorFontProperty>("font")->button()->setFocus();
+        Desk::replaceText(desk.text, {});
+        QVERIFY(desk.isAsAtFirst());
+        desk.below->button()->setFocus(); // to leave the text commits, too
         desk.settle();
         QVERIFY(desk.string(1).isEmpty());
-        QCOMPARE(desk.text->placeholderText(), QStringLiteral("No text"));
-        QCOMPARE(desk.stack.count(), 1);
-        desk.undo();
-        QCOMPARE(desk.string(1), sample());
+        QCOMPARE(desk.text->placeholderText(), "No text");
     }
 
     /// Without a picture in between in which the text lies over its neighbours.
     void theRowsBelowMoveAsTheTextGrows()
     {
-        Desk desk;
-        const QWidget *next = desk.InspectorWindow::editor<ZelInspectorFontProperty>("font")->view();
-        const auto place = [&] { return next->mapTo(&desk, QPoint()).y(); };
+        const Desk desk;
+        const auto place = [&] { return desk.below->view()->mapTo(&desk, QPoint()).y(); };
         desk.selectText(3, 0);
         const int height = desk.text->height();
         const int before = place();
@@ -160,22 +135,40 @@ private Q_SLOTS:
 
     void alignmentGoesToTheParagraphsOfTheSelection()
     {
+        const uint alignments[] = {0, 2, 1, 3, 4}; // by segment
+        for (int segment = 0; segment < 5; ++segment) {
+            const TableRow inRow(QString::number(segment));
+            Desk desk;
+            desk.selectText(2, 7); // into the second paragraph
+            const String::Range range = desk.text->selectedRange();
+            QCOMPARE(range, (String::Range{2, 7}));
+            desk.clickSegment(segment);
+            const String string = desk.string();
+            QCOMPARE(string.paragraphStyleAt(0).alignment, alignments[segment]);
+            QCOMPARE(string.paragraphStyleAt(8).alignment, alignments[segment]);
+            QCOMPARE(string.paragraphStyleAt(8).headIndent, 4.0);
+            QCOMPARE(string.paragraphStyleAt(14).alignment, Style().alignment);
+            QCOMPARE(desk.string(1), string);
+            QVERIFY(desk.text->hasFocus());
+            QCOMPARE(desk.text->selectedRange(), range);
+            for (int other = 0; other < 5; ++other)
+                QCOMPARE(desk.editor->segmentedControl()->isSegmentSelected(other), other == segment);
+            QCOMPARE(desk.stack.count(), 1);
+            desk.undo();
+            QVERIFY(desk.isAsAtFirst());
+            QCOMPARE(desk.text->attributedString(), sample());
+        }
+    }
+
+    void aFormatTakesTypingWithIt()
+    {
         Desk desk;
-        desk.selectText(2, 7); // into the second paragraph
-        const String::Range range = desk.text->selectedRange();
-        QCOMPARE(range, (String::Range{2, 7}));
-        desk.clickSegment(Editor::RightSegment);
-        QCOMPARE(desk.string().paragraphStyleAt(0).alignment, uint(Style::AlignRight));
-        QCOMPARE(desk.string().paragraphStyleAt(8).alignment, uint(Style::AlignRight));
-        QCOMPARE(desk.string().paragraphStyleAt(8).headIndent, 4.0);
-        QCOMPARE(desk.string().paragraphStyleAt(14).alignment, Style().alignment);
-        QCOMPARE(desk.string(1), desk.string());
-        QVERIFY(desk.text->hasFocus());
-        QCOMPARE(desk.text->selectedRange(), range);
+        desk.selectText(0, 0);
+        Desk::type("x");
+        desk.clickSegment(Editor::CenterSegment);
+        QCOMPARE(desk.string(1).text(), "xone two\nthree\nfour");
+        QCOMPARE(desk.string(1).paragraphStyleAt(0).alignment, uint(Style::AlignCenter));
         QCOMPARE(desk.stack.count(), 1);
-        desk.undo();
-        QCOMPARE(desk.string(), sample());
-        QVERIFY(!desk.editor->segmentedControl()->isSegmentSelected(Editor::RightSegment));
     }
 
     void coloursAndFontsGoToTheRunsOfTheSelection()
@@ -183,38 +176,40 @@ private Q_SLOTS:
         Desk desk;
         desk.selectText(2, 4); // of both runs
         desk.clickSegment(Editor::TextColorSegment);
-        auto *panel = qobject_cast<QColorDialog *>(ZelColorPanel::sharedColorPanel()->window());
-        QVERIFY(panel && panel->isVisible());
+        QColorDialog *panel = Desk::colorPanel();
+        QVERIFY(panel && ZelColorPanel::sharedColorPanel()->showsAlpha());
+        QCOMPARE(panel->currentColor(), QColor(Qt::black)); // there are two
+        QVERIFY(desk.editor->segmentedControl()->isSegmentSelected(Editor::TextColorSegment));
+        QCOMPARE(desk.stack.count(), 0);
         panel->setCurrentColor(QColor(1, 2, 3));
         desk.settle();
         const auto colorAt = [&](int position) {
-            return desk.string(1).attributeAt(String::ForegroundColor, position);
+            return desk.string(1).attributeAt(String::ForegroundColor, position).value<QColor>();
         };
-        QCOMPARE(colorAt(1), QVariant(QColor(Qt::red)));
-        QCOMPARE(colorAt(2), QVariant(QColor(1, 2, 3)));
-        QCOMPARE(colorAt(5), QVariant(QColor(1, 2, 3)));
-        QCOMPARE(colorAt(6), QVariant(QColor(Qt::blue)));
+        const std::pair<int, QColor> colors[] = {{1, Qt::red}, {2, {1, 2, 3}}, {5, {1, 2, 3}}, {6, Qt::blue}};
+        for (const auto &[position, color] : colors)
+            QCOMPARE(colorAt(position), color);
         desk.clickSegment(Editor::BackgroundColorSegment);
+        QVERIFY(!desk.editor->segmentedControl()->isSegmentSelected(Editor::TextColorSegment));
         panel->setCurrentColor(QColor(250, 250, 0));
         QCOMPARE(desk.string(1).attributeAt(String::BackgroundColor, 3), QVariant(QColor(250, 250, 0)));
-        QCOMPARE(colorAt(3), QVariant(QColor(1, 2, 3)));
+        QCOMPARE(colorAt(3), QColor(1, 2, 3));
 
         ZelInspectorFontProperty *font = desk.editor->fontProperty();
-        Window::click(font->button());
+        Desk::click(font->button());
         QVERIFY(font->popover()->isShown());
-        Window::choose(font->popoverView()->fontFamilyPopUpButton(), QStringLiteral("DejaVu Serif"));
-        Window::press(Qt::Key_Escape);
+        Desk::choose(font->popoverView()->fontFamilyPopUpButton(), "DejaVu Serif");
+        Desk::press(Qt::Key_Escape);
         QVERIFY(!font->popover()->isShown());
-        QCOMPARE(desk.string().attributeAt(String::Font, 4).value<QFont>().family(), QStringLiteral("DejaVu Serif"));
+        QCOMPARE(desk.string().attributeAt(String::Font, 4).value<QFont>().family(), "DejaVu Serif");
         QVERIFY(!desk.string().attributeAt(String::Font, 6).isValid());
-        QCOMPARE(font->textField()->text().left(12), QStringLiteral("DejaVu Serif"));
+        QCOMPARE(font->textField()->text().left(12), "DejaVu Serif");
         QCOMPARE(desk.stack.count(), 3);
         for (int i = 0; i < 3; ++i) {
-            QCOMPARE(desk.stack.undoText(), QStringLiteral("Change text"));
+            QCOMPARE(desk.stack.undoText(), "Change text");
             desk.undo();
         }
-        QCOMPARE(desk.string(), sample());
-        QCOMPARE(desk.string(1), sample());
+        QVERIFY(desk.isAsAtFirst());
     }
 
     void paragraphValuesAreEditedInAPopover()
@@ -222,98 +217,53 @@ private Q_SLOTS:
         Desk desk;
         String styled = sample();
         styled.setParagraphStyle({}, {0, 1}); // one without a style would say nothing
-        desk.set(0, "text", styled.toVariant());
-        desk.set(1, "text", styled.toVariant());
+        for (int i : {0, 1})
+            desk.set(i, "text", styled.toVariant());
         desk.selectText(2, 7);
         desk.clickSegment(Editor::MoreSegment);
         QVERIFY(desk.editor->popover() && desk.editor->popover()->isShown());
+        QVERIFY(!desk.editor->segmentedControl()->isSegmentSelected(Editor::MoreSegment));
         ZelTextField *indent = paragraphField(desk.editor, "headIndent");
         ZelTextField *spacing = paragraphField(desk.editor, "lineSpacing");
-        QVERIFY(indent && spacing);
-        QCOMPARE(indent->placeholderText(), QStringLiteral("Multiple Values"));
+        QCOMPARE(indent->placeholderText(), "Multiple Values");
         QCOMPARE(spacing->objectValue(), QVariant(0.0));
-        Window::replaceText(spacing, QStringLiteral("7"));
-        Window::press(Qt::Key_Return);
+        Desk::enter(spacing, "7");
         QVERIFY(desk.editor->popover()->isShown());
-        QCOMPARE(desk.string(1).paragraphStyleAt(0).lineSpacing, 7.0);
-        QCOMPARE(desk.string(1).paragraphStyleAt(8).lineSpacing, 7.0);
-        QCOMPARE(desk.string(1).paragraphStyleAt(14).lineSpacing, 0.0);
-        QCOMPARE(desk.string(1).paragraphStyleAt(0).headIndent, 0.0);
-        QCOMPARE(desk.string(1).paragraphStyleAt(8).headIndent, 4.0); // each keeps what was not edited
-        Window::replaceText(indent, QStringLiteral("9"));
-        Window::press(Qt::Key_Escape); // gives the typing up, and then the popover
+        const auto values = [&](int start) {
+            const Style style = desk.string(1).paragraphStyleAt(start);
+            return QList<double>{style.lineSpacing, style.headIndent};
+        };
+        QCOMPARE(values(0), QList<double>({7, 0}));
+        QCOMPARE(values(8), QList<double>({7, 4})); // each keeps what was not edited
+        QCOMPARE(values(14), QList<double>({0, 0}));
+        QCOMPARE(desk.string(1).paragraphStyleAt(8).alignment, uint(Style::AlignCenter));
+        Desk::replaceText(indent, "9");
+        Desk::press(Qt::Key_Escape); // gives the typing up, and then the popover
         QVERIFY(desk.editor->popover()->isShown());
-        Window::press(Qt::Key_Escape);
-        QVERIFY(!desk.editor->popover()->isShown());
-        QVERIFY(desk.text->hasFocus());
-        QCOMPARE(desk.string().paragraphStyleAt(0).headIndent, 0.0);
+        Desk::press(Qt::Key_Escape);
+        QVERIFY(!desk.editor->popover()->isShown() && desk.text->hasFocus());
+        QCOMPARE(values(0), QList<double>({7, 0}));
         QCOMPARE(desk.stack.count(), 1);
+        QCOMPARE(desk.stack.undoText(), "Change text");
         desk.undo();
         QCOMPARE(desk.string(), styled);
+        QCOMPARE(spacing->objectValue(), QVariant(0.0));
     }
 
-    void theSelectionChangesWhileItIsEdited()
+    void differentTextsAreNotEdited()
     {
         Desk desk;
-        desk.set(2, "text", String(QStringLiteral("other")).toVariant());
-        desk.selectText(0, 3);
-        Window::type(QStringLiteral("ONE"));
-        desk.select({2});
-        QCOMPARE(desk.string(0).text(), QStringLiteral("ONE two\nthree\nfour")); // of those that it was typed for
-        QCOMPARE(desk.string(1), desk.string(0));
-        QCOMPARE(desk.text->toPlainText(), QStringLiteral("other"));
-        QCOMPARE(desk.stack.undoText(), QStringLiteral("Change text"));
-        Window::type(QStringLiteral("x"));
-        Window::press(Qt::Key_Escape);
-        QCOMPARE(desk.string(2).text(), QStringLiteral("other"));
+        desk.set(2, "text", String("other").toVariant());
         desk.select({0, 2});
         QVERIFY(!desk.text->isEditable() && !desk.editor->isFormattable());
-        Window::click(desk.text);
-        QTest::keyClicks(desk.text, QStringLiteral("nothing"));
+        Desk::click(desk.text);
+        QTest::keyClicks(desk.text, "nothing");
         desk.clickSegment(Editor::RightSegment);
-        QCOMPARE(desk.string(2).text(), QStringLiteral("other"));
-        QCOMPARE(desk.stack.count(), 1);
-        desk.undo();
-        QCOMPARE(desk.string(1), sample());
-    }
-
-    void whatEndsWhileTheTextIsEdited_data()
-    {
-        QTest::addColumn<QString>("what");
-        QTest::addColumn<int>("segment");
-        for (const char *what : {"window", "inspector", "view", "figures", "owner", "hidden"}) {
-            const QString end = QString::fromLatin1(what);
-            QTest::addRow("%s, typing", what) << end << -1;
-            QTest::addRow("%s, colours", what) << end << int(Editor::TextColorSegment);
-            QTest::addRow("%s, popover", what) << end << int(Editor::MoreSegment);
-        }
-    }
-    void whatEndsWhileTheTextIsEdited()
-    {
-        QFETCH(QString, what);
-        QFETCH(int, segment);
-        auto desk = std::make_unique<Desk>();
-        desk->selectText(2, 7);
-        Window::type(QStringLiteral("typed"));
-        if (segment >= 0)
-            desk->clickSegment(segment);
-        if (segment == Editor::MoreSegment) {
-            ZelTextField *indent = paragraphField(desk->editor, "headIndent");
-            QVERIFY(indent);
-            Window::replaceText(indent, QStringLiteral("9"));
-        }
-        std::unique_ptr<Window> window = std::move(desk);
-        Window::end(window, what);
-        if (auto *panel = qobject_cast<QColorDialog *>(ZelColorPanel::sharedColorPanel()->window()))
-            panel->setCurrentColor(QColor(9, 9, 9));
-        while (const QWidget *popup = QApplication::activePopupWidget())
-            QTest::keyClick(popup->windowHandle(), Qt::Key_Escape);
-        ZelColorPanel::sharedColorPanel()->close();
-        Window::settle();
-        QVERIFY(!ZelColorPanel::sharedColorPanel()->delegate());
+        QCOMPARE(desk.string(2).text(), "other");
+        QVERIFY(desk.isAsAtFirst());
+        QCOMPARE(desk.stack.count(), 0);
     }
 };
 
 QTEST_MAIN(tst_TextEditors)
-#include "moc_Sheet.cpp"
 #include "tst_TextEditors.moc"
