@@ -20,6 +20,7 @@
 #include "Inspector/Properties/ZelInspectorTextView.h"
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 #include "SplitView/ZelSplitView.h"
+#include "Support/TableRow.h"
 #include "TabBar/ZelTabBar.h"
 #include "Views/ZelMagnificationView.h"
 #include "Views/ZelSeparator.h"
@@ -36,77 +37,39 @@
 
 namespace {
 
-using Make = QWidget *(*)();
-
 template<typename Control> QWidget *made()
 {
     auto *control = new Control;
     constexpr bool isOfColors = std::is_same_v<Control, ZelColorPopUpButton>;
     if constexpr (!isOfColors && requires { control->setObjectValue(QVariant()); })
-        control->setObjectValue(QStringLiteral("1"));
+        control->setObjectValue("1");
+    if constexpr (std::is_same_v<Control, ZelPopUpButton>) {
+        control->addItemWithTitle("One", 1);
+        control->addItemWithTitle("Two", 2);
+        control->setObjectValue(1);
+    } else if constexpr (std::is_same_v<Control, ZelSegmentedControl>) {
+        control->setSegmentCount(3);
+        control->setSelectedIndex(1);
+    } else if constexpr (std::is_same_v<Control, ZelTabBar>) {
+        control->setItems({new ZelTabBarItem(control), new ZelTabBarItem(control)});
+    } else if constexpr (std::is_same_v<Control, ZelSplitView>) {
+        new ZelView(control);
+        new ZelView(control);
+    }
     return control;
 }
 
-QWidget *madePopUpButton()
+template<typename... Controls> QList<QWidget *(*)()> makers()
 {
-    auto *button = new ZelPopUpButton;
-    button->addItemWithTitle(QStringLiteral("One"), 1);
-    button->addItemWithTitle(QStringLiteral("Two"), 2);
-    button->setObjectValue(1);
-    return button;
+    return {made<Controls>...};
 }
 
-QWidget *madeSegmentedControl()
-{
-    auto *control = new ZelSegmentedControl;
-    control->setSegmentCount(3);
-    control->setSelectedIndex(1);
-    return control;
-}
-
-QWidget *madeTabBar()
-{
-    auto *bar = new ZelTabBar;
-    bar->setItems({new ZelTabBarItem(bar), new ZelTabBarItem(bar)});
-    return bar;
-}
-
-QWidget *madeSplitView()
-{
-    auto *split = new ZelSplitView;
-    new ZelView(split);
-    new ZelView(split);
-    return split;
-}
-
-const std::pair<const char *, Make> g_controls[] = {
-    {"text field", made<ZelTextField>},
-    {"growing text field", made<ZelGrowingTextField>},
-    {"growing text view", made<ZelGrowingTextView>},
-    {"text view of the inspector", made<ZelInspectorTextView>},
-    {"bordered text field", made<ZelBorderedTextField>},
-    {"token field", made<ZelGrowingTokenField>},
-    {"link text field", made<ZelLinkTextField>},
-    {"combo box", made<ZelComboBox>},
-    {"date picker", made<ZelDatePicker>},
-    {"stepper", made<ZelStepper>},
-    {"slider", made<ZelSlider>},
-    {"check box", made<ZelCheckBox>},
-    {"pop-up button", madePopUpButton},
-    {"color button", made<ZelColorPopUpButton>},
-    {"color matrix", made<ZelColorMatrix>},
-    {"segmented control", madeSegmentedControl},
-    {"origin picker", made<ZelOriginSelectionView>},
-    {"hover button", made<ZelHoverButton>},
-    {"push button", made<ZelSelfValidatingButton>},
-    {"label", made<ZelLabel>},
-    {"separator", made<ZelSeparator>},
-    {"expandable view", made<ZelExpandableView>},
-    {"tab bar", madeTabBar},
-    {"action bar", made<ZelActionBar>},
-    {"split view", madeSplitView},
-    {"magnification view", made<ZelMagnificationView>},
-};
+const auto g_makers =
+    makers<ZelTextField, ZelGrowingTextField, ZelGrowingTextView, ZelInspectorTextView, ZelBorderedTextField,
+           ZelGrowingTokenField, ZelLinkTextField, ZelComboBox, ZelDatePicker, ZelStepper, ZelSlider, ZelCheckBox,
+           ZelPopUpButton, ZelColorPopUpButton, ZelColorMatrix, ZelSegmentedControl, ZelOriginSelectionView,
+           ZelHoverButton, ZelSelfValidatingButton, ZelLabel, ZelSeparator, ZelExpandableView, ZelTabBar, ZelActionBar,
+           ZelSplitView, ZelMagnificationView>();
 
 /// The widget in the middle of the control, which gets what comes from the system.
 QWidget *inFront(QWidget *control)
@@ -175,57 +138,52 @@ class tst_PointerEvents : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void comeToAnEnd_data()
-    {
-        QTest::addColumn<Make>("make");
-        QTest::addColumn<bool>("editable");
-        for (const auto &[name, make] : g_controls) {
-            QTest::newRow(name) << make << true;
-            if (std::unique_ptr<QWidget>(make())->metaObject()->indexOfProperty("editable") >= 0)
-                QTest::addRow("%s, read-only", name) << make << false;
-        }
-    }
     void comeToAnEnd()
     {
-        QFETCH(Make, make);
-        QFETCH(bool, editable);
-        QScrollArea area;
-        auto *page = new QWidget;
-        auto *column = new QVBoxLayout(page);
-        const QPointer<QWidget> control = make();
-        if (!editable)
-            control->setProperty("editable", false);
-        column->addWidget(control);
-        control->setMinimumHeight(20);
-        area.setWidget(page);
-        area.resize(300, 200);
-        page->resize(280, 80);
-        area.show();
-        QVERIFY(QTest::qWaitForWindowActive(&area));
-        area.setFocus();
-        const bool reports = control->metaObject()->indexOfSignal("valueEdited()") >= 0;
-        const QSignalSpy edits(control, reports ? SIGNAL(valueEdited()) : SIGNAL(destroyed()));
+        for (const auto make : g_makers) {
+            for (const bool editable : {true, false}) {
+                QScrollArea area;
+                auto *page = new QWidget;
+                auto *column = new QVBoxLayout(page);
+                const QPointer<QWidget> control = make();
+                const TableRow inRow(control->metaObject()->className() + QString(editable ? "" : ", read-only"));
+                if (!editable && !control->setProperty("editable", false))
+                    continue; // there is no such thing
+                column->addWidget(control);
+                control->setMinimumHeight(20);
+                area.setWidget(page);
+                area.resize(300, 200);
+                page->resize(280, 80);
+                area.show();
+                QVERIFY(QTest::qWaitForWindowActive(&area));
+                area.setFocus();
+                const bool reports = control->metaObject()->indexOfSignal("valueEdited()") >= 0;
+                const QSignalSpy edits(control, reports ? SIGNAL(valueEdited()) : SIGNAL(destroyed()));
 
-        turnWheel(control, {0, 120});
-        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
-            for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier})
-                click(control, button, modifier);
+                turnWheel(control, {0, 120});
+                const auto modifiers = {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
+                for (const Qt::MouseButton button :
+                     {Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
+                    for (const Qt::KeyboardModifier modifier : modifiers)
+                        click(control, button, modifier);
+                }
+                touchWithPen(control);
+                QCOMPARE(edits.count(), 0);
+
+                for (const Qt::KeyboardModifier modifier : modifiers)
+                    click(control, Qt::LeftButton, modifier);
+                control->setFocus();
+                if (QWidget *focus = QApplication::focusWidget())
+                    QTest::keyClick(focus, Qt::Key_Down, Qt::ControlModifier);
+                closePopups();
+                click(control, Qt::RightButton, {});
+                click(control, Qt::LeftButton, {});
+                for (const QPoint &angle : {QPoint(0, -120), QPoint(0, 120), QPoint(120, 0), QPoint(0, 7)})
+                    turnWheel(control, angle);
+                QVERIFY(control);
+                QVERIFY(editable || edits.isEmpty());
+            }
         }
-        touchWithPen(control);
-        QCOMPARE(edits.count(), 0);
-
-        for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier})
-            click(control, Qt::LeftButton, modifier);
-        control->setFocus();
-        if (QWidget *focus = QApplication::focusWidget())
-            QTest::keyClick(focus, Qt::Key_Down, Qt::ControlModifier);
-        closePopups();
-        click(control, Qt::RightButton, {});
-        click(control, Qt::LeftButton, {});
-        for (const QPoint &angle : {QPoint(0, -120), QPoint(0, 120), QPoint(120, 0), QPoint(0, 7)})
-            turnWheel(control, angle);
-        QVERIFY(control);
-        QVERIFY(editable || edits.isEmpty());
     }
 };
 
