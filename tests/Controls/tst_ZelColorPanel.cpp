@@ -45,6 +45,7 @@ class tst_ZelColorPanel : public QObject
 
     ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
     QColorDialog *dialog() { return static_cast<QColorDialog *>(panel->window()); }
+    void choose(const QColor &color) { dialog()->setCurrentColor(color); }
 
 private Q_SLOTS:
     void cleanup() { panel->close(); }
@@ -59,16 +60,12 @@ private Q_SLOTS:
         panel->setColor(QColor(1, 2, 3, 4));
         QCOMPARE(changes.count(), 0);
         QCOMPARE(panel->color(), QColor(1, 2, 3, 4));
-        dialog()->setCurrentColor(QColor(9, 8, 7, 4));
+        choose(QColor(9, 8, 7, 4));
         QCOMPARE(changes.count(), 1);
         QCOMPARE(panel->color(), QColor(9, 8, 7, 4));
         panel->setShowsAlpha(false);
         QCOMPARE(panel->color(), QColor(9, 8, 7));
-    }
-
-    /// The hue of a grey is in the panel alone.
-    void aColourShownAgainKeepsWhatTheUserSees()
-    {
+        // Shown again, a colour keeps what the user sees: the hue of a grey is in the panel alone.
         panel->setColor(Qt::red);
         const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>(); // hue, saturation, value
         connect(panel, &ZelColorPanel::colorDidChange, this, [this] { panel->setColor(panel->color()); });
@@ -86,8 +83,7 @@ private Q_SLOTS:
         QObject delegate;
         panel->setDelegate(&delegate);
         panel->orderFront(client.get());
-        QVERIFY(panel->isVisible());
-        QVERIFY(!dialog()->isModal());
+        QVERIFY(panel->isVisible() && !dialog()->isModal());
         QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
         QWidget popUp(client.get(), Qt::Popup); // which closes at the first click into the panel
         popUp.show();
@@ -111,8 +107,7 @@ private Q_SLOTS:
         client.link.activate(&client);
         QVERIFY(QTest::qWaitForWindowExposed(dialog()));
         QWidget *picker = nullptr;
-        const QList<QWidget *> widgets = dialog()->findChildren<QWidget *>();
-        for (QWidget *widget : widgets) {
+        for (QWidget *widget : dialog()->findChildren<QWidget *>()) {
             if (QByteArray(widget->metaObject()->className()).endsWith("QColorPicker"))
                 picker = widget;
         }
@@ -150,23 +145,22 @@ private Q_SLOTS:
         QCOMPARE(panel->delegate(), &client);
         QCOMPARE(panel->color(), QColor(Qt::black)); // there was none to show
         QCOMPARE(changes.count(), 1);
-        dialog()->setCurrentColor(QColor(1, 2, 3));
+        choose(QColor(1, 2, 3));
         QCOMPARE(client.taken, QList<QColor>{QColor(1, 2, 3)});
-        client.color = Qt::green;
-        client.link.showColor();
-        QCOMPARE(panel->color(), QColor(Qt::green));
-        client.color = QColor();
-        client.link.showColor();
-        QCOMPARE(panel->color(), QColor(Qt::green));
+        for (const QColor &shown : {QColor(Qt::green), QColor()}) {
+            client.color = shown;
+            client.link.showColor();
+            QCOMPARE(panel->color(), QColor(Qt::green));
+        }
         client.link.setShowsAlpha(false);
         QVERIFY(!panel->showsAlpha());
         client.takesColors = false;
-        dialog()->setCurrentColor(Qt::yellow);
+        choose(Qt::yellow);
         client.takesColors = true;
         panel->close();
         QVERIFY(!client.link.isActive() && !panel->delegate());
         QCOMPARE(changes.count(), 2);
-        dialog()->setCurrentColor(Qt::cyan);
+        choose(Qt::cyan);
         QCOMPARE(client.taken.size(), 1);
     }
 
@@ -177,8 +171,7 @@ private Q_SLOTS:
         first.link.activate(&first);
         second->link.activate(second.get());
         QVERIFY(!first.link.isActive() && second->link.isActive());
-        dialog()->setCurrentColor(QColor(4, 4, 4));
-        QCOMPARE(first.taken.size(), 0);
+        choose(QColor(4, 4, 4));
         QCOMPARE(second->taken.size(), 1);
         second.reset();
         QVERIFY(panel->isVisible() && !panel->delegate());
@@ -186,19 +179,16 @@ private Q_SLOTS:
         panel->setDelegate(this); // whoever else takes it
         QVERIFY(!first.link.isActive());
         QCOMPARE(panel->delegate(), this);
-        dialog()->setCurrentColor(QColor(5, 5, 5));
+        choose(QColor(5, 5, 5));
         QCOMPARE(first.taken.size(), 0);
         panel->setDelegate(nullptr);
-    }
 
-    void aClientMayDieOfWhatItTakes()
-    {
-        auto client = std::make_unique<Client>();
+        auto client = std::make_unique<Client>(); // dies of what it takes
         client->link.activate(client.get());
         client->whenTaken = [&client] { client.reset(); };
-        dialog()->setCurrentColor(QColor(30, 3, 3));
+        choose(QColor(30, 3, 3));
         QVERIFY(!client && !panel->delegate());
-        dialog()->setCurrentColor(QColor(31, 3, 3));
+        choose(QColor(31, 3, 3));
     }
 };
 

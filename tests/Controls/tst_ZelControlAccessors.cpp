@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Cells/ZelSegmentedControl.h"
 #include "Controls/Fields/ZelGrowingTextField.h"
 #include "Controls/Fields/ZelTextField.h"
 #include "Controls/Menus/ZelPopUpButton.h"
@@ -11,8 +12,8 @@
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
-#include "Core/Values/ZelValues.h"
 
+#include "ScriptPanel.h"
 #include "Support/Recorder.h"
 #include "Support/Reports.h"
 
@@ -21,180 +22,148 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTest>
 
-using Make = std::function<QWidget *()>;
-Q_DECLARE_METATYPE(Make)
+namespace {
+
+using Make = QWidget *(*)();
+
+template<typename Widget> QWidget *make()
+{
+    auto *widget = new Widget;
+    if constexpr (std::is_same_v<Widget, QComboBox>)
+        widget->addItems({"a", "b"});
+    return widget;
+}
+
+} // namespace
 
 class tst_ZelControlAccessors : public QObject
 {
     Q_OBJECT
+
 private Q_SLOTS:
-    void keysReadWriteAndTell_data();
-    void keysReadWriteAndTell();
-    void hiddenFollowsTheWidgetNotItsWindow();
-    void controlsTakeMarkers();
-    void absentLimitsChangeNothing();
-    void assistiveTechnologySeesAndEdits();
+    void keysReadWriteAndTell()
+    {
+        const QString title("R&D budget");
+        struct Row
+        {
+            Make make;
+            const char *key;
+            QVariant value;
+            bool tells = true;
+        };
+        const Row rows[] = {
+            {make<ZelTextField>, "value", 5},
+            {make<ZelGrowingTextField>, "value", "x"},
+            {make<ZelCheckBox>, "value", true},
+            {make<ZelCheckBox>, "title", title, false},
+            {make<ZelPushButton>, "title", title, false},
+            {make<ZelCheckBox>, "editable", false},
+            {make<ZelPopUpButton>, "value", 3},
+            {make<ZelLabel>, "value", "x"},
+            {make<ZelLabel>, "title", "x"},
+            {make<ZelStepper>, "value", 5.5},
+            {make<ZelStepper>, "minValue", 1},
+            {make<ZelStepper>, "increment", 2.5, false},
+            {make<ZelSlider>, "value", 0.5},
+            {make<ZelSlider>, "maxValue", 100.0},
+            {make<ZelSegmentedControl>, "selectedIndex", 1},
+            {make<QWidget>, "enabled", false},
+            {make<QLabel>, "value", "x", false},
+            {make<QPushButton>, "title", title, false},
+            {make<QLineEdit>, "value", "x"},
+            {make<QSpinBox>, "value", 7},
+            {make<QSpinBox>, "maxValue", 1000, false},
+            {make<QDoubleSpinBox>, "value", 1.5},
+            {make<QSlider>, "value", 42},
+            {make<QComboBox>, "value", "b"},
+            {make<QComboBox>, "selectedIndex", 1},
+            {make<QComboBox>, "contentValues", QVariantList{1, "b"}, false},
+        };
+        for (const Row &row : rows) {
+            const std::unique_ptr<QWidget> widget(row.make());
+            const Case name(QString("%1 of %2").arg(row.key, widget->metaObject()->className()));
+            QVERIFY(!ZelEqual(ZelValueForKey(widget.get(), row.key), row.value));
+            if (QByteArray(widget->metaObject()->className()).startsWith("Zel"))
+                QCOMPARE(widget->focusPolicy() == Qt::StrongFocus, !widget->inherits("ZelLabel"));
+            Recorder recorder;
+            if (row.tells)
+                ZelAddObserver(widget.get(), &recorder, row.key, {}, nullptr);
+            const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(widget.get(), row.key);
+            QVERIFY(accessor && accessor->write(widget.get(), row.value));
+            const QVariant read = ZelValueForKey(widget.get(), row.key);
+            QVERIFY(ZelEqual(read, row.value) || read.toStringList() == row.value.toStringList());
+            if (const auto *button = qobject_cast<QAbstractButton *>(widget.get()))
+                QVERIFY(button->shortcut().isEmpty()); // titles have no mnemonics
+            QCOMPARE(recorder.count() > 0, row.tells);
+            if (row.tells)
+                ZelRemoveObserver(widget.get(), &recorder, row.key, nullptr);
+        }
+    }
+
+    void hiddenFollowsTheWidgetNotItsWindow()
+    {
+        QWidget window;
+        QWidget child(&window);
+        Recorder recorder;
+        ZelAddObserver(&child, &recorder, "hidden", {}, nullptr);
+        ZelSetValueForKey(&child, true, "hidden");
+        QCOMPARE(ZelValueForKey(&child, "hidden"), QVariant(true));
+        window.show();
+        QVERIFY(child.isHidden());
+        const int count = recorder.count();
+        QVERIFY(count > 0);
+        child.show();
+        QVERIFY(recorder.count() > count);
+        QCOMPARE(ZelValueForKey(&child, "hidden"), QVariant(false));
+
+        // Qt hides widgets in its own events as well, which nothing may be thrown through.
+        const Reports reports;
+        recorder.react = [] { throw ZelGenericException("an observer's"); };
+        child.hide();
+        QCOMPARE(reports.messages, QStringList("an observer's"));
+        recorder.react = nullptr;
+        ZelRemoveObserver(&child, &recorder, "hidden", nullptr);
+        child.setParent(nullptr);
+    }
+
+    void onlyControlsForThemTakeMarkers()
+    {
+        for (const Make make : {make<ZelTextField>, make<ZelGrowingTextField>, make<ZelCheckBox>, make<ZelPopUpButton>,
+                                make<ZelStepper>, make<ZelSlider>, make<ZelLabel>}) {
+            const std::unique_ptr<QWidget> control(make());
+            const bool isLabel = qobject_cast<ZelLabel *>(control.get());
+            const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(control.get(), "value");
+            QVERIFY(accessor->takesMarkers() && (accessor->editSignalIndex() < 0) == isLabel);
+            QVERIFY(accessor->write(control.get(), several()));
+            QCOMPARE(accessor->read(control.get()), isLabel ? QVariant("Multiple Values") : several());
+            control->grab();
+        }
+        QPushButton button;
+        QVERIFY(!ZelPropertyAccessor::find(&button, "value")->takesMarkers());
+        ZelSlider slider;
+        slider.setMaxValue(50);
+        for (const QVariant &noNumber : {QVariant(), several(), QVariant("wide")})
+            QVERIFY(!ZelPropertyAccessor::find(&slider, "maxValue")->write(&slider, noNumber));
+        QCOMPARE(slider.maxValue(), 50.0);
+    }
+
+    void assistiveTechnologySees()
+    {
+        ZelLabel label("Width");
+        QAccessibleInterface *labelInterface = QAccessible::queryAccessibleInterface(&label);
+        QCOMPARE(labelInterface->role(), QAccessible::StaticText);
+        QCOMPARE(labelInterface->text(QAccessible::Name), "Width");
+        ZelPopUpButton button;
+        button.addItem(new QAction("&Choice", &button));
+        button.setSelectedIndex(0);
+        button.setAccessibleName("Kind");
+        QAccessibleInterface *popUp = QAccessible::queryAccessibleInterface(&button);
+        QCOMPARE(popUp->role(), QAccessible::ComboBox);
+        QCOMPARE(popUp->text(QAccessible::Name), "Kind");
+        QCOMPARE(popUp->text(QAccessible::Value), "Choice");
+    }
 };
-
-void tst_ZelControlAccessors::keysReadWriteAndTell_data()
-{
-    QTest::addColumn<Make>("make");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("tells");
-    const auto row = [](const char *name, const Make &make, const char *key, const QVariant &value, bool tells = true) {
-        QTest::newRow(name) << make << QString::fromLatin1(key) << value << tells;
-    };
-    const Make stepper = [] { return new ZelStepper; };
-    const Make slider = [] { return new ZelSlider; };
-    const Make spinBox = [] { return new QSpinBox; };
-    const Make comboBox = [] {
-        auto *box = new QComboBox;
-        box->addItems({QStringLiteral("a"), QStringLiteral("b")});
-        return box;
-    };
-    row(
-        "text field", [] { return new ZelTextField; }, "value", 5);
-    row(
-        "growing text field", [] { return new ZelGrowingTextField; }, "value", QStringLiteral("x"));
-    row(
-        "check box", [] { return new ZelCheckBox; }, "value", true);
-    row(
-        "check box title", [] { return new ZelCheckBox; }, "title", QStringLiteral("R&D budget"), false);
-    row(
-        "push button title", [] { return new ZelPushButton; }, "title", QStringLiteral("R&D budget"), false);
-    row(
-        "check box editable", [] { return new ZelCheckBox; }, "editable", false);
-    row(
-        "pop-up button", [] { return new ZelPopUpButton; }, "value", 3);
-    row(
-        "label", [] { return new ZelLabel; }, "value", QStringLiteral("x"));
-    row(
-        "label title", [] { return new ZelLabel; }, "title", QStringLiteral("x"));
-    row("stepper", stepper, "value", 5.5);
-    row("stepper limit", stepper, "minValue", 1);
-    row("stepper increment", stepper, "increment", 2.5, false);
-    row("slider", slider, "value", 0.5);
-    row("slider limit", slider, "maxValue", 100.0);
-    row(
-        "any widget", [] { return new QWidget; }, "enabled", false);
-    row(
-        "Qt label", [] { return new QLabel; }, "value", QStringLiteral("x"), false);
-    row(
-        "Qt button", [] { return new QPushButton; }, "title", QStringLiteral("R&D budget"), false);
-    row(
-        "Qt line edit", [] { return new QLineEdit; }, "value", QStringLiteral("x"));
-    row("Qt spin box", spinBox, "value", 7);
-    row("Qt spin box limit", spinBox, "maxValue", 1000, false);
-    row(
-        "Qt double spin box", [] { return new QDoubleSpinBox; }, "value", 1.5);
-    row(
-        "Qt slider", [] { return new QSlider; }, "value", 42);
-    row("Qt combo box", comboBox, "value", QStringLiteral("b"));
-    row("Qt combo box index", comboBox, "selectedIndex", 1);
-    row("Qt combo box items", comboBox, "contentValues", QVariantList{1, QStringLiteral("b")}, false);
-}
-
-void tst_ZelControlAccessors::keysReadWriteAndTell()
-{
-    QFETCH(Make, make);
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-    QFETCH(bool, tells);
-    const std::unique_ptr<QWidget> widget(make());
-    QVERIFY(!ZelEqual(ZelValueForKey(widget.get(), key), value));
-    Recorder recorder;
-    if (tells)
-        ZelAddObserver(widget.get(), &recorder, key, {}, nullptr);
-    const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(widget.get(), key);
-    QVERIFY(accessor && accessor->write(widget.get(), value));
-    const QVariant read = ZelValueForKey(widget.get(), key);
-    QVERIFY(ZelEqual(read, value) || read.toStringList() == value.toStringList());
-    if (const auto *button = qobject_cast<QAbstractButton *>(widget.get()))
-        QVERIFY(button->shortcut().isEmpty()); // titles have no mnemonics
-    if (tells) {
-        QVERIFY(recorder.count() > 0);
-        ZelRemoveObserver(widget.get(), &recorder, key, nullptr);
-    }
-}
-
-void tst_ZelControlAccessors::hiddenFollowsTheWidgetNotItsWindow()
-{
-    QWidget window;
-    QWidget child(&window);
-    Recorder recorder;
-    ZelAddObserver(&child, &recorder, QStringLiteral("hidden"), {}, nullptr);
-    ZelSetValueForKey(&child, true, "hidden");
-    QCOMPARE(ZelValueForKey(&child, "hidden"), QVariant(true));
-    window.show();
-    QVERIFY(child.isHidden());
-    const int count = recorder.count();
-    QVERIFY(count > 0);
-    child.show();
-    QVERIFY(recorder.count() > count);
-    QCOMPARE(ZelValueForKey(&child, "hidden"), QVariant(false));
-
-    // Qt hides widgets in its own events as well, which nothing may be thrown through.
-    const Reports reports;
-    recorder.react = [] { throw ZelGenericException(QStringLiteral("an observer's")); };
-    child.hide();
-    QCOMPARE(reports.messages, QStringList(QStringLiteral("an observer's")));
-    recorder.react = nullptr;
-    ZelRemoveObserver(&child, &recorder, QStringLiteral("hidden"), nullptr);
-    child.setParent(nullptr);
-}
-
-void tst_ZelControlAccessors::controlsTakeMarkers()
-{
-    const QVariant several = QVariant::fromValue(ZelMultipleValuesMarker);
-    const QList<QWidget *> controls = {new ZelTextField,   new ZelGrowingTextField, new ZelCheckBox,
-                                       new ZelPopUpButton, new ZelStepper,          new ZelSlider};
-    for (QWidget *control : controls) {
-        const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(control, "value");
-        QVERIFY(accessor->takesMarkers());
-        QVERIFY(accessor->editSignalIndex() >= 0);
-        QVERIFY(accessor->write(control, several));
-        QVERIFY(ZelIsMarker(accessor->read(control), ZelMultipleValuesMarker));
-        control->resize(control->sizeHint());
-        control->grab();
-    }
-    qDeleteAll(controls);
-    ZelLabel label;
-    ZelPropertyAccessor::find(&label, "value")->write(&label, several);
-    QCOMPARE(label.text(), QStringLiteral("Multiple Values"));
-    QPushButton button;
-    QVERIFY(!ZelPropertyAccessor::find(&button, "value")->takesMarkers());
-}
-
-void tst_ZelControlAccessors::absentLimitsChangeNothing()
-{
-    ZelSlider slider;
-    slider.setMaxValue(50);
-    const ZelPropertyAccessor *accessor = ZelPropertyAccessor::find(&slider, "maxValue");
-    QVERIFY(!accessor->write(&slider, {}));
-    QVERIFY(!accessor->write(&slider, QVariant::fromValue(ZelMultipleValuesMarker)));
-    QVERIFY(!accessor->write(&slider, QStringLiteral("wide")));
-    QCOMPARE(slider.maxValue(), 50.0);
-}
-
-void tst_ZelControlAccessors::assistiveTechnologySeesAndEdits()
-{
-    ZelLabel label(QStringLiteral("Width"));
-    QAccessibleInterface *labelInterface = QAccessible::queryAccessibleInterface(&label);
-    QCOMPARE(labelInterface->role(), QAccessible::StaticText);
-    QCOMPARE(labelInterface->text(QAccessible::Name), QStringLiteral("Width"));
-
-    ZelPopUpButton button;
-    button.addItem(new QAction(QStringLiteral("&Choice"), &button));
-    button.setSelectedIndex(0);
-    button.setAccessibleName(QStringLiteral("Kind"));
-    QAccessibleInterface *popUp = QAccessible::queryAccessibleInterface(&button);
-    QCOMPARE(popUp->role(), QAccessible::ComboBox);
-    QCOMPARE(popUp->text(QAccessible::Name), QStringLiteral("Kind"));
-    QCOMPARE(popUp->text(QAccessible::Value), QStringLiteral("Choice"));
-}
 
 QTEST_MAIN(tst_ZelControlAccessors)
 #include "tst_ZelControlAccessors.moc"
