@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Checks that every folder of src/ includes only folders that it may use.
 
-src/CMakeLists.txt names them: zel_folder(name path folders... SHELVES folders...), lower ones first. A folder may include
-itself and what its folders reach; its private/ and its shelves belong to it. A header that is installed includes none that
+src/CMakeLists.txt names them: zel_folder(name path folders... [SHELVES folders...] [LIBRARIES ...]), lower ones first. A folder may
+include itself and what its folders reach; its private/ and its shelves belong to it. A header that is installed includes none that
 lies in a private/. The layers below keep that list itself from being turned upside down.
 """
 import re
@@ -35,7 +35,7 @@ def read_folders(cmake_file, breaches):
         match = FOLDER.match(line)
         if not match:
             continue
-        uses, _, shelves = match[3].partition("SHELVES")
+        uses, _, shelves = match[3].partition(" LIBRARIES ")[0].partition(" SHELVES ")
         name, path, uses = "zel_" + match[1], match[2], uses.split()
         place = f"{cmake_file}:{number}"
         if layer_of(path) is None:

@@ -69,11 +69,6 @@ QVariant colorOfName(const QVariant &value)
     return colorsOfNames().value(value.toString(), ZelColor(QColor(Qt::black))).toQColor();
 }
 
-bool isString(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QString;
-}
-
 constexpr ZelNamedValueTransformer::Row g_row = {
     "QString", nullptr, {&ZelColor::isColor, &nameOfColor}, {&isString, &colorOfName}};
 

@@ -24,11 +24,6 @@ const QString ZelDebugTransformerName = QStringLiteral("ZelDebugTransformerName"
 
 namespace {
 
-bool isString(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QString;
-}
-
 QVariant falseResult()
 {
     return false;

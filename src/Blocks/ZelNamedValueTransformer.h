@@ -32,6 +32,8 @@ public:
     QString transformedValueClass() const override { return QString::fromLatin1(m_row.valueClass); }
 
 protected:
+    static bool isString(const QVariant &value) { return value.typeId() == QMetaType::QString; }
+
     explicit ZelNamedValueTransformer(const Row &row)
         : m_row(row)
     {

@@ -14,7 +14,7 @@
 
 namespace {
 
-const char g_context = 0;
+const char g_colorsContext = 0;
 constexpr int g_width = 273;
 constexpr int g_indent = 19;
 
@@ -120,14 +120,14 @@ void ZelColorMenuItemView::viewDidInstall()
     ZelView::viewDidInstall();
     ZelObservations(this).addObservationWithObject(
         ZelUsedColorList::sharedUsedColorList(), "colors", ZelKeyValueObservingOptionEqualCheck,
-        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateColorButtons(); }, &g_context);
+        [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateColorButtons(); }, &g_colorsContext);
     updateColorButtons();
 }
 
 void ZelColorMenuItemView::viewWillUninstall()
 {
     ZelView::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).removeAllObservationsForContext(&g_colorsContext);
 }
 
 void ZelColorMenuItemView::updateColorButtons()

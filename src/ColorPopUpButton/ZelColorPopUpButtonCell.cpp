@@ -22,7 +22,7 @@ const QString ZelColorPopUpButtonDidBecomeActiveNotification =
 
 namespace {
 
-const char g_context = 0;
+const char g_menuContext = 0;
 
 const QString g_wrongValue = QStringLiteral("Wrong value");
 
@@ -420,9 +420,9 @@ void ZelColorPopUpButtonCell::panelActiveDidChange()
         ZelObservations(this).addObservationWithCenter(
             nullptr, ZelColorPopUpButtonDidBecomeActiveNotification, nullptr,
             [this](ZelNotificationObservation *, const ZelNotification &) { colorPopUpButtonDidBecomeActive(); },
-            &g_context);
+            &g_menuContext);
     } else {
-        ZelObservations(this).removeAllObservationsForContext(&g_context);
+        ZelObservations(this).removeAllObservationsForContext(&g_menuContext);
         if (isPresentColor(m_selectedColor))
             ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor::fromVariant(m_selectedColor));
     }

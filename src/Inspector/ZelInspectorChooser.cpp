@@ -13,7 +13,7 @@
 #include "Views/ZelVerticalStackView.h"
 
 namespace {
-const char g_context = 0;
+const char g_chooserContext = 0;
 }
 
 ZelInspectorChooser::ZelInspectorChooser(QObject *owner)
@@ -211,12 +211,12 @@ void ZelInspectorChooser::viewDidInstall()
 void ZelInspectorChooser::viewWillUninstall()
 {
     ZelInspectorConditionalContainer::viewWillUninstall();
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).removeAllObservationsForContext(&g_chooserContext);
 }
 
 void ZelInspectorChooser::observeKeyPath()
 {
-    ZelObservations(this).removeAllObservationsForContext(&g_context);
+    ZelObservations(this).removeAllObservationsForContext(&g_chooserContext);
     if (m_keyPath.isEmpty() || !owner())
         return;
     ZelObservations(this).addObservationWithObject(
@@ -225,7 +225,7 @@ void ZelInspectorChooser::observeKeyPath()
             if (self)
                 self->updateContentView();
         },
-        &g_context);
+        &g_chooserContext);
 }
 
 // Content

@@ -9,7 +9,7 @@
 #include "ViewController/ZelView.h"
 
 namespace {
-const char g_context = 0;
+const char g_conditionContext = 0;
 }
 
 ZelInspectorConditionalContainer::ZelInspectorConditionalContainer(QObject *owner, Observes observes)
@@ -83,14 +83,14 @@ void ZelInspectorConditionalContainer::bindAndConfigure()
             if (self)
                 ZelExceptionReporter::passOn(self.data(), [&] { self->updateVisible(); });
         },
-        &g_context);
+        &g_conditionContext);
     updateVisible();
 }
 
 void ZelInspectorConditionalContainer::unbindAndTearDown()
 {
     if (std::exchange(m_bound, false))
-        ZelObservations(this).removeAllObservationsForContext(&g_context);
+        ZelObservations(this).removeAllObservationsForContext(&g_conditionContext);
 }
 
 void ZelInspectorConditionalContainer::updateHidden()

@@ -4,7 +4,7 @@
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Values/ZelValues.h"
 
-static const char g_context = 0;
+static const char g_blockContext = 0;
 
 QSharedPointer<ZelBlockObservation> ZelBlockObservation::observationWithObject(QObject *object,
                                                                                const ZelKeyPath &keyPath,
@@ -33,13 +33,13 @@ QString ZelBlockObservation::description() const
 
 const void *ZelBlockObservation::context() const
 {
-    return &g_context;
+    return &g_blockContext;
 }
 
 void ZelBlockObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *object, const ZelKeyValueChange &change,
                                                  const void *context)
 {
-    if (context != &g_context || isCancelled())
+    if (context != &g_blockContext || isCancelled())
         return;
     if (change.keyValueChangeKind() != ZelKeyValueChangeSetting && !admitsMutation(object))
         return;

@@ -6,7 +6,7 @@
 
 #include <QMetaMethod>
 
-static const char g_context = 0;
+static const char g_delegateContext = 0;
 
 QSharedPointer<ZelDelegateObservation>
 ZelDelegateObservation::observationWithObject(QObject *object, const ZelKeyPath &keyPath,
@@ -38,13 +38,13 @@ QString ZelDelegateObservation::description() const
 
 const void *ZelDelegateObservation::context() const
 {
-    return &g_context;
+    return &g_delegateContext;
 }
 
 void ZelDelegateObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &change,
                                                     const void *context)
 {
-    if (context != &g_context || isCancelled())
+    if (context != &g_delegateContext || isCancelled())
         return;
     if (!holdsBack(change))
         deliver(change);

@@ -6,7 +6,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Observation/ZelKeyValueObservation.h"
 
-static const char g_context = 0;
+static const char g_keyPathContext = 0;
 
 QSharedPointer<ZelKeyPathObservation> ZelKeyPathObservation::observationWithObject(QObject *object,
                                                                                    const ZelKeyPath &keyPath,
@@ -37,14 +37,14 @@ QString ZelKeyPathObservation::description() const
 
 void ZelKeyPathObservation::start()
 {
-    ZelAddObserver(m_object, this, m_key, ZelKeyValueObservingOptionPrior, &g_context);
+    ZelAddObserver(m_object, this, m_key, ZelKeyValueObservingOptionPrior, &g_keyPathContext);
     updateObservers();
 }
 
 void ZelKeyPathObservation::stop()
 {
     if (m_object)
-        ZelRemoveObserver(m_object, this, m_key, &g_context);
+        ZelRemoveObserver(m_object, this, m_key, &g_keyPathContext);
     cancelObservations();
     m_object.clear();
     m_keyPath = {};
@@ -83,7 +83,7 @@ void ZelKeyPathObservation::addObservation(const QVariant &value)
 void ZelKeyPathObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &change,
                                                    const void *context)
 {
-    if (context != &g_context || isCancelled())
+    if (context != &g_keyPathContext || isCancelled())
         return;
     if (m_options & ZelKeyValueObservingOptionNoMutation && change.keyValueChangeKind() != ZelKeyValueChangeSetting)
         return;

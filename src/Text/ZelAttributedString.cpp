@@ -2,6 +2,7 @@
 #include "Text/ZelAttributedString.h"
 
 #include "Resources/ZelColor.h"
+#include "Text/private/ZelFontLines.h"
 
 #include <QFont>
 #include <QTextCharFormat>
@@ -17,8 +18,6 @@ using Attributes = ZelAttributedString::Attributes;
         [](const ZelAttributedString &string) { return string.text(); }) &&
     QMetaType::registerConverter<QString, ZelAttributedString>(
         [](const QString &text) { return ZelAttributedString(text); });
-
-constexpr uint g_lines = QFont::UnderlineResolved | QFont::OverlineResolved | QFont::StrikeOutResolved;
 
 /// Answers the text with newlines between its paragraphs, and without the characters that have a meaning to a document.
 QString normalized(QString text)
@@ -63,7 +62,7 @@ void storeFont(Attributes *attributes, QFont font)
     font.setUnderline(false);
     font.setOverline(false);
     font.setStrikeOut(false);
-    font.setResolveMask(mask & ~g_lines);
+    font.setResolveMask(mask & ~ZelFontLines);
     attributes->insert(ZelAttributedString::Font, font);
 }
 

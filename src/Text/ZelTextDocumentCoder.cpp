@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Text/ZelTextDocumentCoder.h"
 
+#include "Text/private/ZelFontLines.h"
+
 #include <QFont>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -17,8 +19,6 @@ constexpr int g_otherAttributes = QTextFormat::UserProperty + 0x5a01;
 constexpr int g_paragraphStyle = QTextFormat::UserProperty + 0x5a02;
 /// The direction for which the style was applied. Text that is typed later may turn the paragraph round.
 constexpr int g_appliedDirection = QTextFormat::UserProperty + 0x5a03;
-
-constexpr uint g_lines = QFont::UnderlineResolved | QFont::OverlineResolved | QFont::StrikeOutResolved;
 
 /// Attributes that are one property of a character format, of the same type.
 struct SimpleAttribute
@@ -267,7 +267,7 @@ ZelAttributedString::Attributes ZelTextDocumentCoder::attributes(const QTextChar
             result.insert(attribute.name, value);
     }
     QFont font = format.font();
-    font.setResolveMask(font.resolveMask() & ~g_lines);
+    font.setResolveMask(font.resolveMask() & ~ZelFontLines);
     if (font.resolveMask() != 0)
         result.insert(ZelAttributedString::Font, font);
     result.insert(ZelAttributedString::ForegroundColor, colorOf(format, QTextFormat::ForegroundBrush));

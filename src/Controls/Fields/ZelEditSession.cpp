@@ -6,6 +6,7 @@
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Resources/ZelLocalizedString.h"
 
 #include <QApplication>
@@ -44,10 +45,8 @@ void ZelEditSession::setFormatter(const ZelFormatter::Ptr &formatter)
 
 void ZelEditSession::setNullPlaceholder(const QString &text)
 {
-    if (text == m_nullPlaceholder)
-        return;
-    m_nullPlaceholder = text;
-    refresh();
+    if (ZelAssign(m_nullPlaceholder, text))
+        refresh();
 }
 
 void ZelEditSession::setEditable(bool editable)
@@ -164,9 +163,8 @@ void ZelEditSession::report()
 
 void ZelEditSession::setError(const QString &error)
 {
-    if (error == m_error)
+    if (!ZelAssign(m_error, error))
         return;
-    m_error = error;
     m_field->setAccessibleDescription(error);
     ZelErrorNote::show(&m_errorNote, m_field, error);
     errorDidChange();

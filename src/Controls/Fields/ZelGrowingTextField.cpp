@@ -3,9 +3,11 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelGrowingTextEditor.h"
+#include "Controls/private/ZelLineEditMargin.h"
 #include "Controls/private/ZelTextWidth.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Controls/private/ZelWrappedText.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Layout/private/ZelLayoutTurn.h"
 
 #include <QContextMenuEvent>
@@ -14,13 +16,6 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QtMath>
-
-namespace {
-
-/// The same as in a line edit.
-constexpr int g_horizontalMargin = 2;
-
-} // namespace
 
 ZelGrowingTextField::ZelGrowingTextField(QWidget *parent)
     : ZelGuarded(parent)
@@ -51,9 +46,8 @@ void ZelGrowingTextField::applyEditable(bool editable)
 
 void ZelGrowingTextField::setLabelStyle(bool labelStyle)
 {
-    if (labelStyle == m_labelStyle)
+    if (!ZelAssign(m_labelStyle, labelStyle))
         return;
-    m_labelStyle = labelStyle;
     setEditable(!labelStyle);
     m_contentMargins.reset();
     forgetMeasures();
@@ -256,8 +250,8 @@ QMargins ZelGrowingTextField::contentMargins() const
     const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
     const int textHeight = option.fontMetrics.height();
     const int top = contents.y() + (contents.height() - textHeight + 1) / 2;
-    return m_contentMargins.emplace(contents.x() + g_horizontalMargin, top,
-                                    option.rect.right() - contents.right() + g_horizontalMargin,
+    return m_contentMargins.emplace(contents.x() + ZelLineEditMargin, top,
+                                    option.rect.right() - contents.right() + ZelLineEditMargin,
                                     std::max(0, height - top - textHeight));
 }
 

@@ -3,6 +3,7 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/private/ZelAssign.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
@@ -168,10 +169,8 @@ void ZelLinkTextField::setHoveredLink(qsizetype link)
 {
     if (!isEditable())
         viewport()->setCursor(link >= 0 ? Qt::PointingHandCursor : Qt::IBeamCursor);
-    if (link == m_hoveredLink)
-        return;
-    m_hoveredLink = link;
-    showLinks();
+    if (ZelAssign(m_hoveredLink, link))
+        showLinks();
 }
 
 void ZelLinkTextField::mouseMoveEvent(QMouseEvent *event)

@@ -3,8 +3,10 @@
 
 #include "Controls/ZelControlSize.h"
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelLineEditMargin.h"
 #include "Controls/private/ZelTextWidth.h"
 #include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/private/ZelAssign.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -14,9 +16,6 @@
 #include <QTextLayout>
 
 namespace {
-
-/// The margins that a QLineEdit keeps around its text.
-constexpr int g_horizontalMargin = 2;
 
 QTextLine layOut(QTextLayout &layout, Qt::LayoutDirection direction, double width)
 {
@@ -47,9 +46,8 @@ void ZelTextField::setFormatter(const ZelFormatter::Ptr &formatter)
 
 void ZelTextField::setLabelStyle(bool labelStyle)
 {
-    if (labelStyle == m_labelStyle)
+    if (!ZelAssign(m_labelStyle, labelStyle))
         return;
-    m_labelStyle = labelStyle;
     setFrame(!labelStyle);
     setEditable(!labelStyle);
     m_sizeHint = m_minimumSizeHint = QSize();
@@ -58,10 +56,8 @@ void ZelTextField::setLabelStyle(bool labelStyle)
 
 void ZelTextField::setDimmed(bool dimmed)
 {
-    if (dimmed == m_dimmed)
-        return;
-    m_dimmed = dimmed;
-    updateColors();
+    if (ZelAssign(m_dimmed, dimmed))
+        updateColors();
 }
 
 void ZelTextField::showValue()
@@ -202,7 +198,7 @@ QRect ZelTextField::textRect() const
     initStyleOption(&panel);
     const QRect contents =
         style()->subElementRect(QStyle::SE_LineEditContents, &panel, this).marginsRemoved(textMargins());
-    return contents.adjusted(g_horizontalMargin, 0, -g_horizontalMargin, 0);
+    return contents.adjusted(ZelLineEditMargin, 0, -ZelLineEditMargin, 0);
 }
 
 /// Answers the whole text if the field is too narrow to show it, otherwise null.

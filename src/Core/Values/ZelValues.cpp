@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Values/ZelValues.h"
 
+#include "Core/Values/private/ZelNumberTypes.h"
+
 #include <QColor>
 #include <QDateTime>
 #include <QMetaObject>
@@ -48,22 +50,12 @@ bool isNumberType(QMetaType type)
            (type.flags().testFlag(QMetaType::IsEnumeration) && type != QMetaType::fromType<ZelControllerMarker>());
 }
 
-bool isFloating(int type)
-{
-    return type == QMetaType::Double || type == QMetaType::Float;
-}
-
-bool isUnsigned(int type)
-{
-    return type == QMetaType::ULongLong || type == QMetaType::ULong;
-}
-
 bool equalNumbers(const QVariant &a, int typeA, const QVariant &b, int typeB)
 {
-    if (isFloating(typeA) || isFloating(typeB))
+    if (ZelNumberTypes::isFloating(typeA) || ZelNumberTypes::isFloating(typeB))
         return a.toDouble() == b.toDouble();
-    if (isUnsigned(typeA) != isUnsigned(typeB)) {
-        const QVariant &other = isUnsigned(typeA) ? b : a;
+    if (ZelNumberTypes::isUnsigned(typeA) != ZelNumberTypes::isUnsigned(typeB)) {
+        const QVariant &other = ZelNumberTypes::isUnsigned(typeA) ? b : a;
         if (other.toLongLong() < 0)
             return false;
     }

@@ -11,11 +11,6 @@ namespace {
 
 ZelXmlReader::Limits g_limits;
 
-bool isHexadecimal(QStringView text)
-{
-    return text.startsWith(u"0x") || text.startsWith(u"0X");
-}
-
 } // namespace
 
 std::optional<ZelInspectorConfiguration> ZelInspectorConfiguration::initWIthURL(const QUrl &url, ZelReadError *error)
@@ -97,7 +92,7 @@ qint64 ZelInspectorConfiguration::integerValueNamed(QAnyStringView name, qint64 
     const QStringView text = m_element.attribute(name);
     if (text.isNull())
         return defaultValue;
-    if (!isHexadecimal(text))
+    if (!ZelNumberScanner::isHexadecimal(text))
         return ZelNumberScanner::integer(text);
     const std::optional<quint64> bits = ZelNumberScanner::hexadecimal(text);
     if (!bits)

@@ -3,7 +3,6 @@
 
 #include "Inspector/Description/private/ZelXmlTreeBuilder.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <optional>
@@ -11,11 +10,6 @@
 namespace {
 
 constexpr qint64 g_largestSize = 1 << 30; // positions in a tree are 32 bits wide
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ZelXmlReader", text);
-}
 
 /// The path of a local file or Qt resource; null for anything else.
 QString pathOf(const QUrl &url)
@@ -32,11 +26,11 @@ std::optional<QByteArray> readFile(const QString &path, qint64 limit, QString &m
 {
     const QFileInfo info(path);
     if (!info.exists())
-        message = tr("The file does not exist.");
+        message = ZelXmlReader::tr("The file does not exist.");
     else if (info.isDir())
-        message = tr("This is a directory, not a file.");
+        message = ZelXmlReader::tr("This is a directory, not a file.");
     else if (!info.isFile()) // a pipe would be waited for, a device may never end
-        message = tr("This is not an ordinary file.");
+        message = ZelXmlReader::tr("This is not an ordinary file.");
     if (!message.isNull())
         return std::nullopt;
     QFile file(path);

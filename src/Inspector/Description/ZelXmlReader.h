@@ -6,6 +6,7 @@
 #include "Inspector/Description/ZelXmlElement.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QUrl>
 
 /// Reads small XML documents that may come from anybody.
@@ -15,6 +16,8 @@
 /// size.
 class ZEL_EXPORT ZelXmlReader
 {
+    Q_DECLARE_TR_FUNCTIONS(ZelXmlReader)
+
 public:
     struct Limits
     {

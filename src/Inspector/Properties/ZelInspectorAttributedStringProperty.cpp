@@ -6,6 +6,7 @@
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Inspector/Properties/private/ZelParagraphStyleValues.h"
@@ -243,10 +244,8 @@ void ZelInspectorAttributedStringProperty::updateFormattable()
     const bool formattable = m_textView && m_textView->isEditable() && isEffectivelyEnabled();
     if (m_segmentedControl)
         m_segmentedControl->setEditable(formattable);
-    if (formattable == m_formattable)
-        return;
-    m_formattable = formattable;
-    Q_EMIT formattableChanged();
+    if (ZelAssign(m_formattable, formattable))
+        Q_EMIT formattableChanged();
 }
 
 // The value

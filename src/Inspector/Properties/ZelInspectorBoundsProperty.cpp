@@ -5,6 +5,7 @@
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Layout/ZelConstraintLayout.h"
@@ -114,10 +115,8 @@ void ZelInspectorBoundsProperty::setFlipped(const QVariant &flipped)
 
 void ZelInspectorBoundsProperty::setAnchor(ZelRectAnchor anchor)
 {
-    if (anchor == m_anchor)
-        return;
-    m_anchor = anchor;
-    Q_EMIT anchorChanged();
+    if (ZelAssign(m_anchor, anchor))
+        Q_EMIT anchorChanged();
 }
 
 ZelRectAnchor ZelInspectorBoundsProperty::flippedAnchor(ZelRectAnchor anchor) const

@@ -10,6 +10,7 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Observation/ZelDelayedInvocation.h"
@@ -232,10 +233,8 @@ void ZelInspectorCompositeProperty::updateInternalEnabled()
         return; // key paths are evaluated when the view is installed
     const ZelPlaceScope scope(this);
     const bool enabled = computeInternalEnabled();
-    if (enabled == m_internalEnabled)
-        return;
-    m_internalEnabled = enabled;
-    Q_EMIT internalEnabledChanged();
+    if (ZelAssign(m_internalEnabled, enabled))
+        Q_EMIT internalEnabledChanged();
 }
 
 // Editors

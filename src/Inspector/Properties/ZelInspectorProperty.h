@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Core/KeyValue/ZelSelector.h"
+#include "Core/RunLoop/ZelMemberScope.h"
 #include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/ZelExport.h"
 #include "Observation/ZelDelayedInvocation.h"
@@ -135,7 +136,7 @@ public:
     virtual bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const;
 
     /// Whether the editor is writing at this moment and therefore shows no changes of the model.
-    bool isUpdatingValues() const { return m_updatingValues > 0; }
+    bool isUpdatingValues() const { return m_updatingValues; }
     /// Shows the model's present state.
     virtual void updateView() {}
 
@@ -153,23 +154,13 @@ Q_SIGNALS:
 
 protected:
     /// Marks the editor's own writes. Editors that use it do nothing in updateView meanwhile.
-    class UpdatingValues
+    class UpdatingValues : private ZelMemberScope<bool>
     {
     public:
         explicit UpdatingValues(ZelInspectorProperty *property)
-            : m_property(property)
+            : ZelMemberScope(property, property->m_updatingValues, true)
         {
-            ++property->m_updatingValues;
         }
-        ~UpdatingValues()
-        {
-            if (m_property)
-                --m_property->m_updatingValues;
-        }
-        Q_DISABLE_COPY_MOVE(UpdatingValues)
-
-    private:
-        QPointer<ZelInspectorProperty> m_property;
     };
 
     /// Why the model's property would not take the value, as a text for people; null where it would.
@@ -218,7 +209,7 @@ private:
     QMetaObject::Connection m_selectionConnection;
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
     std::unique_ptr<ZelMissingKeyWatch> m_missingKey; // while the view is installed and the key is not known
-    int m_updatingValues = 0;
+    bool m_updatingValues = false;
     bool m_enabled = true;
     bool m_readOnly = false;
     bool m_isKeyKnown = false; // a selected object had it, or its absence was warned of

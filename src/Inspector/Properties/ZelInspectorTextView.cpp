@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorTextView.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "Text/ZelTextDocumentCoder.h"
 
 #include <QTextBlock>
@@ -31,10 +32,8 @@ ZelInspectorTextView::ZelInspectorTextView(QWidget *parent)
 void ZelInspectorTextView::noteSelection()
 {
     const Range range = selectedRange();
-    if (range == m_knownRange)
-        return;
-    m_knownRange = range;
-    Q_EMIT selectionDidChange();
+    if (ZelAssign(m_knownRange, range))
+        Q_EMIT selectionDidChange();
 }
 
 ZelInspectorTextView::Range ZelInspectorTextView::selectedRange() const

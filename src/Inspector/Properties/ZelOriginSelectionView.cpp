@@ -2,6 +2,7 @@
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 
 #include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/private/ZelOriginImages.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
@@ -33,9 +34,8 @@ QSize ZelOriginSelectionView::sizeHint() const
 
 void ZelOriginSelectionView::setAnchor(ZelRectAnchor anchor)
 {
-    if (anchor == m_anchor)
+    if (!ZelAssign(m_anchor, anchor))
         return;
-    m_anchor = anchor;
     updateImage();
     announceCurrentCell();
     Q_EMIT anchorChanged();

@@ -14,7 +14,7 @@
 namespace {
 
 using Constraint = ZelAxisConstraint;
-constexpr double g_tiny = 1e-6;
+constexpr double g_leastOverrun = 1e-6;
 constexpr float g_placePriority = 0.001F; // keeps boxes that nothing places at the container's start
 
 double valueOf(const Constraint::Operand &operand, double length, const ZelLayoutSpans &spans)
@@ -395,7 +395,7 @@ float ZelLayoutAxis::findResistance(const ZelLayoutBoxes &boxes, double length, 
     float highest = 0;
     double difference = 0;
     for (const auto &[priority, amount] : m_misses) {
-        if (std::abs(amount) > g_tiny && priority > highest) {
+        if (std::abs(amount) > g_leastOverrun && priority > highest) {
             highest = priority;
             difference = amount;
         }

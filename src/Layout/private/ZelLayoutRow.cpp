@@ -13,7 +13,7 @@
 
 namespace {
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
-constexpr double g_tiny = 1e-9;
+constexpr double g_leastRoom = 1e-9;
 constexpr float g_required = 1000;
 } // namespace
 
@@ -134,23 +134,23 @@ bool ZelLayoutRow::fillContainer(const ZelAxisConstraints &all, double length)
     const float below = isRequired ? g_required : end;
     const double missing = length + m_pattern.end.in(all)-extent(true);
     if (missing > 0)
-        return stretch(missing, m_states.size(), below) < g_tiny || !isRequired;
+        return stretch(missing, m_states.size(), below) < g_leastRoom || !isRequired;
     if (isBoundOnEnd)
-        return takeAway(std::min(-missing, canShrink), g_infinity, below) < g_tiny || !isRequired;
-    return takeAway(-missing, canShrink, below) < g_tiny || !isRequired;
+        return takeAway(std::min(-missing, canShrink), g_infinity, below) < g_leastRoom || !isRequired;
+    return takeAway(-missing, canShrink, below) < g_leastRoom || !isRequired;
 }
 
 /// Compresses the members; those before the last one may give up a limited part only. Answers what could not be taken.
 double ZelLayoutRow::takeAway(double amount, double beforeLast, float below)
 {
-    while (amount > g_tiny) {
-        const bool fromAll = beforeLast > g_tiny;
+    while (amount > g_leastRoom) {
+        const bool fromAll = beforeLast > g_leastRoom;
         const double part = fromAll ? std::min(amount, beforeLast) : amount;
         const double before = extent(false);
         const double rest = compress(part, fromAll ? 0 : m_states.size() - 1, below);
         beforeLast -= before - extent(false);
         amount -= part - rest;
-        if (rest > g_tiny)
+        if (rest > g_leastRoom)
             break;
     }
     return amount;
@@ -165,10 +165,10 @@ double ZelLayoutRow::stretch(double amount, size_t memberCount, float below)
         return std::min(limit, std::max(s.cap(), s.length)) - s.length;
     };
     const auto level = [](const State &s) { return s.length < s.maximum ? s.hugging : ZelLayoutBox::LimitPriority; };
-    while (amount > g_tiny) {
+    while (amount > g_leastRoom) {
         float weakest = below;
         for (size_t i = 0; i < memberCount; ++i) {
-            if (level(m_states[i]) < weakest && room(m_states[i]) > g_tiny)
+            if (level(m_states[i]) < weakest && room(m_states[i]) > g_leastRoom)
                 weakest = level(m_states[i]);
         }
         if (weakest >= below)
@@ -200,10 +200,10 @@ double ZelLayoutRow::compress(double amount, size_t firstMember, float below)
         return s.length > 0 ? ZelLayoutBox::LimitPriority : ZelLayoutBox::NotNegativePriority;
     };
     const auto room = [&](const State &s) { return s.length - limit(s); };
-    while (amount > g_tiny) {
+    while (amount > g_leastRoom) {
         float weakest = below;
         for (size_t i = firstMember; i < m_states.size(); ++i) {
-            if (level(m_states[i]) < weakest && room(m_states[i]) > g_tiny)
+            if (level(m_states[i]) < weakest && room(m_states[i]) > g_leastRoom)
                 weakest = level(m_states[i]);
         }
         if (weakest >= below)
@@ -239,11 +239,11 @@ bool ZelLayoutRow::equalize(const ZelAxisConstraints &all, const ZelLayoutBoxes 
     line.advance(0);
     for (State &state : m_states) {
         state.length = line.value();
-        if (state.length < state.requiredMinimum - g_tiny || state.length > state.requiredMaximum + g_tiny)
+        if (state.length < state.requiredMinimum - g_leastRoom || state.length > state.requiredMaximum + g_leastRoom)
             return false;
     }
     const bool mustFit = length && reachesEnd() && all[size_t(m_pattern.end.constraint)].isRequired();
-    return !mustFit || std::abs(*length + m_pattern.end.in(all)-extent(true)) < g_tiny;
+    return !mustFit || std::abs(*length + m_pattern.end.in(all)-extent(true)) < g_leastRoom;
 }
 
 void ZelLayoutRow::addLengthGoals(ZelLineMinimizer &line, const ZelLayoutBoxes &boxes) const

@@ -7,18 +7,18 @@
 namespace {
 
 using Attribute = ZelLayoutConstraint::Attribute;
-constexpr double g_tiny = 1e-6;
+constexpr double g_roundingSlack = 1e-6;
 
 /// Rounds a place to whole points. Two sums that mean the same place, and differ by noise around a half, must give the
 /// same point.
 int snap(double place)
 {
-    return int(std::floor(place + 0.5 + g_tiny));
+    return int(std::floor(place + 0.5 + g_roundingSlack));
 }
 
 int roundedUp(double length)
 {
-    return int(std::ceil(length - g_tiny));
+    return int(std::ceil(length - g_roundingSlack));
 }
 
 QRect snappedRect(const ZelLayoutSpan &horizontal, const ZelLayoutSpan &vertical)

@@ -3,8 +3,6 @@
 
 #include "Core/Errors/ZelAssertions.h"
 
-using Constraint = ZelLayoutConstraint;
-
 ZelVisualFormat::ZelVisualFormat(const QString &format, const QHash<QString, QWidget *> &views,
                                  const QHash<QString, double> &metrics)
     : m_format(format)
@@ -132,9 +130,9 @@ bool ZelVisualFormat::parseRules(Rules &rules, bool mayNameViews)
 bool ZelVisualFormat::parseRule(Rule &rule, bool mayNameViews)
 {
     if (accept("<="))
-        rule.relation = Constraint::LessThanOrEqual;
+        rule.relation = ZelLayoutConstraint::LessThanOrEqual;
     else if (accept(">="))
-        rule.relation = Constraint::GreaterThanOrEqual;
+        rule.relation = ZelLayoutConstraint::GreaterThanOrEqual;
     else
         accept("==");
     const qsizetype place = m_position;
@@ -206,24 +204,26 @@ QString ZelVisualFormat::parseName()
 /// Adds the gaps between two views. Where one of them is null, they run to the edge of the superview.
 void ZelVisualFormat::addGaps(QWidget *before, QWidget *after, const Rules &rules)
 {
-    const auto start = m_isVertical ? Constraint::Top : Constraint::Leading;
-    const auto end = m_isVertical ? Constraint::Bottom : Constraint::Trailing;
+    const auto start = m_isVertical ? ZelLayoutConstraint::Top : ZelLayoutConstraint::Leading;
+    const auto end = m_isVertical ? ZelLayoutConstraint::Bottom : ZelLayoutConstraint::Trailing;
     for (const Rule &rule : rules) {
         if (after)
-            m_constraints += Constraint::constraintWithItem(after, start, rule.relation, before ? before : m_superview,
-                                                            before ? end : start, 1, rule.constant, rule.priority);
+            m_constraints +=
+                ZelLayoutConstraint::constraintWithItem(after, start, rule.relation, before ? before : m_superview,
+                                                        before ? end : start, 1, rule.constant, rule.priority);
         else
-            m_constraints += Constraint::constraintWithItem(before, end, Constraint::Relation(-rule.relation),
-                                                            m_superview, end, 1, -rule.constant, rule.priority);
+            m_constraints +=
+                ZelLayoutConstraint::constraintWithItem(before, end, ZelLayoutConstraint::Relation(-rule.relation),
+                                                        m_superview, end, 1, -rule.constant, rule.priority);
     }
 }
 
 void ZelVisualFormat::addSizes(QWidget *widget, const Rules &rules)
 {
-    const auto size = m_isVertical ? Constraint::Height : Constraint::Width;
+    const auto size = m_isVertical ? ZelLayoutConstraint::Height : ZelLayoutConstraint::Width;
     for (const Rule &rule : rules) {
-        m_constraints += Constraint::constraintWithItem(widget, size, rule.relation, rule.widget,
-                                                        rule.widget ? size : Constraint::NotAnAttribute, 1,
-                                                        rule.constant, rule.priority);
+        m_constraints += ZelLayoutConstraint::constraintWithItem(
+            widget, size, rule.relation, rule.widget, rule.widget ? size : ZelLayoutConstraint::NotAnAttribute, 1,
+            rule.constant, rule.priority);
     }
 }

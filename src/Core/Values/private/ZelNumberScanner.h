@@ -13,6 +13,8 @@ public:
     /// Whether the text is a whole number and nothing else: blanks, a sign and decimal digits, or "0x" and hexadecimal
     /// digits.
     static bool isInteger(QStringView text);
+    /// Whether the text begins with "0x", which announces hexadecimal digits.
+    static bool isHexadecimal(QStringView text) { return text.startsWith(u"0x", Qt::CaseInsensitive); }
     /// Reads blanks, an optional "0x" and hexadecimal digits; answers nothing if there is no digit. A number that is
     /// too large gives the largest one.
     static std::optional<quint64> hexadecimal(QStringView text);

@@ -3,6 +3,7 @@
 
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelNumberTypes.h"
 
 #include <QUrl>
 #include <QUuid>
@@ -23,20 +24,10 @@ struct NumberType
     QVariant (*ofBits)(quint64 bits);
 };
 
-bool isFloating(int type)
-{
-    return type == QMetaType::Double || type == QMetaType::Float;
-}
-
-bool isUnsigned(int type)
-{
-    return type == QMetaType::ULongLong || type == QMetaType::ULong;
-}
-
 template<typename Type> bool storeInteger(const QVariant &number, QVariant &stored)
 {
     using Numbers = std::numeric_limits<Type>;
-    if (isFloating(number.typeId())) {
+    if (ZelNumberTypes::isFloating(number.typeId())) {
         const double rounded = std::round(number.toDouble());
         // The greatest number may not be a double, but the next one, a power of two, is.
         if (!(rounded >= double(Numbers::min()) && rounded < std::ldexp(1.0, Numbers::digits)))
@@ -44,7 +35,7 @@ template<typename Type> bool storeInteger(const QVariant &number, QVariant &stor
         stored = QVariant::fromValue(Type(rounded));
         return true;
     }
-    if (isUnsigned(number.typeId())) {
+    if (ZelNumberTypes::isUnsigned(number.typeId())) {
         const qulonglong integer = number.toULongLong();
         if (integer > qulonglong(Numbers::max()))
             return false;
@@ -234,10 +225,10 @@ Result ZelValueConversion::convert(QVariant &value, QMetaType type)
 
 bool ZelValueConversion::losesFraction(const QVariant &value, QMetaType type)
 {
-    if (isFloating(type.id()) || (!numberType(type.id()) && !isEnumeration(type)))
+    if (ZelNumberTypes::isFloating(type.id()) || (!numberType(type.id()) && !isEnumeration(type)))
         return false;
     const QVariant number = isText(value.metaType()) ? numberOf(value.toString()) : value;
-    if (!isFloating(number.typeId()))
+    if (!ZelNumberTypes::isFloating(number.typeId()))
         return false;
     const double real = number.toDouble();
     return std::isfinite(real) && real != std::round(real);

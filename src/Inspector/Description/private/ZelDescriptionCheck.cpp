@@ -100,18 +100,13 @@ bool isBoolean(QStringView text)
     return std::ranges::any_of(words, [&](QStringView word) { return isOtherCase(text, word); });
 }
 
-bool isHexadecimal(QStringView text)
-{
-    return text.startsWith(u"0x", Qt::CaseInsensitive);
-}
-
 bool isBits(QStringView text)
 {
-    if (isHexadecimal(text) && !ZelNumberScanner::hexadecimal(text))
+    if (ZelNumberScanner::isHexadecimal(text) && !ZelNumberScanner::hexadecimal(text))
         return true; // reading it is an assertion, which needs no warning
     bool isRead = false;
     [[maybe_unused]] const quint64 bits =
-        isHexadecimal(text) ? text.toULongLong(&isRead, 16) : quint64(text.toLongLong(&isRead));
+        ZelNumberScanner::isHexadecimal(text) ? text.toULongLong(&isRead, 16) : quint64(text.toLongLong(&isRead));
     return isRead;
 }
 

@@ -3,17 +3,7 @@
 
 #include "Core/Errors/ZelAssertions.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ZelDescriptionFiles", text);
-}
-
-} // namespace
 
 ZelDescriptionFiles::Opened::Opened(ZelDescriptionFiles *files, const QUrl &url, const ZelInspectorConfiguration &root)
     : m_files(files)

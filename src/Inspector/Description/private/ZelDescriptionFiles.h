@@ -3,6 +3,7 @@
 
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSet>
 
@@ -16,6 +17,8 @@
 /// once, however often it is included.
 class ZelDescriptionFiles
 {
+    Q_DECLARE_TR_FUNCTIONS(ZelDescriptionFiles)
+
 public:
     static constexpr int maximumDepth = 64; ///< elements within each other, across files
 

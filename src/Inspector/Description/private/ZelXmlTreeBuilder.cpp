@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/private/ZelXmlTreeBuilder.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
 #include <expat.h>
@@ -10,11 +9,6 @@
 static_assert(std::is_same_v<XML_Char, char>, "expat must hand out UTF-8");
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ZelXmlReader", text);
-}
 
 /// Whether this begins like UTF-16 or UTF-32, which the parser would accept.
 bool isOtherEncoding(QByteArrayView data)
@@ -25,12 +19,12 @@ bool isOtherEncoding(QByteArrayView data)
 
 QString encodingMessage()
 {
-    return tr("The text is not encoded in UTF-8.");
+    return ZelXmlReader::tr("The text is not encoded in UTF-8.");
 }
 
 QString typeDeclarationMessage()
 {
-    return tr("A document type declaration is not allowed.");
+    return ZelXmlReader::tr("A document type declaration is not allowed.");
 }
 
 QByteArrayView withoutMark(QByteArrayView data)
@@ -109,16 +103,16 @@ std::shared_ptr<const ZelXmlTree> ZelXmlTreeBuilder::build(ZelReadError &error)
 void ZelXmlTreeBuilder::startElement(const char *name, const char **attributes)
 {
     if (m_tree->elements.size() >= size_t(std::max(m_limits.elements, 0)))
-        return refuse(tr("More than %1 elements are described.").arg(m_limits.elements));
+        return refuse(ZelXmlReader::tr("More than %1 elements are described.").arg(m_limits.elements));
     if (m_open.size() >= size_t(std::max(m_limits.depth, 0)))
-        return refuse(tr("More than %1 elements are nested.").arg(m_limits.depth));
+        return refuse(ZelXmlReader::tr("More than %1 elements are nested.").arg(m_limits.depth));
     const quint32 index = quint32(m_tree->elements.size());
     const quint32 firstAttribute = quint32(m_tree->attributes.size());
     for (; *attributes; attributes += 2)
         addAttribute(attributes[0], attributes[1]);
     const quint32 count = quint32(m_tree->attributes.size()) - firstAttribute;
     if (count > quint32(std::max(m_limits.attributes, 0)))
-        return refuse(tr("The element has more than %1 attributes.").arg(m_limits.attributes));
+        return refuse(ZelXmlReader::tr("The element has more than %1 attributes.").arg(m_limits.attributes));
     m_tree->elements.push_back({nameIndex(name), firstAttribute, count, 0, quint32(XML_GetCurrentLineNumber(m_parser)),
                                 quint32(XML_GetCurrentColumnNumber(m_parser)) + 1});
     m_open.push_back(index);
@@ -154,9 +148,10 @@ quint32 ZelXmlTreeBuilder::nameIndex(std::string_view name)
 void ZelXmlTreeBuilder::xmlDeclaration(QByteArrayView version, QByteArrayView encoding)
 {
     if (version != "1.0")
-        refuse(tr("Unsupported XML version."));
+        refuse(ZelXmlReader::tr("Unsupported XML version."));
     else if (!encoding.isNull() && encoding.compare("utf-8", Qt::CaseInsensitive) != 0)
-        refuse(tr("The encoding \"%1\" is not supported; write the file in UTF-8.").arg(QString::fromUtf8(encoding)));
+        refuse(ZelXmlReader::tr("The encoding \"%1\" is not supported; write the file in UTF-8.")
+                   .arg(QString::fromUtf8(encoding)));
 }
 
 void ZelXmlTreeBuilder::otherText(QByteArrayView text)
@@ -188,25 +183,26 @@ QString ZelXmlTreeBuilder::parserMessage() const
     case XML_ERROR_NO_ELEMENTS:
     case XML_ERROR_UNCLOSED_TOKEN:
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
-        return tr("Premature end of document.");
+        return ZelXmlReader::tr("Premature end of document.");
     case XML_ERROR_TAG_MISMATCH:
-        return tr("Opening and ending tag mismatch.");
+        return ZelXmlReader::tr("Opening and ending tag mismatch.");
     case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
-        return tr("Extra content at end of document.");
+        return ZelXmlReader::tr("Extra content at end of document.");
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
-        return tr("Attribute '%1' redefined.").arg(nameAt(position));
+        return ZelXmlReader::tr("Attribute '%1' redefined.").arg(nameAt(position));
     case XML_ERROR_UNDEFINED_ENTITY:
-        return tr("The entity \"%1\" is not known.").arg(unknownEntityFrom(position));
+        return ZelXmlReader::tr("The entity \"%1\" is not known.").arg(unknownEntityFrom(position));
     case XML_ERROR_BAD_CHAR_REF:
-        return tr("Invalid character reference.");
+        return ZelXmlReader::tr("Invalid character reference.");
     case XML_ERROR_XML_DECL:
-        return tr("The XML declaration is not well-formed.");
+        return ZelXmlReader::tr("The XML declaration is not well-formed.");
     case XML_ERROR_MISPLACED_XML_PI:
-        return tr("The XML declaration is not at the beginning.");
+        return ZelXmlReader::tr("The XML declaration is not at the beginning.");
     case XML_ERROR_PARTIAL_CHAR:
         return encodingMessage();
     default:
-        return rest.isEmpty() || beginsWithCharacter(rest) ? tr("The document is not well-formed.") : encodingMessage();
+        return rest.isEmpty() || beginsWithCharacter(rest) ? ZelXmlReader::tr("The document is not well-formed.")
+                                                           : encodingMessage();
     }
 }
 

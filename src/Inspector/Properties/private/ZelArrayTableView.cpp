@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/private/ZelArrayTableView.h"
 
+#include "Core/Values/private/ZelAssign.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -39,9 +41,8 @@ ZelArrayTableView::ZelArrayTableView(QWidget *parent)
 
 void ZelArrayTableView::setPlaceholder(const QString &text)
 {
-    if (text == m_placeholder)
+    if (!ZelAssign(m_placeholder, text))
         return;
-    m_placeholder = text;
     setAccessibleDescription(text);
     viewport()->update();
 }

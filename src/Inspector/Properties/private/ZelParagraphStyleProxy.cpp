@@ -4,6 +4,7 @@
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/private/ZelParagraphStyleValues.h"
 #include "Observation/ZelObservations.h"
 
@@ -32,10 +33,8 @@ ZelParagraphStyleProxy::~ZelParagraphStyleProxy()
 
 void ZelParagraphStyleProxy::setRange(const std::optional<ZelAttributedString::Range> &range)
 {
-    if (range == m_range)
-        return;
-    m_range = range;
-    announceChanges();
+    if (ZelAssign(m_range, range))
+        announceChanges();
 }
 
 ZelAttributedString ZelParagraphStyleProxy::attributedString() const

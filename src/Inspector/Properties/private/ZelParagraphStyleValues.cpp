@@ -2,6 +2,7 @@
 #include "Inspector/Properties/private/ZelParagraphStyleValues.h"
 
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
 #include <QMetaProperty>
@@ -33,9 +34,8 @@ ZelParagraphStyleValues::ZelParagraphStyleValues()
 
 void ZelParagraphStyleValues::fold(const ZelParagraphStyle &style)
 {
-    if (m_last == style)
+    if (!ZelAssign(m_last, style))
         return;
-    m_last = style;
     for (qsizetype i = 0; i < m_values.size(); ++i) {
         const QVariant value = styleMetaObject().property(int(i)).readOnGadget(&style);
         m_values[i] = ZelInspectorProperty::combinedValueWithValue(value, m_values.at(i));
