@@ -85,8 +85,6 @@ void ZelKeyPathObservation::observeValueForKeyPath(const ZelKeyPath &, QObject *
 {
     if (context != &g_keyPathContext || isCancelled())
         return;
-    if (m_options & ZelKeyValueObservingOptionNoMutation && change.keyValueChangeKind() != ZelKeyValueChangeSetting)
-        return;
     const Delivery delivery(this);
     (*m_block)(this, change);
     // A prior change has not happened yet, so that there is nothing new to follow.

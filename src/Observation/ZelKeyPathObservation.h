@@ -30,7 +30,8 @@ public:
     QObject *object() const { return m_object; }
     /// What remains of the path at this level; empty after cancel().
     const ZelKeyPath &keyPath() const { return m_keyPath; }
-    ZelKeyValueObservingOptions options() const { return m_options; }
+    /// None, whatever was asked for.
+    ZelKeyValueObservingOptions options() const { return 0; }
     ZelKey key() const { return m_key; }
     /// Empty at the last level.
     const ZelKeyPath &restOfKeyPath() const { return m_restOfKeyPath; }
@@ -57,7 +58,6 @@ private:
     ZelKeyPath m_keyPath;
     ZelKey m_key;
     ZelKeyPath m_restOfKeyPath;
-    ZelKeyValueObservingOptions m_options = 0;
     SharedBlock m_block;
     QList<QSharedPointer<ZelKeyPathObservation>> m_observations;
 };

@@ -30,6 +30,7 @@ private:
     void observeNotification(const ZelNotification &notification) override;
     void start() override;
     void stop() override;
+    void dropCallback() override { m_block = nullptr; }
 
     QPointer<ZelNotificationCenter> m_center;
     QString m_name;

@@ -283,17 +283,22 @@ void ZelView::setSubviews(const QList<QWidget *> &views)
     }
     const LayoutPause pause(layout());
     const QSet<QWidget *> wanted(views.begin(), views.end());
-    QList<QPointer<QWidget>> unwanted; // guarded, because hooks may delete any of them
+    QList<QPointer<QWidget>> unwanted; // guarded, like all below, because hooks may delete any of them
     for (QWidget *view : subviews())
         if (!wanted.contains(view))
             unwanted.append(view);
+    const QPointer<ZelView> guard(this);
+    const QList<QPointer<QWidget>> guarded(views.begin(), views.end());
     removeSubviews(unwanted);
-    for (QWidget *view : views)
-        if (view->parentWidget() != this)
+    for (const QPointer<QWidget> &view : guarded)
+        if (guard && view && view->parentWidget() != this)
             placeSubview(view, nullptr);
+    if (!guard)
+        return;
     if (!isSame(subviews(), views))
-        for (QWidget *view : views)
-            view->raise();
+        for (const QPointer<QWidget> &view : guarded)
+            if (view)
+                view->raise();
     installAndShowSubviews();
 }
 

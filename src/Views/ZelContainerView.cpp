@@ -52,8 +52,14 @@ void ZelContainerView::viewWillUninstall()
 void ZelContainerView::updateChildViewWithOldViewController(ZelViewController *oldViewController,
                                                             ZelViewController *newViewController)
 {
-    ZelView *oldView = oldViewController && oldViewController->isViewLoaded() ? oldViewController->view() : nullptr;
-    ZelView *newView = newViewController ? newViewController->view() : nullptr;
+    // Loading, taking out and installing call the application, which may delete the container and both views, and which
+    // may choose another child.
+    const QPointer<ZelContainerView> guard(this);
+    const QPointer<ZelView> oldView =
+        oldViewController && oldViewController->isViewLoaded() ? oldViewController->view() : nullptr;
+    const QPointer<ZelView> newView = newViewController ? newViewController->view() : nullptr;
+    if (!guard)
+        return;
     m_shownViewController = newViewController;
     if (oldView == newView && (oldView || !m_shownView))
         return;
@@ -62,11 +68,15 @@ void ZelContainerView::updateChildViewWithOldViewController(ZelViewController *o
         oldView->removeFromSuperview();
     else if (m_shownView && m_shownView->parentWidget() == this)
         m_shownView->deleteLater(); // the view of a controller that has died
+    if (!guard || m_shownViewController != newViewController)
+        return;
     m_shownView = newView;
     if (!newView)
         return;
     newView->setGeometry(rect());
     addSubview(newView, 0);
+    if (!guard || !newView || newView->parentWidget() != this || m_shownView != newView)
+        return;
     for (const QString &format : {QStringLiteral("H:|[view]|"), QStringLiteral("V:|[view]|")})
         m_childConstraints += addConstraintsWithVisualFormat(format, {{QStringLiteral("view"), newView}});
 }
