@@ -94,14 +94,12 @@ Generator::~ZelDeclarativeInspectorGenerator() = default;
 
 ZelDeclarativeInspectorGeneratorDelegate *Generator::delegate() const
 {
-    return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
+    return m_delegate;
 }
 
 void Generator::setDelegate(ZelDeclarativeInspectorGeneratorDelegate *delegate)
 {
     m_delegate = delegate;
-    m_delegateObject = dynamic_cast<QObject *>(delegate);
-    m_delegateIsObject = !m_delegateObject.isNull();
 }
 
 // Roots

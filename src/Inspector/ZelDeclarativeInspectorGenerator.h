@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/RunLoop/ZelWeakInterface.h"
 #include "Core/ZelExport.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/ZelDeclarativeInspectorGeneratorDelegate.h"
@@ -139,8 +140,6 @@ private:
 
     QUrl m_url;
     QPointer<QObject> m_owner;
-    ZelDeclarativeInspectorGeneratorDelegate *m_delegate = nullptr;
-    QPointer<QObject> m_delegateObject; // the delegate, if it is a QObject
-    bool m_delegateIsObject = false;
+    ZelWeakInterface<ZelDeclarativeInspectorGeneratorDelegate> m_delegate;
     std::unique_ptr<ZelDescriptionFiles> m_files; // during a build
 };

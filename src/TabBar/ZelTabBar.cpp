@@ -79,7 +79,7 @@ void ZelTabBar::setSelectedItem(ZelTabBarItem *item)
 
 ZelTabBarDelegate *ZelTabBar::delegate() const
 {
-    return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
+    return m_delegate;
 }
 
 void ZelTabBar::changeEvent(QEvent *event)
@@ -93,8 +93,6 @@ void ZelTabBar::setDelegate(ZelTabBarDelegate *delegate)
 {
     const bool isOther = delegate != this->delegate();
     m_delegate = delegate;
-    m_delegateObject = dynamic_cast<QObject *>(delegate);
-    m_delegateIsObject = !m_delegateObject.isNull();
     if (isOther)
         Q_EMIT delegateChanged();
 }

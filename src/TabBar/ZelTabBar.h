@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/RunLoop/ZelWeakInterface.h"
 #include "Core/ZelExport.h"
 #include "TabBar/ZelBar.h"
 #include "TabBar/ZelButtonMatrix.h"
@@ -89,9 +90,7 @@ private:
 
     QList<QPointer<ZelTabBarItem>> m_items;
     QPointer<ZelTabBarItem> m_selectedItem;
-    ZelTabBarDelegate *m_delegate = nullptr;
-    QPointer<QObject> m_delegateObject; // the delegate, if it is a QObject
-    bool m_delegateIsObject = false;
+    ZelWeakInterface<ZelTabBarDelegate> m_delegate;
     QPointer<ZelButtonMatrix> m_matrix;
     QList<QShortcut *> m_shortcuts;
     // Kept here and not with the items, which may die first.

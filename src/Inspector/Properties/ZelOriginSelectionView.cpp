@@ -43,14 +43,12 @@ void ZelOriginSelectionView::setAnchor(ZelRectAnchor anchor)
 
 ZelOriginSelectionViewDelegate *ZelOriginSelectionView::delegate() const
 {
-    return m_delegateIsObject && !m_delegateObject ? nullptr : m_delegate;
+    return m_delegate;
 }
 
 void ZelOriginSelectionView::setDelegate(ZelOriginSelectionViewDelegate *delegate)
 {
     m_delegate = delegate;
-    m_delegateObject = dynamic_cast<QObject *>(delegate);
-    m_delegateIsObject = m_delegateObject;
 }
 
 void ZelOriginSelectionView::setDelegateObject(QObject *delegate)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Controls/Cells/ZelCellGroup.h"
+#include "Core/RunLoop/ZelWeakInterface.h"
 #include "Core/ZelExport.h"
 #include "Geometry/ZelRectAnchor.h"
 #include "ViewController/ZelView.h"
@@ -42,7 +43,7 @@ public:
     void setDelegate(ZelOriginSelectionViewDelegate *delegate);
 
     /// The delegate if it is a QObject, else null. Setting an object that is no delegate leaves the view without one.
-    QObject *delegateObject() const { return m_delegateObject; }
+    QObject *delegateObject() const { return m_delegate.object(); }
     void setDelegateObject(QObject *delegate);
 
     /// The picture of the anchor.
@@ -79,7 +80,5 @@ protected:
 private:
     ZelRectAnchor m_anchor = ZelOriginTopLeft;
     QIcon m_image;
-    ZelOriginSelectionViewDelegate *m_delegate = nullptr;
-    QPointer<QObject> m_delegateObject; // the delegate, if it is a QObject
-    bool m_delegateIsObject = false;
+    ZelWeakInterface<ZelOriginSelectionViewDelegate> m_delegate;
 };
