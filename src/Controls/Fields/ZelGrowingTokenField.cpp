@@ -52,7 +52,7 @@ ZelGrowingTokenField::~ZelGrowingTokenField()
 
 bool ZelGrowingTokenField::isEditing() const
 {
-    return !m_settlesSoon && (!m_input->text().isEmpty() || isChange(m_values));
+    return !m_settlesSoon && (!m_input->text().isEmpty() || isChange(values()));
 }
 
 bool ZelGrowingTokenField::isChange(const QVariant &value) const
@@ -63,10 +63,11 @@ bool ZelGrowingTokenField::isChange(const QVariant &value) const
 /// The values of the tokens, with the typed ones at the place of the input.
 bool ZelGrowingTokenField::readValue(QVariant *value, QString *error)
 {
-    QVariantList values;
-    if (!parsePieces(m_input->text(), &values, error))
+    QVariantList typed;
+    if (!parsePieces(m_input->text(), &typed, error))
         return false;
-    *value = m_values.mid(0, m_inputIndex) + values + m_values.mid(m_inputIndex);
+    const QVariantList all = values();
+    *value = all.mid(0, m_inputIndex) + typed + all.mid(m_inputIndex);
     return true;
 }
 
@@ -109,11 +110,20 @@ void ZelGrowingTokenField::errorDidChange()
 
 // Tokens
 
+QVariantList ZelGrowingTokenField::values() const
+{
+    QVariantList values;
+    values.reserve(m_values.size());
+    for (const ZelKeptValue &value : m_values)
+        values.append(value.value());
+    return values;
+}
+
 /// Replaces only the tokens that differ, so that the others keep the focus.
 void ZelGrowingTokenField::showTokens(const QVariantList &values)
 {
     const auto isShown = [&](qsizetype token, qsizetype value) {
-        return ZelEqual(m_values.at(token), values.at(value)) &&
+        return ZelEqual(m_values.at(token).value(), values.at(value)) &&
                m_tokens.at(token)->text() == displayString(values.at(value));
     };
     const qsizetype selected = selectedToken();
@@ -143,7 +153,7 @@ void ZelGrowingTokenField::insertToken(qsizetype index, const QVariant &value)
     token->installEventFilter(this);
     connect(token, &ZelToken::doubleClicked, this, [this, token] { editToken(m_tokens.indexOf(token)); });
     m_tokens.insert(index, token);
-    m_values.insert(index, value);
+    m_values.insert(index, ZelKeptValue(value));
     token->show();
 }
 
@@ -172,7 +182,7 @@ void ZelGrowingTokenField::removeToken(qsizetype index)
     retire(takeToken(index));
     itemsDidChange();
     if (m_input->text().isEmpty())
-        takeValue(m_values); // otherwise the removal is part of the edit and is discarded with it
+        takeValue(values()); // otherwise the removal is part of the edit and is discarded with it
 }
 
 /// Moves the focus to a widget before a token is removed, and updates the token's index. Answers false if a receiver of
@@ -195,7 +205,7 @@ void ZelGrowingTokenField::editToken(qsizetype index)
     index = m_tokens.indexOf(token); // the commit may have inserted tokens before it
     if (index < 0)
         return;
-    const QString text = editingString(m_values.at(index));
+    const QString text = editingString(m_values.at(index).value());
     if (!moveFocus(m_input, &index))
         return;
     retire(takeToken(index));
@@ -237,17 +247,17 @@ void ZelGrowingTokenField::typed(const QString &text)
     if (!errorText().isEmpty() || last == text.rend())
         return;
     const qsizetype rest = text.rend() - last;
-    QVariantList values;
+    QVariantList pieces;
     QString error;
-    if (!parsePieces(text.left(rest), &values, &error)) {
+    if (!parsePieces(text.left(rest), &pieces, &error)) {
         setError(error);
         return;
     }
     m_input->setText(text.mid(rest).trimmed());
-    for (const QVariant &value : std::as_const(values))
+    for (const QVariant &value : std::as_const(pieces))
         insertToken(m_inputIndex++, value);
     itemsDidChange();
-    takeValue(m_values);
+    takeValue(values());
 }
 
 /// Reads all pieces of the text, or none if one of them is refused.

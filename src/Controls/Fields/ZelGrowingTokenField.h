@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Controls/Fields/ZelEditSession.h"
+#include "Core/KeyValue/ZelKeptValue.h"
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/ZelExport.h"
 #include "Layout/ZelBaselineProvider.h"
@@ -88,6 +89,7 @@ private:
     bool isChange(const QVariant &value) const override;
     void applyEditable(bool editable) override;
     void errorDidChange() override;
+    QVariantList values() const;
     void showTokens(const QVariantList &values);
     void settle();
 
@@ -108,8 +110,8 @@ private:
 
     QLineEdit *m_input;
     QList<ZelToken *> m_tokens;
-    QVariantList m_values;      // one for each token, in the same order
-    qsizetype m_inputIndex = 0; // the number of tokens before the input
+    QList<ZelKeptValue> m_values; // one for each token, in the same order
+    qsizetype m_inputIndex = 0;   // the number of tokens before the input
     QString m_tokenizingCharacters = QStringLiteral(",");
     bool m_editable = true;
     bool m_showsLater = false;  // a value that is committed now is shown in the next turn

@@ -211,10 +211,10 @@ void ZelInspectorArrayProperty::updateView()
 {
     if (!m_tableView || !m_model)
         return;
-    m_reflectedValues = reflectedValue();
-    m_model->setValues(ZelIsControllerMarker(m_reflectedValues) ? QVariantList() : ZelList(m_reflectedValues));
+    m_reflectedValues.keep(reflectedValue());
+    m_model->setValues(ZelIsControllerMarker(reflectedValues()) ? QVariantList() : ZelList(reflectedValues()));
     m_model->setEditable(canEdit());
-    m_tableView->setPlaceholder(ZelControlSupport::markerText(m_reflectedValues));
+    m_tableView->setPlaceholder(ZelControlSupport::markerText(reflectedValues()));
     if (m_addActionItem)
         m_addActionItem->setEnabled(m_tableView->isEnabled() && canEdit());
     tableViewSelectionDidChange();
@@ -242,22 +242,22 @@ QTableView *ZelInspectorArrayProperty::tableView() const
 
 bool ZelInspectorArrayProperty::canEdit() const
 {
-    return !ZelIsControllerMarker(m_reflectedValues) && isWritable();
+    return !ZelIsControllerMarker(reflectedValues()) && isWritable();
 }
 
 int ZelInspectorArrayProperty::numberOfRows() const
 {
-    return ZelIsControllerMarker(m_reflectedValues) ? 0 : int(ZelList(m_reflectedValues).size());
+    return ZelIsControllerMarker(reflectedValues()) ? 0 : int(ZelList(reflectedValues()).size());
 }
 
 QVariant ZelInspectorArrayProperty::objectValueForRow(int row) const
 {
-    return row >= 0 && row < numberOfRows() ? ZelList(m_reflectedValues).at(row) : QVariant();
+    return row >= 0 && row < numberOfRows() ? ZelList(reflectedValues()).at(row) : QVariant();
 }
 
 void ZelInspectorArrayProperty::writeValues(const QVariantList &values)
 {
-    setReflectedValue(listLike(values, m_reflectedValues));
+    setReflectedValue(listLike(values, reflectedValues()));
 }
 
 void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int row)
@@ -265,11 +265,11 @@ void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int 
     updateViewInvocation().invoke();
     if (!canEdit())
         return;
-    if (ZelIsNull(m_reflectedValues)) {
+    if (ZelIsNull(reflectedValues())) {
         writeValues({value});
         return;
     }
-    QVariantList values = ZelList(m_reflectedValues);
+    QVariantList values = ZelList(reflectedValues());
     if (row < 0 || row >= values.size())
         return;
     QVariant converted = value;
@@ -315,8 +315,8 @@ void ZelInspectorArrayProperty::addObject(QObject *sender)
     updateViewInvocation().invoke();
     if (!canEdit())
         return;
-    const bool hadList = !ZelIsNull(m_reflectedValues);
-    QVariantList values = ZelList(m_reflectedValues);
+    const bool hadList = !ZelIsNull(reflectedValues());
+    QVariantList values = ZelList(reflectedValues());
     values.append(defaultValue);
     const QPointer<ZelInspectorArrayProperty> alive(this);
     writeValues(values);
@@ -331,10 +331,10 @@ void ZelInspectorArrayProperty::addObject(QObject *sender)
 void ZelInspectorArrayProperty::removeObject(QObject *sender)
 {
     updateViewInvocation().invoke(); // the reflected list may be older than the last edit
-    if (!canEdit() || ZelIsNull(m_reflectedValues))
+    if (!canEdit() || ZelIsNull(reflectedValues()))
         return;
     const QList<int> rows = selectedRows();
-    QVariantList values = ZelList(m_reflectedValues);
+    QVariantList values = ZelList(reflectedValues());
     for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
         if (*row < values.size())
             values.removeAt(*row);

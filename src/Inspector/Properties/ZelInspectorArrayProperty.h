@@ -3,6 +3,7 @@
 
 #include "ActionBar/ZelActionBar.h"
 #include "Controls/ZelLabel.h"
+#include "Core/KeyValue/ZelKeptValue.h"
 #include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
@@ -42,7 +43,7 @@ public:
     ZelLabel *label() const { return m_label; }
 
     /// The list that is shown, or a selection marker; absent for none.
-    const QVariant &reflectedValues() const { return m_reflectedValues; }
+    const QVariant &reflectedValues() const { return m_reflectedValues.value(); }
     int numberOfRows() const;
     /// Absent where there is no such row.
     QVariant objectValueForRow(int row) const;
@@ -88,5 +89,5 @@ private:
     QPointer<ZelActionBarItem> m_addActionItem;
     QPointer<ZelActionBarItem> m_removeActionItem;
     QPointer<ZelLabel> m_label;
-    QVariant m_reflectedValues;
+    ZelKeptValue m_reflectedValues;
 };

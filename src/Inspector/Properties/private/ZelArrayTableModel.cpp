@@ -5,24 +5,28 @@
 
 void ZelArrayTableModel::setValues(const QVariantList &values)
 {
-    const QVariantList former = m_values;
+    const QList<ZelKeptValue> former = m_values;
+    QList<ZelKeptValue> kept;
+    kept.reserve(values.size());
+    for (const QVariant &value : values)
+        kept.emplaceBack(value);
     const qsizetype common = qMin(former.size(), values.size());
     const int count = int(former.size());
     const int newCount = int(values.size());
     if (newCount < count) {
         beginRemoveRows({}, newCount, count - 1);
-        m_values = values;
+        m_values = kept;
         endRemoveRows();
     } else if (newCount > count) {
         beginInsertRows({}, count, newCount - 1);
-        m_values = values;
+        m_values = kept;
         endInsertRows();
     } else {
-        m_values = values;
+        m_values = kept;
     }
     for (qsizetype row = 0; row < common; ++row) {
         const QModelIndex cell = index(int(row), 0);
-        if (cell.isValid() && ZelNotEqual(former.at(row), values.at(row)))
+        if (cell.isValid() && ZelNotEqual(former.at(row).value(), values.at(row)))
             Q_EMIT dataChanged(cell, cell);
     }
 }
@@ -31,7 +35,7 @@ QVariant ZelArrayTableModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= m_values.size() || (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
-    const QVariant &value = m_values.at(index.row());
+    const QVariant &value = m_values.at(index.row()).value();
     return value.canConvert<QString>() ? value.toString() : ZelDescription(value);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelKeptValue.h"
+
 #include <QAbstractTableModel>
 
 /// The elements of a list in one column, each as its text.
@@ -16,7 +18,6 @@ public:
     /// Whether cells can be edited; true by default.
     void setEditable(bool editable) { m_editable = editable; }
 
-    const QVariantList &values() const { return m_values; }
     void setValues(const QVariantList &values);
 
     int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : int(m_values.size()); }
@@ -30,6 +31,6 @@ Q_SIGNALS:
     void cellEdited(int row, const QVariant &value);
 
 private:
-    QVariantList m_values;
+    QList<ZelKeptValue> m_values;
     bool m_editable = true;
 };
