@@ -11,7 +11,7 @@ zel_check(docs ./docs.sh)
 zel_check(tidy tools/check-tidy.sh ${PROJECT_BINARY_DIR})
 
 include(${PROJECT_SOURCE_DIR}/cmake/ZelHeaders.cmake)
-zel_check(headers ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_headers)
+zel_check(headers tools/check-headers.sh ${PROJECT_BINARY_DIR})
 
 include(${CMAKE_CURRENT_LIST_DIR}/threads/threads.cmake)
 zel_check(threads ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target zel_threads)

@@ -6,19 +6,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1
-mostFiles=20 # about ten seconds each: a change of everything does not take the day
-
-base=$(git merge-base main HEAD 2> /dev/null || git merge-base origin/main HEAD 2> /dev/null || true)
-if [ -z "$base" ] || [ "$base" = "$(git rev-parse HEAD)" ]; then
-    base=HEAD~1
-fi
-changed=$(git diff -M -U0 "$base" -- '*.cpp' | sed -n 's,^+++ b/,,p')
+mapfile -t changed < <(tools/changed-files.sh '*.cpp' 20) # about ten seconds each
+base=${changed[0]}
 known=$(sed -n "s,.*\"file\": \"$PWD/\(.*\)\".*,\1,p" "$build/compile_commands.json")
-mapfile -t files < <(comm -12 <(sort -u <<< "$changed") <(sort -u <<< "$known"))
-if [ ${#files[@]} -gt $mostFiles ]; then
-    echo "${#files[@]} files differ from $base; looking at $mostFiles of them"
-    files=("${files[@]:0:$mostFiles}")
-fi
+mapfile -t files < <(comm -12 <(printf '%s\n' "${changed[@]:1}" | sort -u) <(sort -u <<< "$known"))
 if [ ${#files[@]} -eq 0 ]; then
     echo "No source that is built differs from $base"
     exit
