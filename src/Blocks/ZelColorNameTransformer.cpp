@@ -70,7 +70,7 @@ QVariant colorOfName(const QVariant &value)
 }
 
 constexpr ZelNamedValueTransformer::Row g_row = {
-    "QString", nullptr, {&ZelColor::isColor, &nameOfColor}, {&isString, &colorOfName}};
+    "QString", nullptr, {&ZelColor::isColor, &nameOfColor}, {&ZelNamedValueTransformer::isString, &colorOfName}};
 
 } // namespace
 

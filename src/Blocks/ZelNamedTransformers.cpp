@@ -104,8 +104,10 @@ QVariant fraction(const QVariant &value)
 }
 
 using Row = ZelNamedValueTransformer::Row;
-constexpr Row g_pointerToString = {
-    "QString", nullptr, {&ZelIsNumber, &hexadecimalText}, {&isString, &numberFromHexadecimalText}};
+constexpr Row g_pointerToString = {"QString",
+                                   nullptr,
+                                   {&ZelIsNumber, &hexadecimalText},
+                                   {&ZelNamedValueTransformer::isString, &numberFromHexadecimalText}};
 constexpr Row g_firstInArray = {"QVariant", nullptr, {&isArray, &firstElement}};
 constexpr Row g_notEmpty = {"bool", &falseResult, {&hasCount, &isNotEmpty}};
 constexpr Row g_nilOrNo = {"double", &falseResult, {&ZelIsNumber, &itself}};

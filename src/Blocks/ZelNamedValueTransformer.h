@@ -17,6 +17,8 @@ public:
         bool (*accepts)(const QVariant &value) = nullptr;
         QVariant (*transform)(const QVariant &value) = nullptr;
     };
+    /// Accepts texts.
+    static bool isString(const QVariant &value) { return value.typeId() == QMetaType::QString; }
     struct Row
     {
         const char *valueClass;
@@ -32,8 +34,6 @@ public:
     QString transformedValueClass() const override { return QString::fromLatin1(m_row.valueClass); }
 
 protected:
-    static bool isString(const QVariant &value) { return value.typeId() == QMetaType::QString; }
-
     explicit ZelNamedValueTransformer(const Row &row)
         : m_row(row)
     {

@@ -19,9 +19,9 @@
 // As soon as no column is left, everything is determined and the lower priorities need not be looked at.
 
 namespace {
-constexpr double g_noise = 1e-9;     // coefficients and reduced costs below this are rounding noise
-constexpr double g_noise = 1e-12;    // cells below this are set to zero
-constexpr double g_tolerance = 1e-6; // how far a required goal may be missed, in points
+constexpr double g_negligible = 1e-9; // coefficients and reduced costs below this are rounding noise
+constexpr double g_noise = 1e-12;     // cells below this are set to zero
+constexpr double g_tolerance = 1e-6;  // how far a required goal may be missed, in points
 } // namespace
 
 void ZelConstraintSolver::reset(int variables)
@@ -207,7 +207,7 @@ void ZelConstraintSolver::express(const Goal &goal)
 int ZelConstraintSolver::freeColumn() const
 {
     int best = -1;
-    double greatest = g_noise;
+    double greatest = g_negligible;
     for (size_t i = 1; i < m_columnVariables.size(); ++i) {
         const int variable = m_columnVariables[i];
         const double size = std::abs(m_expression[i]);
@@ -452,7 +452,7 @@ int ZelConstraintSolver::enteringColumn(bool byIndex) const
 {
     int best = -1;
     for (size_t i = 1; i < m_columnVariables.size(); ++i) {
-        if (m_columnVariables[i] < 0 || m_objective[i] > -g_noise)
+        if (m_columnVariables[i] < 0 || m_objective[i] > -g_negligible)
             continue;
         if (best < 0 || (byIndex ? m_columnVariables[i] < m_columnVariables[size_t(best)]
                                  : m_objective[i] < m_objective[size_t(best)]))
@@ -470,7 +470,7 @@ int ZelConstraintSolver::leavingRow(int column)
         if (!m_variables[size_t(variable)].restricted)
             continue;
         const double *cells = row(int(i));
-        if (cells[column] > -g_noise)
+        if (cells[column] > -g_negligible)
             continue;
         const double ratio = std::max(cells[0], 0.0) / -cells[column];
         if (best < 0 || ratio < bestRatio || (ratio == bestRatio && variable < m_rowVariables[size_t(best)])) {
@@ -485,7 +485,7 @@ int ZelConstraintSolver::leavingRow(int column)
 void ZelConstraintSolver::keepOptimum()
 {
     for (size_t i = 1; i < m_columnVariables.size(); ++i) {
-        if (m_columnVariables[i] >= 0 && m_objective[i] > g_noise)
+        if (m_columnVariables[i] >= 0 && m_objective[i] > g_negligible)
             removeColumn(int(i));
     }
 }
