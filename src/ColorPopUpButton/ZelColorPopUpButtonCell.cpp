@@ -232,7 +232,7 @@ void ZelColorPopUpButtonCell::makeFixedItems()
     if (m_defaultMenuItem)
         return;
     const auto make = [this](const char *title, int tag) {
-        auto *item = new ZelMenuItem(ZelLocalizedString(QString::fromLatin1(title)), this);
+        auto *item = new ZelMenuItem(ZelLocalizedString(title), this);
         item->setTag(tag);
         return item;
     };

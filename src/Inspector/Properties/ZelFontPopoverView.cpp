@@ -55,11 +55,6 @@ ZelMenuItem *hiddenItem(const QString &title, ZelControllerMarker marker, QObjec
     return item;
 }
 
-QString localized(const char *text)
-{
-    return ZelLocalizedString(QString::fromUtf8(text));
-}
-
 } // namespace
 
 ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
@@ -69,11 +64,11 @@ ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
     , m_style(new ZelPopUpButton(this))
     , m_size(new ZelTextField(this))
     , m_stepper(new ZelStepper(this))
-    , m_done(new ZelPushButton(localized("Done"), this))
-    , m_multipleFamilies(hiddenItem(localized("Multiple Families"), ZelMultipleValuesMarker, this))
-    , m_noFamily(hiddenItem(localized("No Selection"), ZelNoSelectionMarker, this))
-    , m_multipleFaces(hiddenItem(localized("Multiple Styles"), ZelMultipleValuesMarker, this))
-    , m_noFace(hiddenItem(localized("No Selection"), ZelNoSelectionMarker, this))
+    , m_done(new ZelPushButton(ZelLocalizedString("Done"), this))
+    , m_multipleFamilies(hiddenItem(ZelLocalizedString("Multiple Families"), ZelMultipleValuesMarker, this))
+    , m_noFamily(hiddenItem(ZelLocalizedString("No Selection"), ZelNoSelectionMarker, this))
+    , m_multipleFaces(hiddenItem(ZelLocalizedString("Multiple Styles"), ZelMultipleValuesMarker, this))
+    , m_noFace(hiddenItem(ZelLocalizedString("No Selection"), ZelNoSelectionMarker, this))
 {
     setFont(ZelControlSize::smallFont());
     m_size->setFormatter(std::make_shared<ZelNumberFormatter>());
@@ -90,7 +85,7 @@ void ZelFontPopoverView::addFonts()
     for (const FontRow &row : g_fontRows) {
         const QString indent = row.isIndented ? QStringLiteral("    ") : QString();
         const QVariant font = row.font == g_noFont ? QVariant() : QVariant(row.font);
-        ZelMenuItem *item = m_font->addItemWithTitle(indent + localized(row.title), font);
+        ZelMenuItem *item = m_font->addItemWithTitle(indent + ZelLocalizedString(row.title), font);
         item->setEnabled(!row.isHeading);
         if (!row.isHeading)
             item->setTag(tag++);
@@ -165,10 +160,10 @@ void ZelFontPopoverView::layOut()
     addConstraintsWithVisualFormat(QStringLiteral("H:[done]-8-|"), views);
     addConstraint(ZelLayoutConstraint::constraintWithItem(
         m_stepper, ZelLayoutConstraint::CenterY, ZelLayoutConstraint::Equal, m_size, ZelLayoutConstraint::CenterY));
-    addRow(localized("Font"), m_font);
-    addRow(localized("Family"), m_family);
-    addRow(localized("Style"), m_style);
-    addRow(localized("Size"), m_size);
+    addRow(ZelLocalizedString("Font"), m_font);
+    addRow(ZelLocalizedString("Family"), m_family);
+    addRow(ZelLocalizedString("Style"), m_style);
+    addRow(ZelLocalizedString("Size"), m_size);
     m_stepper->setAccessibleName(m_size->accessibleName());
 }
 

@@ -139,7 +139,7 @@ void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
     m_segmentedControl->setSegmentCount(SegmentCount);
     for (int segment = 0; segment < SegmentCount; ++segment) {
         const SegmentDescription &description = g_segments.at(segment);
-        m_segmentedControl->setSegmentToolTip(segment, ZelLocalizedString(QString::fromLatin1(description.toolTip)));
+        m_segmentedControl->setSegmentToolTip(segment, ZelLocalizedString(description.toolTip));
         if (description.image)
             m_segmentedControl->setImage(segment,
                                          ZelTextFormatImages::alignmentImage(QString::fromLatin1(description.image)));

@@ -72,11 +72,6 @@ void letTitleBeWider(ZelInspectorNumberProperty *editor)
     add(Constraint::Right, Constraint::LessThanOrEqual, container, ZelLayoutPriorityRequired);
 }
 
-QString localized(const char *key)
-{
-    return ZelLocalizedString(QString::fromLatin1(key));
-}
-
 QStringList keys()
 {
     QStringList result;
@@ -178,15 +173,15 @@ void ZelInspectorBoundsProperty::addOriginSelector(ZelView *container)
     m_originSelectionView = new ZelOriginSelectionView(container);
     m_originSelectionView->setAnchor(m_anchor);
     m_originSelectionView->setDelegate(this);
-    m_label = ZelEditorLayout::addTitleLabel(container, localized("Origin"));
-    m_originSelectionView->setAccessibleName(localized("Origin"));
+    m_label = ZelEditorLayout::addTitleLabel(container, ZelLocalizedString("Origin"));
+    m_originSelectionView->setAccessibleName(ZelLocalizedString("Origin"));
 }
 
 void ZelInspectorBoundsProperty::addNumberEditors(ZelView *container)
 {
     for (int i = 0; i < ComponentCount; ++i) {
         const Row &row = g_rows[i];
-        m_numberProperties[i] = makeNumberEditor(i, localized(row.title), localized(row.actionName));
+        m_numberProperties[i] = makeNumberEditor(i, ZelLocalizedString(row.title), ZelLocalizedString(row.actionName));
         if (i >= SizeWidth)
             m_numberProperties[i]->minimum = 0;
         container->addSubview(m_numberProperties[i]->view());

@@ -53,11 +53,6 @@ QIcon pickerImage()
     return image;
 }
 
-QString localized(const char *text)
-{
-    return ZelLocalizedString(QString::fromUtf8(text));
-}
-
 } // namespace
 
 ZelInspectorFontProperty::ZelInspectorFontProperty(QObject *owner)
@@ -123,12 +118,12 @@ void ZelInspectorFontProperty::loadView()
     ZelEditorLayout::setStretches(m_textField, 1);
     m_button = new ZelActionBarButton(container);
     m_button->setIcon(pickerImage());
-    m_button->setAccessibleName(localized("Font"));
+    m_button->setAccessibleName(ZelLocalizedString("Font"));
     connect(m_button, &QAbstractButton::clicked, this,
             [this] { ZelExceptionReporter::run(this, [this] { selectPopover(m_button); }); });
     m_stepper = new ZelStepper(container);
     m_stepper->setMinValue(1);
-    m_stepper->setAccessibleName(localized("Size"));
+    m_stepper->setAccessibleName(ZelLocalizedString("Size"));
     connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     layOut(container);
@@ -262,9 +257,9 @@ void ZelInspectorFontProperty::updateView()
     if (font)
         m_textField->setObjectValue(description(*font));
     else if (isMultiple)
-        m_textField->setObjectValue(localized("Multiple Fonts"));
+        m_textField->setObjectValue(ZelLocalizedString("Multiple Fonts"));
     else
-        m_textField->setObjectValue(localized("No Font"));
+        m_textField->setObjectValue(ZelLocalizedString("No Font"));
     if (m_popoverView)
         showValueInPopover();
 }
@@ -273,7 +268,8 @@ void ZelInspectorFontProperty::showValueInPopover()
 {
     const QVariant size = fontSize();
     ZelTextField *field = m_popoverView->fontSizeTextField();
-    field->setNullPlaceholder(localized(ZelIsMarker(size, ZelMultipleValuesMarker) ? "Multiple Sizes" : "No Size"));
+    field->setNullPlaceholder(
+        ZelLocalizedString(ZelIsMarker(size, ZelMultipleValuesMarker) ? "Multiple Sizes" : "No Size"));
     field->setObjectValue(ZelIsControllerMarker(size) ? QVariant() : size);
     field->setEditable(!hasNoTarget(size));
     m_popoverView->fontSizeStepper()->setObjectValue(size);

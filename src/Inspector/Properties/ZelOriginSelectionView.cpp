@@ -119,7 +119,7 @@ QString ZelOriginSelectionView::cellName(int cell) const
 {
     static const char *const names[] = {"Top left", "Top",         "Top right", "Left",        "Centre",
                                         "Right",    "Bottom left", "Bottom",    "Bottom right"};
-    return ZelLocalizedString(QString::fromLatin1(names[cell]));
+    return ZelLocalizedString(names[cell]);
 }
 
 void ZelOriginSelectionView::clickCell(int cell)

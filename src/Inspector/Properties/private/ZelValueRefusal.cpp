@@ -10,11 +10,6 @@
 
 namespace {
 
-QString localized(const char *text)
-{
-    return ZelLocalizedString(QString::fromLatin1(text));
-}
-
 QString limitsText(const ZelValueConversion::Limits &limits, const ZelValueTransformerPtr &transformer)
 {
     QVariant least = limits.minimum;
@@ -27,7 +22,7 @@ QString limitsText(const ZelValueConversion::Limits &limits, const ZelValueTrans
     }
     ZelNumberFormatter formatter;
     formatter.setUsesGroupSeparator(true);
-    return localized("The number must be between %1 and %2.")
+    return ZelLocalizedString("The number must be between %1 and %2.")
         .arg(formatter.stringForObjectValue(least), formatter.stringForObjectValue(greatest));
 }
 
@@ -48,23 +43,23 @@ QString kindText(QMetaType type)
 {
     const QStringList keys = keysOf(type);
     if (!keys.isEmpty())
-        return localized("This must be one of %1.").arg(keys.join(QStringLiteral(", ")));
+        return ZelLocalizedString("This must be one of %1.").arg(keys.join(QStringLiteral(", ")));
     switch (type.id()) {
     case QMetaType::QUrl:
-        return localized("This is not an address.");
+        return ZelLocalizedString("This is not an address.");
     case QMetaType::QTime:
-        return localized("This is not a time.");
+        return ZelLocalizedString("This is not a time.");
     case QMetaType::QDate:
     case QMetaType::QDateTime:
-        return localized("This is not a date.");
+        return ZelLocalizedString("This is not a date.");
     case QMetaType::QLocale:
-        return localized("This is not a language.");
+        return ZelLocalizedString("This is not a language.");
     case QMetaType::QColor:
-        return localized("This is not a color.");
+        return ZelLocalizedString("This is not a color.");
     default:
-        return localized(ZelValueConversion::limits(type).isValid() || type.id() == QMetaType::Double
-                             ? "This is not a number."
-                             : "This is not a value.");
+        return ZelLocalizedString(ZelValueConversion::limits(type).isValid() || type.id() == QMetaType::Double
+                                      ? "This is not a number."
+                                      : "This is not a value.");
     }
 }
 
@@ -76,7 +71,7 @@ QString ZelValueRefusal::reason(const ZelPropertyDomain &domain, const QVariant 
     switch (domain.check(value)) {
     case ZelValueConversion::Fits:
         // Behind a transformer, a whole number in the model need not look like one.
-        return !transformer && domain.losesFraction(value) ? localized("The number must be a whole number.")
+        return !transformer && domain.losesFraction(value) ? ZelLocalizedString("The number must be a whole number.")
                                                            : QString();
     case ZelValueConversion::OutOfRange:
         return limitsText(domain.limits(), transformer);
