@@ -117,7 +117,7 @@ QRect ZelOriginSelectionView::cellRect(int cell) const
 
 QString ZelOriginSelectionView::cellName(int cell) const
 {
-    static const char *const names[] = {"Top left", "Top",         "Top right", "Left",        "Centre",
+    static const char *const names[] = {"Top left", "Top",         "Top right", "Left",        "Center",
                                         "Right",    "Bottom left", "Bottom",    "Bottom right"};
     return ZelLocalizedString(names[cell]);
 }
