@@ -93,9 +93,7 @@ ZelKeyValueChange &ZelKeyValueChange::operator=(const ZelKeyValueChange &other)
     m_new = !other.hasNew()  ? std::nullopt
             : other.m_source ? std::optional(ZelKeptValue(other.m_source->newValue()))
                              : other.m_new;
-    m_old = !other.hasOld()  ? std::nullopt
-            : other.m_source ? std::optional(ZelKeptValue(other.m_source->oldValue()))
-                             : other.m_old;
+    m_old = !other.hasOld() ? std::nullopt : other.m_source ? std::optional(other.m_source->oldValue()) : other.m_old;
     m_indexes = other.keyValueChangeIndexes();
     m_options = 0;
     m_source = nullptr;
@@ -114,7 +112,7 @@ QVariant ZelKeyValueChange::keyValueChangeOld() const
 {
     if (!hasOld())
         return {};
-    return withoutNull(m_source ? m_source->oldValue() : m_old->value());
+    return withoutNull(m_source ? m_source->oldValue().value() : m_old->value());
 }
 
 std::optional<ZelIndexSet> ZelKeyValueChange::keyValueChangeIndexes() const

@@ -30,7 +30,7 @@ class ZEL_EXPORT ZelKeyValueChangeSource
 public:
     virtual ~ZelKeyValueChangeSource() = default;
     virtual const QVariant &newValue() const = 0;
-    virtual const QVariant &oldValue() const = 0;
+    virtual const ZelKeptValue &oldValue() const = 0;
     /// Whether old and new differ; this is worked out once for a change.
     bool changed() const
     {

@@ -11,6 +11,7 @@
 void ZelLineMinimizer::reset()
 {
     m_goals.clear();
+    m_added = 0;
     m_lower = -std::numeric_limits<double>::infinity();
     m_upper = std::numeric_limits<double>::infinity();
 }
@@ -21,7 +22,7 @@ void ZelLineMinimizer::addGoal(double factor, double constant, Relation relation
         return;
     if (m_goals.empty())
         m_goals.reserve(16); // those of a few boxes
-    m_goals.push_back({priority, int(m_goals.size()), factor, constant, relation});
+    m_goals.push_back({priority, m_added++, factor, constant, relation});
 }
 
 void ZelLineMinimizer::advance(float downTo)

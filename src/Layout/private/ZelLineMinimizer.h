@@ -45,7 +45,8 @@ private:
     void narrowOneSided(Goals goals, bool growing);
     void narrowBetween(Goals goals);
 
-    std::vector<Goal> m_goals;    // those not yet taken in
+    std::vector<Goal> m_goals; // those not yet taken in
+    int m_added = 0;
     std::vector<double> m_points; // scratch of narrowBetween
     double m_lower = -std::numeric_limits<double>::infinity();
     double m_upper = std::numeric_limits<double>::infinity();

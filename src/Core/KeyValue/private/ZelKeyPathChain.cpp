@@ -91,7 +91,7 @@ public:
             m_new = m_chain.value();
         return *m_new;
     }
-    const QVariant &oldValue() const override { return m_old.value(); }
+    const ZelKeptValue &oldValue() const override { return m_old; }
 
 private:
     bool areValuesDifferent() const override { return differ(m_old, newValue()); }

@@ -32,7 +32,7 @@ public:
                                                          : m_key.elementsAt(*m_indexes);
         return m_new;
     }
-    const QVariant &oldValue() const override { return m_old.value(); }
+    const ZelKeptValue &oldValue() const override { return m_old; }
     void setNewValue(const QVariant &value)
     {
         m_new = value;
