@@ -44,8 +44,6 @@ void ZelInspectorSlice::loadView()
     setView(m_sectionsView);
     Q_EMIT sectionsViewChanged();
     const QList<ZelInspectorSection *> all = sections();
-    for (ZelInspectorSection *section : all)
-        section->view();
     QList<QWidget *> subviews;
     for (qsizetype i = 0; i < all.size(); ++i) {
         ZelInspectorSection *section = all.at(i);

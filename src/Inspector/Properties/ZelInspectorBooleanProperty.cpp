@@ -58,6 +58,8 @@ void ZelInspectorBooleanProperty::updateView()
 
 void ZelInspectorBooleanProperty::userDidChangeValue(QObject *sender)
 {
+    if (!m_checkbox)
+        return;
     const QPointer<ZelInspectorBooleanProperty> alive(this);
     if (m_checkbox->checkState() == Qt::PartiallyChecked)
         m_checkbox->setCheckState(Qt::Checked);

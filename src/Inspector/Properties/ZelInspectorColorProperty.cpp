@@ -111,6 +111,8 @@ void ZelInspectorColorProperty::writeColor(const ZelColor &color)
 
 void ZelInspectorColorProperty::userDidChangeValue(QObject *sender)
 {
+    if (!m_popUpButton)
+        return;
     const ZelColor color = ZelColor::fromVariant(m_popUpButton->selectedColor());
     const QPointer<ZelInspectorColorProperty> alive(this);
     if (color.isValid())

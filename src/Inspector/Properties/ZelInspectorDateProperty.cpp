@@ -75,6 +75,8 @@ void ZelInspectorDateProperty::updateView()
 
 void ZelInspectorDateProperty::userDidChangeValue(QObject *sender)
 {
+    if (!m_datePicker)
+        return;
     const QVariant value = m_datePicker->objectValue();
     const QPointer<ZelInspectorDateProperty> alive(this);
     if (!ZelEqual(value, reflectedValue()))

@@ -252,6 +252,8 @@ void ZelInspectorNumberProperty::updateView()
 
 void ZelInspectorNumberProperty::toggleNilValue(QObject *sender)
 {
+    if (!m_nonNillCheckbox)
+        return;
     if (m_nonNillCheckbox->checkState() == Qt::PartiallyChecked)
         m_nonNillCheckbox->setCheckState(Qt::Checked);
     const bool isOn = m_nonNillCheckbox->checkState() == Qt::Checked;

@@ -72,7 +72,7 @@ QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
 void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant former = reflectedValue();
-    if (ZelIsControllerMarker(former))
+    if (!m_textField || ZelIsControllerMarker(former))
         return;
     const QVariant value = entered(m_textField->objectValue());
     if (ZelEqual(value, former))
