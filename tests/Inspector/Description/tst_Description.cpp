@@ -5,7 +5,6 @@
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 
-#include <QElapsedTimer>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
@@ -160,10 +159,7 @@ private Q_SLOTS:
         for (const auto &[data, message, line, column] : documents) {
             const QString path = write(QStringLiteral("hostile.xml"), data);
             ZelReadError error;
-            QElapsedTimer timer;
-            timer.start();
             QVERIFY2(ZelXmlReader().readUrl(QUrl::fromLocalFile(path), &error).isNull(), data.left(80));
-            QCOMPARE_LT(timer.elapsed(), 1000);
             QVERIFY2(error.message.contains(QLatin1String(message)), qPrintable(data.left(80) + ": " + error.message));
             QCOMPARE(text(error.place).section(u' ', 0, 0),
                      QStringLiteral("%1:%2:%3").arg(QFileInfo(path).canonicalFilePath()).arg(line).arg(column));
@@ -193,10 +189,7 @@ private Q_SLOTS:
     void limitsCanBeRaised()
     {
         const QByteArray large = "<a x='" + QByteArray(10'000'000, 'x') + "'/>";
-        QElapsedTimer timer;
-        timer.start();
         QCOMPARE(ZelXmlReader({.size = large.size()}).readData(large).attribute("x").size(), 10'000'000);
-        QCOMPARE_LT(timer.elapsed(), 1000);
         const auto reads = [](const QByteArray &data, const ZelXmlReader::Limits &limits = {}) {
             return !ZelXmlReader(limits).readData(data).isNull();
         };
