@@ -98,7 +98,7 @@ void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
     m_editor = new ZelGrowingTextEditor(this);
     m_editor->setReadOnly(!m_editable);
     m_editor->setTextColor(textColor());
-    m_editor->setGeometry(contentRect());
+    placeEditor();
     if (keepsTyping)
         m_editor->setPlainText(m_text);
     else
@@ -107,6 +107,12 @@ void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
     m_editor->show();
     m_editor->takeFocus(reason);
     update();
+}
+
+/// A QPlainTextEdit counts its last line as hidden, and scrolls, unless a further pixel is free below it.
+void ZelGrowingTextField::placeEditor()
+{
+    m_editor->setGeometry(contentRect().adjusted(0, 0, 0, 1));
 }
 
 void ZelGrowingTextField::closeEditor()
@@ -319,7 +325,7 @@ void ZelGrowingTextField::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     if (m_editor)
-        m_editor->setGeometry(contentRect());
+        placeEditor();
 }
 
 void ZelGrowingTextField::paintEvent(QPaintEvent *)

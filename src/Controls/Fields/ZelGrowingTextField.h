@@ -81,6 +81,7 @@ private:
     void initStyleOption(QStyleOptionFrame *option) const;
     QMargins contentMargins() const;
     QRect contentRect() const;
+    void placeEditor();
     QColor textColor() const;
     void openEditor(Qt::FocusReason reason);
     void closeEditor();
