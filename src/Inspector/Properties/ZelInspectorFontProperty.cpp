@@ -249,7 +249,7 @@ void ZelInspectorFontProperty::updateView()
     const QVariant value = reflectedValue();
     const bool canWrite = isWritable();
     m_stepper->setEditable(!hasNoTarget(size) && canWrite);
-    m_stepper->setHidden(!hasNoTarget(size) && !canWrite);
+    m_stepper->setHidden(isReadOnly() || (!hasNoTarget(size) && !canWrite));
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const auto font = fontOf(value);
     m_button->setEnabled((isMultiple || font) && canWrite && isEffectivelyEnabled());
