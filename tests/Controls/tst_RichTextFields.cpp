@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ScriptPanel.h"
+#include "ControlPanel.h"
 #include "Controls/Fields/ZelGrowingTextView.h"
 #include "Controls/Fields/ZelLinkTextField.h"
 

@@ -13,7 +13,7 @@
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
 
-#include "ScriptPanel.h"
+#include "ControlPanel.h"
 #include "Support/Recorder.h"
 #include "Support/Reports.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ScriptPanel.h"
+#include "ControlPanel.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
 #include "Controls/Fields/ZelNumberFormatter.h"
 #include "Controls/Fields/ZelToken.h"

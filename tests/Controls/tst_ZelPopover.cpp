@@ -3,7 +3,7 @@
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/ZelPopover.h"
 
-#include "ScriptPanel.h"
+#include "ControlPanel.h"
 
 #include <QPushButton>
 #include <QScreen>

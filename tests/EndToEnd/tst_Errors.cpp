@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "InspectorWindow.h"
+#include "FigureSheet.h"
 
-#include "Controls/Fields/ZelGrowingTextField.h"
-#include "Controls/Fields/ZelTextField.h"
-#include "Controls/ZelCheckBox.h"
-#include "Controls/ZelPushButton.h"
-#include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Support/Reports.h"
 
 #include <QShortcut>
@@ -19,85 +15,57 @@ class Stubborn : public QObject
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
     Q_PROPERTY(double number READ number WRITE setNumber NOTIFY changed)
     Q_PROPERTY(bool flag READ flag WRITE setFlag NOTIFY changed)
-    Q_PROPERTY(bool watched READ watched WRITE setWatched NOTIFY watchedChanged)
-    Q_PROPERTY(int kind READ kind WRITE setKind NOTIFY kindChanged)
+    Q_PROPERTY(bool watched MEMBER watched NOTIFY watchedChanged)
+    Q_PROPERTY(int kind MEMBER kind NOTIFY changed)
     Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY changed)
     Q_PROPERTY(bool fixed READ flag NOTIFY changed)
-    Q_PROPERTY(bool oneWay READ isOneWay WRITE setOneWay NOTIFY changed)
+    Q_PROPERTY(bool oneWay MEMBER oneWay WRITE setOneWay NOTIFY changed)
 public:
     Stubborn()
     {
         connect(this, &Stubborn::watchedChanged, this, [] { throw std::runtime_error("observer"); });
     }
-
-    QString text() const { return QStringLiteral("old"); }
+    QString text() const { return "old"; }
     void setText(const QString &) { refuse(); }
     double number() const { return 7; }
     void setNumber(double) { refuse(); }
     bool flag() const { return false; }
     void setFlag(bool) { refuse(); }
-    bool watched() const { return m_watched; }
-    void setWatched(bool watched)
-    {
-        m_watched = watched;
-        Q_EMIT watchedChanged();
-    }
-    int kind() const { return m_kind; }
-    void setKind(int kind)
-    {
-        m_kind = kind;
-        Q_EMIT kindChanged();
-    }
     QRectF frame() const { return {1, 2, 30, 40}; }
     void setFrame(const QRectF &) { refuse(); }
-    bool isOneWay() const { return m_oneWay; }
-    void setOneWay(bool oneWay)
+    void setOneWay(bool value)
     {
-        if (!oneWay)
+        if (!value)
             refuse();
-        m_oneWay = true;
+        oneWay = true;
         Q_EMIT changed();
     }
+
+    bool watched = false;
+    int kind = 0;
+    bool oneWay = false;
 
 Q_SIGNALS:
     void changed();
     void watchedChanged();
-    void kindChanged();
 
 private:
     [[noreturn]] static void refuse() { throw std::runtime_error("setter"); }
-
-    bool m_watched = false;
-    int m_kind = 0;
-    bool m_oneWay = false;
 };
 
-QByteArray description(const QByteArray &property)
+/// A window with one row, and a stubborn model that is selected.
+struct Window : Sheet
 {
-    return "<panes><pane><inspector><slice><section><sliver title='Row'>" + property +
-           "</sliver></section></slice></inspector></pane></panes>";
-}
-
-/// Uses the row's first control as a person does.
-void useControl(const QWidget &window)
-{
-    if (auto *button = window.findChild<ZelPushButton *>()) {
-        QTest::mouseClick(button, Qt::LeftButton);
-    } else if (auto *box = window.findChild<ZelCheckBox *>()) {
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-    } else {
-        QWidget *field = window.findChild<ZelGrowingTextField *>();
-        if (!field)
-            field = window.findChild<ZelTextField *>();
-        QTest::mouseClick(field, Qt::LeftButton);
-        QWidget *focus = QApplication::focusWidget();
-        QVERIFY(focus);
-        QTest::keyClick(focus, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(focus, QStringLiteral("3"));
-        QTest::keyClick(focus, Qt::Key_Return);
+    explicit Window(const QByteArray &elements)
+        : Sheet(elements.startsWith("<sliver") ? elements : "<sliver title='Row'>" + elements + "</sliver>")
+    {
+        owner->controller.setSelectedObjects({&model});
+        settle();
     }
-    InspectorWindow::settle();
-}
+    ~Window() override { inspector.reset(); }
+
+    Stubborn model;
+};
 
 /// Adds the lines that are logged as errors.
 class ErrorLines
@@ -107,7 +75,7 @@ public:
     {
         s_lines = lines;
         m_former = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) {
-            if (line.startsWith(QStringLiteral("ERROR:")))
+            if (line.startsWith("ERROR:"))
                 s_lines->append(line);
         });
     }
@@ -119,18 +87,6 @@ private:
     QtMessageHandler m_former;
 };
 
-/// What the row's first control shows.
-QVariant shownValue(const QWidget &window)
-{
-    if (const auto *box = window.findChild<ZelCheckBox *>())
-        return box->isChecked();
-    if (const auto *field = window.findChild<ZelGrowingTextField *>())
-        return field->objectValue();
-    if (const auto *field = window.findChild<ZelTextField *>())
-        return field->objectValue();
-    return {};
-}
-
 } // namespace
 
 /// What is thrown while the event loop calls into the library must not reach it: nobody is there to catch it.
@@ -138,181 +94,143 @@ class tst_Errors : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void anEditThatFailsIsReportedAndShowsTheModelsValue_data()
-    {
-        QTest::addColumn<QByteArray>("property");
-        QTest::addColumn<QString>("message"); // a part of it; empty: none
-        QTest::addColumn<QVariant>("shown");
-        QTest::addColumn<int>("steps");
-        const QByteArray path = " keyPath='people.selection.";
-        const auto row = [](const char *name, const QByteArray &property, const char *message, const QVariant &shown,
-                            int steps = 0) {
-            const QByteArray elements = property.startsWith('<') ? property : "<property " + property + "/>";
-            QTest::newRow(name) << elements << QString::fromLatin1(message) << shown << steps;
-        };
-        row("checkbox, setter", "type='boolean'" + path + "flag'", "setter", false);
-        row("checkbox with bits, setter", "type='boolean' bits='1'" + path + "flag'", "setter", false);
-        row("text, setter", "type='string'" + path + "text'", "setter", "old");
-        row("number, setter", "type='number'" + path + "number'", "setter", 7);
-        row("frame, setter", "type='frame'" + path + "frame'", "setter", 1);
-        row("two keys for one", "type='boolean' bits='1'" + path + "frame.x'", "frame.x", true);
-        row("observer", "type='boolean'" + path + "watched'", "observer", true, 1);
-        row("action", "type='action' title='Go' actionSelector='failAction'", "action", {});
-        row("action after an edit", "type='boolean' actionSelector='failAction'" + path + "kind'", "action", true, 1);
-        row("no WRITE", "type='boolean'" + path + "fixed'", "", false);
-        row("no WRITE, bits", "type='boolean' bits='1'" + path + "fixed'", "", false);
-        row("no such slot", "type='action' title='Go' actionSelector='noSuchSlot'", "noSuchSlot", {});
-        row("no such slot after an edit", "type='boolean' actionSelector='noSuchSlot'" + path + "kind'", "noSuchSlot",
-            true, 1);
-        row("no such key", "type='boolean'" + path + "nothing'", "", false); // not applicable, and not enabled
-        row("a value that an image enumeration does not know",
-            "<property type='number'" + path + "kind'/><property type='enumeration' style='segmented'" + path +
-                "kind'><option-group><option title='A' value='0'/></option-group></property>",
-            "3", 3, 1);
-    }
     void anEditThatFailsIsReportedAndShowsTheModelsValue()
     {
-        QFETCH(QByteArray, property);
-        QFETCH(QString, message);
-        QFETCH(QVariant, shown);
-        QFETCH(int, steps);
-        Reports reports;
-        Stubborn model;
-        InspectorWindow window(description(property));
-        window.owner->controller.setSelectedObjects({&model});
-        InspectorWindow::settle();
-        reports.messages.clear();
-        const ErrorLines lines(&reports.messages);
-        useControl(window);
-        QVERIFY2(reports.messages.size() == !message.isEmpty(), qPrintable(reports.messages.join(u'|')));
-        QVERIFY2(reports.messages.join(u'|').contains(message), qPrintable(reports.messages.join(u'|')));
-        QCOMPARE(shownValue(window), shown);
-        QCOMPARE(window.stack.count(), steps);
+        struct Row
+        {
+            const char *key;
+            const char *type;
+            const char *message; // a part of it; empty: none
+            const char *shown;
+            int steps = 0;
+            const char *after = "";
+        };
+        const Row rows[] = {
+            {"flag", "boolean' title='a", "setter", "off"},
+            {"flag", "boolean' title='a' bits='1", "setter", "off"},
+            {"text", "string", "setter", "old"},
+            {"number", "number", "setter", "7"},
+            {"frame", "frame", "setter", "1"},
+            {"frame.x", "boolean' title='a' bits='1", "frame.x", "on"}, // two keys for one
+            {"watched", "boolean' title='a", "observer", "on", 1},
+            {"kind", "boolean' title='a' actionSelector='failAction", "action", "on", 1},
+            {"fixed", "boolean' title='a", "", "off"}, // without WRITE
+            {"fixed", "boolean' title='a' bits='1", "", "off"},
+            {"kind", "boolean' title='a' actionSelector='noSuchSlot", "noSuchSlot", "on", 1},
+            {"nothing", "boolean' title='a", "", "off"}, // not applicable, and not enabled
+            {"kind", "number", "3", "3", 1,              // which the segments do not know
+             "<property type='enumeration' style='segmented' keyPath='people.selection.kind'><option-group>"
+             "<option title='A' value='0'/></option-group></property>"},
+        };
+        for (const Row &row : rows) {
+            const TableRow inRow(QString(row.key) + u' ' + row.type);
+            Reports reports;
+            Window window(QByteArray("<property type='") + row.type + "' keyPath='people.selection." + row.key + "'/>" +
+                          row.after);
+            reports.messages.clear();
+            const ErrorLines lines(&reports.messages);
+            window.edit(row.key, "3");
+            QCOMPARE(reports.messages.size(), *row.message ? 1 : 0);
+            QVERIFY2(reports.messages.join(u'|').contains(row.message), qPrintable(reports.messages.join(u'|')));
+            QCOMPARE(window.shown(row.key), row.shown);
+            QCOMPARE(window.stack.count(), row.steps);
+        }
+        for (const char *action : {"failAction", "noSuchSlot"}) {
+            Reports reports;
+            const Window window(QByteArray("<property type='action' title='Go' actionSelector='") + action + "'/>");
+            reports.messages.clear();
+            const ErrorLines lines(&reports.messages);
+            Sheet::click(window.findChild<ZelPushButton *>());
+            QCOMPARE(reports.messages.size(), 1);
+            QVERIFY(reports.messages[0].contains(QString(action).remove("fail"), Qt::CaseInsensitive));
+        }
     }
 
     /// Undone by a key, through the manager or on the stack itself.
-    void aStepThatFailsIsReported_data()
-    {
-        QTest::addColumn<bool>("byManager");
-        QTest::newRow("manager") << true;
-        QTest::newRow("stack") << false;
-    }
     void aStepThatFailsIsReported()
     {
-        QFETCH(bool, byManager);
-        Stubborn model;
-        InspectorWindow window(
-            description("<property type='boolean' keyPath='people.selection.oneWay' actionName='Switch'/>"));
-        window.owner->controller.setSelectedObjects({&model});
-        InspectorWindow::settle();
-        const QShortcut shortcut(QKeySequence::Undo, &window);
-        if (byManager)
-            connect(&shortcut, &QShortcut::activated, ZelUndoManager::forWidget(&window), &ZelUndoManager::undo);
-        else
-            connect(&shortcut, &QShortcut::activated, &window.stack, &QUndoStack::undo);
-        useControl(window);
-        QCOMPARE(window.stack.index(), 1);
-        const Reports reports;
-        QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
-        InspectorWindow::settle();
-        QCOMPARE(reports.messages, QStringList("Undo \"Switch\": setter"));
-        QCOMPARE(reports.places.constFirst().element, QStringLiteral("property"));
-        QVERIFY(model.isOneWay() && shownValue(window).toBool());
-        QCOMPARE(window.stack.index(), 0);
+        for (const bool byManager : {true, false}) {
+            Window window(Sheet::row("oneWay", "boolean", "title='Switch'"));
+            const QShortcut shortcut(QKeySequence::Undo, &window);
+            if (byManager)
+                connect(&shortcut, &QShortcut::activated, ZelUndoManager::forWidget(&window), &ZelUndoManager::undo);
+            else
+                connect(&shortcut, &QShortcut::activated, &window.stack, &QUndoStack::undo);
+            window.edit("oneWay", {});
+            QCOMPARE(window.stack.index(), 1);
+            const Reports reports;
+            QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+            Sheet::settle();
+            QCOMPARE(reports.messages, QStringList("Undo \"Change oneWay\": setter"));
+            QCOMPARE(reports.places.constFirst().element, "property");
+            QVERIFY(window.model.oneWay);
+            QCOMPARE(window.shown("oneWay"), "on");
+            QCOMPARE(window.stack.index(), 0);
+        }
     }
 
     void aRefreshThatFailsIsReported()
     {
-        Stubborn model;
-        InspectorWindow window(description("<property type='enumeration' style='segmented' "
-                                           "keyPath='people.selection.kind'><option-group><option title='A' value='0'/>"
-                                           "</option-group></property>"));
-        window.owner->controller.setSelectedObjects({&model});
-        InspectorWindow::settle();
+        Window window(Sheet::row("kind", "enumeration",
+                                 "style='segmented'><option-group><option title='A' value='0'/></option-group>"));
         const Reports reports;
-        model.setKind(77);
-        InspectorWindow::settle();
+        window.model.setProperty("kind", 77);
+        Sheet::settle();
         QCOMPARE(reports.messages.size(), 1);
     }
 
-    void typingIsTakenBeforeAStep_data()
-    {
-        QTest::addColumn<QString>("by");
-        QTest::addColumn<QString>("undone");
-        QTest::newRow("manager") << "manager"
-                                 << "second";
-        QTest::newRow("the application's stack") << "stack"
-                                                 << "first";
-    }
     void typingIsTakenBeforeAStep()
     {
-        QFETCH(QString, by);
-        QFETCH(QString, undone);
-        InspectorWindow window(description("<property type='string' keyPath='people.selection.name'/>"));
-        Person &person = *window.people[0];
-        person.setName(QStringLiteral("first"));
-        window.select({0});
-        auto *field = window.findChild<ZelGrowingTextField *>();
-        QTest::mouseClick(field, Qt::LeftButton);
-        const auto type = [](const QString &text) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClicks(QApplication::focusWidget(), text);
-        };
-        type(QStringLiteral("second"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        type(QStringLiteral("third"));
-        QCOMPARE(person.name(), QStringLiteral("second"));
-        if (by == "manager")
-            ZelUndoManager::forWidget(&window)->undo();
-        else
-            window.stack.undo();
-        QCOMPARE(person.name(), undone);
-        window.stack.redo();
-        QCOMPARE(person.name(), QStringLiteral("third"));
-        while (window.stack.canUndo())
-            window.stack.undo();
-        QCOMPARE(person.name(), QStringLiteral("first"));
-        InspectorWindow::settle();
-        QCOMPARE(field->objectValue(), QStringLiteral("first"));
+        for (const bool byManager : {true, false}) { // else by the application, on its stack
+            Sheet window(Sheet::row("name", "string"));
+            const Person &person = *window.figures[0];
+            window.select({0});
+            window.edit("name", "second");
+            window.begin("name", "third");
+            QCOMPARE(person.name(), "second");
+            if (byManager)
+                ZelUndoManager::forWidget(&window)->undo();
+            else
+                window.stack.undo();
+            QCOMPARE(person.name(), byManager ? "second" : "P0");
+            window.stack.redo();
+            QCOMPARE(person.name(), "third");
+            while (window.stack.canUndo())
+                window.undo();
+            QCOMPARE(person.name(), "P0");
+            QCOMPARE(window.shown("name"), "P0");
+        }
     }
 
     /// The application's command is the one that runs, and its stack must not be touched meanwhile.
     void typingIsTakenWhenACommandChangesTheSelection()
     {
-        class Select : public QUndoCommand
+        struct Select : QUndoCommand
         {
-        public:
             Select(ZelObjectController &controller, Person *before, Person *after)
-                : m_controller(controller)
-                , m_before(before)
-                , m_after(after)
+                : controller(controller)
+                , before(before)
+                , after(after)
             {
             }
-            void undo() override { m_controller.setSelectedObjects({m_before}); }
-            void redo() override { m_controller.setSelectedObjects({m_after}); }
-
-        private:
-            ZelObjectController &m_controller;
-            Person *m_before;
-            Person *m_after;
+            void undo() override { controller.setSelectedObjects({before}); }
+            void redo() override { controller.setSelectedObjects({after}); }
+            ZelObjectController &controller;
+            Person *before;
+            Person *after;
         };
-        InspectorWindow window(description("<property type='string' keyPath='people.selection.name'/>"));
-        Person &first = *window.people[0];
-        Person &second = *window.people[1];
+        Sheet window(Sheet::row("name", "string"));
         window.select({0});
-        window.stack.push(new Select(window.owner->controller, &first, &second));
-        window.stack.undo();
-        InspectorWindow::settle();
-        QTest::mouseClick(window.findChild<ZelGrowingTextField *>(), Qt::LeftButton);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("typed"));
+        window.stack.push(new Select(window.owner->controller, window.figures[0].get(), window.figures[1].get()));
+        window.undo();
+        window.begin("name", "typed");
         window.stack.redo();
-        InspectorWindow::settle();
-        QCOMPARE(first.name(), QStringLiteral("typed"));
-        QCOMPARE(second.name(), QStringLiteral("P1"));
+        window.settle();
+        QCOMPARE(window.figures[0]->name(), "typed");
+        QCOMPARE(window.figures[1]->name(), "P1");
         QCOMPARE(window.stack.count(), 2);
         window.stack.undo();
-        QCOMPARE(first.name(), QStringLiteral("P0"));
+        QCOMPARE(window.figures[0]->name(), "P0");
     }
 };
 

@@ -1,0 +1,464 @@
+// SPDX-License-Identifier: MIT
+#include "ControlPanel.h"
+#include "Controls/Fields/ZelComboBox.h"
+#include "Controls/Fields/ZelDatePicker.h"
+#include "Controls/Fields/ZelGrowingTextField.h"
+#include "Controls/Fields/ZelNumberFormatter.h"
+#include "Controls/Fields/ZelPaddedTextField.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/private/ZelErrorNote.h"
+#include "Controls/private/ZelThemeColor.h"
+
+#include <QAbstractItemView>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTimeZone>
+
+namespace {
+
+/// Numbers with a unit that is shown and not edited.
+class MetreFormatter : public ZelNumberFormatter
+{
+public:
+    MetreFormatter() { setLocale(QLocale::c()); }
+    QString stringForObjectValue(const QVariant &value) const override
+    {
+        return editingStringForObjectValue(value) + " m";
+    }
+    QString editingStringForObjectValue(const QVariant &value) const override
+    {
+        return ZelNumberFormatter::stringForObjectValue(value);
+    }
+    Range unitRange(const QString &text) const override { return {text.size() - 2, 2}; }
+};
+
+const QString g_longText =
+    QStringLiteral("Many words that need more than one line of the field, and even more words. ");
+const QStringList g_names{"Alpha", "Beta", "Gamma"};
+
+/// How many pixels of the widget have nearly the colour.
+int pixelsOf(QWidget *widget, const QColor &color)
+{
+    const QImage image = widget->grab().toImage();
+    int count = 0;
+    for (int i = 0; i < image.width() * image.height(); ++i) {
+        const QColor pixel = image.pixelColor(i % image.width(), i / image.width());
+        count += std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
+                     std::abs(pixel.blue() - color.blue()) <
+                 24;
+    }
+    return count;
+}
+
+QPlainTextEdit *editorOf(QWidget *field)
+{
+    for (QPlainTextEdit *editor : field->findChildren<QPlainTextEdit *>()) {
+        if (editor->isVisible())
+            return editor;
+    }
+    return nullptr;
+}
+
+class GrowingPanel : public ControlPanel<ZelGrowingTextField>
+{
+public:
+    explicit GrowingPanel(const QVariant &value = {})
+    {
+        control->setObjectValue(value);
+        other->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+        resize(200, 400);
+    }
+    int neededHeight() const { return control->heightForWidth(control->width()); }
+    QPlainTextEdit *editor() const { return editorOf(control); }
+};
+
+/// The state is the text, and the value where it is another one.
+template<typename Field> class ValuePanel : public ControlPanel<Field>
+{
+public:
+    explicit ValuePanel(const QVariant &value)
+    {
+        Field *field = this->control;
+        if constexpr (std::is_same_v<Field, ZelComboBox>)
+            field->setContentValues(g_names);
+        field->setObjectValue(value);
+        this->state = [field]() -> QString {
+            const QVariant value = field->objectValue();
+            const QDate date = value.toDate();
+            const QString text = date.isValid() ? date.toString("dd.MM.yyyy") : value.toString();
+            const QString shown = field->property("currentText").isValid() ? field->property("currentText").toString()
+                                                                           : field->property("text").toString();
+            return shown == text ? shown : shown + "/" + text;
+        };
+    }
+};
+using ComboPanel = ValuePanel<ZelComboBox>;
+using DatePanel = ValuePanel<ZelDatePicker>;
+
+} // namespace
+
+/// What single kinds of fields show, and how they grow; the edit itself is tested for all fields at once.
+class tst_TextFields : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+
+    // A line of text
+
+    void showsTheEditingTextWhileFocused()
+    {
+        ValuePanel<ZelTextField> panel(12);
+        ZelTextField *field = panel.control;
+        panel.layout()->addItem(new QSpacerItem(1, 100));
+        panel.resize(400, 300);
+        QCoreApplication::processEvents();
+        field->setFormatter(std::make_shared<MetreFormatter>());
+        // A text that is shown for a value is not typed. Nothing is an absent value.
+        panel.play("leave > 12 m/12; enter > 12; ' 7.50 '; Return > 7.5 reported; '8' > 8/7.5; Escape > 7.5; "
+                   "leave > 7.5 m/7.5; set value 1.23456; enter; '1.235'; Return; leave > 1.235 m/1.23456; "
+                   "enter; Delete; leave >  reported; enter; 'abc'; leave > abc/");
+        QVERIFY(!field->objectValue().isValid());
+        const QPalette plain = panel.palette();
+        QCOMPARE(field->palette().color(QPalette::Text), ZelThemeColor::error(plain));
+        const auto *note = panel.findChild<ZelErrorNote *>(); // right below the field
+        QCOMPARE(note->pos(), field->geometry().bottomLeft() + QPoint(0, 3));
+        QCOMPARE(note->text(), field->errorText());
+        field->discardEditing();
+        QCOMPARE(field->palette().color(QPalette::Text), plain.color(QPalette::Text));
+    }
+
+    void longTextsAreElidedAndUnitsDimmed()
+    {
+        QWidget parent;
+        ZelTextField field(&parent);
+        QPalette colors = field.palette();
+        colors.setColor(QPalette::Text, Qt::blue);
+        colors.setColor(QPalette::Disabled, QPalette::Text, Qt::darkRed);
+        colors.setColor(QPalette::Base, Qt::white);
+        parent.setPalette(colors);
+        parent.setFont(QFont("DejaVu Sans", 40));
+        field.setFormatter(std::make_shared<MetreFormatter>());
+        const auto check = [&field](int value, int width, bool showsUnit) {
+            field.setObjectValue(value);
+            field.resize(width, 100);
+            const int unit = pixelsOf(&field, Qt::darkRed);
+            const int number = pixelsOf(&field, Qt::blue);
+            QVERIFY2(number > 50 && (showsUnit ? unit > 50 : unit == 0),
+                     qPrintable(QString("%1 %2").arg(unit, number)));
+        };
+        check(88, 400, true);
+        check(8888, 120, false); // too narrow for both: the number's start is what remains
+        field.setLayoutDirection(Qt::RightToLeft);
+        check(8888, 120, false);
+    }
+
+    void textsLieWhereALineEditPutsThem()
+    {
+        QWidget parent;
+        QPalette colors = parent.palette();
+        colors.setColor(QPalette::Disabled, QPalette::Text, colors.color(QPalette::Text));
+        parent.setPalette(colors);
+        ZelTextField field(&parent);
+        QLineEdit lineEdit(&parent);
+        field.setFormatter(std::make_shared<MetreFormatter>());
+        field.setObjectValue(1234);
+        lineEdit.setText(field.text());
+        for (int pointSize = 7; pointSize < 14; ++pointSize) {
+            parent.setFont(QFont("DejaVu Sans", pointSize));
+            parent.setLayoutDirection(pointSize % 2 ? Qt::LeftToRight : Qt::RightToLeft);
+            field.resize(151, lineEdit.sizeHint().height());
+            lineEdit.resize(field.size());
+            for (const Qt::AlignmentFlag alignment : {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter}) {
+                field.setAlignment(alignment);
+                lineEdit.setAlignment(alignment);
+                QCOMPARE(field.grab().toImage(), lineEdit.grab().toImage());
+            }
+        }
+    }
+
+    void elidedTextsStandOnTheSameLine()
+    {
+        QWidget parent;
+        ZelTextField field(&parent);
+        QLineEdit lineEdit(&parent);
+        for (QLineEdit *edit : {static_cast<QLineEdit *>(&field), &lineEdit}) {
+            edit->setText("HHHHHHHHHHHHHHHHHHHH");
+            edit->setCursorPosition(0);
+        }
+        for (const char *family : {"DejaVu Sans", "DejaVu Serif", "Liberation Sans"}) {
+            for (double pointSize = 6; pointSize < 15; pointSize += 0.5) {
+                const Case name(QString("%1 %2").arg(family).arg(pointSize));
+                QFont font(QString::fromUtf8(family));
+                font.setPointSizeF(pointSize);
+                parent.setFont(font);
+                const int height = field.sizeHint().height();
+                const int letter = field.fontMetrics().horizontalAdvance('H');
+                const QRect first(0, 0, letter, height);
+                field.resize(30 * letter, height);
+                const QImage whole = field.grab(first).toImage();
+                field.resize(8 * letter, height);
+                QCOMPARE(field.grab(first).toImage(), whole);
+                lineEdit.resize(field.size());
+                QVERIFY(field.grab().toImage() != lineEdit.grab().toImage()); // which is cut
+            }
+        }
+    }
+
+    void paddingIsMirrored()
+    {
+        ZelPaddedTextField field;
+        field.setPadding({1, 2, 20, 4});
+        QCOMPARE(field.textMargins(), QMargins(1, 2, 20, 4));
+        field.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(field.textMargins(), QMargins(20, 2, 1, 4));
+        QCOMPARE(field.padding(), QMargins(1, 2, 20, 4));
+    }
+
+    void dimmedTextsAreLegible()
+    {
+        for (const QPalette &palette : {QPalette(QColor(0xef, 0xef, 0xef)), QPalette(QColor(0x35, 0x35, 0x35))}) {
+            const QColor disabled = palette.color(QPalette::Disabled, QPalette::Text);
+            for (const QColor &faint : {ZelThemeColor::dimmed(palette), ZelThemeColor::legible(disabled, palette)}) {
+                for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button, QPalette::Window})
+                    QVERIFY(ZelThemeColor::contrast(faint, palette.color(role)) >= 4.5);
+            }
+        }
+        QCOMPARE(ZelThemeColor::contrast(Qt::black, Qt::white), 21.0);
+    }
+
+    // A field that grows
+
+    void growsWithItsText()
+    {
+        ZelGrowingTextField field;
+        const int line = field.fontMetrics().height();
+        field.setObjectValue(g_longText);
+        const int wide = field.heightForWidth(2000);
+        QVERIFY(field.heightForWidth(120) >= wide + 2 * line);
+        QVERIFY(field.heightForWidth(0) > 0);
+        field.setObjectValue("a\nb\n");
+        QVERIFY(qAbs(field.heightForWidth(2000) - wide - 2 * line) <= 1);
+
+        GrowingPanel panel(g_longText);
+        QCoreApplication::processEvents();
+        const int before = panel.control->height();
+        panel.control->setObjectValue(QString(g_longText + g_longText)); // a layout learns of the new height
+        QTRY_COMPARE(panel.control->height(), panel.neededHeight());
+        QVERIFY(panel.control->height() > before);
+    }
+
+    void oneLineIsLikeALineEdit()
+    {
+        for (const bool isLabel : {false, true}) {
+            ZelTextField lineEdit;
+            ZelGrowingTextField field;
+            lineEdit.setLabelStyle(isLabel);
+            field.setLabelStyle(isLabel);
+            lineEdit.setObjectValue("Text");
+            field.setObjectValue("Text");
+            QCOMPARE(field.heightForWidth(200), lineEdit.sizeHint().height());
+            field.resize(200, field.heightForWidth(200));
+            lineEdit.resize(field.size());
+            QCOMPARE(field.grab().toImage(), lineEdit.grab().toImage());
+        }
+    }
+
+    void growsWhileTyping()
+    {
+        GrowingPanel panel;
+        ZelGrowingTextField *field = panel.control;
+        field->setFocus(Qt::TabFocusReason);
+        const int before = panel.neededHeight();
+        type("one");
+        QCOMPARE(panel.neededHeight(), before);
+        press(Qt::Key_Return, Qt::AltModifier);
+        QVERIFY(panel.neededHeight() > before);
+        QCOMPARE(field->height(), panel.neededHeight()); // at once
+        QTRY_COMPARE(panel.editor()->verticalScrollBar()->maximum(), 0);
+        QCOMPARE(field->text(), "one\n");
+        press(Qt::Key_Escape);
+        QCOMPARE(panel.neededHeight(), before);
+        type("a");
+        press(Qt::Key_Return, Qt::ShiftModifier);
+        type("b");
+        QCOMPARE(panel.log, QStringList());
+        press(Qt::Key_Enter);
+        QCOMPARE(panel.takeLog(), panel.edits(1));
+        QCOMPARE(field->objectValue(), QVariant("a\nb"));
+        QVERIFY(panel.editor()->textCursor().hasSelection());
+    }
+
+    void hasAnEditorWhileFocused()
+    {
+        GrowingPanel panel(g_longText);
+        QWidget *after = new ZelTextField(&panel);
+        panel.layout()->addWidget(after);
+        after->show();
+        QVERIFY(panel.control->findChildren<QWidget *>().isEmpty());
+        QTest::keyClick(panel.other, Qt::Key_Tab);
+        QVERIFY(keys() == panel.editor() && panel.control->hasFocus());
+        QCOMPARE(panel.editor()->textCursor().selectedText(), g_longText);
+        press(Qt::Key_Tab);
+        QCOMPARE(keys(), after);
+        QVERIFY(!panel.editor());
+        press(Qt::Key_Backtab);
+        QCOMPARE(keys(), panel.editor());
+        press(Qt::Key_Backtab);
+        QCOMPARE(keys(), panel.other);
+        QTRY_VERIFY(panel.control->findChildren<QWidget *>().isEmpty());
+        // A click places the cursor.
+        panel.control->setObjectValue("WWWW");
+        const QPoint place(panel.control->fontMetrics().horizontalAdvance("WW") + 7, 10);
+        QTest::mouseClick(panel.windowHandle(), Qt::LeftButton, {}, panel.control->mapTo(&panel, place));
+        type("i");
+        QCOMPARE(panel.control->text(), "WWiWW");
+    }
+
+    void readOnlyTextCanBeSelected()
+    {
+        GrowingPanel panel;
+        panel.control->setLabelStyle(true);
+        QCOMPARE(panel.control->focusPolicy(), Qt::TabFocus); // there is nothing to click for
+        panel.control->setObjectValue("fixed");
+        QCOMPARE(panel.control->focusPolicy(), Qt::StrongFocus);
+        panel.control->setFocus(Qt::TabFocusReason);
+        type("x");
+        QCOMPARE(panel.editor()->textCursor().selectedText(), "fixed");
+    }
+
+    void scrollsThePaneUnderTheWheel()
+    {
+        for (double pointSize = 6; pointSize < 15; pointSize += 0.5) {
+            for (const QString &text : {QString("one\ntwo"), g_longText}) {
+                const Case name(QString("%1 %2").arg(text).arg(pointSize));
+                GrowingPanel panel(text);
+                QFont font = panel.font();
+                font.setPointSizeF(pointSize);
+                panel.setFont(font);
+                QVERIFY(!panel.wheel(-120));
+                panel.control->setFocus();
+                QCoreApplication::processEvents();
+                QVERIFY(!panel.wheel(-120, panel.editor()->viewport()));
+                QCOMPARE(panel.editor()->verticalScrollBar()->value(), 0);
+            }
+        }
+    }
+
+    /// As in a line edit, with and without the focus.
+    void textBeginsAtTheEdgeOfItsDirection()
+    {
+        for (const QString &text : {QString("abc"), QString("\u05d0\u05d1\u05d2")}) {
+            GrowingPanel panel(text);
+            const QImage image = panel.control->grab().toImage();
+            const auto inkIn = [&image](int left, int right) {
+                for (int x = left; x < right; ++x)
+                    for (int y = 4; y < image.height() - 4; ++y)
+                        if (image.pixel(x, y) != image.pixel(image.width() / 2, y))
+                            return true;
+                return false;
+            };
+            QCOMPARE(inkIn(4, 20), !text.isRightToLeft());
+            QCOMPARE(inkIn(image.width() - 20, image.width() - 4), text.isRightToLeft());
+            panel.control->setFocus();
+            press(Qt::Key_Home);
+            const int x = panel.editor()->cursorRect().x();
+            QVERIFY(text.isRightToLeft() ? x > panel.control->width() / 2 : x < 2);
+        }
+    }
+
+    // A field with a list
+
+    void theValueMayBeOutsideTheList()
+    {
+        const std::tuple<QVariant, QString, int> rows[] = {
+            {"Beta", "Beta", 1}, {"beta", "beta", -1}, {"", "", -1}, {{}, "", -1}, {several(), "", -1}};
+        for (const auto &[value, text, index] : rows) {
+            const Case name(text);
+            ComboPanel panel("Gamma");
+            panel.control->setObjectValue(value);
+            QCOMPARE(panel.control->currentText(), text);
+            QCOMPARE(panel.control->currentIndex(), index);
+            ZelSetValueForKey(panel.control, QVariantList{"Delta"}, "contentValues");
+            QCOMPARE(ZelValueForKey(panel.control, "contentValues"), QVariant(QStringList("Delta")));
+            panel.control->setContentValues(g_names);
+            QCOMPARE(panel.control->currentText(), text);
+            QCOMPARE(panel.control->currentIndex(), index);
+            QVERIFY(ZelEqual(panel.control->objectValue(), value));
+            QCOMPARE(panel.takeLog(), QStringList());
+        }
+    }
+
+    void valuesAreTypedAndChosenFromTheList()
+    {
+        ComboPanel panel("");
+        panel.play("enter; 'ga' > gamma/; Return > Gamma reported; Ctrl+A; 'Own'; leave > Own reported");
+        panel.control->setObjectValue("Alpha");
+        panel.play("enter; Down > Beta reported; Ctrl+A; 'xy' > xy/Beta");
+        panel.control->setContentValues({"Delta", "Xylo"}); // which the typing outlives
+        QCOMPARE(panel.state(), "xy/Beta");
+        panel.play("Escape > Beta");
+        panel.control->setValueEditable(false);
+        panel.play("Down > Beta");
+        panel.control->showPopup();
+        QVERIFY(!panel.control->view()->isVisible() && panel.control->lineEdit());
+    }
+
+    // A date
+
+    void aDateIsShownWithItsWholeYear()
+    {
+        ZelDatePicker picker;
+        picker.setObjectValue(QDate(2024, 2, 3));
+        QCOMPARE(picker.text(), "03.02.2024");
+        picker.setObjectValue(QDateTime(QDate(1024, 2, 3), QTime(14, 5)));
+        QCOMPARE(picker.text(), "03.02.1024 14:05");
+    }
+
+    void typingBeginsWithTodayWhereThereIsNoDate()
+    {
+        for (const QVariant &value : {QVariant(), QVariant(QDate()), QVariant("x"), several()}) {
+            DatePanel panel(QDate(2024, 2, 3));
+            panel.control->setObjectValue(value);
+            QCOMPARE(panel.control->text(), QString(value == several() ? "Multiple Values" : "\u2013"));
+            panel.play("focus; '5'; Return");
+            const QDate today = QDate::currentDate();
+            QCOMPARE(panel.control->objectValue(), QVariant(QDate(today.year(), today.month(), 5)));
+        }
+    }
+
+    void theWholeTextIsDeletedForNoDate()
+    {
+        const QString month = QDate::currentDate().toString("MM.yyyy"); // with which typing begins
+        for (const QString &script : {
+                 QString("focus; Ctrl+A; Delete > \u2013/03.02.2024; Escape > 03.02.2024; Ctrl+A; Backspace; 5; "
+                         "Return > 05.%1 reported")
+                     .arg(month),
+                 QString("focus; Ctrl+A; Delete; leave > \u2013/ reported; focus; Ctrl+A; Delete; leave > \u2013/"),
+                 QString("set editable false; focus; Ctrl+A; Delete > 03.02.2024; Up > 03.02.2024; leave; "
+                         "wheel 120 > 03.02.2024 passed"),
+             })
+            DatePanel(QDate(2024, 2, 3)).play(script);
+        DatePanel(several()).play("focus; Ctrl+A; Delete; Return > \u2013/ reported");
+    }
+
+    void stepsAreCommittedAtOnceAndKeepWhatIsNotShown()
+    {
+        DatePanel panel(QDate(2024, 2, 3));
+        panel.control->setFocus();
+        panel.control->setSelectedSection(QDateTimeEdit::MonthSection);
+        panel.play("Up > 03.03.2024 reported; Up > 03.04.2024 reported");
+        QCOMPARE(panel.level, 1);
+        const QDateTime time(QDate(2024, 2, 3), QTime(10, 20, 30, 40), QTimeZone("Asia/Tokyo"));
+        panel.control->setObjectValue(time);
+        panel.control->setSelectedSection(QDateTimeEdit::MinuteSection);
+        panel.control->stepBy(1);
+        const QDateTime result = panel.control->objectValue().toDateTime();
+        QCOMPARE(result.timeZone(), time.timeZone());
+        QCOMPARE(result, time.addSecs(60));
+    }
+};
+
+QTEST_MAIN(tst_TextFields)
+#include "tst_TextFields.moc"
