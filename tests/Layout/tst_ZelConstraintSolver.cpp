@@ -88,6 +88,21 @@ class tst_ZelConstraintSolver : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    /// Also when higher goals were taken in meanwhile.
+    void goalsOfALevelKeepTheirOrder()
+    {
+        ZelLineMinimizer line;
+        line.addGoal(1, 0, ZelLineMinimizer::NotBelow, 1000);
+        line.addGoal(1, 0, ZelLineMinimizer::NotBelow, 1000);
+        line.addGoal(1, -2, ZelLineMinimizer::Equal, 250);
+        line.advance(1000);
+        line.addGoal(1, -8, ZelLineMinimizer::Equal, 250);
+        line.advance(500);
+        line.addGoal(1, -4, ZelLineMinimizer::NotAbove, 100);
+        line.advance(0);
+        QCOMPARE(line.value(), 2);
+    }
+
     /// Small numbers, so that goals contradict, follow from each other and are alike.
     void goalsAreMetInTheirOrder()
     {

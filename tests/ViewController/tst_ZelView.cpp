@@ -194,6 +194,33 @@ private Q_SLOTS:
         leaving->onUninstall = [] {};
     }
 
+    void hooksMayDeleteTheViewThatIsGivenSubviews()
+    {
+        for (const int count : {2, 300}) { // one by one, and in groups
+            QWidget window;
+            const QPointer<ZelView> outer = new ZelView;
+            outer->setParent(&window);
+            QList<QWidget *> views;
+            for (int i = 0; i < count; ++i)
+                views.append(new LoggingView(&m_log, QString::number(i)));
+            outer->setSubviews(views);
+            const QPointer<ZelView> fresh = new ZelView;
+            auto *first = static_cast<LoggingView *>(views.first());
+            first->onUninstall = [&] { delete fresh; };
+            outer->setSubviews({views.last(), fresh});
+            QVERIFY(!fresh);
+            QCOMPARE(outer->subviews(), QList<QWidget *>{views.last()});
+            static_cast<LoggingView *>(views.last())->onUninstall = [&] {
+                views.last()->setParent(nullptr);
+                delete outer;
+            };
+            ZelView other;
+            outer->setSubviews({&other});
+            QVERIFY(!outer);
+            qDeleteAll(views);
+        }
+    }
+
     /// They leave their window in groups.
     void manySubviewsAreTakenOutAndComeBack()
     {

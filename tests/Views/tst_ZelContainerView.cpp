@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelContainerView.h"
 
+#include "ViewController/HookLog.h"
 #include "Views/ZelSwitchContainerView.h"
 
 #include <QTest>
@@ -69,6 +70,32 @@ private Q_SLOTS:
         QCOMPARE(container.subviews(), (QList<QWidget *>{second.view(), below}));
         container.setChildViewController(nullptr);
         QCOMPARE(container.subviews(), QList<QWidget *>{below});
+    }
+
+    void hooksOfAChildMayEndTheContainer()
+    {
+        QStringList log;
+        LoggingController next(&log, "next");
+        for (const char *moment : {"load", "install", "uninstall"}) {
+            QWidget window;
+            const QPointer<ZelContainerView> container = new ZelContainerView(&window);
+            LoggingController child(&log, "child");
+            child.makeView = [&] {
+                auto *view = new LoggingView(&log, "view");
+                (qstrcmp(moment, "install") == 0 ? view->onInstall : view->onUninstall) = [&, view] {
+                    view->setParent(nullptr);
+                    delete container;
+                };
+                if (qstrcmp(moment, "load") == 0)
+                    delete container;
+                return view;
+            };
+            container->setChildViewController(&child);
+            QCoreApplication::processEvents();
+            if (container)
+                container->setChildViewController(&next);
+            QVERIFY2(!container, moment);
+        }
     }
 
     void switchesBetweenControllers()

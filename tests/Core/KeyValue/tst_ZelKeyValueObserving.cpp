@@ -88,6 +88,7 @@ public:
     {
         log.append(change.keyValueChangeOld().value<QObject *>() ? "there" : "gone");
         log.last() += change.keyValueChanged() ? ", changed" : ", same";
+        QCOMPARE(ZelKeyValueChange(change).keyValueChanged(), change.keyValueChanged()); // in a copy that is kept
     }
 };
 

@@ -321,6 +321,21 @@ private Q_SLOTS:
         QCOMPARE(window.owner->actions, 4);
     }
 
+    void listsForgetTheirDead()
+    {
+        FigureWindow window;
+        auto mortal = std::make_unique<QObject>();
+        window.first.setNote(QVariantList{QVariant::fromValue(mortal.get())});
+        auto *editor = window.edit<Array>("note");
+        window.select({&window.first});
+        const QModelIndex cell = editor->tableView()->model()->index(0, 0);
+        const QString living = cell.data().toString();
+        QVERIFY(living.startsWith("<QObject"));
+        mortal.reset(); // which nobody tells
+        QVERIFY(cell.data().toString() != living);
+        QVERIFY(!ZelObject(editor->objectValueForRow(0)));
+    }
+
     void anObjectWithoutAListGetsOne()
     {
         FigureWindow window;
