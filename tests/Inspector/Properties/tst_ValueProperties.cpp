@@ -170,7 +170,8 @@ private Q_SLOTS:
         for (const auto &[allowsNil, entered] :
              {std::pair(false, absent), {false, unset}, {false, empty}, {true, absent}, {true, empty}}) {
             FigureWindow window;
-            auto *property = window.edit<String>("name", [&](String *made) { made->allowsNilValues = allowsNil; });
+            auto *property =
+                window.edit<String>("name", [allows = allowsNil](String *made) { made->allowsNilValues = allows; });
             window.first.setName("Ada");
             window.select({&window.first});
             property->textField()->setObjectValue(entered);
