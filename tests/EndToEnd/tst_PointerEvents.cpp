@@ -147,11 +147,11 @@ private Q_SLOTS:
                 auto *column = new QVBoxLayout(page);
                 const QPointer<QWidget> control = make();
                 const TableRow inRow(control->metaObject()->className() + QString(editable ? "" : ", read-only"));
+                column->addWidget(control);
+                area.setWidget(page);
                 if (!editable && !control->setProperty("editable", false))
                     continue; // there is no such thing
-                column->addWidget(control);
                 control->setMinimumHeight(20);
-                area.setWidget(page);
                 area.resize(300, 200);
                 page->resize(280, 80);
                 area.show();
