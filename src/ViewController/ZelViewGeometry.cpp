@@ -240,9 +240,11 @@ void ZelView::addSubview(QWidget *view, qsizetype index)
         above = others.value(index);
     }
     placeSubview(view, above);
-    const QPointer<QWidget> guard(view);
+    // A hook may delete the view and this, one without the other when it took the view out before.
+    const QPointer<ZelView> guard(this);
+    const QPointer<QWidget> viewGuard(view);
     ZelViewInstaller::windowMayHaveChanged(view);
-    if (guard)
+    if (guard && viewGuard)
         showSubview(view);
 }
 
@@ -328,8 +330,10 @@ void ZelView::installAndShowSubviews()
     ZelViewInstaller::installSubviews(this);
     if (!guard || !isVisible())
         return;
-    for (QWidget *view : subviews())
-        showSubview(view);
+    const QList<QWidget *> views = subviews();
+    for (const QPointer<QWidget> &view : QList<QPointer<QWidget>>(views.begin(), views.end()))
+        if (guard && view)
+            showSubview(view);
 }
 
 void ZelView::setShown(QWidget *view, bool shown)
