@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Blocks/ZelValueTransformer.h"
 #include "Core/Errors/ZelException.h"
 #include "Core/Values/ZelValues.h"
 #include "Observation/ZelKeyPathObservation.h"
@@ -65,6 +66,12 @@ struct World
     ZelObservations observations{owner.get()};
     Person person;
     Club club;
+    template<typename... Callback>
+    void observe(QObject *object, const auto &path, quint32 options, const Callback &...callback) const
+    {
+        observations.addObservationWithObject(object, path, options, callback..., &g_context);
+    }
+    ZelObservationPtr first() const { return observations.observationsForContext(&g_context).first(); }
     void end(const void *context = &g_context) const { observations.removeAllObservationsForContext(context); }
     ~World()
     {
@@ -75,111 +82,102 @@ struct World
     }
 };
 
-/// Shouts; and takes the shouting back where it is reversible.
-template<bool IsReversible> class Louder : public ZelAbstractValueTransformer
-{
-public:
-    QVariant transformedValue(const QVariant &value) const override { return value.toString().toUpper(); }
-    bool allowsReverseTransformation() const override { return IsReversible; }
-};
-
 class tst_ZelObservations : public QObject
 {
     Q_OBJECT
 
+    const QString m_long = QString(100, 'x'); // a closure that has it must still be there to tell it
     QStringList m_seen;
+    static QString text(const QVariant &value) { return value.isValid() ? value.toString() : "-"; }
+    void note(const Change &change)
+    {
+        m_seen << text(change.keyValueChangeOld()) + '>' + text(change.keyValueChangeNew()) +
+                      (change.isPrior() ? "!" : "");
+    }
     ZelBlockObservation::Block record()
     {
-        return [this](ZelBlockObservation *, const Change &change) {
-            m_seen << change.keyValueChangeOld().toString() + u'>' + change.keyValueChangeNew().toString();
-        };
+        return [this](ZelBlockObservation *, const Change &change) { note(change); };
     }
-    QStringList seen() { return std::exchange(m_seen, {}); }
+    QString seen() { return std::exchange(m_seen, {}).join(' '); }
     static void turn() { QCoreApplication::processEvents(); }
+    static void ignoreNotCancelled(const QString &title, QString details)
+    {
+        details.replace("<Person>", "<Person: 0x[0-9a-f]+>");
+        const QString pattern = "^ERROR: Observation is not cancelled: <%1: 0x[0-9a-f]+>\\{%2\\}$";
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(pattern.arg(title, details)));
+    }
     /// Follows a path; notes the keys that change.
     QSharedPointer<ZelKeyPathObservation> follow(QObject *object, const ZelKeyPath &path)
     {
         return ZelKeyPathObservation::observationWithObject(
             object, path, ZelKeyValueObservingOptionNoMutation,
             [this](ZelKeyPathObservation *observation, const Change &change) {
-                m_seen << observation->key().string() + (change.isPrior() ? " before" : " after");
+                m_seen << observation->key().string() + (change.isPrior() ? "!" : "");
             });
     }
 
 private Q_SLOTS:
-    void init() { m_seen.clear(); }
-
     void removingAContextEndsItsObservationsOnly()
     {
         World w;
-        w.observations.addObservationWithObject(&w.person, {"name", "flags"}, 1, record(), &g_context);
+        w.observe(&w.person, QStringList{"name", "flags"}, 1, record());
         w.observations.addObservationWithObject(&w.person, "height", 1, record(), &g_otherContext);
-        QCOMPARE(w.observations.observationsForContext(&g_context).size(), 2);
+        const ZelObservationPtr kept = w.first();
+        w.observations.addObservation(kept, &g_context); // the same one may be filed twice
+        QCOMPARE(w.observations.observationsForContext(&g_context).size(), 3);
         w.person.setName("Ada");
         w.person.setFlags(3);
-        QCOMPARE(seen(), (QStringList{">Ada", ">3"}));
-        // The same one may be filed twice.
-        const ZelObservationPtr kept = w.observations.observationsForContext(&g_context).first();
-        w.observations.addObservation(kept, &g_context);
-        QCOMPARE(w.observations.observationsForContext(&g_context).size(), 3);
-        w.end();
+        QCOMPARE(seen(), "->Ada ->3");
         w.end();
         QVERIFY(kept->isCancelled() && w.observations.observationsForContext(&g_context).isEmpty());
         w.person.setName("Bea");
         w.person.setHeight(7);
-        QCOMPARE(seen(), QStringList{">7"});
+        QCOMPARE(seen(), "->7");
         w.end(&g_otherContext);
         QVERIFY(!ZelIsObserved(&w.person, "height"));
     }
 
-    void equalValuesStaySilentForWhoAsksForValues()
+    void equalValuesAndMutationsMayBeLeftOut()
     {
         World w;
-        const auto calls = [&](quint32 options) {
-            w.observations.addObservationWithObject(&w.club, "title", options, record(), &g_context);
-            w.club.setTitle("A" + w.club.title);
-            w.club.setTitle(w.club.title);
+        const auto check = [&](quint32 options, const char *expected) {
+            w.club.title = "A";
+            w.observe(&w.club, "title", options, record());
+            w.club.setTitle("B");
+            w.club.setTitle("B");
             w.end();
-            return seen().size();
+            QCOMPARE(seen(), expected);
         };
-        QCOMPARE(calls(ZelKeyValueObservingOptionEqualCheck), 1);
-        QCOMPARE(calls(ZelKeyValueObservingOptionNew), 2); // compares with an old value that was not asked for
-        QCOMPARE(calls(ZelKeyValueObservingOptionNew | ZelKeyValueObservingOptionOld), 1);
-        QCOMPARE(calls(0), 2);
-    }
-
-    void mutationsAreAnnouncedOrLeftOut()
-    {
-        World w;
+        check(ZelKeyValueObservingOptionEqualCheck, "A>B");
+        check(ZelKeyValueObservingOptionNew, "->B ->B"); // compares with an old value that was not asked for
+        check(ZelKeyValueObservingOptionNew | ZelKeyValueObservingOptionOld, "A>B");
+        check(0, "->- ->-");
         Watcher watcher;
         const quint32 noMutation = ZelKeyValueObservingOptionNoMutation | ZelKeyValueObservingOptionNew;
-        w.observations.addObservationWithObject(&w.club, "members", noMutation, record(), &g_context);
-        w.observations.addObservationWithObject(&w.club, "members", noMutation, &watcher, "changed:", &g_context);
+        w.observe(&w.club, "members", noMutation, record());
+        w.observe(&w.club, "members", noMutation, &watcher, "changed:");
         w.club.insertMember(0, "Ada");
-        QCOMPARE(seen().size(), 0);
-        QCOMPARE(watcher.seen.size(), 1); // which knows no such option
+        QVERIFY(m_seen.isEmpty() && watcher.seen.size() == 1); // which knows no such option
         w.club.setMembers({"Bea"});
-        QCOMPARE(seen().size(), 1);
         w.end();
-        w.observations.addObservationWithObject(&w.club, "members", 0, record(), &g_context);
-        QTest::ignoreMessage(QtWarningMsg, "WARNING: Mutation of Club.members");
-        w.club.insertMember(0, "Cleo");
-        QCOMPARE(seen().size(), 1);
+        QCOMPARE(m_seen.size(), 1);
+        w.observe(&w.club, "members", 0, record());
         ZelSourcePlace::setForObject(w.owner.get(), {"a.xml", 3, 5, "property"});
         QTest::ignoreMessage(QtWarningMsg, "WARNING: Mutation of Club.members (a.xml:3:5, <property>)");
-        w.club.insertMember(0, "Dora");
+        w.club.insertMember(0, "Cleo");
+        QCOMPARE(seen(), "-> ->-");
     }
 
     void deferredChangesBecomeOne()
     {
         World w;
-        w.club.setTitle("0");
         const auto defer = [&](quint32 options, const ZelBlockObservation::Block &block) {
-            w.observations.addObservationWithObject(&w.club, "title", options | g_deferredEqual, block, &g_context);
-            return w.observations.observationsForContext(&g_context).first().staticCast<ZelBlockObservation>();
+            w.observe(&w.club, "title", options | g_deferredEqual, block);
+            return w.first().staticCast<ZelBlockObservation>();
         };
-        auto observation = defer(0, [&](ZelBlockObservation *observation, const Change &change) {
-            record()(observation, change);
+        w.club.setTitle("0");
+        const auto observation = defer(0, [&](ZelBlockObservation *, const Change &change) {
+            note(change);
             w.club.setTitle("own"); // not delivered
         });
         for (const char *title : {"1", "2", "3"})
@@ -187,45 +185,37 @@ private Q_SLOTS:
         QVERIFY(m_seen.isEmpty() && observation->lastChange());
         turn();
         turn();
-        QCOMPARE(seen(), QStringList{"0>3"});
+        QCOMPARE(seen(), "0>3");
         QVERIFY(!observation->lastChange());
         w.club.setTitle("4");
         w.end();
         turn();
-        QCOMPARE(seen(), QStringList());
-        Change prior; // that mark stays on the change that is delivered later
-        defer(ZelKeyValueObservingOptionPrior, [&](ZelBlockObservation *, const Change &change) { prior = change; });
+        QCOMPARE(seen(), "");
+        defer(ZelKeyValueObservingOptionPrior, record());
         w.club.setTitle("5");
         turn();
-        QCOMPARE(prior.keyValueChangeOld(), "4");
-        QCOMPARE(prior.keyValueChangeNew(), "5");
-        QVERIFY(prior.isPrior());
-        auto *dead = new Person; // it is forgotten
+        QCOMPARE(seen(), "4>5!"); // that mark stays on the change that is delivered later
+        auto *dead = new Person;  // it is forgotten
         w.person.setFriendOf(dead);
-        QList<QVariant> old;
-        w.observations.addObservationWithObject(
-            &w.person, "friendOf", g_deferredEqual,
-            [&](ZelBlockObservation *, const Change &change) { old.append(change.keyValueChangeOld()); }, &g_context);
+        w.observe(&w.person, "friendOf", g_deferredEqual, record());
         w.person.setFriendOf(&w.person);
         delete dead;
         turn();
-        QCOMPARE(old, QList<QVariant>{QVariant()});
+        QCOMPARE(seen(), "->");
     }
 
     void delegatesAreInvokedByName()
     {
         World w;
         auto watcher = std::make_unique<Watcher>();
-        const QStringList keys{"name", "flags"};
-        w.observations.addObservationWithObject(&w.person, keys, 1, watcher.get(), "changed", &g_context);
+        w.observe(&w.person, QStringList{"name", "flags"}, 1, watcher.get(), "changed");
         w.person.setName("Ada");
         w.person.setFlags(2);
         QCOMPARE(watcher->seen, (QStringList{"name 1 Ada", "flags 1 2"}));
-        w.observations.addObservationWithObject(&w.person, "height", 0, watcher.get(), "noSuch", &g_context);
+        w.observe(&w.person, "height", 0, watcher.get(), "noSuch");
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*Watcher.* has no .*\"noSuch\""));
         w.person.setHeight(1);
-        const auto deferred = ZelDelegateObservation::observationWithObject(
-            &w.person, "name", ZelKeyValueObservingOptionDeferred, watcher.get(), "changed");
+        w.observe(&w.person, "name", ZelKeyValueObservingOptionDeferred, watcher.get(), "changed");
         w.person.setName("Bea");
         turn();
         QCOMPARE(watcher->seen.mid(2), (QStringList{"name 1 Bea", "name 1 "})); // at once, and deferred without values
@@ -233,17 +223,16 @@ private Q_SLOTS:
         watcher.reset(); // dies first
         w.person.setFlags(3);
         turn();
-        deferred->cancel();
         w.end();
         QVERIFY(!ZelIsObserved(&w.person, "name"));
     }
 
-    void notificationsComeFromOneSenderOrAny()
+    void notificationsAndMajorEventsAreSeen()
     {
         World w;
         auto sender = std::make_unique<QObject>();
         ZelNotificationCenter center;
-        int calls = 0;
+        int calls = 0, events = 0;
         const auto count = [&calls](ZelNotificationObservation *, const ZelNotification &) { ++calls; };
         w.observations.addObservationWithCenter(&center, {"A", "B"}, sender.get(), count, &g_context);
         w.observations.addObservationWithCenter(nullptr, "A", nullptr, count, &g_context);
@@ -251,18 +240,12 @@ private Q_SLOTS:
         center.post("B", sender.get());
         center.post("B");
         QCOMPARE(calls, 2);
-        ZelNotificationCenter::defaultCenter()->post("A");
-        QCOMPARE(calls, 3);
+        const auto post = [] { ZelNotificationCenter::defaultCenter()->post("A"); };
+        post();
         sender.reset();
         w.end();
-        ZelNotificationCenter::defaultCenter()->post("A");
+        post();
         QCOMPARE(calls, 3);
-    }
-
-    void majorEventsAreSeenButNotTaken()
-    {
-        World w;
-        int events = 0;
         QCheckBox box;
         const auto countTwo = [&](ZelMajorEventObservation *observation, QEvent *) {
             if (++events == 2)
@@ -272,45 +255,37 @@ private Q_SLOTS:
         QTest::mouseMove(&box, {3, 3});
         QCOMPARE(events, 0);
         QTest::mouseClick(&box, Qt::LeftButton, {}, {8, box.height() / 2});
-        QVERIFY(events == 2 && box.isChecked());
+        QVERIFY(events == 2 && box.isChecked()); // and not taken
         QTest::keyClick(&box, Qt::Key_Space);
-        QVERIFY(events == 2 && !box.isChecked());
+        QCOMPARE(events, 2);
     }
 
     void anyOfThemMayDieFirst()
     {
-        World w;
-        const QString text(100, 'x');
-        const auto endAll = [&, text](ZelBlockObservation *observation, const Change &) {
+        World w, second;
+        w.observe(&w.person, "name", 0, [&, text = m_long](ZelBlockObservation *observation, const Change &) {
             w.end();
             w.owner.reset();
-            m_seen << text << (observation->isCancelled() ? "cancelled" : "active"); // both must still be there
-        };
-        w.observations.addObservationWithObject(&w.person, "name", 0, endAll, &g_context);
-        w.observations.addObservationWithObject(&w.person, "name", 0, record(), &g_context);
+            m_seen << text << (observation->isCancelled() ? "cancelled" : "active");
+        });
+        w.observe(&w.person, "name", 0, record());
         w.person.setName("Ada");
-        QCOMPARE(seen(), (QStringList{text, "cancelled"}));
+        QCOMPARE(seen(), m_long + " cancelled");
         QVERIFY(!ZelIsObserved(&w.person, "name"));
-        World second;
         auto *person = new Person;
-        second.observations.addObservationWithObject(person, "name", ZelKeyValueObservingOptionDeferred, record(),
-                                                     &g_context);
-        const auto kill = [&](ZelBlockObservation *, const Change &) { delete std::exchange(person, nullptr); };
-        second.observations.addObservationWithObject(person, "flags", 0, kill, &g_context);
+        second.observe(person, "name", ZelKeyValueObservingOptionDeferred, record());
+        second.observe(person, "flags", 0,
+                       [&](ZelBlockObservation *, const Change &) { delete std::exchange(person, nullptr); });
         person->setName("Ada");
         person->setFlags(1);
         turn();
-        QCOMPARE(seen().size(), 1);
+        QCOMPARE(seen(), "->-");
         second.end();
         // An owner that forgets its observations is reported, and nothing stays registered.
-        second.observations.addObservationWithObject(&w.person, "name", 0, record(), &g_context);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: Observation is not cancelled: "
-                                                              "<ZelBlockObservation: 0x[0-9a-f]+>\\{object=<Person: "
-                                                              "0x[0-9a-f]+>, keyPath=name\\}$"));
+        second.observe(&w.person, "name", 0, record());
+        ignoreNotCancelled("ZelBlockObservation", "object=<Person>, keyPath=name");
         second.owner.reset();
         QVERIFY(!ZelIsObserved(&w.person, "name"));
-        w.person.setName("Bea");
-        QCOMPARE(seen(), QStringList());
     }
 
     void pathsAreFollowedFromObjectToObject()
@@ -320,15 +295,14 @@ private Q_SLOTS:
         first.setFriendOf(&second);
         auto observation = follow(&root, "friendOf.friendOf.name");
         second.setName("2");
-        QCOMPARE(seen(), (QStringList{"name before", "name after"}));
         root.setFriendOf(nullptr);
-        QCOMPARE(seen(), (QStringList{"friendOf before", "friendOf after"}));
+        QCOMPARE(seen(), "name! name friendOf! friendOf");
         QVERIFY(observation->observations().isEmpty() && observation->options() == 0);
         QVERIFY(!ZelIsObserved(&first, "friendOf") && !ZelIsObserved(&second, "name"));
         second.setFriendOf(&first);
         root.setFriendOf(&second);
         first.setName("1");
-        QCOMPARE(seen().size(), 4);
+        QCOMPARE(seen(), "friendOf! friendOf name! name");
         observation->cancel();
         for (Person *person : {&root, &first, &second})
             QVERIFY(!ZelIsObserved(person, "friendOf") && !ZelIsObserved(person, "name"));
@@ -338,13 +312,11 @@ private Q_SLOTS:
         observation = follow(&root, "friendOf.name");
         const auto leaf = follow(other.get(), "name");
         other.reset();
-        root.setFriendOf(nullptr);
-        QVERIFY(observation->observations().isEmpty());
+        root.setFriendOf(&first);
+        QCOMPARE(observation->observations().size(), 1);
         leaf->cancel();
         observation->cancel();
-        root.setFriendOf(&first);
-        const QString text(100, 'x');
-        const auto end = [&observation, text, this](ZelKeyPathObservation *child, const Change &) {
+        const auto end = [&observation, text = m_long, this](ZelKeyPathObservation *child, const Change &) {
             observation->cancel();
             observation.reset();
             m_seen << text + child->key().string();
@@ -353,7 +325,7 @@ private Q_SLOTS:
         m_seen.clear();
         first.setName("x");
         root.setFriendOf(nullptr);
-        QCOMPARE(seen(), QStringList{text + "name"});
+        QCOMPARE(seen(), m_long + "name");
     }
 
     void pathsFanOutAcrossLists()
@@ -371,7 +343,7 @@ private Q_SLOTS:
         m_seen.clear();
         a.setName("gone");
         d.setName("D");
-        QCOMPARE(seen(), (QStringList{"name before", "name after"}));
+        QCOMPARE(seen(), "name! name");
         QCOMPARE(observation->observations().at(2)->object(), &d);
         observation->cancel();
     }
@@ -380,27 +352,23 @@ private Q_SLOTS:
     {
         World w;
         Failures failures;
-        const auto invalid = [&](const QString &place, const char *parameter, const auto &call) {
-            call();
-            const QString expected = "Observation/Zel" + place + ": Invalid parameter not satisfying: " + parameter;
-            QCOMPARE(failures.taken(), QStringList(expected));
-        };
         const auto block = [&](QObject *object, const ZelKeyPath &path, const ZelBlockObservation::Block &block) {
-            return [=] { QVERIFY(!ZelBlockObservation::observationWithObject(object, path, 0, block)); };
+            QVERIFY(!ZelBlockObservation::observationWithObject(object, path, 0, block));
         };
-        invalid("BlockObservation", "object", block(nullptr, "name", record()));
-        invalid("BlockObservation", "keyPath", block(&w.person, "", record()));
-        invalid("BlockObservation", "block", block(&w.person, "name", nullptr));
-        invalid("DelegateObservation", "observer",
-                [&] { ZelDelegateObservation::observationWithObject(&w.person, "name", 0, nullptr, "changed"); });
-        invalid("DelegateObservation", "selector",
-                [&] { ZelDelegateObservation::observationWithObject(&w.person, "name", 0, &w.club, {}); });
-        invalid("KeyPathObservation", "block",
-                [&] { ZelKeyPathObservation::observationWithObject(&w.person, "name", 0, nullptr); });
-        invalid("NotificationObservation", "name",
-                [] { ZelNotificationObservation::observationWithCenter(nullptr, {}, nullptr, [](auto...) {}); });
-        invalid("Observations", "context != NULL",
-                [&] { w.observations.addObservationWithObject(&w.person, "name", 0, record(), nullptr); });
+        block(nullptr, "name", record());
+        block(&w.person, "", record());
+        block(&w.person, "name", nullptr);
+        ZelDelegateObservation::observationWithObject(&w.person, "name", 0, nullptr, "changed");
+        ZelDelegateObservation::observationWithObject(&w.person, "name", 0, &w.club, {});
+        ZelKeyPathObservation::observationWithObject(&w.person, "name", 0, nullptr);
+        ZelNotificationObservation::observationWithCenter(nullptr, {}, nullptr, [](auto...) {});
+        w.observations.addObservationWithObject(&w.person, "name", 0, record(), nullptr);
+        QCOMPARE(failures.taken().replaceInStrings(": Invalid parameter not satisfying", ""),
+                 QString("BlockObservation: object,BlockObservation: keyPath,BlockObservation: block,"
+                         "DelegateObservation: observer,DelegateObservation: selector,KeyPathObservation: block,"
+                         "NotificationObservation: name,Observations: context != NULL")
+                     .split(',')
+                     .replaceInStrings(QRegularExpression("^"), "Observation/Zel"));
         QVERIFY(!ZelIsObserved(&w.person, "name"));
     }
 
@@ -413,35 +381,32 @@ private Q_SLOTS:
         QCOMPARE(control.name(), "Bea");
         QVERIFY(!values.controllerForBinding("name") && values.keyPathForBinding("name").isEmpty());
         QVERIFY_EXCEPTION_THROWN(values.valueForBinding({}), ZelInternalInconsistencyException);
-        ZelBind(&control, "name", &model, "name");
-        QCOMPARE(values.controllerForBinding("name"), &model);
-        QCOMPARE(values.keyPathForBinding("name").string(), "name");
-        QCOMPARE(values.valueForBinding("name"), "Ada");
-        const auto ignoreNotWritten = [] {
+        const auto louder = [](const QVariant &value) { return value.toString().toUpper(); };
+        const ZelValueTransformerPtr oneWay = ZelValueTransformer::transformerWithBlock(louder);
+        ZelAbstractValueTransformer::setValueTransformer(ZelValueTransformer::reversibleTransformerWithBlock(louder),
+                                                         "Louder");
+        // A transformer is given by name, or as such, which prevails.
+        const auto check = [&](const ZelBindingOptions &options, const char *value) {
+            ZelBind(&control, "name", &model, "name", options);
+            QCOMPARE(values.controllerForBinding("name"), &model);
+            QCOMPARE(values.keyPathForBinding("name").string(), "name");
+            QCOMPARE(values.valueForBinding("name"), value);
             QTest::ignoreMessage(QtWarningMsg, "ERROR: NSObservedObjectKey was nil for binding \"name\" in "
                                                "-[NSObject(ZelKeyValueBinding) setValue:forBinding:]");
+            values.setValue("Bea", "name");
+            QCOMPARE(model.name(), "Ada");
         };
-        ignoreNotWritten();
-        values.setValue("Bea", "name");
-        QCOMPARE(model.name(), "Ada");
-        // A transformer is given by name, or as such, which prevails.
-        const auto oneWay = ZelValueTransformerPtr(new Louder<false>);
-        ZelAbstractValueTransformer::setValueTransformer(ZelValueTransformerPtr(new Louder<true>), "Louder");
-        ZelBindingOptions options{{ZelValueTransformerNameBindingOption, "Unknown"}};
-        ZelBind(&control, "name", &model, "name", options);
+        check({}, "Ada");
+        check({{ZelValueTransformerNameBindingOption, "Unknown"}}, "Ada");
         QVERIFY(!values.valueTransformerForBinding("name"));
-        QCOMPARE(values.valueForBinding("name"), "Ada");
-        options[ZelValueTransformerNameBindingOption] = "Louder";
-        ZelBind(&control, "name", &model, "name", options);
-        QCOMPARE(values.valueForBinding("name"), "ADA");
-        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(oneWay));
-        ZelBind(&control, "name", &model, "name", options);
-        QCOMPARE(values.valueTransformerForBinding("name"), oneWay);
+        check({{ZelValueTransformerNameBindingOption, "Louder"}}, "ADA");
         QTest::ignoreMessage(QtWarningMsg,
                              "WARNING: binding \"name\" has value transformer, but it doesn't allow reverse "
                              "transformations in -[NSObject(ZelKeyValueBinding) setValue:forBinding:]");
-        ignoreNotWritten();
-        values.setValue("BEA", "name");
+        check({{ZelValueTransformerNameBindingOption, "Unknown"},
+               {ZelValueTransformerBindingOption, QVariant::fromValue(oneWay)}},
+              "ADA");
+        QCOMPARE(values.valueTransformerForBinding("name"), oneWay);
         ZelUnbind(&control, "name");
     }
 
@@ -450,26 +415,22 @@ private Q_SLOTS:
         const std::pair<QVariant, const char *> rows[] = {{{}, "Ada"}, {false, "Ada"}, {true, ""}};
         for (const auto &[nilOnCancel, left] : rows) {
             Person control, model("Ada");
-            ZelBindingOptions options;
-            if (nilOnCancel.isValid())
-                options.insert(ZelNilOnCancelBindingOption, nilOnCancel);
             const ZelObservations observations(&control);
-            const QMap<QString, QString> bindings{{"name", "name"}, {"flags", "flags"}};
-            observations.addBindingWithObject(&control, &model, bindings, options, &g_context);
+            observations.addBindingWithObject(&control, &model, {{"name", "name"}, {"flags", "flags"}},
+                                              {{ZelNilOnCancelBindingOption, nilOnCancel}}, &g_context);
             model.setFlags(5);
             QCOMPARE(control.name(), "Ada");
             QCOMPARE(control.flags(), 5);
             observations.removeAllObservationsForContext(&g_context);
             QCOMPARE(control.name(), left);
             model.setFlags(6);
-            QVERIFY(control.flags() != 6);
-            QVERIFY(!ZelInfoForBinding(&control, "name"));
+            QVERIFY(control.flags() != 6 && !ZelInfoForBinding(&control, "name"));
         }
     }
 
     void eitherObjectOrTheBindingMayDieFirst()
     {
-        Person owner;
+        Person owner, other("Cleo");
         auto control = std::make_unique<Person>();
         auto model = std::make_unique<Person>("Ada");
         const ZelObservations observations(&owner);
@@ -481,13 +442,8 @@ private Q_SLOTS:
         model.reset();
         observations.removeAllObservationsForContext(&g_context);
         QVERIFY(!ZelInfoForBinding(&owner, "name"));
-        Person other("Cleo");
         auto binding = ZelBindingObservation::bindingWithObject(&owner, "name", &other, "name");
-        QTest::ignoreMessage(
-            QtWarningMsg,
-            QRegularExpression("^ERROR: Observation is not cancelled: <ZelBindingObservation: "
-                               "0x[0-9a-f]+>\\{object=<Person: 0x[0-9a-f]+>, binding=name target=<Person: "
-                               "0x[0-9a-f]+> keyPath=name\\}$"));
+        ignoreNotCancelled("ZelBindingObservation", "object=<Person>, binding=name target=<Person> keyPath=name");
         binding.reset();
         other.setName("Dora");
         QCOMPARE(owner.name(), "Cleo");
