@@ -1,23 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "EndToEnd/FigureSheet.h"
+
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
-#include "FigureWindow.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
-#include "Inspector/Properties/ZelInspectorArrayProperty.h"
-#include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
-#include "Inspector/Properties/ZelInspectorBoundsProperty.h"
-#include "Inspector/Properties/ZelInspectorColorProperty.h"
-#include "Inspector/Properties/ZelInspectorDateProperty.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
-#include "Inspector/Properties/ZelInspectorPointProperty.h"
-#include "Inspector/Properties/ZelInspectorResourceProperty.h"
-#include "Inspector/Properties/ZelInspectorSizeProperty.h"
-#include "Inspector/Properties/ZelInspectorStringProperty.h"
-#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Support/Recorder.h"
 
 #include <QMetaProperty>
@@ -36,6 +24,7 @@ class Closed : public QObject
     Q_PROPERTY(QStringList tags MEMBER tags CONSTANT)
     Q_PROPERTY(QRectF frame MEMBER frame CONSTANT)
     Q_PROPERTY(QPointF place MEMBER place CONSTANT)
+    Q_PROPERTY(QSizeF size MEMBER size CONSTANT)
 public:
     int flags = 1;
     QString name;
@@ -45,116 +34,21 @@ public:
     QStringList tags{"a"};
     QRectF frame;
     QPointF place;
+    QSizeF size;
 };
 
-template<typename Editor> std::unique_ptr<ZelInspectorProperty> make(QObject *owner)
+template<typename... Editors> QList<ZelInspectorProperty *(*)(QObject *owner)> makers()
 {
-    auto editor = std::make_unique<Editor>(owner);
-    if constexpr (std::is_base_of_v<ZelInspectorEnumerationProperty, Editor>) {
-        auto *option = new ZelOption;
-        option->value = 1;
-        auto *group = new ZelOptionGroup;
-        group->setOptions({option});
-        editor->setOptionGroups({group});
-    }
-    if constexpr (std::is_base_of_v<ZelInspectorPairProperty, Editor>)
-        editor->nonNilValueKeyPath = "extra";
-    if constexpr (std::is_same_v<ZelInspectorNumberProperty, Editor>) {
-        editor->sliderType = ZelInspectorNumberProperty::LinearSlider;
-        editor->nonNilValueTitle = "Set";
-    }
-    return editor;
+    return {[](QObject *owner) -> ZelInspectorProperty * { return new Editors(owner); }...};
 }
 
-/// Each editor, a key that it may edit, and what is read by key.
-const struct
-{
-    std::unique_ptr<ZelInspectorProperty> (*make)(QObject *owner);
-    const char *key;
-    const char *keys;
-} g_kinds[] = {
-    {make<ZelInspectorCustomProperty>, "",
-     "owner titleKeyPath keyPath valueTransformer enabled enabledKeyPath enabledValueTransformer actionSelector "
-     "actionName readOnly viewForBaselineAlignment baselineOffsetFromView"},
-    {make<ZelInspectorNumberProperty>, "flags",
-     "nilValueControlIsOffWhenNil formatStyle formatUnit sliderType increment incrementKeyPath maximum maximumKeyPath "
-     "minimum minimumKeyPath placeholder nonNilValueKeyPath nonNilValueTitle textField stepper slider label "
-     "nonNillCheckbox"},
-    {make<ZelInspectorNumberProperty>, "place.x", ""},
-    {make<ZelInspectorTextEnumerationProperty>, "flags",
-     "editable optionGroups bitMask enumeratedDisplayValuesKeyPath enumeratedValuesKeyPath popUpButton textField menu "
-     "label separatorMenuItem noSelectionMenuItem multipleValuesMenuItem updatingValues"},
-    {make<ZelInspectorImageEnumerationProperty>, "flags",
-     "segmentedControl resizableSegmentedControlView imageView label selectedIndex titles images enabledFlags "
-     "representedObjects updatingValues"},
-    {make<ZelInspectorPointProperty>, "place",
-     "xTitle xTitleKeyPath yTitle yTitleKeyPath increment incrementKeyPath formatStyle formatUnit "
-     "nilValueControlIsOffWhenNil nonNilValueKeyPath xProperty yProperty nonNilProperty x y nonNil updatingValues"},
-    {make<ZelInspectorSizeProperty>, "",
-     "widthTitle widthTitleKeyPath heightTitle heightTitleKeyPath increment incrementKeyPath formatStyle formatUnit "
-     "nilValueControlIsOffWhenNil nonNilValueKeyPath widthProperty heightProperty nonNilProperty width height nonNil"},
-    {make<ZelInspectorBoundsProperty>, "frame",
-     "increment incrementKeyPath formatStyle formatUnit flipped flippedKeyPath showOriginSelector originSelectionView "
-     "label originXProperty originYProperty sizeWidthProperty sizeHeightProperty anchor originX originY sizeWidth "
-     "sizeHeight updatingValues internalEnabled"},
-    {make<ZelInspectorBooleanProperty>, "flags", "bits checkbox updatingValues"},
-    {make<ZelInspectorStringProperty>, "name", "allowsNilValues editable placeholder textField label"},
-    {make<ZelInspectorDateProperty>, "day", "datePicker label"},
-    {make<ZelInspectorColorProperty>, "fill",
-     "colorList defaultColor defaultColorForNil defaultColorKeyPath popup supportsNil popUpButton label"},
-    {make<ZelInspectorResourceProperty>, "name", "placeholder resourcesKeyPath comboBox label"},
-    {make<ZelInspectorActionProperty>, "", "menuItemsKeyPath button"},
-    {make<ZelInspectorMenuActionProperty>, "", "menuItemsKeyPath popUpButton"},
-    {make<ZelInspectorFontProperty>, "font",
-     "placeholder textField button stepper label popover fontPopUpButton fontFamilyPopUpButton fontStylePopUpButton "
-     "fontSizeTextField fontSizeStepper multipleFontFamiliesMenuItem noSelectionFontFamiliesMenuItem "
-     "multipleFontFacesMenuItem noSelectionFontFacesMenuItem fontFamilies fontFaces"},
-    {make<ZelInspectorArrayProperty>, "tags",
-     "defaultValue borderView scrollView tableView actionBar label reflectedValues addActionItem removeActionItem"},
-    {make<ZelInspectorAttributedStringProperty>, "name",
-     "allowsNilValues placeholder segmentedControl resizableSegmentedControlView fontProperty textView label popover "
-     "paragraphStyleInspector colorPanelActive textColorActive textColor backgroundColor font alignment "
-     "firstLineHeadIndent headIndent tailIndent defaultTabInterval lineHeightMultiple maximumLineHeight "
-     "minimumLineHeight lineSpacing paragraphSpacing paragraphSpacingBefore lineBreakMode hyphenationFactor "
-     "tighteningFactorForTruncation headerLevel baseWritingDirection"},
-};
-
-/// Whether a user could change anything with it.
-bool takesInput(const QWidget *control)
-{
-    if (control->isHidden() || !control->isEnabled())
-        return false;
-    const QVariant editable = control->property("editable");
-    const bool isButton =
-        qobject_cast<const QAbstractButton *>(control) || qobject_cast<const ZelPopUpButton *>(control);
-    return editable.isValid() ? editable.toBool() : isButton;
-}
-
-/// The names of the controls that take input; a list takes it where its rows do.
-QString controlsTakingInput(const ZelInspectorProperty *editor)
-{
-    QStringList names;
-    const QList<QWidget *> controls = const_cast<ZelInspectorProperty *>(editor)->view()->findChildren<QWidget *>();
-    for (const QWidget *control : controls) {
-        if (takesInput(control))
-            names.append(control->metaObject()->className());
-    }
-    if (const auto *list = qobject_cast<const ZelInspectorArrayProperty *>(editor)) {
-        const QAbstractItemModel *model = list->tableView()->model();
-        if (list->tableView()->isEnabled() && model->rowCount() > 0 &&
-            model->index(0, 0).flags().testFlag(Qt::ItemIsEditable))
-            names.append("row");
-    }
-    return names.join(u' ');
-}
-
-bool hasVisibleStepper(const ZelInspectorProperty *editor)
-{
-    const QList<ZelStepper *> steppers =
-        const_cast<ZelInspectorProperty *>(editor)->view()->findChildren<ZelStepper *>();
-    return std::any_of(steppers.begin(), steppers.end(),
-                       [](const ZelStepper *stepper) { return !stepper->isHidden(); });
-}
+const auto g_makers =
+    makers<ZelInspectorCustomProperty, ZelInspectorNumberProperty, ZelInspectorTextEnumerationProperty,
+           ZelInspectorImageEnumerationProperty, ZelInspectorPointProperty, ZelInspectorSizeProperty,
+           ZelInspectorBoundsProperty, ZelInspectorBooleanProperty, ZelInspectorStringProperty,
+           ZelInspectorDateProperty, ZelInspectorColorProperty, ZelInspectorResourceProperty,
+           ZelInspectorActionProperty, ZelInspectorMenuActionProperty, ZelInspectorFontProperty,
+           ZelInspectorArrayProperty, ZelInspectorAttributedStringProperty>();
 
 /// Another value of that type; absent for those that only the editor itself makes.
 QVariant otherValue(const QVariant &value, QMetaType type)
@@ -167,27 +61,90 @@ QVariant otherValue(const QVariant &value, QMetaType type)
     return others.value(type.id());
 }
 
+/// All editors of values, which are enabled while the owner is unlocked.
+struct Window : Sheet
+{
+    Window()
+        : Sheet(described("flags", "number", "slider='linear' nonNilValueTitle='Set' nonNilValueKeyPath='extra'") +
+                    described("place.x", "number") + described("flags", "enumeration", options) +
+                    described("flags", "enumeration", "style='segmented'" + options) +
+                    described("size", "size", "nonNilValueKeyPath='extra'") + described("frame", "frame") +
+                    described("flags", "boolean", "title='Bit'") + described("name", "string") +
+                    described("day", "date") + described("fill", "color") + described("name", "resource") +
+                    described("font", "font") + described("tags", "custom", "class='ZelInspectorArrayProperty'") +
+                    described("name", "string", "attributed='yes'"),
+                {340, 1400})
+    {
+        set(0, "flags", 1);
+        for (auto *property : inspector->findChildren<ZelInspectorProperty *>()) {
+            if (property->keyPath().startsWith("people.selection."))
+                editors.append(property);
+        }
+    }
+    static QByteArray described(const QByteArray &key, const QByteArray &type, const QByteArray &more = {})
+    {
+        return row(key, type, "enabledKeyPath='unlocked' " + more);
+    }
+    /// What users could change something with, by editor; a list takes input where its rows do.
+    QStringList inputs(const QList<QObject *> &selection, bool isUnlocked = true)
+    {
+        owner->controller.setSelectedObjects(selection);
+        owner->setUnlocked(isUnlocked);
+        settle();
+        QStringList all;
+        for (ZelInspectorProperty *editor : editors) {
+            QStringList names;
+            for (const auto *control : editor->view()->findChildren<QWidget *>()) {
+                const QVariant editable = control->property("editable");
+                const bool isButton =
+                    qobject_cast<const QAbstractButton *>(control) || qobject_cast<const ZelPopUpButton *>(control);
+                if (!control->isHidden() && control->isEnabled() && (editable.isValid() ? editable.toBool() : isButton))
+                    names.append(control->metaObject()->className());
+            }
+            if (const auto *list = qobject_cast<const ZelInspectorArrayProperty *>(editor)) {
+                const QModelIndex cell = list->tableView()->model()->index(0, 0);
+                if (list->tableView()->isEnabled() && cell.flags().testFlag(Qt::ItemIsEditable))
+                    names.append("row");
+            }
+            if (!names.isEmpty())
+                all.append(editor->metaObject()->className() + (u' ' + names.join(u' ')));
+        }
+        return all;
+    }
+    qsizetype visibleSteppers() const
+    {
+        const auto steppers = inspector->view()->findChildren<ZelStepper *>();
+        return std::count_if(steppers.begin(), steppers.end(), [](const auto *one) { return !one->isHidden(); });
+    }
+
+    inline static const QByteArray options = "><option-group><option title='A' value='1'/></option-group>";
+    QList<ZelInspectorProperty *> editors;
+};
+
 } // namespace
 
-/// What all editors do alike.
+/// What is true of each editor.
 class tst_EditorProperties : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void areReadSetAndObservedByKey()
     {
-        for (const auto &kind : g_kinds) {
+        const QMetaObject &base = ZelInspectorProperty::staticMetaObject;
+        for (const auto make : g_makers) {
             EditorOwner owner;
-            const auto editor = kind.make(&owner);
+            const std::unique_ptr<ZelInspectorProperty> editor(make(&owner));
+            editor->setProperty("nonNilValueKeyPath", "extra");
             editor->view();
-            for (const QString &name : QString(kind.keys).split(u' ', Qt::SkipEmptyParts)) {
-                const TableRow inRow(editor->metaObject()->className() + (u' ' + name));
-                const int index = editor->metaObject()->indexOfProperty(name.toLatin1());
-                QVERIFY(index >= 0);
-                const QMetaProperty property = editor->metaObject()->property(index);
+            const QMetaObject *meta = editor->metaObject();
+            const bool isCustom = make == g_makers.first(); // which has what all have
+            for (int i = isCustom ? base.propertyOffset() : base.propertyCount(); i < meta->propertyCount(); ++i) {
+                const QMetaProperty property = meta->property(i);
+                const QString name = property.name();
+                const TableRow inRow(meta->className() + (u' ' + name));
                 const QVariant before = ZelValueForKey(editor.get(), name);
                 const QVariant other = property.isWritable() ? otherValue(before, property.metaType()) : QVariant();
-                if (!other.isValid())
+                if (!other.isValid() || name == "fontSize") // which goes to the font
                     continue;
                 Recorder recorder;
                 ZelAddObserver(editor.get(), &recorder, ZelKeyPath(name), 0, nullptr);
@@ -199,92 +156,52 @@ private Q_SLOTS:
         }
     }
 
-    /// Not what any selected object does not let them.
-    void whatCannotBeWrittenIsOnlyShown()
+    /// Not without a selection, while the editor is not enabled, or where any selected object does not let them.
+    void takeInputOnlyWhereTheyMayWrite()
     {
-        for (const auto &kind : g_kinds) {
-            if (!*kind.key)
-                continue;
-            FigureWindow window;
-            Closed closed;
-            auto made = kind.make(window.owner.get());
-            const TableRow inRow(made->metaObject()->className());
-            made->setKeyPath(u"people.selection." + QString(kind.key));
-            const ZelInspectorProperty *editor = window.install(std::move(made));
-            window.first.setFlags(1);
-            window.select({&window.first});
-            const QString controls = controlsTakingInput(editor);
-            const bool hasStepper = hasVisibleStepper(editor);
-            QVERIFY(!controls.isEmpty());
-            for (const QList<QObject *> &objects :
-                 {QList<QObject *>{&closed}, QList<QObject *>{&window.first, &closed}}) {
-                window.select(objects);
-                QCOMPARE(controlsTakingInput(editor), "");
-                QVERIFY2(!hasVisibleStepper(editor), editor->metaObject()->className());
-            }
-            window.select({&window.first});
-            QCOMPARE(controlsTakingInput(editor), controls);
-            QCOMPARE(hasVisibleStepper(editor), hasStepper);
+        Window window;
+        Closed closed;
+        Figure *open = window.figures[0].get();
+        const QStringList onlyToAValue{"ZelInspectorNumberProperty ZelCheckBox"}; // a way to one
+        for (const bool isUnlocked : {true, false, true})
+            QCOMPARE(window.inputs({}, isUnlocked), onlyToAValue);
+        const QStringList all = window.inputs({open});
+        QCOMPARE(all.size(), window.editors.size());
+        const qsizetype steppers = window.visibleSteppers();
+        QVERIFY(steppers > 5);
+        for (const QList<QObject *> &objects : {QList<QObject *>{&closed}, QList<QObject *>{open, &closed}}) {
+            QCOMPARE(window.inputs(objects), QStringList());
+            QCOMPARE(window.visibleSteppers(), 0);
+            QCOMPARE(window.inputs({open}), all);
+            QCOMPARE(window.visibleSteppers(), steppers);
         }
-    }
-
-    /// Nor without a selection, or where the editor is not enabled.
-    void whatIsNotEnabledIsOnlyShown()
-    {
-        for (const auto &kind : g_kinds) {
-            if (!*kind.key)
-                continue;
-            FigureWindow window;
-            auto made = kind.make(window.owner.get());
-            const TableRow inRow(made->metaObject()->className());
-            made->setKeyPath(u"people.selection." + QString(kind.key));
-            made->setEnabledKeyPath("unlocked");
-            const ZelInspectorProperty *editor = window.install(std::move(made));
-            const auto controls = [&](bool unlocked) { // a number's checkbox is only a way to a value
-                window.owner->setUnlocked(unlocked);
-                FigureWindow::settle();
-                const bool isNumber = qobject_cast<const ZelInspectorNumberProperty *>(editor);
-                return isNumber ? controlsTakingInput(editor).remove("ZelCheckBox") : controlsTakingInput(editor);
-            };
-            QCOMPARE(controls(true), "");
-            QCOMPARE(controls(false), "");
-            QCOMPARE(controls(true), "");
-            window.select({&window.first});
-            QVERIFY(!controls(true).isEmpty());
-            QCOMPARE(controls(false), "");
-            QVERIFY(!controls(true).isEmpty());
-        }
+        QCOMPARE(window.inputs({open}, false), onlyToAValue);
+        QCOMPARE(window.inputs({open}), all);
     }
 
     void outliveTheirOwnerAndTheirView()
     {
-        for (const auto &kind : g_kinds) {
-            if (!*kind.key)
-                continue;
-            FigureWindow window;
-            auto made = kind.make(window.owner.get());
-            const TableRow inRow(made->metaObject()->className());
-            made->setKeyPath(u"people.selection." + QString(kind.key));
-            auto *editor = window.install(std::move(made));
-            window.select({&window.first, &window.second});
-            const auto use = [&] {
+        Window window;
+        window.select({0, 1});
+        window.owner.reset();
+        for (const bool hasView : {true, false}) {
+            for (ZelInspectorProperty *editor : window.editors) {
+                const TableRow inRow(editor->metaObject()->className());
+                if (!hasView)
+                    delete editor->view();
                 editor->updateView();
                 editor->setReflectedValue(3);
                 editor->discardEditing();
-                FigureWindow::settle();
-                return editor->commitEditing() && !editor->reflectedValue().isValid();
-            };
-            window.owner.reset();
-            QVERIFY(use());
-            if (auto *list = qobject_cast<ZelInspectorArrayProperty *>(editor)) {
-                list->addObject(nullptr);
-                QCOMPARE(list->numberOfRows(), 0);
+                if (auto *list = qobject_cast<ZelInspectorArrayProperty *>(editor)) {
+                    list->addObject(nullptr);
+                    QCOMPARE(list->numberOfRows(), 0);
+                }
+                Window::settle();
+                QVERIFY(editor->commitEditing() && !editor->reflectedValue().isValid());
             }
-            delete editor->view();
-            QVERIFY(use());
-            QCOMPARE(window.first.tags, QStringList({"a", "b"}));
-            QCOMPARE(window.steps(), 0);
         }
+        QCOMPARE(window.figures[0]->tags, QStringList({"a", "b"}));
+        QCOMPARE(window.stack.count(), 0);
     }
 };
 
