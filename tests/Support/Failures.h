@@ -16,14 +16,16 @@ public:
     ~Failures() override { setCurrent(m_former); }
     Q_DISABLE_COPY_MOVE(Failures)
 
-    void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &) override
+    void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place) override
     {
         seen.append(location + u": " + message);
+        places.append(place);
     }
     /// What has failed since the last call.
     QStringList taken() { return std::exchange(seen, {}); }
 
     QStringList seen;
+    QList<ZelSourcePlace> places;
 
 private:
     ZelAssertionHandler *m_former;
