@@ -9,7 +9,6 @@
 #include "ViewController/ZelViewController.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -33,11 +32,10 @@ public:
 };
 
 /// One that has a say in what can be done.
-class StrictReceiver : public QObject
+class StrictReceiver : public Receiver
 {
     Q_OBJECT
 public:
-    Q_INVOKABLE void add() {}
     Q_INVOKABLE bool validateUserInterfaceItem(QObject *item)
     {
         asked = item;
@@ -52,8 +50,6 @@ class Controller : public ZelViewController
 {
     Q_OBJECT
 public:
-    ~Controller() override { uninstall(); }
-    void loadView() override { setView(new ZelView); }
     Q_INVOKABLE void add() { ++added; }
     int added = 0;
 };
@@ -66,9 +62,8 @@ QIcon square(const QColor &color)
 }
 
 /// A bar in a shown, active window that can take the focus elsewhere.
-class Window : public QWidget
+struct Window : QWidget
 {
-public:
     Window()
     {
         auto *layout = new QVBoxLayout(this);
@@ -126,16 +121,13 @@ private Q_SLOTS:
         QCOMPARE(button->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_N));
         QCOMPARE(button->accessibleName(), "Cut & Paste");
         item->setType(ZelActionBarItem::Separator);
-        QVERIFY(window.control<ZelActionBarSeparator>());
         window.bar->setStyle(1);
+        QVERIFY(window.control<ZelActionBarSeparator>());
         QCOMPARE(window.control<ZelActionBarSeparator>()->style(), 1u);
-        item->setType(ZelActionBarItem::Checkbox);
-        QVERIFY(window.control<ZelActionBarCheckboxButton>());
         item->setType(17);
         QVERIFY(window.control());
 
         // Taken out of the window the bar lets go of its items, and takes them up again.
-        window.layout()->removeWidget(window.bar);
         window.bar->removeFromSuperview();
         item->setLabel("late");
         item->setType(ZelActionBarItem::Checkbox);
@@ -143,6 +135,18 @@ private Q_SLOTS:
         window.layout()->addWidget(window.bar);
         QVERIFY(window.control<ZelActionBarCheckboxButton>());
         QCOMPARE(window.control()->title(), "late");
+
+        const auto search = std::make_unique<QLineEdit>(); // a view is shown as it is
+        search->setFixedWidth(60);
+        item->setView(search.get());
+        QCOMPARE(window.bar->itemViews(), QList<QWidget *>{search.get()});
+        window.letLayOut();
+        QCOMPARE(search->width(), 60);
+        item->setView(nullptr); // it comes back to its owner
+        QVERIFY(!search->parentWidget() && window.control());
+        item->setView(search.get());
+        window.bar->setItems({});
+        QVERIFY(!search->parentWidget());
 
         auto bar = std::make_unique<ZelActionBar>(); // that never had a window
         const QPointer<ZelActionBarItem> going = new ZelActionBarItem;
@@ -156,12 +160,10 @@ private Q_SLOTS:
     void theRowIsLaidOut()
     {
         const int height = ZelActionBarButton().sizeHint().height();
-        const std::tuple<QSizeF, QSizeF, QSize> rows[] = {
-            {{}, {}, {20, height}}, // natural
-            {{30, height + 4.0}, {}, {30, height + 4}},
-            {{20, 9}, {40, 30}, {20, 9}}, // a maximum pins to the minimum
-            {{19, 16}, {19, 0}, {19, height}},
-        };
+        const std::tuple<QSizeF, QSizeF, QSize> rows[] = {{{}, {}, {20, height}}, // natural
+                                                          {{30, height + 4.0}, {}, {30, height + 4}},
+                                                          {{20, 9}, {40, 30}, {20, 9}}, // a maximum pins to the minimum
+                                                          {{19, 16}, {19, 0}, {19, height}}};
         for (const auto &[minSize, maxSize, size] : rows) {
             const int width = size.width();
             Window window;
@@ -177,9 +179,8 @@ private Q_SLOTS:
             window.bar->setFixedSize(window.bar->sizeHint());
             window.letLayOut();
             const QRect first = window.bar->itemViews().at(0)->geometry();
-            const QRect second = window.bar->itemViews().at(1)->geometry();
             QCOMPARE(first, QRect(QPoint(8, first.y()), size));
-            QCOMPARE(second, QRect(QPoint(8 + width + 7, first.y()), size));
+            QCOMPARE(window.bar->itemViews().at(1)->geometry(), first.translated(width + 7, 0));
             QVERIFY(first.top() >= 2 && first.bottom() < window.bar->height() - 2);
             const auto former = window.bar->stackConstraints();
             window.bar->items().first()->setEdgeInsets({10, 0, 0, 0});
@@ -187,9 +188,6 @@ private Q_SLOTS:
             QCOMPARE(window.bar->itemViews().at(0)->x(), 15);
             for (const auto &constraint : former)
                 QVERIFY(!window.bar->constraints().contains(constraint));
-            window.bar->setMinimumSize(0, 0);
-            window.bar->setItems({});
-            QCOMPARE(window.bar->sizeHint().width(), 12);
         }
     }
 
@@ -204,10 +202,7 @@ private Q_SLOTS:
         ZelActionBarItem *item = window.addItem();
         const auto color = [&] {
             window.letLayOut();
-            QImage image(window.control()->size(), QImage::Format_ARGB32);
-            image.fill(palette.color(QPalette::Window));
-            window.control()->render(&image, {}, {}, QWidget::DrawChildren);
-            return image.pixelColor(image.rect().center());
+            return window.control()->grab().toImage().pixelColor(window.control()->rect().center());
         };
         QCOMPARE(color(), QColor(Qt::red));
         item->setImage(ZelNamedImages::templateImage(square(Qt::red)));
@@ -264,38 +259,16 @@ private Q_SLOTS:
         item->setAction({});
         window.letLayOut();
         auto *checkbox = window.control<ZelActionBarCheckboxButton>();
-        const std::pair<std::function<void()>, int> steps[] = {
-            {[&] { QTest::mouseClick(checkbox, Qt::LeftButton); }, 1},
-            {[&] { QTest::keyClick(checkbox, Qt::Key_Space); }, 0},
-            {[&] { item->setState(5); }, 5},
-            {[&] { QTest::mouseClick(checkbox, Qt::LeftButton); }, 0},
-        };
-        for (const auto &[act, state] : steps) {
-            act();
-            QCOMPARE(item->state(), state);
-            QCOMPARE(checkbox->isChecked(), state != 0);
+        for (const int before : {0, 5, 1}) {
+            item->setState(before);
+            QCOMPARE(checkbox->isChecked(), before != 0);
+            QTest::mouseClick(checkbox, Qt::LeftButton);
+            QCOMPARE(item->state(), before ? 0 : 1);
         }
         item->setImage({});
         const int width = checkbox->sizeHint().width();
         item->setLabel("Box");
         QCOMPARE(checkbox->sizeHint().width() - width, checkbox->fontMetrics().horizontalAdvance("Box") + 4);
-    }
-
-    void aViewIsShownAsItIs()
-    {
-        Window window;
-        const auto search = std::make_unique<QLineEdit>();
-        search->setFixedWidth(60);
-        ZelActionBarItem *item = window.addItem();
-        item->setView(search.get());
-        QCOMPARE(window.bar->itemViews(), QList<QWidget *>{search.get()});
-        window.letLayOut();
-        QCOMPARE(search->width(), 60);
-        item->setView(nullptr); // it comes back to its owner
-        QVERIFY(!search->parentWidget() && window.control());
-        item->setView(search.get());
-        window.bar->setItems({});
-        QVERIFY(!search->parentWidget());
     }
 
     void menusOpenAboveAFaceOfTheirOwn()
@@ -311,7 +284,6 @@ private Q_SLOTS:
         window.letLayOut();
         auto *button = window.control<ZelActionBarPopupButton>();
         QVERIFY(button);
-        QCOMPARE(button->icon().cacheKey(), item->image().cacheKey());
         QTest::mousePress(button, Qt::LeftButton);
         auto *open = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(open);
@@ -324,7 +296,6 @@ private Q_SLOTS:
         QVERIFY(!button->isMenuOpen());
         QTRY_COMPARE(window.receiver.added, 1);
         QCOMPARE(button->icon().cacheKey(), item->image().cacheKey());
-        QVERIFY(!first->isCheckable());
         QTest::keyClick(button, Qt::Key_Space);
         QVERIFY(button->isMenuOpen());
         delete window.bar; // with its menu open
@@ -342,11 +313,9 @@ private Q_SLOTS:
             // target, action, autovalidates, enabled before and after
             {nullptr, "", true, false, true},    {plain, "add:", true, false, true},
             {plain, "fly", true, true, false},   {nullptr, "fly", true, true, false},
-            {&strict, "add", true, true, false}, {plain, "add", false, false, false}, // left alone
-            {nullptr, "fly", false, true, true},
-        };
+            {&strict, "add", true, true, false}, {plain, "add", false, false, false}}; // the last is left alone
         for (const auto &[target, action, autovalidates, wasEnabled, isEnabled] : rows) {
-            const TableRow row(QStringLiteral("%1 %2 %3").arg(action).arg(autovalidates).arg(wasEnabled));
+            const TableRow row(action);
             item->setTarget(target);
             item->setAction(action);
             item->setAutovalidates(autovalidates);
@@ -357,49 +326,32 @@ private Q_SLOTS:
         }
         // Without a target the action finds its way.
         Controller controller;
+        controller.setView(new ZelView);
         auto *inner = new QLineEdit(controller.view());
         window.layout()->addWidget(controller.view());
         item->setAutovalidates(true);
         item->setTarget(nullptr);
-        item->setAction("add");
         window.letLayOut();
-        window.field->setFocus();
-        window.bar->validateItems();
-        QVERIFY(!item->isEnabled());
-        inner->setFocus(); // the field's parent's controller can
-        window.bar->validateItems();
-        QVERIFY(item->isEnabled());
+        const std::tuple<QLineEdit *, QString, bool> ways[] = {{window.field, "add", false},
+                                                               {inner, "add", true},
+                                                               {inner, "quit", true}}; // the application object is last
+        for (const auto &[focus, action, isEnabled] : ways) {
+            item->setAction(action);
+            focus->setFocus();
+            window.bar->validateItems();
+            QCOMPARE(item->isEnabled(), isEnabled);
+        }
+        item->setAction("add");
         QTest::mouseClick(window.control(), Qt::LeftButton); // leaves the focus where it is
         QCOMPARE(controller.added, 1);
         QVERIFY(inner->hasFocus());
-        item->setAction("quit"); // the application object, last
-        window.bar->validateItems();
-        QVERIFY(item->isEnabled());
-    }
-
-    void validatesOnceAfterTheUserDidSomething()
-    {
-        Window window;
-        ZelActionBarItem *item = window.addItem();
-        QTRY_VERIFY(!window.bar->validateItemsInvocation().isPending());
-        QVERIFY(item->isEnabled());
-        item->setAction("fly");
-        QTRY_VERIFY(!item->isEnabled());
-        StrictReceiver strict;
-        strict.allows = true;
+        // By itself, when something changes and after the user did something.
         item->setTarget(&strict);
-        item->setAction("add");
-        QTRY_VERIFY(item->isEnabled());
-        strict.allows = false;
-        QTest::qWait(150);
-        QVERIFY(item->isEnabled()); // nothing happened that could have changed it
-        strict.asked = nullptr;
-        QElapsedTimer timer;
-        timer.start();
-        QTest::keyClicks(window.field, "ab");
-        QVERIFY(!strict.asked);
         QTRY_VERIFY(!item->isEnabled());
-        QVERIFY(timer.elapsed() >= 90);
+        strict.allows = true;
+        QTest::keyClicks(inner, "ab");
+        QVERIFY(!item->isEnabled()); // a little later
+        QTRY_VERIFY(item->isEnabled());
     }
 
     void survivesTheDeathOfEverything()
@@ -407,10 +359,6 @@ private Q_SLOTS:
         Window window;
         ZelActionBarItem *first = window.addItem();
         ZelActionBarItem *second = window.addItem();
-        const auto press = [&] {
-            second->setEnabled(true);
-            QTest::keyClick(window.control<ZelActionBarPopupButton>(), Qt::Key_Space);
-        };
         auto receiver = std::make_unique<Receiver>();
         second->setTarget(receiver.get());
         second->setEnabled(true);
@@ -419,16 +367,16 @@ private Q_SLOTS:
         receiver.reset();
         window.bar->validateItems(); // nobody else can
         QVERIFY(!second->isEnabled());
-        QPointer<QMenu> menu = new QMenu;
-        second->setMenu(menu);
-        delete menu;
-        press();
-        menu = new QMenu;
-        connect(menu, &QMenu::aboutToShow, menu, [menu] { delete menu; });
-        second->setMenu(menu);
-        press();
-        QVERIFY(!menu);
-        QVERIFY(!QApplication::activePopupWidget());
+        for (const bool isOpening : {false, true}) {
+            QPointer<QMenu> menu = new QMenu;
+            connect(menu, &QMenu::aboutToShow, menu, [menu] { delete menu; });
+            second->setMenu(menu);
+            if (!isOpening)
+                delete menu;
+            second->setEnabled(true);
+            QTest::keyClick(window.control<ZelActionBarPopupButton>(), Qt::Key_Space);
+            QVERIFY(!menu && !QApplication::activePopupWidget());
+        }
         auto view = std::make_unique<QLineEdit>();
         second->setView(view.get());
         view.reset();
