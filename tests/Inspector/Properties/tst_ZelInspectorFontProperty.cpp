@@ -51,21 +51,18 @@ private Q_SLOTS:
 
     void describesTheFont()
     {
-        QFont pixels(g_family, 9, QFont::Bold, true);
+        QFont rounded(g_family, 9, QFont::Bold, true), half = rounded, pixels = rounded;
+        rounded.setPointSizeF(11.6);
+        half.setPointSizeF(12.5);
         pixels.setPixelSize(20);
         QFont light = pixels;
         light.setStyleName("ExtraLight");
-        QFont rounded(g_family, 9, QFont::Bold, true), half = rounded;
-        rounded.setPointSizeF(11.6);
-        half.setPointSizeF(12.5);
-        const QString unknown = "Nowhere Grotesk";
-        const std::pair<QFont, const char *> rows[] = {{QFont(unknown, 12), "Nowhere Grotesk 12"},
-                                                       {QFont(unknown, 12, QFont::Bold), "Nowhere Grotesk Bold 12"},
-                                                       {QFont(g_family, 9, QFont::Bold), "DejaVu Sans Bold 9"},
-                                                       {rounded, "DejaVu Sans Bold Oblique 12"},
-                                                       {half, "DejaVu Sans Bold Oblique 12"}, // to even
-                                                       {pixels, "DejaVu Sans Bold Oblique 20"},
-                                                       {light, "DejaVu Sans ExtraLight 20"}};
+        const std::pair<QFont, QString> rows[] = {{QFont("Nowhere Grotesk", 12), "Nowhere Grotesk 12"},
+                                                  {QFont(g_family, 9, QFont::Bold), "DejaVu Sans Bold 9"},
+                                                  {rounded, "DejaVu Sans Bold Oblique 12"},
+                                                  {half, "DejaVu Sans Bold Oblique 12"}, // to even
+                                                  {pixels, "DejaVu Sans Bold Oblique 20"},
+                                                  {light, "DejaVu Sans ExtraLight 20"}};
         Window window;
         for (const auto &[font, text] : rows) {
             window.first.font = font;
@@ -80,11 +77,10 @@ private Q_SLOTS:
         }
     }
 
-    void showsNoneOneManyEqualAndDifferent()
+    void showsNoneAndMany()
     {
         Window window;
-        Figure third;
-        third.font = QFont(g_family, 10);
+        window.second.font = QFont(g_family, 10);
         const ZelTextField *size = window.details->fontSizeTextField();
         const auto isDimmed = [&window] {
             return window.editor->textField()->palette().color(QPalette::Text) ==
@@ -93,36 +89,31 @@ private Q_SLOTS:
         QVERIFY(isDimmed() && !window.editor->button()->isEnabled() && !window.editor->stepper()->isEditable());
         QCOMPARE(size->placeholderText(), "No Size");
         window.select({&window.first, &window.second});
-        QVERIFY(!isDimmed() && window.editor->stepper()->isEditable());
-        QCOMPARE(size->objectValue().toDouble(), 9.0);
-        window.select({&window.first, &window.second, &third});
         QVERIFY(isDimmed() && window.editor->button()->isEnabled());
         QCOMPARE(window.family(), "Multiple Families");
         QCOMPARE(window.style(), "Multiple Styles");
-        QVERIFY(window.details->multipleFontFamiliesMenuItem()->isVisible());
         for (ZelPopUpButton *button : {window.details->fontFamilyPopUpButton(), window.details->fontStylePopUpButton()})
             QVERIFY(ZelIsControllerMarker(button->selectedItem()->data())); // which is drawn dimmed
+        QVERIFY(window.details->multipleFontFamiliesMenuItem()->isVisible());
         QCOMPARE(size->placeholderText(), "Multiple Sizes");
         QVERIFY(ZelIsMarker(window.editor->fontSize(), ZelMultipleValuesMarker));
-        third.setProperty("font", window.first.font);
+        window.second.setProperty("font", window.first.font);
         QTRY_COMPARE(window.text(), "DejaVu Sans Book 9");
+        QVERIFY(!isDimmed() && window.editor->stepper()->isEditable());
         QVERIFY(!window.details->multipleFontFamiliesMenuItem()->isVisible());
+        QCOMPARE(size->objectValue().toDouble(), 9.0);
     }
 
     void whatIsNoFont()
     {
         Window window("note");
+        window.first.setNote("not a font");
         window.select({&window.first});
-        for (const QVariant &none : {QVariant(), QVariant("not a font")}) {
-            window.first.setNote(none);
-            FigureWindow::settle();
-            QCOMPARE(window.text(), "No Font");
-            QVERIFY(!window.editor->button()->isEnabled());
-            QCOMPARE(window.family(), "No Selection");
-        }
+        QCOMPARE(window.text(), "No Font");
+        QVERIFY(!window.editor->button()->isEnabled());
+        QCOMPARE(window.family(), "No Selection");
         window.editor->setFontSize(20);
         QCOMPARE(window.first.note().value<QFont>(), ZelFontManager::systemFontOfSize(20));
-
         Window texts("pattern");
         texts.select({&texts.first});
         QTest::ignoreMessage(QtWarningMsg,
@@ -138,18 +129,14 @@ private Q_SLOTS:
     {
         Window window;
         window.first.font.setBold(true);
-        window.second.font = QFont(g_otherFamily, 30);
         window.select({&window.first});
         window.editor->stepper()->stepBy(1);
-        QCOMPARE(window.first.font.pointSizeF(), 10.0);
-        QVERIFY(window.first.font.bold());
         QCOMPARE(window.steps(), 1);
         QCOMPARE(window.owner->actions, 0);
         QTRY_COMPARE(window.text(), "DejaVu Sans Bold 10");
-        window.first.setProperty("font", QFont(g_family, 1));
-        QTRY_COMPARE(window.editor->stepper()->doubleValue(), 1.0);
-        window.editor->stepper()->stepBy(-3);
+        window.editor->stepper()->stepBy(-13);
         QCOMPARE(window.first.font.pointSizeF(), 1.0);
+        FigureWindow::settle();
         window.editor->selectPopover(window.editor->button());
         window.details->fontSizeStepper()->stepBy(1);
         QCOMPARE(window.first.font.pointSizeF(), 2.0);
@@ -182,7 +169,6 @@ private Q_SLOTS:
         QCOMPARE(ZelFontManager::familyOf(window.second.font), g_otherFamily);
         QCOMPARE(window.second.font.pointSizeF(), QApplication::font().pointSizeF());
         window.editor->selectPopover(window.editor->button());
-        QVERIFY(window.editor->popover()->isShown());
         window.editor->view()->setParent(nullptr); // taken out of its window
         QVERIFY(!window.editor->popover()->isShown());
     }
@@ -207,10 +193,8 @@ private Q_SLOTS:
                 ZelControlSupport::reportEdit(fonts);
                 return window.details->fontFamilyPopUpButton()->isEnabled();
             };
-            QCOMPARE(fonts->selectedIndex(), 0);
-            QVERIFY(!choose(row));
+            QVERIFY(!choose(row) && !window.details->fontSizeStepper()->isEnabled());
             QCOMPARE(window.first.font, font);
-            QVERIFY(!window.details->fontSizeStepper()->isEnabled());
             QCOMPARE(window.undoManager.stack()->undoText(), "Change");
             QVERIFY(choose(0)); // "Custom" leaves the font and gives the details free
             QCOMPARE(window.first.font, font);
