@@ -45,15 +45,12 @@ ZelColor lastUsed()
 }
 
 /// A shown window with a colour button, which counts what the button reports.
-class Window : public QWidget
+struct Window : QWidget
 {
-public:
     Window()
     {
         ZelUndoManager::setForWindow(this, &undo);
-        new QVBoxLayout(this);
-        button = new ZelColorPopUpButton;
-        layout()->addWidget(button);
+        (new QVBoxLayout(this))->addWidget(button);
         connect(button, &ZelColorPopUpButton::valueEdited, this, [this] {
             ++edits;
             undo.registerUndo([] {}, [] {});
@@ -67,7 +64,7 @@ public:
     ~Window() override { delete button; }
 
     ZelUndoManager undo;
-    QPointer<ZelColorPopUpButton> button;
+    QPointer<ZelColorPopUpButton> button = new ZelColorPopUpButton;
     int edits = 0;
     int actions = 0;
     std::function<void()> whenActing = [] {};
@@ -79,9 +76,8 @@ ZelColor grey(int level)
 }
 
 /// Notes which part of the widget is painted.
-class PaintLog : public QObject
+struct PaintLog : QObject
 {
-public:
     explicit PaintLog(QWidget *widget) { widget->installEventFilter(this); }
     bool eventFilter(QObject *, QEvent *event) override
     {
@@ -139,12 +135,10 @@ private Q_SLOTS:
     {
         const std::tuple<QVariant, QString, QString> rows[] = {
             {color(Qt::transparent), "Default", "Default"},
-            {color(Qt::red), "Red", "Red"},
             {QColor(Qt::red), "Red", "Red"},
             {ZelColor(ZelColor::CalibratedRGB, {1, 0, 0, 1}).toVariant(), "Red", "Red"},
             {color(QColor(1, 2, 3)), "", "Current Color"},
             {QVariant(), "", "Current Color"},
-            {QColor(), "", "Current Color"},
             {QVariant::fromValue(ZelColor()), "", "Current Color"},
             {QVariant::fromValue(ZelMultipleValuesMarker), "Multiple Values", "Current Color"},
             {QVariant::fromValue(ZelNoSelectionMarker), "No Selection", "Current Color"},
@@ -176,25 +170,17 @@ private Q_SLOTS:
             QCOMPARE(button.shownText(), key);
             QCOMPARE(ZelMenuItem::titleOf(button.selectedItem()), key);
         }
-        button.setSelectedColor(color(Qt::red));
+        // A model that holds QColors answers what was chosen in their own space.
+        const QColor plain = QColor::fromRgbF(0.2F, 0.4F, 0.6F);
+        button.setSelectedColor(plain);
+        button.setDefaultColor(ZelColor(ZelColor::CalibratedRGB, {0.2, 0.4, 0.6, 1}));
+        QCOMPARE(button.shownText(), "Default");
+        QCOMPARE(button.selectedItem(), button.cell()->defaultMenuItem());
+        button.cell()->defaultMenuItem()->trigger(); // is the same
         QVERIFY_EXCEPTION_THROWN(button.setSelectedColor("red"), ZelInternalInconsistencyException);
         QVERIFY_EXCEPTION_THROWN(button.setDefaultColor(ZelColor()), ZelInternalInconsistencyException);
         QVERIFY_EXCEPTION_THROWN(button.setColorList({}), ZelInternalInconsistencyException);
-        QCOMPARE(button.selectedColor(), color(Qt::red));
-    }
-
-    /// A model that holds QColors answers what was chosen in their own space.
-    void lookingLikeTheDefaultIsBeingIt()
-    {
-        Window window;
-        window.button->cell()->makeMenu();
-        window.button->setSelectedColor(QColor::fromRgbF(0.2F, 0.4F, 0.6F));
-        window.button->setDefaultColor(ZelColor(ZelColor::CalibratedRGB, {0.2, 0.4, 0.6, 1}));
-        QCOMPARE(window.button->shownText(), "Default");
-        ZelMenuItem *item = window.button->cell()->defaultMenuItem();
-        QCOMPARE(window.button->selectedItem(), item);
-        item->trigger();
-        QCOMPARE(window.actions, 0);
+        QCOMPARE(button.selectedColor(), color(plain));
     }
 
     void choicesAreReportedOnce()
@@ -239,62 +225,43 @@ private Q_SLOTS:
         popover.showRelativeToRect({}, &window);
         window.button->setParent(popover.contentWidget());
         window.button->show();
-        ZelUsedColorList::sharedUsedColorList()->usedColor(ZelColor(QColor(10, 20, 30)));
+        list->usedColor(ZelColor(QColor(10, 20, 30)));
         window.button->showMenu();
         QVERIFY(openMenu());
-        auto *view = openMenu()->findChild<ZelColorMenuItemView *>();
-        QVERIFY(view && view->isInstalled());
-        QTest::mouseClick(view->matrix(), Qt::LeftButton, {}, view->matrix()->rectOfCell(0).center());
+        auto *matrix = openMenu()->findChild<ZelColorMatrix *>();
+        QTest::mouseClick(matrix, Qt::LeftButton, {}, matrix->rectOfCell(0).center());
         QVERIFY(!openMenu() && popover.isShown());
         QCOMPARE(window.button->selectedColor(), color(QColor(10, 20, 30)));
         QCOMPARE(window.edits, 1);
         QCOMPARE(window.button->selectedItem(), window.button->cell()->currentMenuItem());
     }
 
-    void buttonsMayDieWhileTheirMenuIsOpen()
-    {
-        for (const char *way : {"from outside", "by a colour", "by the strip"}) {
-            const TableRow row(way);
-            Window window;
-            window.whenActing = [&window] { delete window.button; };
-            window.button->setSelectedColor(color(QColor(77, 0, 77)));
-            window.button->showMenu();
-            QMenu *menu = openMenu();
-            QVERIFY(menu);
-            if (way == QLatin1String("from outside")) {
-                delete window.button;
-            } else if (way == QLatin1String("by a colour")) {
-                menu->setActiveAction(window.button->cell()->menuItemForColor(QColor(Qt::red)));
-                QTest::keyClick(menu, Qt::Key_Return);
-            } else {
-                auto *matrix = menu->findChild<ZelColorMatrix *>();
-                QTest::mouseClick(matrix, Qt::LeftButton, {}, matrix->rectOfCell(1).center());
-            }
-            QVERIFY(!window.button && !openMenu());
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-    }
-
     void buttonsMayDieOfAnyNotice()
     {
-        for (const char *notice : {SIGNAL(selectedColorChanged()), SIGNAL(objectValueChanged()),
-                                   SIGNAL(selectedItemChanged()), SIGNAL(colorListChanged())}) {
-            for (const bool hasMenu : {true, notice == QLatin1String(SIGNAL(selectedItemChanged()))}) {
-                const TableRow row(notice);
-                Window window;
-                const QPointer<ZelColorPopUpButton> button = window.button;
-                button->setSelectedColor(color(QColor(77, 0, 77)));
-                if (hasMenu)
-                    button->cell()->makeMenu();
-                connect(button, notice, this, SLOT(deleteSender()));
-                if (notice == QLatin1String(SIGNAL(colorListChanged())))
-                    button->setColorList(ZelColorList::colorListNamed("System"));
-                else if (hasMenu)
-                    button->cell()->menuItemForColor(QColor(Qt::red))->trigger();
-                else
-                    button->setSelectedColor(color(Qt::red));
-                QVERIFY(!button);
+        const std::function<void(ZelColorPopUpButton *)> acts[] = {
+            [](auto *button) { button->setSelectedColor(color(Qt::red)); },
+            [](auto *button) { button->cell()->menuItemForColor(QColor(Qt::red))->trigger(); },
+            [](auto *button) { button->setColorList(ZelColorList::colorListNamed("System")); },
+            [](auto *button) {
+                button->showMenu();
+                auto *matrix = openMenu()->findChild<ZelColorMatrix *>();
+                QTest::mouseClick(matrix, Qt::LeftButton, {}, matrix->rectOfCell(1).center());
+            }};
+        for (const char *notice :
+             {SIGNAL(selectedColorChanged()), SIGNAL(objectValueChanged()), SIGNAL(selectedItemChanged()),
+              SIGNAL(colorListChanged()), SIGNAL(valueEdited()), SIGNAL(action())}) {
+            bool hasDied = false;
+            for (const auto &act : acts) {
+                const Window window;
+                window.button->setSelectedColor(color(QColor(77, 0, 77)));
+                window.button->cell()->makeMenu();
+                connect(window.button, notice, this, SLOT(deleteSender()));
+                act(window.button);
+                hasDied = hasDied || !window.button;
+                QVERIFY(!openMenu());
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             }
+            QVERIFY2(hasDied, notice);
         }
     }
 
@@ -340,8 +307,17 @@ private Q_SLOTS:
 
     void theLatestComesFirst()
     {
-        const std::tuple<int, int, int> rows[] = {{3, 23, 0}, {200, 3, 1}}; // used, then second and last
-        for (const auto &[used, second, last] : rows) {
+        QObject owner;
+        int changes = 0;
+        ZelObservations(&owner).addObservationWithObject(
+            list, "colors", ZelKeyValueObservingOptionEqualCheck,
+            [&](ZelBlockObservation *, const ZelKeyValueChange &) { ++changes; }, this);
+        const QSignalSpy announced(list, &ZelUsedColorList::colorsChanged);
+        const std::tuple<int, int, int, int> rows[] = {// used, second, last, and changes that observers heard of
+                                                       {23, 22, 0, 0},
+                                                       {3, 23, 0, 1},
+                                                       {200, 3, 1, 2}};
+        for (const auto &[used, second, last, heard] : rows) {
             list->usedColor(grey(used));
             const QList<ZelColor> colors = list->colors();
             QCOMPARE(colors.size(), ZelUsedColorListMax);
@@ -349,86 +325,64 @@ private Q_SLOTS:
             QCOMPARE(colors[1], grey(second));
             QCOMPARE(colors.last(), grey(last));
             QCOMPARE(colors.count(grey(used)), 1);
+            QCOMPARE(changes, heard);
         }
+        QCOMPARE(announced.count(), 3);
+        ZelObservations(&owner).removeAllObservationsForContext(this);
         QVERIFY_EXCEPTION_THROWN(list->usedColor(ZelColor()), ZelInternalInconsistencyException);
         QCOMPARE(list->colors().first(), grey(200));
     }
 
-    void observersHearOfOtherColoursOnly()
-    {
-        static const char context = 0;
-        QObject owner;
-        int changes = 0;
-        ZelObservations(&owner).addObservationWithObject(
-            list, "colors", ZelKeyValueObservingOptionEqualCheck,
-            [&](ZelBlockObservation *, const ZelKeyValueChange &) { ++changes; }, &context);
-        QSignalSpy announced(list, &ZelUsedColorList::colorsChanged);
-        list->usedColor(grey(23)); // the first one
-        QCOMPARE(announced.count(), 1);
-        QCOMPARE(changes, 0);
-        list->usedColor(grey(22));
-        QCOMPARE(changes, 1);
-        ZelObservations(&owner).removeAllObservationsForContext(&context);
-    }
-
     void threadsMayUseColours()
     {
-        QList<QThread *> threads;
-        for (int t = 0; t < 4; ++t)
-            threads.append(QThread::create([this, t] {
-                for (int i = 0; i < 500; ++i)
-                    list->usedColor(grey(30 + (t * 7 + i) % 40));
-            }));
         QThread *notified = nullptr;
         connect(list, &ZelUsedColorList::colorsChanged, this, [&] { notified = QThread::currentThread(); });
-        for (QThread *thread : threads)
+        std::unique_ptr<QThread> threads[4];
+        for (auto &thread : threads) {
+            thread.reset(QThread::create([this] {
+                for (int i = 0; i < 500; ++i)
+                    list->usedColor(grey(30 + i * 7 % 40));
+            }));
             thread->start();
-        for (QThread *thread : threads)
+        }
+        for (auto &thread : threads)
             thread->wait();
         QCoreApplication::processEvents();
         list->disconnect(this);
         QCOMPARE(notified, thread());
         const QList<ZelColor> colors = list->colors();
-        QCOMPARE(colors.size(), ZelUsedColorListMax);
         QCOMPARE(QSet<ZelColor>(colors.begin(), colors.end()).size(), ZelUsedColorListMax);
-        qDeleteAll(threads);
     }
 
-    void theStripRepaintsOnlyWhatIsAnother()
+    void theStripKeepsItsMeasuresAndRepaintsOnlyWhatIsAnother()
     {
         QWidget window;
         auto *view = new ZelColorMenuItemView(&window);
-        window.resize(view->sizeHint());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QVERIFY(view->isInstalled());
         ZelColorMatrix *matrix = view->matrix();
         QCOMPARE(matrix->colorAtIndex(0), grey(23));
         QCoreApplication::processEvents();
-        PaintLog log(matrix);
+        const PaintLog log(matrix);
         list->usedColor(grey(21)); // 23 22 21 20 becomes 21 23 22 20
         QTRY_VERIFY(!log.painted.isEmpty());
         QCOMPARE(matrix->colorAtIndex(0), grey(21));
         for (int i = 0; i < ZelColorMatrix::numberOfCells; ++i)
             QCOMPARE(log.painted.intersects(matrix->rectOfCell(i)), i < 3);
-    }
 
-    void theStripKeepsItsMeasures()
-    {
-        ZelColorMenuItemView view;
-        const ZelColorMatrix *matrix = view.matrix();
-        QCOMPARE(view.sizeHint().width(), 273);
+        QCOMPARE(view->sizeHint().width(), 273);
         QCOMPARE(matrix->size(), QSize(227, 40));
         QCOMPARE(matrix->x(), 19);
-        QCOMPARE(matrix->geometry().bottom() + 2, view.height());
+        QCOMPARE(matrix->geometry().bottom() + 2, view->height());
         QCOMPARE(matrix->rectOfCell(13), QRect(19, 22, 18, 18));
         QCOMPARE(matrix->cellAtPosition({18, 5}), -1); // between two
-        const int height = view.height();
-        view.setControlSize(ZelControlSize::Mini);
-        QVERIFY(view.height() < height);
-        QCOMPARE(matrix->geometry().bottom() + 2, view.height());
-        view.setLayoutDirection(Qt::RightToLeft);
-        QCOMPARE(matrix->geometry().right(), view.width() - 20);
+        const int height = view->height();
+        view->setControlSize(ZelControlSize::Mini);
+        QVERIFY(view->height() < height);
+        QCOMPARE(matrix->geometry().bottom() + 2, view->height());
+        view->setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(matrix->geometry().right(), view->width() - 20);
         QCOMPARE(matrix->rectOfCell(0).right(), 226);
     }
 };
