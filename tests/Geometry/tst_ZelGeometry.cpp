@@ -76,26 +76,23 @@ private Q_SLOTS:
 
     void anglesAreMeasured()
     {
-        const auto check = [](const QPointF &direction, int eighths, int eighthsOfClock) {
+        const auto check = [](const QPointF &direction, int eighths) {
             const TableRow row(text(direction));
             const QPointF center(10, -20);
             QVERIFY(near(CGPointGetAngle(direction), eighths * Quarter / 2));
-            QVERIFY(near(CGAngleWithPointAndCenter(center + direction, center), eighthsOfClock * Quarter / 2));
+            // On a clock it is a quarter further.
+            QVERIFY(near(CGAngleWithPointAndCenter(center + direction, center), (eighths + 2) % 8 * Quarter / 2));
             const QPointF unit = CGPointAngle(eighths * Quarter / 2);
-            QVERIFY(near(CGPointLength(unit), 1));
             QVERIFY(near(CGPointDistanceToPoint(unit, CGPointNormalize(direction)), 0));
         };
-        check({2, 0}, 0, 2);
-        check({2, 2}, 1, 3);
-        check({0, 1}, 2, 4);
-        check({-1, 0}, 4, 6);
-        check({0, -3}, 6, 0);
-        check({1, -1}, 7, 1);
+        check({2, 0}, 0);
+        check({2, 2}, 1);
+        check({0, 1}, 2);
+        check({-1, 0}, 4);
+        check({0, -3}, 6);
+        check({1, -1}, 7);
         QVERIFY(near(CGPointDiffAngle(0, {5, 5}, {5, 9}), Quarter));
-        QVERIFY(near(CGPointDiffAngle(0, {5, 5}, {5, 1}), -Quarter));
-        // An angle of more than a turn, and a turn over zero.
-        QVERIFY(near(CGPointDiffAngle(9 * Quarter, {0, 0}, {1, -1}), -1.5 * Quarter));
-        QVERIFY(near(ZelDiffAngle(1, 2.5), 1.5));
+        QVERIFY(near(CGPointDiffAngle(9 * Quarter, {0, 0}, {1, -1}), -1.5 * Quarter)); // more than a turn
         QVERIFY(near(ZelDiffAngle(0.1, 6.2), -0.183185307179586));
         QVERIFY(near(ZelDiffAngle(6.2, 0.1), 0.183185307179586));
         QVERIFY(ZelDiffAngle(2 * Quarter, 0) == -2 * Quarter); // half a turn keeps its sign
@@ -122,35 +119,24 @@ private Q_SLOTS:
         QVERIFY(!std::isfinite(ZelIntersection({0, 0}, {1, 1}, {0, 5}, {2, 7})));
     }
 
-    void rectanglesClampPoints()
+    void rectanglesHaveEdgesAndAnchors()
     {
-        const QRectF rect = CGRectFromPoints({7, -2}, {3, 5});
-        QCOMPARE(text(rect), "3 -2 4 7");
-        for (const QRectF &r : {rect, QRectF(7, 5, -4, -7)}) { // the same area
+        const QRectF clamping = CGRectFromPoints({7, -2}, {3, 5});
+        QCOMPARE(text(clamping), "3 -2 4 7");
+        for (const QRectF &r : {clamping, QRectF(7, 5, -4, -7)}) { // the same area
             QCOMPARE(text(CGRectClampPoint(r, {100, -100}), CGRectClampPoint(r, {-Infinity, 4})), "7 -2, 3 4");
             QCOMPARE(text(CGRectGetMidX(r), CGRectGetMidY(r), CGRectGetMaxY(r)), "5, 1.5, 5");
         }
-        QVERIFY(std::isnan(CGRectClampPoint(rect, {NaN, 0}).x()));
-    }
-
-    void everyAnchorMovesAndResizes()
-    {
+        QVERIFY(std::isnan(CGRectClampPoint(clamping, {NaN, 0}).x()));
         const QRectF rect(10, 20, 40, 8);
-        const struct
-        {
-            ZelRectAnchor anchor;
-            QPointF point;
-            const char *resized;       // with the anchor moved by (4, -2) and the opposite corner kept
-            const char *aboutItsPoint; // with a size of 20 by 16
-        } rows[] = {
+        // The anchor, its place, the result of moving it by (4, -2) while the opposite corner stays, and the result of
+        // a size of 20 by 16.
+        const std::tuple<ZelRectAnchor, QPointF, const char *, const char *> rows[] = {
             {ZelOriginTopLeft, {10, 20}, "14 18 36 10", "10 20 20 16"},
-            {ZelOriginTopCenter, {30, 20}, "14 18 40 10", "20 20 20 16"},
             {ZelOriginTopRight, {50, 20}, "10 18 44 10", "30 20 20 16"},
-            {ZelOriginMiddleLeft, {10, 24}, "14 18 36 8", "10 16 20 16"},
             {ZelOriginMiddleCenter, {30, 24}, "14 18 40 8", "20 16 20 16"},
             {ZelOriginMiddleRight, {50, 24}, "10 18 44 8", "30 16 20 16"},
             {ZelOriginBottomLeft, {10, 28}, "14 20 36 6", "10 12 20 16"},
-            {ZelOriginBottomCenter, {30, 28}, "14 20 40 6", "20 12 20 16"},
             {ZelOriginBottomRight, {50, 28}, "10 20 44 6", "30 12 20 16"},
         };
         for (const auto &[anchor, point, resized, aboutItsPoint] : rows) {
@@ -159,14 +145,8 @@ private Q_SLOTS:
             QCOMPARE(text(CGRectGetOriginForAnchor(anchor, rect)), text(point));
             QCOMPARE(text(CGRectSetOriginForAnchor(rect, anchor, target, true)), resized);
             QCOMPARE(text(CGRectSetOriginForAnchor(rect, anchor, target, false)), "14 18 40 8");
-            const QRectF sized = CGRectSetSizeForAnchor(rect, anchor, {20, 16});
-            QCOMPARE(text(sized), aboutItsPoint);
-            QCOMPARE(text(CGRectGetOriginForAnchor(anchor, sized)), text(point));
+            QCOMPARE(text(CGRectSetSizeForAnchor(rect, anchor, {20, 16})), aboutItsPoint);
         }
-    }
-
-    void anchorsOfStrangeRectangles()
-    {
         // A negative size mixes stored and normalised edges.
         const QRectF negative(10, 20, -4, -6);
         QCOMPARE(text(CGRectGetOriginForAnchor(ZelOriginTopLeft, negative)), "10 20");
@@ -177,14 +157,13 @@ private Q_SLOTS:
         QCOMPARE(text(CGRectSetSizeHeightForAnchor(negative, ZelOriginBottomRight, 2)), "10 12 -4 2");
         // What is no anchor reads the stored origin and resizes nothing. Moving all of it needs no anchor.
         constexpr auto none = ZelRectAnchor(9);
-        const QRectF rect(1, 2, 3, 4);
-        QCOMPARE(text(CGRectGetOriginForAnchor(none, rect)), "1 2");
-        QCOMPARE(text(CGRectSetOriginForAnchor(rect, none, {50, 60}, true)), "1 2 3 4");
-        QCOMPARE(text(CGRectSetSizeForAnchor(rect, none, {30, 40})), "1 2 30 40");
-        QCOMPARE(text(CGRectSetOriginForAnchor(rect, none, {50, 60}, false)), "50 60 3 4");
+        const QRectF plain(1, 2, 3, 4);
+        QCOMPARE(text(CGRectSetOriginForAnchor(plain, none, {50, 60}, true)), "1 2 3 4");
+        QCOMPARE(text(CGRectSetSizeForAnchor(plain, none, {30, 40})), "1 2 30 40");
+        QCOMPARE(text(CGRectSetOriginForAnchor(plain, none, {50, 60}, false)), "50 60 3 4");
         // What is infinite or no number stays in its axis.
-        QCOMPARE(text(CGRectSetSizeWidthForAnchor(rect, ZelOriginBottomLeft, Infinity)), "1 2 inf 4");
-        QCOMPARE(text(CGRectSetOriginXForAnchor(rect, ZelOriginMiddleRight, NaN, true)), "1 2 nan 4");
+        QCOMPARE(text(CGRectSetSizeWidthForAnchor(plain, ZelOriginBottomLeft, Infinity)), "1 2 inf 4");
+        QCOMPARE(text(CGRectSetOriginXForAnchor(plain, ZelOriginMiddleRight, NaN, true)), "1 2 nan 4");
     }
 
     void numbersAreRoundedAndLimited()
@@ -213,25 +192,12 @@ private Q_SLOTS:
 
     void numbersAreRestrictedToIntervals()
     {
-        const struct
-        {
-            double value, from, to, expected;
-        } rows[] = {
-            {0.1 + 0.2, 0, 360, 0.30000000000000004}, // inside, bit for bit
-            {370, 0, 360, 9.999999999999964},         // rounded by the quotient
-            {-90, 0, 360, 270},
-            {360, 0, 360, 0},
-            {-4, -4, 4, -4},
-            {21, 4, 12, 5},
-            {0, -12, -4, -8},
-            {Infinity, 0, 1, NaN},
-            {NaN, 0, 1, NaN},
-            {1, 0, 0, NaN},
-        };
-        for (const auto &[value, from, to, expected] : rows) {
-            const TableRow row(text(value, from, to));
-            QCOMPARE(text(CGFloatRestrictToInterval(value, from, to)), text(expected));
-        }
+        constexpr auto in = &CGFloatRestrictToInterval;
+        QCOMPARE(text(in(0.1 + 0.2, 0, 360)), "0.30000000000000004"); // inside, bit for bit
+        QCOMPARE(text(in(370, 0, 360), in(-90, 0, 360), in(360, 0, 360)),
+                 "9.999999999999964, 270, 0"); // by the quotient
+        QCOMPARE(text(in(-4, -4, 4), in(21, 4, 12), in(0, -12, -4)), "-4, 5, -8");
+        QCOMPARE(text(in(Infinity, 0, 1), in(NaN, 0, 1), in(1, 0, 0)), "nan, nan, nan");
         QCOMPARE(text(ZelRestrictDegrees(-45), ZelRestrictDegrees(359.5), ZelRestrictDegrees(720)), "315, 359.5, 0");
         QCOMPARE(ZelRestrictRadians(-Quarter), 4.71238898038469);
         QVERIFY(ZelRestrictRadians(6.283185307179586) == 0);
@@ -315,16 +281,8 @@ private Q_SLOTS:
         const Curve curve{{0, 0}, {32, 64}, {64, -64}, {128, 32}};
         QCOMPARE(text(curve.at(-1), curve.at(2)), "0 0, 128 32");
         QCOMPARE(text(curve.at(0.25)), "24.5 18.5"); // (27 p0 + 27 p1 + 9 p2 + p3) / 64
-        QCOMPARE(curve.piece(true, 0.5).points(), "0 0, 16 32, 32 16, 52 4");
-        QCOMPARE(curve.piece(false, 0.5).points(), "52 4, 72 -8, 96 -16, 128 32");
-        for (double t : {0.1, 0.5, 0.8}) {
-            const Curve first = curve.piece(true, t);
-            const Curve second = curve.piece(false, t);
-            for (double u : {0.0, 0.3, 0.7, 1.0}) {
-                QVERIFY((first.at(u) - curve.at(t * u)).manhattanLength() < 1e-12);
-                QVERIFY((second.at(u) - curve.at(t + (1 - t) * u)).manhattanLength() < 1e-12);
-            }
-        }
+        QCOMPARE(curve.piece(true, 0.25).points(), "0 0, 8 16, 16 20, 24.5 18.5");
+        QCOMPARE(curve.piece(false, 0.25).points(), "24.5 18.5, 50 14, 80 -40, 128 32");
         QCOMPARE(curve.piece(true, 0).points(), "0 0, 0 0, 0 0, 0 0");
         QCOMPARE(curve.piece(false, -3).points(), curve.points());
         QCOMPARE(curve.piece(true, 1.5).points(), curve.points());
