@@ -34,14 +34,9 @@ namespace {
 using Rows = QList<ZelInspectorConditionalContainer *>;
 using Widgets = QList<QWidget *>;
 
-QByteArray slice(const QByteArray &content)
+QByteArray pane(const QByteArray &content, const QByteArray &title = {})
 {
-    return "<slice><section>" + content + "</section></slice>";
-}
-
-QByteArray pane(const QByteArray &content)
-{
-    return "<pane><inspector title='I'>" + slice(content) + "</inspector></pane>";
+    return "<pane title='" + title + "'><inspector title='I'>" + inSection(content) + "</inspector></pane>";
 }
 
 /// Everything depends on a condition.
@@ -76,11 +71,10 @@ class tst_InspectorContainers : public QObject
         showInWindow();
         return static_cast<Class *>(m_root.get());
     }
-    /// The first such object below the slice with this content.
+    /// The first such object below a slice with this content.
     template<typename Class> Class *showIn(const QByteArray &content)
     {
-        show<ZelInspectorSlice>(slice(content));
-        settle();
+        show<ZelInspectorSlice>(inSection(content));
         return find<Class>();
     }
     void showInWindow()
@@ -91,6 +85,7 @@ class tst_InspectorContainers : public QObject
         layout->addWidget(m_root->view());
         m_window->resize(300, 500);
         m_window->show();
+        settle();
     }
     /// Deferred work and layout.
     static void settle()
@@ -102,6 +97,7 @@ class tst_InspectorContainers : public QObject
     {
         m_owner->extra = value;
         Q_EMIT m_owner->extraChanged();
+        settle();
     }
     template<typename Class> Class *find() const { return m_root->findChild<Class *>(); }
     template<typename Class> QList<Class *> all() const { return m_root->findChildren<Class *>(); }
@@ -115,6 +111,21 @@ class tst_InspectorContainers : public QObject
         for (NotingProperty *editor : all<NotingProperty>())
             logs.append(editor->takeLog());
         return logs.join('|');
+    }
+    /// Which of the widgets are shown, such as "+-".
+    static QString shown(const Widgets &widgets)
+    {
+        QString text;
+        for (const QWidget *widget : widgets)
+            text += widget->isVisible() ? '+' : '-';
+        return text;
+    }
+    Widgets editorViews() const
+    {
+        Widgets views;
+        for (NotingProperty *editor : all<NotingProperty>())
+            views += editor->view();
+        return views;
     }
     static QRect inRow(ZelInspectorSliver *row, qsizetype place)
     {
@@ -144,29 +155,23 @@ private Q_SLOTS:
         QCOMPARE(NotingProperty::alive, 0);
     }
 
-    void conditionsAreTrueForPresentTrueValues()
-    {
-        const auto isVisibleFor = [this](const QVariant &value, bool before) {
-            ZelInspector inspector(m_owner.get());
-            inspector.setVisible(before);
-            m_owner->extra = value;
-            inspector.setVisibleKeyPath("extra");
-            return inspector.isVisible();
-        };
-        QVERIFY(isVisibleFor(true, false) && isVisibleFor(2.5, false));
-        QVERIFY(!isVisibleFor(false, true) && !isVisibleFor(0, true));
-        QVERIFY(!isVisibleFor({}, true) && !isVisibleFor(ZelNull(), true));
-        for (const auto marker : {ZelNoSelectionMarker, ZelMultipleValuesMarker, ZelNotApplicableMarker})
-            QVERIFY2(!isVisibleFor(QVariant::fromValue(marker), true), qPrintable(say(int(marker))));
-    }
-
     void inspectorsAndSlicesFollowTheirConditionFromTheStart()
     {
         ZelInspectorSlice slice(m_owner.get());
         setExtra(false);
         slice.setVisibleKeyPath("extra");
         QVERIFY(!slice.isVisible());
+        for (const QVariant &value :
+             {QVariant(2.5), QVariant(0), QVariant(true), QVariant(), QVariant(ZelNull()),
+              QVariant::fromValue(ZelNoSelectionMarker), QVariant::fromValue(ZelMultipleValuesMarker),
+              QVariant::fromValue(ZelNotApplicableMarker)}) {
+            const bool isTrue = value == 2.5 || value == true;
+            slice.setVisible(!isTrue);
+            setExtra(value);
+            QVERIFY2(slice.isVisible() == isTrue, qPrintable(say(value)));
+        }
         slice.unbindAndTearDown();
+        slice.setVisible(false);
         setExtra(true);
         QVERIFY(!slice.isVisible());
         slice.bindAndConfigure();
@@ -177,97 +182,86 @@ private Q_SLOTS:
         m_owner->setUnlocked(false);
         slice.setVisibleKeyPath("unlocked");
         QVERIFY(slice.isVisible() && !ZelIsObserved(m_owner.get(), "extra"));
-        m_owner->setUnlocked(true);
-        QVERIFY(!slice.isVisible());
         slice.setVisibleKeyPath({}); // no condition: it stays as it is
-        m_owner->setUnlocked(false);
-        QVERIFY(!slice.isVisible());
+        m_owner->setUnlocked(true);
+        QVERIFY(slice.isVisible());
+        slice.setVisible(false);
         slice.setVisibleKeyPath("extra");
         m_owner.reset();
         slice.updateVisible(); // no owner, no value; and not of no value is true
         QVERIFY(slice.isVisible());
     }
 
-    void rowsFollowTheirConditionWhileInstalled()
+    void whatIsHiddenIsShownLater()
     {
-        show<ZelInspectorSlice>("<slice><section visibleKeyPath='unlocked'><sliver visibleKeyPath='unlocked'/>"
-                                "<chooser visibleKeyPath='unlocked'/></section></slice>");
-        const Rows rows{find<ZelInspectorSection>(), all<ZelInspectorSliver>().first(), find<ZelInspectorChooser>()};
-        const auto areVisible = [&](bool visible) {
-            return std::ranges::all_of(rows, [visible](ZelInspectorConditionalContainer *row) {
-                return row->isVisible() == visible && row->view()->isHidden() != visible;
-            });
+        m_owner->setUnlocked(false);
+        auto *slice = show<ZelInspectorSlice>(
+            "<slice visibleKeyPath='unlocked'><section title='S' visibleKeyPath='unlocked'>"
+            "<sliver visibleKeyPath='unlocked'/><chooser visibleKeyPath='unlocked'/></section></slice>");
+        const Rows rows{find<ZelInspectorSection>(), find<ZelInspectorSliver>(), find<ZelInspectorChooser>()};
+        const auto state = [&] {
+            QString text = shown({slice->view()});
+            for (auto *row : rows)
+                text += row->isVisible() == row->view()->isHidden() ? '!' : row->isVisible() ? '+' : '-';
+            return text;
         };
-        QVERIFY(areVisible(true));
-        m_owner->setUnlocked(false);
-        QVERIFY(areVisible(false));
-        m_root->view()->setParent(nullptr);
+        QCOMPARE(state(), "----");
         m_owner->setUnlocked(true);
-        QVERIFY(areVisible(false));
-        m_window->layout()->addWidget(m_root->view());
-        QVERIFY(areVisible(true));
-    }
-
-    void aHiddenSliceOfItsOwnWindowIsShownLater()
-    {
+        QCOMPARE(state(), "++++");
         m_owner->setUnlocked(false);
-        auto *slice = show<ZelInspectorSlice>("<slice visibleKeyPath='unlocked'><section title='S'/></slice>");
-        QVERIFY(!slice->view()->isVisible());
-        m_owner->setUnlocked(true);
-        QVERIFY(slice->view()->isVisible());
-        // Without a parent it does not become a window.
-        m_owner->setUnlocked(false);
+        QCOMPARE(state(), "----");
+        // Without a parent the slice does not become a window, and rows follow while they are installed.
         slice->view()->setParent(nullptr);
         m_owner->setUnlocked(true);
-        QVERIFY(!slice->view()->isVisible());
+        QCOMPARE(state(), "----");
         m_window->layout()->addWidget(slice->view());
         settle();
-        QVERIFY(slice->view()->isVisible());
+        QCOMPARE(state(), "++++");
     }
 
     void invisibleInspectorsAndSlicesHaveNoView()
     {
         m_owner->setUnlocked(false);
         m_owner->extra = false;
-        auto *shown = show<ZelInspectorPane>(R"(<pane>
-            <inspector title="1"><slice title="a" visibleKeyPath="extra"/><slice/></inspector>
-            <inspector title="2" visibleKeyPath="unlocked"><slice/></inspector>
-            <inspector title="3"><slice/></inspector></pane>)");
-        const QList<ZelInspector *> inspectors = shown->inspectors();
+        auto *pane = show<ZelInspectorPane>("<pane><inspector><slice visibleKeyPath='extra'/><slice/></inspector>"
+                                            "<inspector visibleKeyPath='unlocked'><slice/></inspector>"
+                                            "<inspector><slice/></inspector></pane>");
+        const QList<ZelInspector *> inspectors = pane->inspectors();
         ZelInspectorSlice *slice = inspectors.at(0)->slices().at(0);
+        const auto views = [&] { return pane->containerView()->subviews(); };
         QVERIFY(!inspectors.at(1)->isViewLoaded() && !slice->isViewLoaded());
-        QCOMPARE(shown->containerView()->subviews().size(), 2);
+        QCOMPARE(shown(views()), "++");
         m_owner->setUnlocked(true);
-        QCOMPARE(shown->containerView()->subviews(),
-                 Widgets({inspectors.at(0)->view(), inspectors.at(1)->view(), inspectors.at(2)->view()}));
-        QVERIFY(inspectors.at(1)->view()->isVisible());
+        const Widgets all{inspectors.at(0)->view(), inspectors.at(1)->view(), inspectors.at(2)->view()};
+        QCOMPARE(views(), all);
+        QCOMPARE(shown(all), "+++");
         setExtra(true);
         QVERIFY(slice->isViewLoaded() && slice->view()->isVisible());
         QCOMPARE(inspectors.at(0)->slicesView()->subviews().first(), slice->view());
         // What has a view stays in its place, and is hidden.
         m_owner->setUnlocked(false);
-        QCOMPARE(shown->containerView()->subviews().size(), 3);
-        QVERIFY(inspectors.at(1)->view()->isHidden());
+        QCOMPARE(views(), all);
+        QCOMPARE(shown(all), "+-+");
         settle();
-        QCOMPARE(inspectors.at(2)->view()->y(), inspectors.at(0)->view()->geometry().bottom() + 1);
+        QCOMPARE(all.at(2)->y(), all.at(0)->geometry().bottom() + 1);
     }
 
     void stacksFollowTheirLists()
     {
-        auto *shown = show<ZelInspectorPane>(
+        auto *pane = show<ZelInspectorPane>(
             "<pane><inspector title='1'><slice/><slice/></inspector><inspector title='2'><slice/></inspector></pane>");
-        ZelInspector *first = shown->inspectors().at(0);
-        ZelInspector *second = shown->inspectors().at(1);
-        const auto views = [&] { return shown->containerView()->subviews(); };
-        shown->setInspectors({second});
+        ZelInspector *first = pane->inspectors().at(0);
+        ZelInspector *second = pane->inspectors().at(1);
+        const auto views = [&] { return pane->containerView()->subviews(); };
+        pane->setInspectors({second});
         QCOMPARE(views(), Widgets({second->view()}));
         first->setVisible(false); // nobody listens any more
         first->setVisible(true);
         QCOMPARE(views().size(), 1);
-        shown->setInspectors({second, first});
+        pane->setInspectors({second, first});
         QCOMPARE(views(), Widgets({second->view(), first->view()}));
         delete second;
-        QCOMPARE(shown->inspectors(), QList<ZelInspector *>{first});
+        QCOMPARE(pane->inspectors(), QList<ZelInspector *>{first});
         const QList<ZelInspectorSlice *> slices{first->slices().at(1), first->slices().at(0)};
         first->setSlices(slices);
         QCOMPARE(first->slicesView()->subviews(), Widgets({slices.at(0)->view(), slices.at(1)->view()}));
@@ -281,34 +275,35 @@ private Q_SLOTS:
         for (const QByteArray attributes :
              {"title='1' visibleKeyPath='unlocked'", "title='2'", "title='3' visibleKeyPath='extra'", "title='4'"})
             text += "<inspector " + attributes + ">" +
-                    slice("<sliver><property type='boolean' keyPath='unlocked' " + attributes.left(9) + "/></sliver>") +
+                    inSliver("<property type='boolean' keyPath='unlocked' " + attributes.left(9) + "/>") +
                     "</inspector>";
         m_owner->setUnlocked(false);
         m_owner->extra = false;
-        auto *shown = show<ZelInspectorPane>("<pane>" + text + "</pane>");
-        shown->view()->setParent(nullptr);
-        QWidget *before = new QCheckBox(m_window.get());
-        m_window->layout()->addWidget(shown->view());
-        QWidget *after = new QCheckBox(m_window.get());
+        auto *pane = show<ZelInspectorPane>("<pane>" + text + "</pane>");
+        pane->view()->setParent(nullptr);
+        new QCheckBox("<", m_window.get());
+        m_window->layout()->addWidget(pane->view());
+        new QCheckBox(">", m_window.get());
         const auto visited = [&] {
             QString titles;
-            for (QWidget *widget = before->nextInFocusChain(); widget != after; widget = widget->nextInFocusChain()) {
-                if (auto *box = qobject_cast<QCheckBox *>(widget))
+            for (QWidget *stop = m_window->nextInFocusChain(); stop != m_window.get();
+                 stop = stop->nextInFocusChain()) {
+                if (auto *box = qobject_cast<QCheckBox *>(stop))
                     titles += box->text();
             }
             return titles;
         };
-        QCOMPARE(visited(), "24");
+        QCOMPARE(visited(), "<24>");
         setExtra(true);
-        QCOMPARE(visited(), "234");
+        QCOMPARE(visited(), "<234>");
         m_owner->setUnlocked(true);
-        QCOMPARE(visited(), "1234");
+        QCOMPARE(visited(), "<1234>");
         // A row's own order, too.
-        auto *row = shown->inspectors().at(2)->findChild<ZelInspectorSliver *>();
+        auto *row = pane->inspectors().at(2)->findChild<ZelInspectorSliver *>();
         auto *editor = new ZelInspectorBooleanProperty(m_owner.get());
         editor->setTitle("a");
         row->setProperties(QList<ZelInspectorProperty *>{editor} + row->properties());
-        QCOMPARE(visited(), "12a34");
+        QCOMPARE(visited(), "<12a34>");
     }
 
     void sectionsAreRebuiltLaterInTheTurn()
@@ -331,32 +326,21 @@ private Q_SLOTS:
     void separatorsAndColorsOfSections()
     {
         m_owner->setUnlocked(false);
-        auto *shown = show<ZelInspectorSlice>(
-            "<slice><section visibleKeyPath='unlocked'/><section/><section visibleKeyPath='unlocked'/></slice>");
-        const Widgets views = shown->sectionsView()->subviews();
-        QCOMPARE(views.size(), 5);
+        make("<slice><section visibleKeyPath='unlocked'/><section/><section visibleKeyPath='unlocked'/></slice>");
+        auto *slice = static_cast<ZelInspectorSlice *>(m_root.get());
+        slice->setUsesAlternatingBackgroundColors(true);
+        showInWindow();
+        const Widgets views = slice->sectionsView()->subviews();
         const auto *separator = qobject_cast<ZelSeparator *>(views.at(1));
         QVERIFY(separator && separator->level() == 2 && separator->edgeInsets() == QMarginsF(8, 0, 8, 0));
-        const auto hidden = [&] {
-            QString text;
-            for (const QWidget *view : views)
-                text += view->isHidden() ? '-' : '+';
-            return text;
-        };
-        QCOMPARE(hidden(), "-++--");
+        QCOMPARE(shown(views), "-++--");
         m_owner->setUnlocked(true);
-        QCOMPARE(hidden(), "+++++");
-        shown->sections().at(1)->setVisible(false);
-        QCOMPARE(hidden(), "+--++");
-
-        ZelInspectorSlice colored(m_owner.get());
-        colored.setUsesAlternatingBackgroundColors(true);
-        colored.setSections({new ZelInspectorSection(m_owner.get()), new ZelInspectorSection(m_owner.get()),
-                             new ZelInspectorSection(m_owner.get())});
-        colored.view();
+        QCOMPARE(shown(views), "+++++");
+        slice->sections().at(1)->setVisible(false);
+        QCOMPARE(shown(views), "+--++");
         QString colors;
-        for (const ZelInspectorSection *section : colored.sections())
-            colors += const_cast<ZelInspectorSection *>(section)->view()->backgroundColor().toQColor().name() + ' ';
+        for (ZelInspectorSection *section : slice->sections())
+            colors += section->view()->backgroundColor().toQColor().name() + ' ';
         QCOMPARE(colors, "#000000 #dedede #000000 ");
     }
 
@@ -364,8 +348,7 @@ private Q_SLOTS:
     {
         auto *tabs = show<ZelTabbedInspector>(
             "<panes enabledKeyPath='unlocked' enabledValueTransformer='ZelNegateBooleanTransformerName'>" +
-            pane("<sliver>%</sliver>").replace("<pane>", "<pane title='One'>") +
-            pane("<sliver>%</sliver>").replace("<pane>", "<pane title='Two'>") + "</panes>");
+            pane("<sliver>%</sliver>", "One") + pane("<sliver>%</sliver>", "Two") + "</panes>");
         QString items;
         for (const ZelTabBarItem *item : tabs->tabBar()->items())
             items += say(item->toolTip(), item->keyEquivalent(), item->keyEquivalentModifierMask().toInt());
@@ -373,33 +356,36 @@ private Q_SLOTS:
         QVERIFY(!tabs->tabBar()->isEnabled());
         m_owner->setUnlocked(false);
         QVERIFY(tabs->tabBar()->isEnabled());
-        settle();
         QCOMPARE(tabs->tabBar()->height(), 22);
         QCOMPARE(tabs->containerView()->geometry(), QRect(0, 22, 300, 478));
-
-        const QList<NotingProperty *> editors = all<NotingProperty>();
-        const auto state = [&] {
+        const Widgets views = editorViews();
+        const auto state = [&]() -> QString {
             const qsizetype current = tabs->panes().indexOf(tabs->currentInspector());
-            return say(tabs->selectedPaneIndex(), current, tabs->tabBar()->matrix()->selectedColumn(),
-                       editors.at(0)->view()->isVisible(), editors.at(1)->view()->isVisible());
+            return say(tabs->selectedPaneIndex(), current, tabs->tabBar()->matrix()->selectedColumn()) + shown(views);
         };
-        QCOMPARE(state(), "0 0 0 true false");
-        editors.at(0)->commits = false;
-        tabs->tabBar()->matrix()->performClickAtColumn(1);
-        QCOMPARE(state(), "0 0 0 true false");
-        editors.at(0)->commits = true;
-        QCOMPARE(told([&] { tabs->tabBar()->matrix()->performClickAtColumn(1); }), "cp|r");
-        QCOMPARE(state(), "1 1 1 false true");
+        const auto choose = [&](bool commits) {
+            return told([&] {
+                all<NotingProperty>().at(0)->commits = commits;
+                tabs->tabBar()->matrix()->performClickAtColumn(1);
+            });
+        };
+        QCOMPARE(state(), "0 0 0+-");
+        QCOMPARE(choose(false), "c|");
+        QCOMPARE(state(), "0 0 0+-");
+        QCOMPARE(choose(true), "cp|r");
+        QCOMPARE(state(), "1 1 1-+");
         tabs->setSelectedPaneIndex(0);
-        QCOMPARE(state(), "0 0 0 true false");
+        QCOMPARE(state(), "0 0 0+-");
         tabs->selectInspector(7);
         QVERIFY(!tabs->currentInspector() && tabs->commitEditing());
     }
 
     void whatIsToldReachesEveryEditor()
     {
-        show<ZelInspectorPane>(pane("<sliver>%%</sliver><chooser keyPath='extra'><choice value='1'><sliver>%</sliver>"
-                                    "</choice><choice value='2'><sliver>%</sliver></choice></chooser>"));
+        show<ZelInspectorPane>(
+            pane("<sliver>%%</sliver><chooser keyPath='extra'><choice value='1'><chooser keyPath='extra'><choice "
+                 "value='1'><sliver>%</sliver>"
+                 "</choice></chooser></choice><choice value='2'><sliver>%</sliver></choice></chooser>"));
         setExtra(1);
         QCOMPARE(told([&] { m_root->refresh(); }), "r|r|r|r");
         QCOMPARE(told([&] { m_root->prepareForReuse(); }), "p|p|p|p");
@@ -412,45 +398,43 @@ private Q_SLOTS:
     void hidingAnInspectorCommitsFirst()
     {
         const QByteArray hiding = "<inspector visibleKeyPath='unlocked'><slice/></inspector>";
-        auto *shown = show<ZelInspectorPane>("<pane>" + hiding + "<inspector>" + slice("<sliver>%</sliver>") +
-                                             "</inspector>" + hiding + hiding + "</pane>");
+        const QByteArray noting = "<inspector>" + inSection("<sliver>%</sliver>") + "</inspector>";
+        auto *pane = show<ZelInspectorPane>("<pane>" + hiding + noting + hiding + hiding + "</pane>");
         const auto toggle = [&] { m_owner->setUnlocked(!m_owner->isUnlocked()); };
         QCOMPARE(told(toggle), "cp"); // once for all that are hidden by a change
         // Where one that is told opens an event loop, the others are not held up.
         QStringList inTime;
-        connect(shown->inspectors().first(), &ZelInspectorConditionalContainer::visibleChanged, this, [&] {
+        connect(pane->inspectors().first(), &ZelInspectorConditionalContainer::visibleChanged, this, [&] {
             settle();
             inTime.append(find<NotingProperty>()->takeLog());
         });
         toggle();
         QCOMPARE(inTime, QStringList{"cp"});
-        shown->inspectors().first()->disconnect(this);
-        QCOMPARE(told([&] { shown->inspectors().at(1)->setVisible(false); }), "cp");
+        pane->inspectors().first()->disconnect(this);
+        QCOMPARE(told([&] { pane->inspectors().at(1)->setVisible(false); }), "cp");
         find<NotingProperty>()->commits = false;
-        QCOMPARE(told([&] { shown->inspectors().at(1)->setVisible(true); }), "c");
+        QCOMPARE(told([&] { pane->inspectors().at(1)->setVisible(true); }), "c");
     }
 
     void aChooserShowsAndWritesTheContentOfTheValue()
     {
         auto *chooser = showIn<ZelInspectorChooser>(
-            "<chooser title='Role' keyPath='people.selection.role' actionSelector='noteAction'><choice title='Guest' "
-            "value='0'><sliver title='g'>%</sliver></choice><choice title='Member' value='1'><sliver title='m'>%"
-            "</sliver><sliver title='n'>%</sliver></choice></chooser>");
+            "<chooser title='Role' keyPath='people.selection.role'><choice title='Guest' "
+            "value='0'><sliver>%</sliver></choice><choice title='Member' value='1'><sliver>%</sliver><sliver>%</sliver>"
+            "</choice></chooser>");
         const auto state = [&]() -> QString {
             settle();
-            QString visible;
-            for (NotingProperty *editor : all<NotingProperty>())
-                visible += editor->view()->isVisible() ? '+' : '-';
             const qsizetype current = chooser->choices().indexOf(chooser->currentChoice());
-            return say(current, chooser->property()->popUpButton()->shownText()) + visible;
+            return say(current, chooser->property()->popUpButton()->shownText()) + shown(editorViews());
         };
         QCOMPARE(state(), "0 \"Guest\"+--");
         QCOMPARE(chooser->sliver()->label()->text(), "Role");
         const int low = chooser->view()->sizeHint().height();
-        QVERIFY(told([&] {
-                    for (auto &person : m_people)
-                        person->setRole(Person::Member);
-                }).startsWith("d|")); // what was entered in the old content is dropped
+        const QString log = told([&] {
+            for (auto &person : m_people)
+                person->setRole(Person::Member);
+        });
+        QVERIFY2(log.startsWith("d|"), qPrintable(log)); // what was entered is dropped
         QCOMPARE(state(), "1 \"Member\"-++");
         QVERIFY(chooser->choiceForValue(1) == chooser->choices().at(1) && !chooser->choiceForValue({}));
         // Neither a value without a choice nor disagreement shows anything.
@@ -460,16 +444,7 @@ private Q_SLOTS:
         QVERIFY(!chooser->property()->multipleValuesMenuItem()->isHidden());
         chooser->setTitle("Rank");
         QCOMPARE(chooser->sliver()->label()->text(), "Rank");
-        // What the user chooses is written and shown.
-        for (auto &person : m_people)
-            person->setRole(Person::Guest);
-        settle();
         ZelPopUpButton *button = chooser->property()->popUpButton();
-        button->setFocus();
-        QTest::keyClick(button, Qt::Key_M); // types ahead
-        QVERIFY(m_people[0]->role() == Person::Member && m_people[1]->role() == Person::Member);
-        QCOMPARE(state(), "1 \"Member\"-++");
-        QCOMPARE(m_owner->actions, 1);
         chooser->setEnabled(false);
         QVERIFY(!button->isEnabled());
         chooser->setKeyPath("extra");
@@ -499,10 +474,12 @@ private Q_SLOTS:
         for (const auto &[key, first, values, chosen] : rows) {
             for (const auto &person : m_people)
                 person->setProperty(key, first);
-            auto *chooser = showIn<ZelInspectorChooser>(
-                "<chooser keyPath='people.selection." + key + "'><choice title='A' value='" + values.at(0) +
-                "'/><choice title='B' value='" + values.at(1) + "'/><choice title='C' value='" + values.at(2) +
-                "'/></chooser>");
+            QByteArray choices;
+            for (int i = 0; i < 3; ++i)
+                choices += "<choice title='" + QByteArray("ABC").mid(i, 1) + "' value='" + values.at(i) + "'/>";
+            auto *chooser =
+                showIn<ZelInspectorChooser>("<chooser actionSelector='noteAction' keyPath='people.selection." + key +
+                                            "'>" + choices + "</chooser>");
             ZelPopUpButton *button = chooser->property()->popUpButton();
             QCOMPARE(button->shownText(), "B");
             QCOMPARE(chooser->currentChoice(), chooser->choices().at(1));
@@ -512,42 +489,33 @@ private Q_SLOTS:
                 QCOMPARE(person->property(key), chosen);
             settle();
             QCOMPARE(button->shownText(), "C");
+            QCOMPARE(chooser->currentChoice(), chooser->choices().at(2));
         }
-    }
-
-    void choosersWithinChoosers()
-    {
-        auto *editor = showIn<NotingProperty>(
-            "<chooser keyPath='extra'><choice value='1'><chooser keyPath='people.selection.role'><choice value='0'>"
-            "<sliver>%</sliver></choice></chooser></choice></chooser>");
-        QVERIFY(!editor->view()->isVisible());
-        setExtra(1);
-        settle();
-        QVERIFY(editor->view()->isVisible());
-        QVERIFY(editor->view()->mapTo(m_window.get(), QPoint()).y() > 30); // below two pop-ups
+        QCOMPARE(m_owner->actions, 3);
     }
 
     void rowsLeaveRoomForTheirLabel()
     {
-        const QByteArray title = " title='" + QByteArray(100, 'W') + "' ";
+        const QByteArray title = " title='" + QByteArray(100, 'W') + "'/>";
         showIn<ZelInspectorSliver>(
             "<sliver title='Name'><property type='string' keyPath='people.selection.name'/></sliver>"
             "<sliver title='Full' fullWidth='yes'>%</sliver><sliver title='Empty'/><sliver><property type='boolean' "
             "keyPath='people.selection.active'" +
-            title + "/></sliver><sliver><property type='action'" + title + "/></sliver>");
+            title + "</sliver><sliver><property type='action'" + title + "</sliver>");
         const QList<ZelInspectorSliver *> rows = all<ZelInspectorSliver>();
-        QCOMPARE(inRow(rows.at(0), 0).left(), 82);
-        QCOMPARE(inRow(rows.at(0), 0).right() + 1, rows.at(0)->view()->width() - 5);
-        QCOMPARE(rows.at(0)->label()->geometry().left(), 0);
-        QCOMPARE(rows.at(0)->label()->width(), 79);
-        QCOMPARE(rows.at(0)->label()->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+        const auto margins = [&](qsizetype row) {
+            const QRect editor = inRow(rows.at(row), 0);
+            return say(editor.left(), rows.at(row)->view()->width() - editor.right() - 1);
+        };
+        QCOMPARE(margins(0) + margins(1), "82 54 5");
+        const ZelLabel *label = rows.at(0)->label();
+        QCOMPARE(say(label->x(), label->width(), label->alignment().toInt()), "0 79 130"); // to the right, centred
         QVERIFY(rows.at(0)->baselineConstraint() && !rows.at(1)->label());
-        QCOMPARE(inRow(rows.at(1), 0).left(), 4);
         QCOMPARE(rows.at(2)->view()->height(), 0);
         rows.at(1)->setFullWidth(false);
         rows.at(0)->setTitle({});
         settle();
-        QCOMPARE(inRow(rows.at(1), 0).left(), 82);
+        QCOMPARE(margins(0) + margins(1), "82 582 5");
         QCOMPARE(rows.at(1)->label()->text(), "Full");
         QVERIFY(!rows.at(0)->label() && !rows.at(0)->baselineConstraint());
         for (const qsizetype cut : {3, 4}) // a long title is cut before it widens
@@ -558,14 +526,14 @@ private Q_SLOTS:
     {
         const QByteArray number = "<property type='number' title='N' keyPath='people.selection.height'/>";
         auto *row = showIn<ZelInspectorSliver>("<sliver>" + number.repeated(3) + "%</sliver>");
-        QCOMPARE(inRow(row, 0).y(), inRow(row, 1).y());
-        QCOMPARE(inRow(row, 1).left(), inRow(row, 0).right() + 1 + 4);
-        QVERIFY(std::abs(inRow(row, 0).width() - inRow(row, 1).width()) <= 1);
-        QCOMPARE(inRow(row, 1).right() + 1, row->view()->width() - 5);
-        QCOMPARE(inRow(row, 2).y(), inRow(row, 0).bottom() + 1); // the third is alone, beside an editor of another kind
-        QCOMPARE(inRow(row, 2).width(), row->view()->width() - 82 - 5);
-        QCOMPARE(inRow(row, 3).y(), inRow(row, 2).bottom() + 1);
-        row->view()->window()->setLayoutDirection(Qt::RightToLeft);
+        // The third is alone, beside an editor of another kind.
+        const QRect places[] = {inRow(row, 0), inRow(row, 1), inRow(row, 2), inRow(row, 3)};
+        QCOMPARE(say(places[0].left(), places[1].left() - places[0].right() - 1, 300 - places[1].right() - 1),
+                 "82 4 5");
+        QVERIFY(std::abs(places[0].width() - places[1].width()) <= 1);
+        QCOMPARE(say(places[2].left(), 300 - places[2].right() - 1), "82 5");
+        QCOMPARE(say(places[1].y(), places[2].y() - places[0].bottom(), places[3].y() - places[2].bottom()), "0 1 1");
+        m_window->setLayoutDirection(Qt::RightToLeft);
         settle();
         QCOMPARE(inRow(row, 0).left(), inRow(row, 1).right() + 1 + 4);
     }
@@ -574,10 +542,11 @@ private Q_SLOTS:
     {
         auto *row = showIn<ZelInspectorSliver>("<sliver>%%%</sliver>");
         const QList<ZelInspectorProperty *> editors = row->properties();
-        QVERIFY(editors.at(0)->view()->parentWidget() == editors.at(1)->view()->parentWidget());
+        const auto parent = [&](qsizetype editor) { return editors.at(editor)->view()->parentWidget(); };
+        QCOMPARE(parent(0), parent(1));
         row->setProperties({editors.at(2), editors.at(0)}); // another pair
-        QVERIFY(editors.at(2)->view()->parentWidget() == editors.at(0)->view()->parentWidget());
-        QVERIFY(!editors.at(1)->view()->parentWidget() && !editors.at(1)->isViewInstalled());
+        QCOMPARE(parent(2), parent(0));
+        QVERIFY(!parent(1) && !editors.at(1)->isViewInstalled());
         QVERIFY(editors.at(0)->isViewInstalled() && editors.at(0)->view()->isVisible());
         row->setProperties({editors.at(0)});
         QCOMPARE(row->view()->subviews(), Widgets({editors.at(0)->view()}));
@@ -596,8 +565,7 @@ private Q_SLOTS:
         for (const QString title : {"Height", "Length"}) {
             row->setTitle(title);
             QStringList names;
-            for (auto *property : row->properties()) {
-                const auto *editor = static_cast<ZelInspectorNumberProperty *>(property);
+            for (const auto *editor : all<ZelInspectorNumberProperty>()) {
                 for (const QWidget *control : Widgets{editor->textField(), editor->stepper(), editor->slider()})
                     names += control ? control->accessibleName() : QString();
             }
@@ -613,37 +581,32 @@ private Q_SLOTS:
              "</pane></panes>");
         struct Watched
         {
-            ZelInspectorContainer *object;
+            QObject *object;
             QMetaProperty property;
             QVariant before;
             std::unique_ptr<QSignalSpy> spy;
         };
         std::vector<Watched> watched;
-        for (auto *object : QList<ZelInspectorContainer *>{qobject_cast<ZelInspectorContainer *>(m_root.get())} +
-                                all<ZelInspectorContainer>()) {
-            for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i) {
+        for (QObject *object : QObjectList{m_root.get()} + m_root->findChildren<QObject *>()) {
+            const int count = qobject_cast<ZelInspectorContainer *>(object) ? object->metaObject()->propertyCount() : 0;
+            for (int i = QObject::staticMetaObject.propertyCount(); i < count; ++i) {
                 const QMetaProperty property = object->metaObject()->property(i);
-                QVERIFY2(property.hasNotifySignal() || property.isConstant(), property.name());
-                const bool isMakingOrIncomparable =
-                    property.name() == QByteArray("view") || property.typeId() == QMetaType::QIcon;
-                if (property.hasNotifySignal() && !isMakingOrIncomparable)
+                // Reading a view would make it, and images are not compared.
+                if (property.hasNotifySignal() && property.name() != QByteArray("view") &&
+                    property.typeId() != QMetaType::QIcon)
                     watched.push_back({object, property, property.read(object),
                                        std::make_unique<QSignalSpy>(object, property.notifySignal())});
             }
         }
         showInWindow();
-        settle();
-        QStringList made;
+        int made = 0;
         for (const auto &[object, property, before, spy] : watched) {
-            const bool isMade = property.read(object) != before;
-            QVERIFY2(!isMade || spy->count() > 0, property.name());
-            if (isMade && !QByteArray(property.name()).startsWith("view"))
-                made += property.name();
+            if (property.read(object) == before || QByteArray(property.name()).startsWith("view"))
+                continue;
+            QVERIFY2(spy->count() > 0, property.name());
+            ++made;
         }
-        QCOMPARE(made.join(' '),
-                 "currentInspector tabBar containerView scrollView containerView slicesView sectionsView "
-                 "labelContainerView label label baselineConstraint currentChoice sliver property "
-                 "containerView");
+        QCOMPARE(made, 15);
         int written = 0;
         for (const auto &[object, property, before, spy] : watched) {
             const QVariant former = property.read(object);
@@ -654,8 +617,8 @@ private Q_SLOTS:
                 other = former == "extra" ? "unlocked" : "extra";
             else if (!QByteArray(property.typeName()).startsWith("QList"))
                 continue;
-            const bool isComparedFirst = property.name() != QByteArray("text"); // others announce changes only
-            if (!property.isWritable() || former == other || !isComparedFirst)
+            // A choice's text is announced also where it stays the same.
+            if (!property.isWritable() || former == other || property.name() == QByteArray("text"))
                 continue;
             spy->clear();
             for (int round = 0; round < 2; ++round) { // the second changes nothing
@@ -669,10 +632,6 @@ private Q_SLOTS:
 
     void aCommitMayEndTheInspector()
     {
-        auto *shown = show<ZelInspectorPane>(pane("<sliver>%</sliver>"));
-        find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
-        shown->inspectors().first()->setVisible(false);
-        QVERIFY(!m_root);
         auto *tabs = show<ZelTabbedInspector>("<panes enabled='no'>" + pane("<sliver>%</sliver>") + pane("<sliver/>") +
                                               "</panes>");
         QVERIFY(!tabs->tabBar()->isEnabled());
@@ -699,34 +658,16 @@ private Q_SLOTS:
             for (const bool isVisible : {false, true}) {
                 m_owner->setUnlocked(isVisible);
                 show<ZelTabbedInspector>(g_conditional);
-                settle();
+                m_window.reset();
+                showInWindow();
+                QVERIFY(!isVisible || shown(editorViews()) == "+++"); // views come back after their window
                 for (auto *container : all<ZelInspectorConditionalContainer>())
                     connect(container, &ZelInspectorConditionalContainer::visibleChanged, this, kill);
                 m_owner->setUnlocked(!isVisible);
                 settle();
                 cleanup();
+                QVERIFY(!ZelIsObserved(m_owner.get(), "unlocked"));
             }
-        }
-    }
-
-    void viewsComeBackAfterTheirWindow()
-    {
-        for (const bool windowFirst : {true, false}) {
-            auto *tabs = show<ZelTabbedInspector>(g_conditional);
-            for (int i = 0; i < 2; ++i) {
-                m_window.reset();
-                QVERIFY(!tabs->isViewLoaded());
-                showInWindow();
-                settle();
-                for (NotingProperty *editor : all<NotingProperty>())
-                    QVERIFY(editor->isViewInstalled() && editor->view()->isVisible());
-            }
-            // Nothing is observed afterwards.
-            QVERIFY(ZelIsObserved(m_owner.get(), "unlocked"));
-            if (windowFirst)
-                m_window.reset();
-            m_root.reset();
-            QVERIFY(!ZelIsObserved(m_owner.get(), "unlocked"));
         }
     }
 };
