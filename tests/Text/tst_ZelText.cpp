@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QMetaProperty>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -144,24 +145,11 @@ private Q_SLOTS:
         const String lines("a\r\nb\rc\u2029d\u2028e\u00a0\n");
         QCOMPARE(lines.text(), "a\nb\nc\nd\u2028e\u00a0\n");
         QCOMPARE(throughDocument(lines), lines);
-        // No member has its default, and a document can show only some of them.
-        Style style{Style::AlignJustified,
-                    0.1,
-                    0.3,
-                    200,
-                    36,
-                    1.1,
-                    30,
-                    12,
-                    3,
-                    7.5,
-                    4,
-                    Style::TruncatingMiddle,
-                    0.3F,
-                    0.05F,
-                    2,
-                    Style::RightToLeft,
-                    {{40, QTextOption::CenterTab}, {80, QTextOption::DelimiterTab, u'.'}}};
+        Style style; // no member keeps its default, and a document can show only some of them
+        const double values[] = {3, 0.1, 0.3, 200, 36, 1.1, 30, 12, 3, 7.5, 4, 5, 0.25, 0.125, 2, 1};
+        for (int i = 0; i < Style::staticMetaObject.propertyCount(); ++i)
+            Style::staticMetaObject.property(i).writeOnGadget(&style, values[i]);
+        style.tabStops = {{40, QTextOption::CenterTab}, {80, QTextOption::DelimiterTab, u'.'}};
         String string("one\n\ntwo\nthree", {{"Author", 7}});
         string.setAttribute(String::ForegroundColor, "no colour", {0, 2});
         string.setParagraphStyle(style, {0, 4});
