@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "Geometry/Digits.h"
 #include "Geometry/ZelLine.h"
 #include "Geometry/ZelRectAnchor.h"
+#include "Geometry/ZelSnapUtilities.h"
 #include "Geometry/ZelSpline.h"
+#include "Support/Failures.h"
 #include "Support/TableRow.h"
 
-#include <cmath>
+#include <QImage>
+#include <QLocale>
+#include <QPainter>
+#include <QWidget>
 #include <random>
 
 namespace {
@@ -13,6 +17,32 @@ namespace {
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Quarter = 1.5707963267948966;
+constexpr auto Floor = ZelSnapModeFloor;
+constexpr auto Ceil = ZelSnapModeCeil;
+constexpr auto Round = ZelSnapModeRound;
+
+// Numbers as text that tells apart any two of them: Qt's own comparisons take some for equal that are not.
+QString text(double v)
+{
+    return QString::number(v, 'g', QLocale::FloatingPointShortest);
+}
+QString text(const QPointF &p)
+{
+    return text(p.x()) + u' ' + text(p.y());
+}
+QString text(const QSizeF &s)
+{
+    return text(s.width()) + u' ' + text(s.height());
+}
+QString text(const QRectF &r)
+{
+    return text(r.topLeft()) + u' ' + text(r.size());
+}
+template<typename First, typename Second, typename... Others>
+QString text(const First &first, const Second &second, const Others &...others)
+{
+    return text(first) + u", " + text(second, others...);
+}
 
 bool near(double a, double b)
 {
@@ -48,6 +78,20 @@ const Curve Arc{{1, 0}, {1, 0.552}, {0.552, 1}, {0, 1}};
 const Curve Loop{{0, 0}, {2, 1}, {-1, 1}, {1, 0.1}};
 const Curve Wave{{0, 0}, {1, 0.1}, {0, 0.9}, {1, 1}};
 
+/// A widget on a screen of any ratio.
+class RatioWidget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    double ratio = 1;
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        return metric == PdmDevicePixelRatioScaled ? int(ratio * devicePixelRatioFScale()) : QWidget::metric(metric);
+    }
+};
+
 } // namespace
 
 class tst_ZelGeometry : public QObject
@@ -68,8 +112,8 @@ private Q_SLOTS:
         QVERIFY(CGPointIsZero({0, -0.0}) && !CGPointIsZero({1e-300, 0}) && !CGPointIsZero({0, NaN}));
         // Lengths neither overflow nor lose the zero vector.
         QCOMPARE(text(CGPointLength({0x3p700, 0x4p700}), CGPointLength({-Infinity, NaN})), text(0x5p700, Infinity));
-        QCOMPARE(text(CGPointDistanceToPoint({1, 1}, {-2, 5})), "5");
-        QCOMPARE(text(CGPointNormalize({0, -8}), CGPointNormalize({0, 0})), "0 -1, 0 0");
+        QCOMPARE(text(CGPointDistanceToPoint({1, 1}, {-2, 5}), CGPointNormalize({0, -8}), CGPointNormalize({0, 0})),
+                 "5, 0 -1, 0 0");
         QCOMPARE(text(CGPointScaleToLength({3, -4}, 10), CGPointScaleToLength({3, -4}, -5)), "6 -8, -3 4");
         QCOMPARE(text(CGPointScaleToLength({0, 0}, 10)), "0 0");
     }
@@ -102,9 +146,8 @@ private Q_SLOTS:
 
     void linesHavePointsAndLengths()
     {
-        QCOMPARE(text(ZelLineGetPointAtParameter({1, 1}, {9, 5}, 0.25)), "3 2");
-        QCOMPARE(text(ZelLineGetPointAtParameter({1, 1}, {9, 5}, -1)), "1 1");
-        QCOMPARE(text(ZelLineGetPointAtParameter({1, 1}, {9, 5}, 1.5)), "9 5");
+        const auto at = [](double t) { return ZelLineGetPointAtParameter({1, 1}, {9, 5}, t); };
+        QCOMPARE(text(at(0.25), at(-1), at(1.5)), "3 2, 1 1, 9 5");
         // The length of a line along an axis has a sign.
         QCOMPARE(text(ZelLineGetLength({5, 0}, {2, 0}), ZelLineGetLength({0, 7}, {0, 3})), "-3, -4");
         QCOMPARE(text(ZelLineGetLength({0, 3}, {0, 7}), ZelLineGetLength({3, 4}, {0, 0})), "4, 5");
@@ -113,9 +156,9 @@ private Q_SLOTS:
         QCOMPARE(text(ZelLineGetPointAtParameter(p, q, 0.5), ZelLineGetMidPoint(p, q)), "0.2 0, 0.2 0");
         QVERIFY(std::isnan(ZelLineGetPointAtParameter(p, q, NaN).x()));
         // Where lines cross: the parameter on the second one, also beyond its ends.
-        QCOMPARE(text(ZelIntersection({0, 0}, {10, 0}, {4, -1}, {4, 3})), "0.25");
-        QCOMPARE(text(ZelIntersection({0, 0}, {10, 0}, {4, 2}, {4, 3})), "-2");
-        QCOMPARE(text(ZelIntersection({1, 2}, {5, 4}, {2, 6}, {6, 0})), "0.4375");
+        QCOMPARE(
+            text(ZelIntersection({0, 0}, {10, 0}, {4, 2}, {4, 3}), ZelIntersection({1, 2}, {5, 4}, {2, 6}, {6, 0})),
+            "-2, 0.4375");
         QVERIFY(!std::isfinite(ZelIntersection({0, 0}, {1, 1}, {0, 5}, {2, 7})));
     }
 
@@ -149,9 +192,9 @@ private Q_SLOTS:
         }
         // A negative size mixes stored and normalised edges.
         const QRectF negative(10, 20, -4, -6);
-        QCOMPARE(text(CGRectGetOriginForAnchor(ZelOriginTopLeft, negative)), "10 20");
-        QCOMPARE(text(CGRectGetOriginForAnchor(ZelOriginMiddleCenter, negative)), "8 17");
-        QCOMPARE(text(CGRectGetOriginForAnchor(ZelOriginBottomRight, negative)), "10 20");
+        const auto place = [&](ZelRectAnchor anchor) { return CGRectGetOriginForAnchor(anchor, negative); };
+        QCOMPARE(text(place(ZelOriginTopLeft), place(ZelOriginMiddleCenter), place(ZelOriginBottomRight)),
+                 "10 20, 8 17, 10 20");
         QCOMPARE(text(CGRectSetOriginXForAnchor(negative, ZelOriginMiddleRight, 13, true)), "10 20 -1 -6");
         // Here the anchor of the stored size stays, not the one that is read.
         QCOMPARE(text(CGRectSetSizeHeightForAnchor(negative, ZelOriginBottomRight, 2)), "10 12 -4 2");
@@ -166,11 +209,10 @@ private Q_SLOTS:
         QCOMPARE(text(CGRectSetOriginXForAnchor(plain, ZelOriginMiddleRight, NaN, true)), "1 2 nan 4");
     }
 
-    void numbersAreRoundedAndLimited()
+    void numbersAreRoundedAndRestricted()
     {
         QCOMPARE(text(ZelSignum(0.1), ZelSignum(-Infinity), ZelSignum(-0.0), ZelSignum(NaN)), "1, -1, 0, 0");
-        QCOMPARE(text(CGFloatClamp(5, 10, 0), CGFloatClamp(-5, 10, 0)), "0, 10");
-        QCOMPARE(text(CGFloatClamp(Infinity, 0, 3), CGFloatClamp(2, 0, 3)), "3, 2");
+        QCOMPARE(text(CGFloatClamp(5, 10, 0), CGFloatClamp(-5, 10, 0), CGFloatClamp(Infinity, 0, 3)), "0, 10, 3");
         QList<double> values{0, -0.0, NaN, Infinity, -Infinity, 1e300, 9007199254740993.0, 4503599627370495.5};
         for (double base : {0.0, 1.0, -1.0, 2.0, 1e6, -4503599627370495.0}) {
             for (double v : {base, base + 0.5, base - 0.5})
@@ -188,25 +230,16 @@ private Q_SLOTS:
         for (const auto &[value, floored] : std::initializer_list<std::pair<double, qint64>>{
                  {2.999995, 3}, {2.99998, 2}, {-0.5, -1}, {-0.000001, 0}, {1e19, most}, {-Infinity, least}, {NaN, 0}})
             QCOMPARE(CGFloorWithEpsilon(value), floored);
-    }
-
-    void numbersAreRestrictedToIntervals()
-    {
         constexpr auto in = &CGFloatRestrictToInterval;
         QCOMPARE(text(in(0.1 + 0.2, 0, 360)), "0.30000000000000004"); // inside, bit for bit
-        QCOMPARE(text(in(370, 0, 360), in(-90, 0, 360), in(360, 0, 360)),
-                 "9.999999999999964, 270, 0"); // by the quotient
+        // By the quotient.
+        QCOMPARE(text(in(370, 0, 360), in(-90, 0, 360), in(360, 0, 360)), "9.999999999999964, 270, 0");
         QCOMPARE(text(in(-4, -4, 4), in(21, 4, 12), in(0, -12, -4)), "-4, 5, -8");
         QCOMPARE(text(in(Infinity, 0, 1), in(NaN, 0, 1), in(1, 0, 0)), "nan, nan, nan");
         QCOMPARE(text(ZelRestrictDegrees(-45), ZelRestrictDegrees(359.5), ZelRestrictDegrees(720)), "315, 359.5, 0");
         QCOMPARE(ZelRestrictRadians(-Quarter), 4.71238898038469);
         QVERIFY(ZelRestrictRadians(6.283185307179586) == 0);
         QVERIFY(ZelRestrictRadians(6.283185307179585) == 6.283185307179585);
-        for (double angle = -50; angle < 50; angle += 0.37) {
-            const double restricted = ZelRestrictRadians(angle);
-            QVERIFY(restricted >= 0 && restricted < 6.283185307179586);
-            QVERIFY(near(std::sin(restricted), std::sin(angle)) && near(std::cos(restricted), std::cos(angle)));
-        }
         // Degrees are multiplied before they are divided: fractions of a turn come out as the nearest numbers.
         QVERIFY(ZelDegreesToRadians(180) == 2 * Quarter && ZelDegreesToRadians(60) == 1.0471975511965976);
         QVERIFY(ZelRadiansToDegrees(2 * Quarter) == 180 && ZelRadiansToDegrees(Quarter) == 90);
@@ -235,7 +268,7 @@ private Q_SLOTS:
         QVERIFY(curve.parameter(7) == 1);
     }
 
-    void measuresCurves()
+    void measuresCurvesByHalving()
     {
         // Chords of flat pieces fall short of the arc, and within a piece the speed varies: by about a point at any
         // size. The lengths are integrals over the speed.
@@ -256,10 +289,6 @@ private Q_SLOTS:
                 QVERIFY(std::abs(curve.parameter(curve.piece(true, 0.5).length()) - 0.5) < 1e-9);
             }
         }
-    }
-
-    void measuresAsPlainHalvingDoes()
-    {
         // Among curves on a coarse grid many pieces are parallel to an axis, where the sign of a length is at stake.
         std::minstd_rand random(7);
         const auto check = [](const Curve &curve) {
@@ -311,7 +340,115 @@ private Q_SLOTS:
         QVERIFY(Loop.scaled(100).parameter(Infinity) == 1);
         QVERIFY(!(Loop.scaled(100).parameter(NaN) >= 0));
     }
+
+    void snapsToWholeNumbersOrCentres()
+    {
+        constexpr auto point = &ZelSnapPoint;
+        QCOMPARE(text(point({1.9, -1.1}, Floor, false), point({1.1, -1.9}, Ceil, false)), "1 -2, 2 -1");
+        QCOMPARE(text(point({1.5, -0.5}, Round, false), point({3, 2.5}, Round, true)), "2 -1, 3.5 2.5");
+        QCOMPARE(text(point({3, 0.4}, Floor, true), point({3, 0.6}, Ceil, true)), "2.5 -0.5, 3.5 1.5");
+        constexpr auto unknown = ZelSnapMode(7);
+        const auto checkRect = [](ZelSnapMode mode, bool halfPoints, const QRectF &value, const char *expected) {
+            QCOMPARE(text(ZelSnapRect(value, mode, halfPoints)), expected);
+        };
+        Failures failures;
+        const QRectF rect(0.25, -1.75, 3, 4); // to 3.25 and 2.25
+        const QRectF small(0.2, 0.2, 0.5, 0.5);
+        checkRect(Floor, false, rect, "1 -1 2 3");
+        checkRect(Floor, false, small, "1 1 -1 -1"); // less than a pixel
+        checkRect(Ceil, false, rect, "0 -2 4 5");
+        checkRect(Ceil, false, small, "0 0 1 1");
+        checkRect(Round, false, rect, "0 -2 3 4");
+        checkRect(unknown, false, rect, "0 -2 3 4"); // rounds
+        checkRect(Floor, true, rect, "0.5 -1.5 2 3");
+        checkRect(Round, false, {-2.5, -0.5, 5, 3}, "-3 -1 6 4");            // halves go outwards
+        checkRect(Ceil, true, {-1e300, 0.2, 0x1p60, 1}, "-1e+300 -0.5 0 2"); // beyond halves
+        checkRect(Ceil, false, {3.25, 2.25, -3, -4}, "0 -2 4 5");            // a negative size
+        QCOMPARE(failures.taken(), QStringList());
+        QCOMPARE(text(ZelSnapSize({1.5, 2.5}, unknown, false), ZelSnapSize({1.5, 2.4}, Ceil, true)),
+                 "1.5 2.5, 1.5 2.5");
+        QCOMPARE(failures.taken(), QStringList(2, "Geometry/ZelSnapUtilities: Unexpected case"));
+    }
+
+    void snappedRectanglesFillWholePixels()
+    {
+        const QRectF rect(3.3, 4.7, 6.6, 8); // (4.4, 5, 6.6, 8) after the move
+        const auto check = [&](double ratio, ZelSnapMode mode, const QRectF &pixels, const QTransform &transform) {
+            const TableRow row(text(ratio, pixels));
+            QImage image(60, 60, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
+            QPainter painter(&image);
+            painter.setTransform(transform);
+            const QRectF snapped = ZelSnapRectInDeviceSpace(&painter, rect, mode, false);
+            QCOMPARE((transform * QTransform::fromScale(ratio, ratio)).mapRect(snapped), pixels);
+        };
+        const QTransform moved = QTransform::fromTranslate(1.1, 0.3), mirrored(1.5, 0, 0, -1.5, 0, 50);
+        check(1, Ceil, {4, 5, 7, 8}, moved);
+        check(1.25, Floor, {6, 7, 7, 9}, moved);
+        check(1.25, Ceil, {5, 6, 9, 11}, moved);
+        check(1.25, Round, {6, 6, 8, 10}, moved);
+        check(1.5, Floor, {7, 8, 9, 11}, moved);
+        check(1.5, Ceil, {6, 7, 11, 13}, moved);
+        check(1, Ceil, {4, 30, 11, 13}, mirrored);
+        check(1, Ceil, {27, 3, 9, 7}, QTransform::fromTranslate(40, 0).rotate(90));
+        QImage image(10, 10, QImage::Format_RGB32);
+        QPainter painter(&image);
+        painter.setTransform(mirrored);
+        const QSizeF size = ZelSnapSizeInDeviceSpace(&painter, {3, 3}, Floor, false); // 4.5 by -4.5 pixels
+        QCOMPARE(text(size), text(QSizeF(4 / 1.5, 5 / 1.5)));
+        const QRectF small = ZelSnapRectInDeviceSpace(&painter, {0.2, 0.2, 0.2, 0.2}, Floor, false);
+        QVERIFY(small.width() < 0 && small.height() < 0);
+        painter.setTransform(QTransform(0, 2, -2, 0, 5, 0)); // a quarter turn
+        QCOMPARE(text(ZelSnapPointInDeviceSpace(&painter, {1.3, 2.4}, Ceil, false)), "1.5 2");
+        QCOMPARE(text(ZelSnapSizeInDeviceSpace(&painter, {1.3, 2.4}, Floor, false)), "1 2.5");
+        painter.setTransform(QTransform::fromScale(0, 0));
+        QCOMPARE(text(ZelSnapPointInDeviceSpace(&painter, {1.2, 3.4}, Floor, false)), "1.2 3.4");
+    }
+
+    void deviceNeedsPainterAndBlock()
+    {
+        QImage image(10, 10, QImage::Format_RGB32);
+        image.setDevicePixelRatio(2);
+        QPainter painter(&image), idle;
+        QCOMPARE(text(ZelTransformPointInDeviceSpace(&painter, {1, 2}, [](auto &p) { return p + QPointF(1, 5); })),
+                 "1.5 4.5");
+        Failures failures;
+        QCOMPARE(text(ZelSnapPointInDeviceSpace(nullptr, {1.2, 3.4}, Floor, false)), "1.2 3.4");
+        QCOMPARE(text(ZelTransformSizeInDeviceSpace(&idle, {1, 2}, [](const QSizeF &s) { return s * 2; })), "1 2");
+        QCOMPARE(text(ZelTransformRectInDeviceSpace(&painter, {1, 2, 3, 4}, {})), "1 2 3 4");
+        QCOMPARE(text(ZelSnapUtilities(nullptr).transformPointInBacking({1, 2}, {})), "1 2");
+        const QString device = "CG%1 ZelTransform%1InDeviceSpace(CGContextRef, CG%1, __strong Zel%1TransformBlock): ";
+        QCOMPARE(failures.seen,
+                 (QStringList{device.arg("Point") + "Missing context", device.arg("Size") + "Missing context",
+                              device.arg("Rect") + "Missing dispatch block",
+                              "Geometry/ZelSnapUtilities: Invalid parameter not satisfying: block"}));
+    }
+
+    void backingCountsRatioAndPlace()
+    {
+        const auto check = [](double ratio, const QPointF &inWindow, const QPointF &inChild) {
+            const TableRow row(text(ratio));
+            RatioWidget window, child(&window);
+            window.ratio = child.ratio = ratio;
+            child.setGeometry(1, 2, 50, 50);
+            const ZelSnapUtilities ofWindow(&window), ofChild(&child);
+            QCOMPARE(ofWindow.snapPointInBacking({10.3, 10.8}, Floor, false), inWindow);
+            QCOMPARE(ofChild.snapPointInBacking({10.3, 10.8}, Floor, false), inChild);
+            // A size has no place.
+            const QSizeF size = ofChild.snapSizeInBacking({10.3, 10.8}, Floor, false);
+            QCOMPARE(QPointF(size.width(), size.height()), inWindow);
+            const QRectF rect = ofChild.snapRectInBacking({10.3, 10.8, 40, 40}, Ceil, false);
+            QCOMPARE(rect.topLeft(), inChild);
+            QVERIFY(rect.right() >= 50.3 && rect.right() < 50.3 + 1 / ratio);
+            for (double x = -100; x < 100; x += 0.37) { // snapping again changes nothing
+                const QPointF once = ofWindow.snapPointInBacking({x, 0}, Ceil, false);
+                QCOMPARE(text(ofWindow.snapPointInBacking(once, Ceil, false).x()), text(once.x()));
+            }
+        };
+        check(1.25, {9.6, 10.4}, {10.2, 10.8});
+        check(1.5, {10, 32 / 3.0}, {29 / 3.0, 32 / 3.0});
+    }
 };
 
-QTEST_APPLESS_MAIN(tst_ZelGeometry)
+QTEST_MAIN(tst_ZelGeometry)
 #include "tst_ZelGeometry.moc"
