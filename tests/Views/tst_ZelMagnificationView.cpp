@@ -16,22 +16,16 @@
 
 namespace {
 
-/// Draws lines a point wide, two points apart, and remembers where the mouse was pressed.
-class Content : public ZelView
+/// Draws lines a point wide, two points apart.
+struct Content : ZelView
 {
-public:
     using ZelView::ZelView;
-    std::optional<QPointF> pressed;
-
     void drawRect(QPainter &painter, const QRect &dirtyRect) override
     {
         painter.fillRect(dirtyRect, Qt::white);
         for (int x = 0; x < 200; x += 2)
             painter.fillRect(QRectF(x, 0, 1, bounds().height()), Qt::black);
     }
-
-protected:
-    void mousePressEvent(QMouseEvent *event) override { pressed = event->position(); }
 };
 
 /// A magnified content in a shown scroll area of 300 x 200 points without a frame.
@@ -138,29 +132,21 @@ private Q_SLOTS:
         scene.area->resize(200, 400);
         QTRY_VERIFY(scene.horizontal->isVisible());
         QCOMPARE(scene.view->height(), scene.area->viewport()->height());
-        scene.area->resize(300, 200);
-        QTRY_COMPARE(scene.view->geometry(), QRect(0, 0, 300, 200));
-        scene.view->setContentSize(QSizeF(100, 1000));
-        QTRY_VERIFY(scene.vertical->isVisible());
-        QCOMPARE(scene.view->size(), QSize(scene.area->viewport()->width(), 1000));
-    }
-
-    void anotherContentIsMagnifiedToo()
-    {
-        const Scene scene(QSizeF(100, 50));
+        // Another content is magnified, too.
         scene.view->magnifyVisibleRectWithFactor(2);
         delete scene.content;
         auto *plain = new QWidget;
         scene.view->addSubview(plain);
-        QTRY_COMPARE(plain->geometry(), QRect(50, 50, 200, 100));
+        scene.view->setContentSize(QSizeF(40, 50));
+        QTRY_COMPARE(plain->geometry(), QRect(60, 150, 80, 100));
         scene.view->magnifyVisibleRectWithFactor(1);
-        QCOMPARE(plain->geometry(), QRect(100, 75, 100, 50));
+        QCOMPARE(plain->geometry(), QRect(80, 175, 40, 50));
     }
 
     void theWheelKeepsThePointUnderThePointer()
     {
-        const std::pair<QPointF, Qt::LayoutDirection> rows[] = {
-            {{150, 100}, Qt::LeftToRight}, {{11.5, 160.25}, Qt::LeftToRight}, {{40, 120}, Qt::RightToLeft}};
+        const std::pair<QPointF, Qt::LayoutDirection> rows[] = {{{11.5, 160.25}, Qt::LeftToRight},
+                                                                {{40, 120}, Qt::RightToLeft}};
         for (const auto &[place, direction] : rows) {
             const Scene scene(QSizeF(1501, 1203));
             scene.area->setLayoutDirection(direction);
@@ -173,17 +159,15 @@ private Q_SLOTS:
                 QCOMPARE(scene.view->magnificationFactor(), former * std::pow(1.25, delta / 120.0));
                 QVERIFY2(distance(scene.place(point), place) < 1.5, qPrintable(QString::number(delta)));
             }
-            QVERIFY(qAbs(scene.view->magnificationFactor() - 1) < 1e-9); // all those steps add up to none
-            QVERIFY((scene.view->pos() - position).manhattanLength() <= 1);
+            QVERIFY((scene.view->pos() - position).manhattanLength() <= 1); // all those steps add up to none
         }
         const Scene scene(QSizeF(1000, 1000));
         scene.wheel(QPointF(100, 100), -120, Qt::NoModifier);
-        QVERIFY(scene.vertical->value() > 0);
-        QCOMPARE(scene.view->magnificationFactor(), 1.0);
-        scene.view->magnifyVisibleRectWithFactor(4);
         const int value = scene.vertical->value();
+        QVERIFY(value > 0);
+        scene.view->setMaxMagnification(1);
         scene.wheel(QPointF(100, 100), 120); // at the limit: nothing, and no scrolling
-        QCOMPARE(scene.view->magnificationFactor(), 4.0);
+        QCOMPARE(scene.view->magnificationFactor(), 1.0);
         QCOMPARE(scene.vertical->value(), value);
     }
 
@@ -210,36 +194,29 @@ private Q_SLOTS:
         for (int apart = 24; apart <= 40; apart += 4)
             touch().move(0, middle - QPoint(apart, 0)).move(1, middle + QPoint(apart, 0));
         touch().release(0, middle - QPoint(40, 0)).release(1, middle + QPoint(40, 0));
-        QVERIFY2(qAbs(scene.view->magnificationFactor() - 2) < 0.01,
-                 qPrintable(QString::number(scene.view->magnificationFactor())));
+        const double factor = scene.view->magnificationFactor();
+        QVERIFY2(qAbs(factor - 2) < 0.01, qPrintable(QString::number(factor)));
         QVERIFY(distance(scene.place(middlePoint), middle) < 1.5);
     }
 
     void fractionsOfAPointAreKept()
     {
-        const Scene scrolled(QSizeF(1001, 803));
-        scrolled.view->magnifyVisibleRectWithFactor(1.25);
-        const QRectF bounds = scrolled.view->bounds();
-        const QTransform transform = scrolled.content->boundsTransform();
-        QCOMPARE(QPointF(transform.m11(), transform.m22()), QPointF(1.25, 1.25));
-        scrolled.horizontal->setValue(33);
-        QCOMPARE(scrolled.view->frame().size(), QSizeF(1251.25, 1003.75));
-        QCOMPARE(scrolled.view->bounds(), bounds);
-        QCOMPARE(scrolled.content->boundsTransform(), transform);
-        QCOMPARE(scrolled.content->frame(), QRectF(0, 0, 1001, 803));
-        // The last of them is shown.
         const Scene scene(QSizeF(301, 403));
         auto *inner = new Content(QRectF(40.3, 50.2, 31.1, 17.7), scene.content);
         inner->show();
         for (const double factor : {1.1, 1.25, 1.333, 2.001, 3.9}) {
             scene.view->setMagnificationFactor(factor);
+            const QRectF bounds = scene.view->bounds();
             scene.scroll({10000, 10000});
-            const QPointF corner = scene.place(QPointF(301, 403));
-            QVERIFY(QRectF(scene.area->viewport()->rect()).contains(corner));
+            QCOMPARE(scene.view->frame().size(), QSizeF(301, 403) * factor);
+            QCOMPARE(scene.view->bounds(), bounds);
+            QVERIFY(qFuzzyCompare(scene.content->boundsTransform(), QTransform::fromScale(factor, factor)));
+            QCOMPARE(scene.content->frame(), QRectF(0, 0, 301, 403));
+            // The last of them is shown.
+            QVERIFY(QRectF(scene.area->viewport()->rect()).contains(scene.place(QPointF(301, 403))));
             for (const Content *view : {scene.content.data(), inner}) {
                 const QRectF drawn = view->boundsTransform().mapRect(view->bounds());
-                QVERIFY2(QRectF(view->rect()).adjusted(-1e-6, -1e-6, 1e-6, 1e-6).contains(drawn),
-                         qPrintable(QString::number(factor)));
+                QVERIFY(QRectF(view->rect()).adjusted(-1e-6, -1e-6, 1e-6, 1e-6).contains(drawn));
             }
         }
     }
@@ -261,10 +238,7 @@ private Q_SLOTS:
             {[&] { view.magnifyVisibleRectWithFactor(0.1); }, 0.5, 1},
             {[&] { view.zoomToActualSize(); }, 1, 1},
             {[&] { view.magnifyVisibleRectWithFactor(qQNaN()); }, 1, 0},
-            {[&] { view.setMinMagnification(0); }, 1, 0},
-            {[&] { view.magnifyVisibleRectWithFactor(-1); }, 1, 0},
-            {[&] { view.setMagnificationFactor(0); }, 1, 0},
-        };
+            {[&] { view.setMagnificationFactor(0); }, 1, 0}};
         for (const auto &[act, factor, changes] : steps) {
             spy.clear();
             act();
@@ -288,59 +262,22 @@ private Q_SLOTS:
         }
         QComboBox comboBox;
         comboBox.addItem("80 %", 80);
-        view.selectMagnificationFactor(&comboBox);
-        QCOMPARE(view.magnificationFactor(), 0.8);
-        for (QObject *sender : {static_cast<QObject *>(popUp.items().first()), static_cast<QObject *>(nullptr)}) {
+        const std::pair<QObject *, double> others[] = {{&comboBox, 0.8}, {popUp.items().first(), 1.5}, {nullptr, 1.5}};
+        for (const auto &[sender, factor] : others) {
             view.selectMagnificationFactor(sender);
-            QCOMPARE(view.magnificationFactor(), 1.5);
+            QCOMPARE(view.magnificationFactor(), factor);
         }
-    }
-
-    void everyPlaceHitsWhatIsShownThere()
-    {
-        const QRectF innerRect(101, 77, 300, 200);
-        const std::pair<QPointF, QByteArray> rows[] = {
-            {{-9, 20}, "nothing"},   {{9, 9}, "content"},     {{92, 100}, "content"},  {{110, 85}, "inner"},
-            {{250, 150}, "inner"},   {{392, 268}, "inner"},   {{410, 270}, "content"}, {{300, 285}, "content"},
-            {{692, 494}, "content"}, {{710, 300}, "nothing"}, {{350, 512}, "nothing"}};
-        int clicks = 0;
-        for (const double factor : {0.25, 0.37, 1.0, 1.25, 1.953125, 4.0}) {
-            for (const auto &[target, hit] : rows) {
-                const TableRow row(QStringLiteral("%1 at %2, %3").arg(target.x()).arg(target.y()).arg(factor));
-                const Scene scene(QSizeF(701, 503));
-                auto *inner = new Content(innerRect, scene.content);
-                inner->show();
-                scene.view->magnifyVisibleRectWithFactor(factor, target);
-                QCoreApplication::processEvents(); // the scroll bars may go
-                // Where the inner view stands in the content, its events stand, too.
-                const QPointF origin = inner->mapTo(scene.area.get(), inner->boundsTransform().map(QPointF(0, 0)));
-                QVERIFY(distance(scene.contentPoint(origin), innerRect.topLeft()) * factor <= 0.75);
-                const QPoint place = scene.place(target).toPoint();
-                if (!scene.area->viewport()->rect().contains(place))
-                    continue;
-                QTest::mouseClick(scene.area->windowHandle(), Qt::LeftButton, {}, place);
-                QCOMPARE(inner->pressed ? "inner" : scene.content->pressed ? "content" : "nothing", hit);
-                const QPointF point = scene.contentPoint(place);
-                if (inner->pressed)
-                    QVERIFY(distance(*inner->pressed, point - innerRect.topLeft()) * factor <= 0.75);
-                else if (scene.content->pressed)
-                    QVERIFY(distance(*scene.content->pressed, point) < 0.01);
-                ++clicks;
-            }
-        }
-        QVERIFY(clicks > 30);
     }
 
     void staysSharp()
     {
         // The screen's points may be fine. A width of 101 is centred at half a point.
-        const std::tuple<double, double, int> rows[] = {{1, 1, 101}, {4, 1, 50}, {4, 2, 50}, {4, 1.5, 50}};
+        const std::tuple<double, double, int> rows[] = {{1, 1, 101}, {4, 1, 50}, {4, 1.5, 50}};
         for (const auto &[factor, ratio, width] : rows) {
             const Scene scene(QSizeF(width, 40));
             scene.view->magnifyVisibleRectWithFactor(factor);
             QImage image(scene.content->size() * ratio, QImage::Format_RGB32);
             image.setDevicePixelRatio(ratio);
-            image.fill(Qt::red);
             scene.content->render(&image);
             const int line = qRound(factor * ratio);
             for (int x = 0; x < width * line; ++x)
@@ -351,22 +288,17 @@ private Q_SLOTS:
     void survivesDeletionWhileZooming()
     {
         using Act = std::function<void(Scene &)>;
-        const Act removes[] = {
-            [](Scene &scene) { delete scene.view; },
-            [](Scene &scene) { delete scene.content; },
-            [](Scene &scene) { scene.area->setWidget(new ZelMagnificationView); },
-            [](Scene &scene) { scene.area->takeWidget()->deleteLater(); },
-        };
+        const Act removes[] = {[](Scene &scene) { delete scene.view; }, [](Scene &scene) { delete scene.content; },
+                               [](Scene &scene) { scene.area->setWidget(new ZelMagnificationView); },
+                               [](Scene &scene) { scene.area->takeWidget()->deleteLater(); }};
         const std::pair<QByteArray, Act> changes[] = {
             // Who must tell of it: the factor, the size, the scroll bars' value and their ranges.
             {"F VHv", [](Scene &scene) { scene.wheel(QPointF(50, 50), 120); }},
             {"F VHv", [](Scene &scene) { scene.nativePinch(QPointF(50, 50), 0.5); }},
-            {"F VHv", [](Scene &scene) { scene.view->zoomIn(); }},
             {"F VHv", [](Scene &scene) { scene.view->magnifyVisibleRectWithFactor(1.3331); }},
             {"F  Hv", [](Scene &scene) { scene.view->setMagnificationFactor(3); }},
             {" SVHv", [](Scene &scene) { scene.view->setContentSize(QSizeF(50, 60)); }},
-            {"   Hv", [](Scene &scene) { scene.area->resize(211, 307); }},
-        };
+            {"   Hv", [](Scene &scene) { scene.area->resize(211, 307); }}};
         for (const Act &remove : removes) {
             for (const auto &[tellers, change] : changes) {
                 for (const char teller : {'F', 'S', 'V', 'H', 'v'}) {
@@ -389,7 +321,6 @@ private Q_SLOTS:
                                 hear);
                     change(scene);
                     QCOMPARE(isTold, tellers.contains(teller));
-                    QCoreApplication::sendPostedEvents();
                     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 }
             }
