@@ -209,13 +209,8 @@ private Q_SLOTS:
 
     void aPressEndsWithoutARelease()
     {
-        const std::function<void(const Cells &)> ends[] = {
-            [](const Cells &cells) { cells.widget->hide(); },
-            [](const Cells &cells) { cells.widget->setEnabled(false); },
-            [](const Cells &cells) { cells.sends(QEvent(QEvent::WindowDeactivate)); },
-        };
         for (const Kind &kind : g_kinds) {
-            for (const auto &end : ends) {
+            for (int way = 0; way < 3; ++way) {
                 const TableRow inRow(kind.name);
                 const bool isMenu = kind.manner == ZelCellGroup::Menu;
                 const Cells cells(kind);
@@ -229,7 +224,10 @@ private Q_SLOTS:
                     QVERIFY(isSeen && cells.look() == look);
                 cells.moveTo(2);
                 QVERIFY(isMenu || (cells.look() != look) == isSeen);
-                end(cells);
+                cells.widget->setVisible(way != 0);
+                cells.widget->setEnabled(way != 1);
+                if (way == 2)
+                    cells.sends(QEvent(QEvent::WindowDeactivate));
                 cells.widget->setEnabled(true);
                 cells.widget->show();
                 QVERIFY(isMenu || cells.look() == look);
@@ -242,45 +240,20 @@ private Q_SLOTS:
 
     void keysAndTheFocus()
     {
-        constexpr int passed = -2; // on to the parent
         struct Row
         {
-            int kind;
-            int from;
-            int key;
-            int to;
-            int toMirrored;
+            int kind, from, key, to, toMirrored; // -2: passed on to the parent
         };
+        constexpr int left = Qt::Key_Left, right = Qt::Key_Right, up = Qt::Key_Up, down = Qt::Key_Down;
+        constexpr int home = Qt::Key_Home, end = Qt::Key_End, space = Qt::Key_Space, letter = Qt::Key_A;
         const Row rows[] = {
-            {0, 0, Qt::Key_Right, 2, 0},
-            {0, 0, Qt::Key_Left, 0, 2},
-            {0, 3, Qt::Key_Right, 3, 2},
-            {0, -1, Qt::Key_Right, 0, 3},
-            {0, 0, Qt::Key_Up, passed, passed},
-            {0, 2, Qt::Key_Home, passed, passed},
-            {0, 2, Qt::Key_Space, passed, passed},
-            {1, 0, Qt::Key_Right, 2, 0},
-            {1, 0, Qt::Key_Left, 0, 2},
-            {2, 0, Qt::Key_Right, 2, 2},
-            {2, 2, Qt::Key_Left, 0, 0},
-            {2, 2, Qt::Key_Home, 0, 0},
-            {2, 2, Qt::Key_End, 3, 3},
-            {2, 2, Qt::Key_Down, passed, passed},
-            {3, 10, Qt::Key_Right, 11, 9},
-            {3, 11, Qt::Key_Right, 11, 10},
-            {3, 12, Qt::Key_Left, 12, 13},
-            {3, 10, Qt::Key_Down, 22, 22},
-            {3, 22, Qt::Key_Up, 10, 10},
-            {3, 22, Qt::Key_Down, passed, passed},
-            {3, 10, Qt::Key_Up, passed, passed},
-            {3, -1, Qt::Key_Right, passed, passed},
-            {4, 4, Qt::Key_Up, 1, 1},
-            {4, 1, Qt::Key_Up, 1, 1},
-            {4, 4, Qt::Key_Right, 5, 5},
-            {4, 5, Qt::Key_Right, 5, 5},
-            {4, 99, Qt::Key_Right, passed, passed},
-            {4, 4, Qt::Key_A, passed, passed},
-        };
+            {0, 0, right, 2, 0},   {0, 0, left, 0, 2},     {0, 3, right, 3, 2},    {0, -1, right, 0, 3},
+            {0, 0, up, -2, -2},    {0, 2, home, -2, -2},   {0, 2, space, -2, -2},  {1, 0, right, 2, 0},
+            {1, 0, left, 0, 2},    {2, 0, right, 2, 2},    {2, 2, left, 0, 0},     {2, 2, home, 0, 0},
+            {2, 2, end, 3, 3},     {2, 2, down, -2, -2},   {3, 10, right, 11, 9},  {3, 11, right, 11, 10},
+            {3, 12, left, 12, 13}, {3, 10, down, 22, 22},  {3, 22, up, 10, 10},    {3, 22, down, -2, -2},
+            {3, 10, up, -2, -2},   {3, -1, right, -2, -2}, {4, 4, up, 1, 1},       {4, 1, up, 1, 1},
+            {4, 4, right, 5, 5},   {4, 5, right, 5, 5},    {4, 99, right, -2, -2}, {4, 4, letter, -2, -2}};
         for (const Row &row : rows) {
             for (const bool isMirrored : {false, true}) {
                 const Kind &kind = g_kinds[row.kind];
@@ -338,12 +311,10 @@ private Q_SLOTS:
     void controlsThatAreNotEditablePassInputOn()
     {
         const Cells cells(g_kinds[1]);
-        auto *control = static_cast<ZelSegmentedControl *>(cells.widget.data());
         cells.press(2);
-        control->setEditable(false); // in the middle
+        cells.widget->setProperty("editable", false); // in the middle
         cells.release(2);
-        QVERIFY(!cells.takesKey(Qt::Key_Right) && !cells.press(2));
-        QCOMPARE(g_clicked, QList<int>());
+        QVERIFY(!cells.takesKey(Qt::Key_Right) && !cells.press(2) && g_clicked.isEmpty());
         QVERIFY(cells.spoken->child(2)->state().disabled);
     }
 
@@ -388,23 +359,17 @@ private Q_SLOTS:
 
     void widgetsMayDieOfAClick()
     {
-        const std::function<void(const Cells &)> ways[] = {
-            [](const Cells &cells) {
-                if (cells.press(2) && cells.widget)
-                    cells.release(2);
-            },
-            [](const Cells &cells) {
-                if (cells.takesKey(Qt::Key_Right) && cells.widget)
-                    cells.takesKey(Qt::Key_Space);
-            },
-            [](const Cells &cells) { cells.clickSpoken(2); },
-        };
         for (const Kind &kind : g_kinds) {
-            for (const auto &click : ways) {
+            for (int way = 0; way < 3; ++way) {
                 const TableRow inRow(kind.name);
                 const Cells cells(kind);
                 g_whenClicked = [&cells] { delete cells.widget; };
-                click(cells);
+                if (way == 0 && cells.press(2) && cells.widget)
+                    cells.release(2);
+                else if (way == 1 && cells.takesKey(Qt::Key_Right) && cells.widget)
+                    cells.takesKey(Qt::Key_Space);
+                else if (way == 2)
+                    cells.clickSpoken(2);
                 QVERIFY(!cells.widget);
             }
         }

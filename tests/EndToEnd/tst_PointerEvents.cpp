@@ -1,38 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "ActionBar/ZelActionBar.h"
+#include "FigureSheet.h"
+
 #include "ColorPopUpButton/ZelColorMatrix.h"
-#include "ColorPopUpButton/ZelColorPopUpButton.h"
-#include "Controls/Cells/ZelSegmentedControl.h"
 #include "Controls/Fields/ZelBorderedTextField.h"
-#include "Controls/Fields/ZelComboBox.h"
-#include "Controls/Fields/ZelDatePicker.h"
-#include "Controls/Fields/ZelGrowingTextField.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
 #include "Controls/Fields/ZelLinkTextField.h"
-#include "Controls/Menus/ZelPopUpButton.h"
-#include "Controls/Ranges/ZelSlider.h"
-#include "Controls/Ranges/ZelStepper.h"
-#include "Controls/ZelCheckBox.h"
 #include "Controls/ZelHoverButton.h"
-#include "Controls/ZelLabel.h"
 #include "Controls/ZelSelfValidatingButton.h"
 #include "ExpandableViews/ZelExpandableView.h"
-#include "Inspector/Properties/ZelInspectorTextView.h"
-#include "Inspector/Properties/ZelOriginSelectionView.h"
 #include "SplitView/ZelSplitView.h"
-#include "Support/TableRow.h"
 #include "TabBar/ZelTabBar.h"
 #include "Views/ZelMagnificationView.h"
 #include "Views/ZelSeparator.h"
 
-#include <QApplication>
 #include <QPointingDevice>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QTabletEvent>
-#include <QTest>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 
 namespace {
@@ -71,13 +56,6 @@ const auto g_makers =
            ZelHoverButton, ZelSelfValidatingButton, ZelLabel, ZelSeparator, ZelExpandableView, ZelTabBar, ZelActionBar,
            ZelSplitView, ZelMagnificationView>();
 
-/// The widget in the middle of the control, which gets what comes from the system.
-QWidget *inFront(QWidget *control)
-{
-    QWidget *child = control->childAt(control->rect().center());
-    return child ? child : control;
-}
-
 void closePopups()
 {
     while (QWidget *popup = QApplication::activePopupWidget())
@@ -85,22 +63,13 @@ void closePopups()
     QCoreApplication::processEvents();
 }
 
-/// Also those that keep the event loop to themselves.
-class PopupCloser : public QTimer
-{
-public:
-    PopupCloser()
-    {
-        callOnTimeout(closePopups);
-        start(5);
-    }
-};
-
 void click(QWidget *control, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
     QWindow *window = control->window()->windowHandle();
     const QPoint place = control->mapTo(control->window(), control->rect().center());
-    const PopupCloser closer;
+    QTimer closer; // also of those that keep the event loop to themselves
+    closer.callOnTimeout(closePopups);
+    closer.start(5);
     QTest::mousePress(window, button, modifiers, place);
     QTest::mouseMove(window, place + QPoint(2, 1));
     QTest::mouseRelease(window, button, modifiers, place);
@@ -109,24 +78,30 @@ void click(QWidget *control, Qt::MouseButton button, Qt::KeyboardModifiers modif
     closePopups();
 }
 
+/// Sends an event of that kind to the widget in the middle of the control, as the system does.
+template<typename Event> void send(QWidget *control, const std::function<Event(const QPointF &, const QPointF &)> &make)
+{
+    QWidget *child = control->childAt(control->rect().center());
+    QWidget *target = child ? child : control;
+    const QPointF place = QRectF(target->rect()).center();
+    Event event = make(place, target->mapToGlobal(place));
+    QApplication::sendEvent(target, &event);
+}
+
 void turnWheel(QWidget *control, const QPoint &angle)
 {
-    QWidget *target = inFront(control);
-    const QPointF place = QRectF(target->rect()).center();
-    QWheelEvent event(place, target->mapToGlobal(place), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &event);
+    send<QWheelEvent>(control, [&](const QPointF &place, const QPointF &global) {
+        return QWheelEvent(place, global, {}, angle, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    });
 }
 
 void touchWithPen(QWidget *control)
 {
-    QWidget *target = inFront(control);
-    const QPointF place = QRectF(target->rect()).center();
-    for (const QEvent::Type type : {QEvent::TabletPress, QEvent::TabletMove, QEvent::TabletRelease}) {
-        QTabletEvent event(type, QPointingDevice::primaryPointingDevice(), place, target->mapToGlobal(place), 0.5, 0, 0,
-                           0, 0, 0, Qt::NoModifier, Qt::LeftButton, Qt::LeftButton);
-        QApplication::sendEvent(target, &event);
-    }
+    for (const QEvent::Type type : {QEvent::TabletPress, QEvent::TabletMove, QEvent::TabletRelease})
+        send<QTabletEvent>(control, [type](const QPointF &place, const QPointF &global) {
+            return QTabletEvent(type, QPointingDevice::primaryPointingDevice(), place, global, 0.5, 0, 0, 0, 0, 0, {},
+                                Qt::LeftButton, Qt::LeftButton);
+        });
 }
 
 } // namespace
