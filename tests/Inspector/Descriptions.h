@@ -31,6 +31,16 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A slice with this content: both kinds begin the third line.
+inline QByteArray inSection(const QByteArray &rows)
+{
+    return "<slice>\n<section>\n" + rows + "\n</section>\n</slice>";
+}
+inline QByteArray inSliver(const QByteArray &editors)
+{
+    return "<slice><section>\n<sliver>\n" + editors + "</sliver></section></slice>";
+}
+
 /// An editor that notes what it is told.
 class NotingProperty : public ZelInspectorCustomProperty
 {

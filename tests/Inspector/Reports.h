@@ -7,30 +7,6 @@
 #include <QDebug>
 #include <optional>
 
-/// Notes what failed, and goes on.
-class QuietHandler : public ZelAssertionHandler
-{
-public:
-    QuietHandler()
-        : m_former(setCurrent(this))
-    {
-    }
-    ~QuietHandler() override { setCurrent(m_former); }
-    void handleFailure(const QString &location, const QString &message, const ZelSourcePlace &place) override
-    {
-        locations.append(location);
-        messages.append(message);
-        places.append(place);
-    }
-
-    QStringList locations;
-    QStringList messages;
-    QList<ZelSourcePlace> places;
-
-private:
-    ZelAssertionHandler *m_former;
-};
-
 /// Takes what the library and Qt report while it exists, but for what offscreen platforms complain about.
 class Reports : public ZelExceptionReporter
 {

@@ -17,20 +17,10 @@ public:
     QVariant transformedValue(const QVariant &) const override { throw std::runtime_error("transformer"); }
 };
 
-QByteArray inSection(const QByteArray &text)
-{
-    return "<slice><section>" + text + "</section></slice>";
-}
-
-QByteArray inSliver(const QByteArray &text)
-{
-    return inSection("<sliver>" + text + "</sliver>");
-}
-
 QByteArray options(const QByteArray &attributes, const QByteArray &text)
 {
-    return inSliver("<property type='enumeration' " + attributes + "><option-group>" + text +
-                    "</option-group></property>");
+    return "<slice><section><sliver><property type='enumeration' " + attributes + "><option-group>\n\n" + text +
+           "</option-group></property></sliver></section></slice>";
 }
 
 QByteArray replaced(QByteArray text, const char *type)
@@ -53,18 +43,20 @@ class tst_DescriptionFaults : public QObject
         return std::unique_ptr<ZelInspectorSlice>(generator.createSlice());
     }
     /// Shows the slice, and uses all of its buttons.
-    static void use(ZelInspectorSlice *slice, Reports &reports, QWidget *window)
+    void use(ZelInspectorSlice *slice, Reports &reports)
     {
-        auto *container = new ZelView(window);
-        window->show();
+        auto *container = new ZelView(m_window.get());
+        m_window->show();
         reports.collect([&] { container->addSubview(slice->view()); });
         for (QAbstractButton *button : slice->view()->findChildren<QAbstractButton *>())
             reports.collect([&] { button->click(); });
+        reports.collect([] { QCoreApplication::processEvents(); });
     }
 
     Descriptions m_files;
     std::unique_ptr<EditorOwner> m_owner;
     std::unique_ptr<Person> m_person;
+    std::unique_ptr<QWidget> m_window;
 
 private Q_SLOTS:
     void init()
@@ -75,6 +67,7 @@ private Q_SLOTS:
         m_owner->values = {1, 2};
         m_person = std::make_unique<Person>();
         m_owner->controller.setSelectedObjects({m_person.get()});
+        m_window = std::make_unique<QWidget>();
     }
 
     void messagesNameTheElement()
@@ -119,33 +112,32 @@ private Q_SLOTS:
             {"slice", "\n\n<slice visibleKeyPath='people.selection.flags.more'/>"},
             {"section", "<slice>\n\n<section visibleKeyPath='people.missing'/></slice>"},
             {"section", "<slice>\n\n<section visibleKeyPath='extra' visibleValueTransformer='Failing'/></slice>"},
-            {"sliver", inSection("\n\n<sliver title='Row' visibleKeyPath='missing'/>")},
-            {"sliver", inSection("<chooser keyPath='people.selection.flags'><choice>\n\n"
-                                 "<sliver visibleKeyPath='missing'/></choice></chooser>")},
-            {"chooser", inSection("\n\n<chooser keyPath='missing'><choice/></chooser>")},
-            {"chooser", inSection("\n\n<chooser visibleKeyPath='extra' "
+            {"sliver", inSection("<sliver title='Row' visibleKeyPath='missing'/>")},
+            {"sliver", "<slice><section><chooser keyPath='people.selection.flags'><choice>\n\n"
+                       "<sliver visibleKeyPath='missing'/></choice></chooser></section></slice>"},
+            {"chooser", inSection("<chooser keyPath='missing'><choice/></chooser>")},
+            {"chooser", inSection("<chooser visibleKeyPath='extra' "
                                   "visibleValueTransformer='ZelPercentValueTransformerName'/>")},
-            {"choice", inSection("<chooser keyPath='people.selection.flags'>\n\n<choice value='12abc'/></chooser>")},
-            {"option", options("keyPath='people.selection.flags'", "\n\n<option value='beta'/>")},
-            {"option",
-             options("keyPath='people.selection.role'", "<option value='Guest'/>\n\n<option value='guest'/>")},
-            {"option", options({}, "\n\n<option image='Nope'/>")},
+            {"choice", "<slice><section><chooser keyPath='people.selection.flags'>\n\n<choice value='12abc'/>"
+                       "</chooser></section></slice>"},
+            {"option", options("keyPath='people.selection.flags'", "<option value='beta'/>")},
+            {"option", options("keyPath='people.selection.role'", "<option value='guest'/>")},
+            {"option", options({}, "<option image='Nope'/>")},
         };
         for (const QByteArray &attributes : std::as_const(properties))
-            rows.append({"property", inSliver("\n\n<property " + attributes + "/>")});
+            rows.append({"property", inSliver("<property " + attributes + "/>")});
         for (const auto &[element, text] : std::as_const(rows)) {
             init();
             Reports reports;
             std::unique_ptr<ZelInspectorSlice> slice;
-            QWidget window;
             reports.collect([&, xml = text] { slice = makeSlice(xml); });
             if (slice) {
-                use(slice.get(), reports, &window);
+                use(slice.get(), reports);
                 reports.collect([&] { m_owner->extraChanged(); });
                 Person other;
                 other.setFlags(1);
-                reports.collect([&] { m_owner->controller.setSelectedObjects({&other}); });
-                reports.collect([&] { m_owner->controller.setSelectedObjects({}); });
+                for (const QObjectList &selected : {QObjectList{&other}, QObjectList()})
+                    reports.collect([&] { m_owner->controller.setSelectedObjects(selected); });
                 reports.collect([] { QCoreApplication::processEvents(); });
             }
             QVERIFY2(!reports.messages.isEmpty(), text);
@@ -198,18 +190,18 @@ private Q_SLOTS:
             // The element at fault begins line 3.
             {"sektion", "Unknown element <sektion> in <slice>, did you mean \"section\"?",
              "<slice>\n\n<sektion/></slice>"},
-            {"poperty", "Unknown element <poperty> in <sliver>, did you mean \"property\"?",
-             inSliver("\n\n<poperty/>")},
+            {"poperty", "Unknown element <poperty> in <sliver>, did you mean \"property\"?", inSliver("<poperty/>")},
             {"property", "Unknown element <property> in <chooser>",
-             inSection("<chooser>\n\n<property type='string'/></chooser>")},
-            {"opt", "Unknown element <opt> in <option-group>", options({}, "\n\n<opt/>")},
+             "<slice><section><chooser>\n\n<property type='string'/></chooser></section></slice>"},
+            {"opt", "Unknown element <opt> in <option-group>", options({}, "<opt/>")},
             {"option", "value=\"0x41\" has bits outside of the bitMask 0x30",
-             options("bitMask='0x30'", "<option value='0x10'/>\n\n<option value='0x41'/>")},
+             options("bitMask='0x30'", "<option value='0x10'/><option value='0x30'/>\n<option value='0x41'/>")
+                 .replace("\n\n", "\n")},
             {"section", "file=\"Nope.xml\" is no resource of the application",
              "<slice>\n\n<section file='Nope.xml'/></slice>"},
         };
         for (const auto &[attributes, message] : std::as_const(properties))
-            rows.append({"property", message, inSliver("\n\n<property " + attributes + "/>")});
+            rows.append({"property", message, inSliver("<property " + attributes + "/>")});
         for (const auto &[element, message, text] : std::as_const(rows)) {
             const QString file = QFileInfo(m_files.write("Faulty.xml", text).toLocalFile()).canonicalFilePath();
             ZelDeclarativeInspectorGenerator generator;
@@ -236,29 +228,27 @@ private Q_SLOTS:
             m_owner->setUnlocked(false);
             m_owner->controller.setSelectedObjects({});
             Reports reports;
-            const auto root = makeSlice("<slice><section><sliver>\n" + property + "nmae'/></sliver><sliver>\n" +
-                                        property + "silent'/></sliver><sliver visibleKeyPath='unlocked'>\n" + property +
-                                        "hidden'/></sliver></section></slice>");
-            QWidget window;
-            auto *container = new ZelView(&window);
-            window.show();
-            container->addSubview(root->view());
+            const auto slice = makeSlice("<slice><section><sliver>\n" + property + "nmae'/></sliver><sliver>\n" +
+                                         property + "silent'/></sliver><sliver visibleKeyPath='unlocked'>\n" +
+                                         property + "hidden'/></sliver></section></slice>");
+            auto *container = new ZelView(m_window.get());
+            m_window->show();
+            container->addSubview(slice->view());
             const QString none = QString(type) + ": ";
-            const auto linesOf = [&](const QList<QObject *> &objects) -> QString {
+            const auto linesOf = [&](const QObjectList &objects) -> QString {
                 reports.messages.clear();
                 m_owner->controller.setSelectedObjects(objects);
                 QCoreApplication::processEvents();
-                return none + reports.messages.filter("No selected object").join('\n');
+                const QString lines = reports.messages.filter("No selected object").join('\n');
+                return none + QString(lines).remove(QRegularExpression("file.*/|/.*/"));
             };
             QCOMPARE(linesOf({}), none);
-            const QString first = linesOf({&plain, m_person.get()}); // of which one has the second key
-            QVERIFY2(first.startsWith(none + "WARNING: No selected object has the property \"nmae\" ("),
-                     qPrintable(first));
-            QVERIFY2(first.endsWith("/Faulty.xml:2:1, <property>)"), qPrintable(first));
+            QCOMPARE(linesOf({&plain, m_person.get()}), // of which one has the second key
+                     none + "WARNING: No selected object has the property \"nmae\" (Faulty.xml:2:1, <property>)");
             QCOMPARE(linesOf({&plain}), none);
             QCOMPARE(linesOf({&otherPlain, &plain}), none);
-            root->view()->setParent(nullptr);
-            container->addSubview(root->view());
+            slice->view()->setParent(nullptr);
+            container->addSubview(slice->view());
             QCOMPARE(linesOf({m_person.get()}), none);
             m_owner->setUnlocked(true);
             QVERIFY2(linesOf({&plain}).contains("\"hidden\""), type);
@@ -267,19 +257,16 @@ private Q_SLOTS:
 
     void editorsOutliveTheirOwner()
     {
-        QByteArray text = "<slice><section><chooser title='Kind' keyPath='people.selection.flags'><choice><sliver/>"
-                          "</choice></chooser>";
+        QByteArray text = "<chooser title='Kind' keyPath='people.selection.flags'><choice><sliver/></choice></chooser>";
         for (const char *type :
              {"boolean", "action", "action' menuItemsKeyPath='menu", "number", "string", "string' attributed='yes",
               "enumeration", "enumeration' style='segmented", "color", "date", "font", "resource", "frame", "size",
               "custom' class='ZelInspectorArrayProperty"})
             text += replaced("<sliver><property type='%' keyPath='people.selection.name'/></sliver>", type);
-        const auto slice = makeSlice(text + "</section></slice>");
+        const auto slice = makeSlice(inSection(text));
         m_owner.reset();
         Reports reports;
-        QWidget window;
-        use(slice.get(), reports, &window);
-        reports.collect([] { QCoreApplication::processEvents(); });
+        use(slice.get(), reports);
         QCOMPARE(reports.messages, QStringList());
     }
 };
