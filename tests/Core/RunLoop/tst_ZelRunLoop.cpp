@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
+#include "Core/RunLoop/ZelEventMonitor.h"
+#include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/RunLoop/ZelRunLoop.h"
-
+#include "Core/Watch.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTest>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
 #include <memory>
-#include <stdexcept>
-#include <vector>
 
 namespace {
 
@@ -26,14 +28,30 @@ struct Task : ZelRunLoopTask
     std::function<void()> work;
 };
 
+/// Logs its name.
+struct Listener : ZelNotificationObserver
+{
+    Listener(const QString &name, QString &log)
+        : name(name)
+        , log(log)
+    {
+    }
+    void observeNotification(const ZelNotification &notification) override
+    {
+        log += name;
+        last = notification;
+        if (react)
+            react();
+    }
+    QString name;
+    QString &log;
+    ZelNotification last;
+    std::function<void()> react;
+};
+
 ZelRunLoop *loop()
 {
     return ZelRunLoop::current();
-}
-
-void turn()
-{
-    QCoreApplication::processEvents();
 }
 
 } // namespace
@@ -42,6 +60,7 @@ class tst_ZelRunLoop : public QObject
 {
     Q_OBJECT
     QString m_log;
+    Listener m_first{"1", m_log}, m_second{"2", m_log};
     std::function<void()> note(const QString &text)
     {
         return [this, text] { m_log += text; };
@@ -60,16 +79,11 @@ private Q_SLOTS:
             QString mode;
             int number;
         };
-        const QStringList modes{"",
-                                ZelDefaultRunLoopMode,
-                                ZelEventTrackingRunLoopMode,
-                                ZelModalPanelRunLoopMode,
-                                ZelRunLoopCommonModes,
-                                "Custom"};
+        QStringList present{ZelDefaultRunLoopMode}, modes{"", ZelDefaultRunLoopMode, "Custom"};
+        modes << ZelEventTrackingRunLoopMode << ZelModalPanelRunLoopMode << ZelRunLoopCommonModes;
         Random random(5);
         std::vector<std::unique_ptr<ZelRunLoopModeScope>> scopes;
         std::vector<Request> pending;
-        QStringList present{ZelDefaultRunLoopMode};
         QList<int> done, expected;
         int last = 0;
         const std::function<void(bool)> ask = [&](bool asksAgain) {
@@ -99,13 +113,11 @@ private Q_SLOTS:
                     return r.mode != present.last() &&
                            !(isCommon && (r.mode.isEmpty() || r.mode == ZelRunLoopCommonModes));
                 };
-                std::vector<Request> ready = pending;
-                std::erase_if(ready, mustWait);
-                std::stable_sort(ready.begin(), ready.end(),
-                                 [](const Request &a, const Request &b) { return a.order < b.order; });
-                std::erase_if(pending, std::not_fn(mustWait));
-                for (const Request &request : ready)
-                    expected.append(request.number);
+                const auto waiting = std::stable_partition(pending.begin(), pending.end(), std::not_fn(mustWait));
+                std::stable_sort(pending.begin(), waiting, [](auto &a, auto &b) { return a.order < b.order; });
+                std::transform(pending.begin(), waiting, std::back_inserter(expected),
+                               [](auto &r) { return r.number; });
+                pending.erase(pending.begin(), waiting);
                 QCoreApplication::sendPostedEvents(loop());
             }
             QCOMPARE(loop()->currentMode(), present.last());
@@ -118,16 +130,7 @@ private Q_SLOTS:
         QCOMPARE(done.size(), last);
     }
 
-    void eventsPostedAlreadyComeBeforeTheWork()
-    {
-        loop()->perform(note("work"), 0);
-        QMetaObject::invokeMethod(this, note("event "), Qt::QueuedConnection);
-        QCOMPARE(m_log, QString());
-        turn();
-        QCOMPARE(m_log, "event work");
-    }
-
-    void workThatOpensAnEventLoopOrThrowsDoesNotHoldUpTheRest()
+    void workRunsAfterPostedEventsAndIsNotHeldUp()
     {
         const Reports reports;
         loop()->perform(
@@ -141,8 +144,10 @@ private Q_SLOTS:
             },
             1);
         loop()->perform(note("c"), 2);
-        turn();
-        QCOMPARE(m_log, "bcd");
+        QMetaObject::invokeMethod(this, note("a"), Qt::QueuedConnection);
+        QCOMPARE(m_log, QString());
+        QCoreApplication::processEvents();
+        QCOMPARE(m_log, "abcd");
         QCOMPARE(reports.messages, QStringList{"work"});
     }
 
@@ -158,7 +163,7 @@ private Q_SLOTS:
             QCOMPARE(m_log, QString());
         }
         loop()->invalidateTimer(overdue);
-        turn();
+        QCoreApplication::processEvents();
         QCOMPARE(m_log, "x");
         QElapsedTimer elapsed;
         elapsed.start();
@@ -178,20 +183,204 @@ private Q_SLOTS:
         QThread *performedOn = nullptr;
         ZelRunLoop *other = nullptr;
         const std::unique_ptr<QThread> thread(QThread::create([&] {
-            QEventLoop events;
             other = loop();
-            loop()->perform(
-                [&] {
-                    performedOn = QThread::currentThread();
-                    events.quit();
-                },
-                0);
-            events.exec();
+            loop()->perform([&] { performedOn = QThread::currentThread(); }, 0);
+            QCoreApplication::sendPostedEvents(other);
         }));
         thread->start();
         QVERIFY(thread->wait(5000));
         QCOMPARE(performedOn, thread.get());
         QVERIFY(other != loop());
+    }
+
+    /// Against a list of all registrations in their order. One that is made again is heard twice.
+    void everybodyHearsWhatTheyAskedFor()
+    {
+        struct Registration
+        {
+            Listener *listener;
+            QString name;
+            QObject *sender;
+            bool operator==(const Registration &) const = default;
+        };
+        Random random(3);
+        ZelNotificationCenter center;
+        QObject senders[2];
+        const QString names[]{"N", "M", ""};
+        std::vector<Registration> list;
+        for (int step = 0; step < 3000; ++step) {
+            const quint32 place = random.below(3), kind = random.below(20);
+            const Registration one{random.below(2) ? &m_first : &m_second, names[random.below(3)],
+                                   place < 2 ? &senders[place] : nullptr};
+            if (kind < 5) {
+                center.addObserver(one.listener, one.name, one.sender);
+                list.push_back(one);
+            } else if (kind < 9) {
+                center.removeObserver(one.listener, one.name, one.sender);
+                if (const auto found = std::find(list.begin(), list.end(), one); found != list.end())
+                    list.erase(found);
+            } else if (kind == 9) {
+                center.removeObserver(one.listener);
+                std::erase_if(list, [&](const Registration &r) { return r.listener == one.listener; });
+            } else if (!one.name.isEmpty()) {
+                QString expected;
+                for (const Registration &r : list)
+                    if ((r.name.isEmpty() || r.name == one.name) && (!r.sender || r.sender == one.sender))
+                        expected += r.listener->name;
+                m_log.clear();
+                center.post(one.name, one.sender, {{"key", step}});
+                QCOMPARE(m_log, expected);
+                for (const Listener *listener : {&m_first, &m_second}) {
+                    const ZelNotification &last = listener->last;
+                    QVERIFY(!m_log.contains(listener->name) ||
+                            (last.name == one.name && last.object == one.sender && last.userInfo.value("key") == step));
+                }
+            }
+        }
+    }
+
+    void observersComeGoAndThrowDuringDelivery()
+    {
+        ZelNotificationCenter center;
+        auto removed = std::make_unique<Listener>("3", m_log);
+        Listener first("1", m_log);
+        first.react = [&] {
+            if (removed) {
+                center.addObserver(&m_second, "N");
+                center.removeObserver(removed.get(), "N", nullptr);
+                removed.reset();
+            }
+            throw std::runtime_error("refused");
+        };
+        center.addObserver(&first, "N");
+        center.addObserver(removed.get(), "N");
+        QVERIFY_EXCEPTION_THROWN(center.post("N"), std::runtime_error);
+        QCOMPARE(m_log, "1");
+        QVERIFY_EXCEPTION_THROWN(center.post("N"), std::runtime_error);
+        QCOMPARE(m_log, "112");
+    }
+
+    void aSenderThatDiesIsNotMistakenForItsSuccessor()
+    {
+        ZelNotificationCenter center;
+        Listener any("2", m_log);
+        Place<QObject> sender;
+        center.addObserver(&any, "N");
+        center.addObserver(&m_first, "N", sender.make());
+        any.react = [&] { sender.end(); };
+        center.post("N", sender.object);
+        QCOMPARE(m_log, "2");
+        QVERIFY(!any.last.object);
+        any.react = nullptr;
+        center.post("N", sender.make());
+        QCOMPARE(m_log, "22");
+        center.removeObserver(&m_first, "N", sender.object);
+    }
+
+    void eventsHaveTheirBits()
+    {
+        const auto mouse = [](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons = {}) {
+            const QMouseEvent event(type, QPointF(), QPointF(), button, buttons, Qt::NoModifier);
+            return ZelEventMaskOf(&event);
+        };
+        const auto key = [](QEvent::Type type, int key) {
+            const QKeyEvent event(type, key, Qt::NoModifier);
+            return ZelEventMaskOf(&event);
+        };
+        const auto gesture = [](Qt::NativeGestureType type) {
+            const QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 0, {}, {}, {}, 0, {});
+            return ZelEventMaskOf(&event);
+        };
+        const struct
+        {
+            Qt::MouseButton button;
+            quint32 down, up, dragged;
+        } rows[]{{Qt::LeftButton, 1u << 1, 1u << 2, 0},
+                 {Qt::RightButton, 1u << 3, 1u << 4, 0},
+                 {Qt::BackButton, 1u << 25, 1u << 26, 1u << 27}};
+        for (const auto &[button, down, up, dragged] : rows) {
+            QCOMPARE(mouse(QEvent::MouseButtonPress, button), down);
+            QCOMPARE(mouse(QEvent::MouseButtonDblClick, button), down);
+            QCOMPARE(mouse(QEvent::MouseButtonRelease, button), up);
+            QCOMPARE(mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | button), dragged);
+        }
+        for (const int k : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_Meta, Qt::Key_CapsLock})
+            QVERIFY(key(QEvent::KeyPress, k) == 1u << 12 && key(QEvent::KeyRelease, k) == 1u << 12);
+        QCOMPARE(key(QEvent::KeyPress, Qt::Key_A), 1u << 10);
+        QCOMPARE(key(QEvent::KeyRelease, Qt::Key_A), 1u << 11);
+        QCOMPARE(key(QEvent::ShortcutOverride, Qt::Key_A), 0u);
+        QCOMPARE(gesture(Qt::EndNativeGesture), quint32(ZelEventMaskEndGesture));
+        QCOMPARE(gesture(Qt::BeginNativeGesture), 0u);
+    }
+
+    /// Whether it comes through the window system or straight to the widget.
+    void eachInputIsReportedOnceAndGoesItsWay()
+    {
+        QWidget window, outer(&window), inner(&outer); // none of them accepts the mouse, so that it is passed upwards
+        QLineEdit edit(&window);
+        for (QWidget *widget : {&outer, &inner})
+            widget->setGeometry(0, 0, 100, 50);
+        edit.setGeometry(0, 60, 100, 30);
+        window.resize(100, 100);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (const bool throughWindow : {true, false}) {
+            edit.setFocus();
+            edit.clear();
+            QString seen;
+            int downs = 0;
+            const ZelEventMonitor monitor(~0u, [&seen](const QEvent *event) {
+                seen += QHash<int, char>{
+                    {QEvent::MouseButtonPress, 'p'},
+                    {QEvent::MouseButtonRelease, 'r'},
+                    {QEvent::KeyPress, 'P'},
+                    {QEvent::KeyRelease,
+                     'R'}}.value(event->type(), '2');
+            });
+            const ZelEventMonitor some(ZelEventMaskLeftMouseDown, [&downs](QEvent *) { ++downs; });
+            for (int i = 0; i < 2; ++i) { // a double click is two presses
+                if (throughWindow)
+                    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, {10, 10});
+                else
+                    QTest::mouseClick(&inner, Qt::LeftButton, {}, {10, 10});
+            }
+            QVERIFY2(seen.startsWith("pr") && downs == 2, qPrintable(seen));
+            seen.clear();
+            for (int i = 0; i < 2; ++i) {
+                if (throughWindow)
+                    QTest::keyClick(window.windowHandle(), 'a');
+                else
+                    QTest::keyClick(&edit, 'a');
+            }
+            QCOMPARE(edit.text(), "aa");
+            // The same key again, unhandled, passes to the ancestors.
+            QTest::keyClick(&inner, Qt::Key_F5);
+            QTest::keyClick(&inner, Qt::Key_F5);
+            QCOMPARE(seen, "PRPRPRPR");
+        }
+    }
+
+    void monitorsComeAndGoWhileTheyReport()
+    {
+        QWidget widget;
+        std::unique_ptr<ZelEventMonitor> first, second, third;
+        const auto monitor = [this](
+                                 const QString &name, const std::function<void()> &react = [] {}) {
+            return std::make_unique<ZelEventMonitor>(~0u, [=, this](QEvent *) {
+                m_log += name;
+                react();
+            });
+        };
+        first = monitor("1", [&] {
+            third = monitor("3");
+            second.reset();
+            first.reset();
+        });
+        second = monitor("2");
+        QTest::mousePress(&widget, Qt::LeftButton);
+        QCOMPARE(m_log, "1");
+        QTest::mouseRelease(&widget, Qt::LeftButton);
+        QCOMPARE(m_log, "13");
     }
 };
 
