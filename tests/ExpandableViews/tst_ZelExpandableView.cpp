@@ -32,6 +32,7 @@ private Q_SLOTS:
         layout->addStretch();
         m_window->resize(400, 300);
         m_window->show();
+        m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     }
 

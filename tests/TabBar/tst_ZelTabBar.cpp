@@ -157,6 +157,7 @@ private Q_SLOTS:
         m_items[0]->setEnabled(false);
         auto *field = new QLineEdit(m_window.get());
         m_window->show();
+        m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         field->setFocus();
         QTest::keyClick(field, Qt::Key_1, Qt::ControlModifier);
