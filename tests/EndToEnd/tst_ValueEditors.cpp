@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
+#include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelThemeColor.h"
+#include "Core/Values/ZelValues.h"
+#include "Text/ZelFontManager.h"
+
 #include <QAbstractItemView>
 #include <QLineEdit>
 
@@ -9,19 +14,26 @@ namespace {
 using Window = Sheet;
 using Days = QList<QDate>;
 
+const QString g_family = "DejaVu Sans";
+const QString g_otherFamily = "DejaVu Serif";
+
 /// A window with an editor of fonts, of which the second one is another one.
 struct FontWindow : Window
 {
-    FontWindow()
-        : Window(row("font", "font"))
-        , editor(Window::editor<ZelInspectorFontProperty>("font"))
+    explicit FontWindow(const QFont &first = {g_family, 9}, const QByteArray &key = "font")
+        : Window(row(key, "font"))
+        , editor(Window::editor<ZelInspectorFontProperty>(key))
         , details(editor->popoverView())
         , size(details->fontSizeTextField())
     {
-        set(1, "font", QFont("DejaVu Serif", 30));
+        set(0, "font", first);
+        set(1, "font", QFont(g_otherFamily, 30));
         select({0});
     }
     QFont font(int figure) const { return figures[size_t(figure)]->font; }
+    QString text() const { return editor->textField()->objectValue().toString(); }
+    QString family() const { return ZelMenuItem::titleOf(details->fontFamilyPopUpButton()->selectedItem()); }
+    QString style() const { return ZelMenuItem::titleOf(details->fontStylePopUpButton()->selectedItem()); }
     void open() const { click(editor->button()); }
     bool isOpen() const { return editor->popover()->isShown(); }
 
@@ -193,25 +205,37 @@ private Q_SLOTS:
 
     void theFontPopoverIsOpenedUsedAndClosed()
     {
-        FontWindow window;
-        window.select({0, 1});
+        QFont underlined(g_family, 9);
+        underlined.setUnderline(true);
+        FontWindow window(underlined);
         window.editor->button()->setFocus();
         Window::press(Qt::Key_Space);
-        QVERIFY(window.isOpen());
-        Window::choose(window.details->fontFamilyPopUpButton(), "DejaVu Serif");
-        QVERIFY(window.isOpen()); // a menu of its own does not close it
-        Window::enter(window.size, "23");
         Window::choose(window.details->fontStylePopUpButton(), "Bold");
+        QVERIFY(window.isOpen()); // a menu of its own does not close it
+        Window::choose(window.details->fontFamilyPopUpButton(), g_otherFamily);
+        QCOMPARE(window.text(), "DejaVu Serif Bold 9");
+        QVERIFY(window.font(0).bold() && window.font(0).underline());
+        QCOMPARE(window.owner->actions, 2);
+        window.select({0, 1});
+        Window::choose(window.details->fontFamilyPopUpButton(), "Multiple Families");
+        QVERIFY(window.font(0) != window.font(1)); // no family to write
+        Window::choose(window.details->fontFamilyPopUpButton(), g_otherFamily);
+        QCOMPARE(window.font(0), window.font(1));
+        QCOMPARE(ZelFontManager::familyOf(window.font(1)), g_otherFamily);
+        QCOMPARE(window.font(1).pointSizeF(), QApplication::font().pointSizeF());
+        Window::enter(window.size, "23");
         QVERIFY(window.font(0).pointSizeF() == 23 && window.font(1).pointSizeF() == 23);
-        QCOMPARE(window.shown("font"), "DejaVu Serif Bold 23");
-        QCOMPARE(window.stack.count(), 3);
+        QCOMPARE(window.stack.count(), 4);
         Window::press(Qt::Key_Escape);
         QVERIFY(!window.isOpen());
         QCOMPARE(QApplication::focusWidget(), window.editor->button());
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 4; ++i)
             window.undo();
-        QCOMPARE(window.font(0), QFont("DejaVu Sans", 9));
-        QCOMPARE(window.font(1), QFont("DejaVu Serif", 30));
+        QCOMPARE(window.text(), "Multiple Fonts");
+        QCOMPARE(window.font(1), QFont(g_otherFamily, 30));
+        window.open();
+        window.inspector->view()->setParent(nullptr); // taken out of its window
+        QVERIFY(!window.isOpen());
     }
 
     void aClickOutsideTakesWhatWasTypedInThePopover()
@@ -256,6 +280,139 @@ private Q_SLOTS:
         QCOMPARE(window.font(0).pointSizeF(), 20.0);
         QCOMPARE(window.size->text(), "20");
         QCOMPARE(window.stack.count(), 1);
+    }
+
+    void describesTheFont()
+    {
+        QFont rounded(g_family, 9, QFont::Bold, true), half = rounded, pixels = rounded;
+        rounded.setPointSizeF(11.6);
+        half.setPointSizeF(12.5);
+        pixels.setPixelSize(20);
+        QFont light = pixels;
+        light.setStyleName("ExtraLight");
+        const std::pair<QFont, QString> rows[] = {{QFont("Nowhere Grotesk", 12), "Nowhere Grotesk 12"},
+                                                  {QFont(g_family, 9, QFont::Bold), "DejaVu Sans Bold 9"},
+                                                  {rounded, "DejaVu Sans Bold Oblique 12"},
+                                                  {half, "DejaVu Sans Bold Oblique 12"}, // to even
+                                                  {pixels, "DejaVu Sans Bold Oblique 20"},
+                                                  {light, "DejaVu Sans ExtraLight 20"}};
+        FontWindow window;
+        for (const auto &[font, text] : rows) {
+            window.figures[0]->font = font;
+            window.select({});
+            window.select({0});
+            QCOMPARE(window.text(), text);
+            QCOMPARE(window.editor->fontSize().toDouble(), ZelFontManager::sizeOf(font));
+            const bool isKnown = font.family() == g_family;
+            QCOMPARE(window.family(), isKnown ? g_family : "No Selection");
+            QCOMPARE(window.style(), isKnown ? ZelFontManager::faceOf(font) : "No Selection");
+            QCOMPARE(window.editor->fontFaces(), ZelFontManager::availableFacesOfFamily(font.family()));
+        }
+    }
+
+    void showsNoneAndMany()
+    {
+        FontWindow window;
+        window.set(1, "font", QFont(g_family, 10));
+        window.select({});
+        const auto isDimmed = [&window] {
+            return window.editor->textField()->palette().color(QPalette::Text) ==
+                   ZelThemeColor::dimmed(QApplication::palette());
+        };
+        QVERIFY(isDimmed() && !window.editor->button()->isEnabled() && !window.editor->stepper()->isEditable());
+        QCOMPARE(window.size->placeholderText(), "No Size");
+        window.select({0, 1});
+        QVERIFY(isDimmed() && window.editor->button()->isEnabled());
+        QCOMPARE(window.family(), "Multiple Families");
+        QCOMPARE(window.style(), "Multiple Styles");
+        for (ZelPopUpButton *button : {window.details->fontFamilyPopUpButton(), window.details->fontStylePopUpButton()})
+            QVERIFY(ZelIsControllerMarker(button->selectedItem()->data())); // which is drawn dimmed
+        QVERIFY(window.details->multipleFontFamiliesMenuItem()->isVisible());
+        QCOMPARE(window.size->placeholderText(), "Multiple Sizes");
+        QVERIFY(ZelIsMarker(window.editor->fontSize(), ZelMultipleValuesMarker));
+        window.figures[1]->setProperty("font", window.figures[0]->font);
+        QTRY_COMPARE(window.text(), "DejaVu Sans Book 9");
+        QVERIFY(!isDimmed() && window.editor->stepper()->isEditable());
+        QVERIFY(!window.details->multipleFontFamiliesMenuItem()->isVisible());
+        QCOMPARE(window.size->objectValue().toDouble(), 9.0);
+    }
+
+    void whatIsNoFont()
+    {
+        FontWindow window({}, "note");
+        window.set(0, "note", "not a font");
+        QCOMPARE(window.text(), "No Font");
+        QVERIFY(!window.editor->button()->isEnabled());
+        QCOMPARE(window.family(), "No Selection");
+        window.editor->setFontSize(20);
+        QCOMPARE(window.figures[0]->note().value<QFont>(), ZelFontManager::systemFontOfSize(20));
+        const FontWindow texts({}, "pattern");
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression("^ERROR: Cannot store a value of class QFont in .*pattern"));
+        texts.editor->stepper()->stepBy(14);
+        Window::settle();
+        QCOMPARE(texts.figures[0]->pattern, "Dots");
+        QCOMPARE(texts.stack.count(), 0);
+        QVERIFY(ZelIsNull(texts.editor->stepper()->objectValue()));
+    }
+
+    void theSizeIsStepped()
+    {
+        FontWindow window(QFont(g_family, 9, QFont::Bold));
+        window.editor->stepper()->stepBy(1);
+        QCOMPARE(window.stack.count(), 1);
+        QCOMPARE(window.owner->actions, 0);
+        QTRY_COMPARE(window.text(), "DejaVu Sans Bold 10");
+        window.editor->stepper()->stepBy(-13);
+        QCOMPARE(window.figures[0]->font.pointSizeF(), 1.0);
+        Window::settle();
+        window.open();
+        window.details->fontSizeStepper()->stepBy(1);
+        QCOMPARE(window.figures[0]->font.pointSizeF(), 2.0);
+        window.editor->selectDone(nullptr);
+        window.select({0, 1});
+        window.editor->stepper()->stepBy(14); // from nothing
+        QCOMPARE(window.figures[0]->font, ZelFontManager::systemFontOfSize(14));
+        for (const QVariant &size :
+             QVariantList{QVariant(), 0, -4, qQNaN(), QVariant::fromValue(ZelMultipleValuesMarker)})
+            window.editor->setFontSize(size);
+        QCOMPARE(window.figures[1]->font, ZelFontManager::systemFontOfSize(14));
+    }
+
+    void desktopFonts()
+    {
+        QFont bold = QApplication::font();
+        bold.setBold(true);
+        const std::pair<int, QFont> rows[] = {
+            {2, QApplication::font()},
+            {3, ZelFontManager::systemFontOfSize(QApplication::font().pointSizeF() * 11 / 13)},
+            {6, bold},
+            {19, ZelFontManager::platformFont(ZelFontManager::UserFixedPitchFont)}};
+        for (const auto &[row, font] : rows) {
+            FontWindow window(QFont(g_family, 70));
+            window.open();
+            ZelPopUpButton *fonts = window.details->fontPopUpButton();
+            const auto choose = [&](int index) {
+                fonts->setSelectedIndex(index);
+                ZelControlSupport::reportEdit(fonts);
+                return window.details->fontFamilyPopUpButton()->isEnabled();
+            };
+            QVERIFY(!choose(row) && !window.details->fontSizeStepper()->isEnabled());
+            QCOMPARE(window.figures[0]->font, font);
+            QCOMPARE(window.stack.undoText(), "Change font");
+            QVERIFY(choose(0)); // "Custom" leaves the font and gives the details free
+            QCOMPARE(window.figures[0]->font, font);
+            QVERIFY(!choose(row));
+            Window::settle();
+            window.stack.setIndex(0);
+            Window::settle();
+            QVERIFY(window.details->fontFamilyPopUpButton()->isEnabled());
+            QCOMPARE(fonts->selectedIndex(), 0);
+            QCOMPARE(fonts->items().size(), 20);
+            for (int heading : {1, 5, 9})
+                QVERIFY(!fonts->items().at(heading)->isEnabled());
+            QCOMPARE(static_cast<ZelMenuItem *>(fonts->items().last())->tag(), 16);
+        }
     }
 };
 
