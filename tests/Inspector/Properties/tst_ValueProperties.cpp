@@ -1,50 +1,30 @@
 // SPDX-License-Identifier: MIT
+#include "EndToEnd/FigureSheet.h"
+
 #include "ActionBar/ZelActionBarButton.h"
+#include "Core/Errors/ZelAssertions.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
-#include "FigureWindow.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
-#include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/Properties/ZelInspectorStringProperty.h"
-#include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
 #include "Layout/ZelConstraintLayout.h"
+#include "Support/Failures.h"
 
 namespace {
 
+using Custom = ZelInspectorCustomProperty;
 using Number = ZelInspectorNumberProperty;
-using String = ZelInspectorStringProperty;
 using TextEnumeration = ZelInspectorTextEnumerationProperty;
 using ImageEnumeration = ZelInspectorImageEnumerationProperty;
 using Array = ZelInspectorArrayProperty;
 
-ZelOptionGroup *group(const QList<std::pair<QString, QVariant>> &options)
-{
-    auto *group = new ZelOptionGroup;
-    QList<ZelOption *> list;
-    for (const auto &[title, value] : options) {
-        list.append(new ZelOption(group));
-        list.last()->title = title;
-        list.last()->value = value;
-    }
-    group->setOptions(list);
-    return group;
-}
-
-template<typename Editor> void setUpMask(Editor *property)
-{
-    property->setBitMask(0x0C);
-    property->setOptionGroups({group({{"none", 0}, {"four", 4}}), group({{"eight", 8}})});
-}
-
-void setUpLists(TextEnumeration *property)
-{
-    property->setEnumeratedValuesKeyPath("values");
-    property->setEnumeratedDisplayValuesKeyPath("names");
-}
+const QByteArray g_mask =
+    "bitMask='12'><option-group><option title='none' value='0'/><option title='four' value='4'/></option-group>"
+    "<option-group><option title='eight' value='8'/></option-group>";
+const QString g_fixedItems = "-|No Selection|Multiple Values?";
 
 /// The titles of the menu, of which hidden ones have a question mark.
 QString titles(const TextEnumeration *property)
@@ -55,11 +35,9 @@ QString titles(const TextEnumeration *property)
     return titles.join(u'|');
 }
 
-void setUpNumber(Number *property)
+QByteArray list(const QByteArray &key)
 {
-    property->formatUnit = " pt";
-    property->minimum = 0;
-    property->maximum = 100;
+    return Sheet::row(key, "custom", "class='ZelInspectorArrayProperty' enabledKeyPath='unlocked'");
 }
 
 void selectRows(const Array *editor, const QList<int> &rows)
@@ -70,14 +48,119 @@ void selectRows(const Array *editor, const QList<int> &rows)
                                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
+class Halving : public ZelAbstractValueTransformer
+{
+public:
+    QVariant transformedValue(const QVariant &value) const override
+    {
+        return ZelIsControllerMarker(value) ? value : QVariant(value.toDouble() / 2);
+    }
+    QVariant reverseTransformedValue(const QVariant &value) const override { return value.toDouble() * 2; }
+    bool allowsReverseTransformation() const override { return true; }
+};
+
+const QVariant g_none = QVariant::fromValue(ZelNoSelectionMarker);
+const QVariant g_many = QVariant::fromValue(ZelMultipleValuesMarker);
+
 } // namespace
 
-/// What a description and a user do not reach in the editors of texts, numbers, choices, lists and actions.
+/// What a user does not reach in the base of all editors, and in those of numbers, choices, lists and actions.
 class tst_ValueProperties : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void theOwnerIsRequired()
+    {
+        try {
+            const Custom property(nullptr);
+            QFAIL("no exception");
+        } catch (const ZelInternalInconsistencyException &e) {
+            QCOMPARE(QString(e.location() + u": " + e.reason()),
+                     "Inspector/Properties/ZelInspectorProperty: Invalid parameter not satisfying: owner");
+        }
+    }
+
+    void keyPathsAreSplitAtTheLastSelection()
+    {
+        const QString path = "a.selection.b.selection.c";
+        QCOMPARE(Custom::selectionControllerKeyPathFromKeyPath(path), "a.selection.b");
+        QCOMPARE(Custom::keyPathByStripingControllerSelectionPrefix(path), "c");
+        QVERIFY(!Custom::keyPathHasControllerSelectionPrefix("selection.c"));
+        const Custom property(this);
+        QVERIFY_EXCEPTION_THROWN(property.representedObjectsForControllerSelectionKeyPath("name"),
+                                 ZelInternalInconsistencyException);
+    }
+
+    void combining()
+    {
+        const std::pair<QVariantList, QVariant> rows[] = {
+            {{}, g_none},        {{QVariant(), QVariant()}, {}}, {{1, 1.0}, 1},      {{1, 1, 2}, g_many},
+            {{1, 2, 1}, g_many}, {{QVariant(), 1}, g_many},      {{1, g_none, 1}, 1}};
+        for (const auto &[values, result] : rows) {
+            QVariant combined = g_none;
+            for (const QVariant &value : values)
+                combined = Custom::combinedValueWithValue(value, combined);
+            QVERIFY2(ZelEqual(combined, result), qPrintable(QDebug::toString(values)));
+            QCOMPARE(combined.isValid(), result.isValid());
+        }
+    }
+
+    void bits()
+    {
+        QVERIFY(!Custom::valueForValueBits(ZelNull(), 2).isValid());
+        QCOMPARE(Custom::valueForValueBits(g_many, 2), g_many);
+        QCOMPARE(Custom::valueForValueBits(6, 2), 1);
+        QCOMPARE(Custom::valueForValueBits(5, 2), 0);
+        QCOMPARE(Custom::valueForValueBits(1.9F, 2), 0);
+        QCOMPARE(Custom::valueForValueBitMask(0x1F, 0x0C), 0x0CULL);
+        QCOMPARE(Custom::valueForValueBitMask(5.7, 0x0F), 5ULL); // a fraction is cut off
+        QCOMPARE(Custom::valueForValueBitMask(-1.5, 0x0F), 0x0FULL);
+    }
+
+    void eachObjectKeepsItsOwnValueOutsideTheEditedPart()
+    {
+        EditorOwner owner;
+        Person people[3];
+        for (int i = 0; i < 3; ++i)
+            people[i].setHeight(QList<double>{10, 20, 6}[i]);
+        const auto heights = [&] { return QList<double>{people[0].height(), people[1].height(), people[2].height()}; };
+        owner.controller.setSelectedObjects({&people[0], &people[1], &people[2]});
+        Custom property(&owner);
+        property.setKeyPath("people.selection.height");
+        property.setValueTransformer(QSharedPointer<Halving>::create());
+        QVariantList seen;
+        property.updateReflectedValues([&](const QVariant &old) {
+            seen.append(old);
+            return old.toDouble() < 4 ? old : QVariant(old.toDouble() + 1);
+        });
+        QCOMPARE(seen, QVariantList({5.0, 10.0, 3.0}));
+        QCOMPARE(heights(), QList<double>({12, 22, 6}));
+        property.setReflectedValue(8); // the forward conversion, for transformers that are their own inverse
+        QCOMPARE(heights(), QList<double>({4, 4, 4}));
+        property.setKeyPath("people.selection.frame.x");
+        property.setValueTransformer(nullptr);
+        QVERIFY_EXCEPTION_THROWN(property.updateReflectedValues([](const QVariant &) { return 1; }),
+                                 ZelUndefinedKeyException);
+        QVERIFY_EXCEPTION_THROWN(property.updateReflectedValues({}), ZelInternalInconsistencyException);
+        property.setKeyPath("unlocked"); // the owner's own
+        property.updateReflectedValues([](const QVariant &old) { return !old.toBool(); });
+        QVERIFY(!owner.isUnlocked());
+    }
+
+    void anActionIsNamedAndSent()
+    {
+        const Sheet window(Sheet::row("height", "custom"));
+        auto *property = window.editor<Custom>("height");
+        for (const char *name : {"Change height", ""}) {
+            property->userDidChangeValue(nullptr);
+            QCOMPARE(ZelUndoManager::forWidget(&window)->actionName(), name);
+            QCOMPARE(window.owner->actions, 1);
+            property->setActionName({});
+            property->setActionSelector({});
+        }
+    }
+
     void units()
     {
         ZelUnitNumberFormatter formatter;
@@ -97,273 +180,242 @@ private Q_SLOTS:
 
     void stepsStopAtTheLimits()
     {
-        FigureWindow window;
-        window.first.setHeight(99.5);
-        auto *property = window.edit<Number>("height", setUpNumber);
-        window.select({&window.first});
-        ZelStepper *stepper = property->stepper();
-        QTest::mouseClick(stepper, Qt::LeftButton, {}, {stepper->width() / 2, stepper->height() / 4});
-        QCOMPARE(window.first.height(), 100.0);
-        QCOMPARE(property->textField()->objectValue(), 100.0);
-        QCOMPARE(window.steps(), 1);
-        property->textField()->clearFocus();
-        QCOMPARE(property->textField()->text(), "100 pt");
-        window.first.byte = 254;
-        property = window.edit<Number>("byte", [](Number *made) { made->increment = 10; });
-        property->stepper()->stepBy(1);
-        QCOMPARE(window.first.byte, uchar(255)); // and at what the property takes
-        property->stepper()->stepBy(-26);
-        QCOMPARE(window.first.byte, uchar(0));
-        QCOMPARE(property->textField()->text(), "0");
+        Sheet window(Sheet::row("height", "number", "maximum='100' formatUnit=' pt'") +
+                     Sheet::row("byte", "number", "minimum='-100' increment='10'"));
+        window.set(0, "height", 99.5);
+        window.set(0, "byte", 254);
+        window.select({0});
+        const auto *height = window.editor<Number>("height"), *byte = window.editor<Number>("byte");
+        Sheet::click(height->stepper(), {height->stepper()->width() / 2, height->stepper()->height() / 4});
+        QCOMPARE(window.value(0, "height"), 100.0);
+        QCOMPARE(height->textField()->text(), "100 pt");
+        byte->stepper()->stepBy(1);
+        QCOMPARE(window.figures[0]->byte, uchar(255)); // and at what the property takes
+        byte->stepper()->stepBy(-26);
+        QCOMPARE(window.figures[0]->byte, uchar(0));
+        QCOMPARE(byte->textField()->text(), "0");
+        QCOMPARE(window.stack.count(), 3);
     }
 
     void noNumberIsACheckbox()
     {
         for (const bool offWhenNil : {true, false}) {
-            FigureWindow window;
+            Sheet window(Sheet::row("note", "number",
+                                    QByteArray("nonNilValueTitle='Has' nonNilValueKeyPath='extra'") +
+                                        (offWhenNil ? "" : " nilValueControlIsOffWhenNil='no'")));
             window.owner->extra = 17;
-            auto *property = window.edit<Number>("note", [&](Number *made) {
-                made->nonNilValueTitle = "Has note";
-                made->nonNilValueKeyPath = "extra";
-                made->nilValueControlIsOffWhenNil = offWhenNil;
-            });
-            window.select({&window.first});
-            ZelCheckBox *box = property->nonNillCheckbox();
+            window.set(1, "note", 3);
+            window.select({0});
+            ZelCheckBox *box = window.editor<Number>("note")->nonNillCheckbox();
+            const auto toggle = [&] {
+                Sheet::click(box, {8, box->height() / 2});
+                return window.value(0, "note");
+            };
             QCOMPARE(box->isChecked(), !offWhenNil);
-            QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
-            QCOMPARE(window.first.note(), 17);
-            QCOMPARE(property->textField()->objectValue(), 17);
-            window.second.setNote(3);
-            window.select({&window.first, &window.second});
+            QCOMPARE(toggle(), 17);
+            QCOMPARE(window.shown("note"), "17");
+            window.select({0, 1});
             QCOMPARE(box->checkState(), Qt::PartiallyChecked);
-            window.select({&window.first});
-            QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
-            QVERIFY(!window.first.note().isValid());
+            window.select({0});
+            QVERIFY(!toggle().isValid());
         }
     }
 
     void numbersWithASlider()
     {
-        FigureWindow window;
+        Sheet window(Sheet::row("height", "number", "slider='circular'") + Sheet::row("flags", "number") +
+                     Sheet::row("byte", "number") + Sheet::row("active", "number", "slider='linear'") +
+                     Sheet::row("note", "number", "nonNilValueTitle='Has' nonNilValueKeyPath='extra'"));
+        auto *plain = window.editor<Number>("flags"), *other = window.editor<Number>("byte");
+        QVERIFY(plain->canTileIntoColumnsWithProperty(other));
+        QVERIFY(plain->canTileIntoColumnsWithWidth(400) && !plain->canTileIntoColumnsWithWidth(40));
+        QVERIFY(!window.editor<Number>("active")->canTileIntoColumnsWithWidth(4000));
+        QVERIFY(!window.editor<Number>("note")->canTileIntoColumnsWithProperty(other));
         Failures failures;
-        window.edit<Number>("height", [](Number *made) {
-            made->sliderType = Number::CircularSlider;
-            made->maximum.reset();
-        });
-        window.edit<Number>("height", [](Number *made) { made->sliderType = 9; });
+        auto *circular = window.editor<Number>("height");
+        circular->maximum.reset();
+        circular->setKeyPath("people.selection.byte");
+        Number unknown(window.owner.get());
+        unknown.sliderType = 9;
+        unknown.view();
         const QString place = "Inspector/Properties/ZelInspectorNumberProperty: ";
         QCOMPARE(failures.taken(), QStringList({place + "Missing minimum value for number property with slider",
                                                 place + "Unexpected case"}));
-        const auto plain = window.make<Number>("height"), other = window.make<Number>("height"),
-                   linear = window.make<Number>("height"), nilable = window.make<Number>("height");
-        linear->sliderType = Number::LinearSlider;
-        nilable->nonNilValueTitle = "Has";
-        QVERIFY(plain->canTileIntoColumnsWithProperty(other.get()));
-        QVERIFY(plain->canTileIntoColumnsWithWidth(400) && !plain->canTileIntoColumnsWithWidth(40));
-        QVERIFY(!linear->canTileIntoColumnsWithWidth(4000));
-        QVERIFY(!nilable->canTileIntoColumnsWithProperty(other.get()));
-    }
-
-    void noTextIsEmptyOrNone()
-    {
-        const QVariant absent, unset = QString(), empty = "";
-        for (const auto &[allowsNil, entered] :
-             {std::pair(false, absent), {false, unset}, {false, empty}, {true, absent}, {true, empty}}) {
-            FigureWindow window;
-            auto *property =
-                window.edit<String>("name", [allows = allowsNil](String *made) { made->allowsNilValues = allows; });
-            window.first.setName("Ada");
-            window.select({&window.first});
-            property->textField()->setObjectValue(entered);
-            property->userDidChangeValue(nullptr);
-            QVERIFY(window.first.name().isEmpty());
-            QCOMPARE(window.first.name().isNull(), allowsNil);
-        }
     }
 
     void theFixedItemsFollowTheValue()
     {
-        FigureWindow window;
-        window.first.setFlags(4);
-        auto *property = window.edit<TextEnumeration>("flags", setUpMask<TextEnumeration>);
+        Sheet window(Sheet::row("flags", "enumeration", g_mask));
+        window.set(0, "flags", 4);
+        const auto *property = window.editor<TextEnumeration>("flags");
         QCOMPARE(titles(property), "none|four|-|eight|-|No Selection|Multiple Values?");
-        window.select({&window.first, &window.second});
+        window.select({0, 1});
         QCOMPARE(titles(property), "none|four|-|eight|-|No Selection?|Multiple Values");
         QVERIFY(property->popUpButton()->isEnabled());
-        window.select({&window.first});
+        window.select({0});
         QVERIFY(property->separatorMenuItem()->isHidden());
-        window.first.setFlags(0x0C); // no option stands for it
-        QTRY_COMPARE(property->popUpButton()->selectedItem(), property->noSelectionMenuItem());
+        window.set(0, "flags", 0x0C); // no option stands for it
+        QCOMPARE(property->popUpButton()->selectedItem(), property->noSelectionMenuItem());
         QVERIFY(property->popUpButton()->isEnabled());
     }
 
     void choicesFollowTheOwnersLists()
     {
-        FigureWindow window;
-        window.owner->values = {1, 2};
-        window.owner->names = {"one", "two"};
-        auto *property = window.edit<TextEnumeration>("flags", setUpLists);
-        const QString fixed = "-|No Selection|Multiple Values?";
-        QCOMPARE(titles(property), "one|two|" + fixed);
-        window.owner->values = {1, 2, 3};
-        Q_EMIT window.owner->valuesChanged();
-        QCOMPARE(titles(property), fixed); // lists of different lengths give nothing
-        window.owner->names = {"one", "two", 3};
-        Q_EMIT window.owner->valuesChanged();
-        QCOMPARE(titles(property), "one|two||" + fixed);
+        const Sheet window(Sheet::row("flags", "enumeration",
+                                      "enumeratedValuesKeyPath='values' enumeratedDisplayValuesKeyPath='names'"));
+        const auto *property = window.editor<TextEnumeration>("flags");
+        const auto titlesOf = [&](const QVariantList &values, const QVariantList &names) {
+            window.owner->values = values;
+            window.owner->names = names;
+            Q_EMIT window.owner->valuesChanged();
+            return titles(property);
+        };
+        QCOMPARE(titlesOf({1, 2}, {"one", "two"}), "one|two|" + g_fixedItems);
+        QCOMPARE(titlesOf({1, 2, 3}, {"one", "two"}), g_fixedItems); // of different lengths
+        QCOMPARE(titlesOf({1, 2, 3}, {"one", "two", 3}), "one|two||" + g_fixedItems);
         QPixmap pixmap(16, 16);
         pixmap.fill(Qt::red);
-        window.owner->names = {QIcon(pixmap), pixmap, pixmap.toImage()};
-        property = window.edit<TextEnumeration>("flags", setUpLists);
+        titlesOf({1, 2, 3}, {QIcon(pixmap), pixmap, pixmap.toImage()});
         for (int value : {1, 2, 3})
             QVERIFY(!property->menuItemForValue(value)->icon().isNull());
     }
 
     void groupsAndOptionsMayGoWhileTheyAreShown()
     {
-        FigureWindow window;
-        ZelOptionGroup *first = group({{"one", 1}, {"two", 2}});
-        auto second = std::unique_ptr<ZelOptionGroup>(group({{"three", 3}}));
-        auto *property = window.edit<TextEnumeration>("flags", [&](TextEnumeration *made) {
-            made->setOptionGroups({first, second.get()});
-        });
-        const QString fixed = "-|No Selection|Multiple Values?";
-        delete first->options().first();
+        const Sheet window(Sheet::row("flags", "enumeration", g_mask));
+        auto *property = window.editor<TextEnumeration>("flags");
+        const QList<ZelOptionGroup *> groups = property->optionGroups();
+        delete groups[0]->options().first();
         property->rebuildView();
-        QCOMPARE(titles(property), "two|-|three|" + fixed);
-        second.reset();
+        QCOMPARE(titles(property), "four|-|eight|" + g_fixedItems);
+        delete groups[1];
         property->rebuildView();
-        QCOMPARE(titles(property), "two|" + fixed);
-        QCOMPARE(property->optionGroups(), QList<ZelOptionGroup *>({first}));
-        delete first;
+        QCOMPARE(titles(property), "four|" + g_fixedItems);
+        QCOMPARE(property->optionGroups(), groups.first(1));
+        delete groups[0];
         // Even one that takes the place of a dead group in memory is another one.
         auto *follower = new ZelOptionGroup(property);
         follower->enumeratedValuesKeyPath = "values";
         property->setOptionGroups({follower});
         QVERIFY(ZelIsObserved(window.owner.get(), "values"));
-        QCOMPARE(titles(property), fixed);
+        QCOMPARE(titles(property), g_fixedItems);
         property->setOptionGroups({});
         QVERIFY(!ZelIsObserved(window.owner.get(), "values"));
     }
 
     void segments()
     {
-        FigureWindow window;
-        window.first.setFlags(0x15);
-        auto *property = window.edit<ImageEnumeration>("flags", setUpMask<ImageEnumeration>);
+        Sheet window(Sheet::row("flags", "enumeration", "style='segmented' " + g_mask));
+        Figure &figure = *window.figures[0];
+        figure.setFlags(0x15);
+        const auto *property = window.editor<ImageEnumeration>("flags");
         ZelSegmentedControl *control = property->segmentedControl();
         QVERIFY(ZelIsMarker(property->selectedIndex(), ZelNoSelectionMarker));
-        window.select({&window.first});
+        window.select({0});
         QCOMPARE(control->selectedIndex(), 1);
         QVERIFY_EXCEPTION_THROWN(property->segmentForValue(77), ZelInternalInconsistencyException);
         QCOMPARE(property->representedObjects(), QVariantList({0, 4, 8}));
         QCOMPARE(property->titles().value(2), "eight");
         QVERIFY(ZelIsNull(property->images().value(0)));
-        connect(&window.first, &Person::flagsChanged, this, [&] { window.first.setFlags(4); });
-        QTest::mouseClick(control, Qt::LeftButton, {}, control->segmentRect(2).center());
-        QTRY_COMPARE(control->selectedIndex(), 1); // as the model made of it
+        connect(&figure, &Person::flagsChanged, this, [&figure] { figure.setFlags(4); });
+        Sheet::click(control, control->segmentRect(2).center());
+        QCOMPARE(control->selectedIndex(), 1); // as the model made of it
     }
 
     void actions()
     {
-        FigureWindow window;
+        const Sheet window("<sliver title='Do'><property type='action' title='Arrange' menuItemsKeyPath='values'/>"
+                           "<property type='action' title='Go' actionSelector='noteAction' enabledKeyPath='unlocked'/>"
+                           "</sliver>");
+        const auto *menu = window.inspector->findChild<ZelInspectorMenuActionProperty *>()->popUpButton();
         QAction first("First");
         auto second = std::make_unique<QAction>("Second");
-        window.owner->values = {QVariant::fromValue<QObject *>(&first), QVariant::fromValue<QObject *>(second.get())};
-        const auto *menu = window.edit<ZelInspectorMenuActionProperty>("", [](auto *made) {
-            made->setTitle("Arrange");
-            made->menuItemsKeyPath = "values";
-        });
-        QCOMPARE(menu->popUpButton()->actions().size(), 3);
-        QCOMPARE(ZelMenuItem::titleOf(menu->popUpButton()->actions().first()), "Arrange");
-        window.owner->values.removeLast();
-        Q_EMIT window.owner->valuesChanged();
-        QTRY_COMPARE(menu->popUpButton()->actions().size(), 2);
+        for (qsizetype count : {2, 1}) {
+            window.owner->values = {QVariant::fromValue<QObject *>(&first),
+                                    QVariant::fromValue<QObject *>(second.get())};
+            window.owner->values.resize(count);
+            Q_EMIT window.owner->valuesChanged();
+            QTRY_COMPARE(menu->actions().size(), count + 1);
+        }
+        QCOMPARE(ZelMenuItem::titleOf(menu->actions().first()), "Arrange");
         second.reset();
-        const auto *action =
-            window.edit<ZelInspectorActionProperty>("", [](auto *made) { made->setEnabledKeyPath("unlocked"); });
-        QTest::mouseClick(action->button(), Qt::LeftButton);
-        QCOMPARE(window.owner->actions, 1);
-        window.owner->setUnlocked(false);
-        QTest::mouseClick(action->button(), Qt::LeftButton);
-        QCOMPARE(window.owner->actions, 1);
+        auto *button = window.inspector->findChild<ZelInspectorActionProperty *>()->button();
+        for (const bool isUnlocked : {true, false}) {
+            window.owner->setUnlocked(isUnlocked);
+            Sheet::click(button);
+            QCOMPARE(window.owner->actions, 1);
+        }
     }
 
     void listsAreEditedByTheirMethods()
     {
-        FigureWindow window;
-        window.first.tags = QStringList{"a", "b", "c", "d", "e"};
-        auto *editor = window.edit<Array>("tags");
+        Sheet window(list("tags"));
+        window.set(0, "tags", QStringList{"a", "b", "c", "d", "e"});
+        auto *editor = window.editor<Array>("tags");
+        const auto tags = [&] { return window.figures[0]->tags.join(u' '); };
         QVERIFY(ZelIsMarker(editor->reflectedValues(), ZelNoSelectionMarker));
-        window.select({&window.first, &window.second});
+        window.select({0, 1});
         QCOMPARE(editor->tableView()->accessibleDescription(), "Multiple Values");
         editor->addObject(nullptr);
         editor->removeObject(nullptr);
         editor->setObjectValueForRow("x", 0);
-        QCOMPARE(window.second.tags, QStringList({"a", "b"}));
-        QCOMPARE(window.owner->actions + window.steps(), 0);
-        window.select({&window.first});
+        QCOMPARE(window.figures[1]->tags, QStringList({"a", "b"}));
+        QCOMPARE(window.owner->actions + window.stack.count(), 0);
+        window.select({0});
         selectRows(editor, {3, 0, 4});
         editor->removeObject(nullptr);
-        QCOMPARE(window.first.tags, QStringList({"b", "c"}));
-        FigureWindow::settle();
+        QCOMPARE(tags(), "b c");
+        Sheet::settle();
         QCOMPARE(editor->objectValueForRow(1), "c");
         QVERIFY(!editor->objectValueForRow(2).isValid());
         editor->defaultValue = "more";
         editor->addObject(nullptr);
         editor->addObject(nullptr); // before the model's change was shown
-        QCOMPARE(window.first.tags, QStringList({"b", "c", "more", "more"}));
-        FigureWindow::settle();
+        QCOMPARE(tags(), "b c more more");
+        Sheet::settle();
         editor->tableView()->clearSelection();
-        const ZelUndoGrouping grouping(&window.undoManager);
+        ZelUndoManager *manager = ZelUndoManager::forWidget(&window);
+        const ZelUndoGrouping grouping(manager);
         editor->removeObject(nullptr); // nothing, which is still an action
-        QCOMPARE(window.first.tags.size(), 4);
-        QCOMPARE(window.undoManager.actionName(), "Change");
+        QCOMPARE(tags(), "b c more more");
+        QCOMPARE(manager->actionName(), "Change tags");
         QCOMPARE(window.owner->actions, 4);
-    }
-
-    void listsForgetTheirDead()
-    {
-        FigureWindow window;
-        auto mortal = std::make_unique<QObject>();
-        window.first.setNote(QVariantList{QVariant::fromValue(mortal.get())});
-        auto *editor = window.edit<Array>("note");
-        window.select({&window.first});
-        const QModelIndex cell = editor->tableView()->model()->index(0, 0);
-        const QString living = cell.data().toString();
-        QVERIFY(living.startsWith("<QObject"));
-        mortal.reset(); // which nobody tells
-        QVERIFY(cell.data().toString() != living);
-        QVERIFY(!ZelObject(editor->objectValueForRow(0)));
     }
 
     void anObjectWithoutAListGetsOne()
     {
-        FigureWindow window;
-        auto *editor = window.edit<Array>("note");
-        window.select({&window.first, &window.second});
+        Sheet window(list("note"));
+        auto *editor = window.editor<Array>("note");
+        window.select({0, 1});
         QVERIFY(ZelIsNull(editor->reflectedValues()));
         editor->removeObject(nullptr);
-        QCOMPARE(window.first.note(), QVariant());
+        QCOMPARE(window.value(0, "note"), QVariant());
         QVERIFY(editor->addActionItem()->isEnabled());
         for (int count : {0, 1}) {
             editor->addObject(nullptr);
-            FigureWindow::settle();
-            QCOMPARE(window.first.note(), QVariantList(count + 1, "Item"));
-            QCOMPARE(window.second.note(), window.first.note());
+            Sheet::settle();
+            for (int figure : {0, 1})
+                QCOMPARE(window.value(figure, "note"), QVariantList(count + 1, "Item"));
             QCOMPARE(window.owner->actions, count); // nobody is told of the first one
         }
-        window.first.setNote({});
-        window.select({&window.first});
+        window.set(0, "note", {});
+        window.select({0});
         editor->setObjectValueForRow("first", 7);
-        QCOMPARE(window.first.note(), QVariantList{"first"});
+        QCOMPARE(window.value(0, "note"), QVariantList{"first"});
+        auto mortal = std::make_unique<QObject>();
+        window.set(0, "note", QVariantList{QVariant::fromValue(mortal.get())});
+        const QModelIndex cell = editor->tableView()->model()->index(0, 0);
+        const QString living = cell.data().toString();
+        QVERIFY(living.startsWith("<QObject"));
+        mortal.reset(); // which nobody tells
+        QVERIFY(cell.data().toString() != living && !ZelObject(editor->objectValueForRow(0)));
     }
 
     void theListsButtonsFollowTableAndSelection()
     {
-        FigureWindow window;
-        auto *editor = window.edit<Array>("tags", [](Array *made) { made->setEnabledKeyPath("unlocked"); });
-        window.select({&window.first});
+        Sheet window(list("tags"));
+        auto *editor = window.editor<Array>("tags");
+        window.select({0});
         const auto enabled = [editor] {
             return std::pair(editor->addActionItem()->isEnabled(), editor->removeActionItem()->isEnabled());
         };
@@ -371,13 +423,13 @@ private Q_SLOTS:
         selectRows(editor, {1});
         QCOMPARE(enabled(), std::pair(true, true));
         QVERIFY(editor->actionBar()->itemViews().at(1)->isEnabled());
-        window.first.setProperty("tags", QStringList{"a"});
-        QTRY_COMPARE(enabled(), std::pair(true, false)); // with the row
+        window.set(0, "tags", QStringList{"a"});
+        QCOMPARE(enabled(), std::pair(true, false)); // with the row
         selectRows(editor, {0});
-        window.owner->setUnlocked(false);
-        QTRY_COMPARE(enabled(), std::pair(false, false));
-        window.owner->setUnlocked(true);
-        QTRY_VERIFY(editor->addActionItem()->isEnabled());
+        for (const bool isUnlocked : {false, true}) {
+            window.owner->setUnlocked(isUnlocked);
+            QTRY_COMPARE(enabled(), std::pair(isUnlocked, isUnlocked));
+        }
         QTest::keyClick(editor->tableView(), Qt::Key_A); // the user does something: the bar leaves the items alone
         QTest::qWait(150);
         QCOMPARE(enabled(), std::pair(true, true));
