@@ -97,11 +97,11 @@ private Q_SLOTS:
                 activate(split.splitter.get());
                 split.setCollapsed(collapsed, true);
                 drag(split, divider, distance);
-                QList<int> shown{0, 1, 2};
-                shown.removeIf([&](int i) { return split.isCollapsed(i); });
-                QCOMPARE(shown, opened);
-                QCOMPARE(split.starts(), QList<int>({0, split.lengths()[shown[0]] + split.splitter->handleWidth()}));
-                QCOMPARE(split.starts()[1] + split.lengths()[shown[1]], split.length());
+                for (int i = 0; i < 3; ++i)
+                    QCOMPARE(split.isCollapsed(i), !opened.contains(i));
+                const int first = split.lengths()[opened[0]];
+                QCOMPARE(split.starts(), QList<int>({0, first + split.splitter->handleWidth()}));
+                QCOMPARE(split.starts()[1] + split.lengths()[opened[1]], split.length());
             }
             Split overflowing({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
             overflowing.splitter->setLayoutDirection(direction);
@@ -165,57 +165,46 @@ private Q_SLOTS:
                 QVERIFY(split.splitter->widget(0)->width() >= (who == 'd' || who == 'i' ? 0 : 40));
             }
         }
-    }
-    void aPaneMayDeleteTheDelegate()
-    {
         struct Pane : QWidget
         {
             std::function<void()> resized = [] {};
             void resizeEvent(QResizeEvent *) override { resized(); }
         };
-        for (int collapsed : {-1, 1}) {
+        for (const bool isCollapsed : {false, true}) { // a pane deletes the delegate
             Split split({{40, 1000}, {50, 1000, 0, true}, {50, 1000}}, {100, 100, 100});
             auto *pane = new Pane;
             delete split.splitter->replaceWidget(0, pane);
             activate(split.splitter.get());
-            if (collapsed >= 0)
-                split.setCollapsed(collapsed, true);
+            split.setCollapsed(1, isCollapsed);
             pane->resized = [&] { split.delegate.reset(); };
-            drag(split, collapsed < 0 ? 1 : 2, -20);
+            drag(split, isCollapsed ? 2 : 1, -20);
             QVERIFY(!split.delegate);
         }
     }
-    void dividersFollowLevelThemeAndWindow()
+    void dividersFollowLevelAndWindow()
     {
-        const QPalette light = QApplication::palette();
-        for (bool isDark : {false, true}) {
-            QApplication::setPalette(isDark ? QPalette(QColor(53, 53, 53)) : light);
-            auto owned = std::make_unique<ZelSplitView>(Qt::Horizontal);
-            ZelSplitView *view = owned.get();
-            Split split({{40, 1000, 0, true}, {50, 1000, 0, true}, {50, 1000}}, {100, 100, 100}, Qt::Horizontal,
-                        std::move(owned));
-            activate(view);
-            view->handle(1)->clearFocus();
-            const auto seen = [&](int index) {
-                return QColor(view->grab().toImage().pixel(view->handle(index)->geometry().center()));
-            };
-            QList<QColor> colors;
-            for (quint64 level : {0, 1, 2}) {
-                view->setLevel(level);
-                QCOMPARE(seen(1), view->dividerColor());
-                QVERIFY(!colors.contains(seen(2)) && seen(2) != view->palette().color(QPalette::Window));
-                colors.append(seen(2));
-            }
-            view->setLevel(0);
-            QWidget other;
-            activate(&other);
-            QVERIFY(seen(1) != colors[0]);
+        auto owned = std::make_unique<ZelSplitView>(Qt::Horizontal);
+        ZelSplitView *view = owned.get();
+        const Split split({{40, 1000}, {50, 1000}, {50, 1000}}, {100, 100, 100}, Qt::Horizontal, std::move(owned));
+        activate(view);
+        view->handle(1)->clearFocus();
+        const auto seen = [&](int index) {
+            return QColor(view->grab().toImage().pixel(view->handle(index)->geometry().center()));
+        };
+        QList<QColor> colors{view->palette().color(QPalette::Window)};
+        for (quint64 level : {0, 2, 1}) {
+            view->setLevel(level);
             QCOMPARE(seen(1), view->dividerColor());
-            activate(view);
-            view->handle(1)->setFocus();
-            QCOMPARE(seen(1), view->palette().color(QPalette::Highlight));
-            QApplication::setPalette(light);
+            QVERIFY(!colors.contains(seen(2)));
+            colors.append(seen(2));
         }
+        QWidget other;
+        activate(&other);
+        QVERIFY(seen(1) != colors.last());
+        QCOMPARE(seen(1), view->dividerColor());
+        activate(view);
+        view->handle(1)->setFocus();
+        QCOMPARE(seen(1), view->palette().color(QPalette::Highlight));
     }
 };
 
