@@ -84,12 +84,16 @@ public:
                row("tags", "custom", "class='ZelInspectorArrayProperty'") + row("text", "string", "attributed='yes'");
     }
 
-    void select(const QList<int> &indexes)
+    void select(const QList<int> &indexes) const
     {
         QList<QObject *> selected;
         for (int index : indexes)
             selected.append(figures.at(size_t(index)).get());
-        owner->controller.setSelectedObjects(selected);
+        selectObjects(selected);
+    }
+    void selectObjects(const QList<QObject *> &objects) const
+    {
+        owner->controller.setSelectedObjects(objects);
         settle();
     }
     static void settle()

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "EndToEnd/FigureSheet.h"
+
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Values/ZelValues.h"
-#include "FigureWindow.h"
-#include "Inspector/Properties/ZelInspectorBoundsProperty.h"
-#include "Inspector/Properties/ZelInspectorPointProperty.h"
-#include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Resources/ZelNamedImages.h"
 
 #include <stdexcept>
@@ -68,11 +66,7 @@ bool isSeveral(const QVariant &value)
 
 void type(const ZelInspectorNumberProperty *editor, const QString &text)
 {
-    editor->textField()->setFocus();
-    editor->textField()->selectAll();
-    QTest::keyClicks(editor->textField(), text);
-    QTest::keyClick(editor->textField(), Qt::Key_Return);
-    FigureWindow::settle();
+    Sheet::enter(editor->textField(), text);
 }
 
 } // namespace
@@ -84,11 +78,11 @@ class tst_GeometryProperties : public QObject
 private Q_SLOTS:
     void whatTheModelMakesOfItIsShown()
     {
-        FigureWindow window;
+        Sheet window(Sheet::row("clamped", "custom", "class='ZelInspectorPointProperty'"));
         Box box;
-        auto *editor = window.edit<ZelInspectorPointProperty>("clamped");
+        auto *editor = window.editor<ZelInspectorPointProperty>("clamped");
         QVERIFY(ZelIsMarker(editor->x(), ZelNoSelectionMarker) && ZelIsMarker(editor->nonNil(), ZelNoSelectionMarker));
-        window.select({&box});
+        window.selectObjects({&box});
         for (const bool isMute : {false, true}) { // although it declares a signal
             box.setClamped({4, 4});
             QTRY_COMPARE(editor->x(), 4.0);
@@ -101,43 +95,38 @@ private Q_SLOTS:
         box.setClamped({7, 2});
         editor->setX(10); // what it was before, in the same turn
         QCOMPARE(box.place, QPointF(10, 2));
-        connect(&box, &Box::changed, &window, [&window] { window.editor.reset(); });
+        connect(&box, &Box::changed, &window, [&window] { window.inspector.reset(); });
         editor->xProperty()->stepper()->stepBy(-1);
-        QVERIFY(!window.editor);
+        QVERIFY(!window.inspector);
         QCOMPARE(box.place, QPointF(9, 2));
     }
 
     void theCheckboxWritesAValueOrNone()
     {
-        FigureWindow window;
-        auto *editor = window.edit<ZelInspectorSizeProperty>("note", [](ZelInspectorSizeProperty *property) {
-            property->setTitle("Own size");
-            property->nonNilValueKeyPath = "extra";
-            property->widthTitleKeyPath = "people.selection.name";
-        });
-        window.first.setName("Across");
-        window.select({&window.first});
-        QTRY_COMPARE(editor->widthProperty()->label()->text(), "Across");
+        Sheet window(
+            Sheet::row("note", "size", "nonNilValueKeyPath='extra' widthTitleKeyPath='people.selection.name'"));
+        auto *editor = window.editor<ZelInspectorSizeProperty>("note");
+        window.select({0});
+        QCOMPARE(editor->widthProperty()->label()->text(), "P0");
         QCOMPARE(editor->heightProperty()->label()->text(), "Height");
         ZelCheckBox *box = editor->nonNilProperty()->checkbox();
         QCOMPARE(editor->viewForBaselineAlignment(), box);
         const auto click = [box] {
-            QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
-            FigureWindow::settle();
+            Sheet::click(box, {8, box->height() / 2});
             return box->checkState();
         };
         QCOMPARE(click(), Qt::Unchecked); // its value is none
         window.owner->extra = QSizeF(20, 30);
         QCOMPARE(click(), Qt::Checked);
-        QCOMPARE(window.first.note(), QVariant(QSizeF(20, 30)));
+        QCOMPARE(window.figures[0]->note(), QVariant(QSizeF(20, 30)));
         QCOMPARE(editor->height(), 30.0);
         QCOMPARE(editor->nonNil(), 1);
-        QCOMPARE(window.undoManager.stack()->undoText(), "Change");
+        QCOMPARE(window.stack.undoText(), "Change note");
         QCOMPARE(click(), Qt::Unchecked);
-        QVERIFY(!window.first.note().isValid() && !editor->width().isValid());
+        QVERIFY(!window.figures[0]->note().isValid() && !editor->width().isValid());
         QCOMPARE(editor->nonNil(), 0);
         window.undo();
-        QCOMPARE(window.first.note(), QVariant(QSizeF(20, 30)));
+        QCOMPARE(window.figures[0]->note(), QVariant(QSizeF(20, 30)));
         QCOMPARE(box->checkState(), Qt::Checked);
     }
 
@@ -158,12 +147,12 @@ private Q_SLOTS:
         };
         for (const Row &row : rows) {
             const TableRow inRow(QString::number(row.anchor));
-            FigureWindow window;
-            window.first.setFrame({10, 20, 30, 40});
-            auto *editor = window.edit<ZelInspectorBoundsProperty>("frame");
+            Sheet window(Sheet::row("frame", "frame"));
+            window.set(0, "frame", QRectF(10, 20, 30, 40));
+            auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
             editor->setFlipped(row.flipped);
             editor->setAnchor(ZelRectAnchor(row.anchor));
-            window.select({&window.first});
+            window.select({0});
             QCOMPARE(QPointF(editor->originX().toDouble(), editor->originY().toDouble()), row.origin);
             const std::tuple<const ZelInspectorNumberProperty *, QString, QRectF, QString> edits[] = {
                 {editor->originXProperty(), "100", row.moved, "Change Origin X"},
@@ -171,8 +160,8 @@ private Q_SLOTS:
                 {editor->sizeHeightProperty(), "10", row.lower, "Change Height"}};
             for (const auto &[field, text, frame, name] : edits) {
                 type(field, text);
-                QCOMPARE(window.first.frame(), frame);
-                QCOMPARE(window.undoManager.stack()->undoText(), name);
+                QCOMPARE(window.figures[0]->frame(), frame);
+                QCOMPARE(window.stack.undoText(), name);
                 window.undo();
             }
             QCOMPARE(window.owner->actions, 3);
@@ -181,7 +170,7 @@ private Q_SLOTS:
 
     void framesOfEveryKindAreWrittenTogether()
     {
-        FigureWindow window;
+        Sheet window(Sheet::row("frame", "frame"));
         Box box, there;
         IntegerBox integers;
         SilentBox silent;
@@ -196,28 +185,28 @@ private Q_SLOTS:
         const QList<QRectF> moved = QList<QRectF>(3, {7.5, 2, 30, 40}) << QRectF(8, 2, 30, 40);
         for (QObject *other : others)
             other->setProperty("frame", old[0]);
-        auto *editor = window.edit<ZelInspectorBoundsProperty>("frame");
-        window.select({&box, &silent, &there, &dynamic});
+        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
+        window.selectObjects({&box, &silent, &there, &dynamic});
         QVERIFY(isSeveral(editor->originX()) && !isSeveral(editor->originY()));
         type(editor->originXProperty(), "7.5");
         QCOMPARE(editor->originX(), 7.5);
         window.undo();
-        window.select(others + QList<QObject *>{&there, &integers});
+        window.selectObjects(others + QList<QObject *>{&there, &integers});
         type(editor->originXProperty(), "7.5");
         QCOMPARE(frames(), moved);
         QVERIFY(isSeveral(editor->originX())); // rounded there
-        QCOMPARE(window.steps(), 1);
+        QCOMPARE(window.stack.count(), 1);
         there.stored = {60, 2, 30, 40}; // it was there already: the edit did not touch it
         window.undo();
         QCOMPARE(frames(), old);
         QCOMPARE(there.stored.x(), 60.0);
-        window.undoManager.redo();
+        window.stack.redo();
         QCOMPARE(frames(), moved);
     }
 
     void settersMayThrowSelectAndDelete()
     {
-        FigureWindow window;
+        Sheet window(Sheet::row("frame", "frame"));
         std::vector<std::unique_ptr<Box>> boxes;
         QList<QObject *> all;
         for (int i = 0; i < 4; ++i) {
@@ -225,11 +214,11 @@ private Q_SLOTS:
             boxes.back()->stored = QRectF(i, i, 10, 10);
             all.append(boxes.back().get());
         }
-        auto *editor = window.edit<ZelInspectorBoundsProperty>("frame");
-        window.select(all);
+        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
+        window.selectObjects(all);
         QVERIFY_EXCEPTION_THROWN(editor->setOriginX(101.0), std::runtime_error);
-        QCOMPARE(window.steps(), 0);
-        FigureWindow::settle();
+        QCOMPARE(window.stack.count(), 0);
+        Sheet::settle();
         QVERIFY(isSeveral(editor->originX()));
         boxes[0]->react = [&] {
             boxes[1].reset();
@@ -238,7 +227,7 @@ private Q_SLOTS:
         type(editor->originXProperty(), "50");
         for (size_t i : {0U, 2U, 3U})
             QCOMPARE(boxes[i]->stored.x(), 50.0);
-        QCOMPARE(window.steps(), 1);
+        QCOMPARE(window.stack.count(), 1);
         boxes[0]->react = {};
         boxes[3].reset();
         window.undo();
@@ -247,22 +236,18 @@ private Q_SLOTS:
 
     void theAnchorsAreBesideWholeTitlesAndPicked()
     {
-        FigureWindow window;
-        window.first.setFrame({0, 0, 10, 20});
-        auto *editor = window.edit<ZelInspectorBoundsProperty>("frame", [](ZelInspectorBoundsProperty *property) {
-            property->showOriginSelector = true;
-            property->setFlipped(true);
-            property->flippedKeyPath = "extra";
-        });
-        for (int width : {200, 400}) {
+        Sheet window(Sheet::row("frame", "frame", "showOriginSelector='yes' flippedKeyPath='extra'"));
+        window.set(0, "frame", QRectF(0, 0, 10, 20));
+        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
+        for (int width : {260, 480}) {
             window.resize(width, 200);
             QCoreApplication::processEvents();
             for (const auto *number : {editor->sizeWidthProperty(), editor->sizeHeightProperty()}) {
                 const QWidget *label = number->label();
                 QVERIFY(label->width() >= label->sizeHint().width());
                 QVERIFY(label->parentWidget()->rect().contains(label->geometry()));
-                QCOMPARE(label->width() == number->textField()->width(), width == 400);
-                QCOMPARE(label->x() == number->textField()->x(), width == 400);
+                QCOMPARE(label->width() == number->textField()->width(), width == 480);
+                QCOMPARE(label->x() == number->textField()->x(), width == 480);
             }
         }
         const auto setFlipped = [&](const QVariant &flipped) {
@@ -270,9 +255,9 @@ private Q_SLOTS:
             Q_EMIT window.owner->extraChanged();
         };
         setFlipped(true);
-        window.select({&window.first});
+        window.select({0});
         ZelOriginSelectionView *view = editor->originSelectionView();
-        QTest::mouseClick(view, Qt::LeftButton, {}, {60, 40});
+        Sheet::click(view, {60, 40});
         QCOMPARE(editor->anchor(), ZelOriginMiddleRight);
         QCOMPARE(editor->originY(), 10.0);
         QTest::keyClick(view, Qt::Key_Down);
