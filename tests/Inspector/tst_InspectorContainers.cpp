@@ -442,6 +442,9 @@ private Q_SLOTS:
         QVERIFY2(state().startsWith("-1 ") && state().endsWith("\"---"), qPrintable(state()));
         QVERIFY(chooser->view()->sizeHint().height() <= low);
         QVERIFY(!chooser->property()->multipleValuesMenuItem()->isHidden());
+        auto *several = new ZelMenuItem("Several");
+        chooser->setMultipleValuesMenuItem(several);
+        QVERIFY(chooser->multipleValuesMenuItem() == several && several->parent() == chooser);
         chooser->setTitle("Rank");
         QCOMPARE(chooser->sliver()->label()->text(), "Rank");
         ZelPopUpButton *button = chooser->property()->popUpButton();

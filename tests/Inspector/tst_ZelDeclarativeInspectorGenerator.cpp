@@ -105,6 +105,23 @@ class tst_ZelDeclarativeInspectorGenerator : public QObject
         return m_tree->findChild<ZelInspectorProperty *>();
     }
 
+    /// Looks for an object for each text: the first, second... of its class in what the description makes.
+    void checkMade(const QByteArray &description, const QStringList &expected)
+    {
+        m_tree = slice(description);
+        QHash<QString, int> met;
+        for (const QString &text : expected) {
+            QObjectList objects = m_tree->findChildren<QObject *>();
+            objects.removeIf([&](QObject *object) {
+                return text.section('|', 0, 0) != QString("class=") + object->metaObject()->className();
+            });
+            const QObject *object = objects.value(met[text.section('|', 0, 0)]++);
+            QVERIFY2(object, qPrintable(text));
+            QCOMPARE(values(object, text), text);
+            QVERIFY(!object->inherits("ZelInspectorProperty") ||
+                    object->property("owner").value<QObject *>() == &m_owner);
+        }
+    }
     /// The reason for which the work is given up, behind the file's name, and the place.
     template<typename Work> static QString thrown(Work work)
     {
@@ -162,33 +179,7 @@ private Q_SLOTS:
         QVERIFY(!tabs->isViewLoaded());
     }
 
-    void choosersHoldTheirChoices()
-    {
-        QPixmap pixmap(8, 8);
-        pixmap.fill(Qt::red);
-        QVERIFY(pixmap.save(m_files.write("Mark.png", {}).toLocalFile()));
-        ZelNamedImages::setImageForName(pixmap, "Registered");
-        const Tree tree = slice(inSection(R"(<chooser title="Kind" keyPath="extra" actionSelector="noteAction"
-            actionName="Size" visibleKeyPath="unlocked"><choice title="Size" value="0x10" hidden="yes" enabled="no"
-            image="Registered"><sliver/><chooser title="Inner"><choice/></chooser></choice><choice image="Mark"/>
-            <choice image=""/></chooser>)"));
-        auto *chooser = tree->findChild<ZelInspectorChooser *>();
-        const QString expected =
-            "title=Kind|keyPath=extra|visibleKeyPath=unlocked|actionSelector=noteAction|actionName=Größe";
-        QCOMPARE(values(chooser, expected), expected);
-        auto *item = new ZelMenuItem("Several");
-        chooser->setProperty("multipleValuesMenuItem", QVariant::fromValue(item));
-        QCOMPARE(chooser->multipleValuesMenuItem(), item);
-        const QStringList choices{"title=Größe|value=16|text=0x10|hidden=true|enabled=false|image=set",
-                                  "title=|value=0|text=|hidden=false|enabled=true|image=set",
-                                  "title=|value=0|text=|hidden=false|enabled=true|image="};
-        QCOMPARE(chooser->choices().size(), 3);
-        for (int i = 0; i < 3; ++i)
-            QCOMPARE(values(chooser->choices().at(i), choices.at(i)), choices.at(i));
-        QCOMPARE(chooser->choices().first()->sliversAndChoosers().size(), 2);
-    }
-
-    void typesAndAttributesReachTheEditor()
+    void attributesReachEditors()
     {
         const std::pair<const char *, const char *> rows[] = {
             {"type='boolean'", "class=ZelInspectorBooleanProperty"},
@@ -209,7 +200,8 @@ private Q_SLOTS:
                 enabledValueTransformer="ZelNegateBooleanTransformerName")",
              "class=ZelInspectorCustomProperty|title=Größe|titleKeyPath=a|keyPath=b|enabled=false|enabledKeyPath=c|"
              "valueTransformer=set|enabledValueTransformer=set|actionSelector=noteAction:|actionName=Größe"},
-            {"type='number'", "minimum=0|maximum=3.4028234663852886e+38|increment=1|nilValueControlIsOffWhenNil=true|"
+            {"type='number'", "class=ZelInspectorNumberProperty|minimum=0|maximum=3.4028234663852886e+38|increment=1|"
+                              "nilValueControlIsOffWhenNil=true|"
                               "formatStyle=0|sliderType=0|nonNilValueTitle=|placeholder="},
             {R"(type="number" placeholder="Size" minimum="-2.5" minimumKeyPath="a" maximum="9" maximumKeyPath="b"
                 increment="0.5" incrementKeyPath="c" nilValueControlIsOffWhenNil="no" nonNilValueKeyPath="d"
@@ -222,10 +214,11 @@ private Q_SLOTS:
              "class=ZelInspectorAttributedStringProperty|placeholder=Größe|allowsNilValues=true|keyPath=note"},
             {"type='color'", "class=ZelInspectorColorProperty|colorList=System|defaultColor=#ff000000"},
             {"type='color' colorList='Crayons' defaultColor='NSDeviceRGBColorSpace 1 0 0 0'",
-             "colorList=Crayons|defaultColor=#00ff0000"},
+             "class=ZelInspectorColorProperty|colorList=Crayons|defaultColor=#00ff0000"},
             {"type='resource' placeholder='Size' resourcesKeyPath='names'",
              "class=ZelInspectorResourceProperty|placeholder=Größe|resourcesKeyPath=names"},
-            {"type='frame'", "flipped=true|increment=1|showOriginSelector=false|formatStyle=0"},
+            {"type='frame'",
+             "class=ZelInspectorBoundsProperty|flipped=true|increment=1|showOriginSelector=false|formatStyle=0"},
             {R"(type="frame" formatStyle="decimal" formatUnit=" pt" increment="0.5" incrementKeyPath="a" flipped="no"
                 flippedKeyPath="b" showOriginSelector="yes" enabledKeyPath="missing")",
              "class=ZelInspectorBoundsProperty|formatStyle=1|formatUnit= pt|increment=0.5|incrementKeyPath=a|"
@@ -240,11 +233,8 @@ private Q_SLOTS:
              "formatStyle=1|formatUnit= pt|nilValueControlIsOffWhenNil=false|nonNilValueKeyPath=c|increment=2|"
              "incrementKeyPath=d"},
         };
-        for (const auto &[attributes, expected] : rows) {
-            const auto *made = property(attributes);
-            QCOMPARE(values(made, expected), expected);
-            QCOMPARE(made->owner(), &m_owner);
-        }
+        for (const auto &[attributes, expected] : rows)
+            checkMade(inSliver(QByteArray("<property ") + attributes + "/>"), {expected});
         QVERIFY(ZelInspectorAttributedStringProperty::paragraphStyleInspectorMaker());
         const auto slides = [this](const QByteArray &attributes) {
             return static_cast<ZelInspectorNumberProperty *>(property("type='number'" + attributes))->slidesInSteps;
@@ -252,57 +242,54 @@ private Q_SLOTS:
         QVERIFY(slides(" increment='1'") && !slides("")); // no step was asked for
     }
 
-    void enumerationsHaveGroupsOfOptions()
+    void attributesReachRowsChoicesAndOptions()
     {
-        const Tree tree = slice(inSliver(R"(<property type="enumeration" editable="no" bitMask="0xF0"
-            enumeratedValuesKeyPath="values" enumeratedDisplayValuesKeyPath="names"><option-group>
-            <option title="Size" value="16"/><option value="12abc" hidden="yes" enabled="no"/></option-group>
-            <option-group enumeratedValuesKeyPath="v" enumeratedDisplayValuesKeyPath="d"/></property>)"));
-        const auto *property = tree->findChild<ZelInspectorEnumerationProperty *>();
-        const auto groups = property->optionGroups();
-        QCOMPARE(say(groups.size(), groups.first()->options().size()), "2 2");
-        const std::pair<const QObject *, const char *> rows[] = {
-            {property,
-             "editable=false|bitMask=240|enumeratedValuesKeyPath=values|enumeratedDisplayValuesKeyPath=names"},
-            {groups.first()->options().first(), "title=Größe|value=16|text=16|enabled=true|hidden=false"},
-            {groups.first()->options().last(), "title=|value=12|text=12abc|enabled=false|hidden=true"},
-            {groups.last(), "enumeratedValuesKeyPath=v|enumeratedDisplayValuesKeyPath=d"},
-        };
-        for (const auto &[object, expected] : rows)
-            QCOMPARE(values(object, expected), expected);
-    }
-
-    void includedSettingsHoldUnlessOverridden()
-    {
+        QPixmap pixmap(8, 8);
+        pixmap.fill(Qt::red);
+        QVERIFY(pixmap.save(m_files.write("Mark.png", {}).toLocalFile()));
+        ZelNamedImages::setImageForName(pixmap, "Registered");
         m_files.write("Row.xml", R"(<slice title="File" fullWidth="yes" visibleKeyPath="a" keyPath="k" actionName="Act"
             visibleValueTransformer="ZelNegateBooleanTransformerName" actionSelector="s"/>)");
-        const Tree tree = slice(inSection(R"(<sliver file="Row.xml"/>
-            <sliver file="Row.xml" title="Here" fullWidth="no" visibleKeyPath="b"/>
-            <chooser file="Row.xml"/><chooser file="Row.xml" title="" keyPath="l" actionSelector="t"/>)"));
-        const auto children = tree->sections().first()->sliversAndChoosers();
-        const QStringList rows{"title=File|fullWidth=true|visibleKeyPath=a|visibleValueTransformer=set",
-                               "title=Here|fullWidth=false|visibleKeyPath=b|visibleValueTransformer=set",
-                               "title=File|keyPath=k|actionName=Act|actionSelector=s",
-                               "title=|keyPath=l|actionName=Act|actionSelector=t"};
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(values(children.at(i), rows.at(i)), rows.at(i));
+        checkMade(inSection(R"(<chooser title="Kind" keyPath="extra" actionSelector="noteAction" actionName="Size"
+                      visibleKeyPath="unlocked"><choice title="Size" value="0x10" hidden="yes" enabled="no"
+                      image="Registered"/><choice image="Mark"/><choice image=""/></chooser>)"),
+                  {"class=ZelInspectorChooser|title=Kind|keyPath=extra|visibleKeyPath=unlocked|"
+                   "actionSelector=noteAction|actionName=Größe",
+                   "class=ZelInspectorChooserChoice|title=Größe|value=16|text=0x10|hidden=true|enabled=false|image=set",
+                   "class=ZelInspectorChooserChoice|title=|value=0|text=|hidden=false|enabled=true|image=set",
+                   "class=ZelInspectorChooserChoice|title=|value=0|text=|hidden=false|enabled=true|image="});
+        checkMade(inSliver(R"(<property type="enumeration" editable="no" bitMask="0xF0"
+                      enumeratedValuesKeyPath="values" enumeratedDisplayValuesKeyPath="names"><option-group>
+                      <option title="Size" value="16"/><option value="12abc" hidden="yes" enabled="no"/></option-group>
+                      <option-group enumeratedValuesKeyPath="v" enumeratedDisplayValuesKeyPath="d"/></property>)"),
+                  {"class=ZelInspectorTextEnumerationProperty|editable=false|bitMask=240|"
+                   "enumeratedValuesKeyPath=values|enumeratedDisplayValuesKeyPath=names",
+                   "class=ZelOption|title=Größe|value=16|text=16|enabled=true|hidden=false",
+                   "class=ZelOption|title=|value=12|text=12abc|enabled=false|hidden=true",
+                   "class=ZelOptionGroup|enumeratedValuesKeyPath=|enumeratedDisplayValuesKeyPath=",
+                   "class=ZelOptionGroup|enumeratedValuesKeyPath=v|enumeratedDisplayValuesKeyPath=d"});
+        // What an included file sets holds unless it is overridden.
+        checkMade(inSection(R"(<sliver file="Row.xml"/><sliver file="Row.xml" title="Here" fullWidth="no"
+                      visibleKeyPath="b"/><chooser file="Row.xml"/>
+                      <chooser file="Row.xml" title="" keyPath="l" actionSelector="t"/>)"),
+                  {"class=ZelInspectorSliver|title=File|fullWidth=true|visibleKeyPath=a|visibleValueTransformer=set",
+                   "class=ZelInspectorSliver|title=Here|fullWidth=false|visibleKeyPath=b|visibleValueTransformer=set",
+                   "class=ZelInspectorChooser|title=File|keyPath=k|actionName=Act|actionSelector=s",
+                   "class=ZelInspectorChooser|title=|keyPath=l|actionName=Act|actionSelector=t"});
     }
 
-    void childrenFollowThoseOfTheFile()
+    void filesAreIncluded()
     {
+        // Children follow those of the file.
         m_files.write("S.xml", "<slice class='NotingSlice'><section title='1'/><section title='2'/></slice>");
         m_files.write("T.xml", "<slice title='T'><sliver title='a'/></slice>");
         m_files.write("C.xml", "<slice><choice title='x'/></slice>");
         m_files.write("P.xml", "<slice><property type='custom' title='p'/></slice>");
         const Tree tree = slice(R"(<slice file="S.xml" class="ZelInspectorSlice"><section file="T.xml">
             <chooser title="b"/><sliver title="c" file="P.xml"><property type="custom" title="q"/></sliver>
-            <chooser file="C.xml"><choice title="y"/></chooser></section></slice>)");
+            <chooser file="C.xml"><choice title="y"><chooser title="z"/></choice></chooser></section></slice>)");
         QVERIFY(qobject_cast<NotingSlice *>(tree.get()));
-        QCOMPARE(titles(tree.get()), "(1|2|T(a|b|c(p|q)|(x|y)))");
-    }
-
-    void whatFilesReplace()
-    {
+        QCOMPARE(titles(tree.get()), "(1|2|T(a|b|c(p|q)|(x|y(z))))");
         // An inspector's own slices replace those of the file.
         m_files.write("I.xml", "<inspector title='File'><slice title='old'/><slice/></inspector>");
         m_generator->setUrl(
