@@ -13,16 +13,13 @@
 #include <QWindow>
 
 static const char g_context = 0;
+static QStringList g_log;
 
 /// Shows a text that is brought up to date late, and says what it painted.
 class Readout : public QWidget
 {
 public:
-    Readout(QStringList &log, QWidget *parent)
-        : QWidget(parent)
-        , m_log(log)
-    {
-    }
+    using QWidget::QWidget;
     void setText(const QString &text)
     {
         m_model = text;
@@ -31,11 +28,10 @@ public:
     }
 
 private:
-    void paintEvent(QPaintEvent *) override { m_log << "paint " + m_shown; }
+    void paintEvent(QPaintEvent *) override { g_log << "paint " + m_shown; }
 
     QString m_model;
     QString m_shown;
-    QStringList &m_log;
     ZelDelayedInvocation m_invocation{[this] { m_shown = m_model; }};
 };
 
@@ -43,18 +39,7 @@ class tst_ZelWindow : public QObject
 {
     Q_OBJECT
 
-    QStringList m_log;
-    QStringList taken() { return std::exchange(m_log, {}); }
-    void logCheckpoints()
-    {
-        ZelObservations(this).addObservationWithCenter(
-            nullptr, {ZelWindowDisplayCheckpointNotification, ZelDelayedInvocationCheckpointNotification}, nullptr,
-            [this](ZelNotificationObservation *observation, const ZelNotification &notification) {
-                m_log << (observation->name() == ZelWindowDisplayCheckpointNotification ? "window " : "invocations ") +
-                             notification.object->objectName();
-            },
-            &g_context);
-    }
+    static QString taken() { return std::exchange(g_log, {}).join(", "); }
     static void show(QWidget *window)
     {
         window->resize(100, 100);
@@ -64,46 +49,46 @@ class tst_ZelWindow : public QObject
     }
 
 private Q_SLOTS:
-    void cleanup()
-    {
-        ZelObservations(this).removeAllObservationsForContext(&g_context);
-        m_log.clear();
-    }
-
     void aFrameShowsWhatTheModelSays()
     {
         for (const bool isOwn : {false, true}) { // a window of the application's
             const std::unique_ptr<QWidget> window(isOwn ? static_cast<QWidget *>(new QMainWindow) : new ZelWindow);
-            auto *readout = new Readout(m_log, window.get());
+            auto *readout = new Readout(window.get());
             QUndoStack stack;
             if (isOwn)
                 QCOMPARE(ZelWindow::attach(readout, &stack), ZelWindow::attach(window.get()));
             QCOMPARE(ZelUndoManager::forWidget(readout)->stack() == &stack, isOwn);
             readout->setText("first");
             show(window.get());
-            QVERIFY(m_log.removeAll(QString("paint first")) > 0);
-            QCOMPARE(m_log, QStringList());
+            QVERIFY(g_log.removeAll(QString("paint first")) > 0);
+            QCOMPARE(taken(), "");
             window->setObjectName("W");
-            logCheckpoints();
+            ZelObservations(this).addObservationWithCenter(
+                nullptr, {ZelWindowDisplayCheckpointNotification, ZelDelayedInvocationCheckpointNotification}, nullptr,
+                [](ZelNotificationObservation *observation, const ZelNotification &notification) {
+                    const bool isOfWindow = observation->name() == ZelWindowDisplayCheckpointNotification;
+                    g_log << (isOfWindow ? "window " : "invocations ") + notification.object->objectName();
+                },
+                &g_context);
             ZelWindowDisplay *display = ZelWindowDisplay::of(readout);
-            display->performBeforeDisplayUsingBlock([this] { m_log << "block"; });
+            display->performBeforeDisplayUsingBlock([] { g_log << "block"; });
             readout->update();
             readout->setText("second"); // the invocation is due after the painting
             QTest::qWait(20);
-            QCOMPARE(taken(), (QStringList{"window W", "invocations W", "block", "paint second"}));
+            QCOMPARE(taken(), "window W, invocations W, block, paint second");
             readout->setText("third");
             QExposeEvent uncovered(window->rect());
             QCoreApplication::sendEvent(window->windowHandle(), &uncovered);
-            QCOMPARE(m_log.value(1), "invocations W");
-            QTRY_COMPARE(m_log.last(), "paint third");
+            QCOMPARE(g_log.value(1), "invocations W");
+            QTRY_COMPARE(g_log.last(), "paint third");
             QVERIFY(!taken().contains("paint second"));
             display->performBeforeDisplayUsingBlock([=] { readout->repaint(); }); // in one checkpoint
             readout->setText("now");
             display->displayIfNeeded();
-            QCOMPARE(taken(), (QStringList{"window W", "invocations W", "paint now"}));
+            QCOMPARE(taken(), "window W, invocations W, paint now");
             display->displayIfNeeded();
-            QCOMPARE(taken(), (QStringList{"window W", "invocations W"}));
-            cleanup();
+            QCOMPARE(taken(), "window W, invocations W");
+            ZelObservations(this).removeAllObservationsForContext(&g_context);
         }
     }
 
@@ -111,23 +96,23 @@ private Q_SLOTS:
     {
         ZelWindow window;
         QVERIFY(window.undoManager());
-        const auto note = [this](const char *text) { return [this, text] { m_log << text; }; };
+        const auto note = [](const char *text) { return [text] { g_log << text; }; };
         window.performBeforeDisplayUsingBlock([&] {
-            m_log << "a";
+            g_log << "a";
             window.performBeforeDisplayUsingBlock(note("c"));
             window.performDelayedBlocks(); // does not begin again
         });
         window.performBeforeDisplayUsingBlock(note("b"));
         window.performDelayedBlocks();
         window.performDelayedBlocks();
-        QCOMPARE(m_log, (QStringList{"a", "b", "c"}));
+        QCOMPARE(taken(), "a, b, c");
         QVERIFY_EXCEPTION_THROWN(window.performBeforeDisplayUsingBlock(nullptr), ZelInternalInconsistencyException);
         // One that throws does not end the checkpoints.
         window.performBeforeDisplayUsingBlock([] { throw ZelGenericException("block"); });
         window.performBeforeDisplayUsingBlock(note("next"));
         QVERIFY_EXCEPTION_THROWN(window.displayIfNeeded(), ZelGenericException);
         window.displayIfNeeded();
-        QCOMPARE(m_log.mid(3), QStringList{"next"});
+        QCOMPARE(taken(), "next");
     }
 
     void theWindowMayGoDuringItsCheckpoint()
@@ -136,12 +121,12 @@ private Q_SLOTS:
             QPointer<ZelWindow> window = new ZelWindow;
             show(window);
             window->performBeforeDisplayUsingBlock([=] { delete window; });
-            window->performBeforeDisplayUsingBlock([this] { m_log << "never"; });
+            window->performBeforeDisplayUsingBlock([] { g_log << "never"; });
             window->update();
             if (synchronously)
                 window->displayIfNeeded();
             QTRY_VERIFY(!window);
-            QCOMPARE(m_log, QStringList());
+            QCOMPARE(taken(), "");
         }
     }
 };

@@ -9,18 +9,6 @@
 #include <QPushButton>
 #include <QTest>
 
-class Window : public QWidget
-{
-public:
-    Window()
-    {
-        show();
-        activateWindow();
-        ready = QTest::qWaitForWindowActive(this);
-    }
-    bool ready = false;
-};
-
 /// Clicks the button; Escape without a title.
 static void answer(QMessageBox *box, const QString &title)
 {
@@ -40,7 +28,8 @@ private Q_SLOTS:
     void alertsOutliveNothing()
     {
         int done = 0;
-        auto *window = new Window;
+        auto *window = new QWidget;
+        window->show();
         QObject *context = nullptr;
         const auto begin = [&] {
             context = new QObject;
@@ -65,8 +54,10 @@ private Q_SLOTS:
 
     void anErrorsOptionsAreTheButtons()
     {
-        Window window;
-        QVERIFY(window.ready);
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
         int attempted = 0;
         QList<bool> told;
         const auto check = [&](const char *click, int attempts, bool isRecovered) {
@@ -145,10 +136,9 @@ private Q_SLOTS:
             times.append(line.mid(qstrlen(start)).chopped(3).toDouble());
         }
         const double read = times.at(0), show = times.at(1), whole = times.at(2);
-        QVERIFY2(read >= 20 && show >= 40 && elapsed.at(0) >= 60 && elapsed.at(0) <= whole + 0.1 && elapsed.at(1) == 0,
-                 qPrintable(lines.join(u'\n')));
-        // The second lap did not begin at the start.
-        QVERIFY2(whole >= read + show - 0.2 && whole < read + show + 20, qPrintable(lines.join(u'\n')));
+        const bool isAll = whole >= elapsed.at(0) - 0.1 && whole >= read + show - 0.2 && whole < read + show + 20;
+        QVERIFY2(read >= 20 && show >= 40 && elapsed.at(0) >= 60 && isAll, qPrintable(lines.join(u'\n')));
+        QCOMPARE(elapsed.at(1), 0.0);
     }
 };
 
