@@ -79,8 +79,9 @@ private Q_SLOTS:
             QString mode;
             int number;
         };
-        QStringList present{ZelDefaultRunLoopMode}, modes{"", ZelDefaultRunLoopMode, "Custom"};
-        modes << ZelEventTrackingRunLoopMode << ZelModalPanelRunLoopMode << ZelRunLoopCommonModes;
+        const QStringList common{ZelDefaultRunLoopMode, ZelEventTrackingRunLoopMode, ZelModalPanelRunLoopMode};
+        const QStringList modes = QStringList{""} + common + QStringList{ZelRunLoopCommonModes, "Custom"};
+        QStringList present{ZelDefaultRunLoopMode};
         Random random(5);
         std::vector<std::unique_ptr<ZelRunLoopModeScope>> scopes;
         std::vector<Request> pending;
@@ -108,15 +109,14 @@ private Q_SLOTS:
                 scopes.pop_back();
                 present.removeLast();
             } else if (kind > 5) {
-                const bool isCommon = present.last() != "Custom" && present.last() != ZelRunLoopCommonModes;
-                const auto mustWait = [&](const Request &r) {
-                    return r.mode != present.last() &&
-                           !(isCommon && (r.mode.isEmpty() || r.mode == ZelRunLoopCommonModes));
+                const bool isCommon = common.contains(present.last());
+                const auto mayRun = [&](const Request &r) {
+                    return r.mode == present.last() ||
+                           (isCommon && (r.mode.isEmpty() || r.mode == ZelRunLoopCommonModes));
                 };
-                const auto waiting = std::stable_partition(pending.begin(), pending.end(), std::not_fn(mustWait));
+                const auto waiting = std::stable_partition(pending.begin(), pending.end(), mayRun);
                 std::stable_sort(pending.begin(), waiting, [](auto &a, auto &b) { return a.order < b.order; });
-                std::transform(pending.begin(), waiting, std::back_inserter(expected),
-                               [](auto &r) { return r.number; });
+                std::for_each(pending.begin(), waiting, [&](auto &request) { expected.append(request.number); });
                 pending.erase(pending.begin(), waiting);
                 QCoreApplication::sendPostedEvents(loop());
             }
@@ -287,10 +287,6 @@ private Q_SLOTS:
             const QKeyEvent event(type, key, Qt::NoModifier);
             return ZelEventMaskOf(&event);
         };
-        const auto gesture = [](Qt::NativeGestureType type) {
-            const QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 0, {}, {}, {}, 0, {});
-            return ZelEventMaskOf(&event);
-        };
         const struct
         {
             Qt::MouseButton button;
@@ -309,8 +305,10 @@ private Q_SLOTS:
         QCOMPARE(key(QEvent::KeyPress, Qt::Key_A), 1u << 10);
         QCOMPARE(key(QEvent::KeyRelease, Qt::Key_A), 1u << 11);
         QCOMPARE(key(QEvent::ShortcutOverride, Qt::Key_A), 0u);
-        QCOMPARE(gesture(Qt::EndNativeGesture), quint32(ZelEventMaskEndGesture));
-        QCOMPARE(gesture(Qt::BeginNativeGesture), 0u);
+        for (const auto type : {Qt::EndNativeGesture, Qt::BeginNativeGesture}) {
+            const QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 0, {}, {}, {}, 0, {});
+            QCOMPARE(ZelEventMaskOf(&event), type == Qt::EndNativeGesture ? quint32(ZelEventMaskEndGesture) : 0u);
+        }
     }
 
     /// Whether it comes through the window system or straight to the widget.
