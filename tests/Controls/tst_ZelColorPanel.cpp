@@ -54,12 +54,11 @@ private Q_SLOTS:
     {
         const QSignalSpy changes(panel, &ZelColorPanel::colorDidChange);
         QCOMPARE(panel->color(), QColor(Qt::black));
-        panel->setColor(Qt::red);
-        panel->setColor(QColor());
         panel->setShowsAlpha(true);
         panel->setColor(QColor(1, 2, 3, 4));
-        QCOMPARE(changes.count(), 0);
+        panel->setColor(QColor());
         QCOMPARE(panel->color(), QColor(1, 2, 3, 4));
+        QCOMPARE(changes.count(), 0);
         choose(QColor(9, 8, 7, 4));
         QCOMPARE(changes.count(), 1);
         QCOMPARE(panel->color(), QColor(9, 8, 7, 4));
@@ -69,9 +68,8 @@ private Q_SLOTS:
         panel->setColor(Qt::red);
         const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>(); // hue, saturation, value
         connect(panel, &ZelColorPanel::colorDidChange, this, [this] { panel->setColor(panel->color()); });
-        fields.at(0)->setValue(200);
-        fields.at(1)->setValue(0);
-        fields.at(1)->setValue(100);
+        for (const auto &[field, value] : {std::pair(0, 200), std::pair(1, 0), std::pair(1, 100)})
+            fields.at(field)->setValue(value);
         panel->disconnect(this);
         QCOMPARE(fields.at(0)->value(), 200);
     }
@@ -80,15 +78,13 @@ private Q_SLOTS:
     {
         auto client = std::make_unique<QWidget>();
         client->show();
-        QObject delegate;
-        panel->setDelegate(&delegate);
-        panel->orderFront(client.get());
-        QVERIFY(panel->isVisible() && !dialog()->isModal());
-        QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
         QWidget popUp(client.get(), Qt::Popup); // which closes at the first click into the panel
         popUp.show();
-        panel->orderFront(&popUp);
-        QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        for (const QWidget *widget : {client.get(), &popUp}) {
+            panel->orderFront(widget);
+            QVERIFY(panel->isVisible() && !dialog()->isModal());
+            QCOMPARE(dialog()->windowHandle()->transientParent(), client->windowHandle());
+        }
         popUp.setParent(nullptr);
         client.reset();
         QVERIFY(panel->isVisible());
@@ -97,7 +93,6 @@ private Q_SLOTS:
         QTest::keyClick(dialog(), Qt::Key_Escape);
         QCOMPARE(closes.count(), 1);
         QVERIFY(!panel->isVisible());
-        QCOMPARE(panel->delegate(), &delegate);
     }
 
     void aDragIsOneUndoStep()
@@ -107,10 +102,9 @@ private Q_SLOTS:
         client.link.activate(&client);
         QVERIFY(QTest::qWaitForWindowExposed(dialog()));
         QWidget *picker = nullptr;
-        for (QWidget *widget : dialog()->findChildren<QWidget *>()) {
+        for (QWidget *widget : dialog()->findChildren<QWidget *>())
             if (QByteArray(widget->metaObject()->className()).endsWith("QColorPicker"))
                 picker = widget;
-        }
         QVERIFY(picker);
         client.whenTaken = [&client] {
             client.color = QColor(9, 9, 200); // by a strict model
@@ -121,8 +115,7 @@ private Q_SLOTS:
         QTest::mousePress(dialog()->windowHandle(), Qt::LeftButton, {}, place);
         for (int i = 1; i < 5; ++i)
             QTest::mouseMove(dialog()->windowHandle(), place + QPoint(9 * i, 2));
-        QVERIFY(panel->isTracking());
-        QVERIFY(client.taken.size() > 3);
+        QVERIFY(panel->isTracking() && client.taken.size() > 3);
         QVERIFY(panel->color() != client.color); // it leads
         QCOMPARE(client.undo.groupingLevel(), 1);
         QTest::mouseRelease(dialog()->windowHandle(), Qt::LeftButton, {}, place + QPoint(36, 2));
@@ -171,24 +164,16 @@ private Q_SLOTS:
         first.link.activate(&first);
         second->link.activate(second.get());
         QVERIFY(!first.link.isActive() && second->link.isActive());
-        choose(QColor(4, 4, 4));
-        QCOMPARE(second->taken.size(), 1);
-        second.reset();
-        QVERIFY(panel->isVisible() && !panel->delegate());
         first.link.activate(&first);
         panel->setDelegate(this); // whoever else takes it
         QVERIFY(!first.link.isActive());
         QCOMPARE(panel->delegate(), this);
-        choose(QColor(5, 5, 5));
-        QCOMPARE(first.taken.size(), 0);
-        panel->setDelegate(nullptr);
-
-        auto client = std::make_unique<Client>(); // dies of what it takes
-        client->link.activate(client.get());
-        client->whenTaken = [&client] { client.reset(); };
+        second->link.activate(second.get());
+        second->whenTaken = [&second] { second.reset(); }; // dies of what it takes
         choose(QColor(30, 3, 3));
-        QVERIFY(!client && !panel->delegate());
+        QVERIFY(!second && panel->isVisible() && !panel->delegate());
         choose(QColor(31, 3, 3));
+        QCOMPARE(first.taken.size(), 0);
     }
 };
 

@@ -20,6 +20,7 @@ public:
         : input(control->input())
     {
         control->setObjectValue(value);
+        takeLog();
         state = [this]() -> QString {
             QStringList texts;
             QStringList marked;
@@ -34,14 +35,11 @@ public:
         actions.insert({
             {"edit", [this](const QString &index) { QTest::mouseDClick(token(index.toInt()), Qt::LeftButton); }},
             {"click", [this](const QString &index) { QTest::mouseClick(token(index.toInt()), Qt::LeftButton); }},
-            {"type", [this](const QString &) { input->setFocus(); }},
-            {"discard", [this](const QString &) { control->discardEditing(); }},
+            {"input", [this](const QString &) { input->setFocus(); }},
         });
     }
 
-    QString shown() const { return state(); }
     ZelToken *token(qsizetype index) const { return control->tokens().at(index); }
-    int neededHeight(int width) const { return control->heightForWidth(width); }
 
     QPointer<QLineEdit> input;
 };
@@ -58,13 +56,11 @@ private Q_SLOTS:
     {
         Panel panel;
         panel.control->setNullPlaceholder("none");
-        const std::pair<QVariant, QString> shown[] = {{g_colors, "red|green|blue"},
-                                                      {QStringList{"a, b", "R&D"}, "a, b|R&D"},
-                                                      {"single", "single"},
-                                                      {QVariantList(), ""}};
+        const std::pair<QVariant, QString> shown[] = {
+            {QStringList{"a, b", "R&D"}, "a, b|R&D"}, {"single", "single"}, {QVariantList(), ""}};
         for (const auto &[value, text] : shown) {
             panel.control->setObjectValue(value);
-            QCOMPARE(panel.shown(), text);
+            QCOMPARE(panel.state(), text);
             QCOMPARE(panel.input->placeholderText().isEmpty(), !text.isEmpty());
             for (ZelToken *token : panel.control->tokens())
                 QCOMPARE(QAccessible::queryAccessibleInterface(token)->text(QAccessible::Name), token->text());
@@ -87,7 +83,7 @@ private Q_SLOTS:
                  "click 0; F2 > white|black|blue red (red|white|black|blue); Backspace; leave > white|black|blue "
                  "reported",
                  // Removals wait for the text, or the token that is being edited would be lost to the value.
-                 "edit 1; click 0; Delete > [blue] green (red|green|blue); type; Escape > red|green|blue; "
+                 "edit 1; click 0; Delete > [blue] green (red|green|blue); input; Escape > red|green|blue; "
                  "edit 1; click 0; Delete; leave > green|blue reported",
              })
             Panel().play(script);
@@ -114,33 +110,25 @@ private Q_SLOTS:
     {
         Panel panel(QVariantList{1, 2});
         panel.control->setFormatter(std::make_shared<ZelNumberFormatter>());
-        panel.control->setFocus();
         QApplication::clipboard()->setText("3, four, 5");
-        panel.input->paste();
-        QCOMPARE(panel.shown(), "1|2 3, four, 5");
+        panel.play("focus; Ctrl+V > 1|2 3, four, 5");
         QVERIFY(!panel.control->errorText().isEmpty());
-        panel.input->selectAll();
-        type("3, 4");
-        QVERIFY(panel.control->commitEditing());
-        QCOMPARE(panel.shown(), "1|2|3|4");
+        panel.play("Ctrl+A; '3,4' > 1|2|3 4 reported; Return > 1|2|3|4 reported");
     }
 
     void onlyTokensThatDifferAreReplaced()
     {
         Panel panel;
         const QList<ZelToken *> before = panel.control->tokens();
-        panel.control->setFocus();
-        press(Qt::Key_Left);
+        panel.play("focus; Left");
         panel.control->setObjectValue(QVariantList{"red", "white", "black", "blue"});
-        QCOMPARE(panel.shown(), "red|white|black|[blue]");
-        QCOMPARE(panel.token(0), before.first());
-        QCOMPARE(panel.token(3), before.last());
-        QCOMPARE(keys(), before.last());
+        QCOMPARE(panel.state(), "red|white|black|[blue]");
+        QVERIFY(panel.token(0) == before.first() && panel.token(3) == before.last());
         panel.control->setObjectValue(QStringList("other")); // the selection stays in the field
-        QCOMPARE(keys(), panel.token(0));
+        QCOMPARE(panel.state(), "[other]");
         panel.control->setObjectValue(QVariantList{1000});
         const auto formatter = std::make_shared<ZelNumberFormatter>();
-        formatter->setLocale(QLocale(QLocale::German));
+        formatter->setMinimumFractionDigits(2);
         panel.control->setFormatter(formatter); // which has other texts for the same values
         QCOMPARE(panel.token(0)->text(), formatter->stringForObjectValue(1000));
     }
@@ -151,9 +139,9 @@ private Q_SLOTS:
         Panel panel;
         panel.play("focus; 'white'");
         panel.hide();
-        QCOMPARE(panel.shown(), "red|green|blue white (red|green|blue|white)");
-        QTRY_COMPARE(panel.shown(), "red|green|blue|white");
-        QCOMPARE(panel.log, panel.edits(1));
+        QCOMPARE(panel.state(), "red|green|blue white (red|green|blue|white)");
+        QTRY_COMPARE(panel.state(), "red|green|blue|white");
+        QCOMPARE(panel.log, panel.oneEdit);
     }
 
     void growsWithItsTokens()
@@ -162,20 +150,17 @@ private Q_SLOTS:
         ZelGrowingTokenField *field = panel.control;
         panel.resize(160, 400);
         QCoreApplication::processEvents();
-        const int line = panel.neededHeight(field->width());
-        QCOMPARE(line, QLineEdit().sizeHint().height());
-        QStringList many;
+        const int line = QLineEdit().sizeHint().height();
+        QCOMPARE(field->heightForWidth(field->width()), line);
+        QStringList many("a token that is much wider than the field can be");
         for (int i = 0; i < 20; ++i)
             many.append(QString("token %1").arg(i));
         field->setObjectValue(many);
-        QTRY_VERIFY(field->height() >= panel.neededHeight(field->width()));
-        QVERIFY(panel.neededHeight(field->width()) > 4 * line);
+        QVERIFY(field->heightForWidth(field->width()) > 4 * line);
+        QTRY_VERIFY(field->height() >= field->heightForWidth(field->width()));
         for (const ZelToken *token : field->tokens())
             QVERIFY(field->rect().contains(token->geometry()));
-        QVERIFY(panel.neededHeight(1000) < panel.neededHeight(100));
-        field->setObjectValue("a token that is much wider than the field can be");
-        QCoreApplication::processEvents();
-        QVERIFY(field->rect().contains(panel.token(0)->geometry()));
+        QVERIFY(field->heightForWidth(1000) < field->heightForWidth(100));
     }
 
     void survivesItsListeners()
@@ -189,19 +174,15 @@ private Q_SLOTS:
                 QVERIFY(!panel.control);
             }
         }
-    }
-
-    void tokensMayGoWithTheFocus()
-    {
-        for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Delete}) {
+        for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Delete}) { // whose token goes with the focus
             Panel panel;
             panel.token(2)->setFocus();
             QObject listener;
             connect(qApp, &QApplication::focusChanged, &listener,
                     [&panel] { panel.control->setObjectValue(QVariantList{1}); });
             press(key);
-            QCOMPARE(panel.shown().remove('[').remove(']'), "1");
-            QCOMPARE(panel.log, QStringList());
+            QCOMPARE(panel.state().remove('[').remove(']'), "1");
+            QVERIFY(!panel.log.contains("valueEdited"));
         }
     }
 };
