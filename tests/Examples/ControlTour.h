@@ -12,6 +12,7 @@
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Reports.h"
+#include "Support/Failures.h"
 #include "ViewController/ZelView.h"
 
 #include <QApplication>
@@ -39,8 +40,7 @@ public:
         std::function<QObjectList()> models; ///< all that edits may change, in their order
         std::function<QVariant()> situation; ///< what else buttons may change, such as the selection
         std::function<void()> restore;       ///< brings the former situation back
-        std::function<void()> undo;          ///< as the user does in the window
-        std::function<void()> redo;
+        std::function<void()> undo, redo;    ///< as the user does in the window
     };
 
     explicit ControlTour(const Program &program)
@@ -78,8 +78,11 @@ private:
     {
         const char *className;
         Effect effect;
-        void (*change)(ControlTour &, QWidget *, int attempt);
-        int attempts = 1; // at something else each time, until one has an effect
+        /// Where it is clicked, up to 1 as parts of its size and beyond in points; at one place after the other, until
+        /// there is an effect.
+        QList<QPointF> places;
+        void (*change)(ControlTour &, QWidget *, int attempt) = nullptr; ///< instead
+        int attempts = 1;
     };
     struct Control
     {
@@ -93,43 +96,29 @@ private:
 
     static const Kind *kindOf(const QWidget *widget)
     {
-        const auto clickMark = [](ControlTour &tour, QWidget *widget, int) {
-            tour.click(widget, {8, widget->height() / 2});
-        };
-        const auto clickSegment = [](ControlTour &tour, QWidget *widget, int segment) {
-            tour.click(widget, qobject_cast<ZelSegmentedControl *>(widget)->segmentRect(segment).center());
-        };
-        const auto clickStepper = [](ControlTour &tour, QWidget *widget, int attempt) {
-            tour.click(widget, {widget->width() / 2, widget->height() * (attempt == 0 ? 1 : 3) / 4});
-        };
-        const auto clickSwatch = [](ControlTour &tour, QWidget *widget, int attempt) {
-            tour.click(widget, {widget->width() / 8 + attempt * widget->width() / 2, widget->height() / 2});
-        };
-        const auto clickAnchor = [](ControlTour &tour, QWidget *widget, int attempt) {
-            tour.click(widget, attempt == 0 ? QPoint(5, 5) : QPoint(widget->width() - 5, widget->height() / 2));
-        };
         static const Kind kinds[] = {
-            {"QAbstractScrollArea", Contains, nullptr},
-            {"ZelTextField", Edits, typeText, 4},
-            {"ZelGrowingTextField", Edits, typeText, 2},
-            {"ZelComboBox", Edits, typeText, 2},
-            {"ZelGrowingTextView", Edits, typeParagraph},
-            {"ZelCheckBox", Edits, clickMark},
-            {"ZelStepper", Edits, clickStepper, 2},
-            {"ZelSlider", Edits, dragSlider, 2},
-            {"ZelPopUpButton", Edits, chooseItem, 4},
-            {"ZelSegmentedControl", Edits, clickSegment},
-            {"ZelDatePicker", Edits, stepDate, 2},
-            {"QTableView", Edits, typeIntoCell},
-            {"SwatchRow", Edits, clickSwatch, 2},
-            {"ZelHoverButton", Acts, clickCentre},
-            {"ZelPushButton", Acts, clickCentre},
-            {"ZelExpandableHeader", Shows, foldAndOpen},
-            {"ZelOriginSelectionView", Shows, clickAnchor, 2},
+            {"QAbstractScrollArea", Contains},
+            {"ZelTextField", Edits, {}, typeText, 4},
+            {"ZelGrowingTextField", Edits, {}, typeText, 2},
+            {"ZelComboBox", Edits, {}, typeText, 2},
+            {"ZelGrowingTextView", Edits, {}, typeParagraph},
+            {"ZelCheckBox", Edits, {{8, 0.5}}},
+            {"ZelStepper", Edits, {{0.5, 0.25}, {0.5, 0.75}}},
+            {"ZelSlider", Edits, {}, dragSlider, 2},
+            {"ZelPopUpButton", Edits, {}, chooseItem, 4},
+            {"ZelSegmentedControl", Edits, {}, clickSegment},
+            {"ZelDatePicker", Edits, {}, stepDate, 2},
+            {"QTableView", Edits, {}, typeIntoCell},
+            {"SwatchRow", Edits, {{0.125, 0.5}, {0.625, 0.5}}},
+            {"QWellArray", Edits, {{0.625, 0.5}, {0.875, 0.5}}}, // of the colour panel
+            {"ZelHoverButton", Acts, {{0.5, 0.5}}},
+            {"ZelPushButton", Acts, {{0.5, 0.5}}},
+            {"ZelExpandableHeader", Shows, {}, foldAndOpen},
+            {"ZelOriginSelectionView", Shows, {{5, 5}, {0.9, 0.5}}},
         };
         for (const QMetaObject *metaObject = widget->metaObject(); metaObject; metaObject = metaObject->superClass()) {
             for (const Kind &kind : kinds) {
-                if (qstrcmp(kind.className, metaObject->className()) == 0)
+                if (QByteArray(metaObject->className()).endsWith(kind.className)) // some are in namespaces
                     return &kind;
             }
         }
@@ -169,9 +158,7 @@ private:
     }
     static QString nameOf(const QWidget *widget)
     {
-        QString name = widget->metaObject()->className();
-        if (!widget->accessibleName().isEmpty())
-            name += '(' + widget->accessibleName() + ')';
+        QString name = widget->metaObject()->className() + ('(' + widget->accessibleName() + ')');
         for (const QObject *controller = controllerOf(widget); controller && ownerOf(controller);
              controller = ownerOf(controller))
             name.prepend(controller->property("keyPath").toString().section('.', -1) + '(' +
@@ -201,10 +188,10 @@ private:
         return qobject_cast<const QTableView *>(widget) ||
                (isSize && (!controller || qobject_cast<const ZelInspectorFontProperty *>(controller)));
     }
-    static QWidget *openWindow(const char *className)
+    static QWidget *openedWindow()
     {
         for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && window->inherits(className))
+            if (window->isVisible() && (window->inherits("ZelPopoverWindow") || window->inherits("QColorDialog")))
                 return window;
         }
         return nullptr;
@@ -217,23 +204,21 @@ private:
             return fault("is of a class that is not known: " + nameOf(widget));
         if (kind && kind->effect != Contains) {
             const auto *segments = qobject_cast<ZelSegmentedControl *>(widget);
+            const QObject *controller = controllerOf(widget);
+            const bool isEnabled = !controller || controller->property("enabled") != false;
             for (int part = 0; part < (segments ? int(segments->segmentCount()) : 1); ++part) {
-                QString name = m_outer.name + nameOf(widget);
-                if (segments)
-                    name += '#' + QString::number(part);
-                const QObject *controller = controllerOf(widget);
-                if (kind->effect != Shows && isEditable(widget) &&
-                    (!controller || controller->property("enabled") != false))
+                const QString name =
+                    m_outer.name + nameOf(widget) + (segments ? '#' + QString::number(part) : QString());
+                if (kind->effect != Shows && isEditable(widget) && isEnabled)
                     found.insert(name);
                 if (!segments || segments->isSegmentEnabled(part))
                     controls.append({widget, controller ? widget : m_outer.subject.data(), kind, name, part});
             }
             return;
         }
-        for (QObject *child : widget->children()) {
-            auto *childWidget = qobject_cast<QWidget *>(child);
-            if (childWidget && !childWidget->isWindow() && childWidget->isVisible())
-                collect(childWidget, controls);
+        for (QWidget *child : widget->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!child->isWindow() && child->isVisible())
+                collect(child, controls);
         }
     }
 
@@ -255,7 +240,7 @@ private:
             return;
         // What was chosen before may have made it meaningless, until the window is opened again.
         press(Qt::Key_Escape);
-        m_outer.kind->change(*this, m_outer.widget, m_outer.part);
+        change(m_outer, 0);
     }
 
     void visit(const Control &control)
@@ -271,10 +256,11 @@ private:
         const bool mustChange =
             edits && !isChosen && isEditable(control.widget) && !objectsOf(control.subject).isEmpty();
         QWidget *window = nullptr;
-        for (int attempt = 0; attempt < control.kind->attempts && control.widget; ++attempt) {
-            control.kind->change(*this, control.widget, control.part + attempt);
+        const int attempts = std::max(control.kind->attempts, int(control.kind->places.size()));
+        for (int attempt = 0; attempt < attempts && control.widget; ++attempt) {
+            change(control, attempt);
             if (!m_outer.widget)
-                window = openWindow("ZelPopoverWindow") ? openWindow("ZelPopoverWindow") : openWindow("QColorDialog");
+                window = openedWindow();
             if (window || state() != before || m_program.situation() != situation)
                 break;
         }
@@ -289,7 +275,7 @@ private:
                 compare(state(), before, "changes what it should not");
             check(control, before, situation, m_program.undoStack->index() - index);
         }
-        for (const QString &message : std::exchange(m_assertions.messages, {}) + std::exchange(Reports::messages, {}))
+        for (const QString &message : m_failures.taken() + std::exchange(Reports::messages, {}))
             fault(message);
         if (const QWidget *modal = QApplication::activeModalWidget())
             fault(QString("opened ") + modal->metaObject()->className());
@@ -305,9 +291,8 @@ private:
         isColorPanel ? visitColorPanel(opened) : visitAll(opened);
         m_outer = {};
         m_current = control.name;
-        if (!alive || !alive->isVisible())
-            return;
-        isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press(Qt::Key_Escape);
+        if (alive && alive->isVisible())
+            isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press(Qt::Key_Escape);
         if (alive && alive->isVisible())
             fault("opened what does not close");
     }
@@ -315,14 +300,9 @@ private:
     /// The standard colours stand for the other controls of Qt's own dialog.
     void visitColorPanel(QWidget *panel)
     {
-        static const Kind kind{"", Edits,
-                               [](ControlTour &tour, QWidget *widget, int attempt) {
-                                   tour.click(widget, {widget->width() * (5 + 2 * attempt) / 8, widget->height() / 2});
-                               },
-                               2};
         for (QWidget *widget : panel->findChildren<QWidget *>()) {
             if (QByteArray(widget->metaObject()->className()).endsWith("QWellArray"))
-                return visit({widget, m_outer.subject, &kind, m_outer.name + "colour"});
+                return visit({widget, m_outer.subject, kindOf(widget), m_outer.name + "colour"});
         }
         fault("opened a panel that offers no colours");
     }
@@ -334,9 +314,9 @@ private:
         const State after = state();
         if (after != before || m_program.situation() != situation)
             changed.insert(control.name);
-        if (steps != (after == before ? 0 : 1))
-            fault(
-                QStringLiteral("makes %1 undo steps of %2").arg(steps).arg(after == before ? "no change" : "one edit"));
+        const int expected = after == before ? 0 : 1;
+        if (steps != expected)
+            fault(QString("makes %1 undo steps, not %2").arg(steps).arg(expected));
         if (after != before) {
             if (m_program.undoStack->undoText().isEmpty() && !mayBeUnnamed(control.widget))
                 fault("makes an undo step without a name");
@@ -387,16 +367,14 @@ private:
     void compare(const State &actual, const State &expected, const QString &when)
     {
         if (actual.size() != expected.size())
-            return fault(QStringLiteral("%1: %2 objects, not %3").arg(when).arg(actual.size()).arg(expected.size()));
+            return fault(QString("%1: %2 objects, not %3").arg(when).arg(actual.size()).arg(expected.size()));
         for (int i = 0; i < actual.size(); ++i) {
-            if (actual[i].first != expected[i].first)
+            const auto &[object, values] = actual[i];
+            if (object != expected[i].first)
                 return fault(when + ": the objects have another order");
-            for (const QString &key : expected[i].second.keys()) {
-                if (actual[i].second.value(key) == expected[i].second.value(key))
-                    continue;
-                QString text;
-                QDebug(&text) << actual[i].second.value(key) << "not" << expected[i].second.value(key);
-                return fault(QStringLiteral("%1: %2 is %3").arg(when, key, text.left(240)));
+            for (const auto &[key, value] : expected[i].second.asKeyValueRange()) {
+                if (values.value(key) != value)
+                    return fault(when + ": " + key + " is " + say(values.value(key), "not", value).left(240));
             }
         }
     }
@@ -470,16 +448,29 @@ private:
         QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {}, place);
         settle();
     }
-    static void clickCentre(ControlTour &tour, QWidget *widget, int) { tour.click(widget, widget->rect().center()); }
+    void clickCentre(QWidget *widget) { click(widget, widget->rect().center()); }
+    void change(const Control &control, int attempt)
+    {
+        if (control.kind->change)
+            return control.kind->change(*this, control.widget, control.part + attempt);
+        const auto at = [](double place, int length) { return int(place <= 1 ? place * length : place); };
+        const QPointF place = control.kind->places[attempt];
+        click(control.widget, {at(place.x(), control.widget->width()), at(place.y(), control.widget->height())});
+    }
+    static void clickSegment(ControlTour &tour, QWidget *widget, int segment)
+    {
+        tour.click(widget, qobject_cast<ZelSegmentedControl *>(widget)->segmentRect(segment).center());
+    }
     static void foldAndOpen(ControlTour &tour, QWidget *widget, int)
     {
-        const auto height = [widget] { return widget->parentWidget()->height(); };
-        const int before = height();
-        clickCentre(tour, widget, 0);
-        if (!QTest::qWaitFor([&] { return height() < before; }, 2000))
+        const int before = widget->parentWidget()->height();
+        const auto folds = [&] { return widget->parentWidget()->height() < before; };
+        const auto isOpen = [&] { return widget->parentWidget()->height() == before; };
+        tour.clickCentre(widget);
+        if (!QTest::qWaitFor(folds, 2000))
             tour.fault("does not fold");
-        clickCentre(tour, widget, 0);
-        if (!QTest::qWaitFor([&] { return height() == before; }, 2000))
+        tour.clickCentre(widget);
+        if (!QTest::qWaitFor(isOpen, 2000))
             tour.fault("does not open again");
     }
     static void dragSlider(ControlTour &tour, QWidget *widget, int attempt)
@@ -496,7 +487,7 @@ private:
     static void chooseItem(ControlTour &tour, QWidget *widget, int attempt)
     {
         auto *button = qobject_cast<ZelPopUpButton *>(widget);
-        clickCentre(tour, button, 0);
+        tour.clickCentre(button);
         if (!QTest::qWaitFor([button] { return button->isMenuOpen(); }, 500))
             return;
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -526,7 +517,7 @@ private:
     }
     static void typeParagraph(ControlTour &tour, QWidget *widget, int)
     {
-        clickCentre(tour, widget, 0);
+        tour.clickCentre(widget);
         press(Qt::Key_End, Qt::ControlModifier);
         type("more");
         press(Qt::Key_Return, Qt::ControlModifier);
@@ -552,7 +543,7 @@ private:
     }
 
     Program m_program;
-    QuietHandler m_assertions;
+    Failures m_failures;
     Reports m_reports;
     QStringList m_faults;
     QString m_current;

@@ -15,12 +15,11 @@ class tst_SmallestControls : public QObject
 private Q_SLOTS:
     void everyControlEditsTheLamp()
     {
-        ZelWindow *window = nullptr;
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            if (auto *found = qobject_cast<ZelWindow *>(widget); found && found->isVisible())
-                window = found;
-        }
-        QVERIFY(window);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto found = std::ranges::find_if(
+            windows, [](QWidget *widget) { return qobject_cast<ZelWindow *>(widget) && widget->isVisible(); });
+        QVERIFY(found != windows.end());
+        auto *window = qobject_cast<ZelWindow *>(*found);
         QObject *lamp = nullptr;
         for (const ZelView *view : window->findChildren<ZelView *>()) {
             if (const auto *editor = qobject_cast<ZelInspectorProperty *>(view->viewController()))
@@ -32,8 +31,8 @@ private Q_SLOTS:
                           .models = [lamp] { return QObjectList{lamp}; },
                           .situation = [] { return QVariant(); },
                           .restore = [] {},
-                          .undo = [&] { stack->undo(); },
-                          .redo = [&] { stack->redo(); }});
+                          .undo = [stack] { stack->undo(); },
+                          .redo = [stack] { stack->redo(); }});
         tour.visitAll(window);
         QCOMPARE(tour.faults(), QString());
         QCOMPARE((tour.found - tour.changed).values().join('\n'), QString());
