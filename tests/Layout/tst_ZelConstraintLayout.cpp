@@ -244,12 +244,9 @@ private Q_SLOTS:
         label.setWordWrap(true);
         view.add("H:|-5-[v]-5-|", &label);
         view.add("V:|[v][a]|", &label);
-        QVERIFY(view.hasHeightForWidth());
-        QCOMPARE(view.heightForWidth(210), label.heightForWidth(200) + 10);
-        QVERIFY(view.heightForWidth(110) > view.heightForWidth(210));
+        QVERIFY(view.hasHeightForWidth() && view.heightForWidth(110) > view.heightForWidth(210));
         view.settle(210, view.heightForWidth(210));
-        QCOMPARE(view.a->y(), label.heightForWidth(200));
-        QCOMPARE(view.a->height(), 10);
+        QCOMPARE(view.a->geometry(), QRect(0, label.heightForWidth(200), view.a->width(), 10));
         label.setText("short");
         QCOMPARE(view.heightForWidth(210), label.heightForWidth(200) + 10);
     }
