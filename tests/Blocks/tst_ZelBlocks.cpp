@@ -55,12 +55,8 @@ template<typename Collection> void verifyApply(const Collection &collection)
 /// Whether just the entries go that do not stay, and all are there as long as there are questions.
 template<typename Dictionary, typename Stays> void verifyRemoval(const Dictionary &original, const Stays &stays)
 {
-    Dictionary expected;
-    for (auto entry = original.cbegin(); entry != original.cend(); ++entry) {
-        if (stays(entry.key(), entry.value()))
-            expected.insert(entry.key(), entry.value());
-    }
-    Dictionary changed = original;
+    Dictionary changed = original, expected = original;
+    expected.removeIf([&](const auto &entry) { return !stays(entry.key(), entry.value()); });
     qsizetype calls = 0;
     ZelBlocks(changed).performSelect([&](const auto &key, const auto &value) {
         calls += changed.size() == original.size() && changed.value(key) == value;

@@ -47,19 +47,6 @@ private:
     }
 };
 
-/// An observer whose methods are invoked by name.
-class Watcher : public QObject
-{
-    Q_OBJECT
-public:
-    QStringList seen;
-    Q_INVOKABLE void changed(ZelDelegateObservation *observation, const ZelKeyValueChange &change)
-    {
-        seen << observation->keyPath().string() + u' ' + QString::number(change.keyValueChangeKind()) + u' ' +
-                    change.keyValueChangeNew().toString();
-    }
-};
-
 /// What most tests need. Observations of the context end with it.
 struct World
 {
@@ -127,8 +114,13 @@ class tst_ZelObservations : public QObject
             });
     }
 
-public:
+public: // what is invoked by name
     Q_INVOKABLE void run() { m_seen << "run"; }
+    Q_INVOKABLE void changed(ZelDelegateObservation *observation, const ZelKeyValueChange &change)
+    {
+        m_seen << observation->keyPath().string() + QString::number(change.keyValueChangeKind()) + u'>' +
+                      change.keyValueChangeNew().toString();
+    }
 
 private Q_SLOTS:
     void aCheckpointRunsByPriorityWithWhatTheWorkSchedules()
@@ -273,12 +265,12 @@ private Q_SLOTS:
         check(ZelKeyValueObservingOptionNew, "->B ->B"); // compares with an old value that was not asked for
         check(ZelKeyValueObservingOptionNew | ZelKeyValueObservingOptionOld, "A>B");
         check(0, "->- ->-");
-        Watcher watcher;
+        tst_ZelObservations watcher;
         const quint32 noMutation = ZelKeyValueObservingOptionNoMutation | ZelKeyValueObservingOptionNew;
         w.observe(&w.club, "members", noMutation, record());
         w.observe(&w.club, "members", noMutation, &watcher, "changed:");
         w.club.insertMember(0, "Ada");
-        QVERIFY(m_seen.isEmpty() && watcher.seen.size() == 1); // which knows no such option
+        QVERIFY(m_seen.isEmpty() && watcher.m_seen.size() == 1); // which knows no such option
         w.club.setMembers({"Bea"});
         w.end();
         QCOMPARE(m_seen.size(), 1);
@@ -305,41 +297,36 @@ private Q_SLOTS:
             w.club.setTitle(title);
         QVERIFY(m_seen.isEmpty() && observation->lastChange());
         turn();
-        turn();
-        QCOMPARE(seen(), "0>3");
+        QCOMPARE(inTurn(), "0>3");
         QVERIFY(!observation->lastChange());
         w.club.setTitle("4");
         w.end();
-        turn();
-        QCOMPARE(seen(), "");
+        QCOMPARE(inTurn(), "");
         defer(ZelKeyValueObservingOptionPrior, record());
         w.club.setTitle("5");
-        turn();
-        QCOMPARE(seen(), "4>5!"); // that mark stays on the change that is delivered later
-        auto *dead = new Person;  // it is forgotten
+        QCOMPARE(inTurn(), "4>5!"); // that mark stays on the change that is delivered later
+        auto *dead = new Person;    // it is forgotten
         w.person.setFriendOf(dead);
         w.observe(&w.person, "friendOf", g_deferredEqual, record());
         w.person.setFriendOf(&w.person);
         delete dead;
-        turn();
-        QCOMPARE(seen(), "->");
+        QCOMPARE(inTurn(), "->");
     }
 
     void delegatesAreInvokedByName()
     {
         World w;
-        auto watcher = std::make_unique<Watcher>();
+        auto watcher = std::make_unique<tst_ZelObservations>();
         w.observe(&w.person, QStringList{"name", "flags"}, 1, watcher.get(), "changed");
         w.person.setName("Ada");
         w.person.setFlags(2);
-        QCOMPARE(watcher->seen, (QStringList{"name 1 Ada", "flags 1 2"}));
+        QCOMPARE(watcher->seen(), "name1>Ada flags1>2");
         w.observe(&w.person, "height", 0, watcher.get(), "noSuch");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*Watcher.* has no .*\"noSuch\""));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*Observations.* has no .*\"noSuch\""));
         w.person.setHeight(1);
         w.observe(&w.person, "name", ZelKeyValueObservingOptionDeferred, watcher.get(), "changed");
         w.person.setName("Bea");
-        turn();
-        QCOMPARE(watcher->seen.mid(2), (QStringList{"name 1 Bea", "name 1 "})); // at once, and deferred without values
+        QCOMPARE(watcher->inTurn(), "name1>Bea name1>"); // at once, and deferred without values
         w.person.setName("Cleo");
         watcher.reset(); // dies first
         w.person.setFlags(3);
@@ -396,8 +383,7 @@ private Q_SLOTS:
                        [&](ZelBlockObservation *, const Change &) { delete std::exchange(person, nullptr); });
         person->setName("Ada");
         person->setFlags(1);
-        turn();
-        QCOMPARE(seen(), "->-");
+        QCOMPARE(inTurn(), "->-");
         second.end();
         // An owner that forgets its observations is reported, and nothing stays registered.
         second.observe(&w.person, "name", 0, record());
