@@ -127,10 +127,16 @@ class tst_InspectorContainers : public QObject
             views += editor->view();
         return views;
     }
-    static QRect inRow(ZelInspectorSliver *row, qsizetype place)
+    /// Where the editors of a row are: left edge, distance to the right edge, top edge, one after the other.
+    static QString places(ZelInspectorSliver *row)
     {
-        QWidget *widget = row->properties().at(place)->view();
-        return QRect(widget->mapTo(row->view(), QPoint()), widget->size());
+        QStringList texts;
+        for (const ZelInspectorProperty *editor : row->properties()) {
+            QWidget *view = const_cast<ZelInspectorProperty *>(editor)->view();
+            const QRect place(view->mapTo(row->view(), QPoint()), view->size());
+            texts += say(place.left(), row->view()->width() - place.right() - 1, place.top());
+        }
+        return texts.join(", ");
     }
 
     Descriptions m_files;
@@ -378,6 +384,9 @@ private Q_SLOTS:
         QCOMPARE(state(), "0 0 0+-");
         tabs->selectInspector(7);
         QVERIFY(!tabs->currentInspector() && tabs->commitEditing());
+        tabs->selectInspector(0);
+        find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
+        QVERIFY(tabs->commitEditing() && !m_root); // what is committed may end the inspector
     }
 
     void whatIsToldReachesEveryEditor()
@@ -429,7 +438,6 @@ private Q_SLOTS:
         };
         QCOMPARE(state(), "0 \"Guest\"+--");
         QCOMPARE(chooser->sliver()->label()->text(), "Role");
-        const int low = chooser->view()->sizeHint().height();
         const QString log = told([&] {
             for (auto &person : m_people)
                 person->setRole(Person::Member);
@@ -440,8 +448,8 @@ private Q_SLOTS:
         // Neither a value without a choice nor disagreement shows anything.
         m_people[0]->setRole(Person::Admin);
         QVERIFY2(state().startsWith("-1 ") && state().endsWith("\"---"), qPrintable(state()));
-        QVERIFY(chooser->view()->sizeHint().height() <= low);
         QVERIFY(!chooser->property()->multipleValuesMenuItem()->isHidden());
+        QVERIFY(chooser->view()->sizeHint().height() < 30);
         auto *several = new ZelMenuItem("Several");
         chooser->setMultipleValuesMenuItem(several);
         QVERIFY(chooser->multipleValuesMenuItem() == several && several->parent() == chooser);
@@ -463,13 +471,7 @@ private Q_SLOTS:
 
     void choicesStandForTextsAndKeys()
     {
-        const struct
-        {
-            QByteArray key;
-            QVariant first;
-            QByteArrayList values;
-            QVariant chosen;
-        } rows[] = {
+        const std::tuple<QByteArray, QVariant, QByteArrayList, QVariant> rows[] = {
             {"name", "beta", {"alpha", "beta", "007"}, "007"},
             {"role", QVariant::fromValue(Person::Admin), {"Guest", "Admin", "1"}, QVariant::fromValue(Person::Member)},
             {"flags", 16, {"0", "0x10", "2"}, 2},
@@ -480,16 +482,14 @@ private Q_SLOTS:
             QByteArray choices;
             for (int i = 0; i < 3; ++i)
                 choices += "<choice title='" + QByteArray("ABC").mid(i, 1) + "' value='" + values.at(i) + "'/>";
-            auto *chooser =
-                showIn<ZelInspectorChooser>("<chooser actionSelector='noteAction' keyPath='people.selection." + key +
-                                            "'>" + choices + "</chooser>");
+            const QByteArray attributes = "actionSelector='noteAction' keyPath='people.selection." + key + "'";
+            auto *chooser = showIn<ZelInspectorChooser>("<chooser " + attributes + ">" + choices + "</chooser>");
             ZelPopUpButton *button = chooser->property()->popUpButton();
             QCOMPARE(button->shownText(), "B");
             QCOMPARE(chooser->currentChoice(), chooser->choices().at(1));
             button->setFocus();
             QTest::keyClick(button, Qt::Key_C);
-            for (const auto &person : m_people)
-                QCOMPARE(person->property(key), chosen);
+            QVERIFY(m_people[0]->property(key) == chosen && m_people[1]->property(key) == chosen);
             settle();
             QCOMPARE(button->shownText(), "C");
             QCOMPARE(chooser->currentChoice(), chooser->choices().at(2));
@@ -506,19 +506,15 @@ private Q_SLOTS:
             "keyPath='people.selection.active'" +
             title + "</sliver><sliver><property type='action'" + title + "</sliver>");
         const QList<ZelInspectorSliver *> rows = all<ZelInspectorSliver>();
-        const auto margins = [&](qsizetype row) {
-            const QRect editor = inRow(rows.at(row), 0);
-            return say(editor.left(), rows.at(row)->view()->width() - editor.right() - 1);
-        };
-        QCOMPARE(margins(0) + margins(1), "82 54 5");
         const ZelLabel *label = rows.at(0)->label();
+        QCOMPARE(places(rows.at(0)) + " | " + places(rows.at(1)), "82 5 0 | 4 5 0");
         QCOMPARE(say(label->x(), label->width(), label->alignment().toInt()), "0 79 130"); // to the right, centred
         QVERIFY(rows.at(0)->baselineConstraint() && !rows.at(1)->label());
         QCOMPARE(rows.at(2)->view()->height(), 0);
         rows.at(1)->setFullWidth(false);
         rows.at(0)->setTitle({});
         settle();
-        QCOMPARE(margins(0) + margins(1), "82 582 5");
+        QCOMPARE(places(rows.at(1)), "82 5 0");
         QCOMPARE(rows.at(1)->label()->text(), "Full");
         QVERIFY(!rows.at(0)->label() && !rows.at(0)->baselineConstraint());
         for (const qsizetype cut : {3, 4}) // a long title is cut before it widens
@@ -529,16 +525,12 @@ private Q_SLOTS:
     {
         const QByteArray number = "<property type='number' title='N' keyPath='people.selection.height'/>";
         auto *row = showIn<ZelInspectorSliver>("<sliver>" + number.repeated(3) + "%</sliver>");
-        // The third is alone, beside an editor of another kind.
-        const QRect places[] = {inRow(row, 0), inRow(row, 1), inRow(row, 2), inRow(row, 3)};
-        QCOMPARE(say(places[0].left(), places[1].left() - places[0].right() - 1, 300 - places[1].right() - 1),
-                 "82 4 5");
-        QVERIFY(std::abs(places[0].width() - places[1].width()) <= 1);
-        QCOMPARE(say(places[2].left(), 300 - places[2].right() - 1), "82 5");
-        QCOMPARE(say(places[1].y(), places[2].y() - places[0].bottom(), places[3].y() - places[2].bottom()), "0 1 1");
+        // The third is alone, beside an editor of another kind. A line is 213 wide.
+        const int height = row->properties().first()->view()->height();
+        QCOMPARE(places(row), QString("82 113 0, 191 5 0, 82 5 %1, 82 5 %2").arg(height).arg(2 * height));
         m_window->setLayoutDirection(Qt::RightToLeft);
         settle();
-        QCOMPARE(inRow(row, 0).left(), inRow(row, 1).right() + 1 + 4);
+        QCOMPARE(places(row), QString("114 82 0, 5 190 0, 5 82 %1, 5 82 %2").arg(height).arg(2 * height));
     }
 
     void rowsFollowTheirProperties()
@@ -579,17 +571,11 @@ private Q_SLOTS:
     void allThatChangesIsAnnounced()
     {
         m_owner->extra = 1;
-        make("<panes><pane><inspector><slice><section title='S'><sliver title='R'><property type='number'/></sliver>"
+        make("<panes enabled='no'><pane><inspector><slice><section title='S'><sliver title='R'><property "
+             "type='number'/></sliver>"
              "<chooser keyPath='extra'><choice value='1'><sliver/></choice></chooser></section></slice></inspector>"
              "</pane></panes>");
-        struct Watched
-        {
-            QObject *object;
-            QMetaProperty property;
-            QVariant before;
-            std::unique_ptr<QSignalSpy> spy;
-        };
-        std::vector<Watched> watched;
+        std::vector<std::tuple<QObject *, QMetaProperty, QVariant, std::unique_ptr<QSignalSpy>>> watched;
         for (QObject *object : QObjectList{m_root.get()} + m_root->findChildren<QObject *>()) {
             const int count = qobject_cast<ZelInspectorContainer *>(object) ? object->metaObject()->propertyCount() : 0;
             for (int i = QObject::staticMetaObject.propertyCount(); i < count; ++i) {
@@ -597,11 +583,12 @@ private Q_SLOTS:
                 // Reading a view would make it, and images are not compared.
                 if (property.hasNotifySignal() && property.name() != QByteArray("view") &&
                     property.typeId() != QMetaType::QIcon)
-                    watched.push_back({object, property, property.read(object),
-                                       std::make_unique<QSignalSpy>(object, property.notifySignal())});
+                    watched.emplace_back(object, property, property.read(object),
+                                         std::make_unique<QSignalSpy>(object, property.notifySignal()));
             }
         }
         showInWindow();
+        QVERIFY(!static_cast<ZelTabbedInspector *>(m_root.get())->tabBar()->isEnabled());
         int made = 0;
         for (const auto &[object, property, before, spy] : watched) {
             if (property.read(object) == before || QByteArray(property.name()).startsWith("view"))
@@ -631,16 +618,6 @@ private Q_SLOTS:
             ++written;
         }
         QCOMPARE(written, 40);
-    }
-
-    void aCommitMayEndTheInspector()
-    {
-        auto *tabs = show<ZelTabbedInspector>("<panes enabled='no'>" + pane("<sliver>%</sliver>") + pane("<sliver/>") +
-                                              "</panes>");
-        QVERIFY(!tabs->tabBar()->isEnabled());
-        find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
-        QVERIFY(tabs->commitEditing());
-        QVERIFY(!m_root);
     }
 
     void whoeverListensMayDeleteAnything()

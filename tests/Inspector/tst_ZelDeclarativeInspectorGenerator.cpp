@@ -331,12 +331,7 @@ private Q_SLOTS:
     {
         m_files.write("Wrong.xml", "\n <property type='number'/>");
         const char *wrong = "Expected inspector element: property";
-        const struct
-        {
-            QByteArray text;
-            const char *message;
-            const char *place;
-        } rows[] = {
+        const std::tuple<QByteArray, const char *, const char *> rows[] = {
             {"<panes/>", "No panes in the configuration", "1:1 panes"},
             {"<panes>\n <pane/></panes>", "No inspectors in the configuration", "2:2 pane"},
             {"<panes><pane>\n<inspector/></pane></panes>", "No slice in the configuration", "2:1 inspector"},

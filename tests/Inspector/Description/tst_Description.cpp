@@ -113,12 +113,8 @@ private Q_SLOTS:
         const QByteArray entities = nestedEntities();
         const char *noType = "A document type declaration is not allowed.";
         const char *noUtf8 = "The text is not encoded in UTF-8.";
-        const struct
-        {
-            QByteArray data;
-            const char *message; // what it contains
-            const char *place;
-        } documents[] = {
+        const std::tuple<QByteArray, const char *, const char *> documents[] = {
+            // what the message contains, its place
             {"", "The file is empty.", "1:1"},
             {"  \n ", "Premature end", "2:2"},
             {"<a>\n<b x='1'", "Premature end", "2:1"},
@@ -299,12 +295,7 @@ private Q_SLOTS:
             return !element.valueTransformerForAttributeNamed("v", ZelValueTransformerPtr(new Doubling));
         };
         const auto asKeyPath = [](const Configuration &element) { return element.keyPathValueNamed("v", "d") == u"d"; };
-        const struct
-        {
-            bool (*givesNoValue)(const Configuration &);
-            QByteArray text;
-            const char *message;
-        } rows[] = {
+        const std::tuple<bool (*)(const Configuration &), QByteArray, const char *> rows[] = {
             {asBits, "0xZZ", "Unabled to parse hex value: 0xZZ"},
             {asTransformer, "Tripling", "Missing value transformer for name Tripling"},
             {asKeyPath, QByteArray(4097, 'a'), "The key path has more than 4096 characters"},
