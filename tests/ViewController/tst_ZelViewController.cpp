@@ -16,11 +16,7 @@ class FakeEditor : public QWidget, public ZelEditor
     Q_INTERFACES(ZelEditor)
 public:
     using QWidget::QWidget;
-    bool commitEditing() override
-    {
-        ++commits;
-        return accepts;
-    }
+    bool commitEditing() override { return ++commits, accepts; }
     void discardEditing() override { ++discards; }
 
     bool accepts = true;
@@ -48,7 +44,14 @@ QString usedMessage(const ZelViewController *controller)
 class tst_ZelViewController : public QObject
 {
     Q_OBJECT
+
+    QStringList takenLog() { return std::exchange(m_log, {}); }
+
+    QStringList m_log;
+
 private Q_SLOTS:
+    void init() { m_log.clear(); }
+
     void loadsWhenAskedAndUnloadsWithTheView()
     {
         LoggingController controller(&m_log, "c");
@@ -118,33 +121,15 @@ private Q_SLOTS:
         const QStringList controllerFirst{"outer-", "outer willUnload", "outer didUnload",
                                           "inner-", "inner willUnload", "inner didUnload"};
         const QStringList detached{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"};
-        using Way = std::function<void(QWidget * window, LoggingController * outer, ZelView * view)>;
-        const std::tuple<const char *, Way, QStringList> rows[] = {
-            {"view first", [](auto *, auto *, auto *view) { delete view; }, viewFirst},
-            {"window first", [](auto *window, auto *, auto *) { delete window; }, viewFirst},
-            {"window with the controller behind the view",
-             [](auto *window, auto *outer, auto *) {
-                 outer->setParent(window);
-                 delete window;
-             },
-             viewFirst},
-            {"window with the controller before the view",
-             [](auto *window, auto *outer, auto *view) {
-                 outer->setParent(window);
-                 view->raise();
-                 delete window;
-             },
-             controllerFirst},
-            {"controller first", [](auto *, auto *outer, auto *) { delete outer; }, controllerFirst},
-            {"controller of a view without parent",
-             [](auto *, auto *outer, auto *view) {
-                 view->removeFromSuperview();
-                 delete outer;
-             },
-             detached},
-        };
-        for (const auto &[name, way, log] : rows) {
-            const TableRow row(name);
+        // Who dies: the view, the window with the controller behind or before the view, and the controller.
+        for (const auto &[way, log] : {std::pair("view", viewFirst),
+                                       {"window", viewFirst},
+                                       {"behind", viewFirst},
+                                       {"before", controllerFirst},
+                                       {"controller", controllerFirst},
+                                       {"detached", detached}}) {
+            const TableRow row(way);
+            const QByteArray is(way);
             const Failures failures;
             const QPointer<QWidget> window = new QWidget;
             const QPointer<LoggingController> outer = new LoggingController(&m_log, "outer");
@@ -155,8 +140,16 @@ private Q_SLOTS:
             view->setParent(window);
             QVERIFY(outer->isViewInstalled() && inner->isViewInstalled());
             m_log.clear();
-            way(window, outer, view);
-            const bool staysUsed = name == QLatin1String("controller first"); // it stays with its parent
+            if (is == "behind" || is == "before")
+                outer->setParent(window);
+            if (is == "before")
+                view->raise();
+            else if (is == "detached")
+                view->removeFromSuperview();
+            delete (is == "view"                             ? view
+                    : is == "controller" || is == "detached" ? outer
+                                                             : static_cast<QObject *>(window));
+            const bool staysUsed = is == "controller"; // it stays with its parent
             QCOMPARE(!view.isNull(), staysUsed);
             if (staysUsed)
                 QVERIFY(view->isInstalled() && !view->viewController());
@@ -175,7 +168,6 @@ private Q_SLOTS:
         shown.addSubview(view);
         LoggingController controller(&m_log, "c");
         controller.makeView = [&] { return view; };
-        m_log.clear();
         controller.view();
         QCOMPARE(takenLog(), (QStringList{"c willLoad", "c load", "c didLoad", "c+"})); // not before it is loaded
         view->setViewController(nullptr);
@@ -185,7 +177,6 @@ private Q_SLOTS:
         // It takes part in the layout.
         LoggingController window(&m_log, "w");
         window.view()->resize(100, 100);
-        m_log.clear();
         window.view()->show();
         QVERIFY(m_log.contains("w updateConstraints") && m_log.contains("w layout"));
         m_log.clear();
@@ -214,11 +205,6 @@ private Q_SLOTS:
         QCOMPARE(std::tuple(first.commits, second.commits, first.discards, second.discards), std::tuple(2, 1, 1, 1));
         QCOMPARE(foreign.commits + foreign.discards, 0);
     }
-
-private:
-    QStringList takenLog() { return std::exchange(m_log, {}); }
-
-    QStringList m_log;
 };
 
 QTEST_MAIN(tst_ZelViewController)
