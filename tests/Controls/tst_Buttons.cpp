@@ -160,6 +160,7 @@ private Q_SLOTS:
             ZelTitleBarButton button(role, parent);
             QVERIFY(!(button.focusPolicy() & Qt::ClickFocus));
             QCOMPARE(button.accessibleName() == "Close", role == ZelTitleBarButton::Close);
+            QCOMPARE(button.sizeHint().width() - button.iconSize().width(), role == ZelTitleBarButton::Custom ? 6 : 4);
             button.click();
         };
         for (const bool isLarge : {true, false}) {
@@ -179,13 +180,11 @@ private Q_SLOTS:
 
     void checkBoxesShowValues()
     {
-        const std::pair<QVariant, Qt::CheckState> rows[] = {
-            {{}, Qt::Unchecked},
-            {QVariant::fromValue(ZelNoSelectionMarker), Qt::Unchecked},
-            {several(), Qt::PartiallyChecked},
-            {4, Qt::Checked},
-            {false, Qt::Unchecked},
-        };
+        const std::pair<QVariant, Qt::CheckState> rows[] = {{{}, Qt::Unchecked},
+                                                            {QVariant::fromValue(ZelNoSelectionMarker), Qt::Unchecked},
+                                                            {several(), Qt::PartiallyChecked},
+                                                            {4, Qt::Checked},
+                                                            {false, Qt::Unchecked}};
         for (const auto &[value, state] : rows) {
             ZelCheckBox box;
             const QSignalSpy edited(&box, &ZelCheckBox::valueEdited);

@@ -376,20 +376,19 @@ private Q_SLOTS:
             int steps;
             QVariant result, wrapped; // absent where nothing happens
         };
-        const Row rows[] = {
-            {0.2, 0, 1, 0.1, 1, 0.3, 0.3},  // without binary noise
-            {9.5, 0, 10, 1, 1, 10.0, 10.0}, // cut at the limit
-            {10, 0, 10, 1, 1, {}, 0.0},
-            {0, 0, 10, 1, -1, {}, 10.0},
-            {50, 0, 10, 1, 1, 10.0, 10.0}, // from outside of the limits
-            {several(), 5, 10, 1, 1, 5.0, 5.0},
-            {{}, -10, 10, 2, -1, -2.0, -2.0},
-            {g_largest, -g_largest, g_largest, g_largest, 1, {}, -g_largest},
-            {1, -g_infinity, g_infinity, 1, 1, 2.0, 2.0},
-            {1, 0, 10, 0, 1, {}, {}},
-            {1, 0, 10, std::nan(""), 1, {}, {}},
-            {1, 10, 0, 1, 1, {}, {}},
-        };
+        // Without binary noise; to the limit and not beyond, from wherever the value is.
+        const Row rows[] = {{0.2, 0, 1, 0.1, 1, 0.3, 0.3},
+                            {9.5, 0, 10, 1, 1, 10.0, 10.0},
+                            {10, 0, 10, 1, 1, {}, 0.0},
+                            {0, 0, 10, 1, -1, {}, 10.0},
+                            {50, 0, 10, 1, 1, 10.0, 10.0},
+                            {several(), 5, 10, 1, 1, 5.0, 5.0},
+                            {{}, -10, 10, 2, -1, -2.0, -2.0},
+                            {g_largest, -g_largest, g_largest, g_largest, 1, {}, -g_largest},
+                            {1, -g_infinity, g_infinity, 1, 1, 2.0, 2.0},
+                            {1, 0, 10, 0, 1, {}, {}},
+                            {1, 0, 10, std::nan(""), 1, {}, {}},
+                            {1, 10, 0, 1, 1, {}, {}}};
         for (const Row &row : rows) {
             for (const bool wraps : {false, true}) {
                 const QVariant expected = wraps ? row.wrapped : row.result;
