@@ -39,12 +39,9 @@ public:
         const quint32 kind = m_random.below(12);
         if (kind < 3) {
             finish(write(), {});
-        } else if (kind == 3) {
-            m_manager.undo();
-            m_index = std::max<qsizetype>(m_index - 1, 0);
-        } else if (kind == 4) {
-            m_manager.redo();
-            m_index = std::min(m_index + 1, most);
+        } else if (kind < 5) {
+            kind == 3 ? m_manager.undo() : m_manager.redo();
+            m_index = std::clamp<qsizetype>(m_index + (kind == 3 ? -1 : 1), 0, most);
         } else if (kind == 5) {
             m_index = qsizetype(m_random.below(quint32(most) + 1));
             m_manager.stack()->setIndex(int(m_index));
@@ -55,7 +52,7 @@ public:
         } else if (kind > 8) {
             group();
         }
-        QVERIFY((kind != 3 && kind != 4) || watch.count() <= 1);
+        QVERIFY(kind < 3 || kind > 4 || watch.count() <= 1); // a step tells once
         QCOMPARE(state(), m_states.at(m_index));
         QCOMPARE(m_manager.stack()->count(), int(m_states.size()) - 1);
         QCOMPARE(m_manager.stack()->index(), int(m_index));
@@ -84,9 +81,11 @@ private:
     {
         const char *paths[]{"name", "height", "flags", "frame.x", "frame.width", "silent", "friendOf.name"};
         const ZelKeyPath path(paths[m_random.below(7)]);
-        const QVariant value = path.string().endsWith("name") ? QVariant(QString::number(m_random.below(3)))
-                               : path == ZelKeyPath("flags")  ? QVariant(0.6 + m_random.below(3)) // is rounded
-                                                              : QVariant(m_random.below(3));
+        QVariant value = m_random.below(3);
+        if (path.string().endsWith("name"))
+            value = value.toString();
+        else if (path == ZelKeyPath("flags"))
+            value = 0.6 + value.toInt(); // is rounded
         const QList<QVariantList> before = state();
         const ZelRecordedWrite write(&m_manager);
         if (path.isSingleKey() && m_random.below(2))
@@ -209,10 +208,8 @@ private Q_SLOTS:
             const auto thrower =
                 connect(&office.ben, &Person::heightChanged, this, [] { throw std::runtime_error("observer"); });
             const auto change = [&] {
-                if (throughSelection)
-                    office.write.setValueForKeyPath(&controller, 5, "selection.height");
-                else
-                    office.write.mapValues(all, "height", [](auto &) { return 5; });
+                throughSelection ? office.write.setValueForKeyPath(&controller, 5, "selection.height")
+                                 : office.write.mapValues(all, "height", [](auto &) { return 5; });
             };
             QVERIFY_EXCEPTION_THROWN(change(), std::runtime_error);
             QCOMPARE(office.heights(), 555);
@@ -271,14 +268,12 @@ private Q_SLOTS:
         const Reports reports;
         const auto thrower =
             connect(&office.stack, &QUndoStack::indexChanged, this, [] { throw std::runtime_error("index"); });
+        const auto undo = [] { throw std::runtime_error("undo"); };
+        const auto redo = [&] { return ++redone == 1 ? throw std::runtime_error("redo") : void(); };
         {
             const ZelUndoGrouping grouping(&office.manager);
             office.setHeight(3);
-            office.manager.registerUndo([] { throw std::runtime_error("undo"); },
-                                        [&] {
-                                            if (++redone == 1)
-                                                throw std::runtime_error("redo");
-                                        });
+            office.manager.registerUndo(undo, redo);
             office.manager.setActionName("Step");
         }
         office.manager.undo();
