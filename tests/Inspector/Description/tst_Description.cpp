@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Reports.h"
-#include "Resources/ZelBundle.h"
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/Failures.h"
@@ -64,12 +63,6 @@ QString text(const ZelSourcePlace &place)
 {
     return QString("%1:%2:%3 %4").arg(place.file).arg(place.line).arg(place.column).arg(place.element);
 }
-
-class Doubling : public ZelAbstractValueTransformer
-{
-public:
-    QVariant transformedValue(const QVariant &value) const override { return value.toInt() * 2; }
-};
 
 } // namespace
 
@@ -215,7 +208,7 @@ private Q_SLOTS:
     {
         const Configuration root = parsed("<a V='1' empty=''/>");
         const ZelColor red(QColor(Qt::red));
-        const auto transformer = ZelValueTransformerPtr(new Doubling);
+        const auto transformer = ZelAbstractValueTransformer::valueTransformerForName(ZelNegateBooleanTransformerName);
         QVERIFY(!root.hasValueNamed("v") && root.hasValueNamed("V") && root.hasValueNamed("empty"));
         const auto plain = [&](const char *name) {
             return say(root.stringValueNamed(name, "d"), root.booleanValueNamed(name, true),
@@ -254,19 +247,6 @@ private Q_SLOTS:
         QCOMPARE(withValue("2.5x").doubleValueNamed("v", 7), 2.5);
     }
 
-    void namesAreLookedUp()
-    {
-        const auto transformer = ZelValueTransformerPtr(new Doubling);
-        ZelAbstractValueTransformer::setValueTransformer(transformer, "Doubling");
-        QCOMPARE(withValue("Doubling").valueTransformerForAttributeNamed("v"), transformer);
-        ZelBundle::mainBundle().setResourcePaths({m_directory.path()});
-        const QUrl fallback("qrc:/d");
-        QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), fallback); // what is missing counts as absent
-        const QUrl found = QUrl::fromLocalFile(write("Layout.xml", "<a/>"));
-        QCOMPARE(withValue("Layout.xml").urlValueNamed("v", fallback), found);
-        ZelBundle::mainBundle().setResourcePaths({});
-    }
-
     void colors()
     {
         const std::pair<const char *, ZelColor> rows[] = {
@@ -292,7 +272,8 @@ private Q_SLOTS:
         };
         const auto asBits = [](const Configuration &element) { return element.unsignedIntegerValueNamed("v", 7) == 7; };
         const auto asTransformer = [](const Configuration &element) {
-            return !element.valueTransformerForAttributeNamed("v", ZelValueTransformerPtr(new Doubling));
+            const auto any = ZelAbstractValueTransformer::valueTransformerForName(ZelNegateBooleanTransformerName);
+            return any && !element.valueTransformerForAttributeNamed("v", any);
         };
         const auto asKeyPath = [](const Configuration &element) { return element.keyPathValueNamed("v", "d") == u"d"; };
         const std::tuple<bool (*)(const Configuration &), QByteArray, const char *> rows[] = {
