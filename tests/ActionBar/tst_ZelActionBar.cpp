@@ -361,7 +361,6 @@ private Q_SLOTS:
         ZelActionBarItem *second = window.addItem();
         auto receiver = std::make_unique<Receiver>();
         second->setTarget(receiver.get());
-        second->setEnabled(true);
         delete first;
         QCOMPARE(window.bar->itemViews().size(), 1);
         receiver.reset();

@@ -6,7 +6,6 @@
 #include "ColorPopUpButton/private/ZelColorSwatch.h"
 #include "Controls/Menus/ZelMenuItem.h"
 #include "Controls/ZelColorPanel.h"
-#include "Controls/ZelPopover.h"
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Undo/ZelUndoManager.h"
@@ -215,25 +214,6 @@ private Q_SLOTS:
         }
         QCOMPARE(window.edits, 5);
         QVERIFY(!ZelColorPanel::sharedColorPanel()->isVisible());
-    }
-
-    void aUsedColourIsChosenInTheStrip()
-    {
-        Window window;
-        ZelPopover popover; // stays open when a menu in it is left
-        popover.setContentWidget(new QWidget(&window));
-        popover.showRelativeToRect({}, &window);
-        window.button->setParent(popover.contentWidget());
-        window.button->show();
-        list->usedColor(ZelColor(QColor(10, 20, 30)));
-        window.button->showMenu();
-        QVERIFY(openMenu());
-        auto *matrix = openMenu()->findChild<ZelColorMatrix *>();
-        QTest::mouseClick(matrix, Qt::LeftButton, {}, matrix->rectOfCell(0).center());
-        QVERIFY(!openMenu() && popover.isShown());
-        QCOMPARE(window.button->selectedColor(), color(QColor(10, 20, 30)));
-        QCOMPARE(window.edits, 1);
-        QCOMPARE(window.button->selectedItem(), window.button->cell()->currentMenuItem());
     }
 
     void buttonsMayDieOfAnyNotice()

@@ -89,20 +89,19 @@ private Q_SLOTS:
     {
         const std::tuple<int, int, int, QList<int>> rows[] = {
             {0, 1, 200, {0, 2}}, {2, 2, -200, {0, 2}}, {1, 2, 300, {0, 1}}, {1, 1, -300, {1, 2}}};
+        for (const auto &[collapsed, divider, distance, opened] : rows) {
+            const TableRow row(QStringLiteral("divider %1 by %2").arg(divider).arg(distance));
+            Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
+            activate(split.splitter.get());
+            split.setCollapsed(collapsed, true);
+            drag(split, divider, distance);
+            for (int i = 0; i < 3; ++i)
+                QCOMPARE(split.isCollapsed(i), !opened.contains(i));
+            const int first = split.lengths()[opened[0]];
+            QCOMPARE(split.starts(), QList<int>({0, first + split.splitter->handleWidth()}));
+            QCOMPARE(split.starts()[1] + split.lengths()[opened[1]], split.length());
+        }
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            for (const auto &[collapsed, divider, distance, opened] : rows) {
-                const TableRow row(QStringLiteral("divider %1 by %2").arg(divider).arg(distance));
-                Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
-                split.splitter->setLayoutDirection(direction);
-                activate(split.splitter.get());
-                split.setCollapsed(collapsed, true);
-                drag(split, divider, distance);
-                for (int i = 0; i < 3; ++i)
-                    QCOMPARE(split.isCollapsed(i), !opened.contains(i));
-                const int first = split.lengths()[opened[0]];
-                QCOMPARE(split.starts(), QList<int>({0, first + split.splitter->handleWidth()}));
-                QCOMPARE(split.starts()[1] + split.lengths()[opened[1]], split.length());
-            }
             Split overflowing({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
             overflowing.splitter->setLayoutDirection(direction);
             activate(overflowing.splitter.get());
@@ -141,12 +140,21 @@ private Q_SLOTS:
     }
     void anyoneMayDieDuringADrag()
     {
-        for (const char who : {'s', 'd', 'i', 'p', 'o'}) {
+        struct Pane : QWidget
+        {
+            std::function<void()> resized = [] {};
+            void resizeEvent(QResizeEvent *) override { resized(); }
+        };
+        for (const char who : {'s', 'd', 'i', 'p', 'o', 'r'}) {
             for (const bool isOpaque : {true, false}) {
                 const TableRow row{QString(QLatin1Char(who))};
                 Split split({{40, 160}, {50, 240}, {50, 1000}}, {100, 200, 100});
                 split.splitter->setOpaqueResize(isOpaque);
+                auto *pane = new Pane;
+                delete split.splitter->replaceWidget(0, pane);
                 activate(split.splitter.get());
+                if (who == 'r') // while the pane is resized
+                    pane->resized = [&] { split.delegate.reset(); };
                 drag(split, 1, 20, false);
                 if (who == 's')
                     split.splitter.reset();
@@ -154,7 +162,7 @@ private Q_SLOTS:
                     split.delegate.reset();
                 else if (who == 'i')
                     qDeleteAll(split.delegate->items());
-                else
+                else if (who != 'r')
                     delete split.splitter->widget(who == 'p' ? 0 : 2);
                 QCoreApplication::sendPostedEvents();
                 if (!split.splitter)
@@ -162,23 +170,9 @@ private Q_SLOTS:
                 QSplitterHandle *handle = split.splitter->handle(1);
                 QTest::mouseMove(handle, QPoint(15, 5));
                 QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(15, 5));
-                QVERIFY(split.splitter->widget(0)->width() >= (who == 'd' || who == 'i' ? 0 : 40));
+                QVERIFY(split.splitter->widget(0)->width() >= (who == 'p' || who == 'o' ? 40 : 0));
+                QCOMPARE(split.delegate == nullptr, who == 'd' || who == 'r');
             }
-        }
-        struct Pane : QWidget
-        {
-            std::function<void()> resized = [] {};
-            void resizeEvent(QResizeEvent *) override { resized(); }
-        };
-        for (const bool isCollapsed : {false, true}) { // a pane deletes the delegate
-            Split split({{40, 1000}, {50, 1000, 0, true}, {50, 1000}}, {100, 100, 100});
-            auto *pane = new Pane;
-            delete split.splitter->replaceWidget(0, pane);
-            activate(split.splitter.get());
-            split.setCollapsed(1, isCollapsed);
-            pane->resized = [&] { split.delegate.reset(); };
-            drag(split, isCollapsed ? 2 : 1, -20);
-            QVERIFY(!split.delegate);
         }
     }
     void dividersFollowLevelAndWindow()
