@@ -27,7 +27,6 @@ class Derived : public Base
 {
     Q_OBJECT
 };
-
 class Sibling : public Base
 {
     Q_OBJECT

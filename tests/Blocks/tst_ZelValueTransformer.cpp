@@ -13,8 +13,6 @@
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
 
-#include <QPointF>
-#include <QSet>
 #include <thread>
 
 class Crowd : public QObject

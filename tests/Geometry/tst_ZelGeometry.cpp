@@ -120,21 +120,17 @@ private Q_SLOTS:
 
     void anglesAreMeasured()
     {
-        const auto check = [](const QPointF &direction, int eighths) {
+        const std::pair<QPointF, int> eighths[] = {{{2, 0}, 0},  {{2, 2}, 1},  {{0, 1}, 2},
+                                                   {{-1, 0}, 4}, {{0, -3}, 6}, {{1, -1}, 7}};
+        for (const auto &[direction, eighth] : eighths) {
             const TableRow row(text(direction));
+            const double angle = eighth * Quarter / 2;
             const QPointF center(10, -20);
-            QVERIFY(near(CGPointGetAngle(direction), eighths * Quarter / 2));
+            QVERIFY(near(CGPointGetAngle(direction), angle));
+            QVERIFY(near(CGPointDistanceToPoint(CGPointAngle(angle), CGPointNormalize(direction)), 0));
             // On a clock it is a quarter further.
-            QVERIFY(near(CGAngleWithPointAndCenter(center + direction, center), (eighths + 2) % 8 * Quarter / 2));
-            const QPointF unit = CGPointAngle(eighths * Quarter / 2);
-            QVERIFY(near(CGPointDistanceToPoint(unit, CGPointNormalize(direction)), 0));
-        };
-        check({2, 0}, 0);
-        check({2, 2}, 1);
-        check({0, 1}, 2);
-        check({-1, 0}, 4);
-        check({0, -3}, 6);
-        check({1, -1}, 7);
+            QVERIFY(near(CGAngleWithPointAndCenter(center + direction, center), (eighth + 2) % 8 * Quarter / 2));
+        }
         QVERIFY(near(CGPointDiffAngle(0, {5, 5}, {5, 9}), Quarter));
         QVERIFY(near(CGPointDiffAngle(9 * Quarter, {0, 0}, {1, -1}), -1.5 * Quarter)); // more than a turn
         QVERIFY(near(ZelDiffAngle(0.1, 6.2), -0.183185307179586));

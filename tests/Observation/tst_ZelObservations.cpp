@@ -86,18 +86,13 @@ class tst_ZelObservations : public QObject
     }
     QString seen() { return std::exchange(m_seen, {}).join(' '); }
     static void turn() { QCoreApplication::processEvents(); }
+    QString inTurn() { return turn(), seen(); }
     std::function<void()> log(const QString &text)
     {
         return [this, text] { m_seen << text; };
     }
     static void post(const QString &name) { ZelNotificationCenter::defaultCenter()->post(name); }
     static void checkpoint() { post(ZelDelayedInvocationCheckpointNotification); }
-    /// What came since it was last asked, and in a turn of the event loop.
-    QString inTurn()
-    {
-        turn();
-        return seen();
-    }
     static void ignoreNotCancelled(const QString &title, QString details)
     {
         details.replace("<Person>", "<Person: 0x[0-9a-f]+>");

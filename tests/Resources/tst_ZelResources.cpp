@@ -6,11 +6,8 @@
 #include "Resources/ZelNamedImages.h"
 
 #include <QDir>
-#include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 #include <QPalette>
-#include <QPixmap>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTranslator>
@@ -31,7 +28,6 @@ class ZelotPanel : public QObject
 {
     Q_OBJECT
 };
-
 class ZelPanel : public QObject
 {
     Q_OBJECT

@@ -171,11 +171,10 @@ private Q_SLOTS:
         QTextDocument document;
         QTextCursor cursor(&document);
         document.setHtml(
-            "<p align='right' style='margin-left:10px; margin-right:20px; margin-top:3px; margin-bottom:6px; "
-            "text-indent:-5px; line-height:150%'><b>bold</b></p><p><a href='https://example.org/' "
-            "style='color:#010203; "
-            "background:yellow; vertical-align:super; text-decoration:line-through'>link</a><img src=':/a.png' "
-            "width=12></p>");
+            "<p align='right' style='margin-left:10px; margin-right:20px; margin-top:3px; margin-bottom:6px;"
+            "text-indent:-5px; line-height:150%'><b>bold</b></p><p><a href='https://example.org/'"
+            "style='color:#010203; background:yellow; vertical-align:super; text-decoration:line-through'>"
+            "link</a><img src=':/a.png' width=12></p>");
         QTextBlockFormat block;
         block.setHeadingLevel(1);
         block.setTabPositions({{30, QTextOption::RightTab}});
@@ -282,6 +281,7 @@ private Q_SLOTS:
         const QString family = "DejaVu Sans";
         const QStringList faces = Manager::availableFacesOfFamily(family);
         QVERIFY2(faces.size() > 2, "The tests need this font.");
+        const auto look = [](const QFont &font) { return std::tuple(font.weight(), font.style(), font.stretch()); };
         // Every face, named or taken apart into weight, slant and width, leads back to its name.
         for (const QString &face : faces) {
             const QFont named = Manager::convertFontToFace(QFont(), family, face);
@@ -290,9 +290,8 @@ private Q_SLOTS:
             QFont apart = named;
             apart.setStyleName({});
             // Two faces may differ in their names only, as far as Qt can tell.
-            QFont found = Manager::convertFontToFace(apart, family, Manager::faceOf(apart));
-            found.setStyleName({});
-            QCOMPARE(found, apart);
+            const QFont found = Manager::convertFontToFace(QFont(), family, Manager::faceOf(apart));
+            QVERIFY(look(found) == look(named));
         }
         QCOMPARE(Manager::faceOf(QFont(family, 9, QFont::Bold, true)), "Bold Oblique");
         QVERIFY(Manager::availableFacesOfFamily("Nowhere").isEmpty());
