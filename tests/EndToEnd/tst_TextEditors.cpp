@@ -301,6 +301,8 @@ private Q_SLOTS:
         QCOMPARE(desk.editor->property("font"), QVariant(desk.text->font()));
         QCOMPARE(desk.value("font", 0, 3).value<QFont>().pointSize(), 20);
         QVERIFY(isMultiple(desk.value("font", 0, 4)));
+        desk.editor->fontDidChange(); // which of them?
+        QCOMPARE(desk.stack.count(), 0);
         QList<String::Range> ranges;
         desk.text->setSelectedRange({1, 7});
         desk.editor->enumerateAttributesForSelection(
@@ -340,25 +342,6 @@ private Q_SLOTS:
         desk.clickSegment(Editor::MoreSegment); // which changes nothing of that
         QVERIFY(isNone(desk.value("headIndent", 0, 0)));
         Desk::closePopups();
-    }
-
-    void aFontIsAppliedAsAWhole()
-    {
-        Desk desk(String("abc"));
-        QFont font("Serif", 18, QFont::Bold);
-        const auto apply = [&](qsizetype length) {
-            desk.text->setSelectedRange({0, length});
-            desk.editor->setProperty("font", font);
-            desk.editor->fontDidChange();
-            return desk.attributeAt(String::Font, 0).value<QFont>();
-        };
-        QCOMPARE(apply(2).pointSize(), 18);
-        QVERIFY(!desk.attributeAt(String::Font, 2).isValid());
-        desk.text->setSelectedRange({0, 3});
-        desk.editor->fontDidChange(); // several fonts
-        QCOMPARE(desk.stack.count(), 1);
-        font.setPixelSize(33);
-        QCOMPARE(apply(3).pixelSize(), 33);
     }
 
     void anInsertionPointTakesFormatsForWhatIsTypedNext()
