@@ -22,6 +22,14 @@
 
 namespace {
 
+void expect(bool condition, const char *text)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "not true: %s\n", text);
+    std::abort();
+}
+
 /// Faulty descriptions are no fault of the library: it goes on where it can, or ends what it does with an exception.
 class Handler : public ZelAssertionHandler
 {
@@ -36,50 +44,38 @@ public:
 
 class Reporter : public ZelExceptionReporter
 {
-public:
     void reportException(const QString &message, const ZelSourcePlace &) override
     {
-        if (message.isEmpty())
-            std::abort();
+        expect(!message.isEmpty(), "a report says why");
     }
 };
+
+#define FUZZ_VALUE(type, name, ...)                                                                                    \
+    Q_PROPERTY(type name MEMBER name NOTIFY changed)                                                                   \
+    type name{__VA_ARGS__};
 
 class Model : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(bool flag MEMBER flag NOTIFY changed)
-    Q_PROPERTY(double number MEMBER number NOTIFY changed)
-    Q_PROPERTY(QString text MEMBER text NOTIFY changed)
-    Q_PROPERTY(QColor color MEMBER color NOTIFY changed)
-    Q_PROPERTY(QDate date MEMBER date NOTIFY changed)
-    Q_PROPERTY(QFont font MEMBER font NOTIFY changed)
-    Q_PROPERTY(QSizeF size MEMBER size NOTIFY changed)
-    Q_PROPERTY(QRectF frame MEMBER frame NOTIFY changed)
-    Q_PROPERTY(QStringList list MEMBER list NOTIFY changed)
-    Q_PROPERTY(int fixed READ fixed CONSTANT)
+    Q_PROPERTY(int fixed MEMBER fixed CONSTANT)
 public:
-    bool flag = true;
-    double number = 2;
-    QString text = QStringLiteral("text");
-    QColor color = Qt::red;
-    QDate date{2000, 1, 1};
-    QFont font;
-    QSizeF size{1, 2};
-    QRectF frame{1, 2, 3, 4};
-    QStringList list{QStringLiteral("one"), QStringLiteral("two")};
-    int fixed() const { return 7; }
-Q_SIGNALS:
-    void changed();
+    FUZZ_VALUE(bool, flag, true)
+    FUZZ_VALUE(double, number, 2)
+    FUZZ_VALUE(QString, text, QStringLiteral("text"))
+    FUZZ_VALUE(QColor, color, Qt::red)
+    FUZZ_VALUE(QDate, date, 2000, 1, 1)
+    FUZZ_VALUE(QFont, font, )
+    FUZZ_VALUE(QSizeF, size, 1, 2)
+    FUZZ_VALUE(QRectF, frame, 1, 2, 3, 4)
+    FUZZ_VALUE(QStringList, list, QStringLiteral("one"), QStringLiteral("two"))
+    int fixed = 7;
+    Q_SIGNAL void changed();
 };
 
 class Owner : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(int a MEMBER a NOTIFY changed)
-    Q_PROPERTY(QVariant b MEMBER b NOTIFY changed)
     Q_PROPERTY(QObject *c READ controller CONSTANT)
-    Q_PROPERTY(QVariantList values MEMBER values NOTIFY changed)
-    Q_PROPERTY(QStringList names MEMBER names NOTIFY changed)
     Q_PROPERTY(QList<QAction *> menu READ menu CONSTANT)
 public:
     Owner()
@@ -87,15 +83,14 @@ public:
         m_second.number = 3;
         m_controller.setSelectedObjects({&m_first, &m_second});
     }
-    int a = 1;
-    QVariant b = QStringLiteral("text");
-    QVariantList values{1, 2};
-    QStringList names{QStringLiteral("one"), QStringLiteral("two")};
+    FUZZ_VALUE(int, a, 1)
+    FUZZ_VALUE(QVariant, b, QStringLiteral("text"))
+    FUZZ_VALUE(QVariantList, values, 1, 2)
+    FUZZ_VALUE(QStringList, names, QStringLiteral("one"), QStringLiteral("two"))
     QObject *controller() { return &m_controller; }
     QList<QAction *> menu() { return {&m_action}; }
     Q_INVOKABLE void act() { m_controller.setSelectedObjects({&m_first}); }
-Q_SIGNALS:
-    void changed();
+    Q_SIGNAL void changed();
 
 private:
     Model m_first;
@@ -103,14 +98,6 @@ private:
     ZelArrayController m_controller;
     QAction m_action{QStringLiteral("Act")};
 };
-
-void expect(bool condition, const char *text)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "not true: %s\n", text);
-    std::abort();
-}
 
 /// Writes the parts of the input, which are divided by a percent sign, as the files a.xml, b.xml and so on.
 void writeFiles(const QString &folder, const QByteArray &data)
@@ -123,43 +110,42 @@ void writeFiles(const QString &folder, const QByteArray &data)
     }
 }
 
-void click(QWidget *widget)
+void press(const QPointer<QWidget> &widget, int key, const QString &text = {})
 {
-    const QPoint at = widget->rect().center();
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton,
-                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
-        QApplication::sendEvent(widget, &event);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, {}, text);
+        if (widget)
+            QApplication::sendEvent(widget, &event);
     }
-}
-
-void press(QWidget *widget, int key, const QString &text = {})
-{
-    const QPointer<QWidget> alive(widget);
-    QKeyEvent down(QEvent::KeyPress, key, {}, text);
-    QApplication::sendEvent(widget, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, {}, text);
-    if (alive)
-        QApplication::sendEvent(widget, &up);
 }
 
 /// What a user does with a control that he does not know.
 void use(const QPointer<QWidget> &widget)
 {
-    click(widget);
-    if (QWidget *popup = QApplication::activePopupWidget()) {
-        press(popup, Qt::Key_Down);
-        if (QWidget *still = QApplication::activePopupWidget())
-            press(still, Qt::Key_Return);
+    const QPoint at = widget->rect().center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, widget ? widget->mapToGlobal(at) : at, Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
+        if (widget)
+            QApplication::sendEvent(widget, &event);
     }
+    for (const int key : {Qt::Key_Down, Qt::Key_Return})
+        press(QApplication::activePopupWidget(), key);
     while (QWidget *popup = QApplication::activePopupWidget())
         popup->close();
-    if (widget)
-        press(widget, Qt::Key_7, QStringLiteral("7"));
-    if (widget)
-        press(widget, Qt::Key_Return);
-    if (widget)
-        press(widget, Qt::Key_Up);
+    press(widget, Qt::Key_7, QStringLiteral("7"));
+    press(widget, Qt::Key_Return);
+    press(widget, Qt::Key_Up);
+}
+
+/// Does the work, which may raise an exception of the library.
+template<typename Work> void attempt(Work &&work)
+{
+    try {
+        work();
+    } catch (const ZelException &exception) {
+        expect(!exception.reason().isEmpty(), "an exception says why");
+    }
 }
 
 void edit(QWidget &window)
@@ -168,35 +154,26 @@ void edit(QWidget &window)
     for (QWidget *widget : window.findChildren<QWidget *>())
         if (widget->focusPolicy() != Qt::NoFocus && widget->isVisible() && controls.size() < 40)
             controls.append(widget);
-    for (const QPointer<QWidget> &control : controls) {
-        if (!control)
-            continue;
-        try {
-            use(control);
-        } catch (const ZelException &exception) {
-            expect(!exception.reason().isEmpty(), "an exception says why");
-        }
-    }
+    for (const QPointer<QWidget> &control : controls)
+        if (control)
+            attempt([&] { use(control); });
 }
 
-template<typename Class>
-void build(ZelDeclarativeInspectorGenerator &generator, Class *(ZelDeclarativeInspectorGenerator::*create)())
+void build(QObject *owner, const std::function<ZelViewController *()> &create)
 {
-    std::unique_ptr<Class> root;
+    std::unique_ptr<ZelViewController> root;
     QWidget window;
-    try {
-        root.reset((generator.*create)());
+    attempt([&] {
+        root.reset(create());
         if (!root)
             return;
-        for (const auto *container : root->template findChildren<ZelInspectorContainer *>())
-            expect(container->owner() == generator.owner(), "every container has the owner");
+        for (const auto *container : root->findChildren<ZelInspectorContainer *>())
+            expect(container->owner() == owner, "every container has the owner");
         window.resize(300, 600);
         (new QVBoxLayout(&window))->addWidget(root->view());
         window.show();
         QCoreApplication::processEvents();
-    } catch (const ZelException &exception) {
-        expect(!exception.reason().isEmpty(), "an exception says why");
-    }
+    });
     if (!root)
         return;
     edit(window);
@@ -215,10 +192,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     static char name[] = "fuzz";
     static char *arguments[] = {name, nullptr};
     // Never deleted: Qt's own statics, of which it has pointers, end before ours.
-    static const auto *application = new QApplication(count, arguments);
-    Q_UNUSED(application)
-    static const bool quiet = (QLoggingCategory::setFilterRules(QStringLiteral("*=false")), true);
-    Q_UNUSED(quiet)
+    [[maybe_unused]] static const auto *application = new QApplication(count, arguments);
+    [[maybe_unused]] static const bool quiet = (QLoggingCategory::setFilterRules(QStringLiteral("*=false")), true);
     static Handler handler;
     static Reporter reporter;
     static const QTemporaryDir folder;
@@ -233,9 +208,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
         ZelDeclarativeInspectorGenerator generator;
         generator.setOwner(&owner);
         generator.setUrl(QUrl::fromLocalFile(folder.filePath(QStringLiteral("a.xml"))));
-        build(generator, &ZelDeclarativeInspectorGenerator::createTabbedInspector);
-        build(generator, &ZelDeclarativeInspectorGenerator::createPane);
-        build(generator, &ZelDeclarativeInspectorGenerator::createSlice);
+        build(&owner, [&] { return generator.createTabbedInspector(); });
+        build(&owner, [&] { return generator.createPane(); });
+        build(&owner, [&] { return generator.createSlice(); });
     }
     return 0;
 }

@@ -3,25 +3,26 @@
 
 #include <QMetaProperty>
 
-Dynamic::Dynamic()
-{
-    const Sheet sheet;
-    for (const QByteArray &key : SheetKeys::all())
-        setProperty(key, sheet.property(key));
-}
+namespace {
 
-const QList<QByteArray> &SheetKeys::all()
+const QList<QByteArray> &keys()
 {
-    static const QList<QByteArray> keys = [] {
+    static const QList<QByteArray> all = [] {
         QList<QByteArray> names;
         const QMetaObject &meta = Sheet::staticMetaObject;
-        for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-            if (qstrcmp(meta.property(i).name(), "part") != 0)
-                names.append(meta.property(i).name());
-        }
+        for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
+            names.append(meta.property(i).name());
+        names.removeOne("part");
         return names;
     }();
-    return keys;
+    return all;
+}
+
+} // namespace
+
+const QByteArray &SheetKeys::key(quint32 number)
+{
+    return keys().at(int(number % quint32(keys().size())));
 }
 
 QVariant SheetKeys::value(const QByteArray &key, quint32 number)
@@ -63,20 +64,12 @@ QVariant SheetKeys::value(const QByteArray &key, quint32 number)
 
 QObject *SheetKeys::create(quint32 number)
 {
-    QObject *object = nullptr;
-    switch (number % 8) {
-    case 0:
-        object = new Dynamic;
-        break;
-    case 1:
+    if (number % 8 == 1)
         return new Locked;
-    case 2:
-    case 3:
-        object = new Quiet;
-        break;
-    default:
-        object = new Sheet;
-    }
+    QObject *object = number % 8 > 3 ? new Sheet : number % 8 ? static_cast<QObject *>(new Quiet) : new QObject;
+    const Sheet model;
+    for (qsizetype i = 0; number % 8 == 0 && i < keys().size(); ++i)
+        object->setProperty(keys().at(i), model.property(keys().at(i)));
     object->setProperty("part", QVariant::fromValue<QObject *>(new Part(object)));
     return object;
 }

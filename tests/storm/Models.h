@@ -1,92 +1,98 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Faults.h"
+#include "Core/Selection/ZelArrayController.h"
 #include "Text/ZelAttributedString.h"
 
+#include <QAction>
 #include <QColor>
 #include <QDate>
 #include <QFont>
-#include <QObject>
-#include <QPointF>
 #include <QRectF>
-#include <QSizeF>
+#include <QVariant>
+#include <functional>
+#include <memory>
+#include <stdexcept>
 
-/// What the objects of an application hold.
+/// What the storm's own observers, setters, transformers and actions throw while they are told to.
+struct Fault : std::runtime_error
+{
+    using runtime_error::runtime_error;
+    enum Source { Observer = 1, Setter = 2, Transformer = 4, Action = 8 };
+    inline static unsigned armed = 0; ///< the sources that throw
+    inline static int thrown = 0;
+    static void at(Source source)
+    {
+        if (!(armed & source))
+            return;
+        ++thrown;
+        throw Fault("injected fault");
+    }
+};
+
+/// A value of an object that tells of its changes by one signal for all.
+#define STORM_VALUE(type, name, ...)                                                                                   \
+    Q_PROPERTY(type name MEMBER name NOTIFY changed)                                                                   \
+    type name{__VA_ARGS__};
+
+/// What the objects of an application hold besides a number: type, name and first value.
+#define STORM_VALUES(VALUE)                                                                                            \
+    VALUE(QString, text, QStringLiteral("one"))                                                                        \
+    VALUE(QVariant, note, )                                                                                            \
+    VALUE(double, ratio, 0.5)                                                                                          \
+    VALUE(QVariant, optional, 3.0)                                                                                     \
+    VALUE(int, count, 4)                                                                                               \
+    VALUE(short, small, 5)                                                                                             \
+    VALUE(bool, flag, false)                                                                                           \
+    VALUE(int, bits, 0x11)                                                                                             \
+    VALUE(int, kind, 0)                                                                                                \
+    VALUE(int, sort, 1)                                                                                                \
+    VALUE(int, choice, 10)                                                                                             \
+    VALUE(uint, image, 0x10)                                                                                           \
+    VALUE(QColor, fill, Qt::red)                                                                                       \
+    VALUE(QDate, day, 2024, 5, 6)                                                                                      \
+    VALUE(QDateTime, moment, QDate(2024, 5, 6), QTime(7, 8), Qt::UTC)                                                  \
+    VALUE(QFont, font, QStringLiteral("DejaVu Sans"), 9)                                                               \
+    VALUE(QString, pattern, QStringLiteral("Dots"))                                                                    \
+    VALUE(QSizeF, size, 30, 40)                                                                                        \
+    VALUE(QRectF, frame, 10, 20, 100, 50)                                                                              \
+    VALUE(QStringList, tags, QStringLiteral("a"), QStringLiteral("b"))                                                 \
+    VALUE(ZelAttributedString, rich, QStringLiteral("one\ntwo"))                                                       \
+    VALUE(QObject *, part, nullptr)
+
 struct SheetValues
 {
-    QString text = QStringLiteral("one");
-    QVariant note;
     double number = 12;
-    double ratio = 0.5;
-    QVariant optional = 3.0;
-    int count = 4;
-    short small = 5;
-    bool flag = false;
-    int bits = 0x11;
-    int kind = 0;
-    int sort = 1;
-    int choice = 10;
-    uint image = 0x10;
-    QColor fill = Qt::red;
-    QDate day{2024, 5, 6};
-    QDateTime moment{QDate(2024, 5, 6), QTime(7, 8), Qt::UTC};
-    QFont font{QStringLiteral("DejaVu Sans"), 9};
-    QString pattern = QStringLiteral("Dots");
-    QSizeF size{30, 40};
-    QRectF frame{10, 20, 100, 50};
-    QStringList tags{QStringLiteral("a"), QStringLiteral("b")};
-    ZelAttributedString rich{QStringLiteral("one\ntwo")};
-    QObject *part = nullptr;
+#define STORM_MEMBER(type, name, ...) type name{__VA_ARGS__};
+    STORM_VALUES(STORM_MEMBER)
 };
 
 /// An object that another one consists of.
 class Part : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString label MEMBER label NOTIFY labelChanged)
     Q_PROPERTY(double amount MEMBER amount)
 public:
-    explicit Part(QObject *parent)
-        : QObject(parent)
-    {
-    }
-    QString label = QStringLiteral("part");
+    using QObject::QObject;
+    STORM_VALUE(QString, label, QStringLiteral("part"))
     double amount = 1;
-
-Q_SIGNALS:
-    void labelChanged();
+    Q_SIGNAL void changed();
 };
 
 /// Every property tells of its changes.
 class Sheet : public QObject, public SheetValues
 {
     Q_OBJECT
-    Q_PROPERTY(QString text MEMBER text NOTIFY textChanged)
-    Q_PROPERTY(QVariant note MEMBER note NOTIFY noteChanged)
     Q_PROPERTY(double number READ getNumber WRITE setNumber NOTIFY numberChanged)
-    Q_PROPERTY(double ratio MEMBER ratio NOTIFY ratioChanged)
-    Q_PROPERTY(QVariant optional MEMBER optional NOTIFY optionalChanged)
-    Q_PROPERTY(int count MEMBER count NOTIFY countChanged)
-    Q_PROPERTY(short small MEMBER small NOTIFY smallChanged)
-    Q_PROPERTY(bool flag MEMBER flag NOTIFY flagChanged)
-    Q_PROPERTY(int bits MEMBER bits NOTIFY bitsChanged)
-    Q_PROPERTY(int kind MEMBER kind NOTIFY kindChanged)
-    Q_PROPERTY(int sort MEMBER sort NOTIFY sortChanged)
-    Q_PROPERTY(int choice MEMBER choice NOTIFY choiceChanged)
-    Q_PROPERTY(uint image MEMBER image NOTIFY imageChanged)
-    Q_PROPERTY(QColor fill MEMBER fill NOTIFY fillChanged)
-    Q_PROPERTY(QDate day MEMBER day NOTIFY dayChanged)
-    Q_PROPERTY(QDateTime moment MEMBER moment NOTIFY momentChanged)
-    Q_PROPERTY(QFont font MEMBER font NOTIFY fontChanged)
-    Q_PROPERTY(QString pattern MEMBER pattern NOTIFY patternChanged)
-    Q_PROPERTY(QSizeF size MEMBER size NOTIFY sizeChanged)
-    Q_PROPERTY(QRectF frame MEMBER frame NOTIFY frameChanged)
-    Q_PROPERTY(QStringList tags MEMBER tags NOTIFY tagsChanged)
-    Q_PROPERTY(ZelAttributedString rich MEMBER rich NOTIFY richChanged)
-    Q_PROPERTY(QObject *part MEMBER part NOTIFY partChanged)
+#define STORM_TELLING(type, name, ...)                                                                                 \
+    Q_PROPERTY(type name MEMBER name NOTIFY name##Changed)                                                             \
+    Q_SIGNAL void name##Changed();
+    STORM_VALUES(STORM_TELLING)
 public:
-    double getNumber() const { return number; }
+    double getNumber() const
+    {
+        return number;
+    }
     void setNumber(double value)
     {
         Fault::at(Fault::Setter);
@@ -95,75 +101,27 @@ public:
         number = value;
         Q_EMIT numberChanged();
     }
-
-Q_SIGNALS:
-    void textChanged();
-    void noteChanged();
-    void numberChanged();
-    void ratioChanged();
-    void optionalChanged();
-    void countChanged();
-    void smallChanged();
-    void flagChanged();
-    void bitsChanged();
-    void kindChanged();
-    void sortChanged();
-    void choiceChanged();
-    void imageChanged();
-    void fillChanged();
-    void dayChanged();
-    void momentChanged();
-    void fontChanged();
-    void patternChanged();
-    void sizeChanged();
-    void frameChanged();
-    void tagsChanged();
-    void richChanged();
-    void partChanged();
+    Q_SIGNAL void numberChanged();
 };
 
 /// No property tells of its changes.
 class Quiet : public QObject, public SheetValues
 {
     Q_OBJECT
-    Q_PROPERTY(QString text MEMBER text)
-    Q_PROPERTY(QVariant note MEMBER note)
     Q_PROPERTY(double number MEMBER number)
-    Q_PROPERTY(double ratio MEMBER ratio)
-    Q_PROPERTY(QVariant optional MEMBER optional)
-    Q_PROPERTY(int count MEMBER count)
-    Q_PROPERTY(short small MEMBER small)
-    Q_PROPERTY(bool flag MEMBER flag)
-    Q_PROPERTY(int bits MEMBER bits)
-    Q_PROPERTY(int kind MEMBER kind)
-    Q_PROPERTY(int sort MEMBER sort)
-    Q_PROPERTY(int choice MEMBER choice)
-    Q_PROPERTY(uint image MEMBER image)
-    Q_PROPERTY(QColor fill MEMBER fill)
-    Q_PROPERTY(QDate day MEMBER day)
-    Q_PROPERTY(QDateTime moment MEMBER moment)
-    Q_PROPERTY(QFont font MEMBER font)
-    Q_PROPERTY(QString pattern MEMBER pattern)
-    Q_PROPERTY(QSizeF size MEMBER size)
-    Q_PROPERTY(QRectF frame MEMBER frame)
-    Q_PROPERTY(QStringList tags MEMBER tags)
-    Q_PROPERTY(ZelAttributedString rich MEMBER rich)
-    Q_PROPERTY(QObject *part MEMBER part)
+#define STORM_SILENT(type, name, ...) Q_PROPERTY(type name MEMBER name)
+    STORM_VALUES(STORM_SILENT)
 };
 
-/// The base's part: one signal for all properties, which it also sends while it dies.
+/// The base's part: a signal that it also sends while it dies.
 class LockedBase : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(double number MEMBER number NOTIFY changed)
-    Q_PROPERTY(bool flag MEMBER flag NOTIFY changed)
 public:
     ~LockedBase() override { Q_EMIT changed(); }
-    double number = 12;
-    bool flag = false;
-
-Q_SIGNALS:
-    void changed();
+    STORM_VALUE(double, number, 12)
+    STORM_VALUE(bool, flag, false)
+    Q_SIGNAL void changed();
 };
 
 /// Some properties cannot be written, many are missing.
@@ -172,30 +130,71 @@ class Locked : public LockedBase
     Q_OBJECT
     Q_PROPERTY(QString text READ text CONSTANT)
     Q_PROPERTY(int count READ count NOTIFY changed)
-    Q_PROPERTY(QColor fill MEMBER fill NOTIFY changed)
-    Q_PROPERTY(int kind MEMBER kind NOTIFY changed)
 public:
     QString text() const { return QStringLiteral("one"); }
     int count() const { return int(number) + 1; }
-    QColor fill = Qt::red;
-    int kind = 0;
+    STORM_VALUE(QColor, fill, Qt::red)
+    STORM_VALUE(int, kind, 0)
 };
 
-/// Has nothing but dynamic properties.
-class Dynamic : public QObject
-{
-    Q_OBJECT
-public:
-    Dynamic();
-};
-
-/// The properties by name, and values for them.
+/// The properties of sheets by name, and values for them.
 class SheetKeys
 {
 public:
-    /// All but `part`.
-    static const QList<QByteArray> &all();
+    /// Any but `part`, chosen by a number.
+    static const QByteArray &key(quint32 number);
     /// A value that the property may have, chosen by a number.
     static QVariant value(const QByteArray &key, quint32 number);
+    /// A sheet, or an object that is none: quiet, locked or with dynamic properties only.
     static QObject *create(quint32 number);
+};
+
+/// A group of objects with a selection of its own.
+class Group : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *members READ members CONSTANT)
+public:
+    QObject *members() { return &controller; }
+    ZelArrayController controller;
+    STORM_VALUE(QString, name, QStringLiteral("group"))
+    Q_SIGNAL void changed();
+};
+
+/// What the inspector is an inspector of.
+class Owner : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *sheets READ sheets CONSTANT)
+    Q_PROPERTY(QObject *groups READ groups CONSTANT)
+    Q_PROPERTY(QList<QAction *> menuActions MEMBER menuActions CONSTANT)
+public:
+    Owner()
+    {
+        for (Group &group : groupList)
+            groupController.addObject(&group);
+    }
+    QObject *sheets() { return &controller; }
+    QObject *groups() { return &groupController; }
+    Q_INVOKABLE void act()
+    {
+        ++actions;
+        Fault::at(Fault::Action);
+        if (react)
+            react(actions);
+    }
+    std::array<Group, 2> groupList;
+    ZelArrayController controller;
+    ZelArrayController groupController;
+    STORM_VALUE(bool, unlocked, true)
+    STORM_VALUE(QString, heading, QStringLiteral("Heading"))
+    STORM_VALUE(double, limit, 50)
+    STORM_VALUE(QVariantList, values, 10, 20, 30)
+    STORM_VALUE(QVariantList, names, QStringLiteral("Dots"), QStringLiteral("Lines"), QStringLiteral("Waves"))
+    STORM_VALUE(QSizeF, standardSize, 5, 6)
+    QList<QAction *> menuActions{new QAction(QStringLiteral("First"), this),
+                                 new QAction(QStringLiteral("Second"), this)};
+    int actions = 0;
+    std::function<void(int)> react; ///< what the application does about an action, whose number it gets
+    Q_SIGNAL void changed();
 };

@@ -1,20 +1,54 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Owner.h"
-#include "Step.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "Models.h"
+#include "ViewController/ZelView.h"
 
 #include <QApplication>
 #include <QPointer>
 #include <QUndoStack>
 #include <QWidget>
 #include <deque>
-#include <memory>
 #include <unordered_set>
 
 class QLineEdit;
 class ZelInspectorProperty;
-class ZelTabbedInspector;
+
+/// One thing that is done to the window, and numbers that choose its objects and values. Any part of a list of steps is
+/// a list of steps: one that makes no sense at its place does nothing.
+struct Step
+{
+    QByteArray kind; ///< a name of Storm::kinds()
+    quint32 a = 0;
+    quint32 b = 0;
+    quint32 c = 0;
+    QByteArray toText() const;
+};
+using Steps = QList<Step>;
+
+/// What the process of a run tells the one that started it, in memory that both share: it is there after a crash.
+struct Progress
+{
+    static Progress &shared();
+    /// What the step that is under way does, for who reads of a failure.
+    static void setDetail(const QByteArray &text) { qstrncpy(shared().detail, text.constData(), sizeof detail); }
+    /// Something is wrong: the run ends after the step. Only the first one counts.
+    static void find(const QByteArray &text, const QString &newDetail = {});
+
+    int step = -1;      ///< the last one that was begun
+    int checks = 0;     ///< editors compared with the model
+    int roundTrips = 0; ///< commands undone and redone
+    int faults = 0;     ///< exceptions of the storm's own
+    char detail[512] = {};
+    char finding[2048] = {};
+};
+
+/// From the first call on, this thread's clocks stand still but for it: timers fire when it moves them on, however long
+/// the steps take, so that a run can be repeated.
+void advanceTime(int milliseconds);
+/// To the pop-up in front, or else to the window that has the focus.
+void pressKey(int key, Qt::KeyboardModifiers modifiers = {});
 
 /// An application with a window that has every editor, over objects of several classes, and all that may happen to it.
 ///
@@ -24,86 +58,43 @@ class ZelTabbedInspector;
 class Storm
 {
 public:
+    /// Undo brings back all that an edit does to the objects, but not what a change does.
+    enum Effect { Edit, Change };
+    using Perform = std::function<void(const Step &)>;
     struct Kind
     {
-        const char *name;
+        QByteArray name;
         int weight;
-        bool isEdit; ///< whether undo brings back all that the step changes
-        void (Storm::*perform)(const Step &);
+        Effect effect;
+        Perform perform;
     };
-    static const std::vector<Kind> &kinds();
+    const std::vector<Kind> &kinds() const { return m_kinds; }
+    /// Throws a std::runtime_error.
+    const Kind &kind(const QByteArray &name) const;
 
+    /// Knows the kinds of steps; everything else is made where it is run.
     Storm();
-    ~Storm();
-    /// False where something was found.
-    bool run(const Steps &steps);
-    inline static bool traces = false; ///< whether every step is written to the standard error stream
+    /// Stops where something was found.
+    void run(const Steps &steps);
+    bool traces = false; ///< whether every step is written to the standard error stream
 
 private:
-    // What the user does
-    void press(const Step &step);
-    void release(const Step &step);
-    void click(const Step &step);
-    void doubleClick(const Step &step);
-    void drag(const Step &step);
-    void hover(const Step &step);
-    void wheel(const Step &step);
-    void tablet(const Step &step);
-    void key(const Step &step);
-    void type(const Step &step);
-    void edit(const Step &step);
-    void closePopups(const Step &step);
-    void focus(const Step &step);
-    void activate(const Step &step);
+    void addUserSteps();
+    void addModelSteps();
+    void addUndoSteps();
+    void addWindowSteps();
+    void add(const QByteArray &name, int weight, Effect effect, const Perform &perform)
+    {
+        m_kinds.push_back({name, weight, effect, perform});
+    }
+    /// An edit that does something at a point of a visible widget.
+    void addGesture(const QByteArray &name, int weight, void (*perform)(QWidget *, const QPoint &, const Step &));
 
-    // What the application does to its objects
-    void select(const Step &step);
-    void selectInGroups(const Step &step);
-    void set(const Step &step);
-    void setMany(const Step &step);
-    void setPart(const Step &step);
-    void setOwner(const Step &step);
-    void kill(const Step &step);
-    void killPart(const Step &step);
-    void add(const Step &step);
-    void content(const Step &step);
-    void killOwner(const Step &step);
-    void watch(const Step &step);
-    void unwatch(const Step &step);
-    void arm(const Step &step);
-    void disarm(const Step &step);
-
-    // Undo
-    void undo(const Step &step);
-    void redo(const Step &step);
-    void command(const Step &step);
-    void baseline(const Step &step);
-    void roundTrip(const Step &step);
-
-    // Windows and inspectors
-    void tab(const Step &step);
-    void scroll(const Step &step);
-    void reparent(const Step &step);
-    void showOrHide(const Step &step);
-    void rekey(const Step &step);
-    void enable(const Step &step);
-    void rebuild(const Step &step);
-    void rebuildWindow(const Step &step);
-    void look(const Step &step);
-    void resize(const Step &step);
-    void paint(const Step &step);
-
-    // Time
-    void process(const Step &step);
-    void drain(const Step &step);
-    void wait(const Step &step);
-    void check(const Step &step);
-
-    // Shared
     void makeOwner();
     void reactToAction(int number);
     void makeWindow(bool ownStack);
     void makeInspector();
+    void removeWatcher(quint32 number);
     void clearWatchers();
     void calm();
     void settle();
@@ -117,17 +108,12 @@ private:
     QList<QVariantList> state() const;
     void noteBase(QObject *object);
     void compare(const QList<QVariantList> &expected, const QByteArray &when) const;
-    void setValue(QObject *object, const QByteArray &key, quint32 number);
     void checkEditors();
-    void checkChoosers();
     /// Calls the library as an application does, which catches what it throws itself.
-    template<typename Work> void asApplication(Work &&work);
+    static void asApplication(const std::function<void()> &work);
 
-    class Application;
-    class Reporter;
-    friend class Reporter;
-    std::unique_ptr<Application> m_application;
-    std::unique_ptr<Reporter> m_reporter;
+    std::vector<Kind> m_kinds;
+    std::unique_ptr<QApplication> m_application;
     std::unique_ptr<QUndoStack> m_stack; // the application's, where it has one
     std::unique_ptr<Owner> m_owner;
     std::unique_ptr<QWidget> m_window;

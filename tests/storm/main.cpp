@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Random edits, changes, deaths and events over a window with every editor; see README.md.
-#include "Run.h"
 #include "Storm.h"
+#include "Support/Random.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
+#include <QFile>
+#include <QRegularExpression>
 
 #include <sys/personality.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -26,47 +29,161 @@ void makeRepeatable(char *argv[])
     execv("/proc/self/exe", argv);
 }
 
-void print(const Outcome &outcome, const Steps &steps, bool withOutput)
+/// The steps of a seed, without those kinds.
+Steps generate(const Storm &storm, quint64 seed, int count, const QList<QByteArray> &left)
 {
-    std::printf("FOUND: %s\n  in step %d: %s\n  %s\n", outcome.what.constData(), outcome.step,
-                outcome.step < 0 ? "-" : steps.at(std::min(outcome.step, int(steps.size()) - 1)).toText().constData(),
-                outcome.detail.constData());
-    if (withOutput)
-        std::printf("%s\n", outcome.output.right(12000).constData());
+    Random random(seed);
+    Steps steps;
+    const auto add = [&](const QByteArray &kind) { steps.append({kind, random.next(), random.next(), random.next()}); };
+    while (steps.size() < count) {
+        // A phase leaves out some kinds altogether, so that the others meet more often.
+        const bool editsOnly = random.below(3) == 0;
+        QList<QByteArray> kinds;
+        for (const Storm::Kind &kind : storm.kinds()) {
+            if (random.below(4) != 0 && (!editsOnly || kind.effect == Storm::Edit) && !left.contains(kind.name))
+                kinds += QList<QByteArray>(kind.weight, kind.name);
+        }
+        const qsizetype end = steps.size() + 50 + random.below(250);
+        add("baseline");
+        while (!kinds.empty() && steps.size() < end)
+            add(kinds[random.below(quint32(kinds.size()))]);
+        add("check");
+        add("roundTrip");
+    }
+    steps.resize(count);
+    return steps;
 }
 
-struct Options
+/// One step a line: its name and its numbers. Lines that begin with # say nothing. Throws a std::runtime_error.
+Steps read(const Storm &storm, const QString &file)
 {
-    bool quiet = false;
-    bool shrinks = false;
+    QFile input(file);
+    if (!input.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read " + file.toStdString());
+    Steps steps;
+    while (!input.atEnd()) {
+        const QList<QByteArray> words = input.readLine().simplified().split(' ');
+        if (words.size() >= 4 && !words.first().startsWith('#'))
+            steps.append({storm.kind(words[0]).name, words[1].toUInt(), words[2].toUInt(), words[3].toUInt()});
+    }
+    return steps;
+}
+
+/// How the steps of a run ended.
+struct Outcome : Progress
+{
+    QByteArray what;   ///< what was found, if anything; runs that find the same thing have the same
+    QByteArray output; ///< what the process wrote
 };
 
+constexpr int g_patience = 60; // seconds without any progress after which a run counts as hanging
+
+/// Waits for the process, but no longer than it goes on. Answers its status; -1 where it was stuck.
+int waitFor(pid_t process)
+{
+    int last = -2;
+    int status = 0;
+    for (int idle = 0; waitpid(process, &status, WNOHANG) != process; ++idle) {
+        if (last != Progress::shared().step)
+            idle = 0;
+        last = Progress::shared().step;
+        if (idle > g_patience * 500) {
+            kill(process, SIGKILL);
+            waitpid(process, &status, 0);
+            return -1;
+        }
+        usleep(2000);
+    }
+    return status;
+}
+
+/// The line by which a crash is known again.
+QByteArray nameOfCrash(int status, const QByteArray &output)
+{
+    static const QRegularExpression telling(
+        QStringLiteral("^(SUMMARY: .*|.*runtime error: .*|terminate called .*|  what\\(\\): .*)$"),
+        QRegularExpression::MultilineOption);
+    static const QRegularExpression address(QStringLiteral("0x[0-9a-f]+"));
+    QString name = WIFSIGNALED(status) ? QStringLiteral("signal %1").arg(WTERMSIG(status)) : QStringLiteral("exit");
+    auto match = telling.globalMatch(QString::fromUtf8(output));
+    while (match.hasNext())
+        name += u", " + match.next().captured().remove(address);
+    return "crash: " + name.toUtf8();
+}
+
+/// Performs the steps in a process of its own.
+Outcome perform(Storm &storm, const Steps &steps)
+{
+    Progress::shared() = {};
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> output(std::tmpfile(), std::fclose);
+    std::fflush(nullptr);
+    const pid_t process = fork();
+    if (process == 0) {
+        dup2(fileno(output.get()), STDERR_FILENO);
+        storm.run(steps);
+        if (Progress::shared().finding[0])
+            _exit(1);
+        std::exit(0);
+    }
+    const int status = waitFor(process);
+    Outcome outcome{Progress::shared(), {}, {}};
+    QFile written;
+    if (written.open(output.get(), QIODevice::ReadOnly) && written.seek(0))
+        outcome.output = written.readAll();
+    if (status == -1)
+        outcome.what = "hang";
+    else if (outcome.finding[0])
+        outcome.what = outcome.finding;
+    else if (status != 0)
+        outcome.what = nameOfCrash(status, outcome.output);
+    return outcome;
+}
+
+/// Looks for a short part of the steps that still ends in the same way.
+Steps shrink(Storm &storm, const Steps &steps, const Outcome &outcome)
+{
+    Steps shortest = steps.mid(0, outcome.step + 1);
+    int runs = 0;
+    for (qsizetype size = shortest.size() / 2; size > 0 && runs < 600;) {
+        const qsizetype before = shortest.size();
+        for (qsizetype at = 0; at < shortest.size() && runs < 600; ++runs) {
+            Steps part = shortest;
+            part.remove(at, std::min(size, part.size() - at));
+            if (perform(storm, part).what == outcome.what)
+                shortest = part;
+            else
+                at += size;
+        }
+        if (size > 1)
+            size = (size + 1) / 2;
+        else if (shortest.size() == before)
+            size = 0; // single steps are tried until none can be left out
+    }
+    return shortest;
+}
+
 /// Answers whether nothing was found.
-bool run(const QByteArray &name, const Steps &steps, const Options &options)
+bool run(Storm &storm, const QByteArray &name, const Steps &steps, bool shrinks)
 {
     const auto begin = std::chrono::steady_clock::now();
-    const Outcome outcome = Run::of(steps);
+    const Outcome outcome = perform(storm, steps);
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-    if (!outcome.failed) {
-        if (!options.quiet)
-            std::printf("%s: %d steps, %d editors compared, %d commands undone and redone, %d faults, %.2f s\n",
-                        name.constData(), int(steps.size()), outcome.checks, outcome.roundTrips, outcome.faults,
-                        seconds.count());
-        if (Storm::traces)
-            std::printf("%s", outcome.output.constData());
-        std::fflush(stdout);
-        return true;
-    }
-    std::printf("%s: ", name.constData());
-    print(outcome, steps, !options.quiet);
+    if (outcome.what.isEmpty())
+        std::printf("%s: %d steps, %d editors compared, %d commands undone and redone, %d faults, %.2f s\n%s",
+                    name.constData(), int(steps.size()), outcome.checks, outcome.roundTrips, outcome.faults,
+                    seconds.count(), storm.traces ? outcome.output.constData() : "");
+    else
+        std::printf("%s: FOUND: %s\n  in step %d: %s\n  %s\n%s\n", name.constData(), outcome.what.constData(),
+                    outcome.step, steps.value(outcome.step, {"none"}).toText().constData(), outcome.detail,
+                    outcome.output.right(12000).constData());
     std::fflush(stdout);
-    if (options.shrinks) {
-        const Steps part = Run::shrink(steps, outcome);
+    if (!outcome.what.isEmpty() && shrinks) {
+        const Steps part = shrink(storm, steps, outcome);
         std::printf("# %s, %d steps are enough:\n", name.constData(), int(part.size()));
-        StepLists::write(part, stdout);
-        std::fflush(stdout);
+        for (const Step &step : part)
+            std::printf("%s\n", step.toText().constData());
     }
-    return false;
+    return outcome.what.isEmpty();
 }
 
 } // namespace
@@ -74,36 +191,31 @@ bool run(const QByteArray &name, const Steps &steps, const Options &options)
 int main(int argc, char *argv[])
 {
     makeRepeatable(argv);
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
     QCommandLineParser parser;
     parser.addOptions({{"seed", "The first seed", "N", "1"},
                        {"seeds", "How many seeds", "K", "1"},
                        {"steps", "How many steps of each", "M", "5000"},
                        {"steps-file", "Runs the steps of a file instead", "file"},
                        {"without", "Kinds of steps that are left out", "names"},
-                       {"patience", "Seconds after which a step hangs", "S", "60"},
                        {"shrink", "Looks for a short list of steps that fails in the same way"},
-                       {"trace", "Says what every step does"},
-                       {"quiet", "Only says what was found"}});
-    if (!parser.parse(arguments)) {
+                       {"trace", "Says what every step does"}});
+    if (!parser.parse({argv, argv + argc})) {
         std::fprintf(stderr, "%s\n%s", qPrintable(parser.errorText()), qPrintable(parser.helpText()));
         return 2;
     }
-    const Options options{parser.isSet("quiet"), parser.isSet("shrink")};
-    Storm::traces = parser.isSet("trace");
-    Run::patience = parser.value("patience").toInt();
+    Storm storm;
+    storm.traces = parser.isSet("trace");
+    const bool shrinks = parser.isSet("shrink");
     try {
         if (parser.isSet("steps-file"))
-            return run("steps", StepLists::read(parser.value("steps-file")), options) ? 0 : 1;
+            return run(storm, "steps", read(storm, parser.value("steps-file")), shrinks) ? 0 : 1;
         const QList<QByteArray> left = parser.value("without").toLatin1().split(',');
         const quint64 first = parser.value("seed").toULongLong();
         const quint64 count = parser.value("seeds").toULongLong();
         int failed = 0;
         for (quint64 seed = first; seed < first + count; ++seed) {
-            const Steps steps = StepLists::generate(seed, parser.value("steps").toInt(), left);
-            failed += !run("seed " + QByteArray::number(seed), steps, options);
+            const Steps steps = generate(storm, seed, parser.value("steps").toInt(), left);
+            failed += !run(storm, "seed " + QByteArray::number(seed), steps, shrinks);
         }
         std::printf("%d of %d seeds found something\n", failed, int(count));
         return failed > 0;
