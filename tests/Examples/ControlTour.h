@@ -78,9 +78,10 @@ private:
     {
         const char *className;
         Effect effect;
-        /// Where it is clicked, up to 1 as parts of its size and beyond in points; at one place after the other, until
-        /// there is an effect.
+        /// Where it is clicked, up to 1 as parts of its size and beyond in points, and the keys and texts that follow:
+        /// one after the other, until there is an effect.
         QList<QPointF> places;
+        QStringList keys;
         void (*change)(ControlTour &, QWidget *, int attempt) = nullptr; ///< instead
         int attempts = 1;
     };
@@ -98,22 +99,26 @@ private:
     {
         static const Kind kinds[] = {
             {"QAbstractScrollArea", Contains},
-            {"ZelTextField", Edits, {}, typeText, 4},
-            {"ZelGrowingTextField", Edits, {}, typeText, 2},
-            {"ZelComboBox", Edits, {}, typeText, 2},
-            {"ZelGrowingTextView", Edits, {}, typeParagraph},
+            {"ZelTextField",
+             Edits,
+             {{0.3, 0.5}},
+             {"Ctrl+A 37 Return", "Ctrl+A 3 Return", "Ctrl+A 0.3 Return",
+              "Ctrl+A 4711 Return"}}, // some one that it takes
+            {"ZelGrowingTextField", Edits, {{0.3, 0.5}}, {"Ctrl+A 37 Return", "Ctrl+A 3 Return"}},
+            {"ZelComboBox", Edits, {{0.3, 0.5}}, {"Ctrl+A 37 Return", "Ctrl+A 3 Return"}},
+            {"ZelGrowingTextView", Edits, {{0.5, 0.5}}, {"Ctrl+End more Ctrl+Return"}},
             {"ZelCheckBox", Edits, {{8, 0.5}}},
             {"ZelStepper", Edits, {{0.5, 0.25}, {0.5, 0.75}}},
-            {"ZelSlider", Edits, {}, dragSlider, 2},
-            {"ZelPopUpButton", Edits, {}, chooseItem, 4},
-            {"ZelSegmentedControl", Edits, {}, clickSegment},
-            {"ZelDatePicker", Edits, {}, stepDate, 2},
-            {"QTableView", Edits, {}, typeIntoCell},
+            {"ZelSlider", Edits, {}, {}, dragSlider, 2},
+            {"ZelPopUpButton", Edits, {}, {}, chooseItem, 4},
+            {"ZelSegmentedControl", Edits, {}, {}, clickSegment},
+            {"ZelDatePicker", Edits, {{8, 0.5}}, {"Up Return", "Down Return"}},
+            {"QTableView", Edits, {}, {}, typeIntoCell},
             {"SwatchRow", Edits, {{0.125, 0.5}, {0.625, 0.5}}},
             {"QWellArray", Edits, {{0.625, 0.5}, {0.875, 0.5}}}, // of the colour panel
             {"ZelHoverButton", Acts, {{0.5, 0.5}}},
             {"ZelPushButton", Acts, {{0.5, 0.5}}},
-            {"ZelExpandableHeader", Shows, {}, foldAndOpen},
+            {"ZelExpandableHeader", Shows, {}, {}, foldAndOpen},
             {"ZelOriginSelectionView", Shows, {{5, 5}, {0.9, 0.5}}},
         };
         for (const QMetaObject *metaObject = widget->metaObject(); metaObject; metaObject = metaObject->superClass()) {
@@ -239,7 +244,7 @@ private:
         if (control.widget->isEnabled() || !m_outer.widget)
             return;
         // What was chosen before may have made it meaningless, until the window is opened again.
-        press(Qt::Key_Escape);
+        press("Escape");
         change(m_outer, 0);
     }
 
@@ -256,7 +261,8 @@ private:
         const bool mustChange =
             edits && !isChosen && isEditable(control.widget) && !objectsOf(control.subject).isEmpty();
         QWidget *window = nullptr;
-        const int attempts = std::max(control.kind->attempts, int(control.kind->places.size()));
+        const Kind &kind = *control.kind;
+        const int attempts = std::max({kind.attempts, int(kind.places.size()), int(kind.keys.size())});
         for (int attempt = 0; attempt < attempts && control.widget; ++attempt) {
             change(control, attempt);
             if (!m_outer.widget)
@@ -292,7 +298,7 @@ private:
         m_outer = {};
         m_current = control.name;
         if (alive && alive->isVisible())
-            isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press(Qt::Key_Escape);
+            isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press("Escape");
         if (alive && alive->isVisible())
             fault("opened what does not close");
     }
@@ -407,16 +413,16 @@ private:
         const QWidget *popup = QApplication::activePopupWidget();
         return popup ? popup->windowHandle() : QGuiApplication::focusWindow();
     }
-    static void press(int key, Qt::KeyboardModifiers modifiers = {})
+    /// Presses keys, such as "Ctrl+A Return", and types what names none.
+    static void press(const QString &words)
     {
-        if (QWindow *window = keyWindow())
-            QTest::keyClick(window, Qt::Key(key), modifiers);
-        settle();
-    }
-    static void type(const char *text)
-    {
-        for (; *text && keyWindow(); ++text)
-            QTest::keyClick(keyWindow(), *text);
+        for (const QString &word : words.split(' ')) {
+            const QKeyCombination keys = QKeySequence(word)[0];
+            const bool isKey = word.size() > 1 && QKeySequence(word).count() == 1 && keys.key() != Qt::Key_unknown;
+            for (qsizetype i = 0; i < (isKey ? 1 : word.size()) && keyWindow(); ++i)
+                isKey ? QTest::keyClick(keyWindow(), keys.key(), keys.keyboardModifiers())
+                      : QTest::keyClick(keyWindow(), word[i].toLatin1());
+        }
         settle();
     }
     static QPoint firstCell(const QTableView *table)
@@ -454,8 +460,13 @@ private:
         if (control.kind->change)
             return control.kind->change(*this, control.widget, control.part + attempt);
         const auto at = [](double place, int length) { return int(place <= 1 ? place * length : place); };
-        const QPointF place = control.kind->places[attempt];
-        click(control.widget, {at(place.x(), control.widget->width()), at(place.y(), control.widget->height())});
+        QWidget *widget = control.widget;
+        const QPointF place = control.kind->places.value(attempt, control.kind->places.last());
+        click(widget, {at(place.x(), widget->width()), at(place.y(), widget->height())});
+        if (control.kind->keys.isEmpty())
+            return;
+        QString keys = control.kind->keys[attempt];
+        press(isEditable(widget) ? keys : keys.remove("Ctrl+A ")); // which else selects all shapes
     }
     static void clickSegment(ControlTour &tour, QWidget *widget, int segment)
     {
@@ -499,28 +510,12 @@ private:
                 others.append(place);
         }
         if (others.isEmpty())
-            return press(Qt::Key_Escape);
+            return press("Escape");
         const QPoint place = others[(others.size() / 2 + attempt) % others.size()].center();
         QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, place);
         settle();
         if (button->isMenuOpen())
-            press(Qt::Key_Escape);
-    }
-    static void typeText(ControlTour &tour, QWidget *widget, int attempt)
-    {
-        tour.click(widget, {widget->width() / 3, widget->height() / 2});
-        if (isEditable(widget)) // else the window selects all shapes
-            press(Qt::Key_A, Qt::ControlModifier);
-        const char *numbers[] = {"37", "3", "0.3", "4711"}; // some one that the field takes
-        type(numbers[attempt]);
-        press(Qt::Key_Return);
-    }
-    static void typeParagraph(ControlTour &tour, QWidget *widget, int)
-    {
-        tour.clickCentre(widget);
-        press(Qt::Key_End, Qt::ControlModifier);
-        type("more");
-        press(Qt::Key_Return, Qt::ControlModifier);
+            press("Escape");
     }
     static void typeIntoCell(ControlTour &tour, QWidget *widget, int)
     {
@@ -531,15 +526,7 @@ private:
         tour.click(table, place);
         QTest::mouseDClick(table->window()->windowHandle(), Qt::LeftButton, {}, table->mapTo(table->window(), place));
         settle();
-        press(Qt::Key_A, Qt::ControlModifier);
-        type("cell");
-        press(Qt::Key_Return);
-    }
-    static void stepDate(ControlTour &tour, QWidget *widget, int attempt)
-    {
-        tour.click(widget, {8, widget->height() / 2});
-        press(attempt == 0 ? Qt::Key_Up : Qt::Key_Down);
-        press(Qt::Key_Return);
+        press("Ctrl+A cell Return");
     }
 
     Program m_program;
