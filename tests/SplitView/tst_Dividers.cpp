@@ -164,6 +164,10 @@ private Q_SLOTS:
                     qDeleteAll(split.delegate->items());
                 else if (who != 'r')
                     delete split.splitter->widget(who == 'p' ? 0 : 2);
+                if (split.splitter)
+                    split.resize(split.length() + 10);
+                if (split.delegate)
+                    split.delegate->adjustSubviews();
                 QCoreApplication::sendPostedEvents();
                 if (!split.splitter)
                     continue;

@@ -292,31 +292,6 @@ private Q_SLOTS:
         split.resize(300);
         checkLayout(split, {{}, {}});
     }
-    void anyoneMayDieFirst()
-    {
-        for (const char *order : {"sdip", "isdp", "dsip", "pids", "psid", "dpsi"}) {
-            Split split({{10, 1000, 0, true}, {10, 1000, 1, true}}, {100, 100});
-            const QPointer<ZelPrioritySplitViewItem> first(split.delegate->items()[0]);
-            const QPointer<ZelPrioritySplitViewItem> second(split.delegate->items()[1]);
-            const QPointer<QWidget> pane(split.splitter->widget(0));
-            for (const char who : std::string_view(order)) {
-                if (who == 's')
-                    split.splitter.reset();
-                else if (who == 'd')
-                    split.delegate.reset();
-                else
-                    delete (who == 'i' ? static_cast<QObject *>(first) : pane);
-                if (split.splitter)
-                    split.resize(split.length() + 10);
-                if (split.delegate && second)
-                    second->setPriorityIndex(second->priorityIndex() + 1);
-                if (split.delegate)
-                    split.delegate->adjustSubviews();
-                QCoreApplication::sendPostedEvents();
-            }
-            QVERIFY(!split.splitter && !split.delegate && !pane && !first);
-        }
-    }
     void anArchiveKeepsEverything()
     {
         const QVariantMap expected{{"minLength", 12.5},

@@ -6,7 +6,6 @@
 
 #include <QComboBox>
 #include <QNativeGestureEvent>
-#include <QPainter>
 #include <QPointingDevice>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -15,18 +14,6 @@
 #include <QWindow>
 
 namespace {
-
-/// Draws lines a point wide, two points apart.
-struct Content : ZelView
-{
-    using ZelView::ZelView;
-    void drawRect(QPainter &painter, const QRect &dirtyRect) override
-    {
-        painter.fillRect(dirtyRect, Qt::white);
-        for (int x = 0; x < 200; x += 2)
-            painter.fillRect(QRectF(x, 0, 1, bounds().height()), Qt::black);
-    }
-};
 
 /// A magnified content in a shown scroll area of 300 x 200 points without a frame.
 struct Scene
@@ -77,7 +64,7 @@ struct Scene
     QPointer<QScrollBar> horizontal = area->horizontalScrollBar();
     QPointer<QScrollBar> vertical = area->verticalScrollBar();
     QPointer<ZelMagnificationView> view = new ZelMagnificationView;
-    QPointer<Content> content = new Content;
+    QPointer<ZelView> content = new ZelView;
 };
 
 double distance(const QPointF &a, const QPointF &b)
@@ -202,7 +189,7 @@ private Q_SLOTS:
     void fractionsOfAPointAreKept()
     {
         const Scene scene(QSizeF(301, 403));
-        auto *inner = new Content(QRectF(40.3, 50.2, 31.1, 17.7), scene.content);
+        auto *inner = new ZelView(QRectF(40.3, 50.2, 31.1, 17.7), scene.content);
         inner->show();
         for (const double factor : {1.1, 1.25, 1.333, 2.001, 3.9}) {
             scene.view->setMagnificationFactor(factor);
@@ -214,7 +201,7 @@ private Q_SLOTS:
             QCOMPARE(scene.content->frame(), QRectF(0, 0, 301, 403));
             // The last of them is shown.
             QVERIFY(QRectF(scene.area->viewport()->rect()).contains(scene.place(QPointF(301, 403))));
-            for (const Content *view : {scene.content.data(), inner}) {
+            for (const ZelView *view : {scene.content.data(), inner}) {
                 const QRectF drawn = view->boundsTransform().mapRect(view->bounds());
                 QVERIFY(QRectF(view->rect()).adjusted(-1e-6, -1e-6, 1e-6, 1e-6).contains(drawn));
             }
@@ -266,22 +253,6 @@ private Q_SLOTS:
         for (const auto &[sender, factor] : others) {
             view.selectMagnificationFactor(sender);
             QCOMPARE(view.magnificationFactor(), factor);
-        }
-    }
-
-    void staysSharp()
-    {
-        // The screen's points may be fine. A width of 101 is centred at half a point.
-        const std::tuple<double, double, int> rows[] = {{1, 1, 101}, {4, 1, 50}, {4, 1.5, 50}};
-        for (const auto &[factor, ratio, width] : rows) {
-            const Scene scene(QSizeF(width, 40));
-            scene.view->magnifyVisibleRectWithFactor(factor);
-            QImage image(scene.content->size() * ratio, QImage::Format_RGB32);
-            image.setDevicePixelRatio(ratio);
-            scene.content->render(&image);
-            const int line = qRound(factor * ratio);
-            for (int x = 0; x < width * line; ++x)
-                QCOMPARE(image.pixelColor(x, 20), QColor(x / line % 2 ? Qt::white : Qt::black));
         }
     }
 
