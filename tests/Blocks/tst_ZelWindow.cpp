@@ -55,8 +55,8 @@ private Q_SLOTS:
             const std::unique_ptr<QWidget> window(isOwn ? static_cast<QWidget *>(new QMainWindow) : new ZelWindow);
             auto *readout = new Readout(window.get());
             QUndoStack stack;
-            if (isOwn)
-                QCOMPARE(ZelWindow::attach(readout, &stack), ZelWindow::attach(window.get()));
+            auto *display = isOwn ? ZelWindow::attach(readout, &stack) : ZelWindowDisplay::of(readout);
+            QCOMPARE(ZelWindow::attach(window.get()), display); // which keeps the stack, too
             QCOMPARE(ZelUndoManager::forWidget(readout)->stack() == &stack, isOwn);
             readout->setText("first");
             show(window.get());
@@ -70,7 +70,6 @@ private Q_SLOTS:
                     g_log << (isOfWindow ? "window " : "invocations ") + notification.object->objectName();
                 },
                 &g_context);
-            ZelWindowDisplay *display = ZelWindowDisplay::of(readout);
             display->performBeforeDisplayUsingBlock([] { g_log << "block"; });
             readout->update();
             readout->setText("second"); // the invocation is due after the painting
