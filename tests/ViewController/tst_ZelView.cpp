@@ -64,7 +64,6 @@ private Q_SLOTS:
         const std::pair<Way, bool> ways[] = {
             {[](auto *view, auto *window, auto *) { (new QVBoxLayout(window))->addWidget(view); }, true},
             {[](auto *view, auto *, auto *) { view->show(); }, true},
-            {[](auto *view, auto *, auto *outer) { outer->addSubview(view); }, false},
             {[](auto *view, auto *window, auto *outer) {
                  view->setParent(new QWidget(outer)); // a plain widget within a bare view that comes in
                  outer->setParent(window);
