@@ -377,18 +377,14 @@ private Q_SLOTS:
             QVariant result, wrapped; // absent where nothing happens
         };
         // Without binary noise; to the limit and not beyond, from wherever the value is.
-        const Row rows[] = {{0.2, 0, 1, 0.1, 1, 0.3, 0.3},
-                            {9.5, 0, 10, 1, 1, 10.0, 10.0},
-                            {10, 0, 10, 1, 1, {}, 0.0},
-                            {0, 0, 10, 1, -1, {}, 10.0},
-                            {50, 0, 10, 1, 1, 10.0, 10.0},
-                            {several(), 5, 10, 1, 1, 5.0, 5.0},
-                            {{}, -10, 10, 2, -1, -2.0, -2.0},
-                            {g_largest, -g_largest, g_largest, g_largest, 1, {}, -g_largest},
-                            {1, -g_infinity, g_infinity, 1, 1, 2.0, 2.0},
-                            {1, 0, 10, 0, 1, {}, {}},
-                            {1, 0, 10, std::nan(""), 1, {}, {}},
-                            {1, 10, 0, 1, 1, {}, {}}};
+        const double max = g_largest;
+        const double inf = g_infinity;
+        const double nan = std::nan("");
+        const Row rows[] = {
+            {0.2, 0, 1, 0.1, 1, 0.3, 0.3},    {9.5, 0, 10, 1, 1, 10.0, 10.0},     {10, 0, 10, 1, 1, {}, 0.0},
+            {0, 0, 10, 1, -1, {}, 10.0},      {50, 0, 10, 1, 1, 10.0, 10.0},      {several(), 5, 10, 1, 1, 5.0, 5.0},
+            {{}, -10, 10, 2, -1, -2.0, -2.0}, {max, -max, max, max, 1, {}, -max}, {1, -inf, inf, 1, 1, 2.0, 2.0},
+            {1, 0, 10, 0, 1, {}, {}},         {1, 0, 10, nan, 1, {}, {}},         {1, 10, 0, 1, 1, {}, {}}};
         for (const Row &row : rows) {
             for (const bool wraps : {false, true}) {
                 const QVariant expected = wraps ? row.wrapped : row.result;
@@ -412,21 +408,19 @@ private Q_SLOTS:
             ControlPanel<ZelStepper> panel;
             panel.control->setLayoutDirection(direction);
             panel.control->setMaxValue(6);
-            panel.control->setObjectValue(5);
-            QTest::qWait(20);
-            const int drawn = TestStyle::drawn;
             panel.control->setObjectValue(4);
-            QTest::qWait(20);
-            QCOMPARE(TestStyle::drawn, drawn);
             pressOn(panel.control);
             QTest::mouseRelease(panel.control, Qt::LeftButton);
             QCOMPARE(panel.control->doubleValue(), 5.0);
             QTest::mouseClick(panel.control, Qt::LeftButton, {}, panel.control->rect().center() + QPoint(0, 5));
             QCOMPARE(panel.control->doubleValue(), 4.0);
             QTest::qWait(20);
-            const int drawnAgain = TestStyle::drawn;
+            const int drawn = TestStyle::drawn;
+            panel.control->setObjectValue(5); // looks the same
+            QTest::qWait(20);
+            QCOMPARE(TestStyle::drawn, drawn);
             panel.control->setObjectValue(6); // its upper arrow is disabled
-            QTRY_COMPARE(TestStyle::drawn, drawnAgain + 1);
+            QTRY_COMPARE(TestStyle::drawn, drawn + 1);
         }
     }
 };

@@ -122,37 +122,31 @@ private Q_SLOTS:
 
     void numbersAreShown()
     {
-        struct Row
-        {
-            QVariant value;
-            int minimum, maximum;
-            QString text;
-            const char *locale = "C";
-        };
         // Rounded half to even: that half which is typed, and not its binary.
-        const Row rows[] = {{2.1256, 0, 3, "2.126"},
-                            {0.125, 0, 2, "0.12"},
-                            {0.375, 0, 2, "0.38"},
-                            {1.015, 0, 2, "1.02"},
-                            {0.5, 0, 0, "0"},
-                            {0.50001, 0, 0, "1"},
-                            {999.9996, 0, 3, "1000"},
-                            {4e-9, 0, 3, "0"},
-                            {0.0007, 0, 3, "0.001"},
-                            {-0.0001, 0, 3, "0"},
-                            {2.5, 2, 3, "2.50"},
-                            {7, 1, 3, "7.0"},
-                            {1234567.0, 0, 3, "1234567", "en_US"},
-                            {-1.5, 0, 3, "-1,5", "de_DE"},
-                            {9007199254740993LL, 0, 3, "9007199254740993"},
-                            {~0ULL, 0, 3, "18446744073709551615"},
-                            {g_largest, 0, 3, "17976931348623157" + QString(292, '0')},
-                            {0.1F, 0, 3, "0.1"},
-                            {{}, 0, 3, ""},
-                            {"auto", 0, 3, "auto"},
-                            {std::nan(""), 0, 3, "NaN"}};
-        for (const Row &row : rows)
-            QCOMPARE(formatter(row.locale, row.minimum, row.maximum).stringForObjectValue(row.value), row.text);
+        const std::tuple<QVariant, int, int, QString> rows[] = {{2.1256, 0, 3, "2.126"},
+                                                                {0.125, 0, 2, "0.12"},
+                                                                {0.375, 0, 2, "0.38"},
+                                                                {1.015, 0, 2, "1.02"},
+                                                                {0.5, 0, 0, "0"},
+                                                                {0.50001, 0, 0, "1"},
+                                                                {999.9996, 0, 3, "1000"},
+                                                                {4e-9, 0, 3, "0"},
+                                                                {0.0007, 0, 3, "0.001"},
+                                                                {-0.0001, 0, 3, "0"},
+                                                                {2.5, 2, 3, "2.50"},
+                                                                {7, 1, 3, "7.0"},
+                                                                {0.1F, 0, 3, "0.1"},
+                                                                {{}, 0, 3, ""},
+                                                                {"auto", 0, 3, "auto"},
+                                                                {std::nan(""), 0, 3, "NaN"},
+                                                                {1234567.0, 0, 3, "1234567"},
+                                                                {~0ULL, 0, 3, "18446744073709551615"}};
+        for (const auto &[value, minimum, maximum, text] : rows)
+            QCOMPARE(formatter("C", minimum, maximum).stringForObjectValue(value), text);
+        QCOMPARE(formatter("C").stringForObjectValue(9007199254740993LL), "9007199254740993");
+        QCOMPARE(formatter("C").stringForObjectValue(g_largest), QString("17976931348623157" + QString(292, '0')));
+        QCOMPARE(formatter("en_US").stringForObjectValue(1234567.0), "1234567");
+        QCOMPARE(formatter("de_DE").stringForObjectValue(-1.5), "-1,5");
     }
 
     void numbersAreParsed()
