@@ -285,37 +285,33 @@ private Q_SLOTS:
             const Cells cells(kind);
             QVERIFY(cells.takesKey(Qt::Key_Right));
             const int cell = cells.group->currentCell();
-            QVERIFY(cells.takesKey(Qt::Key_Space));
-            QVERIFY(cells.group->isCellSelected(cell));
+            QVERIFY(cells.takesKey(Qt::Key_Space) && cells.group->isCellSelected(cell));
             QCOMPARE(cells.takesKey(Qt::Key_Return), isMenu);
             QCOMPARE(g_clicked, QList<int>(isMenu ? 2 : 1, cell));
+            if (isMenu)
+                continue;
+            cells.press(2);
+            cells.widget->setProperty("editable", false); // in the middle
+            cells.release(2);
+            QVERIFY(!cells.takesKey(Qt::Key_Right) && !cells.press(2) && g_clicked.size() == 1);
+            QVERIFY(cells.spoken->child(2)->state().disabled);
         }
     }
 
     void inAMenuTheCurrentCellIsThePointers()
     {
         const Cells cells(g_kinds[3]);
+        cells.moveTo(5);
+        QCOMPARE(cells.group->currentCell(), 5);
+        QVERIFY(cells.press(6, Qt::RightButton)); // the menu would choose
         const auto after = [&cells](QEvent &&event) {
             cells.sends(std::move(event));
             return cells.group->currentCell();
         };
-        cells.moveTo(5);
-        QCOMPARE(cells.group->currentCell(), 5);
-        QVERIFY(cells.press(6, Qt::RightButton)); // the menu would choose
         QCOMPARE(after(QEvent(QEvent::Leave)), -1);
         QCOMPARE(after(QFocusEvent(QEvent::FocusIn, Qt::MouseFocusReason)), -1);
         QCOMPARE(after(QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason)), 0);
         QCOMPARE(after(QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason)), -1);
-    }
-
-    void controlsThatAreNotEditablePassInputOn()
-    {
-        const Cells cells(g_kinds[1]);
-        cells.press(2);
-        cells.widget->setProperty("editable", false); // in the middle
-        cells.release(2);
-        QVERIFY(!cells.takesKey(Qt::Key_Right) && !cells.press(2) && g_clicked.isEmpty());
-        QVERIFY(cells.spoken->child(2)->state().disabled);
     }
 
     void assistiveTechnologySeesAndClicksCells()

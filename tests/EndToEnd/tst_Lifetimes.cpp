@@ -43,7 +43,7 @@ const std::pair<const char *, void (*)(const Sheet &)> g_makers[] = {
     {"a menu", [](const Sheet &window) { QVERIFY(Sheet::openMenu(window.findChild<ZelPopUpButton *>())); }},
     {"a color panel",
      [](const Sheet &window) {
-         Sheet::choose(window.editor<ZelInspectorColorProperty>("stroke")->popUpButton(), "Other...");
+         window.begin("stroke", "Other...");
          QVERIFY(Sheet::colorPanel());
      }},
     {"a font's size", typeSize},
@@ -165,12 +165,17 @@ private Q_SLOTS:
 
     void theSelectionChangesDuringADelivery()
     {
-        Sheet window(description());
-        window.select({0, 1});
-        connect(window.figures[0].get(), &Person::heightChanged, &window, [&] { window.select({2}); });
-        window.figures[0]->setHeight(5);
-        window.settle();
-        QCOMPARE(window.shown("height"), "0");
+        auto window = std::make_unique<Sheet>(description());
+        window->select({0, 1});
+        connect(window->figures[0].get(), &Person::heightChanged, window.get(), [&] { window->select({2}); });
+        window->figures[0]->setHeight(5);
+        window->settle();
+        QCOMPARE(window->shown("height"), "0");
+        const std::unique_ptr<EditorOwner> owner = std::move(window->owner);
+        QVERIFY(ZelIsObserved(owner.get(), "people"));
+        window.reset(); // which leaves nothing observed
+        for (const char *key : {"people", "unlocked", "names"})
+            QVERIFY2(!ZelIsObserved(owner.get(), key), key);
     }
 
     void hidingCommitsWhatEndsTheInspector()
@@ -191,20 +196,9 @@ private Q_SLOTS:
             if (window)
                 window.release()->deleteLater();
         });
-        Sheet::choose(window->editor<ZelInspectorColorProperty>("fill")->popUpButton(), "Blue");
+        window->begin("fill", "Blue");
         QTRY_VERIFY(!window);
         Sheet::settle();
-    }
-
-    void aDeletedWindowLeavesNothingObserved()
-    {
-        auto window = std::make_unique<Sheet>(description());
-        window->select({0});
-        const std::unique_ptr<EditorOwner> owner = std::move(window->owner);
-        QVERIFY(ZelIsObserved(owner.get(), "people"));
-        window.reset();
-        for (const char *key : {"people", "unlocked", "names"})
-            QVERIFY2(!ZelIsObserved(owner.get(), key), key);
     }
 };
 
