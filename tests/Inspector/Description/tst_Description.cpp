@@ -207,7 +207,7 @@ private Q_SLOTS:
     void absentAndEmptyAttributesDiffer()
     {
         const Configuration root = parsed("<a V='1' empty=''/>");
-        const ZelColor red(QColor(Qt::red));
+        const ZelColor red = QColor(Qt::red);
         const auto transformer = ZelAbstractValueTransformer::valueTransformerForName(ZelNegateBooleanTransformerName);
         QVERIFY(!root.hasValueNamed("v") && root.hasValueNamed("V") && root.hasValueNamed("empty"));
         const auto plain = [&](const char *name) {
