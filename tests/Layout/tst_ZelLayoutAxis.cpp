@@ -253,7 +253,7 @@ private Q_SLOTS:
     void allKindsAreSolvedAsByTheGeneralSolver()
     {
         for (const auto make : {&Dice::stack, &Dice::chain, &Dice::pinned, &Dice::tree}) {
-            for (unsigned seed = 0; seed < 1500 && !QTest::currentTestFailed(); ++seed) {
+            for (unsigned seed = 0; seed < 1000 && !QTest::currentTestFailed(); ++seed) {
                 Dice dice(seed);
                 const int count = 1 + dice.upTo(5);
                 const ZelAxisConstraints constraints = (dice.*make)(count);
