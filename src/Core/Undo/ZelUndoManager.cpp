@@ -7,6 +7,7 @@
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Undo/private/ZelUndoGroupCommand.h"
 
+#include <QThread>
 #include <QWidget>
 
 namespace {
@@ -70,9 +71,7 @@ void ZelUndoManager::finishGroup(std::unique_ptr<ZelUndoGroupCommand> group)
     if (ZelUndoGroupCommand *running = ZelUndoGroupCommand::running(m_stack)) {
         running->addMeanwhile(std::move(*group));
     } else if (ZelPassiveEdits::isActive() && foreignStepMayRun()) {
-        m_late.push_back(std::move(group));
-        connect(m_stack, &QUndoStack::indexChanged, this, &ZelUndoManager::pushLateGroups, Qt::UniqueConnection);
-        QMetaObject::invokeMethod(this, &ZelUndoManager::pushLateGroups, Qt::QueuedConnection);
+        pushLater(std::move(group));
     } else {
         pushLateGroups();
         if (m_stack)
@@ -81,8 +80,7 @@ void ZelUndoManager::finishGroup(std::unique_ptr<ZelUndoGroupCommand> group)
 }
 
 /// Whether the stack may be running one of the application's own commands. A stack does not tell, and breaks if
-/// something is pushed then. A group that a passive edit made therefore waits until such a step has certainly ended: it
-/// is pushed when the stack tells of its new index, at the latest in the next turn of the event loop.
+/// something is pushed then. A group that a passive edit made therefore waits until such a step has certainly ended.
 bool ZelUndoManager::foreignStepMayRun() const
 {
     const auto isForeign = [this](int index) {
@@ -90,6 +88,22 @@ bool ZelUndoManager::foreignStepMayRun() const
         return command && !dynamic_cast<const ZelUndoGroupCommand *>(command);
     };
     return m_stack && (isForeign(m_stack->index() - 1) || isForeign(m_stack->index()));
+}
+
+/// Pushes the group when the stack tells of its new index, at the latest when control is back in the event loop that
+/// runs now. A queued call would come too early if the command processes events itself; the deletion of an object waits
+/// until such nested processing has ended.
+void ZelUndoManager::pushLater(std::unique_ptr<ZelUndoGroupCommand> group)
+{
+    m_late.push_back(std::move(group));
+    connect(m_stack, &QUndoStack::indexChanged, this, &ZelUndoManager::pushLateGroups, Qt::UniqueConnection);
+    if (QThread::currentThread()->loopLevel() == 0) { // no object is deleted later then
+        QMetaObject::invokeMethod(this, &ZelUndoManager::pushLateGroups, Qt::QueuedConnection);
+        return;
+    }
+    auto *turn = new QObject(this);
+    connect(turn, &QObject::destroyed, this, [this] { ZelExceptionReporter::run(this, [this] { pushLateGroups(); }); });
+    turn->deleteLater();
 }
 
 void ZelUndoManager::pushLateGroups()

@@ -86,6 +86,7 @@ public:
 private:
     void finishGroup(std::unique_ptr<ZelUndoGroupCommand> group);
     bool foreignStepMayRun() const;
+    void pushLater(std::unique_ptr<ZelUndoGroupCommand> group);
     void pushLateGroups();
     void performStep(void (QUndoStack::*step)());
     void prepareStep();

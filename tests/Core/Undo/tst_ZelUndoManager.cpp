@@ -12,6 +12,8 @@
 #include "Support/Reports.h"
 
 #include <QTest>
+#include <QTestEventLoop>
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -331,16 +333,31 @@ private Q_SLOTS:
                 if (std::exchange(edits, true)) {
                     office.setHeight(3);
                     office.manager.nameEdit("Height");
+                    QCoreApplication::processEvents();
+                    countMeanwhile = office.stack.count();
                 }
             }
             Office &office;
+            int countMeanwhile = 0;
             bool edits = false;
         };
         Office office;
-        office.stack.push(new Foreign(office));
+        auto *foreign = new Foreign(office);
+        office.stack.push(foreign);
         office.stack.undo();
-        office.stack.redo();
-        QVERIFY(office.stack.count() == 2 && office.stack.index() == 2 && office.stack.undoText() == "Height");
+        QTestEventLoop loop;
+        QTimer::singleShot(0, &office.stack, [&] {
+            office.stack.redo();
+            QCOMPARE(foreign->countMeanwhile, 1);
+            QVERIFY(office.stack.count() == 2 && office.stack.index() == 2 && office.stack.undoText() == "Height");
+            office.stack.undo();
+            const ZelPassiveEdits passive; // no step is running now, which the manager cannot know
+            office.setHeight(4);
+            QCOMPARE(office.stack.index(), 1);
+            connect(&office.stack, &QUndoStack::indexChanged, &loop, &QTestEventLoop::exitLoop);
+        });
+        loop.enterLoopMSecs(5000);
+        QCOMPARE(office.stack.index(), 2);
         office.stack.undo();
         QCOMPARE(office.ada.height(), 0.0);
     }
