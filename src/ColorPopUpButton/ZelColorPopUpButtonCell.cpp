@@ -265,10 +265,12 @@ ZelMenuItem *ZelColorPopUpButtonCell::makeColorItem(int index)
     return item;
 }
 
-void ZelColorPopUpButtonCell::makeMenu()
+bool ZelColorPopUpButtonCell::makeMenu()
 {
+    const QPointer<ZelColorPopUpButtonCell> guard(this);
     if (!m_isMenuMade)
         updateMenu();
+    return guard;
 }
 
 void ZelColorPopUpButtonCell::updateMenu()
@@ -302,7 +304,8 @@ void ZelColorPopUpButtonCell::updateDefaultMenuItem()
 
 ZelMenuItem *ZelColorPopUpButtonCell::menuItemForColor(const QVariant &color)
 {
-    makeMenu();
+    if (!makeMenu())
+        return nullptr;
     if (isDefault(color))
         return m_defaultMenuItem;
     const int index = isPresentColor(color) ? indexOfColor(ZelColor::fromVariant(color)) : -1;
@@ -320,31 +323,27 @@ void ZelColorPopUpButtonCell::upateSelectedMenuItem()
     }
     m_currentMenuItem->setImage(swatch(m_selectedColor));
     m_currentMenuItem->setRepresentedObject(m_selectedColor);
-    m_button->selectItem(menuItemForColor(m_selectedColor));
+    m_button->selectItem(menuItemForColor(m_selectedColor)); // the menu is made: nobody dies before the item is known
 }
 
 ZelMenuItem *ZelColorPopUpButtonCell::defaultMenuItem()
 {
-    makeMenu();
-    return m_defaultMenuItem;
+    return makeMenu() ? m_defaultMenuItem : nullptr;
 }
 
 ZelMenuItem *ZelColorPopUpButtonCell::currentMenuItem()
 {
-    makeMenu();
-    return m_currentMenuItem;
+    return makeMenu() ? m_currentMenuItem : nullptr;
 }
 
 ZelColorMenuItem *ZelColorPopUpButtonCell::recentlyMenuItem()
 {
-    makeMenu();
-    return m_recentlyMenuItem;
+    return makeMenu() ? m_recentlyMenuItem : nullptr;
 }
 
 ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
 {
-    makeMenu();
-    return m_otherMenuItem;
+    return makeMenu() ? m_otherMenuItem : nullptr;
 }
 
 // What the user chooses

@@ -95,8 +95,9 @@ public:
     /// The item that stands for the colour: that of the default colour, one of the list, or else "Current Color", which
     /// gets the colour's swatch.
     ZelMenuItem *menuItemForColor(const QVariant &color);
-    /// Makes the items if they are not there yet.
-    void makeMenu();
+    /// Makes the items if they are not there yet. Answers false if a receiver of what that selects has deleted the
+    /// cell.
+    bool makeMenu();
 
     void updateColors();
     void updateMenu();

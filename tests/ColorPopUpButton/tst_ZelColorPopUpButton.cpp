@@ -245,6 +245,32 @@ private Q_SLOTS:
         }
     }
 
+    void buttonsMayDieOfTheItemThatIsSelectedWhenItIsMade()
+    {
+        const std::function<void(ZelColorPopUpButton *)> ways[] = {
+            [](auto *button) { button->showMenu(); },
+            [](auto *button) { QTest::keyClick(button, Qt::Key_Down); },
+            [](auto *button) {
+                QWheelEvent wheel({}, {}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+                QCoreApplication::sendEvent(button, &wheel);
+            },
+            [](auto *button) { QVERIFY(!button->cell()->menuItemForColor(QColor(Qt::red))); },
+            [](auto *button) { QVERIFY(!button->cell()->otherMenuItem()); },
+        };
+        for (const auto &way : ways) {
+            Window window;
+            const QPointer<ZelColorPopUpButton> button = window.button;
+            window.show();
+            window.activateWindow();
+            button->setFocus();
+            QTRY_VERIFY(button->hasFocus());
+            button->setSelectedColor(color(QColor(77, 0, 77)));
+            connect(button, SIGNAL(selectedItemChanged()), this, SLOT(deleteSender()));
+            way(button);
+            QVERIFY(!button && !openMenu());
+        }
+    }
+
     void thePanelIsFollowedWhileItIsOpen()
     {
         Window window;

@@ -157,9 +157,18 @@ bool ZelPopUpButton::isMenuOpen() const
     return m_menu && m_menu->isVisible();
 }
 
+/// Answers false if the button is gone: receivers hear of an item that is selected because it exists now.
+bool ZelPopUpButton::hasPreparedItems()
+{
+    const QPointer<ZelPopUpButton> guard(this);
+    prepareItems();
+    return guard;
+}
+
 void ZelPopUpButton::showMenu()
 {
-    prepareItems();
+    if (!hasPreparedItems())
+        return;
     const QList<QAction *> items = menuItems();
     const auto isVisible = [](const QAction *item) { return item->isVisible() && !item->isSeparator(); };
     if (!m_editable || !isEnabled() || isMenuOpen() || std::none_of(items.begin(), items.end(), isVisible))
@@ -297,7 +306,8 @@ void ZelPopUpButton::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
-    prepareItems();
+    if (!hasPreparedItems())
+        return;
     const int index = selectedIndex();
     switch (event->key()) {
     case Qt::Key_Down:
@@ -365,7 +375,8 @@ void ZelPopUpButton::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
-    prepareItems();
+    if (!hasPreparedItems())
+        return;
     const int steps = ZelControlSupport::wheelSteps(event, &m_wheelAngle);
     if (steps)
         chooseNeighbour(selectedIndex() - steps, steps > 0 ? -1 : 1);
