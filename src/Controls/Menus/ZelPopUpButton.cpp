@@ -157,8 +157,8 @@ bool ZelPopUpButton::isMenuOpen() const
     return m_menu && m_menu->isVisible();
 }
 
-/// Answers false if the button is gone: receivers hear of an item that is selected because it exists now.
-bool ZelPopUpButton::hasPreparedItems()
+/// Answers false if the button is gone: an item may be selected as soon as it exists, and who hears it may do anything.
+bool ZelPopUpButton::survivesPreparingItems()
 {
     const QPointer<ZelPopUpButton> guard(this);
     prepareItems();
@@ -167,7 +167,7 @@ bool ZelPopUpButton::hasPreparedItems()
 
 void ZelPopUpButton::showMenu()
 {
-    if (!hasPreparedItems())
+    if (!survivesPreparingItems())
         return;
     const QList<QAction *> items = menuItems();
     const auto isVisible = [](const QAction *item) { return item->isVisible() && !item->isSeparator(); };
@@ -306,7 +306,7 @@ void ZelPopUpButton::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
-    if (!hasPreparedItems())
+    if (!survivesPreparingItems())
         return;
     const int index = selectedIndex();
     switch (event->key()) {
@@ -375,7 +375,7 @@ void ZelPopUpButton::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
-    if (!hasPreparedItems())
+    if (!survivesPreparingItems())
         return;
     const int steps = ZelControlSupport::wheelSteps(event, &m_wheelAngle);
     if (steps)

@@ -119,7 +119,7 @@ protected:
 private:
     void initStyleOption(QStyleOptionComboBox *option) const;
     QList<QAction *> menuItems() const;
-    bool hasPreparedItems();
+    bool survivesPreparingItems();
     void setSelected(QAction *item, const QVariant &value);
     void chooseNeighbour(int from, int direction);
     bool isTyping() const;
