@@ -14,6 +14,7 @@ ccache              a second build of unchanged sources takes seconds
 qt6-base-dev        Core, Gui, Widgets, Concurrent, Test; brings moc, rcc and the xcb and offscreen platforms
 qt6-tools-dev       the CMake functions for translations
 libexpat1-dev       reads XML
+libmuparser-dev     calculates what is typed into number fields
 qt6-l10n-tools      lrelease and lupdate
 libgl-dev           the headers that the CMake files of Qt Gui look for
 fonts-dejavu-core   a font for programs without a display
