@@ -287,6 +287,66 @@ private Q_SLOTS:
         QVERIFY(desk.isAsAtFirst() && desk.stack.count() == 0);
     }
 
+    void severalTextsAreOverwritten_data()
+    {
+        QTest::addColumn<QByteArray>("key");
+        QTest::addColumn<QByteArray>("more");
+        QTest::newRow("plain") << QByteArray("pattern") << QByteArray();
+        QTest::newRow("rich") << QByteArray("text") << QByteArray("attributed='yes'");
+        QTest::newRow("from a list") << QByteArray("pattern") << QByteArray("resourcesKeyPath='names'");
+    }
+    /// The attribute stands at the root of the file.
+    void severalTextsAreOverwritten()
+    {
+        QFETCH(QByteArray, key);
+        QFETCH(QByteArray, more);
+        const QByteArray type = more.contains("names") ? "resource" : "string";
+        Sheet sheet("<panes editsMultipleValues='yes'><pane><inspector title='Figure'><slice><section>" +
+                    Sheet::row(key, type, more) + Sheet::row("address", "string", "editsMultipleValues='no'") +
+                    "</section></slice></inspector></pane></panes>");
+        const auto text = [&](int i) {
+            const QVariant value = sheet.value(i, key);
+            return key == "text" ? value.value<String>().text() : value.toString();
+        };
+        for (int i : {0, 1, 2}) {
+            const QString own = QString(u'a' + QString::number(i));
+            sheet.set(i, key, key == "text" ? String(own).toVariant() : QVariant(own));
+            sheet.set(i, "address", QUrl(own));
+        }
+        sheet.select({0, 1, 2});
+        QVERIFY(!sheet.editor<ZelInspectorStringProperty>("address")->textField()->isEditable());
+        QCOMPARE(sheet.shown(key), "Multiple Values");
+        QWidget *field = sheet.editor<ZelInspectorProperty>(key)->controlsNamedByRow().last();
+        const QKeyCombination end(key == "text" ? Qt::ControlModifier : Qt::NoModifier, Qt::Key_Return);
+
+        const auto *rich = sheet.editor<Editor>("text");
+        QVERIFY(!rich || !rich->isFormattable());
+        Sheet::click(field);
+        Sheet::press(end.key(), end.keyboardModifiers()); // in an untouched field
+        Sheet::type("x");
+        QVERIFY(!rich || rich->isFormattable());
+        Sheet::press(Qt::Key_Escape);
+        QVERIFY(!rich || !rich->isFormattable());
+        Sheet::type("x");
+        Sheet::press(Qt::Key_Backspace);
+        Sheet::press(Qt::Key_Tab);
+        QVERIFY(!field->hasFocus());
+        QCOMPARE(sheet.stack.count(), 0);
+        QCOMPARE(sheet.owner->actions, 0);
+        QCOMPARE(sheet.shown(key), "Multiple Values");
+
+        Sheet::click(field);
+        Sheet::type("new");
+        Sheet::press(end.key(), end.keyboardModifiers());
+        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"new", "new", "new"}));
+        QCOMPARE(sheet.stack.count(), 1);
+        QCOMPARE(sheet.stack.undoText(), "Change " + key);
+        QCOMPARE(sheet.owner->actions, 1);
+        sheet.undo();
+        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"a0", "a1", "a2"}));
+        QCOMPARE(sheet.shown(key), "Multiple Values");
+    }
+
     void valuesAreThoseOfTheRunsInTheSelection()
     {
         String string("red", {{String::ForegroundColor, QColor(Qt::red)}, {String::Font, QFont("Serif", 20)}});

@@ -99,8 +99,11 @@ bool ZelGrowingTextView::readValue(QVariant *value, QString *)
     return true;
 }
 
+/// A text that was typed over several others and deleted again leaves them as they are.
 bool ZelGrowingTextView::isChange(const QVariant &value) const
 {
+    if (ZelIsNull(value) && ZelIsControllerMarker(objectValue()))
+        return false;
     return !ZelEqual(value, present(objectValue()));
 }
 

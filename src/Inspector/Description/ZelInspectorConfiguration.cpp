@@ -87,6 +87,12 @@ bool ZelInspectorConfiguration::booleanValueNamed(QAnyStringView name, bool defa
     return lower == u"yes" || lower == u"true" || lower == u"1";
 }
 
+bool ZelInspectorConfiguration::booleanValueOfFileNamed(QAnyStringView name, bool defaultValue) const
+{
+    const ZelInspectorConfiguration root(m_element.root());
+    return booleanValueNamed(name, root.booleanValueNamed(name, defaultValue));
+}
+
 qint64 ZelInspectorConfiguration::integerValueNamed(QAnyStringView name, qint64 defaultValue) const
 {
     const QStringView text = m_element.attribute(name);

@@ -54,6 +54,8 @@ public:
     QString localizedStringForKey(const QString &key) const;
     /// "yes", "true" and "1" in any case are true, every other text is false.
     bool booleanValueNamed(QAnyStringView name, bool defaultValue = false) const;
+    /// The same for an attribute that may also be written at the root of the file, where it holds for all of the file.
+    bool booleanValueOfFileNamed(QAnyStringView name, bool defaultValue = false) const;
     /// A decimal number, read up to the first other character (none gives 0; what is too large gives the nearest
     /// number), or a hexadecimal one after "0x". Hexadecimal digits are the number's 64 bits, whatever its sign; a text
     /// that has none is an assertion, and gives the default.

@@ -48,6 +48,10 @@ public:
 
     /// A null element has no name, attributes or children.
     bool isNull() const { return !m_tree; }
+    /// Whether the element is the outermost one of its document.
+    bool isRoot() const { return !isNull() && m_index == 0; }
+    /// The outermost element of the document; null for a null one.
+    ZelXmlElement root() const { return ZelXmlElement(m_tree); }
     /// The name as written, with its prefix if it has one.
     QString name() const { return isNull() ? QString() : m_tree->names[data().name]; }
 

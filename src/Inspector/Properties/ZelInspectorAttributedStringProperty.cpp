@@ -91,6 +91,7 @@ void ZelInspectorAttributedStringProperty::configure(const ZelInspectorConfigura
     ZelInspectorProperty::configure(configuration);
     placeholder = configuration.localizedStringValueNamed(u"placeholder");
     allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
+    editsMultipleValues = configuration.booleanValueOfFileNamed(u"editsMultipleValues");
 }
 
 ZelInspectorAttributedStringProperty::~ZelInspectorAttributedStringProperty()
@@ -176,6 +177,7 @@ void ZelInspectorAttributedStringProperty::makeTextView(ZelView *container)
             &ZelInspectorAttributedStringProperty::updateSegmentedControl);
     connect(m_textView, &ZelGrowingTextView::editableChanged, this,
             &ZelInspectorAttributedStringProperty::updateFormattable);
+    connect(m_textView, &QTextEdit::textChanged, this, &ZelInspectorAttributedStringProperty::updateFormattable);
 }
 
 void ZelInspectorAttributedStringProperty::layOut(ZelView *container)
@@ -233,15 +235,23 @@ void ZelInspectorAttributedStringProperty::updateView()
     m_textView->setNullPlaceholder(placeholder);
     const bool canWrite = isWritable();
     m_fontProperty->setReadOnly(!canWrite);
-    m_textView->setEditable(!ZelIsControllerMarker(value) && canWrite);
+    m_textView->setEditable((!ZelIsControllerMarker(value) || overwrites(value)) && canWrite);
     m_textView->setObjectValue(value);
     updateFormattable();
     updateSegmentedControl();
 }
 
+/// Whether the value stands for several texts that what is typed replaces.
+bool ZelInspectorAttributedStringProperty::overwrites(const QVariant &value) const
+{
+    return editsMultipleValues && ZelIsMarker(value, ZelMultipleValuesMarker);
+}
+
 void ZelInspectorAttributedStringProperty::updateFormattable()
 {
-    const bool formattable = m_textView && m_textView->isEditable() && isEffectivelyEnabled();
+    const bool hasText =
+        m_textView && !(ZelIsControllerMarker(m_textView->objectValue()) && m_textView->document()->isEmpty());
+    const bool formattable = hasText && m_textView->isEditable() && isEffectivelyEnabled();
     if (m_segmentedControl)
         m_segmentedControl->setEditable(formattable);
     if (ZelAssign(m_formattable, formattable))
@@ -253,7 +263,7 @@ void ZelInspectorAttributedStringProperty::updateFormattable()
 void ZelInspectorAttributedStringProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant reflected = reflectedValue();
-    if (!m_textView || ZelIsControllerMarker(reflected))
+    if (!m_textView || (ZelIsControllerMarker(reflected) && !overwrites(reflected)))
         return;
     const String string = m_textView->attributedString();
     const bool isNothing = string.isEmpty() && allowsNilValues;

@@ -45,6 +45,7 @@ class ZEL_EXPORT ZelInspectorAttributedStringProperty : public ZelInspectorPrope
     Q_PROPERTY(QVariant headerLevel MEMBER m_headerLevel NOTIFY selectionValuesChanged)
     Q_PROPERTY(QVariant baseWritingDirection MEMBER m_baseWritingDirection NOTIFY selectionValuesChanged)
     Q_PROPERTY(bool allowsNilValues MEMBER allowsNilValues)
+    Q_PROPERTY(bool editsMultipleValues MEMBER editsMultipleValues)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(ZelSegmentedControl *segmentedControl MEMBER m_segmentedControl)
     Q_PROPERTY(ZelResizableSegmentedControlView *resizableSegmentedControlView MEMBER m_resizableSegmentedControlView)
@@ -55,7 +56,7 @@ class ZEL_EXPORT ZelInspectorAttributedStringProperty : public ZelInspectorPrope
     Q_PROPERTY(ZelViewController *paragraphStyleInspector READ paragraphStyleInspector STORED false)
     Q_PROPERTY(bool colorPanelActive READ isColorPanelActive STORED false)
     Q_PROPERTY(bool textColorActive READ isTextColorActive STORED false)
-    /// Whether there is one text that may be changed.
+    /// Whether there is one text that may be changed; among several texts, only what was typed over them is one.
     Q_PROPERTY(bool formattable READ isFormattable NOTIFY formattableChanged)
 public:
     enum Segment {
@@ -79,7 +80,10 @@ public:
     ~ZelInspectorAttributedStringProperty() override;
 
     bool allowsNilValues = false; ///< whether an empty text is written back as nothing
-    QString placeholder;          ///< shown for an empty text
+    /// Whether several different texts can be overwritten: what is typed then becomes the text of every object. Nothing
+    /// is written while nothing is typed, or if it was deleted again.
+    bool editsMultipleValues = false;
+    QString placeholder; ///< shown for an empty text
     /// The maker that all editors use. The library's makes a slice from the description "ZelParagraphStyle.xml" among
     /// the application's resources.
     static const ParagraphStyleInspectorMaker &paragraphStyleInspectorMaker();
@@ -139,6 +143,7 @@ private:
     void makeFontEditor(ZelView *container);
     void makeTextView(ZelView *container);
     void layOut(ZelView *container);
+    bool overwrites(const QVariant &value) const;
     void showSegments();
     void updateFormattable();
     void commitFormat();

@@ -19,6 +19,7 @@ void ZelInspectorStringProperty::configure(const ZelInspectorConfiguration &conf
     placeholder = configuration.localizedStringValueNamed(u"placeholder");
     allowsNilValues = configuration.booleanValueNamed(u"allowsNilValues");
     editable = configuration.booleanValueNamed(u"editable", true);
+    editsMultipleValues = configuration.booleanValueOfFileNamed(u"editsMultipleValues");
 }
 
 void ZelInspectorStringProperty::loadView()
@@ -56,9 +57,15 @@ void ZelInspectorStringProperty::updateView()
         return;
     const QVariant value = reflectedValue();
     const bool isMarker = ZelIsControllerMarker(value);
-    m_textField->setEditable(editable && !isMarker && isWritable());
+    m_textField->setEditable(editable && (!isMarker || overwrites(value)) && isWritable());
     m_textField->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
     m_textField->setObjectValue(isMarker ? QVariant() : value);
+}
+
+/// Whether the value stands for several texts that what is typed replaces.
+bool ZelInspectorStringProperty::overwrites(const QVariant &value) const
+{
+    return editsMultipleValues && ZelIsMarker(value, ZelMultipleValuesMarker);
 }
 
 /// The value that the field's content means: an empty field stands for no value or for an empty text.
@@ -72,7 +79,7 @@ QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
 void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
 {
     const QVariant former = reflectedValue();
-    if (!m_textField || ZelIsControllerMarker(former))
+    if (!m_textField || (ZelIsControllerMarker(former) && !overwrites(former)))
         return;
     const QVariant value = entered(m_textField->objectValue());
     if (ZelEqual(value, former))

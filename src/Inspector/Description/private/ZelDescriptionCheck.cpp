@@ -171,7 +171,10 @@ void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Sc
     const ZelXmlElement &xml = element.element();
     for (qsizetype i = 0; i < xml.attributeCount(); ++i) {
         const QString name = xml.attributeName(i);
-        if (const Schema::Attribute *known = schema.attributeNamed(name)) {
+        const Schema::Attribute *known = schema.attributeNamed(name);
+        if (!known && xml.isRoot())
+            known = Schema::attributeOfFileNamed(name);
+        if (known) {
             if (known->kind == Kind::File)
                 checkFile(element);
             else if (const QString mistake = mistakeIn(xml.attributeValue(i), known->kind); !mistake.isNull())

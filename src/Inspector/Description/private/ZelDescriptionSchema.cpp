@@ -9,6 +9,7 @@ using Schema = ZelDescriptionSchema;
 using Attribute = Schema::Attribute;
 using Kind = Schema::Kind;
 
+constexpr Attribute g_file[] = {{u"editsMultipleValues", Kind::Boolean}};
 constexpr Attribute g_enabling[] = {
     {u"enabled", Kind::Boolean},
     {u"enabledKeyPath", Kind::KeyPath},
@@ -71,6 +72,7 @@ constexpr Attribute g_string[] = {
     {u"placeholder"},
     {u"allowsNilValues", Kind::Boolean},
     {u"editable", Kind::Boolean},
+    {u"editsMultipleValues", Kind::Boolean},
     {u"attributed", Kind::Boolean},
 };
 constexpr Attribute g_enumeration[] = {
@@ -128,16 +130,26 @@ constexpr Schema::Element g_elements[] = {
     {.role = u"property", .attributes = {g_untitled, g_titles}, .isOpen = true},
 };
 
+const Attribute *find(std::span<const Attribute> group, QStringView name)
+{
+    const auto found = std::ranges::find(group, name, &Attribute::name);
+    return found == group.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 const Schema::Attribute *Schema::Element::attributeNamed(QStringView name) const
 {
     for (std::span<const Attribute> group : attributes) {
-        const auto found = std::ranges::find(group, name, &Attribute::name);
-        if (found != group.end())
-            return &*found;
+        if (const Attribute *found = find(group, name))
+            return found;
     }
     return nullptr;
+}
+
+const Schema::Attribute *Schema::attributeOfFileNamed(QStringView name)
+{
+    return find(g_file, name);
 }
 
 const Schema::Element *Schema::element(QStringView role, QStringView type)

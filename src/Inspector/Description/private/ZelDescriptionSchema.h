@@ -41,6 +41,9 @@ public:
         const Attribute *attributeNamed(QStringView name) const;
     };
 
+    /// The attribute that the root of a file may have whatever its role, since it holds for the whole file; null for
+    /// any other name.
+    static const Attribute *attributeOfFileNamed(QStringView name);
     /// Null for an unknown role. The type matters for properties only.
     static const Element *element(QStringView role, QStringView type = {});
 };
