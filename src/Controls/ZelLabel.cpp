@@ -9,10 +9,12 @@
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextLayout>
 
 namespace {
 
 const QChar g_ellipsis(0x2026);
+constexpr float g_markOpacity = 0.35F; // leaves the text legible in light and dark themes
 
 QString firstLine(const QString &text)
 {
@@ -39,6 +41,7 @@ void ZelLabel::setText(const QString &text)
     if (!ZelAssign(m_text, line))
         return;
     m_sizeHint = QSize();
+    m_markedParts.clear();
     updateGeometry();
     update();
     if (QAccessible::isActive()) {
@@ -52,6 +55,12 @@ void ZelLabel::setAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
     update();
+}
+
+void ZelLabel::setMarkedParts(const QList<Part> &parts)
+{
+    if (ZelAssign(m_markedParts, parts))
+        update();
 }
 
 void ZelLabel::setTextColor(const QColor &lightThemeColor)
@@ -115,5 +124,37 @@ void ZelLabel::paintEvent(QPaintEvent *)
     const QString text =
         width() < sizeHint().width() ? fontMetrics().elidedText(m_text, Qt::ElideRight, width()) : m_text;
     const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), m_alignment);
-    painter.drawText(rect(), int(visual) | Qt::TextSingleLine, text);
+    if (m_markedParts.isEmpty())
+        painter.drawText(rect(), int(visual) | Qt::TextSingleLine, text);
+    else
+        drawMarked(painter, text, visual);
+}
+
+void ZelLabel::drawMarked(QPainter &painter, const QString &text, Qt::Alignment alignment) const
+{
+    QColor color = palette().color(QPalette::Highlight);
+    color.setAlphaF(g_markOpacity);
+    QList<QTextLayout::FormatRange> formats;
+    for (const Part &part : m_markedParts) {
+        QTextLayout::FormatRange format;
+        format.start = int(part.start);
+        format.length = int(std::min(part.length, text.size() - part.start));
+        format.format.setBackground(color);
+        if (format.length > 0)
+            formats.append(format);
+    }
+    QTextOption option;
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(QTextOption::NoWrap);
+    QTextLayout layout(text, font());
+    layout.setTextOption(option);
+    layout.setFormats(formats);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(sizeHint().width() + width());
+    const double length = line.naturalTextWidth();
+    line.setLineWidth(length); // a line that runs from right to left begins at the right end of its width
+    layout.endLayout();
+    const QSize size(qCeil(length), qCeil(line.height()));
+    layout.draw(&painter, QStyle::alignedRect(Qt::LeftToRight, alignment, size, rect()).topLeft());
 }

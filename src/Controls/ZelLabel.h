@@ -5,6 +5,7 @@
 #include "Core/ZelExport.h"
 #include "Layout/ZelBaselineProvider.h"
 
+#include <QList>
 #include <QWidget>
 
 /// One line of static text. A text that is too long is elided at its end, and the tool tip then shows it whole.
@@ -35,6 +36,18 @@ public:
     QColor textColor() const { return m_textColor; }
     void setTextColor(const QColor &lightThemeColor);
 
+    /// A part of the text, by the index of its first character.
+    struct Part
+    {
+        qsizetype start = 0;
+        qsizetype length = 0;
+        bool operator==(const Part &) const = default;
+    };
+    /// Parts of the text that have a coloured background, such as what was searched for. They end when the text
+    /// changes.
+    const QList<Part> &markedParts() const { return m_markedParts; }
+    void setMarkedParts(const QList<Part> &parts);
+
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
     double baselineOffsetForHeight(double height) const override;
@@ -52,7 +65,10 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void drawMarked(QPainter &painter, const QString &text, Qt::Alignment alignment) const;
+
     QString m_text;
+    QList<Part> m_markedParts;
     QColor m_textColor;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
     mutable QSize m_sizeHint;

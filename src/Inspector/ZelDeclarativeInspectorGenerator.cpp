@@ -238,6 +238,7 @@ ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Confi
     inspector->setEnabled(configuration.booleanValueNamed(u"enabled", true));
     inspector->setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
     inspector->setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
+    inspector->setSearchEnabled(configuration.booleanValueNamed(u"search"));
     if (configuration.configurationsNamed(u"pane").isEmpty())
         ZelFail(QStringLiteral("No panes in the configuration"), configuration.place());
     inspector->setPanes(buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));

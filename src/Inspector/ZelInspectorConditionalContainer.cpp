@@ -33,8 +33,20 @@ void ZelInspectorConditionalContainer::setVisible(bool visible)
     // What is being typed in a view that hides is committed, and the application's action may end the inspector.
     const QPointer<ZelInspectorConditionalContainer> alive(this);
     updateHidden();
+    if (alive && !m_isFilteredOut)
+        Q_EMIT shownChanged();
     if (alive)
         Q_EMIT visibleChanged();
+}
+
+void ZelInspectorConditionalContainer::setFilteredOut(bool filteredOut)
+{
+    if (!ZelAssign(m_isFilteredOut, filteredOut) || !m_visible)
+        return;
+    const QPointer<ZelInspectorConditionalContainer> alive(this);
+    updateHidden();
+    if (alive)
+        Q_EMIT shownChanged();
 }
 
 void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
@@ -96,13 +108,13 @@ void ZelInspectorConditionalContainer::unbindAndTearDown()
 void ZelInspectorConditionalContainer::updateHidden()
 {
     if (isViewLoaded())
-        ZelView::setShown(view(), m_visible);
+        ZelView::setShown(view(), isShown());
 }
 
 void ZelInspectorConditionalContainer::viewDidLoad()
 {
     ZelInspectorContainer::viewDidLoad();
-    if (!m_visible)
+    if (!isShown())
         updateHidden();
 }
 

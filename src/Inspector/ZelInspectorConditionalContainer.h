@@ -9,7 +9,8 @@
 ///
 /// Without a key path, `visible` is what it is set to. With one, it is true only if the owner's value at the key path,
 /// transformed if there is a transformer, is present, is no selection marker, and is true. A selection whose objects
-/// disagree therefore hides the container. The view, once it is loaded, is hidden while the container is not visible.
+/// disagree therefore hides the container. The view, once it is loaded, is hidden while the container is not visible,
+/// and while a filter leaves the container out.
 class ZEL_EXPORT ZelInspectorConditionalContainer : public ZelInspectorContainer
 {
     Q_OBJECT
@@ -29,6 +30,13 @@ public:
     const ZelValueTransformerPtr &visibleValueTransformer() const { return m_visibleValueTransformer; }
     void setVisibleValueTransformer(const ZelValueTransformerPtr &transformer);
 
+    /// Whether a filter, such as the find field of a tabbed inspector, leaves the container out; false by default. It
+    /// hides the view, and changes nothing about `visible`.
+    bool isFilteredOut() const { return m_isFilteredOut; }
+    void setFilteredOut(bool filteredOut);
+    /// Whether neither the condition nor a filter hides the view.
+    bool isShown() const { return m_visible && !m_isFilteredOut; }
+
     /// Evaluates the condition, if there is one.
     void updateVisible();
     /// Evaluates the condition now and at every change, until unbindAndTearDown is called.
@@ -41,6 +49,8 @@ public:
 
 Q_SIGNALS:
     void visibleChanged();
+    /// `isShown` answers something else.
+    void shownChanged();
     void visibleKeyPathChanged();
     void visibleValueTransformerChanged();
 
@@ -57,5 +67,6 @@ private:
     ZelValueTransformerPtr m_visibleValueTransformer;
     Observes m_observes;
     bool m_visible = true;
+    bool m_isFilteredOut = false;
     bool m_bound = false;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspectorPane.h"
 
+#include "Core/Values/private/ZelAssign.h"
+#include "Inspector/private/ZelInspectorNote.h"
 #include "Inspector/private/ZelLazyStack.h"
 #include "Views/ZelScrollView.h"
 #include "Views/ZelVerticalStackView.h"
@@ -37,6 +39,30 @@ void ZelInspectorPane::setInspectors(const QList<ZelInspector *> &inspectors)
     Q_EMIT inspectorsChanged();
 }
 
+void ZelInspectorPane::setNote(const QString &note)
+{
+    if (!ZelAssign(m_note, note))
+        return;
+    updateNote();
+    Q_EMIT noteChanged();
+}
+
+void ZelInspectorPane::updateNote()
+{
+    if (!isViewInstalled() || !m_containerView)
+        return;
+    if (m_note.isEmpty() == !m_noteView) {
+        if (m_noteView)
+            m_noteView->setText(m_note);
+        return;
+    }
+    if (m_note.isEmpty())
+        delete m_noteView;
+    else
+        m_noteView = new ZelInspectorNote(m_note);
+    stackInspectors();
+}
+
 ZelScrollView *ZelInspectorPane::scrollView() const
 {
     return m_scrollView;
@@ -67,7 +93,10 @@ void ZelInspectorPane::viewDidInstall()
     ZelInspectorContainer::viewDidInstall();
     for (ZelInspector *inspector : inspectors())
         startObservationForInspector(inspector);
+    const QPointer<ZelInspectorPane> alive(this);
     updateView();
+    if (alive)
+        updateNote();
 }
 
 void ZelInspectorPane::viewWillUninstall()
@@ -78,6 +107,7 @@ void ZelInspectorPane::viewWillUninstall()
     prepareForReuse();
     if (m_containerView)
         m_containerView->setSubviews({});
+    delete m_noteView;
 }
 
 void ZelInspectorPane::startObservationForInspector(ZelInspector *inspector)
@@ -99,7 +129,12 @@ void ZelInspectorPane::updateView()
     const QPointer<ZelInspectorPane> alive(this); // a committed edit may delete this controller
     deactivateInspectors();
     if (alive && m_containerView)
-        ZelStackLazily(m_containerView.data(), inspectors());
+        stackInspectors();
+}
+
+void ZelInspectorPane::stackInspectors()
+{
+    ZelStackLazily(m_containerView.data(), inspectors(), m_noteView);
 }
 
 void ZelInspectorPane::deactivateInspectors()

@@ -8,6 +8,8 @@
 
 #include <QIcon>
 
+class ZelInspectorNote;
+
 /// A scrolling column of inspectors: what one tab shows.
 ///
 /// The inspectors' views are in the column only while the pane is installed. The view of an inspector that has never
@@ -17,6 +19,8 @@ class ZEL_EXPORT ZelInspectorPane : public ZelInspectorContainer
     Q_OBJECT
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     Q_PROPERTY(QList<ZelInspector *> inspectors READ inspectors WRITE setInspectors NOTIFY inspectorsChanged)
+    /// A dimmed text of one or more lines below the inspectors; none by default.
+    Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged)
     // What the pane is made of. The pane sets these; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelScrollView *scrollView READ scrollView MEMBER m_scrollView NOTIFY scrollViewChanged)
     Q_PROPERTY(
@@ -30,6 +34,9 @@ public:
     void setImage(const QIcon &image);
     QList<ZelInspector *> inspectors() const { return m_inspectors.list(); }
     void setInspectors(const QList<ZelInspector *> &inspectors);
+
+    const QString &note() const { return m_note; }
+    void setNote(const QString &note);
 
     // Null while the view is not loaded.
     ZelScrollView *scrollView() const;
@@ -50,6 +57,7 @@ public:
 Q_SIGNALS:
     void imageChanged();
     void inspectorsChanged();
+    void noteChanged();
     void scrollViewChanged();
     void containerViewChanged();
 
@@ -58,10 +66,14 @@ protected:
 
 private:
     void inspectorVisibleDidChange() { m_stackUpdate.request(); }
+    void stackInspectors();
+    void updateNote();
 
     ZelChildControllers<ZelInspector> m_inspectors;
     ZelStackUpdate m_stackUpdate{[this] { updateView(); }};
     QIcon m_image;
     QPointer<ZelScrollView> m_scrollView;
     QPointer<ZelVerticalStackView> m_containerView;
+    QString m_note;
+    QPointer<ZelInspectorNote> m_noteView; // while the view is installed and there is a note
 };

@@ -62,9 +62,9 @@ QWidget *ZelInspectorSlice::makeSeparator(ZelInspectorSection *below)
     auto *separator = new ZelSeparator;
     separator->setLevel(2);
     separator->setEdgeInsets({8, 0, 8, 0});
-    if (!below->isVisible())
+    if (!below->isShown())
         separator->hide();
-    connect(below, &ZelInspectorConditionalContainer::visibleChanged, separator,
-            [separator, below] { separator->setHidden(!below->isVisible()); });
+    connect(below, &ZelInspectorConditionalContainer::shownChanged, separator,
+            [separator, below] { separator->setHidden(!below->isShown()); });
     return separator;
 }

@@ -2,6 +2,9 @@
 #include "Inspector/ZelTabbedInspector.h"
 
 #include "Core/Values/private/ZelAssign.h"
+#include "Inspector/private/ZelInspectorSearch.h"
+#include "Inspector/private/ZelSearchBar.h"
+#include "Inspector/private/ZelTabOrder.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelNamedImages.h"
 #include "TabBar/ZelButtonMatrix.h"
@@ -12,6 +15,11 @@
 ZelTabbedInspector::ZelTabbedInspector(QObject *owner)
     : ZelInspectorContainer(owner)
 {
+}
+
+ZelTabbedInspector::~ZelTabbedInspector()
+{
+    uninstall();
 }
 
 void ZelTabbedInspector::setPanes(const QList<ZelInspectorPane *> &panes)
@@ -36,6 +44,41 @@ void ZelTabbedInspector::setEnabledValueTransformer(const ZelValueTransformerPtr
 {
     if (ZelAssign(m_enabledValueTransformer, transformer))
         Q_EMIT enabledValueTransformerChanged();
+}
+
+void ZelTabbedInspector::setSearchEnabled(bool enabled)
+{
+    if (!ZelAssign(m_searchEnabled, enabled))
+        return;
+    const QPointer<ZelTabbedInspector> alive(this);
+    if (isViewLoaded())
+        updateSearch();
+    if (alive && m_search && isViewInstalled())
+        m_search->update();
+    if (alive)
+        Q_EMIT searchEnabledChanged();
+}
+
+void ZelTabbedInspector::setSearchText(const QString &text)
+{
+    if (!ZelAssign(m_searchText, text))
+        return;
+    const QPointer<ZelTabbedInspector> alive(this);
+    if (m_search)
+        m_search->update();
+    if (alive)
+        Q_EMIT searchTextChanged();
+}
+
+int ZelTabbedInspector::searchCount() const
+{
+    return m_search ? m_search->foundCount() : 0;
+}
+
+void ZelTabbedInspector::focusSearchField()
+{
+    if (m_search)
+        m_search->focusField();
 }
 
 QList<QPointer<ZelViewController>> ZelTabbedInspector::childControllers() const
@@ -68,10 +111,42 @@ void ZelTabbedInspector::loadView()
     Q_EMIT tabBarChanged();
     Q_EMIT containerViewChanged();
     selectInspector(m_selectedPaneIndex);
-    for (const char *format : {"H:|[tabBar]|", "H:|[containerView]|", "V:|[tabBar(22)][containerView]|"})
-        inspector->addConstraintsWithVisualFormat(
-            QString::fromLatin1(format),
-            {{QStringLiteral("tabBar"), m_tabBar}, {QStringLiteral("containerView"), m_containerView}});
+    updateSearch();
+}
+
+/// Makes or removes the field above the tabs.
+void ZelTabbedInspector::updateSearch()
+{
+    if (m_search) {
+        m_search->suspend();
+        delete m_search->bar();
+        ZelEventScope::dispose(std::exchange(m_search, nullptr));
+    }
+    if (!isViewLoaded())
+        return;
+    if (m_searchEnabled) {
+        const ZelTabOrder tabOrder(view());
+        m_search = new ZelInspectorSearch(this);
+        view()->addSubview(m_search->bar(), 0);
+        tabOrder.followSubviews();
+    }
+    layOut();
+}
+
+void ZelTabbedInspector::layOut()
+{
+    QHash<QString, QWidget *> views{{QStringLiteral("tabBar"), m_tabBar},
+                                    {QStringLiteral("containerView"), m_containerView}};
+    QStringList formats{QStringLiteral("H:|[tabBar]|"), QStringLiteral("H:|[containerView]|")};
+    if (m_search) {
+        views.insert(QStringLiteral("search"), m_search->bar());
+        formats += {QStringLiteral("H:|[search]|"), QStringLiteral("V:|[search][tabBar(22)][containerView]|")};
+    } else {
+        formats += QStringLiteral("V:|[tabBar(22)][containerView]|");
+    }
+    view()->removeConstraints(std::exchange(m_columnConstraints, {}));
+    for (const QString &format : std::as_const(formats))
+        m_columnConstraints += view()->addConstraintsWithVisualFormat(format, views);
 }
 
 void ZelTabbedInspector::makeTabs()
@@ -88,9 +163,18 @@ void ZelTabbedInspector::makeTabs()
     m_tabBar->setItems(items);
 }
 
+void ZelTabbedInspector::viewWillUninstall()
+{
+    ZelInspectorContainer::viewWillUninstall();
+    if (m_search)
+        m_search->suspend();
+}
+
 void ZelTabbedInspector::viewDidInstall()
 {
     ZelInspectorContainer::viewDidInstall();
+    if (m_search && !m_searchText.isEmpty())
+        m_search->scheduleUpdate(); // when the panes are installed, too
     if (!m_tabBar)
         return;
     m_tabBar->setEnabled(m_enabled);

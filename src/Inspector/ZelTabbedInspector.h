@@ -6,7 +6,14 @@
 #include "TabBar/ZelTabBar.h"
 #include "Views/ZelSwitchContainerView.h"
 
+class ZelInspectorSearch;
+
 /// A whole inspector: panes behind a tab bar, of which one is shown.
+///
+/// A field above the tabs, if it is wanted, finds rows in all panes while the user types: by their titles, by the
+/// titles of their sections and inspectors, and by the keys that they edit. The other rows are hidden meanwhile, and
+/// the tabs show how many were found. A row that its condition hides is named below the others, with the reason. The
+/// search ends with Escape, which puts back the tab, the folded inspectors, the scroll positions and the focus.
 ///
 /// A tab cannot be left while an edit cannot be committed. The tabs are made once, with the view: later changes of the
 /// panes do not show in it.
@@ -22,6 +29,12 @@ class ZEL_EXPORT ZelTabbedInspector : public ZelInspectorContainer, public ZelTa
     /// 0 by default.
     Q_PROPERTY(
         quint64 selectedPaneIndex READ selectedPaneIndex WRITE setSelectedPaneIndex NOTIFY selectedPaneIndexChanged)
+    /// False by default. Whether there is the field for finding rows. The key for finding, such as Control+F, leads to
+    /// it while the focus is in the inspector.
+    Q_PROPERTY(bool searchEnabled READ isSearchEnabled WRITE setSearchEnabled NOTIFY searchEnabledChanged)
+    /// What stands in the field; empty by default, which finds nothing and hides nothing. It is kept while there is no
+    /// field or no window, and takes effect with them.
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     // What the inspector shows and what it is made of. The inspector sets these; so may a subclass that makes its view
     // differently.
     Q_PROPERTY(ZelInspectorPane *currentInspector READ currentInspector MEMBER m_currentInspector NOTIFY
@@ -31,6 +44,7 @@ class ZEL_EXPORT ZelTabbedInspector : public ZelInspectorContainer, public ZelTa
         ZelSwitchContainerView *containerView READ containerView MEMBER m_containerView NOTIFY containerViewChanged)
 public:
     explicit ZelTabbedInspector(QObject *owner);
+    ~ZelTabbedInspector() override;
 
     QList<ZelInspectorPane *> panes() const { return m_panes.list(); }
     void setPanes(const QList<ZelInspectorPane *> &panes);
@@ -50,12 +64,23 @@ public:
     /// The pane that is shown, or will be when the view is made; null until one is selected.
     ZelInspectorPane *currentInspector() const { return m_currentInspector; }
 
+    bool isSearchEnabled() const { return m_searchEnabled; }
+    void setSearchEnabled(bool enabled);
+    const QString &searchText() const { return m_searchText; }
+    /// Searches at once if the inspector is in a window. All words have to be found; case and diacritics do not matter.
+    void setSearchText(const QString &text);
+    /// How many rows are shown because they were found; 0 while there is no search.
+    int searchCount() const;
+    /// Puts the focus into the field and selects its text. Does nothing while there is no field.
+    void focusSearchField();
+
     // Null while the view is not loaded.
     ZelTabBar *tabBar() const;
     ZelSwitchContainerView *containerView() const;
 
     void loadView() override;
     void viewDidInstall() override;
+    void viewWillUninstall() override;
 
     bool tabBarShouldSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
     void tabBarDidSelectItem(ZelTabBar *tabBar, ZelTabBarItem *item) override;
@@ -66,6 +91,8 @@ Q_SIGNALS:
     void enabledKeyPathChanged();
     void enabledValueTransformerChanged();
     void selectedPaneIndexChanged();
+    void searchEnabledChanged();
+    void searchTextChanged();
     void currentInspectorChanged();
     void tabBarChanged();
     void containerViewChanged();
@@ -76,13 +103,19 @@ protected:
 
 private:
     void makeTabs();
+    void updateSearch();
+    void layOut();
 
     ZelChildControllers<ZelInspectorPane> m_panes;
     QString m_enabledKeyPath;
+    QString m_searchText;
     ZelValueTransformerPtr m_enabledValueTransformer;
     QPointer<ZelInspectorPane> m_currentInspector;
     QPointer<ZelTabBar> m_tabBar;
     QPointer<ZelSwitchContainerView> m_containerView;
+    QPointer<ZelInspectorSearch> m_search; // while the view is loaded and search is enabled
+    QList<ZelLayoutConstraint::Ptr> m_columnConstraints;
     quint64 m_selectedPaneIndex = 0;
     bool m_enabled = true;
+    bool m_searchEnabled = false;
 };

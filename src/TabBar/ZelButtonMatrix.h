@@ -38,11 +38,11 @@ public:
     /// Does what a press on the button does. Does nothing if the button is not enabled.
     void performClickAtColumn(int column);
 
-    /// The buttons are tabs, named by their tool tips.
+    /// The buttons are tabs, named by their tool tips, with the numbers on them.
     Roles cellRoles() const override { return {QAccessible::PageTabList, QAccessible::PageTab}; }
     int cellCount() const override { return numberOfColumns(); }
     QRect cellRect(int cell) const override { return rectOfColumn(cell); }
-    QString cellName(int cell) const override { return m_cells.at(cell).toolTip; }
+    QString cellName(int cell) const override { return m_cells.at(cell).name(); }
     QString cellToolTip(int cell) const override { return cellName(cell); }
     bool isCellEnabled(int cell) const override { return m_cells.at(cell).enabled; }
     bool isCellSelected(int cell) const override { return cell == m_selectedColumn; }

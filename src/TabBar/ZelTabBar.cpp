@@ -134,6 +134,8 @@ void ZelTabBar::startObservationOfItem(ZelTabBarItem *item)
         observation.keys.append(ZelBlockObservation::observationWithObject(
             item, key, ZelKeyValueObservingOptionEqualCheck,
             [this](ZelBlockObservation *, const ZelKeyValueChange &) { updateButtons(); }));
+    // A number comes and goes with every key that a user presses: only that is drawn anew.
+    observation.count = connect(item, &ZelTabBarItem::countChanged, this, [this, item] { updateCount(item); });
     observation.end = connect(item, &QObject::destroyed, this, [this, item] {
         ZelExceptionReporter::run(this, [this, item] { itemWasDestroyed(item); });
     });
@@ -142,6 +144,7 @@ void ZelTabBar::startObservationOfItem(ZelTabBarItem *item)
 void ZelTabBar::stopObservationOfItem(ZelTabBarItem *item)
 {
     const ItemObservation observation = m_itemObservations.take(item);
+    disconnect(observation.count);
     disconnect(observation.end);
     for (const auto &key : observation.keys)
         key->cancel();
@@ -179,6 +182,7 @@ void ZelTabBar::updateButtons()
         if (style() == 0)
             cell.alternateImage = item->image();
         cell.enabled = item->isEnabled();
+        cell.count = item->count();
         cell.toolTip = item->toolTip();
         cell.keyEquivalent = item->keyEquivalent().isNull() ? QStringLiteral("") : item->keyEquivalent();
         cell.keyEquivalentModifierMask = item->keyEquivalentModifierMask();
@@ -191,6 +195,16 @@ void ZelTabBar::updateButtons()
     m_matrix->selectCellAtColumn(int(qMax<qsizetype>(0, selected)));
     if (selected < 0)
         setSelectedItem(current.isEmpty() ? nullptr : current.first());
+}
+
+void ZelTabBar::updateCount(ZelTabBarItem *item)
+{
+    const int column = int(items().indexOf(item));
+    if (column < 0 || column >= m_matrix->numberOfColumns())
+        return;
+    ZelTabBarButtonCell cell = m_matrix->cellAtColumn(column);
+    cell.count = item->count();
+    m_matrix->setCellAtColumn(column, cell);
 }
 
 void ZelTabBar::updateButtonState()

@@ -80,11 +80,13 @@ private:
     struct ItemObservation
     {
         QList<QSharedPointer<ZelBlockObservation>> keys;
+        QMetaObject::Connection count;
         QMetaObject::Connection end;
     };
     void setUp();
     void itemsDidChange();
     void itemWasDestroyed(ZelTabBarItem *item);
+    void updateCount(ZelTabBarItem *item);
     void updateShortcuts();
     void selectFirstEnabledItem(const QKeySequence &sequence);
 

@@ -10,6 +10,10 @@ namespace {
 
 constexpr int g_imageLength = 16;
 constexpr double g_bezelRadius = 4;
+constexpr double g_dimmedOpacity = 0.35;
+constexpr int g_countHeight = 11;
+constexpr int g_countMargin = 3; // on either side of the digits
+constexpr int g_largestCount = 99;
 
 QColor withAlpha(QColor color, double alpha)
 {
@@ -19,12 +23,19 @@ QColor withAlpha(QColor color, double alpha)
 
 } // namespace
 
+QString ZelTabBarButtonCell::name() const
+{
+    return count < 0 ? toolTip : QStringLiteral("%1 (%2)").arg(toolTip, QString::number(count)).trimmed();
+}
+
 void ZelTabBarButtonCell::draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     drawBezel(painter, rect, state, palette);
     drawImage(painter, rect, state, palette);
+    if (count > 0)
+        drawCount(painter, rect, palette);
     if (state & Focused) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette.color(QPalette::Highlight), 2));
@@ -60,9 +71,26 @@ void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State
     QRectF place(0, 0, g_imageLength, g_imageLength);
     place.moveCenter(rect.center());
     const QRect target(place.topLeft().toPoint(), QSize(g_imageLength, g_imageLength));
-    if (!(state & Enabled))
-        painter.setOpacity(0.35);
+    if (!(state & Enabled) || count == 0)
+        painter.setOpacity(g_dimmedOpacity);
     const QColor color = ZelNamedImages::templateColor(palette, state.testFlag(Selected), state.testFlag(Pressed),
                                                        state.testFlag(WindowActive) && state.testFlag(Enabled));
     ZelNamedImages::paint(&painter, shown, target, color);
+    painter.setOpacity(1);
+}
+
+/// The number stands in a pill at the lower right corner of the image.
+void ZelTabBarButtonCell::drawCount(QPainter &painter, const QRectF &rect, const QPalette &palette) const
+{
+    QFont font = painter.font();
+    font.setPixelSize(g_countHeight - 2);
+    painter.setFont(font);
+    const QString text = count > g_largestCount ? QStringLiteral("%1+").arg(g_largestCount) : QString::number(count);
+    const double width = painter.fontMetrics().horizontalAdvance(text) + 2 * g_countMargin;
+    const QRectF pill(rect.right() - width - 1, rect.bottom() - g_countHeight - 1, width, g_countHeight);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette.color(QPalette::Highlight));
+    painter.drawRoundedRect(pill, g_countHeight / 2.0, g_countHeight / 2.0);
+    painter.setPen(palette.color(QPalette::HighlightedText));
+    painter.drawText(pill, Qt::AlignCenter, text);
 }

@@ -20,13 +20,17 @@ struct ZEL_EXPORT ZelTabBarButtonCell
     QString toolTip;
     QString keyEquivalent = QStringLiteral("");
     Qt::KeyboardModifiers keyEquivalentModifierMask;
+    int count = -1; ///< a number on the button, and after its tool tip; 0 dims the button, negative for no number
     bool enabled = true;
     bool bordered = true; ///< whether a bezel marks the selected button, and not a line below it
 
+    /// What the button is called by tool tips and by assistive technology.
+    QString name() const;
     void draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
 
 private:
     void drawBezel(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
+    void drawCount(QPainter &painter, const QRectF &rect, const QPalette &palette) const;
     void drawImage(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
 };
 Q_DECLARE_OPERATORS_FOR_FLAGS(ZelTabBarButtonCell::State)

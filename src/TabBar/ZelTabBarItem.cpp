@@ -42,6 +42,12 @@ void ZelTabBarItem::setEnabled(bool enabled)
         Q_EMIT enabledChanged();
 }
 
+void ZelTabBarItem::setCount(int count)
+{
+    if (ZelAssign(m_count, count))
+        Q_EMIT countChanged();
+}
+
 QString ZelTabBarItem::description() const
 {
     return ZelObjectDescription(this) + QStringLiteral("{tag=%1}").arg(m_tag);

@@ -20,6 +20,9 @@ class ZEL_EXPORT ZelTabBarItem : public QObject
                    setKeyEquivalentModifierMask NOTIFY keyEquivalentModifierMaskChanged)
     Q_PROPERTY(qint64 tag READ tag WRITE setTag NOTIFY tagChanged)
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
+    /// How many things lie behind the tab, shown as a number on it; 0 dims the tab. Negative, the default, for no
+    /// number.
+    Q_PROPERTY(int count READ count WRITE setCount NOTIFY countChanged)
 public:
     explicit ZelTabBarItem(QObject *parent = nullptr)
         : QObject(parent)
@@ -44,6 +47,8 @@ public:
     void setTag(qint64 tag);
     bool isEnabled() const { return m_enabled; }
     void setEnabled(bool enabled);
+    int count() const { return m_count; }
+    void setCount(int count);
 
     /// "<Class: 0xADDRESS>{tag=N}"
     QString description() const;
@@ -55,6 +60,7 @@ Q_SIGNALS:
     void keyEquivalentModifierMaskChanged();
     void tagChanged();
     void enabledChanged();
+    void countChanged();
 
 private:
     QIcon m_image;
@@ -62,5 +68,6 @@ private:
     QString m_keyEquivalent = QStringLiteral("");
     Qt::KeyboardModifiers m_keyEquivalentModifierMask;
     qint64 m_tag = 0;
+    int m_count = -1;
     bool m_enabled = true;
 };

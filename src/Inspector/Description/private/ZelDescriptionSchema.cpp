@@ -15,6 +15,7 @@ constexpr Attribute g_enabling[] = {
     {u"enabledKeyPath", Kind::KeyPath},
     {u"enabledValueTransformer"},
 };
+constexpr Attribute g_panes[] = {{u"search", Kind::Boolean}};
 constexpr Attribute g_pane[] = {
     {u"file", Kind::File},
     {u"title"},
@@ -97,7 +98,7 @@ constexpr Attribute g_size[] = {
 };
 
 constexpr Schema::Element g_elements[] = {
-    {.role = u"panes", .attributes = {g_enabling}, .children = {u"pane"}},
+    {.role = u"panes", .attributes = {g_enabling, g_panes}, .children = {u"pane"}},
     {.role = u"pane", .attributes = {g_pane}, .children = {u"inspector"}},
     {.role = u"inspector", .attributes = {g_container}, .children = {u"slice"}},
     {.role = u"slice", .attributes = {g_container, g_classOnly}, .children = {u"section"}},

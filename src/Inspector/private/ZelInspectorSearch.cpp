@@ -1,0 +1,489 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/private/ZelInspectorSearch.h"
+
+#include "Controls/ZelLabel.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/ZelInspector.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "Inspector/private/ZelFoldedText.h"
+#include "Inspector/private/ZelSearchBar.h"
+#include "Resources/ZelLocalizedString.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QScrollBar>
+#include <QSet>
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+using Kind = ZelSearchIndex::Kind;
+
+constexpr qsizetype g_notedRows = 20; // of a pane; the others are counted
+constexpr int g_scrollMargin = 8;
+
+bool takesTab(const QWidget *widget)
+{
+    return (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget->isEnabled() && widget->isVisible();
+}
+
+/// The row with the texts of the node: a chooser's own is the one with its pop-up.
+ZelInspectorSliver *rowOf(const ZelSearchIndex::Node &node)
+{
+    if (node.kind == Kind::Chooser && node.container)
+        return static_cast<ZelInspectorChooser *>(node.container.data())->sliver();
+    return node.kind == Kind::Row ? static_cast<ZelInspectorSliver *>(node.container.data()) : nullptr;
+}
+
+/// The label with the title of the container, if it shows one.
+ZelLabel *labelOf(const ZelSearchIndex::Node &node)
+{
+    if (node.kind == Kind::Section && node.container)
+        return static_cast<ZelInspectorSection *>(node.container.data())->label();
+    const ZelInspectorSliver *row = rowOf(node);
+    return row ? row->label() : nullptr;
+}
+
+QString outcomeText(int found, int hidden)
+{
+    if (hidden == 0)
+        return found == 0 ? ZelLocalizedString("Nothing found")
+                          : ZelLocalizedString("%1 found").arg(QLocale().toString(found));
+    if (found == 0)
+        return ZelLocalizedString("%1 hidden").arg(QLocale().toString(hidden));
+    return ZelLocalizedString("%1 found, %2 hidden").arg(QLocale().toString(found), QLocale().toString(hidden));
+}
+
+} // namespace
+
+ZelInspectorSearch::ZelInspectorSearch(ZelTabbedInspector *inspector)
+    : ZelGuarded(inspector)
+    , m_inspector(inspector)
+{
+    ZelView *view = inspector->view();
+    m_bar = new ZelSearchBar;
+    QLineEdit *field = m_bar->field();
+    field->setText(inspector->searchText());
+    field->installEventFilter(this);
+    view->installEventFilter(this);
+    connect(field, &QLineEdit::textChanged, this, [this](const QString &text) {
+        ZelExceptionReporter::run(m_inspector, [&] { m_inspector->setSearchText(text); });
+    });
+    connect(qApp, &QApplication::focusChanged, this, &ZelInspectorSearch::focusDidChange);
+}
+
+ZelSearchBar *ZelInspectorSearch::bar() const
+{
+    return m_bar;
+}
+
+// Keys and the focus
+
+/// The key for finding is taken here and not by a shortcut: the application may have one for the same key in this
+/// window, and Qt performs neither of two that are meant by one key.
+bool ZelInspectorSearch::filterEvent(QObject *watched, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::KeyPress;
+    if (!isPress && event->type() != QEvent::ShortcutOverride)
+        return false;
+    auto *press = static_cast<QKeyEvent *>(event);
+    const bool isInField = m_bar && watched == m_bar->field();
+    const bool isEscape = press->matches(QKeySequence::Cancel) && (isInField || m_isOn);
+    if (isEscape || press->matches(QKeySequence::Find)) {
+        press->accept();
+        if (isPress)
+            isEscape ? leave() : focusField();
+        return true;
+    }
+    if (!isPress || !isInField || press->modifiers() & ~Qt::KeypadModifier)
+        return false;
+    const int key = press->key();
+    const bool goesOn = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down;
+    if (goesOn)
+        focusFirstFound();
+    return goesOn;
+}
+
+void ZelInspectorSearch::focusField()
+{
+    if (!m_bar)
+        return;
+    m_bar->field()->setFocus(Qt::ShortcutFocusReason);
+    m_bar->field()->selectAll();
+}
+
+void ZelInspectorSearch::focusDidChange(QWidget *former, QWidget *present)
+{
+    if (!m_bar)
+        return;
+    if (present == m_bar->field()) {
+        if (former && !m_isOn)
+            m_formerFocus = former;
+        makeIndex();
+    } else if (former == m_bar->field() && !m_isOn) {
+        forgetIndex();
+    }
+}
+
+/// Ends the search and goes back to where the focus was.
+void ZelInspectorSearch::leave()
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const QPointer<QWidget> formerFocus = m_formerFocus;
+    const ScrollPositions positions = m_isOn ? m_scrollPositions : ScrollPositions();
+    m_inspector->setSearchText({});
+    if (alive && formerFocus && formerFocus->isVisible() && formerFocus->isEnabled())
+        formerFocus->setFocus(Qt::OtherFocusReason);
+    scrollTo(positions); // a scroll view may have followed the focus
+}
+
+/// Goes to the first control, in the order of the Tab key, that stands in a row that was found.
+void ZelInspectorSearch::focusFirstFound()
+{
+    const ZelInspectorPane *pane = m_inspector->currentInspector();
+    if (!m_isOn || !m_index || !m_bar || !pane || !pane->scrollView())
+        return;
+    QSet<const QWidget *> rows;
+    for (const Node &node : m_index->nodes()) {
+        ZelInspectorSliver *row = rowOf(node);
+        if (row && row->isViewLoaded() && row->view()->isVisible())
+            rows.insert(row->view());
+    }
+    QWidget *const field = m_bar->field();
+    for (QWidget *next = field->nextInFocusChain(); next != field; next = next->nextInFocusChain()) {
+        const QWidget *around = takesTab(next) ? next : nullptr;
+        while (around && !rows.contains(around))
+            around = around->isWindow() ? nullptr : around->parentWidget();
+        if (!around)
+            continue;
+        pane->scrollView()->ensureWidgetVisible(next, 0, g_scrollMargin);
+        next->setFocus(Qt::TabFocusReason);
+        return;
+    }
+}
+
+// The index
+
+void ZelInspectorSearch::makeIndex()
+{
+    if (m_index)
+        return;
+    m_index = std::make_shared<const ZelSearchIndex>(m_inspector->panes());
+    m_watch = std::make_unique<QObject>();
+    const auto contentDidChange = [this] { this->contentDidChange(); };
+    const auto conditionsDidChange = [this] {
+        if (m_isOn)
+            m_update.schedule();
+    };
+    m_index->watch(m_watch.get(), conditionsDidChange, contentDidChange);
+    connect(m_inspector, &ZelTabbedInspector::panesChanged, m_watch.get(), contentDidChange);
+    m_isOutdated = false;
+}
+
+void ZelInspectorSearch::forgetIndex()
+{
+    m_watch.reset();
+    m_index.reset();
+}
+
+void ZelInspectorSearch::contentDidChange()
+{
+    m_isOutdated = true;
+    if (m_isOn)
+        m_update.schedule();
+}
+
+// Filtering
+
+void ZelInspectorSearch::update()
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    if (m_bar && m_bar->field()->text() != m_inspector->searchText())
+        m_bar->field()->setText(m_inspector->searchText());
+    const bool isShown = m_inspector->isViewInstalled() && m_bar;
+    const QStringList words = isShown ? ZelFoldedText::words(m_inspector->searchText()) : QStringList();
+    if (words.isEmpty())
+        return suspend();
+    if (!m_isOn)
+        begin();
+    if (alive && m_isOutdated && m_index) {
+        apply(std::vector<Filter>(m_index->nodes().size())); // what has left the inspector must not stay hidden
+        if (alive)
+            forgetIndex();
+    }
+    if (!alive)
+        return;
+    makeIndex();
+    filter(words);
+}
+
+/// Notes what is going to be put back.
+void ZelInspectorSearch::begin()
+{
+    m_isOn = true;
+    m_formerPane = m_inspector->currentInspector();
+    m_scrollPositions.clear();
+    for (const ZelInspectorPane *pane : m_inspector->panes()) {
+        if (ZelScrollView *scrollView = pane->scrollView())
+            m_scrollPositions.emplace_back(scrollView, scrollView->verticalScrollBar()->value());
+    }
+    // A row that is about to hide commits what is typed there. A text that is refused stays in it.
+    const ZelPassiveEdits passive;
+    m_inspector->commitEditing();
+}
+
+void ZelInspectorSearch::filter(const QStringList &words)
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const std::shared_ptr<const ZelSearchIndex> index = m_index;
+    const std::vector<Finding> findings = index->find(words);
+    std::vector<Filter> filters(findings.size());
+    for (size_t i = 0; i < findings.size(); ++i)
+        filters[i] = {!findings[i].contains && !findings[i].matches, !findings[i].matches};
+    if (ZelAssign(m_words, words)) {
+        ScrollPositions tops = m_scrollPositions;
+        for (auto &[scrollView, position] : tops)
+            position = 0;
+        scrollTo(tops);
+    }
+    apply(filters);
+    for (size_t i = 0; alive && i < findings.size(); ++i) {
+        if (findings[i].contains)
+            unfold(index->nodes()[i]);
+    }
+    if (alive && index == m_index)
+        markParts(findings, words);
+    if (alive && index == m_index)
+        showOutcome(findings);
+}
+
+/// Sets the filters from the outside to the inside where views are hidden, and the other way round where they are
+/// shown: what is in a hidden view is hidden and shown at little cost. What is in a container that is left out keeps
+/// its state.
+void ZelInspectorSearch::apply(const std::vector<Filter> &filters)
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const std::shared_ptr<const ZelSearchIndex> index = m_index;
+    std::vector<bool> isWithin(filters.size()); // a container that is left out
+    std::vector<QPointer<ZelInspectorConditionalContainer>> changed;
+    const auto set = [&](ZelInspectorConditionalContainer *container, bool isLeftOut, bool isNow) {
+        if (!alive || !container || isLeftOut != isNow || container->isFilteredOut() == isNow)
+            return;
+        changed.emplace_back(container);
+        container->setFilteredOut(isNow);
+    };
+    const auto setNode = [&](size_t i, bool isNow) {
+        const Node &node = index->nodes()[i];
+        if (isWithin[i] || !node.container)
+            return;
+        if (node.kind == Kind::Chooser)
+            set(rowOf(node), filters[i].leavesOutRow, isNow);
+        set(node.conditional(), filters[i].leavesOut, isNow);
+    };
+    for (size_t i = 0; i < filters.size(); ++i) {
+        const int parent = index->nodes()[i].parent;
+        isWithin[i] = parent >= 0 && (isWithin[size_t(parent)] || filters[size_t(parent)].leavesOut);
+        setNode(i, true);
+    }
+    for (size_t i = filters.size(); i-- > 0;)
+        setNode(i, false);
+    if (alive)
+        settle(changed);
+}
+
+void ZelInspectorSearch::suspend()
+{
+    m_update.cancel();
+    if (m_isOn)
+        giveBack();
+}
+
+void ZelInspectorSearch::giveBack()
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const ScrollPositions positions = std::exchange(m_scrollPositions, {});
+    m_isOn = false;
+    m_foundCount = 0;
+    m_words.clear();
+    mark({}, {});
+    for (const QPointer<ZelExpandableView> &box : std::exchange(m_unfolded, {})) {
+        if (box)
+            box->setExpanded(false);
+    }
+    if (alive && m_index)
+        apply(std::vector<Filter>(m_index->nodes().size()));
+    if (!alive)
+        return;
+    const QList<ZelInspectorPane *> panes = m_inspector->panes();
+    showNotes(std::vector<QStringList>(size_t(panes.size())));
+    setTabCounts(std::vector<int>(size_t(panes.size()), -1));
+    selectPane(m_formerPane ? panes.indexOf(m_formerPane) : -1);
+    scrollTo(positions);
+    if (!alive || !m_bar)
+        return;
+    m_bar->setOutcome({});
+    if (!m_bar->field()->hasFocus())
+        forgetIndex();
+}
+
+void ZelInspectorSearch::unfold(const Node &node)
+{
+    if (node.kind != Kind::Inspector || !node.container || !node.container->isViewLoaded())
+        return;
+    auto *box = qobject_cast<ZelExpandableView *>(node.container->view());
+    if (!box || box->isExpanded())
+        return;
+    m_unfolded.emplace_back(box);
+    box->setExpanded(true);
+}
+
+/// Lays out what is around the views that were hidden or shown in the current pane, from the inside to the outside.
+/// The event loop would do it level by level, and may paint in between.
+void ZelInspectorSearch::settle(const std::vector<QPointer<ZelInspectorConditionalContainer>> &changed) const
+{
+    const ZelInspectorPane *pane = m_inspector->currentInspector();
+    const QWidget *document = pane && m_inspector->isViewInstalled() ? pane->containerView() : nullptr;
+    QHash<QWidget *, int> levels;
+    for (const auto &container : changed) {
+        QWidget *around =
+            document && container && container->isViewLoaded() ? container->view()->parentWidget() : nullptr;
+        QList<QWidget *> chain;
+        while (around && around != document && !levels.contains(around)) {
+            chain.append(around);
+            around = around->isWindow() ? nullptr : around->parentWidget();
+        }
+        if (!around)
+            continue; // in another pane
+        int level = levels.value(around);
+        levels.insert(around, level);
+        while (!chain.isEmpty())
+            levels.insert(chain.takeLast(), ++level);
+    }
+    std::vector<std::pair<int, QPointer<QWidget>>> views;
+    for (auto [view, level] : levels.asKeyValueRange())
+        views.emplace_back(level, view);
+    std::sort(views.begin(), views.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    for (const auto &[level, view] : views) {
+        QEvent request(QEvent::LayoutRequest);
+        if (view)
+            QCoreApplication::sendEvent(view, &request);
+    }
+}
+
+void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
+{
+    for (const auto &[scrollView, position] : positions) {
+        if (scrollView)
+            scrollView->verticalScrollBar()->setValue(position);
+    }
+}
+
+// What is shown of the outcome
+
+void ZelInspectorSearch::markParts(const std::vector<Finding> &findings, const QStringList &words)
+{
+    std::vector<QPointer<ZelLabel>> labels;
+    for (size_t i = 0; i < findings.size(); ++i) {
+        if (ZelLabel *label = findings[i].contains ? labelOf(m_index->nodes()[i]) : nullptr)
+            labels.emplace_back(label);
+    }
+    mark(std::move(labels), words);
+}
+
+/// Marks the words in the labels, and nothing in those that were marked before.
+void ZelInspectorSearch::mark(std::vector<QPointer<ZelLabel>> labels, const QStringList &words)
+{
+    const std::vector<QPointer<ZelLabel>> former = std::exchange(m_marked, std::move(labels));
+    QSet<const ZelLabel *> present;
+    for (const QPointer<ZelLabel> &label : m_marked) {
+        label->setMarkedParts(ZelFoldedText::partsOf(label->text(), words));
+        present.insert(label);
+    }
+    for (const QPointer<ZelLabel> &label : former) {
+        if (label && !present.contains(label))
+            label->setMarkedParts({});
+    }
+}
+
+void ZelInspectorSearch::showOutcome(const std::vector<Finding> &findings)
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const size_t paneCount = size_t(m_inspector->panes().size());
+    std::vector<int> found(paneCount);
+    std::vector<QStringList> notes(paneCount);
+    int hiddenCount = 0;
+    for (size_t i = 0; i < findings.size(); ++i) {
+        const Node &node = m_index->nodes()[i];
+        const Finding &finding = findings[i];
+        if (!finding.matches || size_t(node.pane) >= paneCount)
+            continue;
+        QStringList &notesOfPane = notes[size_t(node.pane)];
+        if (finding.hiddenBy < 0)
+            ++found[size_t(node.pane)];
+        else if (++hiddenCount; notesOfPane.size() < g_notedRows)
+            notesOfPane.append(m_index->reasonFor(node, m_index->nodes()[size_t(finding.hiddenBy)]));
+        else if (notesOfPane.size() == g_notedRows)
+            notesOfPane.append(QStringLiteral("…"));
+    }
+    m_foundCount = std::accumulate(found.begin(), found.end(), 0);
+    m_bar->setOutcome(outcomeText(m_foundCount, hiddenCount));
+    showNotes(notes);
+    std::vector<int> counts = found;
+    for (size_t i = 0; i < paneCount; ++i) {
+        if (counts[i] == 0 && !notes[i].isEmpty())
+            counts[i] = -1; // no number, but not dimmed either: there is something to be read
+    }
+    setTabCounts(counts);
+    if (alive)
+        selectPane(found, notes);
+}
+
+void ZelInspectorSearch::showNotes(const std::vector<QStringList> &notes)
+{
+    const QList<ZelInspectorPane *> panes = m_inspector->panes();
+    for (qsizetype i = 0; i < panes.size() && size_t(i) < notes.size(); ++i)
+        panes.at(i)->setNote(notes[size_t(i)].join(u'\n'));
+}
+
+void ZelInspectorSearch::setTabCounts(const std::vector<int> &counts)
+{
+    const QList<ZelTabBarItem *> items =
+        m_inspector->tabBar() ? m_inspector->tabBar()->items() : QList<ZelTabBarItem *>();
+    for (qsizetype i = 0; i < items.size() && size_t(i) < counts.size(); ++i)
+        items.at(i)->setCount(counts[size_t(i)]);
+}
+
+/// Leaves a pane in which nothing was found for the first one with a row that is shown, or else with a hidden one.
+void ZelInspectorSearch::selectPane(const std::vector<int> &found, const std::vector<QStringList> &notes)
+{
+    const auto current = size_t(m_inspector->selectedPaneIndex());
+    const auto select = [&](const auto &isThere) {
+        if (current < found.size() && isThere(current))
+            return true;
+        for (size_t i = 0; i < found.size(); ++i) {
+            if (!isThere(i))
+                continue;
+            selectPane(qsizetype(i));
+            return true;
+        }
+        return false;
+    };
+    if (!select([&](size_t i) { return found[i] > 0; }))
+        select([&](size_t i) { return !notes[i].isEmpty(); });
+}
+
+void ZelInspectorSearch::selectPane(qsizetype index)
+{
+    if (index < 0 || quint64(index) == m_inspector->selectedPaneIndex())
+        return;
+    const QPointer<ZelInspectorSearch> alive(this);
+    const ZelPassiveEdits passive;
+    if (m_inspector->commitEditing() && alive)
+        m_inspector->selectInspector(quint64(index));
+}
