@@ -617,7 +617,7 @@ private Q_SLOTS:
             }
             ++written;
         }
-        QCOMPARE(written, 40);
+        QCOMPARE(written, 43);
     }
 
     void whoeverListensMayDeleteAnything()

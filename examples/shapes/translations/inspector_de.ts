@@ -5,6 +5,34 @@
 <context>
     <name>Application</name>
     <message>
+        <source>%1 found</source>
+        <translation>%1 gefunden</translation>
+    </message>
+    <message>
+        <source>%1 found, %2 hidden</source>
+        <translation>%1 gefunden, %2 verborgen</translation>
+    </message>
+    <message>
+        <source>%1 hidden</source>
+        <translation>%1 verborgen</translation>
+    </message>
+    <message>
+        <source>%1 – not shown at present</source>
+        <translation>%1 – zurzeit nicht zu sehen</translation>
+    </message>
+    <message>
+        <source>%1 – not shown for the present value of “%2”</source>
+        <translation>%1 – beim jetzigen Wert von „%2“ nicht zu sehen</translation>
+    </message>
+    <message>
+        <source>%1 – shown when “%2” is on</source>
+        <translation>%1 – zu sehen, wenn „%2“ eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>%1 – shown when “%2” is “%3”</source>
+        <translation>%1 – zu sehen, wenn „%2“ auf „%3“ steht</translation>
+    </message>
+    <message>
         <source>Add</source>
         <translation>Hinzufügen</translation>
     </message>
@@ -341,6 +369,10 @@
         <translation>Füllung</translation>
     </message>
     <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
         <source>First Line</source>
         <translation>Erste Zeile</translation>
     </message>
@@ -491,6 +523,10 @@
     <message>
         <source>Notes</source>
         <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
     </message>
     <message>
         <source>Number</source>

@@ -12,7 +12,8 @@ void appendFolded(QString &folded, char32_t character)
         folded += QChar(char16_t(character)).isSpace() ? QChar(u' ') : QChar(char16_t(character)).toLower();
         return;
     }
-    const QString parts = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD).toCaseFolded();
+    const QString letters = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD);
+    const QString parts = letters.toUpper().toLower(); // upper case first: it knows that a sharp s is two letters
     for (QChar part : parts) {
         if (part.category() != QChar::Mark_NonSpacing && part.category() != QChar::Mark_Enclosing)
             folded += part.isSpace() ? QChar(u' ') : part;

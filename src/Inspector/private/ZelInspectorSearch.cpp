@@ -124,10 +124,20 @@ void ZelInspectorSearch::focusDidChange(QWidget *former, QWidget *present)
         return;
     if (present == m_bar->field()) {
         if (former && !m_isOn)
-            m_formerFocus = former;
+            noteFocus(former);
         makeIndex();
     } else if (former == m_bar->field() && !m_isOn) {
         forgetIndex();
+    }
+}
+
+/// What has the focus may be a part that a control makes for the time of typing. Then the control gets it back.
+void ZelInspectorSearch::noteFocus(QWidget *widget)
+{
+    m_formerFocus.clear();
+    for (QWidget *around = widget; around; around = around->isWindow() ? nullptr : around->parentWidget()) {
+        if (around->focusPolicy() != Qt::NoFocus)
+            m_formerFocus.emplace_back(around);
     }
 }
 
@@ -135,11 +145,14 @@ void ZelInspectorSearch::focusDidChange(QWidget *former, QWidget *present)
 void ZelInspectorSearch::leave()
 {
     const QPointer<ZelInspectorSearch> alive(this);
-    const QPointer<QWidget> formerFocus = m_formerFocus;
+    const std::vector<QPointer<QWidget>> formerFocus = m_formerFocus;
     const ScrollPositions positions = m_isOn ? m_scrollPositions : ScrollPositions();
     m_inspector->setSearchText({});
-    if (alive && formerFocus && formerFocus->isVisible() && formerFocus->isEnabled())
-        formerFocus->setFocus(Qt::OtherFocusReason);
+    const auto focus = std::find_if(formerFocus.begin(), formerFocus.end(), [](const auto &widget) {
+        return widget && widget->isVisible() && widget->isEnabled();
+    });
+    if (alive && focus != formerFocus.end())
+        (*focus)->setFocus(Qt::OtherFocusReason);
     scrollTo(positions); // a scroll view may have followed the focus
 }
 
@@ -245,7 +258,8 @@ void ZelInspectorSearch::filter(const QStringList &words)
     const std::vector<Finding> findings = index->find(words);
     std::vector<Filter> filters(findings.size());
     for (size_t i = 0; i < findings.size(); ++i)
-        filters[i] = {!findings[i].contains && !findings[i].matches, !findings[i].matches};
+        filters[i] = {index->nodes()[i].conditional() && !findings[i].contains && !findings[i].matches,
+                      !findings[i].matches};
     if (ZelAssign(m_words, words)) {
         ScrollPositions tops = m_scrollPositions;
         for (auto &[scrollView, position] : tops)
@@ -312,6 +326,7 @@ void ZelInspectorSearch::giveBack()
     m_foundCount = 0;
     m_words.clear();
     mark({}, {});
+    selectPane(m_formerPane ? m_inspector->panes().indexOf(m_formerPane) : -1);
     for (const QPointer<ZelExpandableView> &box : std::exchange(m_unfolded, {})) {
         if (box)
             box->setExpanded(false);
@@ -323,7 +338,6 @@ void ZelInspectorSearch::giveBack()
     const QList<ZelInspectorPane *> panes = m_inspector->panes();
     showNotes(std::vector<QStringList>(size_t(panes.size())));
     setTabCounts(std::vector<int>(size_t(panes.size()), -1));
-    selectPane(m_formerPane ? panes.indexOf(m_formerPane) : -1);
     scrollTo(positions);
     if (!alive || !m_bar)
         return;

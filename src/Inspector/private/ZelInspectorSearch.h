@@ -58,6 +58,7 @@ private:
 
     void leave();
     void focusFirstFound();
+    void noteFocus(QWidget *widget);
     void focusDidChange(QWidget *former, QWidget *present);
     void makeIndex();
     void forgetIndex();
@@ -91,7 +92,7 @@ private:
     bool m_isOutdated = false; // the index
 
     // What is put back
-    QPointer<QWidget> m_formerFocus;
+    std::vector<QPointer<QWidget>> m_formerFocus; // what had it, and the controls around that
     QPointer<ZelInspectorPane> m_formerPane;
     std::vector<QPointer<ZelExpandableView>> m_unfolded;
     ScrollPositions m_scrollPositions;

@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: MIT
+#include "FigureSheet.h"
+
+#include "Controls/ZelLabel.h"
+#include "ExpandableViews/ZelExpandableHeader.h"
+#include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/ZelInspector.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/private/ZelFoldedText.h"
+#include "Inspector/private/ZelInspectorNote.h"
+#include "TabBar/ZelButtonMatrix.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QShortcut>
+
+namespace {
+
+const QByteArray g_description = R"(<panes search='yes'>
+<pane title='A'>
+  <inspector title='Look'><slice>
+    <section title='Größe'>
+      <sliver title='Width'><property type='number' keyPath='people.selection.height'/></sliver>
+      <sliver title='Motto'><property type='string' keyPath='people.selection.name'/></sliver>
+    </section>
+    <section title='More'>
+      <sliver title='Radius' visibleKeyPath='unlocked'><property type='string' keyPath='people.selection.note'/></sliver>
+      <sliver><property type='boolean' title='Locked' keyPath='unlocked'/></sliver>
+      <chooser title='Kind' keyPath='people.selection.role'>
+        <choice title='Guest' value='0'><sliver title='Invited'><property type='string' keyPath='people.selection.name'/></sliver></choice>
+        <choice title='Member' value='1'><sliver title='Since'><property type='string' keyPath='people.selection.note'/></sliver></choice>
+      </chooser>
+    </section></slice></inspector>
+  <inspector title='Folded'><slice><section>
+      %
+      <sliver title='Deep'><property type='string' keyPath='people.selection.name'/></sliver>
+  </section></slice></inspector>
+</pane>
+<pane title='B'>
+  <inspector title='Never' visibleKeyPath='extra'><slice><section>
+      <sliver title='Opacity'><property type='number' keyPath='people.selection.height'/></sliver></section></slice></inspector>
+  <inspector title='Always'><slice><section>
+      <sliver title='Tone'><property type='boolean' title='Active' keyPath='people.selection.active'/></sliver>
+  </section></slice></inspector>
+</pane></panes>)";
+
+QByteArray description()
+{
+    QByteArray many;
+    for (int i = 0; i < 40; ++i)
+        many += Sheet::row("name", "string");
+    return QByteArray(g_description).replace('%', many);
+}
+
+} // namespace
+
+/// The field above the tabs, from the keys that are pressed to what is on the screen.
+class tst_Search : public QObject
+{
+    Q_OBJECT
+
+    std::optional<Sheet> m_sheet;
+    QLineEdit *m_field = nullptr;
+
+    ZelTabbedInspector *inspector() const { return m_sheet->inspector.get(); }
+    ZelInspectorPane *pane(int index) const { return inspector()->panes().at(index); }
+    template<typename Class> Class *titled(const QString &title) const
+    {
+        for (auto *container : inspector()->findChildren<Class *>()) {
+            if (container->title() == title)
+                return container;
+        }
+        return nullptr;
+    }
+    QWidget *field(const QString &title) const
+    {
+        return titled<ZelInspectorSliver>(title)->view()->findChild<ZelGrowingTextField *>();
+    }
+    /// The titles of the rows that are on the screen; those of the checkboxes in rows without one.
+    QStringList shownRows() const
+    {
+        QStringList titles;
+        for (auto *row : inspector()->findChildren<ZelInspectorSliver *>()) {
+            if (row->isViewLoaded() && row->view()->isVisible() && row->view()->height() > 0)
+                titles.append(row->title().isEmpty() ? row->properties().first()->title() : row->title());
+        }
+        return titles;
+    }
+    QString outcome() const { return m_field->parentWidget()->findChild<ZelLabel *>()->text(); }
+    QString notes() const { return pane(int(inspector()->selectedPaneIndex()))->note(); }
+    QList<int> counts() const
+    {
+        QList<int> result;
+        for (const ZelTabBarItem *item : inspector()->tabBar()->items())
+            result.append(item->count());
+        return result;
+    }
+    void find(const QString &text)
+    {
+        inspector()->setSearchText(text);
+        Sheet::settle();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_sheet.emplace(description(), QSize(340, 400));
+        m_sheet->owner->setUnlocked(false);
+        m_sheet->select({0});
+        m_field = inspector()->view()->findChild<QLineEdit *>(); // the first one, above all others
+    }
+    void cleanup() { m_sheet.reset(); }
+
+    void rowsAreFoundByWhatTheyAreCalled_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("rows");
+        QTest::addColumn<QString>("outcome");
+        const QStringList none;
+        QTest::newRow("title") << "MOTT" << QStringList{"Motto"} << "1 found";
+        QTest::newRow("words of title and section") << " wid  grosse" << QStringList{"Width"} << "1 found";
+        QTest::newRow("without diacritics") << u"gro\u0308ße"_qs << QStringList{"Width", "Motto"} << "2 found";
+        QTest::newRow("title of an editor") << "lock look" << QStringList{"Locked"} << "1 found";
+        QTest::newRow("key, in another pane, too") << "height" << QStringList{"Width"} << "1 found, 1 hidden";
+        QTest::newRow("only in another pane") << "ton" << QStringList{"Tone"} << "1 found";
+        QTest::newRow("chooser") << "kind role" << QStringList{"Kind"} << "1 found";
+        QTest::newRow("in the choice") << "guest" << QStringList{"Invited"} << "1 found";
+        QTest::newRow("hidden by a condition") << "radi" << none << "1 hidden";
+        QTest::newRow("never shown before") << "opac" << none << "1 hidden";
+        QTest::newRow("not all words") << "motto size" << none << "Nothing found";
+    }
+    void rowsAreFoundByWhatTheyAreCalled()
+    {
+        QFETCH(QString, text);
+        const QStringList all = shownRows();
+        find(text);
+        QTEST(shownRows(), "rows");
+        QTEST(outcome(), "outcome");
+        QCOMPARE(inspector()->searchCount(), shownRows().size());
+        QVERIFY(!titled<ZelInspector>("Never")->isViewLoaded());
+        find({});
+        QCOMPARE(shownRows(), all);
+        QCOMPARE(outcome(), QString());
+    }
+
+    void matchesAreMarkedWhereTheyStand()
+    {
+        const auto parts = [](const QString &text, const QString &typed) {
+            QList<qsizetype> numbers;
+            for (const ZelLabel::Part &part : ZelFoldedText::partsOf(text, ZelFoldedText::words(typed)))
+                numbers << part.start << part.length;
+            return numbers;
+        };
+        using Numbers = QList<qsizetype>;
+        QCOMPARE(parts("Banana", "AN n"), (Numbers{1, 4}));
+        QCOMPARE(parts(u"e\u0301Ǆ Straße"_qs, "e dz ss"), (Numbers{0, 3, 8, 2})); // letters with marks, and ligatures
+        QCOMPARE(parts(u"\U0001F600x"_qs, "X"), (Numbers{2, 1}));
+        find("oTt");
+        const ZelLabel *label = titled<ZelInspectorSliver>("Motto")->label();
+        QCOMPARE(label->markedParts(), (QList<ZelLabel::Part>{{1, 3}}));
+        find("width");
+        QVERIFY(label->markedParts().isEmpty());
+    }
+
+    /// Everything is put back: the rows, the tab, what is folded, the scroll position and the focus.
+    void escapeGivesEverythingBack()
+    {
+        auto *box = static_cast<ZelExpandableView *>(titled<ZelInspector>("Look")->view());
+        QScrollBar *bar = pane(0)->scrollView()->verticalScrollBar();
+        Sheet::click(box->header());
+        QVERIFY(!box->isExpanded());
+        QWidget *deep = field("Deep");
+        deep->setFocus();
+        pane(0)->scrollView()->ensureWidgetVisible(deep);
+        Sheet::settle();
+        const QStringList before = shownRows();
+        const int position = bar->value();
+        QVERIFY(position > 0);
+        Sheet::press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), m_field);
+        Sheet::type("motto");
+        QCOMPARE(shownRows(), QStringList{"Motto"});
+        QCOMPARE(bar->value(), 0);
+        QCOMPARE(counts(), (QList{1, 0}));
+        Sheet::press(Qt::Key_F, Qt::ControlModifier);
+        Sheet::type("tone"); // replaces what was selected
+        QCOMPARE(shownRows(), QStringList{"Tone"});
+        QCOMPARE(inspector()->selectedPaneIndex(), 1);
+        QCOMPARE(counts(), (QList{0, 1}));
+        Sheet::press(Qt::Key_Escape);
+        QCOMPARE(inspector()->selectedPaneIndex(), 0);
+        QVERIFY(!box->isExpanded());
+        QCOMPARE(shownRows(), before);
+        QCOMPARE(bar->value(), position);
+        QCOMPARE(counts(), (QList{-1, -1}));
+        QVERIFY(deep->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(inspector()->searchText(), QString());
+    }
+
+    void foundRowsAreEdited()
+    {
+        Sheet::click(m_field);
+        Sheet::type("motto");
+        Sheet::press(Qt::Key_Down);
+        QVERIFY(field("Motto")->isAncestorOf(QApplication::focusWidget()));
+        Sheet::type("new");
+        Sheet::press(Qt::Key_Return);
+        QCOMPARE(m_sheet->value(0, "name").toString(), "new");
+        QCOMPARE(m_sheet->stack.count(), 1);
+        Sheet::type("half"); // what is being typed is committed when the row hides
+        find("width");
+        QCOMPARE(m_sheet->value(0, "name").toString(), "half");
+        Sheet::press(Qt::Key_Escape);
+        QCOMPARE(inspector()->searchText(), QString());
+    }
+
+    /// The key belongs to the inspector only while the focus is in it, and then to nobody else.
+    void theKeyIsNotTakenElsewhere()
+    {
+        auto *other = new QLineEdit;
+        m_sheet->layout()->addWidget(other);
+        int ofTheApplication = 0;
+        QShortcut shortcut(QKeySequence::Find, &*m_sheet);
+        connect(&shortcut, &QShortcut::activated, this, [&] { ++ofTheApplication; });
+        other->setFocus();
+        Sheet::press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(ofTheApplication, 1);
+        QCOMPARE(QApplication::focusWidget(), other);
+        field("Motto")->setFocus();
+        Sheet::press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(ofTheApplication, 1);
+        QCOMPARE(QApplication::focusWidget(), m_field);
+        inspector()->setSearchEnabled(false);
+        Sheet::press(Qt::Key_Tab);
+        Sheet::press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(ofTheApplication, 2);
+        inspector()->setSearchEnabled(true);
+        inspector()->focusSearchField();
+        Sheet::press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), inspector()->tabBar()->matrix()); // the field stands before all others
+    }
+
+    void hiddenRowsSayWhy()
+    {
+        const QString dash = u" – "_qs;
+        find("radi");
+        QCOMPARE(notes(), u"Radius – shown when “Locked” is on"_qs);
+        find("since");
+        QCOMPARE(notes(), u"Since – shown when “Kind” is “Member”"_qs);
+        find("opac");
+        QCOMPARE(inspector()->selectedPaneIndex(), 1);
+        QCOMPARE(notes(), u"Opacity – shown when “extra” is on"_qs);
+        QVERIFY(pane(1)->view()->findChild<QLabel *>()->isVisible());
+        // While the search goes on, the conditions change.
+        m_sheet->owner->setProperty("extra", true);
+        Sheet::settle();
+        QCOMPARE(notes(), QString());
+        QCOMPARE(shownRows(), QStringList{"Opacity"});
+        find("since");
+        m_sheet->set(0, "role", 1);
+        QCOMPARE(shownRows(), QStringList{"Since"});
+        m_sheet->select({});
+        QCOMPARE(shownRows(), QStringList());
+        QCOMPARE(outcome(), QString("1 hidden"));
+        find({});
+        QCOMPARE(notes(), QString());
+        QVERIFY(!pane(0)->view()->findChild<QLabel *>());
+    }
+
+    /// Containers come, go and die while there is a search.
+    void theInspectorMayChangeMeanwhile()
+    {
+        find("motto");
+        auto *row = titled<ZelInspectorSliver>("Width");
+        row->setTitle("Motto II");
+        Sheet::settle();
+        QCOMPARE(shownRows(), (QStringList{"Motto II", "Motto"}));
+        auto *motto = titled<ZelInspectorSliver>("Motto");
+        delete motto->view();
+        delete motto;
+        Sheet::settle();
+        QCOMPARE(outcome(), QString("1 found"));
+        ZelInspector *look = titled<ZelInspector>("Look");
+        pane(0)->setInspectors({titled<ZelInspector>("Folded")});
+        Sheet::settle();
+        QCOMPARE(outcome(), QString("Nothing found"));
+        pane(0)->setInspectors({});
+        find("tone");
+        pane(0)->setInspectors({look}); // it left while it was filtered out
+        find({});
+        QVERIFY(shownRows().contains("Kind"));
+        find("kind role");
+        delete pane(1)->view();
+        delete pane(1);
+        inspector()->setPanes({pane(0)});
+        Sheet::settle();
+        QCOMPARE(shownRows(), QStringList{"Kind"});
+    }
+
+    void theTextOutlivesWindowAndField()
+    {
+        ZelView *view = inspector()->view();
+        find("motto");
+        view->removeFromSuperview();
+        QVERIFY(!titled<ZelInspectorSliver>("Width")->isFilteredOut());
+        QCOMPARE(inspector()->searchCount(), 0);
+        m_sheet->layout()->addWidget(view);
+        Sheet::settle();
+        QCOMPARE(shownRows(), QStringList{"Motto"});
+        inspector()->setSearchEnabled(false);
+        Sheet::settle();
+        QVERIFY(shownRows().contains("Width"));
+        inspector()->setSearchEnabled(true);
+        Sheet::settle();
+        QCOMPARE(shownRows(), QStringList{"Motto"});
+    }
+
+    /// An edit that the search commits may end everything.
+    void anEditMayEndTheInspector()
+    {
+        QWidget *motto = field("Motto");
+        Sheet::replaceText(motto, "last");
+        auto *property = titled<ZelInspectorSliver>("Motto")->properties().first();
+        property->setActionSelector(ZelSelector("noteAction"));
+        connect(m_sheet->figures.front().get(), &Person::nameChanged, this, [this] {
+            delete m_sheet->inspector->view();
+            m_sheet->inspector.reset();
+        });
+        inspector()->setSearchText("width");
+        QVERIFY(!m_sheet->inspector);
+        QCOMPARE(m_sheet->value(0, "name").toString(), "last");
+    }
+};
+
+QTEST_MAIN(tst_Search)
+#include "tst_Search.moc"
