@@ -20,18 +20,25 @@ namespace {
 
 const QString g_expectedElement = QStringLiteral("Expected inspector element: ");
 
-void applyCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
+void applyHelp(ZelViewController &controller, const Configuration &configuration)
+{
+    controller.setToolTip(configuration.localizedStringValueNamed(u"toolTip", controller.toolTip()));
+    controller.setWhatsThis(configuration.localizedStringValueNamed(u"whatsThis", controller.whatsThis()));
+}
+
+void applyConditionAndHelp(ZelInspectorConditionalContainer &container, const Configuration &configuration)
 {
     // The transformer is set first, since setting the key path may evaluate the condition at once.
     container.setVisibleValueTransformer(configuration.valueTransformerForAttributeNamed(
         u"visibleValueTransformer", container.visibleValueTransformer()));
     container.setVisibleKeyPath(configuration.keyPathValueNamed(u"visibleKeyPath", container.visibleKeyPath()));
+    applyHelp(container, configuration);
 }
 
-void applyTitleAndCondition(ZelInspectorConditionalContainer &container, const Configuration &configuration)
+void applyTitleConditionAndHelp(ZelInspectorConditionalContainer &container, const Configuration &configuration)
 {
     container.setTitle(configuration.localizedStringValueNamed(u"title", container.title()));
-    applyCondition(container, configuration);
+    applyConditionAndHelp(container, configuration);
 }
 
 /// The role (see ZelDescriptionSchema) of the elements from which objects of the class are made.
@@ -253,6 +260,7 @@ ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &con
     auto pane = std::make_unique<ZelInspectorPane>(m_owner);
     pane->setTitle(configuration.localizedStringValueNamed(u"title"));
     pane->setImage(imageValue(configuration));
+    applyHelp(*pane, configuration);
     if (configuration.configurationsNamed(u"inspector").isEmpty())
         ZelFail(QStringLiteral("No inspectors in the configuration"), configuration.place());
     pane->setInspectors(
@@ -265,7 +273,7 @@ ZelInspector *Generator::createInspectorForConfiguration(const Configuration &co
     auto inspector = buildFromFile(u"inspector", &Generator::createInspectorForConfiguration, configuration);
     if (!inspector)
         inspector = std::make_unique<ZelInspector>(m_owner);
-    applyTitleAndCondition(*inspector, configuration);
+    applyTitleConditionAndHelp(*inspector, configuration);
     if (configuration.configurationsNamed(u"slice").isEmpty()) {
         ZelFail(QStringLiteral("No slice in the configuration"), configuration.place());
         return inspector.release();
@@ -286,7 +294,7 @@ ZelInspectorSlice *Generator::createSliceForConfiguration(const Configuration &c
             createOfClass(configuration, QStringLiteral("ZelInspectorSlice"), &ZelInspectorSlice::staticMetaObject)));
     if (!slice)
         return nullptr;
-    applyTitleAndCondition(*slice, configuration);
+    applyTitleConditionAndHelp(*slice, configuration);
     slice->setSections(slice->sections() + buildChildren(u"section", &Generator::createSectionForConfiguration,
                                                          configuration, slice.get()));
     return slice.release();
@@ -297,7 +305,7 @@ ZelInspectorSection *Generator::createSectionForConfiguration(const Configuratio
     auto section = buildFromFile(u"slice", &Generator::createSectionForConfiguration, configuration);
     if (!section)
         section = std::make_unique<ZelInspectorSection>(m_owner);
-    applyTitleAndCondition(*section, configuration);
+    applyTitleConditionAndHelp(*section, configuration);
     section->setSliversAndChoosers(section->sliversAndChoosers() +
                                    buildSliversAndChoosers(configuration, section.get()));
     return section.release();
@@ -310,7 +318,7 @@ ZelInspectorChooser *Generator::createChooserForConfiguration(const Configuratio
         chooser = std::make_unique<ZelInspectorChooser>(m_owner);
     chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // not localized, like a sliver's
     chooser->setKeyPath(configuration.keyPathValueNamed(u"keyPath", chooser->keyPath()));
-    applyCondition(*chooser, configuration);
+    applyConditionAndHelp(*chooser, configuration);
     chooser->setActionSelector(configuration.selectorValueNamed(u"actionSelector", chooser->actionSelector()));
     chooser->setActionName(configuration.localizedStringValueNamed(u"actionName", chooser->actionName()));
     chooser->setChoices(chooser->choices() + buildChildren(u"choice", &Generator::createChooserChoiceForConfiguration,
@@ -323,6 +331,7 @@ ZelInspectorChooserChoice *Generator::createChooserChoiceForConfiguration(const 
     auto choice = std::make_unique<ZelInspectorChooserChoice>(m_owner);
     choice->setTitle(configuration.localizedStringValueNamed(u"title"));
     choice->setImage(imageValue(configuration));
+    applyHelp(*choice, configuration);
     choice->setHidden(configuration.booleanValueNamed(u"hidden"));
     choice->setEnabled(configuration.booleanValueNamed(u"enabled", true));
     choice->setValue(configuration.integerValueNamed(u"value"));
@@ -338,7 +347,7 @@ ZelInspectorSliver *Generator::createSliverForConfiguration(const Configuration 
         sliver = std::make_unique<ZelInspectorSliver>(m_owner);
     sliver->setTitle(configuration.stringValueNamed(u"title", sliver->title()));
     sliver->setFullWidth(configuration.booleanValueNamed(u"fullWidth", sliver->isFullWidth()));
-    applyCondition(*sliver, configuration);
+    applyConditionAndHelp(*sliver, configuration);
     QList<ZelInspectorProperty *> properties = sliver->properties();
     for (const Configuration &element : configuration.configurationsNamed(u"property")) {
         auto *property = buildChild(&Generator::createPropertyForConfiguration, element, sliver.get());

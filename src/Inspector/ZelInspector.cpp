@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspector.h"
 
+#include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/private/ZelLazyStack.h"
 #include "Resources/ZelLocalizedString.h"
@@ -51,6 +52,13 @@ void ZelInspector::loadView()
     m_box->setTitle(title());
     Q_EMIT slicesViewChanged();
     updateView();
+}
+
+void ZelInspector::showHelp()
+{
+    if (m_box)
+        m_box->header()->setToolTip(toolTip());
+    view()->setWhatsThis(whatsThis());
 }
 
 void ZelInspector::viewDidInstall()

@@ -41,6 +41,9 @@ Q_SIGNALS:
     void slicesViewChanged();
 
 protected:
+    /// The tool tip belongs to the header, the help text to everything in the inspector.
+    void showHelp() override;
+
     QList<QPointer<ZelViewController>> childControllers() const override { return m_slices.pointers(); }
 
 private:

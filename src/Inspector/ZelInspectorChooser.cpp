@@ -158,6 +158,13 @@ void ZelInspectorChooser::loadView()
     Q_EMIT containerViewChanged();
 }
 
+void ZelInspectorChooser::showHelp()
+{
+    if (m_sliver)
+        m_sliver->setToolTip(toolTip());
+    view()->setWhatsThis(whatsThis());
+}
+
 void ZelInspectorChooser::makeSliver()
 {
     m_sliver = new ZelInspectorSliver(owner());
@@ -177,6 +184,8 @@ ZelOptionGroup *ZelInspectorChooser::makeOptionGroup()
         auto *option = new ZelOption(group);
         option->image = choice->image();
         option->title = choice->title();
+        option->toolTip = choice->toolTip();
+        option->whatsThis = choice->whatsThis();
         option->enabled = choice->isEnabled();
         option->hidden = choice->isHidden();
         option->value = choice->value();

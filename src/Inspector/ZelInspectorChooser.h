@@ -103,6 +103,9 @@ Q_SIGNALS:
     void multipleValuesMenuItemChanged();
 
 protected:
+    /// The tool tip belongs to the row with the pop-up, the help text to what is chosen, too.
+    void showHelp() override;
+
     QList<QPointer<ZelViewController>> childControllers() const override;
 
 private:

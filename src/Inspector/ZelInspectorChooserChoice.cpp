@@ -47,6 +47,11 @@ void ZelInspectorChooserChoice::setSliversAndChoosers(
         Q_EMIT sliversAndChoosersChanged();
 }
 
+void ZelInspectorChooserChoice::showHelp()
+{
+    view()->setWhatsThis(whatsThis());
+}
+
 void ZelInspectorChooserChoice::loadView()
 {
     auto *stack = new ZelVerticalStackView;

@@ -55,6 +55,9 @@ Q_SIGNALS:
     void sliversAndChoosersChanged();
 
 protected:
+    /// The tool tip is shown by the item.
+    void showHelp() override;
+
     QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
 
 private:

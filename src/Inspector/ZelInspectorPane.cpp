@@ -73,6 +73,11 @@ ZelVerticalStackView *ZelInspectorPane::containerView() const
     return m_containerView;
 }
 
+void ZelInspectorPane::showHelp()
+{
+    view()->setWhatsThis(whatsThis());
+}
+
 void ZelInspectorPane::loadView()
 {
     auto *pane = new ZelView;

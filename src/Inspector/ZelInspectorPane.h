@@ -62,6 +62,9 @@ Q_SIGNALS:
     void containerViewChanged();
 
 protected:
+    /// The tool tip is shown by the tab.
+    void showHelp() override;
+
     QList<QPointer<ZelViewController>> childControllers() const override { return m_inspectors.pointers(); }
 
 private:

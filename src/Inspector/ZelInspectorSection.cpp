@@ -93,9 +93,17 @@ void ZelInspectorSection::updateHeading()
         m_label->setText(title());
 }
 
+void ZelInspectorSection::showHelp()
+{
+    if (m_labelContainerView)
+        m_labelContainerView->setToolTip(toolTip());
+    view()->setWhatsThis(whatsThis());
+}
+
 void ZelInspectorSection::makeHeading()
 {
     m_labelContainerView = new ZelVerticalStackView;
+    m_labelContainerView->setToolTip(toolTip());
     m_labelContainerView->setEdgeInsets({15, 2, 15, 2});
     m_label = new ZelLabel(m_labelContainerView);
     m_label->setFont(ZelControlSize::smallBoldFont());

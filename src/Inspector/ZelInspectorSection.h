@@ -42,6 +42,9 @@ Q_SIGNALS:
     void labelChanged();
 
 protected:
+    /// The tool tip belongs to the heading, the help text to everything in the section.
+    void showHelp() override;
+
     QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
 
 private:

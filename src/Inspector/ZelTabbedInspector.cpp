@@ -154,7 +154,10 @@ void ZelTabbedInspector::makeTabs()
     QList<ZelTabBarItem *> items;
     for (const ZelInspectorPane *pane : panes()) {
         auto *item = new ZelTabBarItem(ZelNamedImages::templateImage(pane->image()), 0, m_tabBar);
-        item->setToolTip(pane->title());
+        const QString &help = pane->toolTip();
+        item->setToolTip(help.isEmpty()            ? pane->title()
+                         : pane->title().isEmpty() ? help
+                                                   : pane->title() + u'\n' + help);
         // All tabs have the same key; it selects the first one.
         item->setKeyEquivalent(QStringLiteral("1"));
         item->setKeyEquivalentModifierMask(Qt::ControlModifier);

@@ -14,9 +14,11 @@
 #include "ViewController/private/ZelViewInstaller.h"
 #include "ViewController/private/ZelViewRare.h"
 
-#include <QEvent>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QScopedValueRollback>
+#include <QWhatsThis>
 
 namespace {
 
@@ -258,6 +260,11 @@ bool ZelView::handleEvent(QEvent *event)
     case QEvent::LayoutRequest:
         updateConstraintsIfNeeded();
         break;
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (showsHelpForKey(static_cast<QKeyEvent *>(event)))
+            return true;
+        break;
     default:
         break;
     }
@@ -305,6 +312,22 @@ void ZelView::childEvent(QChildEvent *event)
 void ZelView::didAddSubview(QWidget *) {}
 
 void ZelView::willRemoveSubview(QWidget *) {}
+
+/// Shift+F1 shows the help at the widget that has the focus, since Qt would show that of a widget around it in the
+/// middle of that one. The key belongs to the help here even if the application has a shortcut for What's This mode.
+bool ZelView::showsHelpForKey(QKeyEvent *event)
+{
+    const bool isHelpKey = event->key() == Qt::Key_F1 && event->modifiers() == Qt::ShiftModifier;
+    if (!isHelpKey || whatsThis().isEmpty())
+        return false;
+    event->accept();
+    if (event->type() == QEvent::ShortcutOverride)
+        return true;
+    QWidget *focus = QApplication::focusWidget();
+    QWidget *subject = focus && isAncestorOf(focus) ? focus : this;
+    QWhatsThis::showText(subject->mapToGlobal(subject->rect().center()), whatsThis(), subject);
+    return true;
+}
 
 bool ZelView::positionedEvent(QEvent *event)
 {

@@ -224,6 +224,7 @@ private:
     void leaveViewController();
     double hairlineWidth() const;
     bool hasScaledBounds() const;
+    bool showsHelpForKey(QKeyEvent *event);
     bool deliverScaled(QEvent *event);
     void placeSubview(QWidget *view, QWidget *above);
     void removeSubviews(const QList<QPointer<QWidget>> &views);

@@ -81,6 +81,30 @@ void ZelViewController::setTitle(const QString &title)
     Q_EMIT titleChanged();
 }
 
+void ZelViewController::setToolTip(const QString &toolTip)
+{
+    if (!ZelAssign(m_toolTip, toolTip))
+        return;
+    if (m_view)
+        showHelp();
+    Q_EMIT toolTipChanged();
+}
+
+void ZelViewController::setWhatsThis(const QString &whatsThis)
+{
+    if (!ZelAssign(m_whatsThis, whatsThis))
+        return;
+    if (m_view)
+        showHelp();
+    Q_EMIT whatsThisChanged();
+}
+
+void ZelViewController::showHelp()
+{
+    view()->setToolTip(m_toolTip);
+    view()->setWhatsThis(m_whatsThis);
+}
+
 // Loading
 
 QString ZelViewController::viewNibName() const
@@ -121,6 +145,8 @@ void ZelViewController::makeView()
         viewDidLoad();
         if (!loading.isOwnerAlive())
             return;
+        if (m_view && !(m_toolTip.isEmpty() && m_whatsThis.isEmpty()))
+            showHelp();
     }
     if (m_view && m_view->isInstalled() && !m_viewInstalled)
         viewDidInstall();

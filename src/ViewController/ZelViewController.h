@@ -33,6 +33,10 @@ class ZEL_EXPORT ZelViewController : public ZelGuarded<QObject>, public ZelPlace
     Q_OBJECT
     /// Null by default.
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
+    // Help for people. The nearest text around a widget is shown there, the tool tip when the mouse rests, the other
+    // one in What's This mode and for Shift+F1. Null by default.
+    Q_PROPERTY(QString toolTip READ toolTip WRITE setToolTip NOTIFY toolTipChanged)
+    Q_PROPERTY(QString whatsThis READ whatsThis WRITE setWhatsThis NOTIFY whatsThisChanged)
     /// Reading it loads the view.
     Q_PROPERTY(ZelView *view READ view WRITE setView NOTIFY viewChanged)
     Q_PROPERTY(bool viewLoaded READ isViewLoaded NOTIFY viewChanged)
@@ -48,6 +52,10 @@ public:
 
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);
+    const QString &toolTip() const { return m_toolTip; }
+    void setToolTip(const QString &toolTip);
+    const QString &whatsThis() const { return m_whatsThis; }
+    void setWhatsThis(const QString &whatsThis);
 
     /// File, line and column of the element from which the controller was made. Empty for a controller made in code;
     /// reports about it name the place of the nearest controller above it that has one.
@@ -100,6 +108,8 @@ public:
 
 Q_SIGNALS:
     void titleChanged();
+    void toolTipChanged();
+    void whatsThisChanged();
     void viewChanged();
     void viewInstalledChanged();
 
@@ -107,6 +117,9 @@ protected:
     /// To be called by destructors: runs viewWillUninstall if the view is installed, and unloads the view if it is
     /// loaded. What the hooks throw is reported. A view that is still in a parent stays there.
     void uninstall() noexcept;
+    /// Gives the tool tip and the help text to the widgets that show them, by default to the view. Called when the view
+    /// was loaded, if there are such texts, and when one of them changes.
+    virtual void showHelp();
 
 private:
     friend class ZelView;
@@ -119,6 +132,8 @@ private:
     QPointer<ZelView> m_respondingView; // the view whose next responder is behind this controller
     QString m_nibName;
     QString m_title;
+    QString m_toolTip;
+    QString m_whatsThis;
     ZelSourcePlace m_place;
     ZelResponderLink m_next;
     bool m_viewInstalled = false;

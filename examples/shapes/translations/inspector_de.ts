@@ -297,6 +297,10 @@
         <translation>Abschneiden</translation>
     </message>
     <message>
+        <source>Clockwise</source>
+        <translation>Im Uhrzeigersinn</translation>
+    </message>
+    <message>
         <source>Color</source>
         <translation>Farbe</translation>
     </message>
@@ -493,8 +497,16 @@
         <translation>Name</translation>
     </message>
     <message>
+        <source>Name, place and size</source>
+        <translation>Name, Lage und Größe</translation>
+    </message>
+    <message>
         <source>Natural</source>
         <translation>Natürlich</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
     </message>
     <message>
         <source>New Shapes</source>
@@ -733,6 +745,10 @@
         <translation>Text</translation>
     </message>
     <message>
+        <source>The day until which the shape is to be finished</source>
+        <translation>Der Tag, bis zu dem die Form fertig sein soll</translation>
+    </message>
+    <message>
         <source>Tightening</source>
         <translation>Verdichtung</translation>
     </message>
@@ -765,6 +781,10 @@
         <translation>Ende kürzen</translation>
     </message>
     <message>
+        <source>Turns the shape around the middle of its frame. Drag the pointer, or type the degrees.</source>
+        <translation>Dreht die Form um die Mitte ihres Rahmens. Ziehen Sie den Zeiger, oder geben Sie die Grad ein.</translation>
+    </message>
+    <message>
         <source>Underline</source>
         <translation>Unterstr.</translation>
     </message>
@@ -795,6 +815,10 @@
     <message>
         <source>Visible Layers</source>
         <translation>Sichtbare Ebenen</translation>
+    </message>
+    <message>
+        <source>What the shape is called, and whether it is seen and can be moved.</source>
+        <translation>Wie die Form heißt, und ob sie zu sehen ist und bewegt werden kann.</translation>
     </message>
     <message>
         <source>Width</source>

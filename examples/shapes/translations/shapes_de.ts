@@ -115,6 +115,10 @@
         <source>&amp;Dark Palette</source>
         <translation>&amp;Dunkle Farben</translation>
     </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>&amp;Direkthilfe</translation>
+    </message>
 </context>
 <context>
     <name>Document</name>
@@ -199,6 +203,10 @@
     <message>
         <source>&amp;Arrange</source>
         <translation>&amp;Anordnen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;View</source>

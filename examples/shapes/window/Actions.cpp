@@ -48,6 +48,7 @@ const QList<Row> &rows()
         {QT_TRANSLATE_NOOP("Actions", "&Dark Palette"), nullptr, {}, true},
         {"&English", nullptr, {}, true},
         {"&Deutsch", nullptr, {}, true},
+        {QT_TRANSLATE_NOOP("Actions", "&What's This?"), nullptr, {Qt::SHIFT | Qt::Key_F1}},
     };
     return table;
 }

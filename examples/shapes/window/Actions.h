@@ -42,6 +42,7 @@ public:
         DarkPalette,
         English,
         German,
+        WhatsThis,
         Count
     };
     Q_ENUM(Id)

@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
+#include <QWhatsThis>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -118,6 +119,9 @@ void MainWindow::createMenus()
     m_languageSection = view->addSection(QString());
     view->addActions(m_actions.range(Actions::English, Actions::German));
 
+    QMenu *help = addTranslatedMenu(menuBar(), QT_TR_NOOP("&Help"));
+    help->addAction(m_actions[Actions::WhatsThis]);
+
     m_canvas->addActions(m_actions.range(Actions::Duplicate, Actions::Delete));
     m_canvas->addActions(m_actions.range(Actions::Raise, Actions::LowerToBottom));
     m_canvas->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -163,6 +167,7 @@ void MainWindow::connectActions()
     on(Actions::ZoomToFit, [this] { m_canvasArea->zoomToFit(); });
     on(Actions::ShowShapes, [this](bool shows) { m_panes->setCollapsed(Panes::List, !shows); });
     on(Actions::ShowInspector, [this](bool shows) { m_panes->setCollapsed(Panes::Inspector, !shows); });
+    on(Actions::WhatsThis, [] { QWhatsThis::enterWhatsThisMode(); });
     on(Actions::DarkPalette, [this](bool dark) { setDark(dark); });
     for (const auto &[id, language] : {std::pair(Actions::English, "en"), std::pair(Actions::German, "de")}) {
         on(id, [this, language = QString::fromLatin1(language)] {

@@ -14,6 +14,7 @@
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
@@ -43,6 +44,11 @@ public:
 private:
     TypingBeforeUndo() { ZelNotificationCenter::defaultCenter()->addObserver(this, ZelUndoStepWillBeginNotification); }
 };
+
+QString richText(const QString &plainText)
+{
+    return Qt::convertFromPlainText(plainText, Qt::WhiteSpaceNormal); // lines may break
+}
 
 // Registered here and not in prepare(), because an application may bind only controls of Qt's own.
 [[maybe_unused]] const bool g_hasAccessors = (ZelPropertyAccessor::registerLater(&ZelRegisterControlAccessors), true);
@@ -100,11 +106,27 @@ bool ZelControlSupport::endsMouseGrab(const QEvent *event, const QWidget *widget
 
 bool ZelControlSupport::showToolTip(QEvent *event, QWidget *widget, const QString &text)
 {
-    if (text.isEmpty() || !widget->toolTip().isEmpty())
+    if (text.isEmpty())
         return false;
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text, widget);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), toolTipWithHelp(text, widget), widget);
     event->accept();
     return true;
+}
+
+QString ZelControlSupport::toolTipWithHelp(const QString &text, const QWidget *widget)
+{
+    QString help = widget->toolTip();
+    for (const QWidget *inner = widget; help.isEmpty() && !inner->isWindow() && inner->parentWidget();) {
+        inner = inner->parentWidget();
+        help = inner->toolTip();
+    }
+    if (help.isEmpty() || help == text)
+        return Qt::mightBeRichText(text) ? richText(text) : text;
+    if (!Qt::mightBeRichText(text) && !Qt::mightBeRichText(help))
+        return text + u'\n' + help;
+    // What a user has typed stays plain text.
+    const QString richHelp = Qt::mightBeRichText(help) ? help : richText(help);
+    return richText(text) + richHelp;
 }
 
 void ZelControlSupport::showDisabled(QStyleOption *option)

@@ -66,9 +66,12 @@ public:
     static bool isInput(const QEvent *event);
     /// Whether the event ends a press of the mouse: the widget was hidden or disabled, or its window was left.
     static bool endsMouseGrab(const QEvent *event, const QWidget *widget);
-    /// For a tool tip event, shows the text as the widget's tool tip unless the widget has its own or the text is
-    /// empty. Answers whether it was shown.
+    /// For a tool tip event, shows the text, which is about what the widget shows at the moment, before the tool tip of
+    /// the widget or of what is around it. Answers false, and shows nothing, for an empty text: Qt shows the tool tip
+    /// then.
     static bool showToolTip(QEvent *event, QWidget *widget, const QString &text);
+    /// The plain text, and below it the nearest tool tip.
+    static QString toolTipWithHelp(const QString &text, const QWidget *widget);
 
     /// Makes the style draw a control that cannot be edited as disabled, with legible texts.
     static void showDisabled(QStyleOption *option);

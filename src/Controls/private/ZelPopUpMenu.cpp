@@ -14,6 +14,7 @@ ZelPopUpMenu::ZelPopUpMenu(QWidget *button)
     setLayoutDirection(button->layoutDirection());
     setFont(button->font());
     setMinimumWidth(button->width());
+    setToolTipsVisible(true);
     setScreen(button->screen());
     // Makes the native window, without which there is no handle.
     winId();

@@ -4,6 +4,7 @@
 #include "Controls/private/ZelControlSupport.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Layout/ZelBaselineProvider.h"
 #include "ViewController/ZelView.h"
@@ -42,6 +43,12 @@ ZelInspectorDateProperty::ZelInspectorDateProperty(QObject *owner)
 {
 }
 
+void ZelInspectorDateProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
+}
+
 void ZelInspectorDateProperty::loadView()
 {
     ZelView *container = makeEditorView();
@@ -69,7 +76,7 @@ void ZelInspectorDateProperty::updateView()
     const QVariant value = reflectedValue();
     const bool isMarker = ZelIsControllerMarker(value);
     m_datePicker->setEditable((!isMarker || ZelIsMarker(value, ZelMultipleValuesMarker)) && isWritable());
-    m_datePicker->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : QString());
+    m_datePicker->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
     m_datePicker->setObjectValue(isMarker ? QVariant() : value);
 }
 
@@ -79,8 +86,9 @@ void ZelInspectorDateProperty::userDidChangeValue(QObject *sender)
         return;
     const QVariant value = m_datePicker->objectValue();
     const QPointer<ZelInspectorDateProperty> alive(this);
-    if (!ZelEqual(value, reflectedValue()))
-        setReflectedValue(value);
+    if (ZelEqual(value, reflectedValue()))
+        return;
+    setReflectedValue(value);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
 }

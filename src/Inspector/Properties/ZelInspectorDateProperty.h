@@ -11,14 +11,17 @@
 class ZEL_EXPORT ZelInspectorDateProperty : public ZelInspectorProperty
 {
     Q_OBJECT
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(ZelDatePicker *datePicker MEMBER m_datePicker)
     Q_PROPERTY(ZelLabel *label MEMBER m_label)
 public:
     explicit ZelInspectorDateProperty(QObject *owner);
 
+    QString placeholder; ///< shown for no date, where there is a dash otherwise
     ZelDatePicker *datePicker() const { return m_datePicker; }
     ZelLabel *label() const { return m_label; }
 
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
     void updateView() override;

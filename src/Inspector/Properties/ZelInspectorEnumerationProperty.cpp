@@ -165,7 +165,7 @@ ZelInspectorEnumerationProperty::choicesOfGroup(const ZelOptionGroup *group) con
     QList<Choice> choices = choicesAt(group->enumeratedDisplayValuesKeyPath, group->enumeratedValuesKeyPath);
     for (const ZelOption *option : group->options())
         choices.append({option->title, option->image, ZelOptionValue::forType(m_modelType, option->value, option->text),
-                        option->hidden, option->enabled});
+                        option->hidden, option->enabled, option->toolTip, option->whatsThis});
     return choices;
 }
 

@@ -64,6 +64,8 @@ protected:
         QVariant value;
         bool hidden = false;
         bool enabled = true;
+        QString toolTip;
+        QString whatsThis;
     };
     /// The options of the editor's own key paths, and those of each group.
     QList<Choice> ownChoices() const;

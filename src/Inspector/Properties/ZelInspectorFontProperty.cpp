@@ -5,6 +5,7 @@
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Values/ZelValues.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
@@ -64,6 +65,12 @@ ZelInspectorFontProperty::~ZelInspectorFontProperty()
 {
     uninstall();
     delete m_popover;
+}
+
+void ZelInspectorFontProperty::configure(const ZelInspectorConfiguration &configuration)
+{
+    ZelInspectorProperty::configure(configuration);
+    placeholder = configuration.localizedStringValueNamed(u"placeholder");
 }
 
 // Value
@@ -259,7 +266,8 @@ void ZelInspectorFontProperty::updateView()
     else if (isMultiple)
         m_textField->setObjectValue(ZelLocalizedString("Multiple Fonts"));
     else
-        m_textField->setObjectValue(ZelLocalizedString("No Font"));
+        m_textField->setObjectValue(ZelIsNull(value) && !placeholder.isEmpty() ? placeholder
+                                                                               : ZelLocalizedString("No Font"));
     if (m_popoverView)
         showValueInPopover();
 }

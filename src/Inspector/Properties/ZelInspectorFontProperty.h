@@ -45,7 +45,7 @@ public:
     explicit ZelInspectorFontProperty(QObject *owner);
     ~ZelInspectorFontProperty() override;
 
-    QString placeholder; ///< kept for the application; without a font the text is "No Font"
+    QString placeholder; ///< shown without a font, where the text is "No Font" otherwise
     ZelPaddedTextField *textField() const { return m_textField; }
     ZelActionBarButton *button() const { return m_button; }
     ZelStepper *stepper() const { return m_stepper; }
@@ -84,6 +84,7 @@ public:
     /// Takes what is being typed into the popover.
     bool commitEditing() override;
     void discardEditing() override;
+    void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

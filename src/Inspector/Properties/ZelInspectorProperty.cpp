@@ -54,6 +54,8 @@ void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configurat
 {
     setTitle(configuration.localizedStringValueNamed(u"title"));
     setTitleKeyPath(configuration.keyPathValueNamed(u"titleKeyPath"));
+    setToolTip(configuration.localizedStringValueNamed(u"toolTip"));
+    setWhatsThis(configuration.localizedStringValueNamed(u"whatsThis"));
     setKeyPath(configuration.keyPathValueNamed(u"keyPath"));
     setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
     setEnabled(configuration.booleanValueNamed(u"enabled", true));
@@ -440,6 +442,19 @@ void ZelInspectorProperty::viewWillUninstall()
     m_isKeyKnown = m_isKeyKnown || (m_missingKey && m_missingKey->hasEnded());
     m_missingKey.reset();
     cancelUpdateView();
+}
+
+/// The controls have the texts, too, where assistive technology finds them.
+void ZelInspectorProperty::showHelp()
+{
+    const QList<QWidget *> controls = controlsNamedByRow();
+    for (QWidget *control : controls) {
+        if (control && control->toolTip() == view()->toolTip()) // both have none, or the control's was given by us
+            control->setToolTip(toolTip());
+        if (control && control->whatsThis() == view()->whatsThis())
+            control->setWhatsThis(whatsThis());
+    }
+    ZelViewController::showHelp();
 }
 
 ZelView *ZelInspectorProperty::makeEditorView()

@@ -177,6 +177,7 @@ protected:
     /// The coalesced call of updateView, made when it is first scheduled.
     ZelDelayedInvocation &updateViewInvocation();
     void cancelUpdateView();
+    void showHelp() override;
     // These are for viewDidInstall; what they begin ends when the view is uninstalled.
     /// Schedules updateView at every change of the owner's value at the key path; nothing for an empty one.
     void observeForUpdate(const QString &keyPath);

@@ -57,6 +57,10 @@ void ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
 {
     m_options.append(menuItemWithTitle(choice.title, choice.image, choice.value, choice.hidden, choice.enabled));
     m_items.append(m_options.last());
+    if (!choice.toolTip.isEmpty())
+        m_options.last()->setToolTip(choice.toolTip);
+    if (!choice.whatsThis.isEmpty())
+        m_options.last()->setWhatsThis(choice.whatsThis);
 }
 
 /// Adds the separator and the items for no and for multiple values. They are made once and survive rebuilds; which of

@@ -15,6 +15,8 @@ class ZEL_EXPORT ZelOption : public QObject
     Q_PROPERTY(bool enabled MEMBER enabled)
     Q_PROPERTY(QIcon image READ imageIcon WRITE setImage)
     Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString toolTip MEMBER toolTip)
+    Q_PROPERTY(QString whatsThis MEMBER whatsThis)
     Q_PROPERTY(QVariant value MEMBER value)
     Q_PROPERTY(QString text MEMBER text)
 public:
@@ -27,6 +29,8 @@ public:
     bool enabled = true;
     QIcon image;
     QString title;
-    QVariant value; ///< what the model holds for this choice
-    QString text;   ///< stands for this choice in a model of texts, or names a key; null for the value itself
+    QString toolTip;   ///< of its menu item; a segment's tool tip is its title
+    QString whatsThis; ///< likewise
+    QVariant value;    ///< what the model holds for this choice
+    QString text;      ///< stands for this choice in a model of texts, or names a key; null for the value itself
 };

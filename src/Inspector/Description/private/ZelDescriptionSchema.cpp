@@ -17,16 +17,13 @@ constexpr Attribute g_enabling[] = {
 };
 constexpr Attribute g_panes[] = {{u"search", Kind::Boolean}};
 constexpr Attribute g_pane[] = {
-    {u"file", Kind::File},
-    {u"title"},
-    {u"image"},
+    {u"file", Kind::File}, {u"title"}, {u"image"}, {u"toolTip"}, {u"whatsThis"},
 };
 constexpr Attribute g_container[] = {
-    {u"file", Kind::File},
-    {u"title"},
-    {u"visibleKeyPath", Kind::KeyPath},
-    {u"visibleValueTransformer"},
+    {u"file", Kind::File},        {u"title"},   {u"visibleKeyPath", Kind::KeyPath},
+    {u"visibleValueTransformer"}, {u"toolTip"}, {u"whatsThis"},
 };
+constexpr Attribute g_help[] = {{u"toolTip"}, {u"whatsThis"}};
 constexpr Attribute g_classOnly[] = {{u"class"}};
 constexpr Attribute g_choosing[] = {{u"keyPath", Kind::KeyPath}, {u"actionSelector"}, {u"actionName"}};
 constexpr Attribute g_choice[] = {
@@ -48,8 +45,11 @@ constexpr Attribute g_untitled[] = {
     {u"enabledValueTransformer"},
     {u"actionSelector"},
     {u"actionName"},
+    {u"toolTip"},
+    {u"whatsThis"},
 };
 constexpr Attribute g_titles[] = {{u"title"}, {u"titleKeyPath", Kind::KeyPath}};
+constexpr Attribute g_placeholder[] = {{u"placeholder"}};
 constexpr Attribute g_boolean[] = {{u"bits", Kind::Bits}};
 constexpr Attribute g_action[] = {{u"menuItemsKeyPath", Kind::KeyPath}};
 constexpr Attribute g_numberFormat[] = {
@@ -107,7 +107,10 @@ constexpr Schema::Element g_elements[] = {
      .children = {u"sliver", u"chooser"},
      .failsOnOtherChildren = true},
     {.role = u"chooser", .attributes = {g_container, g_choosing}, .children = {u"choice"}},
-    {.role = u"choice", .attributes = {g_choice}, .children = {u"sliver", u"chooser"}, .failsOnOtherChildren = true},
+    {.role = u"choice",
+     .attributes = {g_choice, g_help},
+     .children = {u"sliver", u"chooser"},
+     .failsOnOtherChildren = true},
     {.role = u"sliver", .attributes = {g_container, g_sliver}, .children = {u"property"}},
     {.role = u"option-group", .attributes = {g_choices}, .children = {u"option"}},
     {.role = u"option", .attributes = {g_choice}},
@@ -120,8 +123,8 @@ constexpr Schema::Element g_elements[] = {
      .attributes = {g_untitled, g_titles, g_enumeration, g_choices},
      .children = {u"option-group"}},
     {.role = u"property", .type = u"color", .attributes = {g_untitled, g_titles, g_color}},
-    {.role = u"property", .type = u"date", .attributes = {g_untitled, g_titles}},
-    {.role = u"property", .type = u"font", .attributes = {g_untitled, g_titles}},
+    {.role = u"property", .type = u"date", .attributes = {g_untitled, g_titles, g_placeholder}},
+    {.role = u"property", .type = u"font", .attributes = {g_untitled, g_titles, g_placeholder}},
     {.role = u"property", .type = u"resource", .attributes = {g_untitled, g_titles, g_resource}},
     {.role = u"property", .type = u"frame", .attributes = {g_untitled, g_titles, g_numberFormat, g_frame}},
     {.role = u"property", .type = u"size", .attributes = {g_untitled, g_numberFormat, g_size}},
