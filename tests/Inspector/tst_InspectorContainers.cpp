@@ -617,7 +617,7 @@ private Q_SLOTS:
             }
             ++written;
         }
-        QCOMPARE(written, 43);
+        QCOMPARE(written, 61);
     }
 
     void whoeverListensMayDeleteAnything()

@@ -17,10 +17,10 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
-#include <QWhatsThis>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <QWhatsThis>
 
 MainWindow::MainWindow(const Options &options)
     : m_canvas(new Canvas(&m_document, &m_selection, &m_operations))
