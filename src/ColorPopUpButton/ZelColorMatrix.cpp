@@ -2,8 +2,11 @@
 #include "ColorPopUpButton/ZelColorMatrix.h"
 
 #include "Blocks/ZelNamedTransformers.h"
+#include "ColorPopUpButton/private/ZelColorDrag.h"
 #include "ColorPopUpButton/private/ZelColorSwatch.h"
+#include "Controls/private/ZelControlSupport.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -31,6 +34,8 @@ ZelColorMatrix::ZelColorMatrix(QWidget *parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     resize(sizeHint());
 }
+
+ZelColorMatrix::~ZelColorMatrix() = default;
 
 void ZelColorMatrix::setColors(const QList<ZelColor> &colors)
 {
@@ -84,6 +89,35 @@ QSize ZelColorMatrix::sizeHint() const
 {
     return {numberOfColumns * g_pitch.width() - g_spacing.width(),
             numberOfRows * g_pitch.height() - g_spacing.height()};
+}
+
+bool ZelColorMatrix::handleEvent(QEvent *event)
+{
+    return followDrag(event) || handleCellEvent(event) || QWidget::event(event);
+}
+
+/// Answers whether the event has begun a drag. Every other event is for the cells, too.
+bool ZelColorMatrix::followDrag(const QEvent *event)
+{
+    const auto *mouse = static_cast<const QMouseEvent *>(event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        const int cell = takesInput() ? cellAt(mouse->position()) : -1;
+        m_drag = cell < 0 ? nullptr : ZelColorDrag::press(this, mouse, colorAtIndex(cell));
+        return false;
+    }
+    case QEvent::MouseMove:
+        if (!m_drag || !m_drag->begins(mouse))
+            return false;
+        m_drag.reset();
+        endPress();
+        Q_EMIT dragDidBegin();
+        return true;
+    default:
+        if (event->type() == QEvent::MouseButtonRelease || ZelControlSupport::endsMouseGrab(event, this))
+            m_drag.reset();
+        return false;
+    }
 }
 
 void ZelColorMatrix::drawCell(QPainter *painter, int cell) const

@@ -7,8 +7,13 @@
 #include "Core/ZelExport.h"
 
 #include <QWidget>
+#include <memory>
+
+class ZelColorDrag;
 
 /// Two rows of twelve swatches, of which one can be chosen with the mouse or the keyboard.
+///
+/// A swatch that is pressed can be dragged away as a colour, to another colour button or another program.
 ///
 /// The swatches are no widgets. Setting another list of colours repaints only the places whose colour changes.
 class ZEL_EXPORT ZelColorMatrix : public ZelGuarded<QWidget>, public ZelCellGroup
@@ -22,6 +27,7 @@ public:
     static_assert(numberOfCells == ZelUsedColorListMax);
 
     explicit ZelColorMatrix(QWidget *parent = nullptr);
+    ~ZelColorMatrix() override;
 
     /// Sets the colours of the swatches. Swatches beyond the end of the list are white.
     void setColors(const QList<ZelColor> &colors);
@@ -49,15 +55,20 @@ public:
 Q_SIGNALS:
     /// The user has chosen a cell. The matrix may be gone afterwards.
     void cellChosen(int index);
+    /// The user drags the colour of a cell. The drag goes on even if the matrix is deleted.
+    void dragDidBegin();
 
 protected:
-    bool handleEvent(QEvent *event) override { return handleCellEvent(event) || QWidget::event(event); }
+    bool handleEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override { paintCells(event); }
     int cellColumns() const override { return numberOfColumns; }
     void setCurrentCell(int cell) override { setHighlightedCell(cell); }
     void drawCell(QPainter *painter, int cell) const override;
 
 private:
+    bool followDrag(const QEvent *event);
+
     QList<ZelColor> m_colors;
+    std::unique_ptr<ZelColorDrag> m_drag; // while a cell is pressed
     int m_highlighted = -1;
 };

@@ -2,14 +2,13 @@
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
 
 #include "ColorPopUpButton/ZelColorMatrix.h"
+#include "ColorPopUpButton/private/ZelMenuTracking.h"
 #include "Controls/ZelLabel.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
 
-#include <QApplication>
-#include <QMenu>
 #include <QStyle>
 
 namespace {
@@ -17,21 +16,6 @@ namespace {
 const char g_colorsContext = 0;
 constexpr int g_width = 273;
 constexpr int g_indent = 19;
-
-/// Closes the menu that contains the view, and the menus from which it was opened. Any other pop-up around them stays
-/// open.
-void cancelTracking(const QWidget *view)
-{
-    if (!qobject_cast<QMenu *>(view->window()))
-        return;
-    const auto openMenu = [] { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); };
-    for (QPointer<QMenu> menu = openMenu(); menu;) {
-        menu->close();
-        QMenu *next = openMenu();
-        // A menu that does not close ends the loop.
-        menu = next == menu ? nullptr : next;
-    }
-}
 
 } // namespace
 
@@ -57,6 +41,8 @@ void ZelColorMenuItemView::setUp()
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_matrix);
     connect(m_matrix, &ZelColorMatrix::cellChosen, this, &ZelColorMenuItemView::selectColor);
+    // A menu would keep the drop targets from the pointer.
+    connect(m_matrix, &ZelColorMatrix::dragDidBegin, this, [this] { ZelMenuTracking::cancel(this); });
     resize(sizeHint());
     placeSubviews();
 }
@@ -143,6 +129,6 @@ void ZelColorMenuItemView::selectColor(int index)
     if (!guard)
         return;
     // The menu is closed first, because the action may delete the owner of the menu.
-    cancelTracking(this);
+    ZelMenuTracking::cancel(this);
     Q_EMIT action(this);
 }

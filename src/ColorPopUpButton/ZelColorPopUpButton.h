@@ -5,11 +5,23 @@
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Core/ZelExport.h"
 
+#include <QBasicTimer>
+#include <memory>
+
+class ZelColorDrag;
+
 /// A pop-up button for choosing a colour; see ZelColorPopUpButtonCell for its menu.
 ///
 /// The button shows the swatch and the name of the selected colour, or a selection marker. A choice of the user that
 /// changes the colour is reported as by any pop-up button. A choice that does not change it is not reported, except
 /// "Current Color", which emits action() so that the same colour is applied again.
+///
+/// The colour can be dragged away from the button, with the mouse pressed anywhere but on its arrow: the menu therefore
+/// opens when the mouse is released, or when it was held still for QApplication::startDragTime(). Without a colour, and
+/// for several different ones, nothing is dragged, and the menu opens at once. A colour that is dropped on the button
+/// is a choice of the user like one from the menu. A button that is disabled or not editable takes none. The keys for
+/// copy and paste do the same with the clipboard. What is taken from other programs are a colour
+/// ("application/x-color") and a text of the form "#rrggbb" or "#aarrggbb", whose first digits are the opacity.
 class ZEL_EXPORT ZelColorPopUpButton : public ZelPopUpButton
 {
     Q_OBJECT
@@ -54,8 +66,28 @@ protected:
     QAction *shownItem() const override;
     void prepareItems() override;
     bool canStepTo(const QAction *item) const override;
+    QList<QAction *> trailingMenuItems() override;
     void chooseItem(QAction *item) override;
 
+    bool handleEvent(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
 private:
+    ZelColor colorToTake(const QDropEvent *event) const;
+    void setDropTarget(bool isTarget);
+    void endPress();
+    bool handleClipboardKey(QKeyEvent *event);
+
     ZelColorPopUpButtonCell *m_cell;
+    std::unique_ptr<ZelColorDrag> m_drag; // while a colour is pressed
+    QBasicTimer m_holdTimer;
+    bool m_isDropTarget = false;
 };

@@ -4,8 +4,10 @@
 #include "Blocks/ZelNamedTransformers.h"
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "ColorPopUpButton/private/ZelColorHexItem.h"
 #include "ColorPopUpButton/private/ZelColorMenuItem.h"
 #include "ColorPopUpButton/private/ZelColorSwatch.h"
+#include "ColorPopUpButton/private/ZelScreenColorPicker.h"
 #include "Controls/Menus/ZelMenuItem.h"
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/private/ZelColorPanelClient.h"
@@ -346,6 +348,26 @@ ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
     return makeMenu() ? m_otherMenuItem : nullptr;
 }
 
+void ZelColorPopUpButtonCell::makeTrailingItems()
+{
+    if (m_hexMenuItem)
+        return;
+    m_pickMenuItem = new ZelMenuItem(ZelLocalizedString(QStringLiteral("Pick Screen Color")), this);
+    // Queued, because the menu has the mouse until it is closed.
+    connect(m_pickMenuItem, &QAction::triggered, this, &ZelColorPopUpButtonCell::pickScreenColor, Qt::QueuedConnection);
+    m_hexSeparator = ZelMenuItem::separatorItem(this);
+    m_hexMenuItem = new ZelColorHexItem(this);
+}
+
+QList<QAction *> ZelColorPopUpButtonCell::trailingMenuItems()
+{
+    makeTrailingItems();
+    QList<QAction *> items{m_hexSeparator, m_hexMenuItem};
+    if (ZelScreenColorPicker::isPossible(m_button))
+        items.prepend(m_pickMenuItem);
+    return items;
+}
+
 // What the user chooses
 
 /// The colour is passed by value, because its owner may die before this ends.
@@ -392,6 +414,17 @@ void ZelColorPopUpButtonCell::selectColor(const QObject *sender)
 void ZelColorPopUpButtonCell::selectOtherColor()
 {
     activateColorPanel();
+}
+
+void ZelColorPopUpButtonCell::pickScreenColor()
+{
+    if (!m_button->isVisible() || !m_button->isEnabled() || !m_button->isEditable())
+        return;
+    auto *picker = new ZelScreenColorPicker(m_button);
+    connect(picker, &ZelScreenColorPicker::picked, this, [this](const QColor &color) {
+        if (m_button->isEnabled() && m_button->isEditable())
+            chooseColor(color);
+    });
 }
 
 // The colour panel

@@ -8,6 +8,7 @@
 #include <QObject>
 
 class QAction;
+class ZelColorHexItem;
 class ZelColorMenuItem;
 class ZelColorMenuItemView;
 class ZelColorPanelClient;
@@ -30,6 +31,9 @@ extern ZEL_EXPORT const QString ZelColorPopUpButtonDidBecomeActiveNotification;
 /// this cell, every move in it selects a colour and is reported; all moves of one drag are one undo step. The link ends
 /// when the panel is closed, another cell takes it over, or the button dies. A button that is disabled or not editable
 /// does not follow the panel.
+///
+/// Below these items the open menu has two more, which are not among the items of the button: one that picks a colour
+/// from the screen, where the platform shows it to programs, and a field for a colour's digits or name.
 ///
 /// Colours are compared by their look, because a model that holds QColors does not keep the colour space: a colour that
 /// looks like one of the list counts as that one. Named colours are equal only to themselves. A title is the localised
@@ -116,6 +120,15 @@ public:
     void colorPanelWillClose() { deactivateColorPanel(); }
     void colorPopUpButtonDidBecomeActive() { deactivateColorPanel(); }
 
+    /// The items of the open menu that are no items of the button, made when they are first asked for.
+    QList<QAction *> trailingMenuItems();
+
+    /// Takes a choice of the user: selects the colour, notes it as used, and reports it. Does nothing if it looks like
+    /// the selected one. The button may be gone afterwards.
+    void chooseColor(const ZelColor &color) { takeChoice(color.toVariant(), nullptr); }
+    /// Lets the user pick a colour on the screen; see the class.
+    void pickScreenColor();
+
     // The actions of the items.
     void selectDefaultColor();
     void selectCurrentColor();
@@ -144,6 +157,7 @@ private:
     void takeChoice(QVariant color, QAction *item);
     void takePanelColor(const QColor &color);
     void panelActiveDidChange();
+    void makeTrailingItems();
 
     ZelPopUpButton *m_button;
     ZelMenuItem *m_displayItem;
@@ -152,6 +166,9 @@ private:
     ZelMenuItem *m_currentMenuItem = nullptr;
     ZelColorMenuItem *m_recentlyMenuItem = nullptr;
     ZelMenuItem *m_otherMenuItem = nullptr;
+    ZelMenuItem *m_pickMenuItem = nullptr;
+    ZelMenuItem *m_hexSeparator = nullptr;
+    ZelColorHexItem *m_hexMenuItem = nullptr;
     QList<ZelMenuItem *> m_colorItems;
     QList<QAction *> m_separators;
 

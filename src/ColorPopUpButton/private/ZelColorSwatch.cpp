@@ -47,34 +47,74 @@ private:
     ZelColor m_color;
 };
 
-void paintChequerboard(QPainter *painter, const QRect &rect)
+/// Fills rectangles that are whole pixels of the device, whatever the scale: edges between two pixels would be blurred
+/// or of different widths.
+class PixelPainter
 {
-    constexpr int side = 4;
-    painter->save();
-    painter->setClipRect(rect, Qt::IntersectClip);
-    painter->fillRect(rect, Qt::white);
-    for (int y = 0; y * side < rect.height(); ++y) {
-        for (int x = y % 2; x * side < rect.width(); x += 2)
-            painter->fillRect(rect.x() + x * side, rect.y() + y * side, side, side, QColor(0xC4, 0xC4, 0xC4));
+public:
+    explicit PixelPainter(QPainter *painter)
+        : m_painter(painter)
+        , m_toDevice(painter->deviceTransform())
+        , m_fromDevice(m_toDevice.inverted())
+    {
     }
-    painter->restore();
+
+    QRect pixelsOf(const QRect &rect) const
+    {
+        const QRectF mapped = m_toDevice.mapRect(QRectF(rect));
+        return {QPoint(qRound(mapped.left()), qRound(mapped.top())),
+                QPoint(qRound(mapped.right()) - 1, qRound(mapped.bottom()) - 1)};
+    }
+    /// The length in pixels, at least one.
+    int pixelsOf(double length) const { return qMax(1, qRound(length * m_toDevice.m11())); }
+    void fill(const QRect &pixels, const QColor &color) const
+    {
+        m_painter->fillRect(m_fromDevice.mapRect(QRectF(pixels)), color);
+    }
+
+private:
+    QPainter *m_painter;
+    QTransform m_toDevice;
+    QTransform m_fromDevice;
+};
+
+void paintChequerboard(const PixelPainter &painter, const QRect &pixels)
+{
+    const int side = painter.pixelsOf(4.0);
+    painter.fill(pixels, Qt::white);
+    for (int y = 0; y * side < pixels.height(); ++y) {
+        for (int x = y % 2; x * side < pixels.width(); x += 2) {
+            const QRect square(pixels.x() + x * side, pixels.y() + y * side, side, side);
+            painter.fill(square & pixels, QColor(0xB4, 0xB4, 0xB4));
+        }
+    }
+}
+
+void paintOutline(const PixelPainter &painter, const QRect &pixels, const QColor &color)
+{
+    const int width = painter.pixelsOf(1.0);
+    const QRect inner = pixels.adjusted(width, width, -width, -width);
+    painter.fill({pixels.topLeft(), QPoint(pixels.right(), inner.top() - 1)}, color);
+    painter.fill({QPoint(pixels.left(), inner.bottom() + 1), pixels.bottomRight()}, color);
+    painter.fill({QPoint(pixels.left(), inner.top()), QPoint(inner.left() - 1, inner.bottom())}, color);
+    painter.fill({QPoint(inner.right() + 1, inner.top()), QPoint(pixels.right(), inner.bottom())}, color);
 }
 
 } // namespace
 
 void ZelColorSwatch::paint(QPainter *painter, const QRect &rect, const ZelColor &color, const QPalette &palette)
 {
+    const PixelPainter pixelPainter(painter);
+    const QRect pixels = pixelPainter.pixelsOf(rect);
     const QColor shown = color.toQColor();
     if (shown.isValid()) {
         if (shown.alpha() < 255)
-            paintChequerboard(painter, rect);
-        painter->fillRect(rect, shown);
+            paintChequerboard(pixelPainter, pixels);
+        pixelPainter.fill(pixels, shown);
     }
     QColor outline = palette.color(QPalette::WindowText);
     outline.setAlphaF(0.45F);
-    painter->setPen(QPen(outline, 1));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    paintOutline(pixelPainter, pixels, outline);
 }
 
 QIcon ZelColorSwatch::image(const ZelColor &color)

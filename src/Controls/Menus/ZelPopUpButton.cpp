@@ -131,9 +131,9 @@ void ZelPopUpButton::setEditable(bool editable)
     Q_EMIT editableChanged();
 }
 
-QList<QAction *> ZelPopUpButton::menuItems() const
+QList<QAction *> ZelPopUpButton::menuItems()
 {
-    return m_pullsDown ? actions().mid(1) : actions();
+    return (m_pullsDown ? actions().mid(1) : actions()) + trailingMenuItems();
 }
 
 QAction *ZelPopUpButton::shownItem() const

@@ -100,6 +100,9 @@ protected:
     virtual QAction *shownItem() const;
     /// Called before the user can see or reach the items. An override makes the items that do not exist yet.
     virtual void prepareItems() {}
+    /// Further items of the open menu, below those of the button. They cannot be selected, and only the menu leads to
+    /// them.
+    virtual QList<QAction *> trailingMenuItems() { return {}; }
     /// Whether arrow keys, the wheel and typed letters lead to the item.
     virtual bool canStepTo(const QAction *item) const;
     /// Takes the user's choice, after the item was triggered: selects the item and reports.
@@ -118,7 +121,7 @@ protected:
 
 private:
     void initStyleOption(QStyleOptionComboBox *option) const;
-    QList<QAction *> menuItems() const;
+    QList<QAction *> menuItems();
     bool survivesPreparingItems();
     void setSelected(QAction *item, const QVariant &value);
     void chooseNeighbour(int from, int direction);

@@ -150,6 +150,8 @@ void ZelInspectorArrayProperty::addTable()
         if (alive)
             updateViewInvocation().invoke(); // otherwise the cell would show the former value for a moment
     });
+    connect(m_tableView, &ZelArrayTableView::reordered, this,
+            [this](const QList<int> &order) { ZelExceptionReporter::run(this, [&] { reorder(order); }); });
 }
 
 void ZelInspectorArrayProperty::addActionBar()
@@ -230,7 +232,7 @@ void ZelInspectorArrayProperty::forceRedraw()
 void ZelInspectorArrayProperty::tableViewSelectionDidChange()
 {
     if (m_removeActionItem && m_tableView)
-        m_removeActionItem->setEnabled(m_tableView->isEnabled() && canEdit() && !selectedRows().isEmpty());
+        m_removeActionItem->setEnabled(m_tableView->isEnabled() && canEdit() && !m_tableView->selectedRows().isEmpty());
 }
 
 // Values
@@ -279,16 +281,6 @@ void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int 
     writeValues(values);
 }
 
-QList<int> ZelInspectorArrayProperty::selectedRows() const
-{
-    QList<int> rows;
-    const QModelIndexList selected = m_tableView ? m_tableView->selectionModel()->selectedRows() : QModelIndexList();
-    for (const QModelIndex &index : selected)
-        rows.append(index.row());
-    std::sort(rows.begin(), rows.end());
-    return rows;
-}
-
 /// Selects the row and, where the user can see it, begins to edit it.
 void ZelInspectorArrayProperty::editRow(int row)
 {
@@ -333,7 +325,7 @@ void ZelInspectorArrayProperty::removeObject(QObject *sender)
     updateViewInvocation().invoke(); // the reflected list may be older than the last edit
     if (!canEdit() || ZelIsNull(reflectedValues()))
         return;
-    const QList<int> rows = selectedRows();
+    const QList<int> rows = m_tableView ? m_tableView->selectedRows() : QList<int>();
     QVariantList values = ZelList(reflectedValues());
     for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
         if (*row < values.size())
@@ -343,6 +335,38 @@ void ZelInspectorArrayProperty::removeObject(QObject *sender)
     writeValues(values);
     if (alive)
         userDidChangeValue(sender);
+}
+
+/// The order comes from the table, which may show an older list than the model's.
+void ZelInspectorArrayProperty::reorder(const QList<int> &order)
+{
+    updateViewInvocation().invoke();
+    const QVariantList former = ZelIsControllerMarker(reflectedValues()) ? QVariantList() : ZelList(reflectedValues());
+    if (!canEdit() || former.size() != order.size())
+        return;
+    QVariantList values;
+    for (const int row : order)
+        values.append(former.at(row));
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    const ZelUndoGrouping grouping(m_tableView);
+    writeValues(values);
+    if (alive)
+        userDidChangeValue(m_tableView);
+    if (!alive || !m_tableView)
+        return;
+    ZelUndoManager *manager = undoManager();
+    if (manager && actionName().isEmpty())
+        manager->nameEdit(nameOfMove());
+    updateView();
+    if (alive && m_tableView && ZelEqual(ZelList(reflectedValues()), values)) // the model may keep its own order
+        m_tableView->followOrder(order);
+}
+
+QString ZelInspectorArrayProperty::nameOfMove() const
+{
+    const QString name = title().isEmpty() ? m_tableView->accessibleName() : title();
+    return name.isEmpty() ? ZelLocalizedString(QStringLiteral("Move"))
+                          : ZelLocalizedString(QStringLiteral("Move %1")).arg(name);
 }
 
 QWidget *ZelInspectorArrayProperty::viewForBaselineAlignment()

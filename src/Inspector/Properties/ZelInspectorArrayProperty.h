@@ -16,7 +16,8 @@ class ZelArrayTableView;
 ///
 /// The list is a QStringList, a QVariantList or any other sequence; every edit replaces it as a whole, by a list of the
 /// same type. What is entered takes the type of the element that it replaces; a text that is no such value changes
-/// nothing. Where the lists of several objects differ, the table says so instead of rows, and nothing can be edited.
+/// nothing. Selected rows can be moved, by dragging them and with Alt and an arrow key. Where the lists of several
+/// objects differ, the table says so instead of rows, and nothing can be edited.
 class ZEL_EXPORT ZelInspectorArrayProperty : public ZelInspectorProperty
 {
     Q_OBJECT
@@ -77,9 +78,10 @@ private:
     void addActionBar();
     void layOut(ZelView *container);
     void updateBorderColor();
-    QList<int> selectedRows() const;
     bool canEdit() const;
     void editRow(int row);
+    void reorder(const QList<int> &order);
+    QString nameOfMove() const;
     void writeValues(const QVariantList &values);
 
     QPointer<ZelView> m_borderView;

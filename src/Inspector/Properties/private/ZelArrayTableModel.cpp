@@ -50,5 +50,6 @@ bool ZelArrayTableModel::setData(const QModelIndex &index, const QVariant &value
 Qt::ItemFlags ZelArrayTableModel::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    return !index.isValid() ? Qt::NoItemFlags : m_editable ? flags | Qt::ItemIsEditable : flags;
+    const Qt::ItemFlags more = Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+    return !index.isValid() ? Qt::NoItemFlags : m_editable ? flags | more : flags;
 }

@@ -15,7 +15,7 @@ class ZelArrayTableModel : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Whether cells can be edited; true by default.
+    /// Whether cells can be edited, and rows be moved; true by default.
     void setEditable(bool editable) { m_editable = editable; }
 
     void setValues(const QVariantList &values);

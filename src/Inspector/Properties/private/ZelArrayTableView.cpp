@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/private/ZelArrayTableView.h"
 
+#include "Controls/private/ZelDragSource.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "Resources/ZelLocalizedString.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <numeric>
 
 namespace {
 
@@ -31,12 +36,27 @@ public:
     }
 };
 
+bool movesRows(const QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    return modifiers == Qt::AltModifier && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down);
+}
+
+QList<int> presentOrder(int count)
+{
+    QList<int> order(count);
+    std::iota(order.begin(), order.end(), 0);
+    return order;
+}
+
 } // namespace
 
 ZelArrayTableView::ZelArrayTableView(QWidget *parent)
     : QTableView(parent)
 {
     setItemDelegate(new CellDelegate(this));
+    setAcceptDrops(true);
+    setDropIndicatorShown(false); // drawGap() has a place for it below the last row, too
 }
 
 void ZelArrayTableView::setPlaceholder(const QString &text)
@@ -47,9 +67,205 @@ void ZelArrayTableView::setPlaceholder(const QString &text)
     viewport()->update();
 }
 
+// Moving rows
+
+bool ZelArrayTableView::canMoveRows() const
+{
+    return isEnabled() && state() != EditingState && model()->rowCount() > 1 &&
+           model()->flags(model()->index(0, 0)) & Qt::ItemIsDragEnabled;
+}
+
+QList<int> ZelArrayTableView::selectedRows() const
+{
+    QList<int> rows;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    for (const QModelIndex &index : selected)
+        rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ZelArrayTableView::followOrder(const QList<int> &order)
+{
+    const QList<int> formerRows = selectedRows();
+    const int current = int(order.indexOf(currentIndex().row()));
+    QItemSelection selection;
+    for (int row = 0; row < order.size(); ++row) {
+        if (formerRows.contains(order.at(row)))
+            selection.select(model()->index(row, 0), model()->index(row, 0));
+    }
+    selectionModel()->setCurrentIndex(model()->index(current, 0), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const QList<int> rows = selectedRows();
+    if (rows.isEmpty())
+        return;
+    scrollTo(model()->index(rows.last(), 0));
+    scrollTo(model()->index(rows.first(), 0));
+    const QString place = ZelLocalizedString(QStringLiteral("Row %1 of %2"));
+    setAccessibleDescription(place.arg(locale().toString(rows.first() + 1), locale().toString(order.size())));
+}
+
+bool ZelArrayTableView::event(QEvent *event)
+{
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (event->type() == QEvent::ShortcutOverride && movesRows(key) && canMoveRows()) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void ZelArrayTableView::keyPressEvent(QKeyEvent *event)
+{
+    if (movesRows(event) && canMoveRows())
+        moveByKey(event->key());
+    else
+        QTableView::keyPressEvent(event);
+}
+
+/// At the end of the table nothing is moved, so that the rows keep their distances.
+void ZelArrayTableView::moveByKey(int key)
+{
+    QList<int> rows = selectedRows();
+    const int step = key == Qt::Key_Up ? -1 : 1;
+    if (step > 0)
+        std::reverse(rows.begin(), rows.end());
+    QList<int> order = presentOrder(model()->rowCount());
+    if (rows.isEmpty() || rows.first() + step < 0 || rows.first() + step >= order.size())
+        return;
+    for (const int row : std::as_const(rows))
+        order.swapItemsAt(row, row + step);
+    Q_EMIT reordered(order);
+}
+
+void ZelArrayTableView::moveToGap(int gap)
+{
+    const QList<int> rows = selectedRows();
+    const QList<int> former = presentOrder(model()->rowCount());
+    QList<int> order = former;
+    std::stable_partition(order.begin() + gap, order.end(), [&](int row) { return rows.contains(row); });
+    std::stable_partition(order.begin(), order.begin() + gap, [&](int row) { return !rows.contains(row); });
+    if (order != former)
+        Q_EMIT reordered(order);
+}
+
+/// Begins the drag of the selected rows, which no other widget takes.
+void ZelArrayTableView::startDrag(Qt::DropActions)
+{
+    const QList<int> rows = selectedRows();
+    if (rows.isEmpty() || !canMoveRows())
+        return;
+    ZelDragSource::Load load;
+    load.data = std::make_unique<QMimeData>();
+    load.data->setData(QStringLiteral("application/x-zel-rows"), {});
+    QPoint corner;
+    load.image = imageOfRows(rows, &corner);
+    load.hotSpot = viewport()->mapFromGlobal(QCursor::pos()) - corner;
+    load.action = Qt::MoveAction;
+    ZelDragSource::begin(viewport(), std::move(load));
+}
+QPixmap ZelArrayTableView::imageOfRows(const QList<int> &rows, QPoint *corner) const
+{
+    QRegion region;
+    for (const int row : rows)
+        region += visualRect(model()->index(row, 0)) & viewport()->rect();
+    const QRect area = region.boundingRect();
+    *corner = area.topLeft();
+    QPixmap image(area.size() * devicePixelRatioF());
+    if (image.isNull())
+        return image;
+    image.setDevicePixelRatio(devicePixelRatioF());
+    image.fill(Qt::transparent);
+    viewport()->render(&image, {}, region, RenderFlags());
+    return image;
+}
+
+/// Only this table's own rows are dropped here.
+bool ZelArrayTableView::takes(const QDropEvent *event) const
+{
+    return ZelDragSource::widgetOf(event) == viewport() && canMoveRows();
+}
+
+int ZelArrayTableView::gapAt(const QPoint &place) const
+{
+    const int count = model()->rowCount();
+    for (int row = 0; row < count; ++row) {
+        if (place.y() < rowViewportPosition(row) + rowHeight(row) / 2)
+            return row;
+    }
+    return count;
+}
+
+int ZelArrayTableView::yOfGap(int gap) const
+{
+    return gap < model()->rowCount() ? rowViewportPosition(gap) : rowViewportPosition(gap - 1) + rowHeight(gap - 1);
+}
+
+void ZelArrayTableView::setGap(int gap)
+{
+    if (ZelAssign(m_gap, gap))
+        viewport()->update();
+}
+
+void ZelArrayTableView::dragEnterEvent(QDragEnterEvent *event)
+{
+    dragMoveEvent(event);
+}
+
+void ZelArrayTableView::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTableView::dragMoveEvent(event); // which scrolls
+    const bool isTaken = takes(event);
+    setGap(isTaken ? gapAt(event->position().toPoint()) : -1);
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(isTaken);
+}
+
+void ZelArrayTableView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    setGap(-1);
+    QTableView::dragLeaveEvent(event);
+}
+
+void ZelArrayTableView::dropEvent(QDropEvent *event)
+{
+    setGap(-1);
+    stopAutoScroll();
+    setState(NoState);
+    const bool isTaken = takes(event);
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(isTaken);
+    if (isTaken)
+        moveToGap(gapAt(event->position().toPoint()));
+}
+
+/// Where rows cannot be moved, a press with a move selects rows.
+void ZelArrayTableView::mousePressEvent(QMouseEvent *event)
+{
+    setDragEnabled(canMoveRows());
+    QTableView::mousePressEvent(event);
+}
+
+/// What was said of a move is old then.
+void ZelArrayTableView::focusOutEvent(QFocusEvent *event)
+{
+    setAccessibleDescription(m_placeholder);
+    QTableView::focusOutEvent(event);
+}
+
+void ZelArrayTableView::drawGap()
+{
+    constexpr int thickness = 2;
+    QPainter painter(viewport());
+    const int y = qBound(0, yOfGap(m_gap) - thickness / 2, viewport()->height() - thickness);
+    painter.fillRect(0, y, viewport()->width(), thickness, palette().color(QPalette::Highlight));
+}
+
 void ZelArrayTableView::paintEvent(QPaintEvent *event)
 {
     QTableView::paintEvent(event);
+    if (m_gap >= 0 && m_gap <= model()->rowCount())
+        drawGap();
     if (m_placeholder.isEmpty() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());

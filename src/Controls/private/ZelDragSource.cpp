@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "Controls/private/ZelDragSource.h"
+
+#include <QCoreApplication>
+#include <QDrag>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QWidget>
+
+ZelDragSource::ZelDragSource(QWidget *widget, Load load)
+    : m_widget(widget)
+    , m_load(std::move(load))
+{
+    qApp->installEventFilter(this);
+}
+
+void ZelDragSource::begin(QWidget *widget, Load load)
+{
+    auto *source = new ZelDragSource(widget, std::move(load));
+    QMetaObject::invokeMethod(source, &ZelDragSource::run, Qt::QueuedConnection);
+}
+
+const QWidget *ZelDragSource::widgetOf(const QDropEvent *event)
+{
+    const auto *source = qobject_cast<const ZelDragSource *>(event->source());
+    return source ? source->m_widget : nullptr;
+}
+
+bool ZelDragSource::eventFilter(QObject *watched, QEvent *event)
+{
+    m_isReleased = m_isReleased || event->type() == QEvent::MouseButtonRelease;
+    return QObject::eventFilter(watched, event);
+}
+
+void ZelDragSource::run()
+{
+    qApp->removeEventFilter(this);
+    if (!m_isReleased) {
+        auto *drag = new QDrag(this);
+        drag->setMimeData(m_load.data.release());
+        drag->setPixmap(m_load.image);
+        drag->setHotSpot(m_load.hotSpot);
+        drag->exec(m_load.action);
+    }
+    deleteLater();
+}
