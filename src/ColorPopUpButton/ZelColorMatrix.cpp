@@ -107,7 +107,8 @@ bool ZelColorMatrix::followDrag(const QEvent *event)
         return false;
     }
     case QEvent::MouseMove:
-        if (!m_drag || !m_drag->begins(mouse))
+        // Among the swatches the pointer goes on choosing.
+        if (!m_drag || rect().contains(mouse->position().toPoint()) || !m_drag->begins(mouse))
             return false;
         m_drag.reset();
         endPress();

@@ -13,7 +13,7 @@ class ZelColorDrag;
 
 /// Two rows of twelve swatches, of which one can be chosen with the mouse or the keyboard.
 ///
-/// A swatch that is pressed can be dragged away as a colour, to another colour button or another program.
+/// A swatch that is pressed can be dragged out of the matrix as a colour, to a colour button or another program.
 ///
 /// The swatches are no widgets. Setting another list of colours repaints only the places whose colour changes.
 class ZEL_EXPORT ZelColorMatrix : public ZelGuarded<QWidget>, public ZelCellGroup

@@ -2,6 +2,7 @@
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelColorMenuItemView.h"
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
+#include "ColorPopUpButton/private/ZelColorFormatter.h"
 #include "ColorPopUpButton/private/ZelColorMenuItem.h"
 #include "ColorPopUpButton/private/ZelColorSwatch.h"
 #include "Controls/Menus/ZelMenuItem.h"
@@ -11,12 +12,14 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Observation/ZelObservations.h"
+#include "Resources/ZelLocalizedString.h"
 #include "Support/TableRow.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QMenu>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QThread>
 #include <QVBoxLayout>
@@ -301,6 +304,69 @@ private Q_SLOTS:
         QVERIFY(!dying.button);
         QCOMPARE(lastUsed(), ZelColor(QColor(30, 3, 3)));
         dialog()->setCurrentColor(QColor(31, 3, 3));
+    }
+
+    void colorsAreReadFromDigitsAndNames()
+    {
+        const ZelColor ink(ZelColor::DeviceCMYK, {0.1, 0.2, 0.3, 0.4, 1});
+        const ZelColorFormatter formatter(
+            ZelColorListPtr::create("Prints", QList<ZelColorList::Entry>{{"Ink", ink}, {"fad", ink}}));
+        const ZelLocalizationFunction former = ZelSetLocalizationFunction(
+            [](const QString &key) { return key == "Pink" ? QStringLiteral("Rosa") : QString(); });
+        const std::pair<QString, QVariant> rows[] = {
+            {"#0a141e", color(QColor(10, 20, 30))},
+            {" 0A141E ", color(QColor(10, 20, 30))},
+            {"#fa0", color(QColor(255, 170, 0))},
+            {"0a141e80", color(QColor(10, 20, 30, 128))}, // the alpha is the last
+            {"fad", ink.toVariant()},
+            {"INK", ink.toVariant()},
+            {"rosa", color(QColor(0xFF, 0x9E, 0xC4))},
+            {"pink", color(QColor(0xFF, 0x9E, 0xC4))}, // not SVG's
+            {"Text Color", ZelColor::named("System", "textColor").toVariant()},
+            {"dark slate blue", color(QColor(72, 61, 139))},
+            {"#fa0f", "A color has 3, 6 or 8 hexadecimal digits."},
+            {"#ink", "A color has 3, 6 or 8 hexadecimal digits."},
+            {"#80102030f", "A color has 3, 6 or 8 hexadecimal digits."},
+            {"", "A color has 3, 6 or 8 hexadecimal digits."},
+            {"nothing", "There is no color of this name."}};
+        for (const auto &[text, expected] : rows) {
+            const TableRow row(text);
+            QVariant value;
+            QString error;
+            const bool isRead = formatter.objectValueForString(text, &value, &error);
+            QCOMPARE(isRead ? value : error, expected);
+        }
+        ZelSetLocalizationFunction(former);
+        QCOMPARE(formatter.stringForObjectValue(color(QColor(1, 2, 3, 4))), "#01020304");
+        QCOMPARE(formatter.stringForObjectValue(QVariant::fromValue(ZelMultipleValuesMarker)), QString());
+    }
+
+    /// No pixel is blurred: there are two colours inside of the outline, in squares of the same size.
+    void swatchesAreSharpAtAnyScale()
+    {
+        for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+            const TableRow row(QString::number(scale));
+            QImage image(QSize(60, 60), QImage::Format_RGB32);
+            image.setDevicePixelRatio(scale);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            ZelColorSwatch::paint(&painter, QRect(3, 5, 14, 14), QColor(255, 0, 0, 128), QPalette());
+            painter.end();
+            QSet<QRgb> colors;
+            const QRect inside(qRound(3 * scale) + qRound(scale), qRound(5 * scale) + qRound(scale), int(9 * scale),
+                               int(9 * scale));
+            for (int y = inside.top(); y <= inside.bottom(); ++y) {
+                for (int x = inside.left(); x <= inside.right(); ++x)
+                    colors.insert(image.pixel(x, y));
+            }
+            QCOMPARE(colors.size(), 2);
+            const int side = qRound(4 * scale);
+            const QPoint first = QPoint(qRound(3 * scale), qRound(5 * scale)) + QPoint(side, side);
+            for (const QPoint &corner : {first, first + QPoint(side, 0), first + QPoint(side, side)}) {
+                QVERIFY(image.pixel(corner) != image.pixel(corner - QPoint(1, 0)));
+                QVERIFY(image.pixel(corner) != image.pixel(corner - QPoint(0, 1)));
+            }
+        }
     }
 
     void theLatestComesFirst()

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionMenuItem>
+#include <QWidgetAction>
 #include <QWindow>
 
 ZelPopUpMenu::ZelPopUpMenu(QWidget *button)
@@ -56,7 +57,10 @@ void ZelPopUpMenu::keyPressEvent(QKeyEvent *event)
     QList<QAction *> items = actions();
     if (event->key() == Qt::Key_End)
         std::reverse(items.begin(), items.end());
-    const auto item = std::find_if(items.cbegin(), items.cend(), ZelMenuItem::isChoosable);
+    const auto isPlain = [](const QAction *item) {
+        return ZelMenuItem::isChoosable(item) && !qobject_cast<const QWidgetAction *>(item);
+    };
+    const auto item = std::find_if(items.cbegin(), items.cend(), isPlain);
     if (item != items.cend())
         setActiveAction(*item);
 }

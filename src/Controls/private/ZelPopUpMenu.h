@@ -19,7 +19,8 @@ public:
     void open();
 
 protected:
-    /// Home and End go to the first and the last item that can be chosen.
+    /// Home and End go to the first and the last item that can be chosen. Widgets among the items get the focus by the
+    /// arrow keys only.
     void keyPressEvent(QKeyEvent *event) override;
     void initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -36,6 +36,8 @@ public:
     }
 };
 
+constexpr QPoint g_imageOffset(-12, -10); // of the pointer in the image of dragged rows
+
 bool movesRows(const QKeyEvent *event)
 {
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
@@ -158,25 +160,34 @@ void ZelArrayTableView::startDrag(Qt::DropActions)
     ZelDragSource::Load load;
     load.data = std::make_unique<QMimeData>();
     load.data->setData(QStringLiteral("application/x-zel-rows"), {});
-    QPoint corner;
-    load.image = imageOfRows(rows, &corner);
-    load.hotSpot = viewport()->mapFromGlobal(QCursor::pos()) - corner;
+    load.image = imageOfRows(rows);
+    load.hotSpot = g_imageOffset;
     load.action = Qt::MoveAction;
     ZelDragSource::begin(viewport(), std::move(load));
 }
-QPixmap ZelArrayTableView::imageOfRows(const QList<int> &rows, QPoint *corner) const
+/// The texts of the first rows, close together. The image must not hide the place where they would be dropped.
+QPixmap ZelArrayTableView::imageOfRows(const QList<int> &rows) const
 {
-    QRegion region;
-    for (const int row : rows)
-        region += visualRect(model()->index(row, 0)) & viewport()->rect();
-    const QRect area = region.boundingRect();
-    *corner = area.topLeft();
-    QPixmap image(area.size() * devicePixelRatioF());
-    if (image.isNull())
-        return image;
+    constexpr int maximumRows = 5;
+    constexpr int maximumWidth = 160;
+    constexpr int margin = 3;
+    const int height = rowHeight(rows.first());
+    QStringList texts;
+    int width = 0;
+    for (const int row : rows.first(std::min<qsizetype>(rows.size(), maximumRows))) {
+        const QString text = model()->index(row, 0).data().toString();
+        texts.append(fontMetrics().elidedText(text, Qt::ElideRight, maximumWidth));
+        width = std::max(width, fontMetrics().horizontalAdvance(texts.last()) + 1);
+    }
+    const QSize size(width + 2 * margin, height * int(texts.size()));
+    QPixmap image(size * devicePixelRatioF());
     image.setDevicePixelRatio(devicePixelRatioF());
-    image.fill(Qt::transparent);
-    viewport()->render(&image, {}, region, RenderFlags());
+    image.fill(palette().color(QPalette::Highlight));
+    QPainter painter(&image);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::HighlightedText));
+    for (int i = 0; i < texts.size(); ++i)
+        painter.drawText(QRect(margin, i * height, width, height), Qt::AlignVCenter, texts.at(i));
     return image;
 }
 

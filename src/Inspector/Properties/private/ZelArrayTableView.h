@@ -48,7 +48,7 @@ private:
     void setGap(int gap);
     void moveByKey(int key);
     void moveToGap(int gap);
-    QPixmap imageOfRows(const QList<int> &rows, QPoint *corner) const;
+    QPixmap imageOfRows(const QList<int> &rows) const;
     void drawGap();
 
     QString m_placeholder;
