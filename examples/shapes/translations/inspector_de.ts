@@ -33,6 +33,10 @@
         <translation>%1 – zu sehen, wenn „%2“ auf „%3“ steht</translation>
     </message>
     <message>
+        <source>A color has 3, 6 or 8 hexadecimal digits.</source>
+        <translation>Eine Farbe hat 3, 6 oder 8 hexadezimale Ziffern.</translation>
+    </message>
+    <message>
         <source>Add</source>
         <translation>Hinzufügen</translation>
     </message>
@@ -405,6 +409,10 @@
         <translation>Höhe</translation>
     </message>
     <message>
+        <source>Hex</source>
+        <translation>Hex</translation>
+    </message>
+    <message>
         <source>Hexagon</source>
         <translation>Sechseck</translation>
     </message>
@@ -483,6 +491,10 @@
     <message>
         <source>Move</source>
         <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
     </message>
     <message>
         <source>Multiple Fonts</source>
@@ -589,6 +601,10 @@
         <translation>Fünfeck</translation>
     </message>
     <message>
+        <source>Pick Screen Color</source>
+        <translation>Farbe vom Bildschirm</translation>
+    </message>
+    <message>
         <source>Plain</source>
         <translation>Einfarbig</translation>
     </message>
@@ -655,6 +671,10 @@
     <message>
         <source>Round</source>
         <translation>Rund</translation>
+    </message>
+    <message>
+        <source>Row %1 of %2</source>
+        <translation>Zeile %1 von %2</translation>
     </message>
     <message>
         <source>Select All</source>
@@ -747,6 +767,10 @@
     <message>
         <source>The day until which the shape is to be finished</source>
         <translation>Der Tag, bis zu dem die Form fertig sein soll</translation>
+    </message>
+    <message>
+        <source>There is no color of this name.</source>
+        <translation>Es gibt keine Farbe dieses Namens.</translation>
     </message>
     <message>
         <source>Tightening</source>
