@@ -112,6 +112,7 @@ bool ZelColorPopUpButton::handleEvent(QEvent *event)
 
 void ZelColorPopUpButton::mousePressEvent(QMouseEvent *event)
 {
+    endPress();
     QStyleOptionComboBox option;
     option.initFrom(this);
     const bool isOnArrow = style()->hitTestComplexControl(QStyle::CC_ComboBox, &option, event->position().toPoint(),
@@ -125,14 +126,18 @@ void ZelColorPopUpButton::mousePressEvent(QMouseEvent *event)
 
 void ZelColorPopUpButton::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_drag && m_drag->begins(event))
+    if (!m_drag)
+        ZelPopUpButton::mouseMoveEvent(event);
+    else if (m_drag->begins(event))
         endPress();
 }
 
 void ZelColorPopUpButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!m_drag || event->button() != Qt::LeftButton)
+    if (!m_drag || event->button() != Qt::LeftButton) {
+        ZelPopUpButton::mouseReleaseEvent(event);
         return;
+    }
     endPress();
     if (rect().contains(event->position().toPoint()))
         showMenu();

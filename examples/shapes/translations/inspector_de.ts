@@ -317,6 +317,10 @@
         <translation>Erstellt</translation>
     </message>
     <message>
+        <source>Current Color</source>
+        <translation>Aktuelle Farbe</translation>
+    </message>
+    <message>
         <source>Dash</source>
         <translation>Strichart</translation>
     </message>
@@ -579,6 +583,10 @@
     <message>
         <source>Other Lines</source>
         <translation>Weitere Zeilen</translation>
+    </message>
+    <message>
+        <source>Other...</source>
+        <translation>Andere ...</translation>
     </message>
     <message>
         <source>Outline</source>

@@ -60,7 +60,7 @@ ZelColor ZelColorFormatter::colorOfName(const QString &name) const
             return color;
     }
     // Qt's own numbers would be another order of the digits.
-    return name.startsWith(u'#') ? QColor() : QColor(name);
+    return !name.startsWith(u'#') && QColor::isValidColor(name) ? QColor(name) : QColor();
 }
 
 bool ZelColorFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const

@@ -9,14 +9,15 @@
 
 namespace {
 
-/// What is seen in a rectangle of the desktop; null if the platform does not tell.
+/// What is seen in a rectangle of the desktop, as far as it lies on the screen of its centre; null if the platform does
+/// not tell.
 QImage picture(const QRect &rect)
 {
-    QScreen *screen = QGuiApplication::screenAt(rect.topLeft());
+    QScreen *screen = QGuiApplication::screenAt(rect.center());
     if (!screen)
         return {};
-    const QPoint corner = rect.topLeft() - screen->geometry().topLeft();
-    return screen->grabWindow(0, corner.x(), corner.y(), rect.width(), rect.height())
+    const QRect seen = (rect & screen->geometry()).translated(-screen->geometry().topLeft());
+    return screen->grabWindow(0, seen.x(), seen.y(), seen.width(), seen.height())
         .toImage()
         .convertToFormat(QImage::Format_RGB32);
 }

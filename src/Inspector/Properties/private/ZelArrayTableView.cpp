@@ -269,7 +269,8 @@ void ZelArrayTableView::drawGap()
     constexpr int thickness = 2;
     QPainter painter(viewport());
     const int y = qBound(0, yOfGap(m_gap) - thickness / 2, viewport()->height() - thickness);
-    painter.fillRect(0, y, viewport()->width(), thickness, palette().color(QPalette::Highlight));
+    // The rows beside the gap may be selected ones, in the colour of which the line would not be seen.
+    painter.fillRect(0, y, viewport()->width(), thickness, palette().color(QPalette::Text));
 }
 
 void ZelArrayTableView::paintEvent(QPaintEvent *event)
