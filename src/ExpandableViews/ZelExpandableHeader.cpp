@@ -2,6 +2,7 @@
 #include "ExpandableViews/ZelExpandableHeader.h"
 
 #include "Controls/private/ZelTitleText.h"
+#include "Core/RunLoop/ZelMemberScope.h"
 #include "ExpandableViews/private/ZelExpandableHeaderAccessible.h"
 
 #include <QKeyEvent>
@@ -33,6 +34,10 @@ ZelExpandableHeader::ZelExpandableHeader(QWidget *parent)
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::clicked, this, [this](bool checked) {
+        if (m_isForAll)
+            Q_EMIT toggledForAll(checked);
+    });
 }
 
 QString ZelExpandableHeader::title() const
@@ -124,6 +129,7 @@ void ZelExpandableHeader::drawTriangle(QPainter &painter) const
 void ZelExpandableHeader::keyPressEvent(QKeyEvent *event)
 {
     const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    const bool expands = (event->key() == Qt::Key_Right) == leftToRight;
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -131,8 +137,10 @@ void ZelExpandableHeader::keyPressEvent(QKeyEvent *event)
         return;
     case Qt::Key_Left:
     case Qt::Key_Right:
-        if (((event->key() == Qt::Key_Right) == leftToRight) != isChecked())
+        if (expands != isChecked())
             click();
+        else if (m_isForAll)
+            Q_EMIT toggledForAll(expands);
         return;
     default:
         QAbstractButton::keyPressEvent(event);
@@ -143,5 +151,7 @@ bool ZelExpandableHeader::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         update();
+    const bool hasAlt = event->isInputEvent() && static_cast<QInputEvent *>(event)->modifiers() & Qt::AltModifier;
+    const ZelMemberScope forAll(this, m_isForAll, hasAlt);
     return QAbstractButton::event(event);
 }

@@ -8,7 +8,8 @@
 
 /// The title of a ZelExpandableView with its disclosure triangle. Checked means expanded.
 ///
-/// A click, Space and Return toggle it. The arrow key towards the triangle folds, the opposite one unfolds.
+/// A click, Space and Return toggle it. The arrow key towards the triangle folds, the opposite one unfolds. With Alt,
+/// each of them does so for all boxes that belong together.
 class ZEL_EXPORT ZelExpandableHeader : public ZelGuarded<QAbstractButton>
 {
     Q_OBJECT
@@ -25,6 +26,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    /// After the user has toggled this one with Alt, or has pressed an arrow key with it.
+    void toggledForAll(bool checked);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -36,4 +41,5 @@ private:
     QRect fromLeft(const QRect &rect) const;
 
     quint32 m_style = 0;
+    bool m_isForAll = false; // the event that is being handled has the Alt key
 };

@@ -37,6 +37,7 @@ void ZelExpandableView::setUp()
     // The body gets the spare height, and a long title is elided before it widens the view.
     ZelConstraintLayout::setPriorities(m_header, {250, 999, 1, 1000});
     connect(m_header, &QAbstractButton::toggled, this, &ZelExpandableView::setExpanded);
+    connect(m_header, &ZelExpandableHeader::toggledForAll, this, &ZelExpandableView::expandedForAll);
 }
 
 bool ZelExpandableView::drawsContent() const

@@ -9,7 +9,8 @@ class ZelExpandableHeader;
 /// A box with a title above a body that can be folded away.
 ///
 /// A click on the title folds and unfolds the body. While the title has the focus, Space and Return do so, too; the
-/// arrow key towards the triangle folds, the opposite one unfolds.
+/// arrow key towards the triangle folds, the opposite one unfolds. With the Alt key they ask for the same of all boxes
+/// that belong together, which is up to whoever made these.
 class ZEL_EXPORT ZelExpandableView : public ZelView
 {
     Q_OBJECT
@@ -40,6 +41,8 @@ public:
 Q_SIGNALS:
     void titleChanged();
     void expandedChanged();
+    /// The user wants this box, and all that belong to it, to be unfolded or folded. This one is so already.
+    void expandedForAll(bool expanded);
     void styleChanged();
 
 protected:

@@ -41,6 +41,14 @@ void applyTitleConditionAndHelp(ZelInspectorConditionalContainer &container, con
     applyConditionAndHelp(container, configuration);
 }
 
+/// What the element is called in a saved state, in every language.
+void applyStateName(ZelInspectorContainer &container, const Configuration &configuration)
+{
+    if (configuration.hasValueNamed(u"title"))
+        container.setStateName(configuration.stringValueNamed(u"title"));
+    container.setStateKey(configuration.stringValueNamed(u"stateKey", container.stateKey()));
+}
+
 /// The role (see ZelDescriptionSchema) of the elements from which objects of the class are made.
 template<typename Class> constexpr QStringView roleOf = {};
 template<> constexpr QStringView roleOf<ZelTabbedInspector> = u"panes";
@@ -242,6 +250,7 @@ ZelInspectorProperty *Generator::buildIncludedProperty(const QUrl &url, const Co
 ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Configuration &configuration)
 {
     auto inspector = std::make_unique<ZelTabbedInspector>(m_owner);
+    applyStateName(*inspector, configuration);
     inspector->setEnabled(configuration.booleanValueNamed(u"enabled", true));
     inspector->setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
     inspector->setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
@@ -258,6 +267,7 @@ ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &con
     if (!url.isEmpty())
         return buildIncluded(url, u"pane", &Generator::createPaneForConfiguration, configuration);
     auto pane = std::make_unique<ZelInspectorPane>(m_owner);
+    applyStateName(*pane, configuration);
     pane->setTitle(configuration.localizedStringValueNamed(u"title"));
     pane->setImage(imageValue(configuration));
     applyHelp(*pane, configuration);
@@ -271,8 +281,11 @@ ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &con
 ZelInspector *Generator::createInspectorForConfiguration(const Configuration &configuration)
 {
     auto inspector = buildFromFile(u"inspector", &Generator::createInspectorForConfiguration, configuration);
-    if (!inspector)
+    if (!inspector) {
         inspector = std::make_unique<ZelInspector>(m_owner);
+        inspector->setStateName(QStringLiteral("")); // not the localized standard title
+    }
+    applyStateName(*inspector, configuration);
     applyTitleConditionAndHelp(*inspector, configuration);
     if (configuration.configurationsNamed(u"slice").isEmpty()) {
         ZelFail(QStringLiteral("No slice in the configuration"), configuration.place());

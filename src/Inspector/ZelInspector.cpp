@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelInspector.h"
 
+#include "Core/Values/private/ZelAssign.h"
 #include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/private/ZelLazyStack.h"
@@ -19,6 +20,7 @@ ZelInspector::ZelInspector(QObject *owner)
 
 ZelInspector::~ZelInspector()
 {
+    flushState();
     uninstall();
 }
 
@@ -37,6 +39,17 @@ void ZelInspector::setSlices(const QList<ZelInspectorSlice *> &slices)
     Q_EMIT slicesChanged();
 }
 
+void ZelInspector::setExpanded(bool expanded)
+{
+    if (!ZelAssign(m_expanded, expanded))
+        return;
+    const QPointer<ZelInspector> alive(this); // what is being typed in a body that folds is committed
+    if (m_box)
+        m_box->setExpanded(expanded);
+    if (alive)
+        Q_EMIT expandedChanged();
+}
+
 ZelVerticalStackView *ZelInspector::slicesView() const
 {
     return m_slicesView;
@@ -50,6 +63,9 @@ void ZelInspector::loadView()
     m_box->setBodyView(m_slicesView);
     m_box->setStyle(1);
     m_box->setTitle(title());
+    m_box->setExpanded(m_expanded);
+    connect(m_box, &ZelExpandableView::expandedChanged, this, [this] { setExpanded(m_box->isExpanded()); });
+    connect(m_box, &ZelExpandableView::expandedForAll, this, &ZelInspector::expandedForAll);
     Q_EMIT slicesViewChanged();
     updateView();
 }

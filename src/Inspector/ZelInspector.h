@@ -13,7 +13,10 @@ class ZelExpandableView;
 class ZEL_EXPORT ZelInspector : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("ZelState", "expanded")
     Q_PROPERTY(QList<ZelInspectorSlice *> slices READ slices WRITE setSlices NOTIFY slicesChanged)
+    /// Whether the box is unfolded; true by default.
+    Q_PROPERTY(bool expanded READ isExpanded WRITE setExpanded NOTIFY expandedChanged)
     /// The inspector sets it; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelVerticalStackView *slicesView READ slicesView MEMBER m_slicesView NOTIFY slicesViewChanged)
 public:
@@ -23,6 +26,9 @@ public:
 
     QList<ZelInspectorSlice *> slices() const { return m_slices.list(); }
     void setSlices(const QList<ZelInspectorSlice *> &slices);
+
+    bool isExpanded() const { return m_expanded; }
+    void setExpanded(bool expanded);
 
     /// The body of the box; null while the view is not loaded.
     ZelVerticalStackView *slicesView() const;
@@ -39,6 +45,9 @@ public:
 Q_SIGNALS:
     void slicesChanged();
     void slicesViewChanged();
+    void expandedChanged();
+    /// The user wants this box, and all those beside it, to be unfolded or folded.
+    void expandedForAll(bool expanded);
 
 protected:
     /// The tool tip belongs to the header, the help text to everything in the inspector.
@@ -53,4 +62,5 @@ private:
     ZelStackUpdate m_stackUpdate{[this] { updateView(); }};
     QPointer<ZelExpandableView> m_box;
     QPointer<ZelVerticalStackView> m_slicesView;
+    bool m_expanded = true;
 };

@@ -7,6 +7,8 @@
 #include "Views/ZelScrollView.h"
 #include "Views/ZelVerticalStackView.h"
 
+#include <QScrollBar>
+
 ZelInspectorPane::ZelInspectorPane(QObject *owner)
     : ZelInspectorContainer(owner)
 {
@@ -14,6 +16,7 @@ ZelInspectorPane::ZelInspectorPane(QObject *owner)
 
 ZelInspectorPane::~ZelInspectorPane()
 {
+    flushState();
     uninstall();
 }
 
@@ -89,6 +92,7 @@ void ZelInspectorPane::loadView()
     m_scrollView->setDocumentView(m_containerView);
     for (const QString &format : {QStringLiteral("H:|[scrollView]|"), QStringLiteral("V:|[scrollView]|")})
         pane->addConstraintsWithVisualFormat(format, {{QStringLiteral("scrollView"), m_scrollView}});
+    followScrolling();
     Q_EMIT scrollViewChanged();
     Q_EMIT containerViewChanged();
 }
@@ -102,6 +106,8 @@ void ZelInspectorPane::viewDidInstall()
     updateView();
     if (alive)
         updateNote();
+    if (alive)
+        scrollIfDue();
 }
 
 void ZelInspectorPane::viewWillUninstall()
@@ -110,6 +116,7 @@ void ZelInspectorPane::viewWillUninstall()
     for (ZelInspector *inspector : inspectors())
         stopObservationOfInspector(inspector);
     prepareForReuse();
+    m_isScrollDue = true; // when the column is filled again
     if (m_containerView)
         m_containerView->setSubviews({});
     delete m_noteView;
@@ -119,12 +126,63 @@ void ZelInspectorPane::startObservationForInspector(ZelInspector *inspector)
 {
     connect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this,
             &ZelInspectorPane::inspectorVisibleDidChange);
+    connect(inspector, &ZelInspector::expandedForAll, this, &ZelInspectorPane::setAllExpanded);
 }
 
 void ZelInspectorPane::stopObservationOfInspector(ZelInspector *inspector)
 {
     disconnect(inspector, &ZelInspectorConditionalContainer::visibleChanged, this,
                &ZelInspectorPane::inspectorVisibleDidChange);
+    disconnect(inspector, &ZelInspector::expandedForAll, this, &ZelInspectorPane::setAllExpanded);
+}
+
+void ZelInspectorPane::setAllExpanded(bool expanded)
+{
+    const QPointer<ZelInspectorPane> alive(this); // a box that folds may commit an edit
+    for (const QPointer<ZelViewController> &child : childControllers()) {
+        auto *inspector = alive ? qobject_cast<ZelInspector *>(child.data()) : nullptr;
+        if (inspector)
+            inspector->setExpanded(expanded);
+    }
+}
+
+// Scrolling
+
+void ZelInspectorPane::setScrollPosition(int position)
+{
+    m_isScrollDue = true;
+    const bool isOther = ZelAssign(m_scrollPosition, qMax(0, position));
+    scrollIfDue();
+    if (isOther)
+        Q_EMIT scrollPositionChanged();
+}
+
+void ZelInspectorPane::followScrolling()
+{
+    const QScrollBar *bar = m_scrollView->verticalScrollBar();
+    connect(bar, &QScrollBar::rangeChanged, this, &ZelInspectorPane::scrollIfDue);
+    connect(bar, &QScrollBar::valueChanged, this, &ZelInspectorPane::didScroll);
+}
+
+void ZelInspectorPane::scrollIfDue()
+{
+    if (!m_isScrollDue || !m_scrollView || !isViewInstalled())
+        return;
+    QScrollBar *bar = m_scrollView->verticalScrollBar();
+    bar->setValue(m_scrollPosition);
+    m_isScrollDue = bar->value() < m_scrollPosition;
+}
+
+/// As long as the column is too short for a position that is due, being at its end is not the user's doing.
+void ZelInspectorPane::didScroll(int position)
+{
+    const bool isFarthest =
+        m_scrollView && position == qMin(m_scrollPosition, m_scrollView->verticalScrollBar()->maximum());
+    if (!isViewInstalled() || (m_isScrollDue && isFarthest))
+        return;
+    m_isScrollDue = false;
+    if (ZelAssign(m_scrollPosition, position))
+        Q_EMIT scrollPositionChanged();
 }
 
 void ZelInspectorPane::updateView()

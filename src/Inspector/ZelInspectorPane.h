@@ -17,10 +17,13 @@ class ZelInspectorNote;
 class ZEL_EXPORT ZelInspectorPane : public ZelInspectorContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("ZelState", "scrollPosition")
     Q_PROPERTY(QIcon image READ image WRITE setImage NOTIFY imageChanged)
     Q_PROPERTY(QList<ZelInspector *> inspectors READ inspectors WRITE setInspectors NOTIFY inspectorsChanged)
     /// A dimmed text of one or more lines below the inspectors; none by default.
     Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged)
+    /// How far the column is scrolled, in pixels.
+    Q_PROPERTY(int scrollPosition READ scrollPosition WRITE setScrollPosition NOTIFY scrollPositionChanged)
     // What the pane is made of. The pane sets these; so may a subclass that makes its view differently.
     Q_PROPERTY(ZelScrollView *scrollView READ scrollView MEMBER m_scrollView NOTIFY scrollViewChanged)
     Q_PROPERTY(
@@ -37,6 +40,11 @@ public:
 
     const QString &note() const { return m_note; }
     void setNote(const QString &note);
+    int scrollPosition() const { return m_scrollPosition; }
+    /// Scrolls now, or when the column is high enough, unless the user scrolls before.
+    void setScrollPosition(int position);
+    /// Folds all boxes, or unfolds them.
+    void setAllExpanded(bool expanded);
 
     // Null while the view is not loaded.
     ZelScrollView *scrollView() const;
@@ -58,6 +66,7 @@ Q_SIGNALS:
     void imageChanged();
     void inspectorsChanged();
     void noteChanged();
+    void scrollPositionChanged();
     void scrollViewChanged();
     void containerViewChanged();
 
@@ -71,6 +80,9 @@ private:
     void inspectorVisibleDidChange() { m_stackUpdate.request(); }
     void stackInspectors();
     void updateNote();
+    void followScrolling();
+    void scrollIfDue();
+    void didScroll(int position);
 
     ZelChildControllers<ZelInspector> m_inspectors;
     ZelStackUpdate m_stackUpdate{[this] { updateView(); }};
@@ -79,4 +91,6 @@ private:
     QPointer<ZelVerticalStackView> m_containerView;
     QString m_note;
     QPointer<ZelInspectorNote> m_noteView; // while the view is installed and there is a note
+    int m_scrollPosition = 0;
+    bool m_isScrollDue = false; // the position was set, and not reached yet
 };

@@ -4,6 +4,7 @@
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/private/ZelInspectorSearch.h"
 #include "Inspector/private/ZelSearchBar.h"
+#include "Inspector/private/ZelStateTree.h"
 #include "Inspector/private/ZelTabOrder.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelNamedImages.h"
@@ -15,10 +16,12 @@
 ZelTabbedInspector::ZelTabbedInspector(QObject *owner)
     : ZelInspectorContainer(owner)
 {
+    connect(this, &ZelTabbedInspector::selectedPaneIndexChanged, this, &ZelTabbedInspector::selectedPaneNameChanged);
 }
 
 ZelTabbedInspector::~ZelTabbedInspector()
 {
+    flushState();
     uninstall();
 }
 
@@ -209,6 +212,8 @@ void ZelTabbedInspector::selectInspector(quint64 index)
         return;
     const QPointer<ZelInspectorPane> former = std::exchange(m_currentInspector, nullptr);
     const bool isOther = std::exchange(m_selectedPaneIndex, index) != index;
+    if (isOther)
+        m_missingPaneName.clear();
     m_currentInspector = panes().value(qsizetype(index));
     if (m_containerView)
         m_containerView->setSelectedChildViewControllerIndex(index);
@@ -223,6 +228,30 @@ void ZelTabbedInspector::selectInspector(quint64 index)
         Q_EMIT currentInspectorChanged();
     if (isOther && alive)
         Q_EMIT selectedPaneIndexChanged();
+}
+
+QString ZelTabbedInspector::selectedPaneName() const
+{
+    if (!m_missingPaneName.isNull())
+        return m_missingPaneName;
+    const ZelInspectorPane *selected = panes().value(qsizetype(m_selectedPaneIndex));
+    for (const ZelStateTree::Part &part : ZelStateTree::partsOf(this)) {
+        if (part.controller == selected)
+            return part.name;
+    }
+    return {};
+}
+
+void ZelTabbedInspector::setSelectedPaneName(const QString &name)
+{
+    const QList<ZelInspectorPane *> all = panes();
+    for (const ZelStateTree::Part &part : ZelStateTree::partsOf(this)) {
+        const qsizetype index = all.indexOf(part.controller);
+        if (part.name == name && index >= 0)
+            return setSelectedPaneIndex(quint64(index));
+    }
+    if (ZelAssign(m_missingPaneName, name))
+        Q_EMIT selectedPaneNameChanged();
 }
 
 bool ZelTabbedInspector::tabBarShouldSelectItem(ZelTabBar *, ZelTabBarItem *)

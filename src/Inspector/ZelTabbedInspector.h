@@ -20,6 +20,7 @@ class ZelInspectorSearch;
 class ZEL_EXPORT ZelTabbedInspector : public ZelInspectorContainer, public ZelTabBarDelegate
 {
     Q_OBJECT
+    Q_CLASSINFO("ZelState", "selectedPaneName searchText")
     Q_PROPERTY(QList<ZelInspectorPane *> panes READ panes WRITE setPanes NOTIFY panesChanged)
     /// True by default. Enables the tab bar; taken over when the view is installed.
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
@@ -35,6 +36,7 @@ class ZEL_EXPORT ZelTabbedInspector : public ZelInspectorContainer, public ZelTa
     /// What stands in the field; empty by default, which finds nothing and hides nothing. It is kept while there is no
     /// field or no window, and takes effect with them.
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+    Q_PROPERTY(QString selectedPaneName READ selectedPaneName WRITE setSelectedPaneName NOTIFY selectedPaneNameChanged)
     // What the inspector shows and what it is made of. The inspector sets these; so may a subclass that makes its view
     // differently.
     Q_PROPERTY(ZelInspectorPane *currentInspector READ currentInspector MEMBER m_currentInspector NOTIFY
@@ -58,6 +60,10 @@ public:
     quint64 selectedPaneIndex() const { return m_selectedPaneIndex; }
     /// Selects the pane, now or when the view is made.
     void setSelectedPaneIndex(quint64 index);
+    /// What the selected pane is called in a saved state. Setting a name that no pane has selects nothing else; it is
+    /// answered until another pane is selected.
+    QString selectedPaneName() const;
+    void setSelectedPaneName(const QString &name);
     /// Prepares the current pane for reuse and shows the one of that index. It does not ask the current pane whether
     /// its edit can be committed. An index behind the last pane shows none.
     void selectInspector(quint64 index);
@@ -78,6 +84,7 @@ public:
     ZelTabBar *tabBar() const;
     ZelSwitchContainerView *containerView() const;
 
+    QList<QPointer<ZelViewController>> allChildControllers() const override { return m_panes.pointers(); }
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
@@ -93,6 +100,7 @@ Q_SIGNALS:
     void selectedPaneIndexChanged();
     void searchEnabledChanged();
     void searchTextChanged();
+    void selectedPaneNameChanged();
     void currentInspectorChanged();
     void tabBarChanged();
     void containerViewChanged();
@@ -115,6 +123,7 @@ private:
     QPointer<ZelSwitchContainerView> m_containerView;
     QPointer<ZelInspectorSearch> m_search; // while the view is loaded and search is enabled
     QList<ZelLayoutConstraint::Ptr> m_columnConstraints;
+    QString m_missingPaneName;
     quint64 m_selectedPaneIndex = 0;
     bool m_enabled = true;
     bool m_searchEnabled = false;

@@ -114,6 +114,12 @@ void ZelInspectorBoundsProperty::setAnchor(ZelRectAnchor anchor)
         Q_EMIT anchorChanged();
 }
 
+void ZelInspectorBoundsProperty::setAnchorIndex(int index)
+{
+    if (index >= 0 && index <= int(ZelOriginBottomRight))
+        setAnchor(ZelRectAnchor(index));
+}
+
 ZelRectAnchor ZelInspectorBoundsProperty::flippedAnchor(ZelRectAnchor anchor) const
 {
     return modelAnchor(anchor, m_isFlipped);

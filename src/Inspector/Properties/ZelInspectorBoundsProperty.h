@@ -14,6 +14,7 @@ class ZEL_EXPORT ZelInspectorBoundsProperty : public ZelInspectorCompositeProper
                                               public ZelOriginSelectionViewDelegate
 {
     Q_OBJECT
+    Q_CLASSINFO("ZelState", "anchorIndex")
     Q_PROPERTY(QString flippedKeyPath MEMBER flippedKeyPath)
     Q_PROPERTY(bool showOriginSelector MEMBER showOriginSelector)
     Q_PROPERTY(ZelOriginSelectionView *originSelectionView MEMBER m_originSelectionView)
@@ -24,6 +25,7 @@ class ZEL_EXPORT ZelInspectorBoundsProperty : public ZelInspectorCompositeProper
     Q_PROPERTY(ZelInspectorNumberProperty *sizeHeightProperty READ sizeHeightProperty STORED false)
     Q_PROPERTY(QVariant flipped READ flipped WRITE setFlipped NOTIFY flippedChanged)
     Q_PROPERTY(quint64 anchor READ anchor WRITE setAnchorNumber NOTIFY anchorChanged)
+    Q_PROPERTY(int anchorIndex READ anchorIndex WRITE setAnchorIndex NOTIFY anchorChanged STORED false)
     Q_PROPERTY(QVariant originX READ originX WRITE setOriginX NOTIFY firstChanged)
     Q_PROPERTY(QVariant originY READ originY WRITE setOriginY NOTIFY secondChanged)
     Q_PROPERTY(QVariant sizeWidth READ sizeWidth WRITE setSizeWidth NOTIFY thirdChanged)
@@ -41,6 +43,9 @@ public:
     ZelRectAnchor anchor() const { return m_anchor; }
     void setAnchor(ZelRectAnchor anchor);
     void setAnchorNumber(quint64 anchor) { setAnchor(ZelRectAnchor(anchor)); }
+    /// The anchor as its number, of which any other is ignored.
+    int anchorIndex() const { return int(m_anchor); }
+    void setAnchorIndex(int index);
     /// The anchor of the model's rectangle that an anchor on screen stands for. A value that is no anchor is an
     /// assertion, "Unsupported case".
     ZelRectAnchor flippedAnchor(ZelRectAnchor anchor) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
+#include "Controls/Fields/ZelComboBox.h"
+#include "Controls/Fields/ZelEditSession.h"
 #include "Controls/ZelControlSize.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelAssertions.h"
@@ -25,6 +27,7 @@
 #include "ViewController/ZelView.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <cmath>
 
 namespace {
@@ -34,6 +37,16 @@ const QString g_selectionSegment = QStringLiteral(".selection.");
 QVariant transformed(const ZelValueTransformerPtr &transformer, const QVariant &value)
 {
     return transformer ? transformer->transformedValue(value) : value;
+}
+
+/// What the Tab key does in the widget's window. Answers whether there is another control.
+bool focusNextControl(QWidget *widget)
+{
+    struct Opened : QWidget
+    {
+        using QWidget::focusNextPrevChild;
+    };
+    return (widget->*&Opened::focusNextPrevChild)(true);
 }
 
 } // namespace
@@ -63,6 +76,7 @@ void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configurat
     setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
     setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
     setActionName(configuration.localizedStringValueNamed(u"actionName"));
+    setReturnAdvances(configuration.booleanValueOfFileNamed(u"returnAdvances", m_returnAdvances));
 }
 
 /// Sets one of the key paths. Observations and bindings are made when the view is installed, so an installed view is
@@ -132,6 +146,45 @@ void ZelInspectorProperty::setReadOnly(bool readOnly)
     if (isViewInstalled())
         updateViewInvocation().schedule();
     Q_EMIT readOnlyChanged();
+}
+
+void ZelInspectorProperty::setReturnAdvances(bool advances)
+{
+    if (!ZelAssign(m_returnAdvances, advances))
+        return;
+    if (isViewInstalled())
+        watchReturn();
+    Q_EMIT returnAdvancesChanged();
+}
+
+/// A field hands Return on to the views around it once the text is committed; one that refuses the text keeps it.
+void ZelInspectorProperty::watchReturn()
+{
+    if (m_returnAdvances)
+        view()->installEventFilter(this);
+    else
+        view()->removeEventFilter(this);
+}
+
+bool ZelInspectorProperty::filterEvent(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress || !m_returnAdvances || !isViewLoaded() || watched != view())
+        return false;
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (!isReturn || (key->modifiers() & ~Qt::KeypadModifier) || !isFieldFocused())
+        return false;
+    return focusNextControl(view());
+}
+
+bool ZelInspectorProperty::isFieldFocused() const
+{
+    const QWidget *widget = QApplication::focusWidget();
+    if (!widget || !contains(widget))
+        return false;
+    while (widget && !dynamic_cast<const ZelEditSession *>(widget) && !qobject_cast<const ZelComboBox *>(widget))
+        widget = widget->parentWidget();
+    return widget && contains(widget);
 }
 
 bool ZelInspectorProperty::isWritable() const
@@ -383,6 +436,8 @@ void ZelInspectorProperty::viewDidInstall()
 {
     ZelViewController::viewDidInstall();
     warnOfLongKeyPath();
+    if (m_returnAdvances)
+        watchReturn();
     if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
         return;
     QObject *controller =

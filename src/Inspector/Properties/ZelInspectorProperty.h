@@ -36,6 +36,8 @@ class ZEL_EXPORT ZelInspectorProperty : public ZelViewController
     Q_PROPERTY(ZelSelector actionSelector READ actionSelector WRITE setActionSelector NOTIFY actionSelectorChanged)
     Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly NOTIFY readOnlyChanged)
+    /// False by default.
+    Q_PROPERTY(bool returnAdvances READ returnAdvances WRITE setReturnAdvances NOTIFY returnAdvancesChanged)
     Q_PROPERTY(QWidget *viewForBaselineAlignment READ viewForBaselineAlignment STORED false)
     Q_PROPERTY(double baselineOffsetFromView READ baselineOffsetFromView STORED false)
     Q_PROPERTY(bool updatingValues READ isUpdatingValues STORED false)
@@ -86,6 +88,10 @@ public:
     /// Whether users may change the value. They may not if the editor is read-only, or if the property is read-only in
     /// the class of any selected object. Editors show such a value without a means to change it.
     bool isWritable() const;
+
+    /// Whether Return, after it has committed what was typed into a field, goes on to the next control as Tab does.
+    bool returnAdvances() const { return m_returnAdvances; }
+    void setReturnAdvances(bool advances);
 
     ZelView *mainView() { return view(); }
 
@@ -151,6 +157,7 @@ Q_SIGNALS:
     void actionSelectorChanged();
     void actionNameChanged();
     void readOnlyChanged();
+    void returnAdvancesChanged();
 
 protected:
     /// Marks the editor's own writes. Editors that use it do nothing in updateView meanwhile.
@@ -191,10 +198,13 @@ protected:
     virtual ZelUndoManager *undoManager() const;
     /// A view for the editor's controls, already the controller's, with the small control font.
     ZelView *makeEditorView();
+    bool filterEvent(QObject *watched, QEvent *event) override;
 
 private:
     ZelDelayedInvocation *updateViewInvocationPointer() { return &updateViewInvocation(); }
     void endEditing();
+    void watchReturn();
+    bool isFieldFocused() const;
     bool setObservedKeyPath(QString &member, const QString &keyPath);
     void warnOfLongKeyPath() const;
     void watchForKey(const ZelObjectController *controller);
@@ -213,5 +223,6 @@ private:
     bool m_updatingValues = false;
     bool m_enabled = true;
     bool m_readOnly = false;
+    bool m_returnAdvances = false;
     bool m_isKeyKnown = false; // a selected object had it, or its absence was warned of
 };

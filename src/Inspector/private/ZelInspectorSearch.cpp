@@ -16,7 +16,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
-#include <QScrollBar>
 #include <QSet>
 #include <algorithm>
 #include <numeric>
@@ -242,10 +241,9 @@ void ZelInspectorSearch::begin()
     m_isOn = true;
     m_formerPane = m_inspector->currentInspector();
     m_scrollPositions.clear();
-    for (const ZelInspectorPane *pane : m_inspector->panes()) {
-        if (ZelScrollView *scrollView = pane->scrollView())
-            m_scrollPositions.emplace_back(scrollView, scrollView->verticalScrollBar()->value());
-    }
+    for (ZelInspectorPane *pane : m_inspector->panes())
+        m_scrollPositions.emplace_back(pane, pane->scrollPosition());
+    m_inspector->setStateHeld(true);
     // A row that is about to hide commits what is typed there. A text that is refused stays in it.
     const ZelPassiveEdits passive;
     m_inspector->commitEditing();
@@ -262,7 +260,7 @@ void ZelInspectorSearch::filter(const QStringList &words)
                       !findings[i].matches};
     if (ZelAssign(m_words, words)) {
         ScrollPositions tops = m_scrollPositions;
-        for (auto &[scrollView, position] : tops)
+        for (auto &[pane, position] : tops)
             position = 0;
         scrollTo(tops);
     }
@@ -339,6 +337,8 @@ void ZelInspectorSearch::giveBack()
     showNotes(std::vector<QStringList>(size_t(panes.size())));
     setTabCounts(std::vector<int>(size_t(panes.size()), -1));
     scrollTo(positions);
+    if (alive)
+        m_inspector->setStateHeld(false);
     if (!alive || !m_bar)
         return;
     m_bar->setOutcome({});
@@ -392,9 +392,9 @@ void ZelInspectorSearch::settle(const std::vector<QPointer<ZelInspectorCondition
 
 void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
 {
-    for (const auto &[scrollView, position] : positions) {
-        if (scrollView)
-            scrollView->verticalScrollBar()->setValue(position);
+    for (const auto &[pane, position] : positions) {
+        if (pane)
+            pane->setScrollPosition(position);
     }
 }
 

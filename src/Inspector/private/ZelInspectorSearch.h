@@ -48,7 +48,7 @@ protected:
 private:
     using Node = ZelSearchIndex::Node;
     using Finding = ZelSearchIndex::Finding;
-    using ScrollPositions = std::vector<std::pair<QPointer<ZelScrollView>, int>>;
+    using ScrollPositions = std::vector<std::pair<QPointer<ZelInspectorPane>, int>>;
     /// What a filter does to a container.
     struct Filter
     {

@@ -9,13 +9,14 @@ using Schema = ZelDescriptionSchema;
 using Attribute = Schema::Attribute;
 using Kind = Schema::Kind;
 
-constexpr Attribute g_file[] = {{u"editsMultipleValues", Kind::Boolean}};
+constexpr Attribute g_file[] = {{u"editsMultipleValues", Kind::Boolean}, {u"returnAdvances", Kind::Boolean}};
 constexpr Attribute g_enabling[] = {
     {u"enabled", Kind::Boolean},
     {u"enabledKeyPath", Kind::KeyPath},
     {u"enabledValueTransformer"},
 };
 constexpr Attribute g_panes[] = {{u"search", Kind::Boolean}};
+constexpr Attribute g_remembered[] = {{u"stateKey"}};
 constexpr Attribute g_pane[] = {
     {u"file", Kind::File}, {u"title"}, {u"image"}, {u"toolTip"}, {u"whatsThis"},
 };
@@ -47,6 +48,7 @@ constexpr Attribute g_untitled[] = {
     {u"actionName"},
     {u"toolTip"},
     {u"whatsThis"},
+    {u"returnAdvances", Kind::Boolean},
 };
 constexpr Attribute g_titles[] = {{u"title"}, {u"titleKeyPath", Kind::KeyPath}};
 constexpr Attribute g_placeholder[] = {{u"placeholder"}};
@@ -98,9 +100,9 @@ constexpr Attribute g_size[] = {
 };
 
 constexpr Schema::Element g_elements[] = {
-    {.role = u"panes", .attributes = {g_enabling, g_panes}, .children = {u"pane"}},
-    {.role = u"pane", .attributes = {g_pane}, .children = {u"inspector"}},
-    {.role = u"inspector", .attributes = {g_container}, .children = {u"slice"}},
+    {.role = u"panes", .attributes = {g_enabling, g_panes, g_remembered}, .children = {u"pane"}},
+    {.role = u"pane", .attributes = {g_pane, g_remembered}, .children = {u"inspector"}},
+    {.role = u"inspector", .attributes = {g_container, g_remembered}, .children = {u"slice"}},
     {.role = u"slice", .attributes = {g_container, g_classOnly}, .children = {u"section"}},
     {.role = u"section",
      .attributes = {g_container},

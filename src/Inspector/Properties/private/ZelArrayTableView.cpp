@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPainter>
+#include <QStyleOptionFocusRect>
 #include <QStyledItemDelegate>
 #include <numeric>
 
@@ -278,10 +279,22 @@ void ZelArrayTableView::paintEvent(QPaintEvent *event)
     QTableView::paintEvent(event);
     if (m_gap >= 0 && m_gap <= model()->rowCount())
         drawGap();
+    if (hasFocus() && !currentIndex().isValid())
+        paintFocus();
     if (m_placeholder.isEmpty() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect area = viewport()->rect();
     painter.drawText(area, Qt::AlignCenter, fontMetrics().elidedText(m_placeholder, Qt::ElideRight, area.width()));
+}
+
+/// The base shows the focus in the current cell, and not at all where there is none.
+void ZelArrayTableView::paintFocus()
+{
+    QPainter painter(viewport());
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = viewport()->rect();
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }

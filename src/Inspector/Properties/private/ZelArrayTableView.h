@@ -50,6 +50,7 @@ private:
     void moveToGap(int gap);
     QPixmap imageOfRows(const QList<int> &rows) const;
     void drawGap();
+    void paintFocus();
 
     QString m_placeholder;
     int m_gap = -1; // above which row dragged rows would be dropped
