@@ -2,6 +2,7 @@
 # The examples use the installed library; a test that linked the folders' static libraries, too, would have two of it.
 set(examples ${PROJECT_SOURCE_DIR}/examples)
 zel_program(tst_ShapesControls SOURCES Examples/tst_ShapesControls.cpp LIBRARIES zel_shapes_app Qt6::Test)
+zel_program(tst_ShapesKeyboard SOURCES Examples/tst_ShapesKeyboard.cpp LIBRARIES zel_shapes_app Qt6::Test)
 # The example's own main function is called by the test's.
 zel_program(tst_SmallestControls SOURCES Examples/tst_SmallestControls.cpp ${examples}/smallest/main.cpp
             LIBRARIES Zel::Zel Qt6::Test)
@@ -9,7 +10,7 @@ set_source_files_properties(${examples}/smallest/main.cpp PROPERTIES
                             COMPILE_DEFINITIONS main=exampleMain SKIP_PRECOMPILE_HEADERS ON)
 qt_add_resources(tst_SmallestControls smallest PREFIX / BASE ${examples}/smallest
                  FILES ${examples}/smallest/Smallest.xml)
-foreach(test tst_ShapesControls tst_SmallestControls)
+foreach(test tst_ShapesControls tst_ShapesKeyboard tst_SmallestControls)
     target_include_directories(${test} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     zel_add_e2e_test(${test})
 endforeach()

@@ -112,6 +112,14 @@
         <translation>Ins&amp;pektor</translation>
     </message>
     <message>
+        <source>Ne&amp;xt Area</source>
+        <translation>Nächster &amp;Bereich</translation>
+    </message>
+    <message>
+        <source>Previous Are&amp;a</source>
+        <translation>&amp;Voriger Bereich</translation>
+    </message>
+    <message>
         <source>&amp;Dark Palette</source>
         <translation>&amp;Dunkle Farben</translation>
     </message>

@@ -45,6 +45,8 @@ const QList<Row> &rows()
         {QT_TRANSLATE_NOOP("Actions", "Zoom to &Fit"), nullptr, {Qt::CTRL | Qt::Key_9}},
         {QT_TRANSLATE_NOOP("Actions", "&Shapes"), nullptr, {Qt::Key_F8}, true},
         {QT_TRANSLATE_NOOP("Actions", "Ins&pector"), nullptr, {Qt::Key_F9}, true},
+        {QT_TRANSLATE_NOOP("Actions", "Ne&xt Area"), nullptr, {Qt::Key_F6}},
+        {QT_TRANSLATE_NOOP("Actions", "Previous Are&a"), nullptr, {Qt::SHIFT | Qt::Key_F6}},
         {QT_TRANSLATE_NOOP("Actions", "&Dark Palette"), nullptr, {}, true},
         {"&English", nullptr, {}, true},
         {"&Deutsch", nullptr, {}, true},

@@ -39,6 +39,8 @@ public:
         ZoomToFit,
         ShowShapes,
         ShowInspector,
+        NextArea,
+        PreviousArea,
         DarkPalette,
         English,
         German,

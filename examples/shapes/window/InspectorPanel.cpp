@@ -90,14 +90,13 @@ void InspectorPanel::load(const QString &folder)
 void InspectorPanel::selectTab(int index)
 {
     m_tab = index;
-    if (m_inspector)
-        m_inspector->setSelectedPaneIndex(index);
+    if (m_inspector && index >= 0)
+        m_inspector->setSelectedPaneIndex(std::exchange(m_tab, -1));
 }
 
 void InspectorPanel::build()
 {
-    if (m_inspector)
-        m_tab = int(m_inspector->selectedPaneIndex());
+    const QByteArray state = m_inspector ? m_inspector->saveState() : QByteArray();
     clear();
     try {
         ZelDeclarativeInspectorGenerator generator;
@@ -107,8 +106,9 @@ void InspectorPanel::build()
         m_inspector->setParent(this);
         translateTitles<ZelInspectorSliver>(m_inspector);
         translateTitles<ZelInspectorChooser>(m_inspector);
-        m_inspector->setSelectedPaneIndex(m_tab);
+        m_inspector->restoreState(state);
         setContent(m_inspector->view());
+        selectTab(m_tab);
     } catch (const ZelException &exception) {
         showMessage(QString::fromUtf8(exception.what()));
     }

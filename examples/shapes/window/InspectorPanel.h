@@ -22,6 +22,7 @@ public:
     /// Builds the inspector from Inspector.xml in the folder; an empty one stands for the application's resources. What
     /// is wrong with the files is reported and shown in its place.
     void load(const QString &folder);
+    /// Nothing for a negative one.
     void selectTab(int index);
 
 protected:
@@ -41,5 +42,5 @@ private:
     QPointer<ZelTabbedInspector> m_inspector;
     QPointer<QWidget> m_content; // the inspector's view, or a message
     QUrl m_url;
-    int m_tab = 0;
+    int m_tab = -1; // to be selected when there is an inspector
 };

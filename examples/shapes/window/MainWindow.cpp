@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/MainWindow.h"
 
+#include "Inspector/ZelInspectorState.h"
 #include "Views/ZelMagnificationView.h"
 #include "canvas/Canvas.h"
 #include "canvas/CanvasArea.h"
@@ -8,10 +9,10 @@
 #include "window/Icons.h"
 #include "window/InspectorPanel.h"
 #include "window/Options.h"
-#include "window/Panes.h"
 #include "window/ShapeListView.h"
 #include "window/Theme.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -21,6 +22,30 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QWhatsThis>
+
+namespace {
+bool isWithin(const QWidget *widget, const QWidget *area)
+{
+    return widget == area || area->isAncestorOf(widget);
+}
+
+bool takesFocus(const QWidget *widget)
+{
+    return widget && widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
+}
+
+/// The first one in the tab order; null if there is none.
+QWidget *firstControl(QWidget *area)
+{
+    QWidget *widget = area;
+    do {
+        if (isWithin(widget, area) && takesFocus(widget))
+            return widget;
+        widget = widget->nextInFocusChain();
+    } while (widget != area);
+    return nullptr;
+}
+} // namespace
 
 MainWindow::MainWindow(const Options &options)
     : m_canvas(new Canvas(&m_document, &m_selection, &m_operations))
@@ -75,6 +100,9 @@ void MainWindow::fill(const Options &options)
 
 void MainWindow::createPanes(const Options &options)
 {
+    ZelInspectorState::setSettings([file = m_settings] {
+        return file.isEmpty() ? nullptr : std::make_unique<QSettings>(file, QSettings::IniFormat);
+    });
     m_inspector->selectTab(options.tab);
     m_inspector->load(options.description);
     if (!m_settings.isEmpty())
@@ -114,6 +142,7 @@ void MainWindow::createMenus()
     view->addActions(m_actions.range(Actions::ZoomIn, Actions::ZoomToFit));
     view->addSeparator();
     view->addActions(m_actions.range(Actions::ShowShapes, Actions::ShowInspector));
+    view->addActions(m_actions.range(Actions::NextArea, Actions::PreviousArea));
     view->addSeparator();
     view->addAction(m_actions[Actions::DarkPalette]);
     m_languageSection = view->addSection(QString());
@@ -168,6 +197,8 @@ void MainWindow::connectActions()
     on(Actions::ShowShapes, [this](bool shows) { m_panes->setCollapsed(Panes::List, !shows); });
     on(Actions::ShowInspector, [this](bool shows) { m_panes->setCollapsed(Panes::Inspector, !shows); });
     on(Actions::WhatsThis, [] { QWhatsThis::enterWhatsThisMode(); });
+    on(Actions::NextArea, [this] { focusNextArea(1); });
+    on(Actions::PreviousArea, [this] { focusNextArea(-1); });
     on(Actions::DarkPalette, [this](bool dark) { setDark(dark); });
     for (const auto &[id, language] : {std::pair(Actions::English, "en"), std::pair(Actions::German, "de")}) {
         on(id, [this, language = QString::fromLatin1(language)] {
@@ -186,6 +217,34 @@ void MainWindow::connectView()
     connect(&m_document, &Document::unitsChanged, this, &MainWindow::updateStatus);
     connect(m_canvasArea, &CanvasArea::zoomChanged, this, &MainWindow::updateStatus);
     connect(m_panes, &Panes::collapsedChanged, this, &MainWindow::updateActions);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusDidChange(now); });
+}
+
+void MainWindow::focusDidChange(QWidget *widget)
+{
+    for (int pane = 0; pane < Panes::Count; ++pane) {
+        if (isWithin(widget, m_panes->widget(pane)))
+            m_lastFocus[pane] = widget;
+    }
+}
+
+/// The focus returns to the control that had it last in the other pane, or goes to the first one there.
+void MainWindow::focusNextArea(int step)
+{
+    int pane = step > 0 ? -1 : int(Panes::Count);
+    for (int i = 0; i < Panes::Count; ++i) {
+        if (isWithin(focusWidget(), m_panes->widget(i)))
+            pane = i;
+    }
+    for (int i = 0; i < Panes::Count; ++i) {
+        pane = (pane + step + Panes::Count) % Panes::Count;
+        if (m_panes->isCollapsed(Panes::Pane(pane)))
+            continue;
+        QWidget *area = m_panes->widget(pane);
+        QWidget *target = takesFocus(m_lastFocus[pane]) ? m_lastFocus[pane].data() : firstControl(area);
+        if (target)
+            return target->setFocus(Qt::ShortcutFocusReason);
+    }
 }
 
 void MainWindow::setLanguage(const QString &language)

@@ -7,14 +7,15 @@
 #include "window/Actions.h"
 #include "window/InspectorOwner.h"
 #include "window/Languages.h"
+#include "window/Panes.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QUndoStack>
 
 class Canvas;
 class CanvasArea;
 class InspectorPanel;
-class Panes;
 class QLabel;
 class ShapeListView;
 struct Options;
@@ -51,6 +52,8 @@ private:
     void setLanguage(const QString &language);
     void setDark(bool dark);
     void chooseZoom();
+    void focusNextArea(int step);
+    void focusDidChange(QWidget *widget);
     void retranslate();
     void updateActions();
     void updateStatus();
@@ -69,6 +72,7 @@ private:
     InspectorPanel *m_inspector;
     Panes *m_panes;
     QString m_settings; // the file; empty to keep nothing
+    QPointer<QWidget> m_lastFocus[Panes::Count];
     double m_firstZoom; // asked for, until the window is shown
     QToolBar *m_toolBar;
     QAction *m_languageSection = nullptr;

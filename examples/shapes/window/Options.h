@@ -12,7 +12,7 @@ struct Options
     QString screenshot;      ///< the file for a picture of the window; the program exits then
     QList<int> selectedRows; ///< rows from the bottom, from 0
     bool selectsAll = false;
-    int tab = 0;         ///< of the inspector
+    int tab = -1;        ///< of the inspector; negative for the one it had last
     int shapeCount = -1; ///< negative for the picture
     QString description; ///< the folder of the inspector's description; empty for the built-in one
     QString language = QStringLiteral("en");
