@@ -179,6 +179,10 @@ void ZelTabbedInspector::viewWillUninstall()
 void ZelTabbedInspector::viewDidInstall()
 {
     ZelInspectorContainer::viewDidInstall();
+    // Only in a window does the tab order have a beginning; before, the field counts as preceding the tabs wherever it
+    // stands.
+    if (m_search)
+        ZelTabOrder(view()).followSubviews();
     if (m_search && !m_searchText.isEmpty())
         m_search->scheduleUpdate(); // when the panes are installed, too
     if (!m_tabBar)

@@ -70,6 +70,7 @@ class tst_ShapesKeyboard : public QObject
             {"ZelExpandableHeader", {Qt::Key_Return}},
             {"ZelOriginSelectionView", {Qt::Key_Right, Qt::Key_Left}},
             {"ZelButtonMatrix", {Qt::Key_Right, Qt::Key_Left}},
+            {"QLineEdit", {Qt::Key_7}},
         };
         for (const QMetaObject *metaObject = widget->metaObject(); metaObject; metaObject = metaObject->superClass()) {
             for (const Kind &kind : kinds) {

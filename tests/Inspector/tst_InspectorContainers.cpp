@@ -617,7 +617,7 @@ private Q_SLOTS:
             }
             ++written;
         }
-        QCOMPARE(written, 61);
+        QCOMPARE(written, 72);
     }
 
     void whoeverListensMayDeleteAnything()

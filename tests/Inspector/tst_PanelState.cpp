@@ -322,6 +322,28 @@ private Q_SLOTS:
         });
     }
 
+    void whatASearchChangesForAWhileIsNotKept()
+    {
+        const QByteArray text = panes(g_text + g_place, "stateKey='main' search='yes'");
+        run(text, [](const Panel &panel) {
+            panel->panes()[0]->inspectors()[1]->setExpanded(false);
+            panel->setSearchText("more");
+            settle();
+            QCOMPARE(folds(panel->panes()[0]), "++");
+        });
+        run(text, [](const Panel &panel) {
+            settle();
+            QCOMPARE(panel->searchText(), "more");
+            QCOMPARE(folds(panel->panes()[0]), "++");
+            panel->setSearchText({});
+            QCOMPARE(folds(panel->panes()[0]), "+-");
+        });
+        run(text, [](const Panel &panel) {
+            QCOMPARE(panel->searchText(), QString());
+            QCOMPARE(folds(panel->panes()[0]), "+-");
+        });
+    }
+
     /// The view may die before its controller, and the controller without the view.
     void endsInAnyOrder()
     {
