@@ -3,6 +3,7 @@
 
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
+#include "ColorPopUpButton/private/ZelScreenColorPicker.h"
 
 #include <QClipboard>
 #include <QMimeData>
@@ -242,6 +243,18 @@ private Q_SLOTS:
         button->setFocus();
         Sheet::press(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(window.color(1, "fill"), window.stroke);
+        const ZelColor text = ZelColor::named("System", "textColor");
+        const auto rich = [&] { return ZelColor::fromVariant(window.value(1, "rich")); };
+        const auto setRich = [&](const ZelColor &color) {
+            window.set(0, "rich", color.toVariant());
+            window.set(1, "rich", color.toVariant());
+        };
+        setRich(text);
+        window.button("rich")->setFocus();
+        Sheet::press(Qt::Key_C, Qt::ControlModifier);
+        setRich(ZelColor(ZelColor::DeviceCMYK, {1, 0, 0, 0, 1}));
+        Sheet::press(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(rich(), text); // by its name
     }
 
     void digitsAreTypedInTheMenu()
@@ -297,6 +310,14 @@ private Q_SLOTS:
         paper.setGeometry(window.geometry().right() + 50, 200, 100, 100);
         paper.show();
         QVERIFY(QTest::qWaitForWindowExposed(&paper));
+        QVERIFY(ZelScreenColorPicker::isPossible(&paper));
+        QWidget nothing; // as some platforms show
+        nothing.setPalette(QColor(Qt::black));
+        nothing.setGeometry(paper.x(), 400, 100, 100);
+        nothing.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&nothing));
+        QVERIFY(!ZelScreenColorPicker::isPossible(&nothing));
+        nothing.hide();
         const auto pick = [&] {
             Sheet::choose(button, "Pick Screen Color");
             QTRY_COMPARE(QWidget::mouseGrabber(), button);
