@@ -9,12 +9,18 @@
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <QTextLayout>
+#include <algorithm>
 
 namespace {
 
 const QChar g_ellipsis(0x2026);
 constexpr float g_markOpacity = 0.35F; // leaves the text legible in light and dark themes
+
+// In points.
+constexpr double g_dotSize = 5;
+constexpr double g_dotGap = 3; // between the dot and the text
 
 QString firstLine(const QString &text)
 {
@@ -69,6 +75,12 @@ void ZelLabel::setTextColor(const QColor &lightThemeColor)
     update();
 }
 
+void ZelLabel::setDotted(bool dotted)
+{
+    if (ZelAssign(m_dotted, dotted))
+        update();
+}
+
 double ZelLabel::baselineOffsetForHeight(double height) const
 {
     const QFontMetrics metrics = fontMetrics();
@@ -101,6 +113,8 @@ bool ZelLabel::handleEvent(QEvent *event)
     if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
         ZelControlSupport::showToolTip(event, this, m_text))
         return true;
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update(); // which Qt only does for a widget with a focus policy
     return QWidget::event(event);
 }
 
@@ -115,22 +129,33 @@ void ZelLabel::changeEvent(QEvent *event)
 
 void ZelLabel::paintEvent(QPaintEvent *)
 {
-    if (m_text.isEmpty())
+    if (m_text.isEmpty() && !m_dotted)
         return;
     QPainter painter(this);
     const QPalette colors = palette();
     const bool themed = m_textColor.isValid() && isEnabled();
     painter.setPen(themed ? ZelThemeColor::adapted(m_textColor, colors) : colors.color(QPalette::WindowText));
+    const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
+    const int room = m_dotted ? int(g_dotSize + g_dotGap) : 0; // on the leading side
+    const QRect area = rect().adjusted(isRightToLeft ? 0 : room, 0, isRightToLeft ? -room : 0, 0);
     const QString text =
-        width() < sizeHint().width() ? fontMetrics().elidedText(m_text, Qt::ElideRight, width()) : m_text;
+        area.width() < sizeHint().width() ? fontMetrics().elidedText(m_text, Qt::ElideRight, area.width()) : m_text;
     const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), m_alignment);
+    QRect shown;
     if (m_markedParts.isEmpty())
-        painter.drawText(rect(), int(visual) | Qt::TextSingleLine, text);
+        painter.drawText(area, int(visual) | Qt::TextSingleLine, text, &shown);
     else
-        drawMarked(painter, text, visual);
+        shown = drawMarked(painter, area, text, visual);
+    if (m_text.isEmpty())
+        shown = QStyle::alignedRect(Qt::LeftToRight, visual, QSize(0, fontMetrics().height()), rect());
+    if (m_dotted)
+        paintDot(&painter, shown);
+    if (hasFocus())
+        paintFocus(&painter, shown);
 }
 
-void ZelLabel::drawMarked(QPainter &painter, const QString &text, Qt::Alignment alignment) const
+/// Answers the rectangle of the text.
+QRect ZelLabel::drawMarked(QPainter &painter, const QRect &area, const QString &text, Qt::Alignment alignment) const
 {
     QColor color = palette().color(QPalette::Highlight);
     color.setAlphaF(g_markOpacity);
@@ -156,5 +181,31 @@ void ZelLabel::drawMarked(QPainter &painter, const QString &text, Qt::Alignment 
     line.setLineWidth(length); // a line that runs from right to left begins at the right end of its width
     layout.endLayout();
     const QSize size(qCeil(length), qCeil(line.height()));
-    layout.draw(&painter, QStyle::alignedRect(Qt::LeftToRight, alignment, size, rect()).topLeft());
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, alignment, size, area);
+    layout.draw(&painter, place.topLeft());
+    return place;
+}
+
+/// The dot is at half the height of small letters.
+void ZelLabel::paintDot(QPainter *painter, const QRect &textRect) const
+{
+    const QFontMetricsF metrics(font());
+    const double gap = m_text.isEmpty() ? 0 : g_dotGap;
+    const double left =
+        layoutDirection() == Qt::RightToLeft ? textRect.right() + 1 + gap : textRect.left() - gap - g_dotSize;
+    const double middle = textRect.top() + metrics.ascent() - metrics.xHeight() / 2;
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(ZelThemeColor::legible(palette().color(QPalette::Highlight), palette()));
+    painter->drawEllipse(QRectF(std::clamp(left, 0.0, std::max(0.0, width() - g_dotSize)), middle - g_dotSize / 2,
+                                g_dotSize, g_dotSize));
+}
+
+void ZelLabel::paintFocus(QPainter *painter, const QRect &textRect) const
+{
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = textRect.adjusted(-1, 0, 1, 0) & rect();
+    option.backgroundColor = palette().color(QPalette::Window);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, painter, this);
 }

@@ -18,6 +18,7 @@ class ZEL_EXPORT ZelLabel : public ZelGuarded<QWidget>, public ZelBaselineProvid
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
     Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment)
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
+    Q_PROPERTY(bool dotted READ isDotted WRITE setDotted)
     Q_PROPERTY(double baselineOffset READ baselineOffset)
 public:
     explicit ZelLabel(QWidget *parent = nullptr);
@@ -48,6 +49,10 @@ public:
     const QList<Part> &markedParts() const { return m_markedParts; }
     void setMarkedParts(const QList<Part> &parts);
 
+    /// Whether a dot stands before the text, or where an empty text would be; false by default.
+    bool isDotted() const { return m_dotted; }
+    void setDotted(bool dotted);
+
     /// The distance of the baseline from the top, at the present height or the given one.
     double baselineOffset() const { return baselineOffsetForHeight(height()); }
     double baselineOffsetForHeight(double height) const override;
@@ -65,11 +70,14 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void drawMarked(QPainter &painter, const QString &text, Qt::Alignment alignment) const;
+    QRect drawMarked(QPainter &painter, const QRect &area, const QString &text, Qt::Alignment alignment) const;
+    void paintDot(QPainter *painter, const QRect &textRect) const;
+    void paintFocus(QPainter *painter, const QRect &textRect) const;
 
     QString m_text;
     QList<Part> m_markedParts;
     QColor m_textColor;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    bool m_dotted = false;
     mutable QSize m_sizeHint;
 };

@@ -3,6 +3,7 @@
 
 #include "Controls/ZelControlSize.h"
 #include "Controls/ZelLabel.h"
+#include "Inspector/private/ZelRowMenu.h"
 #include "Inspector/private/ZelTabOrder.h"
 #include "Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
@@ -12,6 +13,7 @@ ZelInspectorSection::ZelInspectorSection(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
     connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSection::scheduleUpdateView);
+    ZelRowMenu::listen();
 }
 
 ZelInspectorSection::~ZelInspectorSection()

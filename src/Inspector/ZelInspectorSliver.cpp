@@ -4,9 +4,13 @@
 #include "Controls/ZelControlSize.h"
 #include "Controls/ZelLabel.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "Inspector/private/ZelRowMenu.h"
 #include "Inspector/private/ZelTabOrder.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelHorizontalStackView.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -55,6 +59,7 @@ ZelInspectorSliver::ZelInspectorSliver(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
     connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSliver::titleDidChange);
+    ZelRowMenu::listen();
 }
 
 ZelInspectorSliver::~ZelInspectorSliver()
@@ -75,6 +80,7 @@ void ZelInspectorSliver::setProperties(const QList<ZelInspectorProperty *> &prop
 {
     if (!m_properties.assign(properties, this))
         return;
+    watchDefaults();
     if (isViewLoaded())
         updateView();
     Q_EMIT propertiesChanged();
@@ -110,7 +116,10 @@ void ZelInspectorSliver::updateView()
     const QList<QWidget *> lines = makeLines();
     updateLabel();
     row->removeConstraints(std::exchange(m_rowConstraints, {}));
-    row->setSubviews(m_label ? lines + QList<QWidget *>{m_label} : lines);
+    QWidget *label = m_label ? m_label : m_mark;
+    row->setSubviews(label ? lines + QList<QWidget *>{label} : lines);
+    if (label)
+        label->show(); // Qt hides what is made while its parent is visible
     if (isViewInstalled())
         tabOrder.followSubviews();
     m_rowConstraints = constraintsForLines(lines) + constraintsForLabel();
@@ -170,10 +179,12 @@ void ZelInspectorSliver::updateLabel()
     if (!needsLabel()) {
         delete m_label;
     } else if (!m_label) {
-        m_label = new ZelLabel(view());
-        m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        m_label->setTextColor(QColor::fromRgbF(0.2f, 0.2f, 0.2f));
+        m_label = makeLabel();
     }
+    if (m_label || !m_isChanged)
+        delete m_mark;
+    else if (!m_mark)
+        m_mark = makeLabel();
     if (hadLabel != !m_label.isNull())
         Q_EMIT labelChanged();
     showTitle();
@@ -196,6 +207,59 @@ void ZelInspectorSliver::showTitle()
         }
     }
     m_givenName = title();
+    if (m_isChanged)
+        showChanged();
+}
+
+ZelLabel *ZelInspectorSliver::makeLabel()
+{
+    auto *label = new ZelLabel(view());
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setTextColor(QColor::fromRgbF(0.2f, 0.2f, 0.2f));
+    return label;
+}
+
+// Defaults
+
+/// Only editors that know a default are listened to, so that other rows cost nothing.
+void ZelInspectorSliver::watchDefaults()
+{
+    for (ZelInspectorProperty *property : properties()) {
+        if (property->hasDefaultValue())
+            connect(property, &ZelInspectorProperty::changedFromDefaultChanged, this, &ZelInspectorSliver::showChanged,
+                    Qt::UniqueConnection);
+    }
+}
+
+void ZelInspectorSliver::showChanged()
+{
+    const QList<ZelInspectorProperty *> all = properties();
+    const bool isChanged = std::any_of(all.begin(), all.end(), [](const auto *p) { return p->isChangedFromDefault(); });
+    if (ZelAssign(m_isChanged, isChanged) && isViewLoaded() && !m_label)
+        updateView(); // the dot comes or goes
+    for (ZelLabel *label : {m_label.data(), m_mark.data()}) {
+        if (!label)
+            continue;
+        label->setDotted(isChanged);
+        describeChanged(label, isChanged);
+    }
+    for (ZelInspectorProperty *property : all) {
+        if (!property->hasDefaultValue() || !property->isViewLoaded())
+            continue;
+        for (QWidget *control : property->controlsNamedByRow())
+            describeChanged(control, property->isChangedFromDefault());
+    }
+}
+
+/// A description that the control has already stays.
+void ZelInspectorSliver::describeChanged(QWidget *control, bool isChanged) const
+{
+    if (!control)
+        return;
+    const QString text = ZelLocalizedString("Changed from its default");
+    const QString former = control->accessibleDescription();
+    if (isChanged ? former.isEmpty() : former == text)
+        control->setAccessibleDescription(isChanged ? text : QString());
 }
 
 // Constraints
@@ -223,18 +287,22 @@ QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLines(const QList<QWidg
 QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLabel()
 {
     m_baselineConstraint.reset();
-    if (!m_label)
+    ZelLabel *label = m_label ? m_label : m_mark;
+    if (!label)
         return {};
     QList<Constraint::Ptr> constraints{
-        tie(m_label, Constraint::Leading, view(), Constraint::Leading),
-        tie(m_label, Constraint::Width, nullptr, Constraint::NotAnAttribute, g_labelWidth),
+        tie(label, Constraint::Leading, view(), Constraint::Leading),
+        tie(label, Constraint::Width, nullptr, Constraint::NotAnAttribute,
+            m_fullWidth ? g_leadingMarginAtFullWidth : g_labelWidth),
     };
     const QList<ZelInspectorProperty *> all = properties();
     QWidget *baselineView = all.isEmpty() ? nullptr : all.first()->viewForBaselineAlignment();
     if (!baselineView)
         return constraints;
-    m_baselineConstraint = tie(m_label, Constraint::Baseline, baselineView, Constraint::Baseline,
-                               all.first()->baselineOffsetFromView(), g_baselinePriority);
-    constraints << m_baselineConstraint;
+    const Constraint::Ptr baselines = tie(label, Constraint::Baseline, baselineView, Constraint::Baseline,
+                                          all.first()->baselineOffsetFromView(), g_baselinePriority);
+    if (m_label)
+        m_baselineConstraint = baselines;
+    constraints << baselines;
     return constraints;
 }

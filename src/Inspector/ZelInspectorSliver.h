@@ -10,6 +10,9 @@
 
 /// One row of an inspector: property editors, with the title as a label before them.
 ///
+/// Before the label stands a dot while a selected object has another value than its default; without a label, the dot
+/// stands before the editors. A context menu copies, pastes and resets the row's values.
+///
 /// The editors stand one below the other. Two neighbours of one kind that are narrow enough share a line. With
 /// fullWidth there is no label, and its place belongs to the editors. A change of the title, of fullWidth or of the
 /// properties shows at once.
@@ -58,14 +61,20 @@ private:
     void titleDidChange();
     void updateLabel();
     void showTitle();
+    void watchDefaults();
+    void showChanged();
+    void describeChanged(QWidget *control, bool isChanged) const;
+    ZelLabel *makeLabel();
     QList<ZelLayoutConstraint::Ptr> constraintsForLines(const QList<QWidget *> &lines);
     QList<ZelLayoutConstraint::Ptr> constraintsForLabel();
 
     ZelChildControllers<ZelInspectorProperty> m_properties;
     QPointer<ZelLabel> m_label;
-    QString m_givenName; // the accessible name that was given to controls without one of their own
+    QPointer<ZelLabel> m_mark; // in the place of a label that the row does not have
+    QString m_givenName;       // the accessible name that was given to controls without one of their own
     ZelLayoutConstraint::Ptr m_baselineConstraint;
     QList<ZelLayoutConstraint::Ptr> m_rowConstraints;
     QList<QPointer<ZelHorizontalStackView>> m_pairs;
     bool m_fullWidth = false;
+    bool m_isChanged = false; // a value differs from its default
 };

@@ -32,6 +32,8 @@ public:
     bool canTileIntoColumnsWithWidth(double width) override;
 
 protected:
+    QMetaType valueType() const override { return QMetaType::fromType<bool>(); }
+    std::optional<quint64> editedBits() const override { return bits; }
     bool storesSingleKey() const override { return true; }
 
 private:

@@ -45,6 +45,9 @@ public:
     void userDidChangeValue(QObject *sender) override;
     QWidget *viewForBaselineAlignment() override;
 
+protected:
+    QMetaType valueType() const override { return QMetaType::fromType<QColor>(); }
+
 private:
     void writeColor(const ZelColor &color);
 

@@ -57,6 +57,7 @@ Q_SIGNALS:
     void fourthChanged();
 
 protected:
+    QMetaType valueType() const override { return m_type; }
     static constexpr int maximumCount = 4;
 
     bool storesSingleKey() const override { return true; }

@@ -29,6 +29,9 @@ public:
     QWidget *viewForBaselineAlignment() override;
     double baselineOffsetFromView() const override;
 
+protected:
+    QMetaType valueType() const override { return QMetaType::fromType<QDateTime>(); }
+
 private:
     QPointer<ZelDatePicker> m_datePicker;
     QPointer<ZelLabel> m_label;

@@ -11,6 +11,9 @@
 #include "Inspector/Properties/private/ZelOptionValue.h"
 #include "Observation/ZelKeyValueObservation.h"
 #include "Observation/ZelObservations.h"
+#include "Resources/ZelLocalizedString.h"
+
+#include <algorithm>
 
 namespace {
 const char ZelRebuildObservationContext = 0;
@@ -184,6 +187,44 @@ void ZelInspectorEnumerationProperty::adaptOptionsTo(const QVariant &modelValue)
     }
     if (changes)
         rebuildView();
+}
+
+std::optional<ZelInspectorEnumerationProperty::Choice>
+ZelInspectorEnumerationProperty::findChoice(const std::function<bool(const Choice &)> &isMeant) const
+{
+    QList<Choice> choices = ownChoices();
+    for (const ZelOptionGroup *group : optionGroups())
+        choices += choicesOfGroup(group);
+    const auto found = std::find_if(choices.cbegin(), choices.cend(), isMeant);
+    return found == choices.cend() ? std::nullopt : std::optional(*found);
+}
+
+QString ZelInspectorEnumerationProperty::textOfValue(const QVariant &modelValue) const
+{
+    const QVariant shown = transformedForward(modelValue);
+    const auto choice = findChoice([&](const Choice &known) { return ZelEqual(known.value, shown); });
+    return choice && !choice->title.isEmpty() ? choice->title : ZelInspectorProperty::textOfValue(modelValue);
+}
+
+bool ZelInspectorEnumerationProperty::readText(const QString &text, QVariant *modelValue, QString *error) const
+{
+    const QString title = text.trimmed();
+    const auto choice = findChoice(
+        [&](const Choice &known) { return known.title.compare(title, Qt::CaseInsensitive) == 0 && !title.isEmpty(); });
+    if (!choice)
+        return ZelInspectorProperty::readText(text, modelValue, error);
+    *modelValue = transformedBack(choice->value);
+    return true;
+}
+
+QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelValue) const
+{
+    QVariant shown = transformedForward(modelValue);
+    if (m_bitMask)
+        shown = valueForValueBitMask(shown, *m_bitMask);
+    if (!findChoice([&](const Choice &known) { return known.enabled && ZelEqual(known.value, shown); }))
+        return ZelLocalizedString("This is none of the choices.");
+    return ZelInspectorProperty::refusalOfPasted(modelValue);
 }
 
 QVariant ZelInspectorEnumerationProperty::reducedValue() const

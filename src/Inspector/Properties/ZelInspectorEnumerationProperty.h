@@ -41,6 +41,10 @@ public:
     const QString &enumeratedValuesKeyPath() const { return m_enumeratedValuesKeyPath; }
     void setEnumeratedValuesKeyPath(const QString &keyPath) { m_enumeratedValuesKeyPath = keyPath; }
 
+    /// The title of the choice, which may be empty if it has an image.
+    QString textOfValue(const QVariant &modelValue) const override;
+    /// Takes the title of a choice, in any case, and the value itself.
+    bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
     void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
@@ -54,6 +58,9 @@ Q_SIGNALS:
     void optionGroupsChanged();
 
 protected:
+    std::optional<quint64> editedBits() const override { return m_bitMask; }
+    /// A value that is none of the choices is refused.
+    QString refusalOfPasted(const QVariant &modelValue) const override;
     bool storesSingleKey() const override { return m_editable; }
 
     /// One option as the control shows it.
@@ -79,6 +86,7 @@ protected:
     void writeChoice(const QVariant &value, QObject *sender);
 
 private:
+    std::optional<Choice> findChoice(const std::function<bool(const Choice &)> &isMeant) const;
     QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
 
     QList<QPointer<ZelOptionGroup>> m_optionGroups;

@@ -95,6 +95,7 @@ Q_SIGNALS:
     void fontSizeChanged();
 
 protected:
+    QMetaType valueType() const override { return QMetaType::fromType<QFont>(); }
     bool contains(const QWidget *control) const override;
 
 private:

@@ -264,6 +264,24 @@ void ZelInspectorNumberProperty::toggleNilValue(QObject *sender)
         userDidChangeValue(sender);
 }
 
+QString ZelInspectorNumberProperty::textOfValue(const QVariant &modelValue) const
+{
+    if (!m_textField || !m_textField->formatter())
+        return ZelInspectorProperty::textOfValue(modelValue);
+    return m_textField->formatter()->stringForObjectValue(transformedForward(modelValue));
+}
+
+bool ZelInspectorNumberProperty::readText(const QString &text, QVariant *modelValue, QString *error) const
+{
+    QVariant number;
+    if (!m_textField || !m_textField->formatter())
+        return ZelInspectorProperty::readText(text, modelValue, error);
+    if (!m_textField->formatter()->objectValueForString(text, &number, error))
+        return false;
+    *modelValue = transformedBack(number);
+    return true;
+}
+
 QList<QWidget *> ZelInspectorNumberProperty::controlsNamedByRow()
 {
     view();

@@ -83,10 +83,15 @@ public:
     void viewWillUninstall() override;
     void updateView() override;
     Q_INVOKABLE void toggleNilValue(QObject *sender);
+    QString textOfValue(const QVariant &modelValue) const override;
+    bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
     QWidget *viewForBaselineAlignment() override;
     QList<QWidget *> controlsNamedByRow() override;
     bool canTileIntoColumnsWithWidth(double width) override;
     bool canTileIntoColumnsWithProperty(const ZelInspectorProperty *other) const override;
+
+protected:
+    QMetaType valueType() const override { return QMetaType::fromType<double>(); }
 
 private:
     void addTextField(ZelView *container);

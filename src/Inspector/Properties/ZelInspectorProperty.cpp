@@ -18,6 +18,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelEditorDefault.h"
 #include "Inspector/Properties/private/ZelFailedEdits.h"
 #include "Inspector/Properties/private/ZelMissingKeyWatch.h"
 #include "Inspector/Properties/private/ZelValueRefusal.h"
@@ -77,6 +78,8 @@ void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configurat
     setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
     setActionName(configuration.localizedStringValueNamed(u"actionName"));
     setReturnAdvances(configuration.booleanValueOfFileNamed(u"returnAdvances", m_returnAdvances));
+    if (configuration.hasValueNamed(u"defaultValue") || configuration.hasValueNamed(u"defaultValueKeyPath"))
+        editorDefault().configure(configuration, m_valueTransformer ? QMetaType() : valueType());
 }
 
 /// Sets one of the key paths. Observations and bindings are made when the view is installed, so an installed view is
@@ -378,6 +381,8 @@ ZelDelayedInvocation &ZelInspectorProperty::updateViewInvocation()
             std::make_unique<ZelDelayedInvocation>([property = QPointer<ZelInspectorProperty>(this)] {
                 if (property)
                     ZelExceptionReporter::passOn(property.data(), [&] { property->updateView(); });
+                if (property && property->m_default)
+                    ZelExceptionReporter::passOn(property.data(), [&] { property->updateChangedFromDefault(); });
             });
     }
     return *m_updateViewInvocation;
@@ -438,6 +443,8 @@ void ZelInspectorProperty::viewDidInstall()
     warnOfLongKeyPath();
     if (m_returnAdvances)
         watchReturn();
+    if (m_default)
+        observeDefault();
     if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
         return;
     QObject *controller =

@@ -10,7 +10,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
+class ZelEditorDefault;
 class ZelInspectorConfiguration;
 class ZelMissingKeyWatch;
 class ZelObjectController;
@@ -35,6 +37,9 @@ class ZEL_EXPORT ZelInspectorProperty : public ZelViewController
         ZelValueTransformerPtr enabledValueTransformer READ enabledValueTransformer WRITE setEnabledValueTransformer)
     Q_PROPERTY(ZelSelector actionSelector READ actionSelector WRITE setActionSelector NOTIFY actionSelectorChanged)
     Q_PROPERTY(QString actionName READ actionName WRITE setActionName NOTIFY actionNameChanged)
+    Q_PROPERTY(QVariant defaultValue READ defaultValue WRITE setDefaultValue)
+    Q_PROPERTY(QString defaultValueKeyPath READ defaultValueKeyPath WRITE setDefaultValueKeyPath)
+    Q_PROPERTY(bool changedFromDefault READ isChangedFromDefault NOTIFY changedFromDefaultChanged)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly NOTIFY readOnlyChanged)
     /// False by default.
     Q_PROPERTY(bool returnAdvances READ returnAdvances WRITE setReturnAdvances NOTIFY returnAdvancesChanged)
@@ -92,6 +97,39 @@ public:
     /// Whether Return, after it has committed what was typed into a field, goes on to the next control as Tab does.
     bool returnAdvances() const { return m_returnAdvances; }
     void setReturnAdvances(bool advances);
+
+    // The default
+    /// What the value is reset to: a value of the model, before the transformer. A text is read as a value of the type
+    /// that the model holds. To be set before the editor is put into a row and its view is installed, like the key
+    /// path. Absent by default.
+    QVariant defaultValue() const;
+    void setDefaultValue(const QVariant &value);
+    /// The key path of that value, read whenever it is needed. If it runs through a selection, each selected object is
+    /// reset to its own.
+    QString defaultValueKeyPath() const;
+    void setDefaultValueKeyPath(const QString &keyPath);
+    bool hasDefaultValue() const { return bool(m_default); }
+    /// Whether any of the edited objects has another value than its default. Known, and kept up to date with the view,
+    /// where there is a default value; otherwise false.
+    bool isChangedFromDefault() const;
+    /// Whether users may reset the value: they may change it, and there is a default value, or an object whose
+    /// Q_PROPERTY has a RESET function.
+    bool canReset() const;
+    /// Gives each object its default, as an edit that can be undone, and drops what is being typed. Without a default
+    /// value, the RESET functions are called. Does nothing if users may not reset.
+    void resetValue();
+
+    // Copy and paste
+    /// The value in the model, not transformed, and reduced to the bits that are edited; a selection marker if the
+    /// objects disagree.
+    QVariant modelValue() const;
+    /// The model's value as people read it in the editor.
+    virtual QString textOfValue(const QVariant &modelValue) const;
+    /// Reads the value that a text means to people. Answers false, with a reason for people, if it means none.
+    virtual bool readText(const QString &text, QVariant *modelValue, QString *error) const;
+    /// Gives the value to every object, as an edit that can be undone, and drops what is being typed. Answers why users
+    /// may not do that, as a text for people; null if it was done.
+    QString pasteValue(const QVariant &modelValue);
 
     ZelView *mainView() { return view(); }
 
@@ -158,6 +196,7 @@ Q_SIGNALS:
     void actionNameChanged();
     void readOnlyChanged();
     void returnAdvancesChanged();
+    void changedFromDefaultChanged();
 
 protected:
     /// Marks the editor's own writes. Editors that use it do nothing in updateView meanwhile.
@@ -174,6 +213,17 @@ protected:
     QString refusalOf(const QVariant &modelValue) const;
     /// The same for a value as it is shown by a control that is bound with the transformer.
     QString refusalOfShown(const QVariant &value) const;
+
+    /// Why a value that was not entered in the control must not be given to the model; null if nothing is against it.
+    virtual QString refusalOfPasted(const QVariant &modelValue) const { return refusalOf(modelValue); }
+    // The value as the control shows it, and back. Absent and null values pass.
+    QVariant transformedForward(const QVariant &modelValue) const;
+    QVariant transformedBack(const QVariant &shownValue) const;
+    /// The type of the values that the editor is made for. It is asked where the model does not tell the type; invalid
+    /// by default.
+    virtual QMetaType valueType() const { return {}; }
+    /// The bits that the editor edits of a number; absent if it edits the whole value.
+    virtual std::optional<quint64> editedBits() const { return std::nullopt; }
 
     /// Whether the editor writes with updateReflectedValues, for which the key below the selection must be a single
     /// one. A longer one is a warning when the view is installed.
@@ -207,6 +257,18 @@ private:
     bool isFieldFocused() const;
     bool setObservedKeyPath(QString &member, const QString &keyPath);
     void warnOfLongKeyPath() const;
+    ZelEditorDefault &editorDefault();
+    void observeDefault();
+    void updateChangedFromDefault();
+    bool isEditable() const;
+    QList<QObject *> editedObjects() const;
+    QMetaType typeOfValue(const QVariant &modelValue) const;
+    std::optional<QVariant> defaultOf(const QObject *object, const QVariant &modelValue) const;
+    bool computeChangedFromDefault() const;
+    QVariant withEditedBits(const QVariant &value, const QVariant &stored) const;
+    void writeDefaults();
+    using ObjectBlock = std::function<std::optional<QVariant>(const QObject *, const QVariant &)>;
+    void writeModelValues(const QList<QObject *> &objects, const ObjectBlock &block);
     void watchForKey(const ZelObjectController *controller);
 
     QPointer<QObject> m_owner;
@@ -219,6 +281,7 @@ private:
     ZelSelector m_actionSelector;
     QMetaObject::Connection m_selectionConnection;
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
+    std::unique_ptr<ZelEditorDefault> m_default;
     std::unique_ptr<ZelMissingKeyWatch> m_missingKey; // while the view is installed and the key is not known
     bool m_updatingValues = false;
     bool m_enabled = true;

@@ -37,6 +37,9 @@ public:
     void userDidChangeValue(QObject *sender) override;
     QWidget *viewForBaselineAlignment() override;
 
+protected:
+    QMetaType valueType() const override { return QMetaType::fromType<QString>(); }
+
 private:
     bool overwrites(const QVariant &value) const;
     QVariant entered(const QVariant &fieldValue) const;

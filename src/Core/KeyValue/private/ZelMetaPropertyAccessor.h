@@ -13,6 +13,7 @@ public:
     QVariant read(const QObject *object) const override;
     bool write(QObject *object, const QVariant &value) const override;
     bool isWritable() const override { return m_isWritable; }
+    bool isResettable() const override { return m_isWritable && m_property.isResettable(); }
     QMetaType type() const override { return m_type; }
     bool readTyped(const QObject *object, void *value) const override;
     bool writeTyped(QObject *object, const void *value) const override;

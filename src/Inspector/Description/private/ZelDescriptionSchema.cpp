@@ -49,6 +49,8 @@ constexpr Attribute g_untitled[] = {
     {u"toolTip"},
     {u"whatsThis"},
     {u"returnAdvances", Kind::Boolean},
+    {u"defaultValue"},
+    {u"defaultValueKeyPath", Kind::KeyPath},
 };
 constexpr Attribute g_titles[] = {{u"title"}, {u"titleKeyPath", Kind::KeyPath}};
 constexpr Attribute g_placeholder[] = {{u"placeholder"}};
