@@ -51,7 +51,8 @@ class Shape : public QObject
 
     Q_PROPERTY(QVariant cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
     Q_PROPERTY(int points READ points WRITE setPoints NOTIFY pointsChanged)
-    Q_PROPERTY(double innerRadius READ innerRadius WRITE setInnerRadius NOTIFY innerRadiusChanged)
+    Q_PROPERTY(double innerRadius READ innerRadius WRITE setInnerRadius RESET resetInnerRadius NOTIFY
+                   innerRadiusChanged)
     Q_PROPERTY(int sides READ sides WRITE setSides NOTIFY sidesChanged)
 
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
@@ -155,6 +156,7 @@ public:
     /// Of a star, as a part of the outer radius.
     double innerRadius() const { return m_innerRadius; }
     void setInnerRadius(double part) { change(m_innerRadius, qBound(0.05, part, 1.0), &Shape::innerRadiusChanged); }
+    void resetInnerRadius() { setInnerRadius(standardInnerRadius); }
     /// Of a polygon, 3 to 60.
     int sides() const { return m_sides; }
     void setSides(int sides) { change(m_sides, qBound(3, sides, 60), &Shape::sidesChanged); }
@@ -234,7 +236,8 @@ private:
     double m_rotation = 0;
     double m_opacity = 1;
     double m_strokeWidth = 1.5;
-    double m_innerRadius = 0.45;
+    static constexpr double standardInnerRadius = 0.45;
+    double m_innerRadius = standardInnerRadius;
     QColor m_fillColor = QColor(0x6d, 0x9e, 0xc8);
     QColor m_strokeColor = QColor(0x2b, 0x2f, 0x36);
     QString m_name;

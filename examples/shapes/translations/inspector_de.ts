@@ -33,6 +33,10 @@
         <translation>%1 – zu sehen, wenn „%2“ auf „%3“ steht</translation>
     </message>
     <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
         <source>A color has 3, 6 or 8 hexadecimal digits.</source>
         <translation>Eine Farbe hat 3, 6 oder 8 hexadezimale Ziffern.</translation>
     </message>
@@ -51,6 +55,10 @@
     <message>
         <source>Alignment</source>
         <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>And %1 more.</source>
+        <translation>Und %1 weitere.</translation>
     </message>
     <message>
         <source>Annotations</source>
@@ -297,6 +305,10 @@
         <translation>Y ändern</translation>
     </message>
     <message>
+        <source>Changed from its default</source>
+        <translation>Vom Standard abweichend</translation>
+    </message>
+    <message>
         <source>Clip</source>
         <translation>Abschneiden</translation>
     </message>
@@ -307,6 +319,18 @@
     <message>
         <source>Color</source>
         <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Key Path</source>
+        <translation>Schlüsselpfad kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Value</source>
+        <translation>Wert kopieren</translation>
     </message>
     <message>
         <source>Corners</source>
@@ -529,6 +553,10 @@
         <translation>Neue Formen</translation>
     </message>
     <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
         <source>No Font</source>
         <translation>Keine Schrift</translation>
     </message>
@@ -543,6 +571,10 @@
     <message>
         <source>None</source>
         <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Not pasted:</source>
+        <translation>Nicht eingefügt:</translation>
     </message>
     <message>
         <source>Note</source>
@@ -565,8 +597,16 @@
         <translation>Achteck</translation>
     </message>
     <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
         <source>Offset</source>
         <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
     </message>
     <message>
         <source>Opacity</source>
@@ -599,6 +639,18 @@
     <message>
         <source>Paragraphs</source>
         <translation>Absätze</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Paste %1</source>
+        <translation>%1 einfügen</translation>
+    </message>
+    <message>
+        <source>Paste Value</source>
+        <translation>Wert einfügen</translation>
     </message>
     <message>
         <source>Pattern</source>
@@ -657,6 +709,14 @@
         <translation>Umbenennen</translation>
     </message>
     <message>
+        <source>Reset %1</source>
+        <translation>%1 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset All</source>
+        <translation>Alle zurücksetzen</translation>
+    </message>
+    <message>
         <source>Resize</source>
         <translation>Größe ändern</translation>
     </message>
@@ -683,6 +743,10 @@
     <message>
         <source>Row %1 of %2</source>
         <translation>Zeile %1 von %2</translation>
+    </message>
+    <message>
+        <source>Section</source>
+        <translation>Abschnitt</translation>
     </message>
     <message>
         <source>Select All</source>
@@ -781,6 +845,26 @@
         <translation>Es gibt keine Farbe dieses Namens.</translation>
     </message>
     <message>
+        <source>There is no field for this.</source>
+        <translation>Dafür gibt es kein Feld.</translation>
+    </message>
+    <message>
+        <source>There is no such value here.</source>
+        <translation>Diesen Wert gibt es hier nicht.</translation>
+    </message>
+    <message>
+        <source>There is nothing on the clipboard that fits.</source>
+        <translation>Nichts in der Zwischenablage passt hierher.</translation>
+    </message>
+    <message>
+        <source>This cannot be changed.</source>
+        <translation>Dies kann nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>This is none of the choices.</source>
+        <translation>Das ist nicht unter den Möglichkeiten.</translation>
+    </message>
+    <message>
         <source>Tightening</source>
         <translation>Verdichtung</translation>
     </message>
@@ -863,6 +947,10 @@
     <message>
         <source>Y</source>
         <translation>Y</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
     </message>
 </context>
 </TS>
