@@ -22,19 +22,19 @@
 
 namespace {
 
-using Property = QPointer<ZelInspectorProperty>;
+using EditorPointer = QPointer<ZelInspectorProperty>;
 
 constexpr int g_noteDuration = 8000; // in milliseconds
 constexpr qsizetype g_saidAtMost = 6;
 
 QPointer<ZelErrorNote> g_note; // there is one at most
 
-QString keyOf(const ZelInspectorProperty *editor)
+QString keyBelowSelection(const ZelInspectorProperty *editor)
 {
     return ZelInspectorProperty::keyPathByStripingControllerSelectionPrefix(editor->keyPath());
 }
 
-bool isIn(const QWidget *source, ZelInspectorProperty *editor)
+bool isInEditor(const QWidget *source, ZelInspectorProperty *editor)
 {
     return source && editor && editor->isViewLoaded() &&
            (editor->view() == source || editor->view()->isAncestorOf(source));
@@ -53,15 +53,15 @@ QList<ZelInspectorSliver *> visibleRows(const ZelView *view)
     return rows;
 }
 
-QString titleOf(const ZelInspectorProperty *editor)
+QString titleToSay(const ZelInspectorProperty *editor)
 {
     const auto *row = qobject_cast<const ZelInspectorSliver *>(editor->parent());
     const QString title = editor->title().isEmpty() && row ? row->title() : editor->title();
-    return title.isEmpty() ? keyOf(editor) : title;
+    return title.isEmpty() ? keyBelowSelection(editor) : title;
 }
 
 /// The number fields of an editor, in their order.
-QList<Property> numberEditorsOf(ZelInspectorProperty *editor)
+QList<EditorPointer> numberEditorsOf(ZelInspectorProperty *editor)
 {
     if (qobject_cast<ZelInspectorNumberProperty *>(editor))
         return {editor};
@@ -69,17 +69,17 @@ QList<Property> numberEditorsOf(ZelInspectorProperty *editor)
     return {parts.begin(), parts.end()};
 }
 
-QString textOf(ZelInspectorProperty *editor, const QVariant &value)
+QString textToCopy(ZelInspectorProperty *editor, const QVariant &value)
 {
     QStringList numbers;
-    for (const Property &part : numberEditorsOf(editor)) {
+    for (const EditorPointer &part : numberEditorsOf(editor)) {
         if (part != editor)
             numbers.append(part->textOfValue(part->modelValue()));
     }
     return numbers.isEmpty() ? editor->textOfValue(value) : ZelTypedText::joined(numbers);
 }
 
-const QMimeData *clipboard()
+const QMimeData *clipboardData()
 {
     return QApplication::clipboard()->mimeData();
 }
@@ -95,7 +95,7 @@ ZelRowCommands ZelRowCommands::ofRow(ZelInspectorSliver *row, const QWidget *sou
     commands.m_isRow = true;
     QList<ZelInspectorProperty *> editors = row->properties();
     const auto meant = std::find_if(editors.begin(), editors.end(),
-                                    [&](ZelInspectorProperty *editor) { return isIn(source, editor); });
+                                    [&](ZelInspectorProperty *editor) { return isInEditor(source, editor); });
     if (row->title().isEmpty() && meant != editors.end())
         editors = {*meant};
     commands.setEditors(editors);
@@ -138,7 +138,7 @@ void ZelRowCommands::perform(const QString &name, const std::function<void()> &w
 
 bool ZelRowCommands::canCopy() const
 {
-    return std::any_of(m_editors.begin(), m_editors.end(), [](const Property &editor) {
+    return std::any_of(m_editors.begin(), m_editors.end(), [](const EditorPointer &editor) {
         return editor && ZelValueClipboard::canHold(editor->modelValue());
     });
 }
@@ -147,17 +147,17 @@ void ZelRowCommands::copy() const
 {
     ZelValueClipboard::Values values;
     QStringList texts;
-    for (const Property &editor : m_editors) {
+    for (const EditorPointer &editor : m_editors) {
         const QVariant value = editor ? editor->modelValue() : QVariant::fromValue(ZelNoSelectionMarker);
         if (!ZelValueClipboard::canHold(value))
             continue;
-        QVariant &stored = values[keyOf(editor)];
+        QVariant &stored = values[keyBelowSelection(editor)];
         // Editors of different bits of one value.
         stored = stored.isValid() && ZelIsNumber(value) && ZelIsNumber(stored)
                      ? QVariant(stored.toULongLong() | value.toULongLong())
                      : value;
-        const QString text = textOf(editor, value);
-        texts.append(m_isRow ? text : titleOf(editor) + u'\t' + text);
+        const QString text = textToCopy(editor, value);
+        texts.append(m_isRow ? text : titleToSay(editor) + u'\t' + text);
     }
     if (values.isEmpty())
         return;
@@ -168,13 +168,13 @@ void ZelRowCommands::copy() const
 void ZelRowCommands::copyKeyPath() const
 {
     QStringList keys;
-    for (const Property &editor : m_editors) {
-        if (isIn(m_source, editor))
-            keys = {keyOf(editor)};
-        if (isIn(m_source, editor))
+    for (const EditorPointer &editor : m_editors) {
+        if (isInEditor(m_source, editor))
+            keys = {keyBelowSelection(editor)};
+        if (isInEditor(m_source, editor))
             break;
         if (editor)
-            keys.append(keyOf(editor));
+            keys.append(keyBelowSelection(editor));
     }
     keys.removeDuplicates();
     QApplication::clipboard()->setText(keys.join(u'\n'));
@@ -184,18 +184,19 @@ void ZelRowCommands::copyKeyPath() const
 
 bool ZelRowCommands::canPaste() const
 {
-    const QMimeData *data = clipboard();
+    const QMimeData *data = clipboardData();
     const bool hasValues = data && (data->hasFormat(ZelValueClipboard::mimeType()) || (m_isRow && data->hasText()));
     return hasValues && std::any_of(m_editors.begin(), m_editors.end(),
-                                    [](const Property &editor) { return editor && editor->isWritable(); });
+                                    [](const EditorPointer &editor) { return editor && editor->isWritable(); });
 }
 
 void ZelRowCommands::paste() const
 {
-    const auto values = ZelValueClipboard::values(clipboard());
-    const QString text = !values && m_isRow && clipboard() && !clipboard()->hasFormat(ZelValueClipboard::mimeType())
-                             ? clipboard()->text()
-                             : QString();
+    const auto values = ZelValueClipboard::values(clipboardData());
+    const QString text =
+        !values && m_isRow && clipboardData() && !clipboardData()->hasFormat(ZelValueClipboard::mimeType())
+            ? clipboardData()->text()
+            : QString();
     QList<Refusal> refusals;
     perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] {
         if (values)
@@ -211,8 +212,8 @@ void ZelRowCommands::paste() const
 void ZelRowCommands::pasteValues(const ZelValueClipboard::Values &values, QList<Refusal> &refusals) const
 {
     ZelValueClipboard::Values left = values;
-    for (const Property &editor : m_editors) {
-        const QString key = editor ? keyOf(editor) : QString();
+    for (const EditorPointer &editor : m_editors) {
+        const QString key = editor ? keyBelowSelection(editor) : QString();
         if (!values.contains(key))
             continue;
         left.remove(key);
@@ -228,11 +229,11 @@ void ZelRowCommands::pasteValues(const ZelValueClipboard::Values &values, QList<
     }
 }
 
-void ZelRowCommands::pasteInto(const Property &editor, const QVariant &value, QList<Refusal> &refusals)
+void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &value, QList<Refusal> &refusals)
 {
     if (!editor)
         return;
-    const QString title = titleOf(editor);
+    const QString title = titleToSay(editor);
     QString reason;
     const bool isDone = ZelExceptionReporter::run(editor, [&] { reason = editor->pasteValue(value); });
     if (!isDone)
@@ -241,16 +242,16 @@ void ZelRowCommands::pasteInto(const Property &editor, const QVariant &value, QL
         refusals.append({title, reason});
 }
 
-QList<Property> ZelRowCommands::numberEditors() const
+QList<EditorPointer> ZelRowCommands::numberEditors() const
 {
-    QList<Property> numbers;
-    for (const Property &editor : m_editors) {
+    QList<EditorPointer> numbers;
+    for (const EditorPointer &editor : m_editors) {
         if (editor)
             numbers += numberEditorsOf(editor);
     }
     // The numbers begin where the user is.
-    const auto first =
-        std::find_if(numbers.begin(), numbers.end(), [this](const Property &editor) { return isIn(m_source, editor); });
+    const auto first = std::find_if(numbers.begin(), numbers.end(),
+                                    [this](const EditorPointer &editor) { return isInEditor(m_source, editor); });
     if (first != numbers.end())
         numbers.erase(numbers.begin(), first);
     return numbers;
@@ -258,10 +259,10 @@ QList<Property> ZelRowCommands::numberEditors() const
 
 void ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) const
 {
-    const QList<Property> numbers = numberEditors();
+    const QList<EditorPointer> numbers = numberEditors();
     if (numbers.isEmpty()) {
         const auto meant = std::find_if(m_editors.begin(), m_editors.end(),
-                                        [this](const Property &editor) { return isIn(m_source, editor); });
+                                        [this](const EditorPointer &editor) { return isInEditor(m_source, editor); });
         if (!m_editors.isEmpty())
             pasteTextInto(meant == m_editors.end() ? m_editors.first() : *meant, text, refusals);
         return;
@@ -275,11 +276,11 @@ void ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) co
                          ZelLocalizedString("There is no field for this.")});
 }
 
-void ZelRowCommands::pasteTextInto(const Property &editor, const QString &text, QList<Refusal> &refusals)
+void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &text, QList<Refusal> &refusals)
 {
     if (!editor)
         return;
-    const QString title = titleOf(editor);
+    const QString title = titleToSay(editor);
     QVariant value;
     QString reason;
     bool isRead = false;
@@ -331,12 +332,12 @@ void ZelRowCommands::say(const QList<Refusal> &refusals) const
 bool ZelRowCommands::isResettable() const
 {
     return std::any_of(m_editors.begin(), m_editors.end(),
-                       [](const Property &editor) { return editor && editor->canReset(); });
+                       [](const EditorPointer &editor) { return editor && editor->canReset(); });
 }
 
 bool ZelRowCommands::canReset() const
 {
-    return std::any_of(m_editors.begin(), m_editors.end(), [](const Property &editor) {
+    return std::any_of(m_editors.begin(), m_editors.end(), [](const EditorPointer &editor) {
         return editor && (!editor->hasDefaultValue() || editor->isChangedFromDefault()) && editor->canReset();
     });
 }
@@ -344,7 +345,7 @@ bool ZelRowCommands::canReset() const
 void ZelRowCommands::reset() const
 {
     perform(ZelLocalizedString("Reset %1").arg(m_title).trimmed(), [this] {
-        for (const Property &editor : m_editors) {
+        for (const EditorPointer &editor : m_editors) {
             if (editor)
                 ZelExceptionReporter::run(editor, [&] { editor->resetValue(); });
         }
