@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
+#include "PaintWatch.h"
 
 #include "model/SampleDocument.h"
 #include "window/InspectorPanel.h"
@@ -7,8 +8,6 @@
 #include "window/Options.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
-#include <QEvent>
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
@@ -30,46 +29,6 @@ QAction *findAction(const QMainWindow &window, const QKeySequence &shortcut)
     return nullptr;
 }
 
-/// Sees whether anything in a widget has been painted.
-class PaintWatch : public QObject
-{
-public:
-    explicit PaintWatch(const QWidget *watched)
-        : m_watched(watched)
-    {
-        qApp->installEventFilter(this);
-    }
-
-    /// Processes events until then.
-    void waitForPaint()
-    {
-        m_painted = false;
-        for (const QDeadlineTimer deadline(10'000); !m_painted;) {
-            QApplication::processEvents();
-            Bench::expect(!deadline.hasExpired(), "the inspector is not painted");
-        }
-    }
-
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && object->isWidgetType()) {
-            const auto *widget = static_cast<const QWidget *>(object);
-            m_painted = m_painted || widget == m_watched || m_watched->isAncestorOf(widget);
-        }
-        return false;
-    }
-
-private:
-    const QWidget *m_watched;
-    bool m_painted = false;
-};
-
-void settle()
-{
-    for (const QDeadlineTimer deadline(200); !deadline.hasExpired();)
-        QApplication::processEvents();
-}
-
 } // namespace
 
 /// The example application with a large document: all shapes are selected by the menu command, until the inspector
@@ -80,7 +39,7 @@ static void shapesSelectAll()
     options.shapeCount = g_shapeCount;
     MainWindow window(options);
     window.show();
-    settle();
+    PaintWatch::settle();
     auto *panel = window.findChild<InspectorPanel *>();
     QAction *selectAll = findAction(window, QKeySequence::SelectAll);
     QAction *selectNone = findAction(window, Qt::CTRL | Qt::SHIFT | Qt::Key_A);
@@ -89,7 +48,7 @@ static void shapesSelectAll()
     const Bench::Work select(
         [&] {
             selectNone->trigger();
-            settle();
+            PaintWatch::settle();
         },
         [&] {
             selectAll->trigger();
@@ -97,7 +56,7 @@ static void shapesSelectAll()
         },
         [&] {
             const QImage painted = panel->grab().toImage();
-            settle();
+            PaintWatch::settle();
             Bench::expect(painted == panel->grab().toImage(), "the inspector was not up to date when it was painted");
         });
 

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSignalSpy>
 
 namespace {
 
@@ -198,6 +199,18 @@ private Q_SLOTS:
         QCOMPARE(inspector()->searchText(), QString());
     }
 
+    void theOutcomeIsShownOnceInATurn()
+    {
+        QSignalSpy spy(m_field->parentWidget()->findChild<ZelLabel *>(), &ZelLabel::textChanged);
+        inspector()->setSearchText("o");
+        inspector()->setSearchText("wi");
+        QCOMPARE(spy.count(), 0);
+        Sheet::settle();
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(outcome(), QString("1 found"));
+        QCOMPARE(inspector()->tabBar()->matrix()->cellName(0), QString("A (1)"));
+    }
+
     void foundRowsAreEdited()
     {
         Sheet::click(m_field);
@@ -208,6 +221,9 @@ private Q_SLOTS:
         Sheet::press(Qt::Key_Return);
         QCOMPARE(m_sheet->value(0, "name").toString(), "new");
         QCOMPARE(m_sheet->stack.count(), 1);
+        Sheet::type("x");
+        Sheet::press(Qt::Key_Escape); // discards the typing, and nothing else
+        QCOMPARE(inspector()->searchText(), QString("motto"));
         Sheet::type("half"); // what is being typed is committed when the row hides
         find("width");
         QCOMPARE(m_sheet->value(0, "name").toString(), "half");

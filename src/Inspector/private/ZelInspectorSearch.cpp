@@ -26,6 +26,7 @@ using Kind = ZelSearchIndex::Kind;
 
 constexpr qsizetype g_notedRows = 20; // of a pane; the others are counted
 constexpr int g_scrollMargin = 8;
+constexpr int g_rounds = 8; // of updates that cause each other
 
 bool takesTab(const QWidget *widget)
 {
@@ -93,7 +94,8 @@ bool ZelInspectorSearch::filterEvent(QObject *watched, QEvent *event)
         return false;
     auto *press = static_cast<QKeyEvent *>(event);
     const bool isInField = m_bar && watched == m_bar->field();
-    const bool isEscape = press->matches(QKeySequence::Cancel) && (isInField || m_isOn);
+    const bool canLeave = m_isOn || (isInField && !m_formerFocus.empty());
+    const bool isEscape = canLeave && press->matches(QKeySequence::Cancel);
     if (isEscape || press->matches(QKeySequence::Find)) {
         press->accept();
         if (isPress)
@@ -215,6 +217,16 @@ void ZelInspectorSearch::contentDidChange()
 
 void ZelInspectorSearch::update()
 {
+    m_isDue = true;
+    if (m_isUpdating)
+        return; // whoever is called by an update may cause another one
+    const ZelMemberScope updating(this, m_isUpdating, true);
+    for (int round = 0; round < g_rounds && updating.isOwnerAlive() && std::exchange(m_isDue, false); ++round)
+        updateNow();
+}
+
+void ZelInspectorSearch::updateNow()
+{
     const QPointer<ZelInspectorSearch> alive(this);
     if (m_bar && m_bar->field()->text() != m_inspector->searchText())
         m_bar->field()->setText(m_inspector->searchText());
@@ -229,7 +241,7 @@ void ZelInspectorSearch::update()
         if (alive)
             forgetIndex();
     }
-    if (!alive)
+    if (!alive || !m_isOn)
         return;
     makeIndex();
     filter(words);
@@ -265,14 +277,15 @@ void ZelInspectorSearch::filter(const QStringList &words)
         scrollTo(tops);
     }
     apply(filters);
-    for (size_t i = 0; alive && i < findings.size(); ++i) {
+    const auto goesOn = [&] { return alive && m_isOn && index == m_index; };
+    for (size_t i = 0; goesOn() && i < findings.size(); ++i) {
         if (findings[i].contains)
             unfold(index->nodes()[i]);
     }
-    if (alive && index == m_index)
-        markParts(findings, words);
-    if (alive && index == m_index)
-        showOutcome(findings);
+    if (!goesOn())
+        return;
+    markParts(findings, words);
+    showOutcome(findings);
 }
 
 /// Sets the filters from the outside to the inside where views are hidden, and the other way round where they are
@@ -287,6 +300,8 @@ void ZelInspectorSearch::apply(const std::vector<Filter> &filters)
     const auto set = [&](ZelInspectorConditionalContainer *container, bool isLeftOut, bool isNow) {
         if (!alive || !container || isLeftOut != isNow || container->isFilteredOut() == isNow)
             return;
+        if (isNow && !m_isOn)
+            return; // the search has ended meanwhile
         changed.emplace_back(container);
         container->setFilteredOut(isNow);
     };

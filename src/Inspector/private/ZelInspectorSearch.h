@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Core/RunLoop/ZelGuarded.h"
+#include "Core/RunLoop/ZelMemberScope.h"
 #include "Inspector/private/ZelSearchIndex.h"
 #include "Observation/ZelDelayedInvocation.h"
 
@@ -64,6 +65,7 @@ private:
     void forgetIndex();
     void contentDidChange();
 
+    void updateNow();
     void begin();
     void filter(const QStringList &words);
     void apply(const std::vector<Filter> &filters);
@@ -90,6 +92,8 @@ private:
     int m_foundCount = 0;
     bool m_isOn = false;
     bool m_isOutdated = false; // the index
+    bool m_isUpdating = false;
+    bool m_isDue = false;
 
     // What is put back
     std::vector<QPointer<QWidget>> m_formerFocus; // what had it, and the controls around that

@@ -35,9 +35,9 @@ QString titleOf(const Property *property)
 
 QString textOf(const ZelInspectorSliver *sliver)
 {
-    QString text = sliver->title();
+    QString text = sliver->title() + u' ';
     for (const Property *property : sliver->properties())
-        text += u' ' + titleOf(property) + u' ' + keyOf(property->keyPath());
+        text += titleOf(property) + u' ' + keyOf(property->keyPath()) + u' ';
     return text;
 }
 
@@ -72,20 +72,26 @@ ZelSearchIndex::Place ZelSearchIndex::Place::below(int node, const QString &titl
 
 int ZelSearchIndex::add(ZelInspectorContainer *container, Kind kind, const Place &place, const QString &text)
 {
-    const bool isFound = kind == Kind::Row || kind == Kind::Chooser;
-    m_nodes.push_back(
-        {container, isFound ? ZelFoldedText::fold(place.text + text) : QString(), place.parent, place.pane, kind});
+    const QString folded = text.isNull() ? QString() : ZelFoldedText::fold(place.text + text);
+    m_nodes.push_back({container, folded, place.parent, place.pane, kind});
     return int(m_nodes.size()) - 1;
 }
 
 void ZelSearchIndex::addInspector(ZelInspector *inspector, const Place &place)
 {
     const Place slices = place.below(add(inspector, Kind::Inspector, place), inspector->title());
-    for (ZelInspectorSlice *slice : inspector->slices()) {
-        const Place sections = slices.below(add(slice, Kind::Slice, slices));
-        for (ZelInspectorSection *section : slice->sections())
-            addSection(section, sections);
-    }
+    for (ZelInspectorSlice *slice : inspector->slices())
+        addSlice(slice, slices);
+}
+
+/// A slice without sections, as an application may have some of its own, is found by its title as a row is.
+void ZelSearchIndex::addSlice(ZelInspectorSlice *slice, const Place &place)
+{
+    const QList<ZelInspectorSection *> all = slice->sections();
+    const QString text = all.isEmpty() ? slice->title() + u' ' : QString();
+    const Place sections = place.below(add(slice, Kind::Slice, place, text));
+    for (ZelInspectorSection *section : all)
+        addSection(section, sections);
 }
 
 void ZelSearchIndex::addSection(ZelInspectorSection *section, const Place &place)

@@ -25,7 +25,7 @@ public:
     struct Node
     {
         QPointer<ZelInspectorContainer> container;
-        QString text; ///< by which a row or a chooser is found; null for other containers
+        QString text; ///< by which the node is found; null for containers of other nodes
         int parent = -1;
         int pane = 0;
         Kind kind = Kind::Pane;
@@ -67,6 +67,7 @@ private:
         Place below(int node, const QString &title = {}) const;
     };
     int add(ZelInspectorContainer *container, Kind kind, const Place &place, const QString &text = {});
+    void addSlice(ZelInspectorSlice *slice, const Place &place);
     void addInspector(ZelInspector *inspector, const Place &place);
     void addSection(ZelInspectorSection *section, const Place &place);
     void addRows(const QList<ZelInspectorConditionalContainer *> &rows, const Place &place);
