@@ -184,6 +184,8 @@ private Q_SLOTS:
         QCOMPARE(shownRows(), QStringList{"Motto"});
         QCOMPARE(bar->value(), 0);
         QCOMPARE(counts(), (QList{1, 0}));
+        QTRY_VERIFY(titled<ZelInspectorSliver>("Tone")->isFilteredOut() ||
+                    titled<ZelInspector>("Always")->isFilteredOut());
         Sheet::press(Qt::Key_F, Qt::ControlModifier);
         Sheet::type("tone"); // replaces what was selected
         QCOMPARE(shownRows(), QStringList{"Tone"});

@@ -25,6 +25,8 @@ QString foldedWithOrigins(const QString &text, QList<qsizetype> *origins)
 {
     QString folded;
     folded.reserve(text.size());
+    if (origins)
+        origins->reserve(text.size() + 1);
     for (qsizetype i = 0; i < text.size();) {
         const bool isPair = text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
         appendFolded(folded, isPair ? QChar::surrogateToUcs4(text.at(i), text.at(i + 1)) : text.at(i).unicode());

@@ -26,7 +26,9 @@ using Kind = ZelSearchIndex::Kind;
 
 constexpr qsizetype g_notedRows = 20; // of a pane; the others are counted
 constexpr int g_scrollMargin = 8;
-constexpr int g_rounds = 8; // of updates that cause each other
+constexpr int g_smallestRowHeight = 16; // pixels
+constexpr double g_restDelay = 0.02;    // seconds, in which what is in sight is painted
+constexpr int g_rounds = 8;             // of updates that cause each other
 
 bool takesTab(const QWidget *widget)
 {
@@ -66,6 +68,7 @@ ZelInspectorSearch::ZelInspectorSearch(ZelTabbedInspector *inspector)
     : ZelGuarded(inspector)
     , m_inspector(inspector)
 {
+    m_filterRest.setDelay(g_restDelay);
     ZelView *view = inspector->view();
     m_bar = new ZelSearchBar;
     QLineEdit *field = m_bar->field();
@@ -237,7 +240,7 @@ void ZelInspectorSearch::updateNow()
     if (!m_isOn)
         begin();
     if (alive && m_isOutdated && m_index) {
-        apply(std::vector<Filter>(m_index->nodes().size())); // what has left the inspector must not stay hidden
+        apply(std::vector<Filter>(m_index->nodes().size()), {}); // what has left the inspector must not stay hidden
         if (alive)
             forgetIndex();
     }
@@ -256,7 +259,11 @@ void ZelInspectorSearch::begin()
     for (ZelInspectorPane *pane : m_inspector->panes())
         m_scrollPositions.emplace_back(pane, pane->scrollPosition());
     m_inspector->setStateHeld(true);
-    // A row that is about to hide commits what is typed there. A text that is refused stays in it.
+    // A row that is about to hide commits what is typed there. A text that is refused stays in it. To ask the editors
+    // without the focus would take as long as to search.
+    const QWidget *focus = QApplication::focusWidget();
+    if (!focus || !m_inspector->containerView() || !m_inspector->containerView()->isAncestorOf(focus))
+        return;
     const ZelPassiveEdits passive;
     m_inspector->commitEditing();
 }
@@ -265,38 +272,100 @@ void ZelInspectorSearch::filter(const QStringList &words)
 {
     const QPointer<ZelInspectorSearch> alive(this);
     const std::shared_ptr<const ZelSearchIndex> index = m_index;
-    const std::vector<Finding> findings = index->find(words);
-    std::vector<Filter> filters(findings.size());
-    for (size_t i = 0; i < findings.size(); ++i)
-        filters[i] = {index->nodes()[i].conditional() && !findings[i].contains && !findings[i].matches,
-                      !findings[i].matches};
-    if (ZelAssign(m_words, words)) {
+    const bool isOther = ZelAssign(m_words, words);
+    m_findings = index->find(words);
+    if (isOther) {
         ScrollPositions tops = m_scrollPositions;
         for (auto &[pane, position] : tops)
             position = 0;
         scrollTo(tops);
     }
-    apply(filters);
-    const auto goesOn = [&] { return alive && m_isOn && index == m_index; };
-    for (size_t i = 0; goesOn() && i < findings.size(); ++i) {
-        if (findings[i].contains)
-            unfold(index->nodes()[i]);
-    }
-    if (!goesOn())
+    const qsizetype pane = showOutcome();
+    // The rows of a pane that is not shown yet are hidden at little cost.
+    const Part part = isOther ? partInSight(pane) : Part();
+    const Containers changed = apply(filters(), part);
+    if (!alive || !m_isOn || index != m_index)
         return;
-    markParts(findings, words);
-    showOutcome(findings);
+    selectPane(pane);
+    if (!alive || !m_isOn || index != m_index)
+        return;
+    finish(changed, part);
+    if (alive && isOther)
+        m_filterRest.schedule();
 }
 
-/// Sets the filters from the outside to the inside where views are hidden, and the other way round where they are
-/// shown: what is in a hidden view is hidden and shown at little cost. What is in a container that is left out keeps
-/// its state.
-void ZelInspectorSearch::apply(const std::vector<Filter> &filters)
+/// Filters what was put off, so that the key press is answered on the screen first.
+void ZelInspectorSearch::filterRest()
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    if (!m_isOn || m_isOutdated || m_isUpdating || !m_index)
+        return;
+    {
+        const ZelMemberScope updating(this, m_isUpdating, true);
+        const std::shared_ptr<const ZelSearchIndex> index = m_index;
+        const Containers changed = apply(filters(), {});
+        if (alive && m_isOn && index == m_index)
+            finish(changed, {});
+    }
+    if (alive && m_isDue)
+        update();
+}
+
+/// Unfolds, lays out and marks what the filter has left in a part of the inspector.
+void ZelInspectorSearch::finish(const Containers &changed, const Part &part)
+{
+    const QPointer<ZelInspectorSearch> alive(this);
+    const std::shared_ptr<const ZelSearchIndex> index = m_index;
+    for (size_t i = 0; alive && i < index->nodes().size(); ++i) {
+        if (part.has(index->nodes()[i], i) && m_findings[i].contains)
+            unfold(index->nodes()[i]);
+        if (!alive || !m_isOn || index != m_index)
+            return;
+    }
+    settle(changed);
+    if (alive && m_isOn && index == m_index)
+        markParts(part);
+}
+
+bool ZelInspectorSearch::Part::has(const Node &node, size_t index) const
+{
+    return (pane < 0 || node.pane == pane) && index < end;
+}
+
+/// The part of a pane, scrolled to its top, that is seen when the filter is applied.
+ZelInspectorSearch::Part ZelInspectorSearch::partInSight(qsizetype pane) const
+{
+    const int rowCount = m_inspector->containerView()->height() / g_smallestRowHeight + 1;
+    int seen = 0;
+    for (size_t i = 0; i < m_findings.size(); ++i) {
+        if (m_index->nodes()[i].pane != pane || !m_findings[i].matches || m_findings[i].hiddenBy >= 0)
+            continue;
+        if (++seen > rowCount)
+            return {int(pane), i};
+    }
+    return {int(pane), m_findings.size()};
+}
+
+std::vector<ZelInspectorSearch::Filter> ZelInspectorSearch::filters() const
+{
+    std::vector<Filter> filters(m_findings.size());
+    for (size_t i = 0; i < m_findings.size(); ++i) {
+        const Finding &finding = m_findings[i];
+        const bool isLeftOut = !finding.contains && !finding.matches;
+        filters[i] = {m_index->nodes()[i].conditional() && isLeftOut, !finding.matches};
+    }
+    return filters;
+}
+
+/// Sets the filters in a part of the inspector: from the outside to the inside where views are hidden, and the other
+/// way round where they are shown, since what is in a hidden view is hidden and shown at little cost. What is in a
+/// container that is left out keeps its state. Answers the containers that changed.
+ZelInspectorSearch::Containers ZelInspectorSearch::apply(const std::vector<Filter> &filters, const Part &part)
 {
     const QPointer<ZelInspectorSearch> alive(this);
     const std::shared_ptr<const ZelSearchIndex> index = m_index;
     std::vector<bool> isWithin(filters.size()); // a container that is left out
-    std::vector<QPointer<ZelInspectorConditionalContainer>> changed;
+    Containers changed;
     const auto set = [&](ZelInspectorConditionalContainer *container, bool isLeftOut, bool isNow) {
         if (!alive || !container || isLeftOut != isNow || container->isFilteredOut() == isNow)
             return;
@@ -307,7 +376,7 @@ void ZelInspectorSearch::apply(const std::vector<Filter> &filters)
     };
     const auto setNode = [&](size_t i, bool isNow) {
         const Node &node = index->nodes()[i];
-        if (isWithin[i] || !node.container)
+        if (isWithin[i] || !node.container || !part.has(node, i))
             return;
         if (node.kind == Kind::Chooser)
             set(rowOf(node), filters[i].leavesOutRow, isNow);
@@ -320,8 +389,7 @@ void ZelInspectorSearch::apply(const std::vector<Filter> &filters)
     }
     for (size_t i = filters.size(); i-- > 0;)
         setNode(i, false);
-    if (alive)
-        settle(changed);
+    return changed;
 }
 
 void ZelInspectorSearch::suspend()
@@ -335,22 +403,27 @@ void ZelInspectorSearch::giveBack()
 {
     const QPointer<ZelInspectorSearch> alive(this);
     const ScrollPositions positions = std::exchange(m_scrollPositions, {});
+    m_filterRest.cancel();
     m_isOn = false;
     m_foundCount = 0;
     m_words.clear();
+    m_findings.clear();
     mark({}, {});
-    selectPane(m_formerPane ? m_inspector->panes().indexOf(m_formerPane) : -1);
     for (const QPointer<ZelExpandableView> &box : std::exchange(m_unfolded, {})) {
         if (box)
             box->setExpanded(false);
     }
+    Containers changed;
     if (alive && m_index)
-        apply(std::vector<Filter>(m_index->nodes().size()));
+        changed = apply(std::vector<Filter>(m_index->nodes().size()), {});
+    if (alive)
+        selectPane(m_formerPane ? m_inspector->panes().indexOf(m_formerPane) : -1);
     if (!alive)
         return;
     const QList<ZelInspectorPane *> panes = m_inspector->panes();
     showNotes(std::vector<QStringList>(size_t(panes.size())));
     setTabCounts(std::vector<int>(size_t(panes.size()), -1));
+    settle(changed);
     scrollTo(positions);
     if (alive)
         m_inspector->setStateHeld(false);
@@ -374,7 +447,7 @@ void ZelInspectorSearch::unfold(const Node &node)
 
 /// Lays out what is around the views that were hidden or shown in the current pane, from the inside to the outside.
 /// The event loop would do it level by level, and may paint in between.
-void ZelInspectorSearch::settle(const std::vector<QPointer<ZelInspectorConditionalContainer>> &changed) const
+void ZelInspectorSearch::settle(const Containers &changed) const
 {
     const ZelInspectorPane *pane = m_inspector->currentInspector();
     const QWidget *document = pane && m_inspector->isViewInstalled() ? pane->containerView() : nullptr;
@@ -415,14 +488,15 @@ void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
 
 // What is shown of the outcome
 
-void ZelInspectorSearch::markParts(const std::vector<Finding> &findings, const QStringList &words)
+void ZelInspectorSearch::markParts(const Part &part)
 {
     std::vector<QPointer<ZelLabel>> labels;
-    for (size_t i = 0; i < findings.size(); ++i) {
-        if (ZelLabel *label = findings[i].contains ? labelOf(m_index->nodes()[i]) : nullptr)
+    for (size_t i = 0; i < m_findings.size(); ++i) {
+        const Node &node = m_index->nodes()[i];
+        if (ZelLabel *label = part.has(node, i) && m_findings[i].contains ? labelOf(node) : nullptr)
             labels.emplace_back(label);
     }
-    mark(std::move(labels), words);
+    mark(std::move(labels), m_words);
 }
 
 /// Marks the words in the labels, and nothing in those that were marked before.
@@ -440,16 +514,16 @@ void ZelInspectorSearch::mark(std::vector<QPointer<ZelLabel>> labels, const QStr
     }
 }
 
-void ZelInspectorSearch::showOutcome(const std::vector<Finding> &findings)
+/// Says what was found, and answers the pane in which it is to be seen.
+qsizetype ZelInspectorSearch::showOutcome()
 {
-    const QPointer<ZelInspectorSearch> alive(this);
     const size_t paneCount = size_t(m_inspector->panes().size());
     std::vector<int> found(paneCount);
     std::vector<QStringList> notes(paneCount);
     int hiddenCount = 0;
-    for (size_t i = 0; i < findings.size(); ++i) {
+    for (size_t i = 0; i < m_findings.size(); ++i) {
         const Node &node = m_index->nodes()[i];
-        const Finding &finding = findings[i];
+        const Finding &finding = m_findings[i];
         if (!finding.matches || size_t(node.pane) >= paneCount)
             continue;
         QStringList &notesOfPane = notes[size_t(node.pane)];
@@ -469,8 +543,7 @@ void ZelInspectorSearch::showOutcome(const std::vector<Finding> &findings)
             counts[i] = -1; // no number, but not dimmed either: there is something to be read
     }
     setTabCounts(counts);
-    if (alive)
-        selectPane(found, notes);
+    return paneToShow(found, notes);
 }
 
 void ZelInspectorSearch::showNotes(const std::vector<QStringList> &notes)
@@ -488,23 +561,25 @@ void ZelInspectorSearch::setTabCounts(const std::vector<int> &counts)
         items.at(i)->setCount(counts[size_t(i)]);
 }
 
-/// Leaves a pane in which nothing was found for the first one with a row that is shown, or else with a hidden one.
-void ZelInspectorSearch::selectPane(const std::vector<int> &found, const std::vector<QStringList> &notes)
+/// The present pane, unless nothing was found in it: then the first one with a row that is shown, or else with a hidden
+/// one.
+qsizetype ZelInspectorSearch::paneToShow(const std::vector<int> &found, const std::vector<QStringList> &notes) const
 {
-    const auto current = size_t(m_inspector->selectedPaneIndex());
-    const auto select = [&](const auto &isThere) {
-        if (current < found.size() && isThere(current))
-            return true;
+    const auto current = qsizetype(m_inspector->selectedPaneIndex());
+    const auto paneWith = [&](const auto &has) {
+        if (current < qsizetype(found.size()) && has(size_t(current)))
+            return current;
         for (size_t i = 0; i < found.size(); ++i) {
-            if (!isThere(i))
-                continue;
-            selectPane(qsizetype(i));
-            return true;
+            if (has(i))
+                return qsizetype(i);
         }
-        return false;
+        return qsizetype(-1);
     };
-    if (!select([&](size_t i) { return found[i] > 0; }))
-        select([&](size_t i) { return !notes[i].isEmpty(); });
+    const qsizetype pane = paneWith([&](size_t i) { return found[i] > 0; });
+    if (pane >= 0)
+        return pane;
+    const qsizetype paneWithNotes = paneWith([&](size_t i) { return !notes[i].isEmpty(); });
+    return paneWithNotes >= 0 ? paneWithNotes : current;
 }
 
 void ZelInspectorSearch::selectPane(qsizetype index)

@@ -6,6 +6,7 @@
 #include "Inspector/private/ZelSearchIndex.h"
 #include "Observation/ZelDelayedInvocation.h"
 
+#include <limits>
 #include <memory>
 
 class ZelExpandableView;
@@ -18,9 +19,10 @@ class ZelTabbedInspector;
 /// The find field of a tabbed inspector, and what it does to the rows.
 ///
 /// While there is a text in the field, every container in which nothing is found is filtered out where it stands: no
-/// view is moved, made anew or loaded for it. What else is changed for the time of the search - folded inspectors are
-/// unfolded, another tab is selected, panes are scrolled - is put back when the text is gone. The index of the texts
-/// exists from the moment the field gets the focus until the search is over.
+/// view is moved, made anew or loaded for it. A key press filters what is in sight, and the rest right afterwards. What
+/// else is changed for the time of the search - folded inspectors are unfolded, another tab is selected, panes are
+/// scrolled - is put back when the text is gone. The index of the texts exists from the moment the field gets the focus
+/// until the search is over.
 ///
 /// Whatever shows or hides a view, or commits an edit, may call the application, which may end the inspector: all that
 /// is gone on with afterwards is checked.
@@ -50,6 +52,14 @@ private:
     using Node = ZelSearchIndex::Node;
     using Finding = ZelSearchIndex::Finding;
     using ScrollPositions = std::vector<std::pair<QPointer<ZelInspectorPane>, int>>;
+    using Containers = std::vector<QPointer<ZelInspectorConditionalContainer>>;
+    /// The nodes of a pane, or of all for a negative one, up to an index.
+    struct Part
+    {
+        int pane = -1;
+        size_t end = std::numeric_limits<size_t>::max();
+        bool has(const Node &node, size_t index) const;
+    };
     /// What a filter does to a container.
     struct Filter
     {
@@ -68,18 +78,22 @@ private:
     void updateNow();
     void begin();
     void filter(const QStringList &words);
-    void apply(const std::vector<Filter> &filters);
+    void filterRest();
+    void finish(const Containers &changed, const Part &part);
     void giveBack();
+    Part partInSight(qsizetype pane) const;
+    std::vector<Filter> filters() const;
+    Containers apply(const std::vector<Filter> &filters, const Part &part);
     void unfold(const Node &node);
-    void settle(const std::vector<QPointer<ZelInspectorConditionalContainer>> &changed) const;
+    void settle(const Containers &changed) const;
     static void scrollTo(const ScrollPositions &positions);
 
-    void markParts(const std::vector<Finding> &findings, const QStringList &words);
+    void markParts(const Part &part);
     void mark(std::vector<QPointer<ZelLabel>> labels, const QStringList &words);
-    void showOutcome(const std::vector<Finding> &findings);
+    qsizetype showOutcome();
     void showNotes(const std::vector<QStringList> &notes);
     void setTabCounts(const std::vector<int> &counts);
-    void selectPane(const std::vector<int> &found, const std::vector<QStringList> &notes);
+    qsizetype paneToShow(const std::vector<int> &found, const std::vector<QStringList> &notes) const;
     void selectPane(qsizetype index);
 
     ZelTabbedInspector *m_inspector;
@@ -87,7 +101,9 @@ private:
     std::shared_ptr<const ZelSearchIndex> m_index;
     std::unique_ptr<QObject> m_watch; // the context of what is connected to the containers in the index
     ZelDelayedInvocation m_update{[this] { update(); }};
+    ZelDelayedInvocation m_filterRest{[this] { filterRest(); }};
     QStringList m_words;
+    std::vector<Finding> m_findings; // for each node of the index, while there is a search
     std::vector<QPointer<ZelLabel>> m_marked;
     int m_foundCount = 0;
     bool m_isOn = false;
