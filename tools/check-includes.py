@@ -31,7 +31,12 @@ def layer_of(path):
 def read_folders(cmake_file, breaches):
     """Path of each folder, shelf and private/ -> set of the paths that it may include."""
     paths, allowed = {}, {}
-    for number, line in enumerate(cmake_file.read_text().splitlines(), 1):
+    lines = cmake_file.read_text().splitlines()
+    for number, line in enumerate(lines, 1):
+        for further in lines[number:]:
+            if ")" in line or not line.startswith("zel_folder("):
+                break
+            line += " " + further.strip()
         match = FOLDER.match(line)
         if not match:
             continue
