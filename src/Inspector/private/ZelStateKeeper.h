@@ -35,7 +35,7 @@ private Q_SLOTS:
     void partsDidChange();
 
 private:
-    void restoreParts(ZelViewController *controller, const QJsonObject &state);
+    static void restoreParts(ZelViewController *controller, const QJsonObject &state);
     void watch(ZelViewController *controller, const QJsonObject &state);
     bool follow(ZelViewController *controller);
     void write();
