@@ -25,7 +25,12 @@ QColor withAlpha(QColor color, double alpha)
 
 QString ZelTabBarButtonCell::name() const
 {
-    return count < 0 ? toolTip : QStringLiteral("%1 (%2)").arg(toolTip, QString::number(count)).trimmed();
+    if (count < 0)
+        return toolTip;
+    const qsizetype titleEnd = toolTip.indexOf(u'\n'); // what follows the title is an explanation
+    const QString title = toolTip.left(titleEnd);
+    const QString rest = titleEnd < 0 ? QString() : toolTip.mid(titleEnd);
+    return QStringLiteral("%1 (%2)").arg(title, QString::number(count)).trimmed() + rest;
 }
 
 void ZelTabBarButtonCell::draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
