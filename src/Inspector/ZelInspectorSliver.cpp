@@ -4,6 +4,7 @@
 #include "Controls/ZelControlSize.h"
 #include "Controls/ZelLabel.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/private/ZelRowMenu.h"
 #include "Inspector/private/ZelTabOrder.h"
 #include "Resources/ZelLocalizedString.h"
@@ -185,9 +186,26 @@ void ZelInspectorSliver::updateLabel()
         delete m_mark;
     else if (!m_mark)
         m_mark = makeLabel();
+    letLabelScrub();
     if (hadLabel != !m_label.isNull())
         Q_EMIT labelChanged();
     showTitle();
+}
+
+/// Lets the label be dragged where it is the title of one number.
+void ZelInspectorSliver::letLabelScrub()
+{
+    ZelInspectorNumberProperty *untitled = nullptr;
+    int count = 0;
+    const QList<ZelInspectorProperty *> all = properties();
+    for (ZelInspectorProperty *property : all) {
+        auto *number = qobject_cast<ZelInspectorNumberProperty *>(property);
+        if (!number || !number->title().isEmpty())
+            continue;
+        untitled = number;
+        ++count;
+    }
+    ZelInspectorNumberProperty::letTitleScrub(m_label, count == 1 ? untitled : nullptr);
 }
 
 /// Shows the title in the label, and makes it the accessible name of the editors' controls for people who cannot see

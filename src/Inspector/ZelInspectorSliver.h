@@ -60,6 +60,7 @@ private:
     bool needsLabel() const { return !title().isEmpty() && !m_fullWidth; }
     void titleDidChange();
     void updateLabel();
+    void letLabelScrub();
     void showTitle();
     void watchDefaults();
     void showChanged();

@@ -75,11 +75,11 @@ private Q_SLOTS:
             QVERIFY2(expression.isRelative(), text);
             QVERIFY2(std::abs(expression.value(100, 3, 5) - result) < 1e-9, text);
         }
-        double values[] = {1, 2, 0};
-        ZelNumberExpression::fromText("n/x + i", {}, QLocale::c()).apply(values);
-        QCOMPARE(values[0], 3.0);
-        QCOMPARE(values[1], 2.5);
-        QVERIFY(std::isinf(values[2]));
+        const auto placed = ZelNumberExpression::fromText("n/x + i", {}, QLocale::c());
+        QVERIFY(placed.usesPlace());
+        QCOMPARE(placed.value(2, 1, 3), 2.5);
+        QVERIFY(std::isinf(placed.value(0, 2, 3)));
+        QVERIFY(!ZelNumberExpression::fromText("2x", {}, QLocale::c()).usesPlace());
     }
 
     void saysWhatIsWrong()
@@ -96,6 +96,9 @@ private Q_SLOTS:
             {"3 s", "mm", "“s” cannot be converted here (character 3)"},
             {"3 mm", "", "“mm” cannot be converted here (character 3)"},
             {"mm", "mm", "“mm” is not known (character 1)"},
+            {"1,23", "", "“,” is not expected (character 2)"},
+            {"1;2", "", "“;” is not expected (character 2)"},
+            {"max(1; (2; 3))", "", "“;” is not expected (character 10)"},
             {"1 = 2", "", "“=” is not known (character 3)"},
             {"2*sqrt()", "", "This is not the number of arguments of the function (character 8)"},
             {"sqrt(1;2)", "", "This is not the number of arguments of the function (character 9)"},

@@ -135,17 +135,15 @@ private Q_SLOTS:
         window.select({0, 1});
         QCOMPARE(QString(x->text() + u' ' + y->text() + u'|' + y->placeholderText()), "1 |Multiple Values");
         Window::replaceText(editor->xProperty()->textField(), "3");
-        Window::press(Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), editor->xProperty()->stepper());
         Window::press(Qt::Key_Up);
-        Window::press(Qt::Key_Tab);
+        Window::press(Qt::Key_Tab); // over the stepper
         QCOMPARE(QApplication::focusWidget(), y);
         QCOMPARE(places(), QList<QPointF>({{4, 2}, {4, 9}}));
         Window::type("-7.5");
         window.select({2}); // it was typed for the others
         QCOMPARE(places(), QList<QPointF>(2, {4, -7.5}));
         QCOMPARE(y->text(), "2");
-        QCOMPARE(window.stack.count(), 3);
+        QCOMPARE(window.stack.count(), 2);
     }
 
     void theAnchorIsWhereAFrameIsMeasuredAndKept()
@@ -390,8 +388,10 @@ private Q_SLOTS:
         QCOMPARE(window.figures[0]->font.pointSizeF(), 2.0);
         window.editor->selectDone(nullptr);
         window.select({0, 1});
-        window.editor->stepper()->stepBy(14); // from nothing
-        QCOMPARE(window.figures[0]->font, ZelFontManager::systemFontOfSize(14));
+        window.editor->stepper()->stepBy(14); // each font
+        QCOMPARE(window.figures[0]->font, QFont(g_family, 16, QFont::Bold));
+        QCOMPARE(window.figures[1]->font, QFont(g_otherFamily, 44));
+        window.editor->setFontSize(14);
         for (const QVariant &size :
              QVariantList{QVariant(), 0, -4, qQNaN(), QVariant::fromValue(ZelMultipleValuesMarker)})
             window.editor->setFontSize(size);

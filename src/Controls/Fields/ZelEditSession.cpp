@@ -5,6 +5,7 @@
 #include "Controls/private/ZelErrorNote.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/RunLoop/ZelPassiveEdits.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Resources/ZelLocalizedString.h"
@@ -13,6 +14,17 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <cmath>
+
+namespace {
+
+/// Whether a value has a text of its own.
+bool isShown(const QVariant &value)
+{
+    return !ZelIsNull(value) && !ZelIsControllerMarker(value) && !ZelNumberChange::of(value);
+}
+
+} // namespace
 
 ZelEditSession::ZelEditSession(QWidget *field)
     : m_field(field)
@@ -61,14 +73,14 @@ void ZelEditSession::setEditable(bool editable)
 
 QString ZelEditSession::displayString(const QVariant &value) const
 {
-    if (ZelIsNull(value) || ZelIsControllerMarker(value))
+    if (!isShown(value))
         return {};
     return m_formatter ? m_formatter->stringForObjectValue(value) : value.toString();
 }
 
 QString ZelEditSession::editingString(const QVariant &value) const
 {
-    if (!m_formatter || ZelIsNull(value) || ZelIsControllerMarker(value))
+    if (!m_formatter || !isShown(value))
         return displayString(value);
     return m_formatter->editingStringForObjectValue(value);
 }
@@ -87,8 +99,27 @@ bool ZelEditSession::parse(const QString &text, QVariant *value, QString *error)
             *error = ZelLocalizedString(QStringLiteral("This is not a value."));
         return false;
     }
+    if (!applyChange(value, error))
+        return false;
     *error = m_check ? m_check(*value) : QString();
     return error->isEmpty();
+}
+
+/// Makes a number of a change where one number is shown, which all objects then have. Only what depends on an object's
+/// place remains a change.
+bool ZelEditSession::applyChange(QVariant *value, QString *error) const
+{
+    const ZelNumberChange *change = ZelNumberChange::of(*value);
+    const double own = ZelNumberChange::ownNumber(m_value);
+    if (!change || change->usesPlace() || std::isnan(own))
+        return true;
+    const double number = change->number(own);
+    if (!std::isfinite(number)) {
+        *error = ZelLocalizedString(QStringLiteral("The result is not a number."));
+        return false;
+    }
+    *value = number;
+    return true;
 }
 
 // The edit
@@ -138,6 +169,15 @@ void ZelEditSession::refresh()
 {
     if (!isEditing())
         discardEditing();
+}
+
+void ZelEditSession::enterValue(const QVariant &value)
+{
+    if (!isChange(value))
+        return;
+    m_value = value;
+    discardEditing();
+    report();
 }
 
 void ZelEditSession::takeValue(const QVariant &value)

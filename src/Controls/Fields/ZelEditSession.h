@@ -106,12 +106,15 @@ protected:
     void refresh();
     /// Stores a value that was entered without showing it. The field may be gone afterwards.
     void takeValue(const QVariant &value);
+    /// Stores a value that was entered by other means than typing, and shows it. The field may be gone afterwards.
+    void enterValue(const QVariant &value);
     void setError(const QString &error);
     void paintError(QPainter *painter) const;
     /// Whether the field or a widget in it has the focus.
     bool hasFocusInside() const;
 
 private:
+    bool applyChange(QVariant *value, QString *error) const;
     bool contains(const QWidget *widget) const;
     bool reservesShortcut(QKeyEvent *event) const;
     void report();

@@ -21,6 +21,7 @@ struct Source
     QList<qsizetype> places;        ///< by character of the code: the place in the text
     QHash<QString, double> factors; ///< what units are worth, by the names that they have in the code
     bool isRelative = false;
+    bool usesPlace = false;
 
     void append(const QString &part, qsizetype place)
     {
@@ -186,6 +187,7 @@ private:
         append(name);
         m_place += name.size();
         m_source->isRelative = m_source->isRelative || isVariable;
+        m_source->usesPlace = m_source->usesPlace || (isVariable && name != QLatin1String("x"));
         m_isAfterValue = isVariable || isConstant;
         m_isAfterFunction = !m_isAfterValue;
     }
@@ -235,6 +237,9 @@ private:
 
     void takeOperator(QChar c)
     {
+        // muParser would take the last one of several calculations.
+        if (c == QLatin1Char(g_argumentSeparator) && (m_isFunctionOpen.isEmpty() || !m_isFunctionOpen.last()))
+            return fail(ZelLocalizedString("“%1” is not expected").arg(at(m_place)));
         if (c == QLatin1Char('(')) {
             if (m_isAfterValue)
                 append(QStringLiteral("*"));
@@ -305,6 +310,7 @@ public:
     Calculation(const Source &source, const QString &unit)
         : m_radians(ZelUnits::ratio(unit, QStringLiteral("rad")).value_or(1))
         , m_isRelative(source.isRelative)
+        , m_usesPlace(source.usesPlace)
     {
         defineFunctions();
         m_parser.DefineConst("pi", std::numbers::pi);
@@ -321,6 +327,7 @@ public:
     ~Calculation() = default;
 
     bool isRelative() const { return m_isRelative; }
+    bool usesPlace() const { return m_usesPlace; }
     double value(double x, double i, double n)
     {
         m_x = x;
@@ -357,6 +364,7 @@ private:
     double m_i = 1;
     double m_n = 1;
     bool m_isRelative;
+    bool m_usesPlace;
     mu::Parser m_parser;
 };
 
@@ -383,14 +391,12 @@ bool ZelNumberExpression::isRelative() const
     return m_calculation && m_calculation->isRelative();
 }
 
+bool ZelNumberExpression::usesPlace() const
+{
+    return m_calculation && m_calculation->usesPlace();
+}
+
 double ZelNumberExpression::value(double x, qsizetype i, qsizetype n) const
 {
     return m_calculation ? m_calculation->value(x, double(i), double(n)) : std::numeric_limits<double>::quiet_NaN();
-}
-
-void ZelNumberExpression::apply(std::span<double> values) const
-{
-    qsizetype i = 0;
-    for (double &value : values)
-        value = this->value(value, i++, qsizetype(values.size()));
 }

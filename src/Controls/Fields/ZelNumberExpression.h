@@ -6,7 +6,6 @@
 #include <QLocale>
 #include <QString>
 #include <memory>
-#include <span>
 
 /// A calculation that a person types in place of a number: `1in + 2 mm`, `sqrt(2)*10`, or one that depends on the value
 /// that it replaces, `+=10%` or `100 + i*(x-100)`.
@@ -32,10 +31,10 @@ public:
     bool isNull() const { return !m_calculation; }
     /// Whether the result depends on what it replaces: whether `x`, `i` or `n` or a relative operator is used.
     bool isRelative() const;
+    /// Whether `i` or `n` is used.
+    bool usesPlace() const;
     /// The result for one object, which may be infinite or no number, as for a division by 0.
     double value(double x = 0, qsizetype i = 0, qsizetype n = 1) const;
-    /// Replaces the own values of all objects, in the order of the selection, by the results.
-    void apply(std::span<double> values) const;
 
 private:
     class Calculation;

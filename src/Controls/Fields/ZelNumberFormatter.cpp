@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Fields/ZelNumberFormatter.h"
 
+#include "Controls/Fields/ZelNumberExpression.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Resources/ZelLocalizedString.h"
 
+#include <QRegularExpression>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -163,6 +166,14 @@ QVariant parsed(const QString &text, const QLocale &locale)
     return number;
 }
 
+/// Whether a text is meant as a calculation, so that it is worth saying what is wrong with it.
+bool looksLikeExpression(const QString &text)
+{
+    static const QRegularExpression marks(QStringLiteral("\\d|\\(|\\b(x|i|n|pi)\\b"),
+                                          QRegularExpression::UseUnicodePropertiesOption);
+    return marks.match(text).hasMatch();
+}
+
 } // namespace
 
 void ZelNumberFormatter::setMinimumFractionDigits(int digits)
@@ -210,13 +221,11 @@ QLocale ZelNumberFormatter::parsingLocale() const
     return locale;
 }
 
-bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
+std::optional<QVariant> ZelNumberFormatter::readNumber(const QString &text) const
 {
     QString trimmed = text.trimmed();
-    if (trimmed.isEmpty()) {
-        *value = QVariant();
-        return true;
-    }
+    if (trimmed.isEmpty())
+        return QVariant();
     const QLocale locale = parsingLocale();
     QVariant number = parsed(trimmed, locale);
     if (!number.isValid()) {
@@ -229,11 +238,36 @@ bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *val
             trimmed.replace(QLatin1Char(' '), separator).replace(QChar(QChar::Nbsp), separator);
         number = parsed(trimmed, locale);
     }
-    if (!number.isValid()) {
-        if (error)
-            *error = ZelLocalizedString(QStringLiteral("This is not a number."));
-        return false;
+    return number.isValid() ? std::optional(number) : std::nullopt;
+}
+
+bool ZelNumberFormatter::readExpression(const QString &text, const QString &unit, QVariant *value, QString *error) const
+{
+    const QString noNumber = ZelLocalizedString(QStringLiteral("This is not a number."));
+    QString reason = noNumber;
+    const auto expression = m_readsExpressions && looksLikeExpression(text)
+                                ? ZelNumberExpression::fromText(text, unit, locale(), &reason)
+                                : ZelNumberExpression();
+    if (expression.isRelative()) {
+        const auto number = [expression](double own, qsizetype index, qsizetype count) {
+            return expression.value(own, index, count);
+        };
+        *value = QVariant::fromValue(ZelNumberChange(number, expression.usesPlace()));
+        return true;
     }
-    *value = number;
+    const double number = expression.value();
+    if (std::isfinite(number))
+        *value = number;
+    else if (error)
+        *error = expression.isNull() ? reason : ZelLocalizedString(QStringLiteral("The result is not a number."));
+    return std::isfinite(number);
+}
+
+bool ZelNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
+{
+    const std::optional<QVariant> number = readNumber(text);
+    if (!number)
+        return readExpression(text, {}, value, error);
+    *value = *number;
     return true;
 }

@@ -31,10 +31,22 @@ public:
     QLocale locale() const { return m_locale.value_or(QLocale()); }
     void setLocale(const QLocale &locale) { m_locale = locale; }
 
+    /// Whether a text that is no number is tried as a calculation, ZelNumberExpression; false by default. One that
+    /// depends on the number which it replaces is answered as a ZelNumberChange.
+    bool readsExpressions() const { return m_readsExpressions; }
+    void setReadsExpressions(bool reads) { m_readsExpressions = reads; }
+
     /// A value that is not a number is shown as its text.
     QString stringForObjectValue(const QVariant &value) const override;
     /// Answers a double, but a qlonglong for an integer that a double cannot hold exactly.
     bool objectValueForString(const QString &text, QVariant *value, QString *error) const override;
+
+protected:
+    /// Reads a plain number, or nothing.
+    std::optional<QVariant> readNumber(const QString &text) const;
+    /// Reads a calculation for a field with that unit, which may be null. If there are to be none, the text is no
+    /// number.
+    bool readExpression(const QString &text, const QString &unit, QVariant *value, QString *error) const;
 
 private:
     QLocale parsingLocale() const;
@@ -43,4 +55,5 @@ private:
     int m_maximumFractionDigits = 3;
     std::optional<QLocale> m_locale;
     bool m_usesGroupSeparator = false;
+    bool m_readsExpressions = false;
 };

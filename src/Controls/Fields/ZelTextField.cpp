@@ -3,6 +3,7 @@
 
 #include "Controls/ZelControlSize.h"
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelFieldSteps.h"
 #include "Controls/private/ZelLineEditMargin.h"
 #include "Controls/private/ZelTextWidth.h"
 #include "Controls/private/ZelThemeColor.h"
@@ -14,6 +15,8 @@
 #include <QScopedValueRollback>
 #include <QStyleOptionFrame>
 #include <QTextLayout>
+#include <QWheelEvent>
+#include <cmath>
 
 namespace {
 
@@ -37,6 +40,8 @@ ZelTextField::ZelTextField(QWidget *parent)
     , ZelEditSessionOf(this)
 {
 }
+
+ZelTextField::~ZelTextField() = default;
 
 void ZelTextField::setFormatter(const ZelFormatter::Ptr &formatter)
 {
@@ -133,8 +138,95 @@ QSize ZelTextField::minimumSizeHint() const
     return m_minimumSizeHint;
 }
 
+// Steps
+
+ZelFieldSteps &ZelTextField::steps()
+{
+    if (!m_steps)
+        m_steps = std::make_unique<ZelFieldSteps>();
+    return *m_steps;
+}
+
+double ZelTextField::increment() const
+{
+    return m_steps ? m_steps->increment : 0;
+}
+
+void ZelTextField::setIncrement(double increment)
+{
+    steps().increment = increment;
+}
+
+double ZelTextField::minValue() const
+{
+    return m_steps ? m_steps->range.minimum : ZelFieldSteps().range.minimum;
+}
+
+void ZelTextField::setMinValue(double value)
+{
+    steps().range.minimum = value;
+}
+
+double ZelTextField::maxValue() const
+{
+    return m_steps ? m_steps->range.maximum : ZelFieldSteps().range.maximum;
+}
+
+void ZelTextField::setMaxValue(double value)
+{
+    steps().range.maximum = value;
+}
+
+bool ZelTextField::canStep() const
+{
+    const double increment = this->increment();
+    return increment != 0 && std::isfinite(increment) && !m_steps->range.isEmpty() && isEditable() && isEnabled();
+}
+
+void ZelTextField::stepBy(double steps)
+{
+    const QPointer<ZelTextField> guard(this);
+    if (!canStep() || !commitEditing() || !guard)
+        return;
+    enterValue(m_steps->range.steppedValue(objectValue(), steps * increment()));
+    if (guard && hasFocus())
+        selectAll();
+}
+
+bool ZelTextField::stepByKey(const QKeyEvent *event)
+{
+    const double count = canStep() ? ZelFieldSteps::stepsForKey(event) : 0;
+    if (count != 0)
+        stepInBurst(count, event->isAutoRepeat());
+    return count != 0;
+}
+
+void ZelTextField::stepInBurst(double count, bool continues)
+{
+    const ZelUndoBurst::Edit edit(m_steps->burst, continues);
+    stepBy(count);
+}
+
+void ZelTextField::wheelEvent(QWheelEvent *event)
+{
+    if (!hasFocus() || !canStep()) {
+        QLineEdit::wheelEvent(event);
+        return;
+    }
+    event->accept();
+    if (const int count = ZelControlSupport::wheelSteps(event, &m_steps->wheelAngle))
+        stepInBurst(count * ZelFieldSteps::factorFor(event->modifiers()), false);
+}
+
+// Events
+
 bool ZelTextField::handleEvent(QEvent *event)
 {
+    const bool isKey = event->type() == QEvent::ShortcutOverride;
+    if (isKey && canStep() && ZelFieldSteps::stepsForKey(static_cast<QKeyEvent *>(event)) != 0) {
+        event->accept();
+        return true;
+    }
     const bool isSettled = sessionEvent(event) || (event->type() == QEvent::ToolTip &&
                                                    ZelControlSupport::showToolTip(event, this, elidedWhole()));
     return isSettled || QLineEdit::event(event);
@@ -184,6 +276,8 @@ void ZelTextField::focusOutEvent(QFocusEvent *event)
 
 void ZelTextField::keyPressEvent(QKeyEvent *event)
 {
+    if (stepByKey(event))
+        return;
     const KeyUse use = keyPressed(event);
     if (use == KeyUse::Discarded || use == KeyUse::Committed)
         selectAll();

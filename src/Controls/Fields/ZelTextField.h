@@ -6,6 +6,9 @@
 #include "Core/ZelExport.h"
 
 #include <QLineEdit>
+#include <memory>
+
+struct ZelFieldSteps;
 
 /// A line edit that shows a value through a formatter.
 ///
@@ -19,9 +22,14 @@ class ZEL_EXPORT ZelTextField : public ZelGuarded<QLineEdit>, public ZelEditSess
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable NOTIFY editableChanged)
     Q_PROPERTY(QString nullPlaceholder READ nullPlaceholder WRITE setNullPlaceholder)
     Q_PROPERTY(bool labelStyle READ isLabelStyle WRITE setLabelStyle)
+    Q_PROPERTY(double increment READ increment WRITE setIncrement)
+    Q_PROPERTY(double minValue READ minValue WRITE setMinValue)
+    Q_PROPERTY(double maxValue READ maxValue WRITE setMaxValue)
 public:
     explicit ZelTextField(QWidget *parent = nullptr);
+    ~ZelTextField() override;
 
+    using ZelEditSession::enterValue;
     using ZelEditSession::errorText;
     using ZelEditSession::formatter;
     using ZelEditSession::setValueCheck;
@@ -37,6 +45,20 @@ public:
     /// Whether the text has the colour of placeholders, because it says that there is no value; false by default.
     bool isDimmed() const { return m_dimmed; }
     void setDimmed(bool dimmed);
+
+    // Numbers are stepped by the arrow and page keys, and by the wheel while the field has the focus.
+    /// How much a step adds; 0, which is the default, for no steps. Shift makes ten steps of one, Alt a tenth. Several
+    /// different values are stepped each from its own, and none from 0. Steps that follow each other within half a
+    /// second are one undo step.
+    double increment() const;
+    void setIncrement(double increment);
+    /// Steps stop at the limits, which by default are those of doubles. What is typed is not limited.
+    double minValue() const;
+    void setMinValue(double value);
+    double maxValue() const;
+    void setMaxValue(double value);
+    /// Takes what is being typed, then steps by so many increments as a user does, and reports it.
+    void stepBy(double steps);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -57,6 +79,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     QString fieldText() const override { return text(); }
@@ -68,6 +91,12 @@ private:
     QString elidedWhole() const;
     void paintText(const QString &string, ZelFormatter::Range unit, bool isPlaceholder);
 
+    ZelFieldSteps &steps();
+    bool canStep() const;
+    bool stepByKey(const QKeyEvent *event);
+    void stepInBurst(double count, bool continues);
+
+    std::unique_ptr<ZelFieldSteps> m_steps; // only of a field that is stepped
     QMetaObject::Connection m_errorConnection;
     mutable QSize m_sizeHint;
     mutable QSize m_minimumSizeHint;

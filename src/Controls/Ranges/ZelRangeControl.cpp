@@ -3,6 +3,7 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelPressGrouping.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 
@@ -36,10 +37,10 @@ void ZelRangeControl::setObjectValue(const QVariant &value)
 
 bool ZelRangeControl::hasSingleValue() const
 {
-    return !ZelIsNull(m_value) && !ZelIsControllerMarker(m_value);
+    return !ZelIsNull(m_value) && !ZelIsControllerMarker(m_value) && !ZelNumberChange::of(m_value);
 }
 
-void ZelRangeControl::enterValue(double value)
+void ZelRangeControl::enterValue(const QVariant &value)
 {
     m_value = value;
     update();
@@ -115,10 +116,13 @@ int ZelRangeControl::stepsForKey(int key) const
 
 void ZelRangeControl::keyPressEvent(QKeyEvent *event)
 {
-    if (const int steps = ZelControlSupport::hasCommandModifier(event) ? 0 : stepsForKey(event->key()))
-        stepBy(steps);
-    else
+    const int steps = ZelControlSupport::hasCommandModifier(event) ? 0 : stepsForKey(event->key());
+    if (steps == 0) {
         event->ignore();
+        return;
+    }
+    const ZelUndoBurst::Edit edit(m_steps, event->isAutoRepeat());
+    stepBy(steps);
 }
 
 void ZelRangeControl::wheelEvent(QWheelEvent *event)
@@ -128,8 +132,11 @@ void ZelRangeControl::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
-    if (const int steps = ZelControlSupport::wheelSteps(event, &m_wheelAngle))
-        stepBy(steps);
+    const int steps = ZelControlSupport::wheelSteps(event, &m_wheelAngle);
+    if (steps == 0)
+        return;
+    const ZelUndoBurst::Edit edit(m_steps);
+    stepBy(steps);
 }
 
 // The press of the mouse

@@ -3,6 +3,7 @@
 
 #include "Controls/Ranges/ZelValueRange.h"
 #include "Core/RunLoop/ZelGuarded.h"
+#include "Core/Undo/ZelUndoBurst.h"
 #include "Core/ZelExport.h"
 
 #include <QAccessible>
@@ -15,9 +16,10 @@ class ZelPressGrouping;
 /// the focus.
 ///
 /// Every change that a user makes is reported. The changes from a press to its release are one undo grouping, which
-/// also ends when the control is hidden, disabled or destroyed in between. The value may also be a selection marker or
-/// absent. A value outside the limits stays as it is until a user changes it. In an empty range users can change
-/// nothing.
+/// also ends when the control is hidden, disabled or destroyed in between; so are steps by the keys or the wheel that
+/// follow each other within half a second. The value may also be a selection marker or absent; where it stands for
+/// several values, a user's step reports a ZelNumberChange. A value outside the limits stays as it is until a user
+/// changes it. In an empty range users can change nothing.
 class ZEL_EXPORT ZelRangeControl : public ZelGuarded<QWidget>
 {
     Q_OBJECT
@@ -75,7 +77,7 @@ protected:
     /// Called when the value has changed. Redraws what shows it.
     virtual void showValue() { update(); }
     /// Sets a value that the user has entered, and reports it. The control may be gone afterwards.
-    void enterValue(double value);
+    void enterValue(const QVariant &value);
     /// Puts a former value back as if none had been entered. It is reported only if it is a single value.
     void restoreValue(const QVariant &value);
 
@@ -109,6 +111,7 @@ private:
     double m_increment;
     QVariant m_value;
     int m_wheelAngle = 0;
+    ZelUndoBurst m_steps; // by keys and wheel
     bool m_editable = true;
     mutable QSize m_sizeHint;
     std::unique_ptr<ZelPressGrouping> m_pressGrouping; // destroyed first, because its end may call others

@@ -50,7 +50,11 @@ void ZelSlider::slideTo(double value)
 void ZelSlider::stepBy(int steps)
 {
     const double hundredth = range().valueAt(1) / 100 - range().valueAt(0) / 100;
-    slideTo(range().stepped(doubleValue(), steps * (increment() != 0 ? increment() : hundredth)));
+    const double change = steps * (increment() != 0 ? increment() : hundredth);
+    if (hasSingleValue() || ZelIsNull(objectValue()))
+        slideTo(range().stepped(doubleValue(), change));
+    else if (!range().isEmpty())
+        enterValue(range().steppedValue(objectValue(), change, doubleValue()));
 }
 
 void ZelSlider::initStyleOption(QStyleOptionSlider *option) const

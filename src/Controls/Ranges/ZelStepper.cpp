@@ -2,6 +2,7 @@
 #include "Controls/Ranges/ZelStepper.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "Core/Values/ZelValues.h"
 
 #include <QStyleOptionSpinBox>
 #include <QStylePainter>
@@ -42,20 +43,16 @@ void ZelStepper::setValueWraps(bool wraps)
     update();
 }
 
-double ZelStepper::valueAfter(int steps) const
+QVariant ZelStepper::valueAfter(int steps) const
 {
-    const double value = doubleValue();
-    const double next = range().stepped(value, increment() * steps);
-    if (!m_valueWraps || !hasSingleValue() || range().isEmpty() || next != value)
-        return next;
-    return range().valueAt(increment() * steps > 0 ? 0 : 1);
+    return range().steppedValue(objectValue(), increment() * steps, 0, m_valueWraps && !ZelIsNull(objectValue()));
 }
 
 bool ZelStepper::canStep(int steps) const
 {
     if (!isEditable() || !isEnabled() || range().isEmpty() || !std::isfinite(increment()) || increment() * steps == 0)
         return false;
-    return !hasSingleValue() || valueAfter(steps) != doubleValue();
+    return !hasSingleValue() || valueAfter(steps).toDouble() != doubleValue();
 }
 
 QAbstractSpinBox::StepEnabled ZelStepper::possibleSteps() const

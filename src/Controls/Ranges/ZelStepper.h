@@ -11,9 +11,9 @@ class QStyleOptionSpinBox;
 
 /// Two small arrows that step a value up and down, repeatedly while the mouse holds one of them.
 ///
-/// Where there is no single value to step from (absent or a selection marker), steps start from 0. A value outside the
-/// limits is stepped into them. By default the limits are the largest finite doubles and the increment is 1. An
-/// increment of 0 or one that is no number does nothing.
+/// Where there is no value to step from, steps start from 0; several different values are stepped each from its own. A
+/// value outside the limits is stepped into them. By default the limits are the largest finite doubles and the
+/// increment is 1. An increment of 0 or one that is no number does nothing.
 class ZEL_EXPORT ZelStepper : public ZelRangeControl
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ private:
     void initStyleOption(QStyleOptionSpinBox *option) const;
     QPoint spinBoxOrigin() const;
     QStyle::SubControl arrowAt(const QPoint &position) const;
-    double valueAfter(int steps) const;
+    QVariant valueAfter(int steps) const;
     bool canStep(int steps) const;
     QAbstractSpinBox::StepEnabled possibleSteps() const;
     void stepPressed();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Ranges/ZelValueRange.h"
 
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -19,7 +21,12 @@ double bounded(double value)
 double withoutNoise(double value)
 {
     const bool isExact = std::abs(value) >= 1e15 || value == std::trunc(value);
-    return isExact ? value : QString::number(value, 'g', 15).toDouble();
+    if (isExact)
+        return value;
+    char text[32];
+    const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 14);
+    std::from_chars(text, written.ptr, value);
+    return value;
 }
 
 } // namespace
@@ -54,6 +61,18 @@ double ZelValueRange::stepped(double value, double increment) const
 {
     const double sum = value + increment;
     return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
+}
+
+QVariant ZelValueRange::steppedValue(const QVariant &value, double increment, double fallback, bool wraps) const
+{
+    const auto next = [range = *this, increment, wraps](double own) {
+        const double number = range.stepped(own, increment);
+        return wraps && !range.isEmpty() && number == own ? range.valueAt(increment > 0 ? 0 : 1) : number;
+    };
+    if (!ZelIsMarker(value, ZelMultipleValuesMarker) && !ZelNumberChange::of(value))
+        return next(number(value, fallback));
+    return QVariant::fromValue(ZelNumberChange(
+        [next, fallback](double own, qsizetype, qsizetype) { return next(std::isnan(own) ? fallback : own); }));
 }
 
 double ZelValueRange::nearestStep(double value, double increment) const

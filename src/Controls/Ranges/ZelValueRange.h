@@ -22,6 +22,11 @@ public:
     /// The value plus the increment, without the noise of binary fractions, clamped to the limits.
     double stepped(double value, double increment) const;
 
+    /// What a control's value becomes when it is stepped: a number for a number, and for none, which counts as the
+    /// fallback. Several different values, or a change of them, become a ZelNumberChange that steps each object from
+    /// its own number. With `wraps`, a step beyond one limit goes on at the other one.
+    QVariant steppedValue(const QVariant &value, double increment, double fallback = 0, bool wraps = false) const;
+
     /// Answers the nearest of the maximum and the values that are a whole number of increments from the minimum; the
     /// value itself if the range is empty or the increment cannot be used.
     double nearestStep(double value, double increment) const;

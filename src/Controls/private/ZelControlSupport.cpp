@@ -7,6 +7,7 @@
 #include "Core/Binding/ZelEditor.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Resources/ZelLocalizedString.h"
 
@@ -148,7 +149,8 @@ bool ZelControlSupport::hasCommandModifier(const QKeyEvent *event)
 
 int ZelControlSupport::wheelSteps(const QWheelEvent *event, int *angle)
 {
-    *angle += event->angleDelta().y();
+    const QPoint delta = event->angleDelta();
+    *angle += event->modifiers() & Qt::AltModifier ? delta.x() + delta.y() : delta.y(); // Qt turns the wheel then
     const int steps = *angle / QWheelEvent::DefaultDeltasPerStep;
     *angle -= steps * QWheelEvent::DefaultDeltasPerStep;
     return steps;
@@ -189,7 +191,7 @@ void ZelControlSupport::reportEdit(QWidget *control, const std::function<void()>
 
 void ZelControlSupport::announceValue(QWidget *control, const QVariant &value)
 {
-    if (!QAccessible::isActive())
+    if (!QAccessible::isActive() || ZelNumberChange::of(value)) // the changed value follows
         return;
     QAccessibleValueChangeEvent event(control, value);
     QAccessible::updateAccessibility(&event);

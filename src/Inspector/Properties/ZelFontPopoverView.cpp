@@ -71,8 +71,13 @@ ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
     , m_noFace(hiddenItem(ZelLocalizedString("No Selection"), ZelNoSelectionMarker, this))
 {
     setFont(ZelControlSize::smallFont());
-    m_size->setFormatter(std::make_shared<ZelNumberFormatter>());
+    const auto formatter = std::make_shared<ZelNumberFormatter>();
+    formatter->setReadsExpressions(true);
+    m_size->setFormatter(formatter);
+    m_size->setMinValue(1);
+    m_size->setIncrement(1);
     m_stepper->setMinValue(1);
+    m_stepper->setFocusPolicy(Qt::ClickFocus);
     addFonts();
     addFamilies();
     setFontFaces({});

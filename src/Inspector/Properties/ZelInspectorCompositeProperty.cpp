@@ -19,6 +19,7 @@
 #include "ViewController/ZelView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -53,6 +54,7 @@ void ZelInspectorCompositeProperty::configure(const ZelInspectorConfiguration &c
     ZelInspectorCustomProperty::configure(configuration);
     ZelEditorAttributes::storeFormatStyle(formatStyle, configuration);
     formatUnit = configuration.stringValueNamed(u"formatUnit");
+    expressions = configuration.booleanValueNamed(u"expressions", true);
     increment = configuration.doubleValueNamed(u"increment", 1);
     incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
 }
@@ -159,26 +161,35 @@ void ZelInspectorCompositeProperty::updateValues()
     }
 }
 
-QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, int index, double component) const
+// Writing
+
+QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, int index, const Component &component,
+                                                         qsizetype place) const
 {
     const ZelGeometryType *type = geometryOf(old.metaType());
     Numbers numbers{};
     if (type)
         type->load(old.constData(), numbers);
-    replaceComponent(numbers, index, component);
+    const std::optional<double> number = component(numbers, place);
+    if (!number)
+        return old;
+    replaceComponent(numbers, index, *number);
     QVariant value(type ? type->type : m_type); // a QPoint stays a QPoint
     ZelGeometryType::find(value.metaType())->store(numbers, value.data());
     return value;
 }
 
 /// Writes the values as numbers. False if an object's value cannot be read as such; nothing has been written then.
-bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double component)
+bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, const Component &component)
 {
     const Selection selection = plainSelection();
     if (!selection.controller)
         return false;
     ZelTypedColumn column(*selection.controller, selection.key.first(), int(m_keys.size()));
-    const auto replace = [=, this](Numbers &numbers) { replaceComponent(numbers, index, component); };
+    const auto replace = [&, this](Numbers &numbers, qsizetype place) {
+        if (const std::optional<double> number = component(numbers, place))
+            replaceComponent(numbers, index, *number);
+    };
     auto edit = column.edit(replace);
     if (!edit)
         return false;
@@ -186,13 +197,31 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, double co
     if (edit->objects.isEmpty())
         return true;
     const QPointer<ZelInspectorCompositeProperty> alive(this);
-    const auto refresh = [&](const QObject *object, const void *before, void *after) {
+    const std::vector<qsizetype> places = std::move(edit->places);
+    const auto refresh = [&](const QObject *object, qsizetype i, const void *before, void *after) {
         if (alive)
-            column.refresh(object, before, after, replace);
+            column.refresh(object, before, after, [&](Numbers &now) { replace(now, places[size_t(i)]); });
     };
     ZelRecordedWrite(undoManager())
         .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, refresh);
     return true;
+}
+
+void ZelInspectorCompositeProperty::writeComponent(int index, const Component &component)
+{
+    updateViewInvocation().schedule(); // the model may have stored something else
+    const QPointer<ZelInspectorCompositeProperty> alive(this);
+    ZelFirstException errors;
+    errors.run([&] {
+        const UpdatingValues updating(this);
+        qsizetype place = 0;
+        if (!writeIntoPlainSelection(index, component))
+            updateReflectedValues(
+                [&, this](const QVariant &old) { return valueByReplacing(old, index, component, place++); });
+    });
+    if (errors.hasOccurred() && alive)
+        errors.run([this] { updateView(); }); // the component is not what the models hold
+    errors.rethrow();
 }
 
 void ZelInspectorCompositeProperty::updateComponent(int index)
@@ -206,17 +235,52 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
     const QVariant value = m_components.at(index);
     if ((manager && manager->isUndoing()) || ZelIsControllerMarker(value))
         return;
-    const double number = singlePrecision(value.toDouble());
-    const QPointer<ZelInspectorCompositeProperty> alive(this);
-    ZelFirstException errors;
-    errors.run([&] {
-        const UpdatingValues updating(this);
-        if (!writeIntoPlainSelection(index, number))
-            updateReflectedValues([=, this](const QVariant &old) { return valueByReplacing(old, index, number); });
+    writeComponent(index, [number = singlePrecision(value.toDouble())](const Numbers &, qsizetype) { return number; });
+}
+
+std::vector<double> ZelInspectorCompositeProperty::numbersForKey(ZelKey key) const
+{
+    const auto index = m_keys.indexOf(key.string());
+    std::vector<double> own;
+    if (index < 0)
+        return own;
+    const auto take = [&, this](Numbers numbers) {
+        makeComponents(numbers);
+        own.push_back(numbers[size_t(index)]);
+    };
+    const Selection selection = plainSelection();
+    if (selection.controller &&
+        ZelTypedColumn(*selection.controller, selection.key.first(), int(m_keys.size())).visit(take))
+        return own;
+    own.clear();
+    combinedReflectedValue([&, this](const QVariant &value) {
+        Numbers numbers{};
+        const ZelGeometryType *type = geometryOf(value.metaType());
+        if (type)
+            type->load(value.constData(), numbers);
+        take(numbers);
+        if (!type)
+            own.back() = std::numeric_limits<double>::quiet_NaN();
+        return QVariant::fromValue(ZelNoSelectionMarker); // goes on to the next object
     });
-    if (errors.hasOccurred() && alive)
-        errors.run([this] { updateView(); }); // the component is not what the models hold
-    errors.rethrow();
+    return own;
+}
+
+void ZelInspectorCompositeProperty::changeNumbersForKey(ZelKey key, const ZelNumberChange &change)
+{
+    const ZelPlaceScope scope(this);
+    const auto index = int(m_keys.indexOf(key.string()));
+    if (index < 0 || isUpdatingValues())
+        return;
+    const auto count = qsizetype(numbersForKey(key).size());
+    const QPointer<ZelInspectorCompositeProperty> alive(this);
+    writeComponent(index, [&, this](Numbers numbers, qsizetype place) -> std::optional<double> {
+        makeComponents(numbers);
+        const double number = change.number(numbers[size_t(index)], place, count);
+        return std::isfinite(number) ? std::optional(singlePrecision(number)) : std::nullopt;
+    });
+    if (alive)
+        updateValues(); // the components follow the objects
 }
 
 void ZelInspectorCompositeProperty::componentDidChange()
@@ -256,6 +320,7 @@ ZelInspectorNumberProperty *ZelInspectorCompositeProperty::makeNumberEditor(int 
     editor->setActionSelector("componentDidChange");
     editor->formatStyle = formatStyle;
     editor->formatUnit = formatUnit;
+    editor->expressions = expressions;
     editor->increment = increment;
     editor->incrementKeyPath = ownersKeyPath(incrementKeyPath);
     return editor;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Undo/ZelNumbersInterface.h"
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
@@ -16,9 +17,10 @@
 /// selection marker is not written; one without a value is written as 0.
 ///
 /// The key paths that are set here for the number editors begin at this editor's owner, like all others.
-class ZEL_EXPORT ZelInspectorCompositeProperty : public ZelInspectorCustomProperty
+class ZEL_EXPORT ZelInspectorCompositeProperty : public ZelInspectorCustomProperty, public ZelNumbersInterface
 {
     Q_OBJECT
+    Q_INTERFACES(ZelNumbersInterface)
     Q_PROPERTY(QVariant increment READ incrementValue WRITE setIncrementValue)
     Q_PROPERTY(QString incrementKeyPath MEMBER incrementKeyPath)
     Q_PROPERTY(uint formatStyle MEMBER formatStyle)
@@ -32,6 +34,7 @@ public:
     QString incrementKeyPath;
     uint formatStyle = ZelInspectorNumberProperty::IntegerStyle;
     QString formatUnit;
+    bool expressions = true; ///< whether calculations may be typed, see ZelNumberExpression
 
     QVariant incrementValue() const { return ZelInspectorNumberProperty::variantOf(increment); }
     void setIncrementValue(const QVariant &value) { increment = ZelInspectorNumberProperty::numberOf(value); }
@@ -45,6 +48,8 @@ public:
 
     bool commitEditing() override;
     void discardEditing() override;
+    std::vector<double> numbersForKey(ZelKey key) const override;
+    void changeNumbersForKey(ZelKey key, const ZelNumberChange &change) override;
     void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
 
@@ -95,9 +100,12 @@ private:
     Selection plainSelection() const;
     QVariantList componentsOfSelection() const;
     std::optional<QVariantList> componentsOfPlainSelection() const;
-    bool writeIntoPlainSelection(int index, double component);
+    /// Answers an object's new component for its own numbers and its place; nothing to leave the object as it is.
+    using Component = std::function<std::optional<double>(const Numbers &, qsizetype place)>;
+    void writeComponent(int index, const Component &component);
+    bool writeIntoPlainSelection(int index, const Component &component);
     const ZelGeometryType *geometryOf(QMetaType type) const;
-    QVariant valueByReplacing(const QVariant &old, int index, double component) const;
+    QVariant valueByReplacing(const QVariant &old, int index, const Component &component, qsizetype place) const;
 
     QStringList m_keys;
     QMetaType m_type;

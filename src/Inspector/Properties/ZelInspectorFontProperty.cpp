@@ -4,6 +4,7 @@
 #include "Controls/ZelPopover.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
@@ -14,6 +15,7 @@
 
 #include <QPainter>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -85,6 +87,10 @@ QVariant ZelInspectorFontProperty::fontSize() const
 
 void ZelInspectorFontProperty::setFontSize(const QVariant &size)
 {
+    if (const ZelNumberChange *change = ZelNumberChange::of(size)) {
+        changeFontSizes(*change);
+        return;
+    }
     bool isNumber = !ZelIsControllerMarker(size);
     const double number = isNumber ? size.toDouble(&isNumber) : 0;
     // "Not above 0" also holds for NaN.
@@ -94,6 +100,23 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
     const QPointer<ZelInspectorFontProperty> alive(this);
     setReflectedValue(font ? ZelFontManager::convertFontToSize(*font, number)
                            : ZelFontManager::systemFontOfSize(number));
+    if (alive)
+        updateViewInvocation().schedule(); // the model may have stored something else
+}
+
+/// Gives each font a size made from its own.
+void ZelInspectorFontProperty::changeFontSizes(const ZelNumberChange &change)
+{
+    const bool isSelection = keyPathHasControllerSelectionPrefix(keyPath());
+    const qsizetype count = isSelection ? representedObjectsForControllerSelectionKeyPath(keyPath()).size() : 1;
+    const QPointer<ZelInspectorFontProperty> alive(this);
+    updateReflectedValues([change, count, place = qsizetype(0)](const QVariant &value) mutable {
+        const auto font = fontOf(value);
+        const double own = font ? ZelFontManager::sizeOf(*font) : std::numeric_limits<double>::quiet_NaN();
+        const double size = change.number(own, place++, count);
+        return font && std::isfinite(size) && size > 0 ? QVariant(ZelFontManager::convertFontToSize(*font, size))
+                                                       : value;
+    });
     if (alive)
         updateViewInvocation().schedule(); // the model may have stored something else
 }
@@ -130,6 +153,7 @@ void ZelInspectorFontProperty::loadView()
             [this] { ZelExceptionReporter::run(this, [this] { selectPopover(m_button); }); });
     m_stepper = new ZelStepper(container);
     m_stepper->setMinValue(1);
+    m_stepper->setFocusPolicy(Qt::ClickFocus);
     m_stepper->setAccessibleName(ZelLocalizedString("Size"));
     connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
     m_label = ZelEditorLayout::addTitleLabel(container, title());

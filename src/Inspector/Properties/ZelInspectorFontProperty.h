@@ -21,7 +21,8 @@ class ZEL_EXPORT ZelInspectorFontProperty : public ZelInspectorProperty
     Q_OBJECT
     /// The size of the font in its own unit, points or pixels; a selection marker if there is no single font, and
     /// absent if there is none. Setting it changes the size of the font; if there is no single font, it writes the
-    /// system font of that size. A value that is no positive number changes nothing.
+    /// system font of that size, and a ZelNumberChange gives each font a size made from its own. A value that is no
+    /// positive number changes nothing.
     Q_PROPERTY(QVariant fontSize READ fontSize WRITE setFontSize NOTIFY fontSizeChanged)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(ZelPaddedTextField *textField MEMBER m_textField)
@@ -111,6 +112,7 @@ private:
     void layOut(ZelView *container);
     static QString description(const QFont &font);
     static QString selectedName(const ZelPopUpButton *button);
+    void changeFontSizes(const ZelNumberChange &change);
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;
 

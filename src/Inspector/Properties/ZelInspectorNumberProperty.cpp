@@ -9,6 +9,7 @@
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Inspector/Properties/private/ZelNumberScrubber.h"
 #include "Observation/ZelObservations.h"
 #include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
@@ -46,6 +47,7 @@ void ZelInspectorNumberProperty::configure(const ZelInspectorConfiguration &conf
     nonNilValueTitle = configuration.localizedStringValueNamed(u"nonNilValueTitle");
     ZelEditorAttributes::storeFormatStyle(formatStyle, configuration);
     formatUnit = configuration.stringValueNamed(u"formatUnit");
+    expressions = configuration.booleanValueNamed(u"expressions", true);
     ZelEditorAttributes::storeWord(sliderType, configuration, u"slider",
                                    {QStringLiteral("none"), QStringLiteral("circular"), QStringLiteral("linear")},
                                    QStringLiteral("Unsupported value: "));
@@ -75,9 +77,19 @@ void ZelInspectorNumberProperty::loadView()
     if (sliderType == CircularSlider)
         addSlider(container);
     m_label = ZelEditorLayout::addTitleLabel(container, title());
+    letTitleScrub(m_label, this);
     layOut(container);
     if (!nonNilValueTitle.isEmpty())
         addNonNilCheckbox(outer, container);
+}
+
+void ZelInspectorNumberProperty::letTitleScrub(QWidget *title, ZelInspectorNumberProperty *editor)
+{
+    if (!title)
+        return;
+    delete title->findChild<ZelNumberScrubber *>(QString(), Qt::FindDirectChildrenOnly);
+    if (editor)
+        new ZelNumberScrubber(title, editor);
 }
 
 void ZelInspectorNumberProperty::addTextField(ZelView *container)
@@ -86,6 +98,7 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     formatter->setUnit(formatUnit);
     formatter->setMaximumFractionDigits(g_maximumFractionDigits[formatStyle == DecimalStyle]);
     formatter->setUsesGroupSeparator(true);
+    formatter->setReadsExpressions(expressions);
     m_textField = new ZelTextField(container);
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
@@ -100,6 +113,7 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
 void ZelInspectorNumberProperty::addStepper(ZelView *container)
 {
     m_stepper = new ZelStepper(container);
+    m_stepper->setFocusPolicy(Qt::ClickFocus); // the keys step the field, which is there for the keyboard
     ZelEditorLayout::setName(m_stepper, title());
     connect(m_stepper, &ZelStepper::action, this, [this] { userDidChangeValue(m_stepper); });
 }
@@ -179,6 +193,11 @@ void ZelInspectorNumberProperty::bindLimits()
     const QString missing = QStringLiteral("Missing minimum value for number property with slider");
     ZelCheck(!m_slider || minimum, missing);
     ZelCheck(!m_slider || maximum, missing);
+    if (m_textField) {
+        m_textField->setMinValue(minimum.value_or(-g_largest));
+        m_textField->setMaxValue(maximum.value_or(g_largest));
+        m_textField->setIncrement(increment.value_or(1));
+    }
     if (m_stepper) {
         m_stepper->setMinValue(minimum.value_or(-g_largest));
         m_stepper->setMaxValue(maximum.value_or(g_largest));
@@ -194,6 +213,9 @@ void ZelInspectorNumberProperty::bindLimits()
         if (control && owner() && !keyPath.isEmpty())
             ZelObservations(this).addBindingWithObject(control, binding, owner(), keyPath, {}, &ZelInstalledContext);
     };
+    bind(m_textField, ZelMinValueBinding, minimumKeyPath);
+    bind(m_textField, ZelMaxValueBinding, maximumKeyPath);
+    bind(m_textField, ZelIncrementBinding, incrementKeyPath);
     bind(m_stepper, ZelMinValueBinding, minimumKeyPath);
     bind(m_slider, ZelMinValueBinding, minimumKeyPath);
     bind(m_stepper, ZelMaxValueBinding, maximumKeyPath);

@@ -14,9 +14,9 @@
 
 /// Edits a number: a text field with a unit, a stepper or a slider or both, and a checkbox for "no value".
 ///
-/// The controls are bound to the model. Limits hold for stepper and slider; what is typed is not limited by them, but
-/// by what the model's property can hold. If the property cannot be written, the stepper is hidden. The fields below
-/// are read when the view is loaded or installed; later changes of them do not show.
+/// The controls are bound to the model. Limits hold for stepper, slider and the keys that step the field; what is typed
+/// is not limited by them, but by what the model's property can hold. If the property cannot be written, the stepper is
+/// hidden. The fields below are read when the view is loaded or installed; later changes of them do not show.
 class ZEL_EXPORT ZelInspectorNumberProperty : public ZelInspectorProperty
 {
     Q_OBJECT
@@ -30,6 +30,7 @@ class ZEL_EXPORT ZelInspectorNumberProperty : public ZelInspectorProperty
     Q_PROPERTY(QString maximumKeyPath MEMBER maximumKeyPath)
     Q_PROPERTY(QVariant minimum READ minimumValue WRITE setMinimumValue)
     Q_PROPERTY(QString minimumKeyPath MEMBER minimumKeyPath)
+    Q_PROPERTY(bool expressions MEMBER expressions)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(QString nonNilValueKeyPath MEMBER nonNilValueKeyPath)
     Q_PROPERTY(QString nonNilValueTitle MEMBER nonNilValueTitle)
@@ -57,6 +58,7 @@ public:
     QString maximumKeyPath;
     std::optional<double> minimum;
     QString minimumKeyPath;
+    bool expressions = true;    ///< whether calculations may be typed, see ZelNumberExpression
     QString placeholder;        ///< shown for no value
     QString nonNilValueKeyPath; ///< of the value written when the checkbox is switched to "has a value"
     QString nonNilValueTitle;   ///< the checkbox's title; without one there is no checkbox
@@ -82,6 +84,9 @@ public:
     void viewDidInstall() override;
     void viewWillUninstall() override;
     void updateView() override;
+    /// Lets users change an editor's number by dragging the widget, which stands beside the editor as its title; null
+    /// for none any more. The label of the editor's own title does so by itself.
+    static void letTitleScrub(QWidget *title, ZelInspectorNumberProperty *editor);
     Q_INVOKABLE void toggleNilValue(QObject *sender);
     QString textOfValue(const QVariant &modelValue) const override;
     bool readText(const QString &text, QVariant *modelValue, QString *error) const override;

@@ -14,6 +14,7 @@
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
@@ -24,6 +25,7 @@
 #include "Inspector/Properties/private/ZelValueRefusal.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
@@ -202,8 +204,34 @@ QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
 
 QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 {
+    if (const ZelNumberChange *change = ZelNumberChange::of(value))
+        return refusalOfChange(*change);
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
     return refusalOf(isReversible ? m_valueTransformer->reverseTransformedValue(value) : value);
+}
+
+QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) const
+{
+    const ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
+    const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
+    const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
+    const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
+    const auto count = qsizetype(own.numbers().size());
+    QString firstReason;
+    qsizetype refusing = 0;
+    for (qsizetype i = 0; i < count; ++i) {
+        const double number = change.number(own.numbers()[size_t(i)], i, count);
+        if (takesAll && std::isfinite(number))
+            continue;
+        const QVariant value = isReversible ? m_valueTransformer->reverseTransformedValue(number) : QVariant(number);
+        const QString reason = std::isfinite(number) ? ZelValueRefusal::reason(domain, value, m_valueTransformer)
+                                                     : ZelLocalizedString("The result is not a number.");
+        if (!reason.isNull() && refusing++ == 0)
+            firstReason = reason;
+    }
+    if (refusing == 0 || count == 1)
+        return firstReason;
+    return ZelLocalizedString("%1 This concerns %2 of %3 objects.").arg(firstReason).arg(refusing).arg(count);
 }
 
 QVariant ZelInspectorProperty::reflectedValue() const
@@ -217,7 +245,11 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
     if (m_keyPath.isEmpty() || !m_owner)
         return;
     const ZelPlaceScope scope(this);
-    ZelRecordedWrite(undoManager()).setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
+    const ZelRecordedWrite write(undoManager());
+    if (const ZelNumberChange *change = ZelNumberChange::of(value))
+        write.changeNumbers(m_owner, *change, m_keyPath, m_valueTransformer);
+    else
+        write.setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
 }
 
 void ZelInspectorProperty::userDidChangeValue(QObject *)

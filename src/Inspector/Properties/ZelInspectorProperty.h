@@ -17,6 +17,7 @@ class ZelInspectorConfiguration;
 class ZelMissingKeyWatch;
 class ZelObjectController;
 class ZelUndoManager;
+class ZelNumberChange;
 
 /// The base of every property editor: shows one value of what an inspector edits and writes changes of it back.
 ///
@@ -213,6 +214,8 @@ protected:
     QString refusalOf(const QVariant &modelValue) const;
     /// The same for a value as it is shown by a control that is bound with the transformer.
     QString refusalOfShown(const QVariant &value) const;
+    /// Why the change cannot be made, and for how many objects; null if all take their new numbers.
+    QString refusalOfChange(const ZelNumberChange &change) const;
 
     /// Why a value that was not entered in the control must not be given to the model; null if nothing is against it.
     virtual QString refusalOfPasted(const QVariant &modelValue) const { return refusalOf(modelValue); }

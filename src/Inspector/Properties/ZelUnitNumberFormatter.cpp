@@ -15,12 +15,13 @@ QString ZelUnitNumberFormatter::editingStringForObjectValue(const QVariant &valu
 bool ZelUnitNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
 {
     const QString unit = m_unit.trimmed();
-    if (unit.isEmpty())
-        return ZelNumberFormatter::objectValueForString(text, value, error);
-    QString number = text.trimmed();
-    if (number.endsWith(unit))
-        number = number.chopped(unit.size()).trimmed();
-    return ZelNumberFormatter::objectValueForString(number, value, error);
+    const QString trimmed = text.trimmed();
+    const bool hasUnit = !unit.isEmpty() && trimmed.endsWith(unit);
+    const std::optional<QVariant> number = readNumber(hasUnit ? trimmed.chopped(unit.size()) : text);
+    if (!number)
+        return readExpression(text, unit, value, error);
+    *value = *number;
+    return true;
 }
 
 ZelFormatter::Range ZelUnitNumberFormatter::unitRange(const QString &text) const

@@ -159,6 +159,10 @@ void ZelBoundProperty::commit()
     const ZelRecordedWrite write(ZelUndoManager::forWidget(qobject_cast<QWidget *>(m_object)));
     ZelFirstException errors;
     errors.run([&] {
+        if (const ZelNumberChange *change = ZelNumberChange::of(value)) {
+            write.changeNumbers(m_info.observedObject, *change, m_info.observedKeyPath, m_transformer);
+            return;
+        }
         if (m_transformer)
             value = reverseTransformed(value, m_transformer, m_name.string());
         write.setValueForKeyPath(m_info.observedObject, bounded(value), m_info.observedKeyPath);

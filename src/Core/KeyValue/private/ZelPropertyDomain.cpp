@@ -110,6 +110,13 @@ double ZelPropertyDomain::bounded(double number) const
     return number < least ? least : number > greatest ? greatest : number;
 }
 
+bool ZelPropertyDomain::takesAllNumbers() const
+{
+    return std::all_of(m_types.begin(), m_types.end(), [](QMetaType type) {
+        return type.id() == QMetaType::Double || type.id() == QMetaType::QVariant;
+    });
+}
+
 bool ZelPropertyDomain::isOfTexts() const
 {
     return m_types.size() == 1 && m_types.at(0).id() == QMetaType::QString;

@@ -34,6 +34,8 @@ public:
     ZelValueConversion::Limits limits() const;
     /// The nearest number that can be stored.
     double bounded(double number) const;
+    /// Whether every finite number can be stored as it is.
+    bool takesAllNumbers() const;
     /// Whether there are properties of a known type, and all of these are texts.
     bool isOfTexts() const;
     /// The types of the properties, each once; those of any type are left out.

@@ -46,14 +46,35 @@ std::optional<ZelTypedColumn::Fold> ZelTypedColumn::fold(const Change &change)
     return fold;
 }
 
-bool ZelTypedColumn::compare(const QObject *object, const Change &change, Fold &fold)
+bool ZelTypedColumn::load(const QObject *object, Numbers &numbers)
 {
     alignas(double) std::byte memory[sizeof(Numbers)]; // enough for the largest type
     const ZelGeometryType *type = typeOf(object);
     if (!type || !read(object, memory))
         return false;
-    Numbers numbers{};
     type->load(memory, numbers);
+    return true;
+}
+
+bool ZelTypedColumn::visit(const std::function<void(const Numbers &)> &take)
+{
+    const QList<QPointer<QObject>> objects = m_controller.heldObjects();
+    Numbers numbers{};
+    for (const QPointer<QObject> &object : objects) {
+        if (!object)
+            continue;
+        if (!load(object, numbers))
+            return false;
+        take(numbers);
+    }
+    return true;
+}
+
+bool ZelTypedColumn::compare(const QObject *object, const Change &change, Fold &fold)
+{
+    Numbers numbers{};
+    if (!load(object, numbers))
+        return false;
     change(numbers);
     if (!fold.first)
         fold.first = numbers;
@@ -62,9 +83,11 @@ bool ZelTypedColumn::compare(const QObject *object, const Change &change, Fold &
     return true;
 }
 
-std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Change &change)
+std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const std::function<void(Numbers &, qsizetype place)> &change)
 {
-    Edit edit{m_controller.heldObjects(), {}, {}};
+    Edit edit{m_controller.heldObjects(), {}, {}, {}};
+    edit.places.reserve(size_t(edit.objects.size()));
+    qsizetype place = -1;
     const ZelGeometryType *&type = m_editType;
     type = nullptr;
     Numbers numbers{};
@@ -73,6 +96,7 @@ std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Change &change)
         const QObject *object = edit.objects.at(i);
         if (!object)
             continue;
+        ++place;
         if (!type && (type = typeOf(object))) {
             edit.before = ZelValueBlock(type->type, edit.objects.size());
             edit.after = ZelValueBlock(type->type, edit.objects.size());
@@ -80,12 +104,13 @@ std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Change &change)
         if (!type || typeOf(object) != type || m_accessor->isSilent() || !read(object, edit.before.data(count)))
             return std::nullopt;
         type->load(edit.before.data(count), numbers);
-        change(numbers);
+        change(numbers, place);
         type->store(numbers, edit.after.data(count));
         if (type->equal(edit.before.data(count), edit.after.data(count)))
             continue;
         if (count < i)
             edit.objects[count] = edit.objects.at(i);
+        edit.places.push_back(place);
         ++count;
     }
     if (count < edit.objects.size()) { // otherwise the list stays shared with the controller, without a copy

@@ -35,9 +35,12 @@ public:
         QList<QPointer<QObject>> objects;
         ZelValueBlock before;
         ZelValueBlock after;
+        std::vector<qsizetype> places; ///< of the objects among all selected ones
     };
     /// Answers nothing if the values are not all of one such type, or if a property does not announce its changes.
-    std::optional<Edit> edit(const Change &change);
+    std::optional<Edit> edit(const std::function<void(Numbers &, qsizetype place)> &change);
+    /// Hands each object's numbers on. False if the value of an object is not of such a type.
+    bool visit(const std::function<void(const Numbers &)> &take);
     /// Makes the new value of an object anew if the object does not have its old value any more: the setter of another
     /// object may have changed it.
     void refresh(const QObject *object, const void *before, void *after, const Change &change);
@@ -49,6 +52,7 @@ private:
     const ZelGeometryType *typeOf(const QObject *object);
     /// Reads the value of an object, which must be the one that was asked last for its type.
     bool read(const QObject *object, void *value) const { return m_accessor->readTyped(object, value); }
+    bool load(const QObject *object, Numbers &numbers);
     bool compare(const QObject *object, const Change &change, Fold &fold);
 
     const ZelObjectController &m_controller;

@@ -5,66 +5,16 @@
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/KeyValue/private/ZelClassAccessors.h"
-#include "Core/Selection/private/ZelSelectionProxy.h"
+#include "Core/Selection/ZelObjectController.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelOwnNumbers.h"
+#include "Core/Undo/private/ZelWriteTarget.h"
 #include "Core/Values/ZelValues.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
-
-/// Where a write at a path really stores: some objects, the path below them, and their values before.
-struct Target
-{
-    QList<QPointer<QObject>> objects;
-    ZelKeyPath path;
-    QVariantList oldValues;
-
-    /// Takes the values of the living objects that have the path; the others leave the list.
-    void readOldValues()
-    {
-        ZelClassAccessors accessors(path);
-        oldValues.reserve(objects.size());
-        objects.removeIf([&](const QPointer<QObject> &object) {
-            const std::optional<QVariant> value = object ? accessors.read(object) : std::nullopt;
-            if (value)
-                oldValues.append(*value);
-            return !value;
-        });
-    }
-};
-
-/// Finds the targets of a write. Where the path goes on below a selection, each selected object leads to a target of
-/// its own. An absent object on the way is no target, since nothing is stored behind it.
-void resolve(QObject *root, const ZelKeyPath &path, std::vector<Target> &targets)
-{
-    QObject *object = root;
-    ZelKeyPath rest = path;
-    while (object) {
-        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
-            if (rest.isSingleKey()) {
-                targets.push_back({proxy->objects(), rest, {}});
-                return;
-            }
-            for (const QPointer<QObject> &selected : proxy->objects())
-                resolve(selected, rest, targets);
-            return;
-        }
-        if (rest.isSingleKey() || !ZelHasKey(object, rest.first()))
-            break;
-        const QVariant value = ZelValueForKey(object, rest.first());
-        if (ZelIsNull(value))
-            return;
-        QObject *next = ZelObject(value);
-        if (!next)
-            break; // what is left leads into a value
-        object = next;
-        rest = rest.rest();
-    }
-    if (object)
-        targets.push_back({{object}, rest, {}});
-}
 
 /// Whether a living object has another value now. As a rule the first one has.
 bool hasChanged(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &oldValues)
@@ -111,11 +61,15 @@ void record(ZelUndoManager *manager, const QList<QPointer<QObject>> &objects, co
 
 void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const
 {
+    if (const ZelNumberChange *change = ZelNumberChange::of(value)) {
+        changeNumbers(root, *change, path);
+        return;
+    }
     const QPointer<ZelUndoManager> manager(m_manager);
-    std::vector<Target> targets;
+    std::vector<ZelWriteTarget> targets;
     if (manager && manager->recordsEdits()) {
-        resolve(root, path, targets);
-        for (Target &target : targets)
+        targets = ZelWriteTarget::resolve(root, path);
+        for (ZelWriteTarget &target : targets)
             target.readOldValues();
     }
     ZelFirstException errors;
@@ -123,7 +77,7 @@ void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, 
     const bool hasThrown = errors.hasOccurred();
     errors.run([&] {
         const ZelUndoGrouping grouping(manager); // one step, however many targets
-        for (const Target &target : targets) {
+        for (const ZelWriteTarget &target : targets) {
             if (manager)
                 record(manager, target.objects, target.path, target.oldValues,
                        QVariantList(target.oldValues.size(), value), hasThrown);
@@ -131,6 +85,15 @@ void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, 
     });
     errors.run([] { ZelRereadSilentProperties(); });
     errors.rethrow();
+}
+
+void ZelRecordedWrite::changeNumbers(QObject *root, const ZelNumberChange &change, const ZelKeyPath &path,
+                                     const ZelValueTransformerPtr &transformer) const
+{
+    const QPointer<ZelUndoManager> manager(m_manager);
+    const ZelUndoGrouping grouping(manager); // one step, however many targets
+    ZelOwnNumbers numbers(root, path, transformer);
+    ZelObjectController::batchChanges([&] { numbers.write(change, *this); });
 }
 
 void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const
@@ -185,7 +148,8 @@ void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelVal
     ZelFirstException errors;
     errors.run([&] {
         newValues.write(objects, path, [&](const QObject *object, qsizetype i) {
-            refresh(object, oldValues.data(i), newValues.data(i));
+            if (refresh)
+                refresh(object, i, oldValues.data(i), newValues.data(i));
         });
     });
     const bool hasThrown = errors.hasOccurred();

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "Core/KeyValue/ZelKeyPath.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/Values/ZelNumberChange.h"
 
 #include <QObject>
 #include <QPointer>
@@ -27,9 +29,15 @@ public:
     {
     }
 
-    /// Stores the value at the path. If the path runs through a controller's selection, each selected object's own old
-    /// value is recorded.
+    /// Stores the value at the path; a ZelNumberChange as changeNumbers does. If the path runs through a controller's
+    /// selection, each selected object's own old value is recorded.
     void setValueForKeyPath(QObject *root, const QVariant &value, const ZelKeyPath &path) const;
+
+    /// Replaces the number of each object at the path, as the transformer, which may be null, shows it, by the one that
+    /// the change makes of it. An object for which that is not finite keeps its value; a number that the property
+    /// cannot hold is replaced by the nearest one that it can.
+    void changeNumbers(QObject *root, const ZelNumberChange &change, const ZelKeyPath &path,
+                       const ZelValueTransformerPtr &transformer = {}) const;
 
     /// Answers the new value for an object's present one; nothing leaves the object as it is.
     using Map = std::function<std::optional<QVariant>(const QVariant &)>;
@@ -37,12 +45,13 @@ public:
     /// may have changed that one. The path must be a single key to be stored at.
     void mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const;
 
-    /// Called right before an object is written. If the object has another value than the old one by now, it makes the
-    /// new value anew.
-    using Refresh = std::function<void(const QObject *, const void *oldValue, void *newValue)>;
-    /// Stores a value of its own in each object; the caller knows the old ones.
+    /// Called right before an object, the one of that index, is written. If the object has another value than the old
+    /// one by now, it makes the new value anew.
+    using Refresh = std::function<void(const QObject *, qsizetype index, const void *oldValue, void *newValue)>;
+    /// Stores a value of its own in each object; the caller knows the old ones. Values that are not of one type cannot
+    /// be made anew.
     void setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues, ZelValueBlock newValues,
-                   const ZelKeyPath &path, const Refresh &refresh) const;
+                   const ZelKeyPath &path, const Refresh &refresh = {}) const;
 
 private:
     ZelUndoManager *m_manager;

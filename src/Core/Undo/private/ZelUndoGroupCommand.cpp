@@ -5,6 +5,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Selection/ZelObjectController.h"
+#include "Core/Undo/ZelUndoBurst.h"
 
 #include <algorithm>
 
@@ -38,6 +39,7 @@ ZelUndoGroupCommand::Running *ZelUndoGroupCommand::Running::s_innermost = nullpt
 
 ZelUndoGroupCommand::ZelUndoGroupCommand(QUndoStack *stack)
     : m_stack(stack)
+    , m_burst(ZelUndoBurst::current())
 {
     static quint64 lastNumber = 0;
     m_number = ++lastNumber;
@@ -131,6 +133,18 @@ void ZelUndoGroupCommand::redo()
 {
     if (!std::exchange(m_isDone, true)) // QUndoStack::push calls this, when everything is done already
         run(false);
+}
+
+/// The stack deletes the later command right after it was taken in here, so its steps can be moved.
+bool ZelUndoGroupCommand::mergeWith(const QUndoCommand *later)
+{
+    auto *group = dynamic_cast<ZelUndoGroupCommand *>(const_cast<QUndoCommand *>(later));
+    if (!group || group->m_burst != m_burst)
+        return false;
+    for (Step &step : group->m_steps)
+        append(std::move(step));
+    m_number = group->m_number; // the latest edit, which may yet be named
+    return true;
 }
 
 void ZelUndoGroupCommand::run(bool undoes)

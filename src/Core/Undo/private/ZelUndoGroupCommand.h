@@ -30,6 +30,9 @@ public:
 
     void undo() override;
     void redo() override;
+    /// A stack joins neighbours of one burst.
+    int id() const override { return m_burst == 0 ? -1 : 1; }
+    bool mergeWith(const QUndoCommand *later) override;
 
 private:
     class Running;
@@ -65,6 +68,7 @@ private:
     QPointer<QUndoStack> m_stack;
     ZelSourcePlace m_place; // of the work that recorded the first step
     quint64 m_number;
+    quint64 m_burst; // of edits that follow each other quickly; 0 for none
     std::vector<Step> m_steps;
     std::vector<Step> m_meanwhile; // written while this runs
     bool m_isDone = true;          // false after undo

@@ -61,6 +61,7 @@ constexpr Attribute g_numberFormat[] = {
     {u"formatUnit"},
     {u"increment", Kind::Increment},
     {u"incrementKeyPath", Kind::KeyPath},
+    {u"expressions", Kind::Boolean},
 };
 constexpr Attribute g_number[] = {
     {u"minimum", Kind::Number},

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/Selection/ZelValueBlock.h"
+#include "Core/Undo/private/ZelWriteTarget.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/Values/ZelNumberChange.h"
+
+#include <vector>
+
+class ZelNumbersInterface;
+class ZelRecordedWrite;
+
+/// The numbers that the objects behind a key path have, as a transformer shows them, in the order of the selection:
+/// what a change starts from. They are read for one event and not kept.
+class ZelOwnNumbers
+{
+public:
+    /// The transformer may be null.
+    ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelValueTransformerPtr &transformer);
+
+    /// NaN for an object without a number.
+    const std::vector<double> &numbers() const { return m_numbers; }
+    /// Stores the changed numbers; see ZelRecordedWrite::changeNumbers.
+    void write(const ZelNumberChange &change, const ZelRecordedWrite &write);
+
+private:
+    /// Doubles are read and written through memory, which costs a fraction of doing so as variants.
+    struct Part
+    {
+        ZelWriteTarget target;
+        ZelValueBlock doubles; ///< the old values if all are doubles
+        bool isOfDoubles = false;
+    };
+
+    void addPart(ZelWriteTarget &&target);
+    bool readDoubles(Part &part);
+    void readValues(Part &part);
+    void writeDoubles(Part &part, qsizetype first, const ZelNumberChange &change, const ZelRecordedWrite &write) const;
+    void writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,
+                     const ZelRecordedWrite &write) const;
+
+    QPointer<QObject> m_root;
+    ZelKeyPath m_path;
+    ZelValueTransformerPtr m_transformer;
+    std::vector<Part> m_parts;
+    QPointer<QObject> m_owner; ///< the object that stands for all others, if there is one
+    ZelNumbersInterface *m_interface = nullptr;
+    std::vector<double> m_numbers;
+};

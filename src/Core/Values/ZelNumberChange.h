@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Core/ZelExport.h"
+
+#include <QMetaType>
+#include <QVariant>
+#include <functional>
+#include <memory>
+
+/// A number that depends on the one that it replaces, so that each of several objects gets its own: twice what it had,
+/// or 10 more.
+///
+/// A control reports it as its value where it cannot report one number. What stores a control's value in the model, a
+/// binding or ZelInspectorProperty::setReflectedValue, then makes each object's new number from its own one.
+class ZEL_EXPORT ZelNumberChange
+{
+public:
+    /// Answers the new number for an object's own one, which is NaN for an object without a number; `index` is the
+    /// object's place among `count` selected objects, from 0. An object for which the answer is not finite keeps what
+    /// it has.
+    using Function = std::function<double(double own, qsizetype index, qsizetype count)>;
+
+    ZelNumberChange() = default; ///< null: it has no numbers
+    /// `usesPlace` tells whether the answers depend on the index or the count.
+    explicit ZelNumberChange(Function function, bool usesPlace = false)
+        : m_function(std::make_shared<const Function>(std::move(function)))
+        , m_usesPlace(usesPlace)
+    {
+    }
+
+    bool usesPlace() const { return m_usesPlace; }
+    double number(double own, qsizetype index = 0, qsizetype count = 1) const;
+
+    /// The change that a value is; null if it is none.
+    static const ZelNumberChange *of(const QVariant &value);
+    /// A value as a number. NaN for an absent value and any other that is no number, and for an integer that a double
+    /// cannot hold exactly.
+    static double ownNumber(const QVariant &value);
+
+    /// Whether they are copies of one change.
+    friend bool operator==(const ZelNumberChange &a, const ZelNumberChange &b) { return a.m_function == b.m_function; }
+
+private:
+    std::shared_ptr<const Function> m_function;
+    bool m_usesPlace = false;
+};
+Q_DECLARE_METATYPE(ZelNumberChange)
