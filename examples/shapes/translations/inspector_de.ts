@@ -951,6 +951,56 @@
     <message>
         <source>Yes</source>
         <translation>Ja</translation>
+        <source>This is not a number.</source>
+        <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The result is not a number.</source>
+        <translation>Das Ergebnis ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1 This concerns %2 of %3 objects.</source>
+        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
+    </message>
+    <message>
+        <source>The calculation is not complete</source>
+        <translation>Die Rechnung ist nicht vollständig</translation>
+    </message>
+    <message>
+        <source>A parenthesis is not closed</source>
+        <translation>Eine Klammer ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>An operator is missing between two numbers</source>
+        <translation>Zwischen zwei Zahlen fehlt ein Rechenzeichen</translation>
+    </message>
+    <message>
+        <source>“%1” is not known</source>
+        <translation>„%1“ ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>“%1” is not expected</source>
+        <translation>„%1“ passt hier nicht</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be converted here</source>
+        <translation>„%1“ lässt sich hier nicht umrechnen</translation>
+    </message>
+    <message>
+        <source>%1 (character %2)</source>
+        <translation>%1 (Zeichen %2)</translation>
+    </message>
+    <message>
+        <source>This is not the number of arguments of the function</source>
+        <translation>So viele Werte nimmt die Funktion nicht</translation>
+    </message>
+    <message>
+        <source>The number must be between %1 and %2.</source>
+        <translation>Die Zahl muss zwischen %1 und %2 liegen.</translation>
+    </message>
+    <message>
+        <source>The number must be a whole number.</source>
+        <translation>Es muss eine ganze Zahl sein.</translation>
     </message>
 </context>
 </TS>

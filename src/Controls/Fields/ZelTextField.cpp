@@ -177,6 +177,17 @@ void ZelTextField::setMaxValue(double value)
     steps().range.maximum = value;
 }
 
+void ZelTextField::setStepTransformer(const ZelValueTransformerPtr &transformer)
+{
+    if (transformer || m_steps)
+        steps().transformer = transformer;
+}
+
+std::function<double(double, double)> ZelTextField::stepFunction() const
+{
+    return m_steps ? m_steps->function() : ZelFieldSteps().function();
+}
+
 bool ZelTextField::canStep() const
 {
     const double increment = this->increment();
@@ -188,7 +199,7 @@ void ZelTextField::stepBy(double steps)
     const QPointer<ZelTextField> guard(this);
     if (!canStep() || !commitEditing() || !guard)
         return;
-    enterValue(m_steps->range.steppedValue(objectValue(), steps * increment()));
+    enterValue(m_steps->steppedValue(objectValue(), steps));
     if (guard && hasFocus())
         selectAll();
 }

@@ -3,9 +3,11 @@
 
 #include "Controls/Fields/ZelEditSession.h"
 #include "Core/RunLoop/ZelGuarded.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/ZelExport.h"
 
 #include <QLineEdit>
+#include <functional>
 #include <memory>
 
 struct ZelFieldSteps;
@@ -57,6 +59,11 @@ public:
     void setMinValue(double value);
     double maxValue() const;
     void setMaxValue(double value);
+    /// Increment and limits count in the model's unit where the field shows another: in what this transformer, which
+    /// must be reversible, makes the shown numbers of. Null by default.
+    void setStepTransformer(const ZelValueTransformerPtr &transformer);
+    /// What steps a shown number by so many increments. It may be used after the field is gone.
+    std::function<double(double number, double steps)> stepFunction() const;
     /// Takes what is being typed, then steps by so many increments as a user does, and reports it.
     void stepBy(double steps);
 

@@ -1,13 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/private/ZelFieldSteps.h"
 
+#include "Core/Values/ZelNumberChange.h"
+#include "Core/Values/ZelValues.h"
+
 #include <QKeyEvent>
+#include <cmath>
 #include <limits>
 
 ZelFieldSteps::ZelFieldSteps()
 {
     range.maximum = std::numeric_limits<double>::max();
     range.minimum = -range.maximum;
+}
+
+std::function<double(double, double)> ZelFieldSteps::function() const
+{
+    return [range = range, increment = increment, transformer = transformer](double number, double count) {
+        if (!transformer)
+            return range.stepped(number, count * increment);
+        const double model = ZelValueRange::number(transformer->reverseTransformedValue(number));
+        const QVariant shown = transformer->transformedValue(range.stepped(model, count * increment));
+        return ZelFieldSteps().range.stepped(ZelValueRange::number(shown), 0); // without the noise of the transformer
+    };
+}
+
+QVariant ZelFieldSteps::steppedValue(const QVariant &value, double count) const
+{
+    const auto next = [step = function(), count](double own) { return step(std::isnan(own) ? 0 : own, count); };
+    if (!ZelIsMarker(value, ZelMultipleValuesMarker) && !ZelNumberChange::of(value))
+        return next(ZelValueRange::number(value));
+    return QVariant::fromValue(ZelNumberChange([next](double own, qsizetype, qsizetype) { return next(own); }));
 }
 
 double ZelFieldSteps::factorFor(Qt::KeyboardModifiers modifiers)

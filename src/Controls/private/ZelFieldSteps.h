@@ -3,6 +3,9 @@
 
 #include "Controls/Ranges/ZelValueRange.h"
 #include "Core/Undo/ZelUndoBurst.h"
+#include "Core/Values/ZelAbstractValueTransformer.h"
+
+#include <functional>
 
 class QKeyEvent;
 
@@ -11,10 +14,16 @@ struct ZelFieldSteps
 {
     ZelValueRange range;
     double increment = 0;
+    ZelValueTransformerPtr transformer; // increment and limits count in what it makes the shown numbers of
     int wheelAngle = 0;
     ZelUndoBurst burst;
 
     ZelFieldSteps();
+
+    /// Steps a number by so many increments.
+    std::function<double(double number, double count)> function() const;
+    /// Steps a field's value: one number, none, or several, each from its own.
+    QVariant steppedValue(const QVariant &value, double count) const;
 
     /// The number of increments by which a key steps, and 0 for any other key: one for Up and Down, ten for Page Up and
     /// Page Down; Shift makes them ten times as many, Alt a tenth.

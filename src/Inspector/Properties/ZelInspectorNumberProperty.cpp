@@ -197,6 +197,7 @@ void ZelInspectorNumberProperty::bindLimits()
         m_textField->setMinValue(minimum.value_or(-g_largest));
         m_textField->setMaxValue(maximum.value_or(g_largest));
         m_textField->setIncrement(increment.value_or(1));
+        m_textField->setStepTransformer(valueTransformer());
     }
     if (m_stepper) {
         m_stepper->setMinValue(minimum.value_or(-g_largest));

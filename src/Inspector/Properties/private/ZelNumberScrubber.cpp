@@ -216,13 +216,11 @@ void ZelNumberScrubber::change()
 void ZelNumberScrubber::enter(const std::shared_ptr<const std::vector<double>> &originals, double steps) const
 {
     ZelTextField *field = this->field();
-    const ZelValueRange range{field->minValue(), field->maxValue()};
-    const double distance = steps * field->increment();
-    const auto number = [originals, range, distance](double own, qsizetype index, qsizetype count) {
+    const auto number = [originals, step = field->stepFunction(), steps](double own, qsizetype index, qsizetype count) {
         if (count != qsizetype(originals->size()))
             return own; // other objects are selected by now
         const double original = (*originals)[size_t(index)];
-        return distance == 0 || std::isnan(original) ? original : range.stepped(original, distance);
+        return steps == 0 || std::isnan(original) ? original : step(original, steps);
     };
     field->enterValue(QVariant::fromValue(ZelNumberChange(number, true)));
 }
