@@ -212,106 +212,105 @@ private Q_SLOTS:
         ZelTextField *percent = window.editor<ZelInspectorNumberProperty>("note")->textField();
         const auto note = [&](int i) { return std::round(window.value(i, "note").toDouble() * 1e9) / 1e9; };
         const auto notes = [&] { return Numbers{note(0), note(2)}; };
-    };
-    Sheet::click(percent);
-    Sheet::press(Qt::Key_Up);
-    QCOMPARE(notes(), (Numbers{0.55, 1}));
-    Sheet::enter(percent, "x-10+i");
-    QCOMPARE(notes(), (Numbers{0.45, 0.92}));
-    window.pressTitle(window.rowLabel("note"));
-    window.drag(-40);
-    window.release();
-    QCOMPARE(notes(), (Numbers{0, 0.42}));
-    window.select({0});
-    Sheet::click(percent);
-    Sheet::press(Qt::Key_Up);
-    QCOMPARE(window.shown("note"), "5");
-}
+        Sheet::click(percent);
+        Sheet::press(Qt::Key_Up);
+        QCOMPARE(notes(), (Numbers{0.55, 1}));
+        Sheet::enter(percent, "x-10+i");
+        QCOMPARE(notes(), (Numbers{0.45, 0.92}));
+        window.pressTitle(window.rowLabel("note"));
+        window.drag(-40);
+        window.release();
+        QCOMPARE(notes(), (Numbers{0, 0.42}));
+        window.select({0});
+        Sheet::click(percent);
+        Sheet::press(Qt::Key_Up);
+        QCOMPARE(window.shown("note"), "5");
+    }
 
     void arrowsStepEachObjectInOneStep()
-{
-    NumberWindow window;
-    QVERIFY(!(window.stepper->focusPolicy() & Qt::TabFocus));
-    Sheet::click(window.stepper, {5, 4});
-    QCOMPARE(window.heights(), (Numbers{12, 22, 32}));
-    window.wheel(window.stepper, -3);
-    window.wheel(window.stepper, -1);
-    QCOMPARE(window.heights(), (Numbers{4, 14, 24}));
-    QCOMPARE(window.stack.count(), 2);
-    window.undo();
-    window.undo();
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
-}
+    {
+        NumberWindow window;
+        QVERIFY(!(window.stepper->focusPolicy() & Qt::TabFocus));
+        Sheet::click(window.stepper, {5, 4});
+        QCOMPARE(window.heights(), (Numbers{12, 22, 32}));
+        window.wheel(window.stepper, -3);
+        window.wheel(window.stepper, -1);
+        QCOMPARE(window.heights(), (Numbers{4, 14, 24}));
+        QCOMPARE(window.stack.count(), 2);
+        window.undo();
+        window.undo();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+    }
 
-void titlesAreDragged()
-{
-    NumberWindow window;
-    QWidget *label = window.rowLabel("height");
-    window.pressTitle(label);
-    window.drag(40);
-    QCOMPARE(window.heights(), (Numbers{30, 40, 50})); // live
-    window.drag(200);
-    window.drag(0);
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30})); // from the values at the press, whatever the limits did
-    window.drag(-20);
-    window.release();
-    QCOMPARE(window.heights(), (Numbers{0, 10, 20}));
-    QCOMPARE(window.stack.count(), 1);
-    QCOMPARE(window.stack.undoText(), "Change height");
-    window.undo();
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+    void titlesAreDragged()
+    {
+        NumberWindow window;
+        QWidget *label = window.rowLabel("height");
+        window.pressTitle(label);
+        window.drag(40);
+        QCOMPARE(window.heights(), (Numbers{30, 40, 50})); // live
+        window.drag(200);
+        window.drag(0);
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30})); // from the values at the press, whatever the limits did
+        window.drag(-20);
+        window.release();
+        QCOMPARE(window.heights(), (Numbers{0, 10, 20}));
+        QCOMPARE(window.stack.count(), 1);
+        QCOMPARE(window.stack.undoText(), "Change height");
+        window.undo();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
 
-    window.pressTitle(label);
-    window.drag(40);
-    Sheet::press(Qt::Key_Escape);
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
-    window.drag(80);
-    window.release();
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
-    QVERIFY(!window.stack.canUndo());
+        window.pressTitle(label);
+        window.drag(40);
+        Sheet::press(Qt::Key_Escape);
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+        window.drag(80);
+        window.release();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+        QVERIFY(!window.stack.canUndo());
 
-    Sheet::click(window.part("size", 0));
-    Sheet::click(label);
-    QVERIFY(window.field->hasFocus());
-    window.selectObjects({});
-    window.pressTitle(label); // nothing is selected
-    window.drag(40);
-    window.release();
-    QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
-}
+        Sheet::click(window.part("size", 0));
+        Sheet::click(label);
+        QVERIFY(window.field->hasFocus());
+        window.selectObjects({});
+        window.pressTitle(label); // nothing is selected
+        window.drag(40);
+        window.release();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+    }
 
-void neighboursAreDraggedTogether()
-{
-    NumberWindow window;
-    QWidget *width = window.title("size", 0);
-    QWidget *height = window.title("size", 1);
-    window.pressTitle(width);
-    const QPoint next = height->mapTo(&window, height->rect().center());
-    window.moveTo(next);
-    QVERIFY(height->font().underline());
-    window.moveTo(next + QPoint(20, 0));
-    window.release();
-    QCOMPARE(window.value(0, "size").toSizeF(), QSizeF(15, 45));
-    QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(17, 45));
-    QVERIFY(!height->font().underline());
-    QCOMPARE(window.stack.count(), 1);
-    window.undo();
-    QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(12, 40));
-}
+    void neighboursAreDraggedTogether()
+    {
+        NumberWindow window;
+        QWidget *width = window.title("size", 0);
+        QWidget *height = window.title("size", 1);
+        window.pressTitle(width);
+        const QPoint next = height->mapTo(&window, height->rect().center());
+        window.moveTo(next);
+        QVERIFY(height->font().underline());
+        window.moveTo(next + QPoint(20, 0));
+        window.release();
+        QCOMPARE(window.value(0, "size").toSizeF(), QSizeF(15, 45));
+        QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(17, 45));
+        QVERIFY(!height->font().underline());
+        QCOMPARE(window.stack.count(), 1);
+        window.undo();
+        QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(12, 40));
+    }
 
-void theTitleMayDieInTheMiddle()
-{
-    NumberWindow window;
-    QWidget *label = window.rowLabel("height");
-    QObject::connect(window.figures[1].get(), &Person::heightChanged, label, [&window] { window.inspector.reset(); });
-    window.pressTitle(label);
-    window.drag(40);
-    QVERIFY(!window.inspector);
-    QCOMPARE(window.heights(), (Numbers{10 + 2 * 2, 20 + 2 * 2, 30 + 2 * 2}));
-    window.release();
-}
-}
-;
+    void theTitleMayDieInTheMiddle()
+    {
+        NumberWindow window;
+        QWidget *label = window.rowLabel("height");
+        QObject::connect(window.figures[1].get(), &Person::heightChanged, label,
+                         [&window] { window.inspector.reset(); });
+        window.pressTitle(label);
+        window.drag(40);
+        QVERIFY(!window.inspector);
+        QCOMPARE(window.heights(), (Numbers{10 + 2 * 2, 20 + 2 * 2, 30 + 2 * 2}));
+        window.release();
+    }
+};
 
 QTEST_MAIN(tst_Numbers)
 #include "tst_Numbers.moc"
