@@ -190,15 +190,15 @@ QRect ZelLabel::drawMarked(QPainter &painter, const QRect &area, const QString &
 void ZelLabel::paintDot(QPainter *painter, const QRect &textRect) const
 {
     const QFontMetricsF metrics(font());
+    const double size = std::min<double>(g_dotSize, width()); // the margin of a row without labels is narrower
     const double gap = m_text.isEmpty() ? 0 : g_dotGap;
     const double left =
-        layoutDirection() == Qt::RightToLeft ? textRect.right() + 1 + gap : textRect.left() - gap - g_dotSize;
+        layoutDirection() == Qt::RightToLeft ? textRect.right() + 1 + gap : textRect.left() - gap - size;
     const double middle = textRect.top() + metrics.ascent() - metrics.xHeight() / 2;
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(ZelThemeColor::legible(palette().color(QPalette::Highlight), palette()));
-    painter->drawEllipse(QRectF(std::clamp(left, 0.0, std::max(0.0, width() - g_dotSize)), middle - g_dotSize / 2,
-                                g_dotSize, g_dotSize));
+    painter->drawEllipse(QRectF(std::clamp(left, 0.0, width() - size), middle - size / 2, size, size));
 }
 
 void ZelLabel::paintFocus(QPainter *painter, const QRect &textRect) const
@@ -207,5 +207,6 @@ void ZelLabel::paintFocus(QPainter *painter, const QRect &textRect) const
     option.initFrom(this);
     option.rect = textRect.adjusted(-1, 0, 1, 0) & rect();
     option.backgroundColor = palette().color(QPalette::Window);
+    option.state |= QStyle::State_KeyboardFocusChange; // some styles draw nothing after a click, but here keys matter
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, painter, this);
 }

@@ -406,6 +406,27 @@ private Q_SLOTS:
         QCOMPARE(sheet.stack.count(), value.isValid() ? 1 : 0);
     }
 
+    /// A default is a value of the model; a text is what the field shows.
+    void usesTransformers()
+    {
+        Rows sheet(Rows::row("height", "number",
+                             "valueTransformer='ZelPercentValueTransformerName' formatUnit=' %' defaultValue='0.5'"));
+        sheet.select({0, 1});
+        QVERIFY(sheet.isMarked("height"));
+        QVERIFY(sheet.chooseFor("height", "Reset height"));
+        QCOMPARE(sheet.value(1, "height"), 0.5);
+        QVERIFY(!sheet.isMarked("height"));
+        QVERIFY(sheet.chooseFor("height", "Copy"));
+        QCOMPARE(QApplication::clipboard()->text(), "50 %");
+        sheet.set(0, "height", 3);
+        sheet.set(1, "height", 4);
+        QVERIFY(sheet.chooseFor("height", "Paste"));
+        QCOMPARE(sheet.value(1, "height"), 0.5);
+        QApplication::clipboard()->setText("25 %");
+        QVERIFY(sheet.chooseFor("height", "Paste"));
+        QCOMPARE(sheet.value(0, "height"), 0.25);
+    }
+
     /// Several numbers go to the field with the focus and those behind it, if they replace all of its text.
     void pastesNumbersByKey()
     {

@@ -51,8 +51,8 @@ class Shape : public QObject
 
     Q_PROPERTY(QVariant cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
     Q_PROPERTY(int points READ points WRITE setPoints NOTIFY pointsChanged)
-    Q_PROPERTY(double innerRadius READ innerRadius WRITE setInnerRadius RESET resetInnerRadius NOTIFY
-                   innerRadiusChanged)
+    Q_PROPERTY(
+        double innerRadius READ innerRadius WRITE setInnerRadius RESET resetInnerRadius NOTIFY innerRadiusChanged)
     Q_PROPERTY(int sides READ sides WRITE setSides NOTIFY sidesChanged)
 
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)

@@ -24,7 +24,8 @@ public:
     /// Answers false if the property cannot be written or the value does not fit.
     virtual bool write(QObject *object, const QVariant &value) const = 0;
     virtual bool isWritable() const { return true; }
-    /// Whether an absent value that is written makes the object bring back the property's default (RESET of Q_PROPERTY).
+    /// Whether an absent value that is written makes the object bring back the property's default (RESET of
+    /// Q_PROPERTY).
     virtual bool isResettable() const { return false; }
 
     /// The type of the values; invalid if they may be of any type.

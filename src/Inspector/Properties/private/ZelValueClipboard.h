@@ -13,7 +13,8 @@ class QMimeData;
 /// The type is application/x-zel-values. Its data is a JSON object of key paths, each with an object of "type" and
 /// "value". Numbers are written as texts, since JSON knows neither all integers of 64 bits nor NaN. Points, sizes and
 /// rectangles, colours of every space, fonts, dates with their time zone, lists and rich texts come back as they were.
-/// A value of an enumeration that a program does not know comes back as its number. Objects and pictures cannot be held.
+/// A value of an enumeration that a program does not know comes back as its number. Objects and pictures cannot be
+/// held.
 class ZelValueClipboard
 {
 public:
