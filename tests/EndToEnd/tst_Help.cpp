@@ -70,7 +70,9 @@ private Q_SLOTS:
             Sheet::row("address", "string") +
             "<chooser title='Chooser' keyPath='people.selection.byte'>"
             "<choice title='Choice' value='7' toolTip='choice tip' whatsThis='choice'><sliver title='Below'>"
-            "<property type='string' keyPath='people.selection.name'/></sliver></choice></chooser></section></slice></inspector></pane></panes>");
+            "<property type='string' "
+            "keyPath='people.selection.name'/></sliver></choice></chooser></section></slice></inspector></pane></"
+            "panes>");
         sheet.select({0});
         const auto rowOf = [&](const QString &key) {
             return qobject_cast<ZelInspectorSliver *>(sheet.editor<ZelInspectorProperty>(key)->parent());

@@ -5,6 +5,7 @@
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
@@ -14,12 +15,14 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Resources/ZelColor.h"
 #include "Resources/ZelLocalizedString.h"
+#include "Text/ZelFontManager.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelScrollView.h"
 
 #include <QStyle>
 
 #include <array>
+#include <cmath>
 
 using String = ZelAttributedString;
 using Property = ZelInspectorAttributedStringProperty;
@@ -36,6 +39,11 @@ public:
 
 protected:
     ZelUndoManager *undoManager() const override { return nullptr; }
+    void changeFontSizes(const ZelNumberChange &change) override
+    {
+        if (auto *text = qobject_cast<ZelInspectorAttributedStringProperty *>(owner()))
+            text->changeFontSizes(change);
+    }
 };
 
 constexpr QSize g_popoverSize(280, 430);
@@ -383,6 +391,23 @@ void ZelInspectorAttributedStringProperty::fontDidChange()
     QFont font = m_font.value<QFont>();
     font.setResolveMask(QFont::AllPropertiesResolved); // the font was shown and chosen as a whole
     setAttribute(String::Font, font);
+    commitFormat();
+}
+
+void ZelInspectorAttributedStringProperty::changeFontSizes(const ZelNumberChange &change)
+{
+    if (!m_textView)
+        return;
+    const qsizetype count = m_textView->selectedRuns().size();
+    m_textView->changeAttribute(String::Font, [&, place = qsizetype(0)](const QVariant &own) mutable {
+        QFont font = own.isValid() ? own.value<QFont>().resolve(m_textView->font()) : m_textView->font();
+        const double size = change.number(ZelFontManager::sizeOf(font), place++, count);
+        if (!(std::isfinite(size) && size > 0))
+            return own;
+        font = ZelFontManager::convertFontToSize(font, size);
+        font.setResolveMask(QFont::AllPropertiesResolved);
+        return QVariant(font);
+    });
     commitFormat();
 }
 

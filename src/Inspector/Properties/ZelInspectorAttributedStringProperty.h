@@ -107,6 +107,8 @@ public:
     void enumerateAttributesForSelection(const RunBlock &block) const;
     /// Adds the attribute to what is selected. It is written back with the edit.
     void setAttribute(const QString &name, const QVariant &value);
+    /// Gives each run of what is selected a font size made from its own. It is written back with the edit.
+    void changeFontSizes(const ZelNumberChange &change);
     /// Sets the alignment of the paragraphs that the selection touches. It is written back with the edit, too.
     void setAlignmentForSelection(uint alignment);
     /// Reads the values of the selection, and shows them.

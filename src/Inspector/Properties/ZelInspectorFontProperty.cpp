@@ -104,7 +104,6 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
         updateViewInvocation().schedule(); // the model may have stored something else
 }
 
-/// Gives each font a size made from its own.
 void ZelInspectorFontProperty::changeFontSizes(const ZelNumberChange &change)
 {
     const bool isSelection = keyPathHasControllerSelectionPrefix(keyPath());

@@ -98,6 +98,8 @@ Q_SIGNALS:
 protected:
     QMetaType valueType() const override { return QMetaType::fromType<QFont>(); }
     bool contains(const QWidget *control) const override;
+    /// Gives each object's font a size made from its own.
+    virtual void changeFontSizes(const ZelNumberChange &change);
 
 private:
     template<typename Part> Part *part(Part *(ZelFontPopoverView::*get)() const)
@@ -112,7 +114,6 @@ private:
     void layOut(ZelView *container);
     static QString description(const QFont &font);
     static QString selectedName(const ZelPopUpButton *button);
-    void changeFontSizes(const ZelNumberChange &change);
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;
 

@@ -70,10 +70,15 @@ QList<ZelInspectorTextView::Run> ZelInspectorTextView::selectedRuns() const
 
 void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &value)
 {
+    changeAttribute(name, [&value](const QVariant &) { return value; });
+}
+
+void ZelInspectorTextView::changeAttribute(const QString &name, const std::function<QVariant(const QVariant &)> &change)
+{
     QTextCursor cursor = textCursor();
     if (!cursor.hasSelection()) {
         ZelAttributedString::Attributes attributes = ZelTextDocumentCoder::attributes(currentCharFormat());
-        attributes.insert(name, value);
+        attributes.insert(name, change(attributes.value(name)));
         // A string of one character brings the attributes into the form that texts store.
         const ZelAttributedString typed(QStringLiteral("x"), attributes);
         setCurrentCharFormat(ZelTextDocumentCoder::charFormat(typed.attributesAt(0)));
@@ -81,7 +86,9 @@ void ZelInspectorTextView::setAttribute(const QString &name, const QVariant &val
     }
     const qsizetype start = cursor.selectionStart();
     ZelAttributedString string = attributedString().mid(selectedRange());
-    string.setAttribute(name, value, {0, string.length()});
+    const QList<Run> former = string.runs();
+    for (const Run &run : former)
+        string.setAttribute(name, change(run.attributes.value(name)), run.range);
     cursor.beginEditBlock();
     const QList<Run> runs = string.runs();
     for (const Run &run : runs) {

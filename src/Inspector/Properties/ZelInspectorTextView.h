@@ -27,6 +27,8 @@ public:
     QList<Run> selectedRuns() const;
     /// Sets an attribute of what is selected; at an insertion point, of what is typed next.
     void setAttribute(const QString &name, const QVariant &value);
+    /// Gives each run of what is selected what `change` makes of its own attribute, which may be absent.
+    void changeAttribute(const QString &name, const std::function<QVariant(const QVariant &)> &change);
     /// Calls `change` with the style of each paragraph that the selection touches, and gives the paragraph what that
     /// makes of it.
     void changeParagraphStyles(const std::function<void(ZelParagraphStyle &)> &change);
