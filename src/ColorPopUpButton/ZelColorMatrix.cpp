@@ -99,14 +99,15 @@ bool ZelColorMatrix::handleEvent(QEvent *event)
 /// Answers whether the event has begun a drag. Every other event is for the cells, too.
 bool ZelColorMatrix::followDrag(const QEvent *event)
 {
-    const auto *mouse = static_cast<const QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress: {
+        const auto *mouse = static_cast<const QMouseEvent *>(event);
         const int cell = takesInput() ? cellAt(mouse->position()) : -1;
         m_drag = cell < 0 ? nullptr : ZelColorDrag::press(this, mouse, colorAtIndex(cell));
         return false;
     }
-    case QEvent::MouseMove:
+    case QEvent::MouseMove: {
+        const auto *mouse = static_cast<const QMouseEvent *>(event);
         // Among the swatches the pointer goes on choosing.
         if (!m_drag || rect().contains(mouse->position().toPoint()) || !m_drag->begins(mouse))
             return false;
@@ -114,6 +115,7 @@ bool ZelColorMatrix::followDrag(const QEvent *event)
         endPress();
         Q_EMIT dragDidBegin();
         return true;
+    }
     default:
         if (event->type() == QEvent::MouseButtonRelease || ZelControlSupport::endsMouseGrab(event, this))
             m_drag.reset();

@@ -25,11 +25,15 @@
 #include "Support/TableRow.h"
 #include "ViewController/ZelView.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QMenu>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUndoStack>
 #include <QVBoxLayout>
+#include <QWidget>
 #include <memory>
 
 /// An application's window with an inspector of figures, built from a description or from rows of one. What the user

@@ -92,14 +92,15 @@ bool ZelScreenColorPicker::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched != m_widget)
         return ZelGuarded::filterEvent(watched, event);
-    const auto *mouse = static_cast<const QMouseEvent *>(event);
     switch (event->type()) {
-    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonRelease: {
+        const auto *mouse = static_cast<const QMouseEvent *>(event);
         if (mouse->button() == Qt::LeftButton)
             pick(mouse->globalPosition().toPoint());
         else
             end();
         return true;
+    }
     case QEvent::KeyPress:
         return handleKey(static_cast<const QKeyEvent *>(event));
     case QEvent::ShortcutOverride: // no shortcut of the window takes the key

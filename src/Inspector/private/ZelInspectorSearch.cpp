@@ -72,6 +72,7 @@ ZelInspectorSearch::ZelInspectorSearch(ZelTabbedInspector *inspector)
     ZelView *view = inspector->view();
     m_bar = new ZelSearchBar;
     QLineEdit *field = m_bar->field();
+    m_field = field;
     field->setText(inspector->searchText());
     field->installEventFilter(this);
     view->installEventFilter(this);
@@ -124,13 +125,13 @@ void ZelInspectorSearch::focusField()
 
 void ZelInspectorSearch::focusDidChange(QWidget *former, QWidget *present)
 {
-    if (!m_bar)
+    if (!m_field)
         return;
-    if (present == m_bar->field()) {
+    if (present == m_field) {
         if (former && !m_isOn)
             noteFocus(former);
         makeIndex();
-    } else if (former == m_bar->field() && !m_isOn) {
+    } else if (former == m_field && !m_isOn) {
         forgetIndex();
     }
 }

@@ -98,6 +98,7 @@ private:
 
     ZelTabbedInspector *m_inspector;
     QPointer<ZelSearchBar> m_bar;
+    QPointer<QWidget> m_field; // of the bar; known as such until its very end, when it loses the focus
     std::shared_ptr<const ZelSearchIndex> m_index;
     std::unique_ptr<QObject> m_watch; // the context of what is connected to the containers in the index
     ZelDelayedInvocation m_update{[this] { update(); }};

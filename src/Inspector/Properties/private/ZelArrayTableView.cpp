@@ -109,8 +109,8 @@ void ZelArrayTableView::followOrder(const QList<int> &order)
 
 bool ZelArrayTableView::event(QEvent *event)
 {
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (event->type() == QEvent::ShortcutOverride && movesRows(key) && canMoveRows()) {
+    const bool isKey = event->type() == QEvent::ShortcutOverride;
+    if (isKey && movesRows(static_cast<QKeyEvent *>(event)) && canMoveRows()) {
         event->accept();
         return true;
     }
