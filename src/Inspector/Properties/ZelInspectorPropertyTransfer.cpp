@@ -143,7 +143,7 @@ QMetaType ZelInspectorProperty::typeOfValue(const QVariant &stored) const
 {
     if (!ZelIsNull(stored) && !ZelIsControllerMarker(stored))
         return stored.metaType();
-    const auto &types = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).types();
+    const auto types = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).types();
     const auto known =
         std::find_if(types.begin(), types.end(), [](QMetaType type) { return type.id() != QMetaType::QVariant; });
     return known == types.end() ? (m_valueTransformer ? QMetaType() : valueType()) : *known;
