@@ -93,7 +93,7 @@ QSize ZelColorMatrix::sizeHint() const
 
 bool ZelColorMatrix::handleEvent(QEvent *event)
 {
-    return followDrag(event) || handleCellEvent(event) || QWidget::event(event);
+    return followDrag(event) || handleCellEvent(event) || ZelGuarded::handleEvent(event);
 }
 
 /// Answers whether the event has begun a drag. Every other event is for the cells, too.

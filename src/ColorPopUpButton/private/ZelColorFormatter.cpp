@@ -55,7 +55,7 @@ ZelColor ZelColorFormatter::colorOfName(const QString &name) const
     if (m_list)
         lists.prepend(m_list);
     for (const ZelColorListPtr &list : std::as_const(lists)) {
-        const ZelColor color = colorInList(name, *list);
+        ZelColor color = colorInList(name, *list);
         if (color.isValid())
             return color;
     }
