@@ -69,10 +69,7 @@ QVariant ZelValueRange::steppedValue(const QVariant &value, double increment, do
         const double number = range.stepped(own, increment);
         return wraps && !range.isEmpty() && number == own ? range.valueAt(increment > 0 ? 0 : 1) : number;
     };
-    if (!ZelIsMarker(value, ZelMultipleValuesMarker) && !ZelNumberChange::of(value))
-        return next(number(value, fallback));
-    return QVariant::fromValue(ZelNumberChange(
-        [next, fallback](double own, qsizetype, qsizetype) { return next(std::isnan(own) ? fallback : own); }));
+    return ZelNumberChange::stepped(value, next, fallback);
 }
 
 double ZelValueRange::nearestStep(double value, double increment) const

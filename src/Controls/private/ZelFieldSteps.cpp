@@ -2,10 +2,8 @@
 #include "Controls/private/ZelFieldSteps.h"
 
 #include "Core/Values/ZelNumberChange.h"
-#include "Core/Values/ZelValues.h"
 
 #include <QKeyEvent>
-#include <cmath>
 #include <limits>
 
 ZelFieldSteps::ZelFieldSteps()
@@ -27,10 +25,7 @@ std::function<double(double, double)> ZelFieldSteps::function() const
 
 QVariant ZelFieldSteps::steppedValue(const QVariant &value, double count) const
 {
-    const auto next = [step = function(), count](double own) { return step(std::isnan(own) ? 0 : own, count); };
-    if (!ZelIsMarker(value, ZelMultipleValuesMarker) && !ZelNumberChange::of(value))
-        return next(ZelValueRange::number(value));
-    return QVariant::fromValue(ZelNumberChange([next](double own, qsizetype, qsizetype) { return next(own); }));
+    return ZelNumberChange::stepped(value, [step = function(), count](double number) { return step(number, count); });
 }
 
 double ZelFieldSteps::factorFor(Qt::KeyboardModifiers modifiers)

@@ -23,6 +23,14 @@ const ZelNumberChange *ZelNumberChange::of(const QVariant &value)
                : nullptr;
 }
 
+QVariant ZelNumberChange::stepped(const QVariant &value, const std::function<double(double)> &step, double fallback)
+{
+    const auto next = [step, fallback](double own) { return step(std::isfinite(own) ? own : fallback); };
+    if (ZelIsMarker(value, ZelMultipleValuesMarker) || of(value))
+        return QVariant::fromValue(ZelNumberChange([next](double own, qsizetype, qsizetype) { return next(own); }));
+    return next(ZelIsNull(value) || ZelIsControllerMarker(value) ? fallback : value.toDouble());
+}
+
 double ZelNumberChange::ownNumber(const QVariant &value)
 {
     if (ZelIsNull(value) || ZelIsControllerMarker(value))

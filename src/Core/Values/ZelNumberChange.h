@@ -34,6 +34,9 @@ public:
 
     /// The change that a value is; null if it is none.
     static const ZelNumberChange *of(const QVariant &value);
+    /// What a user's step makes of a control's value: a number of one number; of several different values, or of a
+    /// change of them, a change of each object's own number. Where there is no number, the step starts at the fallback.
+    static QVariant stepped(const QVariant &value, const std::function<double(double)> &step, double fallback = 0);
     /// A value as a number. NaN for an absent value and any other that is no number, and for an integer that a double
     /// cannot hold exactly.
     static double ownNumber(const QVariant &value);

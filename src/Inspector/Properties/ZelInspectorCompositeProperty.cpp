@@ -272,7 +272,8 @@ void ZelInspectorCompositeProperty::changeNumbersForKey(ZelKey key, const ZelNum
     const auto index = int(m_keys.indexOf(key.string()));
     if (index < 0 || isUpdatingValues())
         return;
-    const auto count = qsizetype(numbersForKey(key).size());
+    const ZelObjectController *controller = plainSelection().controller;
+    const auto count = controller ? controller->selectedCount() : qsizetype(numbersForKey(key).size());
     const QPointer<ZelInspectorCompositeProperty> alive(this);
     writeComponent(index, [&, this](Numbers numbers, qsizetype place) -> std::optional<double> {
         makeComponents(numbers);

@@ -225,10 +225,16 @@ void ZelNumberScrubber::enter(const std::shared_ptr<const std::vector<double>> &
     field->enterValue(QVariant::fromValue(ZelNumberChange(number, true)));
 }
 
-void ZelNumberScrubber::showScrubbed(bool scrubbed) const
+/// Afterwards the title has the font back that it was given, or none of its own, and follows its parent's again.
+void ZelNumberScrubber::showScrubbed(bool scrubbed)
 {
-    QFont font = title()->font();
-    font.setUnderline(scrubbed);
+    if (!scrubbed) {
+        title()->setFont(m_titleFont);
+        return;
+    }
+    m_titleFont = title()->testAttribute(Qt::WA_SetFont) ? title()->font() : QFont();
+    QFont font = m_titleFont;
+    font.setUnderline(true);
     title()->setFont(font);
 }
 

@@ -5,6 +5,7 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QFont>
 #include <QPoint>
 #include <QPointer>
 #include <memory>
@@ -55,7 +56,7 @@ private:
     void requestChange();
     void change();
     void enter(const std::shared_ptr<const std::vector<double>> &originals, double steps) const;
-    void showScrubbed(bool scrubbed) const;
+    void showScrubbed(bool scrubbed);
     void cancel();
     void end();
 
@@ -67,6 +68,7 @@ private:
     double m_pixels = 0; // moved since the last step
     double m_steps = 0;  // since the press
     bool m_isChanged = false;
+    QFont m_titleFont; // before the drag
     QBasicTimer m_frame;
     std::vector<Number> m_numbers; // while dragging
     std::unique_ptr<ZelPressGrouping> m_grouping;
