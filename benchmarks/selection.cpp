@@ -4,7 +4,12 @@
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Selection/ZelArrayController.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
+
+#include <algorithm>
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -86,3 +91,40 @@ static void selectionWrite()
     }
 }
 ZEL_BENCHMARK(selectionWrite)
+
+/// The different values of a selection, counted for a tool tip, against a sort of the values, which a program by hand
+/// reads with the getter itself.
+static void selectionSummary()
+{
+    constexpr int count = 100'000;
+    Document document(count);
+    for (const int different : {10, count}) {
+        std::mt19937 random(1);
+        for (QObject *shape : std::as_const(document.shapes))
+            shape->setProperty("width", double(random() % uint(different)) / 8);
+        std::vector<double> values;
+        const auto sortValues = [&] {
+            values.clear();
+            values.reserve(count);
+            for (const QObject *shape : std::as_const(document.shapes))
+                values.push_back(static_cast<const PlainShape *>(shape)->width());
+            std::sort(values.begin(), values.end());
+            Bench::keep(values.front());
+        };
+        const auto summarize = [&] {
+            return ZelValueSummary::ofKeyPath(document.controller.heldObjects(), ZelKeyPath("width"));
+        };
+        sortValues();
+        Bench::expect(summarize().differentCount() == std::unique(values.begin(), values.end()) - values.begin(),
+                      "the summary counts other values than the sorted list has");
+        Bench::compare(
+            QStringLiteral("C3 summary of %1 objects with %2 values").arg(count).arg(different), 1.2,
+            [&] {
+                const ZelValueSummary summary = summarize();
+                Bench::keep(summary.first(5));
+                Bench::keep(summary.range());
+            },
+            sortValues, Bench::small);
+    }
+}
+ZEL_BENCHMARK(selectionSummary)

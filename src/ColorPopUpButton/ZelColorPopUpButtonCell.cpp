@@ -214,13 +214,25 @@ QString ZelColorPopUpButtonCell::title() const
     return m_displayItem->title();
 }
 
+QString ZelColorPopUpButtonCell::nameOrDefault(const QVariant &color) const
+{
+    return isDefault(color) ? ZelLocalizedString(QStringLiteral("Default")) : nameOf(color);
+}
+
+QString ZelColorPopUpButtonCell::textForColor(const QVariant &color) const
+{
+    const QString name = nameOrDefault(color);
+    const QColor plain = ZelColor::fromVariant(color).toQColor();
+    return name.isEmpty() ? plain.name(plain.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb) : name;
+}
+
 void ZelColorPopUpButtonCell::updateTitle()
 {
     QString title;
     if (ZelIsMarker(m_selectedColor, ZelNoSelectionMarker) || ZelIsMarker(m_selectedColor, ZelMultipleValuesMarker))
         title = ZelControlSupport::markerText(m_selectedColor);
     else if (isPresentColor(m_selectedColor))
-        title = isDefault(m_selectedColor) ? ZelLocalizedString(QStringLiteral("Default")) : nameOf(m_selectedColor);
+        title = nameOrDefault(m_selectedColor);
     if (title != m_displayItem->title())
         m_displayItem->setTitle(title);
     m_displayItem->setImage(swatch(m_selectedColor));

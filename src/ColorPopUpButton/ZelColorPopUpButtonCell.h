@@ -88,6 +88,9 @@ public:
 
     /// The name of the selected colour or marker, as the button shows it.
     QString title() const;
+    /// The name with which the button would show the colour or, if that is empty, the colour in the form "#rrggbb",
+    /// with its opacity "#aarrggbb".
+    QString textForColor(const QVariant &color) const;
     /// The item that the button shows. It has the title and the swatch of the selected colour and is in no menu.
     ZelMenuItem *displayItem() const { return m_displayItem; }
 
@@ -150,6 +153,7 @@ private:
     template<typename Choice> void connectItem(QAction *item, Choice choice);
     ZelMenuItem *makeColorItem(int index);
     QString nameOf(const QVariant &color) const;
+    QString nameOrDefault(const QVariant &color) const;
     QString nameInList(const ZelColor &color) const;
     bool isDefault(const QVariant &color) const;
     int indexOfColor(const ZelColor &color) const;

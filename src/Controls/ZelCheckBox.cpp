@@ -5,6 +5,7 @@
 #include "Controls/private/ZelTitleText.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QEvent>
 #include <QStyleOptionButton>
@@ -106,8 +107,9 @@ bool ZelCheckBox::handleEvent(QEvent *event)
         event->ignore();
         return true;
     }
-    if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
-        ZelControlSupport::showToolTip(event, this, title()))
+    ZelControlHelp::describeFocused(event, this);
+    if (event->type() == QEvent::ToolTip &&
+        ZelControlHelp::showToolTip(event, this, width() < sizeHint().width() ? title() : QString()))
         return true;
     return QCheckBox::event(event);
 }

@@ -4,6 +4,7 @@
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -110,8 +111,8 @@ QSize ZelLabel::minimumSizeHint() const
 
 bool ZelLabel::handleEvent(QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip && width() < sizeHint().width() &&
-        ZelControlSupport::showToolTip(event, this, m_text))
+    if (event->type() == QEvent::ToolTip &&
+        ZelControlHelp::showToolTip(event, this, width() < sizeHint().width() ? m_text : QString()))
         return true;
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         update(); // which Qt only does for a widget with a focus policy
@@ -139,7 +140,7 @@ void ZelLabel::paintEvent(QPaintEvent *)
     const int room = m_dotted ? int(g_dotSize + g_dotGap) : 0; // on the leading side
     const QRect area = rect().adjusted(isRightToLeft ? 0 : room, 0, isRightToLeft ? -room : 0, 0);
     const QString text =
-        area.width() < sizeHint().width() ? fontMetrics().elidedText(m_text, Qt::ElideRight, area.width()) : m_text;
+        area.width() < sizeHint().width() ? ZelControlSupport::fitted(m_text, fontMetrics(), area.width()) : m_text;
     const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), m_alignment);
     QRect shown;
     if (m_markedParts.isEmpty())

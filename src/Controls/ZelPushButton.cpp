@@ -3,6 +3,7 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelTitleText.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -61,7 +62,7 @@ void ZelPushButton::paintEvent(QPaintEvent *)
 bool ZelPushButton::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && fontMetrics().size(Qt::TextShowMnemonic, text()).width() > titleWidth() &&
-        ZelControlSupport::showToolTip(event, this, title()))
+        ZelControlHelp::showToolTip(event, this, title()))
         return true;
     return QPushButton::event(event);
 }

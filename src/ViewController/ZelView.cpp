@@ -10,6 +10,7 @@
 #include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelKeyedCoder.h"
 #include "ViewController/ZelViewController.h"
+#include "ViewController/private/ZelControlHelp.h"
 #include "ViewController/private/ZelScaledEvent.h"
 #include "ViewController/private/ZelViewInstaller.h"
 #include "ViewController/private/ZelViewRare.h"
@@ -331,6 +332,8 @@ bool ZelView::showsHelpForKey(QKeyEvent *event)
 
 bool ZelView::positionedEvent(QEvent *event)
 {
+    if (event->type() == QEvent::ToolTip && m_viewController && ZelControlHelp::showToolTip(event, this))
+        return true;
     return QWidget::event(event);
 }
 

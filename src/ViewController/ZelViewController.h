@@ -86,6 +86,12 @@ public:
     /// Makes the same editors discard what was entered. Does nothing while the view is not installed.
     virtual void discardEditing();
 
+    /// What to tell about a control in the view beside what the control itself tells, in its tool tip below the text
+    /// that is set for it, and in its accessible description. It is asked when the tool tip is due or assistive
+    /// technology asks. An empty text tells nothing. A null one, which is the base's, leaves that to the controllers
+    /// around.
+    virtual QString helpForControl(const QWidget *) const { return {}; }
+
     // Hooks
     /// The name of the view to load; by default the name of the class.
     virtual QString viewNibName() const;

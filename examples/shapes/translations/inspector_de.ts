@@ -41,6 +41,10 @@
         <translation>Eine Farbe hat 3, 6 oder 8 hexadezimale Ziffern.</translation>
     </message>
     <message>
+        <source>%1 values: %2</source>
+        <translation>%1 Werte: %2</translation>
+    </message>
+    <message>
         <source>Add</source>
         <translation>Hinzufügen</translation>
     </message>
@@ -421,6 +425,10 @@
         <translation>Schrift</translation>
     </message>
     <message>
+        <source>From %1 to %2</source>
+        <translation>Von %1 bis %2</translation>
+    </message>
+    <message>
         <source>Geometry</source>
         <translation>Geometrie</translation>
     </message>
@@ -517,6 +525,10 @@
         <translation>Spitz</translation>
     </message>
     <message>
+        <source>More than %1 values: %2</source>
+        <translation>Mehr als %1 Werte: %2</translation>
+    </message>
+    <message>
         <source>Move</source>
         <translation>Bewegen</translation>
     </message>
@@ -563,6 +575,10 @@
     <message>
         <source>No Selection</source>
         <translation>Keine Auswahl</translation>
+    </message>
+    <message>
+        <source>No Value</source>
+        <translation>Kein Wert</translation>
     </message>
     <message>
         <source>No text</source>

@@ -2,12 +2,12 @@
 #include "Controls/Cells/ZelCellGroup.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <QWidget>
 
 ZelCellGroup::ZelCellGroup(QWidget *widget, Manner manner)
@@ -149,13 +149,11 @@ bool ZelCellGroup::handleRelease(const QMouseEvent *event)
     return true;
 }
 
-bool ZelCellGroup::showToolTip(const QHelpEvent *event) const
+bool ZelCellGroup::showToolTip(QHelpEvent *event) const
 {
     const int cell = cellAt(event->pos());
     const QString text = cell < 0 ? QString() : cellToolTip(cell);
-    if (!text.isEmpty())
-        QToolTip::showText(event->globalPos(), text, m_widget, cellRect(cell));
-    return !text.isEmpty();
+    return ZelControlHelp::showToolTip(event, m_widget, text, cell < 0 ? QRect() : cellRect(cell));
 }
 
 // The keyboard

@@ -88,7 +88,7 @@ private:
     bool handleMove(const QMouseEvent *event);
     bool handleRelease(const QMouseEvent *event);
     bool handleKey(int key);
-    bool showToolTip(const QHelpEvent *event) const;
+    bool showToolTip(QHelpEvent *event) const;
 
     QWidget *m_widget;
     Manner m_manner;

@@ -3,6 +3,7 @@
 
 #include "Controls/Fields/ZelTextField.h"
 #include "Controls/private/ZelControlSupport.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QCompleter>
 #include <QCoreApplication>
@@ -213,6 +214,9 @@ bool ZelComboBox::handleEvent(QEvent *event)
     }
     if (m_field && event->type() == QEvent::FocusIn)
         addCompleter();
+    ZelControlHelp::describeFocused(event, this);
+    if (event->type() == QEvent::ToolTip && ZelControlHelp::showToolTip(event, this))
+        return true;
     // The focus belongs to the box and not to the field. QComboBox passes events on to the field directly, past event
     // filters.
     if (m_field && endsTyping(event))

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Fields/ZelDatePicker.h"
 
+#include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelLineEditMargin.h"
 #include "Controls/private/ZelPressGrouping.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Values/ZelValues.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
+#include <QStyle>
 #include <QTimeZone>
 
 namespace {
@@ -57,14 +62,22 @@ bool ZelDatePicker::hasDate() const
     return (type == QMetaType::QDate || type == QMetaType::QDateTime) && ZelIsNotNull(value);
 }
 
-QString ZelDatePicker::format() const
+QString ZelDatePicker::format(bool showsTime) const
 {
     const QString date = withLongYear(locale().dateFormat(QLocale::ShortFormat));
-    if (!m_showsTime)
+    if (!showsTime)
         return date;
     QString time = locale().timeFormat(QLocale::ShortFormat);
     time.remove(u't');
     return date + u' ' + time.trimmed();
+}
+
+QString ZelDatePicker::textForDate(const QVariant &value) const
+{
+    if (value.typeId() == QMetaType::QDate)
+        return locale().toString(value.toDate(), format(false));
+    return value.typeId() == QMetaType::QDateTime ? locale().toString(value.toDateTime().toLocalTime(), format(true))
+                                                  : QString();
 }
 
 void ZelDatePicker::showValue()
@@ -72,7 +85,7 @@ void ZelDatePicker::showValue()
     const QVariant value = objectValue();
     if (hasDate())
         m_showsTime = value.typeId() == QMetaType::QDateTime;
-    const QString wanted = format();
+    const QString wanted = format(m_showsTime);
     if (displayFormat() != wanted)
         setDisplayFormat(wanted);
     m_isCleared = false;
@@ -93,6 +106,27 @@ void ZelDatePicker::showNone(const QString &text)
 {
     setSpecialValueText(text);
     setDateTime(minimumDateTime());
+    lineEdit()->installEventFilter(this);
+}
+
+/// What there is room for of the text that stands in place of a date.
+QString ZelDatePicker::shownNone() const
+{
+    return ZelControlSupport::fitted(lineEdit()->text(), fontMetrics(), lineEdit()->width() - 2 * ZelLineEditMargin);
+}
+
+/// The line edit would cut a text that does not fit, and the text must stay whole for whoever cannot see it.
+bool ZelDatePicker::filterEvent(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Paint || watched != lineEdit() || !m_showsNone ||
+        !ZelControlSupport::isMarkerText(lineEdit()->text()) || shownNone() == lineEdit()->text())
+        return QDateTimeEdit::eventFilter(watched, event);
+    QPainter painter(lineEdit());
+    painter.setPen(lineEdit()->palette().color(QPalette::Text));
+    const QRect area = lineEdit()->rect().adjusted(ZelLineEditMargin, 0, -ZelLineEditMargin, 0);
+    painter.drawText(area, int(QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::AlignVCenter),
+                     shownNone());
+    return true;
 }
 
 void ZelDatePicker::updateColors()
@@ -156,7 +190,14 @@ void ZelDatePicker::stepBy(int steps)
 
 bool ZelDatePicker::handleEvent(QEvent *event)
 {
-    return sessionEvent(event) || QDateTimeEdit::event(event);
+    ZelControlHelp::describeFocused(event, this);
+    if (sessionEvent(event))
+        return true;
+    const bool isCut = event->type() == QEvent::ToolTip && m_showsNone && shownNone() != lineEdit()->text();
+    if (event->type() == QEvent::ToolTip &&
+        ZelControlHelp::showToolTip(event, this, isCut ? lineEdit()->text() : QString()))
+        return true;
+    return QDateTimeEdit::event(event);
 }
 
 void ZelDatePicker::changeEvent(QEvent *event)

@@ -31,6 +31,9 @@ public:
     explicit ZelDatePicker(QWidget *parent = nullptr);
     ~ZelDatePicker() override;
 
+    /// How the picker shows a date or a time; null for any other value.
+    QString textForDate(const QVariant &value) const;
+
     bool isEditable() const override { return !isReadOnly(); }
     void stepBy(int steps) override;
 
@@ -44,6 +47,7 @@ Q_SIGNALS:
 
 protected:
     bool handleEvent(QEvent *event) override;
+    bool filterEvent(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -54,7 +58,7 @@ protected:
 
 private:
     bool hasDate() const;
-    QString format() const;
+    QString format(bool showsTime) const;
     QVariant enteredValue() const;
     QString fieldText() const override { return text(); }
     void showValue() override;
@@ -65,6 +69,7 @@ private:
     void beginWithToday();
     void clearDate();
     void showNone(const QString &text);
+    QString shownNone() const;
 
     std::unique_ptr<ZelPressGrouping> m_pressGrouping;
     bool m_showsTime = false;

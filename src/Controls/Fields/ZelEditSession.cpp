@@ -9,6 +9,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Resources/ZelLocalizedString.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -254,7 +255,7 @@ bool ZelEditSession::sessionEvent(QEvent *event)
     case QEvent::ShortcutOverride:
         return reservesShortcut(static_cast<QKeyEvent *>(event));
     case QEvent::ToolTip:
-        return ZelControlSupport::showToolTip(event, m_field, m_error);
+        return !m_error.isEmpty() && ZelControlHelp::showToolTip(event, m_field, m_error, m_field->rect());
     case QEvent::EnabledChange:
         if (!m_field->isEnabled())
             discardEditing();

@@ -9,6 +9,7 @@
 #include "Controls/private/ZelWrappedText.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Layout/private/ZelLayoutTurn.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -70,7 +71,7 @@ void ZelGrowingTextField::showValue()
 {
     m_text = m_editor && m_editable ? editingString(objectValue()) : displayString(objectValue());
     if (m_editor) {
-        m_editor->setPlaceholderText(placeholder());
+        m_editor->setPlaceholderText(fittedPlaceholder());
         if (m_editor->toPlainText() != m_text)
             m_editor->setPlainText(m_text);
     }
@@ -113,6 +114,7 @@ void ZelGrowingTextField::openEditor(Qt::FocusReason reason)
 void ZelGrowingTextField::placeEditor()
 {
     m_editor->setGeometry(contentRect().adjusted(0, 0, 0, 1));
+    m_editor->setPlaceholderText(fittedPlaceholder());
 }
 
 void ZelGrowingTextField::closeEditor()
@@ -169,7 +171,12 @@ bool ZelGrowingTextField::editorKeyPressed(QKeyEvent *event)
 
 bool ZelGrowingTextField::handleEvent(QEvent *event)
 {
-    return sessionEvent(event) || QWidget::event(event);
+    if (sessionEvent(event))
+        return true;
+    if (event->type() == QEvent::ToolTip &&
+        ZelControlHelp::showToolTip(event, this, fittedPlaceholder() == placeholder() ? QString() : placeholder()))
+        return true;
+    return QWidget::event(event);
 }
 
 void ZelGrowingTextField::changeEvent(QEvent *event)
@@ -291,6 +298,14 @@ void ZelGrowingTextField::forgetMeasures()
     m_sizeHint = QSize();
 }
 
+/// The name of a marker stays in one line: unlike other placeholders it is not wrapped.
+QString ZelGrowingTextField::fittedPlaceholder() const
+{
+    const QString text = placeholder();
+    return ZelControlSupport::isMarkerText(text) ? ZelControlSupport::fitted(text, fontMetrics(), contentRect().width())
+                                                 : text;
+}
+
 void ZelGrowingTextField::textMayNeedHeight()
 {
     if (m_measuredWidth < 0)
@@ -345,7 +360,7 @@ void ZelGrowingTextField::paintEvent(QPaintEvent *)
 void ZelGrowingTextField::paintText(QPainter *painter) const
 {
     const bool empty = m_text.isEmpty();
-    const QString string = empty ? placeholder() : m_text;
+    const QString string = empty ? fittedPlaceholder() : m_text;
     if (string.isEmpty())
         return;
     painter->setPen(empty ? ZelThemeColor::dimmed(palette()) : textColor());

@@ -96,6 +96,7 @@ private:
     void updateFocusPolicy();
     void forgetMeasures();
     void textMayNeedHeight();
+    QString fittedPlaceholder() const;
     void paintText(QPainter *painter) const;
 
     QString m_text; // the text of the field while there is no editor

@@ -5,11 +5,14 @@
 #include "Core/Values/ZelValues.h"
 #include "Layout/private/ZelLayoutTurn.h"
 #include "Text/ZelTextDocumentCoder.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTextBlock>
 #include <QtMath>
 
@@ -70,6 +73,21 @@ void ZelGrowingTextView::showValue()
     document()->clearUndoRedoStacks(); // from here on the window's undo stack undoes the edit
 }
 
+/// QTextEdit would break the name of a marker into lines and cut them. Nothing else is in the view then.
+void ZelGrowingTextView::paintEvent(QPaintEvent *event)
+{
+    const QRect area = viewport()->rect().adjusted(g_padding, g_padding, -g_padding, -g_padding);
+    const QString name = document()->isEmpty() ? placeholderText() : QString();
+    if (!ZelControlSupport::isMarkerText(name) ||
+        ZelControlSupport::fitted(name, fontMetrics(), area.width()) == name) {
+        QTextEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(area, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)), ZelShortMarkerText);
+}
+
 /// Keeps the selection as far as the new text reaches.
 void ZelGrowingTextView::showText(const ZelAttributedString &string)
 {
@@ -114,6 +132,7 @@ bool ZelGrowingTextView::isCommitKey(const QKeyEvent *event) const
 
 bool ZelGrowingTextView::handleEvent(QEvent *event)
 {
+    ZelControlHelp::describeFocused(event, this);
     return sessionEvent(event) || QTextEdit::event(event);
 }
 

@@ -4,6 +4,7 @@
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
@@ -201,7 +202,7 @@ bool ZelLinkTextField::handleViewportEvent(QEvent *event)
         setHoveredLink(-1);
     if (event->type() == QEvent::ToolTip) {
         const qsizetype link = linkAt(static_cast<QHelpEvent *>(event)->pos());
-        if (link >= 0 && ZelControlSupport::showToolTip(event, this, links().at(link).address))
+        if (link >= 0 && ZelControlHelp::showToolTip(event, this, links().at(link).address))
             return true;
     }
     return ZelGrowingTextView::handleViewportEvent(event);

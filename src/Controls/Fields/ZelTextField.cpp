@@ -8,6 +8,7 @@
 #include "Controls/private/ZelTextWidth.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -67,9 +68,7 @@ void ZelTextField::setDimmed(bool dimmed)
 
 void ZelTextField::showValue()
 {
-    const QString shownPlaceholder = placeholder();
-    if (shownPlaceholder != placeholderText())
-        setPlaceholderText(shownPlaceholder);
+    showPlaceholder();
     const bool focused = hasFocus();
     const QVariant value = objectValue();
     const QString string = focused && isEditable() ? editingString(value) : displayString(value);
@@ -81,6 +80,19 @@ void ZelTextField::showValue()
         selectAll();
     else if (!focused)
         setCursorPosition(0);
+}
+
+/// QLineEdit draws the placeholder while the field has the focus, and knows nothing but to elide it. The name of a
+/// marker that does not fit is made invisible then, and a dash is drawn.
+void ZelTextField::showPlaceholder()
+{
+    const QString shown = placeholder();
+    if (shown != placeholderText())
+        setPlaceholderText(shown);
+    const bool isDash = hasFocus() && ZelControlSupport::isMarkerText(shown) &&
+                        ZelControlSupport::fitted(shown, fontMetrics(), textRect().width()) != shown;
+    if (ZelAssign(m_showsDash, isDash))
+        updateColors();
 }
 
 /// The typing is watched only while a refused text is in the field.
@@ -105,7 +117,7 @@ void ZelTextField::updateColors()
     QPalette colors;
     colors.setResolveMask(0);
     const QColor dimmed = ZelThemeColor::dimmed(palette());
-    colors.setColor(QPalette::PlaceholderText, dimmed);
+    colors.setColor(QPalette::PlaceholderText, m_showsDash ? QColor(Qt::transparent) : dimmed);
     if (m_labelStyle)
         colors.setColor(QPalette::Base, Qt::transparent);
     if (m_labelStyle)
@@ -238,8 +250,9 @@ bool ZelTextField::handleEvent(QEvent *event)
         event->accept();
         return true;
     }
+    ZelControlHelp::describeFocused(event, this);
     const bool isSettled = sessionEvent(event) || (event->type() == QEvent::ToolTip &&
-                                                   ZelControlSupport::showToolTip(event, this, elidedWhole()));
+                                                   ZelControlHelp::showToolTip(event, this, elidedWhole()));
     return isSettled || QLineEdit::event(event);
 }
 
@@ -273,6 +286,7 @@ void ZelTextField::dropEvent(QDropEvent *event)
 void ZelTextField::focusInEvent(QFocusEvent *event)
 {
     refresh();
+    showPlaceholder();
     updateColors();
     QLineEdit::focusInEvent(event);
 }
@@ -281,8 +295,16 @@ void ZelTextField::focusOutEvent(QFocusEvent *event)
 {
     if (!focusLeft(event))
         return;
+    showPlaceholder();
     updateColors();
     QLineEdit::focusOutEvent(event);
+}
+
+void ZelTextField::resizeEvent(QResizeEvent *event)
+{
+    QLineEdit::resizeEvent(event);
+    if (hasFocus())
+        showPlaceholder();
 }
 
 void ZelTextField::keyPressEvent(QKeyEvent *event)
@@ -306,10 +328,11 @@ QRect ZelTextField::textRect() const
     return contents.adjusted(ZelLineEditMargin, 0, -ZelLineEditMargin, 0);
 }
 
-/// Answers the whole text if the field is too narrow to show it, otherwise null.
+/// Answers the whole text, or the placeholder that stands in its place, if the field is too narrow to show it,
+/// otherwise null.
 QString ZelTextField::elidedWhole() const
 {
-    const QString string = text();
+    const QString string = text().isEmpty() ? placeholder() : text();
     if (hasFocus() || echoMode() != Normal)
         return {};
     if (m_measuredText != string) {
@@ -331,6 +354,12 @@ void ZelTextField::paintEvent(QPaintEvent *event)
         paintText(isPlaceholder ? placeholderText() : displayText(), unit, isPlaceholder);
     else
         QLineEdit::paintEvent(event);
+    if (m_showsDash && text().isEmpty()) {
+        QPainter painter(this);
+        painter.setPen(ZelThemeColor::dimmed(palette()));
+        const Qt::Alignment visual = QStyle::visualAlignment(layoutDirection(), alignment());
+        painter.drawText(textRect(), int(visual) | Qt::AlignVCenter, ZelShortMarkerText);
+    }
     if (!errorText().isEmpty() && !m_labelStyle) {
         QPainter painter(this);
         paintError(&painter);
@@ -345,7 +374,9 @@ void ZelTextField::paintText(const QString &string, ZelFormatter::Range unit, bo
     style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
 
     const QRect area = textRect();
-    const QString shown = fontMetrics().elidedText(string, Qt::ElideRight, area.width());
+    // A dimmed text says that there is no value, as the name of a marker does.
+    const QString fitted = ZelControlSupport::fitted(string, fontMetrics(), area.width());
+    const QString shown = m_dimmed && fitted != string ? ZelShortMarkerText : fitted;
     // Draws in the text's own direction, not the window's, so that a minus sign or a unit stays on its side of the
     // number.
     const Qt::LayoutDirection direction = string.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;

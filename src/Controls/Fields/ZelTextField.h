@@ -87,10 +87,12 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QString fieldText() const override { return text(); }
     void showValue() override;
+    void showPlaceholder();
     void applyEditable(bool editable) override { setReadOnly(!editable); }
     void errorDidChange() override;
     void updateColors();
@@ -111,5 +113,6 @@ private:
     mutable int m_measuredWidth = 0;
     bool m_labelStyle = false;
     bool m_dimmed = false;
+    bool m_showsDash = false; // in place of a placeholder, while the field has the focus
     bool m_updatingColors = false;
 };

@@ -2,6 +2,7 @@
 #include "Controls/Fields/ZelToken.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -47,7 +48,7 @@ QString ZelToken::shownText(int width) const
 bool ZelToken::handleEvent(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && shownText(width()) != text() &&
-        ZelControlSupport::showToolTip(event, this, text()))
+        ZelControlHelp::showToolTip(event, this, text()))
         return true;
     return QAbstractButton::event(event);
 }

@@ -10,6 +10,7 @@
 #include "Core/RunLoop/ZelMemberScope.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QActionEvent>
 #include <QApplication>
@@ -165,13 +166,23 @@ bool ZelPopUpButton::survivesPreparingItems()
     return guard;
 }
 
+ZelPopUpButton::ItemMarks ZelPopUpButton::itemMarks() const
+{
+    const bool isAsked = m_marks && !m_pullsDown && ZelIsMarker(objectValue(), ZelMultipleValuesMarker);
+    return isAsked ? m_marks() : ItemMarks();
+}
+
 void ZelPopUpButton::showMenu()
 {
     if (!survivesPreparingItems())
         return;
-    const QList<QAction *> items = menuItems();
+    if (!m_editable || !isEnabled() || isMenuOpen())
+        return;
+    const QPointer<ZelPopUpButton> guard(this);
+    const ItemMarks marks = itemMarks(); // reads the model, so anything may happen
+    const QList<QAction *> items = guard ? menuItems() : QList<QAction *>();
     const auto isVisible = [](const QAction *item) { return item->isVisible() && !item->isSeparator(); };
-    if (!m_editable || !isEnabled() || isMenuOpen() || std::none_of(items.begin(), items.end(), isVisible))
+    if (std::none_of(items.begin(), items.end(), isVisible))
         return;
     detachMenu();
     auto *menu = new ZelPopUpMenu(this);
@@ -179,6 +190,7 @@ void ZelPopUpButton::showMenu()
     menu->addActions(items);
     if (!m_pullsDown)
         menu->setMarkedItem(m_selected);
+    menu->setMarks(marks);
     connect(menu, &QMenu::triggered, this,
             [this](QAction *item) { ZelExceptionReporter::run(this, [this, item] { chooseItem(item); }); });
     connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
@@ -211,6 +223,10 @@ void ZelPopUpButton::syncMenu()
     for (QAction *item : former)
         m_menu->removeAction(item);
     m_menu->addActions(menuItems());
+    const QPointer<ZelPopUpMenu> menu(m_menu);
+    const ItemMarks marks = itemMarks();
+    if (menu)
+        menu->setMarks(marks);
 }
 
 void ZelPopUpButton::chooseItem(QAction *item)
@@ -280,10 +296,11 @@ bool ZelPopUpButton::handleEvent(QEvent *event)
         event->ignore();
         return true;
     }
-    if (event->type() == QEvent::ToolTip &&
-        width() < sizeForTextWidth(fontMetrics().horizontalAdvance(shownText())).width() &&
-        ZelControlSupport::showToolTip(event, this, shownText()))
-        return true;
+    if (event->type() == QEvent::ToolTip) {
+        const bool isCut = width() < sizeForTextWidth(fontMetrics().horizontalAdvance(shownText())).width();
+        if (ZelControlHelp::showToolTip(event, this, isCut ? shownText() : QString()))
+            return true;
+    }
     return QWidget::event(event);
 }
 
@@ -415,7 +432,7 @@ void ZelPopUpButton::paintEvent(QPaintEvent *)
         option.palette.setColor(QPalette::ButtonText, dimmed);
         option.palette.setColor(QPalette::Text, dimmed);
     }
-    option.currentText = option.fontMetrics.elidedText(shownText(), Qt::ElideRight, width);
+    option.currentText = ZelControlSupport::fitted(shownText(), option.fontMetrics, width);
     painter.setPen(option.palette.color(QPalette::ButtonText));
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }

@@ -7,9 +7,12 @@
 #include "Layout/ZelBaselineProvider.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
+
+#include <functional>
 
 class QAction;
 class QStyleOptionComboBox;
@@ -69,6 +72,12 @@ public:
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable);
 
+    /// Marks of items beside that of the selected one.
+    using ItemMarks = QHash<const QAction *, Qt::CheckState>;
+    /// Sets what is asked for marks whenever the menu opens while the value is ZelMultipleValuesMarker: an item whose
+    /// value some of the edited objects have is partially checked and gets a dash, one whose value all have is checked.
+    void setItemMarks(const std::function<ItemMarks()> &marks) { m_marks = marks; }
+
     /// Opens the menu over the button. Does nothing if there is no item to show.
     void showMenu();
     bool isMenuOpen() const;
@@ -122,6 +131,7 @@ protected:
 private:
     void initStyleOption(QStyleOptionComboBox *option) const;
     QList<QAction *> menuItems();
+    ItemMarks itemMarks() const;
     bool survivesPreparingItems();
     void setSelected(QAction *item, const QVariant &value);
     void chooseNeighbour(int from, int direction);
@@ -133,6 +143,7 @@ private:
 
     QPointer<QAction> m_selected;
     QPointer<ZelPopUpMenu> m_menu;
+    std::function<ItemMarks()> m_marks;
     ZelKeptValue m_value;
     QString m_typed;
     QElapsedTimer m_typedTimer;

@@ -6,6 +6,7 @@
 #include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QKeyEvent>
 
@@ -104,6 +105,8 @@ bool ZelRangeControl::handleEvent(QEvent *event)
         event->ignore();
         return true;
     }
+    if (event->type() == QEvent::ToolTip && ZelControlHelp::showToolTip(event, this))
+        return true;
     return QWidget::event(event);
 }
 

@@ -2,6 +2,7 @@
 #include "Controls/private/ZelCellGroupAccessible.h"
 
 #include "Core/Errors/ZelExceptionReporter.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -100,6 +101,12 @@ ZelCellGroupAccessible::~ZelCellGroupAccessible()
 {
     for (QAccessible::Id id : std::as_const(m_children))
         QAccessible::deleteAccessibleInterface(id);
+}
+
+QString ZelCellGroupAccessible::text(QAccessible::Text kind) const
+{
+    const QString text = QAccessibleWidget::text(kind);
+    return kind == QAccessible::Description ? ZelControlHelp::description(widget(), text) : text;
 }
 
 int ZelCellGroupAccessible::childCount() const

@@ -14,6 +14,7 @@ public:
     static QAccessibleInterface *make(QObject *object);
     ~ZelCellGroupAccessible() override;
 
+    QString text(QAccessible::Text kind) const override;
     int childCount() const override;
     QAccessibleInterface *child(int index) const override;
     int indexOfChild(const QAccessibleInterface *child) const override;

@@ -8,7 +8,9 @@
 #include "Controls/ZelLabel.h"
 #include "Controls/private/ZelCellGroupAccessible.h"
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelPopUpMenuAccessible.h"
 #include "Core/Values/ZelValues.h"
+#include "ViewController/private/ZelControlHelp.h"
 
 #include <QAccessibleWidget>
 #include <cmath>
@@ -29,6 +31,11 @@ public:
     explicit ControlInterface(Control *control, QAccessible::Role role)
         : QAccessibleWidget(control, role)
     {
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString text = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Description ? ZelControlHelp::description(control(), text) : text;
     }
 
 protected:
@@ -178,8 +185,11 @@ QAccessibleInterface *interfaceOf(const QString &className, QObject *object)
              return new GrowingTextFieldInterface(static_cast<ZelGrowingTextField *>(o));
          }},
     };
+    ZelControlHelp::noteQuestion();
     if (QAccessibleInterface *cells = ZelCellGroupAccessible::make(object))
         return cells;
+    if (QAccessibleInterface *menu = ZelPopUpMenuAccessible::make(object))
+        return menu;
     const Make make = table.value(className);
     return make && object && object->isWidgetType() ? make(object) : nullptr;
 }

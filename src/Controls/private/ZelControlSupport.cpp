@@ -12,11 +12,8 @@
 #include "Resources/ZelLocalizedString.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
-#include <QTextDocument>
-#include <QToolTip>
 #include <QWidget>
 
 namespace {
@@ -45,11 +42,6 @@ public:
 private:
     TypingBeforeUndo() { ZelNotificationCenter::defaultCenter()->addObserver(this, ZelUndoStepWillBeginNotification); }
 };
-
-QString richText(const QString &plainText)
-{
-    return Qt::convertFromPlainText(plainText, Qt::WhiteSpaceNormal); // lines may break
-}
 
 // Registered here and not in prepare(), because an application may bind only controls of Qt's own.
 [[maybe_unused]] const bool g_hasAccessors = (ZelPropertyAccessor::registerLater(&ZelRegisterControlAccessors), true);
@@ -105,29 +97,18 @@ bool ZelControlSupport::endsMouseGrab(const QEvent *event, const QWidget *widget
     }
 }
 
-bool ZelControlSupport::showToolTip(QEvent *event, QWidget *widget, const QString &text)
+bool ZelControlSupport::isMarkerText(const QString &text)
 {
-    if (text.isEmpty())
-        return false;
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), toolTipWithHelp(text, widget), widget);
-    event->accept();
-    return true;
+    constexpr ZelControllerMarker markers[] = {ZelMultipleValuesMarker, ZelNoSelectionMarker, ZelNotApplicableMarker};
+    return !text.isEmpty() && std::any_of(std::begin(markers), std::end(markers), [&](ZelControllerMarker marker) {
+        return text == markerText(QVariant::fromValue(marker));
+    });
 }
 
-QString ZelControlSupport::toolTipWithHelp(const QString &text, const QWidget *widget)
+QString ZelControlSupport::fitted(const QString &text, const QFontMetrics &metrics, int width)
 {
-    QString help = widget->toolTip();
-    for (const QWidget *inner = widget; help.isEmpty() && !inner->isWindow() && inner->parentWidget();) {
-        inner = inner->parentWidget();
-        help = inner->toolTip();
-    }
-    if (help.isEmpty() || help == text)
-        return Qt::mightBeRichText(text) ? richText(text) : text;
-    if (!Qt::mightBeRichText(text) && !Qt::mightBeRichText(help))
-        return text + u'\n' + help;
-    // What a user has typed stays plain text.
-    const QString richHelp = Qt::mightBeRichText(help) ? help : richText(help);
-    return richText(text) + richHelp;
+    const QString elided = metrics.elidedText(text, Qt::ElideRight, width);
+    return elided != text && isMarkerText(text) ? ZelShortMarkerText : elided;
 }
 
 void ZelControlSupport::showDisabled(QStyleOption *option)

@@ -19,6 +19,9 @@ class QWidget;
 /// Posted with the control as the sender when a binding could not store what the user entered.
 inline const QString ZelEditDidFailNotification = QStringLiteral("ZelEditDidFailNotification");
 
+/// Stands for the name of a selection marker where that does not fit.
+inline const QString ZelShortMarkerText = QStringLiteral("\u2014");
+
 /// What the controls of this folder have in common.
 class ZelControlSupport
 {
@@ -66,12 +69,11 @@ public:
     static bool isInput(const QEvent *event);
     /// Whether the event ends a press of the mouse: the widget was hidden or disabled, or its window was left.
     static bool endsMouseGrab(const QEvent *event, const QWidget *widget);
-    /// For a tool tip event, shows the text, which is about what the widget shows at the moment, before the tool tip of
-    /// the widget or of what is around it. Answers false, and shows nothing, for an empty text: Qt shows the tool tip
-    /// then.
-    static bool showToolTip(QEvent *event, QWidget *widget, const QString &text);
-    /// The plain text, and below it the nearest tool tip.
-    static QString toolTipWithHelp(const QString &text, const QWidget *widget);
+    /// The text as it is shown in that width: elided, but the name of a selection marker becomes a dash, since it would
+    /// say nothing if it were cut.
+    static QString fitted(const QString &text, const QFontMetrics &metrics, int width);
+    /// Whether the text is one of those that markerText answers.
+    static bool isMarkerText(const QString &text);
 
     /// Makes the style draw a control that cannot be edited as disabled, with legible texts.
     static void showDisabled(QStyleOption *option);

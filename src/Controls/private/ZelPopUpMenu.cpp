@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QWidgetAction>
 #include <QWindow>
@@ -41,11 +42,77 @@ void ZelPopUpMenu::open()
 void ZelPopUpMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const
 {
     QMenu::initStyleOption(option, action);
-    if (!m_marked || action->isSeparator())
+    if (!hasMarks() || action->isSeparator())
         return;
     option->menuHasCheckableItems = true;
     option->checkType = QStyleOptionMenuItem::Exclusive;
-    option->checked = action == m_marked;
+    option->checked = markOf(action) == Qt::Checked;
+}
+
+void ZelPopUpMenu::setMarks(const Marks &marks)
+{
+    m_marks = marks;
+    update();
+}
+
+Qt::CheckState ZelPopUpMenu::markOf(const QAction *item) const
+{
+    return item && item == m_marked ? Qt::Checked : m_marks.value(item, Qt::Unchecked);
+}
+
+// Styles know no third state of an item in a menu, so the dash is drawn over what they draw.
+
+void ZelPopUpMenu::paintEvent(QPaintEvent *event)
+{
+    QMenu::paintEvent(event);
+    QPainter painter(this);
+    const QList<QAction *> items = actions();
+    for (const QAction *item : items) {
+        if (item->isVisible() && markOf(item) == Qt::PartiallyChecked)
+            paintDash(&painter, item);
+    }
+}
+
+/// The place where the style draws its mark, whichever style it is: that in which a checked item differs from an
+/// unchecked one.
+QRect ZelPopUpMenu::markRect(const QAction *item) const
+{
+    const QRect place = actionGeometry(const_cast<QAction *>(item));
+    QStyleOptionMenuItem option;
+    initStyleOption(&option, item);
+    option.state &= ~QStyle::State_Selected;
+    option.rect = QRect(QPoint(), place.size());
+    const auto picture = [&](bool isChecked) {
+        QImage image(place.size(), QImage::Format_RGB32);
+        image.fill(palette().color(QPalette::Window));
+        QPainter painter(&image);
+        option.checked = isChecked;
+        style()->drawControl(QStyle::CE_MenuItem, &option, &painter, this);
+        return image;
+    };
+    const QImage plain = picture(false);
+    const QImage checked = picture(true);
+    QRect mark;
+    for (int y = 0; y < plain.height(); ++y) {
+        for (int x = 0; x < plain.width(); ++x) {
+            if (plain.pixel(x, y) != checked.pixel(x, y))
+                mark |= QRect(x, y, 1, 1);
+        }
+    }
+    return mark.translated(place.topLeft());
+}
+
+void ZelPopUpMenu::paintDash(QPainter *painter, const QAction *item) const
+{
+    QStyleOptionMenuItem option;
+    initStyleOption(&option, item);
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const QPalette::ColorGroup group = item->isEnabled() ? QPalette::Active : QPalette::Disabled;
+    const QColor color = palette().color(group, isSelected ? QPalette::HighlightedText : QPalette::ButtonText);
+    constexpr QSize size(8, 2);
+    QRect dash({}, size);
+    dash.moveCenter(markRect(item).center());
+    painter->fillRect(dash, color);
 }
 
 void ZelPopUpMenu::keyPressEvent(QKeyEvent *event)

@@ -247,6 +247,15 @@ bool ZelInspectorArrayProperty::canEdit() const
     return !ZelIsControllerMarker(reflectedValues()) && isWritable();
 }
 
+QString ZelInspectorArrayProperty::textForValue(const QVariant &value) const
+{
+    QStringList texts;
+    const QVariantList elements = ZelList(value);
+    for (const QVariant &element : elements)
+        texts.append(element.toString());
+    return texts.isEmpty() ? ZelInspectorProperty::textForValue({}) : oneLine(texts.join(QStringLiteral("; ")));
+}
+
 int ZelInspectorArrayProperty::numberOfRows() const
 {
     return ZelIsControllerMarker(reflectedValues()) ? 0 : int(ZelList(reflectedValues()).size());

@@ -45,6 +45,8 @@ public:
 
     /// The list that is shown, or a selection marker; absent for none.
     const QVariant &reflectedValues() const { return m_reflectedValues.value(); }
+    /// The elements in one line.
+    QString textForValue(const QVariant &value) const override;
     int numberOfRows() const;
     /// Absent where there is no such row.
     QVariant objectValueForRow(int row) const;

@@ -293,6 +293,12 @@ void ZelInspectorAttributedStringProperty::commitFormat()
         m_textView->commitEditing();
 }
 
+QString ZelInspectorAttributedStringProperty::textForValue(const QVariant &value) const
+{
+    const String string = String::fromVariant(value);
+    return ZelInspectorProperty::textForValue(string.isEmpty() ? QVariant() : QVariant(string.text()));
+}
+
 // What the selection has
 
 void ZelInspectorAttributedStringProperty::enumerateAttributesForSelection(const RunBlock &block) const

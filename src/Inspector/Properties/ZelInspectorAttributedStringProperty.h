@@ -119,6 +119,8 @@ public:
     void showParagraphStyleInspector();
 
     void configure(const ZelInspectorConfiguration &configuration) override;
+    /// The beginning of the text.
+    QString textForValue(const QVariant &value) const override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

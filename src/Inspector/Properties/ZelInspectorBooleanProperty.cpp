@@ -2,11 +2,13 @@
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 
 #include "Core/Binding/ZelBinding.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
 
 ZelInspectorBooleanProperty::ZelInspectorBooleanProperty(QObject *owner)
@@ -23,6 +25,20 @@ void ZelInspectorBooleanProperty::configure(const ZelInspectorConfiguration &con
 void ZelInspectorBooleanProperty::setBitsValue(const QVariant &value)
 {
     bits = ZelIsNumber(value) ? std::optional(unsignedValue(value)) : std::nullopt;
+}
+
+QString ZelInspectorBooleanProperty::textForValue(const QVariant &value) const
+{
+    return ZelIsNull(value) ? ZelInspectorProperty::textForValue(value)
+                            : ZelLocalizedString(value.toBool() ? "On" : "Off");
+}
+
+ZelValueSummary ZelInspectorBooleanProperty::valueSummary() const
+{
+    return ZelInspectorProperty::valueSummary().mapped([this](const QVariant &value) {
+        const QVariant part = bits ? valueForValueBits(value, *bits) : value;
+        return ZelIsNull(part) ? QVariant() : QVariant(part.toBool());
+    });
 }
 
 void ZelInspectorBooleanProperty::loadView()

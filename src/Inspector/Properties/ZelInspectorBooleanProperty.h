@@ -23,6 +23,10 @@ public:
     void setBitsValue(const QVariant &value);
     ZelCheckBox *checkbox() const { return m_checkbox; }
 
+    /// "On" or "Off".
+    QString textForValue(const QVariant &value) const override;
+    ZelValueSummary valueSummary() const override;
+
     void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;

@@ -3,6 +3,7 @@
 
 #include "Core/Binding/ZelBinding.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
@@ -30,6 +31,12 @@ ZelInspectorColorProperty::ZelInspectorColorProperty(QObject *owner)
     : ZelInspectorProperty(owner)
     , colorList(ZelColorList::colorListNamed(QStringLiteral("System")))
 {
+    static const bool isRegistered = [] {
+        ZelValueSummary::registerHash(QMetaType::fromType<ZelColor>(),
+                                      [](const QVariant &value) { return size_t(qHash(value.value<ZelColor>())); });
+        return true;
+    }();
+    Q_UNUSED(isRegistered)
 }
 
 void ZelInspectorColorProperty::configure(const ZelInspectorConfiguration &configuration)
@@ -76,6 +83,12 @@ void ZelInspectorColorProperty::viewWillUninstall()
     ZelInspectorProperty::viewWillUninstall();
     if (m_popUpButton) // nobody would see what the panel edits
         m_popUpButton->cell()->deactivateColorPanel();
+}
+
+QString ZelInspectorColorProperty::textForValue(const QVariant &value) const
+{
+    const bool isTold = m_popUpButton && ZelColor::isColor(value);
+    return isTold ? m_popUpButton->cell()->textForColor(value) : ZelInspectorProperty::textForValue(value);
 }
 
 void ZelInspectorColorProperty::updateView()

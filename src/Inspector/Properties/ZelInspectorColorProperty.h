@@ -37,6 +37,9 @@ public:
     ZelColorPopUpButton *popUpButton() const { return m_popUpButton; }
     ZelLabel *label() const { return m_label; }
 
+    /// The name of the colour or, without one, the colour in the form "#rrggbb".
+    QString textForValue(const QVariant &value) const override;
+
     void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;

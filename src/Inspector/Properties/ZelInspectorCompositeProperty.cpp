@@ -6,6 +6,7 @@
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Selection/ZelObjectController.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
@@ -159,6 +160,26 @@ void ZelInspectorCompositeProperty::updateValues()
         if (editor)
             editor->setReadOnly(cannotWrite);
     }
+}
+
+ZelValueSummary ZelInspectorCompositeProperty::valueSummaryOfPart(const QString &key) const
+{
+    const qsizetype index = m_keys.indexOf(key);
+    if (index < 0 || !keyPathHasControllerSelectionPrefix(keyPath()))
+        return ZelInspectorCustomProperty::valueSummaryOfPart(key);
+    const auto part = [this, index](Numbers numbers) {
+        makeComponents(numbers);
+        return numbers[size_t(index)];
+    };
+    if (!valueTransformer())
+        return ZelValueSummary::ofParts(selectedObjects(), selectedKeyPath(), int(m_keys.size()), part);
+    return valueSummary().mapped([&](const QVariant &value) {
+        const ZelGeometryType *type = geometryOf(value.metaType());
+        Numbers numbers{};
+        if (type)
+            type->load(value.constData(), numbers);
+        return type ? QVariant(part(numbers)) : QVariant();
+    });
 }
 
 // Writing

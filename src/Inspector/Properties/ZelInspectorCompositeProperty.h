@@ -52,6 +52,8 @@ public:
     void changeNumbersForKey(ZelKey key, const ZelNumberChange &change) override;
     void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
+    /// Nothing, since each component's own editor tells what that component has.
+    QString helpForControl(const QWidget *) const override { return QStringLiteral(""); }
 
 Q_SIGNALS:
     void internalEnabledChanged();
@@ -66,6 +68,7 @@ protected:
     static constexpr int maximumCount = 4;
 
     bool storesSingleKey() const override { return true; }
+    ZelValueSummary valueSummaryOfPart(const QString &key) const override;
     using Numbers = ZelGeometryType::Numbers;
 
     /// `keys` are the property names of the components, two or four, in their order; `type` is the type of new values.

@@ -60,6 +60,12 @@ void ZelInspectorDateProperty::loadView()
     connect(m_datePicker, &ZelDatePicker::action, this, [this] { userDidChangeValue(m_datePicker); });
 }
 
+QString ZelInspectorDateProperty::textForValue(const QVariant &value) const
+{
+    const QString text = m_datePicker ? m_datePicker->textForDate(value) : QString();
+    return text.isEmpty() ? ZelInspectorProperty::textForValue(value) : text;
+}
+
 void ZelInspectorDateProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();

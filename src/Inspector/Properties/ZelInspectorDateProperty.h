@@ -22,6 +22,9 @@ public:
     ZelLabel *label() const { return m_label; }
 
     void configure(const ZelInspectorConfiguration &configuration) override;
+    /// The date as the field shows it.
+    QString textForValue(const QVariant &value) const override;
+
     void loadView() override;
     void viewDidInstall() override;
     void updateView() override;

@@ -4,6 +4,7 @@
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/KeyValue/ZelKeyValueChange.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
@@ -172,9 +173,23 @@ ZelInspectorEnumerationProperty::choicesOfGroup(const ZelOptionGroup *group) con
     return choices;
 }
 
+/// The type on which the options depend, of the first value that tells it.
+QMetaType ZelInspectorEnumerationProperty::typeOfSeveral() const
+{
+    const ZelKeyPath path = selectedKeyPath();
+    const QList<QPointer<QObject>> objects = selectedObjects();
+    QMetaType type;
+    for (auto object = objects.begin(); object != objects.end() && !type.isValid(); ++object) {
+        if (*object)
+            type = ZelOptionValue::typeOf(ZelValueForKeyPath(object->data(), path));
+    }
+    return type;
+}
+
 void ZelInspectorEnumerationProperty::adaptOptionsTo(const QVariant &modelValue)
 {
-    const QMetaType type = ZelOptionValue::typeOf(modelValue);
+    const bool isOfSeveral = ZelIsMarker(modelValue, ZelMultipleValuesMarker) && !m_modelType.isValid();
+    const QMetaType type = isOfSeveral ? typeOfSeveral() : ZelOptionValue::typeOf(modelValue);
     if (!type.isValid() || type == m_modelType)
         return;
     const QMetaType former = std::exchange(m_modelType, type);
@@ -233,6 +248,13 @@ QVariant ZelInspectorEnumerationProperty::reducedValue() const
         return reflectedValue();
     return combinedReflectedValue(
         [mask = *m_bitMask](const QVariant &value) { return valueForValueBitMask(value, mask); });
+}
+
+ZelValueSummary ZelInspectorEnumerationProperty::valueSummary() const
+{
+    const ZelValueSummary stored = ZelInspectorProperty::valueSummary();
+    return m_bitMask ? stored.mapped([this](const QVariant &value) { return valueForValueBitMask(value, *m_bitMask); })
+                     : stored;
 }
 
 void ZelInspectorEnumerationProperty::writeChoice(const QVariant &value, QObject *sender)

@@ -49,6 +49,9 @@ public:
     void viewDidInstall() override;
     void viewWillUninstall() override;
 
+    /// The values in the bits of the mask, where there is one.
+    ZelValueSummary valueSummary() const override;
+
     /// Collects the options anew and shows them.
     virtual void rebuildView() = 0;
     void startObservationForOptionGroup(ZelOptionGroup *group);
@@ -77,7 +80,8 @@ protected:
     /// The options of the editor's own key paths, and those of each group.
     QList<Choice> ownChoices() const;
     QList<Choice> choicesOfGroup(const ZelOptionGroup *group) const;
-    /// Makes the options stand for values of the type that the model's value has. If that type has changed and the
+    /// Makes the options stand for values of the type that the model's value has; where there are several values, that
+    /// of the first object's. If that type has changed and the
     /// options depend on it, they are collected again.
     void adaptOptionsTo(const QVariant &modelValue);
     /// The value of the selection, reduced to the bits of the mask where there is one.
@@ -87,6 +91,7 @@ protected:
 
 private:
     std::optional<Choice> findChoice(const std::function<bool(const Choice &)> &isMeant) const;
+    QMetaType typeOfSeveral() const;
     QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
 
     QList<QPointer<ZelOptionGroup>> m_optionGroups;

@@ -5,6 +5,7 @@
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Values/ZelNumberChange.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
@@ -134,6 +135,12 @@ void ZelInspectorFontProperty::writeFont(const QFont &font, QObject *sender)
         userDidChangeValue(sender);
 }
 
+QString ZelInspectorFontProperty::textForValue(const QVariant &value) const
+{
+    const auto font = fontOf(value);
+    return font ? description(*font) : ZelInspectorProperty::textForValue(value);
+}
+
 // View
 
 void ZelInspectorFontProperty::loadView()
@@ -192,6 +199,14 @@ void ZelInspectorFontProperty::makePopover()
 void ZelInspectorFontProperty::connectPopoverView()
 {
     ZelFontPopoverView *view = m_popoverView;
+    view->fontFamilyPopUpButton()->setItemMarks([editor = QPointer<ZelInspectorFontProperty>(this)] {
+        return editor ? editor->marksOfUsed(editor->fontFamilyPopUpButton(), &ZelFontManager::availableFamilyOf)
+                      : ZelPopUpButton::ItemMarks();
+    });
+    view->fontStylePopUpButton()->setItemMarks([editor = QPointer<ZelInspectorFontProperty>(this)] {
+        return editor ? editor->marksOfUsed(editor->fontStylePopUpButton(), &ZelFontManager::faceOf)
+                      : ZelPopUpButton::ItemMarks();
+    });
     connect(view->fontPopUpButton(), &ZelPopUpButton::action, this,
             [this, view] { selectFont(view->fontPopUpButton()); });
     connect(view->fontFamilyPopUpButton(), &ZelPopUpButton::action, this,
@@ -204,6 +219,25 @@ void ZelInspectorFontProperty::connectPopoverView()
             [this, view] { setFontSize(view->fontSizeStepper()->objectValue()); });
     connect(view->doneButton(), &QAbstractButton::clicked, this,
             [this, view] { ZelExceptionReporter::run(this, [this, view] { selectDone(view->doneButton()); }); });
+}
+
+/// A check mark for a name that all selected fonts have, and dashes for those that some have.
+ZelPopUpButton::ItemMarks ZelInspectorFontProperty::marksOfUsed(const ZelPopUpButton *button,
+                                                                QString (*nameOf)(const QFont &)) const
+{
+    const ZelPlaceScope scope(this);
+    const ZelValueSummary names = valueSummary().mapped([nameOf](const QVariant &value) {
+        const auto font = fontOf(value);
+        return font ? QVariant(nameOf(*font)) : QVariant();
+    });
+    ZelPopUpButton::ItemMarks marks;
+    const QList<QAction *> items = button ? button->items() : QList<QAction *>();
+    for (const QAction *item : items) {
+        const qsizetype count = ZelIsControllerMarker(item->data()) ? 0 : names.countOf(item->data());
+        if (count > 0)
+            marks.insert(item, count < names.objectCount() ? Qt::PartiallyChecked : Qt::Checked);
+    }
+    return marks;
 }
 
 ZelPopover *ZelInspectorFontProperty::popover()

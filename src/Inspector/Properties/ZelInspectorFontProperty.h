@@ -86,6 +86,9 @@ public:
     bool commitEditing() override;
     void discardEditing() override;
     void configure(const ZelInspectorConfiguration &configuration) override;
+    /// Family, face and size.
+    QString textForValue(const QVariant &value) const override;
+
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;
@@ -110,6 +113,7 @@ private:
     void makePopover();
     void connectPopoverView();
     void showValueInPopover();
+    ZelPopUpButton::ItemMarks marksOfUsed(const ZelPopUpButton *button, QString (*nameOf)(const QFont &)) const;
     void selectCustomFont();
     void layOut(ZelView *container);
     static QString description(const QFont &font);

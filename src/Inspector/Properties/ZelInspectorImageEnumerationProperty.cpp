@@ -81,6 +81,12 @@ qsizetype ZelInspectorImageEnumerationProperty::findSegment(const QVariant &valu
     return choice == m_choices.end() ? -1 : choice - m_choices.begin();
 }
 
+QString ZelInspectorImageEnumerationProperty::textForValue(const QVariant &value) const
+{
+    const QString title = m_choices.value(findSegment(value)).title;
+    return title.isEmpty() ? ZelInspectorEnumerationProperty::textForValue(value) : oneLine(title);
+}
+
 qsizetype ZelInspectorImageEnumerationProperty::segmentForValue(const QVariant &value) const
 {
     const qsizetype segment = findSegment(value);

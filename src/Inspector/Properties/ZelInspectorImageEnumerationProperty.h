@@ -42,6 +42,9 @@ public:
     /// The first segment that stands for the value; none is the assertion "Unsupported value found: ", and -1.
     qsizetype segmentForValue(const QVariant &value) const;
 
+    /// The title of the option that stands for the value.
+    QString textForValue(const QVariant &value) const override;
+
     void loadView() override;
     void viewDidInstall() override;
     void updateView() override;

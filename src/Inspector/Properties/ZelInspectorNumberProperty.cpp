@@ -168,6 +168,14 @@ void ZelInspectorNumberProperty::addNonNilCheckbox(ZelView *container, ZelView *
     connect(m_nonNillCheckbox, &ZelCheckBox::action, this, [this] { toggleNilValue(m_nonNillCheckbox); });
 }
 
+QString ZelInspectorNumberProperty::textForValue(const QVariant &value) const
+{
+    const QString text = ZelIsNull(value) ? placeholder
+                         : m_textField    ? m_textField->formatter()->stringForObjectValue(value)
+                                          : QString();
+    return text.isEmpty() ? ZelInspectorProperty::textForValue(value) : text;
+}
+
 void ZelInspectorNumberProperty::viewDidInstall()
 {
     ZelInspectorProperty::viewDidInstall();

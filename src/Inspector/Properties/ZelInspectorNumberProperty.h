@@ -79,6 +79,9 @@ public:
     ZelLabel *label() const { return m_label; }
     ZelCheckBox *nonNillCheckbox() const { return m_nonNillCheckbox; }
 
+    /// The number with its unit; the placeholder for no value.
+    QString textForValue(const QVariant &value) const override;
+
     void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
     void viewDidInstall() override;
@@ -97,6 +100,7 @@ public:
 
 protected:
     QMetaType valueType() const override { return QMetaType::fromType<double>(); }
+    bool tellsRange() const override { return true; }
 
 private:
     void addTextField(ZelView *container);

@@ -3,6 +3,7 @@
 
 #include "Controls/ZelControlSize.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Views/ZelVerticalStackView.h"
@@ -72,6 +73,13 @@ void ZelInspectorPairProperty::didUpdateValues()
 {
     const QVariant &first = component(0);
     setNonNil(ZelIsControllerMarker(first) ? first : QVariant(ZelIsNull(first) ? 0 : 1));
+}
+
+ZelValueSummary ZelInspectorPairProperty::valueSummaryOfPart(const QString &key) const
+{
+    if (key != QStringLiteral("nonNil"))
+        return ZelInspectorCompositeProperty::valueSummaryOfPart(key);
+    return valueSummary().mapped([](const QVariant &value) { return QVariant(!ZelIsNull(value)); });
 }
 
 void ZelInspectorPairProperty::toggleNilValue()

@@ -47,6 +47,7 @@ protected:
     virtual QString toggleActionName() const { return actionName(); }
     ZelInspectorNumberProperty *numberProperty(int index) const { return m_numberProperties[index]; }
     void didUpdateValues() override;
+    ZelValueSummary valueSummaryOfPart(const QString &key) const override;
 
 private:
     void addNumberEditors(ZelView *row);

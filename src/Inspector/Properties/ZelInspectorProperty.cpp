@@ -13,6 +13,7 @@
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Selection/ZelObjectController.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
@@ -23,6 +24,7 @@
 #include "Inspector/Properties/private/ZelFailedEdits.h"
 #include "Inspector/Properties/private/ZelMissingKeyWatch.h"
 #include "Inspector/Properties/private/ZelValueRefusal.h"
+#include "Inspector/Properties/private/ZelValueSummaryText.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
@@ -384,6 +386,70 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
             return std::nullopt;
         return transformer ? transformer->reverseTransformedValue(value) : value;
     });
+}
+
+// What the selected objects have
+
+QList<QPointer<QObject>> ZelInspectorProperty::selectedObjects() const
+{
+    if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
+        return {};
+    QObject *controller =
+        ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)));
+    if (const auto *known = qobject_cast<ZelObjectController *>(controller))
+        return known->heldObjects();
+    const QList<QObject *> objects = representedObjectsForControllerSelectionKeyPath(m_keyPath);
+    return {objects.begin(), objects.end()};
+}
+
+ZelValueSummary ZelInspectorProperty::valueSummary() const
+{
+    if (!keyPathHasControllerSelectionPrefix(m_keyPath)) {
+        const auto *outer = qobject_cast<const ZelInspectorProperty *>(m_owner.data());
+        return outer ? outer->valueSummaryOfPart(m_keyPath) : ZelValueSummary();
+    }
+    const ZelValueSummary stored = ZelValueSummary::ofKeyPath(selectedObjects(), selectedKeyPath());
+    const ZelValueTransformerPtr transformer = m_valueTransformer;
+    return transformer ? stored.mapped([&](const QVariant &value) { return transformed(transformer, value); }) : stored;
+}
+
+ZelValueSummary ZelInspectorProperty::valueSummaryOfPart(const QString &) const
+{
+    return {};
+}
+
+QString ZelInspectorProperty::oneLine(const QString &text)
+{
+    constexpr qsizetype longest = 40;
+    const QString trimmed = text.trimmed();
+    const qsizetype end = trimmed.indexOf(u'\n');
+    const qsizetype length = std::min(end < 0 ? trimmed.size() : end, longest);
+    return length < trimmed.size() ? trimmed.left(length).trimmed() + QChar(0x2026) : trimmed;
+}
+
+QString ZelInspectorProperty::textForValue(const QVariant &value) const
+{
+    if (ZelIsNull(value))
+        return ZelLocalizedString("No Value");
+    const QString text = value.toString();
+    return oneLine(text.isEmpty() ? ZelDescription(value) : text);
+}
+
+QString ZelInspectorProperty::valueSummaryText() const
+{
+    const QVariant whole = m_keyPath.isEmpty() ? QVariant() : ZelValueForKeyPath(m_owner.data(), m_keyPath);
+    if (!ZelIsMarker(whole, ZelMultipleValuesMarker))
+        return {};
+    const ZelValueSummary summary = valueSummary();
+    return ZelValueSummaryText::of(
+        summary, [this](const QVariant &value) { return textForValue(value); }, tellsRange());
+}
+
+QString ZelInspectorProperty::helpForControl(const QWidget *) const
+{
+    const ZelPlaceScope scope(this);
+    const QString text = valueSummaryText();
+    return text.isNull() ? QStringLiteral("") : text;
 }
 
 QWidget *ZelInspectorProperty::viewForBaselineAlignment()

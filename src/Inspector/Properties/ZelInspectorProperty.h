@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/KeyValue/ZelKeyPath.h"
 #include "Core/KeyValue/ZelSelector.h"
 #include "Core/RunLoop/ZelMemberScope.h"
 #include "Core/Values/ZelAbstractValueTransformer.h"
@@ -18,6 +19,7 @@ class ZelMissingKeyWatch;
 class ZelObjectController;
 class ZelUndoManager;
 class ZelNumberChange;
+class ZelValueSummary;
 
 /// The base of every property editor: shows one value of what an inspector edits and writes changes of it back.
 ///
@@ -168,6 +170,19 @@ public:
     /// path, the reflected value is the only one.
     QVariant combinedReflectedValue(const ValueBlock &map) const;
 
+    // What the selected objects have
+    /// How people are told a value: in one line, as the editor shows it. The base answers the beginning of its text.
+    virtual QString textForValue(const QVariant &value) const;
+    /// The different values that the editor reflects: made anew by each call, in one pass over the selected objects.
+    /// Empty if the editor does not edit a selection.
+    virtual ZelValueSummary valueSummary() const;
+    /// Tells the different values: how many there are, the most frequent ones with their counts, and the range of
+    /// numbers. Empty unless the selected objects have several values.
+    QString valueSummaryText() const;
+    /// All that an editor adds to the tool tips and descriptions of its controls: valueSummaryText(). Overrides may add
+    /// to it, but never answer a null text.
+    QString helpForControl(const QWidget *control) const override;
+
     // What a row asks of its editors
     virtual QWidget *viewForBaselineAlignment();
     /// The controls that bear the row's title as accessible name where the editor has none of its own; null ones are
@@ -209,6 +224,16 @@ protected:
         {
         }
     };
+
+    /// The summary for an editor inside this one that edits a property of this editor. Empty by default.
+    virtual ZelValueSummary valueSummaryOfPart(const QString &key) const;
+    /// Whether the least and the greatest value are told, too.
+    virtual bool tellsRange() const { return false; }
+    /// The selected objects at the end of the key path, and the key path below them.
+    QList<QPointer<QObject>> selectedObjects() const;
+    ZelKeyPath selectedKeyPath() const { return keyPathByStripingControllerSelectionPrefix(m_keyPath); }
+    /// The first line of a text, shortened if it is long.
+    static QString oneLine(const QString &text);
 
     /// Why the model's property would not take the value, as a text for people; null where it would.
     QString refusalOf(const QVariant &modelValue) const;

@@ -3,6 +3,7 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Core/Binding/ZelBinding.h"
+#include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
@@ -22,6 +23,9 @@ void ZelInspectorTextEnumerationProperty::loadView()
         ZelEditorLayout::setName(m_popUpButton, title());
         ZelEditorLayout::setStretches(m_popUpButton, 100);
         connect(m_popUpButton, &ZelPopUpButton::action, this, [this] { userDidChangeValue(m_popUpButton); });
+        m_popUpButton->setItemMarks([editor = QPointer<ZelInspectorTextEnumerationProperty>(this)] {
+            return editor ? editor->marksOfUsedOptions() : ZelPopUpButton::ItemMarks();
+        });
     } else {
         m_textField = new ZelTextField(container);
         m_textField->setLabelStyle(true);
@@ -112,6 +116,26 @@ ZelMenuItem *ZelInspectorTextEnumerationProperty::menuItemForValue(const QVarian
             return item;
     }
     return nullptr;
+}
+
+QString ZelInspectorTextEnumerationProperty::textForValue(const QVariant &value) const
+{
+    const ZelMenuItem *item = menuItemForValue(value);
+    return item && !item->title().isEmpty() ? oneLine(item->title())
+                                            : ZelInspectorEnumerationProperty::textForValue(value);
+}
+
+/// Dashes for the options that some of the objects have.
+ZelPopUpButton::ItemMarks ZelInspectorTextEnumerationProperty::marksOfUsedOptions() const
+{
+    const ZelPlaceScope scope(this);
+    const ZelValueSummary summary = valueSummary();
+    ZelPopUpButton::ItemMarks marks;
+    for (const ZelMenuItem *item : m_options) {
+        if (!item->isSeparator() && summary.countOf(item->representedObject()) > 0)
+            marks.insert(item, Qt::PartiallyChecked);
+    }
+    return marks;
 }
 
 void ZelInspectorTextEnumerationProperty::showItem(ZelMenuItem *item)

@@ -37,6 +37,9 @@ public:
     /// The first option that stands for the value; null if there is none.
     ZelMenuItem *menuItemForValue(const QVariant &value) const;
 
+    /// The title of the option that stands for the value.
+    QString textForValue(const QVariant &value) const override;
+
     void loadView() override;
     void viewDidInstall() override;
     void updateView() override;
@@ -48,6 +51,7 @@ private:
     void addItem(const Choice &choice);
     void addFixedItems();
     void showItem(ZelMenuItem *item);
+    ZelPopUpButton::ItemMarks marksOfUsedOptions() const;
 
     QPointer<ZelPopUpButton> m_popUpButton;
     QPointer<ZelTextField> m_textField;

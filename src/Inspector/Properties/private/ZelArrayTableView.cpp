@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/private/ZelArrayTableView.h"
 
+#include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelDragSource.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Resources/ZelLocalizedString.h"
@@ -285,7 +286,7 @@ void ZelArrayTableView::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect area = viewport()->rect();
-    painter.drawText(area, Qt::AlignCenter, fontMetrics().elidedText(m_placeholder, Qt::ElideRight, area.width()));
+    painter.drawText(area, Qt::AlignCenter, ZelControlSupport::fitted(m_placeholder, fontMetrics(), area.width()));
 }
 
 /// The base shows the focus in the current cell, and not at all where there is none.
