@@ -148,11 +148,11 @@ QVariant ZelDatePicker::enteredValue() const
     return hasZone ? inTimeZoneOf(dateTime(), value.toDateTime()) : dateTime();
 }
 
-bool ZelDatePicker::readValue(QVariant *value, QString *)
+bool ZelDatePicker::readValue(QVariant *value, QString *error)
 {
     interpretText();
     *value = m_isCleared ? QVariant() : m_showsNone ? objectValue() : enteredValue();
-    return true;
+    return !isChange(*value) || accepts(*value, error);
 }
 
 /// Clearing the date is a change also where a marker stands for several dates.

@@ -33,6 +33,8 @@ public:
 
     /// How the picker shows a date or a time; null for any other value.
     QString textForDate(const QVariant &value) const;
+    using ZelEditSession::errorText;
+    using ZelEditSession::setValueCheck;
 
     bool isEditable() const override { return !isReadOnly(); }
     void stepBy(int steps) override;

@@ -3,6 +3,7 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelErrorNote.h"
+#include "Controls/private/ZelRefusalMark.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Values/ZelNumberChange.h"
@@ -11,6 +12,7 @@
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/private/ZelControlHelp.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -102,7 +104,12 @@ bool ZelEditSession::parse(const QString &text, QVariant *value, QString *error)
     }
     if (!applyChange(value, error))
         return false;
-    *error = m_check ? m_check(*value) : QString();
+    return accepts(*value, error);
+}
+
+bool ZelEditSession::accepts(const QVariant &value, QString *error) const
+{
+    *error = m_check ? m_check(value) : QString();
     return error->isEmpty();
 }
 
@@ -195,9 +202,16 @@ void ZelEditSession::report()
     const QPointer<QWidget> guard(m_field);
     ZelControlSupport::announceValue(m_field, m_value);
     send(Signal::ObjectValueChanged);
-    if (guard)
-        ZelControlSupport::reportEdit(
-            m_field, [this] { send(Signal::ValueEdited); }, [this] { send(Signal::Action); });
+    if (!guard)
+        return;
+    const auto valueEdited = [this, guard, entered = m_value] {
+        send(Signal::ValueEdited);
+        // Bindings have shown by now what the model made of the value. Less than the field shows does not matter.
+        if (guard && ZelNotEqual(entered, m_value) && isShown(entered) &&
+            displayString(entered) != displayString(m_value))
+            ZelRefusalMark::flash(m_field);
+    };
+    ZelControlSupport::reportEdit(m_field, valueEdited, [this] { send(Signal::Action); });
 }
 
 // The error
@@ -210,6 +224,10 @@ void ZelEditSession::setError(const QString &error)
     ZelErrorNote::show(&m_errorNote, m_field, error);
     errorDidChange();
     m_field->update();
+    if (error.isEmpty() || !QAccessible::isActive())
+        return;
+    QAccessibleEvent alert(m_field, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void ZelEditSession::typingDidChange()

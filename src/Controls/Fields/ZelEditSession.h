@@ -92,6 +92,8 @@ protected:
     /// The name of the marker if the value is one, otherwise the null placeholder.
     QString placeholder() const;
     bool parse(const QString &text, QVariant *value, QString *error) const;
+    /// Asks the check, if there is one.
+    bool accepts(const QVariant &value, QString *error) const;
 
     // What happens to the field.
     /// The field calls this first for every event. If it answers true, nothing is left to do for the event.

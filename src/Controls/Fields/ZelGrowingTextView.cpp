@@ -44,6 +44,7 @@ ZelGrowingTextView::ZelGrowingTextView(QWidget *parent)
     setSizePolicy(policy);
     connect(document(), &QTextDocument::contentsChange, this, [this] { m_read = {}; });
     connect(document(), &QTextDocument::contentsChanged, this, &ZelGrowingTextView::textMayNeedHeight);
+    connect(this, &QTextEdit::textChanged, this, [this] { typingDidChange(); });
 }
 
 ZelAttributedString ZelGrowingTextView::attributedString() const
@@ -110,11 +111,11 @@ qsizetype ZelGrowingTextView::beforePair(qsizetype position) const
     return isInside ? position - 1 : position;
 }
 
-bool ZelGrowingTextView::readValue(QVariant *value, QString *)
+bool ZelGrowingTextView::readValue(QVariant *value, QString *error)
 {
     const ZelAttributedString string = attributedString();
     *value = string.isEmpty() ? QVariant() : string.toVariant();
-    return true;
+    return !isChange(*value) || accepts(*value, error);
 }
 
 /// A text that was typed over several others and deleted again leaves them as they are.

@@ -26,6 +26,9 @@ class ZEL_EXPORT ZelGrowingTextView : public ZelGuardedScrollArea<QTextEdit>,
 public:
     explicit ZelGrowingTextView(QWidget *parent = nullptr);
 
+    using ZelEditSession::errorText;
+    using ZelEditSession::setValueCheck;
+
     /// The text in the view, including what is being typed; never null.
     ZelAttributedString attributedString() const;
 

@@ -3,12 +3,15 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelPressGrouping.h"
+#include "Controls/private/ZelRefusalMark.h"
 #include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "ViewController/private/ZelControlHelp.h"
 
 #include <QKeyEvent>
+#include <QPointer>
+#include <cmath>
 
 ZelRangeControl::ZelRangeControl(const ZelValueRange &range, double increment, QWidget *parent)
     : ZelGuarded(parent)
@@ -45,7 +48,26 @@ void ZelRangeControl::enterValue(const QVariant &value)
 {
     m_value = value;
     update();
-    ZelControlSupport::reportNewValue(this);
+    const QPointer<ZelRangeControl> guard(this);
+    ZelControlSupport::announceValue(this);
+    Q_EMIT objectValueChanged();
+    if (!guard)
+        return;
+    const auto edited = [this, guard, value] {
+        Q_EMIT valueEdited();
+        if (guard && isRefused(value))
+            ZelRefusalMark::flash(this);
+    };
+    ZelControlSupport::reportEdit(this, edited, [this] { Q_EMIT action(); });
+}
+
+/// Whether the model, as its binding shows it by now, has another number than the entered one, and not because it
+/// rounded that one.
+bool ZelRangeControl::isRefused(const QVariant &entered) const
+{
+    if (ZelEqual(entered, m_value) || !ZelIsNumber(entered))
+        return false;
+    return !hasSingleValue() || std::abs(doubleValue() - entered.toDouble()) > roundingTolerance();
 }
 
 void ZelRangeControl::restoreValue(const QVariant &value)

@@ -8,6 +8,7 @@
 
 #include <QAccessible>
 #include <QWidget>
+#include <cmath>
 #include <memory>
 
 class ZelPressGrouping;
@@ -74,6 +75,8 @@ protected:
 
     const ZelValueRange &range() const { return m_range; }
     virtual double valueForNone() const { return 0; }
+    /// How far a number may be from the entered one that it was made of and still count as rounded.
+    virtual double roundingTolerance() const { return std::abs(m_increment) * 0.75; }
     /// Called when the value has changed. Redraws what shows it.
     virtual void showValue() { update(); }
     /// Sets a value that the user has entered, and reports it. The control may be gone afterwards.
@@ -105,6 +108,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    bool isRefused(const QVariant &entered) const;
     void setLimit(double *limit, double value);
 
     ZelValueRange m_range;

@@ -39,6 +39,11 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    /// A drag goes through numbers that a model with steps of its own does not have.
+    double roundingTolerance() const override
+    {
+        return std::max(ZelRangeControl::roundingTolerance(), (maxValue() - minValue()) / 20);
+    }
     bool handleEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -3,10 +3,12 @@
 
 #include "Controls/private/ZelControlAccessibility.h"
 #include "Controls/private/ZelControlAccessors.h"
+#include "Controls/private/ZelRefusalMark.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Binding/ZelEditor.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
+#include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
 #include "Resources/ZelLocalizedString.h"
@@ -160,14 +162,21 @@ void ZelControlSupport::reportEdit(QWidget *control, const std::function<void()>
     const QPointer<QWidget> guard(control);
     const ZelEventScope delivery; // a clicked list of Qt's own uses the control afterwards, too
     const ZelUndoGrouping grouping(control);
+    QString refusal;
     const bool isDone = ZelExceptionReporter::run(control, [&] {
-        valueEdited();
-        if (guard)
-            action();
+        try {
+            valueEdited();
+            if (guard)
+                action();
+        } catch (const ZelRefusedEditException &exception) {
+            refusal = ZelRefusalMark::text(exception.validation());
+        }
     });
-    if (!isDone && guard)
+    if ((!isDone || !refusal.isNull()) && guard)
         ZelExceptionReporter::run(
             control, [control] { ZelNotificationCenter::defaultCenter()->post(ZelEditDidFailNotification, control); });
+    if (!refusal.isNull() && guard)
+        ZelRefusalMark::show(control, refusal);
 }
 
 void ZelControlSupport::announceValue(QWidget *control, const QVariant &value)

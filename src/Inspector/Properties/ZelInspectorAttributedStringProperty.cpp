@@ -179,6 +179,9 @@ void ZelInspectorAttributedStringProperty::makeTextView(ZelView *container)
 {
     m_textView = new ZelInspectorTextView(container);
     m_textView->setAccessibleName(title());
+    m_textView->setValueCheck([editor = QPointer<ZelInspectorAttributedStringProperty>(this)](const QVariant &value) {
+        return editor ? editor->refusalOf(editor->entered(String::fromVariant(value))) : QString();
+    });
     ZelEditorLayout::setStretches(m_textView, 1);
     connect(m_textView, &ZelGrowingTextView::action, this, [this] { userDidChangeValue(m_textView); });
     connect(m_textView, &ZelInspectorTextView::selectionDidChange, this,
@@ -274,16 +277,24 @@ void ZelInspectorAttributedStringProperty::userDidChangeValue(QObject *sender)
     if (!m_textView || (ZelIsControllerMarker(reflected) && !overwrites(reflected)))
         return;
     const String string = m_textView->attributedString();
-    const bool isNothing = string.isEmpty() && allowsNilValues;
+    const QVariant value = entered(string);
     const String former = String::fromVariant(reflected);
-    if (isNothing ? former.isNull() : string == former)
+    if (value.isValid() ? string == former : former.isNull())
         return;
     const QPointer<ZelInspectorAttributedStringProperty> alive(this);
-    setReflectedValue(isNothing ? QVariant() : QVariant::fromValue(string));
+    setReflectedValue(value);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
     if (alive)
         updateSegmentedControl();
+}
+
+/// The value that the text stands for. An empty one, which may be null, stands for no value or for an empty text.
+QVariant ZelInspectorAttributedStringProperty::entered(const String &string) const
+{
+    if (!string.isEmpty())
+        return QVariant::fromValue(string);
+    return allowsNilValues ? QVariant() : QVariant::fromValue(String(QStringLiteral("")));
 }
 
 /// Commits the format and what was typed before, since the text is written as a whole.

@@ -148,6 +148,7 @@ private:
     void makeTextView(ZelView *container);
     void layOut(ZelView *container);
     bool overwrites(const QVariant &value) const;
+    QVariant entered(const ZelAttributedString &string) const;
     void showSegments();
     void updateFormattable();
     void commitFormat();

@@ -80,15 +80,18 @@ void ZelInspectorBooleanProperty::userDidChangeValue(QObject *sender)
     if (m_checkbox->checkState() == Qt::PartiallyChecked)
         m_checkbox->setCheckState(Qt::Checked);
     const bool isOn = m_checkbox->checkState() == Qt::Checked;
+    const auto changed = [bits = bits, isOn](const QVariant &old) -> QVariant {
+        if (!bits)
+            return isOn ? 1 : 0;
+        const quint64 value = unsignedValue(old);
+        return ZelValueConversion::ofBits(isOn ? value | *bits : value & ~*bits, old.metaType());
+    };
     {
         const UpdatingValues updating(this);
-        updateReflectedValues([bits = bits, isOn](const QVariant &old) -> QVariant {
-            if (!bits)
-                return isOn ? 1 : 0;
-            const quint64 value = unsignedValue(old);
-            return ZelValueConversion::ofBits(isOn ? value | *bits : value & ~*bits, old.metaType());
-        });
+        updateReflectedValues(changed);
     }
+    if (alive)
+        flashUnlessKept(changed);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
 }

@@ -109,8 +109,13 @@ void ZelInspectorColorProperty::writeColor(const ZelColor &color)
     const bool isMixed = ZelIsMarker(kind, ZelMultipleValuesMarker);
     if (isMixed && !valueTransformer() &&
         ZelKeyPath(keyPathByStripingControllerSelectionPrefix(keyPath())).isSingleKey()) {
-        updateReflectedValues(
-            [&](const QVariant &old) { return old.typeId() == QMetaType::fromType<ZelColor>().id() ? whole : plain; });
+        const auto ofKind = [=](const QVariant &old) {
+            return old.typeId() == QMetaType::fromType<ZelColor>().id() ? whole : plain;
+        };
+        const QPointer<ZelInspectorColorProperty> alive(this);
+        updateReflectedValues(ofKind);
+        if (alive)
+            flashUnlessKept(ofKind);
         return;
     }
     const auto wantsZelColors = [this] {

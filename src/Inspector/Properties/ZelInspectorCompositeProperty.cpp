@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorCompositeProperty.h"
 
+#include "Controls/private/ZelRefusalMark.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
@@ -256,7 +257,48 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
     const QVariant value = m_components.at(index);
     if ((manager && manager->isUndoing()) || ZelIsControllerMarker(value))
         return;
-    writeComponent(index, [number = singlePrecision(value.toDouble())](const Numbers &, qsizetype) { return number; });
+    const double number = singlePrecision(value.toDouble());
+    const QPointer<ZelInspectorCompositeProperty> alive(this);
+    writeComponent(index, [number](const Numbers &, qsizetype) { return number; });
+    if (alive && isViewInstalled())
+        flashUnlessKept(index, number);
+}
+
+/// Shows if the models' values have another number in this place, as far as the number's field shows it.
+void ZelInspectorCompositeProperty::flashUnlessKept(int index, double number)
+{
+    const auto isOfComponent = [&](const QPointer<ZelInspectorProperty> &editor) {
+        return editor && editor->keyPath() == m_keys.at(index) && editor->isViewInstalled();
+    };
+    const auto editor = std::find_if(m_editors.cbegin(), m_editors.cend(), isOfComponent);
+    auto *numberEditor = editor == m_editors.cend() ? nullptr : qobject_cast<ZelInspectorNumberProperty *>(*editor);
+    ZelTextField *field = numberEditor ? numberEditor->textField() : nullptr;
+    if (!field || !field->formatter())
+        return;
+    std::optional<QVariantList> folded = componentsOfPlainSelection();
+    if (!folded)
+        folded = componentsOfSelection();
+    const QVariant &kept = folded->at(index);
+    const auto shown = [&](const QVariant &value) { return field->formatter()->stringForObjectValue(value); };
+    if (!ZelIsMarker(kept, ZelMultipleValuesMarker) && shown(kept) == shown(number))
+        return;
+    const int type = reflectedValue().typeId();
+    const bool isWhole = type == QMetaType::QPoint || type == QMetaType::QSize || type == QMetaType::QRect;
+    if (isWhole && std::abs(kept.toDouble() - number) < 1) // rounded by its type
+        return;
+    ZelRefusalMark::flash(field);
+    updateValues(); // at once, so that no undo step is recorded for a component that did not change in the end
+}
+
+QString ZelInspectorCompositeProperty::refusalOfPart(const QString &keyPath, const QVariant &value) const
+{
+    const auto index = int(m_keys.indexOf(keyPath));
+    if (index < 0 || ZelIsControllerMarker(value))
+        return {};
+    const Component component = [number = singlePrecision(value.toDouble())](const Numbers &, qsizetype) {
+        return number;
+    };
+    return refusalOfValues([&](const QVariant &old) { return valueByReplacing(old, index, component, 0); });
 }
 
 std::vector<double> ZelInspectorCompositeProperty::numbersForKey(ZelKey key) const

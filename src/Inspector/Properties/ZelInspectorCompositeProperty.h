@@ -69,6 +69,7 @@ protected:
 
     bool storesSingleKey() const override { return true; }
     ZelValueSummary valueSummaryOfPart(const QString &key) const override;
+    QString refusalOfPart(const QString &keyPath, const QVariant &value) const override;
     using Numbers = ZelGeometryType::Numbers;
 
     /// `keys` are the property names of the components, two or four, in their order; `type` is the type of new values.
@@ -100,6 +101,7 @@ protected:
 
 private:
     struct Selection;
+    void flashUnlessKept(int index, double number);
     Selection plainSelection() const;
     QVariantList componentsOfSelection() const;
     std::optional<QVariantList> componentsOfPlainSelection() const;

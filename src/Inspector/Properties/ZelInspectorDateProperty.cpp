@@ -53,6 +53,9 @@ void ZelInspectorDateProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_datePicker = new AlignedDatePicker(container);
+    m_datePicker->setValueCheck([editor = QPointer<ZelInspectorDateProperty>(this)](const QVariant &value) {
+        return editor ? editor->refusalOf(value) : QString();
+    });
     ZelEditorLayout::setName(m_datePicker, title());
     ZelEditorLayout::setStretches(m_datePicker, 100);
     m_label = ZelEditorLayout::addTitleLabel(container, title());

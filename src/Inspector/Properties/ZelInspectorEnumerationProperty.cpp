@@ -260,14 +260,17 @@ ZelValueSummary ZelInspectorEnumerationProperty::valueSummary() const
 void ZelInspectorEnumerationProperty::writeChoice(const QVariant &value, QObject *sender)
 {
     const QPointer<ZelInspectorEnumerationProperty> alive(this);
+    const auto changed = [mask = m_bitMask, value](const QVariant &old) -> QVariant {
+        if (!mask)
+            return value;
+        return ZelValueConversion::ofBits((unsignedValue(old) & ~*mask) | unsignedValue(value), old.metaType());
+    };
     {
         const UpdatingValues updating(this);
-        updateReflectedValues([mask = m_bitMask, value](const QVariant &old) -> QVariant {
-            if (!mask)
-                return value;
-            return ZelValueConversion::ofBits((unsignedValue(old) & ~*mask) | unsignedValue(value), old.metaType());
-        });
+        updateReflectedValues(changed);
     }
+    if (alive)
+        flashUnlessKept(changed);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
 }

@@ -86,6 +86,15 @@ QVariant ZelInspectorFontProperty::fontSize() const
     return ZelIsControllerMarker(value) ? value : QVariant();
 }
 
+QString ZelInspectorFontProperty::refusalOfPart(const QString &keyPath, const QVariant &value) const
+{
+    if (keyPath != u"fontSize")
+        return {};
+    const auto font = fontOf(reflectedValue());
+    const double size = value.toDouble();
+    return refusalOf(font ? ZelFontManager::convertFontToSize(*font, size) : ZelFontManager::systemFontOfSize(size));
+}
+
 void ZelInspectorFontProperty::setFontSize(const QVariant &size)
 {
     if (const ZelNumberChange *change = ZelNumberChange::of(size)) {

@@ -103,6 +103,7 @@ protected:
     bool contains(const QWidget *control) const override;
     /// Gives each object's font a size made from its own.
     virtual void changeFontSizes(const ZelNumberChange &change);
+    QString refusalOfPart(const QString &keyPath, const QVariant &value) const override;
 
 private:
     template<typename Part> Part *part(Part *(ZelFontPopoverView::*get)() const)

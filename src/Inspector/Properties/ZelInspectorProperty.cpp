@@ -3,7 +3,9 @@
 
 #include "Controls/Fields/ZelComboBox.h"
 #include "Controls/Fields/ZelEditSession.h"
+#include "Controls/Fields/ZelGrowingTextField.h"
 #include "Controls/ZelControlSize.h"
+#include "Controls/private/ZelRefusalMark.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Errors/ZelExceptionReporter.h"
@@ -15,6 +17,7 @@
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Selection/ZelValueSummary.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Values/ZelValues.h"
@@ -22,6 +25,7 @@
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorDefault.h"
 #include "Inspector/Properties/private/ZelFailedEdits.h"
+#include "Inspector/Properties/private/ZelKeptValueCheck.h"
 #include "Inspector/Properties/private/ZelMissingKeyWatch.h"
 #include "Inspector/Properties/private/ZelValueRefusal.h"
 #include "Inspector/Properties/private/ZelValueSummaryText.h"
@@ -31,6 +35,7 @@
 #include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QKeyEvent>
 #include <cmath>
@@ -201,7 +206,33 @@ bool ZelInspectorProperty::isWritable() const
 
 QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
 {
-    return ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, m_valueTransformer);
+    const QString reason =
+        ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, m_valueTransformer);
+    if (!reason.isNull() || !m_owner)
+        return reason;
+    if (const auto *outer = qobject_cast<const ZelInspectorProperty *>(m_owner.data()))
+        return outer->refusalOfPart(m_keyPath, modelValue);
+    const auto validation = ZelModelValidation::ofKeyPath(m_owner, m_keyPath, modelValue);
+    return validation.isRefused() ? ZelRefusalMark::text(validation) : QString();
+}
+
+QString ZelInspectorProperty::refusalOfValues(const ValueBlock &block) const
+{
+    const bool isSelection = keyPathHasControllerSelectionPrefix(m_keyPath);
+    const ZelKeyPath path = keyPathByStripingControllerSelectionPrefix(m_keyPath);
+    if (!m_owner || path.isEmpty() || !path.isSingleKey())
+        return {};
+    const QList<QObject *> objects =
+        isSelection ? representedObjectsForControllerSelectionKeyPath(m_keyPath) : QList<QObject *>{m_owner};
+    ZelModelValidation validation(path.first());
+    ZelClassAccessors accessors(path);
+    for (QObject *object : objects) {
+        const auto stored = validation.validates(object) ? accessors.read(object) : std::nullopt;
+        const QVariant value = stored ? block(transformed(m_valueTransformer, *stored)) : QVariant();
+        validation.ask(object,
+                       stored && m_valueTransformer ? m_valueTransformer->reverseTransformedValue(value) : value);
+    }
+    return validation.isRefused() ? ZelRefusalMark::text(validation) : QString();
 }
 
 QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
@@ -248,10 +279,69 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
         return;
     const ZelPlaceScope scope(this);
     const ZelRecordedWrite write(undoManager());
-    if (const ZelNumberChange *change = ZelNumberChange::of(value))
-        write.changeNumbers(m_owner, *change, m_keyPath, m_valueTransformer);
+    const QVariant stored = transformed(m_valueTransformer, value);
+    const QPointer<ZelInspectorProperty> alive(this);
+    const bool isDone = writeUnlessRefused([&] {
+        if (const ZelNumberChange *change = ZelNumberChange::of(value))
+            write.changeNumbers(m_owner, *change, m_keyPath, m_valueTransformer);
+        else
+            write.setValueForKeyPath(m_owner, stored, m_keyPath);
+    });
+    if (isDone && alive && isViewInstalled() && m_owner && !ZelNumberChange::of(value) &&
+        !ZelKeptValueCheck::isKept(stored, ZelValueForKeyPath(m_owner.data(), m_keyPath)))
+        showRefusal({});
+}
+
+/// Answers false if models have refused the value: nothing was written then, and the reason is shown.
+bool ZelInspectorProperty::writeUnlessRefused(const std::function<void()> &write)
+{
+    const QPointer<ZelInspectorProperty> alive(this);
+    m_wasRefused = false;
+    try {
+        write();
+        return true;
+    } catch (const ZelRefusedEditException &exception) {
+        if (!alive)
+            return false;
+        m_wasRefused = true;
+        showRefusal(ZelRefusalMark::text(exception.validation()));
+        return false;
+    }
+}
+
+/// Shows on the control that has the focus, or else on the main one, that what it shows is not what was entered.
+void ZelInspectorProperty::showRefusal(const QString &reason)
+{
+    if (!isViewInstalled())
+        return;
+    updateViewInvocation().schedule();
+    QWidget *focus = QApplication::focusWidget();
+    QWidget *control = focus && contains(focus) ? focus : controlsNamedByRow().value(0);
+    // The editor within a text field, or of a table's cell, is about to go.
+    for (QWidget *outer = control; outer && outer != view(); outer = outer->parentWidget()) {
+        if (qobject_cast<QAbstractScrollArea *>(outer) || qobject_cast<ZelGrowingTextField *>(outer))
+            control = outer;
+    }
+    if (!control)
+        return;
+    if (reason.isEmpty())
+        ZelRefusalMark::flash(control);
     else
-        write.setValueForKeyPath(m_owner, transformed(m_valueTransformer, value), m_keyPath);
+        ZelRefusalMark::show(control, reason);
+}
+
+void ZelInspectorProperty::flashUnlessKept(const ValueBlock &block)
+{
+    if (m_wasRefused || !isViewInstalled() || !m_owner)
+        return;
+    const QVariant several = QVariant::fromValue(ZelMultipleValuesMarker);
+    const QVariant refused = combinedReflectedValue([&](const QVariant &kept) {
+        return ZelIsControllerMarker(kept) || ZelKeptValueCheck::isKept(block(kept), kept)
+                   ? QVariant::fromValue(ZelNoSelectionMarker)
+                   : several; // which ends the walk over the objects
+    });
+    if (ZelIsMarker(refused, ZelMultipleValuesMarker))
+        showRefusal({});
 }
 
 void ZelInspectorProperty::userDidChangeValue(QObject *)
@@ -259,6 +349,8 @@ void ZelInspectorProperty::userDidChangeValue(QObject *)
     const ZelPlaceScope scope(this);
     if (isViewInstalled())
         updateViewInvocation().schedule(); // if a setter has refused the value, no signal tells so
+    if (std::exchange(m_wasRefused, false))
+        return;
     if (ZelUndoManager *manager = undoManager())
         manager->nameEdit(m_actionName);
     if (m_actionSelector.isNull() || !m_owner)
@@ -379,13 +471,14 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
                     : nullptr;
     const ZelValueTransformerPtr transformer = m_valueTransformer; // a setter may delete this editor
     const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller), path);
-    ZelRecordedWrite(undoManager()).mapValues(objects, path, [&](const QVariant &stored) -> std::optional<QVariant> {
+    const auto map = [&](const QVariant &stored) -> std::optional<QVariant> {
         const QVariant old = transformed(transformer, stored);
         const QVariant value = block(old);
         if (ZelEqual(value, old))
             return std::nullopt;
         return transformer ? transformer->reverseTransformedValue(value) : value;
-    });
+    };
+    writeUnlessRefused([&] { ZelRecordedWrite(undoManager()).mapValues(objects, path, map); });
 }
 
 // What the selected objects have

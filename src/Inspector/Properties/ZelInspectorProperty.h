@@ -141,6 +141,9 @@ public:
     QVariant reflectedValue() const;
     /// Writes the value at the key path, transformed forward, and records it for undo. An editor whose transformer is
     /// not its own inverse uses updateReflectedValues.
+    ///
+    /// If a model refuses the value (see validate methods in the documentation of models), nothing is written; if it
+    /// keeps another one, it is written. In both cases the control shows so.
     void setReflectedValue(const QVariant &value);
     /// Names the undo step and sends the action, and shows what the model made of the value. Editors call it after they
     /// have written what the user changed.
@@ -239,6 +242,14 @@ protected:
     QString refusalOf(const QVariant &modelValue) const;
     /// The same for a value as it is shown by a control that is bound with the transformer.
     QString refusalOfShown(const QVariant &value) const;
+    /// Why the models would not take what the block makes of each one's value; null where they would.
+    QString refusalOfValues(const ValueBlock &block) const;
+    /// Why the models would not take the value for a key of this editor, which is edited by an editor inside it; null
+    /// where they would.
+    virtual QString refusalOfPart(const QString &, const QVariant &) const { return {}; }
+    /// Shows, after updateReflectedValues, if a model did not keep its new value. The block must make nothing else of
+    /// a value that it has made.
+    void flashUnlessKept(const ValueBlock &block);
     /// Why the change cannot be made, and for how many objects; null if all take their new numbers.
     QString refusalOfChange(const ZelNumberChange &change) const;
 
@@ -280,6 +291,8 @@ protected:
 
 private:
     ZelDelayedInvocation *updateViewInvocationPointer() { return &updateViewInvocation(); }
+    bool writeUnlessRefused(const std::function<void()> &write);
+    void showRefusal(const QString &reason);
     void endEditing();
     void watchReturn();
     bool isFieldFocused() const;
@@ -315,5 +328,6 @@ private:
     bool m_enabled = true;
     bool m_readOnly = false;
     bool m_returnAdvances = false;
+    bool m_wasRefused = false; // what the user is about to be told to have changed
     bool m_isKeyKnown = false; // a selected object had it, or its absence was warned of
 };

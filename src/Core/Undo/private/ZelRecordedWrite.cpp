@@ -7,6 +7,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelWriteTarget.h"
 #include "Core/Values/ZelValues.h"
@@ -66,9 +67,13 @@ void ZelRecordedWrite::setValueForKeyPath(QObject *root, const QVariant &value, 
         return;
     }
     const QPointer<ZelUndoManager> manager(m_manager);
-    std::vector<ZelWriteTarget> targets;
-    if (manager && manager->recordsEdits()) {
-        targets = ZelWriteTarget::resolve(root, path);
+    std::vector<ZelWriteTarget> targets = ZelWriteTarget::resolve(root, path);
+    ZelModelValidation validation;
+    validation.askTargets(targets, value);
+    validation.check();
+    if (!manager || !manager->recordsEdits()) {
+        targets.clear();
+    } else {
         for (ZelWriteTarget &target : targets)
             target.readOldValues();
     }
@@ -96,12 +101,37 @@ void ZelRecordedWrite::changeNumbers(QObject *root, const ZelNumberChange &chang
     ZelObjectController::batchChanges([&] { numbers.write(change, *this); });
 }
 
+namespace {
+
+/// The new value of each object, after the models have been asked about all of them; nothing if no class asks.
+std::vector<std::optional<QVariant>> validated(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path,
+                                               const ZelRecordedWrite::Map &map)
+{
+    ZelModelValidation validation(path.first());
+    std::vector<std::optional<QVariant>> values;
+    const auto validates = [&](const QPointer<QObject> &object) { return object && validation.validates(object); };
+    if (!path.isSingleKey() || std::none_of(objects.begin(), objects.end(), validates))
+        return values;
+    ZelClassAccessors accessors(path);
+    for (const QPointer<QObject> &object : objects) {
+        const std::optional<QVariant> stored = object ? accessors.read(object) : std::nullopt;
+        values.push_back(stored ? map(*stored) : std::nullopt);
+        if (object && values.back())
+            validation.ask(object, *values.back());
+    }
+    validation.check();
+    return values;
+}
+
+} // namespace
+
 void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
     const QList<QPointer<QObject>> pointers(objects.begin(), objects.end());
     ZelClassAccessors accessors(path);
     const bool records = manager && manager->recordsEdits();
+    const std::vector<std::optional<QVariant>> checked = validated(pointers, path, map);
     QVariantList before; // read ahead for all, since an object may be changed by another's setter before its turn
     for (qsizetype i = 0; records && i < pointers.size(); ++i)
         before.append(pointers.at(i) ? accessors.read(pointers.at(i)).value_or(QVariant()) : QVariant());
@@ -117,7 +147,9 @@ void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPa
         errors.run([&] {
             const std::optional<QVariant> stored = object ? accessors.read(object) : std::nullopt;
             isFound = isFound || stored;
-            const std::optional<QVariant> value = stored ? map(*stored) : std::nullopt;
+            const std::optional<QVariant> value = !stored           ? std::nullopt
+                                                  : checked.empty() ? map(*stored)
+                                                                    : checked[size_t(i)];
             if (!value || !object)
                 return;
             if (records) {
@@ -145,6 +177,12 @@ void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelVal
                                  ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
+    ZelModelValidation validation(path.first());
+    for (qsizetype i = 0; path.isSingleKey() && i < objects.size(); ++i) {
+        if (objects.at(i))
+            validation.ask(objects.at(i), validation.validates(objects.at(i)) ? newValues.at(i) : QVariant());
+    }
+    validation.check();
     ZelFirstException errors;
     errors.run([&] {
         newValues.write(objects, path, [&](const QObject *object, qsizetype i) {

@@ -19,7 +19,8 @@ class ZelValueBlock;
 /// Objects are written one after the other. If one throws, the others are written all the same; what has changed is
 /// recorded, and then the first exception is thrown on. Nothing is recorded if no living object has another value
 /// afterwards. Objects without the key are passed over, unless no object has it: then ZelUndefinedKeyException is
-/// thrown.
+/// thrown. Models that validate the values are asked first: if one refuses, nothing is written, and
+/// ZelRefusedEditException is thrown.
 class ZelRecordedWrite
 {
 public:
