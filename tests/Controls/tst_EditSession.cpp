@@ -9,6 +9,7 @@
 #include "Controls/Fields/ZelTextField.h"
 #include "Controls/Fields/ZelToken.h"
 #include "Controls/private/ZelErrorNote.h"
+#include "Controls/private/ZelRefusalMark.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -149,7 +150,10 @@ public:
         QString state = shown + "/" + held;
         if (dynamic_cast<ZelEditSession *>(inner())->isEditing())
             state += " editing";
-        const QString error = inner()->accessibleDescription();
+        const auto *mark = inner()->findChild<ZelRefusalMark *>(QString(), Qt::FindDirectChildrenOnly);
+        const QString error = mark ? QString() : inner()->accessibleDescription();
+        if (mark)
+            state += " marked";
         const auto *note = panel->findChild<ZelErrorNote *>();
         if (!error.isEmpty())
             state += error == g_tooMuch ? " too much" : " error";
@@ -248,7 +252,7 @@ private Q_SLOTS:
             "second > typed/second editing changed; Escape > second/second; leave > second/second",
             "type; second > typed/second editing changed; Commit > typed/typed reported; leave > typed/typed",
             "answer; type; second > typed/second editing changed; "
-            "Commit > second/second changed+valueEdited+changed+action; leave > second/second",
+            "Commit > second/second marked changed+valueEdited+changed+action; leave > second/second marked",
             // Markers are placeholders.
             "set nullPlaceholder none; absent > none/absent changed; several > several/several changed; "
             "first > first/first changed; no-selection > No Selection/other changed; "

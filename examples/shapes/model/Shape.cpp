@@ -43,6 +43,14 @@ QRectF Shape::onPaper(const QRectF &frame)
             qBound(1.0, frame.height(), 1e5)};
 }
 
+QString Shape::validateName(const QString &name) const
+{
+    constexpr int longest = 60;
+    if (name.size() > longest)
+        return tr("A name has at most %1 letters.").arg(longest);
+    return name.contains(u'/') ? tr("A name contains no slash.") : QString();
+}
+
 void Shape::setFrame(const QRectF &frame)
 {
     const QRectF old = std::exchange(m_frame, onPaper(frame));

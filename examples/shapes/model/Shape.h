@@ -85,6 +85,8 @@ public:
     void setKind(Kind kind) { change(m_kind, qBound(Rectangle, kind, Text), &Shape::kindChanged); }
     QString name() const { return m_name; }
     void setName(const QString &name) { change(m_name, name, &Shape::nameChanged); }
+    /// Why users may not give it that name; empty if they may. The inspector asks before it writes.
+    Q_INVOKABLE QString validateName(const QString &name) const;
     /// Invalid is no note.
     QVariant note() const { return m_note; }
     void setNote(const QVariant &note) { change(m_note, note); }

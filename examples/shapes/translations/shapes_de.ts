@@ -415,4 +415,15 @@
         <translation>%1 Formen</translation>
     </message>
 </context>
+<context>
+    <name>Shape</name>
+    <message>
+        <source>A name has at most %1 letters.</source>
+        <translation>Ein Name hat höchstens %1 Zeichen.</translation>
+    </message>
+    <message>
+        <source>A name contains no slash.</source>
+        <translation>Ein Name enthält keinen Schrägstrich.</translation>
+    </message>
+</context>
 </TS>

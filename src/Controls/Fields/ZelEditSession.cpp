@@ -207,8 +207,9 @@ void ZelEditSession::report()
     const auto valueEdited = [this, guard, entered = m_value] {
         send(Signal::ValueEdited);
         // Bindings have shown by now what the model made of the value. Less than the field shows does not matter.
-        if (guard && ZelNotEqual(entered, m_value) && isShown(entered) &&
-            displayString(entered) != displayString(m_value))
+        const bool isOther = guard && isShown(entered) && ZelNotEqual(entered, m_value);
+        const QString text = isOther ? displayString(entered) : QString();
+        if (isOther && (text.isEmpty() || text != displayString(m_value))) // lists and rich texts are no plain text
             ZelRefusalMark::flash(m_field);
     };
     ZelControlSupport::reportEdit(m_field, valueEdited, [this] { send(Signal::Action); });
