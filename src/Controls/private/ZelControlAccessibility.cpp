@@ -185,7 +185,6 @@ QAccessibleInterface *interfaceOf(const QString &className, QObject *object)
              return new GrowingTextFieldInterface(static_cast<ZelGrowingTextField *>(o));
          }},
     };
-    ZelControlHelp::noteQuestion();
     if (QAccessibleInterface *cells = ZelCellGroupAccessible::make(object))
         return cells;
     if (QAccessibleInterface *menu = ZelPopUpMenuAccessible::make(object))

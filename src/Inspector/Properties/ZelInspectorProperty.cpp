@@ -245,15 +245,16 @@ QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 
 QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) const
 {
-    const ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
+    ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
+    const std::vector<double> &numbers = own.numbers();
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
     const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
-    const auto count = qsizetype(own.numbers().size());
+    const auto count = qsizetype(numbers.size());
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
-        const double number = change.number(own.numbers()[size_t(i)], i, count);
+        const double number = change.number(numbers[size_t(i)], i, count);
         if (takesAll && std::isfinite(number))
             continue;
         const QVariant value = isReversible ? m_valueTransformer->reverseTransformedValue(number) : QVariant(number);

@@ -11,7 +11,7 @@
 
 namespace {
 
-bool g_isAsked = false; // assistive technology has asked for a control
+bool g_isAsked = false; // assistive technology has asked for a description
 
 /// The nearest tool tip that is set for the widget or for one around it.
 QString toolTipSetFor(const QWidget *control)
@@ -120,15 +120,11 @@ bool ZelControlHelp::showToolTip(QEvent *event, QWidget *control, const QString 
 /// Assistive technology asks outside of events.
 QString ZelControlHelp::description(QWidget *control, const QString &text)
 {
+    g_isAsked = true;
     QString help;
     ZelExceptionReporter::run(control, [&] { help = of(control); });
     const QString separator = text.isEmpty() || help.isEmpty() ? QString() : QStringLiteral("\n");
     return text + separator + help;
-}
-
-void ZelControlHelp::noteQuestion()
-{
-    g_isAsked = true;
 }
 
 void ZelControlHelp::describeFocused(const QEvent *event, QWidget *control)

@@ -26,6 +26,4 @@ public:
     /// For events of a control whose accessible interface is Qt's, which cannot ask: while the control has the focus
     /// and assistive technology is running, the help is its accessible description.
     static void describeFocused(const QEvent *event, QWidget *control);
-    /// Called when an accessible interface is made: from then on somebody wants to know.
-    static void noteQuestion();
 };

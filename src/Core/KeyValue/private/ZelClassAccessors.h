@@ -46,6 +46,13 @@ public:
         return ZelValueForKeyPath(object, m_path);
     }
 
+    /// Reads into a value of that type. Does nothing and answers false where writeTyped would.
+    bool readTyped(const QObject *object, QMetaType type, void *value)
+    {
+        const ZelPropertyAccessor *accessor = announced(object, type);
+        return accessor && accessor->readTyped(object, value);
+    }
+
     /// Stores the value as ZelSetValueForKeyPath does.
     void write(QObject *object, const QVariant &value)
     {
@@ -57,12 +64,17 @@ public:
     /// exactly that type which announces its changes itself.
     bool writeTyped(QObject *object, QMetaType type, const void *value)
     {
-        const ZelPropertyAccessor *accessor = m_isSingleKey ? of(object) : nullptr;
-        return accessor && accessor == m_accessor && m_isAnnounced && m_type == type &&
-               accessor->writeTyped(object, value);
+        const ZelPropertyAccessor *accessor = announced(object, type);
+        return accessor && accessor->writeTyped(object, value);
     }
 
 private:
+    const ZelPropertyAccessor *announced(const QObject *object, QMetaType type)
+    {
+        const ZelPropertyAccessor *accessor = m_isSingleKey ? of(object) : nullptr;
+        return accessor && accessor == m_accessor && m_isAnnounced && m_type == type ? accessor : nullptr;
+    }
+
     ZelKeyPath m_path;
     ZelKey m_key;
     bool m_isSingleKey;

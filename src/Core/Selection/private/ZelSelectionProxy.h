@@ -31,6 +31,8 @@ public:
     ~ZelSelectionProxy() override;
 
     const QList<QPointer<QObject>> &objects() const { return m_objects; }
+    /// One object of each class, so that what depends on the class alone is not looked up for all of them.
+    const QList<QPointer<QObject>> &objectsOfEachClass() const;
     /// Answers false if nothing changed, or if an observer deleted the controller.
     bool setObjects(const QList<QPointer<QObject>> &objects);
 
@@ -66,7 +68,6 @@ private:
         bool answersOld = false;          // set during the notice before a change
         QPointer<const QObject> observer; // the first one, which has a place in a description
     };
-    const QList<QPointer<QObject>> &objectsOfEachClass() const;
     /// Reads on behalf of the path's observers, so that what is thrown names the place of one.
     QVariant valueForObservers(const Path &path, const ZelKeyPath &keyPath) const;
     void listen(Path &path);

@@ -8,6 +8,7 @@
 #include "Core/Values/private/ZelValueConversion.h"
 
 #include <QHash>
+#include <algorithm>
 
 namespace {
 
@@ -64,6 +65,13 @@ bool ZelModelValidation::validates(const QObject *object)
     return m_method.isValid();
 }
 
+bool ZelModelValidation::validates(const ZelWriteTarget &target)
+{
+    ZelModelValidation validation(target.path.first());
+    return std::any_of(target.objectsOfEachClass.begin(), target.objectsOfEachClass.end(),
+                       [&](const QPointer<QObject> &object) { return !object || validation.validates(object); });
+}
+
 void ZelModelValidation::ask(QObject *object, const QVariant &value)
 {
     ++m_count;
@@ -75,6 +83,10 @@ void ZelModelValidation::ask(QObject *object, const QVariant &value)
 void ZelModelValidation::askTargets(const std::vector<ZelWriteTarget> &targets, const QVariant &value)
 {
     for (const ZelWriteTarget &target : targets) {
+        if (!validates(target)) {
+            m_count += target.objects.size();
+            continue;
+        }
         if (m_key != target.path.first()) {
             m_key = target.path.first();
             m_class = nullptr;

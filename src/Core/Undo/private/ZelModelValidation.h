@@ -32,6 +32,8 @@ public:
     void ask(QObject *object, const QVariant &value);
     /// Whether the object's class has a method for the key.
     bool validates(const QObject *object);
+    /// Whether the class of any of the target's objects has one.
+    static bool validates(const ZelWriteTarget &target);
 
     bool isRefused() const { return m_refusing > 0; }
     /// What the first object that refuses says.

@@ -4,6 +4,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Undo/ZelNumbersInterface.h"
+#include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 
 #include <cmath>
@@ -35,11 +36,17 @@ ZelOwnNumbers::ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelVal
     if (m_interface && targets.front().path.isSingleKey()) {
         m_owner = only;
         m_path = targets.front().path;
-        m_numbers = m_interface->numbersForKey(m_path.first());
         return;
     }
     for (ZelWriteTarget &target : targets)
         addPart(std::move(target));
+}
+
+const std::vector<double> &ZelOwnNumbers::numbers()
+{
+    if (m_interface && m_owner)
+        m_numbers = m_interface->numbersForKey(m_path.first());
+    return m_numbers;
 }
 
 void ZelOwnNumbers::addPart(ZelWriteTarget &&target)
@@ -64,9 +71,7 @@ bool ZelOwnNumbers::readDoubles(Part &part)
     ZelClassAccessors accessors(target.path);
     for (qsizetype i = 0; i < target.objects.size(); ++i) {
         const QObject *object = target.objects.at(i);
-        const ZelPropertyAccessor *accessor = object ? accessors.of(object) : nullptr;
-        if (!accessor || accessor->type() != type || accessor->isSilent() ||
-            !accessor->readTyped(object, part.doubles.data(i)))
+        if (!object || !accessors.readTyped(object, type, part.doubles.data(i)))
             return false;
         m_numbers.push_back(doubleAt(part.doubles, i));
     }
@@ -127,12 +132,13 @@ void ZelOwnNumbers::writeDoubles(Part &part, qsizetype first, const ZelNumberCha
     ZelClassAccessors accessors(part.target.path);
     const auto refresh = [&](const QObject *object, qsizetype index, const void *before, void *now) {
         double own = 0;
-        const ZelPropertyAccessor *accessor = accessors.of(object);
-        if (accessor && accessor->readTyped(object, &own) && own != *static_cast<const double *>(before))
+        if (accessors.readTyped(object, QMetaType::fromType<double>(), &own) &&
+            own != *static_cast<const double *>(before))
             *static_cast<double *>(now) = changedNumber(change, own, places[size_t(index)], count);
     };
     if (changed > 0)
-        write.setValues(objects, std::move(part.doubles), std::move(after), part.target.path, refresh);
+        write.setValues(objects, std::move(part.doubles), std::move(after), part.target.path, refresh,
+                        ZelModelValidation::validates(part.target));
 }
 
 void ZelOwnNumbers::writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,

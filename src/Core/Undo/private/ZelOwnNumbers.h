@@ -20,7 +20,7 @@ public:
     ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelValueTransformerPtr &transformer);
 
     /// NaN for an object without a number.
-    const std::vector<double> &numbers() const { return m_numbers; }
+    const std::vector<double> &numbers();
     /// Stores the changed numbers; see ZelRecordedWrite::changeNumbers.
     void write(const ZelNumberChange &change, const ZelRecordedWrite &write);
 

@@ -174,15 +174,18 @@ void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPa
 }
 
 void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
-                                 ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh) const
+                                 ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh,
+                                 bool mayBeRefused) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
-    ZelModelValidation validation(path.first());
-    for (qsizetype i = 0; path.isSingleKey() && i < objects.size(); ++i) {
-        if (objects.at(i))
-            validation.ask(objects.at(i), validation.validates(objects.at(i)) ? newValues.at(i) : QVariant());
+    if (mayBeRefused && path.isSingleKey()) {
+        ZelModelValidation validation(path.first());
+        for (qsizetype i = 0; i < objects.size(); ++i) {
+            if (objects.at(i))
+                validation.ask(objects.at(i), validation.validates(objects.at(i)) ? newValues.at(i) : QVariant());
+        }
+        validation.check();
     }
-    validation.check();
     ZelFirstException errors;
     errors.run([&] {
         newValues.write(objects, path, [&](const QObject *object, qsizetype i) {

@@ -50,9 +50,9 @@ public:
     /// one by now, it makes the new value anew.
     using Refresh = std::function<void(const QObject *, qsizetype index, const void *oldValue, void *newValue)>;
     /// Stores a value of its own in each object; the caller knows the old ones. Values that are not of one type cannot
-    /// be made anew.
+    /// be made anew. A caller who knows that no class of the objects validates the key may say so.
     void setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues, ZelValueBlock newValues,
-                   const ZelKeyPath &path, const Refresh &refresh = {}) const;
+                   const ZelKeyPath &path, const Refresh &refresh = {}, bool mayBeRefused = true) const;
 
 private:
     ZelUndoManager *m_manager;

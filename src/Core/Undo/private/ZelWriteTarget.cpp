@@ -15,7 +15,7 @@ void addTargets(QObject *root, const ZelKeyPath &path, std::vector<ZelWriteTarge
     while (object) {
         if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
             if (rest.isSingleKey()) {
-                targets.push_back({proxy->objects(), rest, {}});
+                targets.push_back({proxy->objects(), rest, {}, proxy->objectsOfEachClass()});
                 return;
             }
             for (const QPointer<QObject> &selected : proxy->objects())
@@ -34,7 +34,7 @@ void addTargets(QObject *root, const ZelKeyPath &path, std::vector<ZelWriteTarge
         rest = rest.rest();
     }
     if (object)
-        targets.push_back({{object}, rest, {}});
+        targets.push_back({{object}, rest, {}, {object}});
 }
 
 } // namespace

@@ -14,6 +14,7 @@ struct ZelWriteTarget
     QList<QPointer<QObject>> objects;
     ZelKeyPath path;
     QVariantList oldValues;
+    QList<QPointer<QObject>> objectsOfEachClass; ///< one or more of each
 
     /// Finds the targets of a write. Where the path goes on below a selection, each selected object leads to a target
     /// of its own. An absent object on the way is no target, since nothing is stored behind it.

@@ -152,7 +152,7 @@ bool ZelNumberScrubber::begin()
 void ZelNumberScrubber::addNumber(ZelNumberScrubber *scrubber)
 {
     const ZelInspectorNumberProperty *editor = scrubber->m_editor;
-    const ZelOwnNumbers own(editor->owner(), editor->keyPath(), editor->valueTransformer());
+    ZelOwnNumbers own(editor->owner(), editor->keyPath(), editor->valueTransformer());
     m_numbers.push_back({scrubber, std::make_shared<const std::vector<double>>(own.numbers())});
     scrubber->showScrubbed(true);
 }
