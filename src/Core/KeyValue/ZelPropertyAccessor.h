@@ -36,6 +36,9 @@ public:
 
     /// The signal that announces a change: its method index, or -1.
     virtual int notifySignalIndex() const { return -1; }
+    /// Whether an emission of that signal with these arguments concerns this property. A signal may serve several
+    /// properties and say which of them it means.
+    virtual bool isMeantBy(void **) const { return true; }
     /// The types of events at the object that say that the property may have changed.
     virtual QList<QEvent::Type> notifyEvents() const { return {}; }
     bool isSilent() const { return notifySignalIndex() < 0 && notifyEvents().isEmpty(); }

@@ -82,11 +82,13 @@ void ZelNotifyRelay::stopListening(const ZelObservedKey &key)
     }
 }
 
-void ZelNotifyRelay::heard(int number, void **)
+void ZelNotifyRelay::heard(int number, void **arguments)
 {
     const int index = m_signals[size_t(number)].index;
-    if (index >= 0)
-        notifyKeys(m_record, [=](const ZelObservedKey &key) { return key.notifySignalIndex() == index; });
+    if (index < 0)
+        return;
+    notifyKeys(m_record,
+               [=](const ZelObservedKey &key) { return key.notifySignalIndex() == index && key.isMeantBy(arguments); });
 }
 
 bool ZelNotifyRelay::eventFilter(QObject *watched, QEvent *event)

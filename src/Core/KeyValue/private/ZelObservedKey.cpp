@@ -80,6 +80,11 @@ int ZelObservedKey::notifySignalIndex() const
     return accessor() ? accessor()->notifySignalIndex() : -1;
 }
 
+bool ZelObservedKey::isMeantBy(void **arguments) const
+{
+    return !accessor() || accessor()->isMeantBy(arguments);
+}
+
 QList<QEvent::Type> ZelObservedKey::notifyEvents() const
 {
     return accessor() ? accessor()->notifyEvents() : QList<QEvent::Type>();

@@ -57,6 +57,8 @@ public:
     bool announcesItself() const { return m_announcesItself; }
     /// The signal whose emission is a change of this key, or -1.
     int notifySignalIndex() const;
+    /// Whether an emission of that signal with these arguments concerns this key.
+    bool isMeantBy(void **arguments) const;
     QList<QEvent::Type> notifyEvents() const;
 
     void add(const Registration &registration);

@@ -38,7 +38,7 @@ public:
             isPlain && !m_path.isEmpty() ? ZelPropertyAccessor::find(object, m_path.first()) : nullptr;
         const int signal = m_path.isEmpty() ? destroyed : accessor ? accessor->notifySignalIndex() : -1;
         if (signal >= 0) {
-            listenTo(object, signal);
+            listenTo(object, signal, accessor ? numberOf(accessor) : 0);
             ++m_connections;
             if (!m_classes.contains(object->metaObject()))
                 m_classes.append(object->metaObject());
@@ -62,12 +62,22 @@ public:
     }
 
 private:
-    void heard(int, void **arguments) override
+    void heard(int number, void **arguments) override
     {
         if (m_path.isEmpty())
             objectDied(*static_cast<QObject **>(arguments[1]));
-        else if (!isSenderGoing())
+        else if (m_accessors[number]->isMeantBy(arguments) && !isSenderGoing())
             tell();
+    }
+    /// The place of an accessor among those of the connected objects, which are mostly of one class.
+    int numberOf(const ZelPropertyAccessor *accessor)
+    {
+        if (m_accessors.isEmpty() || m_accessors.last() != accessor) {
+            if (const auto known = m_accessors.indexOf(accessor); known >= 0)
+                return int(known);
+            m_accessors.append(accessor);
+        }
+        return int(m_accessors.size()) - 1;
     }
     /// Whether the notice comes from a destructor of a base class, so that the object is of none of the known classes
     /// any more. Its death is heard of next. For a large selection this does not matter: notices are handled later.
@@ -100,8 +110,9 @@ private:
 
     ZelSelectionProxy *m_proxy;
     ZelKeyPath m_path;
-    QList<QPointer<QObject>> m_observed;               // those without a signal
-    QVarLengthArray<const QMetaObject *, 1> m_classes; // of those with one
+    QList<QPointer<QObject>> m_observed;                         // those without a signal
+    QVarLengthArray<const QMetaObject *, 1> m_classes;           // of those with one
+    QVarLengthArray<const ZelPropertyAccessor *, 1> m_accessors; // of those with one, as their connections count them
     qsizetype m_connections = 0;
 };
 
