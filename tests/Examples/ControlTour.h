@@ -153,7 +153,11 @@ private:
             const QString path = controller->property("keyPath").toString();
             if (owner && path.contains(u".selection.")) {
                 const QVariant array = ZelValueForKeyPath(owner, ZelKeyPath(path.section(".selection.", 0, -2)));
-                return ZelValueForKey(array, ZelKey("selectedObjects")).value<QObjectList>();
+                QObjectList objects = ZelValueForKey(array, ZelKey("selectedObjects")).value<QObjectList>();
+                const QString inner = path.section(".selection.", -1).section('.', 0, -2); // to a part of each
+                for (QObject *&object : objects)
+                    object = inner.isEmpty() ? object : ZelObject(ZelValueForKeyPath(object, ZelKeyPath(inner)));
+                return objects;
             }
             if (!owner || !ownerOf(owner))
                 return owner && !path.isEmpty() ? QObjectList{owner} : QObjectList();
@@ -464,8 +468,10 @@ private:
         QWidget *widget = control.widget;
         const QPointF place = control.kind->places.value(attempt, control.kind->places.last());
         click(widget, {at(place.x(), widget->width()), at(place.y(), widget->height())});
-        if (control.kind->keys.isEmpty())
-            return;
+        const QWidget *focus = QApplication::focusWidget();
+        const bool hasFocus = focus && (focus == widget || widget->isAncestorOf(focus));
+        if (control.kind->keys.isEmpty() || (!hasFocus && !isEditable(widget)))
+            return; // one that can only be read need not take the focus
         QString keys = control.kind->keys[attempt];
         press(isEditable(widget) ? keys : keys.remove("Ctrl+A ")); // which else selects all shapes
     }

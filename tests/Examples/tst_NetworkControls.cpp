@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "Examples/ControlTour.h"
+#include "Inspector/ZelInspectorPane.h"
+#include "Inspector/ZelTabbedInspector.h"
+#include "TabBar/ZelTabBar.h"
+
+#include <NetworkWindow.h>
+
+#include <QTimer>
+
+/// The main function of the example, which makes the application and the window.
+int exampleMain(int argc, char *argv[]);
+
+/// Every control of the network example does what it is there for. The test runs inside of the program.
+class tst_NetworkControls : public QObject
+{
+    Q_OBJECT
+
+    NetworkWindow *m_window = nullptr;
+    QList<Node *> m_nodes;
+
+    static void settle()
+    {
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+    }
+    /// Clicks rows of the tree, the later ones with Control.
+    void clickRows(const QList<int> &nodes)
+    {
+        QTreeView *tree = m_window->tree();
+        tree->clearSelection();
+        Qt::KeyboardModifiers modifiers;
+        for (const int node : nodes) {
+            const QModelIndex index = m_window->model().indexOf(m_nodes.at(node));
+            tree->scrollTo(index);
+            const QPoint place = tree->viewport()->mapTo(m_window, tree->visualRect(index).center());
+            QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, modifiers, place);
+            modifiers = Qt::ControlModifier;
+        }
+        settle();
+    }
+    QObjectList models() const
+    {
+        QObjectList models;
+        for (Node *node : m_window->model().nodes()) {
+            models.append(node);
+            if (QObject *contact = node->property("contact").value<QObject *>())
+                models.append(contact);
+        }
+        return models;
+    }
+    QVariant situation() const { return int(m_window->tree()->selectionModel()->selectedRows().size()); }
+    void key(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
+    {
+        QTest::keyClick(m_window->windowHandle(), Qt::Key(key), modifiers);
+        settle();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *window = qobject_cast<NetworkWindow *>(widget))
+                m_window = window;
+        }
+        QVERIFY(m_window);
+        m_window->resize(900, 900);
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        m_nodes = m_window->model().nodes();
+    }
+
+    void everyControlEditsTheSelection_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QList<int>>("nodes");
+        QTest::addColumn<int>("least"); // number of controls that change something
+        const QList<std::pair<const char *, QList<int>>> selections{
+            {"nothing", {}},        {"a site", {0}}, {"both sites", {0, 1}}, {"a device", {2}},
+            {"devices", {2, 3, 5}}, {"a port", {6}}, {"ports", {6, 8, 9}},   {"all sorts", {0, 2, 6}}};
+        const QList<QList<int>> counts{{0, 4, 4, 4, 4, 8, 8, 1}, {0, 1, 1, 3, 3, 1, 1, 1}};
+        for (int tab = 0; tab < 2; ++tab) {
+            for (int i = 0; i < selections.size(); ++i) {
+                QTest::addRow("tab %d, %s", tab, selections.at(i).first)
+                    << tab << selections.at(i).second << counts.at(tab).at(i);
+            }
+        }
+    }
+    void everyControlEditsTheSelection()
+    {
+        QFETCH(int, tab);
+        QFETCH(QList<int>, nodes);
+        QFETCH(int, least);
+        auto *inspector = m_window->findChild<ZelTabbedInspector *>();
+        QWidget *tabs = inspector->tabBar()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).first();
+        const QPoint place(tabs->width() * (2 * tab + 1) / 4, tabs->height() / 2);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, tabs->mapTo(m_window, place));
+        QCOMPARE(int(inspector->selectedPaneIndex()), tab);
+        clickRows(nodes);
+        ControlTour tour({.undoStack = &m_window->undoStack(),
+                          .models = [this] { return models(); },
+                          .situation = [this] { return situation(); },
+                          .restore = [&] { clickRows(nodes); },
+                          .undo = [this] { key(Qt::Key_Z); },
+                          .redo = [this] { key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }});
+        tour.visitAll(inspector->panes()[tab]->view());
+        QCOMPARE(tour.faults(), QString());
+        QCOMPARE((tour.found - tour.changed).values().join('\n'), QString());
+        QVERIFY2(tour.changed.size() >= least, qPrintable(QString::number(tour.changed.size())));
+    }
+
+    /// Removing what is selected and being edited, and bringing it back, in one stack with the edits.
+    void edits_and_removals_are_undone_in_one_order()
+    {
+        m_window->undoStack().clear();
+        clickRows({2, 6}); // a device, and one of its ports
+        auto *inspector = m_window->findChild<ZelTabbedInspector *>();
+        inspector->setSelectedPaneIndex(0);
+        settle();
+        auto *field = inspector->panes()[0]->view()->findChild<ZelTextField *>();
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, field->mapTo(m_window, field->rect().center()));
+        settle();
+        key(Qt::Key_Backspace); // with Control: the menu's command
+        QCOMPARE(m_window->model().nodes().size(), m_nodes.size() - 3);
+        QVERIFY(m_window->undoStack().count() >= 1);
+        while (m_window->undoStack().canUndo())
+            m_window->undoStack().undo();
+        settle();
+        QCOMPARE(m_window->model().nodes(), m_nodes);
+    }
+};
+
+static void runTestInProgram()
+{
+    QTimer::singleShot(0, qApp, [] {
+        tst_NetworkControls test;
+        QCoreApplication::exit(QTest::qExec(&test, QCoreApplication::arguments()));
+    });
+}
+Q_COREAPP_STARTUP_FUNCTION(runTestInProgram)
+
+int main(int argc, char *argv[])
+{
+    return exampleMain(argc, argv);
+}
+
+#include "tst_NetworkControls.moc"
