@@ -10,6 +10,7 @@
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
+#include "Resources/ZelBundle.h"
 
 #include <typeinfo>
 
@@ -87,8 +88,10 @@ public:
     }
     ~Build()
     {
-        if (m_generator)
-            m_generator->m_files.reset();
+        if (!m_generator)
+            return;
+        m_generator->m_paths = m_generator->m_files->paths();
+        m_generator->m_files.reset();
     }
     Q_DISABLE_COPY_MOVE(Build)
 
@@ -119,15 +122,19 @@ void Generator::setDelegate(ZelDeclarativeInspectorGeneratorDelegate *delegate)
 
 // Roots
 
+bool Generator::canBuild() const
+{
+    return ZelCheck(!m_url.isEmpty(), QStringLiteral("Missing URL")) &&
+           ZelCheck(m_owner, QStringLiteral("Missing owner"));
+}
+
 template<typename Class>
 Class *Generator::createRoot(QStringView rootName, const QString &mismatch, Builder<Class> build)
 {
-    if (!ZelCheck(!m_url.isEmpty(), QStringLiteral("Missing URL")))
-        return nullptr;
-    if (!ZelCheck(m_owner, QStringLiteral("Missing owner")))
+    if (!canBuild())
         return nullptr;
     const Build building(this);
-    const ZelDescriptionFiles::Opened file = m_files->open(m_url);
+    const ZelDescriptionFiles::Opened file = m_files->open(ZelBundle::sourceOf(m_url));
     if (file.root().name() != rootName) {
         ZelFail(mismatch + file.root().name(), file.root().place());
         return nullptr;
@@ -148,6 +155,25 @@ ZelInspectorPane *Generator::createPane()
 ZelInspectorSlice *Generator::createSlice()
 {
     return createRoot(u"slice", QStringLiteral("Expected slice element: "), &Generator::createSliceForConfiguration);
+}
+
+ZelInspectorContainer *Generator::createContainer()
+{
+    if (!canBuild())
+        return nullptr;
+    const Build building(this);
+    const ZelDescriptionFiles::Opened file = m_files->open(ZelBundle::sourceOf(m_url));
+    const Configuration &root = file.root();
+    if (root.name() == roleOf<ZelTabbedInspector>)
+        return buildPlaced(&Generator::createTabbedInspectorForConfiguration, root);
+    if (root.name() == roleOf<ZelInspectorPane>)
+        return buildPlaced(&Generator::createPaneForConfiguration, root);
+    if (root.name() == roleOf<ZelInspector>)
+        return buildPlaced(&Generator::createInspectorForConfiguration, root);
+    if (root.name() == roleOf<ZelInspectorSlice>)
+        return buildPlaced(&Generator::createSliceForConfiguration, root);
+    ZelFail(g_expectedElement + root.name(), root.place());
+    return nullptr;
 }
 
 /// The check is open for subclasses of the generator, which may read attributes that this class does not know.
@@ -176,11 +202,20 @@ Class *Generator::buildIncluded(const QUrl &url, QStringView rootName, Builder<C
     return buildPlaced(build, file.root());
 }
 
+/// The file that the element includes; empty if it includes none, or one that does not exist.
+QUrl Generator::includedFile(const Configuration &from) const
+{
+    const QUrl url = from.urlValueNamed(u"file");
+    if (url.isEmpty() && m_files)
+        m_files->noteMissing(from.stringValueNamed(u"file"));
+    return url;
+}
+
 /// Builds what the file that the element includes describes; null if it includes none.
 template<typename Class>
 std::unique_ptr<Class> Generator::buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from)
 {
-    const QUrl url = from.urlValueNamed(u"file");
+    const QUrl url = includedFile(from);
     return std::unique_ptr<Class>(url.isEmpty() ? nullptr : buildIncluded(url, rootName, build, from));
 }
 
@@ -263,7 +298,7 @@ ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Confi
 
 ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &configuration)
 {
-    const QUrl url = configuration.urlValueNamed(u"file");
+    const QUrl url = includedFile(configuration);
     if (!url.isEmpty())
         return buildIncluded(url, u"pane", &Generator::createPaneForConfiguration, configuration);
     auto pane = std::make_unique<ZelInspectorPane>(m_owner);

@@ -18,6 +18,7 @@ class ZelInspector;
 class ZelInspectorChooser;
 class ZelInspectorChooserChoice;
 class ZelInspectorConditionalContainer;
+class ZelInspectorContainer;
 class ZelInspectorEnumerationProperty;
 class ZelInspectorPane;
 class ZelInspectorProperty;
@@ -52,7 +53,8 @@ public:
     explicit ZelDeclarativeInspectorGenerator(QObject *parent = nullptr);
     ~ZelDeclarativeInspectorGenerator() override;
 
-    /// The description: a local file or a Qt resource. Files that it includes are resources of the application.
+    /// The description: a local file or a Qt resource. Files that it includes are resources of the application. Those
+    /// of a source folder (see ZelBundle) are read instead of Qt resources.
     const QUrl &url() const { return m_url; }
     void setUrl(const QUrl &url) { m_url = url; }
     /// The owner of everything that is made. It is held weakly, here and there.
@@ -66,6 +68,13 @@ public:
     ZelTabbedInspector *createTabbedInspector();
     ZelInspectorPane *createPane();
     ZelInspectorSlice *createSlice();
+    /// Builds the whole description, whose root may be an element "panes", "pane", "inspector" or "slice".
+    ZelInspectorContainer *createContainer();
+
+    /// The paths of the files that the last of these operations has read or looked for: descriptions and images,
+    /// whether or not they exist and whether or not the operation succeeded. Those in the program's resources begin
+    /// with a colon.
+    const QStringList &files() const { return m_paths; }
 
     // These build one element each. They call each other, and may be overridden to take part in the building. The
     // caller leaves out what is null.
@@ -110,9 +119,11 @@ private:
     struct EditorType;
     template<typename Class> using Builder = Class *(ZelDeclarativeInspectorGenerator::*)(const Configuration &);
 
+    bool canBuild() const;
     template<typename Class> Class *createRoot(QStringView rootName, const QString &mismatch, Builder<Class> build);
     template<typename Class>
     Class *buildIncluded(const QUrl &url, QStringView rootName, Builder<Class> build, const Configuration &from);
+    QUrl includedFile(const Configuration &from) const;
     template<typename Class>
     std::unique_ptr<Class> buildFromFile(QStringView rootName, Builder<Class> build, const Configuration &from);
     /// Builds, and sets the place of the element on what was built.
@@ -142,4 +153,5 @@ private:
     QPointer<QObject> m_owner;
     ZelWeakInterface<ZelDeclarativeInspectorGeneratorDelegate> m_delegate;
     std::unique_ptr<ZelDescriptionFiles> m_files; // during a build
+    QStringList m_paths;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Core/KeyValue/ZelClassRegistry.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
+#include "Inspector/Description/private/ZelDescriptionFiles.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
@@ -112,7 +113,7 @@ ZelInspectorProperty *Generator::createPropertyForConfiguration(const Configurat
     const auto type = std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.name == name; });
     if (type != types.end())
         return (this->*type->build)(configuration);
-    const QUrl url = configuration.urlValueNamed(u"file");
+    const QUrl url = includedFile(configuration);
     if (!url.isEmpty())
         return buildIncludedProperty(url, configuration);
     ZelDeclarativeInspectorGeneratorDelegate *maker = delegate();
@@ -287,7 +288,10 @@ QIcon Generator::imageValue(const Configuration &configuration) const
     QIcon image = ZelNamedImages::imageNamed(name);
     if (image.isNull()) {
         // If neither bundle has the image, it counts as missing from the application's.
-        const bool isOfClass = ZelBundle::mainBundle().urlForImageResource(name).isEmpty() &&
+        const QUrl url = ZelBundle::mainBundle().urlForImageResource(name);
+        if (m_files)
+            m_files->note(url);
+        const bool isOfClass = url.isEmpty() &&
                                !ZelBundle::bundleForClass(metaObject()).urlForImageResource(name).isEmpty();
         image = ZelNamedImages::imageNamedInBundleForClass(name, isOfClass ? metaObject() : &QObject::staticMetaObject);
     }

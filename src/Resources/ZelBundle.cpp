@@ -14,6 +14,13 @@ QHash<const QMetaObject *, ZelBundle *> &bundlesOfClasses()
     return bundles;
 }
 
+/// The folders by the prefixes that they stand for, such as ":/inspector".
+QHash<QString, QString> &sourceFolders()
+{
+    static QHash<QString, QString> folders;
+    return folders;
+}
+
 bool isLibraryClass(const QMetaObject *metaObject)
 {
     const QLatin1String name(metaObject->className());
@@ -32,6 +39,25 @@ bool isBelow(const QString &path, const QString &directory)
 {
     const QString root = QFileInfo(directory).canonicalFilePath();
     return QFileInfo(path).canonicalFilePath().startsWith(root.endsWith(u'/') ? root : QString(root + u'/'));
+}
+
+/// The file that stands for the resource of that path, in the folder of the longest prefix that has it; null if there
+/// is none.
+QString sourceOfPath(const QString &path)
+{
+    QString source;
+    qsizetype longest = 0;
+    for (auto [prefix, folder] : sourceFolders().asKeyValueRange()) {
+        const QString start = prefix.endsWith(u'/') ? prefix : QString(prefix + u'/');
+        if (start.size() <= longest || !path.startsWith(start))
+            continue;
+        const QString candidate = QDir::cleanPath(folder + u'/' + path.mid(start.size()));
+        if (!QFileInfo(candidate).isFile() || !isBelow(candidate, folder))
+            continue;
+        source = candidate;
+        longest = start.size();
+    }
+    return source;
 }
 
 QUrl urlOfPath(const QString &path)
@@ -120,10 +146,26 @@ QUrl ZelBundle::urlForResource(const QString &fileName) const
     const QStringList paths = resourcePaths();
     for (const QString &path : paths) {
         const QString candidate = QDir::cleanPath(path + u'/' + name);
+        if (const QString source = sourceOfPath(candidate); !source.isNull())
+            return urlOfPath(source);
         if (QFileInfo(candidate).isFile() && isBelow(candidate, path))
             return urlOfPath(candidate);
     }
     return {};
+}
+
+void ZelBundle::setSourceFolder(const QString &prefix, const QString &folder)
+{
+    if (folder.isEmpty())
+        sourceFolders().remove(prefix);
+    else
+        sourceFolders().insert(prefix, folder);
+}
+
+QUrl ZelBundle::sourceOf(const QUrl &url)
+{
+    const QString source = url.scheme() == u"qrc" ? sourceOfPath(u':' + url.path()) : QString();
+    return source.isNull() ? url : urlOfPath(source);
 }
 
 QUrl ZelBundle::urlForImageResource(const QString &name) const

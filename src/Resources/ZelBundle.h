@@ -45,6 +45,13 @@ public:
     /// The first file of that name in a format that can be read, with or without its extension.
     QUrl urlForImageResource(const QString &name) const;
 
+    /// For programs under development: what lies in Qt resources below the prefix, such as ":/inspector", is taken from
+    /// a folder, as far as it exists there under the same name. It can then be changed while the program runs. This
+    /// holds for all bundles. An empty folder ends it.
+    static void setSourceFolder(const QString &prefix, const QString &folder);
+    /// The file in a source folder that stands for a Qt resource; any other address as it is.
+    static QUrl sourceOf(const QUrl &url);
+
     /// The context of QCoreApplication::translate, "Application" unless set.
     const QString &localizationContext() const { return m_localizationContext; }
     void setLocalizationContext(const QString &context) { m_localizationContext = context; }

@@ -11,16 +11,6 @@ namespace {
 
 constexpr qint64 g_largestSize = 1 << 30; // positions in a tree are 32 bits wide
 
-/// The path of a local file or Qt resource; null for anything else.
-QString pathOf(const QUrl &url)
-{
-    if (url.isLocalFile())
-        return url.toLocalFile();
-    if (url.scheme() == u"qrc")
-        return u':' + url.path();
-    return url.scheme().isEmpty() && url.host().isEmpty() ? url.path() : QString();
-}
-
 /// The bytes of a file, or one more than the limit; nothing and a message if it cannot be read.
 std::optional<QByteArray> readFile(const QString &path, qint64 limit, QString &message)
 {
@@ -47,6 +37,15 @@ std::optional<QByteArray> readFile(const QString &path, qint64 limit, QString &m
 }
 
 } // namespace
+
+QString ZelXmlReader::pathOf(const QUrl &url)
+{
+    if (url.isLocalFile())
+        return url.toLocalFile();
+    if (url.scheme() == u"qrc")
+        return u':' + url.path();
+    return url.scheme().isEmpty() && url.host().isEmpty() ? url.path() : QString();
+}
 
 ZelXmlElement ZelXmlReader::readUrl(const QUrl &url, ZelReadError *error) const
 {

@@ -33,6 +33,8 @@ public:
     {
     }
 
+    /// The path of a local file or Qt resource; null for anything else.
+    static QString pathOf(const QUrl &url);
     /// The root element of a file (a local file or a Qt resource); null on an error.
     ZelXmlElement readUrl(const QUrl &url, ZelReadError *error = nullptr) const;
     /// The root element of a document in memory; `file` is the name that places carry.

@@ -2,6 +2,7 @@
 #include "Inspector/Description/private/ZelDescriptionFiles.h"
 
 #include "Core/Errors/ZelAssertions.h"
+#include "Resources/ZelBundle.h"
 
 #include <QFileInfo>
 
@@ -29,6 +30,7 @@ ZelInspectorConfiguration ZelDescriptionFiles::read(const QUrl &url, const ZelSo
 {
     if (const auto known = m_read.constFind(url); known != m_read.constEnd())
         return *known;
+    note(url);
     ZelReadError error;
     const std::optional<ZelInspectorConfiguration> root = ZelInspectorConfiguration::initWIthURL(url, &error);
     // A fault within the file is shown there, any other at the element that names the file.
@@ -48,6 +50,20 @@ void ZelDescriptionFiles::checkCycle(const QUrl &url, const QString &path, const
         names.append(QFileInfo(file->path).fileName());
     names.append(names.first());
     fail(url, tr("The file includes itself: %1").arg(names.join(QStringLiteral(" > "))), place);
+}
+
+void ZelDescriptionFiles::note(const QUrl &url)
+{
+    if (const QString path = ZelXmlReader::pathOf(url); !path.isEmpty())
+        m_paths.insert(path);
+}
+
+void ZelDescriptionFiles::noteMissing(const QString &name)
+{
+    if (name.isEmpty())
+        return;
+    for (const QString &path : ZelBundle::mainBundle().resourcePaths())
+        m_paths.insert(path + u'/' + name);
 }
 
 void ZelDescriptionFiles::warnOnce(const QString &message, const ZelSourcePlace &place)

@@ -40,6 +40,13 @@ public:
     /// Opens a file; the place is that of the element that includes it, empty for the first file.
     Opened open(const QUrl &url, const ZelSourcePlace &place = {});
 
+    /// The paths of all that was read, noted or looked for.
+    QStringList paths() const { return {m_paths.begin(), m_paths.end()}; }
+    /// Notes a file that the description depends on; an empty address is none.
+    void note(const QUrl &url);
+    /// Notes where a file of that name would have been found; an empty name is none.
+    void noteMissing(const QString &name);
+
     /// Logs a warning, once however often the file is included.
     void warnOnce(const QString &message, const ZelSourcePlace &place);
 
@@ -70,6 +77,7 @@ private:
     [[noreturn]] static void fail(const QUrl &url, const QString &description, const ZelSourcePlace &place);
 
     QHash<QUrl, ZelInspectorConfiguration> m_read;
+    QSet<QString> m_paths;
     QSet<QString> m_warnings;
     QList<File> m_open;
     int m_depth = 0;
