@@ -291,8 +291,8 @@ QIcon Generator::imageValue(const Configuration &configuration) const
         const QUrl url = ZelBundle::mainBundle().urlForImageResource(name);
         if (m_files)
             m_files->note(url);
-        const bool isOfClass = url.isEmpty() &&
-                               !ZelBundle::bundleForClass(metaObject()).urlForImageResource(name).isEmpty();
+        const bool isOfClass =
+            url.isEmpty() && !ZelBundle::bundleForClass(metaObject()).urlForImageResource(name).isEmpty();
         image = ZelNamedImages::imageNamedInBundleForClass(name, isOfClass ? metaObject() : &QObject::staticMetaObject);
     }
     if (image.isNull())

@@ -44,6 +44,7 @@ ZelLiveInspector::ZelLiveInspector(QWidget *parent)
     m_errorLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_errorLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     m_errorLabel->setBackgroundRole(QPalette::Base);
+    m_errorLabel->setForegroundRole(QPalette::WindowText);
     m_errorLabel->setAutoFillBackground(true);
     m_errorLabel->setAccessibleName(ZelLocalizedString("Errors in the description"));
     m_errorLabel->hide();
@@ -62,6 +63,11 @@ ZelLiveInspector::~ZelLiveInspector()
 {
     if (m_inspector)
         takeOut(m_inspector);
+}
+
+ZelInspectorContainer *ZelLiveInspector::inspector() const
+{
+    return m_inspector;
 }
 
 // Settings
@@ -205,13 +211,13 @@ QList<ZelReadError> ZelLiveInspector::replaceBy(ZelInspectorContainer *inspector
     const ZelTabOrder order(this);
     ZelCollectedFailures failures;
     setUpdatesEnabled(false);
-    failures.collect([&] {
+    const bool isShown = failures.collect([&] {
         if (former)
             takeOut(former);
         inspector->restoreState(state);
         putInto(inspector);
     });
-    if (alive && other && failures.errors().isEmpty()) {
+    if (alive && other && isShown) {
         m_inspector = other;
         other->setParent(this);
         order.followSubviews();

@@ -34,7 +34,8 @@ class ZelInspectorContainer;
 ///
 /// While a description is wrong, its errors are shown above the last panel that was right, which goes on working.
 /// All errors are found at once, since assertions that fail meanwhile are collected here instead of going to the
-/// application's ZelAssertionHandler. What the first showing of the panel throws is such an error, too.
+/// application's ZelAssertionHandler. What ends the first showing of the panel is such an error, too; if something only
+/// fails in it, such as a value that none of an editor's choices stands for, the new panel is shown with the error.
 class ZEL_EXPORT ZelLiveInspector : public ZelGuarded<QWidget>
 {
     Q_OBJECT
@@ -59,7 +60,7 @@ public:
 
     /// The present panel; null until a description was right. It and its view belong to this widget, and are deleted
     /// when another panel takes their place.
-    ZelInspectorContainer *inspector() const { return m_inspector; }
+    ZelInspectorContainer *inspector() const;
     /// What is wrong with the description now; the panel is older then.
     const QList<ZelReadError> &errors() const { return m_errors; }
     /// The error as it is shown: "file:line:column: text", with the file's path from the folder of the description.

@@ -23,16 +23,18 @@ public:
     {
         add(message, place);
     }
-    /// Does the work, and takes the exception that it ends with.
-    template<typename Work> void collect(Work &&work)
+    /// Does the work, and takes the exception that it ends with. Answers whether it came to its end.
+    template<typename Work> bool collect(Work &&work)
     {
         try {
             std::forward<Work>(work)();
+            return true;
         } catch (const ZelException &exception) {
             add(exception.reason(), exception.place());
         } catch (const std::exception &exception) {
             add(QString::fromUtf8(exception.what()), ZelPlaceScope::current());
         }
+        return false;
     }
     const QList<ZelReadError> &errors() const { return m_errors; }
 

@@ -121,7 +121,7 @@ void ZelFileWatch::watch(const QStringList &files)
             wanted.insert(existingFolder(target)); // the file that a link leads to may be replaced
     }
     for (const QString &folder : m_folders)
-        wanted.insert(existingFolder(folder + QStringLiteral("/.")));
+        wanted.insert(QFileInfo(folder).isDir() ? folder : existingFolder(folder));
     if (const QStringList former = m_watcher.files() + m_watcher.directories(); !former.isEmpty())
         m_watcher.removePaths(former);
     if (!wanted.isEmpty())
