@@ -8,6 +8,7 @@ endfunction()
 zel_check(includes python3 tools/check-includes.py)
 zel_check(format tools/check-format.sh)
 zel_check(docs ./docs.sh)
+zel_check(docs_code python3 tools/check-docs-code.py)
 zel_check(tidy tools/check-tidy.sh ${PROJECT_BINARY_DIR})
 
 include(${PROJECT_SOURCE_DIR}/cmake/ZelHeaders.cmake)
