@@ -42,12 +42,28 @@ void applyTitleConditionAndHelp(ZelInspectorConditionalContainer &container, con
     applyConditionAndHelp(container, configuration);
 }
 
+/// Titles of rows are taken as they are written, unless their file says that they are localized like all others.
+void applyRowTitle(ZelInspectorConditionalContainer &row, const Configuration &configuration)
+{
+    if (!configuration.hasValueNamed(u"title"))
+        return;
+    const bool isLocalized = Configuration(configuration.element().root()).booleanValueNamed(u"localized");
+    row.setTitle(isLocalized ? configuration.localizedStringValueNamed(u"title")
+                             : configuration.stringValueNamed(u"title"));
+}
+
 /// What the element is called in a saved state, in every language.
 void applyStateName(ZelInspectorContainer &container, const Configuration &configuration)
 {
     if (configuration.hasValueNamed(u"title"))
         container.setStateName(configuration.stringValueNamed(u"title"));
     container.setStateKey(configuration.stringValueNamed(u"stateKey", container.stateKey()));
+}
+
+ZelDescriptionFiles::Opened openRoot(ZelDescriptionFiles &files, const ZelInspectorDescription &description,
+                                     const QUrl &url)
+{
+    return description.isEmpty() ? files.open(ZelBundle::sourceOf(url)) : files.open(description);
 }
 
 /// The role (see ZelDescriptionSchema) of the elements from which objects of the class are made.
@@ -124,7 +140,7 @@ void Generator::setDelegate(ZelDeclarativeInspectorGeneratorDelegate *delegate)
 
 bool Generator::canBuild() const
 {
-    return ZelCheck(!m_url.isEmpty(), QStringLiteral("Missing URL")) &&
+    return ZelCheck(!m_url.isEmpty() || !m_description.isEmpty(), QStringLiteral("Missing URL")) &&
            ZelCheck(m_owner, QStringLiteral("Missing owner"));
 }
 
@@ -134,7 +150,7 @@ Class *Generator::createRoot(QStringView rootName, const QString &mismatch, Buil
     if (!canBuild())
         return nullptr;
     const Build building(this);
-    const ZelDescriptionFiles::Opened file = m_files->open(ZelBundle::sourceOf(m_url));
+    const ZelDescriptionFiles::Opened file = openRoot(*m_files, m_description, m_url);
     if (file.root().name() != rootName) {
         ZelFail(mismatch + file.root().name(), file.root().place());
         return nullptr;
@@ -162,7 +178,7 @@ ZelInspectorContainer *Generator::createContainer()
     if (!canBuild())
         return nullptr;
     const Build building(this);
-    const ZelDescriptionFiles::Opened file = m_files->open(ZelBundle::sourceOf(m_url));
+    const ZelDescriptionFiles::Opened file = openRoot(*m_files, m_description, m_url);
     const Configuration &root = file.root();
     if (root.name() == roleOf<ZelTabbedInspector>)
         return buildPlaced(&Generator::createTabbedInspectorForConfiguration, root);
@@ -364,7 +380,7 @@ ZelInspectorChooser *Generator::createChooserForConfiguration(const Configuratio
     auto chooser = buildFromFile(u"slice", &Generator::createChooserForConfiguration, configuration);
     if (!chooser)
         chooser = std::make_unique<ZelInspectorChooser>(m_owner);
-    chooser->setTitle(configuration.stringValueNamed(u"title", chooser->title())); // not localized, like a sliver's
+    applyRowTitle(*chooser, configuration);
     chooser->setKeyPath(configuration.keyPathValueNamed(u"keyPath", chooser->keyPath()));
     applyConditionAndHelp(*chooser, configuration);
     chooser->setActionSelector(configuration.selectorValueNamed(u"actionSelector", chooser->actionSelector()));
@@ -393,7 +409,7 @@ ZelInspectorSliver *Generator::createSliverForConfiguration(const Configuration 
     auto sliver = buildFromFile(u"slice", &Generator::createSliverForConfiguration, configuration);
     if (!sliver)
         sliver = std::make_unique<ZelInspectorSliver>(m_owner);
-    sliver->setTitle(configuration.stringValueNamed(u"title", sliver->title()));
+    applyRowTitle(*sliver, configuration);
     sliver->setFullWidth(configuration.booleanValueNamed(u"fullWidth", sliver->isFullWidth()));
     applyConditionAndHelp(*sliver, configuration);
     QList<ZelInspectorProperty *> properties = sliver->properties();

@@ -4,6 +4,7 @@
 #include "Core/RunLoop/ZelWeakInterface.h"
 #include "Core/ZelExport.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Description/ZelInspectorDescription.h"
 #include "Inspector/ZelDeclarativeInspectorGeneratorDelegate.h"
 
 #include <QIcon>
@@ -57,6 +58,10 @@ public:
     /// of a source folder (see ZelBundle) are read instead of Qt resources.
     const QUrl &url() const { return m_url; }
     void setUrl(const QUrl &url) { m_url = url; }
+    /// A description in memory, which is built instead of the file unless it is empty. A fault in it is reported in the
+    /// same way, "Unable to read description NAME: ...", with the name in place of the file.
+    const ZelInspectorDescription &description() const { return m_description; }
+    void setDescription(const ZelInspectorDescription &description) { m_description = description; }
     /// The owner of everything that is made. It is held weakly, here and there.
     QObject *owner() const { return m_owner; }
     void setOwner(QObject *owner) { m_owner = owner; }
@@ -150,6 +155,7 @@ private:
     QList<ZelOption *> createOptions(const Configuration &configuration, QObject *parent) const;
 
     QUrl m_url;
+    ZelInspectorDescription m_description;
     QPointer<QObject> m_owner;
     ZelWeakInterface<ZelDeclarativeInspectorGeneratorDelegate> m_delegate;
     std::unique_ptr<ZelDescriptionFiles> m_files; // during a build

@@ -31,6 +31,7 @@ void ZelInspectorPane::setInspectors(const QList<ZelInspector *> &inspectors)
     const QList<ZelInspector *> former = this->inspectors();
     if (!m_inspectors.assign(inspectors, this))
         return;
+    const QPointer<ZelInspectorPane> alive(this);
     if (isViewInstalled()) {
         refresh();
         for (ZelInspector *inspector : former)
@@ -39,7 +40,8 @@ void ZelInspectorPane::setInspectors(const QList<ZelInspector *> &inspectors)
             startObservationForInspector(inspector);
         updateView();
     }
-    Q_EMIT inspectorsChanged();
+    if (alive)
+        Q_EMIT inspectorsChanged();
 }
 
 void ZelInspectorPane::setNote(const QString &note)

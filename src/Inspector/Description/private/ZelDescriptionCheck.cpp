@@ -1,77 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
+#include "Core/Values/private/ZelNearestName.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
 
-#include <QVarLengthArray>
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 using Configuration = ZelInspectorConfiguration;
 using Kind = ZelDescriptionSchema::Kind;
 
 namespace {
 
-/// How many letters must be put in, left out, replaced, or exchanged with their neighbour (the optimal string alignment
-/// distance). A distance above 2 may come out as any number above 2.
-qsizetype editDistance(QStringView a, QStringView b)
-{
-    if (std::abs(a.size() - b.size()) > 2)
-        return 3;
-    using Row = QVarLengthArray<qsizetype, 64>;
-    Row beforeLast(b.size() + 1);
-    Row last(b.size() + 1);
-    Row row(b.size() + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (qsizetype i = 1; i <= a.size(); ++i) {
-        beforeLast = std::exchange(last, row);
-        row[0] = i;
-        for (qsizetype j = 1; j <= b.size(); ++j) {
-            const qsizetype replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
-            row[j] = std::min({replaced, last[j] + 1, row[j - 1] + 1});
-            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
-                row[j] = std::min(row[j], beforeLast[j - 2] + 1);
-        }
-    }
-    return row[b.size()];
-}
-
 bool isOtherCase(QStringView name, QStringView known)
 {
     return name.compare(known, Qt::CaseInsensitive) == 0;
 }
-
-/// The known name that was probably meant.
-class Nearest
-{
-public:
-    explicit Nearest(QStringView name)
-        : m_name(name)
-    {
-    }
-    void offer(QStringView known)
-    {
-        const qsizetype distance = isOtherCase(m_name, known) ? 0 : editDistance(m_name, known);
-        if (distance >= m_distance || 3 * distance > known.size())
-            return;
-        m_distance = distance;
-        m_found = known;
-    }
-    /// The end of a message, which asks whether that name was meant; null if no name is near enough.
-    QString question() const
-    {
-        return m_found.isNull() ? QString() : QStringLiteral(", did you mean \"%1\"?").arg(m_found);
-    }
-    bool differsInCaseOnly() const { return m_distance == 0; }
-
-private:
-    QStringView m_name;
-    QStringView m_found;
-    qsizetype m_distance = 3;
-};
 
 /// Names with a prefix belong to XML itself or to other programs.
 bool isForeign(QStringView name)
@@ -183,7 +129,7 @@ void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Sc
         }
         if (isForeign(name) || (element.name() != schema.role && isOfOtherRole(name)))
             continue;
-        Nearest nearest(name);
+        ZelNearestName nearest(name);
         for (std::span<const Schema::Attribute> group : schema.attributes) {
             for (const Schema::Attribute &attribute : group)
                 nearest.offer(attribute.name);
@@ -207,7 +153,7 @@ void ZelDescriptionCheck::checkChildren(const Configuration &element, const Sche
         const QString name = child.name();
         if (isForeign(name) || std::ranges::find(schema.children, name) != schema.children.end())
             return;
-        Nearest nearest(name);
+        ZelNearestName nearest(name);
         for (QStringView known : schema.children)
             nearest.offer(known);
         m_report(QStringLiteral("Unknown element <%1> in %2%3").arg(name, tagOf(element), nearest.question()),

@@ -6,24 +6,43 @@
 
 #include <QFileInfo>
 
-ZelDescriptionFiles::Opened::Opened(ZelDescriptionFiles *files, const QUrl &url, const ZelInspectorConfiguration &root)
+ZelDescriptionFiles::Opened::Opened(ZelDescriptionFiles *files, const QString &source, const QString &path,
+                                    const ZelInspectorConfiguration &root)
     : m_files(files)
     , m_root(root)
 {
-    files->m_open.append({url, root.place().file});
+    files->m_open.append({source, path});
 }
 
 ZelDescriptionFiles::Opened ZelDescriptionFiles::open(const QUrl &url, const ZelSourcePlace &place)
 {
     if (m_open.size() >= maximumDepth)
-        fail(url, tr("More than %1 files are nested.").arg(maximumDepth), place);
+        fail(sourceOf(url), tr("More than %1 files are nested.").arg(maximumDepth), place);
     const ZelInspectorConfiguration root = read(url, place);
     checkCycle(url, root.place().file, place);
+    count(sourceOf(url), root, place);
+    return Opened(this, sourceOf(url), root.place().file, root);
+}
+
+ZelDescriptionFiles::Opened ZelDescriptionFiles::open(const ZelInspectorDescription &description)
+{
+    const QString source = u"description " + description.name();
+    ZelReadError error;
+    const ZelXmlReader reader(ZelInspectorConfiguration::limits());
+    const ZelInspectorConfiguration root(reader.readData(description.xml(), description.name(), &error));
+    if (error.isSet())
+        fail(source, error.localizedDescription(), error.place);
+    count(source, root, {});
+    return Opened(this, source, {}, root);
+}
+
+void ZelDescriptionFiles::count(const QString &source, const ZelInspectorConfiguration &root,
+                                const ZelSourcePlace &place)
+{
     const int limit = ZelInspectorConfiguration::limits().elements;
     m_elements += root.element().elementCount();
     if (m_elements > limit)
-        fail(url, tr("More than %1 elements are described.").arg(limit), place);
-    return Opened(this, url, root);
+        fail(source, tr("More than %1 elements are described.").arg(limit), place);
 }
 
 ZelInspectorConfiguration ZelDescriptionFiles::read(const QUrl &url, const ZelSourcePlace &place)
@@ -35,7 +54,8 @@ ZelInspectorConfiguration ZelDescriptionFiles::read(const QUrl &url, const ZelSo
     const std::optional<ZelInspectorConfiguration> root = ZelInspectorConfiguration::initWIthURL(url, &error);
     // A fault within the file is shown there, any other at the element that names the file.
     if (!root)
-        fail(url, error.localizedDescription(), error.place.line > 0 || place.file.isEmpty() ? error.place : place);
+        fail(sourceOf(url), error.localizedDescription(),
+             error.place.line > 0 || place.file.isEmpty() ? error.place : place);
     m_read.insert(url, *root);
     return *root;
 }
@@ -49,7 +69,7 @@ void ZelDescriptionFiles::checkCycle(const QUrl &url, const QString &path, const
     for (auto file = first; file != m_open.end(); ++file)
         names.append(QFileInfo(file->path).fileName());
     names.append(names.first());
-    fail(url, tr("The file includes itself: %1").arg(names.join(QStringLiteral(" > "))), place);
+    fail(sourceOf(url), tr("The file includes itself: %1").arg(names.join(QStringLiteral(" > "))), place);
 }
 
 void ZelDescriptionFiles::note(const QUrl &url)
@@ -75,19 +95,22 @@ void ZelDescriptionFiles::warnOnce(const QString &message, const ZelSourcePlace 
     ZelLogWarning(message, place);
 }
 
-void ZelDescriptionFiles::fail(const QUrl &url, const QString &description, const ZelSourcePlace &place)
+QString ZelDescriptionFiles::sourceOf(const QUrl &url)
 {
-    throw ZelGenericException(QStringLiteral("Unable to read file from URL %1: %2").arg(url.toString(), description),
-                              place);
+    return u"file from URL " + url.toString();
+}
+
+void ZelDescriptionFiles::fail(const QString &source, const QString &description, const ZelSourcePlace &place)
+{
+    throw ZelGenericException(QStringLiteral("Unable to read %1: %2").arg(source, description), place);
 }
 
 ZelDescriptionFiles::Entered::Entered(ZelDescriptionFiles *files, const ZelInspectorConfiguration &element)
 {
     if (!files || files->m_open.isEmpty())
         return;
-    const QUrl &url = files->m_open.last().url;
     if (files->m_depth >= maximumDepth)
-        fail(url, tr("More than %1 elements are nested.").arg(maximumDepth), element.place());
+        fail(files->m_open.last().source, tr("More than %1 elements are nested.").arg(maximumDepth), element.place());
     m_files = files;
     ++files->m_depth;
 }

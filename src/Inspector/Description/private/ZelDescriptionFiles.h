@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Description/ZelInspectorDescription.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -14,7 +15,7 @@
 /// more than any memory holds. All elements count, even those from which nothing is made, and they count each time
 /// their file is included; the limits of ZelInspectorConfiguration say how many there may be. A file that cannot be
 /// read and a breach of a limit are a ZelGenericException, "Unable to read file from URL ...: ...". A file is read
-/// once, however often it is included.
+/// once, however often it is included. The first of them may be a description in memory.
 class ZelDescriptionFiles
 {
     Q_DECLARE_TR_FUNCTIONS(ZelDescriptionFiles)
@@ -32,13 +33,16 @@ public:
 
     private:
         friend class ZelDescriptionFiles;
-        Opened(ZelDescriptionFiles *files, const QUrl &url, const ZelInspectorConfiguration &root);
+        Opened(ZelDescriptionFiles *files, const QString &source, const QString &path,
+               const ZelInspectorConfiguration &root);
 
         ZelDescriptionFiles *m_files;
         ZelInspectorConfiguration m_root;
     };
     /// Opens a file; the place is that of the element that includes it, empty for the first file.
     Opened open(const QUrl &url, const ZelSourcePlace &place = {});
+    /// Opens a description in memory, which no file can include.
+    Opened open(const ZelInspectorDescription &description);
 
     /// The paths of all that was read, noted or looked for.
     QStringList paths() const { return {m_paths.begin(), m_paths.end()}; }
@@ -69,12 +73,14 @@ public:
 private:
     struct File
     {
-        QUrl url;
-        QString path; // canonical
+        QString source; // as messages name it
+        QString path;   // canonical; empty if it is in memory
     };
     ZelInspectorConfiguration read(const QUrl &url, const ZelSourcePlace &place);
     void checkCycle(const QUrl &url, const QString &path, const ZelSourcePlace &place) const;
-    [[noreturn]] static void fail(const QUrl &url, const QString &description, const ZelSourcePlace &place);
+    static QString sourceOf(const QUrl &url);
+    void count(const QString &source, const ZelInspectorConfiguration &root, const ZelSourcePlace &place);
+    [[noreturn]] static void fail(const QString &source, const QString &description, const ZelSourcePlace &place);
 
     QHash<QUrl, ZelInspectorConfiguration> m_read;
     QSet<QString> m_paths;

@@ -9,7 +9,11 @@ using Schema = ZelDescriptionSchema;
 using Attribute = Schema::Attribute;
 using Kind = Schema::Kind;
 
-constexpr Attribute g_file[] = {{u"editsMultipleValues", Kind::Boolean}, {u"returnAdvances", Kind::Boolean}};
+constexpr Attribute g_file[] = {
+    {u"editsMultipleValues", Kind::Boolean},
+    {u"returnAdvances", Kind::Boolean},
+    {u"localized", Kind::Boolean},
+};
 constexpr Attribute g_enabling[] = {
     {u"enabled", Kind::Boolean},
     {u"enabledKeyPath", Kind::KeyPath},
