@@ -19,15 +19,15 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QCalendarWidget inspected; // any part of an application
+    ZelObjectController selection;
+    ZelAutomaticPane inspector(&selection);
+
     QSplitter window;
     auto *tree = new QTreeWidget(&window);
     tree->setHeaderLabels({"Class", "Name"});
     tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     addToTree(tree, tree->invisibleRootItem(), &inspected);
     tree->expandAll();
-
-    ZelObjectController selection;
-    ZelAutomaticPane inspector(&selection);
     window.addWidget(inspector.view());
     QObject::connect(tree, &QTreeWidget::itemSelectionChanged, &selection, [&] {
         QList<QObject *> objects;

@@ -261,14 +261,17 @@ void ZelSelectionProxy::tellOthers(const ZelSelectionProxy *told, const ZelKeyPa
     }
 }
 
-void ZelSelectionProxy::objectDied()
+void ZelSelectionProxy::objectDied(const QObject *object)
 {
     m_hasDead = true;
     invalidate();
-    if (m_batches == 0 && m_objects.size() <= immediateLimit)
-        flush();
-    else
-        noticeOwed();
+    if (m_batches > 0 || m_objects.size() > immediateLimit)
+        return noticeOwed();
+    for (QPointer<QObject> &held : m_objects) {
+        if (held == object)
+            held.clear(); // a widget tells of its death before weak pointers to it are null
+    }
+    flush();
 }
 
 void ZelSelectionProxy::noticeOwed()

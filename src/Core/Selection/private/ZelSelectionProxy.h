@@ -46,9 +46,9 @@ public:
     void rereadKeyPath(const ZelKeyPath &path) override;
     void visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const override;
 
-    /// Called by a relay when an object has changed at the path, or has died.
+    /// Called by a relay when an object has changed at the path, or is dying.
     void objectChanged(const ZelKeyPath &path);
-    void objectDied();
+    void objectDied(const QObject *object);
 
     bool handleEvent(QEvent *event) override;
 

@@ -98,7 +98,7 @@ private:
     {
         ZelObjectRecord::end(object);
         if (m_proxy)
-            ZelExceptionReporter::run(nullptr, [proxy = m_proxy] { proxy->objectDied(); });
+            ZelExceptionReporter::run(nullptr, [object, proxy = m_proxy] { proxy->objectDied(object); });
     }
     void stopObserving()
     {
