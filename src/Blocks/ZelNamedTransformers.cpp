@@ -2,6 +2,7 @@
 #include "Blocks/ZelNamedTransformers.h"
 
 #include "Blocks/ZelColorNameTransformer.h"
+#include "Blocks/private/ZelConditionTransformer.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelIndexSet.h"
 #include "Core/Values/ZelValues.h"
@@ -141,6 +142,7 @@ void ZelRegisterTransformers()
         registerTransformer<ZelNilOrNoTransformer>();
         registerTransformer<ZelPercentValueTransformer>();
         registerTransformer<ZelColorNameTransformer>();
+        ZelConditionTransformer::registerAll();
         return true;
     }();
 }

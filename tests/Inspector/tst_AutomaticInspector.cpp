@@ -300,7 +300,7 @@ private Q_SLOTS:
         QPushButton button("Push");
         QCheckBox check("Check");
         Figure figure("Figure");
-        const auto select = [&](const QObjectList &objects) {
+        const auto select = [&](const QObjectList &objects) -> QString {
             selection->setSelectedObjects(objects);
             QCoreApplication::processEvents();
             return titlesOf(pane).join(',');

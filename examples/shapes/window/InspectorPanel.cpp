@@ -8,11 +8,8 @@
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Resources/ZelBundle.h"
-#include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
 #include "ViewController/ZelView.h"
 #include "model/Selection.h"
@@ -34,21 +31,11 @@ void registerNames()
 {
     ZelClassRegistry::registerClass<SwatchProperty>();
     ZelClassRegistry::registerClass<BandedSlice>();
-    ZelTransformerKit::registerValueTransformerWithName("ShapesIsText", "bool", [](const QVariant &kind) -> QVariant {
-        return !ZelIsControllerMarker(kind) && kind.toInt() == Shape::Text;
-    });
     ZelTransformerKit::registerValueTransformerWithName("ShapesAreaText", "QString", [](const QVariant &area) {
         if (ZelIsNull(area) || ZelIsControllerMarker(area))
             return area;
         return QVariant(QLocale().toString(area.toDouble(), 'f', 0) + QStringLiteral(" pt²"));
     });
-}
-
-/// The labels of rows are shown as they are written: where they are to be translated, the application does it.
-template<typename Row> void translateTitles(ZelTabbedInspector *inspector)
-{
-    for (Row *row : inspector->findChildren<Row *>())
-        row->setTitle(ZelLocalizedString(row->title()));
 }
 } // namespace
 
@@ -104,8 +91,6 @@ void InspectorPanel::build()
         generator.setOwner(m_owner);
         m_inspector = generator.createTabbedInspector();
         m_inspector->setParent(this);
-        translateTitles<ZelInspectorSliver>(m_inspector);
-        translateTitles<ZelInspectorChooser>(m_inspector);
         m_inspector->restoreState(state);
         setContent(m_inspector->view());
         selectTab(m_tab);

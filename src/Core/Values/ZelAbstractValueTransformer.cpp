@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Values/ZelAbstractValueTransformer.h"
 
+#include "Core/Values/ZelTransformerFactory.h"
 #include "Core/Values/ZelValues.h"
 
 #include <QMap>
@@ -49,6 +50,11 @@ void ZelAbstractValueTransformer::setValueTransformer(const ZelValueTransformerP
 }
 
 ZelValueTransformerPtr ZelAbstractValueTransformer::valueTransformerForName(const QString &name)
+{
+    return ZelTransformerFactory::transformer(name);
+}
+
+ZelValueTransformerPtr ZelAbstractValueTransformer::registeredTransformerForName(const QString &name)
 {
     QMutexLocker locker(&registry().mutex);
     return registry().transformers.value(name);

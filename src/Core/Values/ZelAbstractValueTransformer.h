@@ -24,8 +24,10 @@ public:
     /// removes that.
     static void setValueTransformer(const QSharedPointer<ZelAbstractValueTransformer> &transformer,
                                     const QString &name);
-    /// Null for an unknown name.
+    /// A registered transformer, or one that a ZelTransformerFactory makes from a name with an argument,
+    /// "ZelEquals(3)". Null for an unknown name.
     static QSharedPointer<ZelAbstractValueTransformer> valueTransformerForName(const QString &name);
+    static QSharedPointer<ZelAbstractValueTransformer> registeredTransformerForName(const QString &name);
     static QStringList valueTransformerNames();
 };
 using ZelValueTransformerPtr = QSharedPointer<ZelAbstractValueTransformer>;

@@ -2,6 +2,7 @@
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 
 #include "Core/Errors/ZelAssertions.h"
+#include "Core/Values/ZelTransformerFactory.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
 #include "Resources/ZelBundle.h"
@@ -130,9 +131,10 @@ ZelInspectorConfiguration::valueTransformerForAttributeNamed(QAnyStringView name
     const QStringView text = m_element.attribute(name);
     if (text.isNull())
         return defaultValue;
-    const ZelValueTransformerPtr transformer = ZelAbstractValueTransformer::valueTransformerForName(text.toString());
+    QString error;
+    const ZelValueTransformerPtr transformer = ZelTransformerFactory::transformer(text.toString(), &error);
     if (!transformer)
-        ZelFail(u"Missing value transformer for name " + text, place());
+        ZelFail(error, place());
     return transformer;
 }
 
