@@ -214,7 +214,8 @@ private Q_SLOTS:
                                                 {"line_width", "Line Width"},
                                                 {"x", "X"},
                                                 {"HTML", "HTML"},
-                                                {"m_x1", "M X1"},
+                                                {"m_x1Offset", "M X1 Offset"},
+                                                {"font2D", "Font2D"},
                                                 {"_", ""}})
             QCOMPARE(ZelInspectorDescription::titleForName(name), title);
     }

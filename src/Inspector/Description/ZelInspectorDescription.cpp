@@ -25,15 +25,15 @@ QString ZelInspectorDescription::titleForName(const QString &name)
 {
     const QString word = name.section(QStringLiteral("::"), -1);
     QString title;
+    const auto isAtWord = [&title] { return title.isEmpty() || title.endsWith(u' '); };
     for (qsizetype i = 0; i < word.size(); ++i) {
         const QChar c = word.at(i);
-        const bool wasLower = i > 0 && !word.at(i - 1).isUpper() && word.at(i - 1) != u'_';
-        const bool endsCapitals = i > 0 && word.at(i - 1).isUpper() && i + 1 < word.size() && word.at(i + 1).isLower();
-        const bool begins = title.isEmpty() || title.endsWith(u' ') || (c.isUpper() && (wasLower || endsCapitals));
-        if (c == u'_' || (begins && !title.isEmpty() && !title.endsWith(u' ')))
-            title += title.isEmpty() || title.endsWith(u' ') ? u"" : u" ";
+        const bool isAfterLower = i > 0 && word.at(i - 1).isLower();
+        const bool isBeforeLower = i + 1 < word.size() && word.at(i + 1).isLower(); // ends a row of capitals
+        if ((c == u'_' || (c.isUpper() && (isAfterLower || isBeforeLower))) && !isAtWord())
+            title += u' ';
         if (c != u'_')
-            title += begins ? c.toUpper() : c;
+            title += isAtWord() ? c.toUpper() : c;
     }
     return title.trimmed();
 }

@@ -239,16 +239,30 @@ void ZelClassDescriber::writeRow(const QMetaProperty &property)
     Attributes editor = editorOf(property);
     editor.set(QStringLiteral("keyPath"), keyPath(name));
     editor.set(QStringLiteral("actionName"), u"Change " + title);
+    const bool isOfItsType = !m_info.ofProperty(name, u"type");
+    const bool isFlags = isOfItsType && property.isFlagType();
+    Attributes row;
+    (editor.first().value == u"boolean" && !isFlags ? editor : row).set(QStringLiteral("title"), title);
+    addWhatIsSaid(name, row, editor);
+    m_properties.append(name);
+    beginElement(QStringLiteral("sliver"), row);
+    if (isFlags)
+        writeFlags(property.enumerator(), editor);
+    else if (isOfItsType && property.isEnumType())
+        writeEnumeration(property.enumerator(), editor);
+    else
+        writeEditor(editor);
+    m_writer.writeEndElement();
+}
+
+/// Gives the row and the editor the attributes that class information has for them.
+void ZelClassDescriber::addWhatIsSaid(const QString &name, Attributes &row, Attributes &editor) const
+{
     const Attributes said = m_info.attributesOf(name);
     const auto least = numberNamed(said, "minimum");
     const auto greatest = numberNamed(said, "maximum");
     if (least && greatest && *least < *greatest && numberNamed(editor, "increment"))
         editor.set(QStringLiteral("increment"), QString::number(incrementOfRange(*greatest - *least)));
-    const bool isWritten = !m_info.ofProperty(name, u"type");
-    const bool isFlags = isWritten && property.isFlagType();
-    const bool isCheckbox = editor.first().value == u"boolean" && !isFlags;
-    Attributes row;
-    (isCheckbox ? editor : row).set(QStringLiteral("title"), title);
     for (const auto &[word, value] : said) {
         const QString text = word.endsWith(u"KeyPath") || word == u"keyPath" ? keyPath(value) : value;
         if (word == u"unit")
@@ -256,15 +270,6 @@ void ZelClassDescriber::writeRow(const QMetaProperty &property)
         else if (word != u"title")
             (contains(g_attributesOfRows, word) ? row : editor).set(word, text);
     }
-    m_properties.append(name);
-    beginElement(QStringLiteral("sliver"), row);
-    if (isFlags)
-        writeFlags(property.enumerator(), editor);
-    else if (isWritten && property.isEnumType())
-        writeEnumeration(property.enumerator(), editor);
-    else
-        writeEditor(editor);
-    m_writer.writeEndElement();
 }
 
 /// A checkbox for each flag of one bit.

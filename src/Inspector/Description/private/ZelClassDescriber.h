@@ -23,6 +23,7 @@ private:
     void writeClass(const QMetaObject *declaring);
     QList<QMetaProperty> rowsOf(const QMetaObject *declaring);
     void writeRow(const QMetaProperty &property);
+    void addWhatIsSaid(const QString &name, Attributes &row, Attributes &editor) const;
     void writeFlags(const QMetaEnum &flags, const Attributes &editor);
     void writeEnumeration(const QMetaEnum &keys, const Attributes &editor);
     void beginElement(const QString &name, const Attributes &attributes);
