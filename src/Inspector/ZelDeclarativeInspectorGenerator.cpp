@@ -21,6 +21,11 @@ namespace {
 
 const QString g_expectedElement = QStringLiteral("Expected inspector element: ");
 
+QString withoutChildren(QStringView role)
+{
+    return ZelDescriptionSchema::element(role)->refusalWithoutChildren.toString();
+}
+
 void applyHelp(ZelViewController &controller, const Configuration &configuration)
 {
     controller.setToolTip(configuration.localizedStringValueNamed(u"toolTip", controller.toolTip()));
@@ -195,13 +200,13 @@ ZelInspectorContainer *Generator::createContainer()
 /// The check is open for subclasses of the generator, which may read attributes that this class does not know.
 ZelDescriptionCheck Generator::descriptionCheck() const
 {
-    const auto report = [this](const QString &message, const ZelSourcePlace &place) {
+    const auto report = [this](const ZelDescriptionMistake &mistake) {
         if (m_files)
-            m_files->warnOnce(message, place);
+            m_files->warnOnce(mistake.message, mistake.place);
         else
-            ZelLogWarning(message, place);
+            ZelLogWarning(mistake.message, mistake.place);
     };
-    return {report, typeid(*this) != typeid(Generator)};
+    return {report, {.isOpen = typeid(*this) != typeid(Generator)}};
 }
 
 // Included files and children
@@ -307,7 +312,7 @@ ZelTabbedInspector *Generator::createTabbedInspectorForConfiguration(const Confi
     inspector->setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
     inspector->setSearchEnabled(configuration.booleanValueNamed(u"search"));
     if (configuration.configurationsNamed(u"pane").isEmpty())
-        ZelFail(QStringLiteral("No panes in the configuration"), configuration.place());
+        ZelFail(withoutChildren(u"panes"), configuration.place());
     inspector->setPanes(buildChildren(u"pane", &Generator::createPaneForConfiguration, configuration, inspector.get()));
     return inspector.release();
 }
@@ -323,7 +328,7 @@ ZelInspectorPane *Generator::createPaneForConfiguration(const Configuration &con
     pane->setImage(imageValue(configuration));
     applyHelp(*pane, configuration);
     if (configuration.configurationsNamed(u"inspector").isEmpty())
-        ZelFail(QStringLiteral("No inspectors in the configuration"), configuration.place());
+        ZelFail(withoutChildren(u"pane"), configuration.place());
     pane->setInspectors(
         buildChildren(u"inspector", &Generator::createInspectorForConfiguration, configuration, pane.get()));
     return pane.release();
@@ -339,7 +344,7 @@ ZelInspector *Generator::createInspectorForConfiguration(const Configuration &co
     applyStateName(*inspector, configuration);
     applyTitleConditionAndHelp(*inspector, configuration);
     if (configuration.configurationsNamed(u"slice").isEmpty()) {
-        ZelFail(QStringLiteral("No slice in the configuration"), configuration.place());
+        ZelFail(withoutChildren(u"inspector"), configuration.place());
         return inspector.release();
     }
     // The slices of this element replace those of the included file.

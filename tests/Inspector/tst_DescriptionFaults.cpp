@@ -186,12 +186,16 @@ private Q_SLOTS:
             {"sektion", "Unknown element <sektion> in <slice>, did you mean \"section\"?",
              "<slice>\n\n<sektion/></slice>"},
             {"poperty", "Unknown element <poperty> in <sliver>, did you mean \"property\"?", inSliver("<poperty/>")},
-            {"property", "Unknown element <property> in <chooser>",
+            {"property", "Unknown element <property> in <chooser>, it belongs in <sliver>",
              "<slice><section><chooser>\n\n<property type='string'/></chooser></section></slice>"},
             {"opt", "Unknown element <opt> in <option-group>", options({}, "<opt/>")},
             {"option", "value=\"0x41\" has bits outside of the bitMask 0x30",
              options("bitMask='0x30'", "<option value='0x10'/><option value='0x30'/>\n<option value='0x41'/>")
                  .replace("\n\n", "\n")},
+            {"choice", "The value \"a\" is given to several elements <choice>",
+             "<slice><section><chooser><choice value='a'/><choice value='A'/>\n\n<choice "
+             "value='a'/></chooser></section>"
+             "</slice>"},
             {"section", "file=\"Nope.xml\" is no resource of the application",
              "<slice>\n\n<section file='Nope.xml'/></slice>"},
         };

@@ -30,6 +30,16 @@ bool ZelClassRegistry::hasClass(const QString &name, const QMetaObject *base)
     return entry != classes().constEnd() && (!base || entry->metaObject->inherits(base));
 }
 
+QStringList ZelClassRegistry::classNames()
+{
+    return classes().keys();
+}
+
+const QMetaObject *ZelClassRegistry::metaObject(const QString &name)
+{
+    return classes().value(name).metaObject;
+}
+
 QObject *ZelClassRegistry::create(const QString &name, QObject *owner)
 {
     const auto entry = classes().constFind(name);

@@ -4,7 +4,7 @@
 #include "Core/ZelExport.h"
 
 #include <QObject>
-#include <QString>
+#include <QStringList>
 #include <functional>
 
 /// The classes that can be named in a description and made for an owner. The library and the application fill it.
@@ -22,6 +22,9 @@ public:
     }
     /// Whether the class is known and, with a base, derives from it.
     static bool hasClass(const QString &name, const QMetaObject *base = nullptr);
+    static QStringList classNames();
+    /// The class that was registered under the name; null for an unknown one.
+    static const QMetaObject *metaObject(const QString &name);
     /// Makes an object of that class, which belongs to the caller; null for an unknown name.
     static QObject *create(const QString &name, QObject *owner);
 };

@@ -23,6 +23,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Description/private/ZelDescriptionCheck.h"
 #include "Inspector/Properties/private/ZelEditorDefault.h"
 #include "Inspector/Properties/private/ZelFailedEdits.h"
 #include "Inspector/Properties/private/ZelKeptValueCheck.h"
@@ -665,9 +666,7 @@ void ZelInspectorProperty::warnOfLongKeyPath() const
         return;
     const QString stored = keyPathByStripingControllerSelectionPrefix(m_keyPath);
     if (stored.contains(u'.'))
-        ZelLogWarning(QStringLiteral("The editor writes a single key, \"%1\" is longer: it can show the value but not "
-                                     "change it")
-                          .arg(stored));
+        ZelLogWarning(ZelDescriptionCheck::longKeyPathMessage(stored));
 }
 
 bool ZelInspectorProperty::contains(const QWidget *control) const

@@ -44,7 +44,7 @@ void ZelNearestName::offer(QStringView known)
     m_found = known.toString();
 }
 
-QString ZelNearestName::question() const
+QString ZelNearestName::question(const QString &name)
 {
-    return m_found.isNull() ? QString() : QStringLiteral(", did you mean \"%1\"?").arg(m_found);
+    return name.isNull() ? QString() : QStringLiteral(", did you mean \"%1\"?").arg(name);
 }

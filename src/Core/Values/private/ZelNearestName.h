@@ -24,7 +24,8 @@ public:
     /// Null if no name is near enough.
     const QString &found() const { return m_found; }
     /// The end of a message, which asks whether that name was meant; null if no name is near enough.
-    QString question() const;
+    QString question() const { return question(m_found); }
+    static QString question(const QString &name);
     bool differsInCaseOnly() const { return m_distance == 0; }
 
 private:

@@ -5,19 +5,16 @@
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
 
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 using Configuration = ZelInspectorConfiguration;
+using Schema = ZelDescriptionSchema;
 using Kind = ZelDescriptionSchema::Kind;
 
 namespace {
-
-bool isOtherCase(QStringView name, QStringView known)
-{
-    return name.compare(known, Qt::CaseInsensitive) == 0;
-}
 
 /// Names with a prefix belong to XML itself or to other programs.
 bool isForeign(QStringView name)
@@ -43,7 +40,7 @@ QString tagOf(const Configuration &element)
 bool isBoolean(QStringView text)
 {
     static constexpr QStringView words[] = {u"yes", u"no", u"true", u"false", u"1", u"0"};
-    return std::ranges::any_of(words, [&](QStringView word) { return isOtherCase(text, word); });
+    return std::ranges::any_of(words, [&](QStringView word) { return text.compare(word, Qt::CaseInsensitive) == 0; });
 }
 
 bool isBits(QStringView text)
@@ -72,9 +69,6 @@ bool hasEmptyName(QStringView keyPath)
 QString mistakeIn(QStringView text, Kind kind)
 {
     switch (kind) {
-    case Kind::Text:
-    case Kind::File:
-        return {};
     case Kind::KeyPath:
         return hasEmptyName(text) ? QStringLiteral("has an empty name in its path") : QString();
     case Kind::Boolean:
@@ -90,8 +84,43 @@ QString mistakeIn(QStringView text, Kind kind)
         return {};
     case Kind::Color:
         return ZelInspectorColor::mistakeInComponents(text);
+    default:
+        return {};
+    }
+}
+
+/// Reads the attribute as the library does, and answers what that says of a text which it refuses; null if it does not.
+QString refusalOf(const Configuration &element, const QString &name, Kind kind)
+{
+    try {
+        if (kind == Kind::KeyPath)
+            (void)element.keyPathValueNamed(name);
+        else if (kind == Kind::Bits)
+            (void)element.integerValueNamed(name);
+        else if (kind == Kind::Color)
+            (void)element.colorForValueNamed(name);
+    } catch (const ZelInternalInconsistencyException &refusal) {
+        return refusal.reason();
     }
     return {};
+}
+
+bool isOneOf(QStringView text, const Schema::Words &words)
+{
+    const Qt::CaseSensitivity sensitivity = words.isAnyCase ? Qt::CaseInsensitive : Qt::CaseSensitive;
+    return std::ranges::any_of(words.words, [&](QStringView word) { return text.compare(word, sensitivity) == 0; });
+}
+
+/// The end of a message about a child that does not belong there: where it does, if it is known at all.
+QString placeOf(QStringView name)
+{
+    QStringList parents;
+    for (const Schema::Element &parent : Schema::elements()) {
+        if (std::ranges::find(parent.children, name) != parent.children.end())
+            parents.append(u'<' + parent.role + u'>');
+    }
+    parents.removeDuplicates();
+    return parents.isEmpty() ? QString() : QString(u", it belongs in " + parents.join(QStringLiteral(" or ")));
 }
 
 } // namespace
@@ -101,14 +130,31 @@ void ZelDescriptionCheck::check(const Configuration &element, QStringView role) 
     const Schema::Element *schema = Schema::element(role, element.element().attribute(u"type"));
     if (!schema)
         return;
-    const bool isOpen = m_isOpen || schema->isOpen;
+    const bool isOpen = m_options.isOpen || schema->isOpen;
     checkAttributes(element, *schema, isOpen);
-    if (!isOpen && !schema->failsOnOtherChildren)
+    if (schema->failsOnOtherChildren ? m_options.isThorough : !isOpen)
         checkChildren(element, *schema);
+    if (m_options.isThorough)
+        checkRequired(element, *schema);
     if (schema->type == u"number")
         checkRange(element);
     else if (schema->type == u"enumeration")
         checkOptions(element);
+    else if (role == u"chooser")
+        checkValues({element}, u"choice");
+}
+
+QString ZelDescriptionCheck::longKeyPathMessage(const QString &stored)
+{
+    return QStringLiteral("The editor writes a single key, \"%1\" is longer: it can show the value but not change it")
+        .arg(stored);
+}
+
+void ZelDescriptionCheck::report(const Configuration &element, const QString &attribute, const QString &message,
+                                 const QString &suggestion) const
+{
+    m_report({ZelDescriptionMistake::Error, message + ZelNearestName::question(suggestion), element.place(), attribute,
+              suggestion});
 }
 
 void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Schema::Element &schema,
@@ -121,10 +167,7 @@ void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Sc
         if (!known && xml.isRoot())
             known = Schema::attributeOfFileNamed(name);
         if (known) {
-            if (known->kind == Kind::File)
-                checkFile(element);
-            else if (const QString mistake = mistakeIn(xml.attributeValue(i), known->kind); !mistake.isNull())
-                m_report(QStringLiteral("%1=\"%2\" %3").arg(name, xml.attributeValue(i), mistake), element.place());
+            checkValue(element, *known, xml.attributeValue(i));
             continue;
         }
         if (isForeign(name) || (element.name() != schema.role && isOfOtherRole(name)))
@@ -135,30 +178,69 @@ void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Sc
                 nearest.offer(attribute.name);
         }
         if (!isOpen || nearest.differsInCaseOnly())
-            m_report(QStringLiteral("Unknown attribute \"%1\" of %2%3").arg(name, tagOf(element), nearest.question()),
-                     element.place());
+            report(element, name, QStringLiteral("Unknown attribute \"%1\" of %2").arg(name, tagOf(element)),
+                   nearest.found());
     }
+}
+
+void ZelDescriptionCheck::checkValue(const Configuration &element, const Schema::Attribute &known,
+                                     QStringView text) const
+{
+    const QString name = known.name.toString();
+    if (known.kind == Kind::File)
+        return checkFile(element);
+    if (const QString mistake = mistakeIn(text, known.kind); !mistake.isNull())
+        return report(element, name, QStringLiteral("%1=\"%2\" %3").arg(name, text, mistake));
+    if (!m_options.isThorough)
+        return;
+    if (const QString refusal = refusalOf(element, name, known.kind); !refusal.isNull())
+        return report(element, name, refusal);
+    if (!known.words || isOneOf(text, *known.words))
+        return;
+    ZelNearestName nearest(text);
+    nearest.offerAll(known.words->words);
+    report(element, name, known.words->refusal + text, nearest.found());
 }
 
 void ZelDescriptionCheck::checkFile(const Configuration &element) const
 {
     const QString name = element.stringValueNamed(u"file");
-    if (!name.isEmpty() && element.urlValueNamed(u"file").isEmpty())
-        m_report(QStringLiteral("file=\"%1\" is no resource of the application").arg(name), element.place());
+    if (name.isEmpty())
+        return;
+    const QUrl url = m_options.findFile ? m_options.findFile(element) : element.urlValueNamed(u"file");
+    if (url.isEmpty())
+        report(element, QStringLiteral("file"),
+               QStringLiteral("file=\"%1\" is no resource of the application").arg(name));
 }
 
 void ZelDescriptionCheck::checkChildren(const Configuration &element, const Schema::Element &schema) const
 {
     element.element().forEachChild([&](const ZelXmlElement &child) {
         const QString name = child.name();
-        if (isForeign(name) || std::ranges::find(schema.children, name) != schema.children.end())
+        if (std::ranges::find(schema.children, name) != schema.children.end() ||
+            (isForeign(name) && !schema.failsOnOtherChildren))
             return;
         ZelNearestName nearest(name);
         for (QStringView known : schema.children)
             nearest.offer(known);
-        m_report(QStringLiteral("Unknown element <%1> in %2%3").arg(name, tagOf(element), nearest.question()),
-                 child.place());
+        const QString message = schema.failsOnOtherChildren
+                                    ? QString(u"Unsupported element " + name)
+                                    : QStringLiteral("Unknown element <%1> in %2").arg(name, tagOf(element));
+        report(Configuration(child), {}, message + placeOf(name), nearest.found());
     });
+}
+
+/// What the library says when it reads the element, or what makes it useless.
+void ZelDescriptionCheck::checkRequired(const Configuration &element, const Schema::Element &schema) const
+{
+    if (!schema.required.isNull() && element.stringValueNamed(schema.required).isEmpty())
+        report(element, {},
+               schema.required == u"type" ? QStringLiteral("Property type not given")
+                                          : QStringLiteral("%1 has no %2").arg(tagOf(element), schema.required));
+    const bool isInOtherFile = schema.role == u"pane" && element.hasValueNamed(u"file");
+    if (!schema.refusalWithoutChildren.isNull() && !isInOtherFile &&
+        element.configurationsNamed(schema.children.front()).isEmpty())
+        report(element, {}, schema.refusalWithoutChildren.toString());
 }
 
 void ZelDescriptionCheck::checkRange(const Configuration &element) const
@@ -168,7 +250,8 @@ void ZelDescriptionCheck::checkRange(const Configuration &element) const
     const double minimum = element.doubleValueNamed(u"minimum", 0);
     const double maximum = element.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
     if (minimum > maximum)
-        m_report(QStringLiteral("The minimum %1 is above the maximum %2").arg(minimum).arg(maximum), element.place());
+        report(element, element.hasValueNamed(u"minimum") ? QStringLiteral("minimum") : QStringLiteral("maximum"),
+               QStringLiteral("The minimum %1 is above the maximum %2").arg(minimum).arg(maximum));
 }
 
 void ZelDescriptionCheck::checkOptions(const Configuration &property) const
@@ -176,24 +259,43 @@ void ZelDescriptionCheck::checkOptions(const Configuration &property) const
     const QString mask = property.stringValueNamed(u"bitMask");
     const bool isMasked = !mask.isNull() && ZelNumberScanner::isInteger(mask) && isBits(mask);
     const quint64 bits = isMasked ? property.unsignedIntegerValueNamed(u"bitMask") : ~quint64(0);
-    for (const Configuration &group : property.configurationsNamed(u"option-group")) {
+    const QList<Configuration> groups = property.configurationsNamed(u"option-group");
+    for (const Configuration &group : groups) {
         check(group, u"option-group");
         for (const Configuration &option : group.configurationsNamed(u"option")) {
             check(option, u"option");
             checkOptionValue(option, bits);
         }
     }
+    checkValues(groups, u"option");
 }
 
 void ZelDescriptionCheck::checkOptionValue(const Configuration &option, quint64 bitMask) const
 {
-    const QString text = option.stringValueNamed(u"value");
+    const QString name = QStringLiteral("value");
+    const QString text = option.stringValueNamed(name);
     if (!ZelNumberScanner::isInteger(text))
         return; // whether the model takes a text depends on its class
     if (!isBits(text))
-        m_report(QStringLiteral("value=\"%1\" is no integer of 64 bits").arg(text), option.place());
-    else if ((option.unsignedIntegerValueNamed(u"value") & ~bitMask) != 0)
-        m_report(
-            QStringLiteral("value=\"%1\" has bits outside of the bitMask 0x%2").arg(text, QString::number(bitMask, 16)),
-            option.place());
+        report(option, name, QStringLiteral("value=\"%1\" is no integer of 64 bits").arg(text));
+    else if ((option.unsignedIntegerValueNamed(name) & ~bitMask) != 0)
+        report(option, name,
+               QStringLiteral("value=\"%1\" has bits outside of the bitMask 0x%2")
+                   .arg(text, QString::number(bitMask, 16)));
+}
+
+/// Of several options with the same value, only one can ever be the chosen one. Texts are compared as they stand, since
+/// "007" and "7" may be different texts of a model.
+void ZelDescriptionCheck::checkValues(const QList<Configuration> &groups, QStringView name) const
+{
+    QSet<QString> values;
+    for (const Configuration &group : groups) {
+        for (const Configuration &option : group.configurationsNamed(name)) {
+            const QString value = option.stringValueNamed(u"value", QStringLiteral("0"));
+            if (values.contains(value))
+                report(option, QStringLiteral("value"),
+                       QStringLiteral("The value \"%1\" is given to several elements <%2>").arg(value, name));
+            values.insert(value);
+        }
+    }
 }

@@ -13,7 +13,15 @@ class ZelDescriptionSchema
 {
 public:
     enum class Kind : quint8 {
-        Text, ///< anything, or a name or word that is checked when the attribute is read
+        Text, ///< anything
+        LocalizedText,
+        RowTitle, ///< localized if the root of the file says so
+        Word,     ///< one of the attribute's words
+        Class,
+        Transformer,
+        Selector,
+        Image,
+        ColorList,
         KeyPath,
         Boolean,
         Bits, ///< an integer of 64 bits, decimal or hexadecimal
@@ -22,10 +30,17 @@ public:
         Color,
         File ///< a resource of the application
     };
+    struct Words
+    {
+        std::span<const QStringView> words;
+        QStringView refusal; ///< what the reader says of any other word, which follows
+        bool isAnyCase = false;
+    };
     struct Attribute
     {
         QStringView name;
         Kind kind = Kind::Text;
+        const Words *words = nullptr;
     };
     struct Element
     {
@@ -37,6 +52,12 @@ public:
         bool isOpen = false;
         /// Whether any other child fails when the element is read.
         bool failsOnOtherChildren = false;
+        /// An attribute without which the element is of no use; null if there is none.
+        QStringView required = {};
+        /// What the reader says of an element without the first kind of children; null if it may have none.
+        QStringView refusalWithoutChildren = {};
+        /// The name of the root of a file that the element may include; null if it may include none.
+        QStringView rootOfFile = {};
 
         const Attribute *attributeNamed(QStringView name) const;
     };
@@ -44,6 +65,10 @@ public:
     /// The attribute that the root of a file may have whatever its role, since it holds for the whole file; null for
     /// any other name.
     static const Attribute *attributeOfFileNamed(QStringView name);
+    /// All attributes that the root of a file may have whatever its role.
+    static std::span<const Attribute> attributesOfFile();
+    /// All elements in all roles; properties come once for each type.
+    static std::span<const Element> elements();
     /// Null for an unknown role. The type matters for properties only.
     static const Element *element(QStringView role, QStringView type = {});
 };

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Checking/private/ZelKeyPathResolver.h"
+
+#include "Core/Errors/ZelException.h"
+#include "Core/Values/private/ZelNearestName.h"
+
+#include <algorithm>
+
+using Resolver = ZelKeyPathResolver;
+using Result = Resolver::Result;
+
+namespace {
+
+const QString g_selection = QStringLiteral("selection");
+
+bool isController(const ZelTypeTable &types, const ZelTypeTable::Class &type)
+{
+    return types.inherits(type, QStringLiteral("ZelObjectController"));
+}
+
+/// The class of the objects that a value of the type is or holds; null if it is none.
+QString elementType(QString type)
+{
+    if (type.startsWith(u"QList<") && type.endsWith(u'>'))
+        type = type.sliced(6, type.size() - 7);
+    if (!type.endsWith(u'*'))
+        return {};
+    type.chop(1);
+    return type.trimmed().remove(QStringLiteral("const "));
+}
+
+/// What the exception says of such a key, without its full stop.
+QString missing(const QString &className, const QString &key)
+{
+    return ZelUndefinedKeyException(className, key).reason().chopped(1);
+}
+
+} // namespace
+
+/// How far a path has been followed: the classes that the objects there may have, or else the value.
+struct Resolver::Position
+{
+    QStringList keys;
+    qsizetype index = 0;
+    Classes classes;
+    bool isSelected = false; // the objects are those that a controller selects
+    Result result;
+
+    QString passed() const { return keys.first(index).join(u'.'); }
+    QString rest() const { return keys.sliced(index + 1).join(u'.'); }
+};
+
+Result Resolver::resolve(const QString &keyPath) const
+{
+    Position position{keyPath.split(u'.')};
+    position.classes = classesNamed({m_scope.owner});
+    position.result.state = Result::Resolved;
+    for (const QString &key : std::as_const(position.keys)) {
+        if (!stepIntoSelection(position, key))
+            step(position, key);
+        if (position.result.state != Result::Resolved)
+            break;
+        ++position.index;
+    }
+    return position.result;
+}
+
+Resolver::Classes Resolver::classesNamed(const QStringList &names) const
+{
+    Classes classes;
+    for (const QString &name : names) {
+        if (const ZelTypeTable::Class *type = m_types.classNamed(name))
+            classes.append(type);
+    }
+    return classes;
+}
+
+/// Whether the key is one of a controller, which is not followed as other keys are: the classes of what it selects are
+/// known from elsewhere.
+bool Resolver::stepIntoSelection(Position &position, const QString &key) const
+{
+    static const QStringList objectKeys{g_selection, QStringLiteral("selectedObjects"), QStringLiteral("content"),
+                                        QStringLiteral("arrangedObjects")};
+    const auto selected = m_scope.selections.constFind(position.passed());
+    const bool isKnown = selected != m_scope.selections.constEnd();
+    const bool isControlled =
+        std::ranges::any_of(position.classes, [&](const auto *type) { return isController(m_types, *type); });
+    if (position.index == 0 || !objectKeys.contains(key) || !(isKnown || isControlled || position.classes.isEmpty()))
+        return false;
+    position.isSelected = key == g_selection;
+    position.result.last = {};
+    position.result.kind = key == g_selection ? ZelValueKinds::Object : ZelValueKinds::List;
+    position.result.type.clear();
+    position.classes = isKnown ? classesNamed(*selected) : Classes();
+    if (position.classes.isEmpty() && position.index + 1 < position.keys.size()) {
+        position.result.state = Result::Open;
+        position.result.message =
+            QStringLiteral("The class of the objects that \"%1\" selects is not known: keys below "
+                           "its selection are not checked (--selection %1=Class)")
+                .arg(position.passed());
+    }
+    return true;
+}
+
+void Resolver::step(Position &position, const QString &key) const
+{
+    if (position.classes.isEmpty())
+        return stepIntoValue(position, key);
+    QStringList known;
+    QStringList names;
+    for (const ZelTypeTable::Class *type : std::as_const(position.classes)) {
+        if (const ZelTypeTable::Found found = m_types.property(*type, key); found.property)
+            return setValue(position, found);
+        if (const QString base = m_types.unknownBase(*type); !base.isNull()) {
+            position.result.state = Result::Open;
+            position.result.message =
+                QStringLiteral(
+                    "The class %1 derives from %2, which is not among the types: its key \"%3\" is not checked")
+                    .arg(type->name, base, key);
+            return;
+        }
+        known += m_types.keys(*type);
+        names.append(type->name);
+    }
+    const QString who = names.join(QStringLiteral(", "));
+    fail(position, key,
+         position.isSelected ? QStringLiteral("No selected object has the property \"%1\" (%2)").arg(key, who)
+                             : missing(who, key),
+         known);
+}
+
+void Resolver::stepIntoValue(Position &position, const QString &key) const
+{
+    const ZelValueKinds::ValueKind kind = position.result.kind;
+    const QList<QStringView> *keys = ZelValueKinds::keysOf(kind);
+    QStringList known;
+    for (qsizetype i = 0; keys && i < keys->size(); ++i)
+        known.append(keys->at(i).toString());
+    if (known.contains(key)) {
+        position.result.kind = ZelValueKinds::Real;
+        position.result.type = QStringLiteral("double");
+    } else if (keys || ZelValueKinds::isPlain(kind)) {
+        fail(position, key, missing(position.result.type, key), known);
+    } else {
+        position.result.state = Result::Open;
+    }
+}
+
+void Resolver::fail(Position &position, const QString &key, const QString &message, const QStringList &known) const
+{
+    ZelNearestName nearest(key);
+    nearest.offerAll(known);
+    QStringList meant = position.keys;
+    if (!nearest.found().isNull())
+        meant[position.index] = nearest.found();
+    const QString selected = position.index == 0 ? pathThroughSelection(position.keys.join(u'.')) : QString();
+    position.result.state = Result::Missing;
+    if (!selected.isNull())
+        position.result.suggestion = selected;
+    else if (!nearest.found().isNull())
+        position.result.suggestion = meant.join(u'.');
+    position.result.message =
+        message + ZelNearestName::question(selected.isNull() && !nearest.found().isNull() ? nearest.found() : selected);
+}
+
+void Resolver::setValue(Position &position, const ZelTypeTable::Found &found) const
+{
+    Result &result = position.result;
+    result.last = found;
+    result.type = found.property->type;
+    result.kind = ZelValueKinds::kindOf(result.type);
+    if (result.kind == ZelValueKinds::Unknown && m_types.enumeration(*found.owner, result.type))
+        result.kind = ZelValueKinds::Enumeration;
+    if (!found.property->isAnnounced)
+        result.silent.append(found.owner->name + u'.' + position.keys.at(position.index));
+    const QString element = elementType(result.type);
+    const ZelTypeTable::Class *gadget =
+        element.isNull() && result.kind == ZelValueKinds::Unknown ? m_types.classNamed(result.type) : nullptr;
+    // Of a QObject, nothing is known but that it is one.
+    position.classes = gadget ? Classes{gadget} : element == u"QObject" ? Classes() : classesNamed({element});
+    position.isSelected = false;
+}
+
+/// The path with a selection controller before it, if the key was one of what that selects.
+QString Resolver::pathThroughSelection(const QString &rest) const
+{
+    const QString key = rest.section(u'.', 0, 0);
+    QStringList controllers = m_scope.selections.keys();
+    controllers.sort();
+    for (const QString &controller : std::as_const(controllers)) {
+        for (const ZelTypeTable::Class *type : classesNamed(m_scope.selections.value(controller))) {
+            if (m_types.property(*type, key).property)
+                return controller + u'.' + g_selection + u'.' + rest;
+        }
+    }
+    return {};
+}

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Checking/private/ZelTypeCheck.h"
+
+#include "Core/Values/private/ZelNearestName.h"
+#include "Core/Values/private/ZelNumberScanner.h"
+#include "Inspector/Checking/ZelDescriptionChecker.h"
+#include "Inspector/Description/private/ZelDescriptionCheck.h"
+
+#include <algorithm>
+
+using Configuration = ZelInspectorConfiguration;
+using Kind = ZelDescriptionSchema::Kind;
+
+const QString ZelTypeCheck::ownerAttribute = QStringLiteral("types:owner");
+const QString ZelTypeCheck::selectionAttribute = QStringLiteral("types:selection");
+
+namespace {
+
+const QString g_keyPath = QStringLiteral("keyPath");
+
+QString editorOf(const ZelDescriptionWalk::Node &node)
+{
+    return node.role == u"chooser" ? QStringLiteral("enumeration") : node.element.stringValueNamed(u"type");
+}
+
+bool hasEditable(const QString &type)
+{
+    return type == u"string" || type == u"enumeration";
+}
+
+bool isReadOnly(const Configuration &element)
+{
+    return !element.booleanValueNamed(u"enabled", true) ||
+           (hasEditable(element.stringValueNamed(u"type")) && !element.booleanValueNamed(u"editable", true));
+}
+
+/// Editors of the application's own may only show what they edit.
+bool isOwnEditor(const ZelDescriptionWalk::Node &node)
+{
+    const auto *schema = ZelDescriptionSchema::element(u"property", editorOf(node));
+    return node.role == u"property" && (!schema || schema->isOpen);
+}
+
+QString keyPathBelowSelection(const QString &keyPath)
+{
+    static const QString selection = QStringLiteral(".selection.");
+    const qsizetype start = keyPath.lastIndexOf(selection);
+    return start < 0 ? keyPath : keyPath.mid(start + selection.size());
+}
+
+/// Attributes whose values are followed as they change; the others are read when they are needed.
+bool isFollowed(QStringView attribute)
+{
+    static constexpr QStringView names[] = {u"keyPath",          u"visibleKeyPath",    u"enabledKeyPath",
+                                            u"titleKeyPath",     u"widthTitleKeyPath", u"heightTitleKeyPath",
+                                            u"resourcesKeyPath", u"flippedKeyPath"};
+    return std::ranges::find(names, attribute) != std::end(names);
+}
+
+} // namespace
+
+void ZelTypeCheck::check(const Node &node)
+{
+    if (node.role == u"property" || node.role == u"chooser")
+        checkSingleKey(node);
+    const ZelTypeScope scope = scopeOf(node);
+    if (!m_hasTypes || !checkScope(node, scope))
+        return;
+    const auto *schema = Schema::element(node.role, node.element.element().attribute(u"type"));
+    for (std::span<const Schema::Attribute> group : schema->attributes) {
+        for (const Schema::Attribute &attribute : group) {
+            const QString text = node.element.stringValueNamed(attribute.name);
+            if (attribute.kind == Kind::KeyPath && !text.isEmpty())
+                checkKeyPath(node, attribute.name.toString(), scope);
+            else if (attribute.kind == Kind::Selector && !text.isEmpty())
+                checkSelector(node, scope);
+        }
+    }
+}
+
+/// The nearest element that says something counts.
+ZelTypeScope ZelTypeCheck::scopeOf(const Node &node)
+{
+    ZelTypeScope scope = node.parent ? scopeOf(*node.parent) : m_scope;
+    scope.owner = node.element.stringValueNamed(ownerAttribute, scope.owner);
+    if (const QString wrong =
+            ZelDescriptionChecker::readSelections(node.element.stringValueNamed(selectionAttribute), scope.selections);
+        !wrong.isNull())
+        report(node, selectionAttribute,
+               QStringLiteral("\"%1\" does not say which classes a controller selects, as path=Class does").arg(wrong));
+    return scope;
+}
+
+/// Whether anything can be checked with the classes that are given. What is missing is said once, where it is given.
+bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
+{
+    const bool isGivenHere =
+        node.element.hasValueNamed(ownerAttribute) || node.element.hasValueNamed(selectionAttribute);
+    const ZelTypeTable::Class *owner = m_types.classNamed(scope.owner);
+    if (!node.parent && scope.owner.isEmpty())
+        report(node, {}, QStringLiteral("No owner is given, key paths are not checked (--owner Class)"), {},
+               ZelDescriptionMistake::Warning);
+    if (node.parent && !isGivenHere)
+        return owner;
+    QStringList names;
+    if (!scope.owner.isEmpty())
+        names.append(scope.owner);
+    for (const QStringList &classes : scope.selections)
+        names += classes;
+    for (const QString &name : std::as_const(names)) {
+        if (m_types.classNamed(name))
+            continue;
+        ZelNearestName nearest(name);
+        nearest.offerAll(m_types.classNames());
+        report(node, name == scope.owner ? ownerAttribute : selectionAttribute,
+               QStringLiteral("The class %1 is not among the types").arg(name), nearest.found());
+    }
+    return owner;
+}
+
+void ZelTypeCheck::checkKeyPath(const Node &node, const QString &attribute, const ZelTypeScope &scope)
+{
+    const Result result = ZelKeyPathResolver(m_types, scope).resolve(node.element.stringValueNamed(attribute));
+    if (result.state == Result::Missing)
+        m_report({ZelDescriptionMistake::Error, result.message, node.element.place(), attribute, result.suggestion});
+    else if (result.state == Result::Open && !result.message.isNull())
+        report(node, attribute, result.message, {}, ZelDescriptionMistake::Warning);
+    else if (result.state == Result::Resolved && attribute == g_keyPath)
+        checkEdited(node, result);
+    if (result.state == Result::Missing || !isFollowed(attribute))
+        return;
+    for (const QString &silent : result.silent)
+        report(node, attribute,
+               QStringLiteral("The property \"%2\" of the class %1 has no NOTIFY signal: changes that no inspector "
+                              "makes are not seen")
+                   .arg(silent.section(u'.', 0, 0), silent.section(u'.', 1)),
+               {}, ZelDescriptionMistake::Warning);
+}
+
+void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
+{
+    if (node.role != u"property" && node.role != u"chooser")
+        return;
+    checkWritable(node, result);
+    if (node.element.hasValueNamed(u"valueTransformer"))
+        return;
+    const QString type = editorOf(node);
+    const bool isRichText = type == u"string" && node.element.booleanValueNamed(u"attributed");
+    const bool givesValues = node.element.hasValueNamed(u"enumeratedValuesKeyPath");
+    if (!givesValues && !ZelValueKinds::kindsOfEditor(type, isRichText).testFlag(result.kind))
+        report(node, g_keyPath,
+               QStringLiteral("An editor of the type \"%1\"%2 does not fit %3, the type of \"%4\"")
+                   .arg(type, isRichText ? QStringLiteral(" for rich text") : QString(), result.type,
+                        node.element.stringValueNamed(g_keyPath)));
+    else if (type == u"enumeration")
+        checkChoices(node, result);
+}
+
+void ZelTypeCheck::checkSingleKey(const Node &node)
+{
+    static const QStringList types{QStringLiteral("boolean"), QStringLiteral("enumeration"), QStringLiteral("size"),
+                                   QStringLiteral("point"), QStringLiteral("frame")};
+    const QString stored = keyPathBelowSelection(node.element.stringValueNamed(g_keyPath));
+    if (types.contains(editorOf(node)) && stored.contains(u'.') && !isReadOnly(node.element))
+        report(node, g_keyPath, ZelDescriptionCheck::longKeyPathMessage(stored));
+}
+
+void ZelTypeCheck::checkWritable(const Node &node, const Result &result)
+{
+    if (!result.last.property || result.last.property->isWritable || isReadOnly(node.element) || isOwnEditor(node) ||
+        editorOf(node) == u"action")
+        return;
+    const QString key = node.element.stringValueNamed(g_keyPath).section(u'.', -1);
+    const QString reason =
+        ZelUndefinedKeyException(result.last.owner->name, key, ZelUndefinedKeyException::Failure::ReadOnly).reason();
+    if (node.role == u"chooser") // the rows below it may be all that is wanted
+        report(node, g_keyPath, reason.chopped(1), {}, ZelDescriptionMistake::Warning);
+    else
+        report(node, g_keyPath,
+               QStringLiteral("%1; %2=\"no\" says that it is only shown")
+                   .arg(reason.chopped(1),
+                        hasEditable(editorOf(node)) ? QStringLiteral("editable") : QStringLiteral("enabled")));
+}
+
+/// Texts as values have to be keys of the enumeration, and are of no use for numbers.
+void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
+{
+    using namespace ZelValueKinds;
+    if (!Kinds(Integer | Real | Enumeration).testFlag(result.kind))
+        return;
+    const QStringList *keys =
+        result.kind == Enumeration ? m_types.enumeration(*result.last.owner, result.type) : nullptr;
+    const auto checkChoice = [&](const Configuration &choice) {
+        const QString text = choice.stringValueNamed(u"value");
+        if (text.isNull() || ZelNumberScanner::isInteger(text))
+            return;
+        QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(text);
+        ZelNearestName nearest(text);
+        if (keys) {
+            const QStringList parts = text.split(u'|');
+            if (std::ranges::all_of(parts, [&](const QString &key) { return keys->contains(key.section(u':', -1)); }))
+                return;
+            message += u" and no key of " + result.type;
+            nearest.offerAll(*keys);
+        }
+        report({choice, {}, &node}, QStringLiteral("value"), message, nearest.found());
+    };
+    for (const Configuration &choice : node.element.configurationsNamed(u"choice"))
+        checkChoice(choice);
+    for (const Configuration &group : node.element.configurationsNamed(u"option-group")) {
+        for (const Configuration &option : group.configurationsNamed(u"option"))
+            checkChoice(option);
+    }
+}
+
+void ZelTypeCheck::checkSelector(const Node &node, const ZelTypeScope &scope)
+{
+    const QString attribute = QStringLiteral("actionSelector");
+    const ZelTypeTable::Class &owner = *m_types.classNamed(scope.owner);
+    QString name = node.element.stringValueNamed(attribute);
+    while (name.endsWith(u':'))
+        name.chop(1);
+    QString reason;
+    QStringList names;
+    for (const ZelTypeTable::Method &method : m_types.methods(owner)) {
+        const bool isSignal = method.kind == ZelTypeTable::Method::Signal;
+        const bool takesArguments = method.argumentTypes.size() > 1 ||
+                                    (method.argumentTypes.size() == 1 && method.argumentTypes[0] != u"QObject*");
+        if (!isSignal && method.isPublic && !takesArguments)
+            names.append(method.name);
+        if (method.name == name)
+            reason = isSignal           ? QStringLiteral(": it is a signal")
+                     : !method.isPublic ? QStringLiteral(": it is not public")
+                                        : QStringLiteral(": it takes more than the sender, a QObject *");
+    }
+    if (names.contains(name) || !m_types.unknownBase(owner).isNull())
+        return;
+    ZelNearestName nearest(name);
+    nearest.offerAll(names);
+    report(node, attribute, QStringLiteral("%1 has no slot or invokable method \"%2\"%3").arg(owner.name, name, reason),
+           nearest.found());
+}
+
+void ZelTypeCheck::report(const Node &node, const QString &attribute, const QString &message, const QString &suggestion,
+                          ZelDescriptionMistake::Severity severity)
+{
+    m_report({severity, message + ZelNearestName::question(suggestion), node.element.place(), attribute, suggestion});
+}

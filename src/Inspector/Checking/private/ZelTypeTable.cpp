@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "Inspector/Checking/private/ZelTypeTable.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMetaEnum>
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+using Table = ZelTypeTable;
+
+namespace {
+
+QString afterLastColon(const QString &name)
+{
+    return name.mid(name.lastIndexOf(u':') + 1);
+}
+
+bool has(const QJsonObject &object, const char *name)
+{
+    return !object[QLatin1String(name)].toString().isEmpty();
+}
+
+QStringList argumentTypesOf(const QJsonObject &method)
+{
+    QStringList types;
+    for (const QJsonValue &argument : method[QLatin1String("arguments")].toArray())
+        types.append(argument[QLatin1String("type")].toString().remove(u' '));
+    return types;
+}
+
+void readMethods(Table::Class &type, const QJsonObject &object)
+{
+    const std::pair<const char *, Table::Method::Kind> lists[] = {
+        {"slots", Table::Method::Callable}, {"methods", Table::Method::Callable}, {"signals", Table::Method::Signal}};
+    for (const auto &[list, kind] : lists) {
+        for (const QJsonValue &value : object[QLatin1String(list)].toArray()) {
+            const QJsonObject method = value.toObject();
+            type.methods.append({method[QLatin1String("name")].toString(), kind,
+                                 method[QLatin1String("access")].toString() == u"public", argumentTypesOf(method)});
+        }
+    }
+}
+
+void readClass(Table::Class &type, const QJsonObject &object)
+{
+    for (const QJsonValue &base : object[QLatin1String("superClasses")].toArray())
+        type.superClasses.append(base[QLatin1String("name")].toString());
+    for (const QJsonValue &value : object[QLatin1String("properties")].toArray()) {
+        const QJsonObject property = value.toObject();
+        const bool isConstant = property[QLatin1String("constant")].toBool();
+        type.properties.insert(
+            property[QLatin1String("name")].toString(),
+            {property[QLatin1String("type")].toString(),
+             has(property, "write") || ((has(property, "member") || has(property, "bindable")) && !isConstant),
+             isConstant || has(property, "notify") || has(property, "bindable")});
+    }
+    for (const QJsonValue &value : object[QLatin1String("enums")].toArray()) {
+        QStringList keys;
+        for (const QJsonValue &key : value[QLatin1String("values")].toArray())
+            keys.append(key.toString());
+        for (const char *name : {"name", "alias"}) {
+            if (has(value.toObject(), name))
+                type.enumerations.insert(value[QLatin1String(name)].toString(), keys);
+        }
+    }
+    readMethods(type, object);
+}
+
+void readMembers(Table::Class &type, const QMetaObject *metaObject)
+{
+    for (int i = metaObject->propertyOffset(); i < metaObject->propertyCount(); ++i) {
+        const QMetaProperty property = metaObject->property(i);
+        type.properties.insert(QString::fromLatin1(property.name()),
+                               {QString::fromLatin1(property.typeName()), property.isWritable(),
+                                property.hasNotifySignal() || property.isConstant() || property.isBindable()});
+    }
+    for (int i = metaObject->methodOffset(); i < metaObject->methodCount(); ++i) {
+        const QMetaMethod method = metaObject->method(i);
+        QStringList arguments;
+        for (const QByteArray &argument : method.parameterTypes())
+            arguments.append(QString::fromLatin1(argument));
+        const bool isSignal = method.methodType() == QMetaMethod::Signal;
+        type.methods.append({QString::fromLatin1(method.name()),
+                             isSignal ? Table::Method::Signal : Table::Method::Callable,
+                             method.access() == QMetaMethod::Public, arguments});
+    }
+    for (int i = metaObject->enumeratorOffset(); i < metaObject->enumeratorCount(); ++i) {
+        const QMetaEnum enumeration = metaObject->enumerator(i);
+        QStringList keys;
+        for (int k = 0; k < enumeration.keyCount(); ++k)
+            keys.append(QString::fromLatin1(enumeration.key(k)));
+        type.enumerations.insert(QString::fromLatin1(enumeration.name()), keys);
+    }
+}
+
+} // namespace
+
+QString Table::read(const QString &file)
+{
+    QFile opened(file);
+    if (!opened.open(QIODevice::ReadOnly))
+        return opened.errorString();
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(opened.readAll(), &error);
+    if (document.isNull())
+        return error.errorString();
+    const QJsonArray sources = document.isArray() ? document.array() : QJsonArray{document.object()};
+    bool hasClasses = false;
+    for (const QJsonValue &source : sources) {
+        hasClasses = hasClasses || source[QLatin1String("classes")].isArray();
+        for (const QJsonValue &value : source[QLatin1String("classes")].toArray())
+            readClass(insert(value[QLatin1String("qualifiedClassName")].toString()), value.toObject());
+    }
+    return hasClasses || sources.isEmpty() ? QString() : QStringLiteral("The file is none that moc writes.");
+}
+
+void Table::add(const QMetaObject *metaObject)
+{
+    for (; metaObject && !m_classes.contains(QString::fromLatin1(metaObject->className()));
+         metaObject = metaObject->superClass()) {
+        Class &type = insert(QString::fromLatin1(metaObject->className()));
+        if (metaObject->superClass())
+            type.superClasses.append(QString::fromLatin1(metaObject->superClass()->className()));
+        readMembers(type, metaObject);
+    }
+}
+
+void Table::addKey(const QString &className, const QString &key)
+{
+    const Class *known = classNamed(className);
+    Property &property = insert(known ? known->name : className).properties[key];
+    property.isWritable = property.isWritable || property.type.isNull();
+    property.isAnnounced = true;
+}
+
+Table::Class &Table::insert(const QString &name)
+{
+    m_shortNames.insert(afterLastColon(name), name);
+    Class &type = m_classes[name];
+    type.name = name;
+    return type;
+}
+
+const Table::Class *Table::classNamed(const QString &name) const
+{
+    auto found = m_classes.constFind(name);
+    if (found == m_classes.constEnd())
+        found = m_classes.constFind(m_shortNames.value(afterLastColon(name)));
+    return found == m_classes.constEnd() ? nullptr : &*found;
+}
+
+/// Calls the function for the class and its bases until it answers true. The depth keeps a file with a circle of bases
+/// from being followed for ever.
+bool Table::visitBases(const Class &type, const Visit &visit, int depth) const
+{
+    if (visit(type))
+        return true;
+    for (const QString &name : type.superClasses) {
+        const Class *base = classNamed(name);
+        if (base && depth < 64 && visitBases(*base, visit, depth + 1))
+            return true;
+    }
+    return false;
+}
+
+Table::Found Table::property(const Class &type, const QString &key) const
+{
+    Found found;
+    visitBases(type, [&](const Class &candidate) {
+        const auto property = candidate.properties.constFind(key);
+        if (property == candidate.properties.constEnd())
+            return false;
+        found = {&candidate, &*property};
+        return true;
+    });
+    return found;
+}
+
+QStringList Table::keys(const Class &type) const
+{
+    QStringList keys;
+    visitBases(type, [&](const Class &base) {
+        keys += base.properties.keys();
+        return false;
+    });
+    keys.sort();
+    return keys;
+}
+
+QList<Table::Method> Table::methods(const Class &type) const
+{
+    QList<Method> methods;
+    visitBases(type, [&](const Class &base) {
+        if (base.name != u"QObject") // what every object has is out of reach of descriptions
+            methods += base.methods;
+        return false;
+    });
+    return methods;
+}
+
+const QStringList *Table::enumeration(const Class &type, const QString &name) const
+{
+    const qsizetype colon = name.lastIndexOf(QStringLiteral("::"));
+    const Class *named = colon < 0 ? &type : classNamed(name.first(colon));
+    const QStringList *keys = nullptr;
+    if (named) {
+        visitBases(*named, [&](const Class &base) {
+            const auto found = base.enumerations.constFind(afterLastColon(name));
+            keys = found == base.enumerations.constEnd() ? nullptr : &*found;
+            return keys != nullptr;
+        });
+    }
+    return keys;
+}
+
+bool Table::inherits(const Class &type, const QString &base) const
+{
+    return visitBases(type, [&](const Class &candidate) { return candidate.name == base; });
+}
+
+QString Table::unknownBase(const Class &type) const
+{
+    QString unknown;
+    visitBases(type, [&](const Class &base) {
+        // Qt's classes come first; the others are interfaces, which have no properties of their own.
+        if (!base.superClasses.isEmpty() && !classNamed(base.superClasses.first()))
+            unknown = base.superClasses.first();
+        return !unknown.isNull();
+    });
+    return unknown;
+}
