@@ -21,6 +21,7 @@ fonts-dejavu-core   a font for programs without a display
 xvfb                a display for the end-to-end tests
 xauth               xvfb-run calls it
 python3             runs the include check
+libxml2-utils       xmllint compares the descriptions with their schema
 '
 checks='
 clang               compiles the fuzz targets

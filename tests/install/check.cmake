@@ -54,7 +54,8 @@ run_program(${work}/shared)
 
 # A static library is built of the same sources. Compiling all of them once more takes long and would find little: it is
 # put together of the folders that are there.
-configure(${root} ${work}/static-build -D BUILD_SHARED_LIBS=OFF -D ZEL_BUILD_TESTS=OFF -D ZEL_BUILD_EXAMPLES=OFF)
+configure(${root} ${work}/static-build -D BUILD_SHARED_LIBS=OFF -D ZEL_BUILD_TESTS=OFF -D ZEL_BUILD_EXAMPLES=OFF
+          -D ZEL_BUILD_TOOL=OFF)
 string(REPLACE "," "\naddlib " folders "${folders}")
 file(WRITE ${work}/archive.txt "create ${work}/static-build/src/libZel.a\naddlib ${folders}\nsave\nend\n")
 execute_process(COMMAND ar -M INPUT_FILE ${work}/archive.txt COMMAND_ERROR_IS_FATAL ANY)

@@ -1,0 +1,444 @@
+// SPDX-License-Identifier: MIT
+#include "Models.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QString output;
+    QString errors;
+};
+
+QByteArray inSliver(const QByteArray &property)
+{
+    return "<slice><section><sliver>\n" + property + "</sliver></section></slice>";
+}
+
+const QString g_long = "The editor writes a single key, \"shade.price\" is longer: it can show the value but not "
+                       "change it";
+
+} // namespace
+
+class tst_Zel : public QObject
+{
+    Q_OBJECT
+
+    struct Row
+    {
+        QByteArray text;
+        QString lines;
+    };
+    using Rows = QList<Row>;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    void write(const QString &name, const QByteArray &text)
+    {
+        QFile file(m_folder->filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(text), text.size());
+    }
+
+    QByteArray read(const QString &name)
+    {
+        QFile file(m_folder->filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    Outcome run(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_folder->path());
+        process.start(program, arguments);
+        if (!process.waitForFinished(60000))
+            qFatal("%s does not end", qPrintable(program));
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    Outcome zel(const QStringList &arguments) { return run(QStringLiteral(ZEL_PROGRAM), arguments); }
+
+    /// Checks each text as a file of its own, with all lines that are to come for it.
+    void checkRows(const Rows &rows, const QStringList &options)
+    {
+        QStringList files;
+        QString expected;
+        for (const auto &[text, lines] : rows) {
+            files.append(QStringLiteral("%1.xml").arg(files.size(), 2, 10, QLatin1Char('0')));
+            write(files.last(), text);
+            for (const QString &line : lines.split(u'\n', Qt::SkipEmptyParts))
+                expected += files.last() + u':' + line + u'\n';
+        }
+        const Outcome outcome = zel(QStringList{QStringLiteral("check")} + files + options);
+        const QStringList actual = outcome.output.split(u'\n');
+        const QStringList wanted = expected.split(u'\n');
+        for (qsizetype i = 0; i < std::max(actual.size(), wanted.size()); ++i)
+            QCOMPARE(actual.value(i), wanted.value(i));
+        QCOMPARE(outcome.status, 1);
+    }
+
+private Q_SLOTS:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void mistakesInOneFile()
+    {
+        const auto property = [](const QByteArray &attributes) { return inSliver("<property " + attributes + "/>"); };
+        const auto options = [](const QByteArray &attributes, const QByteArray &list) {
+            return inSliver("<property type='enumeration' keyPath='k'" + attributes + "><option-group>" + list +
+                            "</option-group></property>");
+        };
+        write(QStringLiteral("Pen.png"), {});
+        const Rows rows{
+            // What is no description
+            {"", "1:1: error: Unable to read file from URL file://" + m_folder->path() + "/00.xml: The file is empty."},
+            {"<slice><section></slice>", "1:19: error: Unable to read file from URL file://" + m_folder->path() +
+                                             "/01.xml: Opening and ending tag mismatch."},
+            {"<property type='string' keyPath='k'/>", "1:1: error: Expected inspector element: property"},
+            // Elements
+            {"<panes/>", "1:1: error: No panes in the configuration"},
+            {"<pane/>", "1:1: error: No inspectors in the configuration"},
+            {"<pane>\n<inspector/></pane>", "2:1: error: No slice in the configuration"},
+            {"<slice>\n <sektion/></slice>",
+             "2:2: error: Unknown element <sektion> in <slice>, did you mean \"section\"?"},
+            {"<slice>\n<sliver/></slice>",
+             "2:1: error: Unknown element <sliver> in <slice>, it belongs in <section> or <choice>"},
+            {"<slice><section>\n<property type='string' keyPath='k'/></section></slice>",
+             "2:1: error: Unsupported element property, it belongs in <sliver>"},
+            {"<slice><section>\n<slivver/></section></slice>",
+             "2:1: error: Unsupported element slivver, did you mean \"sliver\"?"},
+            {inSliver("<property keyPath='k'/>"), "2:1: error: Property type not given"},
+            {property("type='nubmer' keyPath='k'"), "2:11: error: Type not suppored: nubmer, did you mean \"number\"?"},
+            {property("type='string'"), "2:1: error: <property type=\"string\"> has no keyPath"},
+            // Attributes
+            {property("type='string'\n  keypath='k'"),
+             "2:1: error: <property type=\"string\"> has no keyPath\n"
+             "3:3: error: Unknown attribute \"keypath\" of <property type=\"string\">, did you mean \"keyPath\"?"},
+            {property("title='Größe' type='number' keyPath='k' slider='liniear'"),
+             "2:51: error: Unsupported value: liniear, did you mean \"linear\"?"},
+            {property("type='number' keyPath='k' formatStyle='Decimals'"),
+             "2:37: error: Unsupported format style: Decimals, did you mean \"decimal\"?"},
+            {property("type='enumeration' keyPath='k' style='Popup'"),
+             "2:42: error: Unsupported style: Popup, did you mean \"popup\"?"},
+            {property("type='string' keyPath='k' enabled='on'"), "2:37: error: enabled=\"on\" is neither yes nor no"},
+            {property("type='number' keyPath='k' maximum='ten'"), "2:37: error: maximum=\"ten\" is no number"},
+            {property("type='number' keyPath='k' minimum='9' maximum='1'"),
+             "2:37: error: The minimum 9 is above the maximum 1"},
+            {property("type='number' keyPath='k' increment='0'"), "2:37: error: increment=\"0\" is not above 0"},
+            {property("type='boolean' keyPath='k' bits='one'"), "2:38: error: bits=\"one\" is no integer of 64 bits"},
+            {property("type='boolean' keyPath='k' bits='0xZ'"), "2:38: error: Unabled to parse hex value: 0xZ"},
+            {property("type='string' keyPath='a..b'"), "2:25: error: keyPath=\"a..b\" has an empty name in its path"},
+            {property("type='string' keyPath='" + QByteArray("a.").repeated(64) + "a'"),
+             "2:25: error: The key path has more than 64 keys"},
+            {property("type='boolean' keyPath='lamps.selection.shade.price'"), "2:26: error: " + g_long},
+            {property("type='boolean' enabled='no' keyPath='shade.price'"), {}},
+            // Colours
+            {property("type='color' keyPath='k' defaultColor='red'"), "2:36: error: Unsupported color space red"},
+            {property("type='color' keyPath='k' defaultColor='NSDeviceWhiteColorSpace 1'"),
+             "2:36: error: defaultColor=\"NSDeviceWhiteColorSpace 1\" has 1 components instead of 2"},
+            {property("type='color' keyPath='k' defaultColor='NSNamedColorSpace Crayons Rde'"),
+             "2:36: error: No color found in color list Crayons with name Rde"},
+            {property("type='color' keyPath='k' colorList='Crayon'"),
+             "2:36: error: No color list found with name Crayon, did you mean \"Crayons\"?"},
+            {property("type='color' keyPath='k' colorList='Brand'"), {}},
+            // Options
+            {options("", "<option value='1'/>\n<option value='1'/>"),
+             "3:9: error: The value \"1\" is given to several elements <option>"},
+            {options(" bitMask='0x30'", "\n<option value='0x41'/>"),
+             "3:9: error: value=\"0x41\" has bits outside of the bitMask 0x30"},
+            {"<slice><section><chooser>\n<choice value='a'/><choice value='a'/></chooser></section></slice>",
+             "2:28: error: The value \"a\" is given to several elements <choice>"},
+            // What is named
+            {"<slice class='Slcie'/>", "1:8: error: Missing class Slcie, did you mean \"Slice\"?"},
+            {"<slice class='ZelInspectorNumberProperty'/>",
+             "1:8: error: Missing class ZelInspectorNumberProperty, it is no ZelInspectorSlice"},
+            {"<slice visibleValueTransformer='ZelNegateBoolean'/>",
+             "1:8: error: Missing value transformer for name ZelNegateBoolean"},
+            {property("type='string' keyPath='k' valueTransformer='Centuries'"),
+             "2:37: error: Missing value transformer for name Centuries, did you mean \"Centuries1\"?"},
+            {options("", "\n<option image='Pne'/>"), "3:9: error: Missing image with name Pne, did you mean \"Pen\"?"},
+            {options("", "<option image='Pen'/><option image='Brush' value='1'/>"), {}},
+            {property("type='rating' keyPath='k' own='x'"), {}},
+        };
+        checkRows(rows, {"--class", "Slice", "--transformer", "Centuries1", "--image", "Brush", "--color-list", "Brand",
+                         "--property-type", "rating"});
+    }
+
+    void mistakesInKeyPathsAndSelectors()
+    {
+        const auto property = [](const QByteArray &attributes) { return inSliver("<property " + attributes + "/>"); };
+        const auto lamp = [&](const QByteArray &type, const QByteArray &path, const QByteArray &more = {}) {
+            return property("type='" + type + "' keyPath='lamps.selection." + path + "' " + more);
+        };
+        const auto silent = QStringLiteral("warning: The property \"heat\" of the class Lamp has no NOTIFY signal: "
+                                           "changes that no inspector makes are not seen");
+        const Rows rows{
+            {lamp("number", "wats"),
+             "2:25: error: No selected object has the property \"wats\" (Lamp), did you mean \"watts\"?"},
+            {lamp("number", "shade.prize"),
+             "2:25: error: The class Part has no property \"prize\", did you mean \"price\"?"},
+            {property("type='string' keyPath='bset.label'"),
+             "2:25: error: The class Room has no property \"bset\", did you mean \"best\"?"},
+            {property("type='string' keyPath='label'"),
+             "2:25: error: The class Room has no property \"label\", did you mean \"lamps.selection.label\"?"},
+            {"<slice visibleKeyPath='best.tnit'/>",
+             "1:8: error: The class Lamp has no property \"tnit\", did you mean \"tint\"?"},
+            {lamp("string", "label.length"), "2:25: error: The class QString has no property \"length\""},
+            {lamp("number", "spot.z"), "2:25: error: The class QPointF has no property \"z\""},
+            {lamp("number", "spot.x"), {}},
+            {lamp("number", "parts.price"), {}},
+            {property("type='string' keyPath='other.selection.label'"),
+             "2:25: warning: The class of the objects that \"other\" selects is not known: keys below its selection "
+             "are "
+             "not checked (--selection other=Class)"},
+            {property("type='string' types:selection='other=Part' keyPath='other.selection.lable'"),
+             "2:54: error: No selected object has the property \"lable\" (Part), did you mean \"label\"?"},
+            {"<slice types:selection='other=Part,Lamp'><section><sliver>\n"
+             "<property type='number' keyPath='other.selection.watts'/></sliver></section></slice>",
+             {}},
+            {"<slice types:selection='Part'/>",
+             "1:8: error: \"Part\" does not say which classes a controller selects, as path=Class does"},
+            {"<slice types:owner='Lmap'/>",
+             "1:8: error: The class Lmap is not among the types, did you mean \"Lamp\"?"},
+            {"<slice types:owner='Lamp'><section><sliver>\n<property type='string' keyPath='price'/>"
+             "</sliver></section></slice>",
+             {}},
+            // Editors and types
+            {lamp("number", "tint"),
+             "2:25: error: An editor of the type \"number\" does not fit QColor, the type of \"lamps.selection.tint\""},
+            {lamp("color", "label"), "2:24: error: An editor of the type \"color\" does not fit QString, the type of "
+                                     "\"lamps.selection.label\""},
+            {lamp("string", "label", "attributed='yes'"),
+             "2:25: error: An editor of the type \"string\" for rich text does not fit QString, the type of "
+             "\"lamps.selection.label\""},
+            {lamp("number", "tint", "valueTransformer='ZelPercentValueTransformerName'"), {}},
+            {lamp("font", "note"), {}},
+            {lamp("number", "serial"), "2:25: error: The property \"serial\" of the class Lamp cannot be written: it "
+                                       "is read-only; enabled=\"no\" "
+                                       "says that it is only shown"},
+            {lamp("string", "serial"),
+             "2:25: error: The property \"serial\" of the class Lamp cannot be written: it is read-only; "
+             "editable=\"no\" says that it is only shown"},
+            {lamp("string", "serial", "editable='no'"), {}},
+            {lamp("number", "heat"), "2:25: " + silent},
+            {lamp("number", "watts", "nonNilValueKeyPath='best.heat'"), {}},
+            {inSliver("<property type='enumeration' keyPath='lamps.selection.kind'><option-group>\n"
+                      "<option value='Desk'/><option value='Flor'/></option-group></property>"),
+             "3:31: error: The value \"Flor\" of an option is no integer and no key of Kind, did you mean \"Floor\"?"},
+            {"<slice><section><chooser keyPath='lamps.selection.watts'>\n<choice "
+             "value='x'/></chooser></section></slice>",
+             "2:9: error: The value \"x\" of an option is no integer"},
+            // Selectors
+            {property("type='action' actionSelector='claen:'"),
+             "2:25: error: Room has no slot or invokable method \"claen\", did you mean \"clean\"?"},
+            {property("type='action' actionSelector='hide'"),
+             "2:25: error: Room has no slot or invokable method \"hide\": it is not public"},
+            {property("type='action' actionSelector='changed'"),
+             "2:25: error: Room has no slot or invokable method \"changed\": it is a signal"},
+            {property("type='action' actionSelector='paint'"),
+             "2:25: error: Room has no slot or invokable method \"paint\": it takes more than the sender, a QObject *"},
+            {property("type='action' actionSelector='deleteLater'"),
+             "2:25: error: Room has no slot or invokable method \"deleteLater\""},
+            {property("type='action' actionSelector='look:'"), {}},
+            // Keys that no class declares
+            {lamp("number", "age"), {}},
+        };
+        checkRows(rows,
+                  {"--types", ZEL_METATYPES, "--owner", "Room", "--selection", "lamps=Lamp", "--key", "Lamp.age"});
+    }
+
+    void includedFilesAreCheckedWhereTheyAreIncluded()
+    {
+        const QString folder = m_folder->path();
+        QVERIFY(QDir(folder).mkdir(QStringLiteral("shared")));
+        write(QStringLiteral("Main.xml"),
+              "<pane><inspector><slice>\n<section file='Rows.xml'/>\n<section file='Rows.xml'/>\n"
+              "<section file='Gone.xml'/>\n<section file='../Main.xml'/>\n"
+              "<section title='x' file='Pane.xml'/></slice>\n"
+              "<slice file='Loop.xml'/></inspector></pane>");
+        write(QStringLiteral("Rows.xml"), "<slice fullWidth='yes'>\n<sliver><property type='string' keyPath='k' x='1'/>"
+                                          "</sliver></slice>");
+        write(QStringLiteral("Pane.xml"), "\n<pane/>");
+        write(QStringLiteral("shared/Loop.xml"),
+              "<slice><section>\n<sliver/></section>\n<section file='Loop.xml'/></slice>");
+        const Outcome outcome = zel({"check", "Rows.xml", "Main.xml", "--resources", "shared"});
+        QCOMPARE(outcome.output,
+                 QStringLiteral("Rows.xml:2:45: error: Unknown attribute \"x\" of <property type=\"string\">\n"
+                                "Main.xml:4:10: error: file=\"Gone.xml\" is no resource of the application\n"
+                                "Main.xml:5:10: error: file=\"../Main.xml\" is no resource of the application\n"
+                                "Pane.xml:2:1: error: Expected inspector element: pane\n"
+                                "shared/Loop.xml:3:10: error: Unable to read file from URL file://%1/shared/Loop.xml: "
+                                "The file includes itself: Loop.xml > Loop.xml\n")
+                     .arg(folder));
+        QCOMPARE(outcome.status, 1);
+    }
+
+    void formatsAndExitStatus()
+    {
+        write(QStringLiteral("Good.xml"), "<slice/>");
+        write(QStringLiteral("Bad.xml"), "<slice>\n<section tilte='50% of, all'/></slice>");
+        write(QStringLiteral("Warned.xml"), "<slice types:owner='Room'><section><sliver><property type='string' "
+                                            "keyPath='other.selection.a'/></sliver></section></slice>");
+        write(QStringLiteral("broken.json"), "{");
+        QCOMPARE(zel({"check", "Good.xml"}).output, QString());
+        QCOMPARE(zel({"check", "Good.xml"}).status, 0);
+        QCOMPARE(zel({"check", "Bad.xml", "--format", "github"}).output,
+                 "::error file=Bad.xml,line=2,col=10::Unknown attribute \"tilte\" of <section>, did you mean "
+                 "\"title\"?\n");
+        const Outcome json = zel({"check", "Bad.xml", "--format=json"});
+        QCOMPARE(json.status, 1);
+        QCOMPARE(QJsonDocument::fromJson(json.output.toUtf8()).array().first().toObject(),
+                 (QJsonObject{{"file", "Bad.xml"},
+                              {"line", 2},
+                              {"column", 10},
+                              {"severity", "error"},
+                              {"element", "section"},
+                              {"attribute", "tilte"},
+                              {"suggestion", "title"},
+                              {"message", "Unknown attribute \"tilte\" of <section>, did you mean \"title\"?"}}));
+        QCOMPARE(zel({"check", "Warned.xml", "--types", ZEL_METATYPES}).status, 0);
+        QCOMPARE(zel({"check", "Warned.xml", "--types", ZEL_METATYPES, "--werror"}).status, 1);
+        QVERIFY(zel({"check", "Good.xml", "--types", "broken.json"}).output.startsWith("broken.json: error: "));
+        for (const QStringList &wrong : {QStringList{},
+                                         {"chekc"},
+                                         {"check"},
+                                         {"check", "Good.xml", "--tpyes", "x"},
+                                         {"schema", "Good.xml"},
+                                         {"check", "Good.xml", "--format", "xml"},
+                                         {"check", "Good.xml", "--selection", "lamps"},
+                                         {"strings", "Good.xml"}})
+            QCOMPARE(zel(wrong).status, 2);
+    }
+
+    void theProgramDescribesItself()
+    {
+        const QString help = zel({"--help"}).output;
+        const QString page = zel({"manual", "--man"}).output;
+        for (const char *command : {"check", "schema", "strings"}) {
+            QVERIFY(help.contains(QLatin1String(command)));
+            QVERIFY(zel({QLatin1String(command), "--help"}).output.startsWith("Usage: zel "));
+        }
+        QVERIFY(page.contains("\\-\\-selection PATH=CLASS"));
+        write(QStringLiteral("zel.bash"), zel({"manual", "--completion"}).output.toUtf8());
+        const auto completed = [&](const QString &words) {
+            const QString script =
+                QStringLiteral(". ./zel.bash; COMP_WORDS=(zel %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1));"
+                               " _zel; echo ${COMPREPLY[@]}");
+            return run(QStringLiteral("bash"), {"-c", script.arg(words)}).output.trimmed();
+        };
+        QCOMPARE(completed("che"), "check");
+        QCOMPARE(completed("check --sel"), "--selection");
+        QCOMPARE(completed("check --format j"), "json");
+        QCOMPARE(completed("check zel.b"), "zel.bash");
+    }
+
+    void descriptionsMatchTheSchema()
+    {
+        const QString xmllint = QStandardPaths::findExecutable(QStringLiteral("xmllint"));
+        if (xmllint.isEmpty())
+            QSKIP("xmllint (libxml2-utils) is not installed");
+        QCOMPARE(zel({"schema", "--rng", "-o", "zel.rng"}).status, 0);
+        const QStringList arguments{"--noout", "--relaxng", m_folder->filePath("zel.rng")};
+        QStringList files;
+        for (const char *folder : {"examples", "docs", "tests/install", "tests/storm"}) {
+            QDirIterator found(QStringLiteral(ZEL_SOURCES "/") + folder, {"*.xml"}, QDir::Files,
+                               QDirIterator::Subdirectories);
+            while (found.hasNext())
+                files.append(found.next());
+        }
+        QVERIFY(files.size() > 10);
+        const Outcome all = run(xmllint, arguments + files);
+        QVERIFY2(all.status == 0, qPrintable(all.errors));
+
+        const auto isValid = [&](const QByteArray &text) {
+            write(QStringLiteral("One.xml"), text);
+            return run(xmllint, arguments + QStringList{"One.xml"}).status == 0;
+        };
+        for (const char *good :
+             {"type='custom' pattern='x'", "type='rating' stars='5' file='x'", "type='string' returnAdvances='YES'",
+              "type='number' minimum='-1e3' slider='LINEAR'", "type='boolean' bits='0x1F' xmlns:a='a' a:b='c'"})
+            QVERIFY2(isValid(inSliver(QByteArray("<property ") + good + "/>")), good);
+        QVERIFY(isValid("<slice type='number' keyPath='k' editsMultipleValues='yes'/>"));
+        for (const char *bad :
+             {"", "type='string' keypath='x'", "type='string' slider='linear'", "type='number' minimum='x'",
+              "type='number' increment='0'", "type='boolean' bits='1x'", "type='string' enabled='on'",
+              "type='custom' enabled='on'", "type='string' keyPath='a..b'", "type='color' defaultColor='red'"})
+            QVERIFY2(!isValid(inSliver(QByteArray("<property ") + bad + "/>")), bad);
+        QVERIFY(!isValid("<slice><option/></slice>"));
+        QVERIFY(!isValid("<panes><pane returnAdvances='yes'/></panes>"));
+    }
+
+    void stringsKeepTranslations()
+    {
+        write(QStringLiteral("Main.xml"), "<pane title='Lamp &amp; Co'>\n<inspector title='All'><slice>\n"
+                                          "<section file='Rows.xml' title='Light'/></slice></inspector></pane>");
+        write(QStringLiteral("Rows.xml"),
+              "<slice title='Rest'>\n<sliver title='Label'><property type='string' title='Name' keyPath='a'\n"
+              "placeholder='None' formatUnit='x' hint='Hint'/></sliver>\n<sliver><property type='enumeration' "
+              "keyPath='b' "
+              "actionName='Name'><option-group><option title=''/><option title='New' "
+              "value='1'/></option-group></property>"
+              "</sliver></slice>");
+        write(
+            QStringLiteral("de.ts"),
+            "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"de_DE\">\n"
+            "<context>\n    <name>Other</name>\n    <message>\n        <source>Old</source>\n"
+            "        <translation>Alt</translation>\n    </message>\n</context>\n"
+            "<context>\n    <name>Application</name>\n"
+            "    <message>\n        <location filename=\"x\" line=\"1\"/>\n        <source>Name</source>\n"
+            "        <translatorcomment>Of the lamp</translatorcomment>\n"
+            "        <translation>Name &lt;de&gt;</translation>\n    </message>\n"
+            "    <message>\n        <source>Gone</source>\n        <translation>Weg</translation>\n    </message>\n"
+            "    <message>\n        <source>Todo</source>\n        <translation type=\"unfinished\"></translation>\n"
+            "    </message>\n"
+            "    <message>\n        <source>None</source>\n        <translation type=\"vanished\">Keine</translation>\n"
+            "    </message>\n</context>\n</TS>\n");
+        const QStringList arguments{"strings", "Main.xml", "-o", "de.ts", "--also", "sliver@title", "--also", "*@hint"};
+        QCOMPARE(zel(arguments).status, 0);
+        const auto message = [](const char *file, int line, const char *source, const char *rest) -> QByteArray {
+            const QByteArray place =
+                QByteArray("        <location filename=\"") + file + "\" line=\"" + QByteArray::number(line) + "\"/>\n";
+            return QByteArray("    <message>\n") + (line ? place : QByteArray()) + "        <source>" + source +
+                   "</source>\n" + rest + "    </message>\n";
+        };
+        const char *unfinished = "        <translation type=\"unfinished\"></translation>\n";
+        const QByteArray expected =
+            "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"de_DE\">\n"
+            "<context>\n    <name>Other</name>\n    <message>\n        <source>Old</source>\n"
+            "        <translation>Alt</translation>\n    </message>\n</context>\n"
+            "<context>\n    <name>Application</name>\n" +
+            message("Main.xml", 2, "All", unfinished) +
+            message("", 0, "Gone", "        <translation type=\"vanished\">Weg</translation>\n") +
+            message("Rows.xml", 3, "Hint", unfinished) + message("Rows.xml", 2, "Label", unfinished) +
+            message("Main.xml", 1, "Lamp &amp; Co", unfinished) + message("Main.xml", 3, "Light", unfinished) +
+            QByteArray(message("Rows.xml", 2, "Name",
+                               "        <translatorcomment>Of the lamp</translatorcomment>\n"
+                               "        <translation>Name &lt;de&gt;</translation>\n"))
+                .replace("        <source>Name", "        <location filename=\"Rows.xml\" line=\"4\"/>\n"
+                                                 "        <source>Name") +
+            message("Rows.xml", 4, "New", unfinished) +
+            message("Rows.xml", 3, "None", "        <translation>Keine</translation>\n") +
+            message("Rows.xml", 1, "Rest", unfinished) + "</context>\n</TS>\n";
+        QCOMPARE(read("de.ts"), expected);
+        QCOMPARE(zel(arguments).status, 0);
+        QCOMPARE(read("de.ts"), expected); // again changes nothing
+
+        write(QStringLiteral("Main.xml"), "<pane>");
+        QCOMPARE(zel(arguments).status, 1);
+        QCOMPARE(read("de.ts"), expected); // a file that cannot be read does not make its texts vanish
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Zel)
+#include "tst_Zel.moc"

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "Command.h"
+
+// Each command is one function in a source of its own, and one entry in the table below.
+int runCheck(const QCommandLineParser &arguments);
+int runSchema(const QCommandLineParser &arguments);
+int runStrings(const QCommandLineParser &arguments);
+int runManual(const QCommandLineParser &arguments);
+
+namespace {
+
+#define ZEL_RESOURCES_OPTION                                                                                           \
+    {                                                                                                                  \
+        "resources", "FOLDER", "look for included files and images there, after the folders of the descriptions"       \
+    }
+
+constexpr Option g_check[] = {
+    {"types", "FILE", "compare key paths with the classes of this file of moc's (metatypes.json)"},
+    {"owner", "CLASS", "the class of the inspector's owner, at which key paths begin"},
+    {"selection", "PATH=CLASS", "the class of what the controller at the path selects; several with commas"},
+    ZEL_RESOURCES_OPTION,
+    {"class", "NAME", "a class of the application's for class=\"...\""},
+    {"transformer", "NAME", "a value transformer of the application's"},
+    {"image", "NAME", "an image of the application's that is in no folder of resources"},
+    {"color-list", "NAME", "a color list of the application's"},
+    {"property-type", "NAME", "a type of editors that the application makes"},
+    {"key", "CLASS.KEY", "a key that the class does not declare, or one that is to have no NOTIFY signal"},
+    {"format", "FORMAT", "how mistakes are printed: text, json or github", nullptr, "text json github"},
+    {"werror", nullptr, "warnings make the check fail, too"},
+};
+
+constexpr Option g_schema[] = {
+    {"rng", nullptr, "RELAX NG in XML syntax, the only and the standard kind"},
+    {"output", "FILE", "write there instead of to the standard output", "o"},
+};
+
+constexpr Option g_strings[] = {
+    {"output", "FILE", "the file of translations, made or brought up to date", "o"},
+    {"language", "CODE", "the language of a new file, such as de_DE"},
+    {"context", "NAME", "the context of the texts, Application by default"},
+    {"also", "ELEMENT@NAME", "an attribute that the application translates itself, such as sliver@title"},
+    ZEL_RESOURCES_OPTION,
+    {"locations", "KIND", "whether the file tells where the texts are: relative, the standard, or none", nullptr,
+     "relative none"},
+};
+
+constexpr Option g_manual[] = {
+    {"man", nullptr, "the manual page, the standard"},
+    {"completion", nullptr, "the completion for bash"},
+};
+
+constexpr Command g_commands[] = {
+    {"check", "FILES", "finds what is wrong in descriptions",
+     "Tells everything that is wrong or suspicious in the descriptions and in all files that they include, each with "
+     "file, "
+     "line and column, and what would be right. Files that others of the list include are checked where they are "
+     "included.\n\n"
+     "With the files that Qt's moc writes about the application's classes (qt_extract_metatypes), key paths and "
+     "selectors "
+     "are compared with these classes. No code of the application runs. A description may name its classes itself, in "
+     "the "
+     "attributes types:owner and types:selection of any element.\n\n"
+     "The exit status is 0 if there are no errors, 1 if there are, and 2 if the command was called in a wrong way.",
+     g_check, &runCheck},
+    {"schema", nullptr, "prints the schema of descriptions",
+     "Editors that know the schema complete elements, attributes and values, and mark mistakes while one types.",
+     g_schema, &runSchema},
+    {"strings", "FILES", "collects the texts of descriptions for Qt Linguist",
+     "Writes the localized texts of the descriptions, and of all files that they include, into a file of translations "
+     "(.ts). Translations that are there are kept; those of texts that are gone are marked as vanished.",
+     g_strings, &runStrings},
+    {"manual", nullptr, "prints this program's manual page or its completion for bash", "", g_manual, &runManual},
+};
+
+} // namespace
+
+std::span<const Command> commands()
+{
+    return g_commands;
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "Command.h"
+#include "MistakePrinter.h"
+#include "TranslationFile.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+#include <cstdio>
+
+namespace {
+
+int fail(const QString &file, const QString &reason)
+{
+    std::fprintf(stderr, "zel: %s: %s\n", qPrintable(file), qPrintable(reason));
+    return Failed;
+}
+
+} // namespace
+
+int runStrings(const QCommandLineParser &arguments)
+{
+    const QString output = arguments.value(QStringLiteral("output"));
+    if (output.isEmpty())
+        return wrongUsage(QStringLiteral("The file of translations is missing (--output)."));
+    QList<ZelDescriptionMistake> mistakes;
+    const QList<ZelDescriptionStrings::Text> texts = ZelDescriptionStrings::collect(
+        arguments.positionalArguments(),
+        {arguments.values(QStringLiteral("resources")), arguments.values(QStringLiteral("also"))}, mistakes);
+    if (!mistakes.isEmpty()) {
+        // Texts of a file that cannot be read would count as gone.
+        std::fputs(MistakePrinter::print(mistakes, {}).toUtf8().constData(), stderr);
+        return Failed;
+    }
+
+    TranslationFile translations;
+    if (QFileInfo::exists(output)) {
+        if (const QString error = translations.read(output); !error.isNull())
+            return fail(output, error);
+    }
+    const QString language = arguments.value(QStringLiteral("language"));
+    translations.setLanguage(language.isEmpty() ? translations.language() : language);
+    const QString given = arguments.value(QStringLiteral("context"));
+    const QString context = given.isEmpty() ? QStringLiteral("Application") : given;
+    translations.update(context, texts);
+    const bool hasLocations = arguments.value(QStringLiteral("locations")) != u"none";
+    translations.setLocations(context, texts, hasLocations ? QFileInfo(output).absolutePath() : QString());
+
+    QSaveFile file(output);
+    const QByteArray text = translations.text();
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+        return Clean;
+    return fail(output, file.errorString());
+}
