@@ -1,1022 +1,908 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- The texts of the files in inspector/; lupdate does not read those, so this file is kept by hand. -->
 <TS version="2.1" language="de_DE">
 <context>
     <name>Application</name>
     <message>
-        <source>%1 found</source>
-        <translation>%1 gefunden</translation>
-    </message>
-    <message>
-        <source>%1 found, %2 hidden</source>
-        <translation>%1 gefunden, %2 verborgen</translation>
-    </message>
-    <message>
-        <source>%1 hidden</source>
-        <translation>%1 verborgen</translation>
-    </message>
-    <message>
-        <source>%1 – not shown at present</source>
-        <translation>%1 – zurzeit nicht zu sehen</translation>
-    </message>
-    <message>
-        <source>%1 – not shown for the present value of “%2”</source>
-        <translation>%1 – beim jetzigen Wert von „%2“ nicht zu sehen</translation>
-    </message>
-    <message>
-        <source>%1 – shown when “%2” is on</source>
-        <translation>%1 – zu sehen, wenn „%2“ eingeschaltet ist</translation>
-    </message>
-    <message>
-        <source>%1 – shown when “%2” is “%3”</source>
-        <translation>%1 – zu sehen, wenn „%2“ auf „%3“ steht</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>A color has 3, 6 or 8 hexadecimal digits.</source>
-        <translation>Eine Farbe hat 3, 6 oder 8 hexadezimale Ziffern.</translation>
-    </message>
-    <message>
-        <source>%1 values: %2</source>
-        <translation>%1 Werte: %2</translation>
-    </message>
-    <message>
-        <source>Add</source>
-        <translation>Hinzufügen</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="36"/>
         <source>After</source>
         <translation>Danach</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="111"/>
+        <location filename="../inspector/StylePane.xml" line="120"/>
         <source>Align Text</source>
         <translation>Text ausrichten</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="106"/>
+        <location filename="../inspector/ArrangePane.xml" line="33"/>
         <source>Alignment</source>
         <translation>Ausrichtung</translation>
     </message>
     <message>
-        <source>And %1 more.</source>
-        <translation>Und %1 weitere.</translation>
-    </message>
-    <message>
+        <location filename="../inspector/DocumentPane.xml" line="66"/>
         <source>Annotations</source>
         <translation>Anmerkungen</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="40"/>
         <source>Area</source>
         <translation>Fläche</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="2"/>
         <source>Arrange</source>
         <translation>Anordnen</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="22"/>
         <source>At Least</source>
         <translation>Mindestens</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="25"/>
         <source>At Most</source>
         <translation>Höchstens</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="13"/>
         <source>Author</source>
         <translation>Autor</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="62"/>
         <source>Background</source>
         <translation>Hintergrund</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="33"/>
         <source>Before</source>
         <translation>Davor</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="94"/>
         <source>Bevel</source>
         <translation>Abgeschrägt</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="12"/>
         <source>Bold</source>
         <translation>Fett</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="124"/>
         <source>Bottom</source>
         <translation>Unten</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="44"/>
         <source>Break Lines</source>
         <translation>Zeilen umbrechen</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="43"/>
         <source>Breaks</source>
         <translation>Umbrüche</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="48"/>
         <source>By Character</source>
         <translation>Nach Zeichen</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="47"/>
         <source>By Word</source>
         <translation>Nach Wörtern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="79"/>
         <source>Cap</source>
         <translation>Linienende</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="114"/>
         <source>Center</source>
         <translation>Zentriert</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="15"/>
         <source>Change Author</source>
         <translation>Autor ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="81"/>
         <source>Change Cap</source>
         <translation>Linienende ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="9"/>
         <source>Change Corners</source>
         <translation>Ecken ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="67"/>
         <source>Change Dash</source>
         <translation>Strichart ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="18"/>
         <source>Change Date</source>
         <translation>Datum ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="9"/>
         <source>Change Due Date</source>
         <translation>Termin ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="12"/>
         <source>Change Fill</source>
         <translation>Füllung ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="16"/>
+        <location filename="../inspector/StylePane.xml" line="21"/>
         <source>Change Fill Color</source>
         <translation>Füllfarbe ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="4"/>
         <source>Change Font</source>
         <translation>Schrift ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="8"/>
         <source>Change Font Size</source>
         <translation>Schriftgröße ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/PlacementSlice.xml" line="9"/>
         <source>Change Frame</source>
         <translation>Rahmen ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="47"/>
+        <location filename="../inspector/DocumentPane.xml" line="52"/>
         <source>Change Grid</source>
         <translation>Raster ändern</translation>
     </message>
     <message>
-        <source>Change Height</source>
-        <translation>Höhe ändern</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="21"/>
         <source>Change Inner Radius</source>
         <translation>Innenradius ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="90"/>
         <source>Change Join</source>
         <translation>Linienverbindung ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="3"/>
         <source>Change Kind</source>
         <translation>Art ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/LayerSliver.xml" line="6"/>
         <source>Change Layer</source>
         <translation>Ebene ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="63"/>
+        <location filename="../inspector/DocumentPane.xml" line="65"/>
+        <location filename="../inspector/DocumentPane.xml" line="67"/>
         <source>Change Layers</source>
         <translation>Ebenen ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="24"/>
         <source>Change Lock</source>
         <translation>Sperre ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="14"/>
         <source>Change Note</source>
         <translation>Notiz ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/OpacityProperty.xml" line="5"/>
         <source>Change Opacity</source>
         <translation>Deckkraft ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="30"/>
         <source>Change Order</source>
         <translation>Reihenfolge ändern</translation>
     </message>
     <message>
-        <source>Change Origin X</source>
-        <translation>X ändern</translation>
-    </message>
-    <message>
+        <location filename="../inspector/DocumentPane.xml" line="41"/>
         <source>Change Page</source>
         <translation>Seite ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="25"/>
         <source>Change Pattern</source>
         <translation>Muster ändern</translation>
     </message>
     <message>
-        <source>Change Point</source>
-        <translation>Punkt ändern</translation>
-    </message>
-    <message>
+        <location filename="../inspector/NotesPane.xml" line="22"/>
         <source>Change Remarks</source>
         <translation>Bemerkungen ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="32"/>
         <source>Change Shadow</source>
         <translation>Schatten ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="25"/>
+        <location filename="../inspector/KindChooser.xml" line="34"/>
         <source>Change Sides</source>
         <translation>Seiten ändern</translation>
     </message>
     <message>
-        <source>Change Size</source>
-        <translation>Größe ändern</translation>
-    </message>
-    <message>
+        <location filename="../inspector/DocumentPane.xml" line="73"/>
+        <location filename="../inspector/DocumentPane.xml" line="77"/>
         <source>Change Standards</source>
         <translation>Vorgaben ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="49"/>
         <source>Change Stroke</source>
         <translation>Kontur ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="60"/>
+        <location filename="../inspector/StylePane.xml" line="63"/>
         <source>Change Stroke Color</source>
         <translation>Konturfarbe ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="56"/>
         <source>Change Stroke Width</source>
         <translation>Konturstärke ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="16"/>
         <source>Change Tags</source>
         <translation>Schlagwörter ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="40"/>
         <source>Change Text</source>
         <translation>Text ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="13"/>
+        <location filename="../inspector/FontSection.xml" line="15"/>
+        <location filename="../inspector/FontSection.xml" line="17"/>
+        <location filename="../inspector/FontSection.xml" line="19"/>
         <source>Change Text Style</source>
         <translation>Schriftstil ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="16"/>
         <source>Change Tips</source>
         <translation>Zacken ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="11"/>
         <source>Change Title</source>
         <translation>Titel ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="24"/>
         <source>Change Units</source>
         <translation>Einheit ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="22"/>
         <source>Change Visibility</source>
         <translation>Sichtbarkeit ändern</translation>
     </message>
     <message>
-        <source>Change Width</source>
-        <translation>Breite ändern</translation>
-    </message>
-    <message>
-        <source>Change X</source>
-        <translation>X ändern</translation>
-    </message>
-    <message>
-        <source>Change Y</source>
-        <translation>Y ändern</translation>
-    </message>
-    <message>
-        <source>Changed from its default</source>
-        <translation>Vom Standard abweichend</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="49"/>
         <source>Clip</source>
         <translation>Abschneiden</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="35"/>
         <source>Clockwise</source>
         <translation>Im Uhrzeigersinn</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="14"/>
+        <location filename="../inspector/StylePane.xml" line="58"/>
         <source>Color</source>
         <translation>Farbe</translation>
     </message>
     <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>Copy Key Path</source>
-        <translation>Schlüsselpfad kopieren</translation>
-    </message>
-    <message>
-        <source>Copy Value</source>
-        <translation>Wert kopieren</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="6"/>
+        <location filename="../inspector/DocumentPane.xml" line="71"/>
         <source>Corners</source>
         <translation>Ecken</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="17"/>
         <source>Created</source>
         <translation>Erstellt</translation>
     </message>
     <message>
-        <source>Current Color</source>
-        <translation>Aktuelle Farbe</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="65"/>
         <source>Dash</source>
         <translation>Strichart</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="72"/>
         <source>Dashed</source>
         <translation>Gestrichelt</translation>
     </message>
     <message>
-        <source>Default</source>
-        <translation>Standard</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="27"/>
         <source>Diamond</source>
         <translation>Raute</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="62"/>
         <source>Direction</source>
         <translation>Schreibrichtung</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="4"/>
+        <location filename="../inspector/DocumentPane.xml" line="6"/>
         <source>Document</source>
         <translation>Dokument</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="74"/>
         <source>Dots and Dashes</source>
         <translation>Strichpunktiert</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="73"/>
         <source>Dotted</source>
         <translation>Gepunktet</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="64"/>
         <source>Drawing</source>
         <translation>Zeichnung</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="7"/>
         <source>Due</source>
         <translation>Termin</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="24"/>
         <source>Duplicate</source>
         <translation>Duplizieren</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="12"/>
         <source>Ellipse</source>
         <translation>Ellipse</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="78"/>
         <source>Ends</source>
         <translation>Enden</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="4"/>
+        <location filename="../inspector/StylePane.xml" line="11"/>
         <source>Fill</source>
         <translation>Füllung</translation>
     </message>
     <message>
-        <source>Find</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="5"/>
         <source>First Line</source>
         <translation>Erste Zeile</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="83"/>
         <source>Flat</source>
         <translation>Flach</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="2"/>
+        <location filename="../inspector/FontSection.xml" line="3"/>
         <source>Font</source>
         <translation>Schrift</translation>
     </message>
     <message>
-        <source>From %1 to %2</source>
-        <translation>Von %1 bis %2</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="2"/>
         <source>Geometry</source>
         <translation>Geometrie</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="44"/>
         <source>Grid</source>
         <translation>Raster</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="39"/>
         <source>Heading</source>
         <translation>Überschrift</translation>
     </message>
     <message>
-        <source>Height</source>
-        <translation>Höhe</translation>
-    </message>
-    <message>
-        <source>Hex</source>
-        <translation>Hex</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="29"/>
         <source>Hexagon</source>
         <translation>Sechseck</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="56"/>
         <source>Hyphenation</source>
         <translation>Silbentrennung</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="28"/>
         <source>Inches</source>
         <translation>Zoll</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="4"/>
         <source>Indents</source>
         <translation>Einzüge</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="18"/>
         <source>Inside</source>
         <translation>Innen</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="14"/>
         <source>Italic</source>
         <translation>Kursiv</translation>
     </message>
     <message>
-        <source>Item</source>
-        <translation>Eintrag</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="88"/>
         <source>Join</source>
         <translation>Verbindung</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="3"/>
         <source>Kind</source>
         <translation>Art</translation>
     </message>
     <message>
+        <location filename="../inspector/LayerSliver.xml" line="3"/>
         <source>Layer</source>
         <translation>Ebene</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="58"/>
         <source>Layers and Standards</source>
         <translation>Ebenen und Vorgaben</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="113"/>
         <source>Left</source>
         <translation>Links</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="66"/>
         <source>Left to Right</source>
         <translation>Von links nach rechts</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="19"/>
         <source>Line Height</source>
         <translation>Zeilenhöhe</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="18"/>
         <source>Lines</source>
         <translation>Zeilen</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="23"/>
         <source>Locked</source>
         <translation>Gesperrt</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="123"/>
         <source>Middle</source>
         <translation>Mittig</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="27"/>
         <source>Millimeters</source>
         <translation>Millimeter</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="92"/>
         <source>Miter</source>
         <translation>Spitz</translation>
     </message>
     <message>
-        <source>More than %1 values: %2</source>
-        <translation>Mehr als %1 Werte: %2</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>Bewegen</translation>
-    </message>
-    <message>
-        <source>Move %1</source>
-        <translation>%1 verschieben</translation>
-    </message>
-    <message>
-        <source>Multiple Fonts</source>
-        <translation>Mehrere Schriften</translation>
-    </message>
-    <message>
-        <source>Multiple Values</source>
-        <translation>Mehrere Werte</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="7"/>
         <source>Name</source>
         <translation>Name</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="2"/>
         <source>Name, place and size</source>
         <translation>Name, Lage und Größe</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="65"/>
         <source>Natural</source>
         <translation>Natürlich</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="8"/>
         <source>Never</source>
         <translation>Nie</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="70"/>
         <source>New Shapes</source>
         <translation>Neue Formen</translation>
     </message>
     <message>
-        <source>No</source>
-        <translation>Nein</translation>
-    </message>
-    <message>
-        <source>No Font</source>
-        <translation>Keine Schrift</translation>
-    </message>
-    <message>
-        <source>No Selection</source>
-        <translation>Keine Auswahl</translation>
-    </message>
-    <message>
-        <source>No Value</source>
-        <translation>Kein Wert</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="39"/>
         <source>No text</source>
         <translation>Kein Text</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="14"/>
+        <location filename="../inspector/StylePane.xml" line="31"/>
         <source>None</source>
         <translation>Ohne</translation>
     </message>
     <message>
-        <source>Not pasted:</source>
-        <translation>Nicht eingefügt:</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="12"/>
         <source>Note</source>
         <translation>Notiz</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="2"/>
+        <location filename="../inspector/NotesPane.xml" line="4"/>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>
     <message>
-        <source>Nothing found</source>
-        <translation>Nichts gefunden</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="17"/>
         <source>Number</source>
         <translation>Nummer</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="30"/>
         <source>Octagon</source>
         <translation>Achteck</translation>
     </message>
     <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="29"/>
         <source>Offset</source>
         <translation>Versatz</translation>
     </message>
     <message>
-        <source>On</source>
-        <translation>Ein</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="7"/>
         <source>Opacity</source>
         <translation>Deckkraft</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="28"/>
         <source>Order</source>
         <translation>Reihenfolge</translation>
     </message>
     <message>
-        <source>Origin</source>
-        <translation>Bezugspunkt</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="8"/>
         <source>Other Lines</source>
         <translation>Weitere Zeilen</translation>
     </message>
     <message>
-        <source>Other...</source>
-        <translation>Andere ...</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="48"/>
         <source>Outline</source>
         <translation>Umriss</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="36"/>
         <source>Page</source>
         <translation>Seite</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="32"/>
         <source>Paragraphs</source>
         <translation>Absätze</translation>
     </message>
     <message>
-        <source>Paste</source>
-        <translation>Einfügen</translation>
-    </message>
-    <message>
-        <source>Paste %1</source>
-        <translation>%1 einfügen</translation>
-    </message>
-    <message>
-        <source>Paste Value</source>
-        <translation>Wert einfügen</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="23"/>
         <source>Pattern</source>
         <translation>Muster</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="28"/>
         <source>Pentagon</source>
         <translation>Fünfeck</translation>
     </message>
     <message>
-        <source>Pick Screen Color</source>
-        <translation>Farbe vom Bildschirm</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="24"/>
         <source>Plain</source>
         <translation>Einfarbig</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="26"/>
         <source>Points</source>
         <translation>Punkte</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="24"/>
         <source>Polygon</source>
         <translation>Vieleck</translation>
     </message>
     <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
+        <location filename="../inspector/PlacementInspector.xml" line="3"/>
         <source>Position and Size</source>
         <translation>Position und Größe</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="25"/>
         <source>Preset</source>
         <translation>Vorlage</translation>
     </message>
     <message>
-        <source>Recently Used Colors</source>
-        <translation>Zuletzt benutzte Farben</translation>
-    </message>
-    <message>
+        <location filename="../inspector/KindChooser.xml" line="4"/>
         <source>Rectangle</source>
         <translation>Rechteck</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="19"/>
         <source>Remarks</source>
         <translation>Bemerkungen</translation>
     </message>
     <message>
-        <source>Remove</source>
-        <translation>Entfernen</translation>
-    </message>
-    <message>
+        <location filename="../inspector/GeometryPane.xml" line="9"/>
         <source>Rename</source>
         <translation>Umbenennen</translation>
     </message>
     <message>
-        <source>Reset %1</source>
-        <translation>%1 zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Reset All</source>
-        <translation>Alle zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Resize</source>
-        <translation>Größe ändern</translation>
-    </message>
-    <message>
+        <location filename="../inspector/StylePane.xml" line="115"/>
         <source>Right</source>
         <translation>Rechts</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="67"/>
         <source>Right to Left</source>
         <translation>Von rechts nach links</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="38"/>
         <source>Rotate</source>
         <translation>Drehen</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="35"/>
         <source>Rotation</source>
         <translation>Drehung</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="8"/>
+        <location filename="../inspector/StylePane.xml" line="84"/>
+        <location filename="../inspector/StylePane.xml" line="93"/>
         <source>Round</source>
         <translation>Rund</translation>
     </message>
     <message>
-        <source>Row %1 of %2</source>
-        <translation>Zeile %1 von %2</translation>
-    </message>
-    <message>
-        <source>Section</source>
-        <translation>Abschnitt</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ArrangePane.xml" line="11"/>
         <source>Select All</source>
         <translation>Alles auswählen</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="12"/>
         <source>Select Similar</source>
         <translation>Ähnliche wählen</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="7"/>
         <source>Selected</source>
         <translation>Gewählt</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="4"/>
         <source>Selection</source>
         <translation>Auswahl</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="28"/>
+        <location filename="../inspector/StylePane.xml" line="31"/>
+        <location filename="../inspector/DocumentPane.xml" line="75"/>
         <source>Shadow</source>
         <translation>Schatten</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="4"/>
         <source>Shape</source>
         <translation>Form</translation>
     </message>
     <message>
+        <location filename="../inspector/ArrangePane.xml" line="19"/>
+        <location filename="../inspector/DocumentPane.xml" line="20"/>
         <source>Shapes</source>
         <translation>Formen</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="46"/>
         <source>Show Grid</source>
         <translation>Raster zeigen</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="32"/>
         <source>Sides</source>
         <translation>Seiten</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="6"/>
+        <location filename="../inspector/DocumentPane.xml" line="39"/>
         <source>Size</source>
         <translation>Größe</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="69"/>
         <source>Solid</source>
         <translation>Durchgezogen</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="49"/>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="28"/>
         <source>Spacing</source>
         <translation>Abstand</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="8"/>
+        <location filename="../inspector/StylePane.xml" line="85"/>
         <source>Square</source>
         <translation>Eckig</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="13"/>
         <source>Star</source>
         <translation>Stern</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="18"/>
         <source>Strike Out</source>
         <translation>Durchgestr.</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="43"/>
+        <location filename="../inspector/StylePane.xml" line="47"/>
         <source>Stroke</source>
         <translation>Kontur</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="2"/>
+        <location filename="../inspector/FontSection.xml" line="11"/>
         <source>Style</source>
         <translation>Stil</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="19"/>
         <source>Swatches</source>
         <translation>Palette</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="14"/>
         <source>Tab Interval</source>
         <translation>Tabulatoren</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="12"/>
         <source>Tags</source>
         <translation>Schlagwörter</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="11"/>
         <source>Tail</source>
         <translation>Rechts</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="37"/>
+        <location filename="../inspector/KindChooser.xml" line="38"/>
+        <location filename="../inspector/StylePane.xml" line="102"/>
         <source>Text</source>
         <translation>Text</translation>
     </message>
     <message>
+        <location filename="../inspector/NotesPane.xml" line="9"/>
         <source>The day until which the shape is to be finished</source>
         <translation>Der Tag, bis zu dem die Form fertig sein soll</translation>
     </message>
     <message>
-        <source>There is no color of this name.</source>
-        <translation>Es gibt keine Farbe dieses Namens.</translation>
-    </message>
-    <message>
-        <source>There is no field for this.</source>
-        <translation>Dafür gibt es kein Feld.</translation>
-    </message>
-    <message>
-        <source>There is no such value here.</source>
-        <translation>Diesen Wert gibt es hier nicht.</translation>
-    </message>
-    <message>
-        <source>There is nothing on the clipboard that fits.</source>
-        <translation>Nichts in der Zwischenablage passt hierher.</translation>
-    </message>
-    <message>
-        <source>This cannot be changed.</source>
-        <translation>Dies kann nicht geändert werden.</translation>
-    </message>
-    <message>
-        <source>This is none of the choices.</source>
-        <translation>Das ist nicht unter den Möglichkeiten.</translation>
-    </message>
-    <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="59"/>
         <source>Tightening</source>
         <translation>Verdichtung</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="14"/>
         <source>Tips</source>
         <translation>Zacken</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="9"/>
         <source>Title</source>
         <translation>Titel</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="122"/>
         <source>Top</source>
         <translation>Oben</translation>
     </message>
     <message>
+        <location filename="../inspector/KindChooser.xml" line="26"/>
         <source>Triangle</source>
         <translation>Dreieck</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="50"/>
         <source>Truncate Head</source>
         <translation>Anfang kürzen</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="52"/>
         <source>Truncate Middle</source>
         <translation>Mitte kürzen</translation>
     </message>
     <message>
+        <location filename="../inspector/ZelParagraphStyle.xml" line="51"/>
         <source>Truncate Tail</source>
         <translation>Ende kürzen</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="36"/>
         <source>Turns the shape around the middle of its frame. Drag the pointer, or type the degrees.</source>
         <translation>Dreht die Form um die Mitte ihres Rahmens. Ziehen Sie den Zeiger, oder geben Sie die Grad ein.</translation>
     </message>
     <message>
+        <location filename="../inspector/FontSection.xml" line="16"/>
         <source>Underline</source>
         <translation>Unterstr.</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="23"/>
         <source>Units</source>
         <translation>Einheit</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="15"/>
         <source>Unknown</source>
         <translation>Unbekannt</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="8"/>
         <source>Unnamed</source>
         <translation>Unbenannt</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="10"/>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="36"/>
         <source>Use for New Shadows</source>
         <translation>Für neue Schatten</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="21"/>
         <source>Visible</source>
         <translation>Sichtbar</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="60"/>
         <source>Visible Layers</source>
         <translation>Sichtbare Ebenen</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="4"/>
         <source>What the shape is called, and whether it is seen and can be moved.</source>
         <translation>Wie die Form heißt, und ob sie zu sehen ist und bewegt werden kann.</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="53"/>
         <source>Width</source>
         <translation>Breite</translation>
-    </message>
-    <message>
-        <source>X</source>
-        <translation>X</translation>
-    </message>
-    <message>
-        <source>Y</source>
-        <translation>Y</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>Ja</translation>
-        <source>This is not a number.</source>
-        <translation>Das ist keine Zahl.</translation>
-    </message>
-    <message>
-        <source>The result is not a number.</source>
-        <translation>Das Ergebnis ist keine Zahl.</translation>
-    </message>
-    <message>
-        <source>%1 This concerns %2 of %3 objects.</source>
-        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
-    </message>
-    <message>
-        <source>The calculation is not complete</source>
-        <translation>Die Rechnung ist nicht vollständig</translation>
-    </message>
-    <message>
-        <source>A parenthesis is not closed</source>
-        <translation>Eine Klammer ist nicht geschlossen</translation>
-    </message>
-    <message>
-        <source>An operator is missing between two numbers</source>
-        <translation>Zwischen zwei Zahlen fehlt ein Rechenzeichen</translation>
-    </message>
-    <message>
-        <source>“%1” is not known</source>
-        <translation>„%1“ ist nicht bekannt</translation>
-    </message>
-    <message>
-        <source>“%1” is not expected</source>
-        <translation>„%1“ passt hier nicht</translation>
-    </message>
-    <message>
-        <source>“%1” cannot be converted here</source>
-        <translation>„%1“ lässt sich hier nicht umrechnen</translation>
-    </message>
-    <message>
-        <source>%1 (character %2)</source>
-        <translation>%1 (Zeichen %2)</translation>
-    </message>
-    <message>
-        <source>This is not the number of arguments of the function</source>
-        <translation>So viele Werte nimmt die Funktion nicht</translation>
-    </message>
-    <message>
-        <source>The number must be between %1 and %2.</source>
-        <translation>Die Zahl muss zwischen %1 und %2 liegen.</translation>
-    </message>
-    <message>
-        <source>The number must be a whole number.</source>
-        <translation>Es muss eine ganze Zahl sein.</translation>
     </message>
 </context>
 </TS>
