@@ -6,6 +6,7 @@ int runCheck(const QCommandLineParser &arguments);
 int runSchema(const QCommandLineParser &arguments);
 int runStrings(const QCommandLineParser &arguments);
 int runManual(const QCommandLineParser &arguments);
+int runPreview(const QCommandLineParser &arguments);
 
 namespace {
 
@@ -44,6 +45,24 @@ constexpr Option g_strings[] = {
      "relative none"},
 };
 
+constexpr Option g_preview[] = {
+    {"types", "FILE", "the application's classes, in a file of moc's (metatypes.json)"},
+    {"owner", "CLASS", "the class of the inspector's owner, at which key paths begin"},
+    {"selection", "PATH=CLASS", "the class of what the controller at the path selects"},
+    {"data", "FILE", "values for the objects, in JSON"},
+    ZEL_RESOURCES_OPTION,
+    {"translation", "FILE", "a translation (.qm) to choose among the languages"},
+    {"context", "NAME", "the context of the texts, Application by default"},
+    {"select", "WHICH", "what is selected at first: none, one, equal or different, the standard", nullptr,
+     "none one equal different"},
+    {"width", "PIXELS", "the width of the panel at first"},
+    {"text-size", "PERCENT", "the size of the text at first"},
+    {"longer-texts", nullptr, "begin with texts that are longer, and accented"},
+    {"dark", nullptr, "begin with a dark palette"},
+    {"rtl", nullptr, "begin with a layout from right to left"},
+    {"screenshot", "FILE", "write a picture (PNG) and end, also without a display"},
+};
+
 constexpr Option g_manual[] = {
     {"man", nullptr, "the manual page, the standard"},
     {"completion", nullptr, "the completion for bash"},
@@ -69,6 +88,12 @@ constexpr Command g_commands[] = {
      "Writes the localized texts of the descriptions, and of all files that they include, into a file of translations "
      "(.ts). Translations that are there are kept; those of texts that are gone are marked as vanished.",
      g_strings, &runStrings},
+    {"preview", "FILE", "shows a description in a window, and what is wrong with it",
+     "The panel has a model that is made up from its key paths, so that none, one, equal and different objects can be "
+     "tried, in both palettes, in several widths, from right to left and with longer texts. When a file is saved, the "
+     "panel is built anew.\n\n"
+     "With --screenshot, the exit status is 1 if the description is wrong.",
+     g_preview, &runPreview, true},
     {"manual", nullptr, "prints this program's manual page or its completion for bash", "", g_manual, &runManual},
 };
 

@@ -21,6 +21,16 @@ void print(const QString &text)
     std::fputs(text.toUtf8().constData(), stdout);
 }
 
+/// Windows without a display cannot be seen, but pictures of them can be taken.
+void useDisplayIfThereIsOne()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+}
+
 int runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -67,6 +77,7 @@ int main(int argc, char *argv[])
     const Command *command = commandNamed(name);
     std::unique_ptr<QCoreApplication> application;
     if (command && command->hasWindows) {
+        useDisplayIfThereIsOne();
         application = std::make_unique<QApplication>(argc, argv);
     } else {
         qputenv("QT_QPA_PLATFORM", "offscreen"); // for whatever asks for it

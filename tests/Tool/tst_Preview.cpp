@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+#include "PreviewWindow.h"
+
+#include "Controls/Fields/ZelTextField.h"
+#include "Inspector/Properties/ZelInspectorProperty.h"
+#include "Inspector/ZelInspectorContainer.h"
+#include "Inspector/ZelInspectorSection.h"
+#include "Inspector/ZelLiveInspector.h"
+#include "Models.h"
+#include "Resources/ZelBundle.h"
+#include "ViewController/ZelView.h"
+
+#include <QComboBox>
+#include <QImage>
+#include <QListWidget>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+QByteArray inSliver(const QByteArray &properties)
+{
+    return "<slice><section>\n<sliver>" + properties + "</sliver></section></slice>";
+}
+QByteArray selected(const QByteArray &type, const QByteArray &key, const QByteArray &rest = {})
+{
+    return "<property type='" + type + "' keyPath='lamps.selection." + key + "' " + rest + "/>";
+}
+
+} // namespace
+
+class tst_Preview : public QObject
+{
+    Q_OBJECT
+
+    QUrl write(const QString &name, const QByteArray &text)
+    {
+        QFile file(m_folder->filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            qFatal("cannot write %s", qPrintable(name));
+        return QUrl::fromLocalFile(file.fileName());
+    }
+    void show(const QByteArray &text, PreviewWindow::Options options = {})
+    {
+        options.description = write("Main.xml", text);
+        m_window = std::make_unique<PreviewWindow>(options);
+        m_window->show();
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+    QObject *panel() const { return m_window->findChild<ZelLiveInspector *>()->inspector(); }
+    ZelInspectorProperty *editor(const QString &key) const
+    {
+        for (auto *property : panel()->findChildren<ZelInspectorProperty *>()) {
+            if (property->keyPath().endsWith(u'.' + key))
+                return property;
+        }
+        return nullptr;
+    }
+    ZelTextField *field(const QString &key) const { return editor(key)->view()->findChild<ZelTextField *>(); }
+    QListWidget *objects() const
+    {
+        const QList<QListWidget *> lists = m_window->findChildren<QListWidget *>();
+        return *std::ranges::find(lists, "Objects", &QWidget::accessibleName);
+    }
+    /// As a user chooses it.
+    void select(const QString &title)
+    {
+        auto *selections = m_window->findChild<QToolBar *>()->findChild<QComboBox *>();
+        selections->setCurrentText(title);
+        Q_EMIT selections->activated(selections->currentIndex());
+        QCoreApplication::processEvents();
+    }
+    /// The value at the key of each object, as the panel's editors see it.
+    QString value(const QString &key) const
+    {
+        QCoreApplication::processEvents();
+        return editor(key)->modelValue().toString();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<PreviewWindow> m_window;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        ZelBundle::mainBundle().setResourcePaths({m_folder->path()});
+    }
+    void cleanup()
+    {
+        m_window.reset();
+        m_folder.reset();
+    }
+
+    /// Every editor gets something that it can show, whatever is selected; what the application would have is stood
+    /// for.
+    void inventsWhatEditorsNeed()
+    {
+        write("Row.xml", "<slice type='number' keyPath='lamps.selection.included' maximumKeyPath='most'/>");
+        show("<slice class='BandedSlice' visibleKeyPath='isOpen'><section visibleKeyPath='lamps.selectedObjects'"
+             " visibleValueTransformer='ZelIsNotEmptyTransformerName'>"
+             "<sliver title='A'>" +
+             selected("number", "watts", "minimum='5' maximum='9'") + selected("boolean", "bold", "bits='0x4'") +
+             selected("string", "label", "allowsNilValues='yes'") + selected("string", "rich", "attributed='yes'") +
+             selected("color", "tint") + selected("date", "made") + selected("font", "font") +
+             selected("resource", "pattern", "resourcesKeyPath='document.names'") + selected("size", "size") +
+             selected("frame", "frame", "showOriginSelector='yes' flippedKeyPath='document.isFlipped'") +
+             selected("custom", "swatch", "class='SwatchEditor' valueTransformer='Inches'") +
+             selected("knob", "angle") + "<property type='included' file='Row.xml'/>" +
+             selected("custom", "tags", "class='ZelInspectorArrayProperty'") +
+             "<property type='enumeration' keyPath='lamps.selection.kind'><option-group><option title='B' value='beta'"
+             " image='Beta'/></option-group></property>"
+             "<property type='enumeration' style='segmented' bitMask='0x30' keyPath='lamps.selection.style'>"
+             "<option-group><option title='L' value='0x10'/><option title='R' value='0x20'/></option-group></property>"
+             "<property type='action' title='Reset' actionSelector='reset:' enabledKeyPath='canReset'/>"
+             "<property type='action' title='More' menuItemsKeyPath='actions'/>"
+             "</sliver><chooser title='C' keyPath='lamps.selection.shape'><choice title='One' value='7'/></chooser>"
+             "</section></slice>");
+        const QStringList ofApplication = {"Of the application: class BandedSlice",
+                                           "Of the application: class SwatchEditor", "Of the application: image Beta",
+                                           "Of the application: transformer Inches", "Of the application: type knob"};
+        for (const char *selection : {"None", "One", "Equal", "Different"}) {
+            select(selection);
+            QTest::qWait(30);
+            QCOMPARE(m_window->complaints(), ofApplication);
+        }
+        select("One");
+        QCOMPARE(value("watts"), "6");
+        QCOMPARE(value("kind"), "beta");
+        QCOMPARE(value("style"), "16");
+        QCOMPARE(value("shape"), "7");
+        QCOMPARE(value("label"), "Label 1");
+        QVERIFY(editor("included") && editor("included")->isWritable());
+        select("Equal");
+        QCOMPARE(value("label"), "Label 1");
+
+        const QList<QPushButton *> buttons = m_window->findChildren<QPushButton *>();
+        const auto reset = std::ranges::find(buttons, "Reset", &QPushButton::text);
+        QVERIFY(reset != buttons.end());
+        QTest::mouseClick(*reset, Qt::LeftButton);
+        QTRY_VERIFY(m_window->complaints().contains("The owner was sent \"reset\""));
+    }
+
+    /// Objects and what was edited stay while the description changes, which may also change the type of a key.
+    void growsWithTheDescription()
+    {
+        show(inSliver(selected("number", "watts") + selected("string", "label")));
+        select("Equal");
+        ZelTextField *watts = field("watts");
+        watts->setFocus();
+        watts->selectAll();
+        QTest::keyClicks(watts, "42");
+        QTest::keyClick(watts, Qt::Key_Return);
+        QCOMPARE(value("watts"), "42");
+
+        write("Main.xml",
+              inSliver(selected("number", "watts") + selected("color", "label") + selected("date", "made")));
+        QTRY_VERIFY(editor("made"));
+        QCOMPARE(value("watts"), "42");
+        QVERIFY(editor("label")->modelValue().value<QColor>().isValid());
+        QCOMPARE(m_window->complaints(), QStringList());
+        const auto click = [this](int row) {
+            const QRect place = objects()->visualItemRect(objects()->item(row));
+            QTest::mouseClick(objects()->viewport(), Qt::LeftButton, {}, place.center());
+        };
+        click(1);
+        QCOMPARE(value("watts"), "20");
+        click(2);
+        QCOMPARE(value("watts"), "42");
+        QTest::keyClick(m_window.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(value("watts"), "10");
+
+        write("Main.xml", inSliver(selected("strin", "label") + "<property type='number' minium='3'/>"));
+        QTRY_VERIFY(m_window->complaints().join(u'\n').contains("did you mean \"minimum\"?"));
+    }
+
+    /// Descriptions are tried with the classes and values of the application, where there are files of them.
+    void takesTypesAndData()
+    {
+        PreviewWindow::Options options;
+        QVERIFY(options.model.types.read(ZEL_METATYPES).isNull());
+        options.model.owner = "Room";
+        options.model.selections = {{"lamps", {"Lamp"}}};
+        options.model.data = QJsonObject{
+            {"lamps", QJsonArray{QJsonObject{{"label", "Ada"}, {"tint", "#ff0000"}, {"watts", 40}}, QJsonObject{}}}};
+        show(inSliver(selected("string", "label") + selected("number", "watts") + selected("color", "tint") +
+                      selected("number", "serial") + selected("number", "kind") + selected("string", "nobody")),
+             options);
+        QCOMPARE(objects()->count(), 2);
+        select("One");
+        QCOMPARE(value("label"), "Ada");
+        QCOMPARE(value("watts"), "40");
+        QCOMPARE(editor("tint")->modelValue(), QVariant(QColor(Qt::red)));
+        QVERIFY(editor("label")->isWritable() && !editor("serial")->isWritable());
+        QTRY_VERIFY(m_window->complaints().join(u'\n').contains("nobody"));
+        ZelTextField *watts = field("watts");
+        watts->setFocus();
+        watts->selectAll();
+        QTest::keyClicks(watts, "1.5"); // an int
+        QTest::keyClick(watts, Qt::Key_Return);
+        QCOMPARE(value("watts"), "40");
+        QTest::keyClick(watts, Qt::Key_Escape);
+    }
+
+    void showsLooksAndLanguages()
+    {
+        PreviewWindow::Options options;
+        options.isDark = options.isRightToLeft = true;
+        options.language = 1;
+        options.textSize = 200;
+        options.width = 500;
+        const int usual = QFontInfo(QApplication::font()).pixelSize();
+        show("<slice><section title='Notes'><sliver/></section></slice>", options);
+        auto *live = m_window->findChild<ZelLiveInspector *>();
+        QCOMPARE(live->width(), 500);
+        QVERIFY(live->palette().color(QPalette::Window).lightness() < 100);
+        QCOMPARE(live->layoutDirection(), Qt::RightToLeft);
+        QVERIFY(QFontInfo(live->font()).pixelSize() >= 2 * usual - 1);
+        QCOMPARE(panel()->findChild<ZelInspectorSection *>()->title(), "Ñötéš~~~");
+        auto *languages = m_window->findChild<QToolBar *>()->findChildren<QComboBox *>().at(1);
+        languages->setCurrentIndex(0);
+        QTRY_COMPARE(panel()->findChild<ZelInspectorSection *>()->title(), "Notes");
+        m_window.reset();
+        QCOMPARE(QFontInfo(QApplication::font()).pixelSize(), usual);
+    }
+
+    void takesPictures()
+    {
+        const auto zel = [this](const QStringList &arguments) {
+            QProcess process;
+            process.setWorkingDirectory(m_folder->path());
+            process.start(ZEL_PROGRAM, QStringList("preview") + arguments);
+            return process.waitForFinished(60000) ? process.exitCode() : -1;
+        };
+        write("Main.xml", inSliver(selected("string", "label")));
+        write("Wrong.xml", "<slice><section><sliver><property type='strin'/></sliver></section>");
+        QCOMPARE(zel({"Main.xml", "--screenshot", "right.png", "--width", "300", "--dark"}), 0);
+        const QImage right(m_folder->filePath("right.png"));
+        QVERIFY(right.width() > 300 && right.height() > 300);
+        QVERIFY(right.pixelColor(2, 2).lightness() < 100);
+        QCOMPARE(zel({"Wrong.xml", "--screenshot", "wrong.png"}), 1);
+        QVERIFY(QFile::exists(m_folder->filePath("wrong.png")));
+        QCOMPARE(zel({"Main.xml", "--screenshot", "nowhere/x.png"}), 1);
+        QCOMPARE(zel({"Main.xml", "--data", "Main.xml", "--screenshot", "x.png"}), 2);
+        QCOMPARE(zel({"Main.xml", "--width", "9", "--screenshot", "x.png"}), 2);
+        QCOMPARE(zel({"Main.xml", "Wrong.xml"}), 2);
+    }
+};
+
+QTEST_MAIN(tst_Preview)
+#include "tst_Preview.moc"

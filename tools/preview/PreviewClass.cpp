@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "PreviewClass.h"
+
+#include <algorithm>
+
+namespace {
+
+// The numbers of moc's output, revision 10, which all versions of Qt 6 read.
+enum Flags : uint {
+    Readable = 0x1,
+    Writable = 0x2,
+    Designable = 0x1000,
+    Scriptable = 0x4000,
+    Stored = 0x10000,
+    Unresolved = 0x80000000,
+    PublicSignal = 0x06,
+    PublicSlot = 0x0a
+};
+constexpr uint g_revision = 10;
+constexpr uint g_headerSize = 14;
+constexpr uint g_methodSize = 6;
+
+/// The strings of a meta-object: their offsets from the beginning of the table and their lengths, and then themselves.
+class Strings
+{
+public:
+    uint index(const QByteArray &text)
+    {
+        const qsizetype known = m_texts.indexOf(text);
+        if (known >= 0)
+            return uint(known);
+        m_texts.append(text);
+        return uint(m_texts.size() - 1);
+    }
+    std::vector<uint> table() const
+    {
+        const size_t head = size_t(m_texts.size()) * 2;
+        QByteArray bytes;
+        std::vector<uint> result;
+        for (const QByteArray &text : m_texts) {
+            result.push_back(uint(head * sizeof(uint) + size_t(bytes.size())));
+            result.push_back(uint(text.size()));
+            bytes += text + '\0';
+        }
+        result.resize(head + (size_t(bytes.size()) + sizeof(uint) - 1) / sizeof(uint));
+        std::copy(bytes.begin(), bytes.end(), reinterpret_cast<char *>(result.data() + head));
+        return result;
+    }
+
+private:
+    QByteArrayList m_texts;
+};
+
+} // namespace
+
+struct PreviewClass::Made
+{
+    std::vector<uint> strings;
+    std::vector<uint> data;
+    std::vector<const QtPrivate::QMetaTypeInterface *> types;
+    QMetaObject metaObject{};
+};
+
+PreviewClass::PreviewClass(const QByteArray &name)
+    : m_name(name)
+{
+}
+
+PreviewClass::~PreviewClass() = default;
+
+void PreviewClass::addProperty(const Property &property)
+{
+    if (propertyNamed(property.name))
+        return;
+    m_properties.push_back(property);
+    m_isOutdated = true;
+}
+
+void PreviewClass::addSlot(const QByteArray &name)
+{
+    if (m_slots.contains(name))
+        return;
+    m_slots.append(name);
+    m_isOutdated = true;
+}
+
+const PreviewClass::Property *PreviewClass::propertyNamed(const QByteArray &name) const
+{
+    const auto found = std::ranges::find(m_properties, name, &Property::name);
+    return found == m_properties.end() ? nullptr : &*found;
+}
+
+void PreviewClass::callSlot(qsizetype index) const
+{
+    if (m_slotCalled)
+        m_slotCalled(m_slots.value(index));
+}
+
+const QMetaObject *PreviewClass::metaObject() const
+{
+    if (std::exchange(m_isOutdated, false))
+        m_made.push_back(make());
+    return &m_made.back()->metaObject;
+}
+
+std::unique_ptr<PreviewClass::Made> PreviewClass::make() const
+{
+    auto made = std::make_unique<Made>();
+    Strings strings;
+    const uint className = strings.index(m_name);
+    const uint noTag = strings.index({});
+    const auto methods = uint(m_slots.size()) + 1;
+    const auto properties = uint(m_properties.size());
+    const uint parameters = g_headerSize + methods * g_methodSize;
+    const uint propertyData = parameters + methods;
+    std::vector<uint> &data = made->data;
+    data = {g_revision, className, 0, 0, methods, g_headerSize, properties, propertyData, 0, 0, 0, 0, 0, 1};
+    for (uint i = 0; i < methods; ++i) {
+        const QByteArray name = i == 0 ? QByteArray("changed") : m_slots.at(qsizetype(i) - 1);
+        data.insert(data.end(), {strings.index(name), 0, parameters + i, noTag, i == 0 ? PublicSignal : PublicSlot,
+                                 properties + 1 + i});
+    }
+    data.insert(data.end(), methods, uint(QMetaType::Void));
+    for (const Property &property : m_properties) {
+        const bool isBuiltIn = property.type.id() < QMetaType::User;
+        const uint type = isBuiltIn ? uint(property.type.id()) : Unresolved | strings.index(property.type.name());
+        const uint flags = Readable | Designable | Scriptable | Stored | (property.isWritable ? Writable : 0U);
+        data.insert(data.end(), {strings.index(property.name), type, flags, 0, 0});
+        made->types.push_back(property.type.iface());
+    }
+    data.push_back(0);
+    made->types.push_back(nullptr); // of the class itself
+    made->types.insert(made->types.end(), methods, QMetaType(QMetaType::Void).iface());
+    made->strings = strings.table();
+    made->metaObject.d.superdata = &QObject::staticMetaObject;
+    made->metaObject.d.stringdata = made->strings.data();
+    made->metaObject.d.data = data.data();
+    made->metaObject.d.metaTypes = made->types.data();
+    return made;
+}

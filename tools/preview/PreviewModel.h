@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PreviewNeeds.h"
+#include "PreviewObject.h"
+#include "PreviewTypes.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <memory>
+
+class ZelArrayController;
+
+/// The model behind a preview: the owner of the panel and everything that the key paths of the description lead to.
+///
+/// Where a key path goes through a selection, there are objects that can be selected: the first two have different
+/// values, the third equals the first, and the fourth has no value where that is allowed. A model grows with the
+/// description: objects and their values stay.
+class PreviewModel : public QObject
+{
+    Q_OBJECT
+public:
+    struct Settings
+    {
+        PreviewTypes types; ///< if there are any, only the properties of these classes exist
+        QString owner;      ///< the owner's class; the one that fits best if there is none of that name
+        QHash<QString, QStringList> selections; ///< the classes of what the controllers select, by their key paths
+        QJsonObject data; ///< values of the owner by key; lists of objects by the controllers' key paths
+    };
+    static constexpr int objectCount = 4;
+
+    explicit PreviewModel(Settings settings);
+    ~PreviewModel() override;
+
+    void grow(const PreviewNeeds &needs);
+    QObject *owner() const;
+    /// What the objects of the first controller are called; empty if there is none.
+    QStringList titles() const;
+    /// Selects the objects at these positions in all controllers.
+    void select(const QList<int> &rows);
+
+Q_SIGNALS:
+    void methodCalled(const QString &name);
+
+private:
+    struct Node;
+    Node *childOf(Node &node, const QString &key, const QString &path, bool isSelection);
+    void add(Node &node, const QStringList &keys, const QString &path, const PreviewNeeds::Value &needed);
+    void addValue(Node &node, const QString &key, const PreviewNeeds::Value &needed);
+    const PreviewTypes::Class *classFor(const Node &node, const QString &key, const QString &path,
+                                        bool isSelection) const;
+    QStringList keysBelow(const QString &path) const;
+    void makeObjects(Node &node, int count, QObject *parent);
+
+    Settings m_settings;
+    PreviewNeeds m_needs;
+    std::unique_ptr<Node> m_owner;
+    QList<ZelArrayController *> m_controllers;
+    QList<int> m_selectedRows;
+};
