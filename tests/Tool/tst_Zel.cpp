@@ -143,7 +143,14 @@ private Q_SLOTS:
              "2:25: error: The key path has more than 64 keys"},
             {property("type='boolean' keyPath='lamps.selection.shade.price'"), "2:26: error: " + g_long},
             {property("type='boolean' enabled='no' keyPath='shade.price'"), {}},
+            {property("type='number' keyPath='k' defaultValue='ten'"),
+             "2:37: error: defaultValue=\"ten\" is no double"},
+            {property("type='boolean' keyPath='k' defaultValue='on'"), "2:38: error: defaultValue=\"on\" is no bool"},
+            {property("type='boolean' bits='1' keyPath='k' defaultValue='0x1'"), {}},
+            {property("type='action' title='x'"),
+             "2:1: warning: The button does nothing: it has neither actionSelector nor menuItemsKeyPath"},
             // Colours
+            {property("type='color' keyPath='k' defaultValue='rde'"), "2:36: error: defaultValue=\"rde\" is no QColor"},
             {property("type='color' keyPath='k' defaultColor='red'"), "2:36: error: Unsupported color space red"},
             {property("type='color' keyPath='k' defaultColor='NSDeviceWhiteColorSpace 1'"),
              "2:36: error: defaultColor=\"NSDeviceWhiteColorSpace 1\" has 1 components instead of 2"},
@@ -238,10 +245,13 @@ private Q_SLOTS:
             {lamp("number", "watts", "nonNilValueKeyPath='best.heat'"), {}},
             {inSliver("<property type='enumeration' keyPath='lamps.selection.kind'><option-group>\n"
                       "<option value='Desk'/><option value='Flor'/></option-group></property>"),
-             "3:31: error: The value \"Flor\" of an option is no integer and no key of Kind, did you mean \"Floor\"?"},
+             "3:31: error: The value \"Flor\" of an option is no integer and no key of Lamp::Kind, did you mean "
+             "\"Floor\"?"},
             {"<slice><section><chooser keyPath='lamps.selection.watts'>\n<choice "
              "value='x'/></chooser></section></slice>",
              "2:9: error: The value \"x\" of an option is no integer"},
+            {"<slice visibleKeyPath='best.kind' visibleValueTransformer='ZelIsOneOf(Desk, Flor)'/>",
+             "1:35: error: ZelIsOneOf(Desk, Flor) makes no sense for a value of Lamp::Kind, did you mean \"Floor\"?"},
             // Selectors
             {property("type='action' actionSelector='claen:'"),
              "2:25: error: Room has no slot or invokable method \"claen\", did you mean \"clean\"?"},

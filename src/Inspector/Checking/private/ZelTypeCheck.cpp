@@ -57,6 +57,20 @@ bool isFollowed(QStringView attribute)
     return std::ranges::find(names, attribute) != std::end(names);
 }
 
+/// Whether the text is one of the keys, or several of them with bars between.
+bool areKeys(const QString &text, const QStringList &keys)
+{
+    const QStringList parts = text.split(u'|');
+    return std::ranges::all_of(parts,
+                               [&](const QString &key) { return keys.contains(key.section(u':', -1).trimmed()); });
+}
+
+/// The enumeration of the resolved property as the program names it when it runs.
+QString qualifiedType(const ZelKeyPathResolver::Result &result)
+{
+    return result.type.contains(u"::") ? result.type : QString(result.last.owner->name + u"::" + result.type);
+}
+
 } // namespace
 
 void ZelTypeCheck::check(const Node &node)
@@ -127,6 +141,8 @@ void ZelTypeCheck::checkKeyPath(const Node &node, const QString &attribute, cons
         report(node, attribute, result.message, {}, ZelDescriptionMistake::Warning);
     else if (result.state == Result::Resolved && attribute == g_keyPath)
         checkEdited(node, result);
+    else if (result.state == Result::Resolved)
+        checkCondition(node, attribute, result);
     if (result.state == Result::Missing || !isFollowed(attribute))
         return;
     for (const QString &silent : result.silent)
@@ -188,8 +204,7 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
     using namespace ZelValueKinds;
     if (!Kinds(Integer | Real | Enumeration).testFlag(result.kind))
         return;
-    const QStringList *keys =
-        result.kind == Enumeration ? m_types.enumeration(*result.last.owner, result.type) : nullptr;
+    const QStringList *keys = enumerationKeys(result);
     const auto checkChoice = [&](const Configuration &choice) {
         const QString text = choice.stringValueNamed(u"value");
         if (text.isNull() || ZelNumberScanner::isInteger(text))
@@ -197,10 +212,9 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
         QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(text);
         ZelNearestName nearest(text);
         if (keys) {
-            const QStringList parts = text.split(u'|');
-            if (std::ranges::all_of(parts, [&](const QString &key) { return keys->contains(key.section(u':', -1)); }))
+            if (areKeys(text, *keys))
                 return;
-            message += u" and no key of " + result.type;
+            message += u" and no key of " + qualifiedType(result);
             nearest.offerAll(*keys);
         }
         report({choice, {}, &node}, QStringLiteral("value"), message, nearest.found());
@@ -210,6 +224,34 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
     for (const Configuration &group : node.element.configurationsNamed(u"option-group")) {
         for (const Configuration &option : group.configurationsNamed(u"option"))
             checkChoice(option);
+    }
+}
+
+const QStringList *ZelTypeCheck::enumerationKeys(const Result &result) const
+{
+    const bool isEnumeration = result.kind == ZelValueKinds::Enumeration && result.last.owner;
+    return isEnumeration ? m_types.enumeration(*result.last.owner, result.type) : nullptr;
+}
+
+/// The arguments of a condition on an enumeration are its keys or numbers.
+void ZelTypeCheck::checkCondition(const Node &node, const QString &attribute, const Result &result)
+{
+    static const QStringList comparisons{QStringLiteral("ZelEquals"), QStringLiteral("ZelNotEquals"),
+                                         QStringLiteral("ZelIsOneOf"), QStringLiteral("ZelContains")};
+    const QString transformer = attribute.chopped(g_keyPath.size()) + QStringLiteral("ValueTransformer");
+    const QString text = node.element.stringValueNamed(transformer);
+    const QStringList *keys = enumerationKeys(result);
+    if (!keys || !attribute.endsWith(u"KeyPath") || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
+        return;
+    const QStringList arguments = text.section(u'(', 1).section(u')', 0, 0).split(u',');
+    for (const QString &argument : arguments) {
+        const QString key = argument.trimmed();
+        if (ZelNumberScanner::isInteger(key) || areKeys(key, *keys))
+            continue;
+        ZelNearestName nearest(key);
+        nearest.offerAll(*keys);
+        report(node, transformer,
+               QStringLiteral("%1 makes no sense for a value of %2").arg(text, qualifiedType(result)), nearest.found());
     }
 }
 

@@ -36,6 +36,8 @@ private:
     void checkSingleKey(const Node &node);
     void checkWritable(const Node &node, const Result &result);
     void checkChoices(const Node &node, const Result &result);
+    void checkCondition(const Node &node, const QString &attribute, const Result &result);
+    const QStringList *enumerationKeys(const Result &result) const;
     void checkSelector(const Node &node, const ZelTypeScope &scope);
     void report(const Node &node, const QString &attribute, const QString &message, const QString &suggestion = {},
                 ZelDescriptionMistake::Severity severity = ZelDescriptionMistake::Error);

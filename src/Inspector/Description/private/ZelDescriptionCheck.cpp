@@ -5,6 +5,7 @@
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
 
+#include <QColor>
 #include <QSet>
 #include <algorithm>
 #include <cmath>
@@ -134,8 +135,10 @@ void ZelDescriptionCheck::check(const Configuration &element, QStringView role) 
     checkAttributes(element, *schema, isOpen);
     if (schema->failsOnOtherChildren ? m_options.isThorough : !isOpen)
         checkChildren(element, *schema);
-    if (m_options.isThorough)
+    if (m_options.isThorough) {
         checkRequired(element, *schema);
+        checkDefault(element, *schema);
+    }
     if (schema->type == u"number")
         checkRange(element);
     else if (schema->type == u"enumeration")
@@ -237,10 +240,34 @@ void ZelDescriptionCheck::checkRequired(const Configuration &element, const Sche
         report(element, {},
                schema.required == u"type" ? QStringLiteral("Property type not given")
                                           : QStringLiteral("%1 has no %2").arg(tagOf(element), schema.required));
+    if (schema.type == u"action" && !element.hasValueNamed(u"actionSelector") &&
+        !element.hasValueNamed(u"menuItemsKeyPath"))
+        m_report({ZelDescriptionMistake::Warning,
+                  QStringLiteral("The button does nothing: it has neither actionSelector nor menuItemsKeyPath"),
+                  element.place()});
     const bool isInOtherFile = schema.role == u"pane" && element.hasValueNamed(u"file");
     if (!schema.refusalWithoutChildren.isNull() && !isInOtherFile &&
         element.configurationsNamed(schema.children.front()).isEmpty())
         report(element, {}, schema.refusalWithoutChildren.toString());
+}
+
+/// The default is a value of the editor's type, or one of the model where a transformer stands between them.
+void ZelDescriptionCheck::checkDefault(const Configuration &element, const Schema::Element &schema) const
+{
+    const QString text = element.stringValueNamed(u"defaultValue").trimmed();
+    if (!element.hasValueNamed(u"defaultValue") || element.hasValueNamed(u"valueTransformer"))
+        return;
+    const char *type = nullptr;
+    if (schema.type == u"number" && !numberIn(text) && !isBits(text))
+        type = "double";
+    else if (schema.type == u"boolean" && !isBoolean(text) && !(element.hasValueNamed(u"bits") && isBits(text)))
+        type = "bool";
+    else if (schema.type == u"color" && !text.startsWith(u"NS") && !QColor::isValidColor(text))
+        type = "QColor";
+    if (type)
+        report(element, QStringLiteral("defaultValue"),
+               QStringLiteral("defaultValue=\"%1\" is no %2")
+                   .arg(element.stringValueNamed(u"defaultValue"), QLatin1String(type)));
 }
 
 void ZelDescriptionCheck::checkRange(const Configuration &element) const

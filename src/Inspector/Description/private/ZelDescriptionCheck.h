@@ -48,6 +48,7 @@ private:
     void checkValue(const Configuration &element, const Schema::Attribute &known, QStringView text) const;
     void checkChildren(const Configuration &element, const Schema::Element &schema) const;
     void checkRequired(const Configuration &element, const Schema::Element &schema) const;
+    void checkDefault(const Configuration &element, const Schema::Element &schema) const;
     void checkRange(const Configuration &element) const;
     void checkOptions(const Configuration &property) const;
     void checkOptionValue(const Configuration &option, quint64 bitMask) const;
