@@ -132,14 +132,11 @@ void Resolver::step(Position &position, const QString &key) const
 void Resolver::stepIntoValue(Position &position, const QString &key) const
 {
     const ZelValueKinds::ValueKind kind = position.result.kind;
-    const QList<QStringView> *keys = ZelValueKinds::keysOf(kind);
-    QStringList known;
-    for (qsizetype i = 0; keys && i < keys->size(); ++i)
-        known.append(keys->at(i).toString());
+    const QStringList known = ZelValueKinds::keysOf(kind);
     if (known.contains(key)) {
         position.result.kind = ZelValueKinds::Real;
         position.result.type = QStringLiteral("double");
-    } else if (keys || ZelValueKinds::isPlain(kind)) {
+    } else if (!known.isEmpty() || ZelValueKinds::isPlain(kind)) {
         fail(position, key, missing(position.result.type, key), known);
     } else {
         position.result.state = Result::Open;

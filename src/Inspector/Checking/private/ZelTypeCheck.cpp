@@ -174,10 +174,11 @@ void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
 
 void ZelTypeCheck::checkSingleKey(const Node &node)
 {
-    static const QStringList types{QStringLiteral("boolean"), QStringLiteral("enumeration"), QStringLiteral("size"),
-                                   QStringLiteral("point"), QStringLiteral("frame")};
+    static constexpr QStringView types[] = {u"boolean", u"enumeration", u"flags", u"size",  u"point",
+                                            u"frame",   u"margins",     u"line",  u"vector"};
     const QString stored = keyPathBelowSelection(node.element.stringValueNamed(g_keyPath));
-    if (types.contains(editorOf(node)) && stored.contains(u'.') && !isReadOnly(node.element))
+    if (std::ranges::find(types, editorOf(node)) != std::end(types) && stored.contains(u'.') &&
+        !isReadOnly(node.element))
         report(node, g_keyPath, ZelDescriptionCheck::longKeyPathMessage(stored));
 }
 

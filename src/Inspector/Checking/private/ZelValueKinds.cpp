@@ -1,68 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Checking/private/ZelValueKinds.h"
 
-#include <QList>
-#include <algorithm>
+#include <QHash>
 
 namespace {
 
 using namespace ZelValueKinds;
 
-struct TypeKind
-{
-    QStringView type;
-    ValueKind kind;
-};
-constexpr TypeKind g_types[] = {{u"bool", Boolean},
-                                {u"int", Integer},
-                                {u"uint", Integer},
-                                {u"unsigned int", Integer},
-                                {u"short", Integer},
-                                {u"ushort", Integer},
-                                {u"long", Integer},
-                                {u"ulong", Integer},
-                                {u"qlonglong", Integer},
-                                {u"qulonglong", Integer},
-                                {u"char", Integer},
-                                {u"uchar", Integer},
-                                {u"qint8", Integer},
-                                {u"quint8", Integer},
-                                {u"qint16", Integer},
-                                {u"quint16", Integer},
-                                {u"qint32", Integer},
-                                {u"quint32", Integer},
-                                {u"qint64", Integer},
-                                {u"quint64", Integer},
-                                {u"qsizetype", Integer},
-                                {u"size_t", Integer},
-                                {u"double", Real},
-                                {u"float", Real},
-                                {u"qreal", Real},
-                                {u"QString", Text},
-                                {u"QUrl", Text},
-                                {u"ZelAttributedString", RichText},
-                                {u"QColor", Color},
-                                {u"ZelColor", Color},
-                                {u"QDate", Date},
-                                {u"QDateTime", Date},
-                                {u"QFont", Font},
-                                {u"QSize", Size},
-                                {u"QSizeF", Size},
-                                {u"QPoint", Point},
-                                {u"QPointF", Point},
-                                {u"QRect", Rectangle},
-                                {u"QRectF", Rectangle},
-                                {u"QStringList", List},
-                                {u"QVariantList", List},
-                                {u"QObjectList", List},
-                                {u"unsigned char", Integer}};
+constexpr std::pair<ValueKind, const char *> g_types[] = {
+    {Boolean, "bool"},
+    {Integer,
+     "int,uint,unsigned int,short,ushort,long,ulong,qlonglong,qulonglong,char,uchar,unsigned char,qint8,quint8,"
+     "qint16,quint16,qint32,quint32,qint64,quint64,qsizetype,size_t"},
+    {Real, "double,float,qreal"},
+    {Text, "QString,QUrl"},
+    {RichText, "ZelAttributedString"},
+    {Color, "QColor,ZelColor"},
+    {Date, "QDate,QDateTime"},
+    {Font, "QFont"},
+    {Size, "QSize,QSizeF"},
+    {Point, "QPoint,QPointF"},
+    {Rectangle, "QRect,QRectF"},
+    {Margins, "QMargins,QMarginsF"},
+    {Line, "QLine,QLineF"},
+    {Vector, "QVector2D,QVector3D,QVector4D"},
+    {Written, "QTime,QUuid,QKeySequence,QLocale,QTimeZone,QRegularExpression,QByteArray"},
+    {List, "QStringList,QVariantList,QObjectList"}};
 
-/// Text fields show whatever has a text, and numbers are written over texts as their digits; a choice is a number, a
-/// key or a text.
+QHash<QString, ValueKind> kindsByType()
+{
+    QHash<QString, ValueKind> kinds;
+    for (const auto &[kind, types] : g_types) {
+        for (const QString &type : QString::fromLatin1(types).split(u','))
+            kinds.insert(type, kind);
+    }
+    return kinds;
+}
+
+/// Text fields show whatever people write as a text, and numbers are written over texts as their digits; a choice is a
+/// number, a key or a text.
 constexpr std::pair<QStringView, quint32> g_editors[] = {
     {u"boolean", Boolean | Integer | Enumeration},
     {u"number", Integer | Real | Text},
-    {u"string", Text | Integer | Real | RichText | Date},
+    {u"string", Text | Integer | Real | RichText | Date | Written | Size | Point | Rectangle | Margins | Line | Vector},
     {u"enumeration", Boolean | Integer | Real | Enumeration | Text},
     {u"color", Color},
     {u"date", Date},
@@ -71,17 +51,24 @@ constexpr std::pair<QStringView, quint32> g_editors[] = {
     {u"size", Size | Point},
     {u"point", Size | Point},
     {u"frame", Rectangle},
+    {u"flags", Integer | Enumeration},
+    {u"margins", Margins},
+    {u"line", Line},
+    {u"vector", Vector},
 };
 
 } // namespace
 
 ZelValueKinds::ValueKind ZelValueKinds::kindOf(QStringView type)
 {
+    static constexpr QStringView optional = u"std::optional<";
+    if (type.startsWith(optional) && type.endsWith(u'>'))
+        return kindOf(type.sliced(optional.size()).chopped(1));
     if (type.endsWith(u'*'))
         return Object;
-    const auto *known = std::ranges::find(g_types, type, &TypeKind::type);
-    if (known != std::end(g_types))
-        return known->kind;
+    static const QHash<QString, ValueKind> kinds = kindsByType();
+    if (const auto known = kinds.constFind(type.toString()); known != kinds.constEnd())
+        return *known;
     return type.startsWith(u"QList<") ? List : Unknown;
 }
 
@@ -96,12 +83,19 @@ ZelValueKinds::Kinds ZelValueKinds::kindsOfEditor(QStringView editorType, bool i
     return Kinds::fromInt(~quint32(0));
 }
 
-const QList<QStringView> *ZelValueKinds::keysOf(ValueKind kind)
+QStringList ZelValueKinds::keysOf(ValueKind kind)
 {
-    static const QList<QStringView> point{u"x", u"y"};
-    static const QList<QStringView> size{u"width", u"height"};
-    static const QList<QStringView> rectangle = point + size;
-    return kind == Point ? &point : kind == Size ? &size : kind == Rectangle ? &rectangle : nullptr;
+    static constexpr std::pair<ValueKind, const char *> keys[] = {{Point, "x y"},
+                                                                  {Size, "width height"},
+                                                                  {Rectangle, "x y width height"},
+                                                                  {Line, "x1 y1 x2 y2"},
+                                                                  {Margins, "left top right bottom"},
+                                                                  {Vector, "x y z w"}};
+    for (const auto &[known, names] : keys) {
+        if (known == kind)
+            return QString::fromLatin1(names).split(u' ');
+    }
+    return {};
 }
 
 bool ZelValueKinds::isPlain(ValueKind kind)

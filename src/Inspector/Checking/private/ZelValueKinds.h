@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QFlags>
-#include <QStringView>
+#include <QStringList>
 
 /// What the types of properties hold, as far as editors tell them apart.
 namespace ZelValueKinds {
@@ -22,16 +22,20 @@ enum ValueKind : quint32 {
     Point = 0x800,
     Rectangle = 0x1000,
     List = 0x2000,
-    Object = 0x4000
+    Object = 0x4000,
+    Margins = 0x8000,
+    Line = 0x10000,
+    Vector = 0x20000,
+    Written = 0x40000 ///< a type that people write as a text, such as a time
 };
 Q_DECLARE_FLAGS(Kinds, ValueKind)
 
-/// Unknown for an enumeration, too: only its class knows it.
+/// That of an optional type is the kind of its values. Unknown for an enumeration, too: only its class knows it.
 ValueKind kindOf(QStringView type);
 /// What an editor of that type can show and write; all kinds for editors of the application's own.
 Kinds kindsOfEditor(QStringView editorType, bool isRichText);
-/// The keys of a value of that kind; null if it has none, or if they are not known.
-const QList<QStringView> *keysOf(ValueKind kind);
+/// The keys of a value of that kind; empty if it has none, or if they are not known.
+QStringList keysOf(ValueKind kind);
 /// Whether values of that kind have no keys.
 bool isPlain(ValueKind kind);
 
