@@ -4,6 +4,8 @@
 #include "Controls/private/ZelErrorNote.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
+#include "ExpandableViews/ZelExpandableHeader.h"
+#include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
 #include "Inspector/ZelInspectorSection.h"
 #include "Inspector/ZelInspectorSliver.h"
@@ -35,6 +37,26 @@ public:
     QString name() const { return "bottle"; }
 
     uchar flags = 0;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    double m_height = 1;
+};
+
+/// A model that keeps its height within limits without a word.
+class Barrel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(double height READ height WRITE setHeight NOTIFY changed)
+public:
+    double height() const { return m_height; }
+    void setHeight(double height)
+    {
+        m_height = qBound(0.0, height, 100.0);
+        Q_EMIT changed();
+    }
 
 Q_SIGNALS:
     void changed();
@@ -378,6 +400,7 @@ private Q_SLOTS:
         add("en_US", "fill", "greenish", {});
         add("en_US", "role", "second", 1);
         add("en_US", "role", "third", {});
+        add("en_US", "pattern", "Plain", QVariant(QString()));
         add("en_US", "active", "on", true);
         add("en_US", "name", "1, 2", "1, 2");
         add("en_US", "byte", "256", {});
@@ -389,12 +412,22 @@ private Q_SLOTS:
         QFETCH(QVariant, value);
         QLocale::setDefault(QLocale(locale));
         const QByteArray name = key.toLatin1();
-        const QHash<QString, QByteArray> types{{"size", "size"},     {"frame", "frame"}, {"day", "date"},
-                                               {"fill", "color"},    {"name", "string"}, {"role", "enumeration"},
-                                               {"active", "boolean"}};
+        const QHash<QString, QByteArray> types{{"size", "size"},      {"frame", "frame"},     {"day", "date"},
+                                               {"fill", "color"},     {"name", "string"},     {"role", "enumeration"},
+                                               {"active", "boolean"}, {"pattern", "resource"}};
         Rows sheet(Rows::row(name, types.value(key, "number"),
-                             key == "role" ? "><option-group><option title='Second' value='1'/></option-group>" : ""));
+                             key == "role"      ? "><option-group><option title='Second' value='1'/></option-group>"
+                             : key == "pattern" ? "placeholder='Plain'"
+                                                : ""));
         sheet.select({0, 1});
+        if (key == "pattern") { // no pattern is copied as it is shown
+            sheet.set(0, "pattern", QString());
+            sheet.set(1, "pattern", QString());
+            QVERIFY(sheet.chooseFor(key, "Copy"));
+            QCOMPARE(QApplication::clipboard()->text(), "Plain");
+            sheet.set(1, "pattern", "Dots");
+            sheet.set(0, "pattern", "Dots");
+        }
         const QVariant before = sheet.value(0, name);
         QFETCH(QString, text);
         QApplication::clipboard()->setText(text);
@@ -403,6 +436,7 @@ private Q_SLOTS:
         QVERIFY(ZelEqual(sheet.value(0, name), value.isValid() ? value : before) ||
                 (value.isValid() && sheet.value(0, name).toInt() == value.toInt() && key == "role"));
         QCOMPARE(sheet.note().isEmpty(), value.isValid());
+        QCOMPARE(sheet.note().contains("none of the choices"), key == "role" && !value.isValid());
         QCOMPARE(sheet.stack.count(), value.isValid() ? 1 : 0);
     }
 
@@ -451,6 +485,166 @@ private Q_SLOTS:
         sheet.press(Qt::Key_End); // not all of the text: it is inserted like any other
         sheet.press(Qt::Key_V, Qt::ControlModifier);
         QVERIFY(fields.at(1)->text().endsWith("5 6 7 8 9"));
+    }
+
+    /// Texts are read as if they were typed, each object's number changes by itself, and one that is refused keeps the
+    /// others from being pasted.
+    void pastesNumbersAsTyped()
+    {
+        Rows sheet(Rows::row("frame", "frame") + Rows::row("height", "number") + Rows::row("byte", "number"));
+        sheet.select({0, 1});
+        sheet.set(1, "frame", QRectF(1, 2, 3, 4));
+        sheet.set(0, "height", 10);
+        sheet.set(1, "height", 20);
+        const auto paste = [&](const QString &key, const QString &text) {
+            QApplication::clipboard()->setText(text);
+            QVERIFY(sheet.chooseFor(key, "Paste"));
+        };
+        paste("frame", "50, x+1");
+        QCOMPARE(sheet.value(0, "frame"), QRectF(50, 21, 100, 50));
+        QCOMPARE(sheet.value(1, "frame"), QRectF(50, 3, 3, 4));
+        QCOMPARE(sheet.stack.count(), 1);
+        sheet.undo();
+        QCOMPARE(sheet.value(1, "frame"), QRectF(1, 2, 3, 4));
+        paste("frame", "x, +=5, max(1, 2), i*7");
+        QCOMPARE(sheet.value(0, "frame"), QRectF(10, 20, 100, 50)); // five parts, of which not all are read
+        QVERIFY(sheet.note().contains("Not pasted:"));
+        paste("frame", "x; +=5; max(1, 2); 1+i*7");
+        QCOMPARE(sheet.value(0, "frame"), QRectF(10, 25, 2, 1));
+        QCOMPARE(sheet.value(1, "frame"), QRectF(1, 7, 2, 8));
+        paste("height", "x*2");
+        QCOMPARE(sheet.value(1, "height"), 40.0);
+        const int steps = sheet.stack.count();
+        paste("byte", "+=400");
+        paste("frame", "1, 2, three, 4");
+        QVERIFY(sheet.note().contains("Width: "));
+        QCOMPARE(sheet.value(0, "frame"), QRectF(10, 25, 2, 1));
+        QCOMPARE(sheet.stack.count(), steps);
+    }
+
+    /// As many numbers as fields are meant for them, even where commas might group digits.
+    void pastesAsManyNumbersAsFields()
+    {
+        QLocale::setDefault(QLocale("en_US"));
+        Rows sheet(Rows::row("frame", "frame") + Rows::row("size", "size"));
+        sheet.select({0});
+        QApplication::clipboard()->setText("100,200,200,100");
+        QVERIFY(sheet.chooseFor("frame", "Paste"));
+        QCOMPARE(sheet.value(0, "frame"), QRectF(100, 200, 200, 100));
+        sheet.undo();
+        const auto fields = sheet.editor<ZelInspectorBoundsProperty>("frame")->view()->findChildren<ZelTextField *>();
+        const auto overwrite = [&](int index, const QString &text) {
+            QApplication::clipboard()->setText(text);
+            sheet.click(fields.at(index));
+            sheet.press(Qt::Key_A, Qt::ControlModifier);
+            sheet.press(Qt::Key_V, Qt::ControlModifier);
+            sheet.press(Qt::Key_Return);
+        };
+        overwrite(0, "100,200,200,100");
+        QCOMPARE(sheet.value(0, "frame"), QRectF(100, 200, 200, 100));
+        overwrite(2, "1,234"); // the text of a field is pasted back as it was
+        QCOMPARE(sheet.value(0, "frame"), QRectF(100, 200, 1234, 100));
+        QApplication::clipboard()->setText("100,200");
+        QVERIFY(sheet.chooseFor("size", "Paste"));
+        QCOMPARE(sheet.value(0, "size"), QSizeF(100, 200));
+        QLocale::setDefault(QLocale::c());
+    }
+
+    /// What the model would make another number of is not pasted.
+    void refusesNumbersBeyondLimits()
+    {
+        Rows sheet(Rows::row("height", "number"));
+        Barrel barrel;
+        sheet.selectObjects({&barrel});
+        QApplication::clipboard()->setText("300");
+        QVERIFY(sheet.chooseFor("height", "Paste"));
+        QCOMPARE(barrel.height(), 1.0);
+        QCOMPARE(sheet.stack.count(), 0);
+        QVERIFY2(sheet.note().contains("height: This would become 100."), qPrintable(sheet.note()));
+        sheet.select({0}); // the note was about the others
+        QVERIFY(sheet.note().isEmpty());
+    }
+
+    /// A section's menu is on its heading, an inspector's on its header, by mouse and by key, folded or not.
+    void opensMenusOfSectionsAndInspectors()
+    {
+        Rows sheet("<panes><pane><inspector title='Look'><slice><section>" + Rows::row("name", "string") +
+                   "<sliver title='Serial'><property type='string' keyPath='people.selection.role' editable='no'/>"
+                   "</sliver></section><section title='Shadow'>" +
+                   Rows::row("height", "number", "defaultValue='2'") + Rows::row("flags", "number") +
+                   "</section></slice></inspector></pane></panes>");
+        sheet.select({0});
+        sheet.set(0, "height", 9);
+        auto *section = qobject_cast<ZelInspectorSection *>(sheet.sliver("height")->parent());
+        auto *box = sheet.findChild<ZelExpandableView *>();
+        QMenu *menu = sheet.menu(section->label());
+        QVERIFY(sheet.command(menu, "Look"));
+        QVERIFY(sheet.choose(menu, "Copy"));
+        QCOMPARE(QApplication::clipboard()->text(), "height\t9\nflags\t0");
+        sheet.click(section->label());
+        QVERIFY(sheet.choose(sheet.menu(section->label(), true), "Reset All"));
+        QCOMPARE(sheet.value(0, "height"), 2.0);
+        QCOMPARE(sheet.stack.undoText(), "Reset Shadow");
+        box->header()->setFocus();
+        box->setExpanded(false);
+        QVERIFY(sheet.choose(sheet.menu(box->header(), true), "Copy"));
+        QCOMPARE(QApplication::clipboard()->text(), "name\tP0\nheight\t2\nflags\t0");
+        sheet.select({1, 2});
+        QVERIFY(sheet.choose(sheet.menu(box->header()), "Paste"));
+        QCOMPARE(sheet.value(2, "name"), "P0");
+        QCOMPARE(sheet.value(1, "height"), 2.0);
+        QVERIFY2(sheet.note().isEmpty(), qPrintable(sheet.note()));
+        QCOMPARE(sheet.stack.undoText(), "Paste Look");
+        sheet.undo();
+        QCOMPARE(sheet.value(1, "name"), "P1");
+    }
+
+    /// The condition of a row may become true by the very reset.
+    void resetsHiddenRows()
+    {
+        Rows sheet("<panes><pane><inspector title='Look'><slice><section>" +
+                   Rows::row("active", "boolean", "defaultValue='yes'") +
+                   "<sliver title='Width' visibleKeyPath='people.selection.active'><property type='number' "
+                   "keyPath='people.selection.height' defaultValue='2'/></sliver></section>"
+                   "<section visibleKeyPath='people.selection.active'>" +
+                   Rows::row("name", "string", "defaultValue='none'") +
+                   "</section></slice><slice visibleKeyPath='people.selection.active'><section>" +
+                   Rows::row("byte", "number", "defaultValue='3'") + "</section></slice></inspector></pane></panes>");
+        sheet.set(0, "height", 7);
+        sheet.set(1, "active", true);
+        sheet.select({0, 1});
+        auto *box = sheet.findChild<ZelExpandableView *>();
+        QVERIFY(sheet.choose(sheet.menu(box->header()), "Reset All"));
+        for (int i : {0, 1}) {
+            QCOMPARE(sheet.value(i, "active"), true);
+            QCOMPARE(sheet.value(i, "height"), 2.0);
+            QCOMPARE(sheet.value(i, "name"), "none");
+            QCOMPARE(sheet.value(i, "byte"), 3);
+        }
+        QCOMPARE(sheet.stack.count(), 1);
+        QCOMPARE(sheet.stack.undoText(), "Reset Look");
+        sheet.undo();
+        QCOMPARE(sheet.value(0, "height"), 7.0);
+        QCOMPARE(sheet.value(1, "name"), "P1");
+        QVERIFY(sheet.value(0, "byte") != 3);
+    }
+
+    /// What has no title is called by those of its editors or of their parts.
+    void namesWhatIsReset()
+    {
+        Rows sheet("<sliver><property type='frame' keyPath='people.selection.frame'/></sliver><sliver>"
+                   "<property type='boolean' title='On' keyPath='people.selection.active'/>"
+                   "<property type='boolean' title='Flag' keyPath='people.selection.flags'/></sliver>");
+        sheet.select({0});
+        QMenu *menu = sheet.menu(sheet.editor<ZelInspectorBoundsProperty>("frame")->view());
+        QVERIFY(sheet.command(menu, "Reset X, Y, Width, Height"));
+        menu->close();
+        const ZelView *row = sheet.sliver("active")->view();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, row->mapToGlobal(QPoint(1, 1)));
+        QApplication::sendEvent(const_cast<ZelView *>(row), &event);
+        menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(sheet.command(menu, "Reset On, Flag"));
+        menu->close();
     }
 
     /// A field's own menu comes first, also for the key.

@@ -289,6 +289,14 @@
         <translation>Dies kann nicht geändert werden.</translation>
     </message>
     <message>
+        <source>Not all objects take this value.</source>
+        <translation>Nicht alle Objekte nehmen diesen Wert an.</translation>
+    </message>
+    <message>
+        <source>This would become %1.</source>
+        <translation>Daraus würde %1.</translation>
+    </message>
+    <message>
         <source>This is none of the choices.</source>
         <translation>Das ist nicht unter den Möglichkeiten.</translation>
     </message>

@@ -28,6 +28,10 @@
         <translation>&amp;Nichts auswählen</translation>
     </message>
     <message>
+        <source>&amp;Find in Inspector</source>
+        <translation>Im Inspektor &amp;suchen</translation>
+    </message>
+    <message>
         <source>&amp;Rectangle</source>
         <translation>&amp;Rechteck</translation>
     </message>

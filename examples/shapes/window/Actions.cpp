@@ -24,6 +24,7 @@ const QList<Row> &rows()
         {QT_TRANSLATE_NOOP("Actions", "&Delete"), nullptr, {QKeySequence::Delete}},
         {QT_TRANSLATE_NOOP("Actions", "Select &All"), nullptr, {QKeySequence::SelectAll}},
         {QT_TRANSLATE_NOOP("Actions", "Select &None"), nullptr, {Qt::CTRL | Qt::SHIFT | Qt::Key_A}},
+        {QT_TRANSLATE_NOOP("Actions", "&Find in Inspector"), nullptr, {QKeySequence::Find}},
         {QT_TRANSLATE_NOOP("Actions", "&Rectangle"), "RectangleTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Ellipse"), "EllipseTemplate"},
         {QT_TRANSLATE_NOOP("Actions", "&Star"), "StarTemplate"},

@@ -18,6 +18,7 @@ public:
         Delete,
         SelectAll,
         SelectNone,
+        FindInInspector,
         AddRectangle,
         AddEllipse,
         AddStar,

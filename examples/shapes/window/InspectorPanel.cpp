@@ -81,6 +81,12 @@ void InspectorPanel::selectTab(int index)
         m_inspector->setSelectedPaneIndex(std::exchange(m_tab, -1));
 }
 
+void InspectorPanel::focusSearchField()
+{
+    if (m_inspector)
+        m_inspector->focusSearchField();
+}
+
 void InspectorPanel::build()
 {
     const QByteArray state = m_inspector ? m_inspector->saveState() : QByteArray();

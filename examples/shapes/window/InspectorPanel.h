@@ -24,6 +24,8 @@ public:
     void load(const QString &folder);
     /// Nothing for a negative one.
     void selectTab(int index);
+    /// Goes to the field that finds rows.
+    void focusSearchField();
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -129,6 +129,8 @@ void MainWindow::createMenus()
     edit->addActions(m_actions.range(Actions::Duplicate, Actions::Delete));
     edit->addSeparator();
     edit->addActions(m_actions.range(Actions::SelectAll, Actions::SelectNone));
+    edit->addSeparator();
+    edit->addAction(m_actions[Actions::FindInInspector]);
 
     QMenu *insert = addTranslatedMenu(menuBar(), QT_TR_NOOP("&Insert"));
     insert->addActions(m_actions.range(Actions::AddRectangle, Actions::AddText));
@@ -177,6 +179,10 @@ void MainWindow::connectActions()
     on(Actions::Delete, [this] { m_operations.remove(); });
     on(Actions::SelectAll, [this] { m_selection.selectAll(); });
     on(Actions::SelectNone, [this] { m_selection.clear(); });
+    on(Actions::FindInInspector, [this] {
+        m_panes->setCollapsed(Panes::Inspector, false);
+        m_inspector->focusSearchField();
+    });
     for (int kind = Shape::Rectangle; kind <= Shape::Text; ++kind) {
         on(Actions::Id(Actions::AddRectangle + kind),
            [this, kind] { m_operations.addShape(Shape::Kind(kind), m_canvas->visiblePage()); });

@@ -35,6 +35,9 @@ public:
     using ZelEditSession::errorText;
     using ZelEditSession::formatter;
     using ZelEditSession::setValueCheck;
+    /// Reads a text as if it had been typed here. Answers false, with a reason for people, if it cannot be accepted.
+    /// What is answered otherwise is for enterValue.
+    bool readText(const QString &text, QVariant *value, QString *error) const { return parse(text, value, error); }
     void setFormatter(const ZelFormatter::Ptr &formatter);
 
     bool isEditable() const override { return !isReadOnly(); }

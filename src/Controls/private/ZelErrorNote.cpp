@@ -3,11 +3,13 @@
 
 #include "Controls/private/ZelThemeColor.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
+#include <algorithm>
 
 namespace {
 
@@ -21,7 +23,7 @@ QRect inWindow(const QWidget *widget)
 
 } // namespace
 
-void ZelErrorNote::show(QPointer<ZelErrorNote> *note, QWidget *field, const QString &text)
+void ZelErrorNote::show(QPointer<ZelErrorNote> *note, QWidget *field, const QString &text, Placement placement)
 {
     if (text.isEmpty()) {
         delete *note;
@@ -29,6 +31,7 @@ void ZelErrorNote::show(QPointer<ZelErrorNote> *note, QWidget *field, const QStr
     }
     if (!*note)
         *note = new ZelErrorNote(field);
+    (*note)->m_placement = placement;
     (*note)->setText(text);
     (*note)->place();
 }
@@ -104,18 +107,53 @@ void ZelErrorNote::place()
     const QRect field = inWindow(m_field);
     const int natural = fontMetrics().horizontalAdvance(text()) + 2 * g_margin + 2;
     const int width = std::max(1, std::min(natural, room.width()));
-    QRect place(field.left(), field.bottom() + 1 + g_distance, width, heightForWidth(width));
+    QRect place = placeBeside(field, {width, heightForWidth(width)});
+    if (m_placement == SparesControls && coversControl(place))
+        place = placeSparingControls(field, place);
+    setGeometry(place);
+    setVisible(true);
+    raise();
+}
+
+QRect ZelErrorNote::placeBeside(const QRect &field, QSize size) const
+{
+    const int room = window()->width() - 2 * g_margin;
+    QRect place(QPoint(field.left(), field.bottom() + 1 + g_distance), size);
     if (m_field->layoutDirection() == Qt::RightToLeft)
         place.moveRight(field.right());
-    place.moveLeft(std::max(g_margin, std::min(place.left(), g_margin + room.width() - width)));
+    place.moveLeft(std::max(g_margin, std::min(place.left(), g_margin + room - size.width())));
     const QWidget *focus = QApplication::focusWidget();
     const bool coversFocus = focus && focus != m_field && !m_field->isAncestorOf(focus) && !focus->isWindow() &&
                              focus->window() == window() && inWindow(focus).intersects(place);
     if (coversFocus || place.bottom() >= window()->height())
         place.moveBottom(std::max(place.height(), field.top()) - 1 - g_distance);
-    setGeometry(place);
-    setVisible(true);
-    raise();
+    return place;
+}
+
+/// Whether there is anything below the place that users would use.
+bool ZelErrorNote::coversControl(const QRect &place) const
+{
+    const QList<QWidget *> widgets = window()->findChildren<QWidget *>();
+    return std::any_of(widgets.begin(), widgets.end(), [&](const QWidget *widget) {
+        const bool isControl =
+            widget->focusPolicy() != Qt::NoFocus && !qobject_cast<const QAbstractScrollArea *>(widget);
+        return isControl && widget->isVisible() && inWindow(widget).intersects(place) &&
+               !widget->visibleRegion().isEmpty();
+    });
+}
+
+/// The place beside the field if there is no better one.
+QRect ZelErrorNote::placeSparingControls(const QRect &field, const QRect &beside) const
+{
+    QList<QRect> places{beside.translated(0, field.top() - 1 - g_distance - beside.bottom())};
+    for (const QWidget *around = m_field; around && !around->isWindow(); around = around->parentWidget()) {
+        if (const auto *area = qobject_cast<const QAbstractScrollArea *>(around))
+            places.append(beside.translated(0, inWindow(area->viewport()).bottom() - g_margin - beside.bottom()));
+    }
+    const auto free = std::find_if(places.cbegin(), places.cend(), [this](const QRect &place) {
+        return window()->rect().contains(place) && !coversControl(place);
+    });
+    return free == places.cend() ? beside : *free;
 }
 
 void ZelErrorNote::paintEvent(QPaintEvent *event)

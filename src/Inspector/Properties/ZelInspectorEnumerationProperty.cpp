@@ -32,6 +32,11 @@ QIcon imageOf(const QVariant &value)
     }
 }
 
+QString noChoice()
+{
+    return ZelLocalizedString("This is none of the choices.");
+}
+
 } // namespace
 
 ZelInspectorEnumerationProperty::ZelInspectorEnumerationProperty(QObject *owner)
@@ -226,10 +231,14 @@ bool ZelInspectorEnumerationProperty::readText(const QString &text, QVariant *mo
     const QString title = text.trimmed();
     const auto choice = findChoice(
         [&](const Choice &known) { return known.title.compare(title, Qt::CaseInsensitive) == 0 && !title.isEmpty(); });
-    if (!choice)
-        return ZelInspectorProperty::readText(text, modelValue, error);
-    *modelValue = transformedBack(choice->value);
-    return true;
+    if (choice) {
+        *modelValue = transformedBack(choice->value);
+        return true;
+    }
+    const bool isRead = ZelInspectorProperty::readText(text, modelValue, error);
+    if (!isRead)
+        *error = noChoice();
+    return isRead;
 }
 
 QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelValue) const
@@ -238,7 +247,7 @@ QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelVa
     if (m_bitMask)
         shown = valueForValueBitMask(shown, *m_bitMask);
     if (!findChoice([&](const Choice &known) { return known.enabled && ZelEqual(known.value, shown); }))
-        return ZelLocalizedString("This is none of the choices.");
+        return noChoice();
     return ZelInspectorProperty::refusalOfPasted(modelValue);
 }
 

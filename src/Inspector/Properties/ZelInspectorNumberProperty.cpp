@@ -299,7 +299,8 @@ QString ZelInspectorNumberProperty::textOfValue(const QVariant &modelValue) cons
 {
     if (!m_textField || !m_textField->formatter())
         return ZelInspectorProperty::textOfValue(modelValue);
-    return m_textField->formatter()->stringForObjectValue(transformedForward(modelValue));
+    const QString text = m_textField->formatter()->stringForObjectValue(transformedForward(modelValue));
+    return text.isEmpty() && ZelIsNull(modelValue) ? placeholder : text;
 }
 
 bool ZelInspectorNumberProperty::readText(const QString &text, QVariant *modelValue, QString *error) const

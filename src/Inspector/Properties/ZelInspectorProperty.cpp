@@ -363,7 +363,16 @@ void ZelInspectorProperty::userDidChangeValue(QObject *)
 
 ZelUndoManager *ZelInspectorProperty::undoManager() const
 {
-    return isViewLoaded() ? ZelUndoManager::forWidget(const_cast<ZelInspectorProperty *>(this)->view()) : nullptr;
+    // A row that was never shown belongs to the window of the containers around it.
+    for (const QObject *around = this; around; around = around->parent()) {
+        const auto *controller = qobject_cast<const ZelViewController *>(around);
+        ZelUndoManager *manager = controller && controller->isViewLoaded()
+                                      ? ZelUndoManager::forWidget(const_cast<ZelViewController *>(controller)->view())
+                                      : nullptr;
+        if (manager)
+            return manager;
+    }
+    return nullptr;
 }
 
 bool ZelInspectorProperty::keyPathHasControllerSelectionPrefix(const QString &keyPath)

@@ -63,6 +63,20 @@ QList<QWidget *> ZelInspectorResourceProperty::controlsNamedByRow()
     return {m_comboBox, m_comboBox->textField()};
 }
 
+QString ZelInspectorResourceProperty::textOfValue(const QVariant &modelValue) const
+{
+    const QString text = ZelInspectorProperty::textOfValue(modelValue);
+    return text.isEmpty() ? placeholder : text;
+}
+
+bool ZelInspectorResourceProperty::readText(const QString &text, QVariant *modelValue, QString *error) const
+{
+    if (placeholder.isEmpty() || text.trimmed() != placeholder)
+        return ZelInspectorProperty::readText(text, modelValue, error);
+    *modelValue = transformedBack(QVariant());
+    return true;
+}
+
 QWidget *ZelInspectorResourceProperty::viewForBaselineAlignment()
 {
     view();

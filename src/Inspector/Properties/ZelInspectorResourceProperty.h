@@ -28,6 +28,9 @@ public:
     void viewDidInstall() override;
     QWidget *viewForBaselineAlignment() override;
     QList<QWidget *> controlsNamedByRow() override;
+    /// The placeholder for no value, and the other way round.
+    QString textOfValue(const QVariant &modelValue) const override;
+    bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
 
 private:
     QPointer<ZelComboBox> m_comboBox;

@@ -3,13 +3,17 @@
 
 #include "Controls/private/ZelErrorNote.h"
 #include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/Selection/ZelObjectController.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/private/ZelTypedText.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
-#include "Inspector/ZelInspectorSection.h"
+#include "Inspector/ZelInspector.h"
+#include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/private/ZelNumberPaste.h"
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
 
@@ -17,6 +21,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QSet>
 #include <QTimer>
 #include <algorithm>
 
@@ -40,39 +45,75 @@ bool isInEditor(const QWidget *source, ZelInspectorProperty *editor)
            (editor->view() == source || editor->view()->isAncestorOf(source));
 }
 
-/// The rows that users see below the view, those of choosers and their choices included.
-QList<ZelInspectorSliver *> visibleRows(const ZelView *view)
+/// The number fields of an editor, in their order.
+ZelNumberPaste::Editors numberEditorsOf(ZelInspectorProperty *editor)
 {
-    QList<ZelInspectorSliver *> rows;
-    const QList<ZelView *> views = view->findChildren<ZelView *>();
-    for (const ZelView *below : views) {
-        auto *row = qobject_cast<ZelInspectorSliver *>(below->viewController());
-        if (row && below->isVisibleTo(view))
-            rows.append(row);
-    }
-    return rows;
+    if (auto *number = qobject_cast<ZelInspectorNumberProperty *>(editor))
+        return {number};
+    const auto parts = editor->findChildren<ZelInspectorNumberProperty *>(QString(), Qt::FindDirectChildrenOnly);
+    return {parts.begin(), parts.end()};
 }
 
-QString titleToSay(const ZelInspectorProperty *editor)
+QString titlesOfParts(ZelInspectorProperty *editor)
+{
+    QStringList titles;
+    for (const auto &part : numberEditorsOf(editor)) {
+        if (part != editor && !part->title().isEmpty())
+            titles.append(part->title());
+    }
+    return titles.join(QStringLiteral(", "));
+}
+
+/// What people call the editor's value; its key if there is no title at all.
+QString titleToSay(ZelInspectorProperty *editor)
 {
     const auto *row = qobject_cast<const ZelInspectorSliver *>(editor->parent());
-    const QString title = editor->title().isEmpty() && row ? row->title() : editor->title();
+    QString title = editor->title();
+    if (title.isEmpty() && row)
+        title = row->title();
+    if (title.isEmpty())
+        title = titlesOfParts(editor);
     return title.isEmpty() ? keyBelowSelection(editor) : title;
 }
 
-/// The number fields of an editor, in their order.
-QList<EditorPointer> numberEditorsOf(ZelInspectorProperty *editor)
+QString titleOfRow(const ZelInspectorSliver *row, const QList<ZelInspectorProperty *> &editors)
 {
-    if (qobject_cast<ZelInspectorNumberProperty *>(editor))
-        return {editor};
-    const auto parts = editor->findChildren<ZelInspectorNumberProperty *>(QString(), Qt::FindDirectChildrenOnly);
-    return {parts.begin(), parts.end()};
+    QStringList titles;
+    for (ZelInspectorProperty *editor : editors) {
+        const QString title = editor->title().isEmpty() ? titlesOfParts(editor) : editor->title();
+        if (!editor->keyPath().isEmpty() && !title.isEmpty())
+            titles.append(title);
+    }
+    return row->title().isEmpty() ? titles.join(QStringLiteral(", ")) : row->title();
+}
+
+QString titleOfSection(const ZelInspectorSection *section)
+{
+    const QObject *around = section;
+    while (around && !qobject_cast<const ZelInspector *>(around))
+        around = around->parent();
+    const bool hasTitle = !section->title().isEmpty() || !around;
+    return hasTitle ? section->title() : static_cast<const ZelInspector *>(around)->title();
+}
+
+/// Whether the value is shown, but is not there to be changed.
+bool isOnlyShown(const ZelInspectorProperty *editor)
+{
+    const QVariant editable = editor->property("editable"); // of the classes that may only show a value
+    return !editor->isWritable() || (editable.isValid() && !editable.toBool());
+}
+
+/// The choice that the model's value stands for. The one that the chooser shows may still be another.
+ZelInspectorChooserChoice *choiceOf(const ZelInspectorChooser *chooser)
+{
+    const bool hasValue = chooser->owner() && !chooser->keyPath().isEmpty();
+    return hasValue ? chooser->choiceForValue(ZelValueForKeyPath(chooser->owner(), chooser->keyPath())) : nullptr;
 }
 
 QString textToCopy(ZelInspectorProperty *editor, const QVariant &value)
 {
     QStringList numbers;
-    for (const EditorPointer &part : numberEditorsOf(editor)) {
+    for (const auto &part : numberEditorsOf(editor)) {
         if (part != editor)
             numbers.append(part->textOfValue(part->modelValue()));
     }
@@ -91,16 +132,14 @@ ZelRowCommands ZelRowCommands::ofRow(ZelInspectorSliver *row, const QWidget *sou
     ZelRowCommands commands;
     commands.m_view = row->view();
     commands.m_source = source;
-    commands.m_title = row->title();
     commands.m_isRow = true;
     QList<ZelInspectorProperty *> editors = row->properties();
     const auto meant = std::find_if(editors.begin(), editors.end(),
                                     [&](ZelInspectorProperty *editor) { return isInEditor(source, editor); });
     if (row->title().isEmpty() && meant != editors.end())
         editors = {*meant};
-    commands.setEditors(editors);
-    if (commands.m_title.isEmpty() && commands.count() == 1)
-        commands.m_title = commands.m_editors.first()->title();
+    commands.m_title = titleOfRow(row, editors);
+    commands.addEditors(editors, true);
     return commands;
 }
 
@@ -108,29 +147,68 @@ ZelRowCommands ZelRowCommands::ofSection(ZelInspectorSection *section)
 {
     ZelRowCommands commands;
     commands.m_view = section->view();
-    commands.m_title = section->title();
-    QList<ZelInspectorProperty *> editors;
-    for (const ZelInspectorSliver *row : visibleRows(section->view()))
-        editors += row->properties();
-    commands.setEditors(editors);
+    commands.m_title = titleOfSection(section);
+    commands.m_sections = {section};
+    commands.addSections();
     return commands;
 }
 
-void ZelRowCommands::setEditors(const QList<ZelInspectorProperty *> &editors)
+ZelRowCommands ZelRowCommands::ofInspector(ZelInspector *inspector)
 {
-    for (ZelInspectorProperty *editor : editors) {
-        if (!editor->keyPath().isEmpty())
-            m_editors.append(editor);
+    ZelRowCommands commands;
+    commands.m_view = inspector->view();
+    commands.m_title = inspector->title();
+    for (const ZelInspectorSlice *slice : inspector->slices()) {
+        for (ZelInspectorSection *section : slice->sections())
+            commands.m_sections.append(section);
+    }
+    commands.addSections();
+    return commands;
+}
+
+void ZelRowCommands::addSections()
+{
+    m_editors.clear();
+    m_hiddenEditors.clear();
+    for (const QPointer<ZelInspectorSection> &section : std::as_const(m_sections)) {
+        if (!section)
+            continue;
+        const auto *slice = qobject_cast<const ZelInspectorSlice *>(section->parent());
+        addRows(section->sliversAndChoosers(), section->isVisible() && (!slice || slice->isVisible()));
     }
 }
 
-/// One undo step for all. What an editor throws is reported, and the others go on.
-void ZelRowCommands::perform(const QString &name, const std::function<void()> &work) const
+void ZelRowCommands::addRows(const QList<ZelInspectorConditionalContainer *> &rows, bool isShown)
+{
+    for (ZelInspectorConditionalContainer *row : rows) {
+        const bool isRowShown = isShown && row->isVisible();
+        if (const auto *sliver = qobject_cast<const ZelInspectorSliver *>(row))
+            addEditors(sliver->properties(), isRowShown);
+        const auto *chooser = qobject_cast<const ZelInspectorChooser *>(row);
+        if (chooser && chooser->sliver())
+            addEditors(chooser->sliver()->properties(), isRowShown);
+        if (const ZelInspectorChooserChoice *choice = chooser ? choiceOf(chooser) : nullptr)
+            addRows(choice->sliversAndChoosers(), isRowShown);
+    }
+}
+
+void ZelRowCommands::addEditors(const QList<ZelInspectorProperty *> &editors, bool isShown)
+{
+    for (ZelInspectorProperty *editor : editors) {
+        if (!editor->keyPath().isEmpty())
+            (isShown ? m_editors : m_hiddenEditors).append(editor);
+    }
+}
+
+/// One undo step for all; none, and nothing is changed, if the work answers false. What an editor throws is reported,
+/// and the others go on.
+void ZelRowCommands::perform(const QString &name, const std::function<bool()> &work) const
 {
     const QPointer<ZelUndoManager> manager(ZelUndoManager::forWidget(m_view));
     const ZelUndoGrouping grouping(manager);
-    work();
-    if (manager)
+    if (!work())
+        grouping.rollBack();
+    else if (manager)
         manager->nameEdit(name);
 }
 
@@ -138,8 +216,8 @@ void ZelRowCommands::perform(const QString &name, const std::function<void()> &w
 
 bool ZelRowCommands::canCopy() const
 {
-    return std::any_of(m_editors.begin(), m_editors.end(), [](const EditorPointer &editor) {
-        return editor && ZelValueClipboard::canHold(editor->modelValue());
+    return std::any_of(m_editors.begin(), m_editors.end(), [this](const EditorPointer &editor) {
+        return editor && (m_isRow || !isOnlyShown(editor)) && ZelValueClipboard::canHold(editor->modelValue());
     });
 }
 
@@ -148,12 +226,16 @@ void ZelRowCommands::copy() const
     ZelValueClipboard::Values values;
     QStringList texts;
     for (const EditorPointer &editor : m_editors) {
-        const QVariant value = editor ? editor->modelValue() : QVariant::fromValue(ZelNoSelectionMarker);
+        if (!editor || (!m_isRow && isOnlyShown(editor)))
+            continue;
+        const QVariant value = editor->modelValue();
         if (!ZelValueClipboard::canHold(value))
             continue;
         QVariant &stored = values[keyBelowSelection(editor)];
+        if (!m_isRow && stored.isValid() && ZelEqual(stored, value))
+            continue; // another editor of the same value
         // Editors of different bits of one value.
-        stored = stored.isValid() && ZelIsNumber(value) && ZelIsNumber(stored)
+        stored = stored.isValid() && ZelIsNumber(value) && ZelIsNumber(stored) && ZelNotEqual(stored, value)
                      ? QVariant(stored.toULongLong() | value.toULongLong())
                      : value;
         const QString text = textToCopy(editor, value);
@@ -186,7 +268,8 @@ bool ZelRowCommands::canPaste() const
 {
     const QMimeData *data = clipboardData();
     const bool hasValues = data && (data->hasFormat(ZelValueClipboard::mimeType()) || (m_isRow && data->hasText()));
-    return hasValues && std::any_of(m_editors.begin(), m_editors.end(),
+    const Editors editors = allEditors();
+    return hasValues && std::any_of(editors.begin(), editors.end(),
                                     [](const EditorPointer &editor) { return editor && editor->isWritable(); });
 }
 
@@ -201,10 +284,11 @@ void ZelRowCommands::paste() const
     perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] {
         if (values)
             pasteValues(*values, refusals);
-        else if (text.isEmpty() || text.size() > ZelValueClipboard::maximumTextLength)
+        else if (text.trimmed().isEmpty() || text.size() > ZelValueClipboard::maximumTextLength)
             refusals.append({QString(), ZelLocalizedString("There is nothing on the clipboard that fits.")});
         else
-            pasteText(text, refusals);
+            return pasteText(text, refusals);
+        return true;
     });
     say(refusals);
 }
@@ -212,21 +296,44 @@ void ZelRowCommands::paste() const
 void ZelRowCommands::pasteValues(const ZelValueClipboard::Values &values, QList<Refusal> &refusals) const
 {
     ZelValueClipboard::Values left = values;
-    for (const EditorPointer &editor : m_editors) {
+    const Editors editors = allEditors();
+    std::vector<std::pair<EditorPointer, QList<Refusal>>> refused;
+    for (const EditorPointer &editor : editors) {
         const QString key = editor ? keyBelowSelection(editor) : QString();
         if (!values.contains(key))
             continue;
         left.remove(key);
-        pasteInto(editor, values.value(key), refusals);
+        QList<Refusal> reasons;
+        pasteInto(editor, values.value(key), reasons);
+        refused.emplace_back(editor, reasons);
+    }
+    for (const auto &[editor, reasons] : refused) {
+        // Another editor of the same value may have taken it, or it was there before.
+        if (!editor || reasons.isEmpty() || ZelNotEqual(editor->modelValue(), values.value(keyBelowSelection(editor))))
+            refusals += reasons;
     }
     if (!m_isRow) {
         for (auto it = left.begin(); it != left.end(); ++it)
-            refusals.append({it.key(), ZelLocalizedString("There is no such value here.")});
+            refusals.append({titleOfKey(it.key()), ZelLocalizedString("There is no such value here.")});
     } else if (left.size() == values.size() && values.size() == 1 && count() == 1) {
         pasteInto(m_editors.first(), values.first(), refusals); // the value of another key
     } else if (left.size() == values.size()) {
         refusals.append({QString(), ZelLocalizedString("There is nothing on the clipboard that fits.")});
     }
+}
+
+/// What people call the value of a key that is edited elsewhere in the inspector.
+QString ZelRowCommands::titleOfKey(const QString &key) const
+{
+    const ZelInspectorSection *section = m_sections.isEmpty() ? nullptr : m_sections.first().data();
+    const QObject *root = section;
+    while (root && qobject_cast<const ZelViewController *>(root->parent()))
+        root = root->parent();
+    const auto editors = root ? root->findChildren<ZelInspectorProperty *>() : QList<ZelInspectorProperty *>();
+    const auto known = std::find_if(editors.begin(), editors.end(), [&](const ZelInspectorProperty *editor) {
+        return keyBelowSelection(editor) == key && qobject_cast<const ZelInspectorSliver *>(editor->parent());
+    });
+    return known == editors.end() ? key : titleToSay(*known);
 }
 
 void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &value, QList<Refusal> &refusals)
@@ -242,38 +349,55 @@ void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &valu
         refusals.append({title, reason});
 }
 
-QList<EditorPointer> ZelRowCommands::numberEditors() const
+QList<QPointer<ZelInspectorNumberProperty>> ZelRowCommands::numberEditors() const
 {
-    QList<EditorPointer> numbers;
+    ZelNumberPaste::Editors numbers;
     for (const EditorPointer &editor : m_editors) {
         if (editor)
             numbers += numberEditorsOf(editor);
     }
     // The numbers begin where the user is.
     const auto first = std::find_if(numbers.begin(), numbers.end(),
-                                    [this](const EditorPointer &editor) { return isInEditor(m_source, editor); });
+                                    [this](const auto &editor) { return isInEditor(m_source, editor); });
     if (first != numbers.end())
         numbers.erase(numbers.begin(), first);
     return numbers;
 }
 
-void ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) const
+/// Answers false if nothing must be changed.
+bool ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) const
 {
-    const QList<EditorPointer> numbers = numberEditors();
-    if (numbers.isEmpty()) {
-        const auto meant = std::find_if(m_editors.begin(), m_editors.end(),
-                                        [this](const EditorPointer &editor) { return isInEditor(m_source, editor); });
-        if (!m_editors.isEmpty())
-            pasteTextInto(meant == m_editors.end() ? m_editors.first() : *meant, text, refusals);
-        return;
+    if (const ZelNumberPaste::Editors numbers = numberEditors(); !numbers.isEmpty()) {
+        ZelNumberPaste paste(numbers, text);
+        return enterNumbers(paste, refusals);
     }
-    // A single field may understand more than numbers, such as a calculation.
-    const QStringList parts = numbers.size() == 1 ? QStringList{text} : ZelTypedText::numbersIn(text);
-    for (qsizetype i = 0; i < std::min(parts.size(), numbers.size()); ++i)
-        pasteTextInto(numbers.at(i), parts.at(i), refusals);
-    if (parts.size() > numbers.size())
-        refusals.append({parts.mid(numbers.size(), g_saidAtMost).join(QStringLiteral("; ")),
+    const auto meant = std::find_if(m_editors.begin(), m_editors.end(),
+                                    [this](const EditorPointer &editor) { return isInEditor(m_source, editor); });
+    if (!m_editors.isEmpty())
+        pasteTextInto(meant == m_editors.end() ? m_editors.first() : *meant, text, refusals);
+    return true;
+}
+
+bool ZelRowCommands::enterNumbers(ZelNumberPaste &paste, QList<Refusal> &refusals) const
+{
+    const ZelNumberPaste::Editors numbers = numberEditors();
+    const auto collect = [&](QString (ZelNumberPaste::*reasonOf)(qsizetype) const) {
+        for (qsizetype i = 0; i < paste.count(); ++i) {
+            const QString reason = (paste.*reasonOf)(i);
+            if (!reason.isNull() && numbers.at(i))
+                refusals.append({titleToSay(numbers.at(i)), reason});
+        }
+        return refusals.isEmpty();
+    };
+    if (!collect(&ZelNumberPaste::refusalOf))
+        return false;
+    paste.enter();
+    if (!collect(&ZelNumberPaste::changeOf))
+        return false;
+    if (paste.parts().size() > numbers.size())
+        refusals.append({paste.parts().mid(numbers.size(), g_saidAtMost).join(QStringLiteral("; ")),
                          ZelLocalizedString("There is no field for this.")});
+    return true;
 }
 
 void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &text, QList<Refusal> &refusals)
@@ -293,12 +417,14 @@ void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &t
 
 bool ZelRowCommands::pasteNumbers(const QString &text) const
 {
-    if (text.size() > ZelValueClipboard::maximumTextLength || numberEditors().size() < 2)
+    const ZelNumberPaste::Editors numbers = numberEditors();
+    if (text.size() > ZelValueClipboard::maximumTextLength || numbers.size() < 2)
         return false;
-    if (ZelTypedText::numbersIn(text).size() < 2)
+    ZelNumberPaste paste(numbers, text);
+    if (!paste.isForSeveralFields())
         return false;
     QList<Refusal> refusals;
-    perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] { pasteText(text, refusals); });
+    perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] { return enterNumbers(paste, refusals); });
     say(refusals);
     return true;
 }
@@ -318,36 +444,67 @@ void ZelRowCommands::say(const QList<Refusal> &refusals) const
     if (!m_view || lines.isEmpty())
         return;
     lines.prepend(ZelLocalizedString("Not pasted:"));
-    ZelErrorNote::show(&g_note, m_view, lines.join(u'\n'));
+    ZelErrorNote::show(&g_note, m_view, lines.join(u'\n'), ZelErrorNote::SparesControls);
     if (!g_note)
         return;
+    endNoteWithSelection();
     g_note->setAccessibleName(g_note->text());
     QAccessibleEvent event(g_note.data(), QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
     QTimer::singleShot(g_noteDuration, g_note.data(), &QObject::deleteLater);
 }
 
+/// What was said concerns the objects that are selected.
+void ZelRowCommands::endNoteWithSelection() const
+{
+    for (const EditorPointer &editor : allEditors()) {
+        if (!editor || !editor->owner() || !editor->keyPathHasControllerSelectionPrefix(editor->keyPath()))
+            continue;
+        const QString path = editor->selectionControllerKeyPathFromKeyPath(editor->keyPath());
+        const auto *controller =
+            qobject_cast<ZelObjectController *>(ZelObject(ZelValueForKeyPath(editor->owner(), path)));
+        if (controller)
+            QObject::connect(controller, &ZelObjectController::selectionWillChange, g_note.data(),
+                             [] { delete g_note; });
+        return;
+    }
+}
+
 // Resetting
 
 bool ZelRowCommands::isResettable() const
 {
-    return std::any_of(m_editors.begin(), m_editors.end(),
+    const Editors editors = allEditors();
+    return std::any_of(editors.begin(), editors.end(),
                        [](const EditorPointer &editor) { return editor && editor->canReset(); });
 }
 
 bool ZelRowCommands::canReset() const
 {
-    return std::any_of(m_editors.begin(), m_editors.end(), [](const EditorPointer &editor) {
-        return editor && (!editor->hasDefaultValue() || editor->isChangedFromDefault()) && editor->canReset();
+    const Editors editors = allEditors();
+    return std::any_of(editors.begin(), editors.end(), [](const EditorPointer &editor) {
+        const bool mayDiffer =
+            editor && (!editor->hasDefaultValue() || !editor->isViewInstalled() || editor->isChangedFromDefault());
+        return mayDiffer && editor->canReset();
     });
 }
 
 void ZelRowCommands::reset() const
 {
     perform(ZelLocalizedString("Reset %1").arg(m_title).trimmed(), [this] {
-        for (const EditorPointer &editor : m_editors) {
-            if (editor)
+        ZelRowCommands present = *this;
+        QSet<const ZelInspectorProperty *> reset;
+        for (bool goesOn = true; std::exchange(goesOn, false);) {
+            for (const EditorPointer &editor : present.allEditors()) {
+                if (!editor || reset.contains(editor))
+                    continue;
+                goesOn = true;
+                reset.insert(editor);
                 ZelExceptionReporter::run(editor, [&] { editor->resetValue(); });
+            }
+            if (!m_isRow)
+                present.addSections(); // another choice may be made now
         }
+        return true;
     });
 }

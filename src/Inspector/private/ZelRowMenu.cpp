@@ -5,7 +5,7 @@
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/RunLoop/ZelEventScope.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/ZelInspectorSection.h"
+#include "Inspector/ZelInspector.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/private/ZelRowCommands.h"
 #include "Resources/ZelLocalizedString.h"
@@ -41,6 +41,13 @@ template<typename Controller> Controller *enclosing(const QWidget *widget)
             return controller;
     }
     return nullptr;
+}
+
+/// Whether the widget is the view of something that has a menu.
+bool isOfMenu(const QWidget *widget)
+{
+    return controllerOf<ZelInspectorSliver>(widget) || controllerOf<ZelInspectorSection>(widget) ||
+           controllerOf<ZelInspector>(widget);
 }
 
 bool hasOwnMenu(const QWidget *widget)
@@ -144,10 +151,10 @@ bool ZelRowMenu::handle(QWidget *widget, QEvent *event)
 
 bool ZelRowMenu::showMenu(QWidget *widget, const QContextMenuEvent *event)
 {
-    const bool isView = controllerOf<ZelInspectorSliver>(widget) || controllerOf<ZelInspectorSection>(widget);
     auto *section = enclosing<ZelInspectorSection>(widget);
     auto *row = enclosing<ZelInspectorSliver>(widget);
-    if (!row && (!section || !isView))
+    const bool isView = isOfMenu(widget);
+    if (!row && !isView)
         return false;
     QMenu *menu = isView ? nullptr : standardMenu(widget);
     if (!isView && !menu)
@@ -158,21 +165,28 @@ bool ZelRowMenu::showMenu(QWidget *widget, const QContextMenuEvent *event)
     else
         menu = new QMenu(widget);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto *inspector = enclosing<ZelInspector>(widget);
+    const ZelRowCommands ofSection = section ? ZelRowCommands::ofSection(section) : ZelRowCommands();
+    const ZelRowCommands ofInspector = inspector ? ZelRowCommands::ofInspector(inspector) : ZelRowCommands();
     if (row)
         addCommands(menu, ZelRowCommands::ofRow(row, sourceOf(widget, event)), true, isBesideText);
-    const ZelRowCommands ofSection = section ? ZelRowCommands::ofSection(section) : ZelRowCommands();
-    if (!row) {
-        addCommands(menu, ofSection, false, false);
-    } else if (ofSection.count() > 1) {
-        menu->addSeparator();
-        const QString title = section->title().isEmpty() ? ZelLocalizedString("Section") : section->title();
-        addCommands(menu->addMenu(withTitle("%1", title)), ofSection, false, false);
-    }
+    else
+        addCommands(menu, section ? ofSection : ofInspector, false, false);
+    menu->addSeparator();
+    if (row && ofSection.count() > 1)
+        addSubmenu(menu, ofSection, section->title().isEmpty() ? ZelLocalizedString("Section") : section->title());
+    if (section && ofInspector.count() > std::max<qsizetype>(1, ofSection.count()))
+        addSubmenu(menu, ofInspector, ofInspector.title());
     if (menu->isEmpty())
         delete menu;
     else
         menu->popup(event->globalPos());
     return true;
+}
+
+void ZelRowMenu::addSubmenu(QMenu *menu, const ZelRowCommands &commands, const QString &title)
+{
+    addCommands(menu->addMenu(withTitle("%1", title)), commands, false, false);
 }
 
 void ZelRowMenu::addCommands(QMenu *menu, const ZelRowCommands &commands, bool isRow, bool isBesideText)
@@ -190,8 +204,7 @@ void ZelRowMenu::addCommands(QMenu *menu, const ZelRowCommands &commands, bool i
     if (isRow)
         add(ZelLocalizedString("Copy Key Path"), true, &ZelRowCommands::copyKeyPath);
     menu->addSeparator();
-    const QString reset = isRow || !commands.title().isEmpty() ? withTitle("Reset %1", commands.title())
-                                                               : ZelLocalizedString("Reset All");
+    const QString reset = isRow ? withTitle("Reset %1", commands.title()) : ZelLocalizedString("Reset All");
     add(reset, commands.canReset(), &ZelRowCommands::reset);
 }
 
@@ -202,7 +215,7 @@ bool ZelRowMenu::pressKey(QWidget *widget, const QKeyEvent *event)
     if (const auto *field = qobject_cast<QLineEdit *>(widget))
         return event->matches(QKeySequence::Paste) && pasteNumbers(field);
     auto *row = controllerOf<ZelInspectorSliver>(widget);
-    if (!row && !controllerOf<ZelInspectorSection>(widget))
+    if (!isOfMenu(widget))
         return false;
     QWidget *focus = QApplication::focusWidget();
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && focus &&
@@ -230,15 +243,16 @@ bool ZelRowMenu::pasteNumbers(const QLineEdit *field)
 }
 
 /// A click on the label of a row that can be reset gives it the focus, so that its keys work, except in rows of
-/// numbers: there the label stands for the field. Labels are no tab stops.
+/// numbers: there the label stands for the field. A section's label gets it for the menu. Labels are no tab stops.
 void ZelRowMenu::focusLabel(QWidget *widget, const QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton || !qobject_cast<ZelLabel *>(widget))
         return;
     auto *row = enclosing<ZelInspectorSliver>(widget);
-    if (!row || row->label() != widget || isRowOfNumbers(row))
-        return;
-    const ZelRowCommands commands = ZelRowCommands::ofRow(row, widget);
-    if (commands.isResettable())
+    auto *section = row ? nullptr : enclosing<ZelInspectorSection>(widget);
+    const bool isOfRow = row && row->label() == widget && !isRowOfNumbers(row);
+    const bool isOfSection = section && section->label() == widget;
+    if ((isOfRow && ZelRowCommands::ofRow(row, widget).isResettable()) ||
+        (isOfSection && ZelRowCommands::ofSection(section).count() > 0))
         widget->setFocus(Qt::MouseFocusReason);
 }

@@ -256,20 +256,25 @@ QStringList ZelTypedText::numbersIn(const QString &text)
     const QString whole = text.trimmed();
     if (whole.isEmpty())
         return {};
-    if (enteredNumber(whole))
-        return {whole};
+    const QList<QStringList> parts = enteredNumber(whole) ? QList<QStringList>() : splits(whole);
+    return parts.isEmpty() ? QStringList{whole} : parts.first();
+}
+
+QList<QStringList> ZelTypedText::splits(const QString &text)
+{
     static const QRegularExpression strong(QStringLiteral("\\s*[;\\t\\r\\n]\\s*"));
     static const QRegularExpression comma(QStringLiteral("\\s*,\\s+"));
     static const QRegularExpression tight(QStringLiteral("\\s*,\\s*"));
     // A blank separates where a number begins after it: "10 pt 20 pt".
     static const QRegularExpression blank(QStringLiteral("\\s+(?=[-+.,]?\\d)"));
     const bool isCommaFree = QLocale().decimalPoint() != QStringLiteral(",");
+    QList<QStringList> result;
     for (const QRegularExpression *separator : {&strong, &comma, isCommaFree ? &tight : &blank, &blank}) {
-        const QStringList parts = whole.split(*separator, Qt::SkipEmptyParts);
-        if (parts.size() > 1)
-            return parts;
+        const QStringList parts = text.trimmed().split(*separator, Qt::SkipEmptyParts);
+        if (parts.size() > 1 && !result.contains(parts))
+            result.append(parts);
     }
-    return {whole};
+    return result;
 }
 
 QString ZelTypedText::joined(const QStringList &numbers)

@@ -24,6 +24,9 @@ public:
     /// where it cannot be the locale's decimal or group separator: before a blank, and if the text as a whole is no
     /// number. A unit behind a number stays with it.
     static QStringList numbersIn(const QString &text);
-    /// The inverse: what the locale does not take for a part of a number is between them.
+    /// All ways to take a text apart where several numbers may be separated, the surest one first. Empty if there is
+    /// none. The parts need not be numbers.
+    static QList<QStringList> splits(const QString &text);
+    /// The inverse of numbersIn: what the locale does not take for a part of a number is between them.
     static QString joined(const QStringList &numbers);
 };
