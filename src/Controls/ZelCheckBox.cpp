@@ -2,6 +2,7 @@
 #include "Controls/ZelCheckBox.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelMarkedText.h"
 #include "Controls/private/ZelTitleText.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
@@ -48,6 +49,13 @@ QString ZelCheckBox::title() const
 void ZelCheckBox::setTitle(const QString &title)
 {
     setText(ZelTitleText::fromTitle(title));
+    m_markedParts.clear();
+}
+
+void ZelCheckBox::setMarkedParts(const QList<ZelLabel::Part> &parts)
+{
+    if (ZelAssign(m_markedParts, parts))
+        update();
 }
 
 QVariant ZelCheckBox::objectValue() const
@@ -134,10 +142,15 @@ void ZelCheckBox::paintEvent(QPaintEvent *)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (width() < sizeHint().width()) {
-        const QRect contents = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+    const QRect contents = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+    if (width() < sizeHint().width())
         option.text =
             fontMetrics().elidedText(option.text, Qt::ElideRight, contents.width(), int(Qt::TextShowMnemonic));
+    if (!m_markedParts.isEmpty()) { // only the backgrounds: the style paints the text
+        painter.setPen(Qt::transparent);
+        ZelMarkedText::paint(&painter, this, contents, ZelTitleText::toTitle(option.text),
+                             QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter),
+                             m_markedParts);
     }
     painter.drawControl(QStyle::CE_CheckBox, option);
 }

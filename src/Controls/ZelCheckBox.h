@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelLabel.h"
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/ZelExport.h"
 
@@ -23,6 +24,10 @@ public:
     /// Plain text: an ampersand is shown and marks no mnemonic.
     QString title() const;
     void setTitle(const QString &title);
+
+    /// Parts of the title that have a coloured background, as in ZelLabel. They end with setTitle.
+    const QList<ZelLabel::Part> &markedParts() const { return m_markedParts; }
+    void setMarkedParts(const QList<ZelLabel::Part> &parts);
 
     /// The value that was set as long as the box shows it. After its state has changed, a Boolean or
     /// ZelMultipleValuesMarker.
@@ -56,6 +61,7 @@ private:
     int titleWidth() const;
 
     QVariant m_value;
+    QList<ZelLabel::Part> m_markedParts;
     bool m_editable = true;
     mutable QSize m_sizeHint;
     mutable QString m_sizedTitle;

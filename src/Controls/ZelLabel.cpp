@@ -2,6 +2,7 @@
 #include "Controls/ZelLabel.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelMarkedText.h"
 #include "Controls/private/ZelThemeColor.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "ViewController/private/ZelControlHelp.h"
@@ -11,13 +12,11 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
-#include <QTextLayout>
 #include <algorithm>
 
 namespace {
 
 const QChar g_ellipsis(0x2026);
-constexpr float g_markOpacity = 0.35F; // leaves the text legible in light and dark themes
 
 // In points.
 constexpr double g_dotSize = 5;
@@ -146,45 +145,13 @@ void ZelLabel::paintEvent(QPaintEvent *)
     if (m_markedParts.isEmpty())
         painter.drawText(area, int(visual) | Qt::TextSingleLine, text, &shown);
     else
-        shown = drawMarked(painter, area, text, visual);
+        shown = ZelMarkedText::paint(&painter, this, area, text, visual, m_markedParts);
     if (m_text.isEmpty())
         shown = QStyle::alignedRect(Qt::LeftToRight, visual, QSize(0, fontMetrics().height()), rect());
     if (m_dotted)
         paintDot(&painter, shown);
     if (hasFocus())
         paintFocus(&painter, shown);
-}
-
-/// Answers the rectangle of the text.
-QRect ZelLabel::drawMarked(QPainter &painter, const QRect &area, const QString &text, Qt::Alignment alignment) const
-{
-    QColor color = palette().color(QPalette::Highlight);
-    color.setAlphaF(g_markOpacity);
-    QList<QTextLayout::FormatRange> formats;
-    for (const Part &part : m_markedParts) {
-        QTextLayout::FormatRange format;
-        format.start = int(part.start);
-        format.length = int(std::min(part.length, text.size() - part.start));
-        format.format.setBackground(color);
-        if (format.length > 0)
-            formats.append(format);
-    }
-    QTextOption option;
-    option.setTextDirection(layoutDirection());
-    option.setWrapMode(QTextOption::NoWrap);
-    QTextLayout layout(text, font());
-    layout.setTextOption(option);
-    layout.setFormats(formats);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(sizeHint().width() + width());
-    const double length = line.naturalTextWidth();
-    line.setLineWidth(length); // a line that runs from right to left begins at the right end of its width
-    layout.endLayout();
-    const QSize size(qCeil(length), qCeil(line.height()));
-    const QRect place = QStyle::alignedRect(Qt::LeftToRight, alignment, size, area);
-    layout.draw(&painter, place.topLeft());
-    return place;
 }
 
 /// The dot is at half the height of small letters.

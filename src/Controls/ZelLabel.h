@@ -70,7 +70,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QRect drawMarked(QPainter &painter, const QRect &area, const QString &text, Qt::Alignment alignment) const;
     void paintDot(QPainter *painter, const QRect &textRect) const;
     void paintFocus(QPainter *painter, const QRect &textRect) const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ExpandableViews/ZelExpandableHeader.h"
 
+#include "Controls/private/ZelMarkedText.h"
 #include "Controls/private/ZelTitleText.h"
 #include "Core/RunLoop/ZelMemberScope.h"
 #include "ExpandableViews/private/ZelExpandableHeaderAccessible.h"
@@ -48,7 +49,14 @@ QString ZelExpandableHeader::title() const
 void ZelExpandableHeader::setTitle(const QString &title)
 {
     setText(ZelTitleText::fromTitle(title));
+    m_markedParts.clear();
     updateGeometry();
+}
+
+void ZelExpandableHeader::setMarkedParts(const QList<ZelLabel::Part> &parts)
+{
+    m_markedParts = parts;
+    update();
 }
 
 void ZelExpandableHeader::setStyle(quint32 style)
@@ -86,7 +94,11 @@ void ZelExpandableHeader::paintEvent(QPaintEvent *)
     // visualAlignment adds AlignAbsolute. Without that flag the painter would mirror the alignment a second time in a
     // mirrored application.
     const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
-    painter.drawText(place, int(alignment), fontMetrics().elidedText(title(), Qt::ElideRight, place.width()));
+    const QString text = fontMetrics().elidedText(title(), Qt::ElideRight, place.width());
+    if (m_markedParts.isEmpty())
+        painter.drawText(place, int(alignment), text);
+    else
+        ZelMarkedText::paint(&painter, this, place, text, alignment, m_markedParts);
 }
 
 void ZelExpandableHeader::drawBackground(QPainter &painter) const

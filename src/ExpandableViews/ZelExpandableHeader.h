@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/ZelLabel.h"
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/ZelExport.h"
 
@@ -19,6 +20,10 @@ public:
     /// Plain text: an ampersand is shown and marks no mnemonic.
     QString title() const;
     void setTitle(const QString &title);
+
+    /// Parts of the title that have a coloured background, as in ZelLabel. They end with setTitle.
+    const QList<ZelLabel::Part> &markedParts() const { return m_markedParts; }
+    void setMarkedParts(const QList<ZelLabel::Part> &parts);
 
     quint32 style() const { return m_style; }
     void setStyle(quint32 style);
@@ -40,6 +45,7 @@ private:
     void drawTriangle(QPainter &painter) const;
     QRect fromLeft(const QRect &rect) const;
 
+    QList<ZelLabel::Part> m_markedParts;
     quint32 m_style = 0;
     bool m_isForAll = false; // the event that is being handled has the Alt key
 };

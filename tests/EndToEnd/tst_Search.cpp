@@ -113,6 +113,51 @@ private Q_SLOTS:
     }
     void cleanup() { m_sheet.reset(); }
 
+    /// Parts of editors are found by their titles and keys, and what was found is marked wherever it is written.
+    void partsAreFoundAndMarked()
+    {
+        Sheet sheet("<panes search='yes'><pane><inspector title='Placement'><slice><section>"
+                    "<sliver><property type='frame' keyPath='people.selection.frame'/></sliver>"
+                    "<sliver><property type='boolean' title='Active' keyPath='people.selection.active'/></sliver>"
+                    "<sliver title='Distance'><property type='number' keyPath='people.selection.note' "
+                    "nonNilValueTitle='Shadow' nonNilValueKeyPath='extra'/></sliver></section></slice></inspector>"
+                    "</pane></panes>");
+        sheet.select({0});
+        auto *bounds = sheet.editor<ZelInspectorBoundsProperty>("frame");
+        const auto *header = sheet.findChild<ZelExpandableView *>()->header();
+        const auto *shadow = sheet.editor<ZelInspectorNumberProperty>("note")->nonNillCheckbox();
+        const auto *active = sheet.editor<ZelInspectorBooleanProperty>("active")->checkbox();
+        const auto find = [&](const QString &text) {
+            sheet.inspector->setSearchText(text);
+            Sheet::settle();
+            return sheet.inspector->searchCount();
+        };
+        QCOMPARE(find("wid"), 1);
+        QCOMPARE(bounds->sizeWidthProperty()->label()->markedParts(), (QList<ZelLabel::Part>{{0, 3}}));
+        QVERIFY(bounds->originXProperty()->label()->markedParts().isEmpty());
+        QCOMPARE(find("frame.x"), 1);
+        QVERIFY(bounds->view()->isVisible());
+        QVERIFY(bounds->sizeWidthProperty()->label()->markedParts().isEmpty());
+        QCOMPARE(find("shad"), 1);
+        QCOMPARE(shadow->markedParts(), (QList<ZelLabel::Part>{{0, 4}}));
+        QCOMPARE(find("place act"), 1);
+        QCOMPARE(header->markedParts(), (QList<ZelLabel::Part>{{0, 5}}));
+        QCOMPARE(active->markedParts(), (QList<ZelLabel::Part>{{0, 3}}));
+        find({});
+        QVERIFY(header->markedParts().isEmpty() && active->markedParts().isEmpty());
+    }
+
+    /// Where nothing is selected, this is the reason, whatever the condition is.
+    void tellsThatNothingIsSelected()
+    {
+        m_sheet->select({});
+        find("opac");
+        QCOMPARE(notes(), u"Opacity – nothing is selected"_qs);
+        QVERIFY(pane(1)->view()->findChild<ZelInspectorNote *>()->isVisible());
+        m_sheet->select({0});
+        QVERIFY(notes().contains("shown when"));
+    }
+
     void rowsAreFoundByWhatTheyAreCalled_data()
     {
         QTest::addColumn<QString>("text");

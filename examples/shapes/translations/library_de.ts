@@ -297,6 +297,10 @@
         <translation>Daraus würde %1.</translation>
     </message>
     <message>
+        <source>%1 – nothing is selected</source>
+        <translation>%1 – es ist nichts ausgewählt</translation>
+    </message>
+    <message>
         <source>This is none of the choices.</source>
         <translation>Das ist nicht unter den Möglichkeiten.</translation>
     </message>

@@ -135,10 +135,12 @@ bool ZelErrorNote::coversControl(const QRect &place) const
 {
     const QList<QWidget *> widgets = window()->findChildren<QWidget *>();
     return std::any_of(widgets.begin(), widgets.end(), [&](const QWidget *widget) {
-        const bool isControl =
-            widget->focusPolicy() != Qt::NoFocus && !qobject_cast<const QAbstractScrollArea *>(widget);
-        return isControl && widget->isVisible() && inWindow(widget).intersects(place) &&
-               !widget->visibleRegion().isEmpty();
+        const bool isControl = widget->focusPolicy() != Qt::NoFocus && !widget->isAncestorOf(m_field) &&
+                               !qobject_cast<const QAbstractScrollArea *>(widget);
+        if (!isControl || !widget->isVisible() || !inWindow(widget).intersects(place))
+            return false;
+        // What is scrolled may be larger than what is seen of it.
+        return widget->visibleRegion().intersects(place.translated(-widget->mapTo(window(), QPoint())));
     });
 }
 

@@ -162,6 +162,14 @@ void ZelInspectorBoundsProperty::replaceComponent(Numbers &numbers, int index, d
     numbers = {replaced.x(), replaced.y(), replaced.width(), replaced.height()};
 }
 
+QStringList ZelInspectorBoundsProperty::searchTexts() const
+{
+    QStringList texts;
+    for (const Row &row : g_rows)
+        texts += {ZelLocalizedString(row.title), keyOfPart(QString::fromLatin1(row.title).toLower())};
+    return texts;
+}
+
 // The view
 
 void ZelInspectorBoundsProperty::loadView()

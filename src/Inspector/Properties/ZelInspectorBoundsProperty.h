@@ -73,6 +73,7 @@ public:
     /// Reads the owner's value at flippedKeyPath.
     void updateFlipped();
 
+    QStringList searchTexts() const override;
     void originSelectionViewDidSelectAnchor(ZelOriginSelectionView *view, ZelRectAnchor anchor) override;
     void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;

@@ -76,6 +76,12 @@ protected:
     /// The model's values may be of any type that consists of as many numbers, and keep their type.
     ZelInspectorCompositeProperty(QObject *owner, const QStringList &keys, QMetaType type);
 
+    const QString &componentKey(int index) const { return m_keys.at(index); }
+    /// The key below the selection, and behind it that of a part.
+    QString keyOfPart(const QString &part) const
+    {
+        return keyPathByStripingControllerSelectionPrefix(keyPath()) + u'.' + part;
+    }
     const QVariant &component(int index) const { return m_components.at(index); }
     void setComponent(int index, const QVariant &value);
     /// Writes the component into every represented object.

@@ -241,6 +241,16 @@ bool ZelInspectorEnumerationProperty::readText(const QString &text, QVariant *mo
     return isRead;
 }
 
+QStringList ZelInspectorEnumerationProperty::searchTexts() const
+{
+    QStringList texts;
+    for (const ZelOptionGroup *group : optionGroups()) {
+        for (const ZelOption *option : group->options())
+            texts.append(option->title);
+    }
+    return texts;
+}
+
 QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelValue) const
 {
     QVariant shown = transformedForward(modelValue);

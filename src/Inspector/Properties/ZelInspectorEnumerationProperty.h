@@ -45,6 +45,8 @@ public:
     QString textOfValue(const QVariant &modelValue) const override;
     /// Takes the title of a choice, in any case, and the value itself.
     bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
+    /// The titles of the options in the description; those that the model tells are not read for it.
+    QStringList searchTexts() const override;
     void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

@@ -86,6 +86,12 @@ QVariant ZelInspectorFontProperty::fontSize() const
     return ZelIsControllerMarker(value) ? value : QVariant();
 }
 
+QStringList ZelInspectorFontProperty::searchTexts() const
+{
+    return {ZelLocalizedString("Font"), ZelLocalizedString("Size"),
+            keyPathByStripingControllerSelectionPrefix(keyPath()) + QStringLiteral(".size")};
+}
+
 QString ZelInspectorFontProperty::refusalOfPart(const QString &keyPath, const QVariant &value) const
 {
     if (keyPath != u"fontSize")

@@ -89,6 +89,7 @@ public:
     /// Family, face and size.
     QString textForValue(const QVariant &value) const override;
 
+    QStringList searchTexts() const override;
     void loadView() override;
     void viewDidInstall() override;
     void viewWillUninstall() override;

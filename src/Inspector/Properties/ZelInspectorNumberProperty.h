@@ -93,6 +93,7 @@ public:
     Q_INVOKABLE void toggleNilValue(QObject *sender);
     QString textOfValue(const QVariant &modelValue) const override;
     bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
+    QStringList searchTexts() const override { return {nonNilValueTitle}; }
     QWidget *viewForBaselineAlignment() override;
     QList<QWidget *> controlsNamedByRow() override;
     bool canTileIntoColumnsWithWidth(double width) override;

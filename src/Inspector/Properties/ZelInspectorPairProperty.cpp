@@ -82,6 +82,14 @@ ZelValueSummary ZelInspectorPairProperty::valueSummaryOfPart(const QString &key)
     return valueSummary().mapped([](const QVariant &value) { return QVariant(!ZelIsNull(value)); });
 }
 
+QStringList ZelInspectorPairProperty::searchTexts() const
+{
+    QStringList texts;
+    for (int i = 0; i < 2; ++i)
+        texts += {titleOfComponent(i).text, keyOfPart(componentKey(i))};
+    return texts;
+}
+
 void ZelInspectorPairProperty::toggleNilValue()
 {
     const bool wantsValue = !ZelIsControllerMarker(m_nonNil) && m_nonNil.toBool();

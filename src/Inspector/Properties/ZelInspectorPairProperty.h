@@ -29,6 +29,7 @@ public:
 
     void configure(const ZelInspectorConfiguration &configuration) override;
     void loadView() override;
+    QStringList searchTexts() const override;
     QWidget *viewForBaselineAlignment() override;
 
 Q_SIGNALS:

@@ -134,6 +134,10 @@ public:
     /// may not do that, as a text for people; null if it was done.
     QString pasteValue(const QVariant &modelValue);
 
+    /// By what else than its title and key users may look for the editor: the titles and keys of its parts, and its
+    /// options. Answered without the view. Empty by default.
+    virtual QStringList searchTexts() const { return {}; }
+
     ZelView *mainView() { return view(); }
 
     // Access to the value

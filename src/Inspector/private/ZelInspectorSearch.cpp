@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/private/ZelInspectorSearch.h"
 
+#include "Controls/ZelCheckBox.h"
 #include "Controls/ZelLabel.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/ZelInspector.h"
 #include "Inspector/ZelInspectorChooser.h"
@@ -43,13 +45,30 @@ ZelInspectorSliver *rowOf(const ZelSearchIndex::Node &node)
     return node.kind == Kind::Row ? static_cast<ZelInspectorSliver *>(node.container.data()) : nullptr;
 }
 
-/// The label with the title of the container, if it shows one.
-ZelLabel *labelOf(const ZelSearchIndex::Node &node)
+/// Calls back with the widget and its title if it is of a kind that shows marks in it.
+template<typename Visit> void visitTitle(QWidget *widget, Visit &&visit)
 {
-    if (node.kind == Kind::Section && node.container)
-        return static_cast<ZelInspectorSection *>(node.container.data())->label();
-    const ZelInspectorSliver *row = rowOf(node);
-    return row ? row->label() : nullptr;
+    if (auto *label = qobject_cast<ZelLabel *>(widget))
+        visit(label, label->text());
+    else if (auto *box = qobject_cast<ZelCheckBox *>(widget))
+        visit(box, box->title());
+    else if (auto *header = qobject_cast<ZelExpandableHeader *>(widget))
+        visit(header, header->title());
+}
+
+/// The widgets with the titles by which the node is found: those of all parts of a row.
+QList<QWidget *> titledOf(const ZelSearchIndex::Node &node)
+{
+    if (!node.container || !node.container->isViewLoaded())
+        return {};
+    if (node.kind == Kind::Section)
+        return {static_cast<ZelInspectorSection *>(node.container.data())->label()};
+    if (node.kind == Kind::Inspector) {
+        const auto *box = qobject_cast<ZelExpandableView *>(node.container->view());
+        return {box ? box->header() : nullptr};
+    }
+    ZelInspectorSliver *row = rowOf(node);
+    return row && row->isViewLoaded() ? row->view()->findChildren<QWidget *>() : QList<QWidget *>();
 }
 
 QString outcomeText(int found, int hidden)
@@ -491,27 +510,35 @@ void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
 
 void ZelInspectorSearch::markParts(const Part &part)
 {
-    std::vector<QPointer<ZelLabel>> labels;
+    std::vector<QPointer<QWidget>> titled;
     for (size_t i = 0; i < m_findings.size(); ++i) {
         const Node &node = m_index->nodes()[i];
-        if (ZelLabel *label = part.has(node, i) && m_findings[i].contains ? labelOf(node) : nullptr)
-            labels.emplace_back(label);
+        if (!part.has(node, i) || !m_findings[i].contains)
+            continue;
+        for (QWidget *widget : titledOf(node))
+            titled.emplace_back(widget);
     }
-    mark(std::move(labels), m_words);
+    mark(std::move(titled), m_words);
 }
 
-/// Marks the words in the labels, and nothing in those that were marked before.
-void ZelInspectorSearch::mark(std::vector<QPointer<ZelLabel>> labels, const QStringList &words)
+/// Marks the words in the titles, and nothing in those that were marked before.
+void ZelInspectorSearch::mark(std::vector<QPointer<QWidget>> titled, const QStringList &words)
 {
-    const std::vector<QPointer<ZelLabel>> former = std::exchange(m_marked, std::move(labels));
-    QSet<const ZelLabel *> present;
-    for (const QPointer<ZelLabel> &label : m_marked) {
-        label->setMarkedParts(ZelFoldedText::partsOf(label->text(), words));
-        present.insert(label);
+    const std::vector<QPointer<QWidget>> former = std::exchange(m_marked, {});
+    QSet<const QWidget *> present;
+    for (const QPointer<QWidget> &widget : titled) {
+        visitTitle(widget, [&](auto *shown, const QString &title) {
+            const QList<ZelLabel::Part> parts = ZelFoldedText::partsOf(title, words);
+            if (parts.isEmpty())
+                return;
+            shown->setMarkedParts(parts);
+            present.insert(shown);
+            m_marked.emplace_back(shown);
+        });
     }
-    for (const QPointer<ZelLabel> &label : former) {
-        if (label && !present.contains(label))
-            label->setMarkedParts({});
+    for (const QPointer<QWidget> &widget : former) {
+        if (widget && !present.contains(widget))
+            visitTitle(widget, [](auto *shown, const QString &) { shown->setMarkedParts({}); });
     }
 }
 

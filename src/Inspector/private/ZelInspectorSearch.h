@@ -11,7 +11,6 @@
 
 class ZelExpandableView;
 class ZelInspectorConditionalContainer;
-class ZelLabel;
 class ZelScrollView;
 class ZelSearchBar;
 class ZelTabbedInspector;
@@ -89,7 +88,7 @@ private:
     static void scrollTo(const ScrollPositions &positions);
 
     void markParts(const Part &part);
-    void mark(std::vector<QPointer<ZelLabel>> labels, const QStringList &words);
+    void mark(std::vector<QPointer<QWidget>> titled, const QStringList &words);
     qsizetype showOutcome();
     void showNotes(const std::vector<QStringList> &notes);
     void setTabCounts(const std::vector<int> &counts);
@@ -105,7 +104,7 @@ private:
     ZelDelayedInvocation m_filterRest{[this] { filterRest(); }};
     QStringList m_words;
     std::vector<Finding> m_findings; // for each node of the index, while there is a search
-    std::vector<QPointer<ZelLabel>> m_marked;
+    std::vector<QPointer<QWidget>> m_marked;
     int m_foundCount = 0;
     bool m_isOn = false;
     bool m_isOutdated = false; // the index

@@ -10,6 +10,8 @@
 #include "Inspector/private/ZelFoldedText.h"
 #include "Resources/ZelLocalizedString.h"
 
+#include <algorithm>
+
 using Property = ZelInspectorProperty;
 
 namespace {
@@ -37,13 +39,34 @@ QString textOf(const ZelInspectorSliver *sliver)
 {
     QString text = sliver->title() + u' ';
     for (const Property *property : sliver->properties())
-        text += titleOf(property) + u' ' + keyOf(property->keyPath()) + u' ';
+        text +=
+            titleOf(property) + u' ' + keyOf(property->keyPath()) + u' ' + property->searchTexts().join(u' ') + u' ';
     return text;
 }
 
 QString titleOf(const ZelInspectorChooserChoice *choice)
 {
     return choice->title().isEmpty() ? choice->text() : choice->title();
+}
+
+/// Whether a row has nothing to show because nothing is selected.
+bool lacksSelection(const ZelInspectorContainer *row)
+{
+    const auto isMissing = [](QObject *owner, const QString &keyPath) {
+        if (!owner || !Property::keyPathHasControllerSelectionPrefix(keyPath))
+            return false;
+        try {
+            return ZelIsMarker(ZelValueForKeyPath(owner, keyPath), ZelNoSelectionMarker);
+        } catch (const std::exception &) {
+            return false; // of which the editor tells when it is shown
+        }
+    };
+    if (const auto *chooser = qobject_cast<const ZelInspectorChooser *>(row))
+        return isMissing(chooser->owner(), chooser->keyPath());
+    const auto *sliver = qobject_cast<const ZelInspectorSliver *>(row);
+    const QList<Property *> properties = sliver ? sliver->properties() : QList<Property *>();
+    return std::any_of(properties.begin(), properties.end(),
+                       [&](const Property *property) { return isMissing(property->owner(), property->keyPath()); });
 }
 
 } // namespace
@@ -191,6 +214,8 @@ QString ZelSearchIndex::reasonFor(const Node &row, const Node &hiddenBy) const
     if (!row.container)
         return {};
     const QString name = nameOf(row.container);
+    if (lacksSelection(row.container))
+        return ZelLocalizedString("%1 – nothing is selected").arg(name);
     const ZelInspectorConditionalContainer *conditional = hiddenBy.conditional();
     if (hiddenBy.kind == Kind::Choice && hiddenBy.container) {
         const ZelInspectorContainer *chooser = m_nodes[size_t(hiddenBy.parent)].container;
