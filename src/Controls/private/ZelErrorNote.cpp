@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QSplitterHandle>
 #include <QStyle>
 #include <QToolTip>
 #include <algorithm>
@@ -135,8 +136,10 @@ bool ZelErrorNote::coversControl(const QRect &place) const
 {
     const QList<QWidget *> widgets = window()->findChildren<QWidget *>();
     return std::any_of(widgets.begin(), widgets.end(), [&](const QWidget *widget) {
+        // The handles of a split view overlap the edges of what they divide.
         const bool isControl = widget->focusPolicy() != Qt::NoFocus && !widget->isAncestorOf(m_field) &&
-                               !qobject_cast<const QAbstractScrollArea *>(widget);
+                               !qobject_cast<const QAbstractScrollArea *>(widget) &&
+                               !qobject_cast<const QSplitterHandle *>(widget);
         if (!isControl || !widget->isVisible() || !inWindow(widget).intersects(place))
             return false;
         // What is scrolled may be larger than what is seen of it.
