@@ -7,27 +7,29 @@
 
 #include <QtWidgets>
 
-void addToTree(QTreeWidget *tree, QTreeWidgetItem *parent, QObject *object)
+void addToTree(QTreeWidgetItem *parent, QObject *object)
 {
     auto *item = new QTreeWidgetItem(parent, {object->metaObject()->className(), object->objectName()});
     item->setData(0, Qt::UserRole, QVariant::fromValue(object));
     for (QObject *child : object->children())
-        addToTree(tree, item, child);
+        addToTree(item, child);
 }
 
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QCalendarWidget inspected; // any part of an application
     ZelObjectController selection;
     ZelAutomaticPane inspector(&selection);
 
-    QSplitter window;
+    QSplitter window; // an application's: what is to be inspected, and the tree
+    auto *calendar = new QCalendarWidget(&window);
     auto *tree = new QTreeWidget(&window);
     tree->setHeaderLabels({"Class", "Name"});
     tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    addToTree(tree, tree->invisibleRootItem(), &inspected);
-    tree->expandAll();
+    addToTree(tree->invisibleRootItem(), calendar);
+    tree->expandToDepth(0);
+    tree->resizeColumnToContents(0);
+
     window.addWidget(inspector.view());
     QObject::connect(tree, &QTreeWidget::itemSelectionChanged, &selection, [&] {
         QList<QObject *> objects;
@@ -35,10 +37,9 @@ int main(int argc, char *argv[])
             objects.append(item->data(0, Qt::UserRole).value<QObject *>());
         selection.setSelectedObjects(objects);
     });
-
     ZelWindow::attach(&window);
-    window.resize(900, 700);
+    window.resize(1100, 600);
+    window.setSizes({350, 350, 400});
     window.show();
-    inspected.show();
     return application.exec();
 }
