@@ -58,7 +58,7 @@ ZelValueTransformerPtr make(const QString &text, QString &error)
     if (!error.isNull())
         return {};
     const QString argument = text.sliced(parenthesis + 1).trimmed().chopped(1).trimmed();
-    const ZelValueTransformerPtr made = factory->make(argument, &error);
+    ZelValueTransformerPtr made = factory->make(argument, &error);
     if (!made)
         error = QStringLiteral("%1: %2, as in %3").arg(text, error, factory->example);
     return made;
@@ -85,10 +85,10 @@ QStringList ZelTransformerFactory::names()
 
 ZelValueTransformerPtr ZelTransformerFactory::transformer(const QString &text, QString *error)
 {
-    if (const auto registered = ZelAbstractValueTransformer::registeredTransformerForName(text))
+    if (auto registered = ZelAbstractValueTransformer::registeredTransformerForName(text))
         return registered;
     QString reason;
-    const ZelValueTransformerPtr made = make(text, reason);
+    ZelValueTransformerPtr made = make(text, reason);
     if (error)
         *error = reason;
     return made;
