@@ -26,7 +26,7 @@ bool has(const QJsonObject &object, const char *name)
 QStringList argumentTypesOf(const QJsonObject &method)
 {
     QStringList types;
-    for (const QJsonValue &argument : method[QLatin1String("arguments")].toArray())
+    for (const auto &argument : method[QLatin1String("arguments")].toArray())
         types.append(argument[QLatin1String("type")].toString().remove(u' '));
     return types;
 }
@@ -36,7 +36,7 @@ void readMethods(Table::Class &type, const QJsonObject &object)
     const std::pair<const char *, Table::Method::Kind> lists[] = {
         {"slots", Table::Method::Callable}, {"methods", Table::Method::Callable}, {"signals", Table::Method::Signal}};
     for (const auto &[list, kind] : lists) {
-        for (const QJsonValue &value : object[QLatin1String(list)].toArray()) {
+        for (const auto &value : object[QLatin1String(list)].toArray()) {
             const QJsonObject method = value.toObject();
             type.methods.append({method[QLatin1String("name")].toString(), kind,
                                  method[QLatin1String("access")].toString() == u"public", argumentTypesOf(method)});
@@ -46,9 +46,9 @@ void readMethods(Table::Class &type, const QJsonObject &object)
 
 void readClass(Table::Class &type, const QJsonObject &object)
 {
-    for (const QJsonValue &base : object[QLatin1String("superClasses")].toArray())
+    for (const auto &base : object[QLatin1String("superClasses")].toArray())
         type.superClasses.append(base[QLatin1String("name")].toString());
-    for (const QJsonValue &value : object[QLatin1String("properties")].toArray()) {
+    for (const auto &value : object[QLatin1String("properties")].toArray()) {
         const QJsonObject property = value.toObject();
         const bool isConstant = property[QLatin1String("constant")].toBool();
         type.properties.insert(
@@ -57,9 +57,9 @@ void readClass(Table::Class &type, const QJsonObject &object)
              has(property, "write") || ((has(property, "member") || has(property, "bindable")) && !isConstant),
              isConstant || has(property, "notify") || has(property, "bindable")});
     }
-    for (const QJsonValue &value : object[QLatin1String("enums")].toArray()) {
+    for (const auto &value : object[QLatin1String("enums")].toArray()) {
         QStringList keys;
-        for (const QJsonValue &key : value[QLatin1String("values")].toArray())
+        for (const auto &key : value[QLatin1String("values")].toArray())
             keys.append(key.toString());
         for (const char *name : {"name", "alias"}) {
             if (has(value.toObject(), name))
@@ -109,9 +109,9 @@ QString Table::read(const QString &file)
         return error.errorString();
     const QJsonArray sources = document.isArray() ? document.array() : QJsonArray{document.object()};
     bool hasClasses = false;
-    for (const QJsonValue &source : sources) {
+    for (const auto &source : sources) {
         hasClasses = hasClasses || source[QLatin1String("classes")].isArray();
-        for (const QJsonValue &value : source[QLatin1String("classes")].toArray())
+        for (const auto &value : source[QLatin1String("classes")].toArray())
             readClass(insert(value[QLatin1String("qualifiedClassName")].toString()), value.toObject());
     }
     return hasClasses || sources.isEmpty() ? QString() : QStringLiteral("The file is none that moc writes.");
