@@ -160,7 +160,7 @@ private Q_SLOTS:
             {byte, "1/0", "The result is not a number."},
             {window.field, "1/(x-20)", "The result is not a number. This concerns 1 of 3 objects."},
             {window.part("size", 0), "sqrt(10-x)", "The result is not a number. This concerns 2 of 3 objects."},
-            {window.field, "2*(3", "A parenthesis is not closed"},
+            {window.field, "2*(3", "A parenthesis is not closed (character 3)."},
             {window.field, "two", "This is not a number."},
         };
         for (const auto &[field, text, reason] : rows) {

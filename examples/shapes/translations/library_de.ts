@@ -5,8 +5,8 @@
 <context>
     <name>Application</name>
     <message>
-        <source>%1 (character %2)</source>
-        <translation>%1 (Zeichen %2)</translation>
+        <source>%1 (character %2).</source>
+        <translation>%1 (Zeichen %2).</translation>
     </message>
     <message>
         <source>%1 This concerns %2 of %3 objects.</source>

@@ -9,6 +9,7 @@
 #include <limits>
 #include <muParser.h>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -33,11 +34,34 @@ struct Source
 
 QString atPlace(const QString &message, qsizetype place)
 {
-    return ZelLocalizedString("%1 (character %2)").arg(message).arg(place + 1);
+    return ZelLocalizedString("%1 (character %2).").arg(message).arg(place + 1);
 }
 
-/// Translates a text into what muParser reads: decimal points, no separators of groups, and units as factors. What is
-/// right otherwise is left for muParser to judge.
+bool isOneOf(QChar c, const char *characters)
+{
+    return !c.isNull() && QLatin1String(characters).contains(c);
+}
+
+/// What stands between two parentheses, or in the whole text.
+struct Level
+{
+    qsizetype place = 0;     ///< of the opening parenthesis
+    QString function;        ///< null if there is none
+    QChar lastOperator;      ///< before the last value
+    int unitsInProduct = 0;  ///< of the product that is being read
+    int unitsInProducts = 0; ///< the most of the products before it
+    bool isOfAngles = false; ///< whether this is an argument of a function of angles
+
+    int units() const { return std::max(unitsInProduct, unitsInProducts); }
+    void beginProduct()
+    {
+        unitsInProducts = units();
+        unitsInProduct = 0;
+    }
+};
+
+/// Translates a text into what muParser reads: decimal points, no separators of groups, and units as factors. What
+/// muParser would make a guess at is refused: values without an operator in between, and products of units.
 class Scanner
 {
 public:
@@ -58,12 +82,19 @@ public:
         takeRelativeOperator();
         while (m_error.isEmpty() && m_place < m_text.size())
             takeNext();
+        if (m_error.isEmpty() && m_last == Last::None)
+            fail(ZelLocalizedString("The calculation is not complete"));
+        if (m_error.isEmpty() && m_levels.size() > 1)
+            m_error = atPlace(ZelLocalizedString("A parenthesis is not closed"), m_levels.last().place);
         closeRelativeOperator();
         *error = m_error;
         return m_error.isEmpty();
     }
 
 private:
+    /// What stands before the place.
+    enum class Last { None, Number, Name, Unit, Parenthesis };
+
     QChar at(qsizetype place) const { return place < m_text.size() ? m_text.at(place) : QChar(); }
     bool isDigit(qsizetype place) const { return digit(place) >= 0; }
     int digit(qsizetype place) const
@@ -84,14 +115,14 @@ private:
         while (at(m_place).isSpace())
             ++m_place;
         m_operator = operatorFor(at(m_place));
-        if (!QStringLiteral("+-*/").contains(m_operator) || m_operator.isNull() || at(m_place + 1) != QLatin1Char('='))
+        if (!isOneOf(m_operator, "+-*/") || at(m_place + 1) != QLatin1Char('='))
             return m_operator = {}, void();
         m_source->isRelative = true;
         qsizetype end = m_text.size();
         while (end > 0 && at(end - 1).isSpace())
             --end;
         // A part of a field's own parts is as many of them more, as it is of any other unit.
-        m_isPartOfOwn = at(end - 1) == QLatin1Char('%') && QStringLiteral("+-").contains(m_operator);
+        m_isPartOfOwn = at(end - 1) == QLatin1Char('%') && isOneOf(m_operator, "+-");
         if (m_isPartOfOwn)
             m_text.truncate(end - 1);
         append(QStringLiteral("x%1(").arg(m_operator));
@@ -123,8 +154,9 @@ private:
 
     void takeNumber()
     {
-        if (m_isAfterValue)
-            return fail(ZelLocalizedString("An operator is missing between two numbers"));
+        if (m_last != Last::None)
+            return fail(m_last == Last::Number ? ZelLocalizedString("An operator is missing between two numbers")
+                                               : ZelLocalizedString("An operator is missing"));
         bool hasPoint = false;
         const qsizetype begin = m_place;
         QString number;
@@ -143,7 +175,7 @@ private:
         }
         takeExponent(&number);
         m_source->append(number, begin);
-        m_isAfterValue = true;
+        m_last = Last::Number;
     }
 
     void takeExponent(QString *number)
@@ -162,7 +194,7 @@ private:
     /// Whether a separator of groups stands here. In the parentheses of a function a comma separates arguments.
     bool isGroupAt(qsizetype place) const
     {
-        const bool isArgument = !m_isFunctionOpen.isEmpty() && m_isFunctionOpen.last();
+        const bool isArgument = !m_levels.last().function.isNull();
         if (!has(m_separator, place) || (isArgument && m_separator == QLatin1String(",")))
             return false;
         const qsizetype next = place + m_separator.size();
@@ -176,35 +208,76 @@ private:
             name += at(place);
         const bool isVariable = QStringList{"x", "i", "n"}.contains(name);
         const bool isConstant = name == QLatin1String("pi");
-        if (m_isAfterValue && !isVariable && !isConstant)
-            return takeUnit(name);
         static const QStringList functions = {"sqrt",  "abs",  "min", "max", "round",
                                               "floor", "ceil", "sin", "cos", "tan"};
-        if (!isVariable && !isConstant && !functions.contains(name))
-            return fail(ZelLocalizedString("“%1” is not known").arg(name));
-        if (m_isAfterValue)
-            append(QStringLiteral("*"));
+        const bool isFunction = functions.contains(name) && at(afterBlanks(m_place + name.size())) == QLatin1Char('(');
+        if (!isVariable && !isConstant && !isFunction)
+            return m_last != Last::None ? takeUnit(name) : fail(ZelLocalizedString("“%1” is not known").arg(name));
+        if (m_last == Last::Number && !isFunction)
+            append(QStringLiteral("*")); // as in 2x
+        else if (m_last != Last::None)
+            return fail(ZelLocalizedString("An operator is missing"));
         append(name);
         m_place += name.size();
         m_source->isRelative = m_source->isRelative || isVariable;
         m_source->usesPlace = m_source->usesPlace || (isVariable && name != QLatin1String("x"));
-        m_isAfterValue = isVariable || isConstant;
-        m_isAfterFunction = !m_isAfterValue;
+        m_last = isFunction ? Last::None : Last::Name;
+        m_function = isFunction ? name : QString();
+    }
+
+    qsizetype afterBlanks(qsizetype place) const
+    {
+        while (at(place).isSpace())
+            ++place;
+        return place;
     }
 
     void takeUnit(const QString &symbol)
     {
-        const std::optional<double> factor = m_isAfterValue ? factorOf(symbol) : std::nullopt;
+        if (m_last == Last::None)
+            return fail(ZelLocalizedString("“%1” is not known").arg(symbol));
+        if (m_last == Last::Unit)
+            return fail(ZelLocalizedString("“%1” is not expected").arg(symbol));
+        if (symbol == QLatin1String("%") && symbol != m_unit)
+            return takePart();
+        const std::optional<double> factor = factorOf(symbol);
         if (!factor)
-            return fail(ZelUnits::kindOf(symbol).isNull() || !m_isAfterValue
+            return fail(ZelUnits::kindOf(symbol).isNull()
                             ? ZelLocalizedString("“%1” is not known").arg(symbol)
                             : ZelLocalizedString("“%1” cannot be converted here").arg(symbol));
-        if (*factor != 1) {
-            const QString name = QStringLiteral("unit%1").arg(m_source->factors.size());
-            m_source->factors.insert(name, *factor);
-            append(QLatin1Char('*') + name);
-        }
+        // Half an inch is 1/2 in, but 10 in/2 in are 5.
+        Level &level = m_levels.last();
+        const bool divides = level.lastOperator == QLatin1Char('/') && level.unitsInProduct > 0;
+        level.unitsInProduct += divides ? -1 : 1;
+        if (level.unitsInProduct > 1)
+            return failForUnits();
+        if (*factor != 1)
+            appendFactor(*factor, divides);
         m_place += symbol.size();
+        m_last = Last::Unit;
+    }
+
+    /// What is multiplied or divided, and what has no unit, is counted in hundredths; any other part is one of the own
+    /// value.
+    void takePart()
+    {
+        const QChar next = operatorFor(at(afterBlanks(m_place + 1)));
+        const QChar last = m_levels.last().lastOperator;
+        if (m_unit.isEmpty() || isOneOf(m_operator, "*/") || isOneOf(last, "*/^") || isOneOf(next, "*/^")) {
+            appendFactor(0.01, last == QLatin1Char('/'));
+        } else {
+            append(QStringLiteral("*x/100"));
+            m_source->isRelative = true;
+        }
+        ++m_place;
+        m_last = Last::Unit;
+    }
+
+    void appendFactor(double factor, bool divides)
+    {
+        const QString name = QStringLiteral("unit%1").arg(m_source->factors.size());
+        m_source->factors.insert(name, factor);
+        append(QLatin1Char(divides ? '/' : '*') + name);
     }
 
     std::optional<double> factorOf(const QString &symbol) const
@@ -213,9 +286,8 @@ private:
             return 1;
         if (const std::optional<double> factor = ZelUnits::ratio(symbol, m_unit))
             return factor;
-        if (symbol == QLatin1String("%"))
-            return 0.01;
-        return m_unitKind == QLatin1String("angle") ? std::nullopt : ZelUnits::ratio(symbol, QStringLiteral("rad"));
+        const bool isAngle = m_levels.last().isOfAngles && m_unitKind != QLatin1String("angle");
+        return isAngle ? ZelUnits::ratio(symbol, QStringLiteral("rad")) : std::nullopt;
     }
 
     static QChar operatorFor(QChar c)
@@ -237,22 +309,56 @@ private:
 
     void takeOperator(QChar c)
     {
+        Level &level = m_levels.last();
         // muParser would take the last one of several calculations.
-        if (c == QLatin1Char(g_argumentSeparator) && (m_isFunctionOpen.isEmpty() || !m_isFunctionOpen.last()))
+        const bool isSeparator = c == QLatin1Char(g_argumentSeparator);
+        const bool isClosing = c == QLatin1Char(')');
+        if ((isSeparator && level.function.isNull()) || (isClosing && m_levels.size() == 1))
             return fail(ZelLocalizedString("“%1” is not expected").arg(at(m_place)));
-        if (c == QLatin1Char('(')) {
-            if (m_isAfterValue)
-                append(QStringLiteral("*"));
-            m_isFunctionOpen.append(m_isAfterFunction);
-        } else if (c == QLatin1Char(')') && !m_isFunctionOpen.isEmpty()) {
-            m_isFunctionOpen.removeLast();
-        }
+        if (c == QLatin1Char('('))
+            return openParenthesis();
+        if (isClosing)
+            return closeParenthesis();
+        if (c == QLatin1Char('^') && level.unitsInProduct > 0)
+            return failForUnits();
+        const bool isSum = isOneOf(c, "+-") && m_last != Last::None;
+        if (isSeparator || isSum)
+            level.beginProduct();
+        if (isSeparator || isSum || isOneOf(c, "*/^"))
+            level.lastOperator = c;
         append(c);
         ++m_place;
-        m_isAfterValue = c == QLatin1Char(')');
-        m_isAfterFunction = false;
+        m_last = Last::None;
     }
 
+    void openParenthesis()
+    {
+        if (m_last != Last::None)
+            return fail(ZelLocalizedString("An operator is missing"));
+        Level level;
+        level.place = m_place;
+        level.function = std::exchange(m_function, {});
+        static const QStringList functionsOfAngles = {"sin", "cos", "tan"};
+        level.isOfAngles = m_levels.last().isOfAngles || functionsOfAngles.contains(level.function);
+        m_levels.append(level);
+        append(QStringLiteral("("));
+        ++m_place;
+    }
+
+    void closeParenthesis()
+    {
+        const Level inner = m_levels.takeLast();
+        Level &level = m_levels.last();
+        const int units = inner.isOfAngles ? 0 : inner.units();
+        level.unitsInProduct += level.lastOperator == QLatin1Char('/') ? -units : units;
+        if (level.unitsInProduct > 1)
+            return failForUnits();
+        append(QStringLiteral(")"));
+        ++m_place;
+        m_last = Last::Parenthesis;
+    }
+
+    void failForUnits() { fail(ZelLocalizedString("Only one factor of a product can have a unit")); }
     void fail(const QString &message) { m_error = atPlace(message, m_place); }
 
     QString m_text;
@@ -263,25 +369,16 @@ private:
     QChar m_zero;
     Source *m_source = nullptr;
     qsizetype m_place = 0;
-    QList<bool> m_isFunctionOpen; ///< by open parenthesis: whether it has the arguments of a function
-    bool m_isAfterFunction = false;
-    bool m_isAfterValue = false; ///< whether a unit or an operator may come next
-    QChar m_operator;            ///< of a relative entry
+    QList<Level> m_levels{Level()}; ///< the whole text, and each open parenthesis
+    QString m_function;             ///< that was just read
+    Last m_last = Last::None;
+    QChar m_operator; ///< of a relative entry
     bool m_isPartOfOwn = false;
     QString m_error;
 };
 
 QString message(const mu::ParserError &error, const Source &source)
 {
-    switch (error.GetCode()) {
-    case mu::ecEMPTY_EXPRESSION:
-    case mu::ecUNEXPECTED_EOF:
-        return ZelLocalizedString("The calculation is not complete");
-    case mu::ecMISSING_PARENS:
-        return ZelLocalizedString("A parenthesis is not closed");
-    default:
-        break;
-    }
     const qsizetype place = source.places.value(error.GetPos(), source.places.isEmpty() ? 0 : source.places.last());
     switch (error.GetCode()) {
     case mu::ecTOO_MANY_PARAMS:

@@ -17,8 +17,11 @@
 /// semicolons, and by commas where the decimal sign is none.
 ///
 /// A number, a closing parenthesis or a name may be followed by a unit of the kind of the field's own unit, and is
-/// converted. In a field whose unit is no angle, angles are converted to radians, and a value followed by `%` is a
-/// hundredth of it. The functions of angles take what the field's numbers are: its angles, otherwise radians.
+/// converted; a unit of another kind is refused, and so is a product of values with units. The functions of angles take
+/// what the field's numbers are: its angles, otherwise radians, or angles with a unit. In a field whose unit is another
+/// one than `%`, a value followed by `%` is that part of the own value, as in `50%`. Where it is a factor, as in
+/// `200*50%`, and where the field has no unit, it is a number of hundredths. Only between a number and a name may the
+/// sign of multiplication be left out, as in `2x`.
 class ZEL_EXPORT ZelNumberExpression
 {
 public:

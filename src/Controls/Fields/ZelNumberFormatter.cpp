@@ -169,7 +169,7 @@ QVariant parsed(const QString &text, const QLocale &locale)
 /// Whether a text is meant as a calculation, so that it is worth saying what is wrong with it.
 bool looksLikeExpression(const QString &text)
 {
-    static const QRegularExpression marks(QStringLiteral("\\d|\\(|\\b(x|i|n|pi)\\b"),
+    static const QRegularExpression marks(QStringLiteral("\\d|\\(|\\b(x|i|n|pi)\\b|^\\s*[-−+*×·/÷]="),
                                           QRegularExpression::UseUnicodePropertiesOption);
     return marks.match(text).hasMatch();
 }

@@ -8,7 +8,7 @@
 
 /// The units of measurement that number fields convert into each other, in kinds such as lengths or times.
 ///
-/// Known from the start are lengths (pt, px, mm, cm, m, in, ft; 72 pt and 96 px are an inch), angles (°, deg, rad,
+/// Known from the start are lengths (pt, px, mm, cm, m, in or ", ft; 72 pt and 96 px are an inch), angles (°, deg, rad,
 /// turn), times (ms, s, min, h) and parts of a whole (%). Only to be used on the main thread.
 class ZEL_EXPORT ZelUnits
 {
