@@ -157,6 +157,15 @@ private Q_SLOTS:
         QCOMPARE(sheet.stack.count(), 0);
         sheet.edit("name", "up");
         QCOMPARE(model.at(0, 0), QVariant("up"));
+        sheet.edit("itemCount", "2.6"); // the model holds an int, and may not get anything else
+        QCOMPARE(model.at(0, 1), QVariant(3));
+        QCOMPARE(model.at(0, 1).typeId(), int(QMetaType::Int));
+        sheet.selection->setKey("itemCount", 1, Qt::EditRole, QMetaType::fromType<int>());
+        sheet.begin("itemCount", "4.6");
+        Sheet::press(Qt::Key_Return); // not taken, since the type is known
+        QCOMPARE(sheet.shown("itemCount"), QString("4.6"));
+        Sheet::press(Qt::Key_Escape);
+        QCOMPARE(model.at(0, 1), QVariant(3));
     }
 
     /// Cells that are not editable cannot be edited, as soon as the model says so; nor can any if one of the rows or a

@@ -60,7 +60,8 @@ public:
     void setSelectionModel(QItemSelectionModel *selectionModel);
 
     /// Names a key of the rows: the values of a column of the model behind all proxies. Of Qt::CheckStateRole they are
-    /// booleans. A type is what every value is converted to; without one, an absent value takes any type.
+    /// booleans. A type is that of all values: editors refuse, while one types, what it does not hold. Without one, a
+    /// value is converted to the type of the present one, and an absent value takes any.
     void setKey(const QString &key, int column, int role = Qt::EditRole, QMetaType type = {});
 
     /// The row of a selected object in the view's model; invalid if it is not there.
