@@ -141,7 +141,7 @@ void ZelItemSelection::retakeLater()
 bool ZelItemSelection::handleEvent(QEvent *event)
 {
     if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_retaking.timerId())
-        return QObject::event(event);
+        return ZelGuarded<QObject>::handleEvent(event);
     m_retaking.stop();
     takeSelection();
     return true;

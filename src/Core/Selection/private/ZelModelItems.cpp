@@ -126,7 +126,7 @@ void ZelModelItems::tidyLater()
 bool ZelModelItems::handleEvent(QEvent *event)
 {
     if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_tidying.timerId())
-        return QObject::event(event);
+        return ZelGuarded<QObject>::handleEvent(event);
     m_tidying.stop();
     if (std::exchange(m_hasGone, false)) {
         m_items.removeIf([this](const auto &entry) {
