@@ -5,6 +5,7 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelInspectorContainer.h"
 #include "Inspector/ZelInspectorSection.h"
+#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelLiveInspector.h"
 #include "Models.h"
 #include "Resources/ZelBundle.h"
@@ -13,6 +14,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QListWidget>
+#include <QMetaEnum>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -187,13 +189,16 @@ private Q_SLOTS:
         options.model.data = QJsonObject{
             {"lamps", QJsonArray{QJsonObject{{"label", "Ada"}, {"tint", "#ff0000"}, {"watts", 40}}, QJsonObject{}}}};
         show(inSliver(selected("string", "label") + selected("number", "watts") + selected("color", "tint") +
-                      selected("number", "serial") + selected("number", "kind") + selected("string", "nobody")),
+                      selected("number", "serial") + selected("enumeration", "kind", "defaultValue='Desk'") +
+                      selected("string", "nobody")),
              options);
         QCOMPARE(objects()->count(), 2);
         select("One");
         QCOMPARE(value("label"), "Ada");
         QCOMPARE(value("watts"), "40");
         QCOMPARE(editor("tint")->modelValue(), QVariant(QColor(Qt::red)));
+        const QVariant kind = editor("kind")->modelValue();
+        QCOMPARE(QMetaEnum(kind.metaType().metaObject()->enumerator(0)).valueToKey(kind.toInt()), "Desk");
         QVERIFY(editor("label")->isWritable() && !editor("serial")->isWritable());
         QTRY_VERIFY(m_window->complaints().join(u'\n').contains("nobody"));
         ZelTextField *watts = field("watts");

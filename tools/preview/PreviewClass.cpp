@@ -19,6 +19,8 @@ enum Flags : uint {
 constexpr uint g_revision = 10;
 constexpr uint g_headerSize = 14;
 constexpr uint g_methodSize = 6;
+constexpr uint g_propertySize = 5;
+constexpr uint g_enumerationSize = 5;
 
 /// The strings of a meta-object: their offsets from the beginning of the table and their lengths, and then themselves.
 class Strings
@@ -61,8 +63,9 @@ struct PreviewClass::Made
     QMetaObject metaObject{};
 };
 
-PreviewClass::PreviewClass(const QByteArray &name)
+PreviewClass::PreviewClass(const QByteArray &name, const Enumeration &enumeration)
     : m_name(name)
+    , m_enumeration(enumeration)
 {
 }
 
@@ -113,8 +116,11 @@ std::unique_ptr<PreviewClass::Made> PreviewClass::make() const
     const auto properties = uint(m_properties.size());
     const uint parameters = g_headerSize + methods * g_methodSize;
     const uint propertyData = parameters + methods;
+    const uint enumerationData = propertyData + properties * g_propertySize;
+    const uint enumerations = m_enumeration.name.isEmpty() ? 0 : 1;
     std::vector<uint> &data = made->data;
-    data = {g_revision, className, 0, 0, methods, g_headerSize, properties, propertyData, 0, 0, 0, 0, 0, 1};
+    data = {g_revision,      className, 0, 0, methods, g_headerSize, properties, propertyData, enumerations,
+            enumerationData, 0,         0, 0, 1};
     for (uint i = 0; i < methods; ++i) {
         const QByteArray name = i == 0 ? QByteArray("changed") : m_slots.at(qsizetype(i) - 1);
         data.insert(data.end(), {strings.index(name), 0, parameters + i, noTag, i == 0 ? PublicSignal : PublicSlot,
@@ -127,6 +133,12 @@ std::unique_ptr<PreviewClass::Made> PreviewClass::make() const
         const uint flags = Readable | Designable | Scriptable | Stored | (property.isWritable ? Writable : 0U);
         data.insert(data.end(), {strings.index(property.name), type, flags, 0, 0});
         made->types.push_back(property.type.iface());
+    }
+    if (enumerations > 0) {
+        const uint name = strings.index(m_enumeration.name);
+        data.insert(data.end(), {name, name, 0, uint(m_enumeration.keys.size()), enumerationData + g_enumerationSize});
+        for (uint value = 0; value < uint(m_enumeration.keys.size()); ++value)
+            data.insert(data.end(), {strings.index(m_enumeration.keys.at(value).toUtf8()), value});
     }
     data.push_back(0);
     made->types.push_back(nullptr); // of the class itself

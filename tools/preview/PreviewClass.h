@@ -4,6 +4,7 @@
 #include <QByteArrayList>
 #include <QMetaObject>
 #include <QMetaType>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -22,7 +23,14 @@ public:
     };
     using SlotCalled = std::function<void(const QByteArray &slot)>;
 
-    explicit PreviewClass(const QByteArray &name);
+    /// An enumeration of the class: its name and keys, whose values count up from 0.
+    struct Enumeration
+    {
+        QByteArray name;
+        QStringList keys;
+    };
+
+    explicit PreviewClass(const QByteArray &name, const Enumeration &enumeration = {});
     ~PreviewClass();
     Q_DISABLE_COPY_MOVE(PreviewClass)
 
@@ -42,6 +50,7 @@ private:
     std::unique_ptr<Made> make() const;
 
     QByteArray m_name;
+    Enumeration m_enumeration; // none without a name
     std::vector<Property> m_properties;
     QByteArrayList m_slots;
     SlotCalled m_slotCalled;

@@ -2,6 +2,7 @@
 #include "PreviewModel.h"
 
 #include "Core/Selection/ZelArrayController.h"
+#include "PreviewEnumeration.h"
 #include "PreviewValues.h"
 
 #include <QJsonArray>
@@ -38,7 +39,7 @@ struct PreviewModel::Node
     }
 
     PreviewClass type;
-    const PreviewTypes::Class *known = nullptr; // null without types
+    Classes known; // none without types
     QList<PreviewObject *> objects;
     QJsonArray data; // of each object
     std::map<QString, std::unique_ptr<Node>> children;
@@ -73,10 +74,10 @@ void PreviewModel::grow(const PreviewNeeds &needs)
 {
     m_needs = needs;
     if (!m_owner) {
-        const PreviewTypes::Class *known = m_settings.types.classNamed(m_settings.owner);
-        if (!known)
-            known = m_settings.types.classWith(keysBelow({}));
-        m_owner = std::make_unique<Node>(known ? known->name.toUtf8() : QByteArray("Owner"));
+        Classes known = classesNamed({m_settings.owner});
+        if (known.isEmpty())
+            known = classWith(keysBelow({}));
+        m_owner = std::make_unique<Node>(known.isEmpty() ? QByteArray("Owner") : known.first()->name.toUtf8());
         m_owner->known = known;
         m_owner->data = {m_settings.data};
         makeObjects(*m_owner, 1, m_owner->parent.get());
@@ -122,31 +123,85 @@ void PreviewModel::add(Node &node, const QStringList &keys, const QString &path,
         add(*child, keys.mid(2), joined(path, key) + QStringLiteral(".selection"), needed);
 }
 
-const PreviewTypes::Class *PreviewModel::classFor(const Node &node, const QString &key, const QString &path,
-                                                  bool isSelection) const
+PreviewModel::Classes PreviewModel::classesNamed(const QStringList &names) const
 {
-    const PreviewTypes &types = m_settings.types;
-    if (isSelection) {
-        const PreviewTypes::Class *known = types.classNamed(m_settings.selections.value(path).value(0));
-        return known ? known : types.classWith(keysBelow(path + QStringLiteral(".selection")));
+    Classes found;
+    for (const QString &name : names) {
+        if (const ZelTypeTable::Class *named = m_settings.types.classNamed(name))
+            found.append(named);
     }
-    QString type = node.known ? node.known->properties.value(key).type : QString();
-    const PreviewTypes::Class *known = types.classNamed(type.remove(u'*').remove(QStringLiteral("const")).trimmed());
-    return known ? known : types.classWith(keysBelow(path)); // QObject * says nothing of the class
+    return found;
+}
+
+/// The class that has most of the keys; none if no class has any.
+PreviewModel::Classes PreviewModel::classWith(const QStringList &keys) const
+{
+    const ZelTypeTable &types = m_settings.types;
+    Classes best;
+    qsizetype most = 0;
+    QStringList names = types.classNames();
+    names.sort();
+    for (const QString &name : std::as_const(names)) {
+        const ZelTypeTable::Class *named = types.classNamed(name);
+        const auto has = [&](const QString &key) { return types.property(*named, key).property != nullptr; };
+        const qsizetype count = std::count_if(keys.begin(), keys.end(), has);
+        if (count > most) {
+            best = {named};
+            most = count;
+        }
+    }
+    return best;
+}
+
+ZelTypeTable::Found PreviewModel::property(const Node &node, const QString &key) const
+{
+    for (const ZelTypeTable::Class *known : node.known) {
+        if (const ZelTypeTable::Found found = m_settings.types.property(*known, key); found.property)
+            return found;
+    }
+    return {};
+}
+
+/// Of a type that only the application has, anything can be stored.
+QMetaType PreviewModel::typeOf(const ZelTypeTable::Found &property) const
+{
+    const QString &name = property.property->type;
+    if (const QStringList *keys = m_settings.types.enumeration(*property.owner, name)) {
+        const qsizetype colons = name.lastIndexOf(QStringLiteral("::"));
+        const QString scope = colons < 0 ? property.owner->name : name.left(colons);
+        return PreviewEnumeration::type(scope.toUtf8(), name.mid(colons < 0 ? 0 : colons + 2).toUtf8(), *keys);
+    }
+    const QMetaType named = QMetaType::fromName(name.toUtf8());
+    const bool isObject = named.flags().testFlag(QMetaType::PointerToQObject);
+    return named.isValid() && !isObject ? named : QMetaType::fromType<QVariant>();
+}
+
+PreviewModel::Classes PreviewModel::classesFor(const Node &node, const QString &key, const QString &path,
+                                               bool isSelection) const
+{
+    if (isSelection) {
+        const Classes named = classesNamed(m_settings.selections.value(path));
+        return named.isEmpty() ? classWith(keysBelow(path + QStringLiteral(".selection"))) : named;
+    }
+    const ZelTypeTable::Found found = property(node, key);
+    QString type = found.property ? found.property->type : QString();
+    const Classes named = classesNamed({type.remove(u'*').remove(QStringLiteral("const")).trimmed()});
+    return named.isEmpty() ? classWith(keysBelow(path)) : named; // QObject * says nothing of the class
 }
 
 /// The object or the selected objects at the key; null if there is a value instead, or no such property.
 PreviewModel::Node *PreviewModel::childOf(Node &node, const QString &key, const QString &path, bool isSelection)
 {
-    const auto known = node.children.find(key);
-    if (known != node.children.end())
-        return known->second.get();
+    const auto there = node.children.find(key);
+    if (there != node.children.end())
+        return there->second.get();
     const QByteArray name = key.toUtf8();
-    if (node.type.propertyNamed(name) || (node.known && !node.known->properties.contains(key)))
+    if (node.type.propertyNamed(name) || (!node.known.isEmpty() && !property(node, key).property))
         return nullptr;
-    const PreviewTypes::Class *type = classFor(node, key, path, isSelection);
-    auto child = std::make_unique<Node>(type ? type->name.toUtf8() : QByteArray(isSelection ? "Object" : "Part"));
-    child->known = type;
+    const Classes known = classesFor(node, key, path, isSelection);
+    const QByteArray anyName = isSelection ? "Object" : "Part";
+    auto child = std::make_unique<Node>(known.isEmpty() ? anyName : known.first()->name.toUtf8());
+    child->known = known;
     node.type.addProperty({name, QMetaType(QMetaType::QObjectStar), false});
     const QJsonValue data = node.data.at(0).toObject().value(key);
     const QJsonValue selected = isSelection && !data.isArray() ? m_settings.data.value(path) : data;
@@ -169,19 +224,11 @@ PreviewModel::Node *PreviewModel::childOf(Node &node, const QString &key, const 
 void PreviewModel::addValue(Node &node, const QString &key, const PreviewNeeds::Value &needed)
 {
     const QByteArray name = key.toUtf8();
-    if (node.children.contains(key) || (node.known && !node.known->properties.contains(key)))
+    const ZelTypeTable::Found found = property(node, key);
+    if (node.children.contains(key) || (!node.known.isEmpty() && !found.property))
         return;
-    QMetaType type = QMetaType::fromType<QVariant>();
-    bool isWritable = true;
-    if (node.known) {
-        const PreviewTypes::Property &property = *node.known->properties.constFind(key);
-        isWritable = property.isWritable;
-        const QMetaType named = m_settings.types.isEnumeration(*node.known, property.type)
-                                    ? QMetaType::fromType<int>()
-                                    : QMetaType::fromName(property.type.toUtf8());
-        if (named.isValid() && !(named.flags() & QMetaType::PointerToQObject))
-            type = named;
-    }
+    const QMetaType type = found.property ? typeOf(found) : QMetaType::fromType<QVariant>();
+    const bool isWritable = !found.property || found.property->isWritable;
     node.type.addProperty({name, type, isWritable});
     if (const auto kind = node.kinds.constFind(name); kind != node.kinds.constEnd() && *kind == needed.kind)
         return; // it has its value, which may have been edited
@@ -206,10 +253,16 @@ void PreviewModel::addValue(Node &node, const QString &key, const PreviewNeeds::
 QStringList PreviewModel::titles() const
 {
     QStringList result;
-    if (m_controllers.isEmpty())
-        return result;
-    const QList<QObject *> objects = m_controllers.first()->content();
-    const bool isInvented = !m_settings.data.contains(m_controllers.first()->objectName());
+    const ZelArrayController *main = nullptr;
+    int most = 0;
+    for (const ZelArrayController *controller : m_controllers) {
+        if (const int count = controller->content().first()->metaObject()->propertyCount(); count > most) {
+            main = controller;
+            most = count;
+        }
+    }
+    const QList<QObject *> objects = main ? main->content() : QList<QObject *>();
+    const bool isInvented = main && !m_settings.data.contains(main->objectName());
     for (int i = 0; i < objects.size(); ++i) {
         QString title =
             QStringLiteral("%1 %2").arg(QString::fromUtf8(objects.at(i)->metaObject()->className())).arg(i + 1);

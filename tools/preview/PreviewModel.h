@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Inspector/Checking/ZelTypeTable.h"
 #include "PreviewNeeds.h"
 #include "PreviewObject.h"
-#include "PreviewTypes.h"
 
 #include <QJsonObject>
 #include <QObject>
@@ -22,7 +22,7 @@ class PreviewModel : public QObject
 public:
     struct Settings
     {
-        PreviewTypes types; ///< if there are any, only the properties of these classes exist
+        ZelTypeTable types; ///< if there are any, only the properties of these classes exist
         QString owner;      ///< the owner's class; the one that fits best if there is none of that name
         QHash<QString, QStringList> selections; ///< the classes of what the controllers select, by their key paths
         QJsonObject data; ///< values of the owner by key; lists of objects by the controllers' key paths
@@ -34,7 +34,7 @@ public:
 
     void grow(const PreviewNeeds &needs);
     QObject *owner() const;
-    /// What the objects of the first controller are called; empty if there is none.
+    /// What the objects are called of the controller of whose objects most keys are used; empty if there is none.
     QStringList titles() const;
     /// Selects the objects at these positions in all controllers.
     void select(const QList<int> &rows);
@@ -47,8 +47,12 @@ private:
     Node *childOf(Node &node, const QString &key, const QString &path, bool isSelection);
     void add(Node &node, const QStringList &keys, const QString &path, const PreviewNeeds::Value &needed);
     void addValue(Node &node, const QString &key, const PreviewNeeds::Value &needed);
-    const PreviewTypes::Class *classFor(const Node &node, const QString &key, const QString &path,
-                                        bool isSelection) const;
+    using Classes = QList<const ZelTypeTable::Class *>; // of objects that are selected together, or one
+    Classes classesFor(const Node &node, const QString &key, const QString &path, bool isSelection) const;
+    Classes classesNamed(const QStringList &names) const;
+    Classes classWith(const QStringList &keys) const;
+    ZelTypeTable::Found property(const Node &node, const QString &key) const;
+    QMetaType typeOf(const ZelTypeTable::Found &property) const;
     QStringList keysBelow(const QString &path) const;
     void makeObjects(Node &node, int count, QObject *parent);
 

@@ -4,7 +4,7 @@
 #include "Blocks/ZelTransformerKit.h"
 #include "Controls/ZelLabel.h"
 #include "Core/KeyValue/ZelClassRegistry.h"
-#include "Core/Values/ZelAbstractValueTransformer.h"
+#include "Core/Values/ZelTransformerFactory.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorSlice.h"
@@ -80,9 +80,17 @@ QStringList PreviewStandIns::provide(const PreviewNeeds &needs)
         missing.append(QStringLiteral("type %1").arg(name));
     const auto same = [](const QVariant &value) { return value; };
     for (const QString &name : needs.transformers) {
-        if (!ZelAbstractValueTransformer::valueTransformerForName(name) &&
-            ZelTransformerKit::registerValueTransformerWithName(name, QStringLiteral("QVariant"), same, same))
-            missing.append(QStringLiteral("transformer %1").arg(name));
+        const QString withoutArgument = name.section(u'(', 0, 0).trimmed();
+        if (ZelAbstractValueTransformer::valueTransformerNames().contains(withoutArgument) ||
+            ZelTransformerFactory::names().contains(withoutArgument))
+            continue;
+        if (name != withoutArgument)
+            ZelTransformerFactory::registerFactory(withoutArgument, name, [same](const QString &, QString *) {
+                return ZelValueTransformer::transformerWithBlock(same);
+            });
+        else
+            ZelTransformerKit::registerValueTransformerWithName(name, QStringLiteral("QVariant"), same, same);
+        missing.append(QStringLiteral("transformer %1").arg(withoutArgument));
     }
     for (const QString &name : needs.images) {
         const bool isThere = !ZelBundle::mainBundle().urlForImageResource(name).isEmpty();

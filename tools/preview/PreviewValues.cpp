@@ -8,6 +8,7 @@
 #include <QDate>
 #include <QFont>
 #include <QJsonArray>
+#include <QMetaEnum>
 #include <QRectF>
 #include <cmath>
 
@@ -116,6 +117,13 @@ QVariant PreviewValues::invented(const QString &key, QMetaType type, int index)
         QVariant point = QPointF(10 + 20 * index, 20);
         point.convert(type);
         return point;
+    }
+    if (type.flags().testFlag(QMetaType::IsEnumeration)) {
+        const QMetaObject *scope = type.metaObject();
+        const int keys = scope ? scope->enumerator(0).keyCount() : 0;
+        QVariant value = keys > 0 ? index % keys : 0;
+        value.convert(type);
+        return value;
     }
     PreviewNeeds::Value needed;
     needed.kind = kinds.value(type.id(), Kind::Bits);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Inspector/Checking/private/ZelTypeTable.h"
+#include "Inspector/Checking/ZelTypeTable.h"
 #include "Inspector/Checking/private/ZelValueKinds.h"
 
 /// Where key paths begin and what controllers select, at one place of a description.

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Inspector/Checking/ZelDescriptionChecker.h"
+#include "Inspector/Checking/ZelTypeTable.h"
 #include "Inspector/Checking/private/ZelDescriptionWalk.h"
-#include "Inspector/Checking/private/ZelTypeTable.h"
 #include "Inspector/Description/private/ZelDescriptionSchema.h"
 
 /// Looks for what an element names: classes, transformers, images, colour lists, and the types of properties. What the

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/ZelExport.h"
+
 #include <QHash>
 #include <QMetaObject>
 #include <QStringList>
 #include <functional>
 
 /// Classes with their properties, methods and enumerations, as moc describes them in its JSON files.
-class ZelTypeTable
+class ZEL_EXPORT ZelTypeTable
 {
 public:
     struct Property

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Inspector/Checking/private/ZelTypeTable.h"
+#include "Inspector/Checking/ZelTypeTable.h"
 
 #include <QFile>
 #include <QJsonArray>
