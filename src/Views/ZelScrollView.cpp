@@ -129,7 +129,8 @@ bool ZelScrollView::filterEvent(QObject *watched, QEvent *event)
         QCoreApplication::sendEvent(viewport(), &scroll);
         return true;
     }
-    if (watched == documentView() && event->type() == QEvent::LayoutRequest) {
+    // What changes in a document that is not visible is laid out without a request when it is shown again.
+    if (watched == documentView() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)) {
         updateDocumentSize();
         updateGeometry();
     }

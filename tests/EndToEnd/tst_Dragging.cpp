@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QPainter>
+#include <QShortcut>
 #include <QTimer>
 
 namespace {
@@ -379,6 +380,31 @@ private Q_SLOTS:
         QCOMPARE(window.stack.count(), 0);
         window.selectRows({1});
         drag(window.row(1), window.row(3), [&] { window.inspector.reset(); });
+        QCOMPARE(window.tags(0), "abcd");
+    }
+
+    /// Also where the window has a command for the same key.
+    void keysRemoveRows()
+    {
+        Window window;
+        for (int i : {0, 1})
+            window.set(i, "tags", Texts{"a", "b", "c", "d"});
+        int deletions = 0;
+        const QShortcut shortcut(QKeySequence::Delete, window.list()->view()->window(), [&] { ++deletions; });
+        window.selectRows({1, 2});
+        Sheet::press(Qt::Key_Delete);
+        QCOMPARE(window.tags(0), "ad");
+        QCOMPARE(window.tags(1), "ad");
+        QCOMPARE(window.stack.count(), 1);
+        QCOMPARE(window.selectedTexts(), "d");
+        Sheet::press(Qt::Key_Backspace);
+        QCOMPARE(window.tags(1), "a");
+        window.list()->tableView()->clearSelection();
+        Sheet::press(Qt::Key_Delete);
+        QCOMPARE(window.tags(1), "a");
+        QCOMPARE(deletions, 0);
+        window.undo();
+        window.undo();
         QCOMPARE(window.tags(0), "abcd");
     }
 

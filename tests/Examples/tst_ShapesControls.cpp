@@ -3,6 +3,7 @@
 #include "Inspector/ZelInspector.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "TabBar/ZelTabBar.h"
+#include "Views/ZelScrollView.h"
 #include "canvas/Canvas.h"
 #include "canvas/CanvasArea.h"
 #include "window/InspectorPanel.h"
@@ -108,6 +109,21 @@ private Q_SLOTS:
         m_window.reset();
         m_reports.reset();
         QCOMPARE(Reports::messages, QStringList());
+    }
+
+    /// A tab that comes back shows all of what was selected meanwhile.
+    void aTabFollowsTheSelectionBehindAnother()
+    {
+        open({6});
+        panel()->selectTab(3);
+        settle();
+        select({});
+        settle();
+        select({2});
+        settle();
+        panel()->selectTab(0);
+        const QWidget *document = inspector()->currentInspector()->scrollView()->documentView();
+        QTRY_COMPARE(document->height(), document->minimumSizeHint().height());
     }
 
     void aSessionWithMouseAndKeys()

@@ -152,6 +152,8 @@ void ZelInspectorArrayProperty::addTable()
     });
     connect(m_tableView, &ZelArrayTableView::reordered, this,
             [this](const QList<int> &order) { ZelExceptionReporter::run(this, [&] { reorder(order); }); });
+    connect(m_tableView, &ZelArrayTableView::removalRequested, this,
+            [this] { ZelExceptionReporter::run(this, [this] { removeSelectedRows(); }); });
 }
 
 void ZelInspectorArrayProperty::addActionBar()
@@ -344,6 +346,22 @@ void ZelInspectorArrayProperty::removeObject(QObject *sender)
     writeValues(values);
     if (alive)
         userDidChangeValue(sender);
+}
+
+/// For the keyboard, which goes on with the row that comes to stand there.
+void ZelInspectorArrayProperty::removeSelectedRows()
+{
+    const int first = m_tableView->selectedRows().value(0);
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    {
+        const ZelUndoGrouping grouping(m_tableView);
+        removeObject(m_tableView);
+    }
+    if (!alive || !m_tableView)
+        return;
+    updateViewInvocation().invoke();
+    if (alive && m_tableView && m_model->rowCount() > 0)
+        m_tableView->selectRow(std::min(first, m_model->rowCount() - 1));
 }
 
 /// The order comes from the table, which may show an older list than the model's.

@@ -82,6 +82,7 @@ private:
     void updateBorderColor();
     bool canEdit() const;
     void editRow(int row);
+    void removeSelectedRows();
     void reorder(const QList<int> &order);
     QString nameOfMove() const;
     void writeValues(const QVariantList &values);

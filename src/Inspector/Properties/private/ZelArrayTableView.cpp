@@ -45,6 +45,12 @@ bool movesRows(const QKeyEvent *event)
     return modifiers == Qt::AltModifier && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down);
 }
 
+bool removesRows(const QKeyEvent *event)
+{
+    const bool isKey = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    return isKey && !(event->modifiers() & ~Qt::KeypadModifier);
+}
+
 QList<int> presentOrder(int count)
 {
     QList<int> order(count);
@@ -108,12 +114,16 @@ void ZelArrayTableView::followOrder(const QList<int> &order)
     setAccessibleDescription(place.arg(locale().toString(rows.first() + 1), locale().toString(order.size())));
 }
 
+/// A window's own shortcut for Delete removes what is selected elsewhere. It is not performed even if there is no row
+/// to be removed.
 bool ZelArrayTableView::event(QEvent *event)
 {
-    const bool isKey = event->type() == QEvent::ShortcutOverride;
-    if (isKey && movesRows(static_cast<QKeyEvent *>(event)) && canMoveRows()) {
-        event->accept();
-        return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (removesRows(key) || (movesRows(key) && canMoveRows())) {
+            event->accept();
+            return true;
+        }
     }
     return QTableView::event(event);
 }
@@ -122,6 +132,8 @@ void ZelArrayTableView::keyPressEvent(QKeyEvent *event)
 {
     if (movesRows(event) && canMoveRows())
         moveByKey(event->key());
+    else if (removesRows(event) && !selectedRows().isEmpty())
+        Q_EMIT removalRequested();
     else
         QTableView::keyPressEvent(event);
 }

@@ -6,7 +6,8 @@
 /// A table that may say in its middle why it has no rows, and whose rows the user can move.
 ///
 /// Selected rows are dragged to a gap between two rows, which a line shows, or moved by a row with Alt and an arrow
-/// key. The table only reports the new order. Rows that cannot be edited are not moved.
+/// key. The table only reports the new order, and that Delete or Backspace was pressed. Rows that cannot be edited are
+/// not moved.
 class ZelArrayTableView : public QTableView
 {
     Q_OBJECT
@@ -27,6 +28,9 @@ Q_SIGNALS:
     /// The user wants the rows in another order: each entry is the present number of the row that is to stand there.
     /// The table may be gone afterwards.
     void reordered(const QList<int> &order);
+    /// The user wants the selected rows, of which there is one or more, to be removed. The table may be gone
+    /// afterwards.
+    void removalRequested();
 
 protected:
     bool event(QEvent *event) override;
