@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PreviewClass.h"
 
+#include <QObject>
 #include <algorithm>
 
 namespace {
