@@ -151,6 +151,10 @@ private:
     static void registerEditors();
     static std::span<const EditorType> editorTypes();
     template<typename Class> ZelInspectorProperty *makeEditor(const Configuration &configuration);
+    ZelInspectorProperty *createFlagsProperty(const Configuration &configuration);
+    ZelInspectorProperty *createNumbersProperty(const Configuration &configuration);
+    ZelInspectorProperty *configured(ZelInspectorEnumerationProperty *made, const Configuration &configuration,
+                                     bool choosesSeveral = false) const;
     QList<ZelOptionGroup *> createOptionGroups(const Configuration &configuration, QObject *parent) const;
     QList<ZelOption *> createOptions(const Configuration &configuration, QObject *parent) const;
 

@@ -10,10 +10,12 @@
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
+#include "Inspector/Properties/ZelInspectorFlagsProperty.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/Properties/ZelInspectorNumbersProperty.h"
 #include "Inspector/Properties/ZelInspectorPointProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
@@ -82,6 +84,7 @@ std::span<const Generator::EditorType> Generator::editorTypes()
         EditorType::of<ZelInspectorTextEnumerationProperty>(u"enumeration",
                                                             &Generator::createEnumerationPropertyForConfiguration),
         EditorType::of<ZelInspectorImageEnumerationProperty>(),
+        EditorType::of<ZelInspectorFlagsProperty>(u"flags", &Generator::createFlagsProperty),
         EditorType::of<ZelInspectorColorProperty>(u"color", &Generator::createColorPropertyForConfiguration),
         EditorType::of<ZelInspectorDateProperty>(u"date", &Generator::createDatePropertyForConfiguration),
         EditorType::of<ZelInspectorFontProperty>(u"font", &Generator::createFontPropertyForConfiguration),
@@ -90,6 +93,9 @@ std::span<const Generator::EditorType> Generator::editorTypes()
         EditorType::of<ZelInspectorSizeProperty>(u"size", &Generator::createSizeProperty),
         EditorType::of<ZelInspectorSizeProperty>(u"point", &Generator::createSizeProperty),
         EditorType::of<ZelInspectorPointProperty>(),
+        {u"margins", &ZelInspectorNumbersProperty::staticMetaObject, [] {}, &Generator::createNumbersProperty},
+        {u"line", &ZelInspectorNumbersProperty::staticMetaObject, [] {}, &Generator::createNumbersProperty},
+        {u"vector", &ZelInspectorNumbersProperty::staticMetaObject, [] {}, &Generator::createNumbersProperty},
         EditorType::of<ZelInspectorArrayProperty>(),
         EditorType::of<ZelInspectorCustomProperty>(u"custom", &Generator::createCustomPropertyForConfiguration),
     };
@@ -195,6 +201,21 @@ ZelInspectorProperty *Generator::createSizeProperty(const Configuration &configu
     return makeEditor<ZelInspectorSizeProperty>(configuration);
 }
 
+ZelInspectorProperty *Generator::createNumbersProperty(const Configuration &configuration)
+{
+    using Numbers = ZelInspectorNumbersProperty;
+    const QString type = configuration.stringValueNamed(u"type");
+    uint count = 1;
+    ZelEditorAttributes::storeWord(count, configuration, u"components",
+                                   {QStringLiteral("3"), QStringLiteral("2"), QStringLiteral("4")},
+                                   QStringLiteral("Unsupported number of components: "));
+    constexpr Numbers::Kind vectors[] = {Numbers::Vector3, Numbers::Vector2, Numbers::Vector4};
+    const Numbers::Kind kind = type == u"margins" ? Numbers::Margins : type == u"line" ? Numbers::Line : vectors[count];
+    auto editor = std::make_unique<Numbers>(m_owner, kind);
+    editor->configure(configuration);
+    return editor.release();
+}
+
 ZelInspectorProperty *Generator::createPointProperty(const Configuration &configuration)
 {
     return makeEditor<ZelInspectorPointProperty>(configuration);
@@ -230,8 +251,28 @@ ZelInspectorProperty *Generator::createEnumerationPropertyForConfiguration(const
         property.reset(createImageEnumerationPropertyForConfiguration(configuration));
     else
         ZelEditorAttributes::fail(u"Unsupported style: " + style, configuration);
+    return configured(property.release(), configuration);
+}
+
+ZelInspectorProperty *Generator::createFlagsProperty(const Configuration &configuration)
+{
+    const QString style = configuration.stringValueNamed(u"style", QStringLiteral("checkboxes"));
+    if (style == u"checkboxes")
+        return configured(new ZelInspectorFlagsProperty(m_owner), configuration);
+    if (style == u"popup")
+        return configured(createTextEnumerationPropertyForConfiguration(configuration), configuration, true);
+    ZelEditorAttributes::fail(u"Unsupported style: " + style, configuration);
+    return nullptr;
+}
+
+ZelInspectorProperty *Generator::configured(ZelInspectorEnumerationProperty *made, const Configuration &configuration,
+                                            bool choosesSeveral) const
+{
+    std::unique_ptr<ZelInspectorEnumerationProperty> property(made);
     if (!property)
         return nullptr;
+    if (choosesSeveral)
+        property->setChoosesSeveral(true);
     property->configure(configuration);
     property->setOptionGroups(createOptionGroups(configuration, property.get()));
     return property.release();

@@ -168,7 +168,7 @@ bool ZelPopUpButton::survivesPreparingItems()
 
 ZelPopUpButton::ItemMarks ZelPopUpButton::itemMarks() const
 {
-    const bool isAsked = m_marks && !m_pullsDown && ZelIsMarker(objectValue(), ZelMultipleValuesMarker);
+    const bool isAsked = m_marks && (m_pullsDown || ZelIsMarker(objectValue(), ZelMultipleValuesMarker));
     return isAsked ? m_marks() : ItemMarks();
 }
 

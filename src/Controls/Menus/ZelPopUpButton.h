@@ -74,7 +74,8 @@ public:
 
     /// Marks of items beside that of the selected one.
     using ItemMarks = QHash<const QAction *, Qt::CheckState>;
-    /// Sets what is asked for marks whenever the menu opens while the value is ZelMultipleValuesMarker: an item whose
+    /// Sets what is asked for marks whenever the menu opens while the value is ZelMultipleValuesMarker, and in any case
+    /// by a pull-down: an item whose
     /// value some of the edited objects have is partially checked and gets a dash, one whose value all have is checked.
     void setItemMarks(const std::function<ItemMarks()> &marks) { m_marks = marks; }
 

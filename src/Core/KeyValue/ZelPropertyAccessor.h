@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QMetaProperty>
 #include <QObject>
+#include <QProperty>
 #include <QVariant>
 #include <functional>
 #include <memory>
@@ -41,7 +42,11 @@ public:
     virtual bool isMeantBy(void **) const { return true; }
     /// The types of events at the object that say that the property may have changed.
     virtual QList<QEvent::Type> notifyEvents() const { return {}; }
-    bool isSilent() const { return notifySignalIndex() < 0 && notifyEvents().isEmpty(); }
+    /// Whether changes are heard through the property's binding (BINDABLE of Q_PROPERTY). False where a signal
+    /// announces them.
+    virtual bool isBindable() const { return false; }
+    virtual QUntypedBindable bindable(QObject *) const { return {}; }
+    bool isSilent() const { return notifySignalIndex() < 0 && notifyEvents().isEmpty() && !isBindable(); }
     /// The signal by which a control reports what its user entered: its method index, or -1.
     virtual int editSignalIndex() const { return -1; }
     /// Whether another object of the same class may lack the property.

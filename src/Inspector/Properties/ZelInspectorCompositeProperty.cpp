@@ -81,7 +81,7 @@ void ZelInspectorCompositeProperty::setComponent(int index, const QVariant &valu
 
 const ZelGeometryType *ZelInspectorCompositeProperty::geometryOf(QMetaType type) const
 {
-    return ZelTypedColumn::typeOf(type, m_keys.size());
+    return ZelTypedColumn::typeOf(type, *ZelGeometryType::find(m_type));
 }
 
 ZelInspectorCompositeProperty::Selection ZelInspectorCompositeProperty::plainSelection() const
@@ -101,7 +101,7 @@ std::optional<QVariantList> ZelInspectorCompositeProperty::componentsOfPlainSele
     const Selection selection = plainSelection();
     if (!selection.controller)
         return std::nullopt;
-    ZelTypedColumn column(*selection.controller, selection.key.first(), int(m_keys.size()));
+    ZelTypedColumn column(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type));
     const auto fold = column.fold([this](Numbers &numbers) { makeComponents(numbers); });
     if (!fold)
         return std::nullopt;
@@ -207,7 +207,7 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, const Com
     const Selection selection = plainSelection();
     if (!selection.controller)
         return false;
-    ZelTypedColumn column(*selection.controller, selection.key.first(), int(m_keys.size()));
+    ZelTypedColumn column(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type));
     const auto replace = [&, this](Numbers &numbers, qsizetype place) {
         if (const std::optional<double> number = component(numbers, place))
             replaceComponent(numbers, index, *number);
@@ -313,7 +313,7 @@ std::vector<double> ZelInspectorCompositeProperty::numbersForKey(ZelKey key) con
     };
     const Selection selection = plainSelection();
     if (selection.controller &&
-        ZelTypedColumn(*selection.controller, selection.key.first(), int(m_keys.size())).visit(take))
+        ZelTypedColumn(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type)).visit(take))
         return own;
     own.clear();
     combinedReflectedValue([&, this](const QVariant &value) {

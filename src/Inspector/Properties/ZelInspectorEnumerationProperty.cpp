@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 
+#include "Core/Errors/ZelAssertions.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/KeyValue/ZelKeyValueChange.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Selection/ZelValueSummary.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
@@ -128,6 +131,7 @@ void ZelInspectorEnumerationProperty::viewDidInstall()
     }
     for (ZelOptionGroup *group : optionGroups())
         startObservationForOptionGroup(group);
+    offerKeys(reflectedValue());
     rebuildView();
 }
 
@@ -165,7 +169,8 @@ ZelInspectorEnumerationProperty::choicesAt(const QString &displayValuesKeyPath, 
 
 QList<ZelInspectorEnumerationProperty::Choice> ZelInspectorEnumerationProperty::ownChoices() const
 {
-    return choicesAt(m_enumeratedDisplayValuesKeyPath, m_enumeratedValuesKeyPath);
+    return isWithoutOptions() ? offeredChoices()
+                              : choicesAt(m_enumeratedDisplayValuesKeyPath, m_enumeratedValuesKeyPath);
 }
 
 QList<ZelInspectorEnumerationProperty::Choice>
@@ -193,6 +198,10 @@ QMetaType ZelInspectorEnumerationProperty::typeOfSeveral() const
 
 void ZelInspectorEnumerationProperty::adaptOptionsTo(const QVariant &modelValue)
 {
+    const QMetaType formerlyOffered = m_offeredType;
+    offerKeys(modelValue);
+    if (m_offeredType != formerlyOffered)
+        rebuildView();
     const bool isOfSeveral = ZelIsMarker(modelValue, ZelMultipleValuesMarker) && !m_modelType.isValid();
     const QMetaType type = isOfSeveral ? typeOfSeveral() : ZelOptionValue::typeOf(modelValue);
     if (!type.isValid() || type == m_modelType)
@@ -212,9 +221,7 @@ void ZelInspectorEnumerationProperty::adaptOptionsTo(const QVariant &modelValue)
 std::optional<ZelInspectorEnumerationProperty::Choice>
 ZelInspectorEnumerationProperty::findChoice(const std::function<bool(const Choice &)> &isMeant) const
 {
-    QList<Choice> choices = ownChoices();
-    for (const ZelOptionGroup *group : optionGroups())
-        choices += choicesOfGroup(group);
+    const QList<Choice> choices = allChoices();
     const auto found = std::find_if(choices.cbegin(), choices.cend(), isMeant);
     return found == choices.cend() ? std::nullopt : std::optional(*found);
 }
@@ -222,12 +229,18 @@ ZelInspectorEnumerationProperty::findChoice(const std::function<bool(const Choic
 QString ZelInspectorEnumerationProperty::textOfValue(const QVariant &modelValue) const
 {
     const QVariant shown = transformedForward(modelValue);
+    if (choosesSeveral())
+        return textOfFlags(shown);
     const auto choice = findChoice([&](const Choice &known) { return ZelEqual(known.value, shown); });
     return choice && !choice->title.isEmpty() ? choice->title : ZelInspectorProperty::textOfValue(modelValue);
 }
 
 bool ZelInspectorEnumerationProperty::readText(const QString &text, QVariant *modelValue, QString *error) const
 {
+    if (const auto flags = choosesSeveral() ? flagsIn(text) : std::nullopt) {
+        *modelValue = transformedBack(*flags);
+        return true;
+    }
     const QString title = text.trimmed();
     const auto choice = findChoice(
         [&](const Choice &known) { return known.title.compare(title, Qt::CaseInsensitive) == 0 && !title.isEmpty(); });
@@ -254,6 +267,10 @@ QStringList ZelInspectorEnumerationProperty::searchTexts() const
 QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelValue) const
 {
     QVariant shown = transformedForward(modelValue);
+    if (choosesSeveral() && (!ZelIsNumber(shown) || (unsignedValue(shown) & ~editedBits().value_or(0)) != 0))
+        return ZelLocalizedString("This is none of the choices.");
+    if (choosesSeveral())
+        return ZelInspectorProperty::refusalOfPasted(modelValue);
     if (m_bitMask)
         shown = valueForValueBitMask(shown, *m_bitMask);
     if (!findChoice([&](const Choice &known) { return known.enabled && ZelEqual(known.value, shown); }))
@@ -278,12 +295,18 @@ ZelValueSummary ZelInspectorEnumerationProperty::valueSummary() const
 
 void ZelInspectorEnumerationProperty::writeChoice(const QVariant &value, QObject *sender)
 {
+    writeValues(
+        [mask = m_bitMask, value](const QVariant &old) -> QVariant {
+            if (!mask)
+                return value;
+            return ZelValueConversion::ofBits((unsignedValue(old) & ~*mask) | unsignedValue(value), old.metaType());
+        },
+        sender);
+}
+
+void ZelInspectorEnumerationProperty::writeValues(const ValueBlock &changed, QObject *sender)
+{
     const QPointer<ZelInspectorEnumerationProperty> alive(this);
-    const auto changed = [mask = m_bitMask, value](const QVariant &old) -> QVariant {
-        if (!mask)
-            return value;
-        return ZelValueConversion::ofBits((unsignedValue(old) & ~*mask) | unsignedValue(value), old.metaType());
-    };
     {
         const UpdatingValues updating(this);
         updateReflectedValues(changed);

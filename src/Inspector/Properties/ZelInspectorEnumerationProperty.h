@@ -7,10 +7,14 @@
 
 #include <optional>
 
-/// The base of editors that choose one value out of a list of options.
+/// The base of editors that choose values out of a list of options.
 ///
 /// The options are, in this order: those of the editor's own pair of key paths, then for each group those of its pair
-/// and its fixed ones. With a bit mask the editor edits only those bits of an unsigned integer; option values are
+/// and its fixed ones. An editor that is given none of these offers the keys of the enumeration (Q_ENUM) that the
+/// model's property is of, as soon as that is known.
+///
+/// Of flags, each option stands for some bits, and any of them may be chosen: each is written for itself into each
+/// object's own value. With a bit mask the editor edits only those bits of an unsigned integer; option values are
 /// expected to lie inside the mask.
 class ZEL_EXPORT ZelInspectorEnumerationProperty : public ZelInspectorProperty
 {
@@ -34,6 +38,10 @@ public:
     std::optional<quint64> bitMask() const { return m_bitMask; }
     void setBitMask(std::optional<quint64> bitMask) { m_bitMask = bitMask; }
     /// The mask as a number; absent without one.
+    /// Whether the options are flags, of which several may be chosen: if set so, or if the keys of flags (Q_FLAG) are
+    /// offered. To be set before the view is loaded; false by default.
+    bool choosesSeveral() const { return m_choosesSeveral || m_offersFlags; }
+    void setChoosesSeveral(bool several) { m_choosesSeveral = several; }
     QVariant bitMaskValue() const { return m_bitMask ? QVariant(*m_bitMask) : QVariant(); }
     void setBitMaskValue(const QVariant &value);
     const QString &enumeratedDisplayValuesKeyPath() const { return m_enumeratedDisplayValuesKeyPath; }
@@ -41,9 +49,9 @@ public:
     const QString &enumeratedValuesKeyPath() const { return m_enumeratedValuesKeyPath; }
     void setEnumeratedValuesKeyPath(const QString &keyPath) { m_enumeratedValuesKeyPath = keyPath; }
 
-    /// The title of the choice, which may be empty if it has an image.
+    /// The title of the choice, which may be empty if it has an image; of flags, the titles with commas between them.
     QString textOfValue(const QVariant &modelValue) const override;
-    /// Takes the title of a choice, in any case, and the value itself.
+    /// Takes the title of a choice, in any case, or several of flags, and the value itself.
     bool readText(const QString &text, QVariant *modelValue, QString *error) const override;
     /// The titles of the options in the description; those that the model tells are not read for it.
     QStringList searchTexts() const override;
@@ -63,8 +71,8 @@ Q_SIGNALS:
     void optionGroupsChanged();
 
 protected:
-    std::optional<quint64> editedBits() const override { return m_bitMask; }
-    /// A value that is none of the choices is refused.
+    std::optional<quint64> editedBits() const override;
+    /// A value that is none of the choices is refused, and so are bits that belong to none.
     QString refusalOfPasted(const QVariant &modelValue) const override;
     bool storesSingleKey() const override { return m_editable; }
 
@@ -79,7 +87,7 @@ protected:
         QString toolTip;
         QString whatsThis;
     };
-    /// The options of the editor's own key paths, and those of each group.
+    /// The options of the editor's own key paths, or the keys that are offered; and those of each group.
     QList<Choice> ownChoices() const;
     QList<Choice> choicesOfGroup(const ZelOptionGroup *group) const;
     /// Makes the options stand for values of the type that the model's value has; where there are several values, that
@@ -91,15 +99,41 @@ protected:
     /// Writes the chosen value into every represented object, and reports the change.
     void writeChoice(const QVariant &value, QObject *sender);
 
+    // Flags
+    QList<Choice> allChoices() const;
+    /// Which bits all and any of the represented objects have.
+    struct Bits
+    {
+        quint64 ofAll = ~quint64(0);
+        quint64 ofAny = 0;
+        bool isKnown = false; ///< whether there is an object with a value
+        /// Whether the flag is set: partially if some objects have some of its bits.
+        Qt::CheckState stateOf(const Choice &flag) const;
+    };
+    Bits bitsOfObjects() const;
+    /// The titles of the flags that are set in the value.
+    QString textOfFlags(const QVariant &value) const;
+    /// Sets or clears the flag in every represented object, and reports the change.
+    void writeFlag(const QVariant &flag, bool isOn, QObject *sender);
+
 private:
+    bool isWithoutOptions() const;
+    void offerKeys(const QVariant &modelValue);
+    QList<Choice> offeredChoices() const;
+    std::optional<QVariant> flagsIn(const QString &text) const;
+    void writeValues(const ValueBlock &changed, QObject *sender);
     std::optional<Choice> findChoice(const std::function<bool(const Choice &)> &isMeant) const;
     QMetaType typeOfSeveral() const;
     QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
 
     QList<QPointer<ZelOptionGroup>> m_optionGroups;
     std::optional<quint64> m_bitMask;
-    QMetaType m_modelType; // see ZelOptionValue; invalid while it is not known
+    QMetaType m_modelType;   // see ZelOptionValue; invalid while it is not known
+    QMetaType m_offeredType; // whose keys are offered
     QString m_enumeratedDisplayValuesKeyPath;
     QString m_enumeratedValuesKeyPath;
     bool m_editable = true;
+    bool m_choosesSeveral = false;
+    bool m_offersFlags = false;
+    bool m_hasWarned = false; // that there are no keys to offer
 };

@@ -20,10 +20,12 @@
 #include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
+#include "Core/Values/ZelOptionalType.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
+#include "Inspector/Properties/private/ZelEditedTypes.h"
 #include "Inspector/Properties/private/ZelEditorDefault.h"
 #include "Inspector/Properties/private/ZelFailedEdits.h"
 #include "Inspector/Properties/private/ZelKeptValueCheck.h"
@@ -647,8 +649,10 @@ void ZelInspectorProperty::viewDidInstall()
         watchReturn();
     if (m_default)
         observeDefault();
-    if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath))
+    if (!m_owner || !keyPathHasControllerSelectionPrefix(m_keyPath)) {
+        warnUnlessEdited(m_owner, m_keyPath);
         return;
+    }
     QObject *controller =
         ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)));
     if (const auto *known = qobject_cast<ZelObjectController *>(controller)) {
@@ -663,10 +667,37 @@ void ZelInspectorProperty::watchForKey(const ZelObjectController *controller)
     const ZelKeyPath path = m_isKeyKnown ? ZelKeyPath() : keyPathByStripingControllerSelectionPrefix(m_keyPath);
     if (path.isEmpty())
         return;
-    m_missingKey = std::make_unique<ZelMissingKeyWatch>(this, controller, path.first());
+    m_missingKey =
+        std::make_unique<ZelMissingKeyWatch>(this, controller, path.first(), [this, path](const QObject *object) {
+            warnUnlessEdited(object, path.string());
+        });
     m_isKeyKnown = m_missingKey->hasEnded(); // as it nearly always has
     if (m_isKeyKnown)
         m_missingKey.reset();
+}
+
+bool ZelInspectorProperty::editsType(QMetaType type) const
+{
+    return ZelEditedTypes::contains(valueType(), type);
+}
+
+/// Values of a type that the editor cannot show would look absent, and nothing that is entered would be taken.
+void ZelInspectorProperty::warnUnlessEdited(const QObject *object, const QString &keyPath)
+{
+    if (!object || keyPath.isEmpty() || m_valueTransformer || place().isEmpty() || m_hasWarnedOfType)
+        return;
+    const auto domain = ZelPropertyDomain::ofKeyPath(object, keyPath);
+    for (const QMetaType type : domain.types()) {
+        if (type.id() == QMetaType::QVariant || editsType(type))
+            continue;
+        m_hasWarnedOfType = true;
+        ZelLogWarning(QStringLiteral("%1 cannot edit \"%2\", which is of the type %3%4")
+                          .arg(QString::fromUtf8(metaObject()->className()), keyPath, QString::fromUtf8(type.name()),
+                               ZelOptionalType::isOptional(type)
+                                   ? QStringLiteral(" (see ZelOptionalType::registerType)")
+                                   : QString()),
+                      place());
+    }
 }
 
 void ZelInspectorProperty::warnOfLongKeyPath() const

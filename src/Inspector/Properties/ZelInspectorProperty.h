@@ -265,6 +265,9 @@ protected:
     /// The type of the values that the editor is made for. It is asked where the model does not tell the type; invalid
     /// by default.
     virtual QMetaType valueType() const { return {}; }
+    /// Whether the editor shows and changes values of that type of property. By default, whether they can be converted
+    /// to valueType() and back.
+    virtual bool editsType(QMetaType type) const;
     /// The bits that the editor edits of a number; absent if it edits the whole value.
     virtual std::optional<quint64> editedBits() const { return std::nullopt; }
 
@@ -315,6 +318,7 @@ private:
     using ObjectBlock = std::function<std::optional<QVariant>(const QObject *, const QVariant &)>;
     void writeModelValues(const QList<QObject *> &objects, const ObjectBlock &block);
     void watchForKey(const ZelObjectController *controller);
+    void warnUnlessEdited(const QObject *object, const QString &keyPath);
 
     QPointer<QObject> m_owner;
     QString m_titleKeyPath;
@@ -333,5 +337,6 @@ private:
     bool m_readOnly = false;
     bool m_returnAdvances = false;
     bool m_wasRefused = false; // what the user is about to be told to have changed
+    bool m_hasWarnedOfType = false;
     bool m_isKeyKnown = false; // a selected object had it, or its absence was warned of
 };

@@ -3,10 +3,16 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Core/Binding/ZelBinding.h"
+#include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelTextForm.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
+#include "Inspector/Properties/private/ZelTypedText.h"
 #include "ViewController/ZelView.h"
+
+#include <QRegularExpression>
 
 ZelInspectorStringProperty::ZelInspectorStringProperty(QObject *owner)
     : ZelInspectorProperty(owner)
@@ -51,15 +57,23 @@ void ZelInspectorStringProperty::viewDidInstall()
     updateView();
 }
 
+/// What the field shows for a value: its text where Qt has none for the type.
+QVariant ZelInspectorStringProperty::shown(const QVariant &value)
+{
+    const bool hasOwnText = ZelTextForm::has(value.metaType()) || ZelGeometryType::find(value.metaType());
+    return hasOwnText && !ZelIsNull(value) ? QVariant(ZelTypedText::of(value)) : value;
+}
+
 void ZelInspectorStringProperty::updateView()
 {
     if (!m_textField)
         return;
     const QVariant value = reflectedValue();
     const bool isMarker = ZelIsControllerMarker(value);
-    m_textField->setEditable(editable && (!isMarker || overwrites(value)) && isWritable());
+    m_textField->setEditable(editable && (!isMarker || overwrites(value)) && isWritable() &&
+                             ZelTextForm::isReversible(value));
     m_textField->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
-    m_textField->setObjectValue(isMarker ? QVariant() : value);
+    m_textField->setObjectValue(isMarker ? QVariant() : shown(value));
 }
 
 /// Whether the value stands for several texts that what is typed replaces.
@@ -68,11 +82,15 @@ bool ZelInspectorStringProperty::overwrites(const QVariant &value) const
     return editsMultipleValues && ZelIsMarker(value, ZelMultipleValuesMarker);
 }
 
-/// The value that the field's content means: an empty field stands for no value or for an empty text.
+/// The value that the field's content means: an empty field stands for no value or for an empty text, and the numbers
+/// of a vector or a point for the whole of it.
 QVariant ZelInspectorStringProperty::entered(const QVariant &fieldValue) const
 {
     if (ZelIsNull(fieldValue) || (fieldValue.typeId() == QMetaType::QString && fieldValue.toString().isEmpty()))
         return allowsNilValues ? QVariant() : QVariant(QStringLiteral(""));
+    const auto types = ZelPropertyDomain::ofKeyPath(owner(), keyPath()).types();
+    if (types.size() == 1 && ZelGeometryType::find(types.at(0)) && !valueTransformer())
+        return ZelTypedText::entered(fieldValue.toString(), types.at(0)).value_or(fieldValue);
     return fieldValue;
 }
 
@@ -82,12 +100,29 @@ void ZelInspectorStringProperty::userDidChangeValue(QObject *sender)
     if (!m_textField || (ZelIsControllerMarker(former) && !overwrites(former)))
         return;
     const QVariant value = entered(m_textField->objectValue());
-    if (ZelEqual(value, former))
+    if (ZelEqual(value, former) || ZelEqual(value, shown(former)))
         return;
     const QPointer<ZelInspectorStringProperty> alive(this);
-    setReflectedValue(value);
+    if (isOfExpressions() && !selectedKeyPath().isEmpty() && selectedKeyPath().isSingleKey())
+        writeExpression(value.toString());
+    else
+        setReflectedValue(value);
     if (alive)
         ZelInspectorProperty::userDidChangeValue(sender);
+}
+
+bool ZelInspectorStringProperty::isOfExpressions() const
+{
+    const auto types = ZelPropertyDomain::ofKeyPath(owner(), keyPath()).types();
+    return types.size() == 1 && types.at(0).id() == QMetaType::QRegularExpression && !valueTransformer();
+}
+
+/// Each object's expression keeps its options, which the text does not tell.
+void ZelInspectorStringProperty::writeExpression(const QString &pattern)
+{
+    updateReflectedValues([pattern](const QVariant &old) {
+        return QVariant(QRegularExpression(pattern, old.toRegularExpression().patternOptions()));
+    });
 }
 
 QWidget *ZelInspectorStringProperty::viewForBaselineAlignment()

@@ -41,7 +41,10 @@ protected:
     QMetaType valueType() const override { return QMetaType::fromType<QString>(); }
 
 private:
+    static QVariant shown(const QVariant &value);
     bool overwrites(const QVariant &value) const;
+    bool isOfExpressions() const;
+    void writeExpression(const QString &pattern);
     QVariant entered(const QVariant &fieldValue) const;
 
     QPointer<ZelGrowingTextField> m_textField;

@@ -3,7 +3,9 @@
 
 #include "Controls/private/ZelControlSupport.h"
 #include "Core/Binding/ZelBinding.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Selection/ZelValueSummary.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
@@ -22,7 +24,10 @@ void ZelInspectorTextEnumerationProperty::loadView()
         m_popUpButton = new ZelPopUpButton(container);
         ZelEditorLayout::setName(m_popUpButton, title());
         ZelEditorLayout::setStretches(m_popUpButton, 100);
-        connect(m_popUpButton, &ZelPopUpButton::action, this, [this] { userDidChangeValue(m_popUpButton); });
+        connect(m_popUpButton, &ZelPopUpButton::action, this, [this] {
+            if (!choosesSeveral()) // a flag has been toggled by its item
+                userDidChangeValue(m_popUpButton);
+        });
         m_popUpButton->setItemMarks([editor = QPointer<ZelInspectorTextEnumerationProperty>(this)] {
             return editor ? editor->marksOfUsedOptions() : ZelPopUpButton::ItemMarks();
         });
@@ -65,6 +70,10 @@ void ZelInspectorTextEnumerationProperty::addItem(const Choice &choice)
         m_options.last()->setToolTip(choice.toolTip);
     if (!choice.whatsThis.isEmpty())
         m_options.last()->setWhatsThis(choice.whatsThis);
+    if (!choosesSeveral())
+        return;
+    connect(m_options.last(), &QAction::triggered, this,
+            [this, item = m_options.last()] { ZelExceptionReporter::run(this, [this, item] { toggle(item); }); });
 }
 
 /// Adds the separator and the items for no and for multiple values. They are made once and survive rebuilds; which of
@@ -89,11 +98,16 @@ void ZelInspectorTextEnumerationProperty::rebuildView()
 {
     const QList<ZelMenuItem *> former = std::exchange(m_options, {});
     m_items.clear();
+    if (choosesSeveral()) {
+        if (!m_flagsItem)
+            m_flagsItem = menuItemWithTitle({}, {}, {}, false, true);
+        m_items.append(m_flagsItem);
+    }
     const QList<Choice> own = ownChoices();
     for (const Choice &choice : own)
         addItem(choice);
     for (const ZelOptionGroup *group : optionGroups()) {
-        if (!m_items.isEmpty()) {
+        if (!m_options.isEmpty()) {
             m_options.append(ZelMenuItem::separatorItem(this));
             m_items.append(m_options.last());
         }
@@ -102,8 +116,10 @@ void ZelInspectorTextEnumerationProperty::rebuildView()
             addItem(choice);
     }
     addFixedItems();
-    if (m_popUpButton)
+    if (m_popUpButton) {
+        m_popUpButton->setPullsDown(choosesSeveral());
         m_popUpButton->setItems(QList<QAction *>(m_items.begin(), m_items.end()));
+    }
     qDeleteAll(former); // only now, since the button has shown them until here
     if (isViewInstalled())
         updateViewInvocation().schedule();
@@ -120,17 +136,25 @@ ZelMenuItem *ZelInspectorTextEnumerationProperty::menuItemForValue(const QVarian
 
 QString ZelInspectorTextEnumerationProperty::textForValue(const QVariant &value) const
 {
+    if (choosesSeveral() && ZelIsNumber(value))
+        return oneLine(textOfFlags(value));
     const ZelMenuItem *item = menuItemForValue(value);
     return item && !item->title().isEmpty() ? oneLine(item->title())
                                             : ZelInspectorEnumerationProperty::textForValue(value);
 }
 
-/// Dashes for the options that some of the objects have.
+/// Dashes for the options that some of the objects have, and check marks for flags that all have.
 ZelPopUpButton::ItemMarks ZelInspectorTextEnumerationProperty::marksOfUsedOptions() const
 {
     const ZelPlaceScope scope(this);
-    const ZelValueSummary summary = valueSummary();
     ZelPopUpButton::ItemMarks marks;
+    if (choosesSeveral()) {
+        const Bits bits = bitsOfObjects();
+        for (const ZelMenuItem *item : m_options)
+            marks.insert(item, bits.stateOf({{}, {}, item->representedObject(), {}, {}, {}, {}}));
+        return marks;
+    }
+    const ZelValueSummary summary = valueSummary();
     for (const ZelMenuItem *item : m_options) {
         if (!item->isSeparator() && summary.countOf(item->representedObject()) > 0)
             marks.insert(item, Qt::PartiallyChecked);
@@ -157,12 +181,44 @@ void ZelInspectorTextEnumerationProperty::updateView()
         return;
     const QVariant value = reducedValue();
     adaptOptionsTo(value);
+    if (choosesSeveral()) {
+        updateFlags(value);
+        return;
+    }
     const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
     const bool isNone = ZelIsNull(value) || (ZelIsControllerMarker(value) && !isMultiple);
     ZelMenuItem *item = isMultiple ? m_multipleValuesItem : isNone ? nullptr : menuItemForValue(value);
     showItem(item ? item : m_noSelectionItem);
     if (m_popUpButton)
         m_popUpButton->setEnabled(!isNone && isWritable() && isEffectivelyEnabled());
+}
+
+void ZelInspectorTextEnumerationProperty::updateFlags(const QVariant &value)
+{
+    const bool isMultiple = ZelIsMarker(value, ZelMultipleValuesMarker);
+    const bool isNone = ZelIsNull(value) || (ZelIsControllerMarker(value) && !isMultiple);
+    const QVariant none = QVariant::fromValue(ZelNoSelectionMarker);
+    const QString text = ZelIsControllerMarker(value) ? ZelControlSupport::markerText(value)
+                         : isNone                     ? ZelControlSupport::markerText(none)
+                                                      : textOfFlags(value);
+    for (ZelMenuItem *item : {m_separatorItem, m_noSelectionItem, m_multipleValuesItem})
+        item->setHidden(true);
+    m_flagsItem->setTitle(text);
+    if (m_textField)
+        m_textField->setObjectValue(text);
+    if (m_popUpButton) {
+        m_popUpButton->setEnabled(!isNone && isWritable() && isEffectivelyEnabled());
+        ZelControlSupport::announceValue(m_popUpButton.data());
+    }
+}
+
+/// A flag that only some of the objects have is set in all.
+void ZelInspectorTextEnumerationProperty::toggle(const ZelMenuItem *item)
+{
+    const QVariant flag = item->representedObject();
+    const bool isOn = bitsOfObjects().stateOf({{}, {}, flag, {}, {}, {}, {}}) != Qt::Checked;
+    const ZelUndoGrouping grouping(undoManager());
+    writeFlag(flag, isOn, m_popUpButton);
 }
 
 void ZelInspectorTextEnumerationProperty::userDidChangeValue(QObject *sender)

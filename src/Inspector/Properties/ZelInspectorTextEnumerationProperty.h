@@ -8,7 +8,8 @@
 #include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 
-/// Chooses one of a list of titles with a pop-up button, or shows the chosen title as text.
+/// Chooses one of a list of titles with a pop-up button, or shows the chosen title as text. Where several may be
+/// chosen, the button names those that are, and its menu marks them.
 class ZEL_EXPORT ZelInspectorTextEnumerationProperty : public ZelInspectorEnumerationProperty
 {
     Q_OBJECT
@@ -48,6 +49,8 @@ public:
     QWidget *viewForBaselineAlignment() override;
 
 private:
+    void toggle(const ZelMenuItem *item);
+    void updateFlags(const QVariant &value);
     void addItem(const Choice &choice);
     void addFixedItems();
     void showItem(ZelMenuItem *item);
@@ -61,4 +64,5 @@ private:
     ZelMenuItem *m_separatorItem = nullptr;
     ZelMenuItem *m_noSelectionItem = nullptr;
     ZelMenuItem *m_multipleValuesItem = nullptr;
+    ZelMenuItem *m_flagsItem = nullptr; // the title of the button whose menu has flags
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Core/KeyValue/private/ZelMetaPropertyAccessor.h"
 
+#include "Core/Values/ZelOptionalType.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
@@ -53,26 +54,35 @@ ZelMetaPropertyAccessor::ZelMetaPropertyAccessor(const QMetaProperty &property)
     , m_class(property.enclosingMetaObject())
     , m_localIndex(property.propertyIndex() - m_class->propertyOffset())
     , m_notifySignalIndex(property.notifySignalIndex())
+    , m_optional(ZelOptionalType::find(m_type))
     , m_isWritable(property.isWritable())
-    , m_isTyped(m_type.isValid())
+    , m_isBindable(m_notifySignalIndex < 0 && property.isBindable())
+    , m_isTyped(m_type.isValid() && !m_optional)
     , m_isDirect(m_isTyped && !property.isEnumType())
     , m_reader(m_isDirect ? readerFor(m_type.id()) : nullptr)
 {
+    if (m_optional)
+        m_type = m_optional->value;
 }
 
 QVariant ZelMetaPropertyAccessor::read(const QObject *object) const
 {
     if (m_reader)
         return (this->*m_reader)(object);
-    if (!m_isDirect)
-        return m_property.read(object);
-    const bool isVariant = m_type.id() == QMetaType::QVariant;
-    QVariant value = isVariant ? QVariant() : QVariant(m_type);
+    if (m_optional)
+        return m_optional->read(readGeneral(object, m_optional->optional).constData());
+    return m_isDirect ? readGeneral(object, m_type) : m_property.read(object);
+}
+
+QVariant ZelMetaPropertyAccessor::readGeneral(const QObject *object, QMetaType type) const
+{
+    const bool isVariant = type.id() == QMetaType::QVariant;
+    QVariant value = isVariant ? QVariant() : QVariant(type);
     void *data = isVariant ? &value : value.data();
     int status = -1;
     void *arguments[] = {data, &value, &status};
     call(object, QMetaObject::ReadProperty, arguments);
-    return arguments[0] == data ? value : QVariant(m_type, arguments[0]);
+    return arguments[0] == data ? value : QVariant(type, arguments[0]);
 }
 
 bool ZelMetaPropertyAccessor::readTyped(const QObject *object, void *value) const
@@ -100,10 +110,28 @@ bool ZelMetaPropertyAccessor::writeTyped(QObject *object, const void *value) con
     return true;
 }
 
+/// An absent value makes the property empty, which is a value of its own: it is not reset then.
+bool ZelMetaPropertyAccessor::writeOptional(QObject *object, const QVariant &value) const
+{
+    QVariant stored = value;
+    const bool isNone = ZelIsNull(value);
+    if (!isNone && ZelValueConversion::convert(stored, m_type) != ZelValueConversion::Fits)
+        return false;
+    QVariant optional(m_optional->optional);
+    m_optional->store(optional.data(), isNone ? nullptr : stored.constData());
+    int status = -1;
+    int flags = 0;
+    void *arguments[] = {optional.data(), nullptr, &status, &flags};
+    call(object, QMetaObject::WriteProperty, arguments);
+    return true;
+}
+
 bool ZelMetaPropertyAccessor::write(QObject *object, const QVariant &value) const
 {
     if (!m_isWritable)
         return false;
+    if (m_optional)
+        return writeOptional(object, value);
     if (m_type.id() == QMetaType::QVariant) {
         const QVariant stored = ZelIsNull(value) ? QVariant() : value;
         return writeTyped(object, &stored);

@@ -51,13 +51,28 @@ template<typename Concerns> void notifyKeys(const ZelObjectRecord &record, Conce
 
 } // namespace
 
-void ZelNotifyRelay::listen(const ZelObservedKey &key)
+/// Qt's bindings must not be left by an exception. The relay may be deleted by an observer, and the notifier with it.
+void ZelNotifyRelay::listenToBinding(ZelObservedKey &key)
+{
+    QUntypedBindable bindable = key.bindable();
+    if (!bindable.isValid())
+        return;
+    const auto tell = [observed = &key, object = QPointer<QObject>(m_record.object())] {
+        ZelObservedKey *const told = observed;
+        ZelExceptionReporter::run(object, [told] { told->notifiedByBinding(); });
+    };
+    m_notifiers.emplace_back(&key, std::make_unique<QPropertyNotifier>(bindable.addNotifier(tell)));
+}
+
+void ZelNotifyRelay::listen(ZelObservedKey &key)
 {
     if (!key.notifyEvents().isEmpty() && m_eventUses++ == 0)
         m_record.object()->installEventFilter(this);
     const int index = key.notifySignalIndex();
-    if (index < 0)
+    if (index < 0) {
+        listenToBinding(key);
         return;
+    }
     auto place = std::find_if(m_signals.begin(), m_signals.end(), [&](const Signal &s) { return s.index == index; });
     if (place == m_signals.end()) {
         place = std::find_if(m_signals.begin(), m_signals.end(), [](const Signal &s) { return s.index < 0; });
@@ -73,6 +88,7 @@ void ZelNotifyRelay::stopListening(const ZelObservedKey &key)
 {
     if (!key.notifyEvents().isEmpty() && --m_eventUses == 0)
         m_record.object()->removeEventFilter(this);
+    std::erase_if(m_notifiers, [&](const auto &notifier) { return notifier.first == &key; });
     const int index = key.notifySignalIndex();
     for (Signal &signal : m_signals) {
         if (index < 0 || signal.index != index || --signal.uses > 0)

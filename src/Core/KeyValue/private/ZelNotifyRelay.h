@@ -4,6 +4,8 @@
 #include "Core/KeyValue/private/ZelSignalReceiver.h"
 
 #include <QEvent>
+#include <QProperty>
+#include <memory>
 #include <vector>
 
 class ZelObjectRecord;
@@ -18,7 +20,7 @@ public:
     {
     }
 
-    void listen(const ZelObservedKey &key);
+    void listen(ZelObservedKey &key);
     /// Stops listening to what no observed key of the record needs any more.
     void stopListening(const ZelObservedKey &key);
 
@@ -32,8 +34,10 @@ private:
         QMetaObject::Connection connection;
     };
     void heard(int number, void **arguments) override;
+    void listenToBinding(ZelObservedKey &key);
 
     ZelObjectRecord &m_record;
     std::vector<Signal> m_signals; // the position is the connection's number
     int m_eventUses = 0;
+    std::vector<std::pair<const ZelObservedKey *, std::unique_ptr<QPropertyNotifier>>> m_notifiers;
 };

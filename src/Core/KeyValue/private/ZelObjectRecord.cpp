@@ -120,7 +120,7 @@ void ZelObjectRecord::addKeyObserver(const ZelObservedKey::Registration &registr
         observed = new ZelObservedKey(m_object, key);
         m_keys.push_back(observed);
     }
-    if (!observed->isObserved() && (observed->notifySignalIndex() >= 0 || !observed->notifyEvents().isEmpty())) {
+    if (!observed->isObserved() && observed->isHeard()) {
         if (!m_relay)
             m_relay = std::make_unique<ZelNotifyRelay>(*this);
         m_relay->listen(*observed);

@@ -90,6 +90,16 @@ QList<QEvent::Type> ZelObservedKey::notifyEvents() const
     return accessor() ? accessor()->notifyEvents() : QList<QEvent::Type>();
 }
 
+bool ZelObservedKey::isHeard() const
+{
+    return accessor() && !accessor()->isSilent();
+}
+
+QUntypedBindable ZelObservedKey::bindable() const
+{
+    return accessor() && accessor()->isBindable() ? accessor()->bindable(m_object) : QUntypedBindable();
+}
+
 /// Whether the property may still be read. While an object's destructors run, its class becomes one base after the
 /// other, and what it was before must not be called any more. A class that has become a derived one is fine: the
 /// observer came while constructors ran.
@@ -293,6 +303,21 @@ void ZelObservedKey::notified()
     }
     failure.run([&] { deliver(ZelKeyValueChangeSetting, source, nullptr, false); });
     failure.rethrow();
+}
+
+/// Qt tells nobody a second time while it tells: what an observer changes meanwhile is told afterwards.
+void ZelObservedKey::notifiedByBinding()
+{
+    constexpr int limit = 100; // two observers may disagree for ever
+    const Hold hold(this);
+    QVariant told;
+    for (int i = 0; i < limit && isObserved() && !m_isOrphan && isReadable(); ++i) {
+        const QVariant present = read();
+        if (i > 0 && ZelEqual(told, present))
+            return;
+        told = present;
+        notified();
+    }
 }
 
 void ZelObservedKey::reread()

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QPointer>
+#include <QProperty>
 #include <vector>
 
 class ZelKeyValueCodingInterface;
@@ -60,6 +61,10 @@ public:
     /// Whether an emission of that signal with these arguments concerns this key.
     bool isMeantBy(void **arguments) const;
     QList<QEvent::Type> notifyEvents() const;
+    /// Whether something tells of changes: a signal, events or a binding.
+    bool isHeard() const;
+    /// The binding that tells of changes; null where a signal or nothing does.
+    QUntypedBindable bindable() const;
 
     void add(const Registration &registration);
     /// Removes the latest such registration. Answers false if there is none.
@@ -71,6 +76,8 @@ public:
     void didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject);
     /// A change that is heard of after it happened.
     void notified();
+    /// The same for a property that is heard through its binding.
+    void notifiedByBinding();
     /// Delivers a change that was not announced at all, if there was one.
     void reread();
 

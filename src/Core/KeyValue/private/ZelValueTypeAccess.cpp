@@ -1,64 +1,46 @@
 // SPDX-License-Identifier: MIT
 #include "Core/KeyValue/private/ZelValueTypeAccess.h"
 
+#include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
 #include <QMetaProperty>
-#include <QPointF>
-#include <QRectF>
-#include <QSizeF>
 
 namespace {
 
-/// A component of a value type of two or four numbers.
+/// One of the numbers of which a point, a rectangle or the like consists.
 struct Component
 {
-    QMetaType::Type type;
-    const char *key;
-    QVariant (*read)(const QVariant &);
-    void (*write)(QVariant &, double);
-};
+    const ZelGeometryType *type = nullptr;
+    int index = -1;
+    bool isValid() const { return index >= 0; }
 
-template<typename Type, auto Get, auto Set> constexpr Component component(QMetaType::Type type, const char *key)
-{
-    return {type, key, [](const QVariant &v) { return QVariant((v.value<Type>().*Get)()); },
-            [](QVariant &v, double number) {
-                Type changed = v.value<Type>();
-                (changed.*Set)(number);
-                v = changed;
-            }};
-}
-
-/// The origin of a rectangle. Writing it moves the rectangle; QRectF::setX and setY would resize it.
-template<auto Get, auto Move> constexpr Component origin(const char *key)
-{
-    return {QMetaType::QRectF, key, [](const QVariant &v) { return QVariant((v.toRectF().*Get)()); },
-            [](QVariant &v, double number) {
-                QRectF changed = v.toRectF();
-                (changed.*Move)(number);
-                v = changed;
-            }};
-}
-
-const Component g_components[] = {
-    component<QPointF, &QPointF::x, &QPointF::setX>(QMetaType::QPointF, "x"),
-    component<QPointF, &QPointF::y, &QPointF::setY>(QMetaType::QPointF, "y"),
-    component<QSizeF, &QSizeF::width, &QSizeF::setWidth>(QMetaType::QSizeF, "width"),
-    component<QSizeF, &QSizeF::height, &QSizeF::setHeight>(QMetaType::QSizeF, "height"),
-    origin<&QRectF::x, &QRectF::moveLeft>("x"),
-    origin<&QRectF::y, &QRectF::moveTop>("y"),
-    component<QRectF, &QRectF::width, &QRectF::setWidth>(QMetaType::QRectF, "width"),
-    component<QRectF, &QRectF::height, &QRectF::setHeight>(QMetaType::QRectF, "height"),
-};
-
-const Component *componentOf(const QVariant &container, ZelKey key)
-{
-    for (const Component &candidate : g_components) {
-        if (candidate.type == container.typeId() && key.name() == candidate.key)
-            return &candidate;
+    static Component of(const QVariant &container, ZelKey key)
+    {
+        const ZelGeometryType *type = ZelGeometryType::find(container.metaType());
+        return {type, type ? type->indexOf(key.name()) : -1};
     }
-    return nullptr;
-}
+    QMetaType metaType() const
+    {
+        return type->type == type->ofDoubles ? QMetaType::fromType<double>() : QMetaType::fromType<int>();
+    }
+    QVariant read(const QVariant &container) const
+    {
+        ZelGeometryType::Numbers numbers{};
+        type->load(container.constData(), numbers);
+        QVariant number = numbers[size_t(index)];
+        (void)number.convert(metaType());
+        return number;
+    }
+    /// The other numbers stay: a rectangle is moved by its x.
+    void write(QVariant &container, double number) const
+    {
+        ZelGeometryType::Numbers numbers{};
+        type->load(container.constData(), numbers);
+        numbers[size_t(index)] = number;
+        type->store(numbers, container.data());
+    }
+};
 
 QMetaProperty gadgetProperty(const QVariant &container, ZelKey key)
 {
@@ -72,8 +54,8 @@ QMetaProperty gadgetProperty(const QVariant &container, ZelKey key)
 
 bool ZelValueTypeAccess::read(const QVariant &container, ZelKey key, QVariant *value)
 {
-    if (const Component *found = componentOf(container, key)) {
-        *value = found->read(container);
+    if (const Component component = Component::of(container, key); component.isValid()) {
+        *value = component.read(container);
         return true;
     }
     if (container.typeId() == QMetaType::QVariantMap) {
@@ -93,8 +75,8 @@ bool ZelValueTypeAccess::read(const QVariant &container, ZelKey key, QVariant *v
 
 bool ZelValueTypeAccess::write(QVariant &container, ZelKey key, const QVariant &value)
 {
-    if (const Component *found = componentOf(container, key)) {
-        found->write(container, value.toDouble());
+    if (const Component component = Component::of(container, key); component.isValid()) {
+        component.write(container, value.toDouble());
         return true;
     }
     if (container.typeId() == QMetaType::QVariantMap) {
@@ -118,8 +100,8 @@ bool ZelValueTypeAccess::write(QVariant &container, ZelKey key, const QVariant &
 
 ZelValueTypeAccess::Property ZelValueTypeAccess::property(const QVariant &container, ZelKey key)
 {
-    if (componentOf(container, key))
-        return {QMetaType::fromType<double>(), true};
+    if (const Component component = Component::of(container, key); component.isValid())
+        return {component.metaType(), true};
     if (container.typeId() == QMetaType::QVariantMap || container.typeId() == QMetaType::QVariantHash)
         return {QMetaType::fromType<QVariant>(), true};
     const QMetaProperty property = gadgetProperty(container, key);

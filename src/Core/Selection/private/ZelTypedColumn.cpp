@@ -3,18 +3,18 @@
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 
-ZelTypedColumn::ZelTypedColumn(const ZelObjectController &controller, ZelKey key, int count)
+ZelTypedColumn::ZelTypedColumn(const ZelObjectController &controller, ZelKey key, const ZelGeometryType &like)
     : m_controller(controller)
     , m_key(key)
-    , m_count(count)
+    , m_like(like)
     , m_accessors(ZelKeyPath(key))
 {
 }
 
-const ZelGeometryType *ZelTypedColumn::typeOf(QMetaType type, qsizetype count)
+const ZelGeometryType *ZelTypedColumn::typeOf(QMetaType type, const ZelGeometryType &like)
 {
     const ZelGeometryType *found = ZelGeometryType::find(type);
-    return found && found->count == count ? found : nullptr;
+    return found && found->isLike(like) ? found : nullptr;
 }
 
 const ZelGeometryType *ZelTypedColumn::typeOf(const QObject *object)
@@ -22,7 +22,7 @@ const ZelGeometryType *ZelTypedColumn::typeOf(const QObject *object)
     const ZelPropertyAccessor *accessor = m_accessors.of(object);
     if (accessor != m_accessor) {
         m_accessor = accessor;
-        m_type = accessor ? typeOf(accessor->type(), m_count) : nullptr;
+        m_type = accessor ? typeOf(accessor->type(), m_like) : nullptr;
     }
     return m_type;
 }
@@ -32,13 +32,13 @@ std::optional<ZelTypedColumn::Fold> ZelTypedColumn::fold(const Change &change)
     Fold fold;
     // The selection already knows whether all objects have one value, as they mostly do.
     const QVariant whole = ZelValueForKey(m_controller.selection(), m_key);
-    if (const ZelGeometryType *type = typeOf(whole.metaType(), m_count)) {
+    if (const ZelGeometryType *type = typeOf(whole.metaType(), m_like)) {
         type->load(whole.constData(), fold.first.emplace());
         change(*fold.first);
         return fold;
     }
     const QList<QPointer<QObject>> objects = m_controller.heldObjects();
-    const unsigned all = (1U << m_count) - 1;
+    const unsigned all = (1U << m_like.count) - 1;
     for (auto object = objects.cbegin(); object != objects.cend() && fold.differing != all; ++object) {
         if (*object && !compare(*object, change, fold))
             return std::nullopt;

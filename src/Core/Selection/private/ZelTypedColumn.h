@@ -8,9 +8,9 @@
 
 #include <optional>
 
-/// The values that all selected objects have for one key, if each consists of a certain count of numbers. They are read
-/// and written through memory, which costs a fraction of doing so as variants. A column is made for one event and not
-/// kept.
+/// The values that all selected objects have for one key, if each consists of numbers as those of a certain type do.
+/// They are read and written through memory, which costs a fraction of doing so as variants. A column is made for one
+/// event and not kept.
 class ZelTypedColumn
 {
 public:
@@ -18,7 +18,7 @@ public:
     /// Changes a value's numbers.
     using Change = std::function<void(Numbers &)>;
 
-    ZelTypedColumn(const ZelObjectController &controller, ZelKey key, int count);
+    ZelTypedColumn(const ZelObjectController &controller, ZelKey key, const ZelGeometryType &like);
 
     struct Fold
     {
@@ -45,7 +45,8 @@ public:
     /// object may have changed it.
     void refresh(const QObject *object, const void *before, void *after, const Change &change);
 
-    static const ZelGeometryType *typeOf(QMetaType type, qsizetype count);
+    /// Answers null if values of the type are not edited as those of the other one.
+    static const ZelGeometryType *typeOf(QMetaType type, const ZelGeometryType &like);
 
 private:
     /// Answers null if the object's property is not of such a type.
@@ -57,7 +58,7 @@ private:
 
     const ZelObjectController &m_controller;
     ZelKey m_key;
-    int m_count;
+    const ZelGeometryType &m_like;
     ZelClassAccessors m_accessors;
     const ZelPropertyAccessor *m_accessor = nullptr;
     const ZelGeometryType *m_type = nullptr;

@@ -3,7 +3,9 @@
 
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelNumberTypes.h"
+#include "Core/Values/private/ZelTextForm.h"
 
 #include <QUrl>
 #include <QUuid>
@@ -101,7 +103,7 @@ const NumberType *numberType(int type)
 
 bool isEnumeration(QMetaType type)
 {
-    return type.flags().testFlag(QMetaType::IsEnumeration);
+    return ZelEnumerationKeys::isEnumeration(type);
 }
 
 /// The limits of the integer in which the enumeration is stored. Flags may be given signed or unsigned, because their
@@ -112,7 +114,7 @@ Limits limitsOfEnumeration(QMetaType type)
     if (bits < 8 || bits > 32)
         return {};
     const bool isUnsigned = type.flags().testFlag(QMetaType::IsUnsignedEnumeration);
-    const bool isFlags = QByteArrayView(type.name()).startsWith("QFlags<");
+    const bool isFlags = ZelEnumerationKeys::isFlags(type);
     const qlonglong all = (qlonglong(1) << bits) - 1;
     return {QVariant(isUnsigned ? qlonglong(0) : -(all / 2) - 1), QVariant(isUnsigned || isFlags ? all : all / 2)};
 }
@@ -169,6 +171,16 @@ Result convertText(QVariant &value, QMetaType type)
             return ZelValueConversion::Unconvertible;
         return target->store(number, value) ? ZelValueConversion::Fits : ZelValueConversion::OutOfRange;
     }
+    const bool canBeEmpty = type.id() != QMetaType::QLocale; // what Qt has for none is the system's
+    if (ZelTextForm::has(type) && !isText(type) && (!text.isEmpty() || !canBeEmpty)) {
+        const std::optional<QVariant> read = ZelTextForm::read(text, type);
+        value = read.value_or(value);
+        return read ? ZelValueConversion::Fits : ZelValueConversion::Unconvertible;
+    }
+    if (const auto keys = isEnumeration(type) ? ZelEnumerationKeys::valueOf(text, type) : std::nullopt) {
+        value = *keys;
+        return ZelValueConversion::Fits;
+    }
     QVariant converted = value;
     const bool isConverted = converted.convert(type);
     const bool hasNone = type.id() != QMetaType::Double && type.id() != QMetaType::Bool && !isEnumeration(type);
@@ -191,6 +203,42 @@ bool fitsGeometry(const QVariant &value, QMetaType type)
     source->load(value.constData(), numbers);
     return std::all_of(numbers.begin(), numbers.end(),
                        [](double number) { return std::abs(number) <= double(1 << 30); });
+}
+
+/// Between margins or lines of doubles and of integers, which Qt does not convert.
+bool convertGeometry(const QVariant &value, QMetaType type, QVariant &converted)
+{
+    const ZelGeometryType *source = ZelGeometryType::find(value.metaType());
+    const ZelGeometryType *target = source ? ZelGeometryType::find(type) : nullptr;
+    if (!target || target->ofDoubles != source->ofDoubles)
+        return false;
+    ZelGeometryType::Numbers numbers{};
+    source->load(value.constData(), numbers);
+    converted = QVariant(type);
+    target->store(numbers, converted.data());
+    return true;
+}
+
+/// The bits as a value of the enumeration; as a number if it has no room for them.
+QVariant enumerationOfBits(quint64 bits, QMetaType type)
+{
+    const bool isUnsigned = type.flags().testFlag(QMetaType::IsUnsignedEnumeration);
+    QVariant number = qlonglong(bits);
+    switch (type.sizeOf()) {
+    case sizeof(qint8):
+        number = isUnsigned ? integerOfBits<uchar>(bits) : integerOfBits<signed char>(bits);
+        break;
+    case sizeof(qint16):
+        number = isUnsigned ? integerOfBits<ushort>(bits) : integerOfBits<short>(bits);
+        break;
+    case sizeof(qint32):
+        number = isUnsigned ? integerOfBits<uint>(bits) : integerOfBits<int>(bits);
+        break;
+    default:
+        break;
+    }
+    QVariant value = number;
+    return number.typeId() != QMetaType::ULongLong && value.convert(type) ? value : number;
 }
 
 } // namespace
@@ -217,7 +265,7 @@ Result ZelValueConversion::convert(QVariant &value, QMetaType type)
     if ((isNumber && isEnumeration(type) && !isWithin(value, limits(type))) || !fitsGeometry(value, type))
         return OutOfRange;
     QVariant converted = value;
-    if (!converted.convert(type))
+    if (!converted.convert(type) && !convertGeometry(value, type, converted))
         return Unconvertible;
     value = converted;
     return Fits;
@@ -244,9 +292,8 @@ Limits ZelValueConversion::limits(QMetaType type)
 
 QVariant ZelValueConversion::ofBits(quint64 bits, QMetaType type)
 {
-    if (isEnumeration(type) && type.sizeOf() == sizeof(int))
-        return type.flags().testFlag(QMetaType::IsUnsignedEnumeration) ? integerOfBits<uint>(bits)
-                                                                       : integerOfBits<int>(bits);
+    if (isEnumeration(type))
+        return enumerationOfBits(bits, type);
     const NumberType *known = numberType(type.id());
     return known ? known->ofBits(bits) : QVariant(bits);
 }

@@ -141,7 +141,7 @@ void ZelDescriptionCheck::check(const Configuration &element, QStringView role) 
     }
     if (schema->type == u"number")
         checkRange(element);
-    else if (schema->type == u"enumeration")
+    else if (schema->type == u"enumeration" || schema->type == u"flags")
         checkOptions(element);
     else if (role == u"chooser")
         checkValues({element}, u"choice");

@@ -116,6 +116,7 @@ constexpr Attribute g_frame[] = {
     {u"flipped", Kind::Boolean},
     {u"flippedKeyPath", Kind::KeyPath},
 };
+constexpr Attribute g_vector[] = {{u"components"}};
 constexpr Attribute g_size[] = {
     {u"widthTitle", Kind::LocalizedText},   {u"widthTitleKeyPath", Kind::KeyPath},
     {u"heightTitle", Kind::LocalizedText},  {u"heightTitleKeyPath", Kind::KeyPath},
@@ -172,6 +173,11 @@ constexpr Schema::Element g_elements[] = {
      .attributes = {g_untitled, g_titles, g_enumeration, g_choices},
      .children = {u"option-group"},
      .required = u"keyPath"},
+    {.role = u"property",
+     .type = u"flags",
+     .attributes = {g_untitled, g_titles, g_enumeration, g_choices},
+     .children = {u"option-group"},
+     .required = u"keyPath"},
     {.role = u"property", .type = u"color", .attributes = {g_untitled, g_titles, g_color}, .required = u"keyPath"},
     {.role = u"property", .type = u"date", .attributes = {g_untitled, g_titles, g_placeholder}, .required = u"keyPath"},
     {.role = u"property", .type = u"font", .attributes = {g_untitled, g_titles, g_placeholder}, .required = u"keyPath"},
@@ -185,6 +191,12 @@ constexpr Schema::Element g_elements[] = {
      .required = u"keyPath"},
     {.role = u"property", .type = u"size", .attributes = {g_untitled, g_numberFormat, g_size}, .required = u"keyPath"},
     {.role = u"property", .type = u"point", .attributes = {g_untitled, g_numberFormat, g_size}, .required = u"keyPath"},
+    {.role = u"property", .type = u"margins", .attributes = {g_untitled, g_numberFormat}, .required = u"keyPath"},
+    {.role = u"property", .type = u"line", .attributes = {g_untitled, g_numberFormat}, .required = u"keyPath"},
+    {.role = u"property",
+     .type = u"vector",
+     .attributes = {g_untitled, g_numberFormat, g_vector},
+     .required = u"keyPath"},
     {.role = u"property", .type = u"custom", .attributes = {g_untitled, g_titles, g_classOnly}, .isOpen = true},
     // Any other type. The property is built from the file that it names, or by the application, which may read more.
     {.role = u"property",

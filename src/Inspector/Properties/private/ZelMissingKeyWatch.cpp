@@ -10,10 +10,12 @@
 
 #include <algorithm>
 
-ZelMissingKeyWatch::ZelMissingKeyWatch(ZelInspectorProperty *editor, const ZelObjectController *controller, ZelKey key)
+ZelMissingKeyWatch::ZelMissingKeyWatch(ZelInspectorProperty *editor, const ZelObjectController *controller, ZelKey key,
+                                       Found found)
     : m_editor(editor)
     , m_controller(controller)
     , m_key(key)
+    , m_found(std::move(found))
 {
     selectionChanged();
     if (!m_hasEnded)
@@ -33,6 +35,7 @@ void ZelMissingKeyWatch::selectionChanged()
         return;
     if (ZelHasKey(objects.first(), m_key)) {
         end();
+        m_found(objects.first());
         return;
     }
     if (!m_warning)

@@ -4,6 +4,7 @@
 #include "Core/KeyValue/ZelKey.h"
 
 #include <QPointer>
+#include <functional>
 #include <memory>
 
 class ZelDelayedInvocation;
@@ -17,7 +18,9 @@ class ZelObjectController;
 class ZelMissingKeyWatch
 {
 public:
-    ZelMissingKeyWatch(ZelInspectorProperty *editor, const ZelObjectController *controller, ZelKey key);
+    /// The block is called with the first object that has the key.
+    using Found = std::function<void(const QObject *)>;
+    ZelMissingKeyWatch(ZelInspectorProperty *editor, const ZelObjectController *controller, ZelKey key, Found found);
     ~ZelMissingKeyWatch();
     Q_DISABLE_COPY_MOVE(ZelMissingKeyWatch)
 
@@ -33,6 +36,7 @@ private:
     ZelInspectorProperty *m_editor;
     QPointer<const ZelObjectController> m_controller;
     ZelKey m_key;
+    Found m_found;
     QMetaObject::Connection m_connection;
     std::unique_ptr<ZelDelayedInvocation> m_warning; // after everything has adapted to the selection
     bool m_hasEnded = false;

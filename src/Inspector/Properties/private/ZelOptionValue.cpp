@@ -3,26 +3,15 @@
 
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Properties/ZelOptionGroup.h"
-
-#include <QMetaEnum>
 
 namespace {
 
 bool isEnumeration(QMetaType type)
 {
-    return type.flags().testFlag(QMetaType::IsEnumeration);
-}
-
-std::optional<int> numberOfKey(QMetaType type, const QString &key)
-{
-    const QMetaObject *declaring = type.metaObject();
-    const QByteArray name(type.name());
-    const int index = declaring ? declaring->indexOfEnumerator(name.mid(name.lastIndexOf(':') + 1).constData()) : -1;
-    bool isKey = false;
-    const int number = index < 0 ? -1 : declaring->enumerator(index).keysToValue(key.toUtf8().constData(), &isKey);
-    return isKey ? std::optional(number) : std::nullopt;
+    return ZelEnumerationKeys::isEnumeration(type);
 }
 
 } // namespace
@@ -54,8 +43,7 @@ QVariant ZelOptionValue::forType(QMetaType type, const QVariant &number, const Q
         return number;
     if (!type.isValid())
         return text;
-    const std::optional<int> key = isEnumeration(type) ? numberOfKey(type, text) : std::nullopt;
-    return key ? QVariant(*key) : number;
+    return (isEnumeration(type) ? ZelEnumerationKeys::valueOf(text, type) : std::nullopt).value_or(number);
 }
 
 void ZelOptionValue::warnOfTexts(const ZelOptionGroup *group, QMetaType type)
@@ -68,7 +56,7 @@ void ZelOptionValue::warnOfTexts(const ZelOptionGroup *group, QMetaType type)
         const QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(option->text);
         if (!isEnumeration(type))
             ZelLogWarning(message, ZelSourcePlace::ofObject(option));
-        else if (!numberOfKey(type, option->text))
+        else if (!ZelEnumerationKeys::valueOf(option->text, type))
             ZelLogWarning(message + u" and no key of " + QString::fromUtf8(type.name()),
                           ZelSourcePlace::ofObject(option));
     }

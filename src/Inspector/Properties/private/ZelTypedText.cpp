@@ -6,6 +6,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Core/Values/private/ZelNumberTypes.h"
+#include "Core/Values/private/ZelTextForm.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Resources/ZelColor.h"
 #include "Resources/ZelLocalizedString.h"
@@ -236,6 +237,8 @@ QString ZelTypedText::of(const QVariant &value)
         const QColor color = ZelColor::fromVariant(value).toQColor();
         return color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
     }
+    if (ZelTextForm::has(value.metaType()))
+        return ZelTextForm::of(value);
     switch (value.typeId()) {
     case QMetaType::QDate:
         return QLocale().toString(value.toDate(), QLocale::ShortFormat);

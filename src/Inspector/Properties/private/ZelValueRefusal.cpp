@@ -3,9 +3,12 @@
 
 #include "Controls/Fields/ZelNumberFormatter.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Values/ZelGeometryType.h"
+#include "Core/Values/private/ZelEnumerationKeys.h"
+#include "Core/Values/private/ZelTextForm.h"
 #include "Resources/ZelLocalizedString.h"
 
-#include <QMetaEnum>
+#include <QTimeZone>
 #include <algorithm>
 
 namespace {
@@ -26,25 +29,18 @@ QString limitsText(const ZelValueConversion::Limits &limits, const ZelValueTrans
         .arg(formatter.stringForObjectValue(least), formatter.stringForObjectValue(greatest));
 }
 
-/// The keys of an enumeration; none for any other type.
-QStringList keysOf(QMetaType type)
+QString kindText(QMetaType type, const QString &text)
 {
-    if (!type.flags().testFlag(QMetaType::IsEnumeration) || !type.metaObject())
-        return {};
-    const QByteArray name = QByteArray(type.name()).split(':').last();
-    const QMetaEnum enumeration = type.metaObject()->enumerator(type.metaObject()->indexOfEnumerator(name));
-    QStringList keys;
-    for (int i = 0; i < enumeration.keyCount(); ++i)
-        keys.append(QString::fromLatin1(enumeration.key(i)));
-    return keys;
-}
-
-QString kindText(QMetaType type)
-{
-    const QStringList keys = keysOf(type);
+    const QStringList keys = ZelEnumerationKeys::names(type);
     if (!keys.isEmpty())
         return ZelLocalizedString("This must be one of %1.").arg(keys.join(QStringLiteral(", ")));
+    QString detail;
     switch (type.id()) {
+    case QMetaType::QRegularExpression:
+        (void)ZelTextForm::read(text, type, &detail);
+        return ZelLocalizedString("This is not a regular expression: %1").arg(detail);
+    case QMetaType::QKeySequence:
+        return ZelLocalizedString("These are not keys.");
     case QMetaType::QUrl:
         return ZelLocalizedString("This is not an address.");
     case QMetaType::QTime:
@@ -57,6 +53,10 @@ QString kindText(QMetaType type)
     case QMetaType::QColor:
         return ZelLocalizedString("This is not a color.");
     default:
+        if (type == QMetaType::fromType<QTimeZone>())
+            return ZelLocalizedString("This is not a time zone.");
+        if (const ZelGeometryType *numbers = ZelGeometryType::find(type))
+            return ZelLocalizedString("These are not %1 numbers.").arg(numbers->count);
         return ZelLocalizedString(ZelValueConversion::limits(type).isValid() || type.id() == QMetaType::Double
                                       ? "This is not a number."
                                       : "This is not a value.");
@@ -81,5 +81,5 @@ QString ZelValueRefusal::reason(const ZelPropertyDomain &domain, const QVariant 
     const auto &types = domain.types();
     const auto refuses = [&](QMetaType type) { return !ZelPropertyDomain::ofType(type).takes(value); };
     const auto refusing = std::find_if(types.begin(), types.end(), refuses);
-    return kindText(refusing == types.end() ? QMetaType() : *refusing);
+    return kindText(refusing == types.end() ? QMetaType() : *refusing, value.toString());
 }
