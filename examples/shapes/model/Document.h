@@ -32,7 +32,7 @@ class Document : public QObject
     Q_PROPERTY(int shapeCount READ shapeCount NOTIFY shapeCountChanged)
 
 public:
-    enum Units : int { Points, Millimetres, Inches };
+    enum Units : int { Points, Millimeters, Inches };
     Q_ENUM(Units)
 
     /// A shape and the row that it has, or is to have.

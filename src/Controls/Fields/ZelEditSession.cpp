@@ -118,16 +118,14 @@ bool ZelEditSession::accepts(const QVariant &value, QString *error) const
 bool ZelEditSession::applyChange(QVariant *value, QString *error) const
 {
     const ZelNumberChange *change = ZelNumberChange::of(*value);
-    const double own = ZelNumberChange::ownNumber(m_value);
-    if (!change || change->usesPlace() || std::isnan(own))
+    if (!change || change->usesPlace() || !ZelIsNumber(m_value) || !std::isfinite(m_value.toDouble()))
         return true;
-    const double number = change->number(own);
-    if (!std::isfinite(number)) {
-        *error = ZelLocalizedString(QStringLiteral("The result is not a number."));
-        return false;
-    }
+    const QVariant number = change->value(m_value);
+    if (!number.isValid())
+        *error = ZelLocalizedString(change->isInexact(m_value) ? "The result would not be exact."
+                                                               : "The result is not a number.");
     *value = number;
-    return true;
+    return number.isValid();
 }
 
 // The edit

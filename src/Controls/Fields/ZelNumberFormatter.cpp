@@ -4,6 +4,7 @@
 #include "Controls/Fields/ZelNumberExpression.h"
 #include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelExactInteger.h"
 #include "Resources/ZelLocalizedString.h"
 
 #include <QRegularExpression>
@@ -159,8 +160,9 @@ QVariant parsed(const QString &text, const QLocale &locale)
         return {};
     constexpr double largestExact = 9007199254740992.0;
     if (std::abs(number) >= largestExact) {
-        const qlonglong integer = locale.toLongLong(text, &ok);
-        if (ok)
+        if (const qlonglong integer = locale.toLongLong(text, &ok); ok)
+            return integer;
+        if (const qulonglong integer = locale.toULongLong(text, &ok); ok)
             return integer;
     }
     return number;
@@ -241,6 +243,23 @@ std::optional<QVariant> ZelNumberFormatter::readNumber(const QString &text) cons
     return number.isValid() ? std::optional(number) : std::nullopt;
 }
 
+/// The integer that "+=" or "-=" adds; nothing for any other calculation.
+std::optional<qlonglong> ZelNumberFormatter::readAddend(const QString &text) const
+{
+    const QString trimmed = text.trimmed();
+    const bool adds = trimmed.startsWith(u"+=");
+    if (!adds && !trimmed.startsWith(u"-="))
+        return std::nullopt;
+    const QVariant number = readNumber(trimmed.mid(2)).value_or(QVariant());
+    const double size = number.toDouble();
+    const bool isInteger = number.typeId() == QMetaType::LongLong ||
+                           (number.typeId() == QMetaType::Double && size == std::trunc(size) && std::abs(size) < 1e15);
+    const qlonglong addend = number.toLongLong();
+    if (!isInteger || addend == std::numeric_limits<qlonglong>::min())
+        return std::nullopt;
+    return adds ? addend : -addend;
+}
+
 bool ZelNumberFormatter::readExpression(const QString &text, const QString &unit, QVariant *value, QString *error) const
 {
     const QString noNumber = ZelLocalizedString(QStringLiteral("This is not a number."));
@@ -252,7 +271,10 @@ bool ZelNumberFormatter::readExpression(const QString &text, const QString &unit
         const auto number = [expression](double own, qsizetype index, qsizetype count) {
             return expression.value(own, index, count);
         };
-        *value = QVariant::fromValue(ZelNumberChange(number, expression.usesPlace()));
+        ZelNumberChange change(number, expression.usesPlace());
+        if (const std::optional<qlonglong> addend = readAddend(text))
+            change.setExactFunction([addend](const QVariant &own) { return ZelExactInteger::sum(own, *addend); });
+        *value = QVariant::fromValue(change);
         return true;
     }
     const double number = expression.value();

@@ -38,7 +38,7 @@ public:
 
     /// A value that is not a number is shown as its text.
     QString stringForObjectValue(const QVariant &value) const override;
-    /// Answers a double, but a qlonglong for an integer that a double cannot hold exactly.
+    /// Answers a double, but a qlonglong or qulonglong for an integer that a double cannot hold exactly.
     bool objectValueForString(const QString &text, QVariant *value, QString *error) const override;
 
 protected:
@@ -50,6 +50,7 @@ protected:
 
 private:
     QLocale parsingLocale() const;
+    std::optional<qlonglong> readAddend(const QString &text) const;
 
     int m_minimumFractionDigits = 0;
     int m_maximumFractionDigits = 3;

@@ -32,11 +32,33 @@ void ZelRangeControl::setObjectValue(const QVariant &value)
 {
     const bool changed = !ZelEqual(m_value, value);
     m_value = value;
+    if (std::exchange(m_narrowedRange, std::nullopt))
+        update(); // of another object, the same value may have other limits
     if (!changed)
         return;
     showValue();
     ZelControlSupport::announceValue(this);
     Q_EMIT objectValueChanged();
+}
+
+void ZelRangeControl::setModelRange(const std::function<std::optional<ZelValueRange>()> &range)
+{
+    m_modelRange = range;
+    m_narrowedRange.reset();
+}
+
+const ZelValueRange &ZelRangeControl::range() const
+{
+    if (!m_modelRange)
+        return m_range;
+    if (!m_narrowedRange) {
+        m_narrowedRange = m_range;
+        if (const auto model = m_modelRange()) {
+            m_narrowedRange->minimum = std::max(m_range.minimum, model->minimum);
+            m_narrowedRange->maximum = std::min(m_range.maximum, model->maximum);
+        }
+    }
+    return *m_narrowedRange;
 }
 
 bool ZelRangeControl::hasSingleValue() const
@@ -83,6 +105,7 @@ void ZelRangeControl::setLimit(double *limit, double value)
     if (value == *limit)
         return;
     *limit = value;
+    m_narrowedRange.reset();
     update();
     Q_EMIT limitsChanged();
 }

@@ -47,6 +47,9 @@ public:
     double increment() const { return m_increment; }
     void setIncrement(double increment) { m_increment = increment; }
 
+    /// Sets what is asked, after the value was set, for the limits of the model: users keep to these, too.
+    void setModelRange(const std::function<std::optional<ZelValueRange>()> &range);
+
     /// Whether users may change the value; true by default. If not, the control looks disabled.
     bool isEditable() const { return m_editable; }
     void setEditable(bool editable);
@@ -73,7 +76,8 @@ Q_SIGNALS:
 protected:
     ZelRangeControl(const ZelValueRange &range, double increment, QWidget *parent);
 
-    const ZelValueRange &range() const { return m_range; }
+    /// The limits, and those of the model within them.
+    const ZelValueRange &range() const;
     virtual double valueForNone() const { return 0; }
     /// How far a number may be from the entered one that it was made of and still count as rounded.
     virtual double roundingTolerance() const { return std::abs(m_increment) * 0.75; }
@@ -112,6 +116,8 @@ private:
     void setLimit(double *limit, double value);
 
     ZelValueRange m_range;
+    std::function<std::optional<ZelValueRange>()> m_modelRange;
+    mutable std::optional<ZelValueRange> m_narrowedRange; // until the value is set anew
     double m_increment;
     QVariant m_value;
     int m_wheelAngle = 0;

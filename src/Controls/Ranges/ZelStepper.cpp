@@ -52,7 +52,7 @@ bool ZelStepper::canStep(int steps) const
 {
     if (!isEditable() || !isEnabled() || range().isEmpty() || !std::isfinite(increment()) || increment() * steps == 0)
         return false;
-    return !hasSingleValue() || valueAfter(steps).toDouble() != doubleValue();
+    return !hasSingleValue() || ZelNotEqual(valueAfter(steps), objectValue());
 }
 
 QAbstractSpinBox::StepEnabled ZelStepper::possibleSteps() const

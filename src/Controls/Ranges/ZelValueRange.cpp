@@ -3,6 +3,7 @@
 
 #include "Core/Values/ZelNumberChange.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelExactInteger.h"
 
 #include <charconv>
 #include <cmath>
@@ -69,7 +70,18 @@ QVariant ZelValueRange::steppedValue(const QVariant &value, double increment, do
         const double number = range.stepped(own, increment);
         return wraps && !range.isEmpty() && number == own ? range.valueAt(increment > 0 ? 0 : 1) : number;
     };
-    return ZelNumberChange::stepped(value, next, fallback);
+    return ZelNumberChange::stepped(value, next, fallback, wraps ? nullptr : integerStep(increment));
+}
+
+std::function<QVariant(const QVariant &)> ZelValueRange::integerStep(double increment) const
+{
+    if (increment != std::trunc(increment) || ZelExactInteger::isInexact(increment) || std::abs(increment) > 1e18)
+        return {};
+    return [range = *this, addend = qlonglong(increment)](const QVariant &integer) {
+        const QVariant sum = ZelExactInteger::sum(integer, addend);
+        const double number = sum.toDouble();
+        return number == range.clamp(number) ? sum : QVariant(range.clamp(number));
+    };
 }
 
 double ZelValueRange::nearestStep(double value, double increment) const

@@ -4,6 +4,7 @@
 #include "Core/ZelExport.h"
 
 #include <QVariant>
+#include <functional>
 
 /// The limits of a control, which may be any doubles. Infinite limits count as the largest finite double. A range that
 /// is empty or has a limit that is not a number answers its minimum, or 0.
@@ -26,6 +27,9 @@ public:
     /// fallback. Several different values, or a change of them, become a ZelNumberChange that steps each object from
     /// its own number. With `wraps`, a step beyond one limit goes on at the other one.
     QVariant steppedValue(const QVariant &value, double increment, double fallback = 0, bool wraps = false) const;
+
+    /// An integer plus the increment, exactly, and clamped to the limits; no function for an increment that is none.
+    std::function<QVariant(const QVariant &integer)> integerStep(double increment) const;
 
     /// Answers the nearest of the maximum and the values that are a whole number of increments from the minimum; the
     /// value itself if the range is empty or the increment cannot be used.

@@ -25,7 +25,9 @@ std::function<double(double, double)> ZelFieldSteps::function() const
 
 QVariant ZelFieldSteps::steppedValue(const QVariant &value, double count) const
 {
-    return ZelNumberChange::stepped(value, [step = function(), count](double number) { return step(number, count); });
+    return ZelNumberChange::stepped(
+        value, [step = function(), count](double number) { return step(number, count); }, 0,
+        transformer ? nullptr : range.integerStep(count * increment));
 }
 
 double ZelFieldSteps::factorFor(Qt::KeyboardModifiers modifiers)

@@ -2,7 +2,9 @@
 #include "Core/Values/ZelNumberChange.h"
 
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelExactInteger.h"
 #include "Core/Values/private/ZelNumberTypes.h"
+#include "Core/Values/private/ZelValueConversion.h"
 
 #include <cmath>
 #include <limits>
@@ -16,6 +18,25 @@ double ZelNumberChange::number(double own, qsizetype index, qsizetype count) con
     return m_function ? (*m_function)(own, index, count) : g_noNumber;
 }
 
+QVariant ZelNumberChange::value(const QVariant &own, qsizetype index, qsizetype count) const
+{
+    QVariant value;
+    if (m_exact && ZelExactInteger::isInteger(own)) {
+        value = (*m_exact)(own);
+        (void)ZelValueConversion::convert(value, own.metaType());
+    } else if (const double changed = number(ownNumber(own), index, count); std::isfinite(changed)) {
+        if (!ZelExactInteger::isWide(own.metaType()) || !ZelExactInteger::isInexact(changed))
+            value = changed;
+    }
+    return value;
+}
+
+bool ZelNumberChange::isInexact(const QVariant &own, qsizetype index, qsizetype count) const
+{
+    return ZelExactInteger::isWide(own.metaType()) && !value(own, index, count).isValid() &&
+           std::isfinite(number(own.toDouble(), index, count));
+}
+
 const ZelNumberChange *ZelNumberChange::of(const QVariant &value)
 {
     return value.metaType() == QMetaType::fromType<ZelNumberChange>()
@@ -23,11 +44,18 @@ const ZelNumberChange *ZelNumberChange::of(const QVariant &value)
                : nullptr;
 }
 
-QVariant ZelNumberChange::stepped(const QVariant &value, const std::function<double(double)> &step, double fallback)
+QVariant ZelNumberChange::stepped(const QVariant &value, const std::function<double(double)> &step, double fallback,
+                                  const ExactFunction &exact)
 {
     const auto next = [step, fallback](double own) { return step(std::isfinite(own) ? own : fallback); };
-    if (ZelIsMarker(value, ZelMultipleValuesMarker) || of(value))
-        return QVariant::fromValue(ZelNumberChange([next](double own, qsizetype, qsizetype) { return next(own); }));
+    if (ZelIsMarker(value, ZelMultipleValuesMarker) || of(value)) {
+        ZelNumberChange change([next](double own, qsizetype, qsizetype) { return next(own); });
+        if (exact)
+            change.setExactFunction(exact);
+        return QVariant::fromValue(change);
+    }
+    if (exact && ZelExactInteger::isInteger(value))
+        return exact(value);
     return next(ZelIsNull(value) || ZelIsControllerMarker(value) ? fallback : value.toDouble());
 }
 

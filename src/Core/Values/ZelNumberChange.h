@@ -29,14 +29,29 @@ public:
     {
     }
 
+    /// Sets how an integer is changed, whose result may be one that a double does not hold. Without it, such a result
+    /// is no result.
+    using ExactFunction = std::function<QVariant(const QVariant &integer)>;
+    void setExactFunction(ExactFunction function)
+    {
+        m_exact = std::make_shared<const ExactFunction>(std::move(function));
+    }
+
     bool usesPlace() const { return m_usesPlace; }
+    /// The number that replaces an object's value, of whose type it is if that type holds it. Invalid if there is no
+    /// finite one, or if it would not be exact: see isInexact.
+    QVariant value(const QVariant &own, qsizetype index = 0, qsizetype count = 1) const;
+    /// Whether the only thing against a value is that a double would not hold its integer of 64 bits.
+    bool isInexact(const QVariant &own, qsizetype index = 0, qsizetype count = 1) const;
     double number(double own, qsizetype index = 0, qsizetype count = 1) const;
 
     /// The change that a value is; null if it is none.
     static const ZelNumberChange *of(const QVariant &value);
     /// What a user's step makes of a control's value: a number of one number; of several different values, or of a
     /// change of them, a change of each object's own number. Where there is no number, the step starts at the fallback.
-    static QVariant stepped(const QVariant &value, const std::function<double(double)> &step, double fallback = 0);
+    /// Integers are stepped with the exact function, if there is one.
+    static QVariant stepped(const QVariant &value, const std::function<double(double)> &step, double fallback = 0,
+                            const ExactFunction &exact = {});
     /// A value as a number. NaN for an absent value and any other that is no number, and for an integer that a double
     /// cannot hold exactly.
     static double ownNumber(const QVariant &value);
@@ -46,6 +61,7 @@ public:
 
 private:
     std::shared_ptr<const Function> m_function;
+    std::shared_ptr<const ExactFunction> m_exact;
     bool m_usesPlace = false;
 };
 Q_DECLARE_METATYPE(ZelNumberChange)

@@ -3,17 +3,21 @@
 
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelExactInteger.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Inspector/Properties/private/ZelNumberScrubber.h"
 #include "Observation/ZelObservations.h"
+#include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelInstalledContext.h"
 #include "ViewController/ZelView.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -103,11 +107,31 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
     m_textField->setValueCheck([editor = QPointer<ZelInspectorNumberProperty>(this)](const QVariant &value) {
-        return editor ? editor->refusalOfShown(value) : QString();
+        return editor ? editor->refusalOfTyped(value) : QString();
     });
     ZelEditorLayout::setName(m_textField, title());
     ZelEditorLayout::setStretches(m_textField, 1);
     connect(m_textField, &ZelTextField::action, this, [this] { userDidChangeValue(m_textField); });
+}
+
+/// A calculation, or digits with a fraction or an exponent, is read as a double, which may not hold an integer of 64
+/// bits.
+QString ZelInspectorNumberProperty::refusalOfTyped(const QVariant &value) const
+{
+    const auto types = ZelPropertyDomain::ofKeyPath(owner(), keyPath()).types();
+    const bool isWide = std::any_of(types.begin(), types.end(), &ZelExactInteger::isWide);
+    const bool isInexact = isWide && !valueTransformer() && value.typeId() == QMetaType::Double &&
+                           ZelExactInteger::isInexact(value.toDouble());
+    return isInexact ? ZelLocalizedString("A number of this size must be typed with all its digits.")
+                     : refusalOfShown(value);
+}
+
+/// The limits of the model's property.
+std::optional<ZelValueRange> ZelInspectorNumberProperty::modelRange() const
+{
+    const auto limits = ZelPropertyDomain::ofKeyPath(owner(), keyPath()).limits();
+    return limits.isValid() ? std::optional(ZelValueRange{limits.minimum.toDouble(), limits.maximum.toDouble()})
+                            : std::nullopt;
 }
 
 void ZelInspectorNumberProperty::addStepper(ZelView *container)
@@ -115,6 +139,8 @@ void ZelInspectorNumberProperty::addStepper(ZelView *container)
     m_stepper = new ZelStepper(container);
     m_stepper->setFocusPolicy(Qt::ClickFocus); // the keys step the field, which is there for the keyboard
     ZelEditorLayout::setName(m_stepper, title());
+    m_stepper->setModelRange(
+        [editor = QPointer<ZelInspectorNumberProperty>(this)] { return editor ? editor->modelRange() : std::nullopt; });
     connect(m_stepper, &ZelStepper::action, this, [this] { userDidChangeValue(m_stepper); });
 }
 
@@ -124,6 +150,8 @@ void ZelInspectorNumberProperty::addSlider(ZelView *container)
     m_slider->setMinValue(0);
     m_slider->setMaxValue(10);
     ZelEditorLayout::setName(m_slider, title());
+    m_slider->setModelRange(
+        [editor = QPointer<ZelInspectorNumberProperty>(this)] { return editor ? editor->modelRange() : std::nullopt; });
     connect(m_slider, &ZelSlider::action, this, [this] { userDidChangeValue(m_slider); });
 }
 

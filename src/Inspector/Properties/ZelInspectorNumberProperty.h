@@ -104,6 +104,8 @@ protected:
     bool tellsRange() const override { return true; }
 
 private:
+    QString refusalOfTyped(const QVariant &value) const;
+    std::optional<ZelValueRange> modelRange() const;
     void addTextField(ZelView *container);
     void addStepper(ZelView *container);
     void addSlider(ZelView *container);

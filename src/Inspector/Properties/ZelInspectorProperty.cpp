@@ -249,20 +249,20 @@ QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) const
 {
     ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
-    const std::vector<double> &numbers = own.numbers();
+    const auto count = qsizetype(own.numbers().size());
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
     const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
-    const auto count = qsizetype(numbers.size());
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
-        const double number = change.number(numbers[size_t(i)], i, count);
-        if (takesAll && std::isfinite(number))
+        const QVariant number = own.changed(change, i);
+        if (takesAll && number.isValid())
             continue;
-        const QVariant value = isReversible ? m_valueTransformer->reverseTransformedValue(number) : QVariant(number);
-        const QString reason = std::isfinite(number) ? ZelValueRefusal::reason(domain, value, m_valueTransformer)
-                                                     : ZelLocalizedString("The result is not a number.");
+        const QVariant value = isReversible ? m_valueTransformer->reverseTransformedValue(number) : number;
+        const QString reason = number.isValid()           ? ZelValueRefusal::reason(domain, value, m_valueTransformer)
+                               : own.isInexact(change, i) ? ZelLocalizedString("The result would not be exact.")
+                                                          : ZelLocalizedString("The result is not a number.");
         if (!reason.isNull() && refusing++ == 0)
             firstReason = reason;
     }

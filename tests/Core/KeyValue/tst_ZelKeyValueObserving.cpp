@@ -9,6 +9,7 @@
 #include "Support/Person.h"
 #include "Support/Random.h"
 
+#include <QProperty>
 #include <QTest>
 #include <QThread>
 #include <algorithm>
@@ -35,6 +36,45 @@ public:
     }
 Q_SIGNALS:
     void changed();
+};
+
+/// Its volume, and what is computed from it, announce their changes by bindings alone; its level has a signal as well.
+class Tank : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int volume READ volume WRITE setVolume BINDABLE bindableVolume)
+    Q_PROPERTY(int twice READ twice BINDABLE bindableTwice)
+    Q_PROPERTY(int level READ level WRITE setLevel NOTIFY levelChanged BINDABLE bindableLevel)
+public:
+    Tank()
+    {
+        m_twice.setBinding([this] { return 2 * m_volume.value(); });
+    }
+    int volume() const { return m_volume; }
+    void setVolume(int volume) { m_volume = volume; }
+    QBindable<int> bindableVolume() { return &m_volume; }
+    int twice() const { return m_twice; }
+    QBindable<int> bindableTwice() { return &m_twice; }
+    int level() const { return m_level; }
+    void setLevel(int level)
+    {
+        m_level = level;
+        Q_EMIT levelChanged();
+    }
+    QBindable<int> bindableLevel()
+    {
+        ++levelAsked;
+        return &m_level;
+    }
+    int levelAsked = 0;
+
+Q_SIGNALS:
+    void levelChanged();
+
+private:
+    QProperty<int> m_volume{1};
+    QProperty<int> m_twice;
+    QProperty<int> m_level{1};
 };
 
 /// Says of each change whether the old value is still there, and whether it is another. A copy would not know.
@@ -450,6 +490,45 @@ private Q_SLOTS:
         delete mortal;
         QCOMPARE(Mortal::s_deadReads, 0);
         QCOMPARE(shared.count() + silent.count(), 0);
+    }
+
+    void propertiesWithoutASignalAreHeardThroughTheirBindings()
+    {
+        Tank tank;
+        Watch volume(&tank, "volume"), twice(&tank, "twice"), level(&tank, "level");
+        tank.setVolume(5);
+        tank.setVolume(5);
+        QCOMPARE(std::pair(volume.count(), twice.count()), std::pair(1, 1));
+        QCOMPARE(std::pair(twice.lastOld(), twice.lastNew()), std::pair(QVariant(2), QVariant(10)));
+        ZelSetValueForKey(&tank, 6, "volume");
+        QCOMPARE(std::pair(volume.count(), volume.lastNew()), std::pair(2, QVariant(6)));
+        QProperty<int> source(7);
+        tank.bindableVolume().setBinding([&source] { return source.value(); });
+        source = 8;
+        QCOMPARE(std::pair(volume.count(), volume.lastNew()), std::pair(4, QVariant(8)));
+        QCOMPARE(std::pair(twice.count(), twice.lastNew()), std::pair(4, QVariant(16)));
+        tank.setLevel(2);
+        QCOMPARE(std::pair(level.count(), tank.levelAsked), std::pair(1, 0));
+        volume.stop();
+        source = 9;
+        QCOMPARE(std::pair(volume.count(), twice.count()), std::pair(4, 5));
+    }
+
+    void observersOfABindingMayDoAnything()
+    {
+        auto *tank = new Tank;
+        Watch limiting(tank, "volume"), other(tank, "volume");
+        limiting.react = [&] { tank->setVolume(std::min(tank->volume(), 3)); };
+        tank->setVolume(10);
+        QCOMPARE(std::pair(tank->volume(), other.lastNew()), std::pair(3, QVariant(3)));
+        limiting.beginThrowing(); // Qt's bindings must not be left by it
+        QTest::ignoreMessage(QtWarningMsg, "ERROR: refused");
+        tank->setVolume(2);
+        QCOMPARE(other.lastNew(), 2);
+        limiting.react = [&] { delete std::exchange(tank, nullptr); };
+        const int heard = other.count();
+        tank->setVolume(1);
+        QCOMPARE(std::pair(tank, other.count()), std::pair(static_cast<Tank *>(nullptr), heard));
     }
 
     void allHearThoughOneThrows()

@@ -141,8 +141,7 @@ QVariant ZelBoundProperty::bounded(const QVariant &value) const
 {
     if (!ZelIsNumber(value))
         return value;
-    const auto domain = ZelPropertyDomain::ofKeyPath(m_info.observedObject, m_info.observedKeyPath);
-    return domain.check(value) == ZelValueConversion::OutOfRange ? QVariant(domain.bounded(value.toDouble())) : value;
+    return ZelPropertyDomain::ofKeyPath(m_info.observedObject, m_info.observedKeyPath).bounded(value);
 }
 
 /// Writes what the user entered to the model, then shows what the model made of it, even if it refused the value.

@@ -7,7 +7,6 @@
 #include "Core/Values/ZelValues.h"
 
 #include <algorithm>
-#include <cmath>
 
 ZelPropertyDomain ZelPropertyDomain::ofKeyPath(const QObject *object, const ZelKeyPath &path)
 {
@@ -97,17 +96,13 @@ ZelValueConversion::Limits ZelPropertyDomain::limits() const
     return narrowest;
 }
 
-double ZelPropertyDomain::bounded(double number) const
+QVariant ZelPropertyDomain::bounded(const QVariant &number) const
 {
     const ZelValueConversion::Limits range = limits();
-    if (!range.isValid())
+    if (!range.isValid() || check(number) != ZelValueConversion::OutOfRange)
         return number;
-    const double least = range.minimum.toDouble();
-    double greatest = range.maximum.toDouble();
-    // The greatest 64-bit integers are not doubles, and the nearest double lies beyond them.
-    if (greatest >= std::ldexp(1.0, 63) && range.maximum.typeId() != QMetaType::Double)
-        greatest = std::nextafter(greatest, 0);
-    return number < least ? least : number > greatest ? greatest : number;
+    const double middle = range.minimum.toDouble() / 2 + range.maximum.toDouble() / 2;
+    return number.toDouble() < middle ? range.minimum : range.maximum;
 }
 
 bool ZelPropertyDomain::takesAllNumbers() const

@@ -32,8 +32,8 @@ public:
     bool losesFraction(const QVariant &value) const;
     /// The least and the greatest number that can be stored; invalid if there is no limit.
     ZelValueConversion::Limits limits() const;
-    /// The nearest number that can be stored.
-    double bounded(double number) const;
+    /// The number itself, or the limit nearest to one that is beyond.
+    QVariant bounded(const QVariant &number) const;
     /// Whether every finite number can be stored as it is.
     bool takesAllNumbers() const;
     /// Whether there are properties of a known type, and all of these are texts.

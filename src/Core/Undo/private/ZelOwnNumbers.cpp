@@ -6,6 +6,7 @@
 #include "Core/Undo/ZelNumbersInterface.h"
 #include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
+#include "Core/Values/private/ZelExactInteger.h"
 
 #include <cmath>
 
@@ -82,8 +83,28 @@ bool ZelOwnNumbers::readDoubles(Part &part)
 void ZelOwnNumbers::readValues(Part &part)
 {
     part.target.readOldValues();
-    for (const QVariant &value : std::as_const(part.target.oldValues))
-        m_numbers.push_back(ZelNumberChange::ownNumber(m_transformer ? m_transformer->transformedValue(value) : value));
+    for (const QVariant &value : std::as_const(part.target.oldValues)) {
+        const QVariant shown = m_transformer ? m_transformer->transformedValue(value) : value;
+        if (ZelExactInteger::isWide(shown.metaType()))
+            m_integers.insert(qsizetype(m_numbers.size()), shown);
+        m_numbers.push_back(ZelNumberChange::ownNumber(shown));
+    }
+}
+
+QVariant ZelOwnNumbers::valueAt(qsizetype index) const
+{
+    const auto integer = m_integers.constFind(index);
+    return integer == m_integers.constEnd() ? QVariant(m_numbers[size_t(index)]) : *integer;
+}
+
+QVariant ZelOwnNumbers::changed(const ZelNumberChange &change, qsizetype index) const
+{
+    return change.value(valueAt(index), index, qsizetype(m_numbers.size()));
+}
+
+bool ZelOwnNumbers::isInexact(const ZelNumberChange &change, qsizetype index) const
+{
+    return change.isInexact(valueAt(index), index, qsizetype(m_numbers.size()));
 }
 
 void ZelOwnNumbers::write(const ZelNumberChange &change, const ZelRecordedWrite &write)
@@ -149,14 +170,12 @@ void ZelOwnNumbers::writeValues(const Part &part, qsizetype first, const ZelNumb
     qsizetype index = first;
     const auto changed = [&](const QVariant &stored) -> std::optional<QVariant> {
         const QVariant shown = m_transformer ? m_transformer->transformedValue(stored) : stored;
-        const double number = change.number(ZelNumberChange::ownNumber(shown), index++, count);
-        if (!std::isfinite(number) || ZelEqual(QVariant(number), shown))
+        QVariant value = change.value(shown, index++, count);
+        if (!value.isValid() || ZelEqual(value, shown))
             return std::nullopt;
-        QVariant value = number;
         if (m_transformer && m_transformer->allowsReverseTransformation())
             value = m_transformer->reverseTransformedValue(value);
-        const bool isBeyond = ZelIsNumber(value) && domain.check(value) == ZelValueConversion::OutOfRange;
-        return isBeyond ? QVariant(domain.bounded(value.toDouble())) : value;
+        return ZelIsNumber(value) ? domain.bounded(value) : value;
     };
     if (part.target.path.isSingleKey()) {
         QList<QObject *> objects;

@@ -6,6 +6,7 @@
 #include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/Values/ZelNumberChange.h"
 
+#include <QHash>
 #include <vector>
 
 class ZelNumbersInterface;
@@ -21,6 +22,9 @@ public:
 
     /// NaN for an object without a number.
     const std::vector<double> &numbers();
+    /// What the change makes of the number at that place, see ZelNumberChange; after numbers() was asked.
+    QVariant changed(const ZelNumberChange &change, qsizetype index) const;
+    bool isInexact(const ZelNumberChange &change, qsizetype index) const;
     /// Stores the changed numbers; see ZelRecordedWrite::changeNumbers.
     void write(const ZelNumberChange &change, const ZelRecordedWrite &write);
 
@@ -33,6 +37,7 @@ private:
         bool isOfDoubles = false;
     };
 
+    QVariant valueAt(qsizetype index) const;
     void addPart(ZelWriteTarget &&target);
     bool readDoubles(Part &part);
     void readValues(Part &part);
@@ -47,4 +52,5 @@ private:
     QPointer<QObject> m_owner; ///< the object that stands for all others, if there is one
     ZelNumbersInterface *m_interface = nullptr;
     std::vector<double> m_numbers;
+    QHash<qsizetype, QVariant> m_integers; ///< those at which a double may not be exact, by their place
 };

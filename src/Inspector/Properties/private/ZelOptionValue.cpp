@@ -5,6 +5,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelNumberScanner.h"
+#include "Core/Values/private/ZelNumberTypes.h"
 #include "Inspector/Properties/ZelOptionGroup.h"
 
 namespace {
@@ -30,7 +31,9 @@ QMetaType ZelOptionValue::typeOf(const QVariant &modelValue)
     const QMetaType type = modelValue.metaType();
     if (type == QMetaType::fromType<QString>() || isEnumeration(type))
         return type;
-    return ZelIsNumber(modelValue) ? QMetaType::fromType<qint64>() : QMetaType();
+    if (!ZelIsNumber(modelValue))
+        return {};
+    return ZelNumberTypes::isUnsigned(type.id()) ? QMetaType::fromType<quint64>() : QMetaType::fromType<qint64>();
 }
 
 QVariant ZelOptionValue::forType(QMetaType type, const QVariant &number, const QString &text)
@@ -39,6 +42,11 @@ QVariant ZelOptionValue::forType(QMetaType type, const QVariant &number, const Q
         return number;
     if (type == QMetaType::fromType<QString>())
         return text;
+    if (ZelNumberScanner::isInteger(text) && type == QMetaType::fromType<quint64>()) {
+        bool isUnsigned = false;
+        const quint64 bits = text.trimmed().toULongLong(&isUnsigned, ZelNumberScanner::isHexadecimal(text) ? 16 : 10);
+        return isUnsigned ? QVariant(bits) : number;
+    }
     if (ZelNumberScanner::isInteger(text))
         return number;
     if (!type.isValid())

@@ -14,7 +14,8 @@ class ZelOptionValue
 public:
     /// The option's text; the place is that of its element.
     static void setText(ZelOption *option, const QString &text, const ZelSourcePlace &place);
-    /// The type on which the choices' values depend: QString, the enumeration's type, or qint64 for any number. Invalid
+    /// The type on which the choices' values depend: QString, the enumeration's type, quint64 for an unsigned number of
+    /// 64 bits, or qint64 for any other number. Invalid
     /// for anything else, such as no value and selection markers.
     static QMetaType typeOf(const QVariant &modelValue);
     /// The choice's value for a model of that type: the text for texts, the number of the key that the text is for an
