@@ -6,10 +6,12 @@
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorFlagsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumbersProperty.h"
+#include "Inspector/Properties/private/ZelValueClipboard.h"
 #include "Resources/ZelLocalizedString.h"
 
 #include <QKeySequence>
 #include <QMarginsF>
+#include <QMimeData>
 #include <QProperty>
 #include <QRegularExpression>
 #include <QTimeZone>
@@ -354,6 +356,15 @@ private Q_SLOTS:
         QCOMPARE(desk.b.expression(), QRegularExpression("c", QRegularExpression::MultilineOption));
         desk.undo();
         QCOMPARE(desk.b.expression().pattern(), "b");
+        const std::unique_ptr<QMimeData> copied(
+            ZelValueClipboard::mimeData({{"e", QVariant::fromValue(desk.a.expression())},
+                                         {"z", QVariant::fromValue(QTimeZone("Asia/Tokyo"))},
+                                         {"m", QVariant::fromValue(QMargins(1, 2, 3, 4))}},
+                                        {}));
+        const auto pasted = ZelValueClipboard::values(copied.get()).value_or(ZelValueClipboard::Values());
+        QCOMPARE(pasted.value("e").toRegularExpression(), desk.a.expression());
+        QCOMPARE(pasted.value("z").value<QTimeZone>(), QTimeZone("Asia/Tokyo"));
+        QCOMPARE(pasted.value("m").value<QMargins>(), QMargins(1, 2, 3, 4));
     }
 
     void everyNumberOfMarginsAndVectorsIsEditedForItself()

@@ -171,6 +171,7 @@ constexpr std::array<const char *, 4> g_vector4 = {"x", "y", "z", "w"};
 
 template<typename Type, typename OfDoubles> ZelGeometryType entry(const std::array<const char *, 4> &keys)
 {
+    (void)QMetaType::fromType<Type>().id(); // so that it is found by its name
     return {
         QMetaType::fromType<Type>(),
         QMetaType::fromType<OfDoubles>(),

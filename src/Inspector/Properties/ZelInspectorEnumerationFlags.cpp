@@ -4,6 +4,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelValueConversion.h"
+#include "Inspector/Description/ZelInspectorDescription.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 #include "Resources/ZelLocalizedString.h"
 
@@ -58,7 +59,8 @@ QList<ZelInspectorEnumerationProperty::Choice> ZelInspectorEnumerationProperty::
     QList<Choice> choices;
     const QList<ZelEnumerationKeys::Key> keys = ZelEnumerationKeys::keys(m_offeredType);
     for (const ZelEnumerationKeys::Key &key : keys)
-        choices.append({ZelLocalizedString(ZelEnumerationKeys::titleOf(key.name)), {}, key.value, {}, true, {}, {}});
+        choices.append(
+            {ZelLocalizedString(ZelInspectorDescription::titleForName(key.name)), {}, key.value, {}, true, {}, {}});
     return choices;
 }
 

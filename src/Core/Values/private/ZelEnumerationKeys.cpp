@@ -83,21 +83,3 @@ std::optional<QVariant> ZelEnumerationKeys::valueOf(const QString &text, QMetaTy
                                     : enumeration.keyToValue(keys.constData(), &isKnown);
     return isKnown ? std::optional(typed(value, type)) : std::nullopt;
 }
-
-QString ZelEnumerationKeys::titleOf(const QString &name)
-{
-    QString title;
-    for (qsizetype i = 0; i < name.size(); ++i) {
-        const QChar c = name.at(i);
-        const QChar before = i > 0 ? name.at(i - 1) : QChar(u'_');
-        const bool endsCapitals = before.isUpper() && i + 1 < name.size() && name.at(i + 1).isLower();
-        const bool begins = before == u'_' || (c.isUpper() && (!before.isUpper() || endsCapitals)) ||
-                            (c.isDigit() && !before.isDigit());
-        if (c == u'_')
-            continue;
-        if (begins && !title.isEmpty())
-            title += u' ';
-        title += begins ? c.toUpper() : c;
-    }
-    return title;
-}

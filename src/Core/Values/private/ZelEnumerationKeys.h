@@ -30,7 +30,4 @@ public:
     static QList<Key> keys(QMetaType type);
     /// The value that one key, or for flags several with "|" between them, stands for.
     static std::optional<QVariant> valueOf(const QString &text, QMetaType type);
-
-    /// A name of the code as people read it: "DashDotLine" is "Dash Dot Line", "URL_Field" is "URL Field".
-    static QString titleOf(const QString &name);
 };

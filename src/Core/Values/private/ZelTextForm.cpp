@@ -8,6 +8,7 @@
 #include <QStringDecoder>
 #include <QTimeZone>
 #include <algorithm>
+#include <span>
 
 namespace {
 
@@ -102,9 +103,9 @@ Value readBytes(const QString &text, QString *)
     return QVariant(text.toUtf8());
 }
 
-const Form *formOf(QMetaType type)
+std::span<const Form> forms()
 {
-    static const Form forms[] = {
+    static const Form all[] = {
         {QMetaType::fromType<QLocale>(), &textOfLocale, &readLocale},
         {QMetaType::fromType<QTimeZone>(), &textOfZone, &readZone},
         {QMetaType::fromType<QRegularExpression>(), &textOfExpression, &readExpression},
@@ -112,8 +113,14 @@ const Form *formOf(QMetaType type)
         {QMetaType::fromType<QTime>(), &textOfTime, &readTime},
         {QMetaType::fromType<QByteArray>(), &textOfBytes, &readBytes},
     };
-    const auto *found = std::ranges::find(forms, type, &Form::type);
-    return found == std::end(forms) ? nullptr : found;
+    return all;
+}
+
+const Form *formOf(QMetaType type)
+{
+    const auto all = forms();
+    const auto found = std::ranges::find(all, type, &Form::type);
+    return found == all.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -121,6 +128,13 @@ const Form *formOf(QMetaType type)
 bool ZelTextForm::has(QMetaType type)
 {
     return formOf(type);
+}
+
+QMetaType ZelTextForm::typeNamed(QByteArrayView name)
+{
+    const auto all = forms();
+    const auto found = std::ranges::find_if(all, [name](const Form &form) { return name == form.type.name(); });
+    return found == all.end() ? QMetaType() : found->type;
 }
 
 QString ZelTextForm::of(const QVariant &value)

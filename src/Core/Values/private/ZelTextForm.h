@@ -13,6 +13,8 @@ class ZelTextForm
 public:
     /// Whether the type is one of these.
     static bool has(QMetaType type);
+    /// The one of these types that has the name; invalid if there is none.
+    static QMetaType typeNamed(QByteArrayView name);
     /// The value's text. Bytes that are no text are written in hexadecimal.
     static QString of(const QVariant &value);
     /// Reads a value of one of these types. If the text means none, the answer is nothing, and the error may say why,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/private/ZelClassDescriber.h"
 
+#include "Core/Values/ZelOptionalType.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
 #include <QMetaEnum>
@@ -31,6 +32,10 @@ constexpr Editor g_editors[] = {
     {"QUuid", "string"},
     {"QKeySequence", "string"},
     {"QTime", "string"},
+    {"QLocale", "string"},
+    {"QTimeZone", "string"},
+    {"QRegularExpression", "string"},
+    {"QByteArray", "string"},
     {"ZelAttributedString", "string", {{{"attributed", "yes"}}}},
     {"QColor", "color"},
     {"ZelColor", "color"},
@@ -43,6 +48,13 @@ constexpr Editor g_editors[] = {
     {"QSizeF", "size"},
     {"QRect", "frame"},
     {"QRectF", "frame"},
+    {"QMargins", "margins"},
+    {"QMarginsF", "margins"},
+    {"QLine", "line"},
+    {"QLineF", "line"},
+    {"QVector2D", "vector", {{{"components", "2"}}}},
+    {"QVector3D", "vector"},
+    {"QVector4D", "vector", {{{"components", "4"}}}},
     {"QStringList", "custom", {{{"class", "ZelInspectorArrayProperty"}}}},
 };
 
@@ -208,7 +220,8 @@ ZelClassDescriber::Attributes ZelClassDescriber::editorOf(const QMetaProperty &p
         const bool hasKeys = property.enumerator().keyCount() > 0;
         return !hasKeys ? Attributes() : editor(property.isFlagType() ? "boolean" : "enumeration");
     }
-    const QMetaType type = property.metaType();
+    const ZelOptionalType *optional = ZelOptionalType::find(property.metaType());
+    const QMetaType type = optional ? optional->value : property.metaType();
     const bool isInteger = ZelValueConversion::limits(type).isValid() && type.id() != QMetaType::Float &&
                            !type.flags().testFlag(QMetaType::IsEnumeration);
     const auto *known = std::ranges::find_if(

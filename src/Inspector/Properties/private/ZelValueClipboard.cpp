@@ -4,6 +4,7 @@
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelNumberTypes.h"
+#include "Core/Values/private/ZelTextForm.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Resources/ZelColor.h"
 #include "Text/ZelAttributedString.h"
@@ -16,6 +17,7 @@
 #include <QJsonObject>
 #include <QMetaProperty>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTimeZone>
 #include <QUrl>
 #include <algorithm>
@@ -359,6 +361,27 @@ Value readGeometry(const QJsonValue &json, int)
     return value;
 }
 
+/// Locales, time zones, key sequences, and regular expressions with their options.
+Json writeTextForm(const QVariant &value, int)
+{
+    if (!ZelTextForm::has(value.metaType()))
+        return std::nullopt;
+    const bool isExpression = value.typeId() == QMetaType::QRegularExpression;
+    const int options = isExpression ? int(value.toRegularExpression().patternOptions()) : 0;
+    return QJsonArray{QString::fromLatin1(value.metaType().name()), ZelTextForm::of(value), QString::number(options)};
+}
+Value readTextForm(const QJsonValue &json, int)
+{
+    const QMetaType type = ZelTextForm::typeNamed(json[0].toString().toLatin1());
+    const QString text = json[1].toString();
+    if (!type.isValid() || text.size() > 10000)
+        return std::nullopt;
+    if (type.id() != QMetaType::QRegularExpression)
+        return ZelTextForm::read(text, type);
+    const QRegularExpression expression(text, QRegularExpression::PatternOptions(json[2].toString().toInt()));
+    return expression.isValid() ? Value(expression) : std::nullopt;
+}
+
 Json writeList(const QVariant &value, int depth)
 {
     if (!ZelIsList(value) || depth >= g_maximumDepth)
@@ -501,6 +524,7 @@ std::span<const Kind> kinds()
         {u"spaceColor", &writeSpaceColor, &readSpaceColor},
         {u"font", &writeFont, &readFont},
         {u"geometry", &writeGeometry, &readGeometry},
+        {u"textForm", &writeTextForm, &readTextForm},
         {u"paragraph", &writeParagraph, &readParagraph},
         {u"richText", &writeRichText, &readRichText},
         {u"list", &writeList, &readList},
