@@ -12,6 +12,10 @@ using Kind = Schema::Kind;
 // Words
 constexpr QStringView g_styleWords[] = {u"popup", u"segmented"};
 constexpr Schema::Words g_styles = {g_styleWords, u"Unsupported style: "};
+constexpr QStringView g_flagStyleWords[] = {u"checkboxes", u"popup"};
+constexpr Schema::Words g_flagStyles = {g_flagStyleWords, u"Unsupported style: "};
+constexpr QStringView g_componentWords[] = {u"3", u"2", u"4"};
+constexpr Schema::Words g_components = {g_componentWords, u"Unsupported number of components: "};
 constexpr QStringView g_formatStyleWords[] = {u"integer", u"decimal"};
 constexpr Schema::Words g_formatStyles = {g_formatStyleWords, u"Unsupported format style: ", true};
 constexpr QStringView g_sliderWords[] = {u"none", u"circular", u"linear"};
@@ -109,6 +113,11 @@ constexpr Attribute g_enumeration[] = {
     {u"editable", Kind::Boolean},
     {u"bitMask", Kind::Bits},
 };
+constexpr Attribute g_flags[] = {
+    {u"style", Kind::Word, &g_flagStyles},
+    {u"editable", Kind::Boolean},
+    {u"bitMask", Kind::Bits},
+};
 constexpr Attribute g_color[] = {{u"colorList", Kind::ColorList}, {u"defaultColor", Kind::Color}};
 constexpr Attribute g_resource[] = {{u"placeholder", Kind::LocalizedText}, {u"resourcesKeyPath", Kind::KeyPath}};
 constexpr Attribute g_frame[] = {
@@ -116,7 +125,7 @@ constexpr Attribute g_frame[] = {
     {u"flipped", Kind::Boolean},
     {u"flippedKeyPath", Kind::KeyPath},
 };
-constexpr Attribute g_vector[] = {{u"components"}};
+constexpr Attribute g_vector[] = {{u"components", Kind::Word, &g_components}};
 constexpr Attribute g_size[] = {
     {u"widthTitle", Kind::LocalizedText},   {u"widthTitleKeyPath", Kind::KeyPath},
     {u"heightTitle", Kind::LocalizedText},  {u"heightTitleKeyPath", Kind::KeyPath},
@@ -175,7 +184,7 @@ constexpr Schema::Element g_elements[] = {
      .required = u"keyPath"},
     {.role = u"property",
      .type = u"flags",
-     .attributes = {g_untitled, g_titles, g_enumeration, g_choices},
+     .attributes = {g_untitled, g_titles, g_flags, g_choices},
      .children = {u"option-group"},
      .required = u"keyPath"},
     {.role = u"property", .type = u"color", .attributes = {g_untitled, g_titles, g_color}, .required = u"keyPath"},
