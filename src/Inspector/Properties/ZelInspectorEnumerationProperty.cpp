@@ -268,7 +268,7 @@ QString ZelInspectorEnumerationProperty::refusalOfPasted(const QVariant &modelVa
 {
     QVariant shown = transformedForward(modelValue);
     if (choosesSeveral() && (!ZelIsNumber(shown) || (unsignedValue(shown) & ~editedBits().value_or(0)) != 0))
-        return ZelLocalizedString("This is none of the choices.");
+        return noChoice();
     if (choosesSeveral())
         return ZelInspectorProperty::refusalOfPasted(modelValue);
     if (m_bitMask)
