@@ -169,7 +169,7 @@ private:
     /// The numbers of all frames agree with the frames, and an edit names the objects whose frames it changes.
     void checkColumn()
     {
-        ZelTypedColumn column(m_controller, "frame", 4);
+        ZelTypedColumn column(m_controller, "frame", *ZelGeometryType::find(QMetaType::fromType<QRectF>()));
         const auto found = column.fold([](ZelTypedColumn::Numbers &numbers) { numbers[0] += 1; });
         QList<QRectF> before;
         QList<QPointer<QObject>> others;
