@@ -169,7 +169,9 @@ QByteArray TranslationFile::text() const
 /// Indented as Qt's own tools do it: what lies in a context is, the contexts are not.
 void TranslationFile::writeNode(QXmlStreamWriter &xml, const Node &node, int depth)
 {
-    const auto indent = [&](int steps) { xml.writeCharacters(u'\n' + QString(qsizetype(4) * std::max(0, steps), u' ')); };
+    const auto indent = [&](int steps) {
+        xml.writeCharacters(u'\n' + QString(qsizetype(4) * std::max(0, steps), u' '));
+    };
     if (node.children.isEmpty() && node.text.isEmpty() && node.name == u"location")
         xml.writeEmptyElement(node.name);
     else
