@@ -36,7 +36,7 @@ bool ZelExactInteger::isWide(QMetaType type)
 
 bool ZelExactInteger::isInexact(double number)
 {
-    constexpr double largestExact = 9007199254740992.0; // 2^53
+    constexpr double largestExact = 9007199254740992.0;                     // 2^53
     return std::abs(number) >= largestExact && std::abs(number) < g_beyond; // from there on, doubles are rounded
 }
 
