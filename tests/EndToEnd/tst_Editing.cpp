@@ -97,7 +97,7 @@ const Edit g_edits[] = {
     {"address", "string", "", {QUrl("http://a")}, "http://[bad", {}, "http://a|http://[bad", g_noAddress},
     {"address", "string", "", {QUrl("http://a")}, "http://b", {QUrl("http://b")}, "http://a|http://b"},
     {"address", "resource", "", {QUrl("http://a")}, "http://[bad", {}, "http://a|http://[bad", g_noAddress},
-    {"hour", "string", "", {QTime(12, 30)}, "soon", {}, "12:30:00.000|soon", "This is not a time."},
+    {"hour", "string", "", {QTime(12, 30)}, "soon", {}, "12:30|soon", "This is not a time."},
     {"role", "string", "", {Person::Guest}, "Oval", {}, "Guest|Oval", "This must be one of Guest, Member, Admin."},
     {"role", "string", "", {Person::Guest}, "Admin", {QVariant::fromValue(Person::Admin)}, "Guest|Admin"},
     // Bits: those of others are kept, and a sign is one as well.
