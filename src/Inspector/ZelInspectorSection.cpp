@@ -4,9 +4,9 @@
 #include "Controls/ZelControlSize.h"
 #include "Controls/ZelLabel.h"
 #include "Inspector/private/ZelRowMenu.h"
-#include "Inspector/private/ZelTabOrder.h"
 #include "Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
+#include "ViewController/private/ZelTabOrder.h"
 #include "Views/ZelVerticalStackView.h"
 
 ZelInspectorSection::ZelInspectorSection(QObject *owner)

@@ -6,9 +6,9 @@
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/private/ZelRowMenu.h"
-#include "Inspector/private/ZelTabOrder.h"
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
+#include "ViewController/private/ZelTabOrder.h"
 #include "Views/ZelHorizontalStackView.h"
 
 #include <algorithm>

@@ -11,10 +11,10 @@
 #include "Inspector/private/ZelCollectedFailures.h"
 #include "Inspector/private/ZelFileWatch.h"
 #include "Inspector/private/ZelPanelFocus.h"
-#include "Inspector/private/ZelTabOrder.h"
 #include "Resources/ZelBundle.h"
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
+#include "ViewController/private/ZelTabOrder.h"
 
 #include <QApplication>
 #include <QDir>

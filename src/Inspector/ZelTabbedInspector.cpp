@@ -5,12 +5,12 @@
 #include "Inspector/private/ZelInspectorSearch.h"
 #include "Inspector/private/ZelSearchBar.h"
 #include "Inspector/private/ZelStateTree.h"
-#include "Inspector/private/ZelTabOrder.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelNamedImages.h"
 #include "TabBar/ZelButtonMatrix.h"
 #include "TabBar/ZelTabBar.h"
 #include "ViewController/ZelInstalledContext.h"
+#include "ViewController/private/ZelTabOrder.h"
 #include "Views/ZelSwitchContainerView.h"
 
 ZelTabbedInspector::ZelTabbedInspector(QObject *owner)

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Inspector/ZelInspectorConditionalContainer.h"
-#include "Inspector/private/ZelTabOrder.h"
 #include "ViewController/ZelView.h"
+#include "ViewController/private/ZelTabOrder.h"
 
 /// Makes the stack show the views of those children that are visible or were before. A child that is not visible and
 /// has no view does not get one; a view that has been made stays in the stack and hides itself. What comes last, if

@@ -2,6 +2,7 @@
 #include "Inspector/Properties/private/ZelCheckBoxFlow.h"
 
 #include "Layout/ZelConstraintLayout.h"
+#include "ViewController/private/ZelTabOrder.h"
 
 #include <QEvent>
 #include <QStyle>
@@ -22,6 +23,7 @@ ZelCheckBoxFlow::ZelCheckBoxFlow(QWidget *parent)
 
 void ZelCheckBoxFlow::setTitles(const QStringList &titles)
 {
+    const ZelTabOrder tabOrder(this);
     while (m_boxes.size() > titles.size())
         m_boxes.takeLast()->deleteLater();
     for (ZelCheckBox *former : findChildren<ZelCheckBox *>(QString(), Qt::FindDirectChildrenOnly))
@@ -32,12 +34,11 @@ void ZelCheckBoxFlow::setTitles(const QStringList &titles)
             continue;
         }
         auto *box = new ZelCheckBox(titles.at(i), this);
-        if (!m_boxes.isEmpty())
-            setTabOrder(m_boxes.last(), box);
         m_boxes.append(box);
         box->show();
         Q_EMIT boxAdded(box);
     }
+    tabOrder.followSubviews();
     updateGeometry();
     place();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Inspector/private/ZelTabOrder.h"
+#include "ViewController/private/ZelTabOrder.h"
 
 #include "ViewController/ZelView.h"
 
