@@ -46,7 +46,7 @@ class Measures : public QObject
     Q_PROPERTY(QUuid uuid MEMBER m_uuid)
     Q_PROPERTY(QString text MEMBER m_text)
 public:
-    enum Colour { Red, Green };
+    enum Colour : quint32 { Red, Green };
     Q_ENUM(Colour)
     uchar m_tiny = 1;
     short m_small = 1;
