@@ -16,7 +16,7 @@ if(ZEL_BUILD_TOOL)
     install(TARGETS zel EXPORT ZelTargets)
     install(FILES ${made}/zel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     install(FILES ${made}/zel.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zel)
-    install(FILES ${made}/zel.rng DESTINATION ${CMAKE_INSTALL_DATADIR}/zel)
+    install(FILES ${made}/zel.rng ${made}/zel.xsd DESTINATION ${CMAKE_INSTALL_DATADIR}/zel)
 endif()
 install(EXPORT ZelTargets NAMESPACE Zel:: DESTINATION ${package_dir})
 

@@ -28,6 +28,7 @@ clang               compiles the fuzz targets
 libclang-rt-14-dev  the fuzzer and sanitizer runtimes for them
 clang-format-14     the format check
 clang-tidy-14       the check of changed lines
+jing                compares the descriptions with their schema once more
 '
 docs='
 doxygen             builds the reference

@@ -43,6 +43,7 @@ class Sample : public Figure
     Q_CLASSINFO("zel.titel", "Sample")
     Q_CLASSINFO("zel.palette.type", "custom")
     Q_PROPERTY(Qt::Alignment alignment MEMBER alignment NOTIFY changed)
+    Q_PROPERTY(Qt::Orientation axis MEMBER axis NOTIFY changed)
     Q_PROPERTY(qlonglong large MEMBER large NOTIFY changed)
     Q_PROPERTY(float angle MEMBER angle NOTIFY changed)
     Q_PROPERTY(QPoint corner MEMBER corner NOTIFY changed)
@@ -55,6 +56,7 @@ class Sample : public Figure
     Q_PROPERTY(double height READ height CONSTANT)
 public:
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop;
+    Qt::Orientation axis = Qt::Horizontal;
     qlonglong large = 9007199254740993;
     float angle = 0.25F;
     QPoint corner{-3, 4};
@@ -186,6 +188,7 @@ private Q_SLOTS:
                                    "A <\"sample\"> & 'more'\n:",
                                    "angle Turned by number",
                                    "alignment Alignment boolean",
+                                   "axis Axis enumeration",
                                    "large Large number",
                                    "corner Corner point",
                                    "area Area frame",
@@ -231,6 +234,7 @@ private Q_SLOTS:
         source.setFlags(-5);
         source.alignment = Qt::AlignRight | Qt::AlignBottom;
         source.large = -9007199254740993;
+        source.axis = Qt::Vertical;
         source.hour = QTime(1, 2, 3, 4);
         source.time = QDateTime(QDate(2020, 1, 2), QTime(3, 4));
         source.angle = 0.1F;
@@ -271,7 +275,7 @@ private Q_SLOTS:
                      qPrintable(key));
             stack.clear();
         }
-        QCOMPARE(edited.size(), 27);
+        QCOMPARE(edited.size(), 28);
         QVERIFY(!edited.contains("height") && !edited.contains("nameLength")); // shown, but read-only
 
         // A flag of both objects, by its checkbox.

@@ -166,10 +166,10 @@ ZelTypeTable::Found PreviewModel::property(const Node &node, const QString &key)
 QMetaType PreviewModel::typeOf(const ZelTypeTable::Found &property) const
 {
     const QString &name = property.property->type;
-    if (const QStringList *keys = m_settings.types.enumeration(*property.owner, name)) {
+    if (const ZelTypeTable::Enumeration *known = m_settings.types.enumeration(*property.owner, name)) {
         const qsizetype colons = name.lastIndexOf(QStringLiteral("::"));
         const QString scope = colons < 0 ? property.owner->name : name.left(colons);
-        return PreviewEnumeration::type(scope.toUtf8(), name.mid(colons < 0 ? 0 : colons + 2).toUtf8(), *keys);
+        return PreviewEnumeration::type(scope.toUtf8(), name.mid(colons < 0 ? 0 : colons + 2).toUtf8(), known->keys);
     }
     const QMetaType named = QMetaType::fromName(name.toUtf8());
     const bool isObject = named.flags().testFlag(QMetaType::PointerToQObject);

@@ -3,6 +3,7 @@
 
 // Each command is one function in a source of its own, and one entry in the table below.
 int runCheck(const QCommandLineParser &arguments);
+int runDescribe(const QCommandLineParser &arguments);
 int runSchema(const QCommandLineParser &arguments);
 int runStrings(const QCommandLineParser &arguments);
 int runManual(const QCommandLineParser &arguments);
@@ -30,8 +31,18 @@ constexpr Option g_check[] = {
     {"werror", nullptr, "warnings make the check fail, too"},
 };
 
+constexpr Option g_describe[] = {
+    {"types", "FILE", "the application's classes, in a file of moc's (metatypes.json)"},
+    {"key-path", "PATH", "where the objects are, selectionController.selection by default; empty for the owner"},
+    {"owner", "CLASS", "the class of the inspector's owner, at which key paths begin"},
+    {"root", "KIND", "a slice with a section for each class, the standard, or a pane with a box for each", nullptr,
+     "slice pane"},
+    {"output", "FILE", "write there instead of to the standard output", "o"},
+};
+
 constexpr Option g_schema[] = {
-    {"rng", nullptr, "RELAX NG in XML syntax, the only and the standard kind"},
+    {"rng", nullptr, "RELAX NG in XML syntax, the standard"},
+    {"xsd", nullptr, "XML Schema 1.0, which does not tell the types of properties apart"},
     {"output", "FILE", "write there instead of to the standard output", "o"},
 };
 
@@ -81,6 +92,12 @@ constexpr Command g_commands[] = {
      "attributes types:owner and types:selection of any element.\n\n"
      "The exit status is 0 if there are no errors, 1 if there are, and 2 if the command was called in a wrong way.",
      g_check, &runCheck},
+    {"describe", "CLASS", "writes a description of a class to begin with",
+     "The description has a section for each class from the base to this one, and an editor for each property, as its "
+     "type is. Titles are made of the names in the code; what the classes say in Q_CLASSINFO counts.\n\n"
+     "The class is read from the files of Qt's moc, and the check finds nothing in the description with the same "
+     "files. Properties without an editor, and those without a NOTIFY signal, are told on the standard error.",
+     g_describe, &runDescribe},
     {"schema", nullptr, "prints the schema of descriptions",
      "Editors that know the schema complete elements, attributes and values, and mark mistakes while one types.",
      g_schema, &runSchema},

@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Command.h"
 #include "Inspector/Checking/ZelDescriptionGrammar.h"
-
-#include <QSaveFile>
-#include <cstdio>
+#include "Output.h"
 
 int runSchema(const QCommandLineParser &arguments)
 {
-    const QByteArray text = ZelDescriptionGrammar::relaxNG();
-    const QString name = arguments.value(QStringLiteral("output"));
-    if (name.isEmpty()) {
-        std::fputs(text.constData(), stdout);
-        return Clean;
-    }
-    QSaveFile file(name);
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return Clean;
-    std::fprintf(stderr, "zel: %s: %s\n", qPrintable(name), qPrintable(file.errorString()));
-    return Failed;
+    const bool isXsd = arguments.isSet(QStringLiteral("xsd"));
+    if (isXsd && arguments.isSet(QStringLiteral("rng")))
+        return wrongUsage(QStringLiteral("One schema is printed at a time, --rng or --xsd."));
+    return Output::write(isXsd ? ZelDescriptionGrammar::xmlSchema() : ZelDescriptionGrammar::relaxNG(),
+                         arguments.value(QStringLiteral("output")));
 }

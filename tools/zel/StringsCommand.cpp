@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Command.h"
 #include "MistakePrinter.h"
+#include "Output.h"
 #include "TranslationFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 #include <cstdio>
-
-namespace {
-
-int fail(const QString &file, const QString &reason)
-{
-    std::fprintf(stderr, "zel: %s: %s\n", qPrintable(file), qPrintable(reason));
-    return Failed;
-}
-
-} // namespace
 
 int runStrings(const QCommandLineParser &arguments)
 {
@@ -35,7 +25,7 @@ int runStrings(const QCommandLineParser &arguments)
     TranslationFile translations;
     if (QFileInfo::exists(output)) {
         if (const QString error = translations.read(output); !error.isNull())
-            return fail(output, error);
+            return Output::fail(output, error);
     }
     const QString language = arguments.value(QStringLiteral("language"));
     translations.setLanguage(language.isEmpty() ? translations.language() : language);
@@ -45,9 +35,5 @@ int runStrings(const QCommandLineParser &arguments)
     const bool hasLocations = arguments.value(QStringLiteral("locations")) != u"none";
     translations.setLocations(context, texts, hasLocations ? QFileInfo(output).absolutePath() : QString());
 
-    QSaveFile file(output);
-    const QByteArray text = translations.text();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return Clean;
-    return fail(output, file.errorString());
+    return Output::write(translations.text(), output);
 }

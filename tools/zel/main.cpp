@@ -50,7 +50,7 @@ int runCommand(const Command &command, const QStringList &arguments)
     const bool hasArguments = !parser.positionalArguments().isEmpty();
     if (hasArguments != bool(command.arguments))
         return wrongUsage(hasArguments ? QStringLiteral("zel %1 takes no files.").arg(QLatin1String(command.name))
-                                       : QStringLiteral("No files are given."));
+                                       : QStringLiteral("%1 is missing.").arg(QLatin1String(command.arguments)));
     for (const Option &option : command.options) {
         const QString value = parser.value(QLatin1String(option.name));
         if (option.choices && !value.isNull() && !QString::fromLatin1(option.choices).split(u' ').contains(value))

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Checking/ZelDescriptionChecker.h"
 
-#include "Core/KeyValue/ZelClassRegistry.h"
-#include "Core/Selection/ZelArrayController.h"
 #include "Inspector/Checking/private/ZelAttributePlaces.h"
 #include "Inspector/Checking/private/ZelReferenceCheck.h"
 #include "Inspector/Checking/private/ZelTypeCheck.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
-#include <QAction>
 #include <QSet>
-#include <QWidget>
 #include <algorithm>
 #include <tuple>
 
@@ -61,11 +57,7 @@ QList<Mistake> Checker::Run::check(const QStringList &files)
 
 void Checker::Run::readTypes()
 {
-    for (const QMetaObject *known :
-         {&QAction::staticMetaObject, &QWidget::staticMetaObject, &ZelArrayController::staticMetaObject})
-        m_types.add(known);
-    for (const QString &name : ZelClassRegistry::classNames())
-        m_types.add(ZelClassRegistry::metaObject(name));
+    m_types.addKnownClasses();
     for (const QString &file : m_options.typeFiles) {
         if (const QString error = m_types.read(file); !error.isNull())
             add({Mistake::Error, QStringLiteral("The types cannot be read: ") + error, {file}});

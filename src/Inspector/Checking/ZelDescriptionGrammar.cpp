@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Checking/ZelDescriptionGrammar.h"
 
+#include "Inspector/Checking/private/ZelGrammarValues.h"
+#include "Inspector/Checking/private/ZelXmlSchemaWriter.h"
 #include "Inspector/Description/private/ZelDescriptionSchema.h"
 
 #include <QSet>
@@ -11,15 +13,6 @@ namespace {
 
 using Schema = ZelDescriptionSchema;
 using Kind = Schema::Kind;
-
-/// A pattern that a word matches in any case.
-QString anyCase(QStringView word)
-{
-    QString pattern;
-    for (QChar letter : word)
-        pattern += letter.isLetter() ? QString(u'[' + letter.toUpper() + letter.toLower() + u']') : QString(letter);
-    return pattern;
-}
 
 /// Writes the grammar. An element is defined once for each role that it may have, also as the root of a file: such a
 /// root has the name of the file's kind and the content of what includes the file.
@@ -173,26 +166,22 @@ void GrammarWriter::writeOptional(const Schema::Attribute &attribute)
 
 void GrammarWriter::writeValue(const Schema::Attribute &attribute)
 {
-    static constexpr QStringView booleans[] = {u"yes", u"no", u"true", u"false", u"1", u"0"};
     switch (attribute.kind) {
     case Kind::Boolean:
-        return writeWords(booleans, true);
+        return writeWords(ZelGrammarValues::booleans(), true);
     case Kind::Word:
         return writeWords(attribute.words->words, attribute.words->isAnyCase);
-    case Kind::KeyPath:
-        return writePattern(QStringLiteral("([^.]+(\\.[^.]+)*)?"));
-    case Kind::Bits:
-        return writePattern(QStringLiteral("\\s*[+\\-]?[0-9]+|0[xX][0-9A-Fa-f]+"));
     case Kind::Number:
         return writeData(QStringLiteral("double"));
     case Kind::Increment:
         return writeData(QStringLiteral("double"), QStringLiteral("minExclusive"), QStringLiteral("0"));
-    case Kind::Color:
-        return writePattern(QStringLiteral("NS(CalibratedWhite|CalibratedRGB|DeviceWhite|DeviceRGB|DeviceCMYK|Named)"
-                                           "ColorSpace(\\s\\S+)+"));
     default:
-        m_xml.writeEmptyElement(QStringLiteral("text"));
+        break;
     }
+    if (const QString pattern = ZelGrammarValues::pattern(attribute.kind); !pattern.isNull())
+        writePattern(pattern);
+    else
+        m_xml.writeEmptyElement(QStringLiteral("text"));
 }
 
 /// The words stand in the grammar as such, so that editors offer them.
@@ -201,11 +190,8 @@ void GrammarWriter::writeWords(std::span<const QStringView> words, bool isAnyCas
     m_xml.writeStartElement(QStringLiteral("choice"));
     for (QStringView word : words)
         m_xml.writeTextElement(QStringLiteral("value"), word.toString());
-    QStringList patterns;
-    for (QStringView word : words)
-        patterns.append(anyCase(word));
     if (isAnyCase)
-        writePattern(patterns.join(u'|'));
+        writePattern(ZelGrammarValues::anyCase(words));
     m_xml.writeEndElement();
 }
 
@@ -324,5 +310,12 @@ QByteArray ZelDescriptionGrammar::relaxNG()
 {
     QByteArray text;
     GrammarWriter(&text).write();
+    return text;
+}
+
+QByteArray ZelDescriptionGrammar::xmlSchema()
+{
+    QByteArray text;
+    ZelXmlSchemaWriter(&text).write();
     return text;
 }

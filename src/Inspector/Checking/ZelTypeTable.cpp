@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Checking/ZelTypeTable.h"
 
+#include "Core/KeyValue/ZelClassRegistry.h"
+#include "Core/Selection/ZelArrayController.h"
+
+#include <QAction>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -8,6 +12,7 @@
 #include <QMetaEnum>
 #include <QMetaMethod>
 #include <QMetaProperty>
+#include <QWidget>
 
 using Table = ZelTypeTable;
 
@@ -31,6 +36,22 @@ QStringList argumentTypesOf(const QJsonObject &method)
     return types;
 }
 
+void add(Table::Class &type, const QString &name, const Table::Property &property)
+{
+    type.properties.insert(name, property);
+    type.propertyNames.append(name);
+}
+
+/// The enumeration whose keys are those of flags has another name than these.
+void add(Table::Class &type, const QString &name, const QString &enumName, Table::Enumeration enumeration)
+{
+    type.enumerations.insert(name, enumeration);
+    if (enumName.isEmpty() || enumName == name)
+        return;
+    enumeration.isFlags = false;
+    type.enumerations.insert(enumName, enumeration);
+}
+
 void readMethods(Table::Class &type, const QJsonObject &object)
 {
     const std::pair<const char *, Table::Method::Kind> lists[] = {
@@ -51,21 +72,23 @@ void readClass(Table::Class &type, const QJsonObject &object)
     for (const auto &value : object[QLatin1String("properties")].toArray()) {
         const QJsonObject property = value.toObject();
         const bool isConstant = property[QLatin1String("constant")].toBool();
-        type.properties.insert(
-            property[QLatin1String("name")].toString(),
-            {property[QLatin1String("type")].toString(),
-             has(property, "write") || ((has(property, "member") || has(property, "bindable")) && !isConstant),
-             isConstant || has(property, "notify") || has(property, "bindable")});
+        const bool isOpen = has(property, "member") || has(property, "bindable");
+        add(type, property[QLatin1String("name")].toString(),
+            {.type = property[QLatin1String("type")].toString(),
+             .isWritable = has(property, "write") || (isOpen && !isConstant),
+             .isAnnounced = isConstant || has(property, "notify") || has(property, "bindable"),
+             .isReadable = isOpen || has(property, "read"),
+             .isDesignable = property[QLatin1String("designable")].toBool(true)});
     }
     for (const auto &value : object[QLatin1String("enums")].toArray()) {
         QStringList keys;
         for (const auto &key : value[QLatin1String("values")].toArray())
             keys.append(key.toString());
-        for (const char *name : {"name", "alias"}) {
-            if (has(value.toObject(), name))
-                type.enumerations.insert(value[QLatin1String(name)].toString(), keys);
-        }
+        add(type, value[QLatin1String("name")].toString(), value[QLatin1String("alias")].toString(),
+            {keys, {}, value[QLatin1String("isFlag")].toBool()});
     }
+    for (const auto &info : object[QLatin1String("classInfos")].toArray())
+        type.information.append({info[QLatin1String("name")].toString(), info[QLatin1String("value")].toString()});
     readMethods(type, object);
 }
 
@@ -73,9 +96,12 @@ void readMembers(Table::Class &type, const QMetaObject *metaObject)
 {
     for (int i = metaObject->propertyOffset(); i < metaObject->propertyCount(); ++i) {
         const QMetaProperty property = metaObject->property(i);
-        type.properties.insert(QString::fromLatin1(property.name()),
-                               {QString::fromLatin1(property.typeName()), property.isWritable(),
-                                property.hasNotifySignal() || property.isConstant() || property.isBindable()});
+        add(type, QString::fromLatin1(property.name()),
+            {.type = QString::fromLatin1(property.typeName()),
+             .isWritable = property.isWritable(),
+             .isAnnounced = property.hasNotifySignal() || property.isConstant() || property.isBindable(),
+             .isReadable = property.isReadable(),
+             .isDesignable = property.isDesignable()});
     }
     for (int i = metaObject->methodOffset(); i < metaObject->methodCount(); ++i) {
         const QMetaMethod method = metaObject->method(i);
@@ -89,14 +115,26 @@ void readMembers(Table::Class &type, const QMetaObject *metaObject)
     }
     for (int i = metaObject->enumeratorOffset(); i < metaObject->enumeratorCount(); ++i) {
         const QMetaEnum enumeration = metaObject->enumerator(i);
-        QStringList keys;
-        for (int k = 0; k < enumeration.keyCount(); ++k)
-            keys.append(QString::fromLatin1(enumeration.key(k)));
-        type.enumerations.insert(QString::fromLatin1(enumeration.name()), keys);
+        Table::Enumeration known;
+        for (int k = 0; k < enumeration.keyCount(); ++k) {
+            known.keys.append(QString::fromLatin1(enumeration.key(k)));
+            known.values.append(enumeration.value(k));
+        }
+        known.isFlags = enumeration.isFlag();
+        add(type, QString::fromLatin1(enumeration.name()), QString::fromLatin1(enumeration.enumName()), known);
     }
 }
 
 } // namespace
+
+void Table::addKnownClasses()
+{
+    for (const QMetaObject *known : {&QAction::staticMetaObject, &QWidget::staticMetaObject,
+                                     &ZelArrayController::staticMetaObject, &Qt::staticMetaObject})
+        add(known);
+    for (const QString &name : ZelClassRegistry::classNames())
+        add(ZelClassRegistry::metaObject(name));
+}
 
 QString Table::read(const QString &file)
 {
@@ -201,19 +239,19 @@ QList<Table::Method> Table::methods(const Class &type) const
     return methods;
 }
 
-const QStringList *Table::enumeration(const Class &type, const QString &name) const
+const Table::Enumeration *Table::enumeration(const Class &type, const QString &name) const
 {
     const qsizetype colon = name.lastIndexOf(QStringLiteral("::"));
     const Class *named = colon < 0 ? &type : classNamed(name.first(colon));
-    const QStringList *keys = nullptr;
+    const Enumeration *known = nullptr;
     if (named) {
         visitBases(*named, [&](const Class &base) {
             const auto found = base.enumerations.constFind(afterLastColon(name));
-            keys = found == base.enumerations.constEnd() ? nullptr : &*found;
-            return keys != nullptr;
+            known = found == base.enumerations.constEnd() ? nullptr : &*found;
+            return known != nullptr;
         });
     }
-    return keys;
+    return known;
 }
 
 bool Table::inherits(const Class &type, const QString &base) const

@@ -7,6 +7,7 @@
 #include <QMetaObject>
 #include <QStringList>
 #include <functional>
+#include <utility>
 
 /// Classes with their properties, methods and enumerations, as moc describes them in its JSON files.
 class ZEL_EXPORT ZelTypeTable
@@ -17,6 +18,8 @@ public:
         QString type;
         bool isWritable = false;
         bool isAnnounced = false; ///< by a NOTIFY signal, or never because it is constant
+        bool isReadable = true;
+        bool isDesignable = true;
     };
     struct Method
     {
@@ -26,13 +29,21 @@ public:
         bool isPublic = true;
         QStringList argumentTypes;
     };
+    struct Enumeration
+    {
+        QStringList keys;
+        QList<int> values; ///< empty if they are not known: moc does not write them
+        bool isFlags = false;
+    };
     struct Class
     {
         QString name;
         QStringList superClasses;
         QHash<QString, Property> properties;
+        QStringList propertyNames; ///< in the order of the code
         QList<Method> methods;
-        QHash<QString, QStringList> enumerations; ///< the keys by the name
+        QHash<QString, Enumeration> enumerations;
+        QList<std::pair<QString, QString>> information; ///< Q_CLASSINFO
     };
     /// A property and the class that declares it.
     struct Found
@@ -41,6 +52,8 @@ public:
         const Property *property = nullptr;
     };
 
+    /// Adds the classes that this program knows and that descriptions may name or lead to.
+    void addKnownClasses();
     /// Adds what the file describes. Answers why that is not possible; null if it was done.
     QString read(const QString &file);
     /// Adds the class and its base classes.
@@ -58,8 +71,8 @@ public:
     QStringList keys(const Class &type) const;
     /// All methods, those of the most derived class first.
     QList<Method> methods(const Class &type) const;
-    /// The keys of an enumeration that is named in the class or in another one; null if it is not known.
-    const QStringList *enumeration(const Class &type, const QString &name) const;
+    /// An enumeration that is named in the class or in another one; null if it is not known.
+    const Enumeration *enumeration(const Class &type, const QString &name) const;
     bool inherits(const Class &type, const QString &base) const;
     /// A base class about which nothing is known, so that the class may have more than it seems; null if there is none.
     QString unknownBase(const Class &type) const;

@@ -8,9 +8,11 @@ ZelInspectorDescription ZelInspectorDescription::forMetaObject(const QMetaObject
 {
     if (!ZelRequire(metaObject, "metaObject"))
         return {};
-    ZelClassDescriber describer(metaObject, options);
-    const QMetaObject *described = options.declaredBy ? options.declaredBy : metaObject;
-    ZelInspectorDescription description(describer.describe(), QString::fromUtf8(described->className()));
+    const QString declaredBy = options.declaredBy ? QString::fromUtf8(options.declaredBy->className()) : QString();
+    const QList<ZelDescribedClass> classes = ZelDescribedClass::hierarchyOf(metaObject);
+    ZelClassDescriber describer(classes, {options.root, options.keyPath, declaredBy});
+    ZelInspectorDescription description(describer.describe(),
+                                        declaredBy.isNull() ? classes.constLast().name : declaredBy);
     description.m_properties = describer.properties();
     description.m_propertiesWithoutEditor = describer.propertiesWithoutEditor();
     return description;

@@ -30,9 +30,13 @@ void keepSingleFlags(QList<std::pair<QString, quint32>> &flags)
 
 } // namespace
 
+/// The keys of flags are those of an enumeration, whose own values are one key each nevertheless.
 bool ZelEnumerationKeys::isFlags(QMetaType type)
 {
-    return isEnumeration(type) && (QByteArrayView(type.name()).startsWith(g_flagsPrefix) || of(type).isFlag());
+    if (!isEnumeration(type) || QByteArrayView(type.name()).startsWith(g_flagsPrefix))
+        return isEnumeration(type);
+    const QMetaEnum keys = of(type);
+    return keys.isFlag() && qstrcmp(keys.name(), keys.enumName()) == 0;
 }
 
 QMetaEnum ZelEnumerationKeys::of(QMetaType type)

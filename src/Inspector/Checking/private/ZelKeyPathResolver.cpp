@@ -55,7 +55,9 @@ Result Resolver::resolve(const QString &keyPath) const
     Position position{keyPath.split(u'.')};
     position.classes = classesNamed({m_scope.owner});
     position.result.state = Result::Resolved;
-    for (const QString &key : std::as_const(position.keys)) {
+    if (position.classes.isEmpty())
+        position.index = controllerLength(position.keys);
+    for (const QString &key : position.keys.sliced(position.index)) {
         if (!stepIntoSelection(position, key))
             step(position, key);
         if (position.result.state != Result::Resolved)
@@ -111,6 +113,10 @@ void Resolver::step(Position &position, const QString &key) const
     for (const ZelTypeTable::Class *type : std::as_const(position.classes)) {
         if (const ZelTypeTable::Found found = m_types.property(*type, key); found.property)
             return setValue(position, found);
+        if (isKeyOf(*type, key)) {
+            position.result.state = Result::Open;
+            return;
+        }
         if (const QString base = m_types.unknownBase(*type); !base.isNull()) {
             position.result.state = Result::Open;
             position.result.message =
@@ -168,7 +174,7 @@ void Resolver::setValue(Position &position, const ZelTypeTable::Found &found) co
     result.kind = ZelValueKinds::kindOf(result.type);
     if (result.kind == ZelValueKinds::Unknown && m_types.enumeration(*found.owner, result.type))
         result.kind = ZelValueKinds::Enumeration;
-    if (!found.property->isAnnounced)
+    if (!found.property->isAnnounced && !isKeyOf(*found.owner, position.keys.at(position.index)))
         result.silent.append(found.owner->name + u'.' + position.keys.at(position.index));
     const QString element = elementType(result.type);
     const ZelTypeTable::Class *gadget =
@@ -176,6 +182,25 @@ void Resolver::setValue(Position &position, const ZelTypeTable::Found &found) co
     // Of a QObject, nothing is known but that it is one.
     position.classes = gadget ? Classes{gadget} : element == u"QObject" ? Classes() : classesNamed({element});
     position.isSelected = false;
+}
+
+/// Whether the description says that the class has the key, and that no signal is to be asked for.
+bool Resolver::isKeyOf(const ZelTypeTable::Class &type, const QString &key) const
+{
+    return std::ranges::any_of(m_scope.keys, [&](const QString &said) {
+        const ZelTypeTable::Class *named = m_types.classNamed(said.section(u'.', 0, -2));
+        return named && m_types.inherits(type, named->name) && said.section(u'.', -1) == key;
+    });
+}
+
+/// How many keys at the beginning lead to a controller whose objects' classes are known, whatever the owner is.
+qsizetype Resolver::controllerLength(const QStringList &keys) const
+{
+    for (qsizetype length = keys.size() - 1; length > 0; --length) {
+        if (m_scope.selections.contains(keys.first(length).join(u'.')))
+            return length;
+    }
+    return 0;
 }
 
 /// The path with a selection controller before it, if the key was one of what that selects.

@@ -9,6 +9,7 @@ struct ZelTypeScope
 {
     QString owner;
     QHash<QString, QStringList> selections; ///< classes by the key path of the controller
+    QStringList keys;                       ///< as ZelDescriptionChecker::Options has them
 };
 
 /// Follows a key path through the classes of an application.
@@ -47,6 +48,8 @@ private:
     void stepIntoValue(Position &position, const QString &key) const;
     void fail(Position &position, const QString &key, const QString &message, const QStringList &known) const;
     void setValue(Position &position, const ZelTypeTable::Found &found) const;
+    bool isKeyOf(const ZelTypeTable::Class &type, const QString &key) const;
+    qsizetype controllerLength(const QStringList &keys) const;
     QString pathThroughSelection(const QString &rest) const;
 
     const ZelTypeTable &m_types;

@@ -13,6 +13,7 @@ using Kind = ZelDescriptionSchema::Kind;
 
 const QString ZelTypeCheck::ownerAttribute = QStringLiteral("types:owner");
 const QString ZelTypeCheck::selectionAttribute = QStringLiteral("types:selection");
+const QString ZelTypeCheck::keysAttribute = QStringLiteral("types:keys");
 
 namespace {
 
@@ -23,15 +24,10 @@ QString editorOf(const ZelDescriptionWalk::Node &node)
     return node.role == u"chooser" ? QStringLiteral("enumeration") : node.element.stringValueNamed(u"type");
 }
 
-bool hasEditable(const QString &type)
-{
-    return type == u"string" || type == u"enumeration";
-}
-
 bool isReadOnly(const Configuration &element)
 {
-    return !element.booleanValueNamed(u"enabled", true) ||
-           (hasEditable(element.stringValueNamed(u"type")) && !element.booleanValueNamed(u"editable", true));
+    const QStringView attribute = ZelDescriptionSchema::attributeOfReadOnly(element.stringValueNamed(u"type"));
+    return !element.booleanValueNamed(u"enabled", true) || !element.booleanValueNamed(attribute, true);
 }
 
 /// Editors of the application's own may only show what they edit.
@@ -86,7 +82,7 @@ void ZelTypeCheck::check(const Node &node)
             const QString text = node.element.stringValueNamed(attribute.name);
             if (attribute.kind == Kind::KeyPath && !text.isEmpty())
                 checkKeyPath(node, attribute.name.toString(), scope);
-            else if (attribute.kind == Kind::Selector && !text.isEmpty())
+            else if (attribute.kind == Kind::Selector && !text.isEmpty() && m_types.classNamed(scope.owner))
                 checkSelector(node, scope);
         }
     }
@@ -97,6 +93,7 @@ ZelTypeScope ZelTypeCheck::scopeOf(const Node &node)
 {
     ZelTypeScope scope = node.parent ? scopeOf(*node.parent) : m_scope;
     scope.owner = node.element.stringValueNamed(ownerAttribute, scope.owner);
+    scope.keys += node.element.stringValueNamed(keysAttribute).simplified().split(u' ', Qt::SkipEmptyParts);
     if (const QString wrong =
             ZelDescriptionChecker::readSelections(node.element.stringValueNamed(selectionAttribute), scope.selections);
         !wrong.isNull())
@@ -111,11 +108,12 @@ bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
     const bool isGivenHere =
         node.element.hasValueNamed(ownerAttribute) || node.element.hasValueNamed(selectionAttribute);
     const ZelTypeTable::Class *owner = m_types.classNamed(scope.owner);
-    if (!node.parent && scope.owner.isEmpty())
+    if (!node.parent && scope.owner.isEmpty() && scope.selections.isEmpty())
         report(node, {}, QStringLiteral("No owner is given, key paths are not checked (--owner Class)"), {},
                ZelDescriptionMistake::Warning);
+    const bool isOfUse = owner || !scope.selections.isEmpty();
     if (node.parent && !isGivenHere)
-        return owner;
+        return isOfUse;
     QStringList names;
     if (!scope.owner.isEmpty())
         names.append(scope.owner);
@@ -129,7 +127,7 @@ bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
         report(node, name == scope.owner ? ownerAttribute : selectionAttribute,
                QStringLiteral("The class %1 is not among the types").arg(name), nearest.found());
     }
-    return owner;
+    return isOfUse;
 }
 
 void ZelTypeCheck::checkKeyPath(const Node &node, const QString &attribute, const ZelTypeScope &scope)
@@ -168,7 +166,7 @@ void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
                QStringLiteral("An editor of the type \"%1\"%2 does not fit %3, the type of \"%4\"")
                    .arg(type, isRichText ? QStringLiteral(" for rich text") : QString(), result.type,
                         node.element.stringValueNamed(g_keyPath)));
-    else if (type == u"enumeration")
+    else if (type == u"enumeration" || type == u"flags")
         checkChoices(node, result);
 }
 
@@ -195,8 +193,7 @@ void ZelTypeCheck::checkWritable(const Node &node, const Result &result)
     else
         report(node, g_keyPath,
                QStringLiteral("%1; %2=\"no\" says that it is only shown")
-                   .arg(reason.chopped(1),
-                        hasEditable(editorOf(node)) ? QStringLiteral("editable") : QStringLiteral("enabled")));
+                   .arg(reason.chopped(1), ZelDescriptionSchema::attributeOfReadOnly(editorOf(node))));
 }
 
 /// Texts as values have to be keys of the enumeration, and are of no use for numbers.
@@ -205,18 +202,18 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
     using namespace ZelValueKinds;
     if (!Kinds(Integer | Real | Enumeration).testFlag(result.kind))
         return;
-    const QStringList *keys = enumerationKeys(result);
+    const ZelTypeTable::Enumeration *known = enumerationOf(result);
     const auto checkChoice = [&](const Configuration &choice) {
         const QString text = choice.stringValueNamed(u"value");
         if (text.isNull() || ZelNumberScanner::isInteger(text))
             return;
         QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(text);
         ZelNearestName nearest(text);
-        if (keys) {
-            if (areKeys(text, *keys))
+        if (known) {
+            if (areKeys(text, known->keys))
                 return;
             message += u" and no key of " + qualifiedType(result);
-            nearest.offerAll(*keys);
+            nearest.offerAll(known->keys);
         }
         report({choice, {}, &node}, QStringLiteral("value"), message, nearest.found());
     };
@@ -228,7 +225,7 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
     }
 }
 
-const QStringList *ZelTypeCheck::enumerationKeys(const Result &result) const
+const ZelTypeTable::Enumeration *ZelTypeCheck::enumerationOf(const Result &result) const
 {
     const bool isEnumeration = result.kind == ZelValueKinds::Enumeration && result.last.owner;
     return isEnumeration ? m_types.enumeration(*result.last.owner, result.type) : nullptr;
@@ -241,16 +238,16 @@ void ZelTypeCheck::checkCondition(const Node &node, const QString &attribute, co
                                          QStringLiteral("ZelIsOneOf"), QStringLiteral("ZelContains")};
     const QString transformer = attribute.chopped(g_keyPath.size()) + QStringLiteral("ValueTransformer");
     const QString text = node.element.stringValueNamed(transformer);
-    const QStringList *keys = enumerationKeys(result);
-    if (!keys || !attribute.endsWith(u"KeyPath") || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
+    const ZelTypeTable::Enumeration *known = enumerationOf(result);
+    if (!known || !attribute.endsWith(u"KeyPath") || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
         return;
     const QStringList arguments = text.section(u'(', 1).section(u')', 0, 0).split(u',');
     for (const QString &argument : arguments) {
         const QString key = argument.trimmed();
-        if (ZelNumberScanner::isInteger(key) || areKeys(key, *keys))
+        if (ZelNumberScanner::isInteger(key) || areKeys(key, known->keys))
             continue;
         ZelNearestName nearest(key);
-        nearest.offerAll(*keys);
+        nearest.offerAll(known->keys);
         report(node, transformer,
                QStringLiteral("%1 makes no sense for a value of %2").arg(text, qualifiedType(result)), nearest.found());
     }

@@ -25,6 +25,7 @@ public:
     // What a description says of its classes by itself, in attributes that the reader passes over
     static const QString ownerAttribute;
     static const QString selectionAttribute;
+    static const QString keysAttribute;
 
 private:
     using Result = ZelKeyPathResolver::Result;
@@ -37,7 +38,7 @@ private:
     void checkWritable(const Node &node, const Result &result);
     void checkChoices(const Node &node, const Result &result);
     void checkCondition(const Node &node, const QString &attribute, const Result &result);
-    const QStringList *enumerationKeys(const Result &result) const;
+    const ZelTypeTable::Enumeration *enumerationOf(const Result &result) const;
     void checkSelector(const Node &node, const ZelTypeScope &scope);
     void report(const Node &node, const QString &attribute, const QString &message, const QString &suggestion = {},
                 ZelDescriptionMistake::Severity severity = ZelDescriptionMistake::Error);

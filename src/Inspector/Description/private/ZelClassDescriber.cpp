@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/private/ZelClassDescriber.h"
 
-#include "Core/Values/ZelOptionalType.h"
 #include "Core/Values/private/ZelValueConversion.h"
+#include "Inspector/Description/private/ZelDescriptionSchema.h"
 
-#include <QMetaEnum>
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>
@@ -15,6 +14,7 @@
 namespace {
 
 using Attributes = ZelClassInfo::Attributes;
+using Enumeration = ZelDescribedClass::Enumeration;
 
 struct Editor
 {
@@ -67,9 +67,9 @@ template<typename Names> bool contains(const Names &names, const QString &name)
 }
 
 /// A class of Qt's own loses its first letter.
-QString titleOfClass(const QMetaObject *metaObject)
+QString titleOfClass(const QString &className)
 {
-    QString name = QString::fromUtf8(metaObject->className()).section(QStringLiteral("::"), -1);
+    QString name = className.section(QStringLiteral("::"), -1);
     if (name.size() > 2 && name.at(0) == u'Q' && name.at(1).isUpper() && name.at(2).isLower())
         name.remove(0, 1);
     return ZelInspectorDescription::titleForName(name);
@@ -128,10 +128,10 @@ void setLimits(Attributes &editor, QMetaType type)
 
 } // namespace
 
-ZelClassDescriber::ZelClassDescriber(const QMetaObject *metaObject, const ZelInspectorDescription::Options &options)
-    : m_class(metaObject)
+ZelClassDescriber::ZelClassDescriber(const QList<ZelDescribedClass> &classes, const Options &options)
+    : m_classes(classes)
     , m_options(options)
-    , m_info(metaObject)
+    , m_info(classes)
 {
 }
 
@@ -141,65 +141,69 @@ QByteArray ZelClassDescriber::describe()
     m_writer.setAutoFormatting(true);
     m_writer.setAutoFormattingIndent(4);
     m_writer.writeStartDocument();
-    Attributes root{{QStringLiteral("localized"), QStringLiteral("yes")},
-                    {QStringLiteral("editsMultipleValues"), QStringLiteral("yes")}};
+    Attributes root = m_options.ofRoot;
+    root.set(QStringLiteral("localized"), QStringLiteral("yes"));
+    root.set(QStringLiteral("editsMultipleValues"), QStringLiteral("yes"));
+    const QString &described = m_options.declaredBy.isNull() ? m_classes.constLast().name : m_options.declaredBy;
     if (isPane)
-        root.set(QStringLiteral("title"), titleOfClass(m_options.declaredBy ? m_options.declaredBy : m_class));
+        root.set(QStringLiteral("title"), titleOfClass(described));
     beginElement(isPane ? QStringLiteral("pane") : QStringLiteral("slice"), root);
-    QList<const QMetaObject *> classes;
-    for (const QMetaObject *base = m_class; base; base = base->superClass()) {
-        if (!m_options.declaredBy || m_options.declaredBy == base)
-            classes.prepend(base);
+    for (const ZelDescribedClass &declaring : std::as_const(m_classes)) {
+        if (m_options.declaredBy.isNull() || m_options.declaredBy == declaring.name)
+            writeClass(declaring);
     }
-    for (const QMetaObject *declaring : std::as_const(classes))
-        writeClass(declaring);
     m_writer.writeEndDocument();
     return m_xml;
 }
 
-void ZelClassDescriber::writeClass(const QMetaObject *declaring)
+void ZelClassDescriber::writeClass(const ZelDescribedClass &declaring)
 {
     if (ZelClassInfo::isYes(ZelClassInfo::ofClass(declaring, "hidden").value_or(QString())))
         return;
-    const QList<QMetaProperty> rows = rowsOf(declaring);
+    const Properties rows = rowsOf(declaring);
     if (rows.isEmpty())
         return;
     const Attributes titled{
-        {QStringLiteral("title"), ZelClassInfo::ofClass(declaring, "title").value_or(titleOfClass(declaring))}};
+        {QStringLiteral("title"), ZelClassInfo::ofClass(declaring, "title").value_or(titleOfClass(declaring.name))}};
     const bool isPane = m_options.root == ZelInspectorDescription::Options::Pane;
     if (isPane) {
         beginElement(QStringLiteral("inspector"), titled);
         beginElement(QStringLiteral("slice"), {});
     }
     beginElement(QStringLiteral("section"), isPane ? Attributes() : titled);
-    for (const QMetaProperty &property : rows)
-        writeRow(property);
+    for (const Property *property : rows)
+        writeRow(*property);
     for (int open = isPane ? 3 : 1; open > 0; --open)
         m_writer.writeEndElement();
 }
 
-/// The properties that are first declared by the class, each in its last declaration, in their order.
-QList<QMetaProperty> ZelClassDescriber::rowsOf(const QMetaObject *declaring)
+const ZelDescribedClass &ZelClassDescriber::lastDeclaring(const QString &name) const
 {
-    QList<QMetaProperty> rows;
-    for (int i = declaring->propertyOffset(); i < declaring->propertyCount(); ++i) {
-        const char *name = declaring->property(i).name();
-        const QMetaProperty property = m_class->property(m_class->indexOfProperty(name));
-        const bool isOfBase = declaring->superClass() && declaring->superClass()->indexOfProperty(name) >= 0;
-        const auto hidden = m_info.ofProperty(QString::fromUtf8(name), u"hidden");
-        if (isOfBase || !property.isReadable() || (hidden ? ZelClassInfo::isYes(*hidden) : !property.isDesignable()))
+    return *std::find_if(m_classes.crbegin(), m_classes.crend(),
+                         [&](const ZelDescribedClass &declaring) { return declaring.propertyNamed(name); });
+}
+
+/// The properties that are first declared by the class, each in its last declaration, in their order.
+ZelClassDescriber::Properties ZelClassDescriber::rowsOf(const ZelDescribedClass &declaring)
+{
+    Properties rows;
+    for (const Property &first : declaring.properties) {
+        const Property &property = *lastDeclaring(first.name).propertyNamed(first.name);
+        const auto isOfBase = std::ranges::find_if(m_classes, [&](const ZelDescribedClass &base) {
+                                  return base.propertyNamed(first.name);
+                              })->name != declaring.name;
+        const auto hidden = m_info.ofProperty(first.name, u"hidden");
+        if (isOfBase || !property.isReadable || (hidden ? ZelClassInfo::isYes(*hidden) : !property.isDesignable))
             continue;
         if (editorOf(property).isEmpty())
-            m_propertiesWithoutEditor.append(
-                QStringLiteral("%1 (%2)").arg(QString::fromUtf8(name), QString::fromUtf8(property.typeName())));
+            m_propertiesWithoutEditor.append(QStringLiteral("%1 (%2)").arg(property.name, property.type));
         else
-            rows.append(property);
+            rows.append(&property);
     }
     auto next = rows.begin();
     for (const QString &wanted : ZelClassInfo::orderOf(declaring)) {
-        const auto found = std::find_if(next, rows.end(), [&](const QMetaProperty &property) {
-            return QString::fromUtf8(property.name()) == wanted;
-        });
+        const auto found =
+            std::find_if(next, rows.end(), [&](const Property *property) { return property->name == wanted; });
         if (found != rows.end()) {
             std::rotate(next, found, found + 1);
             ++next;
@@ -209,23 +213,23 @@ QList<QMetaProperty> ZelClassDescriber::rowsOf(const QMetaObject *declaring)
 }
 
 /// The attributes of the property's editor; none if there is no editor for its type.
-ZelClassDescriber::Attributes ZelClassDescriber::editorOf(const QMetaProperty &property) const
+ZelClassDescriber::Attributes ZelClassDescriber::editorOf(const Property &property) const
 {
     const auto editor = [](const char *type) {
         return Attributes{{QStringLiteral("type"), QString::fromLatin1(type)}};
     };
-    if (const auto type = m_info.ofProperty(QString::fromUtf8(property.name()), u"type"))
+    if (const auto type = m_info.ofProperty(property.name, u"type"))
         return Attributes{{QStringLiteral("type"), *type}};
-    if (property.isEnumType()) {
-        const bool hasKeys = property.enumerator().keyCount() > 0;
-        return !hasKeys ? Attributes() : editor(property.isFlagType() ? "boolean" : "enumeration");
+    if (const Enumeration &keys = property.enumeration; property.isEnumeration) {
+        const char *flags = keys.values.isEmpty() ? "flags" : "boolean";
+        return keys.keys.isEmpty() ? Attributes() : editor(keys.isFlags ? flags : "enumeration");
     }
-    const ZelOptionalType *optional = ZelOptionalType::find(property.metaType());
-    const QMetaType type = optional ? optional->value : property.metaType();
+    const QMetaType type = property.metaType;
+    const QString name = type.isValid() ? QString::fromUtf8(type.name()) : property.type;
     const bool isInteger = ZelValueConversion::limits(type).isValid() && type.id() != QMetaType::Float &&
                            !type.flags().testFlag(QMetaType::IsEnumeration);
-    const auto *known = std::ranges::find_if(
-        g_editors, [&](const Editor &candidate) { return qstrcmp(candidate.type, type.name()) == 0; });
+    const auto *known =
+        std::ranges::find_if(g_editors, [&](const Editor &candidate) { return name == QLatin1String(candidate.type); });
     if (!isInteger && known == std::end(g_editors))
         return {};
     Attributes attributes = editor(isInteger ? "number" : known->editor);
@@ -233,9 +237,9 @@ ZelClassDescriber::Attributes ZelClassDescriber::editorOf(const QMetaProperty &p
         setLimits(attributes, type);
     if (isInteger)
         return attributes;
-    for (const auto &[name, value] : known->attributes) {
-        if (name)
-            attributes.set(QString::fromLatin1(name), QString::fromLatin1(value));
+    for (const auto &[attribute, value] : known->attributes) {
+        if (attribute)
+            attributes.set(QString::fromLatin1(attribute), QString::fromLatin1(value));
     }
     return attributes;
 }
@@ -245,24 +249,28 @@ QString ZelClassDescriber::keyPath(const QString &key) const
     return m_options.keyPath.isEmpty() ? key : m_options.keyPath + u'.' + key;
 }
 
-void ZelClassDescriber::writeRow(const QMetaProperty &property)
+void ZelClassDescriber::writeRow(const Property &property)
 {
-    const QString name = QString::fromUtf8(property.name());
+    const QString &name = property.name;
     const QString title = m_info.ofProperty(name, u"title").value_or(ZelInspectorDescription::titleForName(name));
     Attributes editor = editorOf(property);
     editor.set(QStringLiteral("keyPath"), keyPath(name));
     editor.set(QStringLiteral("actionName"), u"Change " + title);
+    if (m_options.saysWhatIsReadOnly && !property.isWritable)
+        editor.set(ZelDescriptionSchema::attributeOfReadOnly(editor.first().value).toString(), QStringLiteral("no"));
+    if (!m_options.attributeOfSilent.isNull() && !property.isAnnounced)
+        editor.set(m_options.attributeOfSilent, lastDeclaring(name).name + u'.' + name);
     const bool isOfItsType = !m_info.ofProperty(name, u"type");
-    const bool isFlags = isOfItsType && property.isFlagType();
+    const bool isFlags = isOfItsType && property.isEnumeration && property.enumeration.isFlags;
     Attributes row;
     (editor.first().value == u"boolean" && !isFlags ? editor : row).set(QStringLiteral("title"), title);
     addWhatIsSaid(name, row, editor);
     m_properties.append(name);
     beginElement(QStringLiteral("sliver"), row);
-    if (isFlags)
-        writeFlags(property.enumerator(), editor);
-    else if (isOfItsType && property.isEnumType())
-        writeEnumeration(property.enumerator(), editor);
+    if (isFlags && !property.enumeration.values.isEmpty())
+        writeFlags(property.enumeration, editor);
+    else if (isOfItsType && property.isEnumeration && !isFlags)
+        writeEnumeration(property.enumeration, editor);
     else
         writeEditor(editor);
     m_writer.writeEndElement();
@@ -286,34 +294,35 @@ void ZelClassDescriber::addWhatIsSaid(const QString &name, Attributes &row, Attr
 }
 
 /// A checkbox for each flag of one bit.
-void ZelClassDescriber::writeFlags(const QMetaEnum &flags, const Attributes &editor)
+void ZelClassDescriber::writeFlags(const Enumeration &flags, const Attributes &editor)
 {
     quint32 seen = 0;
-    for (int i = 0; i < flags.keyCount(); ++i) {
-        const auto bits = quint32(flags.value(i));
+    for (qsizetype i = 0; i < flags.keys.size(); ++i) {
+        const auto bits = quint32(flags.values.at(i));
         if (std::popcount(bits) != 1 || (seen & bits))
             continue;
         seen |= bits;
         Attributes checkbox = editor;
-        checkbox.set(QStringLiteral("title"), ZelInspectorDescription::titleForName(QString::fromUtf8(flags.key(i))));
+        checkbox.set(QStringLiteral("title"), ZelInspectorDescription::titleForName(flags.keys.at(i)));
         checkbox.set(QStringLiteral("bits"), u"0x" + QString::number(bits, 16));
         writeEditor(checkbox);
     }
 }
 
 /// A choice for each number; of several keys with the same one, the first names it.
-void ZelClassDescriber::writeEnumeration(const QMetaEnum &keys, const Attributes &editor)
+void ZelClassDescriber::writeEnumeration(const Enumeration &keys, const Attributes &editor)
 {
     beginElement(QStringLiteral("property"), editor);
     beginElement(QStringLiteral("option-group"), {});
-    QList<int> seen;
-    for (int i = 0; i < keys.keyCount(); ++i) {
-        if (seen.contains(keys.value(i)))
+    QStringList seen;
+    for (qsizetype i = 0; i < keys.keys.size(); ++i) {
+        const QString value = keys.values.isEmpty() ? keys.keys.at(i) : QString::number(keys.values.at(i));
+        if (seen.contains(value))
             continue;
-        seen.append(keys.value(i));
+        seen.append(value);
         beginElement(QStringLiteral("option"),
-                     {{QStringLiteral("title"), ZelInspectorDescription::titleForName(QString::fromUtf8(keys.key(i)))},
-                      {QStringLiteral("value"), QString::number(keys.value(i))}});
+                     {{QStringLiteral("title"), ZelInspectorDescription::titleForName(keys.keys.at(i))},
+                      {QStringLiteral("value"), value}});
         m_writer.writeEndElement();
     }
     m_writer.writeEndElement();

@@ -4,14 +4,28 @@
 #include "Inspector/Description/ZelInspectorDescription.h"
 #include "Inspector/Description/private/ZelClassInfo.h"
 
-#include <QMetaProperty>
 #include <QXmlStreamWriter>
 
-/// Writes the description of a class, see ZelInspectorDescription::forMetaObject.
+/// Writes the description of a class, see ZelInspectorDescription::forMetaObject. The values of enumerations may be
+/// unknown: options are keys then, and flags are those that the editor finds.
 class ZelClassDescriber
 {
 public:
-    ZelClassDescriber(const QMetaObject *metaObject, const ZelInspectorDescription::Options &options);
+    using Attributes = ZelClassInfo::Attributes;
+    struct Options
+    {
+        ZelInspectorDescription::Options::Root root = ZelInspectorDescription::Options::Slice;
+        QString keyPath;        ///< of the objects below the owner
+        QString declaredBy;     ///< the class whose properties are described; null for all
+        Attributes ofRoot = {}; ///< further attributes
+        /// Whether editors of properties without a setter say that they only show them, as a file has to that is
+        /// checked.
+        bool saysWhatIsReadOnly = false;
+        QString attributeOfSilent = {}; ///< names properties that no signal announces, as "Class.name"; null for none
+    };
+
+    /// Describes the last of the classes; the others are its bases.
+    ZelClassDescriber(const QList<ZelDescribedClass> &classes, const Options &options);
 
     /// To be called once; then the lists below are filled.
     QByteArray describe();
@@ -19,20 +33,23 @@ public:
     const QStringList &propertiesWithoutEditor() const { return m_propertiesWithoutEditor; }
 
 private:
-    using Attributes = ZelClassInfo::Attributes;
-    void writeClass(const QMetaObject *declaring);
-    QList<QMetaProperty> rowsOf(const QMetaObject *declaring);
-    void writeRow(const QMetaProperty &property);
+    using Property = ZelDescribedClass::Property;
+    using Properties = QList<const Property *>;
+    void writeClass(const ZelDescribedClass &declaring);
+    Properties rowsOf(const ZelDescribedClass &declaring);
+    /// The last class that declares it.
+    const ZelDescribedClass &lastDeclaring(const QString &name) const;
+    void writeRow(const Property &property);
     void addWhatIsSaid(const QString &name, Attributes &row, Attributes &editor) const;
-    void writeFlags(const QMetaEnum &flags, const Attributes &editor);
-    void writeEnumeration(const QMetaEnum &keys, const Attributes &editor);
+    void writeFlags(const ZelDescribedClass::Enumeration &flags, const Attributes &editor);
+    void writeEnumeration(const ZelDescribedClass::Enumeration &keys, const Attributes &editor);
     void beginElement(const QString &name, const Attributes &attributes);
     void writeEditor(const Attributes &attributes);
-    Attributes editorOf(const QMetaProperty &property) const;
+    Attributes editorOf(const Property &property) const;
     QString keyPath(const QString &key) const;
 
-    const QMetaObject *m_class;
-    ZelInspectorDescription::Options m_options;
+    QList<ZelDescribedClass> m_classes; // bases first
+    Options m_options;
     ZelClassInfo m_info;
     QByteArray m_xml;
     QXmlStreamWriter m_writer{&m_xml};

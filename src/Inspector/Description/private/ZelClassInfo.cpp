@@ -4,8 +4,6 @@
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Values/private/ZelNearestName.h"
 
-#include <QMetaClassInfo>
-#include <QMetaProperty>
 #include <QMutex>
 #include <QSet>
 #include <QStringList>
@@ -15,7 +13,7 @@ namespace {
 
 constexpr QStringView g_wordsOfClasses[] = {u"title", u"order", u"hidden"};
 
-QString mistakeIn(const QMetaObject *metaObject, const QStringList &parts)
+QString mistakeIn(const QStringList &properties, const QStringList &parts)
 {
     if (parts.size() == 2) {
         if (std::ranges::any_of(g_wordsOfClasses, [&](QStringView known) { return known == parts.at(1); }))
@@ -28,41 +26,40 @@ QString mistakeIn(const QMetaObject *metaObject, const QStringList &parts)
     const bool isWord = !word.isEmpty() && std::ranges::all_of(word, [](QChar c) { return c.isLetter(); });
     if (parts.size() != 3 || !isWord)
         return QStringLiteral("a name is \"zel.word\" or \"zel.property.word\"");
-    if (metaObject->indexOfProperty(parts.at(1).toUtf8().constData()) >= 0)
+    if (properties.contains(parts.at(1)))
         return {};
     ZelNearestName nearest(parts.at(1));
-    for (int i = 0; i < metaObject->propertyCount(); ++i)
-        nearest.offer(QString::fromUtf8(metaObject->property(i).name()));
+    nearest.offerAll(properties);
     return QStringLiteral("there is no property \"%1\"%2").arg(parts.at(1), nearest.question());
 }
 
 } // namespace
 
-ZelClassInfo::ZelClassInfo(const QMetaObject *metaObject)
+ZelClassInfo::ZelClassInfo(const QList<ZelDescribedClass> &classes)
 {
-    for (int i = 0; i < metaObject->classInfoCount(); ++i) {
-        const QMetaClassInfo info = metaObject->classInfo(i);
-        const QString name = QString::fromUtf8(info.name());
-        if (name.startsWith(u"zel."))
-            add(metaObject, name, QString::fromUtf8(info.value()));
+    QStringList properties;
+    for (const ZelDescribedClass &described : classes) {
+        for (const ZelDescribedClass::Property &property : described.properties)
+            properties.append(property.name);
+    }
+    for (const ZelDescribedClass &described : classes) {
+        for (const auto &[name, value] : described.information) {
+            if (!name.startsWith(u"zel."))
+                continue;
+            const QStringList parts = name.split(u'.');
+            if (const QString mistake = mistakeIn(properties, parts); !mistake.isNull())
+                warn(classes.constLast().name, name, mistake);
+            else if (parts.size() == 3)
+                m_entries.append({parts.at(1), parts.at(2), value});
+        }
     }
 }
 
-void ZelClassInfo::add(const QMetaObject *metaObject, const QString &name, const QString &value)
-{
-    const QStringList parts = name.split(u'.');
-    if (const QString mistake = mistakeIn(metaObject, parts); !mistake.isNull())
-        warn(metaObject, name, mistake);
-    else if (parts.size() == 3)
-        m_entries.append({parts.at(1), parts.at(2), value});
-}
-
-void ZelClassInfo::warn(const QMetaObject *metaObject, const QString &name, const QString &mistake)
+void ZelClassInfo::warn(const QString &className, const QString &name, const QString &mistake)
 {
     static QMutex mutex;
     static QSet<QString> warned;
-    const QString message =
-        QStringLiteral("Q_CLASSINFO \"%1\" of %2: %3").arg(name, QString::fromUtf8(metaObject->className()), mistake);
+    const QString message = QStringLiteral("Q_CLASSINFO \"%1\" of %2: %3").arg(name, className, mistake);
     const QMutexLocker lock(&mutex);
     if (warned.contains(message))
         return;
@@ -70,33 +67,25 @@ void ZelClassInfo::warn(const QMetaObject *metaObject, const QString &name, cons
     ZelLogWarning(message, {});
 }
 
-QStringList ZelClassInfo::orderOf(const QMetaObject *declaring)
+QStringList ZelClassInfo::orderOf(const ZelDescribedClass &declaring)
 {
     QStringList names = ofClass(declaring, "order").value_or(QString()).split(u',', Qt::SkipEmptyParts);
     for (QString &name : names) {
         name = name.trimmed();
         ZelNearestName nearest(name);
-        bool isKnown = false;
-        for (int i = declaring->propertyOffset(); i < declaring->propertyCount(); ++i) {
-            const QString known = QString::fromUtf8(declaring->property(i).name());
-            nearest.offer(known);
-            isKnown = isKnown || known == name;
-        }
-        if (!isKnown)
-            warn(declaring, QStringLiteral("zel.order"),
+        for (const ZelDescribedClass::Property &known : declaring.properties)
+            nearest.offer(known.name);
+        if (!declaring.propertyNamed(name))
+            warn(declaring.name, QStringLiteral("zel.order"),
                  QStringLiteral("the class declares no property \"%1\"%2").arg(name, nearest.question()));
     }
     return names;
 }
 
-std::optional<QString> ZelClassInfo::ofClass(const QMetaObject *declaring, const char *word)
+std::optional<QString> ZelClassInfo::ofClass(const ZelDescribedClass &declaring, const char *word)
 {
-    const QByteArray name = QByteArray("zel.") + word;
-    for (int i = declaring->classInfoOffset(); i < declaring->classInfoCount(); ++i) {
-        if (declaring->classInfo(i).name() == name)
-            return QString::fromUtf8(declaring->classInfo(i).value());
-    }
-    return std::nullopt;
+    const QString text = declaring.informationNamed(u"zel." + QLatin1String(word));
+    return text.isNull() ? std::nullopt : std::optional(text);
 }
 
 std::optional<QString> ZelClassInfo::ofProperty(const QString &property, QStringView word) const

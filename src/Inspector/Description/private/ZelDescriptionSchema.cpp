@@ -256,3 +256,9 @@ const Schema::Element *Schema::element(QStringView role, QStringView type)
     }
     return nullptr;
 }
+
+QStringView Schema::attributeOfReadOnly(QStringView type)
+{
+    const QStringView editable = u"editable";
+    return element(u"property", type)->attributeNamed(editable) ? editable : QStringView(u"enabled");
+}

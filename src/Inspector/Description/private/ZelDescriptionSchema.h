@@ -71,4 +71,6 @@ public:
     static std::span<const Element> elements();
     /// Null for an unknown role. The type matters for properties only.
     static const Element *element(QStringView role, QStringView type = {});
+    /// The attribute with which a property of that type only shows its value, if it is "no".
+    static QStringView attributeOfReadOnly(QStringView type);
 };
