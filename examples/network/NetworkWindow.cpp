@@ -7,9 +7,7 @@
 #include <Core/Errors/ZelException.h>
 #include <Core/Selection/ZelItemSelection.h>
 #include <Inspector/ZelDeclarativeInspectorGenerator.h>
-#include <Inspector/ZelInspectorSliver.h>
 #include <Inspector/ZelTabbedInspector.h>
-#include <Resources/ZelLocalizedString.h>
 #include <ViewController/ZelView.h>
 
 #include <QDockWidget>
@@ -64,9 +62,6 @@ void NetworkWindow::makeInspector()
         generator.setOwner(this);
         ZelTabbedInspector *inspector = generator.createTabbedInspector();
         inspector->setParent(this);
-        // The labels of rows are shown as they are written; all other texts are translated by themselves.
-        for (ZelInspectorSliver *row : inspector->findChildren<ZelInspectorSliver *>())
-            row->setTitle(ZelLocalizedString(row->title()));
         inspector->view()->setMinimumWidth(300); // of itself it is content with very little
         dock->setWidget(inspector->view());
     } catch (const ZelException &exception) { // names file, line and column of what is wrong

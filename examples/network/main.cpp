@@ -11,9 +11,11 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QTranslator translator; // the texts of descriptions are in the context "Application"
-    if (translator.load(QLocale(), "network", "_", ":/translations"))
-        QCoreApplication::installTranslator(&translator);
+    for (const char *texts : {"network", "inspector"}) { // those of descriptions are in the context "Application"
+        auto *translator = new QTranslator(&application);
+        if (translator->load(QLocale(), texts, "_", ":/translations"))
+            QCoreApplication::installTranslator(translator);
+    }
     ZelClassRegistry::registerClass<LevelProperty>(); // class="LevelProperty" in descriptions
     NetworkWindow window;
     window.resize(760, 560);
