@@ -13,7 +13,9 @@
 #include <QMarginsF>
 #include <QMimeData>
 #include <QProperty>
+#include <QProxyStyle>
 #include <QRegularExpression>
+#include <QStyleOptionMenuItem>
 #include <QTimeZone>
 #include <QVector3D>
 
@@ -34,6 +36,22 @@ struct Money
 {
     int cents = 0;
     friend bool operator==(const Money &a, const Money &b) { return a.cents == b.cents; }
+};
+
+/// Remembers how items of menus were drawn, "*" for a check mark for itself and "o" for one of which there is only one.
+class MenuStyle : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        const bool isSeen = painter->device()->devType() == QInternal::Widget;
+        if (item && item->checked && isSeen)
+            drawn.insert(item->text, item->checkType == QStyleOptionMenuItem::NonExclusive ? "*" : "o");
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    mutable QMap<QString, QString> drawn;
 };
 
 /// A property of every kind. What it is not told, it has the default of.
@@ -154,6 +172,15 @@ struct Desk : Sheet
         auto *box = editor<ZelInspectorFlagsProperty>(key)->checkboxes().at(index);
         click(box, {8, box->height() / 2});
     }
+    static QString marksInMenu(const ZelInspectorTextEnumerationProperty *editor)
+    {
+        MenuStyle style;
+        QMenu *menu = openMenu(editor->popUpButton());
+        menu->setStyle(&style);
+        menu->grab();
+        closePopups();
+        return style.drawn.keys().join(',') + ' ' + style.drawn.values().join(QString());
+    }
     ZelTextField *field(const QString &key) const { return editor<ZelInspectorNumberProperty>(key)->textField(); }
 
     Stamp a, b;
@@ -228,6 +255,9 @@ private Q_SLOTS:
             QCOMPARE(desk.items("styles"), QStringList({"Multiple Values", "Bold", "Italic", "Strike Out"}));
         else
             QCOMPARE(desk.boxes("styles"), "+~-");
+        if (isMenu) {
+            QCOMPARE(Desk::marksInMenu(desk.editor<ZelInspectorTextEnumerationProperty>("styles")), "Bold *");
+        }
         toggle(1);
         QCOMPARE(styles(), std::pair(3, 67));
         toggle(2);

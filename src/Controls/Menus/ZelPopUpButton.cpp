@@ -191,6 +191,7 @@ void ZelPopUpButton::showMenu()
     if (!m_pullsDown)
         menu->setMarkedItem(m_selected);
     menu->setMarks(marks);
+    menu->setChoosesSeveral(m_pullsDown);
     connect(menu, &QMenu::triggered, this,
             [this](QAction *item) { ZelExceptionReporter::run(this, [this, item] { chooseItem(item); }); });
     connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);

@@ -45,7 +45,7 @@ void ZelPopUpMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *
     if (!hasMarks() || action->isSeparator())
         return;
     option->menuHasCheckableItems = true;
-    option->checkType = QStyleOptionMenuItem::Exclusive;
+    option->checkType = m_choosesSeveral ? QStyleOptionMenuItem::NonExclusive : QStyleOptionMenuItem::Exclusive;
     option->checked = markOf(action) == Qt::Checked;
 }
 

@@ -21,6 +21,8 @@ public:
     /// The menu draws these items with a check mark too, or with a dash if they are partially checked.
     void setMarks(const Marks &marks);
     Qt::CheckState markOf(const QAction *item) const;
+    /// Whether several items may have a check mark, each for itself, rather than the one that is chosen.
+    void setChoosesSeveral(bool several) { m_choosesSeveral = several; }
     /// Whether the menu has a column for marks.
     bool hasMarks() const { return m_marked || !m_marks.isEmpty(); }
     /// Opens the menu with the marked item over the button, or below the button if no item is marked.
@@ -41,4 +43,5 @@ private:
     QPointer<QWidget> m_button;
     QPointer<QAction> m_marked;
     Marks m_marks;
+    bool m_choosesSeveral = false;
 };
