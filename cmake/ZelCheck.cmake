@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# zel_check_descriptions(target OWNER class FILES files... [SELECTIONS path=class...] [RESOURCES folders...]
+# zel_check_descriptions(target OWNER class FILES files... [SELECTIONS path=class...] [RESOURCES folders and .qrc files...]
 #                        [CLASSES names...] [TRANSFORMERS names...] [IMAGES names...] [COLOR_LISTS names...]
 #                        [PROPERTY_TYPES names...] [KEYS class.key...] [TYPES files...] [WERROR]):
 # checks descriptions whenever the target is built, against the classes that moc finds in its sources (the target is to
@@ -22,9 +22,14 @@ function(zel_check_descriptions target)
         list(APPEND command ${file})
         list(APPEND depends ${file})
     endforeach()
-    foreach(folder IN LISTS arg_RESOURCES)
+    get_target_property(collections ${target} SOURCES)
+    list(FILTER collections INCLUDE REGEX "\\.qrc$")
+    foreach(folder IN LISTS arg_RESOURCES collections)
         cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
         list(APPEND command --resources ${folder})
+        if(folder MATCHES "\\.qrc$")
+            list(APPEND depends ${folder})
+        endif()
     endforeach()
     if(arg_OWNER)
         list(APPEND command --owner ${arg_OWNER})

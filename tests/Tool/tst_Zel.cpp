@@ -106,7 +106,8 @@ private Q_SLOTS:
             {"", "1:1: error: Unable to read file from URL file://" + m_folder->path() + "/00.xml: The file is empty."},
             {"<slice><section></slice>", "1:19: error: Unable to read file from URL file://" + m_folder->path() +
                                              "/01.xml: Opening and ending tag mismatch."},
-            {"<property type='string' keyPath='k'/>", "1:1: error: Expected inspector element: property"},
+            {"<property type='string' keyPath='k'/>", "1:1: error: Expected inspector element: property; the root is "
+                                                      "<panes>, <pane>, <inspector>, <slice> here"},
             // Elements
             {"<panes/>", "1:1: error: No panes in the configuration"},
             {"<pane/>", "1:1: error: No inspectors in the configuration"},
@@ -152,11 +153,13 @@ private Q_SLOTS:
              "2:1: warning: The button does nothing: it has neither actionSelector nor menuItemsKeyPath"},
             // Colours
             {property("type='color' keyPath='k' defaultValue='rde'"), "2:36: error: defaultValue=\"rde\" is no QColor"},
-            {property("type='color' keyPath='k' defaultColor='red'"), "2:36: error: Unsupported color space red"},
+            {property("type='color' keyPath='k' defaultColor='red'"),
+             "2:36: error: Unsupported color space red, did you mean \"NSCalibratedRGBColorSpace 1 0 0 1\"?"},
             {property("type='color' keyPath='k' defaultColor='NSDeviceWhiteColorSpace 1'"),
              "2:36: error: defaultColor=\"NSDeviceWhiteColorSpace 1\" has 1 components instead of 2"},
             {property("type='color' keyPath='k' defaultColor='NSNamedColorSpace Crayons Rde'"),
-             "2:36: error: No color found in color list Crayons with name Rde"},
+             "2:36: error: No color found in color list Crayons with name Rde, did you mean "
+             "\"NSNamedColorSpace Crayons Red\"?"},
             {property("type='color' keyPath='k' colorList='Crayon'"),
              "2:36: error: No color list found with name Crayon, did you mean \"Crayons\"?"},
             {property("type='color' keyPath='k' colorList='Brand'"), {}},
@@ -171,11 +174,12 @@ private Q_SLOTS:
             {"<slice class='Slcie'/>", "1:8: error: Missing class Slcie, did you mean \"Slice\"?"},
             {"<slice class='ZelInspectorNumberProperty'/>",
              "1:8: error: Missing class ZelInspectorNumberProperty, it is no ZelInspectorSlice"},
-            {"<slice visibleValueTransformer='ZelNegateBoolean'/>",
-             "1:8: error: Missing value transformer for name ZelNegateBoolean"},
-            {"<slice visibleValueTransformer='ZelEquals'/>",
-             "1:8: error: The value transformer ZelEquals needs an argument, as in ZelEquals(3)"},
-            {"<slice visibleValueTransformer='ZelEquals(5)'/>", {}},
+            {"<slice visibleKeyPath='k' visibleValueTransformer='ZelNegateBoolean'/>",
+             "1:27: error: Missing value transformer for name ZelNegateBoolean, did you mean "
+             "\"ZelNegateBooleanTransformerName\"?"},
+            {"<slice visibleKeyPath='k' visibleValueTransformer='ZelEquals'/>",
+             "1:27: error: The value transformer ZelEquals needs an argument, as in ZelEquals(3)"},
+            {"<slice visibleKeyPath='k' visibleValueTransformer='ZelEquals(5)'/>", {}},
             {property("type='string' keyPath='k' valueTransformer='Centuries'"),
              "2:37: error: Missing value transformer for name Centuries, did you mean \"Centuries1\"?"},
             {options("", "\n<option image='Pne'/>"), "3:9: error: Missing image with name Pne, did you mean \"Pen\"?"},
@@ -272,6 +276,112 @@ private Q_SLOTS:
                   {"--types", ZEL_METATYPES, "--owner", "Room", "--selection", "lamps=Lamp", "--key", "Lamp.age"});
     }
 
+    /// What somebody writes who knows other systems, or has read half of the manual.
+    void mistakesOfNewcomers()
+    {
+        QVERIFY(QDir(m_folder->path()).mkdir("data"));
+        write("Rows.xml", "<slice/>");
+        write("data/panel-2.xml", "<slice/>");
+        write("data/pen.png", {});
+        write("App.qrc", "<RCC><qresource prefix='/panels'><file alias='Panel.xml'>data/panel-2.xml</file>"
+                         "<file alias='Pen.png'>data/pen.png</file></qresource></RCC>");
+        const auto property = [](const QByteArray &attributes) { return inSliver("<property " + attributes + "/>"); };
+        const auto lamp = [&](const QByteArray &type, const QByteArray &path, const QByteArray &more = {}) {
+            return property("type='" + type + "' keyPath='lamps.selection." + path + "' " + more);
+        };
+        const auto section = [](const QByteArray &attributes) -> QByteArray {
+            return "<slice>\n<section " + attributes + "/></slice>";
+        };
+        const auto unknown = [](const char *name, const char *type, const char *meant) {
+            return QStringLiteral("error: Unknown attribute \"%1\" of <property type=\"%2\">, %3")
+                .arg(name, type, meant);
+        };
+        const Rows rows{
+            // Keys
+            {property("type='string' keyPath='lamps.label'"), "2:25: error: \"lamps\" is a controller, it is its "
+                                                              "selection that has the property \"label\", did you mean "
+                                                              "\"lamps.selection.label\"?"},
+            {lamp("boolean", "isOn"),
+             "2:26: error: No selected object has the property \"isOn\" (Lamp), did you mean \"on\"?"},
+            {property("type='string' keyPath='titel'"), "2:25: error: The class Room has no property \"titel\""},
+            {lamp("string", ""), "2:25: error: keyPath=\"lamps.selection.\" has an empty name in its path"},
+            {section("visibleKeyPath='!best.on'"),
+             "2:10: error: visibleKeyPath=\"!best.on\" is no key path; a transformer turns a condition around: "
+             "ZelNegateBooleanTransformerName"},
+            {section("visibleKeyPath='best.on' visibleValueTransformer='ZelIsNotEmpty'"),
+             "2:35: error: Missing value transformer for name ZelIsNotEmpty, did you mean "
+             "\"ZelIsNotEmptyTransformerName\"?"},
+            {section("visibleKeyPath='best.kind' visibleValueTransformer='ZelEquals=Desk'"),
+             "2:37: error: Missing value transformer for name ZelEquals=Desk, did you mean \"ZelEquals(Desk)\"?"},
+            {section("visibleKeyPath='best' visibleValueTransformer='ZelIsKind(Lmap)'"),
+             "2:32: warning: The class Lmap is not among the types, did you mean \"Lamp\"?"},
+            // Attributes
+            {lamp("number", "watts", "min='1'"), "2:57: " + unknown("min", "number", "did you mean \"minimum\"?")},
+            {lamp("string", "label", "label='x'"), "2:57: " + unknown("label", "string", "did you mean \"title\"?")},
+            {lamp("string", "label", "readOnly='yes'"),
+             "2:57: " + unknown("readOnly", "string", "did you mean \"editable\"?")},
+            {lamp("string", "label", "slider='linear'"),
+             "2:57: " + unknown("slider", "string", "it belongs in <property type=\"number\">")},
+            {lamp("string", "label", "visibleKeyPath='best.on'"),
+             "2:57: " + unknown("visibleKeyPath", "string",
+                                "it belongs in <inspector> or <slice> or <section> or <chooser> or <sliver>")},
+            {"<slice><section>\n<sliver keyPath='best.label'/></section></slice>",
+             "2:9: error: Unknown attribute \"keyPath\" of <sliver>, it belongs in <chooser> or <property>"},
+            {lamp("string", "label", "enabledValueTransformer='ZelIsApplicable'"),
+             "2:57: warning: enabledValueTransformer has no effect without enabledKeyPath"},
+            {"<slice types:selections='lamps=Lamp'/>",
+             "1:8: error: Unknown attribute \"types:selections\", did you mean \"types:selection\"?"},
+            // Values
+            {lamp("number", "watts", "slider='yes'"),
+             "2:57: error: Unsupported value: yes; there are none, circular, linear"},
+            {lamp("color", "tint", "defaultColor='#ff8000'"),
+             "2:55: error: Unsupported color space #ff8000, did you mean \"NSCalibratedRGBColorSpace 1 0.502 0 1\"?"},
+            {lamp("date", "note", "defaultValue='6.5.2024'"),
+             "2:54: error: defaultValue=\"6.5.2024\" is no date as in 2024-05-06"},
+            {lamp("enumeration", "kind", "defaultValue='Flor'"),
+             "2:61: error: defaultValue=\"Flor\" is no key of Lamp::Kind, did you mean \"Floor\"?"},
+            {lamp("enumeration", "label"), "2:30: error: The editor has no options, and QString, the type of "
+                                           "\"lamps.selection.label\", has no keys (Q_ENUM)"},
+            {property("type='action' actionSelector='clean()'"),
+             "2:25: error: Room has no slot or invokable method \"clean()\", did you mean \"clean\"?"},
+            {"<slice title='Lamp & Co'/>", "1:21: error: Unable to read file from URL file://" + m_folder->path() +
+                                               "/22.xml: The document is not well-formed. A plain ampersand is "
+                                               "written as &amp;."},
+            // Types and classes
+            {lamp("bool", "on"), "2:11: error: Type not suppored: bool, did you mean \"boolean\"?"},
+            {lamp("qqq", "on"), "2:11: error: Type not suppored: qqq; there are boolean, action, number, string, "
+                                "enumeration, flags, color, date, font, resource, frame, size, point, margins, line, "
+                                "vector, custom"},
+            {lamp("ZelInspectorArrayProperty", "parts"),
+             "2:11: error: Type not suppored: ZelInspectorArrayProperty; a class is named by type=\"custom\" "
+             "class=\"ZelInspectorArrayProperty\""},
+            {lamp("custom", "label", "class='ZelInspectorArrayProperty'"),
+             "2:25: error: An editor of the type \"ZelInspectorArrayProperty\" does not fit QString, the type of "
+             "\"lamps.selection.label\""},
+            {lamp("custom", "label"), "2:1: warning: The editor shows nothing: it has no class"},
+            {lamp("resource", "label"), "2:1: warning: The editor offers no names: it has no resourcesKeyPath"},
+            // Elements
+            {"<tabs/>", "1:1: error: Expected inspector element: tabs, did you mean \"panes\"?"},
+            {"<slice><section>\n<row/></section></slice>",
+             "2:1: error: Unsupported element row, did you mean \"sliver\"?"},
+            // Files
+            {section("file=':/Row'"),
+             "2:10: error: file=\":/Row\" is no resource of the application, did you mean \"Rows.xml\"?"},
+            {section("file='Panels.xml'"),
+             "2:10: error: file=\"Panels.xml\" is no resource of the application, did you mean \"Panel.xml\"?"},
+            {"<pane\nimage=':/panels/Pen.png'><inspector><slice/></inspector></pane>",
+             "2:1: error: Missing image with name :/panels/Pen.png, did you mean \"Pen\"?"},
+            {"<pane image='Pen'><inspector><slice><section file='Panel.xml'/><section file='panels/Panel.xml'/>"
+             "</slice></inspector></pane>",
+             {}},
+        };
+        checkRows(rows,
+                  {"--types", ZEL_METATYPES, "--owner", "Room", "--selection", "lamps=Lamp", "--resources", "App.qrc"});
+        write("Broken.qrc", "<RCC>");
+        QVERIFY(zel({"check", "Rows.xml", "--resources", "Broken.qrc"})
+                    .output.startsWith("Broken.qrc: error: The resources cannot be read: "));
+    }
+
     void includedFilesAreCheckedWhereTheyAreIncluded()
     {
         const QString folder = m_folder->path();
@@ -291,7 +401,7 @@ private Q_SLOTS:
                  QStringLiteral("Rows.xml:2:45: error: Unknown attribute \"x\" of <property type=\"string\">\n"
                                 "Main.xml:4:10: error: file=\"Gone.xml\" is no resource of the application\n"
                                 "Main.xml:5:10: error: file=\"../Main.xml\" is no resource of the application\n"
-                                "Pane.xml:2:1: error: Expected inspector element: pane\n"
+                                "Pane.xml:2:1: error: Expected inspector element: pane; the root is <slice> here\n"
                                 "shared/Loop.xml:3:10: error: Unable to read file from URL file://%1/shared/Loop.xml: "
                                 "The file includes itself: Loop.xml > Loop.xml\n")
                      .arg(folder));

@@ -13,7 +13,7 @@ namespace {
 
 #define ZEL_RESOURCES_OPTION                                                                                           \
     {                                                                                                                  \
-        "resources", "FOLDER", "look for included files and images there, after the folders of the descriptions"       \
+        "resources", "FOLDER", "look for included files and images there, or by their names in a file .qrc"            \
     }
 
 constexpr Option g_check[] = {

@@ -70,6 +70,7 @@ void Checker::Run::visit(const ZelDescriptionWalk::Node &node)
 {
     ZelDescriptionCheck::Options options{.isThorough = true};
     options.findFile = [this](const ZelInspectorConfiguration &element) { return m_walk.fileOf(element); };
+    options.fileNames = [this](const ZelInspectorConfiguration &element) { return m_walk.namesBeside(element); };
     const bool isWithProperty = node.role == u"option-group" || node.role == u"option";
     if (!isWithProperty)
         ZelDescriptionCheck(m_report, options).check(node.element, node.role);

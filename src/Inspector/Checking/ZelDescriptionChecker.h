@@ -19,7 +19,8 @@ class ZEL_EXPORT ZelDescriptionChecker
 public:
     struct Options
     {
-        /// Where included files and images are looked for, after the folders of the including and the first file.
+        /// Where included files and images are looked for, after the folders of the including and the first file. These
+        /// may be folders, or files of Qt's resources (.qrc), whose names and aliases count.
         QStringList resourceFolders;
         QStringList typeFiles; ///< without any, key paths are not compared with classes
         QString owner;         ///< the class at which key paths begin; descriptions may name their own

@@ -5,14 +5,29 @@
 #include "Core/Selection/ZelArrayController.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDockWidget>
 #include <QFile>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QGraphicsWidget>
+#include <QGroupBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QListView>
+#include <QMainWindow>
 #include <QMetaEnum>
 #include <QMetaMethod>
 #include <QMetaProperty>
-#include <QWidget>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTreeView>
+#include <QUndoStack>
 
 using Table = ZelTypeTable;
 
@@ -129,8 +144,16 @@ void readMembers(Table::Class &type, const QMetaObject *metaObject)
 
 void Table::addKnownClasses()
 {
-    for (const QMetaObject *known : {&QAction::staticMetaObject, &QWidget::staticMetaObject,
-                                     &ZelArrayController::staticMetaObject, &Qt::staticMetaObject})
+    const QMetaObject *classes[] = {
+        &Qt::staticMetaObject, &QAction::staticMetaObject, &ZelArrayController::staticMetaObject,
+        // Of which applications derive owners and models
+        &QApplication::staticMetaObject, &QMainWindow::staticMetaObject, &QDialog::staticMetaObject,
+        &QDockWidget::staticMetaObject, &QGroupBox::staticMetaObject, &QSplitter::staticMetaObject,
+        &QStackedWidget::staticMetaObject, &QTabWidget::staticMetaObject, &QTreeView::staticMetaObject,
+        &QTableView::staticMetaObject, &QListView::staticMetaObject, &QGraphicsView::staticMetaObject,
+        &QGraphicsScene::staticMetaObject, &QGraphicsWidget::staticMetaObject, &QStandardItemModel::staticMetaObject,
+        &QSortFilterProxyModel::staticMetaObject, &QUndoStack::staticMetaObject};
+    for (const QMetaObject *known : classes)
         add(known);
     for (const QString &name : ZelClassRegistry::classNames())
         add(ZelClassRegistry::metaObject(name));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Checking/private/ZelDescriptionWalk.h"
 
+#include "Core/Values/private/ZelNearestName.h"
 #include "Inspector/Description/private/ZelDescriptionFiles.h"
+#include "Inspector/Description/private/ZelDescriptionHints.h"
 #include "Inspector/Description/private/ZelDescriptionSchema.h"
 
 #include <QDir>
@@ -24,9 +26,19 @@ bool leadsOutside(const QString &cleanName)
            QDir::isAbsolutePath(cleanName);
 }
 
-ZelDescriptionMistake unexpectedRoot(const ZelInspectorConfiguration &root)
+/// The root of a file that others include has to be of one kind.
+ZelDescriptionMistake unexpectedRoot(const ZelInspectorConfiguration &root, const QStringList &expected)
 {
-    return {ZelDescriptionMistake::Error, u"Expected inspector element: " + root.name(), root.place()};
+    ZelNearestName nearest(root.name());
+    nearest.offerAll(expected);
+    const QString meant =
+        nearest.found().isNull() ? ZelDescriptionHints::synonym(root.name(), expected) : nearest.found();
+    const QString all = QStringLiteral("; the root is <%1> here").arg(expected.join(QStringLiteral(">, <")));
+    return {ZelDescriptionMistake::Error,
+            u"Expected inspector element: " + root.name() + (meant.isNull() ? all : ZelNearestName::question(meant)),
+            root.place(),
+            {},
+            meant};
 }
 
 ZelDescriptionMistake unreadable(const ZelGenericException &exception, const ZelSourcePlace &including)
@@ -40,14 +52,20 @@ ZelDescriptionMistake unreadable(const ZelGenericException &exception, const Zel
 } // namespace
 
 ZelDescriptionWalk::ZelDescriptionWalk(const QStringList &folders, Visit visit, Report report)
-    : m_folders(folders)
-    , m_visit(std::move(visit))
+    : m_visit(std::move(visit))
     , m_report(std::move(report))
 {
+    for (const QString &name : folders)
+        (name.endsWith(u".qrc") ? m_collections : m_folders).append(name);
 }
 
 void ZelDescriptionWalk::walk(const QStringList &files)
 {
+    for (const QString &collection : std::as_const(m_collections)) {
+        if (const QString error = ZelResourceFile::read(collection, m_aliases); !error.isNull())
+            m_report(
+                {ZelDescriptionMistake::Error, QStringLiteral("The resources cannot be read: ") + error, {collection}});
+    }
     const QSet<QString> included = includedFiles(files);
     for (const QString &file : files) {
         if (!included.contains(canonical(file)))
@@ -92,7 +110,7 @@ QString ZelDescriptionWalk::pathOf(const QString &name, const Configuration &ele
         if (candidate.isFile())
             return candidate.absoluteFilePath();
     }
-    return {};
+    return m_aliases.value(cleanName);
 }
 
 QStringList ZelDescriptionWalk::namesBeside(const Configuration &element) const
@@ -100,9 +118,9 @@ QStringList ZelDescriptionWalk::namesBeside(const Configuration &element) const
     QStringList names;
     for (const QString &folder : foldersFor(element)) {
         for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
-            names.append(file.completeBaseName());
+            names.append(file.fileName());
     }
-    return names;
+    return names + m_aliases.keys();
 }
 
 QStringList ZelDescriptionWalk::foldersFor(const Configuration &element) const
@@ -115,15 +133,16 @@ QStringList ZelDescriptionWalk::foldersFor(const Configuration &element) const
 
 void ZelDescriptionWalk::walkFile(const QString &path)
 {
-    static constexpr QStringView roots[] = {u"panes", u"pane", u"inspector", u"slice"};
+    static const QStringList roots{QStringLiteral("panes"), QStringLiteral("pane"), QStringLiteral("inspector"),
+                                   QStringLiteral("slice")};
     const QFileInfo info(path);
     m_firstFolder = info.path();
     try {
         ZelDescriptionFiles files;
         const ZelDescriptionFiles::Opened file = files.open(QUrl::fromLocalFile(info.absoluteFilePath()));
         m_visited.insert(info.canonicalFilePath());
-        if (std::ranges::find(roots, file.root().name()) == std::end(roots))
-            m_report(unexpectedRoot(file.root()));
+        if (!roots.contains(file.root().name()))
+            m_report(unexpectedRoot(file.root(), roots));
         else
             visitTree({file.root(), file.root().name()}, files);
     } catch (const ZelGenericException &exception) {
@@ -157,7 +176,7 @@ void ZelDescriptionWalk::visitIncluded(const Node &node, QStringView expectedRoo
         if (file.root().name() == expectedRoot)
             visitTree({file.root(), node.role, &node}, files);
         else
-            m_report(unexpectedRoot(file.root()));
+            m_report(unexpectedRoot(file.root(), {expectedRoot.toString()}));
     } catch (const ZelGenericException &exception) {
         m_report(unreadable(exception, node.element.place()));
     }

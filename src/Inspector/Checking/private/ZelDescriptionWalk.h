@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Inspector/Checking/private/ZelResourceFile.h"
 #include "Inspector/Description/ZelDescriptionMistake.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 
@@ -24,7 +25,8 @@ public:
     using Visit = std::function<void(const Node &)>;
     using Report = std::function<void(const ZelDescriptionMistake &)>;
 
-    /// Files are looked for in the folder of the file that names them, in that of the first one, and in these.
+    /// Files are looked for in the folder of the file that names them, in that of the first one, and in these. Among
+    /// the folders may be files of Qt's resources (.qrc), whose names and aliases count.
     ZelDescriptionWalk(const QStringList &folders, Visit visit, Report report);
 
     /// Walks through the files that no other of them includes. Reports files that cannot be read, that include
@@ -34,7 +36,7 @@ public:
     QUrl fileOf(const Configuration &element) const;
     /// A file below one of the folders, which are searched as for fileOf; null if there is none.
     QString pathOf(const QString &name, const Configuration &element) const;
-    /// The names, without endings, of all files in these folders.
+    /// The names of all files in these folders.
     QStringList namesBeside(const Configuration &element) const;
 
 private:
@@ -45,6 +47,8 @@ private:
     void visitIncluded(const Node &node, QStringView expectedRoot, ZelDescriptionFiles &files);
 
     QStringList m_folders;
+    QStringList m_collections; // files .qrc
+    ZelResourceFile::Paths m_aliases;
     QString m_firstFolder;
     Visit m_visit;
     Report m_report;

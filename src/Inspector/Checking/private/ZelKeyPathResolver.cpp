@@ -4,6 +4,7 @@
 #include "Core/Errors/ZelException.h"
 #include "Core/Values/private/ZelNearestName.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 
 using Resolver = ZelKeyPathResolver;
@@ -58,7 +59,7 @@ Result Resolver::resolve(const QString &keyPath) const
     if (position.classes.isEmpty())
         position.index = controllerLength(position.keys);
     for (const QString &key : position.keys.sliced(position.index)) {
-        if (!stepIntoSelection(position, key))
+        if (!stepIntoSelection(position, key) && !lacksSelection(position, key))
             step(position, key);
         if (position.result.state != Result::Resolved)
             break;
@@ -101,6 +102,28 @@ bool Resolver::stepIntoSelection(Position &position, const QString &key) const
                            "its selection are not checked (--selection %1=Class)")
                 .arg(position.passed());
     }
+    return true;
+}
+
+/// Whether the key is one of the selected objects that is looked for in their controller.
+bool Resolver::lacksSelection(Position &position, const QString &key) const
+{
+    const auto selected = m_scope.selections.constFind(position.passed());
+    if (position.index == 0 || selected == m_scope.selections.constEnd())
+        return false;
+    const auto has = [&](const ZelTypeTable::Class *type) { return m_types.property(*type, key).property != nullptr; };
+    Classes controllers = position.classes;
+    if (controllers.isEmpty())
+        controllers = classesNamed({QStringLiteral("ZelArrayController")});
+    if (std::ranges::any_of(controllers, has) || std::ranges::none_of(classesNamed(*selected), has))
+        return false;
+    QStringList meant = position.keys;
+    meant.insert(position.index, g_selection);
+    position.result.state = Result::Missing;
+    position.result.suggestion = meant.join(u'.');
+    position.result.message = QStringLiteral("\"%1\" is a controller, it is its selection that has the property \"%2\"")
+                                  .arg(position.passed(), key) +
+                              ZelNearestName::question(position.result.suggestion);
     return true;
 }
 
@@ -153,17 +176,23 @@ void Resolver::fail(Position &position, const QString &key, const QString &messa
 {
     ZelNearestName nearest(key);
     nearest.offerAll(known);
+    static const QRegularExpression getter(QStringLiteral("^(is|has|get)(?=[A-Z])"));
+    const QString property = QString(key).remove(getter);
+    ZelNearestName nearestOfGetter(property);
+    if (property != key && nearest.found().isNull())
+        nearestOfGetter.offerAll(known);
+    const QString found = nearest.found().isNull() ? nearestOfGetter.found() : nearest.found();
     QStringList meant = position.keys;
-    if (!nearest.found().isNull())
-        meant[position.index] = nearest.found();
+    if (!found.isNull())
+        meant[position.index] = found;
     const QString selected = position.index == 0 ? pathThroughSelection(position.keys.join(u'.')) : QString();
     position.result.state = Result::Missing;
     if (!selected.isNull())
         position.result.suggestion = selected;
-    else if (!nearest.found().isNull())
+    else if (!found.isNull())
         position.result.suggestion = meant.join(u'.');
     position.result.message =
-        message + ZelNearestName::question(selected.isNull() && !nearest.found().isNull() ? nearest.found() : selected);
+        message + ZelNearestName::question(selected.isNull() && !found.isNull() ? found : selected);
 }
 
 void Resolver::setValue(Position &position, const ZelTypeTable::Found &found) const

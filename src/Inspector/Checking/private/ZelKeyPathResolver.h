@@ -48,6 +48,7 @@ private:
     void stepIntoValue(Position &position, const QString &key) const;
     void fail(Position &position, const QString &key, const QString &message, const QStringList &known) const;
     void setValue(Position &position, const ZelTypeTable::Found &found) const;
+    bool lacksSelection(Position &position, const QString &key) const;
     bool isKeyOf(const ZelTypeTable::Class &type, const QString &key) const;
     qsizetype controllerLength(const QStringList &keys) const;
     QString pathThroughSelection(const QString &rest) const;

@@ -3,15 +3,30 @@
 
 #include "Core/Values/ZelTransformerFactory.h"
 #include "Core/Values/private/ZelNearestName.h"
+#include "Inspector/Description/private/ZelDescriptionHints.h"
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelNamedImages.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 
 using Kind = ZelDescriptionSchema::Kind;
 
 namespace {
+
+/// What the names of a transformer have in common if people write it with other endings than it has.
+QString stemOf(QString name)
+{
+    for (const char *part : {"Zel", "ValueTransformer", "Transformer", "Value", "Name"})
+        name.remove(QLatin1String(part));
+    return name;
+}
+
+QString imageName(const QString &path)
+{
+    return QFileInfo(path).completeBaseName();
+}
 
 QStringList namesOfColorLists()
 {
@@ -84,7 +99,21 @@ void ZelReferenceCheck::checkTransformer(const Node &node, const QString &attrib
     if (ours.contains(withoutArgument))
         report(node, attribute, error, name, {});
     else
-        report(node, attribute, u"Missing value transformer for name " + name, name, ours + m_options.transformers);
+        reportMeant(node, attribute, u"Missing value transformer for name " + name,
+                    transformerMeantBy(name, ours + m_options.transformers));
+}
+
+QString ZelReferenceCheck::transformerMeantBy(const QString &name, const QStringList &known)
+{
+    ZelNearestName nearest(name);
+    nearest.offerAll(known);
+    if (!nearest.found().isNull())
+        return nearest.found();
+    static const QRegularExpression argument(QStringLiteral("^(\\w+)\\W+(\\w.*)$")); // as in "ZelEquals=3"
+    if (const auto match = argument.match(name); match.hasMatch() && known.contains(match.captured(1)))
+        return QStringLiteral("%1(%2)").arg(match.captured(1), match.captured(2));
+    const auto same = std::ranges::find_if(known, [&](const QString &other) { return stemOf(other) == stemOf(name); });
+    return same == known.end() ? QString() : *same;
 }
 
 void ZelReferenceCheck::checkImage(const Node &node, const QString &name) const
@@ -95,8 +124,19 @@ void ZelReferenceCheck::checkImage(const Node &node, const QString &name) const
     const bool isFile = std::ranges::any_of(
         endings, [&](const QString &ending) { return !m_walk.pathOf(name + ending, node.element).isNull(); });
     if (!isFile && !m_options.images.contains(name) && ZelNamedImages::imageNamed(name).isNull())
-        report(node, QStringLiteral("image"), u"Missing image with name " + name, name,
-               m_options.images + m_walk.namesBeside(node.element));
+        reportMeant(node, QStringLiteral("image"), u"Missing image with name " + name, imageMeantBy(name, node));
+}
+
+QString ZelReferenceCheck::imageMeantBy(const QString &name, const Node &node) const
+{
+    QStringList known = m_options.images;
+    for (const QString &file : m_walk.namesBeside(node.element))
+        known.append(imageName(file));
+    if (known.contains(imageName(name)))
+        return imageName(name);
+    ZelNearestName nearest(name);
+    nearest.offerAll(known);
+    return nearest.found();
 }
 
 void ZelReferenceCheck::checkColorList(const Node &node, const QString &name) const
@@ -112,7 +152,17 @@ void ZelReferenceCheck::checkType(const Node &node) const
     const QString type = node.element.stringValueNamed(u"type");
     if (type.isEmpty() || m_options.propertyTypes.contains(type) || node.element.hasValueNamed(u"file"))
         return;
-    report(node, QStringLiteral("type"), u"Type not suppored: " + type, type, editorTypes() + m_options.propertyTypes);
+    const QStringList known = editorTypes() + m_options.propertyTypes;
+    ZelNearestName nearest(type);
+    nearest.offerAll(known);
+    const QString meant = nearest.found().isNull() ? ZelDescriptionHints::synonym(type, known) : nearest.found();
+    const ZelTypeTable::Class *editor = m_types.classNamed(type);
+    QString all;
+    if (editor && m_types.inherits(*editor, QStringLiteral("ZelInspectorProperty")))
+        all = QStringLiteral("; a class is named by type=\"custom\" class=\"%1\"").arg(type);
+    else if (meant.isNull())
+        all = u"; there are " + known.join(QStringLiteral(", "));
+    reportMeant(node, QStringLiteral("type"), u"Type not suppored: " + type + all, meant);
 }
 
 void ZelReferenceCheck::report(const Node &node, const QString &attribute, const QString &message, const QString &name,
@@ -120,6 +170,12 @@ void ZelReferenceCheck::report(const Node &node, const QString &attribute, const
 {
     ZelNearestName nearest(name);
     nearest.offerAll(known);
-    m_report(
-        {ZelDescriptionMistake::Error, message + nearest.question(), node.element.place(), attribute, nearest.found()});
+    reportMeant(node, attribute, message, nearest.found());
+}
+
+void ZelReferenceCheck::reportMeant(const Node &node, const QString &attribute, const QString &message,
+                                    const QString &meant) const
+{
+    m_report({ZelDescriptionMistake::Error, message + ZelNearestName::question(meant), node.element.place(), attribute,
+              meant});
 }

@@ -30,6 +30,9 @@ private:
     void checkImage(const Node &node, const QString &name) const;
     void checkColorList(const Node &node, const QString &name) const;
     void checkType(const Node &node) const;
+    static QString transformerMeantBy(const QString &name, const QStringList &known);
+    QString imageMeantBy(const QString &name, const Node &node) const;
+    void reportMeant(const Node &node, const QString &attribute, const QString &message, const QString &meant) const;
     void report(const Node &node, const QString &attribute, const QString &message, const QString &name,
                 const QStringList &known) const;
 

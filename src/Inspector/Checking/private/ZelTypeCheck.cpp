@@ -6,6 +6,7 @@
 #include "Inspector/Checking/ZelDescriptionChecker.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 
 using Configuration = ZelInspectorConfiguration;
@@ -73,6 +74,7 @@ void ZelTypeCheck::check(const Node &node)
 {
     if (node.role == u"property" || node.role == u"chooser")
         checkSingleKey(node);
+    checkNames(node);
     const ZelTypeScope scope = scopeOf(node);
     if (!m_hasTypes || !checkScope(node, scope))
         return;
@@ -85,6 +87,21 @@ void ZelTypeCheck::check(const Node &node)
             else if (attribute.kind == Kind::Selector && !text.isEmpty() && m_types.classNamed(scope.owner))
                 checkSelector(node, scope);
         }
+    }
+}
+
+/// The attributes that say something of classes have a prefix, so that no other check knows them.
+void ZelTypeCheck::checkNames(const Node &node)
+{
+    const QStringList known{ownerAttribute, selectionAttribute, keysAttribute};
+    const ZelXmlElement &xml = node.element.element();
+    for (qsizetype i = 0; i < xml.attributeCount(); ++i) {
+        const QString name = xml.attributeName(i);
+        if (!name.startsWith(u"types:") || known.contains(name))
+            continue;
+        ZelNearestName nearest(name);
+        nearest.offerAll(known);
+        report(node, name, QStringLiteral("Unknown attribute \"%1\"").arg(name), nearest.found());
     }
 }
 
@@ -132,7 +149,10 @@ bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
 
 void ZelTypeCheck::checkKeyPath(const Node &node, const QString &attribute, const ZelTypeScope &scope)
 {
-    const Result result = ZelKeyPathResolver(m_types, scope).resolve(node.element.stringValueNamed(attribute));
+    const QString keyPath = node.element.stringValueNamed(attribute);
+    if (keyPath.split(u'.').contains(QString()) || keyPath.startsWith(u'!'))
+        return; // reported without types
+    const Result result = ZelKeyPathResolver(m_types, scope).resolve(keyPath);
     if (result.state == Result::Missing)
         m_report({ZelDescriptionMistake::Error, result.message, node.element.place(), attribute, result.suggestion});
     else if (result.state == Result::Open && !result.message.isNull())
@@ -158,7 +178,9 @@ void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
     checkWritable(node, result);
     if (node.element.hasValueNamed(u"valueTransformer"))
         return;
-    const QString type = editorOf(node);
+    const QString named = node.element.stringValueNamed(u"class");
+    const bool isList = named == u"ZelInspectorArrayProperty";
+    const QString type = isList ? named : editorOf(node);
     const bool isRichText = type == u"string" && node.element.booleanValueNamed(u"attributed");
     const bool givesValues = node.element.hasValueNamed(u"enumeratedValuesKeyPath");
     if (!givesValues && !ZelValueKinds::kindsOfEditor(type, isRichText).testFlag(result.kind))
@@ -166,8 +188,38 @@ void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
                QStringLiteral("An editor of the type \"%1\"%2 does not fit %3, the type of \"%4\"")
                    .arg(type, isRichText ? QStringLiteral(" for rich text") : QString(), result.type,
                         node.element.stringValueNamed(g_keyPath)));
-    else if (type == u"enumeration" || type == u"flags")
+    else if (type == u"enumeration" || type == u"flags") {
         checkChoices(node, result);
+        checkKeysToOffer(node, result);
+    }
+    checkDefault(node, result);
+}
+
+/// Without options, the editor offers the keys of the property's type.
+void ZelTypeCheck::checkKeysToOffer(const Node &node, const Result &result)
+{
+    using namespace ZelValueKinds;
+    const bool hasOptions = !node.element.configurationsNamed(u"option-group").isEmpty() ||
+                            node.element.hasValueNamed(u"enumeratedValuesKeyPath") ||
+                            node.element.hasValueNamed(u"enumeratedDisplayValuesKeyPath");
+    const Kinds mayHaveKeys = Kinds(Unknown) | Enumeration;
+    if (node.role == u"property" && !hasOptions && !mayHaveKeys.testFlag(result.kind))
+        report(node, g_keyPath,
+               QStringLiteral("The editor has no options, and %1, the type of \"%2\", has no keys (Q_ENUM)")
+                   .arg(result.type, node.element.stringValueNamed(g_keyPath)));
+}
+
+void ZelTypeCheck::checkDefault(const Node &node, const Result &result)
+{
+    const QString attribute = QStringLiteral("defaultValue");
+    const QString text = node.element.stringValueNamed(attribute).trimmed();
+    const ZelTypeTable::Enumeration *known = enumerationOf(result);
+    if (!known || text.isEmpty() || ZelNumberScanner::isInteger(text) || areKeys(text, known->keys))
+        return;
+    ZelNearestName nearest(text);
+    nearest.offerAll(known->keys);
+    report(node, attribute, QStringLiteral("defaultValue=\"%1\" is no key of %2").arg(text, qualifiedType(result)),
+           nearest.found());
 }
 
 void ZelTypeCheck::checkSingleKey(const Node &node)
@@ -236,10 +288,14 @@ void ZelTypeCheck::checkCondition(const Node &node, const QString &attribute, co
 {
     static const QStringList comparisons{QStringLiteral("ZelEquals"), QStringLiteral("ZelNotEquals"),
                                          QStringLiteral("ZelIsOneOf"), QStringLiteral("ZelContains")};
+    if (!attribute.endsWith(u"KeyPath"))
+        return;
     const QString transformer = attribute.chopped(g_keyPath.size()) + QStringLiteral("ValueTransformer");
     const QString text = node.element.stringValueNamed(transformer);
     const ZelTypeTable::Enumeration *known = enumerationOf(result);
-    if (!known || !attribute.endsWith(u"KeyPath") || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
+    if (text.startsWith(u"ZelIsKind("))
+        return checkKind(node, transformer);
+    if (!known || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
         return;
     const QStringList arguments = text.section(u'(', 1).section(u')', 0, 0).split(u',');
     for (const QString &argument : arguments) {
@@ -251,6 +307,19 @@ void ZelTypeCheck::checkCondition(const Node &node, const QString &attribute, co
         report(node, transformer,
                QStringLiteral("%1 makes no sense for a value of %2").arg(text, qualifiedType(result)), nearest.found());
     }
+}
+
+/// The argument of a condition on the class of objects. A class that is not known may be one that has no types here.
+void ZelTypeCheck::checkKind(const Node &node, const QString &transformer)
+{
+    const QString text = node.element.stringValueNamed(transformer);
+    const QString name = text.section(u'(', 1).section(u')', 0, 0).trimmed();
+    if (name.isEmpty() || m_types.classNamed(name))
+        return;
+    ZelNearestName nearest(name);
+    nearest.offerAll(m_types.classNames());
+    report(node, transformer, QStringLiteral("The class %1 is not among the types").arg(name), nearest.found(),
+           ZelDescriptionMistake::Warning);
 }
 
 void ZelTypeCheck::checkSelector(const Node &node, const ZelTypeScope &scope)
@@ -275,7 +344,9 @@ void ZelTypeCheck::checkSelector(const Node &node, const ZelTypeScope &scope)
     }
     if (names.contains(name) || !m_types.unknownBase(owner).isNull())
         return;
-    ZelNearestName nearest(name);
+    static const QRegularExpression signature(QStringLiteral("^[12]|\\(.*$"));
+    const QString bare = QString(name).remove(signature); // as other calls of Qt's take them
+    ZelNearestName nearest(bare);
     nearest.offerAll(names);
     report(node, attribute, QStringLiteral("%1 has no slot or invokable method \"%2\"%3").arg(owner.name, name, reason),
            nearest.found());

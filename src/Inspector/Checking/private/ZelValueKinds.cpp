@@ -55,6 +55,7 @@ constexpr std::pair<QStringView, quint32> g_editors[] = {
     {u"margins", Margins},
     {u"line", Line},
     {u"vector", Vector},
+    {u"ZelInspectorArrayProperty", List},
 };
 
 } // namespace

@@ -4,8 +4,12 @@
 #include "Core/Values/private/ZelNearestName.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
+#include "Inspector/Description/private/ZelDescriptionHints.h"
 
 #include <QColor>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QHash>
 #include <QSet>
 #include <algorithm>
 #include <cmath>
@@ -112,16 +116,46 @@ bool isOneOf(QStringView text, const Schema::Words &words)
     return std::ranges::any_of(words.words, [&](QStringView word) { return text.compare(word, sensitivity) == 0; });
 }
 
-/// The end of a message about a child that does not belong there: where it does, if it is known at all.
-QString placeOf(QStringView name)
+struct Useless
 {
-    QStringList parents;
-    for (const Schema::Element &parent : Schema::elements()) {
-        if (std::ranges::find(parent.children, name) != parent.children.end())
-            parents.append(u'<' + parent.role + u'>');
+    QStringView type;
+    std::array<QStringView, 2> attributes; ///< without any of these
+    const char *message;
+};
+constexpr Useless g_useless[] = {
+    {u"action",
+     {u"actionSelector", u"menuItemsKeyPath"},
+     "The button does nothing: it has neither actionSelector nor menuItemsKeyPath"},
+    {u"custom", {u"class"}, "The editor shows nothing: it has no class"},
+    {u"resource", {u"resourcesKeyPath"}, "The editor offers no names: it has no resourcesKeyPath"},
+};
+
+QStringList namesOf(const Schema::Element &schema)
+{
+    QStringList names;
+    for (std::span<const Schema::Attribute> group : schema.attributes) {
+        for (const Schema::Attribute &attribute : group)
+            names.append(attribute.name.toString());
     }
-    parents.removeDuplicates();
-    return parents.isEmpty() ? QString() : QString(u", it belongs in " + parents.join(QStringLiteral(" or ")));
+    return names;
+}
+
+QStringList textsOf(std::span<const QStringView> words)
+{
+    QStringList texts;
+    for (QStringView word : words) {
+        if (!word.isNull())
+            texts.append(word.toString());
+    }
+    return texts;
+}
+
+/// What was meant by the name; null if that cannot be told.
+QString meantBy(const QString &name, const QStringList &known)
+{
+    ZelNearestName nearest(name);
+    nearest.offerAll(known);
+    return nearest.found().isNull() ? ZelDescriptionHints::synonym(name, known) : nearest.found();
 }
 
 } // namespace
@@ -175,14 +209,11 @@ void ZelDescriptionCheck::checkAttributes(const Configuration &element, const Sc
         }
         if (isForeign(name) || (element.name() != schema.role && isOfOtherRole(name)))
             continue;
-        ZelNearestName nearest(name);
-        for (std::span<const Schema::Attribute> group : schema.attributes) {
-            for (const Schema::Attribute &attribute : group)
-                nearest.offer(attribute.name);
-        }
-        if (!isOpen || nearest.differsInCaseOnly())
-            report(element, name, QStringLiteral("Unknown attribute \"%1\" of %2").arg(name, tagOf(element)),
-                   nearest.found());
+        const QString meant = meantBy(name, namesOf(schema));
+        const QString place = meant.isNull() ? ZelDescriptionHints::placeOfAttribute(name) : QString();
+        if (!isOpen || meant.compare(name, Qt::CaseInsensitive) == 0)
+            report(element, name, QStringLiteral("Unknown attribute \"%1\" of %2").arg(name, tagOf(element)) + place,
+                   meant);
     }
 }
 
@@ -197,12 +228,19 @@ void ZelDescriptionCheck::checkValue(const Configuration &element, const Schema:
     if (!m_options.isThorough)
         return;
     if (const QString refusal = refusalOf(element, name, known.kind); !refusal.isNull())
-        return report(element, name, refusal);
+        return report(element, name, refusal,
+                      known.kind == Kind::Color ? ZelDescriptionHints::color(text.toString()) : QString());
+    if (known.kind == Kind::KeyPath && text.startsWith(u'!'))
+        return report(element, name,
+                      QStringLiteral("%1=\"%2\" is no key path; a transformer turns a condition around: "
+                                     "ZelNegateBooleanTransformerName")
+                          .arg(name, text));
     if (!known.words || isOneOf(text, *known.words))
         return;
-    ZelNearestName nearest(text);
-    nearest.offerAll(known.words->words);
-    report(element, name, known.words->refusal + text, nearest.found());
+    const QStringList words = textsOf(known.words->words);
+    const QString meant = meantBy(text.toString(), words);
+    const QString all = meant.isNull() ? QString(u"; there are " + words.join(QStringLiteral(", "))) : QString();
+    report(element, name, known.words->refusal + text + all, meant);
 }
 
 void ZelDescriptionCheck::checkFile(const Configuration &element) const
@@ -213,7 +251,25 @@ void ZelDescriptionCheck::checkFile(const Configuration &element) const
     const QUrl url = m_options.findFile ? m_options.findFile(element) : element.urlValueNamed(u"file");
     if (url.isEmpty())
         report(element, QStringLiteral("file"),
-               QStringLiteral("file=\"%1\" is no resource of the application").arg(name));
+               QStringLiteral("file=\"%1\" is no resource of the application").arg(name), fileMeantBy(name, element));
+}
+
+/// A file beside those that are found, be it named with a path, without an ending or with wrong letters.
+QString ZelDescriptionCheck::fileMeantBy(const QString &name, const Configuration &element) const
+{
+    const QStringList known = m_options.fileNames ? m_options.fileNames(element) : QStringList();
+    const QString wanted = QFileInfo(name).completeBaseName();
+    ZelNearestName nearest(wanted);
+    QHash<QString, QString> files;
+    for (const QString &file : known) {
+        const QFileInfo info(file);
+        if (info.suffix() != u"xml" || file == QFileInfo(element.place().file).fileName())
+            continue;
+        nearest.offer(info.completeBaseName());
+        QString &shortest = files[info.completeBaseName()];
+        shortest = shortest.isEmpty() || file.size() < shortest.size() ? file : shortest;
+    }
+    return files.value(nearest.found());
 }
 
 void ZelDescriptionCheck::checkChildren(const Configuration &element, const Schema::Element &schema) const
@@ -223,13 +279,11 @@ void ZelDescriptionCheck::checkChildren(const Configuration &element, const Sche
         if (std::ranges::find(schema.children, name) != schema.children.end() ||
             (isForeign(name) && !schema.failsOnOtherChildren))
             return;
-        ZelNearestName nearest(name);
-        for (QStringView known : schema.children)
-            nearest.offer(known);
         const QString message = schema.failsOnOtherChildren
                                     ? QString(u"Unsupported element " + name)
                                     : QStringLiteral("Unknown element <%1> in %2").arg(name, tagOf(element));
-        report(Configuration(child), {}, message + placeOf(name), nearest.found());
+        report(Configuration(child), {}, message + ZelDescriptionHints::placeOfElement(name),
+               meantBy(name, textsOf(schema.children)));
     });
 }
 
@@ -240,15 +294,28 @@ void ZelDescriptionCheck::checkRequired(const Configuration &element, const Sche
         report(element, {},
                schema.required == u"type" ? QStringLiteral("Property type not given")
                                           : QStringLiteral("%1 has no %2").arg(tagOf(element), schema.required));
-    if (schema.type == u"action" && !element.hasValueNamed(u"actionSelector") &&
-        !element.hasValueNamed(u"menuItemsKeyPath"))
-        m_report({ZelDescriptionMistake::Warning,
-                  QStringLiteral("The button does nothing: it has neither actionSelector nor menuItemsKeyPath"),
-                  element.place()});
+    for (const Useless &useless : g_useless) {
+        const auto isThere = [&](QStringView name) { return !name.isNull() && element.hasValueNamed(name); };
+        if (schema.type == useless.type && std::ranges::none_of(useless.attributes, isThere))
+            m_report({ZelDescriptionMistake::Warning, QString::fromLatin1(useless.message), element.place()});
+    }
+    checkTransformers(element, schema);
     const bool isInOtherFile = schema.role == u"pane" && element.hasValueNamed(u"file");
     if (!schema.refusalWithoutChildren.isNull() && !isInOtherFile &&
         element.configurationsNamed(schema.children.front()).isEmpty())
         report(element, {}, schema.refusalWithoutChildren.toString());
+}
+
+/// A transformer of a condition is of no use without the condition.
+void ZelDescriptionCheck::checkTransformers(const Configuration &element, const Schema::Element &schema) const
+{
+    static const QString ending = QStringLiteral("ValueTransformer");
+    for (const QString &name : namesOf(schema)) {
+        const QString keyPath = name.chopped(std::min(ending.size(), name.size())) + QStringLiteral("KeyPath");
+        if (name.endsWith(ending) && element.hasValueNamed(name) && !element.hasValueNamed(keyPath))
+            m_report({ZelDescriptionMistake::Warning, QStringLiteral("%1 has no effect without %2").arg(name, keyPath),
+                      element.place(), name});
+    }
 }
 
 /// The default is a value of the editor's type, or one of the model where a transformer stands between them.
@@ -264,6 +331,8 @@ void ZelDescriptionCheck::checkDefault(const Configuration &element, const Schem
         type = "bool";
     else if (schema.type == u"color" && !text.startsWith(u"NS") && !QColor::isValidColor(text))
         type = "QColor";
+    else if (schema.type == u"date" && !QDateTime::fromString(text, Qt::ISODate).isValid())
+        type = "date as in 2024-05-06";
     if (type)
         report(element, QStringLiteral("defaultValue"),
                QStringLiteral("defaultValue=\"%1\" is no %2")

@@ -23,6 +23,8 @@ public:
         bool isThorough = false;
         /// The file that an element names, in place of the application's resources; empty if it does not exist.
         std::function<QUrl(const Configuration &element)> findFile = {};
+        /// The names of files that might have been meant by one that does not exist.
+        std::function<QStringList(const Configuration &element)> fileNames = {};
     };
 
     ZelDescriptionCheck(Report report, Options options)
@@ -48,7 +50,9 @@ private:
     void checkValue(const Configuration &element, const Schema::Attribute &known, QStringView text) const;
     void checkChildren(const Configuration &element, const Schema::Element &schema) const;
     void checkRequired(const Configuration &element, const Schema::Element &schema) const;
+    void checkTransformers(const Configuration &element, const Schema::Element &schema) const;
     void checkDefault(const Configuration &element, const Schema::Element &schema) const;
+    QString fileMeantBy(const QString &name, const Configuration &element) const;
     void checkRange(const Configuration &element) const;
     void checkOptions(const Configuration &property) const;
     void checkOptionValue(const Configuration &option, quint64 bitMask) const;

@@ -201,9 +201,21 @@ QString ZelXmlTreeBuilder::parserMessage() const
     case XML_ERROR_PARTIAL_CHAR:
         return encodingMessage();
     default:
-        return rest.isEmpty() || beginsWithCharacter(rest) ? ZelXmlReader::tr("The document is not well-formed.")
-                                                           : encodingMessage();
+        return rest.isEmpty() || beginsWithCharacter(rest)
+                   ? QString(ZelXmlReader::tr("The document is not well-formed.") + hintAt(position))
+                   : encodingMessage();
     }
+}
+
+/// What is often forgotten before such a character.
+QString ZelXmlTreeBuilder::hintAt(qsizetype position) const
+{
+    const char before = position > 0 ? m_data.at(position - 1) : '\0';
+    if (before == '&')
+        return u' ' + ZelXmlReader::tr("A plain ampersand is written as &amp;.");
+    if (before == '=')
+        return u' ' + ZelXmlReader::tr("The value of an attribute stands in quotation marks.");
+    return {};
 }
 
 /// The name that begins at the position.
