@@ -2,8 +2,11 @@
 #include "Controls/Ranges/ZelStepper.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "Core/Binding/ZelEditor.h"
 #include "Core/Values/ZelValues.h"
 
+#include <QLineEdit>
+#include <QMouseEvent>
 #include <QStyleOptionSpinBox>
 #include <QStylePainter>
 #include <QTimerEvent>
@@ -63,9 +66,27 @@ QAbstractSpinBox::StepEnabled ZelStepper::possibleSteps() const
     return steps;
 }
 
+/// Answers false if the stepper is not to step: the field keeps a refused text, or the stepper is gone.
+bool ZelStepper::commitField()
+{
+    const QPointer<ZelStepper> guard(this);
+    auto *field = qobject_cast<ZelEditor *>(focusProxy());
+    return !field || (field->commitEditing() && guard);
+}
+
+/// What was being typed is an undo step of its own, so it is taken before that of the press begins.
+void ZelStepper::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && !commitField())
+        return;
+    if (auto *field = qobject_cast<QLineEdit *>(focusProxy()))
+        field->selectAll();
+    ZelRangeControl::mousePressEvent(event);
+}
+
 void ZelStepper::stepBy(int steps)
 {
-    if (canStep(steps))
+    if (commitField() && canStep(steps))
         enterValue(valueAfter(steps));
 }
 

@@ -14,6 +14,10 @@ class QStyleOptionSpinBox;
 /// Where there is no value to step from, steps start from 0; several different values are stepped each from its own. A
 /// value outside the limits is stepped into them. By default the limits are the largest finite doubles and the
 /// increment is 1. An increment of 0 or one that is no number does nothing.
+///
+/// Beside a field for the same number, the field is set as the stepper's focus proxy: a press gives the focus to the
+/// field and selects its text. What is being typed there is taken before each step; a text that is refused stays, and
+/// nothing is stepped.
 class ZEL_EXPORT ZelStepper : public ZelRangeControl
 {
     Q_OBJECT
@@ -33,6 +37,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 
@@ -47,6 +52,7 @@ private:
     void initStyleOption(QStyleOptionSpinBox *option) const;
     QPoint spinBoxOrigin() const;
     QStyle::SubControl arrowAt(const QPoint &position) const;
+    bool commitField();
     QVariant valueAfter(int steps) const;
     bool canStep(int steps) const;
     QAbstractSpinBox::StepEnabled possibleSteps() const;

@@ -78,6 +78,7 @@ ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
     m_size->setIncrement(1);
     m_stepper->setMinValue(1);
     m_stepper->setFocusPolicy(Qt::ClickFocus);
+    m_stepper->setFocusProxy(m_size);
     addFonts();
     addFamilies();
     setFontFaces({});
