@@ -2,14 +2,17 @@
 #include "Inspector/Properties/private/ZelNumberScrubber.h"
 
 #include "Controls/Fields/ZelTextField.h"
+#include "Controls/private/ZelFieldSteps.h"
 #include "Controls/private/ZelPressGrouping.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
+#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimerEvent>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
@@ -17,7 +20,9 @@ namespace {
 
 constexpr double g_pixelsPerStep = 4;
 constexpr int g_frameDuration = 16;    // milliseconds
-constexpr qint64 g_joinDuration = 500; // milliseconds
+constexpr qint64 g_joinDuration = 500; // milliseconds, in which a further title is to be reached
+constexpr int g_restDuration = 200;    // milliseconds, for which the pointer is to rest on it
+constexpr int g_restDistance = 3;      // pixels, which a resting hand may move
 
 } // namespace
 
@@ -95,7 +100,14 @@ bool ZelNumberScrubber::filterEscape(QEvent *event)
 
 bool ZelNumberScrubber::handleEvent(QEvent *event)
 {
-    if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_frame.timerId())
+    const int timer = event->type() == QEvent::Timer ? static_cast<QTimerEvent *>(event)->timerId() : 0;
+    if (timer != 0 && timer == m_rest.timerId()) {
+        m_rest.stop();
+        if (ZelNumberScrubber *neighbour = m_grouping ? neighbourAt(m_restPosition) : nullptr)
+            join(neighbour);
+        return true;
+    }
+    if (timer == 0 || timer != m_frame.timerId())
         return QObject::event(event);
     if (m_isChanged)
         change();
@@ -122,7 +134,7 @@ bool ZelNumberScrubber::move(const QPoint &position)
     const int forwards = title()->layoutDirection() == Qt::RightToLeft ? -1 : 1;
     m_pixels += forwards * (position.x() - m_lastPosition.x());
     m_lastPosition = position;
-    joinAt(position);
+    watchRest(position);
     const double steps = std::trunc(m_pixels / g_pixelsPerStep);
     m_pixels -= steps * g_pixelsPerStep;
     const Qt::KeyboardModifiers modifiers = QApplication::keyboardModifiers();
@@ -157,18 +169,34 @@ void ZelNumberScrubber::addNumber(ZelNumberScrubber *scrubber)
     scrubber->showScrubbed(true);
 }
 
-/// Adds the number whose title is at the position. What was dragged up to here was the way to it.
-void ZelNumberScrubber::joinAt(const QPoint &position)
+/// The number whose title is at the position, if it can be changed together with this one and is not yet.
+ZelNumberScrubber *ZelNumberScrubber::neighbourAt(const QPoint &position) const
 {
-    if (m_sinceJoin.elapsed() > g_joinDuration)
-        return;
     const QWidget *widget = QApplication::widgetAt(position);
     auto *other = widget ? widget->findChild<ZelNumberScrubber *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
     const auto isSame = [other](const Number &number) { return number.scrubber == other; };
-    if (!other || std::any_of(m_numbers.begin(), m_numbers.end(), isSame) || !other->canScrub() ||
+    if (!other || !m_editor || std::any_of(m_numbers.begin(), m_numbers.end(), isSame) || !other->canScrub() ||
         other->m_editor->parent() != m_editor->parent())
+        return nullptr;
+    return other;
+}
+
+/// A rest that begins later is one of somebody who looks at the numbers.
+void ZelNumberScrubber::watchRest(const QPoint &position)
+{
+    if (m_rest.isActive() && (position - m_restPosition).manhattanLength() <= g_restDistance)
         return;
-    addNumber(other);
+    m_restPosition = position;
+    if (m_sinceJoin.elapsed() <= g_joinDuration && neighbourAt(position))
+        m_rest.start(g_restDuration, Qt::PreciseTimer, this);
+    else
+        m_rest.stop();
+}
+
+/// What was dragged up to here was the way to the neighbour.
+void ZelNumberScrubber::join(ZelNumberScrubber *neighbour)
+{
+    addNumber(neighbour);
     m_pixels = m_steps = 0;
     m_sinceJoin.start();
     requestChange();
@@ -204,6 +232,7 @@ void ZelNumberScrubber::requestChange()
 
 void ZelNumberScrubber::change()
 {
+    const QPointer<ZelNumberScrubber> alive(this);
     m_isChanged = false;
     const double steps = m_steps;
     const std::vector<Number> numbers = m_numbers; // a setter may end the drag
@@ -211,6 +240,23 @@ void ZelNumberScrubber::change()
         if (number.scrubber && number.scrubber->canScrub())
             number.scrubber->enter(number.originals, steps);
     }
+    if (alive && m_grouping)
+        showChange();
+}
+
+/// A field that shows several different numbers does not tell what the drag does.
+void ZelNumberScrubber::showChange() const
+{
+    const ZelTextField *field = this->field();
+    if (!field || !field->formatter() || !ZelIsMarker(field->objectValue(), ZelMultipleValuesMarker))
+        return QToolTip::hideText();
+    const ZelValueTransformerPtr &transformer = m_editor->valueTransformer();
+    const auto shown = [&](double number) {
+        return transformer ? transformer->transformedValue(number).toDouble() : number;
+    };
+    const double change = ZelFieldSteps().range.stepped(shown(m_steps * field->increment()), -shown(0));
+    const QString text = field->formatter()->stringForObjectValue(change);
+    QToolTip::showText(m_lastPosition, change > 0 ? QLatin1Char('+') + text : text, title());
 }
 
 void ZelNumberScrubber::enter(const std::shared_ptr<const std::vector<double>> &originals, double steps) const
@@ -260,6 +306,7 @@ void ZelNumberScrubber::end()
     const QPointer<ZelNumberScrubber> alive(this);
     m_isPressed = false;
     m_frame.stop();
+    m_rest.stop();
     if (!m_grouping) { // a click
         if (ZelTextField *field = this->field()) {
             field->setFocus(Qt::MouseFocusReason);
@@ -272,6 +319,7 @@ void ZelNumberScrubber::end()
     if (!alive)
         return;
     QCoreApplication::instance()->removeEventFilter(this);
+    QToolTip::hideText();
     for (const Number &number : std::exchange(m_numbers, {})) {
         if (number.scrubber)
             number.scrubber->showScrubbed(false);

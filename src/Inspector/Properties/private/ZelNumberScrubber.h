@@ -20,8 +20,11 @@ class ZelTextField;
 /// Lets users change a number by dragging its title: a step for every few pixels, ten with Control, a tenth with Shift.
 ///
 /// Each selected object is changed from the number that it had at the press, at most once in a frame, and the whole
-/// drag is one undo step. Escape gives up, and a click without a drag puts the focus into the field. Whoever swipes
-/// over the titles of further numbers of the same editor or row, right after the press, changes them together.
+/// drag is one undo step. Escape gives up, and a click without a drag puts the focus into the field. While several
+/// different numbers are dragged, a note at the pointer says by how much.
+///
+/// Whoever goes to the title of a further number of the same editor or row, right after the press, and rests there
+/// until it is underlined, changes them together. Passing over a title does nothing.
 class ZelNumberScrubber : public ZelGuarded<QObject>
 {
     Q_OBJECT
@@ -50,13 +53,16 @@ private:
     void press(const QMouseEvent *event);
     bool move(const QPoint &position);
     bool begin();
-    void joinAt(const QPoint &position);
+    ZelNumberScrubber *neighbourAt(const QPoint &position) const;
+    void watchRest(const QPoint &position);
+    void join(ZelNumberScrubber *neighbour);
     void addNumber(ZelNumberScrubber *scrubber);
     void wrap(const QPoint &position);
     void requestChange();
     void change();
     void enter(const std::shared_ptr<const std::vector<double>> &originals, double steps) const;
     void showScrubbed(bool scrubbed);
+    void showChange() const;
     void cancel();
     void end();
 
@@ -65,6 +71,8 @@ private:
     QPoint m_pressPosition; // of the screen, as all positions
     QPoint m_lastPosition;
     QElapsedTimer m_sinceJoin;
+    QPoint m_restPosition;
+    QBasicTimer m_rest;  // while the pointer rests on a title that may join
     double m_pixels = 0; // moved since the last step
     double m_steps = 0;  // since the press
     bool m_isChanged = false;
