@@ -329,10 +329,21 @@ private Q_SLOTS:
         QVERIFY(!rich || !rich->isFormattable());
         Sheet::type("x");
         Sheet::press(Qt::Key_Backspace);
+        Sheet::press(Qt::Key_Escape);
         Sheet::press(Qt::Key_Tab);
         QVERIFY(!field->hasFocus());
         QCOMPARE(sheet.stack.count(), 0);
         QCOMPARE(sheet.owner->actions, 0);
+        QCOMPARE(sheet.shown(key), "Multiple Values");
+
+        Sheet::click(field);
+        Sheet::type("x");
+        Sheet::press(Qt::Key_Backspace);
+        Sheet::press(end.key(), end.keyboardModifiers());
+        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"", "", ""}));
+        QCOMPARE(sheet.stack.count(), 1);
+        QCOMPARE(sheet.owner->actions, 1);
+        sheet.undo();
         QCOMPARE(sheet.shown(key), "Multiple Values");
 
         Sheet::click(field);
@@ -341,7 +352,7 @@ private Q_SLOTS:
         QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"new", "new", "new"}));
         QCOMPARE(sheet.stack.count(), 1);
         QCOMPARE(sheet.stack.undoText(), "Change " + key);
-        QCOMPARE(sheet.owner->actions, 1);
+        QCOMPARE(sheet.owner->actions, 2);
         sheet.undo();
         QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"a0", "a1", "a2"}));
         QCOMPARE(sheet.shown(key), "Multiple Values");

@@ -74,10 +74,16 @@ void ZelGrowingTextField::showValue()
         m_editor->setPlaceholderText(fittedPlaceholder());
         if (m_editor->toPlainText() != m_text)
             m_editor->setPlainText(m_text);
+        m_editor->document()->setModified(false);
     }
     updateFocusPolicy();
     textMayNeedHeight();
     update();
+}
+
+bool ZelGrowingTextField::isTextModified() const
+{
+    return m_editor && m_editor->document()->isModified();
 }
 
 void ZelGrowingTextField::errorDidChange()

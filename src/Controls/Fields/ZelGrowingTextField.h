@@ -91,6 +91,7 @@ private:
     void forwardToEditor(QMouseEvent *event);
     QString fieldText() const override { return text(); }
     void showValue() override;
+    bool isTextModified() const override;
     void applyEditable(bool editable) override;
     void errorDidChange() override;
     void updateFocusPolicy();

@@ -118,11 +118,11 @@ bool ZelGrowingTextView::readValue(QVariant *value, QString *error)
     return !isChange(*value) || accepts(*value, error);
 }
 
-/// A text that was typed over several others and deleted again leaves them as they are.
+/// Several texts are emptied by a text that was typed over them and deleted again.
 bool ZelGrowingTextView::isChange(const QVariant &value) const
 {
     if (ZelIsNull(value) && ZelIsControllerMarker(objectValue()))
-        return false;
+        return isEditing() && ZelIsMarker(objectValue(), ZelMultipleValuesMarker);
     return !ZelEqual(value, present(objectValue()));
 }
 

@@ -279,7 +279,7 @@ void ZelInspectorAttributedStringProperty::userDidChangeValue(QObject *sender)
     const String string = m_textView->attributedString();
     const QVariant value = entered(string);
     const String former = String::fromVariant(reflected);
-    if (value.isValid() ? string == former : former.isNull())
+    if (!overwrites(reflected) && (value.isValid() ? string == former : former.isNull()))
         return;
     const QPointer<ZelInspectorAttributedStringProperty> alive(this);
     setReflectedValue(value);

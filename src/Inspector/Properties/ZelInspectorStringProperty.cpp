@@ -73,7 +73,8 @@ void ZelInspectorStringProperty::updateView()
     m_textField->setEditable(editable && (!isMarker || overwrites(value)) && isWritable() &&
                              ZelTextForm::isReversible(value));
     m_textField->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
-    m_textField->setObjectValue(isMarker ? QVariant() : shown(value));
+    const QVariant marked = overwrites(value) ? value : QVariant();
+    m_textField->setObjectValue(isMarker ? marked : shown(value));
 }
 
 /// Whether the value stands for several texts that what is typed replaces.
