@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace {
@@ -161,6 +162,11 @@ private Q_SLOTS:
             {window.field, "1/(x-20)", "The result is not a number. This concerns 1 of 3 objects."},
             {window.part("size", 0), "sqrt(10-x)", "The result is not a number. This concerns 2 of 3 objects."},
             {window.field, "2*(3", "A parenthesis is not closed (character 3)."},
+            {window.field, "+=", "The calculation is not complete (character 3)."},
+            {window.field, "x*3.5", "The greatest value is 100 pt. This concerns 1 of 3 objects."},
+            {window.field, "-=65", "The least value is -50 pt. This concerns 2 of 3 objects."},
+            {window.editor<ZelInspectorNumberProperty>("note")->textField(), "x+10",
+             "The greatest value is 100. This concerns 1 of 3 objects."},
             {window.field, "two", "This is not a number."},
         };
         for (const auto &[field, text, reason] : rows) {
@@ -170,6 +176,14 @@ private Q_SLOTS:
             Sheet::press(Qt::Key_Escape);
         }
         QCOMPARE(window.stack.count(), 0);
+        Sheet::enter(window.field, "120"); // steps and calculations are limited, numbers are not
+        QCOMPARE(window.heights(), (Numbers{120, 120, 120}));
+        Sheet::enter(window.field, "+=1");
+        QCOMPARE(window.field->errorText(), "The greatest value is 100 pt. This concerns 3 of 3 objects.");
+        Sheet::press(Qt::Key_Escape);
+        Sheet::enter(byte, "x-10"); // the usual minimum is not one that somebody wanted
+        QCOMPARE(byte->errorText(), "The number must be between 0 and 255. This concerns 1 of 3 objects.");
+        Sheet::press(Qt::Key_Escape);
         Sheet plain(Sheet::row("height", "number", "expressions='no'"));
         plain.select({0});
         auto *field = plain.editor<ZelInspectorNumberProperty>("height")->textField();
@@ -240,6 +254,51 @@ private Q_SLOTS:
         window.undo();
         window.undo();
         QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+
+        ZelTextField *size = window.part("size", 0);
+        Sheet::click(size);
+        Sheet::click(window.stepper, {5, 4});
+        QVERIFY(window.field->hasFocus());
+        Sheet::type("+=5");
+        Sheet::click(window.stepper, {5, 4}); // takes what was typed, as a step of its own
+        QCOMPARE(window.heights(), (Numbers{19, 29, 39}));
+        QCOMPARE(window.stack.count(), 3);
+        Sheet::type("77 s");
+        Sheet::click(window.stepper, {5, 4});
+        QCOMPARE(window.heights(), (Numbers{19, 29, 39}));
+        QCOMPARE(window.field->text(), "77 s");
+        Sheet::press(Qt::Key_Escape);
+        Sheet::press(Qt::Key_Tab);
+        ZelTextField *note = window.editor<ZelInspectorNumberProperty>("note")->textField();
+        QVERIFY(note->hasFocus());
+        auto *sizeStepper = size->parentWidget()->findChild<ZelStepper *>();
+        Sheet::click(sizeStepper, {5, 4});
+        QVERIFY(size->hasFocus());
+        Sheet::press(Qt::Key_Tab);
+        QVERIFY(window.part("size", 1)->hasFocus());
+    }
+
+    void whatGoesRoundWraps()
+    {
+        Sheet sheet(Sheet::row("height", "number", "wraps='yes' minimum='0' maximum='360' increment='50'"));
+        const auto heights = [&] {
+            return Numbers{sheet.value(0, "height").toDouble(), sheet.value(1, "height").toDouble()};
+        };
+        sheet.set(0, "height", 20);
+        sheet.set(1, "height", 350);
+        sheet.select({0, 1});
+        auto *editor = sheet.editor<ZelInspectorNumberProperty>("height");
+        Sheet::enter(editor->textField(), "+=400");
+        QCOMPARE(heights(), (Numbers{60, 30}));
+        Sheet::press(Qt::Key_Down);
+        QCOMPARE(heights(), (Numbers{10, 340}));
+        Sheet::enter(editor->textField(), "-90");
+        QCOMPARE(heights(), (Numbers{270, 270}));
+        QCOMPARE(sheet.shown("height"), "270");
+        Sheet::enter(editor->textField(), "720.5");
+        Sheet::click(editor->stepper(), {5, editor->stepper()->height() - 4}); // to the limit, then beyond it
+        Sheet::click(editor->stepper(), {5, editor->stepper()->height() - 4});
+        QCOMPARE(heights(), (Numbers{360, 360}));
     }
 
     void titlesAreDragged()
@@ -249,6 +308,7 @@ private Q_SLOTS:
         window.pressTitle(label);
         window.drag(40);
         QCOMPARE(window.heights(), (Numbers{30, 40, 50})); // live
+        QCOMPARE(QToolTip::text(), "+20 pt");
         window.drag(200);
         window.drag(0);
         QCOMPARE(window.heights(), (Numbers{10, 20, 30})); // from the values at the press, whatever the limits did
@@ -286,8 +346,11 @@ private Q_SLOTS:
         QWidget *height = window.title("size", 1);
         window.pressTitle(width);
         const QPoint next = height->mapTo(&window, height->rect().center());
+        window.moveTo(next - QPoint(8, 0)); // on the way over it
+        QTest::qWait(100);
         window.moveTo(next);
-        QVERIFY(height->font().underline());
+        QVERIFY(!height->font().underline());
+        QTRY_VERIFY(height->font().underline());
         window.moveTo(next + QPoint(20, 0));
         window.release();
         QCOMPARE(window.value(0, "size").toSizeF(), QSizeF(15, 45));
@@ -296,6 +359,15 @@ private Q_SLOTS:
         QCOMPARE(window.stack.count(), 1);
         window.undo();
         QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(12, 40));
+
+        window.pressTitle(width);
+        window.moveTo(next - QPoint(20, 0)); // quickly, but to rest there too late
+        QTest::qWait(520);
+        window.moveTo(next);
+        QTest::qWait(300);
+        QVERIFY(!height->font().underline());
+        window.release();
+        QCOMPARE(window.value(0, "size").toSizeF().height(), 40);
     }
 
     void theTitleMayDieInTheMiddle()

@@ -228,6 +228,9 @@ private Q_SLOTS:
         slider->goToValue(80);
         QCOMPARE(slider->doubleValue(), 50.0);
         QVERIFY(desk.mark());
+        QCOMPARE(desk.note(), "");
+        desk.edit("ratio", "120");
+        QCOMPARE(desk.note(), "The greatest value is 100. This concerns 2 of 2 objects.");
     }
 
     void withoutAnimationsNothingFlashes()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Examples/ControlTour.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/ZelInspector.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "TabBar/ZelTabBar.h"
@@ -99,6 +100,14 @@ class tst_ShapesControls : public QObject
         const auto *canvas = m_window->findChild<Canvas *>();
         return canvas->mapTo(m_window.get(), canvas->boundsTransform().map(point)).toPoint();
     }
+    ZelTextField *numberField(const QString &keyPath, const QString &title = {})
+    {
+        for (auto *editor : inspector()->findChildren<ZelInspectorNumberProperty *>()) {
+            if (editor->keyPath() == keyPath || (!title.isEmpty() && editor->title() == title))
+                return editor->textField();
+        }
+        return nullptr;
+    }
     QSet<QString> m_found;
     QSet<QString> m_changed;
 
@@ -124,6 +133,37 @@ private Q_SLOTS:
         panel()->selectTab(0);
         const QWidget *document = inspector()->currentInspector()->scrollView()->documentView();
         QTRY_COMPARE(document->height(), document->minimumSizeHint().height());
+    }
+
+    void numbersAreNotBentByLimits()
+    {
+        open({0, 1});
+        const auto enter = [this](ZelTextField *field, const QString &text) {
+            field->setFocus();
+            field->selectAll();
+            QTest::keyClicks(handle(), text);
+            QTest::keyClick(handle(), Qt::Key_Return);
+            settle();
+        };
+        ZelTextField *rotation = numberField("selectionController.selection.rotation");
+        enter(rotation, "i*45+400");
+        QCOMPARE(shape(0)->rotation(), 40.0);
+        QCOMPARE(shape(1)->rotation(), 85.0);
+        enter(rotation, "-90");
+        QCOMPARE(shape(1)->rotation(), 270.0);
+        QVERIFY(rotation->accessibleDescription().isEmpty()); // not refused
+        shape(0)->setRotation(-810.5);
+        QCOMPARE(shape(0)->rotation(), 269.5);
+
+        ZelTextField *x = numberField({}, "X");
+        QCOMPARE(x->increment(), 20.0);
+        m_window->document().setGridVisible(false);
+        QCOMPARE(x->increment(), 1.0);
+        shape(1)->setX(40);
+        enter(x, "x*1e9");
+        QCOMPARE(shape(0)->x(), 30.0);
+        QCOMPARE(shape(1)->x(), 40.0);
+        QTest::keyClick(handle(), Qt::Key_Escape);
     }
 
     void aSessionWithMouseAndKeys()

@@ -102,9 +102,9 @@ bool ZelEditSession::parse(const QString &text, QVariant *value, QString *error)
             *error = ZelLocalizedString(QStringLiteral("This is not a value."));
         return false;
     }
-    if (!applyChange(value, error))
-        return false;
-    return accepts(*value, error);
+    if (!accepts(*value, error) || !ZelNumberChange::of(*value))
+        return error->isEmpty();
+    return applyChange(value, error) && (ZelNumberChange::of(*value) || accepts(*value, error));
 }
 
 bool ZelEditSession::accepts(const QVariant &value, QString *error) const
@@ -132,7 +132,8 @@ bool ZelEditSession::applyChange(QVariant *value, QString *error) const
 
 bool ZelEditSession::isEditing() const
 {
-    return fieldText() != m_shownText;
+    const bool isOfTexts = !m_formatter && ZelIsMarker(m_value, ZelMultipleValuesMarker);
+    return fieldText() != m_shownText || (isOfTexts && isTextModified());
 }
 
 bool ZelEditSession::readValue(QVariant *value, QString *error)
@@ -208,9 +209,21 @@ void ZelEditSession::report()
         const bool isOther = guard && isShown(entered) && ZelNotEqual(entered, m_value);
         const QString text = isOther ? displayString(entered) : QString();
         if (isOther && (text.isEmpty() || text != displayString(m_value))) // lists and rich texts are no plain text
-            ZelRefusalMark::flash(m_field);
+            showRefusal(entered);
     };
     ZelControlSupport::reportEdit(m_field, valueEdited, [this] { send(Signal::Action); });
+}
+
+/// Shows that the model has another value than the entered one, and why, if a limit is the reason.
+void ZelEditSession::showRefusal(const QVariant &entered) const
+{
+    const auto number = [entered = entered.toDouble()](double, qsizetype, qsizetype) { return entered; };
+    const QString reason =
+        m_check && ZelIsNumber(entered) ? m_check(QVariant::fromValue(ZelNumberChange(number))) : QString();
+    if (reason.isEmpty())
+        ZelRefusalMark::flash(m_field);
+    else
+        ZelRefusalMark::show(m_field, reason);
 }
 
 // The error

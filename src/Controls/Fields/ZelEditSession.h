@@ -64,8 +64,9 @@ protected:
     /// Shows the value again, even if the formatter is the same.
     void setFormatter(const ZelFormatter::Ptr &formatter);
     /// The check is asked about every value that was read from a text before it is stored, for instance to enforce the
-    /// limits of the model. If it refuses the value, the text is refused and the reason is shown. There is no check by
-    /// default.
+    /// limits of the model. A ZelNumberChange is asked about as such, and again as the number that it gives. If the
+    /// model keeps another number than the one that was entered, the check is asked about a change to that for a
+    /// reason. If it refuses the value, the text is refused and the reason is shown. There is no check by default.
     void setValueCheck(const ZelValueCheck &check) { m_check = check; }
     /// Why the text was refused; null if nothing is wrong with it.
     QString errorText() const { return m_error; }
@@ -73,6 +74,9 @@ protected:
     // How the text is read and shown.
     /// The text in the field. Fields that override both isEditing() and readValue() need not answer it.
     virtual QString fieldText() const { return {}; }
+    /// Whether the user has changed the text since the value was shown, even if it is the same again. Only asked while
+    /// the value stands for several texts, all of which an emptied field replaces.
+    virtual bool isTextModified() const { return false; }
     /// Replaces the text in the field by the value or its placeholder. Only the session calls this; a field calls
     /// refresh().
     virtual void showValue() = 0;
@@ -120,6 +124,7 @@ private:
     bool contains(const QWidget *widget) const;
     bool reservesShortcut(QKeyEvent *event) const;
     void report();
+    void showRefusal(const QVariant &entered) const;
 
     QWidget *m_field;
     QVariant m_value;

@@ -68,6 +68,7 @@ void ZelTextField::setDimmed(bool dimmed)
 
 void ZelTextField::showValue()
 {
+    setModified(false);
     showPlaceholder();
     const bool focused = hasFocus();
     const QVariant value = objectValue();
@@ -193,6 +194,12 @@ void ZelTextField::setStepTransformer(const ZelValueTransformerPtr &transformer)
 {
     if (transformer || m_steps)
         steps().transformer = transformer;
+}
+
+void ZelTextField::setWraps(bool wraps)
+{
+    if (wraps || m_steps)
+        steps().wraps = wraps;
 }
 
 std::function<double(double, double)> ZelTextField::stepFunction() const

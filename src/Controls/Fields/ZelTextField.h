@@ -65,6 +65,8 @@ public:
     /// Increment and limits count in the model's unit where the field shows another: in what this transformer, which
     /// must be reversible, makes the shown numbers of. Null by default.
     void setStepTransformer(const ZelValueTransformerPtr &transformer);
+    /// Whether steps beyond one limit go on at the other one; false by default.
+    void setWraps(bool wraps);
     /// What steps a shown number by so many increments. It may be used after the field is gone.
     std::function<double(double number, double steps)> stepFunction() const;
     /// Takes what is being typed, then steps by so many increments as a user does, and reports it.
@@ -95,6 +97,7 @@ protected:
 private:
     QString fieldText() const override { return text(); }
     void showValue() override;
+    bool isTextModified() const override { return isModified(); }
     void showPlaceholder();
     void applyEditable(bool editable) override { setReadOnly(!editable); }
     void errorDidChange() override;

@@ -64,6 +64,15 @@ double ZelValueRange::stepped(double value, double increment) const
     return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
 }
 
+double ZelValueRange::wrapped(double value) const
+{
+    const double length = bounded(maximum) - bounded(minimum);
+    if (isEmpty() || !std::isfinite(length) || !std::isfinite(value) || clamp(value) == value)
+        return value;
+    const double rest = std::fmod(value - minimum, length);
+    return clamp(withoutNoise(minimum + (rest < 0 ? rest + length : rest)));
+}
+
 QVariant ZelValueRange::steppedValue(const QVariant &value, double increment, double fallback, bool wraps) const
 {
     const auto next = [range = *this, increment, wraps](double own) {

@@ -22,6 +22,8 @@ public:
     double valueAt(double fraction) const;
     /// The value plus the increment, without the noise of binary fractions, clamped to the limits.
     double stepped(double value, double increment) const;
+    /// The value, or if it is beyond a limit, the one within them that a circle of that length has at the same place.
+    double wrapped(double value) const;
 
     /// What a control's value becomes when it is stepped: a number for a number, and for none, which counts as the
     /// fallback. Several different values, or a change of them, become a ZelNumberChange that steps each object from

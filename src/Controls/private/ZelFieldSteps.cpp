@@ -14,11 +14,15 @@ ZelFieldSteps::ZelFieldSteps()
 
 std::function<double(double, double)> ZelFieldSteps::function() const
 {
-    return [range = range, increment = increment, transformer = transformer](double number, double count) {
+    const auto stepped = [range = range, increment = increment, wraps = wraps](double number, double count) {
+        const double change = count * increment;
+        return wraps ? range.wrapped(ZelFieldSteps().range.stepped(number, change)) : range.stepped(number, change);
+    };
+    return [stepped, transformer = transformer](double number, double count) {
         if (!transformer)
-            return range.stepped(number, count * increment);
+            return stepped(number, count);
         const double model = ZelValueRange::number(transformer->reverseTransformedValue(number));
-        const QVariant shown = transformer->transformedValue(range.stepped(model, count * increment));
+        const QVariant shown = transformer->transformedValue(stepped(model, count));
         return ZelFieldSteps().range.stepped(ZelValueRange::number(shown), 0); // without the noise of the transformer
     };
 }

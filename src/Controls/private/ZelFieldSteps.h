@@ -14,13 +14,14 @@ struct ZelFieldSteps
 {
     ZelValueRange range;
     double increment = 0;
+    bool wraps = false;                 // whether a step beyond one limit goes on at the other one
     ZelValueTransformerPtr transformer; // increment and limits count in what it makes the shown numbers of
     int wheelAngle = 0;
     ZelUndoBurst burst;
 
     ZelFieldSteps();
 
-    /// Steps a number by so many increments.
+    /// Steps a number by so many increments. With 0 it answers the number within the limits.
     std::function<double(double number, double count)> function() const;
     /// Steps a field's value: one number, none, or several, each from its own.
     QVariant steppedValue(const QVariant &value, double count) const;

@@ -40,9 +40,12 @@ void ZelInspectorNumberProperty::configure(const ZelInspectorConfiguration &conf
     ZelInspectorProperty::configure(configuration);
     placeholder = configuration.localizedStringValueNamed(u"placeholder");
     minimum = configuration.doubleValueNamed(u"minimum", 0);
+    m_impliesMinimum = !configuration.hasValueNamed(u"minimum");
     minimumKeyPath = configuration.keyPathValueNamed(u"minimumKeyPath");
     maximum = configuration.doubleValueNamed(u"maximum", double(std::numeric_limits<float>::max()));
+    m_impliesMaximum = !configuration.hasValueNamed(u"maximum");
     maximumKeyPath = configuration.keyPathValueNamed(u"maximumKeyPath");
+    wraps = configuration.booleanValueNamed(u"wraps", false);
     increment = configuration.doubleValueNamed(u"increment", 1);
     incrementKeyPath = configuration.keyPathValueNamed(u"incrementKeyPath");
     slidesInSteps = configuration.hasValueNamed(u"increment") || configuration.hasValueNamed(u"incrementKeyPath");
@@ -103,6 +106,11 @@ void ZelInspectorNumberProperty::addTextField(ZelView *container)
     formatter->setMaximumFractionDigits(g_maximumFractionDigits[formatStyle == DecimalStyle]);
     formatter->setUsesGroupSeparator(true);
     formatter->setReadsExpressions(expressions);
+    if (wraps) {
+        formatter->setAdjustment([editor = QPointer<ZelInspectorNumberProperty>(this)](double number) {
+            return editor && editor->m_textField ? editor->m_textField->stepFunction()(number, 0) : number;
+        });
+    }
     m_textField = new ZelTextField(container);
     m_textField->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_textField->setFormatter(formatter);
@@ -138,6 +146,7 @@ void ZelInspectorNumberProperty::addStepper(ZelView *container)
 {
     m_stepper = new ZelStepper(container);
     m_stepper->setFocusPolicy(Qt::ClickFocus); // the keys step the field, which is there for the keyboard
+    m_stepper->setFocusProxy(m_textField);
     ZelEditorLayout::setName(m_stepper, title());
     m_stepper->setModelRange(
         [editor = QPointer<ZelInspectorNumberProperty>(this)] { return editor ? editor->modelRange() : std::nullopt; });
@@ -234,10 +243,12 @@ void ZelInspectorNumberProperty::bindLimits()
         m_textField->setMaxValue(maximum.value_or(g_largest));
         m_textField->setIncrement(increment.value_or(1));
         m_textField->setStepTransformer(valueTransformer());
+        m_textField->setWraps(wraps);
     }
     if (m_stepper) {
         m_stepper->setMinValue(minimum.value_or(-g_largest));
         m_stepper->setMaxValue(maximum.value_or(g_largest));
+        m_stepper->setValueWraps(wraps);
         if (increment)
             m_stepper->setIncrement(*increment);
     }
@@ -321,6 +332,25 @@ void ZelInspectorNumberProperty::toggleNilValue(QObject *sender)
     setReflectedValue(wantsValue ? ZelValueForKeyPath(owner(), nonNilValueKeyPath) : QVariant());
     if (alive)
         userDidChangeValue(sender);
+}
+
+/// The limits that a description does not give, because they are the usual ones, hold for steps only.
+QString ZelInspectorNumberProperty::refusalOfResult(double number) const
+{
+    if (wraps || !m_textField)
+        return {};
+    const ZelValueTransformerPtr &transformer = valueTransformer();
+    const bool isReversible = transformer && transformer->allowsReverseTransformation();
+    const double inModel = isReversible ? transformer->reverseTransformedValue(number).toDouble() : number;
+    const bool hasMinimum = !m_impliesMinimum || !minimumKeyPath.isEmpty();
+    const bool hasMaximum = !m_impliesMaximum || !maximumKeyPath.isEmpty();
+    const bool isAbove = hasMaximum && inModel > m_textField->maxValue();
+    if (!isAbove && !(hasMinimum && inModel < m_textField->minValue()))
+        return {};
+    const QVariant limit = isAbove ? m_textField->maxValue() : m_textField->minValue();
+    const QVariant shown = transformer ? transformer->transformedValue(limit) : limit;
+    return ZelLocalizedString(number > shown.toDouble() ? "The greatest value is %1." : "The least value is %1.")
+        .arg(m_textField->formatter()->stringForObjectValue(shown));
 }
 
 QString ZelInspectorNumberProperty::textOfValue(const QVariant &modelValue) const

@@ -14,8 +14,9 @@
 
 /// Edits a number: a text field with a unit, a stepper or a slider or both, and a checkbox for "no value".
 ///
-/// The controls are bound to the model. Limits hold for stepper, slider and the keys that step the field; what is typed
-/// is not limited by them, but by what the model's property can hold. If the property cannot be written, the stepper is
+/// The controls are bound to the model. Limits hold for stepper, slider and the keys that step the field, and for what
+/// a typed calculation makes of an object's own number. A number that is typed is not limited by them, but by what the
+/// model's property can hold. If the property cannot be written, the stepper is
 /// hidden. The fields below are read when the view is loaded or installed; later changes of them do not show.
 class ZEL_EXPORT ZelInspectorNumberProperty : public ZelInspectorProperty
 {
@@ -30,6 +31,7 @@ class ZEL_EXPORT ZelInspectorNumberProperty : public ZelInspectorProperty
     Q_PROPERTY(QString maximumKeyPath MEMBER maximumKeyPath)
     Q_PROPERTY(QVariant minimum READ minimumValue WRITE setMinimumValue)
     Q_PROPERTY(QString minimumKeyPath MEMBER minimumKeyPath)
+    Q_PROPERTY(bool wraps MEMBER wraps)
     Q_PROPERTY(bool expressions MEMBER expressions)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
     Q_PROPERTY(QString nonNilValueKeyPath MEMBER nonNilValueKeyPath)
@@ -58,6 +60,9 @@ public:
     QString maximumKeyPath;
     std::optional<double> minimum;
     QString minimumKeyPath;
+    /// Whether numbers beyond one limit go on at the other one, as angles do, also those that are typed. The field then
+    /// enters none beyond the limits.
+    bool wraps = false;
     bool expressions = true;    ///< whether calculations may be typed, see ZelNumberExpression
     QString placeholder;        ///< shown for no value
     QString nonNilValueKeyPath; ///< of the value written when the checkbox is switched to "has a value"
@@ -102,6 +107,7 @@ public:
 protected:
     QMetaType valueType() const override { return QMetaType::fromType<double>(); }
     bool tellsRange() const override { return true; }
+    QString refusalOfResult(double number) const override;
 
 private:
     QString refusalOfTyped(const QVariant &value) const;
@@ -123,4 +129,6 @@ private:
     QPointer<ZelLabel> m_label;
     QPointer<ZelCheckBox> m_nonNillCheckbox;
     bool m_isBoundReadOnly = false;
+    bool m_impliesMinimum = false; // the description gives none
+    bool m_impliesMaximum = false;
 };

@@ -257,12 +257,13 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
         const QVariant number = own.changed(change, i);
-        if (takesAll && number.isValid())
-            continue;
-        const QVariant value = isReversible ? m_valueTransformer->reverseTransformedValue(number) : number;
-        const QString reason = number.isValid()           ? ZelValueRefusal::reason(domain, value, m_valueTransformer)
-                               : own.isInexact(change, i) ? ZelLocalizedString("The result would not be exact.")
-                                                          : ZelLocalizedString("The result is not a number.");
+        QString reason = number.isValid()           ? refusalOfResult(number.toDouble())
+                         : own.isInexact(change, i) ? ZelLocalizedString("The result would not be exact.")
+                                                    : ZelLocalizedString("The result is not a number.");
+        if (reason.isNull() && !takesAll)
+            reason = ZelValueRefusal::reason(
+                domain, isReversible ? m_valueTransformer->reverseTransformedValue(number) : number,
+                m_valueTransformer);
         if (!reason.isNull() && refusing++ == 0)
             firstReason = reason;
     }

@@ -256,6 +256,9 @@ protected:
     void flashUnlessKept(const ValueBlock &block);
     /// Why the change cannot be made, and for how many objects; null if all take their new numbers.
     QString refusalOfChange(const ZelNumberChange &change) const;
+    /// Why a number that was made of an object's own one, and is shown like this, is not wanted here, though the model
+    /// could hold it; null by default.
+    virtual QString refusalOfResult(double) const { return {}; }
 
     /// Why a value that was not entered in the control must not be given to the model; null if nothing is against it.
     virtual QString refusalOfPasted(const QVariant &modelValue) const { return refusalOf(modelValue); }

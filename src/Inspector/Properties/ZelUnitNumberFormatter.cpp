@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
 
+#include "Core/Values/ZelNumberChange.h"
+#include "Core/Values/ZelValues.h"
+
 QString ZelUnitNumberFormatter::stringForObjectValue(const QVariant &value) const
 {
     const QString number = ZelNumberFormatter::stringForObjectValue(value);
@@ -13,6 +16,21 @@ QString ZelUnitNumberFormatter::editingStringForObjectValue(const QVariant &valu
 }
 
 bool ZelUnitNumberFormatter::objectValueForString(const QString &text, QVariant *value, QString *error) const
+{
+    if (!readText(text, value, error))
+        return false;
+    if (const ZelNumberChange *change = m_adjustment ? ZelNumberChange::of(*value) : nullptr) {
+        const auto adjusted = [change = *change, adjustment = m_adjustment](double own, qsizetype i, qsizetype n) {
+            return adjustment(change.number(own, i, n));
+        };
+        *value = QVariant::fromValue(ZelNumberChange(adjusted, change->usesPlace()));
+    } else if (m_adjustment && ZelIsNumber(*value)) {
+        *value = m_adjustment(value->toDouble());
+    }
+    return true;
+}
+
+bool ZelUnitNumberFormatter::readText(const QString &text, QVariant *value, QString *error) const
 {
     const QString unit = m_unit.trimmed();
     const QString trimmed = text.trimmed();

@@ -94,6 +94,7 @@ constexpr Attribute g_numberFormat[] = {
     {u"expressions", Kind::Boolean},
 };
 constexpr Attribute g_number[] = {
+    {u"wraps", Kind::Boolean},
     {u"minimum", Kind::Number},
     {u"minimumKeyPath", Kind::KeyPath},
     {u"maximum", Kind::Number},
