@@ -21,6 +21,7 @@ class Document : public QObject
     Q_PROPERTY(Units units READ units WRITE setUnits NOTIFY unitsChanged)
     Q_PROPERTY(bool gridVisible READ isGridVisible WRITE setGridVisible NOTIFY pageChanged)
     Q_PROPERTY(double gridSpacing READ gridSpacing WRITE setGridSpacing NOTIFY pageChanged)
+    Q_PROPERTY(double placementStep READ placementStep NOTIFY pageChanged)
     Q_PROPERTY(int visibleLayers READ visibleLayers WRITE setVisibleLayers NOTIFY pageChanged)
     Q_PROPERTY(QStringList layerNames READ layerNames NOTIFY namesChanged)
     Q_PROPERTY(QList<int> layerNumbers READ layerNumbers CONSTANT)
@@ -77,6 +78,8 @@ public:
     void setGridVisible(bool visible) { changePage(m_gridVisible, visible); }
     double gridSpacing() const { return m_gridSpacing; }
     void setGridSpacing(double points) { changePage(m_gridSpacing, qBound(2.0, points, 1000.0)); }
+    /// How far the inspector moves shapes in one step: by the grid while that is seen, else by a point.
+    double placementStep() const { return m_gridVisible ? m_gridSpacing : 1; }
     /// One bit a layer.
     int visibleLayers() const { return m_visibleLayers; }
     void setVisibleLayers(int bits) { changePage(m_visibleLayers, bits); }

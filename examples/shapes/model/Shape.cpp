@@ -4,6 +4,7 @@
 #include "model/ShapeGeometry.h"
 
 #include <QMetaProperty>
+#include <cmath>
 
 namespace {
 int nextId()
@@ -49,6 +50,23 @@ QString Shape::validateName(const QString &name) const
     if (name.size() > longest)
         return tr("A name has at most %1 letters.").arg(longest);
     return name.contains(u'/') ? tr("A name contains no slash.") : QString();
+}
+
+QString Shape::validateFrame(const QRectF &frame) const
+{
+    const QRectF kept = onPaper(frame);
+    const bool isFar = frame.x() != kept.x() || frame.y() != kept.y();
+    const bool isLarge = frame.width() > kept.width() || frame.height() > kept.height();
+    return isFar     ? tr("A shape is at most 1,000,000 points from the corner of the page.")
+           : isLarge ? tr("A shape is at most 100,000 points wide and high.")
+                     : QString();
+}
+
+void Shape::setRotation(double degrees)
+{
+    const bool isTurn = degrees >= 0 && degrees <= 360;
+    const double rest = isTurn || !qIsFinite(degrees) ? 0 : std::fmod(degrees, 360);
+    change(m_rotation, isTurn ? degrees : rest < 0 ? rest + 360 : rest, &Shape::rotationChanged);
 }
 
 void Shape::setFrame(const QRectF &frame)

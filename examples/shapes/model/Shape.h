@@ -117,9 +117,11 @@ public:
     void setHeight(double height) { setFrame({position(), QSizeF(width(), height)}); }
     QRectF frame() const { return m_frame; }
     void setFrame(const QRectF &frame);
-    /// Degrees clockwise about the centre, 0 to 360.
+    /// Why users may not give it that frame; empty if they may. Other ways of moving it stop at the same limits.
+    Q_INVOKABLE QString validateFrame(const QRectF &frame) const;
+    /// Degrees clockwise about the centre, 0 to 360; any others are stored as those that turn it as far.
     double rotation() const { return m_rotation; }
-    void setRotation(double degrees) { change(m_rotation, qBound(0.0, degrees, 360.0), &Shape::rotationChanged); }
+    void setRotation(double degrees);
     /// Of the outline, in square points; computed each time.
     double area() const;
 

@@ -253,6 +253,22 @@
         <translation>Abschnitt</translation>
     </message>
     <message>
+        <source>An operator is missing</source>
+        <translation>Hier fehlt ein Rechenzeichen</translation>
+    </message>
+    <message>
+        <source>Only one factor of a product can have a unit</source>
+        <translation>Nur ein Faktor eines Produkts kann eine Einheit haben</translation>
+    </message>
+    <message>
+        <source>The greatest value is %1.</source>
+        <translation>Der größte Wert ist %1.</translation>
+    </message>
+    <message>
+        <source>The least value is %1.</source>
+        <translation>Der kleinste Wert ist %1.</translation>
+    </message>
+    <message>
         <source>The calculation is not complete</source>
         <translation>Die Rechnung ist nicht vollständig</translation>
     </message>

@@ -426,6 +426,14 @@
         <translation>Ein Name hat höchstens %1 Zeichen.</translation>
     </message>
     <message>
+        <source>A shape is at most 1,000,000 points from the corner of the page.</source>
+        <translation>Eine Form liegt höchstens 1.000.000 Punkte von der Ecke der Seite entfernt.</translation>
+    </message>
+    <message>
+        <source>A shape is at most 100,000 points wide and high.</source>
+        <translation>Eine Form ist höchstens 100.000 Punkte breit und hoch.</translation>
+    </message>
+    <message>
         <source>A name contains no slash.</source>
         <translation>Ein Name enthält keinen Schrägstrich.</translation>
     </message>
