@@ -140,7 +140,12 @@ private Q_SLOTS:
         auto *font = window.editor<ZelInspectorFontProperty>("font");
         Sheet::click(font->stepper(), {4, 4});
         Sheet::click(font->button());
-        Sheet::enter(font->fontSizeTextField(), "x*2");
+        Sheet::click(font->fontSizeStepper(), {5, 4});
+        QVERIFY(font->fontSizeTextField()->hasFocus());
+        Sheet::enter(font->fontSizeTextField(), "x-12");
+        QCOMPARE(font->fontSizeTextField()->errorText(), "The least value is 1. This concerns 2 of 3 objects.");
+        Sheet::press(Qt::Key_Escape);
+        Sheet::enter(font->fontSizeTextField(), "(x-1)*2");
         Sheet::press(Qt::Key_Escape);
         for (int i = 0; i < 3; ++i)
             QCOMPARE(window.value(i, "font").value<QFont>().pointSizeF(), 2 * (10 + i));
@@ -164,7 +169,7 @@ private Q_SLOTS:
             {window.field, "2*(3", "A parenthesis is not closed (character 3)."},
             {window.field, "+=", "The calculation is not complete (character 3)."},
             {window.field, "x*3.5", "The greatest value is 100 pt. This concerns 1 of 3 objects."},
-            {window.field, "-=65", "The least value is -50 pt. This concerns 2 of 3 objects."},
+            {window.field, "-=75", "The least value is -50 pt. This concerns 2 of 3 objects."},
             {window.editor<ZelInspectorNumberProperty>("note")->textField(), "x+10",
              "The greatest value is 100. This concerns 1 of 3 objects."},
             {window.field, "two", "This is not a number."},
@@ -361,13 +366,13 @@ private Q_SLOTS:
         QCOMPARE(window.value(2, "size").toSizeF(), QSizeF(12, 40));
 
         window.pressTitle(width);
-        window.moveTo(next - QPoint(20, 0)); // quickly, but to rest there too late
+        window.moveTo(width->mapTo(&window, width->rect().center()) + QPoint(16, 0));
         QTest::qWait(520);
-        window.moveTo(next);
+        window.moveTo(next); // to look at the numbers
         QTest::qWait(300);
         QVERIFY(!height->font().underline());
         window.release();
-        QCOMPARE(window.value(0, "size").toSizeF().height(), 40);
+        QCOMPARE(window.value(0, "size").toSizeF().height(), 40.0);
     }
 
     void theTitleMayDieInTheMiddle()

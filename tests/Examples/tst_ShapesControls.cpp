@@ -141,7 +141,7 @@ private Q_SLOTS:
         const auto enter = [this](ZelTextField *field, const QString &text) {
             field->setFocus();
             field->selectAll();
-            QTest::keyClicks(handle(), text);
+            QTest::keyClicks(field, text);
             QTest::keyClick(handle(), Qt::Key_Return);
             settle();
         };

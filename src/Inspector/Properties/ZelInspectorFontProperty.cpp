@@ -22,6 +22,7 @@ namespace {
 
 constexpr QMargins g_buttonRoom{0, 0, 20, 0};
 constexpr int g_popoverWidth = 245;
+constexpr double g_leastSize = 1;
 
 std::optional<QFont> fontOf(const QVariant &value)
 {
@@ -122,10 +123,8 @@ void ZelInspectorFontProperty::setFontSize(const QVariant &size)
 
 void ZelInspectorFontProperty::changeFontSizes(const ZelNumberChange &change)
 {
-    const bool isSelection = keyPathHasControllerSelectionPrefix(keyPath());
-    const qsizetype count = isSelection ? representedObjectsForControllerSelectionKeyPath(keyPath()).size() : 1;
     const QPointer<ZelInspectorFontProperty> alive(this);
-    updateReflectedValues([change, count, place = qsizetype(0)](const QVariant &value) mutable {
+    updateReflectedValues([change, count = objectCount(), place = qsizetype(0)](const QVariant &value) mutable {
         const auto font = fontOf(value);
         const double own = font ? ZelFontManager::sizeOf(*font) : std::numeric_limits<double>::quiet_NaN();
         const double size = change.number(own, place++, count);
@@ -134,6 +133,34 @@ void ZelInspectorFontProperty::changeFontSizes(const ZelNumberChange &change)
     });
     if (alive)
         updateViewInvocation().schedule(); // the model may have stored something else
+}
+
+qsizetype ZelInspectorFontProperty::objectCount() const
+{
+    const bool isSelection = keyPathHasControllerSelectionPrefix(keyPath());
+    return isSelection ? representedObjectsForControllerSelectionKeyPath(keyPath()).size() : 1;
+}
+
+/// Why sizes that are made of the objects' own ones are refused, as a text for people; null if they are not.
+QString ZelInspectorFontProperty::refusalOfSize(const QVariant &size) const
+{
+    const ZelNumberChange *change = ZelNumberChange::of(size);
+    if (!change)
+        return {};
+    const qsizetype count = objectCount();
+    qsizetype place = 0;
+    qsizetype refusing = 0;
+    combinedReflectedValue([&](const QVariant &value) {
+        const auto font = fontOf(value);
+        const double number = font ? change->number(ZelFontManager::sizeOf(*font), place, count) : g_leastSize;
+        refusing += number >= g_leastSize && std::isfinite(number) ? 0 : 1;
+        ++place;
+        return QVariant();
+    });
+    const QString reason = ZelLocalizedString("The least value is %1.").arg(g_leastSize);
+    return refusing == 0 ? QString()
+           : count == 1  ? reason
+                        : ZelLocalizedString("%1 This concerns %2 of %3 objects.").arg(reason).arg(refusing).arg(count);
 }
 
 /// The font to be changed; the system font if there is no single one.
@@ -173,7 +200,7 @@ void ZelInspectorFontProperty::loadView()
     connect(m_button, &QAbstractButton::clicked, this,
             [this] { ZelExceptionReporter::run(this, [this] { selectPopover(m_button); }); });
     m_stepper = new ZelStepper(container);
-    m_stepper->setMinValue(1);
+    m_stepper->setMinValue(g_leastSize);
     m_stepper->setFocusPolicy(Qt::ClickFocus);
     m_stepper->setAccessibleName(ZelLocalizedString("Size"));
     connect(m_stepper, &ZelStepper::action, this, [this] { setFontSize(m_stepper->objectValue()); });
@@ -228,6 +255,9 @@ void ZelInspectorFontProperty::connectPopoverView()
             [this, view] { selectFontFamily(view->fontFamilyPopUpButton()); });
     connect(view->fontStylePopUpButton(), &ZelPopUpButton::action, this,
             [this, view] { selectFontFace(view->fontStylePopUpButton()); });
+    view->fontSizeTextField()->setValueCheck([editor = QPointer<ZelInspectorFontProperty>(this)](const QVariant &size) {
+        return editor ? editor->refusalOfSize(size) : QString();
+    });
     connect(view->fontSizeTextField(), &ZelTextField::action, this,
             [this, view] { setFontSize(view->fontSizeTextField()->objectValue()); });
     connect(view->fontSizeStepper(), &ZelStepper::action, this,

@@ -120,6 +120,8 @@ private:
     void layOut(ZelView *container);
     static QString description(const QFont &font);
     static QString selectedName(const ZelPopUpButton *button);
+    qsizetype objectCount() const;
+    QString refusalOfSize(const QVariant &size) const;
     void writeFont(const QFont &font, QObject *sender);
     QFont currentFont() const;
 

@@ -257,13 +257,16 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
         const QVariant number = own.changed(change, i);
-        QString reason = number.isValid()           ? refusalOfResult(number.toDouble())
-                         : own.isInexact(change, i) ? ZelLocalizedString("The result would not be exact.")
-                                                    : ZelLocalizedString("The result is not a number.");
-        if (reason.isNull() && !takesAll)
+        QString reason;
+        if (!number.isValid())
+            reason = own.isInexact(change, i) ? ZelLocalizedString("The result would not be exact.")
+                                              : ZelLocalizedString("The result is not a number.");
+        else if (!takesAll)
             reason = ZelValueRefusal::reason(
                 domain, isReversible ? m_valueTransformer->reverseTransformedValue(number) : number,
                 m_valueTransformer);
+        if (reason.isNull())
+            reason = refusalOfResult(number.toDouble());
         if (!reason.isNull() && refusing++ == 0)
             firstReason = reason;
     }
