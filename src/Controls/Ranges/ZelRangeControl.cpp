@@ -175,7 +175,7 @@ void ZelRangeControl::keyPressEvent(QKeyEvent *event)
 
 void ZelRangeControl::wheelEvent(QWheelEvent *event)
 {
-    if (!hasFocus()) {
+    if (!takesWheel()) {
         event->ignore();
         return;
     }

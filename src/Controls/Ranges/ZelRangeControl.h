@@ -91,6 +91,8 @@ protected:
     /// The number of increments by which a key steps; 0 for a key that the control does not use.
     virtual int stepsForKey(int key) const;
 
+    /// Whether the wheel steps the control instead of scrolling what it lies in: while it has the focus.
+    virtual bool takesWheel() const { return hasFocus(); }
     /// Whether the control takes a press at this position. If not, its parent gets the press.
     virtual bool canPress(const QPoint &position) const = 0;
     /// These do what the press, and each move until its release, does.

@@ -46,6 +46,12 @@ void ZelStepper::setValueWraps(bool wraps)
     update();
 }
 
+void ZelStepper::setField(QLineEdit *field)
+{
+    m_field = field;
+    setFocusPolicy(field ? Qt::NoFocus : Qt::StrongFocus);
+}
+
 QVariant ZelStepper::valueAfter(int steps) const
 {
     return range().steppedValue(objectValue(), increment() * steps, 0, m_valueWraps && !ZelIsNull(objectValue()));
@@ -66,11 +72,16 @@ QAbstractSpinBox::StepEnabled ZelStepper::possibleSteps() const
     return steps;
 }
 
+bool ZelStepper::takesWheel() const
+{
+    return m_field ? m_field->hasFocus() : ZelRangeControl::takesWheel();
+}
+
 /// Answers false if the stepper is not to step: the field keeps a refused text, or the stepper is gone.
 bool ZelStepper::commitField()
 {
     const QPointer<ZelStepper> guard(this);
-    auto *field = qobject_cast<ZelEditor *>(focusProxy());
+    auto *field = qobject_cast<ZelEditor *>(m_field);
     return !field || (field->commitEditing() && guard);
 }
 
@@ -79,8 +90,14 @@ void ZelStepper::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton && !commitField())
         return;
-    if (auto *field = qobject_cast<QLineEdit *>(focusProxy()))
-        field->selectAll();
+    if (m_field && event->button() == Qt::LeftButton) {
+        const QPointer<ZelStepper> guard(this);
+        m_field->setFocus(Qt::MouseFocusReason);
+        if (!guard)
+            return;
+        if (m_field)
+            m_field->selectAll();
+    }
     ZelRangeControl::mousePressEvent(event);
 }
 

@@ -5,8 +5,10 @@
 
 #include <QAbstractSpinBox>
 #include <QBasicTimer>
+#include <QPointer>
 #include <QStyle>
 
+class QLineEdit;
 class QStyleOptionSpinBox;
 
 /// Two small arrows that step a value up and down, repeatedly while the mouse holds one of them.
@@ -15,9 +17,6 @@ class QStyleOptionSpinBox;
 /// value outside the limits is stepped into them. By default the limits are the largest finite doubles and the
 /// increment is 1. An increment of 0 or one that is no number does nothing.
 ///
-/// Beside a field for the same number, the field is set as the stepper's focus proxy: a press gives the focus to the
-/// field and selects its text. What is being typed there is taken before each step; a text that is refused stays, and
-/// nothing is stepped.
 class ZEL_EXPORT ZelStepper : public ZelRangeControl
 {
     Q_OBJECT
@@ -28,6 +27,11 @@ public:
     /// Whether a step beyond one limit continues at the other one; false by default.
     bool valueWraps() const { return m_valueWraps; }
     void setValueWraps(bool wraps);
+
+    /// The field beside the stepper that edits the same number; null by default. The stepper then takes no focus: a
+    /// press gives it to the field and selects its text. What is being typed there is taken before each step; a text
+    /// that is refused stays, and nothing is stepped.
+    void setField(QLineEdit *field);
 
     void stepBy(int steps) override;
     /// Goes towards the value by whole steps.
@@ -42,6 +46,7 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
     void showValue() override;
+    bool takesWheel() const override;
     bool canPress(const QPoint &position) const override { return arrowAt(position) != QStyle::SC_None; }
     void pressAt(const QPoint &position) override;
     void movePressTo(const QPoint &position) override;
@@ -58,6 +63,7 @@ private:
     QAbstractSpinBox::StepEnabled possibleSteps() const;
     void stepPressed();
 
+    QPointer<QLineEdit> m_field;
     QBasicTimer m_repeatTimer;
     QStyle::SubControl m_pressed = QStyle::SC_None;
     bool m_pointerInside = false;

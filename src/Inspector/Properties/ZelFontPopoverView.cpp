@@ -77,8 +77,7 @@ ZelFontPopoverView::ZelFontPopoverView(QWidget *parent)
     m_size->setMinValue(1);
     m_size->setIncrement(1);
     m_stepper->setMinValue(1);
-    m_stepper->setFocusPolicy(Qt::ClickFocus);
-    m_stepper->setFocusProxy(m_size);
+    m_stepper->setField(m_size);
     addFonts();
     addFamilies();
     setFontFaces({});

@@ -145,8 +145,7 @@ std::optional<ZelValueRange> ZelInspectorNumberProperty::modelRange() const
 void ZelInspectorNumberProperty::addStepper(ZelView *container)
 {
     m_stepper = new ZelStepper(container);
-    m_stepper->setFocusPolicy(Qt::ClickFocus); // the keys step the field, which is there for the keyboard
-    m_stepper->setFocusProxy(m_textField);
+    m_stepper->setField(m_textField);
     ZelEditorLayout::setName(m_stepper, title());
     m_stepper->setModelRange(
         [editor = QPointer<ZelInspectorNumberProperty>(this)] { return editor ? editor->modelRange() : std::nullopt; });

@@ -188,6 +188,8 @@ private Q_SLOTS:
         const auto *height = window.editor<Number>("height"), *byte = window.editor<Number>("byte");
         Sheet::click(height->stepper(), {height->stepper()->width() / 2, height->stepper()->height() / 4});
         QCOMPARE(window.value(0, "height"), 100.0);
+        QCOMPARE(height->textField()->selectedText(), "100"); // which has the focus now, and shows what can be typed
+        height->textField()->clearFocus();
         QCOMPARE(height->textField()->text(), "100 pt");
         byte->stepper()->stepBy(1);
         QCOMPARE(window.figures[0]->byte, uchar(255)); // and at what the property takes
