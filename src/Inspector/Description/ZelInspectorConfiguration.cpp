@@ -109,9 +109,7 @@ qint64 ZelInspectorConfiguration::integerValueNamed(QAnyStringView name, qint64 
 
 quint64 ZelInspectorConfiguration::unsignedIntegerValueNamed(QAnyStringView name, quint64 defaultValue) const
 {
-    bool isDecimal = false;
-    const quint64 number = m_element.attribute(name).toString().trimmed().toULongLong(&isDecimal);
-    return isDecimal ? number : quint64(integerValueNamed(name, qint64(defaultValue)));
+    return quint64(integerValueNamed(name, qint64(defaultValue)));
 }
 
 double ZelInspectorConfiguration::doubleValueNamed(QAnyStringView name, double defaultValue) const
