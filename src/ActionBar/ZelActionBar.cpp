@@ -253,16 +253,17 @@ void ZelActionBar::updateConstraints()
         const double left = items.at(i)->edgeInsets().left();
         constraints.append(constraintsOfItem(views.at(i), items.at(i)));
         if (i == 0)
-            constraints.append(Constraint::constraintWithItem(views.first(), Constraint::Left, Constraint::Equal, this,
-                                                              Constraint::Left, 1, m_edgeInsets.left() + left));
+            constraints.append(Constraint::constraintWithItem(views.first(), Constraint::Leading, Constraint::Equal,
+                                                              this, Constraint::Leading, 1,
+                                                              m_edgeInsets.left() + left));
         else
-            constraints.append(Constraint::constraintWithItem(views.at(i), Constraint::Left, Constraint::Equal,
-                                                              views.at(i - 1), Constraint::Right, 1,
+            constraints.append(Constraint::constraintWithItem(views.at(i), Constraint::Leading, Constraint::Equal,
+                                                              views.at(i - 1), Constraint::Trailing, 1,
                                                               items.at(i - 1)->edgeInsets().right() + left, g_strong));
     }
-    constraints.append(
-        Constraint::constraintWithItem(views.last(), Constraint::Right, Constraint::Equal, this, Constraint::Right, 1,
-                                       -(m_edgeInsets.right() + items.last()->edgeInsets().right()), g_weak));
+    constraints.append(Constraint::constraintWithItem(
+        views.last(), Constraint::Trailing, Constraint::Equal, this, Constraint::Trailing, 1,
+        -(m_edgeInsets.right() + items.last()->edgeInsets().right()), g_weak));
     setStackConstraints(constraints);
 }
 

@@ -4,6 +4,7 @@
 #include "Core/Values/private/ZelAssign.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <cmath>
 
 ZelButtonMatrix::ZelButtonMatrix(QWidget *parent)
@@ -32,7 +33,8 @@ void ZelButtonMatrix::setCellAtColumn(int column, const ZelTabBarButtonCell &cel
 QRect ZelButtonMatrix::rectOfColumn(int column) const
 {
     const int left = qRound(column * m_cellWidth);
-    return QRect(left, 0, qRound((column + 1) * m_cellWidth) - left, height());
+    const QRect place(left, 0, qRound((column + 1) * m_cellWidth) - left, height());
+    return QStyle::visualRect(layoutDirection(), rect(), place);
 }
 
 void ZelButtonMatrix::selectCellAtColumn(int column)

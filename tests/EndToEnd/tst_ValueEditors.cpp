@@ -523,6 +523,10 @@ private Q_SLOTS:
         window.edit("fill", "Other...");
         QVERIFY(!text->isColorPanelActive() && !text->segmentedControl()->isSegmentSelected(segment));
         QCOMPARE(panel->currentColor(), QColor(1, 2, 3));
+        window.set(0, "fill", QColor(1, 2, 3, 40));
+        QTRY_COMPARE(panel->currentColor(), QColor(1, 2, 3, 40));
+        panel->setCurrentColor(QColor(9, 2, 3, 40));
+        QCOMPARE(window.color(0, "fill"), QColor(9, 2, 3, 40));
         window.set(1, "fill", QColor(20, 30, 40));
         window.select({1}); // the panel goes on with what is selected now
         QCOMPARE(panel->currentColor(), QColor(20, 30, 40));

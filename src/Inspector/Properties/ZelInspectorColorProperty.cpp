@@ -47,6 +47,7 @@ void ZelInspectorColorProperty::configure(const ZelInspectorConfiguration &confi
     if (!colorList)
         ZelEditorAttributes::fail(u"No color list found with name " + name, configuration);
     defaultColor = configuration.colorForValueNamed(u"defaultColor");
+    showsAlpha = configuration.booleanValueNamed(u"showsAlpha", true);
 }
 
 ZelInspectorColorProperty::~ZelInspectorColorProperty()
@@ -73,6 +74,8 @@ void ZelInspectorColorProperty::viewDidInstall()
         m_popUpButton->setColorList(colorList);
     if (m_popUpButton && defaultColor.isValid())
         m_popUpButton->setDefaultColor(defaultColor);
+    if (m_popUpButton)
+        m_popUpButton->setShowsAlpha(showsAlpha);
     observeForUpdate(enabledKeyPath());
     observeForUpdate(keyPath());
     updateView();

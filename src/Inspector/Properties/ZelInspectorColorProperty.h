@@ -16,6 +16,7 @@ class ZEL_EXPORT ZelInspectorColorProperty : public ZelInspectorProperty
     Q_OBJECT
     Q_PROPERTY(ZelColorListPtr colorList MEMBER colorList)
     Q_PROPERTY(ZelColor defaultColor MEMBER defaultColor)
+    Q_PROPERTY(bool showsAlpha MEMBER showsAlpha)
     Q_PROPERTY(ZelColor defaultColorForNil MEMBER defaultColorForNil)
     Q_PROPERTY(QString defaultColorKeyPath MEMBER defaultColorKeyPath)
     Q_PROPERTY(bool popup MEMBER popup)
@@ -28,6 +29,7 @@ public:
 
     ZelColorListPtr colorList; ///< by default the list named "System"
     ZelColor defaultColor;     ///< an invalid one stands for the button's own
+    bool showsAlpha = true;    ///< whether the colour panel offers an opacity; without it, it gives opaque colours
     // These are kept for the application's own editors.
     ZelColor defaultColorForNil;
     QString defaultColorKeyPath;

@@ -119,7 +119,11 @@ constexpr Attribute g_flags[] = {
     {u"editable", Kind::Boolean},
     {u"bitMask", Kind::Bits},
 };
-constexpr Attribute g_color[] = {{u"colorList", Kind::ColorList}, {u"defaultColor", Kind::Color}};
+constexpr Attribute g_color[] = {
+    {u"colorList", Kind::ColorList},
+    {u"defaultColor", Kind::Color},
+    {u"showsAlpha", Kind::Boolean},
+};
 constexpr Attribute g_resource[] = {{u"placeholder", Kind::LocalizedText}, {u"resourcesKeyPath", Kind::KeyPath}};
 constexpr Attribute g_frame[] = {
     {u"showOriginSelector", Kind::Boolean},
