@@ -200,6 +200,12 @@ bool ZelDatePicker::handleEvent(QEvent *event)
     return QDateTimeEdit::event(event);
 }
 
+void ZelDatePicker::initStyleOption(QStyleOptionSpinBox *option) const
+{
+    QDateTimeEdit::initStyleOption(option);
+    ZelControlSupport::showTypable(option, !isReadOnly());
+}
+
 void ZelDatePicker::changeEvent(QEvent *event)
 {
     QDateTimeEdit::changeEvent(event);

@@ -50,6 +50,7 @@ Q_SIGNALS:
 protected:
     bool handleEvent(QEvent *event) override;
     bool filterEvent(QObject *watched, QEvent *event) override;
+    void initStyleOption(QStyleOptionSpinBox *option) const override;
     void changeEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void focusOutEvent(QFocusEvent *event) override;

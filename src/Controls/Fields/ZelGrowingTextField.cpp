@@ -255,6 +255,7 @@ void ZelGrowingTextField::initStyleOption(QStyleOptionFrame *option) const
         option->state |= QStyle::State_ReadOnly;
     if (m_editor && m_editor->hasFocus())
         option->state |= QStyle::State_HasFocus;
+    ZelControlSupport::showTypable(option, m_editable);
 }
 
 /// With these margins a field of one line is as high as a line edit, and its text is in the same place.

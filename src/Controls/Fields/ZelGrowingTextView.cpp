@@ -184,6 +184,8 @@ void ZelGrowingTextView::insertFromMimeData(const QMimeData *source)
 void ZelGrowingTextView::changeEvent(QEvent *event)
 {
     QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::ReadOnlyChange)
+        viewport()->setBackgroundRole(isEnabled() && !isReadOnly() ? QPalette::Base : QPalette::Window);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         textMayNeedHeight();
 }

@@ -35,6 +35,7 @@ void ZelGrowingTokenField::initStyleOption(QStyleOptionFrame *option) const
     option->state |= QStyle::State_Sunken;
     option->state.setFlag(QStyle::State_ReadOnly, !m_editable);
     option->state.setFlag(QStyle::State_HasFocus, m_editable && hasFocusInside());
+    ZelControlSupport::showTypable(option, m_editable);
 }
 
 /// A field of one line is as high as a line edit.

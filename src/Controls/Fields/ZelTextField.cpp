@@ -351,6 +351,13 @@ QString ZelTextField::elidedWhole() const
     return fits ? QString() : string;
 }
 
+void ZelTextField::initStyleOption(QStyleOptionFrame *option) const
+{
+    QLineEdit::initStyleOption(option);
+    if (!m_labelStyle)
+        ZelControlSupport::showTypable(option, isEditable());
+}
+
 void ZelTextField::paintEvent(QPaintEvent *event)
 {
     const bool own = !hasFocus() && !hasSelectedText() && echoMode() == Normal && actions().isEmpty();

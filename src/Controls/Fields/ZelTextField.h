@@ -85,6 +85,7 @@ Q_SIGNALS:
 
 protected:
     bool handleEvent(QEvent *event) override;
+    void initStyleOption(QStyleOptionFrame *option) const override;
     void changeEvent(QEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

@@ -125,6 +125,12 @@ void ZelControlSupport::showDisabled(QStyleOption *option)
     colors.setCurrentColorGroup(QPalette::Disabled);
 }
 
+void ZelControlSupport::showTypable(QStyleOption *option, bool isEditable)
+{
+    if (!isEditable || !option->state.testFlag(QStyle::State_Enabled))
+        option->palette.setBrush(QPalette::Base, option->palette.window());
+}
+
 bool ZelControlSupport::hasCommandModifier(const QKeyEvent *event)
 {
     return event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);

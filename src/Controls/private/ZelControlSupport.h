@@ -77,6 +77,8 @@ public:
 
     /// Makes the style draw a control that cannot be edited as disabled, with legible texts.
     static void showDisabled(QStyleOption *option);
+    /// Gives a field in which nothing can be typed the colour of what is around it.
+    static void showTypable(QStyleOption *option, bool isEditable);
     /// Whether the key has a modifier that makes it a shortcut, which is not for the control: Control, Alt or Meta.
     static bool hasCommandModifier(const QKeyEvent *event);
     /// The number of whole wheel steps, positive upwards. The rest of the angle is kept for the next event.
