@@ -527,6 +527,7 @@ private Q_SLOTS:
         QTRY_COMPARE(panel->currentColor(), QColor(1, 2, 3, 40));
         panel->setCurrentColor(QColor(9, 2, 3, 40));
         QCOMPARE(window.color(0, "fill"), QColor(9, 2, 3, 40));
+        window.set(0, "fill", QColor(1, 2, 3));
         window.set(1, "fill", QColor(20, 30, 40));
         window.select({1}); // the panel goes on with what is selected now
         QCOMPARE(panel->currentColor(), QColor(20, 30, 40));
