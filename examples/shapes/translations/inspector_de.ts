@@ -9,24 +9,24 @@
         <translation>Danach</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="111"/>
-        <location filename="../inspector/StylePane.xml" line="120"/>
+        <location filename="../inspector/StylePane.xml" line="124"/>
+        <location filename="../inspector/StylePane.xml" line="133"/>
         <source>Align Text</source>
         <translation>Text ausrichten</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="106"/>
-        <location filename="../inspector/ArrangePane.xml" line="33"/>
+        <location filename="../inspector/StylePane.xml" line="119"/>
+        <location filename="../inspector/ArrangePane.xml" line="34"/>
         <source>Alignment</source>
         <translation>Ausrichtung</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="66"/>
+        <location filename="../inspector/DocumentPane.xml" line="61"/>
         <source>Annotations</source>
         <translation>Anmerkungen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="40"/>
+        <location filename="../inspector/GeometryPane.xml" line="41"/>
         <source>Area</source>
         <translation>Fläche</translation>
     </message>
@@ -51,7 +51,7 @@
         <translation>Autor</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="62"/>
+        <location filename="../inspector/DocumentPane.xml" line="59"/>
         <source>Background</source>
         <translation>Hintergrund</translation>
     </message>
@@ -61,7 +61,7 @@
         <translation>Davor</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="94"/>
+        <location filename="../inspector/StylePane.xml" line="107"/>
         <source>Bevel</source>
         <translation>Abgeschrägt</translation>
     </message>
@@ -71,7 +71,7 @@
         <translation>Fett</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="124"/>
+        <location filename="../inspector/StylePane.xml" line="137"/>
         <source>Bottom</source>
         <translation>Unten</translation>
     </message>
@@ -96,12 +96,12 @@
         <translation>Nach Wörtern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="79"/>
+        <location filename="../inspector/StylePane.xml" line="92"/>
         <source>Cap</source>
         <translation>Linienende</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="114"/>
+        <location filename="../inspector/StylePane.xml" line="127"/>
         <source>Center</source>
         <translation>Zentriert</translation>
     </message>
@@ -111,7 +111,7 @@
         <translation>Autor ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="81"/>
+        <location filename="../inspector/StylePane.xml" line="94"/>
         <source>Change Cap</source>
         <translation>Linienende ändern</translation>
     </message>
@@ -121,7 +121,7 @@
         <translation>Ecken ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="67"/>
+        <location filename="../inspector/StylePane.xml" line="80"/>
         <source>Change Dash</source>
         <translation>Strichart ändern</translation>
     </message>
@@ -131,18 +131,18 @@
         <translation>Datum ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="9"/>
+        <location filename="../inspector/NotesPane.xml" line="20"/>
         <source>Change Due Date</source>
         <translation>Termin ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="12"/>
+        <location filename="../inspector/StylePane.xml" line="23"/>
         <source>Change Fill</source>
         <translation>Füllung ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="16"/>
-        <location filename="../inspector/StylePane.xml" line="21"/>
+        <location filename="../inspector/StylePane.xml" line="27"/>
+        <location filename="../inspector/StylePane.xml" line="32"/>
         <source>Change Fill Color</source>
         <translation>Füllfarbe ändern</translation>
     </message>
@@ -162,8 +162,8 @@
         <translation>Rahmen ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="47"/>
-        <location filename="../inspector/DocumentPane.xml" line="52"/>
+        <location filename="../inspector/DocumentPane.xml" line="41"/>
+        <location filename="../inspector/DocumentPane.xml" line="46"/>
         <source>Change Grid</source>
         <translation>Raster ändern</translation>
     </message>
@@ -173,7 +173,7 @@
         <translation>Innenradius ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="90"/>
+        <location filename="../inspector/StylePane.xml" line="103"/>
         <source>Change Join</source>
         <translation>Linienverbindung ändern</translation>
     </message>
@@ -188,14 +188,12 @@
         <translation>Ebene ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="63"/>
-        <location filename="../inspector/DocumentPane.xml" line="65"/>
-        <location filename="../inspector/DocumentPane.xml" line="67"/>
+        <location filename="../inspector/DocumentPane.xml" line="57"/>
         <source>Change Layers</source>
         <translation>Ebenen ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="24"/>
+        <location filename="../inspector/GeometryPane.xml" line="25"/>
         <source>Change Lock</source>
         <translation>Sperre ändern</translation>
     </message>
@@ -210,27 +208,27 @@
         <translation>Deckkraft ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/ArrangePane.xml" line="30"/>
+        <location filename="../inspector/ArrangePane.xml" line="31"/>
         <source>Change Order</source>
         <translation>Reihenfolge ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="41"/>
+        <location filename="../inspector/DocumentPane.xml" line="35"/>
         <source>Change Page</source>
         <translation>Seite ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="25"/>
+        <location filename="../inspector/StylePane.xml" line="37"/>
         <source>Change Pattern</source>
         <translation>Muster ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="22"/>
+        <location filename="../inspector/NotesPane.xml" line="34"/>
         <source>Change Remarks</source>
         <translation>Bemerkungen ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="32"/>
+        <location filename="../inspector/StylePane.xml" line="44"/>
         <source>Change Shadow</source>
         <translation>Schatten ändern</translation>
     </message>
@@ -241,29 +239,29 @@
         <translation>Seiten ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="69"/>
         <location filename="../inspector/DocumentPane.xml" line="73"/>
-        <location filename="../inspector/DocumentPane.xml" line="77"/>
         <source>Change Standards</source>
         <translation>Vorgaben ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="49"/>
+        <location filename="../inspector/StylePane.xml" line="62"/>
         <source>Change Stroke</source>
         <translation>Kontur ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="60"/>
-        <location filename="../inspector/StylePane.xml" line="63"/>
+        <location filename="../inspector/StylePane.xml" line="73"/>
+        <location filename="../inspector/StylePane.xml" line="76"/>
         <source>Change Stroke Color</source>
         <translation>Konturfarbe ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="56"/>
+        <location filename="../inspector/StylePane.xml" line="69"/>
         <source>Change Stroke Width</source>
         <translation>Konturstärke ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="16"/>
+        <location filename="../inspector/NotesPane.xml" line="28"/>
         <source>Change Tags</source>
         <translation>Schlagwörter ändern</translation>
     </message>
@@ -306,19 +304,19 @@
         <translation>Abschneiden</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="35"/>
+        <location filename="../inspector/GeometryPane.xml" line="36"/>
         <source>Clockwise</source>
         <translation>Im Uhrzeigersinn</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="14"/>
-        <location filename="../inspector/StylePane.xml" line="58"/>
+        <location filename="../inspector/StylePane.xml" line="25"/>
+        <location filename="../inspector/StylePane.xml" line="71"/>
         <source>Color</source>
         <translation>Farbe</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="6"/>
-        <location filename="../inspector/DocumentPane.xml" line="71"/>
+        <location filename="../inspector/DocumentPane.xml" line="67"/>
         <source>Corners</source>
         <translation>Ecken</translation>
     </message>
@@ -328,12 +326,12 @@
         <translation>Erstellt</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="65"/>
+        <location filename="../inspector/StylePane.xml" line="78"/>
         <source>Dash</source>
         <translation>Strichart</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="72"/>
+        <location filename="../inspector/StylePane.xml" line="85"/>
         <source>Dashed</source>
         <translation>Gestrichelt</translation>
     </message>
@@ -354,27 +352,27 @@
         <translation>Dokument</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="74"/>
+        <location filename="../inspector/StylePane.xml" line="87"/>
         <source>Dots and Dashes</source>
         <translation>Strichpunktiert</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="73"/>
+        <location filename="../inspector/StylePane.xml" line="86"/>
         <source>Dotted</source>
         <translation>Gepunktet</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="64"/>
+        <location filename="../inspector/DocumentPane.xml" line="60"/>
         <source>Drawing</source>
         <translation>Zeichnung</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="7"/>
+        <location filename="../inspector/NotesPane.xml" line="18"/>
         <source>Due</source>
         <translation>Termin</translation>
     </message>
     <message>
-        <location filename="../inspector/ArrangePane.xml" line="24"/>
+        <location filename="../inspector/ArrangePane.xml" line="25"/>
         <source>Duplicate</source>
         <translation>Duplizieren</translation>
     </message>
@@ -384,13 +382,13 @@
         <translation>Ellipse</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="78"/>
+        <location filename="../inspector/StylePane.xml" line="91"/>
         <source>Ends</source>
         <translation>Enden</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="4"/>
-        <location filename="../inspector/StylePane.xml" line="11"/>
+        <location filename="../inspector/StylePane.xml" line="15"/>
+        <location filename="../inspector/StylePane.xml" line="22"/>
         <source>Fill</source>
         <translation>Füllung</translation>
     </message>
@@ -400,7 +398,7 @@
         <translation>Erste Zeile</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="83"/>
+        <location filename="../inspector/StylePane.xml" line="96"/>
         <source>Flat</source>
         <translation>Flach</translation>
     </message>
@@ -416,7 +414,7 @@
         <translation>Geometrie</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="44"/>
+        <location filename="../inspector/DocumentPane.xml" line="38"/>
         <source>Grid</source>
         <translation>Raster</translation>
     </message>
@@ -431,14 +429,23 @@
         <translation>Sechseck</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="23"/>
+        <source>How lengths are told below the page</source>
+        <translation>Wie Längen unter der Seite angegeben werden</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="18"/>
+        <source>How much of what lies behind is hidden</source>
+        <translation>Wie viel von dem verdeckt wird, was dahinter liegt</translation>
+    </message>
+    <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="56"/>
         <source>Hyphenation</source>
         <translation>Silbentrennung</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="28"/>
         <source>Inches</source>
-        <translation>Zoll</translation>
+        <translation type="vanished">Zoll</translation>
     </message>
     <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="4"/>
@@ -456,7 +463,7 @@
         <translation>Kursiv</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="88"/>
+        <location filename="../inspector/StylePane.xml" line="101"/>
         <source>Join</source>
         <translation>Verbindung</translation>
     </message>
@@ -471,12 +478,12 @@
         <translation>Ebene</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="58"/>
+        <location filename="../inspector/DocumentPane.xml" line="52"/>
         <source>Layers and Standards</source>
         <translation>Ebenen und Vorgaben</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="113"/>
+        <location filename="../inspector/StylePane.xml" line="126"/>
         <source>Left</source>
         <translation>Links</translation>
     </message>
@@ -501,17 +508,21 @@
         <translation>Gesperrt</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="123"/>
+        <location filename="../inspector/GeometryPane.xml" line="24"/>
+        <source>Locked shapes stay where they are</source>
+        <translation>Gesperrte Formen bleiben, wo sie sind</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="136"/>
         <source>Middle</source>
         <translation>Mittig</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="27"/>
         <source>Millimeters</source>
-        <translation>Millimeter</translation>
+        <translation type="vanished">Millimeter</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="92"/>
+        <location filename="../inspector/StylePane.xml" line="105"/>
         <source>Miter</source>
         <translation>Spitz</translation>
     </message>
@@ -531,14 +542,19 @@
         <translation>Natürlich</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="8"/>
+        <location filename="../inspector/NotesPane.xml" line="19"/>
         <source>Never</source>
         <translation>Nie</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="70"/>
+        <location filename="../inspector/DocumentPane.xml" line="66"/>
         <source>New Shapes</source>
         <translation>Neue Formen</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="49"/>
+        <source>New shadows begin with this offset</source>
+        <translation>Neue Schatten beginnen mit diesem Versatz</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="39"/>
@@ -547,7 +563,7 @@
     </message>
     <message>
         <location filename="../inspector/GeometryPane.xml" line="14"/>
-        <location filename="../inspector/StylePane.xml" line="31"/>
+        <location filename="../inspector/StylePane.xml" line="43"/>
         <source>None</source>
         <translation>Ohne</translation>
     </message>
@@ -558,7 +574,7 @@
     </message>
     <message>
         <location filename="../inspector/NotesPane.xml" line="2"/>
-        <location filename="../inspector/NotesPane.xml" line="4"/>
+        <location filename="../inspector/NotesPane.xml" line="15"/>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>
@@ -573,17 +589,17 @@
         <translation>Achteck</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="29"/>
+        <location filename="../inspector/StylePane.xml" line="41"/>
         <source>Offset</source>
         <translation>Versatz</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="7"/>
+        <location filename="../inspector/StylePane.xml" line="18"/>
         <source>Opacity</source>
         <translation>Deckkraft</translation>
     </message>
     <message>
-        <location filename="../inspector/ArrangePane.xml" line="28"/>
+        <location filename="../inspector/ArrangePane.xml" line="29"/>
         <source>Order</source>
         <translation>Reihenfolge</translation>
     </message>
@@ -593,12 +609,12 @@
         <translation>Weitere Zeilen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="48"/>
+        <location filename="../inspector/GeometryPane.xml" line="49"/>
         <source>Outline</source>
         <translation>Umriss</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="36"/>
+        <location filename="../inspector/DocumentPane.xml" line="30"/>
         <source>Page</source>
         <translation>Seite</translation>
     </message>
@@ -608,7 +624,7 @@
         <translation>Absätze</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="23"/>
+        <location filename="../inspector/StylePane.xml" line="34"/>
         <source>Pattern</source>
         <translation>Muster</translation>
     </message>
@@ -618,14 +634,18 @@
         <translation>Fünfeck</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="24"/>
+        <location filename="../inspector/PlacementSlice.xml" line="5"/>
+        <source>Place and size on the page; the picker says which point X and Y tell</source>
+        <translation>Ort und Größe auf der Seite; die Auswahl bestimmt, welchen Punkt X und Y angeben</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="36"/>
         <source>Plain</source>
         <translation>Einfarbig</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="26"/>
         <source>Points</source>
-        <translation>Punkte</translation>
+        <translation type="vanished">Punkte</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="24"/>
@@ -648,7 +668,7 @@
         <translation>Rechteck</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="19"/>
+        <location filename="../inspector/NotesPane.xml" line="31"/>
         <source>Remarks</source>
         <translation>Bemerkungen</translation>
     </message>
@@ -658,7 +678,7 @@
         <translation>Umbenennen</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="115"/>
+        <location filename="../inspector/StylePane.xml" line="128"/>
         <source>Right</source>
         <translation>Rechts</translation>
     </message>
@@ -668,19 +688,19 @@
         <translation>Von rechts nach links</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="38"/>
+        <location filename="../inspector/GeometryPane.xml" line="39"/>
         <source>Rotate</source>
         <translation>Drehen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="35"/>
+        <location filename="../inspector/GeometryPane.xml" line="36"/>
         <source>Rotation</source>
         <translation>Drehung</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="8"/>
-        <location filename="../inspector/StylePane.xml" line="84"/>
-        <location filename="../inspector/StylePane.xml" line="93"/>
+        <location filename="../inspector/StylePane.xml" line="97"/>
+        <location filename="../inspector/StylePane.xml" line="106"/>
         <source>Round</source>
         <translation>Rund</translation>
     </message>
@@ -695,19 +715,28 @@
         <translation>Ähnliche wählen</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="8"/>
         <location filename="../inspector/ArrangePane.xml" line="7"/>
+        <location filename="../inspector/NotesPane.xml" line="8"/>
         <source>Selected</source>
         <translation>Gewählt</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="4"/>
         <location filename="../inspector/ArrangePane.xml" line="4"/>
+        <location filename="../inspector/NotesPane.xml" line="4"/>
         <source>Selection</source>
         <translation>Auswahl</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="28"/>
-        <location filename="../inspector/StylePane.xml" line="31"/>
-        <location filename="../inspector/DocumentPane.xml" line="75"/>
+        <location filename="../inspector/ArrangePane.xml" line="13"/>
+        <source>Selects all shapes of the same kinds</source>
+        <translation>Wählt alle Formen derselben Arten aus</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="40"/>
+        <location filename="../inspector/StylePane.xml" line="43"/>
+        <location filename="../inspector/DocumentPane.xml" line="71"/>
         <source>Shadow</source>
         <translation>Schatten</translation>
     </message>
@@ -717,13 +746,13 @@
         <translation>Form</translation>
     </message>
     <message>
-        <location filename="../inspector/ArrangePane.xml" line="19"/>
+        <location filename="../inspector/ArrangePane.xml" line="20"/>
         <location filename="../inspector/DocumentPane.xml" line="20"/>
         <source>Shapes</source>
         <translation>Formen</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="46"/>
+        <location filename="../inspector/DocumentPane.xml" line="40"/>
         <source>Show Grid</source>
         <translation>Raster zeigen</translation>
     </message>
@@ -734,24 +763,24 @@
     </message>
     <message>
         <location filename="../inspector/FontSection.xml" line="6"/>
-        <location filename="../inspector/DocumentPane.xml" line="39"/>
+        <location filename="../inspector/DocumentPane.xml" line="33"/>
         <source>Size</source>
         <translation>Größe</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="69"/>
+        <location filename="../inspector/StylePane.xml" line="82"/>
         <source>Solid</source>
         <translation>Durchgezogen</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="49"/>
+        <location filename="../inspector/DocumentPane.xml" line="43"/>
         <location filename="../inspector/ZelParagraphStyle.xml" line="28"/>
         <source>Spacing</source>
         <translation>Abstand</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="8"/>
-        <location filename="../inspector/StylePane.xml" line="85"/>
+        <location filename="../inspector/StylePane.xml" line="98"/>
         <source>Square</source>
         <translation>Eckig</translation>
     </message>
@@ -766,8 +795,8 @@
         <translation>Durchgestr.</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="43"/>
-        <location filename="../inspector/StylePane.xml" line="47"/>
+        <location filename="../inspector/StylePane.xml" line="56"/>
+        <location filename="../inspector/StylePane.xml" line="60"/>
         <source>Stroke</source>
         <translation>Kontur</translation>
     </message>
@@ -778,7 +807,7 @@
         <translation>Stil</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="19"/>
+        <location filename="../inspector/StylePane.xml" line="30"/>
         <source>Swatches</source>
         <translation>Palette</translation>
     </message>
@@ -788,7 +817,7 @@
         <translation>Tabulatoren</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="12"/>
+        <location filename="../inspector/NotesPane.xml" line="23"/>
         <source>Tags</source>
         <translation>Schlagwörter</translation>
     </message>
@@ -800,14 +829,19 @@
     <message>
         <location filename="../inspector/KindChooser.xml" line="37"/>
         <location filename="../inspector/KindChooser.xml" line="38"/>
-        <location filename="../inspector/StylePane.xml" line="102"/>
+        <location filename="../inspector/StylePane.xml" line="115"/>
         <source>Text</source>
         <translation>Text</translation>
     </message>
     <message>
-        <location filename="../inspector/NotesPane.xml" line="9"/>
+        <location filename="../inspector/NotesPane.xml" line="20"/>
         <source>The day until which the shape is to be finished</source>
         <translation>Der Tag, bis zu dem die Form fertig sein soll</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="34"/>
+        <source>The hatching of the fill</source>
+        <translation>Die Schraffur der Füllung</translation>
     </message>
     <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="59"/>
@@ -825,7 +859,7 @@
         <translation>Titel</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="122"/>
+        <location filename="../inspector/StylePane.xml" line="135"/>
         <source>Top</source>
         <translation>Oben</translation>
     </message>
@@ -850,7 +884,7 @@
         <translation>Ende kürzen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="36"/>
+        <location filename="../inspector/GeometryPane.xml" line="37"/>
         <source>Turns the shape around the middle of its frame. Drag the pointer, or type the degrees.</source>
         <translation>Dreht die Form um die Mitte ihres Rahmens. Ziehen Sie den Zeiger, oder geben Sie die Grad ein.</translation>
     </message>
@@ -880,7 +914,7 @@
         <translation>Ohne Titel</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="36"/>
+        <location filename="../inspector/StylePane.xml" line="48"/>
         <source>Use for New Shadows</source>
         <translation>Für neue Schatten</translation>
     </message>
@@ -890,9 +924,14 @@
         <translation>Sichtbar</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="60"/>
+        <location filename="../inspector/DocumentPane.xml" line="54"/>
         <source>Visible Layers</source>
         <translation>Sichtbare Ebenen</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="67"/>
+        <source>What round corners of rectangles begin with</source>
+        <translation>Womit runde Ecken von Rechtecken beginnen</translation>
     </message>
     <message>
         <location filename="../inspector/GeometryPane.xml" line="4"/>
@@ -900,9 +939,19 @@
         <translation>Wie die Form heißt, und ob sie zu sehen ist und bewegt werden kann.</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="53"/>
+        <location filename="../inspector/DocumentPane.xml" line="43"/>
+        <source>While the grid is shown, places and sizes go in steps of this length</source>
+        <translation>Solange das Raster zu sehen ist, gehen Orte und Größen in Schritten dieser Länge</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="66"/>
         <source>Width</source>
         <translation>Breite</translation>
+    </message>
+    <message>
+        <location filename="../inspector/NotesPane.xml" line="23"/>
+        <source>Words that say what the shape is for</source>
+        <translation>Wörter, die sagen, wozu die Form da ist</translation>
     </message>
 </context>
 </TS>
