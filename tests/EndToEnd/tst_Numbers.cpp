@@ -156,6 +156,26 @@ private Q_SLOTS:
         QCOMPARE(window.value(2, "font").value<QFont>().pointSizeF(), 11);
     }
 
+    /// What is calculated and checked before anything is written is made anew for an object that has changed meanwhile.
+    void aSetterMayChangeTheNextObject()
+    {
+        NumberWindow window;
+        const auto change = [&window] {
+            window.figures.at(1)->setHeight(100);
+            window.figures.at(1)->setFrame(QRectF(50, 5, 6, 7));
+        };
+        connect(window.figures.at(0).get(), &Figure::heightChanged, this, change);
+        connect(window.figures.at(0).get(), &Figure::frameChanged, this, change);
+        Sheet::enter(window.field, "x*2+i");
+        QCOMPARE(window.heights(), (Numbers{20, 201, 62}));
+        Sheet::enter(window.part("frame", 0), "x+10");
+        QCOMPARE(window.value(1, "frame").toRectF(), QRectF(60, 5, 6, 7));
+        QCOMPARE(window.value(2, "frame").toRectF(), QRectF(12, 20, 100, 50));
+        window.undo();
+        window.undo();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
+    }
+
     void oneRefusingObjectRefusesTheEntry()
     {
         NumberWindow window;

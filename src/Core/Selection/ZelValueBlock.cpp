@@ -4,7 +4,28 @@
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 
-void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const Prepare &prepare) const
+#include <cstring>
+
+namespace {
+
+/// Compares as memcmp does, which is no call where the size is known.
+bool areSame(const void *a, const void *b, size_t size)
+{
+    switch (size) {
+    case 8:
+        return std::memcmp(a, b, 8) == 0;
+    case 16:
+        return std::memcmp(a, b, 16) == 0;
+    case 32:
+        return std::memcmp(a, b, 32) == 0;
+    default:
+        return std::memcmp(a, b, size) == 0;
+    }
+}
+
+} // namespace
+
+void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const
 {
     ZelClassAccessors accessors(path);
     ZelFirstException errors;
@@ -13,11 +34,33 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
         if (!object)
             continue;
         errors.run([&] {
-            if (prepare)
-                prepare(object, i);
             if (!m_bytes)
                 accessors.write(object, at(i));
             else if (!accessors.writeTyped(object, m_type, data(i)))
+                ZelSetValueForKeyPath(object, at(i), path);
+        });
+    }
+    errors.rethrow();
+}
+
+void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &before,
+                          const Renew &renew)
+{
+    ZelClassAccessors accessors(path);
+    ZelFirstException errors;
+    const auto present = std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride));
+    for (qsizetype i = 0; i < m_size; ++i) {
+        const QPointer<QObject> &object = objects.at(i);
+        if (!object)
+            continue;
+        errors.run([&] {
+            const ZelPropertyAccessor *accessor = accessors.announced(object, m_type);
+            if (accessor && accessor->readTyped(object, present.get()) &&
+                !areSame(present.get(), before.data(i), size_t(m_stride)))
+                renew(i, present.get(), data(i));
+            if (!object) // the getter has ended it
+                return;
+            if (!accessor || !accessor->writeTyped(object, data(i)))
                 ZelSetValueForKeyPath(object, at(i), path);
         });
     }

@@ -47,11 +47,16 @@ public:
     /// Keeps only the first values.
     void shrink(qsizetype size) { m_size = size; }
 
-    /// Called for an object and its index right before it is written.
-    using Prepare = std::function<void(const QObject *, qsizetype)>;
     /// Stores each object's value at the path as ZelSetValueForKeyPath does. Objects that have died are skipped. If one
     /// throws, the others are written all the same, and then the first exception is thrown on.
-    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const Prepare &prepare = {}) const;
+    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const;
+
+    /// Makes the new value of the object of that index anew, from the value that it has by now.
+    using Renew = std::function<void(qsizetype index, const void *present, void *value)>;
+    /// Does the same with values of one type. Right before an object is written, it is read: if it does not have its
+    /// value of before any more, because the setter of another object has changed it, its new value is made anew.
+    void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &before,
+               const Renew &renew);
 
 private:
     QMetaType m_type;

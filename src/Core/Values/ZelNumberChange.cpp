@@ -6,6 +6,8 @@
 #include "Core/Values/private/ZelNumberTypes.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -15,7 +17,24 @@ constexpr double g_noNumber = std::numeric_limits<double>::quiet_NaN();
 
 double ZelNumberChange::number(double own, qsizetype index, qsizetype count) const
 {
-    return m_function ? (*m_function)(own, index, count) : g_noNumber;
+    return m_calculation ? m_calculation->function(own, index, count) : g_noNumber;
+}
+
+ZelNumberChange::Numbers ZelNumberChange::numbers(const Numbers &own) const
+{
+    const size_t count = own->size();
+    if (!m_calculation)
+        return std::make_shared<const std::vector<double>>(count, g_noNumber);
+    const auto isSame = [](double a, double b) { return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b); };
+    const Numbers &known = m_calculation->own;
+    if (known != own && (!known || !std::equal(known->begin(), known->end(), own->begin(), own->end(), isSame))) {
+        const auto changed = std::make_shared<std::vector<double>>(count);
+        for (size_t i = 0; i < count; ++i)
+            (*changed)[i] = m_calculation->function((*own)[i], qsizetype(i), qsizetype(count));
+        m_calculation->own = own;
+        m_calculation->changed = changed;
+    }
+    return m_calculation->changed;
 }
 
 QVariant ZelNumberChange::value(const QVariant &own, qsizetype index, qsizetype count) const

@@ -7,6 +7,7 @@
 #include <QVariant>
 #include <functional>
 #include <memory>
+#include <vector>
 
 /// A number that depends on the one that it replaces, so that each of several objects gets its own: twice what it had,
 /// or 10 more.
@@ -24,7 +25,7 @@ public:
     ZelNumberChange() = default; ///< null: it has no numbers
     /// `usesPlace` tells whether the answers depend on the index or the count.
     explicit ZelNumberChange(Function function, bool usesPlace = false)
-        : m_function(std::make_shared<const Function>(std::move(function)))
+        : m_calculation(std::make_shared<Calculation>(std::move(function)))
         , m_usesPlace(usesPlace)
     {
     }
@@ -44,6 +45,10 @@ public:
     /// Whether the only thing against a value is that a double would not hold its integer of 64 bits.
     bool isInexact(const QVariant &own, qsizetype index = 0, qsizetype count = 1) const;
     double number(double own, qsizetype index = 0, qsizetype count = 1) const;
+    using Numbers = std::shared_ptr<const std::vector<double>>;
+    /// The new numbers of several objects, in their order; not finite where there is none. They are calculated once:
+    /// who asks again for the same own numbers, as the write after a check does, gets the same list.
+    Numbers numbers(const Numbers &own) const;
 
     /// The change that a value is; null if it is none.
     static const ZelNumberChange *of(const QVariant &value);
@@ -57,10 +62,25 @@ public:
     static double ownNumber(const QVariant &value);
 
     /// Whether they are copies of one change.
-    friend bool operator==(const ZelNumberChange &a, const ZelNumberChange &b) { return a.m_function == b.m_function; }
+    friend bool operator==(const ZelNumberChange &a, const ZelNumberChange &b)
+    {
+        return a.m_calculation == b.m_calculation;
+    }
 
 private:
-    std::shared_ptr<const Function> m_function;
+    /// What copies of a change have in common.
+    struct Calculation
+    {
+        explicit Calculation(Function f)
+            : function(std::move(f))
+        {
+        }
+        const Function function;
+        Numbers own; // for which the numbers were asked last
+        Numbers changed;
+    };
+
+    std::shared_ptr<Calculation> m_calculation;
     std::shared_ptr<const ExactFunction> m_exact;
     bool m_usesPlace = false;
 };

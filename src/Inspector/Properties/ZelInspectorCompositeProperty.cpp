@@ -10,6 +10,7 @@
 #include "Core/Selection/ZelValueSummary.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
 #include "Core/Undo/ZelUndoManager.h"
+#include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
@@ -185,34 +186,44 @@ ZelValueSummary ZelInspectorCompositeProperty::valueSummaryOfPart(const QString 
 
 // Writing
 
-QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, int index, const Component &component,
+/// Answers false, and leaves the numbers as they are, if an object's own number cannot be changed.
+bool ZelInspectorCompositeProperty::replace(Numbers &numbers, const Component &component, qsizetype place) const
+{
+    double number = component.number;
+    if (component.change) {
+        Numbers components = numbers;
+        makeComponents(components);
+        const double changed = component.change->number(components[size_t(component.index)], place, component.count);
+        if (!std::isfinite(changed))
+            return false;
+        number = singlePrecision(changed);
+    }
+    replaceComponent(numbers, component.index, number);
+    return true;
+}
+
+QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, const Component &component,
                                                          qsizetype place) const
 {
     const ZelGeometryType *type = geometryOf(old.metaType());
     Numbers numbers{};
     if (type)
         type->load(old.constData(), numbers);
-    const std::optional<double> number = component(numbers, place);
-    if (!number)
+    if (!replace(numbers, component, place))
         return old;
-    replaceComponent(numbers, index, *number);
     QVariant value(type ? type->type : m_type); // a QPoint stays a QPoint
     ZelGeometryType::find(value.metaType())->store(numbers, value.data());
     return value;
 }
 
 /// Writes the values as numbers. False if an object's value cannot be read as such; nothing has been written then.
-bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, const Component &component)
+bool ZelInspectorCompositeProperty::writeIntoPlainSelection(const Component &component)
 {
     const Selection selection = plainSelection();
     if (!selection.controller)
         return false;
     ZelTypedColumn column(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type));
-    const auto replace = [&, this](Numbers &numbers, qsizetype place) {
-        if (const std::optional<double> number = component(numbers, place))
-            replaceComponent(numbers, index, *number);
-    };
-    auto edit = column.edit(replace);
+    auto edit = column.edit([&, this](Numbers &numbers, qsizetype place) { replace(numbers, component, place); });
     if (!edit)
         return false;
     const ZelObjectController::ChangeBatch batch(selection.controller, selection.key);
@@ -220,16 +231,17 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(int index, const Com
         return true;
     const QPointer<ZelInspectorCompositeProperty> alive(this);
     const std::vector<qsizetype> places = std::move(edit->places);
-    const auto refresh = [&](const QObject *object, qsizetype i, const void *before, void *after) {
+    const auto renew = [&](qsizetype i, const void *present, void *value) {
         if (alive)
-            column.refresh(object, before, after, [&](Numbers &now) { replace(now, places[size_t(i)]); });
+            column.change(present, value, [&](Numbers &now) { replace(now, component, places[size_t(i)]); });
     };
+    const bool mayBeRefused = ZelModelValidation::mayRefuse(selection.controller->selection(), selection.key);
     ZelRecordedWrite(undoManager())
-        .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, refresh);
+        .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, renew, mayBeRefused);
     return true;
 }
 
-void ZelInspectorCompositeProperty::writeComponent(int index, const Component &component)
+void ZelInspectorCompositeProperty::writeComponent(const Component &component)
 {
     updateViewInvocation().schedule(); // the model may have stored something else
     const QPointer<ZelInspectorCompositeProperty> alive(this);
@@ -237,9 +249,8 @@ void ZelInspectorCompositeProperty::writeComponent(int index, const Component &c
     errors.run([&] {
         const UpdatingValues updating(this);
         qsizetype place = 0;
-        if (!writeIntoPlainSelection(index, component))
-            updateReflectedValues(
-                [&, this](const QVariant &old) { return valueByReplacing(old, index, component, place++); });
+        if (!writeIntoPlainSelection(component))
+            updateReflectedValues([&, this](const QVariant &old) { return valueByReplacing(old, component, place++); });
     });
     if (errors.hasOccurred() && alive)
         errors.run([this] { updateView(); }); // the component is not what the models hold
@@ -259,7 +270,7 @@ void ZelInspectorCompositeProperty::updateComponent(int index)
         return;
     const double number = singlePrecision(value.toDouble());
     const QPointer<ZelInspectorCompositeProperty> alive(this);
-    writeComponent(index, [number](const Numbers &, qsizetype) { return number; });
+    writeComponent({index, number});
     if (alive && isViewInstalled())
         flashUnlessKept(index, number);
 }
@@ -295,10 +306,8 @@ QString ZelInspectorCompositeProperty::refusalOfPart(const QString &keyPath, con
     const auto index = int(m_keys.indexOf(keyPath));
     if (index < 0 || ZelIsControllerMarker(value))
         return {};
-    const Component component = [number = singlePrecision(value.toDouble())](const Numbers &, qsizetype) {
-        return number;
-    };
-    return refusalOfValues([&](const QVariant &old) { return valueByReplacing(old, index, component, 0); });
+    const Component component{index, singlePrecision(value.toDouble())};
+    return refusalOfValues([&](const QVariant &old) { return valueByReplacing(old, component, 0); });
 }
 
 std::vector<double> ZelInspectorCompositeProperty::numbersForKey(ZelKey key) const
@@ -338,11 +347,7 @@ void ZelInspectorCompositeProperty::changeNumbersForKey(ZelKey key, const ZelNum
     const ZelObjectController *controller = plainSelection().controller;
     const auto count = controller ? controller->selectedCount() : qsizetype(numbersForKey(key).size());
     const QPointer<ZelInspectorCompositeProperty> alive(this);
-    writeComponent(index, [&, this](Numbers numbers, qsizetype place) -> std::optional<double> {
-        makeComponents(numbers);
-        const double number = change.number(numbers[size_t(index)], place, count);
-        return std::isfinite(number) ? std::optional(singlePrecision(number)) : std::nullopt;
-    });
+    writeComponent({index, 0, &change, count});
     if (alive)
         updateValues(); // the components follow the objects
 }

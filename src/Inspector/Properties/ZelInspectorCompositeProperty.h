@@ -111,12 +111,19 @@ private:
     Selection plainSelection() const;
     QVariantList componentsOfSelection() const;
     std::optional<QVariantList> componentsOfPlainSelection() const;
-    /// Answers an object's new component for its own numbers and its place; nothing to leave the object as it is.
-    using Component = std::function<std::optional<double>(const Numbers &, qsizetype place)>;
-    void writeComponent(int index, const Component &component);
-    bool writeIntoPlainSelection(int index, const Component &component);
+    /// What a component becomes: one number for all objects or, if there is a change, each object's own number changed.
+    struct Component
+    {
+        int index;
+        double number;
+        const ZelNumberChange *change = nullptr;
+        qsizetype count = 1; ///< of the objects
+    };
+    bool replace(Numbers &numbers, const Component &component, qsizetype place) const;
+    void writeComponent(const Component &component);
+    bool writeIntoPlainSelection(const Component &component);
     const ZelGeometryType *geometryOf(QMetaType type) const;
-    QVariant valueByReplacing(const QVariant &old, int index, const Component &component, qsizetype place) const;
+    QVariant valueByReplacing(const QVariant &old, const Component &component, qsizetype place) const;
 
     QStringList m_keys;
     QMetaType m_type;

@@ -225,6 +225,12 @@ QString ZelInspectorProperty::refusalOfValues(const ValueBlock &block) const
     const ZelKeyPath path = keyPathByStripingControllerSelectionPrefix(m_keyPath);
     if (!m_owner || path.isEmpty() || !path.isSingleKey())
         return {};
+    const QString controllerKeyPath = selectionControllerKeyPathFromKeyPath(m_keyPath);
+    const auto *controller =
+        isSelection ? qobject_cast<ZelObjectController *>(ZelObject(ZelValueForKeyPath(m_owner, controllerKeyPath)))
+                    : nullptr;
+    if (controller && !ZelModelValidation::mayRefuse(controller->selection(), path))
+        return {};
     const QList<QObject *> objects =
         isSelection ? representedObjectsForControllerSelectionKeyPath(m_keyPath) : QList<QObject *>{m_owner};
     ZelModelValidation validation(path.first());
@@ -249,13 +255,16 @@ QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) const
 {
     ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
-    const auto count = qsizetype(own.numbers().size());
+    const auto count = qsizetype(own.numbers()->size());
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
     const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
+    const auto numbers = takesAll && own.areExact() ? change.numbers(own.numbers()) : nullptr;
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
+        if (numbers && std::isfinite((*numbers)[size_t(i)]))
+            continue;
         const QVariant number = own.changed(change, i);
         QString reason;
         if (!number.isValid())

@@ -6,12 +6,15 @@
 #include "ViewController/ZelViewController.h"
 
 #include <QAccessible>
+#include <QBasicTimer>
 #include <QHelpEvent>
+#include <QTimerEvent>
 #include <QToolTip>
 
 namespace {
 
-bool g_isAsked = false; // assistive technology has asked for a description
+constexpr int g_delay = 100; // milliseconds
+bool g_isAsked = false;      // assistive technology has asked for a description
 
 /// The nearest tool tip that is set for the widget or for one around it.
 QString toolTipSetFor(const QWidget *control)
@@ -37,7 +40,8 @@ QString joined(QStringList texts, const QString &set)
     return rich;
 }
 
-/// Keeps the help as the description of the control that has the focus. One object serves all controls.
+/// Keeps the help as the description of the control that has the focus. One object serves all controls. It follows the
+/// control's value a moment later: the help of many objects takes time, and a value may change in each frame.
 class FocusedDescription : public ZelGuarded<QObject>
 {
     Q_OBJECT
@@ -54,7 +58,7 @@ public:
         m_control = control;
         // Controls differ in their class, but all of them announce their value so.
         if (control->metaObject()->indexOfSignal("objectValueChanged()") >= 0)
-            connect(control, SIGNAL(objectValueChanged()), this, SLOT(update()));
+            connect(control, SIGNAL(objectValueChanged()), this, SLOT(updateLater()));
         update();
     }
     void end()
@@ -64,15 +68,29 @@ public:
             describe({});
         }
         m_control = nullptr;
+        m_delay.stop();
+    }
+    bool handleEvent(QEvent *event) override
+    {
+        if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_delay.timerId())
+            return QObject::event(event);
+        m_delay.stop();
+        update();
+        return true;
     }
 
 private Q_SLOTS:
+    void updateLater()
+    {
+        if (!m_delay.isActive())
+            m_delay.start(g_delay, this);
+    }
+
+private:
     void update()
     {
         ZelExceptionReporter::run(m_control.data(), [this] { describe(ZelControlHelp::of(m_control)); });
     }
-
-private:
     /// Leaves a description alone that somebody else has set.
     void describe(const QString &text)
     {
@@ -85,6 +103,7 @@ private:
 
     QPointer<QWidget> m_control;
     QString m_text; // that is the description now
+    QBasicTimer m_delay;
 };
 
 } // namespace

@@ -68,13 +68,14 @@ public:
         return accessor && accessor->writeTyped(object, value);
     }
 
-private:
+    /// The accessor of a single key whose values are of exactly that type and announce their changes; else null.
     const ZelPropertyAccessor *announced(const QObject *object, QMetaType type)
     {
         const ZelPropertyAccessor *accessor = m_isSingleKey ? of(object) : nullptr;
         return accessor && accessor == m_accessor && m_isAnnounced && m_type == type ? accessor : nullptr;
     }
 
+private:
     ZelKeyPath m_path;
     ZelKey m_key;
     bool m_isSingleKey;

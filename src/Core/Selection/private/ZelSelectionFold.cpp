@@ -21,7 +21,18 @@ template<typename Value> bool isEqual(const Value &a, const Value &b)
     return a == b;
 }
 
-/// Compares exactly first: Qt's comparison, which allows for small distances, costs more, and most values are equal.
+// They compare exactly first: Qt's comparison, which allows for small distances, costs more, and most values are equal.
+
+bool isEqual(const QPointF &a, const QPointF &b)
+{
+    return (a.x() == b.x() && a.y() == b.y()) || a == b;
+}
+
+bool isEqual(const QSizeF &a, const QSizeF &b)
+{
+    return (a.width() == b.width() && a.height() == b.height()) || a == b;
+}
+
 bool isEqual(const QRectF &a, const QRectF &b)
 {
     return (a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height()) || a == b;
@@ -161,8 +172,8 @@ QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const 
     bool isOfTexts = true; // all properties so far are texts, only for which an empty text and none are one value
     if (!path.isSingleKey())
         return foldPaths(objects, path);
-    for (const QPointer<QObject> &held : objects) {
-        const QObject *object = held;
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const QObject *object = objects.at(i);
         if (!object)
             continue;
         const ZelPropertyAccessor *accessor = accessors.of(object);

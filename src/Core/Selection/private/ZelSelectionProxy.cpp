@@ -216,13 +216,8 @@ void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor
 
 void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
 {
-    // The objects of a large selection change one after the other, nearly always at the same key: once that is marked,
-    // there is nothing more to do.
-    const bool isSame = m_lastChanged && path == m_lastChangedPath;
-    if (isSame && m_lastChanged->isDirty && (m_batches > 0 || m_isFlushPosted)) {
-        m_lastChanged->isKnown = false;
+    if (isChangeOwed(path))
         return;
-    }
     const auto known = m_paths.value(path);
     if (!known)
         return;

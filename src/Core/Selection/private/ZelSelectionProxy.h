@@ -48,6 +48,16 @@ public:
 
     /// Called by a relay when an object has changed at the path, or is dying.
     void objectChanged(const ZelKeyPath &path);
+    /// Whether a change at the path is owed to observers anyway, so that one more needs no work. The objects of a large
+    /// selection change one after the other, nearly always at the same key.
+    bool isChangeOwed(const ZelKeyPath &path)
+    {
+        if (!m_lastChanged || !m_lastChanged->isDirty || !(m_batches > 0 || m_isFlushPosted) ||
+            !(path == m_lastChangedPath))
+            return false;
+        m_lastChanged->isKnown = false;
+        return true;
+    }
     void objectDied(const QObject *object);
 
     bool handleEvent(QEvent *event) override;

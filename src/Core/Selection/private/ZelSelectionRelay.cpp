@@ -64,9 +64,13 @@ public:
 private:
     void heard(int number, void **arguments) override
     {
-        if (m_path.isEmpty())
+        if (m_path.isEmpty()) {
             objectDied(*static_cast<QObject **>(arguments[1]));
-        else if (m_accessors[number]->isMeantBy(arguments) && !isSenderGoing())
+            return;
+        }
+        ZelRequireMainThread();
+        const bool isOwed = m_proxy && m_proxy->isChangeOwed(m_path);
+        if (!isOwed && m_accessors[number]->isMeantBy(arguments) && !isSenderGoing())
             tell();
     }
     /// The place of an accessor among those of the connected objects, which are mostly of one class.

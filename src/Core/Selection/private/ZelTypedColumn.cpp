@@ -83,51 +83,13 @@ bool ZelTypedColumn::compare(const QObject *object, const Change &change, Fold &
     return true;
 }
 
-std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const std::function<void(Numbers &, qsizetype place)> &change)
+/// Reads the value of an object into the edit, whose type is that of the first object.
+bool ZelTypedColumn::readForEdit(const QObject *object, Edit &edit, qsizetype place)
 {
-    Edit edit{m_controller.heldObjects(), {}, {}, {}};
-    edit.places.reserve(size_t(edit.objects.size()));
-    qsizetype place = -1;
-    const ZelGeometryType *&type = m_editType;
-    type = nullptr;
-    Numbers numbers{};
-    qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
-    for (qsizetype i = 0; i < edit.objects.size(); ++i) {
-        const QObject *object = edit.objects.at(i);
-        if (!object)
-            continue;
-        ++place;
-        if (!type && (type = typeOf(object))) {
-            edit.before = ZelValueBlock(type->type, edit.objects.size());
-            edit.after = ZelValueBlock(type->type, edit.objects.size());
-        }
-        if (!type || typeOf(object) != type || m_accessor->isSilent() || !read(object, edit.before.data(count)))
-            return std::nullopt;
-        type->load(edit.before.data(count), numbers);
-        change(numbers, place);
-        type->store(numbers, edit.after.data(count));
-        if (type->equal(edit.before.data(count), edit.after.data(count)))
-            continue;
-        if (count < i)
-            edit.objects[count] = edit.objects.at(i);
-        edit.places.push_back(place);
-        ++count;
+    if (!m_editType && (m_editType = typeOf(object))) {
+        edit.before = ZelValueBlock(m_editType->type, edit.objects.size());
+        edit.after = ZelValueBlock(m_editType->type, edit.objects.size());
     }
-    if (count < edit.objects.size()) { // otherwise the list stays shared with the controller, without a copy
-        edit.objects.resize(count);
-        edit.before.shrink(count);
-        edit.after.shrink(count);
-    }
-    return edit;
-}
-
-void ZelTypedColumn::refresh(const QObject *object, const void *before, void *after, const Change &change)
-{
-    alignas(double) std::byte now[sizeof(Numbers)];
-    if (!m_editType || typeOf(object) != m_editType || !read(object, now) || m_editType->equal(before, now))
-        return;
-    Numbers numbers{};
-    m_editType->load(now, numbers);
-    change(numbers);
-    m_editType->store(numbers, after);
+    const ZelPropertyAccessor *accessor = m_editType ? m_accessors.announced(object, m_editType->type) : nullptr;
+    return accessor && accessor->readTyped(object, edit.before.data(place));
 }

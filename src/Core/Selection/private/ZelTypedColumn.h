@@ -37,13 +37,19 @@ public:
         ZelValueBlock after;
         std::vector<qsizetype> places; ///< of the objects among all selected ones
     };
-    /// Answers nothing if the values are not all of one such type, or if a property does not announce its changes.
-    std::optional<Edit> edit(const std::function<void(Numbers &, qsizetype place)> &change);
+    /// Calls replace(Numbers &, qsizetype place) for each object. Answers nothing if the values are not all of one such
+    /// type, or if a property does not announce its changes.
+    template<typename Replace> std::optional<Edit> edit(const Replace &replace);
+    /// Changes the numbers of one value of the edit.
+    template<typename Replace> void change(const void *value, void *changed, const Replace &replace) const
+    {
+        Numbers numbers{};
+        m_editType->load(value, numbers);
+        replace(numbers);
+        m_editType->store(numbers, changed);
+    }
     /// Hands each object's numbers on. False if the value of an object is not of such a type.
     bool visit(const std::function<void(const Numbers &)> &take);
-    /// Makes the new value of an object anew if the object does not have its old value any more: the setter of another
-    /// object may have changed it.
-    void refresh(const QObject *object, const void *before, void *after, const Change &change);
 
     /// Answers null if values of the type are not edited as those of the other one.
     static const ZelGeometryType *typeOf(QMetaType type, const ZelGeometryType &like);
@@ -54,6 +60,7 @@ private:
     /// Reads the value of an object, which must be the one that was asked last for its type.
     bool read(const QObject *object, void *value) const { return m_accessor->readTyped(object, value); }
     bool load(const QObject *object, Numbers &numbers);
+    bool readForEdit(const QObject *object, Edit &edit, qsizetype place);
     bool compare(const QObject *object, const Change &change, Fold &fold);
 
     const ZelObjectController &m_controller;
@@ -64,3 +71,36 @@ private:
     const ZelGeometryType *m_type = nullptr;
     const ZelGeometryType *m_editType = nullptr; // of all values of the edit
 };
+
+template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Replace &replace)
+{
+    Edit edit{m_controller.heldObjects(), {}, {}, {}};
+    m_editType = nullptr;
+    const qsizetype size = edit.objects.size();
+    edit.places.reserve(size_t(size));
+    qsizetype place = -1;
+    qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
+    for (qsizetype i = 0; i < size; ++i) {
+        const QObject *object = edit.objects.at(i);
+        if (!object)
+            continue;
+        ++place;
+        if (!readForEdit(object, edit, count))
+            return std::nullopt;
+        const void *before = edit.before.data(count);
+        void *after = edit.after.data(count);
+        change(before, after, [&](Numbers &numbers) { replace(numbers, place); });
+        if (m_editType->equal(before, after))
+            continue;
+        if (count < i)
+            edit.objects[count] = edit.objects.at(i);
+        edit.places.push_back(place);
+        ++count;
+    }
+    if (count < size) { // otherwise the list stays shared with the controller, without a copy
+        edit.objects.resize(count);
+        edit.before.shrink(count);
+        edit.after.shrink(count);
+    }
+    return edit;
+}

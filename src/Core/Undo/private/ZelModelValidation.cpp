@@ -72,6 +72,12 @@ bool ZelModelValidation::validates(const ZelWriteTarget &target)
                        [&](const QPointer<QObject> &object) { return !object || validation.validates(object); });
 }
 
+bool ZelModelValidation::mayRefuse(QObject *root, const ZelKeyPath &path)
+{
+    const std::vector<ZelWriteTarget> targets = ZelWriteTarget::resolve(root, path);
+    return std::any_of(targets.begin(), targets.end(), [](const ZelWriteTarget &target) { return validates(target); });
+}
+
 void ZelModelValidation::ask(QObject *object, const QVariant &value)
 {
     ++m_count;

@@ -34,6 +34,8 @@ public:
     bool validates(const QObject *object);
     /// Whether the class of any of the target's objects has one.
     static bool validates(const ZelWriteTarget &target);
+    /// Whether the class of any object that a write at the path would store into has one.
+    static bool mayRefuse(QObject *root, const ZelKeyPath &path);
 
     bool isRefused() const { return m_refusing > 0; }
     /// What the first object that refuses says.

@@ -9,13 +9,9 @@
 #include "Core/Values/private/ZelExactInteger.h"
 
 #include <cmath>
+#include <numeric>
 
 namespace {
-
-double &doubleAt(ZelValueBlock &block, qsizetype index)
-{
-    return *static_cast<double *>(block.data(index));
-}
 
 double changedNumber(const ZelNumberChange &change, double own, qsizetype index, qsizetype count)
 {
@@ -39,72 +35,72 @@ ZelOwnNumbers::ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelVal
         m_path = targets.front().path;
         return;
     }
+    std::vector<double> numbers;
+    const auto countWith = [](qsizetype count, const ZelWriteTarget &target) { return count + target.objects.size(); };
+    numbers.reserve(size_t(std::accumulate(targets.begin(), targets.end(), qsizetype(0), countWith)));
     for (ZelWriteTarget &target : targets)
-        addPart(std::move(target));
+        addPart(std::move(target), numbers);
+    m_numbers = std::make_shared<const std::vector<double>>(std::move(numbers));
 }
 
-const std::vector<double> &ZelOwnNumbers::numbers()
+const ZelNumberChange::Numbers &ZelOwnNumbers::numbers()
 {
     if (m_interface && m_owner)
-        m_numbers = m_interface->numbersForKey(m_path.first());
+        m_numbers = std::make_shared<const std::vector<double>>(m_interface->numbersForKey(m_path.first()));
     return m_numbers;
 }
 
-void ZelOwnNumbers::addPart(ZelWriteTarget &&target)
+void ZelOwnNumbers::addPart(ZelWriteTarget &&target, std::vector<double> &numbers)
 {
-    m_parts.push_back({std::move(target), {}, false});
-    const size_t first = m_numbers.size();
-    if (readDoubles(m_parts.back()))
-        return;
-    m_numbers.resize(first);
-    readValues(m_parts.back());
+    const size_t first = numbers.size();
+    const bool isOfDoubles = readDoubles(target, numbers);
+    if (!isOfDoubles) {
+        numbers.resize(first);
+        readValues(target, numbers);
+    }
+    m_parts.push_back({std::move(target), isOfDoubles});
 }
 
 /// Answers false if the values are not all doubles whose changes are announced.
-bool ZelOwnNumbers::readDoubles(Part &part)
+bool ZelOwnNumbers::readDoubles(const ZelWriteTarget &target, std::vector<double> &numbers) const
 {
-    const ZelWriteTarget &target = part.target;
-    const QMetaType type = QMetaType::fromType<double>();
     if (m_transformer || !target.path.isSingleKey())
         return false;
-    part.doubles = ZelValueBlock(type, target.objects.size());
-    m_numbers.reserve(m_numbers.size() + size_t(target.objects.size()));
+    const QMetaType type = QMetaType::fromType<double>();
     ZelClassAccessors accessors(target.path);
-    for (qsizetype i = 0; i < target.objects.size(); ++i) {
-        const QObject *object = target.objects.at(i);
-        if (!object || !accessors.readTyped(object, type, part.doubles.data(i)))
+    for (const QPointer<QObject> &held : target.objects) {
+        const QObject *object = held;
+        if (!object || !accessors.readTyped(object, type, &numbers.emplace_back()))
             return false;
-        m_numbers.push_back(doubleAt(part.doubles, i));
     }
-    part.isOfDoubles = true;
     return true;
 }
 
-void ZelOwnNumbers::readValues(Part &part)
+void ZelOwnNumbers::readValues(ZelWriteTarget &target, std::vector<double> &numbers)
 {
-    part.target.readOldValues();
-    for (const QVariant &value : std::as_const(part.target.oldValues)) {
+    target.readOldValues();
+    for (const QVariant &value : std::as_const(target.oldValues)) {
         const QVariant shown = m_transformer ? m_transformer->transformedValue(value) : value;
         if (ZelExactInteger::isWide(shown.metaType()))
-            m_integers.insert(qsizetype(m_numbers.size()), shown);
-        m_numbers.push_back(ZelNumberChange::ownNumber(shown));
+            m_integers.insert(qsizetype(numbers.size()), shown);
+        numbers.push_back(ZelNumberChange::ownNumber(shown));
     }
 }
 
 QVariant ZelOwnNumbers::valueAt(qsizetype index) const
 {
     const auto integer = m_integers.constFind(index);
-    return integer == m_integers.constEnd() ? QVariant(m_numbers[size_t(index)]) : *integer;
+    return integer == m_integers.constEnd() ? QVariant(m_numbers->at(size_t(index))) : *integer;
 }
 
 QVariant ZelOwnNumbers::changed(const ZelNumberChange &change, qsizetype index) const
 {
-    return change.value(valueAt(index), index, qsizetype(m_numbers.size()));
+    return change.value(valueAt(index), index, qsizetype(m_numbers->size()));
 }
 
 bool ZelOwnNumbers::isInexact(const ZelNumberChange &change, qsizetype index) const
 {
-    return change.isInexact(valueAt(index), index, qsizetype(m_numbers.size()));
+    return change.isInexact(valueAt(index), index, qsizetype(m_numbers->size()));
 }
 
 void ZelOwnNumbers::write(const ZelNumberChange &change, const ZelRecordedWrite &write)
@@ -125,47 +121,47 @@ void ZelOwnNumbers::write(const ZelNumberChange &change, const ZelRecordedWrite 
     }
 }
 
-void ZelOwnNumbers::writeDoubles(Part &part, qsizetype first, const ZelNumberChange &change,
+void ZelOwnNumbers::writeDoubles(const Part &part, qsizetype first, const ZelNumberChange &change,
                                  const ZelRecordedWrite &write) const
 {
-    const auto count = qsizetype(m_numbers.size());
+    const ZelNumberChange::Numbers numbers = change.numbers(m_numbers);
+    const double *own = m_numbers->data() + first;
+    const double *changed = numbers->data() + first;
     QList<QPointer<QObject>> objects = part.target.objects;
-    ZelValueBlock after(QMetaType::fromType<double>(), objects.size());
+    const QMetaType type = QMetaType::fromType<double>();
+    ZelValueBlock before(type, objects.size());
+    ZelValueBlock after(type, objects.size());
     std::vector<qsizetype> places; // of the objects that change, which are moved to the front of the lists
+    places.reserve(size_t(objects.size()));
     for (qsizetype i = 0; i < objects.size(); ++i) {
-        const double own = doubleAt(part.doubles, i);
-        const double number = changedNumber(change, own, first + i, count);
-        if (number == own || std::isnan(number))
+        if (changed[i] == own[i] || !std::isfinite(changed[i]))
             continue;
         const auto place = qsizetype(places.size());
-        doubleAt(part.doubles, place) = own;
-        doubleAt(after, place) = number;
+        *static_cast<double *>(before.data(place)) = own[i];
+        *static_cast<double *>(after.data(place)) = changed[i];
         if (place < i)
             objects[place] = objects.at(i);
         places.push_back(first + i);
     }
-    const auto changed = qsizetype(places.size());
-    if (changed < objects.size()) {
-        objects.resize(changed);
-        part.doubles.shrink(changed);
-        after.shrink(changed);
+    const auto count = qsizetype(places.size());
+    if (count < objects.size()) { // otherwise the list stays shared, without a copy
+        objects.resize(count);
+        before.shrink(count);
+        after.shrink(count);
     }
-    ZelClassAccessors accessors(part.target.path);
-    const auto refresh = [&](const QObject *object, qsizetype index, const void *before, void *now) {
-        double own = 0;
-        if (accessors.readTyped(object, QMetaType::fromType<double>(), &own) &&
-            own != *static_cast<const double *>(before))
-            *static_cast<double *>(now) = changedNumber(change, own, places[size_t(index)], count);
+    const auto renew = [&](qsizetype index, const void *present, void *value) {
+        *static_cast<double *>(value) = changedNumber(change, *static_cast<const double *>(present),
+                                                      places[size_t(index)], qsizetype(numbers->size()));
     };
-    if (changed > 0)
-        write.setValues(objects, std::move(part.doubles), std::move(after), part.target.path, refresh,
+    if (count > 0)
+        write.setValues(objects, std::move(before), std::move(after), part.target.path, renew,
                         ZelModelValidation::validates(part.target));
 }
 
 void ZelOwnNumbers::writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,
                                 const ZelRecordedWrite &write) const
 {
-    const auto count = qsizetype(m_numbers.size());
+    const auto count = qsizetype(m_numbers->size());
     const ZelPropertyDomain domain = ZelPropertyDomain::ofKeyPath(m_root, m_path);
     qsizetype index = first;
     const auto changed = [&](const QVariant &stored) -> std::optional<QVariant> {

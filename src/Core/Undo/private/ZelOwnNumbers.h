@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Core/Selection/ZelValueBlock.h"
 #include "Core/Undo/private/ZelWriteTarget.h"
 #include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/Values/ZelNumberChange.h"
@@ -21,7 +20,9 @@ public:
     ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelValueTransformerPtr &transformer);
 
     /// NaN for an object without a number.
-    const std::vector<double> &numbers();
+    const ZelNumberChange::Numbers &numbers();
+    /// Whether no double stands for an integer that it may not hold exactly.
+    bool areExact() const { return m_integers.isEmpty(); }
     /// What the change makes of the number at that place, see ZelNumberChange; after numbers() was asked.
     QVariant changed(const ZelNumberChange &change, qsizetype index) const;
     bool isInexact(const ZelNumberChange &change, qsizetype index) const;
@@ -33,15 +34,15 @@ private:
     struct Part
     {
         ZelWriteTarget target;
-        ZelValueBlock doubles; ///< the old values if all are doubles
-        bool isOfDoubles = false;
+        bool isOfDoubles;
     };
 
     QVariant valueAt(qsizetype index) const;
-    void addPart(ZelWriteTarget &&target);
-    bool readDoubles(Part &part);
-    void readValues(Part &part);
-    void writeDoubles(Part &part, qsizetype first, const ZelNumberChange &change, const ZelRecordedWrite &write) const;
+    void addPart(ZelWriteTarget &&target, std::vector<double> &numbers);
+    bool readDoubles(const ZelWriteTarget &target, std::vector<double> &numbers) const;
+    void readValues(ZelWriteTarget &target, std::vector<double> &numbers);
+    void writeDoubles(const Part &part, qsizetype first, const ZelNumberChange &change,
+                      const ZelRecordedWrite &write) const;
     void writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,
                      const ZelRecordedWrite &write) const;
 
@@ -51,6 +52,6 @@ private:
     std::vector<Part> m_parts;
     QPointer<QObject> m_owner; ///< the object that stands for all others, if there is one
     ZelNumbersInterface *m_interface = nullptr;
-    std::vector<double> m_numbers;
+    ZelNumberChange::Numbers m_numbers = std::make_shared<const std::vector<double>>();
     QHash<qsizetype, QVariant> m_integers; ///< those at which a double may not be exact, by their place
 };

@@ -174,7 +174,7 @@ void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPa
 }
 
 void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
-                                 ZelValueBlock newValues, const ZelKeyPath &path, const Refresh &refresh,
+                                 ZelValueBlock newValues, const ZelKeyPath &path, const ZelValueBlock::Renew &renew,
                                  bool mayBeRefused) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
@@ -188,10 +188,10 @@ void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelVal
     }
     ZelFirstException errors;
     errors.run([&] {
-        newValues.write(objects, path, [&](const QObject *object, qsizetype i) {
-            if (refresh)
-                refresh(object, i, oldValues.data(i), newValues.data(i));
-        });
+        if (renew)
+            newValues.write(objects, path, oldValues, renew);
+        else
+            newValues.write(objects, path);
     });
     const bool hasThrown = errors.hasOccurred();
     if (manager)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Core/KeyValue/ZelKeyPath.h"
+#include "Core/Selection/ZelValueBlock.h"
 #include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/Values/ZelNumberChange.h"
 
@@ -12,7 +13,6 @@
 #include <optional>
 
 class ZelUndoManager;
-class ZelValueBlock;
 
 /// Makes a user's writes: records them for undo, and rereads the properties that cannot announce changes.
 ///
@@ -46,13 +46,11 @@ public:
     /// may have changed that one. The path must be a single key to be stored at.
     void mapValues(const QList<QObject *> &objects, const ZelKeyPath &path, const Map &map) const;
 
-    /// Called right before an object, the one of that index, is written. If the object has another value than the old
-    /// one by now, it makes the new value anew.
-    using Refresh = std::function<void(const QObject *, qsizetype index, const void *oldValue, void *newValue)>;
-    /// Stores a value of its own in each object; the caller knows the old ones. Values that are not of one type cannot
-    /// be made anew. A caller who knows that no class of the objects validates the key may say so.
+    /// Stores a value of its own in each object; the caller knows the old ones. If they are of one type, a new value
+    /// can be made anew, see ZelValueBlock. A caller who knows that no class of the objects validates the key may say
+    /// so.
     void setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues, ZelValueBlock newValues,
-                   const ZelKeyPath &path, const Refresh &refresh = {}, bool mayBeRefused = true) const;
+                   const ZelKeyPath &path, const ZelValueBlock::Renew &renew = {}, bool mayBeRefused = true) const;
 
 private:
     ZelUndoManager *m_manager;

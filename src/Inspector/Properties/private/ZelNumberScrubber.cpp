@@ -165,7 +165,7 @@ void ZelNumberScrubber::addNumber(ZelNumberScrubber *scrubber)
 {
     const ZelInspectorNumberProperty *editor = scrubber->m_editor;
     ZelOwnNumbers own(editor->owner(), editor->keyPath(), editor->valueTransformer());
-    m_numbers.push_back({scrubber, std::make_shared<const std::vector<double>>(own.numbers())});
+    m_numbers.push_back({scrubber, own.numbers()});
     scrubber->showScrubbed(true);
 }
 
