@@ -263,8 +263,12 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
-        if (numbers && std::isfinite((*numbers)[size_t(i)]))
+        if (numbers && std::isfinite((*numbers)[size_t(i)])) {
+            const QString reason = refusalOfResult((*numbers)[size_t(i)]);
+            if (!reason.isNull() && refusing++ == 0)
+                firstReason = reason;
             continue;
+        }
         const QVariant number = own.changed(change, i);
         QString reason;
         if (!number.isValid())
