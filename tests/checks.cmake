@@ -23,6 +23,13 @@ list(JOIN folders , folders)
 zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${PROJECT_BINARY_DIR}/install-check
           -D folders=${folders} -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER}
           -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
+if(BUILD_SHARED_LIBS)
+    zel_check(symbols tools/check-symbols.sh $<TARGET_FILE:Zel>)
+endif()
+if(BUILD_SHARED_LIBS AND ZEL_BUILD_TOOL)
+    zel_check(packages tools/check-packages.sh ${PROJECT_BINARY_DIR})
+    set_tests_properties(check_packages PROPERTIES SKIP_RETURN_CODE 77)
+endif()
 
 # Builds the fuzz targets, and runs each for a bounded time.
 if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
@@ -31,4 +38,4 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/tools/fuzz.sh)
 endif()
 
 # They build something in parallel themselves; one at a time keeps the machine for them.
-set_tests_properties(check_tidy check_headers check_threads check_install PROPERTIES RUN_SERIAL ON)
+set_tests_properties(check_tidy check_headers check_threads PROPERTIES RUN_SERIAL ON)

@@ -29,6 +29,7 @@ libclang-rt-14-dev  the fuzzer and sanitizer runtimes for them
 clang-format-14     the format check
 clang-tidy-14       the check of changed lines
 jing                compares the descriptions with their schema once more
+lintian             looks at the Debian packages
 '
 docs='
 doxygen             builds the reference

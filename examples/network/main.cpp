@@ -13,7 +13,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     for (const char *texts : {"network", "inspector"}) { // those of descriptions are in the context "Application"
         auto *translator = new QTranslator(&application);
-        if (translator->load(QLocale(), texts, "_", ":/translations"))
+        if (translator->load(QLocale(), texts, "_", ":/"))
             QCoreApplication::installTranslator(translator);
     }
     ZelClassRegistry::registerClass<LevelProperty>(); // class="LevelProperty" in descriptions

@@ -15,6 +15,7 @@ public:
 
 private:
     QTranslator m_application;
+    QTranslator m_descriptions;
     QTranslator m_qt;
     QString m_current = QStringLiteral("en");
 };

@@ -90,7 +90,10 @@ protected:
     /// Makes the components out of a value's numbers; they are the same by default.
     virtual void makeComponents(Numbers &) const {}
     /// Replaces one component in a value's numbers.
-    virtual void replaceComponent(Numbers &numbers, int index, double component) const { numbers[index] = component; }
+    virtual void replaceComponent(Numbers &numbers, int index, double component) const
+    {
+        numbers[size_t(index)] = component;
+    }
     /// Called when all components are up to date. Components are not written back meanwhile.
     virtual void didUpdateValues() {}
     virtual bool computeInternalEnabled() const { return isEffectivelyEnabled(); }
