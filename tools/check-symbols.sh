@@ -11,12 +11,12 @@ library=$(realpath "$1")
 cd "$(dirname "$0")/.."
 list=src/Zel.symbols
 
-# Functions and data that are defined once, and of the classes what vtables and type names are told by. Others, such as
-# the instances of the standard library's templates, differ from compiler to compiler.
+# Functions and data that are defined in one place. What every program has that needs it, such as instances of templates
+# and vtables of classes without functions, differs from compiler to compiler.
 exported()
 {
     nm --dynamic --defined-only --demangle "$library" |
-        sed -nE 's/^[0-9a-f]+ [TDBR] (.*)$/\1/p; s/^[0-9a-f]+ V ((vtable|typeinfo|typeinfo name) for Zel.*)$/\1/p' |
+        sed -nE 's/^[0-9a-f]+ [TDBR] //p' |
         grep -Ev '^(__bss_start|_edata|_end)$| thunk to ' | sort -u
 }
 
