@@ -34,7 +34,7 @@ function(zel_add_descriptions target)
     if(arg_TS_FILES)
         zel_add_translations(${target})
     endif()
-    zel_add_check(${target})
+    zel_add_check(${target} --complete)
 endfunction()
 
 function(zel_check_descriptions target)
@@ -161,8 +161,7 @@ function(zel_add_check target)
 
     set(collections ${arg_RESOURCES})
     list(FILTER collections INCLUDE REGEX "\\.qrc$")
-
-    set(command Zel::zel check ${arg_FILES})
+    set(command Zel::zel check ${arg_FILES} ${ARGN})
     if(arg_WERROR)
         list(APPEND command --werror)
     endif()

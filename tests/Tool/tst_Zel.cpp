@@ -406,6 +406,11 @@ private Q_SLOTS:
                                 "The file includes itself: Loop.xml > Loop.xml\n")
                      .arg(folder));
         QCOMPARE(outcome.status, 1);
+
+        const Outcome complete = zel({"check", "Rows.xml", "Main.xml", "--resources", "shared", "--complete"});
+        QCOMPARE(complete.output.split(u'\n').filter(QStringLiteral("not among")),
+                 QStringList("Main.xml:6:20: error: The file \"Pane.xml\" is there, but not among the files that are "
+                             "given"));
     }
 
     void formatsAndExitStatus()

@@ -20,6 +20,7 @@ int runCheck(const QCommandLineParser &arguments)
     options.colorLists = values("color-list");
     options.propertyTypes = values("property-type");
     options.keys = values("key");
+    options.isComplete = arguments.isSet(QStringLiteral("complete"));
     const QString selections = values("selection").join(u' ');
     if (const QString wrong = ZelDescriptionChecker::readSelections(selections, options.selections); !wrong.isNull())
         return wrongUsage(QStringLiteral("--selection takes PATH=CLASS, not \"%1\".").arg(wrong));

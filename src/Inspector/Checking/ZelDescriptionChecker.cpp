@@ -6,6 +6,7 @@
 #include "Inspector/Checking/private/ZelTypeCheck.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
+#include <QFileInfo>
 #include <QSet>
 #include <algorithm>
 #include <tuple>
@@ -23,6 +24,7 @@ public:
 private:
     void readTypes();
     void visit(const ZelDescriptionWalk::Node &node);
+    void checkIncluded(const ZelDescriptionWalk::Node &node);
     void add(Mistake mistake);
 
     const Options &m_options;
@@ -32,6 +34,7 @@ private:
     ZelAttributePlaces m_places;
     QList<Mistake> m_mistakes;
     QSet<QString> m_known;
+    QSet<QString> m_files;
 };
 
 Checker::Run::Run(const Options &options)
@@ -44,6 +47,8 @@ Checker::Run::Run(const Options &options)
 QList<Mistake> Checker::Run::check(const QStringList &files)
 {
     readTypes();
+    for (const QString &file : files)
+        m_files.insert(QFileInfo(file).canonicalFilePath());
     m_walk.walk(files);
     QStringList order; // files as they were come across
     for (const Mistake &mistake : std::as_const(m_mistakes))
@@ -77,6 +82,20 @@ void Checker::Run::visit(const ZelDescriptionWalk::Node &node)
     ZelReferenceCheck(m_options, m_types, m_walk, m_report).check(node);
     ZelTypeCheck(m_types, !m_options.typeFiles.isEmpty(), {m_options.owner, m_options.selections}, m_report)
         .check(node);
+    if (m_options.isComplete)
+        checkIncluded(node);
+}
+
+/// A file that lies beside the others may have been forgotten where the resources of the program are listed.
+void Checker::Run::checkIncluded(const ZelDescriptionWalk::Node &node)
+{
+    const QString file = QFileInfo(m_walk.fileOf(node.element).toLocalFile()).canonicalFilePath();
+    if (file.isEmpty() || m_files.contains(file) || m_walk.isResource(file))
+        return;
+    m_report({Mistake::Error,
+              QStringLiteral("The file \"%1\" is there, but not among the files that are given")
+                  .arg(node.element.stringValueNamed(u"file")),
+              node.element.place(), QStringLiteral("file")});
 }
 
 void Checker::Run::add(Mistake mistake)

@@ -35,6 +35,8 @@ public:
         /// "Class.key": what a class has beyond the properties that it declares, or has on purpose without a NOTIFY
         /// signal
         QStringList keys;
+        /// Whether included files are to be among those that are checked, or in a resource folder.
+        bool isComplete = false;
     };
 
     explicit ZelDescriptionChecker(const Options &options);
