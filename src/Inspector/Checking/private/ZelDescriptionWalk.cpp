@@ -113,6 +113,16 @@ QString ZelDescriptionWalk::pathOf(const QString &name, const Configuration &ele
     return m_aliases.value(cleanName);
 }
 
+bool ZelDescriptionWalk::isResource(const QString &file) const
+{
+    const auto isBelow = [&](const QString &folder) {
+        const QString path = canonical(folder);
+        return !path.isEmpty() && file.startsWith(path + u'/');
+    };
+    const auto isAlias = [&](const QString &path) { return canonical(path) == file; };
+    return std::ranges::any_of(m_folders, isBelow) || std::ranges::any_of(m_aliases, isAlias);
+}
+
 QStringList ZelDescriptionWalk::namesBeside(const Configuration &element) const
 {
     QStringList names;

@@ -38,6 +38,8 @@ public:
     QString pathOf(const QString &name, const Configuration &element) const;
     /// The names of all files in these folders.
     QStringList namesBeside(const Configuration &element) const;
+    /// Whether the file, a canonical path, lies below one of the folders or is named in a file of Qt's resources.
+    bool isResource(const QString &file) const;
 
 private:
     QStringList foldersFor(const Configuration &element) const;
