@@ -329,6 +329,11 @@ private Q_SLOTS:
              "2:9: error: Unknown attribute \"keyPath\" of <sliver>, it belongs in <chooser> or <property>"},
             {lamp("string", "label", "enabledValueTransformer='ZelIsApplicable'"),
              "2:57: warning: enabledValueTransformer has no effect without enabledKeyPath"},
+            {lamp("string", "label", "enabled='no' enabledKeyPath='best.on'"),
+             "2:57: warning: enabled has no effect beside enabledKeyPath"},
+            {inSliver("<property type='enumeration' style='segmented' keyPath='lamps.selection.kind'><option-group>\n"
+                      "<option value='Desk'/></option-group></property>"),
+             "3:1: warning: The segment shows nothing: the option has no image"},
             {"<slice types:selections='lamps=Lamp'/>",
              "1:8: error: Unknown attribute \"types:selections\", did you mean \"types:selection\"?"},
             // Values
@@ -345,7 +350,7 @@ private Q_SLOTS:
             {property("type='action' actionSelector='clean()'"),
              "2:25: error: Room has no slot or invokable method \"clean()\", did you mean \"clean\"?"},
             {"<slice title='Lamp & Co'/>", "1:21: error: Unable to read file from URL file://" + m_folder->path() +
-                                               "/22.xml: The document is not well-formed. A plain ampersand is "
+                                               "/24.xml: The document is not well-formed. A plain ampersand is "
                                                "written as &amp;."},
             // Types and classes
             {lamp("bool", "on"), "2:11: error: Type not suppored: bool, did you mean \"boolean\"?"},
@@ -553,7 +558,7 @@ private Q_SLOTS:
         QCOMPARE(zel({"schema", "--rng", "-o", "schema.rng"}).status, 0);
         QCOMPARE(zel({"schema", "--xsd", "-o", "schema.xsd"}).status, 0);
         QStringList files;
-        for (const char *folder : {"examples", "docs", "tests/install", "tests/storm"}) {
+        for (const char *folder : {"examples", "docs", "tests/install", "tests/storm", "tools"}) {
             QDirIterator found(QStringLiteral(ZEL_SOURCES "/") + folder, {"*.xml"}, QDir::Files,
                                QDirIterator::Subdirectories);
             while (found.hasNext())

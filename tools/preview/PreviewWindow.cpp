@@ -47,6 +47,7 @@ QPalette darkPalette()
     QPalette palette(QColor(0x2b, 0x2b, 0x2e));
     palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
     palette.setColor(QPalette::Highlight, QColor(0x3d, 0x6f, 0xb4));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x55, 0x55, 0x5a));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3a, 0x3e));
     palette.setColor(QPalette::ToolTipText, Qt::white);

@@ -400,7 +400,7 @@ void ZelTextField::paintText(const QString &string, ZelFormatter::Range unit, bo
         dimmed.start = int(unit.start);
         dimmed.length = int(std::min(unit.length, shown.size() - unit.start));
         const QColor unitColor = palette().color(QPalette::Disabled, QPalette::Text);
-        dimmed.format.setForeground(ZelThemeColor::legible(unitColor, palette()));
+        dimmed.format.setForeground(isEnabled() ? ZelThemeColor::legible(unitColor, palette()) : unitColor);
         if (dimmed.length > 0)
             layout.setFormats({dimmed});
     }

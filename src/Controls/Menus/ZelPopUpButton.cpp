@@ -423,7 +423,8 @@ void ZelPopUpButton::paintEvent(QPaintEvent *)
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     int width = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
     const QAction *item = shownItem();
-    if (item && !ZelIsControllerMarker(item->data())) {
+    const QVariant shown = item && !m_pullsDown ? item->data() : m_value.value();
+    if (item && !ZelIsControllerMarker(shown)) {
         option.currentIcon = item->icon();
         if (!option.currentIcon.isNull())
             width -= option.iconSize.width() + 4;

@@ -207,6 +207,7 @@ void ZelInspectorTextEnumerationProperty::updateFlags(const QVariant &value)
     if (m_textField)
         m_textField->setObjectValue(text);
     if (m_popUpButton) {
+        m_popUpButton->setObjectValue(ZelIsControllerMarker(value) || !isNone ? value : none); // a marker is dimmed
         m_popUpButton->setEnabled(!isNone && isWritable() && isEffectivelyEnabled());
         ZelControlSupport::announceValue(m_popUpButton.data());
     }

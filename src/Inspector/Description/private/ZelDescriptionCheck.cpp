@@ -5,6 +5,7 @@
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Description/NSColor+ZelInspector.h"
 #include "Inspector/Description/private/ZelDescriptionHints.h"
+#include "Inspector/Description/private/ZelUselessParts.h"
 
 #include <QColor>
 #include <QDateTime>
@@ -115,20 +116,6 @@ bool isOneOf(QStringView text, const Schema::Words &words)
     const Qt::CaseSensitivity sensitivity = words.isAnyCase ? Qt::CaseInsensitive : Qt::CaseSensitive;
     return std::ranges::any_of(words.words, [&](QStringView word) { return text.compare(word, sensitivity) == 0; });
 }
-
-struct Useless
-{
-    QStringView type;
-    std::array<QStringView, 2> attributes; ///< without any of these
-    const char *message;
-};
-constexpr Useless g_useless[] = {
-    {u"action",
-     {u"actionSelector", u"menuItemsKeyPath"},
-     "The button does nothing: it has neither actionSelector nor menuItemsKeyPath"},
-    {u"custom", {u"class"}, "The editor shows nothing: it has no class"},
-    {u"resource", {u"resourcesKeyPath"}, "The editor offers no names: it has no resourcesKeyPath"},
-};
 
 QStringList namesOf(const Schema::Element &schema)
 {
@@ -294,28 +281,12 @@ void ZelDescriptionCheck::checkRequired(const Configuration &element, const Sche
         report(element, {},
                schema.required == u"type" ? QStringLiteral("Property type not given")
                                           : QStringLiteral("%1 has no %2").arg(tagOf(element), schema.required));
-    for (const Useless &useless : g_useless) {
-        const auto isThere = [&](QStringView name) { return !name.isNull() && element.hasValueNamed(name); };
-        if (schema.type == useless.type && std::ranges::none_of(useless.attributes, isThere))
-            m_report({ZelDescriptionMistake::Warning, QString::fromLatin1(useless.message), element.place()});
-    }
-    checkTransformers(element, schema);
+    for (const ZelDescriptionMistake &useless : ZelUselessParts::of(element, schema))
+        m_report(useless);
     const bool isInOtherFile = schema.role == u"pane" && element.hasValueNamed(u"file");
     if (!schema.refusalWithoutChildren.isNull() && !isInOtherFile &&
         element.configurationsNamed(schema.children.front()).isEmpty())
         report(element, {}, schema.refusalWithoutChildren.toString());
-}
-
-/// A transformer of a condition is of no use without the condition.
-void ZelDescriptionCheck::checkTransformers(const Configuration &element, const Schema::Element &schema) const
-{
-    static const QString ending = QStringLiteral("ValueTransformer");
-    for (const QString &name : namesOf(schema)) {
-        const QString keyPath = name.chopped(std::min(ending.size(), name.size())) + QStringLiteral("KeyPath");
-        if (name.endsWith(ending) && element.hasValueNamed(name) && !element.hasValueNamed(keyPath))
-            m_report({ZelDescriptionMistake::Warning, QStringLiteral("%1 has no effect without %2").arg(name, keyPath),
-                      element.place(), name});
-    }
 }
 
 /// The default is a value of the editor's type, or one of the model where a transformer stands between them.

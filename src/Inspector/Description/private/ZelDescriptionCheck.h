@@ -50,7 +50,6 @@ private:
     void checkValue(const Configuration &element, const Schema::Attribute &known, QStringView text) const;
     void checkChildren(const Configuration &element, const Schema::Element &schema) const;
     void checkRequired(const Configuration &element, const Schema::Element &schema) const;
-    void checkTransformers(const Configuration &element, const Schema::Element &schema) const;
     void checkDefault(const Configuration &element, const Schema::Element &schema) const;
     QString fileMeantBy(const QString &name, const Configuration &element) const;
     void checkRange(const Configuration &element) const;
