@@ -1,32 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/private/ZelInspectorSearch.h"
 
-#include "Controls/ZelCheckBox.h"
-#include "Controls/ZelLabel.h"
 #include "Core/Values/private/ZelAssign.h"
-#include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/ZelInspector.h"
-#include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Inspector/private/ZelFoldedText.h"
 #include "Inspector/private/ZelSearchBar.h"
-#include "Resources/ZelLocalizedString.h"
+#include "Inspector/private/ZelSearchOutcome.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QSet>
 #include <algorithm>
-#include <numeric>
 
 namespace {
 
-using Kind = ZelSearchIndex::Kind;
-
-constexpr qsizetype g_notedRows = 20; // of a pane; the others are counted
 constexpr int g_scrollMargin = 8;
 constexpr int g_smallestRowHeight = 16; // pixels
 constexpr double g_restDelay = 0.02;    // seconds, in which what is in sight is painted
@@ -35,50 +26,6 @@ constexpr int g_rounds = 8;             // of updates that cause each other
 bool takesTab(const QWidget *widget)
 {
     return (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget->isEnabled() && widget->isVisible();
-}
-
-/// The row with the texts of the node: a chooser's own is the one with its pop-up.
-ZelInspectorSliver *rowOf(const ZelSearchIndex::Node &node)
-{
-    if (node.kind == Kind::Chooser && node.container)
-        return static_cast<ZelInspectorChooser *>(node.container.data())->sliver();
-    return node.kind == Kind::Row ? static_cast<ZelInspectorSliver *>(node.container.data()) : nullptr;
-}
-
-/// Calls back with the widget and its title if it is of a kind that shows marks in it.
-template<typename Visit> void visitTitle(QWidget *widget, Visit &&visit)
-{
-    if (auto *label = qobject_cast<ZelLabel *>(widget))
-        visit(label, label->text());
-    else if (auto *box = qobject_cast<ZelCheckBox *>(widget))
-        visit(box, box->title());
-    else if (auto *header = qobject_cast<ZelExpandableHeader *>(widget))
-        visit(header, header->title());
-}
-
-/// The widgets with the titles by which the node is found: those of all parts of a row.
-QList<QWidget *> titledOf(const ZelSearchIndex::Node &node)
-{
-    if (!node.container || !node.container->isViewLoaded())
-        return {};
-    if (node.kind == Kind::Section)
-        return {static_cast<ZelInspectorSection *>(node.container.data())->label()};
-    if (node.kind == Kind::Inspector) {
-        const auto *box = qobject_cast<ZelExpandableView *>(node.container->view());
-        return {box ? box->header() : nullptr};
-    }
-    ZelInspectorSliver *row = rowOf(node);
-    return row && row->isViewLoaded() ? row->view()->findChildren<QWidget *>() : QList<QWidget *>();
-}
-
-QString outcomeText(int found, int hidden)
-{
-    if (hidden == 0)
-        return found == 0 ? ZelLocalizedString("Nothing found")
-                          : ZelLocalizedString("%1 found").arg(QLocale().toString(found));
-    if (found == 0)
-        return ZelLocalizedString("%1 hidden").arg(QLocale().toString(hidden));
-    return ZelLocalizedString("%1 found, %2 hidden").arg(QLocale().toString(found), QLocale().toString(hidden));
 }
 
 } // namespace
@@ -188,7 +135,7 @@ void ZelInspectorSearch::focusFirstFound()
         return;
     QSet<const QWidget *> rows;
     for (const Node &node : m_index->nodes()) {
-        ZelInspectorSliver *row = rowOf(node);
+        ZelInspectorSliver *row = node.row();
         if (row && row->isViewLoaded() && row->view()->isVisible())
             rows.insert(row->view());
     }
@@ -398,8 +345,8 @@ ZelInspectorSearch::Containers ZelInspectorSearch::apply(const std::vector<Filte
         const Node &node = index->nodes()[i];
         if (isWithin[i] || !node.container || !part.has(node, i))
             return;
-        if (node.kind == Kind::Chooser)
-            set(rowOf(node), filters[i].leavesOutRow, isNow);
+        if (node.kind == ZelSearchIndex::Kind::Chooser)
+            set(node.row(), filters[i].leavesOutRow, isNow);
         set(node.conditional(), filters[i].leavesOut, isNow);
     };
     for (size_t i = 0; i < filters.size(); ++i) {
@@ -428,7 +375,7 @@ void ZelInspectorSearch::giveBack()
     m_foundCount = 0;
     m_words.clear();
     m_findings.clear();
-    mark({}, {});
+    m_marks.clear();
     for (const QPointer<ZelExpandableView> &box : std::exchange(m_unfolded, {})) {
         if (box)
             box->setExpanded(false);
@@ -440,9 +387,8 @@ void ZelInspectorSearch::giveBack()
         selectPane(m_formerPane ? m_inspector->panes().indexOf(m_formerPane) : -1);
     if (!alive)
         return;
-    const QList<ZelInspectorPane *> panes = m_inspector->panes();
-    showNotes(std::vector<QStringList>(size_t(panes.size())));
-    setTabCounts(std::vector<int>(size_t(panes.size()), -1));
+    showNotes({});
+    setTabCounts(std::vector<int>(size_t(m_inspector->panes().size()), -1));
     settle(changed);
     scrollTo(positions);
     if (alive)
@@ -456,7 +402,7 @@ void ZelInspectorSearch::giveBack()
 
 void ZelInspectorSearch::unfold(const Node &node)
 {
-    if (node.kind != Kind::Inspector || !node.container || !node.container->isViewLoaded())
+    if (node.kind != ZelSearchIndex::Kind::Inspector || !node.container || !node.container->isViewLoaded())
         return;
     auto *box = qobject_cast<ZelExpandableView *>(node.container->view());
     if (!box || box->isExpanded())
@@ -515,70 +461,28 @@ void ZelInspectorSearch::markParts(const Part &part)
         const Node &node = m_index->nodes()[i];
         if (!part.has(node, i) || !m_findings[i].contains)
             continue;
-        for (QWidget *widget : titledOf(node))
+        for (QWidget *widget : ZelSearchMarks::titledOf(node))
             titled.emplace_back(widget);
     }
-    mark(std::move(titled), m_words);
-}
-
-/// Marks the words in the titles, and nothing in those that were marked before.
-void ZelInspectorSearch::mark(std::vector<QPointer<QWidget>> titled, const QStringList &words)
-{
-    const std::vector<QPointer<QWidget>> former = std::exchange(m_marked, {});
-    QSet<const QWidget *> present;
-    for (const QPointer<QWidget> &widget : titled) {
-        visitTitle(widget, [&](auto *shown, const QString &title) {
-            const QList<ZelLabel::Part> parts = ZelFoldedText::partsOf(title, words);
-            if (parts.isEmpty())
-                return;
-            shown->setMarkedParts(parts);
-            present.insert(shown);
-            m_marked.emplace_back(shown);
-        });
-    }
-    for (const QPointer<QWidget> &widget : former) {
-        if (widget && !present.contains(widget))
-            visitTitle(widget, [](auto *shown, const QString &) { shown->setMarkedParts({}); });
-    }
+    m_marks.mark(titled, m_words);
 }
 
 /// Says what was found, and answers the pane in which it is to be seen.
 qsizetype ZelInspectorSearch::showOutcome()
 {
-    const size_t paneCount = size_t(m_inspector->panes().size());
-    std::vector<int> found(paneCount);
-    std::vector<QStringList> notes(paneCount);
-    int hiddenCount = 0;
-    for (size_t i = 0; i < m_findings.size(); ++i) {
-        const Node &node = m_index->nodes()[i];
-        const Finding &finding = m_findings[i];
-        if (!finding.matches || size_t(node.pane) >= paneCount)
-            continue;
-        QStringList &notesOfPane = notes[size_t(node.pane)];
-        if (finding.hiddenBy < 0)
-            ++found[size_t(node.pane)];
-        else if (++hiddenCount; notesOfPane.size() < g_notedRows)
-            notesOfPane.append(m_index->reasonFor(node, m_index->nodes()[size_t(finding.hiddenBy)]));
-        else if (notesOfPane.size() == g_notedRows)
-            notesOfPane.append(QStringLiteral("…"));
-    }
-    m_foundCount = std::accumulate(found.begin(), found.end(), 0);
-    m_bar->setOutcome(outcomeText(m_foundCount, hiddenCount));
-    showNotes(notes);
-    std::vector<int> counts = found;
-    for (size_t i = 0; i < paneCount; ++i) {
-        if (counts[i] == 0 && !notes[i].isEmpty())
-            counts[i] = -1; // no number, but not dimmed either: there is something to be read
-    }
-    setTabCounts(counts);
-    return paneToShow(found, notes);
+    const ZelSearchOutcome outcome(*m_index, m_findings, size_t(m_inspector->panes().size()));
+    m_foundCount = outcome.foundCount();
+    m_bar->setOutcome(outcome.text());
+    showNotes(outcome.notes());
+    setTabCounts(outcome.tabCounts());
+    return outcome.paneToShow(qsizetype(m_inspector->selectedPaneIndex()));
 }
 
-void ZelInspectorSearch::showNotes(const std::vector<QStringList> &notes)
+void ZelInspectorSearch::showNotes(const QStringList &notes)
 {
     const QList<ZelInspectorPane *> panes = m_inspector->panes();
-    for (qsizetype i = 0; i < panes.size() && size_t(i) < notes.size(); ++i)
-        panes.at(i)->setNote(notes[size_t(i)].join(u'\n'));
+    for (qsizetype i = 0; i < panes.size(); ++i)
+        panes.at(i)->setNote(notes.value(i));
 }
 
 void ZelInspectorSearch::setTabCounts(const std::vector<int> &counts)
@@ -587,27 +491,6 @@ void ZelInspectorSearch::setTabCounts(const std::vector<int> &counts)
         m_inspector->tabBar() ? m_inspector->tabBar()->items() : QList<ZelTabBarItem *>();
     for (qsizetype i = 0; i < items.size() && size_t(i) < counts.size(); ++i)
         items.at(i)->setCount(counts[size_t(i)]);
-}
-
-/// The present pane, unless nothing was found in it: then the first one with a row that is shown, or else with a hidden
-/// one.
-qsizetype ZelInspectorSearch::paneToShow(const std::vector<int> &found, const std::vector<QStringList> &notes) const
-{
-    const auto current = qsizetype(m_inspector->selectedPaneIndex());
-    const auto paneWith = [&](const auto &has) {
-        if (current < qsizetype(found.size()) && has(size_t(current)))
-            return current;
-        for (size_t i = 0; i < found.size(); ++i) {
-            if (has(i))
-                return qsizetype(i);
-        }
-        return qsizetype(-1);
-    };
-    const qsizetype pane = paneWith([&](size_t i) { return found[i] > 0; });
-    if (pane >= 0)
-        return pane;
-    const qsizetype paneWithNotes = paneWith([&](size_t i) { return !notes[i].isEmpty(); });
-    return paneWithNotes >= 0 ? paneWithNotes : current;
 }
 
 void ZelInspectorSearch::selectPane(qsizetype index)

@@ -3,7 +3,7 @@
 
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/RunLoop/ZelMemberScope.h"
-#include "Inspector/private/ZelSearchIndex.h"
+#include "Inspector/private/ZelSearchMarks.h"
 #include "Observation/ZelDelayedInvocation.h"
 
 #include <limits>
@@ -88,11 +88,9 @@ private:
     static void scrollTo(const ScrollPositions &positions);
 
     void markParts(const Part &part);
-    void mark(std::vector<QPointer<QWidget>> titled, const QStringList &words);
     qsizetype showOutcome();
-    void showNotes(const std::vector<QStringList> &notes);
+    void showNotes(const QStringList &notes);
     void setTabCounts(const std::vector<int> &counts);
-    qsizetype paneToShow(const std::vector<int> &found, const std::vector<QStringList> &notes) const;
     void selectPane(qsizetype index);
 
     ZelTabbedInspector *m_inspector;
@@ -104,7 +102,7 @@ private:
     ZelDelayedInvocation m_filterRest{[this] { filterRest(); }};
     QStringList m_words;
     std::vector<Finding> m_findings; // for each node of the index, while there is a search
-    std::vector<QPointer<QWidget>> m_marked;
+    ZelSearchMarks m_marks;
     int m_foundCount = 0;
     bool m_isOn = false;
     bool m_isOutdated = false; // the index

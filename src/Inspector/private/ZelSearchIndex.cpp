@@ -77,6 +77,13 @@ ZelInspectorConditionalContainer *ZelSearchIndex::Node::conditional() const
     return hasCondition ? static_cast<ZelInspectorConditionalContainer *>(container.data()) : nullptr;
 }
 
+ZelInspectorSliver *ZelSearchIndex::Node::row() const
+{
+    if (kind == Kind::Chooser && container)
+        return static_cast<ZelInspectorChooser *>(container.data())->sliver();
+    return kind == Kind::Row ? static_cast<ZelInspectorSliver *>(container.data()) : nullptr;
+}
+
 // Making the index
 
 ZelSearchIndex::ZelSearchIndex(const QList<ZelInspectorPane *> &panes)

@@ -32,6 +32,8 @@ public:
 
         /// Null for panes and choices, which have no conditions.
         ZelInspectorConditionalContainer *conditional() const;
+        /// The row with the texts of the node; a chooser's own is the one with its pop-up. Null for other nodes.
+        ZelInspectorSliver *row() const;
     };
     struct Finding
     {
