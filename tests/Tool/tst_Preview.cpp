@@ -105,10 +105,12 @@ private Q_SLOTS:
         show("<slice class='BandedSlice' visibleKeyPath='isOpen'><section visibleKeyPath='lamps.selectedObjects'"
              " visibleValueTransformer='ZelIsNotEmptyTransformerName'>"
              "<sliver title='A'>" +
-             selected("number", "watts", "minimum='5' maximum='9'") + selected("boolean", "bold", "bits='0x4'") +
-             selected("string", "label", "allowsNilValues='yes'") + selected("string", "rich", "attributed='yes'") +
-             selected("color", "tint") + selected("date", "made") + selected("font", "font") +
-             selected("resource", "pattern", "resourcesKeyPath='document.names'") + selected("size", "size") +
+             selected("number", "watts", "minimum='5' maximum='9'") +
+             selected("number", "price", "minimum='-1e308' maximum='1.7e308'") +
+             selected("boolean", "bold", "bits='0x4'") + selected("string", "label", "allowsNilValues='yes'") +
+             selected("string", "rich", "attributed='yes'") + selected("color", "tint") + selected("date", "made") +
+             selected("font", "font") + selected("resource", "pattern", "resourcesKeyPath='document.names'") +
+             selected("size", "size") +
              selected("frame", "frame", "showOriginSelector='yes' flippedKeyPath='document.isFlipped'") +
              selected("custom", "swatch", "class='SwatchEditor' valueTransformer='Inches'") +
              selected("knob", "angle") + "<property type='included' file='Row.xml'/>" +
@@ -116,7 +118,8 @@ private Q_SLOTS:
              "<property type='enumeration' keyPath='lamps.selection.kind'><option-group><option title='B' value='beta'"
              " image='Beta'/></option-group></property>"
              "<property type='enumeration' style='segmented' bitMask='0x30' keyPath='lamps.selection.style'>"
-             "<option-group><option title='L' value='0x10'/><option title='R' value='0x20'/></option-group></property>"
+             "<option-group><option image='Beta' value='0x10'/><option image='Beta' "
+             "value='0x20'/></option-group></property>"
              "<property type='action' title='Reset' actionSelector='reset:' enabledKeyPath='canReset'/>"
              "<property type='action' title='More' menuItemsKeyPath='actions'/>"
              "</sliver><chooser title='C' keyPath='lamps.selection.shape'><choice title='One' value='7'/></chooser>"
@@ -131,6 +134,7 @@ private Q_SLOTS:
         }
         select("One");
         QCOMPARE(value("watts"), "6");
+        QCOMPARE(value("price"), "10"); // the limits of a type tell nothing
         QCOMPARE(value("kind"), "beta");
         QCOMPARE(value("style"), "16");
         QCOMPARE(value("shape"), "7");

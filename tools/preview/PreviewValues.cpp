@@ -11,6 +11,7 @@
 #include <QMetaEnum>
 #include <QRectF>
 #include <cmath>
+#include <limits>
 
 using Kind = PreviewNeeds::Kind;
 
@@ -27,12 +28,19 @@ QString textFor(const QString &key, int index)
 }
 
 /// Between the limits, if there are any, and different for each index.
+/// Limits as far off as those of a type tell nothing of usual values.
+bool isNear(const std::optional<double> &limit)
+{
+    constexpr double far = 1e6;
+    return limit && std::abs(*limit) < far;
+}
+
 double numberFor(const PreviewNeeds::Value &needed, int index)
 {
     const double part = 0.25 + 0.2 * index;
-    const double start = needed.minimum.value_or(0);
-    if (!needed.maximum)
-        return start + 10 * (index + 1);
+    const double start = isNear(needed.minimum) ? *needed.minimum : 0;
+    if (!isNear(needed.maximum) || *needed.maximum < start)
+        return std::min(start + 10 * (index + 1), needed.maximum.value_or(std::numeric_limits<double>::max()));
     const double number = start + part * (*needed.maximum - start);
     return *needed.maximum - start >= 10 ? std::round(number) : number;
 }

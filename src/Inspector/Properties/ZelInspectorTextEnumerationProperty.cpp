@@ -207,9 +207,10 @@ void ZelInspectorTextEnumerationProperty::updateFlags(const QVariant &value)
     if (m_textField)
         m_textField->setObjectValue(text);
     if (m_popUpButton) {
-        m_popUpButton->setObjectValue(ZelIsControllerMarker(value) || !isNone ? value : none); // a marker is dimmed
         m_popUpButton->setEnabled(!isNone && isWritable() && isEffectivelyEnabled());
         ZelControlSupport::announceValue(m_popUpButton.data());
+        // A marker is dimmed. It comes last, since whoever hears of it may do anything.
+        m_popUpButton->setObjectValue(ZelIsNull(value) ? none : value);
     }
 }
 
