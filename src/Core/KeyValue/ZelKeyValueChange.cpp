@@ -64,6 +64,9 @@ bool ZelKeyValueChangeSource::differ(const ZelKeptValue &oldValue, const QVarian
 {
     if (oldValue.hasDied())
         return true;
+    const int type = newValue.typeId();
+    if (type < QMetaType::User && oldValue.value().typeId() == type) // the null object is of a type of its own
+        return ZelNotEqual(oldValue.value(), newValue);
     const bool isNone = ZelIsNull(newValue);
     return ZelIsNull(oldValue.value()) != isNone || (!isNone && ZelNotEqual(oldValue.value(), newValue));
 }

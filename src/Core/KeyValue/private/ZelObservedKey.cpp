@@ -54,6 +54,7 @@ ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
     : m_object(object)
     , m_class(object->metaObject())
     , m_key(key)
+    , m_path(key)
     , m_interface(ZelPropertyAccessor::interfaceOf(object))
 {
 }
@@ -145,7 +146,7 @@ void ZelObservedKey::add(const Registration &registration)
         ++m_priorObservers;
     if (++m_observers == 1)
         startObserving();
-    if (!m_remembers && (m_oldObservers > 0 || (m_accessor && !m_announcesItself && isSilent())))
+    if (!m_remembers && !m_announcesItself && (m_oldObservers > 0 || (m_accessor && isSilent())))
         rememberValue();
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
@@ -211,9 +212,8 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
             if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
                 continue;
             change.m_options = registration.options;
-            const ZelKeyPath path = registration.path; // the registration may move while the observer runs
             failure.run(
-                [&] { registration.observer->observeValueForKeyPath(path, m_object, change, registration.context); });
+                [&] { registration.observer->observeValueForKeyPath(m_path, m_object, change, registration.context); });
         }
         failure.rethrow();
     });
@@ -224,7 +224,11 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     ZelRequireMainThread();
     if (byObject && !m_announcesItself)
         beginAnnouncing();
-    if (!isObserved() || !isReadable())
+    if (m_oldObservers == 0 && m_priorObservers == 0) {
+        m_announcements += isObserved() ? 1 : 0; // whether it is readable matters at the end
+        return;
+    }
+    if (!isReadable())
         return;
     const Hold hold(this);
     const int announcement = ++m_announcements;
@@ -244,17 +248,15 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     deliver(kind, source, indexes, true);
 }
 
-/// Notes that the object announces changes. From now on no value needs to be remembered for finding silent changes.
+/// Notes that the object announces changes. From now on no value needs to be remembered: the announcements bring the
+/// old ones.
 void ZelObservedKey::beginAnnouncing()
 {
     m_announcesItself = true;
-    if (m_interface)
-        return; // the objects for which it answers may be silent all the same
-    ZelSilentKeys::remove(this);
-    if (m_oldObservers > 0)
-        return;
     m_remembers = false;
     m_last.clear();
+    if (!m_interface) // the objects for which it answers may be silent all the same
+        ZelSilentKeys::remove(this);
 }
 
 void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject)
@@ -271,9 +273,12 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     // If the setter has announced the change itself meanwhile, the announcement from outside would be a second one.
     if (!isObserved() || (!byObject && m_announcesItself) || !isReadable())
         return;
-    if (m_remembers)
+    Source source(*this, kind, indexes, old);
+    if (m_remembers) {
         m_last.keep(read());
-    const Source source(*this, kind, indexes, old);
+        if (kind == ZelKeyValueChangeSetting)
+            source.setNewValue(m_last.value());
+    }
     deliver(kind, source, indexes, false);
 }
 

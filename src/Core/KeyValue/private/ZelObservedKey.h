@@ -106,6 +106,7 @@ private:
     QPointer<QObject> m_object;
     mutable const QMetaObject *m_class; // the object's class, as seen last
     ZelKey m_key;
+    ZelKeyPath m_path; // the same; registrations move while observers run
     mutable const ZelPropertyAccessor *m_accessor = nullptr;
     ZelKeyValueCodingInterface *m_interface = nullptr;
     std::vector<Registration> m_registrations;
