@@ -230,10 +230,10 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(const Component &com
     if (edit->objects.isEmpty())
         return true;
     const QPointer<ZelInspectorCompositeProperty> alive(this);
-    const std::vector<qsizetype> places = std::move(edit->places);
+    const ZelPlaces places = std::move(edit->places);
     const auto renew = [&](qsizetype i, const void *present, void *value) {
         if (alive)
-            column.change(present, value, [&](Numbers &now) { replace(now, component, places[size_t(i)]); });
+            column.change(present, value, [&](Numbers &now) { replace(now, component, places.at(i)); });
     };
     const bool mayBeRefused = ZelModelValidation::mayRefuse(selection.controller->selection(), selection.key);
     ZelRecordedWrite(undoManager())

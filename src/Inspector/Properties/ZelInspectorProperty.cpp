@@ -41,6 +41,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QKeyEvent>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -258,17 +259,18 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
     const auto count = qsizetype(own.numbers()->size());
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
     const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
-    const auto numbers = takesAll && own.areExact() ? change.numbers(own.numbers()) : nullptr;
+    if (takesAll && own.areExact() && count > 0) {
+        const std::vector<double> &results = *change.numbers(own.numbers());
+        const auto [least, greatest] = std::minmax_element(results.begin(), results.end());
+        const bool areNumbers = std::all_of(results.begin(), results.end(), [](double r) { return std::isfinite(r); });
+        // A limit that holds for the least and the greatest result holds for all.
+        if (areNumbers && refusalOfResult(*least).isNull() && refusalOfResult(*greatest).isNull())
+            return {};
+    }
     const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
-        if (numbers && std::isfinite((*numbers)[size_t(i)])) {
-            const QString reason = refusalOfResult((*numbers)[size_t(i)]);
-            if (!reason.isNull() && refusing++ == 0)
-                firstReason = reason;
-            continue;
-        }
         const QVariant number = own.changed(change, i);
         QString reason;
         if (!number.isValid())

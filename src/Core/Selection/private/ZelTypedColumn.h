@@ -4,6 +4,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Selection/ZelValueBlock.h"
+#include "Core/Selection/private/ZelPlaces.h"
 #include "Core/Values/ZelGeometryType.h"
 
 #include <optional>
@@ -35,7 +36,7 @@ public:
         QList<QPointer<QObject>> objects;
         ZelValueBlock before;
         ZelValueBlock after;
-        std::vector<qsizetype> places; ///< of the objects among all selected ones
+        ZelPlaces places; ///< of the objects among all selected ones
     };
     /// Calls replace(Numbers &, qsizetype place) for each object. Answers nothing if the values are not all of one such
     /// type, or if a property does not announce its changes.
@@ -77,7 +78,6 @@ template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::e
     Edit edit{m_controller.heldObjects(), {}, {}, {}};
     m_editType = nullptr;
     const qsizetype size = edit.objects.size();
-    edit.places.reserve(size_t(size));
     qsizetype place = -1;
     qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
     for (qsizetype i = 0; i < size; ++i) {
@@ -94,7 +94,7 @@ template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::e
             continue;
         if (count < i)
             edit.objects[count] = edit.objects.at(i);
-        edit.places.push_back(place);
+        edit.places.append(place);
         ++count;
     }
     if (count < size) { // otherwise the list stays shared with the controller, without a copy

@@ -3,6 +3,7 @@
 
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Selection/private/ZelPlaces.h"
 #include "Core/Undo/ZelNumbersInterface.h"
 #include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
@@ -131,27 +132,26 @@ void ZelOwnNumbers::writeDoubles(const Part &part, qsizetype first, const ZelNum
     const QMetaType type = QMetaType::fromType<double>();
     ZelValueBlock before(type, objects.size());
     ZelValueBlock after(type, objects.size());
-    std::vector<qsizetype> places; // of the objects that change, which are moved to the front of the lists
-    places.reserve(size_t(objects.size()));
+    ZelPlaces places(first); // of the objects that change, which are moved to the front of the lists
     for (qsizetype i = 0; i < objects.size(); ++i) {
         if (changed[i] == own[i] || !std::isfinite(changed[i]))
             continue;
-        const auto place = qsizetype(places.size());
+        const qsizetype place = places.count();
         *static_cast<double *>(before.data(place)) = own[i];
         *static_cast<double *>(after.data(place)) = changed[i];
         if (place < i)
             objects[place] = objects.at(i);
-        places.push_back(first + i);
+        places.append(first + i);
     }
-    const auto count = qsizetype(places.size());
+    const qsizetype count = places.count();
     if (count < objects.size()) { // otherwise the list stays shared, without a copy
         objects.resize(count);
         before.shrink(count);
         after.shrink(count);
     }
     const auto renew = [&](qsizetype index, const void *present, void *value) {
-        *static_cast<double *>(value) = changedNumber(change, *static_cast<const double *>(present),
-                                                      places[size_t(index)], qsizetype(numbers->size()));
+        *static_cast<double *>(value) =
+            changedNumber(change, *static_cast<const double *>(present), places.at(index), qsizetype(numbers->size()));
     };
     if (count > 0)
         write.setValues(objects, std::move(before), std::move(after), part.target.path, renew,
