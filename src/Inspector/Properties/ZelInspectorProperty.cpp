@@ -260,9 +260,10 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
     const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
     if (takesAll && own.areExact() && count > 0) {
-        const std::vector<double> &results = *change.numbers(own.numbers());
-        const auto [least, greatest] = std::minmax_element(results.begin(), results.end());
-        const bool areNumbers = std::all_of(results.begin(), results.end(), [](double r) { return std::isfinite(r); });
+        const ZelNumberChange::Numbers results = change.numbers(own.numbers());
+        const auto [least, greatest] = std::minmax_element(results->begin(), results->end());
+        const bool areNumbers =
+            std::all_of(results->begin(), results->end(), [](double r) { return std::isfinite(r); });
         // A limit that holds for the least and the greatest result holds for all.
         if (areNumbers && refusalOfResult(*least).isNull() && refusalOfResult(*greatest).isNull())
             return {};
