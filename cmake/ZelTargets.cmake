@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Every folder below src/ is a small static library of its own, so that a test links only the layers below it.
-# The installed library is made of all their objects.
+# The installed library is made of all their objects. Inside another project, where no tests are, it is made of the
+# sources: CMake would ask for the objects before it knows those of moc.
 
 # With all tests linked to one shared library, a change in one file is tested after one link (tools/mutants).
 option(ZEL_ONE_TEST_LIBRARY "Link the tests with the shared library, from which nothing is hidden" OFF)
@@ -15,6 +16,14 @@ target_compile_features(zel_flags INTERFACE cxx_std_20)
 target_compile_options(zel_flags INTERFACE -Wall -Wextra -Wpedantic -Wno-missing-field-initializers)
 target_compile_definitions(zel_flags INTERFACE QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_NO_KEYWORDS
                            $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,ZEL_BUILD,ZEL_STATIC>)
+if(NOT PROJECT_IS_TOP_LEVEL)
+    # What the containing project forbids for its own sources, and how strictly it takes warnings, is not for these.
+    target_compile_options(zel_flags INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wno-error>)
+    foreach(macro QT_NO_CAST_FROM_ASCII QT_RESTRICTED_CAST_FROM_ASCII QT_NO_CAST_FROM_BYTEARRAY
+                  QT_NO_URL_CAST_FROM_STRING)
+        target_compile_options(zel_flags INTERFACE -U${macro})
+    endforeach()
+endif()
 
 # What all targets have in common. Programs are compiled like the library, so that both share one precompiled header.
 function(zel_set_up target)
@@ -67,6 +76,10 @@ function(zel_folder name path)
         list(APPEND patterns ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${path}/${folder}/*.h)
     endforeach()
     file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+    if(NOT PROJECT_IS_TOP_LEVEL)
+        set_property(GLOBAL APPEND PROPERTY ZEL_SOURCES ${sources})
+        return()
+    endif()
     set(target zel_${name})
     set(uses ${arg_UNPARSED_ARGUMENTS})
     if(ZEL_ONE_TEST_LIBRARY)
