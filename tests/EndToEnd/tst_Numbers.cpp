@@ -156,6 +156,18 @@ private Q_SLOTS:
         QCOMPARE(window.value(2, "font").value<QFont>().pointSizeF(), 11);
     }
 
+    void aDragThatEndsWhereItBeganIsNoStep()
+    {
+        NumberWindow window;
+        window.pressTitle(window.rowLabel("note"));
+        window.drag(-40);
+        QVERIFY(window.value(2, "note") != 0.98);
+        window.drag(0);
+        window.release();
+        QVERIFY(!window.stack.canUndo());
+        QCOMPARE(window.value(2, "note"), 0.98);
+    }
+
     /// What is calculated and checked before anything is written is made anew for an object that has changed meanwhile.
     void aSetterMayChangeTheNextObject()
     {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/Fields/ZelGrowingTextField.h"
 #include "Inspector/Reports.h"
 #include "Inspector/ZelInspector.h"
 #include "Inspector/ZelInspectorState.h"
@@ -328,6 +329,13 @@ private Q_SLOTS:
         press(Qt::Key_F8); // the list is collapsed
         press(Qt::Key_F6, Qt::ShiftModifier);
         QCOMPARE(QApplication::focusWidget(), second);
+
+        auto *field = panel()->findChild<ZelGrowingTextField *>(); // which makes what has the focus only for that time
+        field->setFocus();
+        QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
+        press(Qt::Key_F6);
+        press(Qt::Key_F6);
+        QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
     }
 };
 

@@ -22,6 +22,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QWhatsThis>
+#include <algorithm>
 
 namespace {
 bool isWithin(const QWidget *widget, const QWidget *area)
@@ -229,8 +230,12 @@ void MainWindow::connectView()
 void MainWindow::focusDidChange(QWidget *widget)
 {
     for (int pane = 0; pane < Panes::Count; ++pane) {
-        if (isWithin(widget, m_panes->widget(pane)))
-            m_lastFocus[pane] = widget;
+        if (!isWithin(widget, m_panes->widget(pane)))
+            continue;
+        // A field may make what has the focus for the time of typing only, so the controls around it are kept, too.
+        m_lastFocus[pane].clear();
+        for (QWidget *around = widget; around; around = around->isWindow() ? nullptr : around->parentWidget())
+            m_lastFocus[pane].append(around);
     }
 }
 
@@ -247,8 +252,10 @@ void MainWindow::focusNextArea(int step)
         if (m_panes->isCollapsed(Panes::Pane(pane)))
             continue;
         QWidget *area = m_panes->widget(pane);
-        QWidget *target = takesFocus(m_lastFocus[pane]) ? m_lastFocus[pane].data() : firstControl(area);
-        if (target)
+        const auto &last = m_lastFocus[pane];
+        const auto found =
+            std::find_if(last.begin(), last.end(), [](const auto &widget) { return takesFocus(widget); });
+        if (QWidget *target = found == last.end() ? firstControl(area) : found->data())
             return target->setFocus(Qt::ShortcutFocusReason);
     }
 }

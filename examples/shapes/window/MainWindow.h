@@ -72,7 +72,7 @@ private:
     InspectorPanel *m_inspector;
     Panes *m_panes;
     QString m_settings; // the file; empty to keep nothing
-    QPointer<QWidget> m_lastFocus[Panes::Count];
+    QList<QPointer<QWidget>> m_lastFocus[Panes::Count]; // what had it, and the controls around that
     double m_firstZoom; // asked for, until the window is shown
     QToolBar *m_toolBar;
     QAction *m_languageSection = nullptr;

@@ -90,7 +90,9 @@ QString ZelEditSession::editingString(const QVariant &value) const
 
 QString ZelEditSession::placeholder() const
 {
-    return ZelIsControllerMarker(m_value) ? ZelControlSupport::markerText(m_value) : m_nullPlaceholder;
+    // A text that was emptied by typing replaces all of them, unlike one that was not touched.
+    const bool isMarker = ZelIsControllerMarker(m_value) && !isTextModified();
+    return isMarker ? ZelControlSupport::markerText(m_value) : m_nullPlaceholder;
 }
 
 bool ZelEditSession::parse(const QString &text, QVariant *value, QString *error) const

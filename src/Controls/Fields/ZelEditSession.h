@@ -74,8 +74,8 @@ protected:
     // How the text is read and shown.
     /// The text in the field. Fields that override both isEditing() and readValue() need not answer it.
     virtual QString fieldText() const { return {}; }
-    /// Whether the user has changed the text since the value was shown, even if it is the same again. Only asked while
-    /// the value stands for several texts, all of which an emptied field replaces.
+    /// Whether the user has changed the text since the value was shown, even if it is the same again. Matters while the
+    /// value stands for several texts, all of which an emptied field replaces.
     virtual bool isTextModified() const { return false; }
     /// Replaces the text in the field by the value or its placeholder. Only the session calls this; a field calls
     /// refresh().

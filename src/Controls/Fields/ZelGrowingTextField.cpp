@@ -71,10 +71,10 @@ void ZelGrowingTextField::showValue()
 {
     m_text = m_editor && m_editable ? editingString(objectValue()) : displayString(objectValue());
     if (m_editor) {
-        m_editor->setPlaceholderText(fittedPlaceholder());
         if (m_editor->toPlainText() != m_text)
             m_editor->setPlainText(m_text);
         m_editor->document()->setModified(false);
+        m_editor->setPlaceholderText(fittedPlaceholder());
     }
     updateFocusPolicy();
     textMayNeedHeight();
@@ -142,6 +142,7 @@ void ZelGrowingTextField::closeEditor()
 void ZelGrowingTextField::editorTextChanged()
 {
     typingDidChange();
+    m_editor->setPlaceholderText(fittedPlaceholder());
     textMayNeedHeight();
 }
 

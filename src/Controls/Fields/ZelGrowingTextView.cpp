@@ -44,7 +44,10 @@ ZelGrowingTextView::ZelGrowingTextView(QWidget *parent)
     setSizePolicy(policy);
     connect(document(), &QTextDocument::contentsChange, this, [this] { m_read = {}; });
     connect(document(), &QTextDocument::contentsChanged, this, &ZelGrowingTextView::textMayNeedHeight);
-    connect(this, &QTextEdit::textChanged, this, [this] { typingDidChange(); });
+    connect(this, &QTextEdit::textChanged, this, [this] {
+        typingDidChange();
+        setPlaceholderText(placeholder());
+    });
 }
 
 ZelAttributedString ZelGrowingTextView::attributedString() const
@@ -64,13 +67,13 @@ void ZelGrowingTextView::setHeightLimits(int minimum, int maximum)
 
 void ZelGrowingTextView::showValue()
 {
-    setPlaceholderText(placeholder());
     ZelAttributedString string = ZelAttributedString::fromVariant(objectValue());
     if (string.isNull())
         string = ZelAttributedString(QStringLiteral(""));
     if (string != attributedString())
         showText(string);
     document()->setModified(false);
+    setPlaceholderText(placeholder());
     document()->clearUndoRedoStacks(); // from here on the window's undo stack undoes the edit
 }
 

@@ -73,6 +73,7 @@ private:
     bool readValue(QVariant *value, QString *error) override;
     bool isChange(const QVariant &value) const override;
     bool isCommitKey(const QKeyEvent *event) const override;
+    bool isTextModified() const override { return isEditing(); }
     void applyEditable(bool editable) override { setReadOnly(!editable); }
     void showText(const ZelAttributedString &string);
     void textMayNeedHeight();

@@ -295,6 +295,7 @@ void ZelTextField::focusInEvent(QFocusEvent *event)
     refresh();
     showPlaceholder();
     updateColors();
+    connect(this, &QLineEdit::textEdited, this, &ZelTextField::showPlaceholder, Qt::UniqueConnection);
     QLineEdit::focusInEvent(event);
 }
 

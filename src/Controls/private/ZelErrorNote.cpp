@@ -150,15 +150,30 @@ bool ZelErrorNote::coversControl(const QRect &place) const
 /// The place beside the field if there is no better one.
 QRect ZelErrorNote::placeSparingControls(const QRect &field, const QRect &beside) const
 {
-    QList<QRect> places{beside.translated(0, field.top() - 1 - g_distance - beside.bottom())};
+    const QRect above = beside.translated(0, field.top() - 1 - g_distance - beside.bottom());
+    QList<QRect> inPanel{above};
+    QList<QRect> besidePanel;
     for (const QWidget *around = m_field; around && !around->isWindow(); around = around->parentWidget()) {
-        if (const auto *area = qobject_cast<const QAbstractScrollArea *>(around))
-            places.append(beside.translated(0, inWindow(area->viewport()).bottom() - g_margin - beside.bottom()));
+        const auto *area = qobject_cast<const QAbstractScrollArea *>(around);
+        if (!area)
+            continue;
+        const QRect panel = inWindow(area->viewport());
+        inPanel.append(beside.translated(0, panel.bottom() - g_margin - beside.bottom()));
+        besidePanel.append(beside.translated(panel.left() - g_distance - beside.right(), field.top() - beside.top()));
+        besidePanel.append(beside.translated(panel.right() + g_distance - beside.left(), field.top() - beside.top()));
     }
-    const auto free = std::find_if(places.cbegin(), places.cend(), [this](const QRect &place) {
+    const auto isFree = [this](const QRect &place) {
         return window()->rect().contains(place) && !coversControl(place);
-    });
-    return free == places.cend() ? beside : *free;
+    };
+    if (isFree(above))
+        return above;
+    // What is beside the panel may be covered for a while: users look at the row.
+    const auto isInside = [this](const QRect &place) { return window()->rect().contains(place); };
+    if (const auto place = std::find_if(besidePanel.cbegin(), besidePanel.cend(), isInside);
+        place != besidePanel.cend())
+        return *place;
+    const auto free = std::find_if(inPanel.cbegin(), inPanel.cend(), isFree);
+    return free == inPanel.cend() ? beside : *free;
 }
 
 void ZelErrorNote::paintEvent(QPaintEvent *event)

@@ -98,16 +98,25 @@ void ZelGrowingTextEditor::focusOutEvent(QFocusEvent *event)
 
 void ZelGrowingTextEditor::keyPressEvent(QKeyEvent *event)
 {
-    if (!m_field || !m_field->editorKeyPressed(event))
-        QPlainTextEdit::keyPressEvent(event);
+    if (m_field && m_field->editorKeyPressed(event))
+        return;
+    const QPointer<ZelGrowingTextEditor> guard(this);
+    QPlainTextEdit::keyPressEvent(event);
+    if (guard && isReadOnly() && !isCut())
+        verticalScrollBar()->setValue(0);
 }
 
-/// QPlainTextEdit may be able to scroll although the text fits. While the field is high enough, the wheel belongs to
-/// the pane around it.
+/// Whether the field is too low for its text. QPlainTextEdit may be able to scroll although the text fits, and a text
+/// that cannot be changed is scrolled by the arrow keys.
+bool ZelGrowingTextEditor::isCut() const
+{
+    return m_field && m_field->height() < m_field->heightForWidth(m_field->width());
+}
+
+/// While the field is high enough, the wheel belongs to the pane around it.
 void ZelGrowingTextEditor::wheelEvent(QWheelEvent *event)
 {
-    const bool isCut = m_field && m_field->height() < m_field->heightForWidth(m_field->width());
-    if (hasFocus() && isCut && verticalScrollBar()->maximum() > 0)
+    if (hasFocus() && isCut() && verticalScrollBar()->maximum() > 0)
         QPlainTextEdit::wheelEvent(event);
     else
         event->ignore();

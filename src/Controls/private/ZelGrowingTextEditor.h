@@ -30,6 +30,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    bool isCut() const;
     void alignText();
 
     ZelGrowingTextField *m_field; // null after disconnectField()

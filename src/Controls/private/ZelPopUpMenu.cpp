@@ -112,6 +112,8 @@ void ZelPopUpMenu::paintDash(QPainter *painter, const QAction *item) const
     constexpr QSize size(8, 2);
     QRect dash({}, size);
     dash.moveCenter(markRect(item).center());
+    if (!item->icon().isNull() && item->isIconVisibleInMenu()) // some styles draw the mark around the picture
+        dash.moveBottom(actionGeometry(const_cast<QAction *>(item)).bottom());
     painter->fillRect(dash, color);
 }
 

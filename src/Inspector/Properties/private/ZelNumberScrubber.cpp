@@ -316,6 +316,8 @@ void ZelNumberScrubber::end()
     }
     if (m_isChanged)
         change();
+    if (alive && m_steps == 0 && m_grouping)
+        m_grouping->rollBack(); // all is as before, which is no step
     if (!alive)
         return;
     QCoreApplication::instance()->removeEventFilter(this);
