@@ -5,6 +5,7 @@
 #include "Controls/Menus/ZelMenuItem.h"
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/ZelColorPanel.h"
+#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
@@ -185,7 +186,9 @@ public:
             return rows.join(u' ');
         }
         if (const auto *field = view->findChild<ZelGrowingTextField *>())
-            return orElse(field->text(), field->nullPlaceholder());
+            return ZelIsMarker(field->objectValue(), ZelMultipleValuesMarker)
+                       ? QStringLiteral("Multiple Values")
+                       : orElse(field->text(), field->nullPlaceholder());
         if (const auto *picker = view->findChild<ZelDatePicker *>())
             return picker->text();
         if (const auto *field = visibleField(view))

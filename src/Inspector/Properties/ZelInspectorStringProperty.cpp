@@ -72,9 +72,9 @@ void ZelInspectorStringProperty::updateView()
     const bool isMarker = ZelIsControllerMarker(value);
     m_textField->setEditable(editable && (!isMarker || overwrites(value)) && isWritable() &&
                              ZelTextForm::isReversible(value));
-    m_textField->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
-    const QVariant marked = overwrites(value) ? value : QVariant();
-    m_textField->setObjectValue(isMarker ? marked : shown(value));
+    const bool isNamed = isMarker && !overwrites(value); // otherwise the field names it while nothing is typed
+    m_textField->setNullPlaceholder(isNamed ? ZelControlSupport::markerText(value) : placeholder);
+    m_textField->setObjectValue(isNamed ? QVariant() : isMarker ? value : shown(value));
 }
 
 /// Whether the value stands for several texts that what is typed replaces.

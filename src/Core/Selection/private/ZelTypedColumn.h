@@ -75,7 +75,7 @@ private:
 
 template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Replace &replace)
 {
-    Edit edit{m_controller.heldObjects(), {}, {}, {}};
+    Edit edit{m_controller.heldObjects(), {}, {}, ZelPlaces()};
     m_editType = nullptr;
     const qsizetype size = edit.objects.size();
     qsizetype place = -1;
