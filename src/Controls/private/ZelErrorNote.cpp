@@ -48,7 +48,8 @@ ZelErrorNote::ZelErrorNote(QWidget *field)
     setFont(field->font());
     setAttribute(Qt::WA_TransparentForMouseEvents);
     connect(field, &QObject::destroyed, this, &QObject::deleteLater);
-    connect(qApp, &QApplication::focusChanged, this, &ZelErrorNote::place);
+    // Later: the focus may leave a widget that is being destroyed, and its parent's children cannot be listed then.
+    connect(qApp, &QApplication::focusChanged, this, &ZelErrorNote::place, Qt::QueuedConnection);
     attach();
 }
 
