@@ -71,9 +71,9 @@ private:
     ShapeListView *m_list;
     InspectorPanel *m_inspector;
     Panes *m_panes;
-    QString m_settings; // the file; empty to keep nothing
+    QString m_settings;                                 // the file; empty to keep nothing
     QList<QPointer<QWidget>> m_lastFocus[Panes::Count]; // what had it, and the controls around that
-    double m_firstZoom; // asked for, until the window is shown
+    double m_firstZoom;                                 // asked for, until the window is shown
     QToolBar *m_toolBar;
     QAction *m_languageSection = nullptr;
     QLabel *m_selectionLabel;
