@@ -5,6 +5,15 @@
 #include "Core/ZelExport.h"
 
 /// Registers transformers that are made of functions under a name, for use in descriptions and bindings.
+///
+///     ZelTransformerKit::registerValueTransformerWithName(
+///         "WeeksFromDays", "double",
+///         [](const QVariant &days) { return ZelIsNumber(days) ? QVariant(days.toDouble() / 7) : days; },
+///         [](const QVariant &weeks) { return ZelIsNumber(weeks) ? QVariant(weeks.toDouble() * 7) : weeks; });
+///
+/// The blocks also get no value and the selection markers, which they are to let pass. The class is the name of the
+/// type that the first block answers, such as "double" or "QString"; "QVariant" stands for any. It is for whoever asks
+/// the transformer, and nothing is converted to it.
 class ZEL_EXPORT ZelTransformerKit
 {
 public:

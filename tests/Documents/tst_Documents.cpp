@@ -4,6 +4,7 @@
 #include <Core/Selection/ZelArrayController.h>
 #include <Core/Selection/ZelItemSelection.h>
 #include <Core/Values/ZelTransformerFactory.h>
+#include <Core/Values/ZelValues.h>
 #include <Inspector/Description/ZelInspectorDescription.h>
 #include <Inspector/ZelDeclarativeInspectorGenerator.h>
 #include <Inspector/ZelInspectorSection.h>
@@ -98,6 +99,23 @@ private:
     std::array<::Shape, 2> m_shapes;
 };
 
+/// An owner with a controller for the parts of what is selected.
+class Owner : public QObject
+{
+public:
+    Owner()
+    {
+        connect(&m_selectionController, &ZelObjectController::selectionChanged, this, [this] {
+            QList<QObject *> layers;
+            for (const QObject *shape : m_selectionController.selectedObjects())
+                layers.append(shape->property("layer").value<QObject *>());
+            m_layerController.setSelectedObjects(layers);
+        });
+    }
+    ZelArrayController m_selectionController;
+    ZelArrayController m_layerController;
+};
+
 } // namespace
 
 /// The code in the documents does what they say.
@@ -139,6 +157,14 @@ private Q_SLOTS:
         QCOMPARE(ZelTransformerFactory::transformer("IsLonger(3)")->transformedValue("abc"), false);
         QString error;
         QVERIFY(!ZelTransformerFactory::transformer("IsLonger(x)", &error) && error.contains("\"x\" is no number"));
+
+        ZelTransformerKit::registerValueTransformerWithName(
+            "WeeksFromDays", "double", // what the first function answers; "QVariant" for anything
+            [](const QVariant &days) { return ZelIsNumber(days) ? QVariant(days.toDouble() / 7) : days; },
+            [](const QVariant &weeks) { return ZelIsNumber(weeks) ? QVariant(weeks.toDouble() * 7) : weeks; });
+        const auto weeks = ZelAbstractValueTransformer::valueTransformerForName("WeeksFromDays");
+        QCOMPARE(weeks->transformedValue(14), 2.0);
+        QCOMPARE(weeks->reverseTransformedValue(2.0), 14.0);
     }
 
     void rowsAreSelected()
@@ -167,6 +193,16 @@ private Q_SLOTS:
         QVERIFY(item);
         QCOMPARE(ZelValueForKey(item, "dueDate"), "tomorrow");
         QCOMPARE(ZelValueForKey(item, "done"), true);
+    }
+
+    void partsAreSelectedWithTheirObjects()
+    {
+        QObject layer;
+        QObject shapes[2];
+        shapes[0].setProperty("layer", QVariant::fromValue(&layer));
+        Owner owner;
+        owner.m_selectionController.setSelectedObjects({&shapes[0], &shapes[1]}); // one has no layer
+        QCOMPARE(owner.m_layerController.selectedObjects(), QList<QObject *>{&layer});
     }
 
     void descriptionsAreFollowed()

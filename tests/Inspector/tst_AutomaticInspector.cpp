@@ -127,7 +127,8 @@ private Q_SLOTS:
         QCOMPARE(reports.messages.size(), 5);
         QCOMPARE(reports.messages.at(0),
                  "WARNING: file=\"Nope.xml\" is no resource of the application (Lamp:3:1, <sliver>)");
-        QCOMPARE(reports.messages.at(2), "Unable to read description Lamp: Premature end of document. (Lamp:2:4, <x>)");
+        QCOMPARE(reports.messages.at(2),
+                 "Unable to read description Lamp: Premature end of document. <x> of line 2 is open. (Lamp:2:4, <x>)");
         QCOMPARE(reports.messages.at(3), "Expected slice element: pane (Lamp:1:1, <pane>)");
     }
 

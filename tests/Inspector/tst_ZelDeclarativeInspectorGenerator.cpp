@@ -399,7 +399,9 @@ private Q_SLOTS:
         const QByteArray includesB = inSection(live + "<sliver file='B.xml'/>");
         const std::pair<QByteArrayList, const char *> rows[] = {
             {{}, "The file does not exist. @ Missing.xml 0:0 "},
-            {{includesB, "<slice>\n<section>\n</slice>"}, "Opening and ending tag mismatch. @ B.xml 3:3 section"},
+            {{includesB, "<slice>\n<section>\n</slice>"},
+             "Opening and ending tag mismatch: </slice> stands there. <section> of line 2 is open. @ B.xml 3:3 "
+             "section"},
             {{includesB, ""}, "The file is empty. @ B.xml 1:1 "},
             {{includesB, "<!DOCTYPE a [<!ENTITY e 'e'>]><slice/>"},
              "A document type declaration is not allowed. @ B.xml 1:1 "},

@@ -19,6 +19,10 @@ void tellWhatIsMissing(const ZelTypeDescription &description)
     if (!description.propertiesWithoutEditor.isEmpty())
         note(QStringLiteral("There is no editor for: ") +
              description.propertiesWithoutEditor.join(QStringLiteral(", ")));
+    if (!description.propertiesOnlyShown.isEmpty())
+        note(QStringLiteral("Only shown, since their editors write a single key of an object that a controller selects "
+                            "(--key-path partController.selection): ") +
+             description.propertiesOnlyShown.join(QStringLiteral(", ")));
     if (!description.silentProperties.isEmpty())
         note(QStringLiteral("No NOTIFY signal, so that changes that no inspector makes are not seen: ") +
              description.silentProperties.join(QStringLiteral(", ")));

@@ -15,6 +15,8 @@ QString severityOf(const ZelDescriptionMistake &mistake)
 
 QString fileOf(const ZelDescriptionMistake &mistake)
 {
+    if (mistake.place.file.isEmpty())
+        return {};
     const QString below = QDir(QDir::current().canonicalPath()).relativeFilePath(mistake.place.file);
     return below.startsWith(u"..") ? mistake.place.file : below;
 }
@@ -24,7 +26,9 @@ QString lineOfText(const ZelDescriptionMistake &mistake)
     QString place = fileOf(mistake);
     if (mistake.place.line > 0)
         place += QStringLiteral(":%1:%2").arg(mistake.place.line).arg(mistake.place.column);
-    return QStringLiteral("%1: %2: %3\n").arg(place, severityOf(mistake), mistake.message);
+    if (!place.isEmpty())
+        place += QStringLiteral(": ");
+    return QStringLiteral("%1%2: %3\n").arg(place, severityOf(mistake), mistake.message);
 }
 
 /// Signs that end a value there are written as their codes.
@@ -40,10 +44,10 @@ QString forGithub(QString text, bool isProperty)
 
 QString lineForGithub(const ZelDescriptionMistake &mistake)
 {
-    QString place = QStringLiteral("file=") + forGithub(fileOf(mistake), true);
+    QString place = mistake.place.file.isEmpty() ? QString() : u" file=" + forGithub(fileOf(mistake), true);
     if (mistake.place.line > 0)
         place += QStringLiteral(",line=%1,col=%2").arg(mistake.place.line).arg(mistake.place.column);
-    return QStringLiteral("::%1 %2::%3\n").arg(severityOf(mistake), place, forGithub(mistake.message, false));
+    return QStringLiteral("::%1%2::%3\n").arg(severityOf(mistake), place, forGithub(mistake.message, false));
 }
 
 QJsonObject objectOf(const ZelDescriptionMistake &mistake)

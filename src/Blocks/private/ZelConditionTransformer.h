@@ -32,6 +32,8 @@ public:
     /// Registers a factory for each condition, and ZelIsApplicable.
     static void registerAll();
 
+    /// Whether the condition makes sense for a value, which is no marker.
+    bool takes(const QVariant &value) const { return m_row.holds(value, m_argument).has_value(); }
     QVariant transformedValue(const QVariant &value) const override;
     QString transformedValueClass() const override { return QStringLiteral("bool"); }
 

@@ -23,6 +23,7 @@ public:
 
 private:
     void readTypes();
+    void readScope();
     void visit(const ZelDescriptionWalk::Node &node);
     void checkIncluded(const ZelDescriptionWalk::Node &node);
     void add(Mistake mistake);
@@ -31,6 +32,7 @@ private:
     ZelDescriptionWalk::Report m_report = [this](const Mistake &mistake) { add(mistake); };
     ZelDescriptionWalk m_walk;
     ZelTypeTable m_types;
+    ZelTypeScope m_scope;
     ZelAttributePlaces m_places;
     QList<Mistake> m_mistakes;
     QSet<QString> m_known;
@@ -47,6 +49,7 @@ Checker::Run::Run(const Options &options)
 QList<Mistake> Checker::Run::check(const QStringList &files)
 {
     readTypes();
+    readScope();
     for (const QString &file : files)
         m_files.insert(QFileInfo(file).canonicalFilePath());
     m_walk.walk(files);
@@ -71,6 +74,28 @@ void Checker::Run::readTypes()
         m_types.addKey(key.section(u'.', 0, -2), key.section(u'.', -1));
 }
 
+/// A controller with a misspelt name is told once, and then counts as what was meant, so that what lies below it is
+/// checked all the same. A name that is far from any may be known to the owner that a description names.
+void Checker::Run::readScope()
+{
+    m_scope = {m_options.owner, m_options.selections, {}};
+    if (m_options.typeFiles.isEmpty())
+        return;
+    for (const QString &keyPath : m_options.selections.keys()) {
+        const auto result = ZelKeyPathResolver(m_types, {m_options.owner, {}, {}}).resolve(keyPath);
+        if (result.state != ZelKeyPathResolver::Result::Missing || result.suggestion.isNull() ||
+            m_options.selections.contains(result.suggestion))
+            continue;
+        m_scope.selections.insert(result.suggestion, m_scope.selections.take(keyPath));
+        add({Mistake::Error,
+             QStringLiteral("--selection, in CMake SELECTIONS, names the controller \"%1\". ").arg(keyPath) +
+                 result.message,
+             {},
+             {},
+             result.suggestion});
+    }
+}
+
 void Checker::Run::visit(const ZelDescriptionWalk::Node &node)
 {
     ZelDescriptionCheck::Options options{.isThorough = true};
@@ -80,8 +105,7 @@ void Checker::Run::visit(const ZelDescriptionWalk::Node &node)
     if (!isWithProperty)
         ZelDescriptionCheck(m_report, options).check(node.element, node.role);
     ZelReferenceCheck(m_options, m_types, m_walk, m_report).check(node);
-    ZelTypeCheck(m_types, !m_options.typeFiles.isEmpty(), {m_options.owner, m_options.selections}, m_report)
-        .check(node);
+    ZelTypeCheck(m_types, !m_options.typeFiles.isEmpty(), m_scope, m_report).check(node);
     if (m_options.isComplete)
         checkIncluded(node);
 }

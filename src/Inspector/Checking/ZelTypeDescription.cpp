@@ -74,13 +74,14 @@ ZelTypeDescription ZelTypeDescription::ofClass(const Table &types, const QString
                                           .keyPath = options.keyPath,
                                           .declaredBy = {},
                                           .ofRoot = root,
-                                          .saysWhatIsReadOnly = true,
+                                          .isForAuthors = true,
                                           .attributeOfSilent = ZelTypeCheck::keysAttribute});
     result.xml = describer.describe() + '\n';
     for (const QString &name : describer.properties()) {
         if (const Table::Found found = types.property(*type, name); !found.property->isAnnounced)
             result.silentProperties.append(found.owner->name + u'.' + name);
     }
+    result.propertiesOnlyShown = describer.propertiesOnlyShown();
     result.propertiesWithoutEditor = describer.propertiesWithoutEditor();
     result.unknownBase = types.unknownBase(*type);
     return result;

@@ -26,6 +26,8 @@ public:
     QString error;
     QByteArray xml;
     QStringList propertiesWithoutEditor; ///< each as "name (type)"
-    QStringList silentProperties;        ///< those in the description that no NOTIFY signal announces, "Class.name"
-    QString unknownBase;                 ///< a base that is not among the types; null if all are
+    /// Those whose editors write a single key, while the key path is longer: it can be edited through a controller.
+    QStringList propertiesOnlyShown;
+    QStringList silentProperties; ///< those in the description that no NOTIFY signal announces, "Class.name"
+    QString unknownBase;          ///< a base that is not among the types; null if all are
 };

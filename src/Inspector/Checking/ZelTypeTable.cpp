@@ -28,6 +28,7 @@
 #include <QTableView>
 #include <QTreeView>
 #include <QUndoStack>
+#include <algorithm>
 
 using Table = ZelTypeTable;
 
@@ -141,6 +142,13 @@ void readMembers(Table::Class &type, const QMetaObject *metaObject)
 }
 
 } // namespace
+
+bool Table::Enumeration::hasKeys(const QString &text) const
+{
+    const QStringList parts = text.split(u'|');
+    return std::ranges::all_of(parts,
+                               [&](const QString &key) { return keys.contains(key.section(u':', -1).trimmed()); });
+}
 
 void Table::addKnownClasses()
 {

@@ -34,6 +34,9 @@ public:
         QStringList keys;
         QList<int> values; ///< empty if they are not known: moc does not write them
         bool isFlags = false;
+
+        /// Whether the text is one of the keys, or several of them with bars between.
+        bool hasKeys(const QString &text) const;
     };
     struct Class
     {

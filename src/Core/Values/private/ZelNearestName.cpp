@@ -44,6 +44,12 @@ void ZelNearestName::offer(QStringView known)
     m_found = known.toString();
 }
 
+QString ZelNearestName::choices(const QStringList &names)
+{
+    constexpr qsizetype most = 24; // of more, none is a help
+    return names.isEmpty() || names.size() > most ? QString() : u"; there are " + names.join(QStringLiteral(", "));
+}
+
 QString ZelNearestName::question(const QString &name)
 {
     return name.isNull() ? QString() : QStringLiteral(", did you mean \"%1\"?").arg(name);

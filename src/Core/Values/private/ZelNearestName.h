@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 /// The known name that was probably meant by an unknown one: few letters are wrong, missing, too many or exchanged, or
@@ -26,6 +27,10 @@ public:
     /// The end of a message, which asks whether that name was meant; null if no name is near enough.
     QString question() const { return question(m_found); }
     static QString question(const QString &name);
+    /// The end of a message that tells all names where there are few; empty otherwise.
+    static QString choices(const QStringList &names);
+    /// The question, or all names if none is near enough.
+    QString questionOr(const QStringList &names) const { return m_found.isNull() ? choices(names) : question(); }
     bool differsInCaseOnly() const { return m_distance == 0; }
 
 private:

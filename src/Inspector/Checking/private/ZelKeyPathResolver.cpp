@@ -30,6 +30,22 @@ QString elementType(QString type)
     return type.trimmed().remove(QStringLiteral("const "));
 }
 
+/// The one name that begins with the word, or with which the word begins; null if there is none or another one.
+QString nameWithSameBeginning(const QString &word, const QStringList &names)
+{
+    constexpr qsizetype shortest = 4;
+    QString found;
+    for (const QString &name : names) {
+        const bool isLong = std::min(name.size(), word.size()) >= shortest;
+        if (!isLong || !(name.startsWith(word, Qt::CaseInsensitive) || word.startsWith(name, Qt::CaseInsensitive)))
+            continue;
+        if (!found.isNull() && found != name)
+            return {};
+        found = name;
+    }
+    return found;
+}
+
 /// What the exception says of such a key, without its full stop.
 QString missing(const QString &className, const QString &key)
 {
@@ -37,6 +53,12 @@ QString missing(const QString &className, const QString &key)
 }
 
 } // namespace
+
+QString Result::qualifiedType() const
+{
+    const bool isNamedInClass = enumeration && last.owner && !type.contains(u"::");
+    return isNamedInClass ? QString(last.owner->name + u"::" + type) : type;
+}
 
 /// How far a path has been followed: the classes that the objects there may have, or else the value.
 struct Resolver::Position
@@ -92,6 +114,7 @@ bool Resolver::stepIntoSelection(Position &position, const QString &key) const
         return false;
     position.isSelected = key == g_selection;
     position.result.last = {};
+    position.result.enumeration = nullptr;
     position.result.kind = key == g_selection ? ZelValueKinds::Object : ZelValueKinds::List;
     position.result.type.clear();
     position.classes = isKnown ? classesNamed(*selected) : Classes();
@@ -99,7 +122,7 @@ bool Resolver::stepIntoSelection(Position &position, const QString &key) const
         position.result.state = Result::Open;
         position.result.message =
             QStringLiteral("The class of the objects that \"%1\" selects is not known: keys below "
-                           "its selection are not checked (--selection %1=Class)")
+                           "its selection are not checked (--selection %1=Class; in CMake SELECTIONS %1=Class)")
                 .arg(position.passed());
     }
     return true;
@@ -163,6 +186,7 @@ void Resolver::stepIntoValue(Position &position, const QString &key) const
     const ZelValueKinds::ValueKind kind = position.result.kind;
     const QStringList known = ZelValueKinds::keysOf(kind);
     if (known.contains(key)) {
+        position.result.enumeration = nullptr;
         position.result.kind = ZelValueKinds::Real;
         position.result.type = QStringLiteral("double");
     } else if (!known.isEmpty() || ZelValueKinds::isPlain(kind)) {
@@ -181,7 +205,9 @@ void Resolver::fail(Position &position, const QString &key, const QString &messa
     ZelNearestName nearestOfGetter(property);
     if (property != key && nearest.found().isNull())
         nearestOfGetter.offerAll(known);
-    const QString found = nearest.found().isNull() ? nearestOfGetter.found() : nearest.found();
+    QString found = nearest.found().isNull() ? nearestOfGetter.found() : nearest.found();
+    if (found.isNull())
+        found = nameWithSameBeginning(property, known);
     QStringList meant = position.keys;
     if (!found.isNull())
         meant[position.index] = found;
@@ -201,7 +227,9 @@ void Resolver::setValue(Position &position, const ZelTypeTable::Found &found) co
     result.last = found;
     result.type = found.property->type;
     result.kind = ZelValueKinds::kindOf(result.type);
-    if (result.kind == ZelValueKinds::Unknown && m_types.enumeration(*found.owner, result.type))
+    result.enumeration =
+        result.kind == ZelValueKinds::Unknown ? m_types.enumeration(*found.owner, result.type) : nullptr;
+    if (result.enumeration)
         result.kind = ZelValueKinds::Enumeration;
     if (!found.property->isAnnounced && !isKeyOf(*found.owner, position.keys.at(position.index)))
         result.silent.append(found.owner->name + u'.' + position.keys.at(position.index));

@@ -27,9 +27,13 @@ public:
         QString message;    ///< what is wrong, or why nothing is known of it where the user can change that
         QString suggestion; ///< what was meant in place of the whole path
         ZelTypeTable::Found last;
-        QString type; ///< of the value; null if not known
+        const ZelTypeTable::Enumeration *enumeration = nullptr; ///< of which the value is; null if it is of none
+        QString type;                                           ///< of the value; null if not known
         ZelValueKinds::ValueKind kind = ZelValueKinds::Unknown;
         QStringList silent; ///< the properties on the way without a NOTIFY signal, "Class.key"
+
+        /// The type as the program names it when it runs: an enumeration with the class that declares it.
+        QString qualifiedType() const;
     };
 
     ZelKeyPathResolver(const ZelTypeTable &types, const ZelTypeScope &scope)

@@ -36,6 +36,27 @@ QStringList namesOfColorLists()
     return names;
 }
 
+/// How the application says what else there is. Of an image, also as a file.
+QString wayToName(QStringView attribute)
+{
+    struct Way
+    {
+        QStringView attribute;
+        const char *option;
+        const char *word;
+    };
+    static constexpr Way ways[] = {{u"class", "class", "CLASSES"},
+                                   {u"ValueTransformer", "transformer", "TRANSFORMERS"},
+                                   {u"image", "image", "IMAGE_FILES or IMAGES"},
+                                   {u"colorList", "color-list", "COLOR_LISTS"},
+                                   {u"type", "property-type", "PROPERTY_TYPES"}};
+    const auto way = std::ranges::find_if(
+        ways, [&](const Way &known) { return attribute.endsWith(known.attribute, Qt::CaseInsensitive); });
+    return way == std::end(ways) ? QString()
+                                 : QStringLiteral("; one of the application's is named by --%1, in CMake by %2")
+                                       .arg(QLatin1String(way->option), QLatin1String(way->word));
+}
+
 QStringList editorTypes()
 {
     QStringList types;
@@ -85,7 +106,9 @@ void ZelReferenceCheck::checkClass(const Node &node, const QString &name) const
             known.append(candidate);
     }
     const QString reason = type ? QStringLiteral(", it is no %1").arg(base) : QString();
-    report(node, QStringLiteral("class"), u"Missing class " + name + reason, name, known);
+    ZelNearestName nearest(name);
+    nearest.offerAll(known);
+    reportMeant(node, QStringLiteral("class"), u"Missing class " + name + reason, nearest.found(), !type);
 }
 
 /// A transformer may have an argument. That of an application's own is not looked at.
@@ -97,7 +120,7 @@ void ZelReferenceCheck::checkTransformer(const Node &node, const QString &attrib
     if (m_options.transformers.contains(withoutArgument) || ZelTransformerFactory::transformer(name, &error))
         return;
     if (ours.contains(withoutArgument))
-        report(node, attribute, error, name, {});
+        reportMeant(node, attribute, error, {}, false);
     else
         reportMeant(node, attribute, u"Missing value transformer for name " + name,
                     transformerMeantBy(name, ours + m_options.transformers));
@@ -142,8 +165,10 @@ QString ZelReferenceCheck::imageMeantBy(const QString &name, const Node &node) c
 void ZelReferenceCheck::checkColorList(const Node &node, const QString &name) const
 {
     const QStringList known = namesOfColorLists() + m_options.colorLists;
+    ZelNearestName nearest(name);
+    nearest.offerAll(known);
     if (!known.contains(name))
-        report(node, QStringLiteral("colorList"), u"No color list found with name " + name, name, known);
+        reportMeant(node, QStringLiteral("colorList"), u"No color list found with name " + name, nearest.found());
 }
 
 /// A type that is not the library's comes from a file or from the application.
@@ -161,21 +186,15 @@ void ZelReferenceCheck::checkType(const Node &node) const
     if (editor && m_types.inherits(*editor, QStringLiteral("ZelInspectorProperty")))
         all = QStringLiteral("; a class is named by type=\"custom\" class=\"%1\"").arg(type);
     else if (meant.isNull())
-        all = u"; there are " + known.join(QStringLiteral(", "));
-    reportMeant(node, QStringLiteral("type"), u"Type not suppored: " + type + all, meant);
-}
-
-void ZelReferenceCheck::report(const Node &node, const QString &attribute, const QString &message, const QString &name,
-                               const QStringList &known) const
-{
-    ZelNearestName nearest(name);
-    nearest.offerAll(known);
-    reportMeant(node, attribute, message, nearest.found());
+        all = ZelNearestName::choices(known);
+    reportMeant(node, QStringLiteral("type"), u"Type not suppored: " + type + all, meant, !all.contains(u"class="));
 }
 
 void ZelReferenceCheck::reportMeant(const Node &node, const QString &attribute, const QString &message,
-                                    const QString &meant) const
+                                    const QString &meant, bool mayBeOfApplication) const
 {
-    m_report({ZelDescriptionMistake::Error, message + ZelNearestName::question(meant), node.element.place(), attribute,
-              meant});
+    const QString end = !meant.isNull()      ? ZelNearestName::question(meant)
+                        : mayBeOfApplication ? wayToName(attribute)
+                                             : QString();
+    m_report({ZelDescriptionMistake::Error, message + end, node.element.place(), attribute, meant});
 }

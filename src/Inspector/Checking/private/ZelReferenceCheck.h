@@ -32,9 +32,9 @@ private:
     void checkType(const Node &node) const;
     static QString transformerMeantBy(const QString &name, const QStringList &known);
     QString imageMeantBy(const QString &name, const Node &node) const;
-    void reportMeant(const Node &node, const QString &attribute, const QString &message, const QString &meant) const;
-    void report(const Node &node, const QString &attribute, const QString &message, const QString &name,
-                const QStringList &known) const;
+    /// Asks whether that was meant. If there is no such thing, says how the application names its own, if it may.
+    void reportMeant(const Node &node, const QString &attribute, const QString &message, const QString &meant,
+                     bool mayBeOfApplication = true) const;
 
     const ZelDescriptionChecker::Options &m_options;
     const ZelTypeTable &m_types;

@@ -4,6 +4,7 @@
 #include "Core/Values/private/ZelNearestName.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Inspector/Checking/ZelDescriptionChecker.h"
+#include "Inspector/Checking/private/ZelConditionCheck.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
 #include <QRegularExpression>
@@ -38,13 +39,6 @@ bool isOwnEditor(const ZelDescriptionWalk::Node &node)
     return node.role == u"property" && (!schema || schema->isOpen);
 }
 
-QString keyPathBelowSelection(const QString &keyPath)
-{
-    static const QString selection = QStringLiteral(".selection.");
-    const qsizetype start = keyPath.lastIndexOf(selection);
-    return start < 0 ? keyPath : keyPath.mid(start + selection.size());
-}
-
 /// Attributes whose values are followed as they change; the others are read when they are needed.
 bool isFollowed(QStringView attribute)
 {
@@ -54,18 +48,13 @@ bool isFollowed(QStringView attribute)
     return std::ranges::find(names, attribute) != std::end(names);
 }
 
-/// Whether the text is one of the keys, or several of them with bars between.
-bool areKeys(const QString &text, const QStringList &keys)
+/// All choices of an editor or a chooser that stand in the description.
+QList<Configuration> choicesOf(const Configuration &element)
 {
-    const QStringList parts = text.split(u'|');
-    return std::ranges::all_of(parts,
-                               [&](const QString &key) { return keys.contains(key.section(u':', -1).trimmed()); });
-}
-
-/// The enumeration of the resolved property as the program names it when it runs.
-QString qualifiedType(const ZelKeyPathResolver::Result &result)
-{
-    return result.type.contains(u"::") ? result.type : QString(result.last.owner->name + u"::" + result.type);
+    QList<Configuration> choices = element.configurationsNamed(u"choice");
+    for (const Configuration &group : element.configurationsNamed(u"option-group"))
+        choices += group.configurationsNamed(u"option");
+    return choices;
 }
 
 } // namespace
@@ -126,7 +115,8 @@ bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
         node.element.hasValueNamed(ownerAttribute) || node.element.hasValueNamed(selectionAttribute);
     const ZelTypeTable::Class *owner = m_types.classNamed(scope.owner);
     if (!node.parent && scope.owner.isEmpty() && scope.selections.isEmpty())
-        report(node, {}, QStringLiteral("No owner is given, key paths are not checked (--owner Class)"), {},
+        report(node, {},
+               QStringLiteral("No owner is given, key paths are not checked (--owner Class; in CMake OWNER Class)"), {},
                ZelDescriptionMistake::Warning);
     const bool isOfUse = owner || !scope.selections.isEmpty();
     if (node.parent && !isGivenHere)
@@ -160,7 +150,7 @@ void ZelTypeCheck::checkKeyPath(const Node &node, const QString &attribute, cons
     else if (result.state == Result::Resolved && attribute == g_keyPath)
         checkEdited(node, result);
     else if (result.state == Result::Resolved)
-        checkCondition(node, attribute, result);
+        ZelConditionCheck(m_types, m_report).check(node, attribute, result);
     if (result.state == Result::Missing || !isFollowed(attribute))
         return;
     for (const QString &silent : result.silent)
@@ -188,11 +178,66 @@ void ZelTypeCheck::checkEdited(const Node &node, const Result &result)
                QStringLiteral("An editor of the type \"%1\"%2 does not fit %3, the type of \"%4\"")
                    .arg(type, isRichText ? QStringLiteral(" for rich text") : QString(), result.type,
                         node.element.stringValueNamed(g_keyPath)));
-    else if (type == u"enumeration" || type == u"flags") {
+    else
+        checkFitting(node, type, result);
+    checkDefault(node, result);
+}
+
+/// What is suspicious about an editor that can edit values of that kind.
+void ZelTypeCheck::checkFitting(const Node &node, const QString &type, const Result &result)
+{
+    using namespace ZelValueKinds;
+    const QString key = node.element.stringValueNamed(g_keyPath).section(u'.', -1);
+    const bool isOfBits = node.element.hasValueNamed(u"bits") || node.element.hasValueNamed(u"bitMask");
+    if (type == u"enumeration" || type == u"flags") {
         checkChoices(node, result);
         checkKeysToOffer(node, result);
+        checkKeysLeftOut(node, result);
     }
-    checkDefault(node, result);
+    if (result.enumeration && !result.enumeration->isFlags && (type == u"flags" || isOfBits))
+        report(node, g_keyPath,
+               QStringLiteral("%1 has one key at a time, several together are none (Q_ENUM): type=\"enumeration\" "
+                              "chooses it. Flags are declared with Q_FLAG")
+                   .arg(result.qualifiedType()),
+               {}, type == u"flags" ? ZelDescriptionMistake::Error : ZelDescriptionMistake::Warning);
+    else if (type == u"boolean" && result.kind == Integer && !isOfBits)
+        report(node, g_keyPath,
+               QStringLiteral("The checkbox writes 1 and 0 into \"%1\", which is of the type %2; with bits=\"0x1\", "
+                              "it changes a single bit")
+                   .arg(key, result.type),
+               {}, ZelDescriptionMistake::Warning);
+    else if (type == u"number" && result.kind == Text)
+        report(node, g_keyPath,
+               QStringLiteral("The numbers are written as texts into \"%1\", which is of the type %2")
+                   .arg(key, result.type),
+               {}, ZelDescriptionMistake::Warning);
+}
+
+/// A value that is none of the choices is shown as if nothing was selected. Numbers may stand for any keys.
+void ZelTypeCheck::checkKeysLeftOut(const Node &node, const Result &result)
+{
+    const ZelTypeTable::Enumeration *known = result.enumeration;
+    const QList<Configuration> choices = choicesOf(node.element);
+    if (!known || known->isFlags || choices.isEmpty() || node.element.hasValueNamed(u"bitMask") ||
+        node.element.hasValueNamed(u"enumeratedValuesKeyPath"))
+        return;
+    for (const Configuration &group : node.element.configurationsNamed(u"option-group")) {
+        if (group.hasValueNamed(u"enumeratedValuesKeyPath"))
+            return;
+    }
+    QStringList left = known->keys;
+    for (const Configuration &choice : choices) {
+        const QString text = choice.stringValueNamed(u"value").section(u':', -1).trimmed();
+        if (!known->keys.contains(text))
+            return; // a number, or reported
+        left.removeAll(text);
+    }
+    if (!left.isEmpty())
+        report(node, g_keyPath,
+               QStringLiteral("No choice for %1 of %2: such a value looks like no selection; a choice with "
+                              "hidden=\"yes\" shows it")
+                   .arg(left.join(QStringLiteral(", ")), result.qualifiedType()),
+               {}, ZelDescriptionMistake::Warning);
 }
 
 /// Without options, the editor offers the keys of the property's type.
@@ -213,22 +258,21 @@ void ZelTypeCheck::checkDefault(const Node &node, const Result &result)
 {
     const QString attribute = QStringLiteral("defaultValue");
     const QString text = node.element.stringValueNamed(attribute).trimmed();
-    const ZelTypeTable::Enumeration *known = enumerationOf(result);
-    if (!known || text.isEmpty() || ZelNumberScanner::isInteger(text) || areKeys(text, known->keys))
+    const ZelTypeTable::Enumeration *known = result.enumeration;
+    if (!known || text.isEmpty() || ZelNumberScanner::isInteger(text) || known->hasKeys(text))
         return;
     ZelNearestName nearest(text);
     nearest.offerAll(known->keys);
-    report(node, attribute, QStringLiteral("defaultValue=\"%1\" is no key of %2").arg(text, qualifiedType(result)),
-           nearest.found());
+    m_report({ZelDescriptionMistake::Error,
+              QStringLiteral("defaultValue=\"%1\" is no key of %2").arg(text, result.qualifiedType()) +
+                  nearest.questionOr(known->keys),
+              node.element.place(), attribute, nearest.found()});
 }
 
 void ZelTypeCheck::checkSingleKey(const Node &node)
 {
-    static constexpr QStringView types[] = {u"boolean", u"enumeration", u"flags", u"size",  u"point",
-                                            u"frame",   u"margins",     u"line",  u"vector"};
-    const QString stored = keyPathBelowSelection(node.element.stringValueNamed(g_keyPath));
-    if (std::ranges::find(types, editorOf(node)) != std::end(types) && stored.contains(u'.') &&
-        !isReadOnly(node.element))
+    const QString stored = ZelDescriptionCheck::storedKeyPath(node.element.stringValueNamed(g_keyPath));
+    if (Schema::writesSingleKey(editorOf(node)) && stored.contains(u'.') && !isReadOnly(node.element))
         report(node, g_keyPath, ZelDescriptionCheck::longKeyPathMessage(stored));
 }
 
@@ -254,7 +298,7 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
     using namespace ZelValueKinds;
     if (!Kinds(Integer | Real | Enumeration).testFlag(result.kind))
         return;
-    const ZelTypeTable::Enumeration *known = enumerationOf(result);
+    const ZelTypeTable::Enumeration *known = result.enumeration;
     const auto checkChoice = [&](const Configuration &choice) {
         const QString text = choice.stringValueNamed(u"value");
         if (text.isNull() || ZelNumberScanner::isInteger(text))
@@ -262,64 +306,15 @@ void ZelTypeCheck::checkChoices(const Node &node, const Result &result)
         QString message = QStringLiteral("The value \"%1\" of an option is no integer").arg(text);
         ZelNearestName nearest(text);
         if (known) {
-            if (areKeys(text, known->keys))
+            if (known->hasKeys(text))
                 return;
-            message += u" and no key of " + qualifiedType(result);
             nearest.offerAll(known->keys);
+            message += u" and no key of " + result.qualifiedType() + nearest.questionOr(known->keys);
         }
-        report({choice, {}, &node}, QStringLiteral("value"), message, nearest.found());
+        m_report({ZelDescriptionMistake::Error, message, choice.place(), QStringLiteral("value"), nearest.found()});
     };
-    for (const Configuration &choice : node.element.configurationsNamed(u"choice"))
+    for (const Configuration &choice : choicesOf(node.element))
         checkChoice(choice);
-    for (const Configuration &group : node.element.configurationsNamed(u"option-group")) {
-        for (const Configuration &option : group.configurationsNamed(u"option"))
-            checkChoice(option);
-    }
-}
-
-const ZelTypeTable::Enumeration *ZelTypeCheck::enumerationOf(const Result &result) const
-{
-    const bool isEnumeration = result.kind == ZelValueKinds::Enumeration && result.last.owner;
-    return isEnumeration ? m_types.enumeration(*result.last.owner, result.type) : nullptr;
-}
-
-/// The arguments of a condition on an enumeration are its keys or numbers.
-void ZelTypeCheck::checkCondition(const Node &node, const QString &attribute, const Result &result)
-{
-    static const QStringList comparisons{QStringLiteral("ZelEquals"), QStringLiteral("ZelNotEquals"),
-                                         QStringLiteral("ZelIsOneOf"), QStringLiteral("ZelContains")};
-    if (!attribute.endsWith(u"KeyPath"))
-        return;
-    const QString transformer = attribute.chopped(g_keyPath.size()) + QStringLiteral("ValueTransformer");
-    const QString text = node.element.stringValueNamed(transformer);
-    const ZelTypeTable::Enumeration *known = enumerationOf(result);
-    if (text.startsWith(u"ZelIsKind("))
-        return checkKind(node, transformer);
-    if (!known || !comparisons.contains(text.section(u'(', 0, 0).trimmed()))
-        return;
-    const QStringList arguments = text.section(u'(', 1).section(u')', 0, 0).split(u',');
-    for (const QString &argument : arguments) {
-        const QString key = argument.trimmed();
-        if (ZelNumberScanner::isInteger(key) || areKeys(key, known->keys))
-            continue;
-        ZelNearestName nearest(key);
-        nearest.offerAll(known->keys);
-        report(node, transformer,
-               QStringLiteral("%1 makes no sense for a value of %2").arg(text, qualifiedType(result)), nearest.found());
-    }
-}
-
-/// The argument of a condition on the class of objects. A class that is not known may be one that has no types here.
-void ZelTypeCheck::checkKind(const Node &node, const QString &transformer)
-{
-    const QString text = node.element.stringValueNamed(transformer);
-    const QString name = text.section(u'(', 1).section(u')', 0, 0).trimmed();
-    if (name.isEmpty() || m_types.classNamed(name))
-        return;
-    ZelNearestName nearest(name);
-    nearest.offerAll(m_types.classNames());
-    report(node, transformer, QStringLiteral("The class %1 is not among the types").arg(name), nearest.found(),
-           ZelDescriptionMistake::Warning);
 }
 
 void ZelTypeCheck::checkSelector(const Node &node, const ZelTypeScope &scope)

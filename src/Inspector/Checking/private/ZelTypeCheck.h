@@ -37,12 +37,11 @@ private:
     void checkSingleKey(const Node &node);
     void checkWritable(const Node &node, const Result &result);
     void checkChoices(const Node &node, const Result &result);
+    void checkFitting(const Node &node, const QString &type, const Result &result);
+    void checkKeysLeftOut(const Node &node, const Result &result);
     void checkKeysToOffer(const Node &node, const Result &result);
     void checkDefault(const Node &node, const Result &result);
     void checkNames(const Node &node);
-    void checkKind(const Node &node, const QString &transformer);
-    void checkCondition(const Node &node, const QString &attribute, const Result &result);
-    const ZelTypeTable::Enumeration *enumerationOf(const Result &result) const;
     void checkSelector(const Node &node, const ZelTypeScope &scope);
     void report(const Node &node, const QString &attribute, const QString &message, const QString &suggestion = {},
                 ZelDescriptionMistake::Severity severity = ZelDescriptionMistake::Error);

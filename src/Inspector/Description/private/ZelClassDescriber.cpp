@@ -2,6 +2,7 @@
 #include "Inspector/Description/private/ZelClassDescriber.h"
 
 #include "Core/Values/private/ZelValueConversion.h"
+#include "Inspector/Description/private/ZelDescriptionCheck.h"
 #include "Inspector/Description/private/ZelDescriptionSchema.h"
 
 #include <QRegularExpression>
@@ -233,7 +234,7 @@ ZelClassDescriber::Attributes ZelClassDescriber::editorOf(const Property &proper
     if (!isInteger && known == std::end(g_editors))
         return {};
     Attributes attributes = editor(isInteger ? "number" : known->editor);
-    if (attributes.first().value == u"number")
+    if (attributes.first().value == u"number" && !m_options.isForAuthors)
         setLimits(attributes, type);
     if (isInteger)
         return attributes;
@@ -256,7 +257,11 @@ void ZelClassDescriber::writeRow(const Property &property)
     Attributes editor = editorOf(property);
     editor.set(QStringLiteral("keyPath"), keyPath(name));
     editor.set(QStringLiteral("actionName"), u"Change " + title);
-    if (m_options.saysWhatIsReadOnly && !property.isWritable)
+    const bool isTooLong = ZelDescriptionSchema::writesSingleKey(editor.first().value) &&
+                           ZelDescriptionCheck::storedKeyPath(keyPath(name)).contains(u'.');
+    if (m_options.isForAuthors && isTooLong && property.isWritable)
+        m_propertiesOnlyShown.append(name);
+    if (m_options.isForAuthors && (isTooLong || !property.isWritable))
         editor.set(ZelDescriptionSchema::attributeOfReadOnly(editor.first().value).toString(), QStringLiteral("no"));
     if (!m_options.attributeOfSilent.isNull() && !property.isAnnounced)
         editor.set(m_options.attributeOfSilent, lastDeclaring(name).name + u'.' + name);

@@ -18,9 +18,9 @@ public:
         QString keyPath;        ///< of the objects below the owner
         QString declaredBy;     ///< the class whose properties are described; null for all
         Attributes ofRoot = {}; ///< further attributes
-        /// Whether editors of properties without a setter say that they only show them, as a file has to that is
-        /// checked.
-        bool saysWhatIsReadOnly = false;
+        /// Whether the description is a file that somebody goes on writing, and checks. Editors that cannot write say
+        /// so then, and there are no limits that are those of a type.
+        bool isForAuthors = false;
         QString attributeOfSilent = {}; ///< names properties that no signal announces, as "Class.name"; null for none
     };
 
@@ -31,6 +31,8 @@ public:
     QByteArray describe();
     const QStringList &properties() const { return m_properties; }
     const QStringList &propertiesWithoutEditor() const { return m_propertiesWithoutEditor; }
+    /// Those that could be written but for their key path; of a description for authors.
+    const QStringList &propertiesOnlyShown() const { return m_propertiesOnlyShown; }
 
 private:
     using Property = ZelDescribedClass::Property;
@@ -55,4 +57,5 @@ private:
     QXmlStreamWriter m_writer{&m_xml};
     QStringList m_properties;
     QStringList m_propertiesWithoutEditor;
+    QStringList m_propertiesOnlyShown;
 };

@@ -145,6 +145,18 @@ QString meantBy(const QString &name, const QStringList &known)
     return nearest.found().isNull() ? ZelDescriptionHints::synonym(name, known) : nearest.found();
 }
 
+/// Whether an unknown attribute is probably that one: what is said of it is enough then.
+bool hasAttributeMeaning(QStringView wanted, const Configuration &element, const Schema::Element &schema)
+{
+    const ZelXmlElement &xml = element.element();
+    for (qsizetype i = 0; i < xml.attributeCount(); ++i) {
+        const QString name = xml.attributeName(i);
+        if (!schema.attributeNamed(name) && !isForeign(name) && meantBy(name, namesOf(schema)) == wanted)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void ZelDescriptionCheck::check(const Configuration &element, QStringView role) const
@@ -168,10 +180,19 @@ void ZelDescriptionCheck::check(const Configuration &element, QStringView role) 
         checkValues({element}, u"choice");
 }
 
+QString ZelDescriptionCheck::storedKeyPath(const QString &keyPath)
+{
+    static const QString selection = QStringLiteral(".selection.");
+    const qsizetype start = keyPath.lastIndexOf(selection);
+    return start < 0 ? keyPath : keyPath.mid(start + selection.size());
+}
+
 QString ZelDescriptionCheck::longKeyPathMessage(const QString &stored)
 {
-    return QStringLiteral("The editor writes a single key, \"%1\" is longer: it can show the value but not change it")
-        .arg(stored);
+    return QStringLiteral("The editor writes a single key, \"%1\" is longer: it can show the value but not change it. "
+                          "Give the object a property for it, or its part a controller of its own, as in "
+                          "\"%2Controller.selection.%3\"; enabled=\"no\" says that it is only shown")
+        .arg(stored, stored.section(u'.', -2, -2), stored.section(u'.', -1));
 }
 
 void ZelDescriptionCheck::report(const Configuration &element, const QString &attribute, const QString &message,
@@ -226,7 +247,7 @@ void ZelDescriptionCheck::checkValue(const Configuration &element, const Schema:
         return;
     const QStringList words = textsOf(known.words->words);
     const QString meant = meantBy(text.toString(), words);
-    const QString all = meant.isNull() ? QString(u"; there are " + words.join(QStringLiteral(", "))) : QString();
+    const QString all = meant.isNull() ? ZelNearestName::choices(words) : QString();
     report(element, name, known.words->refusal + text + all, meant);
 }
 
@@ -277,7 +298,8 @@ void ZelDescriptionCheck::checkChildren(const Configuration &element, const Sche
 /// What the library says when it reads the element, or what makes it useless.
 void ZelDescriptionCheck::checkRequired(const Configuration &element, const Schema::Element &schema) const
 {
-    if (!schema.required.isNull() && element.stringValueNamed(schema.required).isEmpty())
+    if (!schema.required.isNull() && element.stringValueNamed(schema.required).isEmpty() &&
+        !hasAttributeMeaning(schema.required, element, schema))
         report(element, {},
                schema.required == u"type" ? QStringLiteral("Property type not given")
                                           : QStringLiteral("%1 has no %2").arg(tagOf(element), schema.required));

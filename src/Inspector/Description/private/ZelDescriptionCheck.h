@@ -41,6 +41,8 @@ public:
 
     /// What is said of an editor that stores a single key but has a longer path below the selection.
     static QString longKeyPathMessage(const QString &stored);
+    /// What of a key path is stored in each selected object, or in the owner: all, or what follows the last selection.
+    static QString storedKeyPath(const QString &keyPath);
 
 private:
     using Schema = ZelDescriptionSchema;

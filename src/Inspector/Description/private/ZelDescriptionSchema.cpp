@@ -267,3 +267,10 @@ QStringView Schema::attributeOfReadOnly(QStringView type)
     const QStringView editable = u"editable";
     return element(u"property", type)->attributeNamed(editable) ? editable : QStringView(u"enabled");
 }
+
+bool Schema::writesSingleKey(QStringView type)
+{
+    static constexpr QStringView types[] = {u"boolean", u"enumeration", u"flags", u"size",  u"point",
+                                            u"frame",   u"margins",     u"line",  u"vector"};
+    return std::ranges::find(types, type) != std::end(types);
+}

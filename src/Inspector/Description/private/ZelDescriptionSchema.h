@@ -73,4 +73,6 @@ public:
     static const Element *element(QStringView role, QStringView type = {});
     /// The attribute with which a property of that type only shows its value, if it is "no".
     static QStringView attributeOfReadOnly(QStringView type);
+    /// Whether properties of that type write a single key of each object, and no longer key path.
+    static bool writesSingleKey(QStringView type);
 };

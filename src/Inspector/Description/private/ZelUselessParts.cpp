@@ -52,6 +52,31 @@ void addConditions(Mistakes &found, const Configuration &element)
     }
 }
 
+void addNumber(Mistakes &found, const Configuration &element)
+{
+    static const QString slider = QStringLiteral("slider");
+    const QString kind = element.stringValueNamed(slider);
+    const bool hasSlider =
+        kind.compare(u"linear", Qt::CaseInsensitive) == 0 || kind.compare(u"circular", Qt::CaseInsensitive) == 0;
+    if (hasSlider && !element.hasValueNamed(u"maximum") && !element.hasValueNamed(u"maximumKeyPath"))
+        found.append(warning(element,
+                             QStringLiteral("The slider goes up to 3.4e38: it has neither maximum nor maximumKeyPath"),
+                             slider));
+    static const QString checkbox = QStringLiteral("nonNilValueTitle");
+    if (element.hasValueNamed(checkbox) && !element.hasValueNamed(u"nonNilValueKeyPath"))
+        found.append(warning(
+            element, QStringLiteral("The checkbox cannot be switched on: it has no nonNilValueKeyPath"), checkbox));
+}
+
+/// The root of a file may be shown without a tab, and another file may have what is missing.
+void addTab(Mistakes &found, const Configuration &element)
+{
+    constexpr QStringView names[] = {u"image", u"title", u"file"};
+    const auto isThere = [&](QStringView name) { return element.hasValueNamed(name); };
+    if (!element.element().isRoot() && std::ranges::none_of(names, isThere))
+        found.append(warning(element, QStringLiteral("The tab shows nothing: the pane has neither image nor title")));
+}
+
 void addSegments(Mistakes &found, const Configuration &element)
 {
     for (const Configuration &group : element.configurationsNamed(u"option-group")) {
@@ -69,6 +94,10 @@ Mistakes ZelUselessParts::of(const Configuration &element, const ZelDescriptionS
     Mistakes found;
     addEditor(found, element, schema.type);
     addConditions(found, element);
+    if (schema.type == u"number")
+        addNumber(found, element);
+    if (schema.role == u"pane")
+        addTab(found, element);
     if (schema.type == u"enumeration" && element.stringValueNamed(u"style") == u"segmented")
         addSegments(found, element);
     return found;

@@ -183,9 +183,10 @@ QString ZelXmlTreeBuilder::parserMessage() const
     case XML_ERROR_NO_ELEMENTS:
     case XML_ERROR_UNCLOSED_TOKEN:
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
-        return ZelXmlReader::tr("Premature end of document.");
+        return ZelXmlReader::tr("Premature end of document.") + openElement();
     case XML_ERROR_TAG_MISMATCH:
-        return ZelXmlReader::tr("Opening and ending tag mismatch.");
+        return ZelXmlReader::tr("Opening and ending tag mismatch: </%1> stands there.").arg(nameAt(position)) +
+               openElement();
     case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
         return ZelXmlReader::tr("Extra content at end of document.");
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
@@ -207,6 +208,15 @@ QString ZelXmlTreeBuilder::parserMessage() const
     }
 }
 
+/// Which element still has to be closed, after another sentence; empty if none has.
+QString ZelXmlTreeBuilder::openElement() const
+{
+    if (m_open.empty())
+        return {};
+    const ZelXmlTree::Element &element = m_tree->elements[m_open.back()];
+    return u' ' + ZelXmlReader::tr("<%1> of line %2 is open.").arg(m_tree->names[element.name]).arg(element.line);
+}
+
 /// What is often forgotten before such a character.
 QString ZelXmlTreeBuilder::hintAt(qsizetype position) const
 {
@@ -222,7 +232,7 @@ QString ZelXmlTreeBuilder::hintAt(qsizetype position) const
 QString ZelXmlTreeBuilder::nameAt(qsizetype position) const
 {
     const QByteArrayView rest = m_data.sliced(position);
-    const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return std::strchr(" \t\r\n=;", c); });
+    const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return std::strchr(" \t\r\n=;/>", c); });
     return QString::fromUtf8(rest.first(end - rest.begin()));
 }
 

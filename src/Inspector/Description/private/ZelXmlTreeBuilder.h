@@ -41,6 +41,7 @@ private:
     void refuse(const QString &message);
     ZelSourcePlace place() const;
     QString parserMessage() const;
+    QString openElement() const;
     QString hintAt(qsizetype position) const;
     QString nameAt(qsizetype position) const;
     QString unknownEntityFrom(qsizetype position) const;
