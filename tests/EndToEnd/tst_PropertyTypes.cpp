@@ -294,6 +294,20 @@ private Q_SLOTS:
             QCOMPARE(desk.boxes("styles"), "xxx");
     }
 
+    void severalKeysOfAnEnumerationAreNone()
+    {
+        Desk desk(Sheet::row("pen", "flags") + Sheet::row("any", "flags"));
+        desk.a.setPen(Stamp::Pen::SolidLine);
+        desk.a.setAny(QVariant::fromValue(Stamp::Pen::DashDotLine));
+        desk.selectObjects({&desk.a});
+        QCOMPARE(desk.boxes("pen"), "xx");
+        QCOMPARE(desk.boxes("any"), "~+"); // the type of its value is not the property's
+        desk.clickBox("any", 0);
+        QCOMPARE(desk.a.any(), QVariant::fromValue(Stamp::Pen::DashDotLine));
+        QCOMPARE(desk.boxes("any"), "~+");
+        QCOMPARE(desk.stack.count(), 0);
+    }
+
     void flagsMayBeOptionsOfANumberOf64Bits()
     {
         Desk desk(Sheet::row("unsignedNumber", "flags",

@@ -129,13 +129,22 @@ bool ZelDatePicker::filterEvent(QObject *watched, QEvent *event)
     return true;
 }
 
+void ZelDatePicker::applyEditable(bool editable)
+{
+    setReadOnly(!editable);
+    updateColors();
+}
+
+/// The line edit covers what the style draws for the whole field.
 void ZelDatePicker::updateColors()
 {
     QPalette colors;
     colors.setResolveMask(0);
     if (m_showsNone)
         colors.setColor(QPalette::Text, ZelThemeColor::dimmed(palette()));
-    if (m_showsNone || lineEdit()->testAttribute(Qt::WA_SetPalette))
+    if (isReadOnly())
+        colors.setBrush(QPalette::Base, palette().window());
+    if (m_showsNone || isReadOnly() || lineEdit()->testAttribute(Qt::WA_SetPalette))
         lineEdit()->setPalette(colors);
 }
 

@@ -67,7 +67,7 @@ private:
     void showValue() override;
     bool readValue(QVariant *value, QString *error) override;
     bool isChange(const QVariant &value) const override;
-    void applyEditable(bool editable) override { setReadOnly(!editable); }
+    void applyEditable(bool editable) override;
     void updateColors();
     void beginWithToday();
     void clearDate();

@@ -85,6 +85,11 @@ std::optional<quint64> ZelInspectorEnumerationProperty::editedBits() const
     return bits;
 }
 
+bool ZelInspectorEnumerationProperty::keepsType(QMetaType type) const
+{
+    return !choosesSeveral() || !ZelEnumerationKeys::isOfSingleKeys(type);
+}
+
 Qt::CheckState ZelInspectorEnumerationProperty::Bits::stateOf(const Choice &flag) const
 {
     const quint64 bits = unsignedValue(flag.value);
@@ -148,6 +153,8 @@ void ZelInspectorEnumerationProperty::writeFlag(const QVariant &flag, bool isOn,
 {
     writeValues(
         [bits = unsignedValue(flag), isOn](const QVariant &old) {
+            if (ZelEnumerationKeys::isOfSingleKeys(old.metaType())) // in a property of any type
+                return old;
             const quint64 value = unsignedValue(old);
             return ZelValueConversion::ofBits(isOn ? value | bits : value & ~bits, old.metaType());
         },

@@ -72,6 +72,9 @@ Q_SIGNALS:
 
 protected:
     std::optional<quint64> editedBits() const override;
+    /// Several keys of an enumeration that is none of flags are no value of it.
+    bool keepsType(QMetaType type) const override;
+    bool editsType(QMetaType type) const override { return keepsType(type) && ZelInspectorProperty::editsType(type); }
     /// A value that is none of the choices is refused, and so are bits that belong to none.
     QString refusalOfPasted(const QVariant &modelValue) const override;
     bool storesSingleKey() const override { return m_editable; }

@@ -4,6 +4,7 @@
 #include "Controls/ZelControlSize.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelAssertions.h"
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Observation/ZelDelayedInvocation.h"
@@ -146,8 +147,9 @@ void ZelInspectorImageEnumerationProperty::updateView()
     if (!alive)
         return;
     showImage();
+    // No segment is shown as chosen now. A panel is not given up because of what a model holds.
     if (isUnknown)
-        segmentForValue(value); // reports the unknown value, now that no segment is shown as chosen
+        ZelExceptionReporter::run(this, [&] { segmentForValue(value); });
 }
 
 void ZelInspectorImageEnumerationProperty::showImage()

@@ -312,9 +312,10 @@ void ZelInspectorNumberProperty::updateView()
     if (!m_nonNillCheckbox)
         return; // the other controls follow their bindings
     const QVariant value = reflectedValue();
-    m_nonNillCheckbox->setEnabled(isWritable());
+    const bool isMixed = ZelIsMarker(value, ZelMultipleValuesMarker);
+    m_nonNillCheckbox->setEnabled((isMixed || !ZelIsControllerMarker(value)) && isWritable());
     if (ZelIsControllerMarker(value))
-        m_nonNillCheckbox->setObjectValue(ZelIsMarker(value, ZelMultipleValuesMarker) ? value : QVariant(false));
+        m_nonNillCheckbox->setObjectValue(isMixed ? value : QVariant(false));
     else
         m_nonNillCheckbox->setObjectValue(ZelIsNull(value) != nilValueControlIsOffWhenNil);
 }

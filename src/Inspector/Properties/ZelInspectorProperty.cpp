@@ -205,7 +205,10 @@ bool ZelInspectorProperty::isFieldFocused() const
 
 bool ZelInspectorProperty::isWritable() const
 {
-    return !m_readOnly && ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).isWritable();
+    if (m_readOnly || isKeyPathTooLong())
+        return false;
+    const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
+    return domain.isWritable() && std::ranges::all_of(domain.types(), [&](QMetaType type) { return keepsType(type); });
 }
 
 QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
@@ -664,7 +667,8 @@ void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding)
 void ZelInspectorProperty::viewDidInstall()
 {
     ZelViewController::viewDidInstall();
-    warnOfLongKeyPath();
+    if (isKeyPathTooLong())
+        ZelLogWarning(ZelDescriptionCheck::longKeyPathMessage(keyPathByStripingControllerSelectionPrefix(m_keyPath)));
     if (m_returnAdvances)
         watchReturn();
     if (m_default)
@@ -720,13 +724,10 @@ void ZelInspectorProperty::warnUnlessEdited(const QObject *object, const QString
     }
 }
 
-void ZelInspectorProperty::warnOfLongKeyPath() const
+bool ZelInspectorProperty::isKeyPathTooLong() const
 {
-    if (!storesSingleKey())
-        return;
-    const QString stored = keyPathByStripingControllerSelectionPrefix(m_keyPath);
-    if (stored.contains(u'.'))
-        ZelLogWarning(ZelDescriptionCheck::longKeyPathMessage(stored));
+    return storesSingleKey() && m_keyPath.contains(u'.') &&
+           keyPathByStripingControllerSelectionPrefix(m_keyPath).contains(u'.');
 }
 
 bool ZelInspectorProperty::contains(const QWidget *control) const

@@ -274,8 +274,11 @@ protected:
     /// The bits that the editor edits of a number; absent if it edits the whole value.
     virtual std::optional<quint64> editedBits() const { return std::nullopt; }
 
+    /// Whether all that the editor makes of a value of that type is one, too; true by default. What is not is only
+    /// shown.
+    virtual bool keepsType(QMetaType) const { return true; }
     /// Whether the editor writes with updateReflectedValues, for which the key below the selection must be a single
-    /// one. A longer one is a warning when the view is installed.
+    /// one. A longer one is a warning when the view is installed, and the value is only shown.
     virtual bool storesSingleKey() const { return false; }
     /// Whether the control belongs to the editor, wherever it is shown. By default, the controls in the view do.
     virtual bool contains(const QWidget *control) const;
@@ -307,7 +310,7 @@ private:
     void watchReturn();
     bool isFieldFocused() const;
     bool setObservedKeyPath(QString &member, const QString &keyPath);
-    void warnOfLongKeyPath() const;
+    bool isKeyPathTooLong() const;
     ZelEditorDefault &editorDefault();
     void observeDefault();
     void updateChangedFromDefault();

@@ -162,9 +162,8 @@ private Q_SLOTS:
         Window window;
         Closed closed;
         Figure *open = window.figures[0].get();
-        const QStringList onlyToAValue{"ZelInspectorNumberProperty ZelCheckBox"}; // a way to one
         for (const bool isUnlocked : {true, false, true})
-            QCOMPARE(window.inputs({}, isUnlocked), onlyToAValue);
+            QCOMPARE(window.inputs({}, isUnlocked), QStringList());
         const QStringList all = window.inputs({open});
         QCOMPARE(all.size(), window.editors.size());
         const qsizetype steppers = window.visibleSteppers();
@@ -175,6 +174,7 @@ private Q_SLOTS:
             QCOMPARE(window.inputs({open}), all);
             QCOMPARE(window.visibleSteppers(), steppers);
         }
+        const QStringList onlyToAValue{"ZelInspectorNumberProperty ZelCheckBox"}; // a way to one
         QCOMPARE(window.inputs({open}, false), onlyToAValue);
         QCOMPARE(window.inputs({open}), all);
     }

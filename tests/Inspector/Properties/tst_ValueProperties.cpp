@@ -316,12 +316,28 @@ private Q_SLOTS:
         window.select({0});
         QCOMPARE(control->selectedIndex(), 1);
         QVERIFY_EXCEPTION_THROWN(property->segmentForValue(77), ZelInternalInconsistencyException);
+        figure.setFlags(12);
+        const_cast<ImageEnumeration *>(property)
+            ->updateView(); // is reported: a panel is not lost by what a model holds
+        QVERIFY(ZelIsNull(property->selectedIndex()));
+        figure.setFlags(0x15);
         QCOMPARE(property->representedObjects(), QVariantList({0, 4, 8}));
         QCOMPARE(property->titles().value(2), "eight");
         QVERIFY(ZelIsNull(property->images().value(0)));
         connect(&figure, &Person::flagsChanged, this, [&figure] { figure.setFlags(4); });
         Sheet::click(control, control->segmentRect(2).center());
         QCOMPARE(control->selectedIndex(), 1); // as the model made of it
+    }
+
+    void partsOfObjectsAreOnlyShownByEditorsOfSingleKeys()
+    {
+        Sheet window(Sheet::row("friendOf.active", "boolean") + Sheet::row("friendOf.height", "number"));
+        window.figures[0]->setFriendOf(window.figures[1].get());
+        window.figures[1]->setActive(true);
+        window.select({0});
+        const auto *box = window.editor<ZelInspectorBooleanProperty>("friendOf.active")->checkbox();
+        QVERIFY(box->isChecked() && !box->isEnabled());
+        QVERIFY(window.editor<Number>("friendOf.height")->textField()->isEditable());
     }
 
     void actions()

@@ -39,6 +39,11 @@ bool ZelEnumerationKeys::isFlags(QMetaType type)
     return keys.isFlag() && qstrcmp(keys.name(), keys.enumName()) == 0;
 }
 
+bool ZelEnumerationKeys::isOfSingleKeys(QMetaType type)
+{
+    return isEnumeration(type) && of(type).keyCount() > 0 && !isFlags(type);
+}
+
 QMetaEnum ZelEnumerationKeys::of(QMetaType type)
 {
     const QMetaObject *declaring = isEnumeration(type) ? type.metaObject() : nullptr;

@@ -15,6 +15,8 @@ public:
     static bool isEnumeration(QMetaType type) { return type.flags().testFlag(QMetaType::IsEnumeration); }
     /// Whether values are made of several keys.
     static bool isFlags(QMetaType type);
+    /// Whether every value is one key, so that several together are none: an enumeration with keys that are no flags.
+    static bool isOfSingleKeys(QMetaType type);
     /// Invalid for a type whose keys Qt does not know.
     static QMetaEnum of(QMetaType type);
     /// The names in the order of their declaration.
