@@ -111,7 +111,7 @@ private Q_SLOTS:
             {"text", "string", "setter", "old"},
             {"number", "number", "setter", "7"},
             {"frame", "frame", "setter", "1"},
-            {"frame.x", "boolean' title='a' bits='1", "frame.x", "on"}, // two keys for one
+            {"frame.x", "boolean' title='a' bits='1", "", "on"}, // two keys for one, and not enabled
             {"watched", "boolean' title='a", "observer", "on", 1},
             {"kind", "boolean' title='a' actionSelector='failAction", "action", "on", 1},
             {"fixed", "boolean' title='a", "", "off"}, // without WRITE
