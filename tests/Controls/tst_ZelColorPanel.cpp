@@ -126,6 +126,33 @@ private Q_SLOTS:
         QCOMPARE(panel->color(), QColor(9, 9, 200));
     }
 
+    void whatIsTypedInAFieldIsOneUndoStep()
+    {
+        Client client;
+        QUndoStack *stack = client.undo.stack();
+        client.link.setShowsAlpha(true);
+        client.link.activate(&client);
+        QVERIFY(QTest::qWaitForWindowActive(dialog()));
+        const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>();
+        const auto type = [&](QSpinBox *field, const QString &text) {
+            field->setFocus();
+            field->selectAll();
+            QTest::keyClicks(field, text);
+        };
+        client.whenTaken = [&client] { client.link.showColor(); };
+        type(fields.last(), "123");
+        QTest::qWait(int(ZelUndoBurst::pause) + 50); // however slowly
+        QTest::keyClick(fields.last(), Qt::Key_Up);
+        QCOMPARE(client.color.alpha(), 124);
+        QCOMPARE(stack->count(), 1);
+        type(fields.at(2), "88");
+        QCOMPARE(stack->count(), 2);
+        // The same field, but another object in between.
+        client.color = Qt::red;
+        client.link.showColor();
+        type(fields.at(2), "99");
+        QCOMPARE(stack->count(), 3);
+    }
     void clientsFollowThePanelOneAtATime()
     {
         Client client;

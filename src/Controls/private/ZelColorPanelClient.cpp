@@ -4,7 +4,10 @@
 #include "Controls/ZelColorPanel.h"
 #include "Core/Undo/ZelUndoManager.h"
 
-#include <QWidget>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QLineEdit>
+#include <optional>
 
 ZelColorPanelClient::ZelColorPanelClient(QObject *parent, TakesColors takesColors, ShownColor shownColor)
     : QObject(parent)
@@ -34,6 +37,7 @@ void ZelColorPanelClient::takePanel()
     connect(m_panel, &ZelColorPanel::trackingDidEnd, this, &ZelColorPanelClient::endDrag);
     connect(m_panel, &ZelColorPanel::willClose, this, &ZelColorPanelClient::deactivate);
     connect(m_panel, &ZelColorPanel::delegateDidChange, this, &ZelColorPanelClient::deactivate);
+    connect(qApp, &QApplication::focusChanged, this, [this] { m_typing.end(); });
     m_isActive = true;
     m_panel->setShowsAlpha(m_showsAlpha);
     const QColor color = m_shownColor();
@@ -45,6 +49,8 @@ void ZelColorPanelClient::deactivate()
     if (!std::exchange(m_isActive, false))
         return;
     const auto grouping = std::move(m_dragGrouping); // destroyed last, because its end may call others
+    m_typing.end();
+    disconnect(qApp, nullptr, this, nullptr);
     if (m_panel) {
         m_panel->disconnect(this);
         if (m_panel->delegate() == parent())
@@ -60,10 +66,22 @@ void ZelColorPanelClient::setShowsAlpha(bool shows)
         m_panel->setShowsAlpha(shows);
 }
 
-void ZelColorPanelClient::showColor() const
+void ZelColorPanelClient::showColor()
 {
-    if (m_isActive && m_panel && !m_panel->isTracking())
-        m_panel->setColor(m_shownColor());
+    if (!m_isActive || !m_panel || m_panel->isTracking())
+        return;
+    const QRgb former = m_panel->color().rgba();
+    m_panel->setColor(m_shownColor());
+    if (former != m_panel->color().rgba())
+        m_typing.end(); // the next key may be meant for another object
+}
+
+/// Whether the colour comes from a field of the panel.
+bool ZelColorPanelClient::isTyping() const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    const bool isField = qobject_cast<const QLineEdit *>(focus) || qobject_cast<const QAbstractSpinBox *>(focus);
+    return isField && !m_panel->isTracking() && focus->window() == m_panel->window();
 }
 
 void ZelColorPanelClient::takeColor()
@@ -78,6 +96,9 @@ void ZelColorPanelClient::takeColor()
         return;
     if (m_panel->isTracking() && !m_dragGrouping)
         m_dragGrouping = std::make_unique<ZelUndoGrouping>(m_widget.data()); // one step for the whole drag
+    std::optional<ZelUndoBurst::Edit> typed;
+    if (isTyping())
+        typed.emplace(m_typing, true);
     Q_EMIT colorChosen(m_panel->color());
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Undo/ZelUndoBurst.h"
+
 #include <QColor>
 #include <QObject>
 #include <QPointer>
@@ -14,7 +16,8 @@ class ZelUndoGrouping;
 /// Links its parent, a control or an editor, to the colour panel, which serves one client at a time.
 ///
 /// While the link is active, the parent is the panel's delegate and hears of every colour that the user chooses. The
-/// colours of one drag are one undo grouping. The link ends when somebody else becomes the delegate, or the panel is
+/// colours of one drag are one undo grouping, and those of one stay in a field of the panel are one burst, since the
+/// panel reports every key. The link ends when somebody else becomes the delegate, or the panel is
 /// closed. The parent ends it when it leaves its window, and in its destructor.
 class ZelColorPanelClient : public QObject
 {
@@ -38,7 +41,7 @@ public:
     void setShowsAlpha(bool shows);
     /// Makes the panel show the parent's colour. Does nothing while the user is dragging, because the parent then
     /// follows the panel.
-    void showColor() const;
+    void showColor();
     /// Reports the panel's colour to the parent. This happens by itself when the user chooses one.
     void takeColor();
 
@@ -50,12 +53,14 @@ Q_SIGNALS:
 private:
     void takePanel();
     void endDrag();
+    bool isTyping() const;
 
     TakesColors m_takesColors;
     ShownColor m_shownColor;
     QPointer<ZelColorPanel> m_panel;
     QPointer<const QWidget> m_widget;
     std::unique_ptr<ZelUndoGrouping> m_dragGrouping;
+    ZelUndoBurst m_typing; // until the focus moves
     bool m_isActive = false;
     bool m_showsAlpha = false;
 };
