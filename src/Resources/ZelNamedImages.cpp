@@ -41,7 +41,7 @@ void ZelNamedImages::setImageForName(const QIcon &image, const QString &name)
     if (image.isNull())
         images().remove(name);
     else
-        images().insert(name, image);
+        images().insert(name, name.endsWith(u"Template") && !isTemplateImage(image) ? templateImage(image) : image);
 }
 
 QIcon ZelNamedImages::imageNamed(const QString &name)

@@ -124,6 +124,8 @@ private Q_SLOTS:
         const QIcon mark = ZelNamedImages::imageNamedInBundleForClass("MarkTemplate.png", metaObject);
         QVERIFY(ZelNamedImages::isTemplateImage(mark));
         QVERIFY(!ZelNamedImages::imageNamedInBundleForClass("qtlogo-64", metaObject).isNull());
+        ZelNamedImages::setImageForName(plain, "PlainTemplate");
+        QVERIFY(ZelNamedImages::isTemplateImage(ZelNamedImages::imageNamed("PlainTemplate")));
         ZelNamedImages::setImageForName({}, "Plain");
         QVERIFY(ZelNamedImages::imageNamed("Plain").isNull());
     }

@@ -128,7 +128,7 @@ void ZelControlSupport::showDisabled(QStyleOption *option)
 void ZelControlSupport::showTypable(QStyleOption *option, bool isEditable)
 {
     if (!isEditable || !option->state.testFlag(QStyle::State_Enabled))
-        option->palette.setBrush(QPalette::Base, option->palette.window());
+        option->palette.setColor(QPalette::Base, ZelThemeColor::closed(option->palette));
 }
 
 bool ZelControlSupport::hasCommandModifier(const QKeyEvent *event)

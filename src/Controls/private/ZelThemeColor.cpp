@@ -49,6 +49,16 @@ QColor ZelThemeColor::error(const QPalette &palette)
     return dark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb3, 0x1d, 0x1d);
 }
 
+QColor ZelThemeColor::closed(const QPalette &palette)
+{
+    const auto distance = [&](QPalette::ColorRole role) {
+        return std::abs(palette.color(QPalette::Active, role).lightnessF() -
+                        palette.color(QPalette::Active, QPalette::Base).lightnessF());
+    };
+    const bool isButton = distance(QPalette::Button) > distance(QPalette::Window);
+    return palette.color(QPalette::Active, isButton ? QPalette::Button : QPalette::Window);
+}
+
 QColor ZelThemeColor::dimmed(const QPalette &palette)
 {
     return legible(palette.color(QPalette::Active, QPalette::PlaceholderText), palette);

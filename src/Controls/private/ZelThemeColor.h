@@ -19,6 +19,9 @@ public:
     /// The colour of placeholder texts, such as "Multiple Values", and of what cannot be edited: as faint as the
     /// palette's placeholders, but legible.
     static QColor dimmed(const QPalette &palette);
+    /// The background of fields that cannot be edited: the colour of buttons or of windows, whichever is farther from
+    /// that of open fields.
+    static QColor closed(const QPalette &palette);
     /// The colour, moved towards the palette's text colour as far as is needed to read it on fields, buttons and
     /// windows.
     static QColor legible(const QColor &color, const QPalette &palette);

@@ -85,6 +85,7 @@ void ZelInspectorDateProperty::updateView()
     const QVariant value = reflectedValue();
     const bool isMarker = ZelIsControllerMarker(value);
     m_datePicker->setEditable((!isMarker || ZelIsMarker(value, ZelMultipleValuesMarker)) && isWritable());
+    m_datePicker->setButtonSymbols(isWritable() ? QDateTimeEdit::UpDownArrows : QDateTimeEdit::NoButtons);
     m_datePicker->setNullPlaceholder(isMarker ? ZelControlSupport::markerText(value) : placeholder);
     m_datePicker->setObjectValue(isMarker ? QVariant() : value);
 }
