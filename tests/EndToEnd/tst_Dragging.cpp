@@ -426,6 +426,21 @@ private Q_SLOTS:
             QCOMPARE(window.selectedTexts(), "bd");
         }
         QCOMPARE(window.list()->tableView()->accessibleDescription(), "Row 2 of 5");
+        // Shift selects from the moved row.
+        window.selectRows({1});
+        move(Qt::Key_Down);
+        Sheet::press(Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(window.selectedTexts(), "bd");
+        move(Qt::Key_Up);
+        Sheet::press(Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(window.selectedTexts(), "b");
+        Sheet::press(Qt::Key_End);
+        QCOMPARE(window.selectedTexts(), "e");
+        Sheet::press(Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(window.selectedTexts(), "abcde");
+        window.undo();
+        window.undo();
+        window.selectRows({1, 3});
         window.stack.clear();
         window.set(1, "tags", Texts{"x", "y"});
         move(Qt::Key_Up); // there are two lists now

@@ -77,6 +77,28 @@ private Q_SLOTS:
         QVERIFY(!ZelColorPanel::sharedColorPanel()->delegate());
     }
 
+    void aRowIsAddedAndNamedInOneStep()
+    {
+        Window window(Window::row("tags", "custom", "class='ZelInspectorArrayProperty'"));
+        auto *editor = window.editor<ZelInspectorArrayProperty>("tags");
+        window.select({0, 1});
+        for (const char *text : {"first", "second"}) {
+            Window::click(editor->actionBar()->itemViews().at(0));
+            Window::type(text);
+            Window::press(Qt::Key_Return);
+            window.settle();
+        }
+        Window::press(Qt::Key_F2);
+        Window::type("third");
+        Window::press(Qt::Key_Return);
+        QCOMPARE(window.shown("tags"), "a b first third");
+        for (const char *former : {"a b first second", "a b first", "a b"}) {
+            window.undo();
+            QCOMPARE(window.shown("tags"), former);
+        }
+        QVERIFY(!window.stack.canUndo());
+    }
+
     void theArrayTableIsEditedInPlace()
     {
         Window window(Window::row("tags", "custom", "class='ZelInspectorArrayProperty'"));

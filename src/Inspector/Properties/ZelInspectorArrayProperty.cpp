@@ -2,6 +2,7 @@
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 
 #include "Controls/private/ZelControlSupport.h"
+#include "Controls/private/ZelThemeColor.h"
 #include "Core/Binding/ZelBinding.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
@@ -14,10 +15,12 @@
 #include "Resources/ZelNamedImages.h"
 #include "Resources/private/ZelDrawnIconEngine.h"
 
+#include <QAbstractItemDelegate>
 #include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <QSequentialIterable>
+#include <optional>
 
 namespace {
 
@@ -108,9 +111,8 @@ void ZelInspectorArrayProperty::loadView()
 {
     ZelView *container = makeEditorView();
     m_borderView = new BorderView(container);
-    m_borderView->setBackgroundColor(ZelColor::named(QStringLiteral("System"), QStringLiteral("textBackgroundColor")));
     addTable();
-    updateBorderColor();
+    updateColors();
     addActionBar();
     m_label = ZelEditorLayout::addTitleLabel(container, title());
     layOut(container);
@@ -141,14 +143,10 @@ void ZelInspectorArrayProperty::addTable()
     m_tableView->installEventFilter(this);
     connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { ZelExceptionReporter::run(this, [this] { tableViewSelectionDidChange(); }); });
-    connect(m_model, &ZelArrayTableModel::cellEdited, this, [this](int row, const QVariant &value) {
-        const QPointer<ZelInspectorArrayProperty> alive(this);
-        ZelExceptionReporter::run(this, [&] {
-            const ZelUndoGrouping grouping(m_tableView);
-            setObjectValueForRow(value, row);
-        });
-        if (alive)
-            updateViewInvocation().invoke(); // otherwise the cell would show the former value for a moment
+    connect(m_model, &ZelArrayTableModel::cellEdited, this, &ZelInspectorArrayProperty::takeCell);
+    connect(m_tableView->itemDelegate(), &QAbstractItemDelegate::closeEditor, this, [this](const QWidget *field) {
+        if (field == m_addedCell)
+            m_addedCell = nullptr;
     });
     connect(m_tableView, &ZelArrayTableView::reordered, this,
             [this](const QList<int> &order) { ZelExceptionReporter::run(this, [&] { reorder(order); }); });
@@ -193,9 +191,15 @@ void ZelInspectorArrayProperty::viewDidInstall()
     updateView();
 }
 
-/// The border has a colour between text and background, as separators have, and not the palette's colour of lines.
-void ZelInspectorArrayProperty::updateBorderColor()
+/// The border has a colour between text and background, as separators have, and not the palette's colour of lines. A
+/// list that cannot be edited has the background of such fields.
+void ZelInspectorArrayProperty::updateColors()
 {
+    if (m_tableView->isEnabled() && canEdit())
+        m_borderView->setBackgroundColor(
+            ZelColor::named(QStringLiteral("System"), QStringLiteral("textBackgroundColor")));
+    else
+        m_borderView->setBackgroundColor(ZelThemeColor::closed(m_borderView->palette()));
     QColor color = m_tableView->palette().color(QPalette::WindowText);
     color.setAlphaF(0.35F);
     m_borderView->setBorderColor(color);
@@ -207,7 +211,7 @@ bool ZelInspectorArrayProperty::filterEvent(QObject *watched, QEvent *event)
     if (event->type() == QEvent::EnabledChange && watched == m_tableView)
         updateViewInvocation().schedule();
     else if (event->type() == QEvent::PaletteChange && watched == m_tableView)
-        updateBorderColor();
+        updateColors();
     return ZelInspectorProperty::filterEvent(watched, event);
 }
 
@@ -221,6 +225,7 @@ void ZelInspectorArrayProperty::updateView()
     m_tableView->setPlaceholder(ZelControlSupport::markerText(reflectedValues()));
     if (m_addActionItem)
         m_addActionItem->setEnabled(m_tableView->isEnabled() && canEdit());
+    updateColors();
     tableViewSelectionDidChange();
     forceRedraw();
 }
@@ -292,6 +297,20 @@ void ZelInspectorArrayProperty::setObjectValueForRow(const QVariant &value, int 
     writeValues(values);
 }
 
+void ZelInspectorArrayProperty::takeCell(int row, const QVariant &value)
+{
+    const QPointer<ZelInspectorArrayProperty> alive(this);
+    ZelExceptionReporter::run(this, [&] {
+        std::optional<ZelUndoBurst::Edit> adding;
+        if (m_addedCell && m_tableView->indexWidget(m_model->index(row, 0)) == m_addedCell)
+            adding.emplace(m_adding, true);
+        const ZelUndoGrouping grouping(m_tableView);
+        setObjectValueForRow(value, row);
+    });
+    if (alive)
+        updateViewInvocation().invoke(); // otherwise the cell would show the former value for a moment
+}
+
 /// Selects the row and, where the user can see it, begins to edit it.
 void ZelInspectorArrayProperty::editRow(int row)
 {
@@ -322,13 +341,20 @@ void ZelInspectorArrayProperty::addObject(QObject *sender)
     QVariantList values = ZelList(reflectedValues());
     values.append(defaultValue);
     const QPointer<ZelInspectorArrayProperty> alive(this);
-    writeValues(values);
+    m_adding.end();
+    {
+        const ZelUndoBurst::Edit adding(m_adding);
+        writeValues(values);
+    }
     if (alive && hadList)
         userDidChangeValue(sender);
     if (!alive)
         return;
     updateView(); // so that the new row is there to be selected
     editRow(int(values.size()) - 1);
+    if (alive && m_tableView)
+        if (alive && m_tableView)
+            m_addedCell = m_tableView->indexWidget(m_model->index(int(values.size()) - 1, 0));
 }
 
 void ZelInspectorArrayProperty::removeObject(QObject *sender)

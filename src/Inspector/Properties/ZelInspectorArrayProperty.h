@@ -4,6 +4,7 @@
 #include "ActionBar/ZelActionBar.h"
 #include "Controls/ZelLabel.h"
 #include "Core/KeyValue/ZelKeptValue.h"
+#include "Core/Undo/ZelUndoBurst.h"
 #include "Core/ZelExport.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
@@ -54,8 +55,8 @@ public:
     /// that does not exist, and for a value that does not convert to the element's type.
     void setObjectValueForRow(const QVariant &value, int row);
 
-    /// Adds the default value, and begins to edit it. An object without a list gets one, which is not reported as a
-    /// change by the user.
+    /// Adds the default value, and begins to edit it: what is typed there belongs to the same undo step. An object
+    /// without a list gets one, which is not reported as a change by the user.
     Q_INVOKABLE void addObject(QObject *sender);
     /// Removes the selected rows.
     Q_INVOKABLE void removeObject(QObject *sender);
@@ -79,9 +80,10 @@ private:
     void addTable();
     void addActionBar();
     void layOut(ZelView *container);
-    void updateBorderColor();
+    void updateColors();
     bool canEdit() const;
     void editRow(int row);
+    void takeCell(int row, const QVariant &value);
     void removeSelectedRows();
     void reorder(const QList<int> &order);
     QString nameOfMove() const;
@@ -95,4 +97,6 @@ private:
     QPointer<ZelActionBarItem> m_removeActionItem;
     QPointer<ZelLabel> m_label;
     ZelKeptValue m_reflectedValues;
+    ZelUndoBurst m_adding;
+    QPointer<QWidget> m_addedCell; // the field of the new row, until it is left
 };

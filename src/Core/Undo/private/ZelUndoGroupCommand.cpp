@@ -72,6 +72,8 @@ void ZelUndoGroupCommand::record(Step &&step)
 {
     if (m_place.isEmpty())
         m_place = ZelPlaceScope::current();
+    if (m_steps.empty() && m_burst == 0)
+        m_burst = ZelUndoBurst::current(); // which may have begun after the grouping
     append(std::move(step));
 }
 

@@ -103,6 +103,11 @@ void ZelArrayTableView::followOrder(const QList<int> &order)
         if (formerRows.contains(order.at(row)))
             selection.select(model()->index(row, 0), model()->index(row, 0));
     }
+    // Keys with Shift select from the row that the view's own call makes the current one: the other end of the block.
+    const int first = selection.isEmpty() ? current : selection.first().top();
+    const int last = selection.isEmpty() ? current : selection.last().bottom();
+    const bool isBlock = last - first + 1 == formerRows.size() && (current == first || current == last);
+    setCurrentIndex(model()->index(isBlock ? first + last - current : current, 0));
     selectionModel()->setCurrentIndex(model()->index(current, 0), QItemSelectionModel::NoUpdate);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     const QList<int> rows = selectedRows();
@@ -136,6 +141,14 @@ void ZelArrayTableView::keyPressEvent(QKeyEvent *event)
         Q_EMIT removalRequested();
     else
         QTableView::keyPressEvent(event);
+}
+
+/// The base would go to the ends of the row.
+QModelIndex ZelArrayTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    return action == MoveHome  ? model()->index(0, 0)
+           : action == MoveEnd ? model()->index(model()->rowCount() - 1, 0)
+                               : QTableView::moveCursor(action, modifiers);
 }
 
 /// At the end of the table nothing is moved, so that the rows keep their distances.
