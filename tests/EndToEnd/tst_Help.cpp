@@ -110,6 +110,22 @@ private Q_SLOTS:
         QCOMPARE(item->whatsThis(), "choice");
     }
 
+    void disabledControlsSayWhy()
+    {
+        const QByteArray when = "toolTip='tip' enabledKeyPath='unlocked' disabledReason='locked'";
+        Sheet sheet(Sheet::row("day", "date", when) + Sheet::row("frame", "frame", when));
+        sheet.select({0});
+        const auto *bounds = sheet.editor<ZelInspectorBoundsProperty>("frame");
+        QWidget *controls[] = {sheet.editor<ZelInspectorDateProperty>("day")->datePicker(),
+                               bounds->originXProperty()->textField(), bounds->sizeWidthProperty()->stepper()};
+        for (const bool isUnlocked : {false, true, false}) {
+            sheet.owner->setUnlocked(isUnlocked);
+            Sheet::settle();
+            for (QWidget *control : controls)
+                QCOMPARE(toolTipOf(control), isUnlocked ? "tip" : "tip\nlocked");
+        }
+    }
+
     /// Whatever control of whatever editor has the focus.
     void shiftF1ShowsTheHelpAtTheFocus()
     {

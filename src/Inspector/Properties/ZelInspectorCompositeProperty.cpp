@@ -385,6 +385,7 @@ ZelInspectorNumberProperty *ZelInspectorCompositeProperty::makeNumberEditor(int 
     editor->setTitle(title);
     editor->setKeyPath(m_keys.at(index));
     editor->setEnabledKeyPath(QStringLiteral("internalEnabled"));
+    editor->setDisabledReason(disabledReason());
     editor->setActionName(actionName);
     editor->setActionSelector("componentDidChange");
     editor->formatStyle = formatStyle;

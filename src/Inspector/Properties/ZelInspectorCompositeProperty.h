@@ -53,7 +53,7 @@ public:
     void configure(const ZelInspectorConfiguration &configuration) override;
     void viewDidInstall() override;
     /// Nothing, since each component's own editor tells what that component has.
-    QString helpForControl(const QWidget *) const override { return QStringLiteral(""); }
+    QString helpForControl(const QWidget *) const override { return presentDisabledReason(); }
 
 Q_SIGNALS:
     void internalEnabledChanged();

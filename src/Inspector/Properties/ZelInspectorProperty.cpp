@@ -88,6 +88,7 @@ void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configurat
     setEnabled(configuration.booleanValueNamed(u"enabled", true));
     setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
     setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
+    setDisabledReason(configuration.localizedStringValueNamed(u"disabledReason"));
     setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
     setActionName(configuration.localizedStringValueNamed(u"actionName"));
     setReturnAdvances(configuration.booleanValueOfFileNamed(u"returnAdvances", m_returnAdvances));
@@ -577,8 +578,14 @@ QString ZelInspectorProperty::valueSummaryText() const
 QString ZelInspectorProperty::helpForControl(const QWidget *) const
 {
     const ZelPlaceScope scope(this);
-    const QString text = valueSummaryText();
-    return text.isNull() ? QStringLiteral("") : text;
+    const QString reason = presentDisabledReason();
+    const QString summary = valueSummaryText();
+    return summary.isEmpty() ? reason : reason.isEmpty() ? summary : reason + u'\n' + summary;
+}
+
+QString ZelInspectorProperty::presentDisabledReason() const
+{
+    return m_disabledReason.isEmpty() || isEffectivelyEnabled() ? QStringLiteral("") : m_disabledReason;
 }
 
 QWidget *ZelInspectorProperty::viewForBaselineAlignment()

@@ -82,6 +82,9 @@ public:
     {
         m_enabledValueTransformer = transformer;
     }
+    /// Why the controls cannot be used while they are disabled, for people; empty by default.
+    const QString &disabledReason() const { return m_disabledReason; }
+    void setDisabledReason(const QString &reason) { m_disabledReason = reason; }
     /// Sent to the owner after every change by the user.
     const ZelSelector &actionSelector() const { return m_actionSelector; }
     void setActionSelector(const ZelSelector &selector);
@@ -294,6 +297,8 @@ protected:
     void bindEnabledKeyPathToControl(QWidget *control);
     /// The enabled state that `enabled` and enabledKeyPath give the controls; a selection marker counts as false.
     bool isEffectivelyEnabled() const;
+    /// The disabledReason() while it holds; otherwise empty, and not null.
+    QString presentDisabledReason() const;
     /// Binds the title (of a label, or of a checkbox) to titleKeyPath, if there is one.
     void bindTitle(QWidget *titled, const QString &binding);
     /// Where edits are recorded: the undo manager of the window in which the view is; null if there is none.
@@ -329,6 +334,7 @@ private:
     QPointer<QObject> m_owner;
     QString m_titleKeyPath;
     QString m_keyPath;
+    QString m_disabledReason;
     ZelValueTransformerPtr m_valueTransformer;
     ZelValueTransformerPtr m_enabledValueTransformer;
     QString m_enabledKeyPath;

@@ -74,6 +74,7 @@ constexpr Attribute g_untitled[] = {
     {u"enabled", Kind::Boolean},
     {u"enabledKeyPath", Kind::KeyPath},
     {u"enabledValueTransformer", Kind::Transformer},
+    {u"disabledReason", Kind::LocalizedText},
     {u"actionSelector", Kind::Selector},
     {u"actionName", Kind::LocalizedText},
     {u"toolTip", Kind::LocalizedText},
