@@ -169,20 +169,32 @@ private Q_SLOTS:
     void theModelsValueIsShownAgain_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("name") << "new";
-        QTest::newRow("pattern") << "Lines";
-        QTest::newRow("ratio") << "7";
-        QTest::newRow("on") << "";
-        QTest::newRow("kind") << "Two";
-        QTest::newRow("day") << "9";
-        QTest::newRow("font") << "DejaVu Serif";
-        QTest::newRow("size") << "7";
-        QTest::newRow("tags") << "new";
-        QTest::newRow("text") << "new";
+        QTest::addColumn<QString>("note");
+        QTest::newRow("name") << "new"
+                              << "";
+        QTest::newRow("pattern") << "Lines"
+                                 << "Lines was changed to Dots.";
+        QTest::newRow("ratio") << "7"
+                               << "7 was changed to 5.";
+        QTest::newRow("on") << ""
+                            << "";
+        QTest::newRow("kind") << "Two"
+                              << "";
+        QTest::newRow("day") << "9"
+                             << "9 May 2024 was changed to 6 May 2024.";
+        QTest::newRow("font") << "DejaVu Serif"
+                              << "";
+        QTest::newRow("size") << "7"
+                              << "7 was changed to 30.";
+        QTest::newRow("tags") << "new"
+                              << "a, new was changed to a, b.";
+        QTest::newRow("text") << "new"
+                              << "new was changed to old.";
     }
     void theModelsValueIsShownAgain()
     {
         QFETCH(QString, text);
+        QFETCH(QString, note);
         const QString key = QTest::currentDataTag();
         Desk desk;
         const QString before = desk.shown(key);
@@ -193,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(desk.shown(key), before);
         QVERIFY(desk.models[0].writes > 0);
         QVERIFY2(desk.mark(), "no flash");
-        QCOMPARE(desk.note(), "");
+        QCOMPARE(desk.note(), note);
         QCOMPARE(desk.stack.count(), 0);
         const QPointer<ZelRefusalMark> mark = desk.mark();
         QVERIFY(mark->isVisible() || key == "font"); // whose popover was closed

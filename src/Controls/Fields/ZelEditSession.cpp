@@ -216,14 +216,19 @@ void ZelEditSession::report()
     ZelControlSupport::reportEdit(m_field, valueEdited, [this] { send(Signal::Action); });
 }
 
-/// Shows that the model has another value than the entered one, and why, if a limit is the reason.
+/// Tells that the model has another value than the entered one. A limit of the field is the reason only if the model
+/// keeps to it, too.
 void ZelEditSession::showRefusal(const QVariant &entered) const
 {
-    const auto number = [entered = entered.toDouble()](double, qsizetype, qsizetype) { return entered; };
-    const QString reason =
-        m_check && ZelIsNumber(entered) ? m_check(QVariant::fromValue(ZelNumberChange(number))) : QString();
+    const auto refusalOf = [this](const QVariant &value) {
+        const auto number = [number = value.toDouble()](double, qsizetype, qsizetype) { return number; };
+        return m_check(QVariant::fromValue(ZelNumberChange(number)));
+    };
+    const bool mayBeLimit = m_check && ZelIsNumber(entered) && ZelIsNumber(m_value);
+    const QString reason = mayBeLimit && refusalOf(m_value).isEmpty() ? refusalOf(entered) : QString();
     if (reason.isEmpty())
-        ZelRefusalMark::flash(m_field);
+        ZelRefusalMark::showChange(m_field, displayString(entered),
+                                   ZelIsControllerMarker(m_value) ? QString() : displayString(m_value));
     else
         ZelRefusalMark::show(m_field, reason);
 }

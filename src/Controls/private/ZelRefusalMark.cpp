@@ -16,6 +16,7 @@ namespace {
 
 constexpr int g_fadeTime = 500;  // in milliseconds
 constexpr int g_noteTime = 8000; // long enough to read two sentences
+constexpr int g_toldLength = 40; // letters of a value
 
 /// Whether the user turns to something else.
 bool isNextStep(const QEvent *event)
@@ -37,6 +38,16 @@ bool isNextStep(const QEvent *event)
 void ZelRefusalMark::flash(QWidget *control)
 {
     markOf(control)->begin(ZelLocalizedString("The value was not accepted as it was entered."));
+}
+
+void ZelRefusalMark::showChange(QWidget *control, const QString &typed, const QString &kept)
+{
+    const auto isShort = [](const QString &text) {
+        return !text.isEmpty() && text.size() <= g_toldLength && !text.contains(u'\n');
+    };
+    show(control, isShort(typed) && isShort(kept) && typed != kept
+                      ? ZelLocalizedString("%1 was changed to %2.").arg(typed, kept)
+                      : ZelLocalizedString("The value was not accepted as it was entered."));
 }
 
 void ZelRefusalMark::show(QWidget *control, const QString &reason)

@@ -23,6 +23,9 @@ public:
     static void flash(QWidget *control);
     /// The value was refused for that reason.
     static void show(QWidget *control, const QString &reason);
+    /// The control shows another value than the one that was typed: a note tells both, as the control shows them. Where
+    /// one of them is empty, or too long for a note, it only says so.
+    static void showChange(QWidget *control, const QString &typed, const QString &kept);
     /// What models say, for people.
     static QString text(const ZelModelValidation &validation);
 

@@ -297,7 +297,7 @@ void ZelInspectorCompositeProperty::flashUnlessKept(int index, double number)
     const bool isWhole = type == QMetaType::QPoint || type == QMetaType::QSize || type == QMetaType::QRect;
     if (isWhole && std::abs(kept.toDouble() - number) < 1) // rounded by its type
         return;
-    ZelRefusalMark::flash(field);
+    ZelRefusalMark::showChange(field, shown(number), ZelIsControllerMarker(kept) ? QString() : shown(kept));
     updateValues(); // at once, so that no undo step is recorded for a component that did not change in the end
 }
 

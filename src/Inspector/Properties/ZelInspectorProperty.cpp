@@ -315,9 +315,14 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
         else
             write.setValueForKeyPath(m_owner, stored, m_keyPath);
     });
-    if (isDone && alive && isViewInstalled() && m_owner && !ZelNumberChange::of(value) &&
-        !ZelKeptValueCheck::isKept(stored, ZelValueForKeyPath(m_owner.data(), m_keyPath)))
-        showRefusal({});
+    if (!isDone || !alive || !isViewInstalled() || !m_owner || ZelNumberChange::of(value))
+        return;
+    const QVariant kept = ZelValueForKeyPath(m_owner.data(), m_keyPath);
+    if (ZelKeptValueCheck::isKept(stored, kept))
+        return;
+    if (QWidget *control = controlToMark())
+        ZelRefusalMark::showChange(control, textOfValue(stored),
+                                   ZelIsControllerMarker(kept) ? QString() : textOfValue(kept));
 }
 
 /// Answers false if models have refused the value: nothing was written then, and the reason is shown.
@@ -337,11 +342,11 @@ bool ZelInspectorProperty::writeUnlessRefused(const std::function<void()> &write
     }
 }
 
-/// Shows on the control that has the focus, or else on the main one, that what it shows is not what was entered.
-void ZelInspectorProperty::showRefusal(const QString &reason)
+/// The control that has the focus, or else the main one: what it shows is not what was entered. Null if there is none.
+QWidget *ZelInspectorProperty::controlToMark()
 {
     if (!isViewInstalled())
-        return;
+        return nullptr;
     updateViewInvocation().schedule();
     QWidget *focus = QApplication::focusWidget();
     QWidget *control = focus && contains(focus) ? focus : controlsNamedByRow().value(0);
@@ -350,6 +355,12 @@ void ZelInspectorProperty::showRefusal(const QString &reason)
         if (qobject_cast<QAbstractScrollArea *>(outer) || qobject_cast<ZelGrowingTextField *>(outer))
             control = outer;
     }
+    return control;
+}
+
+void ZelInspectorProperty::showRefusal(const QString &reason)
+{
+    QWidget *control = controlToMark();
     if (!control)
         return;
     if (reason.isEmpty())

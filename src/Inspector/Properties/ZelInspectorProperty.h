@@ -189,8 +189,8 @@ public:
     /// Tells the different values: how many there are, the most frequent ones with their counts, and the range of
     /// numbers. Empty unless the selected objects have several values.
     QString valueSummaryText() const;
-    /// All that an editor adds to the tool tips and descriptions of its controls: valueSummaryText(). Overrides may add
-    /// to it, but never answer a null text.
+    /// All that an editor adds to the tool tips and descriptions of its controls: valueSummaryText() and, while they
+    /// are disabled, the reason. Overrides may add to it, but never answer a null text.
     QString helpForControl(const QWidget *control) const override;
 
     // What a row asks of its editors
@@ -310,6 +310,7 @@ protected:
 private:
     ZelDelayedInvocation *updateViewInvocationPointer() { return &updateViewInvocation(); }
     bool writeUnlessRefused(const std::function<void()> &write);
+    QWidget *controlToMark();
     void showRefusal(const QString &reason);
     void endEditing();
     void watchReturn();

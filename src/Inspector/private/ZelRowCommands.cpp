@@ -2,6 +2,7 @@
 #include "Inspector/private/ZelRowCommands.h"
 
 #include "Controls/private/ZelErrorNote.h"
+#include "Controls/private/ZelRefusalMark.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Selection/ZelObjectController.h"
@@ -443,6 +444,7 @@ void ZelRowCommands::say(const QList<Refusal> &refusals) const
     delete g_note;
     if (!m_view || lines.isEmpty())
         return;
+    qDeleteAll(m_view->findChildren<ZelRefusalMark *>()); // the fields have told the same of themselves
     lines.prepend(ZelLocalizedString("Not pasted:"));
     ZelErrorNote::show(&g_note, m_view, lines.join(u'\n'), ZelErrorNote::SparesControls);
     if (!g_note)
