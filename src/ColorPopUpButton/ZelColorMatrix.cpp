@@ -5,6 +5,7 @@
 #include "ColorPopUpButton/private/ZelColorDrag.h"
 #include "ColorPopUpButton/private/ZelColorSwatch.h"
 #include "Controls/private/ZelControlSupport.h"
+#include "Core/Values/private/ZelAssign.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -40,6 +41,8 @@ ZelColorMatrix::~ZelColorMatrix() = default;
 void ZelColorMatrix::setColors(const QList<ZelColor> &colors)
 {
     m_colors.resize(numberOfCells);
+    if (ZelAssign(m_used, int(colors.size())))
+        update();
     const ZelColor white = QColor(Qt::white);
     for (int i = 0; i < numberOfCells; ++i) {
         const ZelColor &color = i < colors.size() ? colors.at(i) : white;
@@ -126,7 +129,11 @@ bool ZelColorMatrix::followDrag(const QEvent *event)
 void ZelColorMatrix::drawCell(QPainter *painter, int cell) const
 {
     const QRect rect = rectOfCell(cell);
-    ZelColorSwatch::paint(painter, rect.adjusted(2, 2, -2, -2), colorAtIndex(cell), palette());
+    const QRect swatch = rect.adjusted(2, 2, -2, -2);
+    if (cell < m_used)
+        ZelColorSwatch::paint(painter, swatch, colorAtIndex(cell), palette());
+    else
+        ZelColorSwatch::paintEmpty(painter, swatch, palette());
     if (cell != m_highlighted)
         return;
     painter->setPen(QPen(palette().color(QPalette::Highlight), 2));

@@ -29,7 +29,7 @@ public:
     explicit ZelColorMatrix(QWidget *parent = nullptr);
     ~ZelColorMatrix() override;
 
-    /// Sets the colours of the swatches. Swatches beyond the end of the list are white.
+    /// Sets the colours of the swatches. Swatches beyond the end of the list are white, and drawn as empty places.
     void setColors(const QList<ZelColor> &colors);
     ZelColor colorAtIndex(int index) const;
     QRect rectOfCell(int index) const;
@@ -70,5 +70,6 @@ private:
 
     QList<ZelColor> m_colors;
     std::unique_ptr<ZelColorDrag> m_drag; // while a cell is pressed
+    int m_used = 0;                       // how many swatches have a colour of the list
     int m_highlighted = -1;
 };

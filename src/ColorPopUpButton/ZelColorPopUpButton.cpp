@@ -90,9 +90,9 @@ bool ZelColorPopUpButton::canStepTo(const QAction *item) const
            known->tag() != ZelColorPopUpButtonCurrentColorTag;
 }
 
-QList<QAction *> ZelColorPopUpButton::trailingMenuItems()
+QList<QAction *> ZelColorPopUpButton::menuItems()
 {
-    return m_cell->trailingMenuItems();
+    return m_cell->withItemsOfMenu(ZelPopUpButton::menuItems());
 }
 
 /// Does nothing, because the items select and report the colour themselves.

@@ -66,7 +66,7 @@ protected:
     QAction *shownItem() const override;
     void prepareItems() override;
     bool canStepTo(const QAction *item) const override;
-    QList<QAction *> trailingMenuItems() override;
+    QList<QAction *> menuItems() override;
     void chooseItem(QAction *item) override;
 
     bool handleEvent(QEvent *event) override;

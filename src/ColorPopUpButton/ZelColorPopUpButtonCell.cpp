@@ -360,7 +360,7 @@ ZelMenuItem *ZelColorPopUpButtonCell::otherMenuItem()
     return makeMenu() ? m_otherMenuItem : nullptr;
 }
 
-void ZelColorPopUpButtonCell::makeTrailingItems()
+void ZelColorPopUpButtonCell::makeItemsOfMenu()
 {
     if (m_hexMenuItem)
         return;
@@ -371,13 +371,14 @@ void ZelColorPopUpButtonCell::makeTrailingItems()
     m_hexMenuItem = new ZelColorHexItem(this);
 }
 
-QList<QAction *> ZelColorPopUpButtonCell::trailingMenuItems()
+QList<QAction *> ZelColorPopUpButtonCell::withItemsOfMenu(const QList<QAction *> &items)
 {
-    makeTrailingItems();
-    QList<QAction *> items{m_hexSeparator, m_hexMenuItem};
+    makeItemsOfMenu();
+    QList<QAction *> added{m_hexMenuItem, m_hexSeparator};
     if (ZelScreenColorPicker::isPossible(m_button))
-        items.prepend(m_pickMenuItem);
-    return items;
+        added.prepend(m_pickMenuItem);
+    const qsizetype colors = items.indexOf(m_separators.at(2)) + 1;
+    return items.first(colors) + added + items.sliced(colors);
 }
 
 // What the user chooses

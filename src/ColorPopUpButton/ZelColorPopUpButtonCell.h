@@ -123,8 +123,9 @@ public:
     void colorPanelWillClose() { deactivateColorPanel(); }
     void colorPopUpButtonDidBecomeActive() { deactivateColorPanel(); }
 
-    /// The items of the open menu that are no items of the button, made when they are first asked for.
-    QList<QAction *> trailingMenuItems();
+    /// The items of the open menu: with those that are no items of the button, made when they are first asked for.
+    /// They stand above the colours of the list, of which there may be more than fit the screen.
+    QList<QAction *> withItemsOfMenu(const QList<QAction *> &items);
 
     /// Takes a choice of the user: selects the colour, notes it as used, and reports it. Does nothing if it looks like
     /// the selected one. The button may be gone afterwards.
@@ -161,7 +162,7 @@ private:
     void takeChoice(QVariant color, QAction *item);
     void takePanelColor(const QColor &color);
     void panelActiveDidChange();
-    void makeTrailingItems();
+    void makeItemsOfMenu();
 
     ZelPopUpButton *m_button;
     ZelMenuItem *m_displayItem;

@@ -264,8 +264,9 @@ private Q_SLOTS:
         const auto open = [&](const char *key) {
             QMenu *menu = Sheet::openMenu(window.button(key));
             auto *field = menu->findChild<ZelTextField *>();
-            Sheet::press(Qt::Key_End);
-            Sheet::press(Qt::Key_Down);
+            Sheet::press(Qt::Key_Home);
+            for (int i = 0; i < 5 && !field->hasFocus(); ++i) // it is above the colours of the list
+                Sheet::press(Qt::Key_Down);
             return field;
         };
         ZelTextField *field = open("stroke");

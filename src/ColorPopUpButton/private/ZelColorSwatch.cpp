@@ -100,6 +100,13 @@ void paintOutline(const PixelPainter &painter, const QRect &pixels, const QColor
     painter.fill({QPoint(inner.right() + 1, inner.top()), QPoint(pixels.right(), inner.bottom())}, color);
 }
 
+QColor outlineColor(const QPalette &palette, float opacity)
+{
+    QColor outline = palette.color(QPalette::WindowText);
+    outline.setAlphaF(opacity);
+    return outline;
+}
+
 } // namespace
 
 void ZelColorSwatch::paint(QPainter *painter, const QRect &rect, const ZelColor &color, const QPalette &palette)
@@ -112,9 +119,13 @@ void ZelColorSwatch::paint(QPainter *painter, const QRect &rect, const ZelColor 
             paintChequerboard(pixelPainter, pixels);
         pixelPainter.fill(pixels, shown);
     }
-    QColor outline = palette.color(QPalette::WindowText);
-    outline.setAlphaF(0.45F);
-    paintOutline(pixelPainter, pixels, outline);
+    paintOutline(pixelPainter, pixels, outlineColor(palette, 0.45F));
+}
+
+void ZelColorSwatch::paintEmpty(QPainter *painter, const QRect &rect, const QPalette &palette)
+{
+    const PixelPainter pixelPainter(painter);
+    paintOutline(pixelPainter, pixelPainter.pixelsOf(rect), outlineColor(palette, 0.15F));
 }
 
 QIcon ZelColorSwatch::image(const ZelColor &color)

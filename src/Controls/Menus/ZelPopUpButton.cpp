@@ -134,7 +134,7 @@ void ZelPopUpButton::setEditable(bool editable)
 
 QList<QAction *> ZelPopUpButton::menuItems()
 {
-    return (m_pullsDown ? actions().mid(1) : actions()) + trailingMenuItems();
+    return m_pullsDown ? actions().mid(1) : actions();
 }
 
 QAction *ZelPopUpButton::shownItem() const

@@ -110,9 +110,9 @@ protected:
     virtual QAction *shownItem() const;
     /// Called before the user can see or reach the items. An override makes the items that do not exist yet.
     virtual void prepareItems() {}
-    /// Further items of the open menu, below those of the button. They cannot be selected, and only the menu leads to
-    /// them.
-    virtual QList<QAction *> trailingMenuItems() { return {}; }
+    /// The items of the open menu: those of the button, of which the first is left out where it stands for the others.
+    /// An override may add further ones, which cannot be selected, and to which only the menu leads.
+    virtual QList<QAction *> menuItems();
     /// Whether arrow keys, the wheel and typed letters lead to the item.
     virtual bool canStepTo(const QAction *item) const;
     /// Takes the user's choice, after the item was triggered: selects the item and reports.
@@ -131,7 +131,6 @@ protected:
 
 private:
     void initStyleOption(QStyleOptionComboBox *option) const;
-    QList<QAction *> menuItems();
     ItemMarks itemMarks() const;
     bool survivesPreparingItems();
     void setSelected(QAction *item, const QVariant &value);
