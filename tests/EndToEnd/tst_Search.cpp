@@ -143,6 +143,11 @@ private Q_SLOTS:
         QCOMPARE(find("place act"), 1);
         QCOMPARE(header->markedParts(), (QList<ZelLabel::Part>{{0, 5}}));
         QCOMPARE(active->markedParts(), (QList<ZelLabel::Part>{{0, 3}}));
+        // The key goes to the control whose title is marked, and not to the first one of its row.
+        QCOMPARE(find("wid"), 1);
+        sheet.inspector->focusSearchField();
+        Sheet::press(Qt::Key_Down);
+        QCOMPARE(QApplication::focusWidget(), bounds->sizeWidthProperty()->textField());
         find({});
         QVERIFY(header->markedParts().isEmpty() && active->markedParts().isEmpty());
     }

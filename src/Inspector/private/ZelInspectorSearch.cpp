@@ -127,7 +127,8 @@ void ZelInspectorSearch::leave()
     scrollTo(positions); // a scroll view may have followed the focus
 }
 
-/// Goes to the first control, in the order of the Tab key, that stands in a row that was found.
+/// Goes to the first control, in the order of the Tab key, that stands in a row that was found; in that row, to the one
+/// whose title is marked.
 void ZelInspectorSearch::focusFirstFound()
 {
     const ZelInspectorPane *pane = m_inspector->currentInspector();
@@ -140,16 +141,24 @@ void ZelInspectorSearch::focusFirstFound()
             rows.insert(row->view());
     }
     QWidget *const field = m_bar->field();
+    QWidget *found = nullptr;
+    const QWidget *rowOfFound = nullptr;
     for (QWidget *next = field->nextInFocusChain(); next != field; next = next->nextInFocusChain()) {
         const QWidget *around = takesTab(next) ? next : nullptr;
         while (around && !rows.contains(around))
             around = around->isWindow() ? nullptr : around->parentWidget();
-        if (!around)
-            continue;
-        pane->scrollView()->ensureWidgetVisible(next, 0, g_scrollMargin);
-        next->setFocus(Qt::TabFocusReason);
-        return;
+        const bool isMarked = around && (!found || around == rowOfFound) && m_marks.areOf(next);
+        if (around && (!found || isMarked)) {
+            found = next;
+            rowOfFound = around;
+        }
+        if (isMarked)
+            break;
     }
+    if (!found)
+        return;
+    pane->scrollView()->ensureWidgetVisible(found, 0, g_scrollMargin);
+    found->setFocus(Qt::TabFocusReason);
 }
 
 // The index

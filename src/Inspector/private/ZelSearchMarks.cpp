@@ -5,11 +5,14 @@
 #include "Controls/ZelLabel.h"
 #include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelInspectorSection.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/private/ZelFoldedText.h"
+#include "ViewController/ZelView.h"
 
 #include <QSet>
+#include <algorithm>
 
 namespace {
 
@@ -22,6 +25,18 @@ template<typename Visit> void visitTitle(QWidget *widget, Visit &&visit)
         visit(box, box->title());
     else if (auto *header = qobject_cast<ZelExpandableHeader *>(widget))
         visit(header, header->title());
+}
+
+/// The innermost editor around the widget; null around what belongs to a row.
+const ZelInspectorProperty *editorOf(const QWidget *widget)
+{
+    for (; widget; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+        const auto *view = qobject_cast<const ZelView *>(widget);
+        const auto *editor = view ? qobject_cast<const ZelInspectorProperty *>(view->viewController()) : nullptr;
+        if (editor)
+            return editor;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -38,6 +53,14 @@ QList<QWidget *> ZelSearchMarks::titledOf(const ZelSearchIndex::Node &node)
     }
     ZelInspectorSliver *row = node.row();
     return row && row->isViewLoaded() ? row->view()->findChildren<QWidget *>() : QList<QWidget *>();
+}
+
+bool ZelSearchMarks::areOf(const QWidget *control) const
+{
+    const ZelInspectorProperty *editor = editorOf(control);
+    return std::any_of(m_marked.begin(), m_marked.end(), [&](const QPointer<QWidget> &titled) {
+        return titled == control || (editor && qobject_cast<const ZelLabel *>(titled) && editorOf(titled) == editor);
+    });
 }
 
 void ZelSearchMarks::mark(const std::vector<QPointer<QWidget>> &titled, const QStringList &words)

@@ -13,6 +13,8 @@ public:
     /// Marks the words in the titles, and nothing in those that were marked before. The words are folded.
     void mark(const std::vector<QPointer<QWidget>> &titled, const QStringList &words);
     void clear() { mark({}, {}); }
+    /// Whether the control shows a title that is marked, or belongs to the editor whose title is.
+    bool areOf(const QWidget *control) const;
 
 private:
     std::vector<QPointer<QWidget>> m_marked;
