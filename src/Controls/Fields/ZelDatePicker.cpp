@@ -85,6 +85,8 @@ void ZelDatePicker::showValue()
     const QVariant value = objectValue();
     if (hasDate())
         m_showsTime = value.typeId() == QMetaType::QDateTime;
+    // The parts of a date stand in the order of its language. QDateTimeEdit reverses them with the window.
+    setLayoutDirection(locale().textDirection());
     const QString wanted = format(m_showsTime);
     if (displayFormat() != wanted)
         setDisplayFormat(wanted);
@@ -212,6 +214,8 @@ bool ZelDatePicker::handleEvent(QEvent *event)
 void ZelDatePicker::initStyleOption(QStyleOptionSpinBox *option) const
 {
     QDateTimeEdit::initStyleOption(option);
+    if (parentWidget())
+        option->direction = parentWidget()->layoutDirection(); // in which the stepper stands
     ZelControlSupport::showTypable(option, !isReadOnly());
 }
 

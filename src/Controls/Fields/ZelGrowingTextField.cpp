@@ -372,5 +372,7 @@ void ZelGrowingTextField::paintText(QPainter *painter) const
     if (string.isEmpty())
         return;
     painter->setPen(empty ? ZelThemeColor::dimmed(palette()) : textColor());
-    ZelWrappedText::paint(painter, string, font(), contentRect());
+    // What is only shown stands beside the label of its row, as in a label.
+    ZelWrappedText::paint(painter, string, font(), contentRect(),
+                          m_labelStyle ? std::optional(layoutDirection()) : std::nullopt);
 }

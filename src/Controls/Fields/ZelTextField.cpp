@@ -57,7 +57,15 @@ void ZelTextField::setLabelStyle(bool labelStyle)
     setFrame(!labelStyle);
     setEditable(!labelStyle);
     m_sizeHint = m_minimumSizeHint = QSize();
+    alignLabel();
     updateColors();
+}
+
+/// What is only shown stands beside the label of its row, whatever the direction of the text.
+void ZelTextField::alignLabel()
+{
+    const bool isRight = m_labelStyle && layoutDirection() == Qt::RightToLeft;
+    setAlignment((isRight ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeading) | Qt::AlignVCenter);
 }
 
 void ZelTextField::setDimmed(bool dimmed)
@@ -271,6 +279,10 @@ void ZelTextField::changeEvent(QEvent *event)
     case QEvent::StyleChange:
         m_sizeHint = m_minimumSizeHint = QSize();
         m_measuredText = QString();
+        break;
+    case QEvent::LayoutDirectionChange:
+        if (m_labelStyle)
+            alignLabel();
         break;
     case QEvent::PaletteChange:
         if (testAttribute(Qt::WA_SetPalette))

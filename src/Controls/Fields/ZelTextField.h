@@ -102,6 +102,7 @@ private:
     void showPlaceholder();
     void applyEditable(bool editable) override { setReadOnly(!editable); }
     void errorDidChange() override;
+    void alignLabel();
     void updateColors();
     QRect textRect() const;
     QString elidedWhole() const;

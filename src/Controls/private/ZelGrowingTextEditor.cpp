@@ -22,10 +22,13 @@ ZelGrowingTextEditor::ZelGrowingTextEditor(ZelGrowingTextField *field)
     connect(this, &QPlainTextEdit::textChanged, this, &ZelGrowingTextEditor::alignText);
 }
 
-/// The text begins at the edge of its own direction, as in a line edit. QPlainTextEdit would leave it on the left.
+/// The text begins at the edge of its own direction, as in a line edit, or of the field's where that is a label.
+/// QPlainTextEdit would leave it on the left.
 void ZelGrowingTextEditor::alignText()
 {
-    const bool isRightToLeft = document()->firstBlock().text().isRightToLeft();
+    const bool isOfLabel = m_field && m_field->isLabelStyle();
+    const bool isRightToLeft =
+        isOfLabel ? m_field->layoutDirection() == Qt::RightToLeft : document()->firstBlock().text().isRightToLeft();
     QTextOption option = document()->defaultTextOption();
     if (option.alignment().testFlag(Qt::AlignRight) == isRightToLeft)
         return;

@@ -20,13 +20,12 @@ QString withLineSeparators(const QString &text)
 }
 
 /// Lays out a text as a text edit does, and answers its height.
-double layOut(QTextLayout *layout, double width)
+double layOut(QTextLayout *layout, double width, Qt::LayoutDirection edge)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    const Qt::LayoutDirection direction = directionOf(layout->text());
-    option.setTextDirection(direction);
-    option.setAlignment(QStyle::visualAlignment(direction, Qt::AlignLeft));
+    option.setTextDirection(directionOf(layout->text()));
+    option.setAlignment(QStyle::visualAlignment(edge, Qt::AlignLeft));
     layout->setTextOption(option);
     double height = 0;
     layout->beginLayout();
@@ -45,13 +44,15 @@ double layOut(QTextLayout *layout, double width)
 double ZelWrappedText::height(const QString &text, const QFont &font, double width)
 {
     QTextLayout layout(withLineSeparators(text), font);
-    return layOut(&layout, width);
+    return layOut(&layout, width, directionOf(text));
 }
 
-void ZelWrappedText::paint(QPainter *painter, const QString &text, const QFont &font, const QRect &area)
+void ZelWrappedText::paint(QPainter *painter, const QString &text, const QFont &font, const QRect &area,
+                           std::optional<Qt::LayoutDirection> edge)
 {
+    const Qt::LayoutDirection from = edge.value_or(directionOf(text));
     QTextLayout layout(withLineSeparators(text), font);
-    layOut(&layout, area.width());
+    layOut(&layout, area.width(), from);
     const int lines = std::clamp(int(area.height() / layout.lineAt(0).height() + 0.01), 1, layout.lineCount());
     for (int i = 0; i < lines; ++i) {
         const QTextLine line = layout.lineAt(i);
@@ -61,7 +62,7 @@ void ZelWrappedText::paint(QPainter *painter, const QString &text, const QFont &
         }
         const QString rest = text.mid(line.textStart()).replace(QLatin1Char('\n'), QLatin1Char(' '));
         const QRect place(area.x(), area.y() + qRound(line.y()), area.width(), qCeil(line.height()));
-        const int flags = int(QStyle::visualAlignment(directionOf(text), Qt::AlignLeft)) | Qt::TextSingleLine;
+        const int flags = int(QStyle::visualAlignment(from, Qt::AlignLeft)) | Qt::TextSingleLine;
         painter->drawText(place, flags, painter->fontMetrics().elidedText(rest, Qt::ElideRight, area.width()));
     }
 }
