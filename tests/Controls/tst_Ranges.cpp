@@ -298,6 +298,16 @@ private Q_SLOTS:
             QCOMPARE(slider->doubleValue(), value);
         }
 
+        slider->setMinValue(0);
+        slider->setIncrement(0);
+        for (const auto &[resolution, isRounded] : {std::pair(0.01, true), std::pair(0.5, false)}) {
+            slider->setResolution(resolution);
+            QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(73, 5));
+            QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(131, 5));
+            const double steps = slider->doubleValue() / resolution;
+            QCOMPARE(std::abs(steps - std::round(steps)) < 1e-9, isRounded);
+        }
+
         SliderPanel dial(ZelSlider::Circular); // which turns clockwise from the top
         dial.control->setFixedSize(101, 101);
         dial.control->setMaxValue(360);

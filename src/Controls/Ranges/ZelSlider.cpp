@@ -128,7 +128,14 @@ void ZelSlider::pressAt(const QPoint &position)
 
 void ZelSlider::movePressTo(const QPoint &position)
 {
-    slideTo(range().nearestStep(range().valueAt(fractionAt(position)), increment()));
+    slideTo(range().nearestStep(range().valueAt(fractionAt(position)), dragStep()));
+}
+
+double ZelSlider::dragStep() const
+{
+    constexpr int fewest = 200;
+    const bool isFine = m_resolution * fewest <= range().valueAt(1) - range().valueAt(0);
+    return increment() == 0 && isFine ? m_resolution : increment();
 }
 
 /// If nobody recorded changes that can be undone, the former value is entered again.

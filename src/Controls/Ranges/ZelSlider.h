@@ -28,6 +28,10 @@ public:
     Type sliderType() const { return m_type; }
     void setSliderType(Type type);
     bool isDragging() const { return isPressed(); }
+    /// To multiples of what, counted from the minimum, dragged values are rounded where there is no increment; 0, the
+    /// default, for not at all. Does not hold where it would make less than 200 of the range.
+    double resolution() const { return m_resolution; }
+    void setResolution(double resolution) { m_resolution = resolution; }
 
     /// Goes to a value within the limits as a user does, and reports it. Does nothing if the slider has this value
     /// already.
@@ -59,10 +63,12 @@ private:
     void initStyleOption(QStyleOptionSlider *option) const;
     QRect handleRect() const;
     QRegion dialHandle() const;
+    double dragStep() const;
     double fractionAt(const QPoint &position) const;
     void cancelDrag();
 
     QVariant m_valueBeforeDrag;
     Type m_type = Linear;
+    double m_resolution = 0;
     int m_grabOffset = 0;
 };

@@ -18,6 +18,7 @@
 #include "ViewController/ZelView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -232,6 +233,18 @@ void ZelInspectorNumberProperty::viewWillUninstall()
     ZelObservations(this).removeAllObservationsForContext(&g_valuesContext);
 }
 
+/// The least difference that the field shows, in the model's unit.
+double ZelInspectorNumberProperty::lastDigit() const
+{
+    const double shown = std::pow(10, -g_maximumFractionDigits[formatStyle == DecimalStyle]);
+    const ZelValueTransformerPtr &transformer = valueTransformer();
+    if (!transformer || !transformer->allowsReverseTransformation())
+        return shown;
+    const double inModel = std::abs(transformer->reverseTransformedValue(shown).toDouble() -
+                                    transformer->reverseTransformedValue(0.0).toDouble());
+    return std::isfinite(inModel) ? inModel : 0;
+}
+
 void ZelInspectorNumberProperty::bindLimits()
 {
     const QString missing = QStringLiteral("Missing minimum value for number property with slider");
@@ -255,6 +268,7 @@ void ZelInspectorNumberProperty::bindLimits()
         m_slider->setMinValue(minimum.value_or(m_slider->minValue()));
         m_slider->setMaxValue(maximum.value_or(m_slider->maxValue()));
         m_slider->setIncrement(slidesInSteps ? increment.value_or(0) : 0);
+        m_slider->setResolution(lastDigit());
     }
     const auto bind = [this](QWidget *control, const QString &binding, const QString &keyPath) {
         if (control && owner() && !keyPath.isEmpty())

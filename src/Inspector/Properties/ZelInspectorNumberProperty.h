@@ -117,6 +117,7 @@ private:
     void addSlider(ZelView *container);
     void layOut(ZelView *container);
     void addNonNilCheckbox(ZelView *container, ZelView *content);
+    double lastDigit() const;
     void bindLimits();
     void bindValues();
     void bindValue(QWidget *control, ZelBindingOptions options);
