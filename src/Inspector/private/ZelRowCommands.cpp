@@ -213,6 +213,12 @@ void ZelRowCommands::perform(const QString &name, const std::function<bool()> &w
         manager->nameEdit(name);
 }
 
+/// The name of a step, with the title if there is one.
+QString ZelRowCommands::nameOf(const char *command, const char *commandWithTitle) const
+{
+    return m_title.isEmpty() ? ZelLocalizedString(command) : ZelLocalizedString(commandWithTitle).arg(m_title);
+}
+
 // Copying
 
 bool ZelRowCommands::canCopy() const
@@ -282,7 +288,7 @@ void ZelRowCommands::paste() const
             ? clipboardData()->text()
             : QString();
     QList<Refusal> refusals;
-    perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] {
+    perform(nameOf("Paste", "Paste %1"), [&] {
         if (values)
             pasteValues(*values, refusals);
         else if (text.trimmed().isEmpty() || text.size() > ZelValueClipboard::maximumTextLength)
@@ -425,7 +431,7 @@ bool ZelRowCommands::pasteNumbers(const QString &text) const
     if (!paste.isForSeveralFields())
         return false;
     QList<Refusal> refusals;
-    perform(ZelLocalizedString("Paste %1").arg(m_title).trimmed(), [&] { return enterNumbers(paste, refusals); });
+    perform(nameOf("Paste", "Paste %1"), [&] { return enterNumbers(paste, refusals); });
     say(refusals);
     return true;
 }
@@ -493,7 +499,7 @@ bool ZelRowCommands::canReset() const
 
 void ZelRowCommands::reset() const
 {
-    perform(ZelLocalizedString("Reset %1").arg(m_title).trimmed(), [this] {
+    perform(nameOf("Reset", "Reset %1"), [this] {
         ZelRowCommands present = *this;
         QSet<const ZelInspectorProperty *> reset;
         for (bool goesOn = true; std::exchange(goesOn, false);) {

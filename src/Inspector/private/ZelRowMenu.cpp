@@ -94,9 +94,9 @@ QWidget *sourceOf(QWidget *widget, const QContextMenuEvent *event)
     return source && widget->isAncestorOf(source) ? source : widget;
 }
 
-QString withTitle(const char *text, const QString &title)
+QString withTitle(const QString &text, const QString &title)
 {
-    return ZelLocalizedString(text).arg(QString(title).replace(u'&', QStringLiteral("&&"))).trimmed();
+    return text.arg(QString(title).replace(u'&', QStringLiteral("&&")));
 }
 
 bool isRowOfNumbers(const ZelInspectorSliver *row)
@@ -173,10 +173,13 @@ bool ZelRowMenu::showMenu(QWidget *widget, const QContextMenuEvent *event)
     else
         addCommands(menu, section ? ofSection : ofInspector, false, false);
     menu->addSeparator();
+    const QString sectionTitle = section && !section->title().isEmpty()
+                                     ? withTitle(ZelLocalizedString("Section %1"), section->title())
+                                     : ZelLocalizedString("Section");
     if (row && ofSection.count() > 1)
-        addSubmenu(menu, ofSection, section->title().isEmpty() ? ZelLocalizedString("Section") : section->title());
+        addSubmenu(menu, ofSection, sectionTitle);
     if (section && ofInspector.count() > std::max<qsizetype>(1, ofSection.count()))
-        addSubmenu(menu, ofInspector, ofInspector.title());
+        addSubmenu(menu, ofInspector, withTitle(QStringLiteral("%1"), ofInspector.title()));
     if (menu->isEmpty())
         delete menu;
     else
@@ -186,7 +189,7 @@ bool ZelRowMenu::showMenu(QWidget *widget, const QContextMenuEvent *event)
 
 void ZelRowMenu::addSubmenu(QMenu *menu, const ZelRowCommands &commands, const QString &title)
 {
-    addCommands(menu->addMenu(withTitle("%1", title)), commands, false, false);
+    addCommands(menu->addMenu(title), commands, false, false);
 }
 
 void ZelRowMenu::addCommands(QMenu *menu, const ZelRowCommands &commands, bool isRow, bool isBesideText)
@@ -204,7 +207,9 @@ void ZelRowMenu::addCommands(QMenu *menu, const ZelRowCommands &commands, bool i
     if (isRow)
         add(ZelLocalizedString("Copy Key Path"), true, &ZelRowCommands::copyKeyPath);
     menu->addSeparator();
-    const QString reset = isRow ? withTitle("Reset %1", commands.title()) : ZelLocalizedString("Reset All");
+    const QString reset = !isRow                       ? ZelLocalizedString("Reset All")
+                          : commands.title().isEmpty() ? ZelLocalizedString("Reset")
+                                                       : withTitle(ZelLocalizedString("Reset %1"), commands.title());
     add(reset, commands.canReset(), &ZelRowCommands::reset);
 }
 
