@@ -147,8 +147,8 @@ private Q_SLOTS:
         };
         ZelTextField *rotation = numberField("selectionController.selection.rotation");
         enter(rotation, "i*45+400");
-        QCOMPARE(shape(0)->rotation(), 40.0);
-        QCOMPARE(shape(1)->rotation(), 85.0);
+        QCOMPARE(shape(1)->rotation(), 40.0); // the upper one, which comes first in the list
+        QCOMPARE(shape(0)->rotation(), 85.0);
         enter(rotation, "-90");
         QCOMPARE(shape(1)->rotation(), 270.0);
         QVERIFY(!rotation->accessibleDescription().contains("not accepted"));

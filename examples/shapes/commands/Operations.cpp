@@ -124,7 +124,8 @@ void Operations::keepShadowOffset()
 {
     const QVariant offset = m_selection->count() == 1 ? m_selection->shapes().first()->shadowOffset() : QVariant();
     if (offset.isValid() && offset != m_document->property("standardShadowOffset"))
-        m_undoStack->push(new PropertyCommand(m_document, "standardShadowOffset", offset, tr("Change Standards")));
+        m_undoStack->push(
+            new PropertyCommand(m_document, "standardShadowOffset", offset, tr("Change Shadow of New Shapes")));
 }
 
 void Operations::setOrder(const QList<Shape *> &order, const QString &text)

@@ -12,18 +12,6 @@ struct Unit
 };
 constexpr Unit UnitTable[] = {{1, "pt", 1}, {72 / 25.4, "mm", 1}, {72, "in", 2}};
 
-struct Shade
-{
-    const char *name;
-    QRgb color;
-};
-constexpr Shade ShadeTable[] = {
-    {QT_TRANSLATE_NOOP("Document", "Ink"), 0xff2b2f36},     {QT_TRANSLATE_NOOP("Document", "Slate"), 0xff6b7785},
-    {QT_TRANSLATE_NOOP("Document", "White"), 0xffffffff},   {QT_TRANSLATE_NOOP("Document", "Brick"), 0xffb5483a},
-    {QT_TRANSLATE_NOOP("Document", "Amber"), 0xffe0a030},   {QT_TRANSLATE_NOOP("Document", "Moss"), 0xff5b8c5a},
-    {QT_TRANSLATE_NOOP("Document", "Harbour"), 0xff2f6690}, {QT_TRANSLATE_NOOP("Document", "Plum"), 0xff7d4e7e},
-};
-
 struct Pattern
 {
     const char *name;
@@ -148,22 +136,6 @@ Qt::BrushStyle Document::patternNamed(const QString &name)
     const auto pattern = std::find_if(std::begin(PatternTable), std::end(PatternTable),
                                       [&](const Pattern &p) { return name == QLatin1String(p.name); });
     return pattern == std::end(PatternTable) ? Qt::SolidPattern : pattern->style;
-}
-
-QVariantList Document::shadeColors() const
-{
-    QVariantList colors;
-    for (const Shade &shade : ShadeTable)
-        colors.append(QColor(shade.color));
-    return colors;
-}
-
-QStringList Document::shadeNames() const
-{
-    QStringList names;
-    for (const Shade &shade : ShadeTable)
-        names.append(tr(shade.name));
-    return names;
 }
 
 void Document::adopt(Shape *shape)

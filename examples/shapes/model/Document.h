@@ -26,8 +26,6 @@ class Document : public QObject
     Q_PROPERTY(QStringList layerNames READ layerNames NOTIFY namesChanged)
     Q_PROPERTY(QList<int> layerNumbers READ layerNumbers CONSTANT)
     Q_PROPERTY(QStringList patternNames READ patternNames CONSTANT)
-    Q_PROPERTY(QVariantList shadeColors READ shadeColors CONSTANT)
-    Q_PROPERTY(QStringList shadeNames READ shadeNames NOTIFY namesChanged)
     Q_PROPERTY(double standardCornerRadius MEMBER m_standardCornerRadius NOTIFY standardsChanged)
     Q_PROPERTY(double standardShadowOffset MEMBER m_standardShadowOffset NOTIFY standardsChanged)
     Q_PROPERTY(int shapeCount READ shapeCount NOTIFY shapeCountChanged)
@@ -89,9 +87,6 @@ public:
     /// What shapes may be filled with. An unknown name stands for a plain colour.
     static QStringList patternNames();
     static Qt::BrushStyle patternNamed(const QString &name);
-    /// The colours that strokes are given, and their names in the same order.
-    QVariantList shadeColors() const;
-    QStringList shadeNames() const;
     /// Names that the user sees follow the language.
     void retranslate() { Q_EMIT namesChanged(); }
 

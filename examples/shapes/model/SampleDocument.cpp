@@ -122,14 +122,14 @@ void SampleDocument::fillWithRows(Document &document, int count)
     constexpr double Step = 28;
     const int columns = qMax(1, qCeil(qSqrt(count * 4.0 / 3)));
     const int rows = (count + columns - 1) / columns;
-    const auto shades = document.shadeColors();
+    constexpr QRgb Fills[] = {0x2b2f36, 0x6b7785, 0xffffff, 0xb5483a, 0xe0a030, 0x5b8c5a, 0x2f6690, 0x7d4e7e};
     QList<Shape *> shapes;
     shapes.reserve(count);
     for (int i = 0; i < count; ++i) {
         auto *shape =
             new Shape(Shape::Kind(i % 4), {Step / 2 + i % columns * Step, Step / 2 + i / columns * Step, 20, 20});
         shape->setName(text(QT_TRANSLATE_NOOP("SampleDocument", "Shape %1")).arg(i + 1));
-        shape->setFillColor(shades[i / 4 % shades.size()].value<QColor>());
+        shape->setFillColor(QColor(Fills[size_t(i / 4) % std::size(Fills)]));
         shape->setStrokeWidth(1);
         shapes.append(shape);
     }

@@ -9,24 +9,24 @@
         <translation>Danach</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="124"/>
-        <location filename="../inspector/StylePane.xml" line="133"/>
+        <location filename="../inspector/StylePane.xml" line="121"/>
+        <location filename="../inspector/StylePane.xml" line="130"/>
         <source>Align Text</source>
         <translation>Text ausrichten</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="119"/>
+        <location filename="../inspector/StylePane.xml" line="116"/>
         <location filename="../inspector/ArrangePane.xml" line="34"/>
         <source>Alignment</source>
         <translation>Ausrichtung</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="61"/>
+        <location filename="../inspector/DocumentPane.xml" line="69"/>
         <source>Annotations</source>
         <translation>Anmerkungen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="41"/>
+        <location filename="../inspector/GeometryPane.xml" line="44"/>
         <source>Area</source>
         <translation>Fläche</translation>
     </message>
@@ -51,7 +51,7 @@
         <translation>Autor</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="59"/>
+        <location filename="../inspector/DocumentPane.xml" line="67"/>
         <source>Background</source>
         <translation>Hintergrund</translation>
     </message>
@@ -61,7 +61,7 @@
         <translation>Davor</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="107"/>
+        <location filename="../inspector/StylePane.xml" line="104"/>
         <source>Bevel</source>
         <translation>Abgeschrägt</translation>
     </message>
@@ -71,7 +71,7 @@
         <translation>Fett</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="137"/>
+        <location filename="../inspector/StylePane.xml" line="134"/>
         <source>Bottom</source>
         <translation>Unten</translation>
     </message>
@@ -96,12 +96,12 @@
         <translation>Nach Wörtern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="92"/>
+        <location filename="../inspector/StylePane.xml" line="89"/>
         <source>Cap</source>
         <translation>Linienende</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="127"/>
+        <location filename="../inspector/StylePane.xml" line="124"/>
         <source>Center</source>
         <translation>Zentriert</translation>
     </message>
@@ -111,7 +111,7 @@
         <translation>Autor ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="94"/>
+        <location filename="../inspector/StylePane.xml" line="91"/>
         <source>Change Cap</source>
         <translation>Linienende ändern</translation>
     </message>
@@ -121,14 +121,19 @@
         <translation>Ecken ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="80"/>
-        <source>Change Dash</source>
-        <translation>Strichart ändern</translation>
+        <location filename="../inspector/DocumentPane.xml" line="77"/>
+        <source>Change Corners of New Shapes</source>
+        <translation>Ecken neuer Formen ändern</translation>
     </message>
     <message>
         <location filename="../inspector/DocumentPane.xml" line="18"/>
-        <source>Change Date</source>
-        <translation>Datum ändern</translation>
+        <source>Change Creation Date</source>
+        <translation>Erstellungsdatum ändern</translation>
+    </message>
+    <message>
+        <location filename="../inspector/StylePane.xml" line="77"/>
+        <source>Change Dash</source>
+        <translation>Strichart ändern</translation>
     </message>
     <message>
         <location filename="../inspector/NotesPane.xml" line="20"/>
@@ -157,15 +162,19 @@
         <translation>Schriftgröße ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/PlacementSlice.xml" line="9"/>
+        <location filename="../inspector/PlacementSlice.xml" line="10"/>
         <source>Change Frame</source>
         <translation>Rahmen ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="41"/>
-        <location filename="../inspector/DocumentPane.xml" line="46"/>
+        <location filename="../inspector/DocumentPane.xml" line="48"/>
         <source>Change Grid</source>
         <translation>Raster ändern</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="54"/>
+        <source>Change Grid Spacing</source>
+        <translation>Rasterabstand ändern</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="21"/>
@@ -173,7 +182,7 @@
         <translation>Innenradius ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="103"/>
+        <location filename="../inspector/StylePane.xml" line="100"/>
         <source>Change Join</source>
         <translation>Linienverbindung ändern</translation>
     </message>
@@ -186,11 +195,6 @@
         <location filename="../inspector/LayerSliver.xml" line="6"/>
         <source>Change Layer</source>
         <translation>Ebene ändern</translation>
-    </message>
-    <message>
-        <location filename="../inspector/DocumentPane.xml" line="57"/>
-        <source>Change Layers</source>
-        <translation>Ebenen ändern</translation>
     </message>
     <message>
         <location filename="../inspector/GeometryPane.xml" line="25"/>
@@ -213,9 +217,9 @@
         <translation>Reihenfolge ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="35"/>
-        <source>Change Page</source>
-        <translation>Seite ändern</translation>
+        <location filename="../inspector/DocumentPane.xml" line="42"/>
+        <source>Change Page Size</source>
+        <translation>Seitengröße ändern</translation>
     </message>
     <message>
         <location filename="../inspector/StylePane.xml" line="37"/>
@@ -228,9 +232,19 @@
         <translation>Bemerkungen ändern</translation>
     </message>
     <message>
+        <location filename="../inspector/GeometryPane.xml" line="42"/>
+        <source>Change Rotation</source>
+        <translation>Drehung ändern</translation>
+    </message>
+    <message>
         <location filename="../inspector/StylePane.xml" line="44"/>
-        <source>Change Shadow</source>
-        <translation>Schatten ändern</translation>
+        <source>Change Shadow Offset</source>
+        <translation>Schattenversatz ändern</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="81"/>
+        <source>Change Shadow of New Shapes</source>
+        <translation>Schatten neuer Formen ändern</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="25"/>
@@ -239,19 +253,12 @@
         <translation>Seiten ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="69"/>
-        <location filename="../inspector/DocumentPane.xml" line="73"/>
-        <source>Change Standards</source>
-        <translation>Vorgaben ändern</translation>
-    </message>
-    <message>
         <location filename="../inspector/StylePane.xml" line="62"/>
         <source>Change Stroke</source>
         <translation>Kontur ändern</translation>
     </message>
     <message>
         <location filename="../inspector/StylePane.xml" line="73"/>
-        <location filename="../inspector/StylePane.xml" line="76"/>
         <source>Change Stroke Color</source>
         <translation>Konturfarbe ändern</translation>
     </message>
@@ -289,14 +296,19 @@
         <translation>Titel ändern</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="24"/>
-        <source>Change Units</source>
-        <translation>Einheit ändern</translation>
+        <location filename="../inspector/DocumentPane.xml" line="25"/>
+        <source>Change Unit of Status Bar</source>
+        <translation>Einheit der Statusleiste ändern</translation>
     </message>
     <message>
         <location filename="../inspector/GeometryPane.xml" line="22"/>
         <source>Change Visibility</source>
         <translation>Sichtbarkeit ändern</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="65"/>
+        <source>Change Visible Layers</source>
+        <translation>Sichtbare Ebenen ändern</translation>
     </message>
     <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="49"/>
@@ -316,7 +328,7 @@
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="6"/>
-        <location filename="../inspector/DocumentPane.xml" line="67"/>
+        <location filename="../inspector/DocumentPane.xml" line="75"/>
         <source>Corners</source>
         <translation>Ecken</translation>
     </message>
@@ -326,12 +338,12 @@
         <translation>Erstellt</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="78"/>
+        <location filename="../inspector/StylePane.xml" line="75"/>
         <source>Dash</source>
         <translation>Strichart</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="85"/>
+        <location filename="../inspector/StylePane.xml" line="82"/>
         <source>Dashed</source>
         <translation>Gestrichelt</translation>
     </message>
@@ -352,17 +364,17 @@
         <translation>Dokument</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="87"/>
+        <location filename="../inspector/StylePane.xml" line="84"/>
         <source>Dots and Dashes</source>
         <translation>Strichpunktiert</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="86"/>
+        <location filename="../inspector/StylePane.xml" line="83"/>
         <source>Dotted</source>
         <translation>Gepunktet</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="60"/>
+        <location filename="../inspector/DocumentPane.xml" line="68"/>
         <source>Drawing</source>
         <translation>Zeichnung</translation>
     </message>
@@ -382,7 +394,7 @@
         <translation>Ellipse</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="91"/>
+        <location filename="../inspector/StylePane.xml" line="88"/>
         <source>Ends</source>
         <translation>Enden</translation>
     </message>
@@ -398,7 +410,7 @@
         <translation>Erste Zeile</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="96"/>
+        <location filename="../inspector/StylePane.xml" line="93"/>
         <source>Flat</source>
         <translation>Flach</translation>
     </message>
@@ -414,7 +426,7 @@
         <translation>Geometrie</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="38"/>
+        <location filename="../inspector/DocumentPane.xml" line="45"/>
         <source>Grid</source>
         <translation>Raster</translation>
     </message>
@@ -429,11 +441,6 @@
         <translation>Sechseck</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="23"/>
-        <source>How lengths are told below the page</source>
-        <translation>Wie Längen unter der Seite angegeben werden</translation>
-    </message>
-    <message>
         <location filename="../inspector/StylePane.xml" line="18"/>
         <source>How much of what lies behind is hidden</source>
         <translation>Wie viel von dem verdeckt wird, was dahinter liegt</translation>
@@ -444,8 +451,9 @@
         <translation>Silbentrennung</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="29"/>
         <source>Inches</source>
-        <translation type="vanished">Zoll</translation>
+        <translation>Zoll</translation>
     </message>
     <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="4"/>
@@ -454,8 +462,8 @@
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="18"/>
-        <source>Inside</source>
-        <translation>Innen</translation>
+        <source>Inner Radius</source>
+        <translation>Innenradius</translation>
     </message>
     <message>
         <location filename="../inspector/FontSection.xml" line="14"/>
@@ -463,7 +471,7 @@
         <translation>Kursiv</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="101"/>
+        <location filename="../inspector/StylePane.xml" line="98"/>
         <source>Join</source>
         <translation>Verbindung</translation>
     </message>
@@ -478,12 +486,12 @@
         <translation>Ebene</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="52"/>
+        <location filename="../inspector/DocumentPane.xml" line="60"/>
         <source>Layers and Standards</source>
         <translation>Ebenen und Vorgaben</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="126"/>
+        <location filename="../inspector/StylePane.xml" line="123"/>
         <source>Left</source>
         <translation>Links</translation>
     </message>
@@ -509,20 +517,21 @@
     </message>
     <message>
         <location filename="../inspector/GeometryPane.xml" line="24"/>
-        <source>Locked shapes stay where they are</source>
-        <translation>Gesperrte Formen bleiben, wo sie sind</translation>
+        <source>Locked shapes are not moved, resized or rotated</source>
+        <translation>Gesperrte Formen werden nicht bewegt, vergrößert oder gedreht</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="136"/>
+        <location filename="../inspector/StylePane.xml" line="133"/>
         <source>Middle</source>
         <translation>Mittig</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="28"/>
         <source>Millimeters</source>
-        <translation type="vanished">Millimeter</translation>
+        <translation>Millimeter</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="105"/>
+        <location filename="../inspector/StylePane.xml" line="102"/>
         <source>Miter</source>
         <translation>Spitz</translation>
     </message>
@@ -547,7 +556,7 @@
         <translation>Nie</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="66"/>
+        <location filename="../inspector/DocumentPane.xml" line="74"/>
         <source>New Shapes</source>
         <translation>Neue Formen</translation>
     </message>
@@ -555,6 +564,11 @@
         <location filename="../inspector/StylePane.xml" line="49"/>
         <source>New shadows begin with this offset</source>
         <translation>Neue Schatten beginnen mit diesem Versatz</translation>
+    </message>
+    <message>
+        <location filename="../inspector/ArrangePane.xml" line="14"/>
+        <source>No shape is selected</source>
+        <translation>Keine Form ist ausgewählt</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="39"/>
@@ -609,12 +623,12 @@
         <translation>Weitere Zeilen</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="49"/>
+        <location filename="../inspector/GeometryPane.xml" line="52"/>
         <source>Outline</source>
         <translation>Umriss</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="30"/>
+        <location filename="../inspector/DocumentPane.xml" line="37"/>
         <source>Page</source>
         <translation>Seite</translation>
     </message>
@@ -644,8 +658,9 @@
         <translation>Einfarbig</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="27"/>
         <source>Points</source>
-        <translation type="vanished">Punkte</translation>
+        <translation>Punkte</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="24"/>
@@ -678,7 +693,7 @@
         <translation>Umbenennen</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="128"/>
+        <location filename="../inspector/StylePane.xml" line="125"/>
         <source>Right</source>
         <translation>Rechts</translation>
     </message>
@@ -688,19 +703,14 @@
         <translation>Von rechts nach links</translation>
     </message>
     <message>
-        <location filename="../inspector/GeometryPane.xml" line="39"/>
-        <source>Rotate</source>
-        <translation>Drehen</translation>
-    </message>
-    <message>
         <location filename="../inspector/GeometryPane.xml" line="36"/>
         <source>Rotation</source>
         <translation>Drehung</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="8"/>
-        <location filename="../inspector/StylePane.xml" line="97"/>
-        <location filename="../inspector/StylePane.xml" line="106"/>
+        <location filename="../inspector/StylePane.xml" line="94"/>
+        <location filename="../inspector/StylePane.xml" line="103"/>
         <source>Round</source>
         <translation>Rund</translation>
     </message>
@@ -734,9 +744,14 @@
         <translation>Wählt alle Formen derselben Arten aus</translation>
     </message>
     <message>
+        <location filename="../inspector/StylePane.xml" line="50"/>
+        <source>Several shapes are selected</source>
+        <translation>Mehrere Formen sind ausgewählt</translation>
+    </message>
+    <message>
         <location filename="../inspector/StylePane.xml" line="40"/>
         <location filename="../inspector/StylePane.xml" line="43"/>
-        <location filename="../inspector/DocumentPane.xml" line="71"/>
+        <location filename="../inspector/DocumentPane.xml" line="79"/>
         <source>Shadow</source>
         <translation>Schatten</translation>
     </message>
@@ -752,7 +767,7 @@
         <translation>Formen</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="40"/>
+        <location filename="../inspector/DocumentPane.xml" line="47"/>
         <source>Show Grid</source>
         <translation>Raster zeigen</translation>
     </message>
@@ -763,24 +778,24 @@
     </message>
     <message>
         <location filename="../inspector/FontSection.xml" line="6"/>
-        <location filename="../inspector/DocumentPane.xml" line="33"/>
+        <location filename="../inspector/DocumentPane.xml" line="40"/>
         <source>Size</source>
         <translation>Größe</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="82"/>
+        <location filename="../inspector/StylePane.xml" line="79"/>
         <source>Solid</source>
         <translation>Durchgezogen</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="43"/>
+        <location filename="../inspector/DocumentPane.xml" line="50"/>
         <location filename="../inspector/ZelParagraphStyle.xml" line="28"/>
         <source>Spacing</source>
         <translation>Abstand</translation>
     </message>
     <message>
         <location filename="../inspector/KindChooser.xml" line="8"/>
-        <location filename="../inspector/StylePane.xml" line="98"/>
+        <location filename="../inspector/StylePane.xml" line="95"/>
         <source>Square</source>
         <translation>Eckig</translation>
     </message>
@@ -788,6 +803,11 @@
         <location filename="../inspector/KindChooser.xml" line="13"/>
         <source>Star</source>
         <translation>Stern</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="23"/>
+        <source>Status Bar</source>
+        <translation>Statusleiste</translation>
     </message>
     <message>
         <location filename="../inspector/FontSection.xml" line="18"/>
@@ -829,7 +849,7 @@
     <message>
         <location filename="../inspector/KindChooser.xml" line="37"/>
         <location filename="../inspector/KindChooser.xml" line="38"/>
-        <location filename="../inspector/StylePane.xml" line="115"/>
+        <location filename="../inspector/StylePane.xml" line="112"/>
         <source>Text</source>
         <translation>Text</translation>
     </message>
@@ -839,9 +859,25 @@
         <translation>Der Tag, bis zu dem die Form fertig sein soll</translation>
     </message>
     <message>
+        <location filename="../inspector/DocumentPane.xml" line="53"/>
+        <source>The grid is not shown</source>
+        <translation>Das Raster wird nicht gezeigt</translation>
+    </message>
+    <message>
         <location filename="../inspector/StylePane.xml" line="34"/>
         <source>The hatching of the fill</source>
         <translation>Die Schraffur der Füllung</translation>
+    </message>
+    <message>
+        <location filename="../inspector/PlacementSlice.xml" line="10"/>
+        <location filename="../inspector/GeometryPane.xml" line="42"/>
+        <source>The shape is locked</source>
+        <translation>Die Form ist gesperrt</translation>
+    </message>
+    <message>
+        <location filename="../inspector/DocumentPane.xml" line="23"/>
+        <source>The unit in which the status bar tells lengths</source>
+        <translation>Die Einheit, in der die Statusleiste Längen angibt</translation>
     </message>
     <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="59"/>
@@ -859,7 +895,7 @@
         <translation>Titel</translation>
     </message>
     <message>
-        <location filename="../inspector/StylePane.xml" line="135"/>
+        <location filename="../inspector/StylePane.xml" line="132"/>
         <source>Top</source>
         <translation>Oben</translation>
     </message>
@@ -894,11 +930,6 @@
         <translation>Unterstr.</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="23"/>
-        <source>Units</source>
-        <translation>Einheit</translation>
-    </message>
-    <message>
         <location filename="../inspector/DocumentPane.xml" line="15"/>
         <source>Unknown</source>
         <translation>Unbekannt</translation>
@@ -924,12 +955,12 @@
         <translation>Sichtbar</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="54"/>
+        <location filename="../inspector/DocumentPane.xml" line="62"/>
         <source>Visible Layers</source>
         <translation>Sichtbare Ebenen</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="67"/>
+        <location filename="../inspector/DocumentPane.xml" line="75"/>
         <source>What round corners of rectangles begin with</source>
         <translation>Womit runde Ecken von Rechtecken beginnen</translation>
     </message>
@@ -939,7 +970,7 @@
         <translation>Wie die Form heißt, und ob sie zu sehen ist und bewegt werden kann.</translation>
     </message>
     <message>
-        <location filename="../inspector/DocumentPane.xml" line="43"/>
+        <location filename="../inspector/DocumentPane.xml" line="50"/>
         <source>While the grid is shown, places and sizes go in steps of this length</source>
         <translation>Solange das Raster zu sehen ist, gehen Orte und Größen in Schritten dieser Länge</translation>
     </message>

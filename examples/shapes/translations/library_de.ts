@@ -9,10 +9,6 @@
         <translation>%1 (Zeichen %2).</translation>
     </message>
     <message>
-        <source>%1 This concerns %2 of %3 objects.</source>
-        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
-    </message>
-    <message>
         <source>%1 found</source>
         <translation>%1 gefunden</translation>
     </message>
@@ -25,8 +21,16 @@
         <translation>%1 verborgen</translation>
     </message>
     <message>
+        <source>%1 This concerns %2 of %3 objects.</source>
+        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
+    </message>
+    <message>
         <source>%1 values: %2</source>
         <translation>%1 Werte: %2</translation>
+    </message>
+    <message>
+        <source>%1 was changed to %2.</source>
+        <translation>%1 wurde zu %2 geändert.</translation>
     </message>
     <message>
         <source>%1 – not shown at present</source>
@@ -35,6 +39,10 @@
     <message>
         <source>%1 – not shown for the present value of “%2”</source>
         <translation>%1 – beim jetzigen Wert von „%2“ nicht zu sehen</translation>
+    </message>
+    <message>
+        <source>%1 – nothing is selected</source>
+        <translation>%1 – es ist nichts ausgewählt</translation>
     </message>
     <message>
         <source>%1 – shown when “%2” is on</source>
@@ -53,6 +61,10 @@
         <translation>Eine Farbe hat 3, 6 oder 8 hexadezimale Ziffern.</translation>
     </message>
     <message>
+        <source>A number of this size must be typed with all its digits.</source>
+        <translation>Eine Zahl dieser Größe muss mit allen Ziffern eingegeben werden.</translation>
+    </message>
+    <message>
         <source>A parenthesis is not closed</source>
         <translation>Eine Klammer ist nicht geschlossen</translation>
     </message>
@@ -61,12 +73,88 @@
         <translation>Hinzufügen</translation>
     </message>
     <message>
+        <source>Align Center</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message>
+        <source>Align Justified</source>
+        <translation>Blocksatz</translation>
+    </message>
+    <message>
+        <source>Align Left</source>
+        <translation>Linksbündig</translation>
+    </message>
+    <message>
+        <source>Align Natural</source>
+        <translation>Natürlich ausgerichtet</translation>
+    </message>
+    <message>
+        <source>Align Right</source>
+        <translation>Rechtsbündig</translation>
+    </message>
+    <message>
+        <source>Alternate Selected Control Color</source>
+        <translation>Andere Farbe gewählter Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Alternate Selected Control Text Color</source>
+        <translation>Andere Textfarbe gewählter Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Amber</source>
+        <translation>Bernstein</translation>
+    </message>
+    <message>
+        <source>An operator is missing</source>
+        <translation>Hier fehlt ein Rechenzeichen</translation>
+    </message>
+    <message>
         <source>An operator is missing between two numbers</source>
         <translation>Zwischen zwei Zahlen fehlt ein Rechenzeichen</translation>
     </message>
     <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
         <source>And %1 more.</source>
         <translation>Und %1 weitere.</translation>
+    </message>
+    <message>
+        <source>Background Color</source>
+        <translation>Hintergrundfarbe</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Brick</source>
+        <translation>Ziegelrot</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>Braun</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
     </message>
     <message>
         <source>Change Height</source>
@@ -75,6 +163,10 @@
     <message>
         <source>Change Origin X</source>
         <translation>X ändern</translation>
+    </message>
+    <message>
+        <source>Change Origin Y</source>
+        <translation>Ursprung Y ändern</translation>
     </message>
     <message>
         <source>Change Point</source>
@@ -101,6 +193,38 @@
         <translation>Vom Standard abweichend</translation>
     </message>
     <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Control Background Color</source>
+        <translation>Hintergrund von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Color</source>
+        <translation>Farbe von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Dark Shadow Color</source>
+        <translation>Dunkler Schatten von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Highlight Color</source>
+        <translation>Glanz von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Light Highlight Color</source>
+        <translation>Heller Glanz von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Shadow Color</source>
+        <translation>Schatten von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Text Color</source>
+        <translation>Text von Bedienelementen</translation>
+    </message>
+    <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
     </message>
@@ -117,6 +241,10 @@
         <translation>Aktuelle Farbe</translation>
     </message>
     <message>
+        <source>Cyan</source>
+        <translation>Cyan</translation>
+    </message>
+    <message>
         <source>Default</source>
         <translation>Standard</translation>
     </message>
@@ -125,12 +253,64 @@
         <translation>Löschen</translation>
     </message>
     <message>
+        <source>Disabled Control Text Color</source>
+        <translation>Text gesperrter Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Divider</source>
+        <translation>Trennlinie</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Errors in the description</source>
+        <translation>Fehler in der Beschreibung</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>Familie</translation>
+    </message>
+    <message>
         <source>Find</source>
         <translation>Suchen</translation>
     </message>
     <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Forest</source>
+        <translation>Waldgrün</translation>
+    </message>
+    <message>
         <source>From %1 to %2</source>
         <translation>Von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Graphite</source>
+        <translation>Graphit</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Grid Color</source>
+        <translation>Gitterfarbe</translation>
+    </message>
+    <message>
+        <source>Header Color</source>
+        <translation>Kopfzeilenfarbe</translation>
+    </message>
+    <message>
+        <source>Header Text Color</source>
+        <translation>Text von Kopfzeilen</translation>
     </message>
     <message>
         <source>Height</source>
@@ -141,12 +321,48 @@
         <translation>Hex</translation>
     </message>
     <message>
+        <source>Highlight Color</source>
+        <translation>Glanzfarbe</translation>
+    </message>
+    <message>
+        <source>Indigo</source>
+        <translation>Indigo</translation>
+    </message>
+    <message>
         <source>Item</source>
         <translation>Eintrag</translation>
     </message>
     <message>
+        <source>Keyboard Focus Indicator Color</source>
+        <translation>Farbe des Tastaturfokus</translation>
+    </message>
+    <message>
+        <source>Knob Color</source>
+        <translation>Farbe von Knöpfen</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Lime</source>
+        <translation>Limette</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
         <source>More than %1 values: %2</source>
         <translation>Mehr als %1 Werte: %2</translation>
+    </message>
+    <message>
+        <source>More...</source>
+        <translation>Mehr ...</translation>
     </message>
     <message>
         <source>Move</source>
@@ -157,12 +373,28 @@
         <translation>%1 verschieben</translation>
     </message>
     <message>
+        <source>Multiple Families</source>
+        <translation>Mehrere Familien</translation>
+    </message>
+    <message>
         <source>Multiple Fonts</source>
         <translation>Mehrere Schriften</translation>
     </message>
     <message>
+        <source>Multiple Sizes</source>
+        <translation>Mehrere Größen</translation>
+    </message>
+    <message>
+        <source>Multiple Styles</source>
+        <translation>Mehrere Stile</translation>
+    </message>
+    <message>
         <source>Multiple Values</source>
         <translation>Mehrere Werte</translation>
+    </message>
+    <message>
+        <source>Navy</source>
+        <translation>Marineblau</translation>
     </message>
     <message>
         <source>No</source>
@@ -177,8 +409,24 @@
         <translation>Keine Auswahl</translation>
     </message>
     <message>
+        <source>No Size</source>
+        <translation>Keine Größe</translation>
+    </message>
+    <message>
+        <source>No title</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
         <source>No Value</source>
         <translation>Kein Wert</translation>
+    </message>
+    <message>
+        <source>Not all objects take this value.</source>
+        <translation>Nicht alle Objekte nehmen diesen Wert an.</translation>
+    </message>
+    <message>
+        <source>Not Applicable</source>
+        <translation>Nicht anwendbar</translation>
     </message>
     <message>
         <source>Not pasted:</source>
@@ -193,8 +441,20 @@
         <translation>Aus</translation>
     </message>
     <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
         <source>On</source>
         <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Only one factor of a product can have a unit</source>
+        <translation>Nur ein Faktor eines Produkts kann eine Einheit haben</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
     </message>
     <message>
         <source>Origin</source>
@@ -221,6 +481,10 @@
         <translation>Farbe vom Bildschirm</translation>
     </message>
     <message>
+        <source>Pink</source>
+        <translation>Rosa</translation>
+    </message>
+    <message>
         <source>Position</source>
         <translation>Position</translation>
     </message>
@@ -229,8 +493,16 @@
         <translation>Zuletzt benutzte Farben</translation>
     </message>
     <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
     </message>
     <message>
         <source>Reset %1</source>
@@ -245,20 +517,96 @@
         <translation>Größe ändern</translation>
     </message>
     <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
         <source>Row %1 of %2</source>
         <translation>Zeile %1 von %2</translation>
+    </message>
+    <message>
+        <source>Sand</source>
+        <translation>Sand</translation>
+    </message>
+    <message>
+        <source>Scroll Bar Color</source>
+        <translation>Farbe von Bildlaufleisten</translation>
+    </message>
+    <message>
+        <source>Secondary Selected Control Color</source>
+        <translation>Zweite Farbe gewählter Bedienelemente</translation>
     </message>
     <message>
         <source>Section</source>
         <translation>Abschnitt</translation>
     </message>
     <message>
-        <source>An operator is missing</source>
-        <translation>Hier fehlt ein Rechenzeichen</translation>
+        <source>Section %1</source>
+        <translation>Abschnitt %1</translation>
     </message>
     <message>
-        <source>Only one factor of a product can have a unit</source>
-        <translation>Nur ein Faktor eines Produkts kann eine Einheit haben</translation>
+        <source>Selected Control Color</source>
+        <translation>Farbe gewählter Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Selected Control Text Color</source>
+        <translation>Text gewählter Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Selected Knob Color</source>
+        <translation>Farbe gewählter Knöpfe</translation>
+    </message>
+    <message>
+        <source>Selected Menu Item Color</source>
+        <translation>Farbe gewählter Menüeinträge</translation>
+    </message>
+    <message>
+        <source>Selected Menu Item Text Color</source>
+        <translation>Text gewählter Menüeinträge</translation>
+    </message>
+    <message>
+        <source>Selected Text Background Color</source>
+        <translation>Hintergrund von gewähltem Text</translation>
+    </message>
+    <message>
+        <source>Selected Text Color</source>
+        <translation>Gewählter Text</translation>
+    </message>
+    <message>
+        <source>Shadow Color</source>
+        <translation>Schattenfarbe</translation>
+    </message>
+    <message>
+        <source>Silver</source>
+        <translation>Silber</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Sky</source>
+        <translation>Himmelblau</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>Blaugrün</translation>
+    </message>
+    <message>
+        <source>Text Color</source>
+        <translation>Textfarbe</translation>
+    </message>
+    <message>
+        <source>TextBackground Color</source>
+        <translation>Texthintergrund</translation>
+    </message>
+    <message>
+        <source>The calculation is not complete</source>
+        <translation>Die Rechnung ist nicht vollständig</translation>
     </message>
     <message>
         <source>The greatest value is %1.</source>
@@ -267,10 +615,6 @@
     <message>
         <source>The least value is %1.</source>
         <translation>Der kleinste Wert ist %1.</translation>
-    </message>
-    <message>
-        <source>The calculation is not complete</source>
-        <translation>Die Rechnung ist nicht vollständig</translation>
     </message>
     <message>
         <source>The number must be a whole number.</source>
@@ -283,6 +627,14 @@
     <message>
         <source>The result is not a number.</source>
         <translation>Das Ergebnis ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The result would not be exact.</source>
+        <translation>Das Ergebnis wäre nicht genau.</translation>
+    </message>
+    <message>
+        <source>The value was not accepted as it was entered.</source>
+        <translation>Der Wert wurde nicht so übernommen, wie er eingegeben wurde.</translation>
     </message>
     <message>
         <source>There is no color of this name.</source>
@@ -301,28 +653,100 @@
         <translation>Nichts in der Zwischenablage passt hierher.</translation>
     </message>
     <message>
+        <source>These are not %1 numbers.</source>
+        <translation>Das sind nicht %1 Zahlen.</translation>
+    </message>
+    <message>
+        <source>These are not keys.</source>
+        <translation>Das sind keine Tasten.</translation>
+    </message>
+    <message>
         <source>This cannot be changed.</source>
         <translation>Dies kann nicht geändert werden.</translation>
-    </message>
-    <message>
-        <source>Not all objects take this value.</source>
-        <translation>Nicht alle Objekte nehmen diesen Wert an.</translation>
-    </message>
-    <message>
-        <source>This would become %1.</source>
-        <translation>Daraus würde %1.</translation>
-    </message>
-    <message>
-        <source>%1 – nothing is selected</source>
-        <translation>%1 – es ist nichts ausgewählt</translation>
     </message>
     <message>
         <source>This is none of the choices.</source>
         <translation>Das ist nicht unter den Möglichkeiten.</translation>
     </message>
     <message>
+        <source>This is not a color.</source>
+        <translation>Das ist keine Farbe.</translation>
+    </message>
+    <message>
+        <source>This is not a date.</source>
+        <translation>Das ist kein Datum.</translation>
+    </message>
+    <message>
+        <source>This is not a language.</source>
+        <translation>Das ist keine Sprache.</translation>
+    </message>
+    <message>
+        <source>This is not a regular expression: %1</source>
+        <translation>Das ist kein regulärer Ausdruck: %1</translation>
+    </message>
+    <message>
+        <source>This is not a time zone.</source>
+        <translation>Das ist keine Zeitzone.</translation>
+    </message>
+    <message>
+        <source>This is not a time.</source>
+        <translation>Das ist keine Zeit.</translation>
+    </message>
+    <message>
+        <source>This is not a value.</source>
+        <translation>Das ist kein Wert.</translation>
+    </message>
+    <message>
+        <source>This is not an address.</source>
+        <translation>Das ist keine Adresse.</translation>
+    </message>
+    <message>
         <source>This is not the number of arguments of the function</source>
         <translation>So viele Werte nimmt die Funktion nicht</translation>
+    </message>
+    <message>
+        <source>This must be one of %1.</source>
+        <translation>Das muss eines von diesen sein: %1.</translation>
+    </message>
+    <message>
+        <source>This would become %1.</source>
+        <translation>Daraus würde %1.</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Violet</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Window Background Color</source>
+        <translation>Fensterhintergrund</translation>
+    </message>
+    <message>
+        <source>Window Frame Color</source>
+        <translation>Fensterrahmen</translation>
+    </message>
+    <message>
+        <source>Window Frame Text Color</source>
+        <translation>Text von Fensterrahmen</translation>
     </message>
     <message>
         <source>X</source>
@@ -333,10 +757,18 @@
         <translation>Y</translation>
     </message>
     <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
         <source>Yes</source>
         <translation>Ja</translation>
         <source>This is not a number.</source>
         <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
     </message>
     <message>
         <source>“%1” cannot be converted here</source>

@@ -135,38 +135,6 @@
 <context>
     <name>Document</name>
     <message>
-        <source>Ink</source>
-        <translation>Tinte</translation>
-    </message>
-    <message>
-        <source>Slate</source>
-        <translation>Schiefer</translation>
-    </message>
-    <message>
-        <source>White</source>
-        <translation>Weiß</translation>
-    </message>
-    <message>
-        <source>Brick</source>
-        <translation>Ziegel</translation>
-    </message>
-    <message>
-        <source>Amber</source>
-        <translation>Bernstein</translation>
-    </message>
-    <message>
-        <source>Moss</source>
-        <translation>Moos</translation>
-    </message>
-    <message>
-        <source>Harbour</source>
-        <translation>Hafen</translation>
-    </message>
-    <message>
-        <source>Plum</source>
-        <translation>Pflaume</translation>
-    </message>
-    <message>
         <source>Background</source>
         <translation>Hintergrund</translation>
     </message>
@@ -182,8 +150,8 @@
 <context>
     <name>InspectorOwner</name>
     <message>
-        <source>Nothing selected</source>
-        <translation>Nichts ausgewählt</translation>
+        <source>Nothing</source>
+        <translation>Nichts</translation>
     </message>
     <message>
         <source>%L1 shapes</source>
@@ -332,8 +300,8 @@
         <translation>Ganz nach hinten</translation>
     </message>
     <message>
-        <source>Change Standards</source>
-        <translation>Vorgaben ändern</translation>
+        <source>Change Shadow of New Shapes</source>
+        <translation>Schatten neuer Formen ändern</translation>
     </message>
 </context>
 <context>

@@ -45,7 +45,7 @@ int InspectorOwner::selectionCount() const
 QString InspectorOwner::selectionSummary() const
 {
     if (m_selection->isEmpty())
-        return tr("Nothing selected");
+        return tr("Nothing");
     return m_selection->count() == 1 ? m_selection->shapes().first()->name()
                                      : tr("%L1 shapes").arg(m_selection->count());
 }

@@ -121,8 +121,9 @@ void InspectorPanel::setContent(QWidget *content)
 
 void InspectorPanel::showSelection()
 {
+    // In the order of the list, which shows the uppermost shape first: calculations count with it.
     const QList<Shape *> &shapes = m_selection->shapes();
-    m_controller->setSelectedObjects(QList<QObject *>(shapes.cbegin(), shapes.cend()));
+    m_controller->setSelectedObjects(QList<QObject *>(shapes.crbegin(), shapes.crend()));
 }
 
 void InspectorPanel::showMessage(const QString &message)
