@@ -132,10 +132,11 @@ private Q_SLOTS:
         QUndoStack *stack = client.undo.stack();
         client.link.setShowsAlpha(true);
         client.link.activate(&client);
-        QVERIFY(QTest::qWaitForWindowActive(dialog()));
+        dialog()->activateWindow();
         const QList<QSpinBox *> fields = dialog()->findChildren<QSpinBox *>();
         const auto type = [&](QSpinBox *field, const QString &text) {
             field->setFocus();
+            QTRY_COMPARE(QApplication::focusWidget(), field);
             field->selectAll();
             QTest::keyClicks(field, text);
         };

@@ -79,9 +79,9 @@ void ZelColorPanelClient::showColor()
 /// Whether the colour comes from a field of the panel.
 bool ZelColorPanelClient::isTyping() const
 {
-    const QWidget *focus = QApplication::focusWidget();
+    const QWidget *focus = m_panel->window()->focusWidget();
     const bool isField = qobject_cast<const QLineEdit *>(focus) || qobject_cast<const QAbstractSpinBox *>(focus);
-    return isField && !m_panel->isTracking() && focus->window() == m_panel->window();
+    return isField && !m_panel->isTracking();
 }
 
 void ZelColorPanelClient::takeColor()
