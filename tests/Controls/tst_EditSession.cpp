@@ -151,13 +151,14 @@ public:
         if (dynamic_cast<ZelEditSession *>(inner())->isEditing())
             state += " editing";
         const auto *mark = inner()->findChild<ZelRefusalMark *>(QString(), Qt::FindDirectChildrenOnly);
-        const QString error = mark ? QString() : inner()->accessibleDescription();
-        if (mark)
-            state += " marked";
         const auto *note = panel->findChild<ZelErrorNote *>();
-        if (!error.isEmpty())
+        const QString told = note && note->isVisible() ? note->text() : QString();
+        const QString error = inner()->accessibleDescription();
+        if (mark)
+            state += told.isEmpty() ? " marked" : " marked with a note";
+        else if (!error.isEmpty())
             state += error == g_tooMuch ? " too much" : " error";
-        if (error != (note && note->isVisible() ? note->text() : QString()))
+        if (error != told && !(mark && told.isEmpty()))
             state += " with another note";
         return state + (panel->isPassive && panel->log.contains("valueEdited") ? " passively" : "");
     }
@@ -252,7 +253,8 @@ private Q_SLOTS:
             "second > typed/second editing changed; Escape > second/second; leave > second/second",
             "type; second > typed/second editing changed; Commit > typed/typed reported; leave > typed/typed",
             "answer; type; second > typed/second editing changed; "
-            "Commit > second/second marked changed+valueEdited+changed+action; leave > second/second marked",
+            "Commit > second/second marked with a note changed+valueEdited+changed+action; "
+            "leave > second/second marked with a note",
             // Markers are placeholders.
             "set nullPlaceholder none; absent > none/absent changed; several > several/several changed; "
             "first > first/first changed; no-selection > No Selection/other changed; "

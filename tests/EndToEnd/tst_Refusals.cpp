@@ -171,7 +171,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("note");
         QTest::newRow("name") << "new"
-                              << "";
+                              << "new was changed to A.";
         QTest::newRow("pattern") << "Lines"
                                  << "Lines was changed to Dots.";
         QTest::newRow("ratio") << "7"

@@ -98,6 +98,9 @@ void ZelRefusalMark::begin(const QString &description)
     m_control->setAccessibleDescription(description);
     setGeometry(m_control->rect());
     m_end.start(g_noteTime);
+    m_isNew = true;
+    QMetaObject::invokeMethod(
+        this, [this] { m_isNew = false; }, Qt::QueuedConnection);
     const bool isAnimated = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, m_control) > 0;
     if (isAnimated)
         fade();
@@ -127,7 +130,7 @@ bool ZelRefusalMark::filterEvent(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize && m_control)
         setGeometry(m_control->rect());
-    else if (m_note && isNextStep(event))
+    else if (m_note && !m_isNew && isNextStep(event)) // the key that was the entry still goes on to the widgets around
         delete m_note;
     return QWidget::eventFilter(watched, event);
 }

@@ -47,4 +47,5 @@ private:
     QString m_formerDescription; // the control's own
     QTimer m_end;
     double m_opacity = 0;
+    bool m_isNew = false; // in the turn of the event loop in which it began
 };
