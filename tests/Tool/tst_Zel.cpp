@@ -702,6 +702,16 @@ private Q_SLOTS:
         QCOMPARE(zel(arguments).status, 0);
         QCOMPARE(read("de.ts"), expected); // again changes nothing
 
+        // Editors without options offer what the classes say.
+        write(QStringLiteral("Kinds.xml"), "<slice types:selection='lamps=Lamp'><section><sliver>"
+                                           "<property type='enumeration' keyPath='best.kind'/>"
+                                           "<property type='flags' keyPath='lamps.selection.watts'/>"
+                                           "</sliver></section></slice>");
+        QCOMPARE(zel({"strings", "Kinds.xml", "-o", "kinds.ts", "--types", ZEL_METATYPES, "--owner", "Room"}).status,
+                 0);
+        QCOMPARE(read("kinds.ts").count("<source>"), 3);
+        QVERIFY(read("kinds.ts").contains("<source>Ceiling</source>"));
+
         write(QStringLiteral("Main.xml"), "<pane>");
         QCOMPARE(zel(arguments).status, 1);
         QCOMPARE(read("de.ts"), expected); // a file that cannot be read does not make its texts vanish

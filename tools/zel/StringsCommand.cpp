@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Command.h"
+#include "Inspector/Checking/ZelDescriptionChecker.h"
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "MistakePrinter.h"
 #include "Output.h"
 #include "TranslationFile.h"
@@ -12,10 +14,16 @@ int runStrings(const QCommandLineParser &arguments)
     const QString output = arguments.value(QStringLiteral("output"));
     if (output.isEmpty())
         return wrongUsage(QStringLiteral("The file of translations is missing (--output)."));
+    ZelDescriptionStrings::Options options{
+        arguments.values(QStringLiteral("resources")), arguments.values(QStringLiteral("also")),
+        arguments.values(QStringLiteral("types")), arguments.value(QStringLiteral("owner"))};
+    const QString selections = arguments.values(QStringLiteral("selection")).join(u' ');
+    if (const QString wrong = ZelDescriptionChecker::readSelections(selections, options.selections); !wrong.isNull())
+        return wrongUsage(QStringLiteral("--selection takes PATH=CLASS, not \"%1\".").arg(wrong));
+    const ZelDeclarativeInspectorGenerator registersWhatTheLibraryHas;
     QList<ZelDescriptionMistake> mistakes;
-    const QList<ZelDescriptionStrings::Text> texts = ZelDescriptionStrings::collect(
-        arguments.positionalArguments(),
-        {arguments.values(QStringLiteral("resources")), arguments.values(QStringLiteral("also"))}, mistakes);
+    const QList<ZelDescriptionStrings::Text> texts =
+        ZelDescriptionStrings::collect(arguments.positionalArguments(), options, mistakes);
     if (!mistakes.isEmpty()) {
         // Texts of a file that cannot be read would count as gone.
         std::fputs(MistakePrinter::print(mistakes, {}).toUtf8().constData(), stderr);

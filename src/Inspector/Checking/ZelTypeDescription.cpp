@@ -2,7 +2,7 @@
 #include "Inspector/Checking/ZelTypeDescription.h"
 
 #include "Core/Values/private/ZelNearestName.h"
-#include "Inspector/Checking/private/ZelTypeCheck.h"
+#include "Inspector/Checking/private/ZelKeyPathResolver.h"
 #include "Inspector/Description/private/ZelClassDescriber.h"
 
 namespace {
@@ -67,15 +67,15 @@ ZelTypeDescription ZelTypeDescription::ofClass(const Table &types, const QString
     ZelClassInfo::Attributes root{{QStringLiteral("xmlns:types"), QStringLiteral("urn:zel:types")}};
     static const QString selection = QStringLiteral(".selection");
     if (const QString owner = options.keyPath.isEmpty() ? type->name : options.owner; !owner.isEmpty())
-        root.set(ZelTypeCheck::ownerAttribute, owner);
+        root.set(ZelTypeAttributes::owner, owner);
     if (options.keyPath.endsWith(selection))
-        root.set(ZelTypeCheck::selectionAttribute, options.keyPath.chopped(selection.size()) + u'=' + type->name);
+        root.set(ZelTypeAttributes::selection, options.keyPath.chopped(selection.size()) + u'=' + type->name);
     ZelClassDescriber describer(classes, {.root = options.root,
                                           .keyPath = options.keyPath,
                                           .declaredBy = {},
                                           .ofRoot = root,
                                           .isForAuthors = true,
-                                          .attributeOfSilent = ZelTypeCheck::keysAttribute});
+                                          .attributeOfSilent = ZelTypeAttributes::keys});
     result.xml = describer.describe() + '\n';
     for (const QString &name : describer.properties()) {
         if (const Table::Found found = types.property(*type, name); !found.property->isAnnounced)

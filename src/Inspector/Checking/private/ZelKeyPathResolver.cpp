@@ -3,6 +3,7 @@
 
 #include "Core/Errors/ZelException.h"
 #include "Core/Values/private/ZelNearestName.h"
+#include "Inspector/Checking/ZelDescriptionChecker.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -53,6 +54,22 @@ QString missing(const QString &className, const QString &key)
 }
 
 } // namespace
+
+const QString ZelTypeAttributes::owner = QStringLiteral("types:owner");
+const QString ZelTypeAttributes::selection = QStringLiteral("types:selection");
+const QString ZelTypeAttributes::keys = QStringLiteral("types:keys");
+
+ZelTypeScope ZelTypeAttributes::scopeWithin(const ZelTypeScope &around, const ZelInspectorConfiguration &element,
+                                            QString *wrong)
+{
+    ZelTypeScope scope = around;
+    scope.owner = element.stringValueNamed(owner, scope.owner);
+    scope.keys += element.stringValueNamed(keys).simplified().split(u' ', Qt::SkipEmptyParts);
+    const QString unread = ZelDescriptionChecker::readSelections(element.stringValueNamed(selection), scope.selections);
+    if (wrong)
+        *wrong = unread;
+    return scope;
+}
 
 QString Result::qualifiedType() const
 {

@@ -3,6 +3,7 @@
 
 #include "Inspector/Checking/ZelTypeTable.h"
 #include "Inspector/Checking/private/ZelValueKinds.h"
+#include "Inspector/Description/ZelInspectorConfiguration.h"
 
 /// Where key paths begin and what controllers select, at one place of a description.
 struct ZelTypeScope
@@ -11,6 +12,19 @@ struct ZelTypeScope
     QHash<QString, QStringList> selections; ///< classes by the key path of the controller
     QStringList keys;                       ///< as ZelDescriptionChecker::Options has them
 };
+
+/// What descriptions say of their classes by themselves, in attributes that the reader passes over.
+namespace ZelTypeAttributes {
+
+extern const QString owner;
+extern const QString selection;
+extern const QString keys;
+
+/// The scope within the element, given the one around it. What of the selections cannot be read is in `wrong`.
+ZelTypeScope scopeWithin(const ZelTypeScope &around, const ZelInspectorConfiguration &element,
+                         QString *wrong = nullptr);
+
+} // namespace ZelTypeAttributes
 
 /// Follows a key path through the classes of an application.
 class ZelKeyPathResolver

@@ -13,10 +13,6 @@
 using Configuration = ZelInspectorConfiguration;
 using Kind = ZelDescriptionSchema::Kind;
 
-const QString ZelTypeCheck::ownerAttribute = QStringLiteral("types:owner");
-const QString ZelTypeCheck::selectionAttribute = QStringLiteral("types:selection");
-const QString ZelTypeCheck::keysAttribute = QStringLiteral("types:keys");
-
 namespace {
 
 const QString g_keyPath = QStringLiteral("keyPath");
@@ -82,7 +78,7 @@ void ZelTypeCheck::check(const Node &node)
 /// The attributes that say something of classes have a prefix, so that no other check knows them.
 void ZelTypeCheck::checkNames(const Node &node)
 {
-    const QStringList known{ownerAttribute, selectionAttribute, keysAttribute};
+    const QStringList known{ZelTypeAttributes::owner, ZelTypeAttributes::selection, ZelTypeAttributes::keys};
     const ZelXmlElement &xml = node.element.element();
     for (qsizetype i = 0; i < xml.attributeCount(); ++i) {
         const QString name = xml.attributeName(i);
@@ -97,13 +93,11 @@ void ZelTypeCheck::checkNames(const Node &node)
 /// The nearest element that says something counts.
 ZelTypeScope ZelTypeCheck::scopeOf(const Node &node)
 {
-    ZelTypeScope scope = node.parent ? scopeOf(*node.parent) : m_scope;
-    scope.owner = node.element.stringValueNamed(ownerAttribute, scope.owner);
-    scope.keys += node.element.stringValueNamed(keysAttribute).simplified().split(u' ', Qt::SkipEmptyParts);
-    if (const QString wrong =
-            ZelDescriptionChecker::readSelections(node.element.stringValueNamed(selectionAttribute), scope.selections);
-        !wrong.isNull())
-        report(node, selectionAttribute,
+    QString wrong;
+    const ZelTypeScope scope =
+        ZelTypeAttributes::scopeWithin(node.parent ? scopeOf(*node.parent) : m_scope, node.element, &wrong);
+    if (!wrong.isNull())
+        report(node, ZelTypeAttributes::selection,
                QStringLiteral("\"%1\" does not say which classes a controller selects, as path=Class does").arg(wrong));
     return scope;
 }
@@ -111,8 +105,8 @@ ZelTypeScope ZelTypeCheck::scopeOf(const Node &node)
 /// Whether anything can be checked with the classes that are given. What is missing is said once, where it is given.
 bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
 {
-    const bool isGivenHere =
-        node.element.hasValueNamed(ownerAttribute) || node.element.hasValueNamed(selectionAttribute);
+    const bool isGivenHere = node.element.hasValueNamed(ZelTypeAttributes::owner) ||
+                             node.element.hasValueNamed(ZelTypeAttributes::selection);
     const ZelTypeTable::Class *owner = m_types.classNamed(scope.owner);
     if (!node.parent && scope.owner.isEmpty() && scope.selections.isEmpty())
         report(node, {},
@@ -131,7 +125,7 @@ bool ZelTypeCheck::checkScope(const Node &node, const ZelTypeScope &scope)
             continue;
         ZelNearestName nearest(name);
         nearest.offerAll(m_types.classNames());
-        report(node, name == scope.owner ? ownerAttribute : selectionAttribute,
+        report(node, name == scope.owner ? ZelTypeAttributes::owner : ZelTypeAttributes::selection,
                QStringLiteral("The class %1 is not among the types").arg(name), nearest.found());
     }
     return isOfUse;

@@ -22,11 +22,6 @@ public:
     }
     void check(const Node &node);
 
-    // What a description says of its classes by itself, in attributes that the reader passes over
-    static const QString ownerAttribute;
-    static const QString selectionAttribute;
-    static const QString keysAttribute;
-
 private:
     using Result = ZelKeyPathResolver::Result;
     using Schema = ZelDescriptionSchema;
