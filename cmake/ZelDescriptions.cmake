@@ -1,11 +1,14 @@
 # SPDX-License-Identifier: MIT
 # zel_add_descriptions(target FILES files... [PREFIX prefix] [IMAGE_FILES files...]
-#                      [TS_FILES files...] [CONTEXT name] [ALSO element@attribute...] [words of the check...]):
+#                      [TS_FILES files...] [CONTEXT name] [ALSO element@attribute...]
+#                      [LIBRARY_TS_FILES files...] [words of the check...]):
 # makes descriptions, images and translations resources of the target, by their bare names below PREFIX, "/" if it is
 # not given; a description in a subfolder of the first one's keeps that folder in its name. Whenever the target is built,
 # its descriptions are checked as by zel_check_descriptions, for which the IMAGE_FILES count as known. The translations
 # are put in as lrelease makes them, name.qm for name.ts; the target <target>_strings brings all TS_FILES up to date
 # with the texts of all descriptions of the target. Can be called several times for a target, once with TS_FILES.
+# LIBRARY_TS_FILES have the library's own texts, and are only compiled: those of the library, such as zel_de.ts, or files
+# of the application's that were made of its zel.ts.
 #
 # zel_check_descriptions(target FILES files... [OWNER class] [SELECTIONS path=class...]
 #                        [RESOURCES folders and .qrc files...] [CLASSES names...] [TRANSFORMERS names...]
@@ -31,15 +34,20 @@ function(zel_add_descriptions target)
         cmake_path(GET image STEM LAST_ONLY name)
         list(APPEND arg_IMAGES ${name} ${file_name})
     endforeach()
+    zel_find_metatypes(${target})
+    set_property(TARGET ${target} APPEND PROPERTY ZEL_DESCRIPTION_SELECTIONS ${arg_SELECTIONS})
     if(arg_TS_FILES)
         zel_add_translations(${target})
     endif()
+    zel_find_library_texts(${target})
+    zel_compile_translations(${target} ${id} "${arg_TS_FILES};${arg_LIBRARY_TS_FILES}")
     zel_add_check(${target} --complete)
 endfunction()
 
 function(zel_check_descriptions target)
     zel_read_description_words(zel_check_descriptions ${ARGN})
     zel_count_descriptions(${target} "")
+    zel_find_metatypes(${target})
     zel_add_check(${target})
 endfunction()
 
@@ -47,7 +55,7 @@ endfunction()
 
 macro(zel_read_description_words function)
     cmake_parse_arguments(arg "WERROR" "OWNER;PREFIX;CONTEXT" "FILES;SELECTIONS;RESOURCES;CLASSES;TRANSFORMERS;IMAGES;\
-COLOR_LISTS;PROPERTY_TYPES;KEYS;TYPES;IMAGE_FILES;TS_FILES;ALSO" ${ARGN})
+COLOR_LISTS;PROPERTY_TYPES;KEYS;TYPES;IMAGE_FILES;TS_FILES;LIBRARY_TS_FILES;ALSO" ${ARGN})
     if(arg_UNPARSED_ARGUMENTS OR NOT arg_FILES)
         message(FATAL_ERROR "${function}(${target}): FILES are missing, or this is unknown: ${arg_UNPARSED_ARGUMENTS}")
     endif()
@@ -116,25 +124,56 @@ function(zel_add_translations target)
                 list(APPEND update --language ${CMAKE_MATCH_1})
             endif()
         endif()
-        foreach(pair context:CONTEXT also:ALSO resources:RESOURCES)
+        foreach(pair context:CONTEXT also:ALSO resources:RESOURCES owner:OWNER types:TYPES)
             string(REGEX MATCH "(.+):(.+)" pair ${pair})
             foreach(word IN LISTS arg_${CMAKE_MATCH_2})
                 list(APPEND update --${CMAKE_MATCH_1} ${word})
             endforeach()
         endforeach()
+        if(metatypes)
+            list(APPEND update --types ${metatypes} --selection
+                               "$<JOIN:$<TARGET_PROPERTY:${target},ZEL_DESCRIPTION_SELECTIONS>, >")
+        endif()
     endforeach()
+    set(arg_TS_FILES ${arg_TS_FILES} PARENT_SCOPE) # without those that do not exist yet
     if(TARGET Zel::zel)
-        add_custom_target(${target}_strings ${update} VERBATIM COMMAND_EXPAND_LISTS
+        add_custom_target(${target}_strings ${update} DEPENDS ${metatypes} VERBATIM COMMAND_EXPAND_LISTS
                           COMMENT "Collecting the texts of the descriptions of ${target}")
     endif()
+endfunction()
 
+# Replaces the names of the library's files in arg_LIBRARY_TS_FILES by their paths. Others are the application's.
+function(zel_find_library_texts target)
+    get_property(folder GLOBAL PROPERTY ZEL_TRANSLATIONS)
+    set(found)
+    foreach(name IN LISTS arg_LIBRARY_TS_FILES)
+        cmake_path(ABSOLUTE_PATH name BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE OUTPUT_VARIABLE ts)
+        if(NOT EXISTS ${ts})
+            set(ts ${folder}/${name})
+        endif()
+        if(NOT EXISTS ${ts})
+            file(GLOB known RELATIVE ${folder} ${folder}/zel_*.ts)
+            message(FATAL_ERROR "zel_add_descriptions(${target}): there is no ${name}. The library has ${known}; others "
+                                "are made of ${folder}/zel.ts")
+        endif()
+        list(APPEND found ${ts})
+    endforeach()
+    set(arg_LIBRARY_TS_FILES ${found} PARENT_SCOPE)
+endfunction()
+
+# Makes resources of translations, name.qm of name.ts.
+function(zel_compile_translations target id files)
+    list(REMOVE_ITEM files "")
+    if(NOT files)
+        return()
+    endif()
     find_package(Qt6 QUIET COMPONENTS LinguistTools)
     if(NOT TARGET Qt6::lrelease)
         message(NOTICE "${target}: Qt's linguist tools are missing, so the translations of its descriptions are left out")
         return()
     endif()
     set(made)
-    foreach(ts IN LISTS arg_TS_FILES)
+    foreach(ts IN LISTS files)
         cmake_path(GET ts STEM LAST_ONLY name)
         set(qm ${CMAKE_CURRENT_BINARY_DIR}/${id}/${name}.qm)
         file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${id})
@@ -144,17 +183,23 @@ function(zel_add_translations target)
     zel_add_by_name(${target} ${id}_translations "" "${made}")
 endfunction()
 
+# Sets metatypes, the file with the classes that moc finds in the target's sources.
+function(zel_find_metatypes target)
+    get_target_property(uses_automoc ${target} AUTOMOC)
+    set(metatypes)
+    if(uses_automoc AND TARGET Zel::zel)
+        qt6_extract_metatypes(${target})
+        get_target_property(metatypes ${target} INTERFACE_QT_META_TYPES_BUILD_FILE)
+    endif()
+    set(metatypes ${metatypes} PARENT_SCOPE)
+endfunction()
+
 function(zel_add_check target)
     if(NOT TARGET Zel::zel)
         message(NOTICE "${target}: the program zel is missing (Debian: zel-tools), so its descriptions are not checked")
         return()
     endif()
-    get_target_property(uses_automoc ${target} AUTOMOC)
-    set(metatypes)
-    if(uses_automoc)
-        qt6_extract_metatypes(${target})
-        get_target_property(metatypes ${target} INTERFACE_QT_META_TYPES_BUILD_FILE)
-    elseif(NOT arg_TYPES)
+    if(NOT metatypes AND NOT arg_TYPES)
         message(FATAL_ERROR "The descriptions of ${target} are checked against the classes that AUTOMOC finds: "
                             "set(CMAKE_AUTOMOC ON) before the target is made")
     endif()

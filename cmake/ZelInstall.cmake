@@ -34,8 +34,13 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${doc_dir} COMPONENT do
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/smallest ${PROJECT_SOURCE_DIR}/examples/network
         DESTINATION ${doc_dir}/examples COMPONENT documentation)
 
+# The library's own texts for translators, and in the languages that it speaks.
+set(translations_dir ${CMAKE_INSTALL_DATADIR}/zel/translations)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/translations/ DESTINATION ${translations_dir} COMPONENT development
+        FILES_MATCHING PATTERN "*.ts")
+
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ZelConfig.cmake.in ${PROJECT_BINARY_DIR}/ZelConfig.cmake
-                              INSTALL_DESTINATION ${package_dir})
+                              INSTALL_DESTINATION ${package_dir} PATH_VARS translations_dir)
 # Before version 1 a new minor version may change anything.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/ZelDescriptions.cmake ${PROJECT_BINARY_DIR}/ZelConfig.cmake

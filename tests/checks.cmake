@@ -7,6 +7,7 @@ endfunction()
 
 zel_check(includes python3 tools/check-includes.py)
 zel_check(format tools/check-format.sh)
+zel_check(texts python3 tools/library-texts.py --check)
 zel_check(docs ./docs.sh)
 set(schema)
 if(ZEL_BUILD_TOOL)

@@ -11,7 +11,8 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    for (const char *texts : {"network", "inspector"}) { // those of descriptions are in the context "Application"
+    // Those of descriptions and those of the library itself are in the context "Application".
+    for (const char *texts : {"network", "inspector", "zel"}) {
         auto *translator = new QTranslator(&application);
         if (translator->load(QLocale(), texts, "_", ":/"))
             QCoreApplication::installTranslator(translator);

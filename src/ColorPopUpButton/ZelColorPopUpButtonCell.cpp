@@ -250,9 +250,9 @@ void ZelColorPopUpButtonCell::makeFixedItems()
         item->setTag(tag);
         return item;
     };
-    m_defaultMenuItem = make("Default", ZelColorPopUpButtonDefaultColorTag);
-    m_currentMenuItem = make("Current Color", ZelColorPopUpButtonCurrentColorTag);
-    m_otherMenuItem = make("Other...", 0);
+    m_defaultMenuItem = make(QT_TRANSLATE_NOOP("Application", "Default"), ZelColorPopUpButtonDefaultColorTag);
+    m_currentMenuItem = make(QT_TRANSLATE_NOOP("Application", "Current Color"), ZelColorPopUpButtonCurrentColorTag);
+    m_otherMenuItem = make(QT_TRANSLATE_NOOP("Application", "Other..."), 0);
     m_recentlyMenuItem = new ZelColorMenuItem(ZelLocalizedString(QStringLiteral("Recently Used Colors")), this);
     for (int i = 0; i < 4; ++i)
         m_separators.append(ZelMenuItem::separatorItem(this));

@@ -54,7 +54,9 @@ void ZelTitleBarButton::setRole(Role role)
     m_role = role;
     if (role != Custom) {
         static const QHash<Role, QString> names = {
-            {Close, QStringLiteral("Close")}, {Minimize, QStringLiteral("Minimize")}, {Zoom, QStringLiteral("Zoom")}};
+            {Close, QStringLiteral(QT_TRANSLATE_NOOP("Application", "Close"))},
+            {Minimize, QStringLiteral(QT_TRANSLATE_NOOP("Application", "Minimize"))},
+            {Zoom, QStringLiteral(QT_TRANSLATE_NOOP("Application", "Zoom"))}};
         const QString name = ZelLocalizedString(names.value(role));
         setToolTip(name);
         setAccessibleName(name);

@@ -10,11 +10,30 @@ namespace {
 ZelColorListPtr makeCrayons()
 {
     constexpr std::pair<const char *, QRgb> crayons[] = {
-        {"Black", 0x000000},   {"Graphite", 0x404040}, {"Gray", 0x808080},   {"Silver", 0xC0C0C0}, {"White", 0xFFFFFF},
-        {"Red", 0xFF0000},     {"Brick", 0x9C2F22},    {"Orange", 0xFF8000}, {"Amber", 0xFFBF00},  {"Yellow", 0xFFFF00},
-        {"Lime", 0x80FF00},    {"Green", 0x00C000},    {"Forest", 0x1E6B2D}, {"Teal", 0x008080},   {"Cyan", 0x00FFFF},
-        {"Sky", 0x70B8F0},     {"Blue", 0x0000FF},     {"Navy", 0x102060},   {"Indigo", 0x4B2A99}, {"Violet", 0x8A3FD1},
-        {"Magenta", 0xFF00FF}, {"Pink", 0xFF9EC4},     {"Brown", 0x7A4B28},  {"Sand", 0xD9C49A},
+        {QT_TRANSLATE_NOOP("Application", "Black"), 0x000000},
+        {QT_TRANSLATE_NOOP("Application", "Graphite"), 0x404040},
+        {QT_TRANSLATE_NOOP("Application", "Gray"), 0x808080},
+        {QT_TRANSLATE_NOOP("Application", "Silver"), 0xC0C0C0},
+        {QT_TRANSLATE_NOOP("Application", "White"), 0xFFFFFF},
+        {QT_TRANSLATE_NOOP("Application", "Red"), 0xFF0000},
+        {QT_TRANSLATE_NOOP("Application", "Brick"), 0x9C2F22},
+        {QT_TRANSLATE_NOOP("Application", "Orange"), 0xFF8000},
+        {QT_TRANSLATE_NOOP("Application", "Amber"), 0xFFBF00},
+        {QT_TRANSLATE_NOOP("Application", "Yellow"), 0xFFFF00},
+        {QT_TRANSLATE_NOOP("Application", "Lime"), 0x80FF00},
+        {QT_TRANSLATE_NOOP("Application", "Green"), 0x00C000},
+        {QT_TRANSLATE_NOOP("Application", "Forest"), 0x1E6B2D},
+        {QT_TRANSLATE_NOOP("Application", "Teal"), 0x008080},
+        {QT_TRANSLATE_NOOP("Application", "Cyan"), 0x00FFFF},
+        {QT_TRANSLATE_NOOP("Application", "Sky"), 0x70B8F0},
+        {QT_TRANSLATE_NOOP("Application", "Blue"), 0x0000FF},
+        {QT_TRANSLATE_NOOP("Application", "Navy"), 0x102060},
+        {QT_TRANSLATE_NOOP("Application", "Indigo"), 0x4B2A99},
+        {QT_TRANSLATE_NOOP("Application", "Violet"), 0x8A3FD1},
+        {QT_TRANSLATE_NOOP("Application", "Magenta"), 0xFF00FF},
+        {QT_TRANSLATE_NOOP("Application", "Pink"), 0xFF9EC4},
+        {QT_TRANSLATE_NOOP("Application", "Brown"), 0x7A4B28},
+        {QT_TRANSLATE_NOOP("Application", "Sand"), 0xD9C49A},
     };
     QList<ZelColorList::Entry> entries;
     for (const auto &[key, rgb] : crayons)

@@ -3,37 +3,6 @@
 <!-- The program's own texts, and those of the library in the context "Application". -->
 <TS version="2.1" language="de_DE">
 <context>
-    <name>Application</name>
-    <message>
-        <source>%1 found</source>
-        <translation>%1 gefunden</translation>
-    </message>
-    <message>
-        <source>%1 found, %2 hidden</source>
-        <translation>%1 gefunden, %2 verborgen</translation>
-    </message>
-    <message>
-        <source>%1 hidden</source>
-        <translation>%1 verborgen</translation>
-    </message>
-    <message>
-        <source>Find</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>Multiple Values</source>
-        <translation>Mehrere Werte</translation>
-    </message>
-    <message>
-        <source>No Selection</source>
-        <translation>Keine Auswahl</translation>
-    </message>
-    <message>
-        <source>Nothing found</source>
-        <translation>Nichts gefunden</translation>
-    </message>
-</context>
-<context>
     <name>NetworkWindow</name>
     <message>
         <source>Network</source>

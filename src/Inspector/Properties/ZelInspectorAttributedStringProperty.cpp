@@ -56,14 +56,15 @@ struct SegmentDescription
 };
 
 constexpr std::array<SegmentDescription, Property::SegmentCount> g_segments{{
-    {"Align Left", "ZelTextAlignLeftTemplate", ZelParagraphStyle::AlignLeft},
-    {"Align Center", "ZelTextAlignCenterTemplate", ZelParagraphStyle::AlignCenter},
-    {"Align Right", "ZelTextAlignRightTemplate", ZelParagraphStyle::AlignRight},
-    {"Align Justified", "ZelTextAlignJustifiedTemplate", ZelParagraphStyle::AlignJustified},
-    {"Align Natural", "ZelTextAlignNaturalTemplate", ZelParagraphStyle::AlignNatural},
-    {"Text Color"},
-    {"Background Color"},
-    {"More..."},
+    {QT_TRANSLATE_NOOP("Application", "Align Left"), "ZelTextAlignLeftTemplate", ZelParagraphStyle::AlignLeft},
+    {QT_TRANSLATE_NOOP("Application", "Align Center"), "ZelTextAlignCenterTemplate", ZelParagraphStyle::AlignCenter},
+    {QT_TRANSLATE_NOOP("Application", "Align Right"), "ZelTextAlignRightTemplate", ZelParagraphStyle::AlignRight},
+    {QT_TRANSLATE_NOOP("Application", "Align Justified"), "ZelTextAlignJustifiedTemplate",
+     ZelParagraphStyle::AlignJustified},
+    {QT_TRANSLATE_NOOP("Application", "Align Natural"), "ZelTextAlignNaturalTemplate", ZelParagraphStyle::AlignNatural},
+    {QT_TRANSLATE_NOOP("Application", "Text Color")},
+    {QT_TRANSLATE_NOOP("Application", "Background Color")},
+    {QT_TRANSLATE_NOOP("Application", "More...")},
 }};
 
 Property::ParagraphStyleInspectorMaker &maker()

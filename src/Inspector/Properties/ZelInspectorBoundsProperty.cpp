@@ -25,10 +25,10 @@ struct Row
 };
 
 constexpr Row g_rows[] = {
-    {"originX", "X", "Change Origin X"},
-    {"originY", "Y", "Change Origin Y"},
-    {"sizeWidth", "Width", "Change Width"},
-    {"sizeHeight", "Height", "Change Height"},
+    {"originX", QT_TRANSLATE_NOOP("Application", "X"), QT_TRANSLATE_NOOP("Application", "Change Origin X")},
+    {"originY", QT_TRANSLATE_NOOP("Application", "Y"), QT_TRANSLATE_NOOP("Application", "Change Origin Y")},
+    {"sizeWidth", QT_TRANSLATE_NOOP("Application", "Width"), QT_TRANSLATE_NOOP("Application", "Change Width")},
+    {"sizeHeight", QT_TRANSLATE_NOOP("Application", "Height"), QT_TRANSLATE_NOOP("Application", "Change Height")},
 };
 
 QRectF rectOf(const ZelGeometryType::Numbers &numbers)

@@ -20,11 +20,25 @@ struct KindOfNumbers
 const KindOfNumbers &kindOf(ZelInspectorNumbersProperty::Kind kind)
 {
     static const KindOfNumbers kinds[] = {
-        {QMetaType::fromType<QMarginsF>(), {"Left", "Top", "Right", "Bottom"}, 2},
-        {QMetaType::fromType<QLineF>(), {"X1", "Y1", "X2", "Y2"}, 2},
-        {QMetaType::fromType<QVector2D>(), {"X", "Y"}, 2},
-        {QMetaType::fromType<QVector3D>(), {"X", "Y", "Z"}, 3},
-        {QMetaType::fromType<QVector4D>(), {"X", "Y", "Z", "W"}, 2},
+        {QMetaType::fromType<QMarginsF>(),
+         {QT_TRANSLATE_NOOP("Application", "Left"), QT_TRANSLATE_NOOP("Application", "Top"),
+          QT_TRANSLATE_NOOP("Application", "Right"), QT_TRANSLATE_NOOP("Application", "Bottom")},
+         2},
+        {QMetaType::fromType<QLineF>(),
+         {QT_TRANSLATE_NOOP("Application", "X1"), QT_TRANSLATE_NOOP("Application", "Y1"),
+          QT_TRANSLATE_NOOP("Application", "X2"), QT_TRANSLATE_NOOP("Application", "Y2")},
+         2},
+        {QMetaType::fromType<QVector2D>(),
+         {QT_TRANSLATE_NOOP("Application", "X"), QT_TRANSLATE_NOOP("Application", "Y")},
+         2},
+        {QMetaType::fromType<QVector3D>(),
+         {QT_TRANSLATE_NOOP("Application", "X"), QT_TRANSLATE_NOOP("Application", "Y"),
+          QT_TRANSLATE_NOOP("Application", "Z")},
+         3},
+        {QMetaType::fromType<QVector4D>(),
+         {QT_TRANSLATE_NOOP("Application", "X"), QT_TRANSLATE_NOOP("Application", "Y"),
+          QT_TRANSLATE_NOOP("Application", "Z"), QT_TRANSLATE_NOOP("Application", "W")},
+         2},
     };
     return kinds[kind];
 }

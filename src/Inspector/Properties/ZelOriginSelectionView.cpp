@@ -117,8 +117,12 @@ QRect ZelOriginSelectionView::cellRect(int cell) const
 
 QString ZelOriginSelectionView::cellName(int cell) const
 {
-    static const char *const names[] = {"Top left", "Top",         "Top right", "Left",        "Center",
-                                        "Right",    "Bottom left", "Bottom",    "Bottom right"};
+    static const char *const names[] = {
+        QT_TRANSLATE_NOOP("Application", "Top left"),    QT_TRANSLATE_NOOP("Application", "Top"),
+        QT_TRANSLATE_NOOP("Application", "Top right"),   QT_TRANSLATE_NOOP("Application", "Left"),
+        QT_TRANSLATE_NOOP("Application", "Center"),      QT_TRANSLATE_NOOP("Application", "Right"),
+        QT_TRANSLATE_NOOP("Application", "Bottom left"), QT_TRANSLATE_NOOP("Application", "Bottom"),
+        QT_TRANSLATE_NOOP("Application", "Bottom right")};
     return ZelLocalizedString(names[cell]);
 }
 

@@ -199,7 +199,8 @@ QString ZelSearchIndex::nameOf(const ZelInspectorContainer *row)
     return {};
 }
 
-/// What people call the value at a key path: the name of the row that edits it, if there is one.
+/// What people call the value at a key path: the name of the row that edits it; empty if there is none, since keys are
+/// no names for people.
 QString ZelSearchIndex::nameOfKey(const QString &keyPath) const
 {
     for (const Node &node : m_nodes) {
@@ -213,7 +214,7 @@ QString ZelSearchIndex::nameOfKey(const QString &keyPath) const
             }
         }
     }
-    return keyOf(keyPath);
+    return {};
 }
 
 QString ZelSearchIndex::reasonFor(const Node &row, const Node &hiddenBy) const
@@ -230,12 +231,17 @@ QString ZelSearchIndex::reasonFor(const Node &row, const Node &hiddenBy) const
             .arg(name, chooser ? nameOf(chooser) : QString(),
                  titleOf(static_cast<const ZelInspectorChooserChoice *>(hiddenBy.container.data())));
     }
-    if (!conditional || conditional->visibleKeyPath().isEmpty())
+    const QString keyPath = conditional ? conditional->visibleKeyPath() : QString();
+    const QString value = keyPath.isEmpty() ? QString() : nameOfKey(keyPath);
+    const bool isOfSelection = Property::keyPathHasControllerSelectionPrefix(keyPath + u'.');
+    if (value.isEmpty() && isOfSelection)
+        return ZelLocalizedString("%1 – not for what is selected").arg(name);
+    if (value.isEmpty())
         return ZelLocalizedString("%1 – not shown at present").arg(name);
     const QString text = conditional->visibleValueTransformer()
                              ? ZelLocalizedString("%1 – not shown for the present value of “%2”")
                              : ZelLocalizedString("%1 – shown when “%2” is on");
-    return text.arg(name, nameOfKey(conditional->visibleKeyPath()));
+    return text.arg(name, value);
 }
 
 // Changes

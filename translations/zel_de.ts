@@ -1,12 +1,16 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- The texts of the library itself; this file is kept by hand. -->
-<TS version="2.1" language="de_DE">
+<!-- The texts of the library: tools/library-texts.py. -->
+<TS version="2.1" language="de">
 <context>
     <name>Application</name>
     <message>
         <source>%1 (character %2).</source>
         <translation>%1 (Zeichen %2).</translation>
+    </message>
+    <message>
+        <source>%1 This concerns %2 of %3 objects.</source>
+        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
     </message>
     <message>
         <source>%1 found</source>
@@ -21,16 +25,16 @@
         <translation>%1 verborgen</translation>
     </message>
     <message>
-        <source>%1 This concerns %2 of %3 objects.</source>
-        <translation>%1 Das betrifft %2 von %3 Objekten.</translation>
-    </message>
-    <message>
         <source>%1 values: %2</source>
         <translation>%1 Werte: %2</translation>
     </message>
     <message>
         <source>%1 was changed to %2.</source>
         <translation>%1 wurde zu %2 geändert.</translation>
+    </message>
+    <message>
+        <source>%1 – not for what is selected</source>
+        <translation>%1 – nicht für das Ausgewählte</translation>
     </message>
     <message>
         <source>%1 – not shown at present</source>
@@ -113,10 +117,6 @@
         <translation>Zwischen zwei Zahlen fehlt ein Rechenzeichen</translation>
     </message>
     <message>
-        <source>and %1 more</source>
-        <translation>und %1 weitere</translation>
-    </message>
-    <message>
         <source>And %1 more.</source>
         <translation>Und %1 weitere.</translation>
     </message>
@@ -131,6 +131,10 @@
     <message>
         <source>Blue</source>
         <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Bold System</source>
+        <translation>System fett</translation>
     </message>
     <message>
         <source>Bottom</source>
@@ -173,20 +177,8 @@
         <translation>Punkt ändern</translation>
     </message>
     <message>
-        <source>Change Size</source>
-        <translation>Größe ändern</translation>
-    </message>
-    <message>
         <source>Change Width</source>
         <translation>Breite ändern</translation>
-    </message>
-    <message>
-        <source>Change X</source>
-        <translation>X ändern</translation>
-    </message>
-    <message>
-        <source>Change Y</source>
-        <translation>Y ändern</translation>
     </message>
     <message>
         <source>Changed from its default</source>
@@ -203,6 +195,10 @@
     <message>
         <source>Control Color</source>
         <translation>Farbe von Bedienelementen</translation>
+    </message>
+    <message>
+        <source>Control Content</source>
+        <translation>Inhalt von Bedienelementen</translation>
     </message>
     <message>
         <source>Control Dark Shadow Color</source>
@@ -241,16 +237,16 @@
         <translation>Aktuelle Farbe</translation>
     </message>
     <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
         <source>Cyan</source>
         <translation>Cyan</translation>
     </message>
     <message>
         <source>Default</source>
         <translation>Standard</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
     </message>
     <message>
         <source>Disabled Control Text Color</source>
@@ -341,6 +337,10 @@
         <translation>Farbe von Knöpfen</translation>
     </message>
     <message>
+        <source>Label</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
         <source>Left</source>
         <translation>Links</translation>
     </message>
@@ -351,6 +351,22 @@
     <message>
         <source>Magenta</source>
         <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Menu Bar</source>
+        <translation>Menüleiste</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>Mini</source>
+        <translation>Mini</translation>
     </message>
     <message>
         <source>Minimize</source>
@@ -413,20 +429,24 @@
         <translation>Keine Größe</translation>
     </message>
     <message>
-        <source>No title</source>
-        <translation>Ohne Titel</translation>
-    </message>
-    <message>
         <source>No Value</source>
         <translation>Kein Wert</translation>
     </message>
     <message>
-        <source>Not all objects take this value.</source>
-        <translation>Nicht alle Objekte nehmen diesen Wert an.</translation>
+        <source>No title</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>Not Applicable</source>
         <translation>Nicht anwendbar</translation>
+    </message>
+    <message>
+        <source>Not all objects take this value.</source>
+        <translation>Nicht alle Objekte nehmen diesen Wert an.</translation>
     </message>
     <message>
         <source>Not pasted:</source>
@@ -437,12 +457,12 @@
         <translation>Nichts gefunden</translation>
     </message>
     <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
     </message>
     <message>
         <source>On</source>
@@ -461,16 +481,20 @@
         <translation>Bezugspunkt</translation>
     </message>
     <message>
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
         <source>Other...</source>
         <translation>Andere ...</translation>
     </message>
     <message>
-        <source>Paste</source>
-        <translation>Einfügen</translation>
+        <source>Palette</source>
+        <translation>Palette</translation>
     </message>
     <message>
-        <source>Paste %1</source>
-        <translation>%1 einfügen</translation>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
     </message>
     <message>
         <source>Paste Value</source>
@@ -485,16 +509,16 @@
         <translation>Rosa</translation>
     </message>
     <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
         <source>Recently Used Colors</source>
         <translation>Zuletzt benutzte Farben</translation>
     </message>
     <message>
         <source>Red</source>
         <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>Normal</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -511,10 +535,6 @@
     <message>
         <source>Reset All</source>
         <translation>Alle zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Resize</source>
-        <translation>Größe ändern</translation>
     </message>
     <message>
         <source>Right</source>
@@ -589,8 +609,16 @@
         <translation>Himmelblau</translation>
     </message>
     <message>
+        <source>Small</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
         <source>Style</source>
         <translation>Stil</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
     </message>
     <message>
         <source>Teal</source>
@@ -681,6 +709,10 @@
         <translation>Das ist keine Sprache.</translation>
     </message>
     <message>
+        <source>This is not a number.</source>
+        <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
         <source>This is not a regular expression: %1</source>
         <translation>Das ist kein regulärer Ausdruck: %1</translation>
     </message>
@@ -713,6 +745,14 @@
         <translation>Daraus würde %1.</translation>
     </message>
     <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Tool Tips</source>
+        <translation>Kurzhilfen</translation>
+    </message>
+    <message>
         <source>Top</source>
         <translation>Oben</translation>
     </message>
@@ -725,8 +765,20 @@
         <translation>Oben rechts</translation>
     </message>
     <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>User Fixed Pitch</source>
+        <translation>Benutzer, feste Breite</translation>
+    </message>
+    <message>
         <source>Violet</source>
         <translation>Violett</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>W</translation>
     </message>
     <message>
         <source>White</source>
@@ -753,8 +805,24 @@
         <translation>X</translation>
     </message>
     <message>
+        <source>X1</source>
+        <translation>X1</translation>
+    </message>
+    <message>
+        <source>X2</source>
+        <translation>X2</translation>
+    </message>
+    <message>
         <source>Y</source>
         <translation>Y</translation>
+    </message>
+    <message>
+        <source>Y1</source>
+        <translation>Y1</translation>
+    </message>
+    <message>
+        <source>Y2</source>
+        <translation>Y2</translation>
     </message>
     <message>
         <source>Yellow</source>
@@ -763,12 +831,18 @@
     <message>
         <source>Yes</source>
         <translation>Ja</translation>
-        <source>This is not a number.</source>
-        <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Z</source>
+        <translation>Z</translation>
     </message>
     <message>
         <source>Zoom</source>
         <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
     <message>
         <source>“%1” cannot be converted here</source>
