@@ -13,6 +13,8 @@ constexpr double g_bezelRadius = 4;
 constexpr double g_dimmedOpacity = 0.35;
 constexpr int g_countHeight = 11;
 constexpr int g_countMargin = 3; // on either side of the digits
+constexpr int g_titleHeight = 10;
+constexpr int g_titleMargin = 4;
 constexpr int g_largestCount = 99;
 
 QColor withAlpha(QColor color, double alpha)
@@ -27,10 +29,12 @@ QString ZelTabBarButtonCell::name() const
 {
     if (count < 0)
         return toolTip;
-    const qsizetype titleEnd = toolTip.indexOf(u'\n'); // what follows the title is an explanation
-    const QString title = toolTip.left(titleEnd);
-    const QString rest = titleEnd < 0 ? QString() : toolTip.mid(titleEnd);
-    return QStringLiteral("%1 (%2)").arg(title, QString::number(count)).trimmed() + rest;
+    return QStringLiteral("%1 (%2)").arg(title(), QString::number(count)).trimmed() + toolTip.mid(title().size());
+}
+
+QString ZelTabBarButtonCell::title() const
+{
+    return toolTip.section(u'\n', 0, 0);
 }
 
 void ZelTabBarButtonCell::draw(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
@@ -71,8 +75,6 @@ void ZelTabBarButtonCell::drawBezel(QPainter &painter, const QRectF &rect, State
 void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const
 {
     const QIcon &shown = state & Pressed && !alternateImage.isNull() ? alternateImage : image;
-    if (shown.isNull())
-        return;
     QRectF place(0, 0, g_imageLength, g_imageLength);
     place.moveCenter(rect.center());
     const QRect target(place.topLeft().toPoint(), QSize(g_imageLength, g_imageLength));
@@ -80,8 +82,24 @@ void ZelTabBarButtonCell::drawImage(QPainter &painter, const QRectF &rect, State
         painter.setOpacity(g_dimmedOpacity);
     const QColor color = ZelNamedImages::templateColor(palette, state.testFlag(Selected), state.testFlag(Pressed),
                                                        state.testFlag(WindowActive) && state.testFlag(Enabled));
-    ZelNamedImages::paint(&painter, shown, target, color);
+    if (shown.isNull())
+        drawTitle(painter, rect, color);
+    else
+        ZelNamedImages::paint(&painter, shown, target, color);
     painter.setOpacity(1);
+}
+
+/// All buttons are of one width, so that there is room for a few letters only.
+void ZelTabBarButtonCell::drawTitle(QPainter &painter, const QRectF &rect, const QColor &color) const
+{
+    const QRectF place = rect.adjusted(g_titleMargin, 0, -g_titleMargin, 0);
+    QFont font = painter.font();
+    font.setPixelSize(g_titleHeight);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.setLayoutDirection(title().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(place, Qt::AlignCenter,
+                     painter.fontMetrics().elidedText(title(), Qt::ElideRight, int(place.width())));
 }
 
 /// The number stands in a pill at the lower right corner of the image.

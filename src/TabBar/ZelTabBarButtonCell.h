@@ -15,9 +15,9 @@ struct ZEL_EXPORT ZelTabBarButtonCell
     enum StateFlag { Selected = 1, Pressed = 2, Focused = 4, WindowActive = 8, Enabled = 16 };
     Q_DECLARE_FLAGS(State, StateFlag)
 
-    QIcon image;
+    QIcon image;          ///< without one, the beginning of the title is drawn
     QIcon alternateImage; ///< shown while the button is pressed, unless it is null
-    QString toolTip;
+    QString toolTip;      ///< the title, and in further lines an explanation
     QString keyEquivalent = QStringLiteral("");
     Qt::KeyboardModifiers keyEquivalentModifierMask;
     int count = -1; ///< a number on the button, and after its tool tip; 0 dims the button, negative for no number
@@ -31,6 +31,8 @@ struct ZEL_EXPORT ZelTabBarButtonCell
 private:
     void drawBezel(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
     void drawCount(QPainter &painter, const QRectF &rect, const QPalette &palette) const;
+    void drawTitle(QPainter &painter, const QRectF &rect, const QColor &color) const;
+    QString title() const;
     void drawImage(QPainter &painter, const QRectF &rect, State state, const QPalette &palette) const;
 };
 Q_DECLARE_OPERATORS_FOR_FLAGS(ZelTabBarButtonCell::State)

@@ -61,7 +61,8 @@ function(check_descriptions build)
     endif()
     run(${CMAKE_COMMAND} ${build})
     run(${CMAKE_COMMAND} --build ${build})
-    if(NOT EXISTS ${build}/installed_zel_descriptions/Note_de.qm)
+    if(NOT EXISTS ${build}/installed_zel_descriptions/Note_de.qm OR
+       NOT EXISTS ${build}/installed_zel_descriptions/zel_de.qm)
         message(FATAL_ERROR "The translations are not compiled")
     endif()
 
