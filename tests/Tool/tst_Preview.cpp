@@ -214,6 +214,37 @@ private Q_SLOTS:
         QTest::keyClick(watts, Qt::Key_Escape);
     }
 
+    /// Objects of every class that is selected, be it named or only told apart by conditions.
+    void inventsObjectsOfSeveralClasses()
+    {
+        const QByteArray text =
+            "<slice><section visibleKeyPath='lamps.selection' visibleValueTransformer='ZelIsKind(Lamp)'><sliver>" +
+            selected("number", "watts") +
+            "</sliver></section><section visibleKeyPath='lamps.selection' visibleValueTransformer='ZelIsKind(Star)'>"
+            "<sliver>" +
+            selected("flags", "edges") + selected("margins", "gap") + "</sliver></section></slice>";
+        for (const bool hasTypes : {true, false}) {
+            PreviewWindow::Options options;
+            QVERIFY(options.model.types.read(hasTypes ? ZEL_METATYPES : "none").isNull() == hasTypes);
+            options.model.selections = {{"lamps", {"Lamp", "Star"}}};
+            show(text, options);
+            QCOMPARE(objects()->count(), 8);
+            QCOMPARE(objects()->item(6)->text(), "Star 3, equal to 1");
+            const auto shows = [this](int section) {
+                return panel()->findChildren<ZelInspectorSection *>().at(section)->isVisible();
+            };
+            for (const int row : {0, 4}) {
+                const QRect place = objects()->visualItemRect(objects()->item(row));
+                QTest::mouseClick(objects()->viewport(), Qt::LeftButton, {}, place.center());
+                QCoreApplication::processEvents();
+                QVERIFY(shows(0) == (row == 0) && shows(1) == (row == 4));
+            }
+            QVERIFY(!m_window->complaints().join(u'\n').contains("Of the application"));
+            QVERIFY(!hasTypes || value("edges") == "1");
+            m_window.reset();
+        }
+    }
+
     void showsLooksAndLanguages()
     {
         PreviewWindow::Options options;

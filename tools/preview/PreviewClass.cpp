@@ -15,7 +15,8 @@ enum Flags : uint {
     Stored = 0x10000,
     Unresolved = 0x80000000,
     PublicSignal = 0x06,
-    PublicSlot = 0x0a
+    PublicSlot = 0x0a,
+    EnumIsFlag = 0x1
 };
 constexpr uint g_revision = 10;
 constexpr uint g_headerSize = 14;
@@ -63,6 +64,11 @@ struct PreviewClass::Made
     std::vector<const QtPrivate::QMetaTypeInterface *> types;
     QMetaObject metaObject{};
 };
+
+PreviewClass::PreviewClass(const QByteArray &name)
+    : m_name(name)
+{
+}
 
 PreviewClass::PreviewClass(const QByteArray &name, const Enumeration &enumeration)
     : m_name(name)
@@ -137,9 +143,12 @@ std::unique_ptr<PreviewClass::Made> PreviewClass::make() const
     }
     if (enumerations > 0) {
         const uint name = strings.index(m_enumeration.name);
-        data.insert(data.end(), {name, name, 0, uint(m_enumeration.keys.size()), enumerationData + g_enumerationSize});
-        for (uint value = 0; value < uint(m_enumeration.keys.size()); ++value)
-            data.insert(data.end(), {strings.index(m_enumeration.keys.at(value).toUtf8()), value});
+        const bool isFlags = m_enumeration.isFlags;
+        data.insert(data.end(), {name, name, isFlags ? EnumIsFlag : 0U, uint(m_enumeration.keys.size()),
+                                 enumerationData + g_enumerationSize});
+        for (uint key = 0; key < uint(m_enumeration.keys.size()); ++key)
+            data.insert(data.end(),
+                        {strings.index(m_enumeration.keys.at(key).toUtf8()), isFlags ? 1U << key % 32 : key});
     }
     data.push_back(0);
     made->types.push_back(nullptr); // of the class itself

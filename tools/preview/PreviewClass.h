@@ -23,14 +23,16 @@ public:
     };
     using SlotCalled = std::function<void(const QByteArray &slot)>;
 
-    /// An enumeration of the class: its name and keys, whose values count up from 0.
+    /// An enumeration of the class: its name and keys, whose values count up from 0 or, of flags, are a bit each.
     struct Enumeration
     {
         QByteArray name;
         QStringList keys;
+        bool isFlags = false;
     };
 
-    explicit PreviewClass(const QByteArray &name, const Enumeration &enumeration = {});
+    explicit PreviewClass(const QByteArray &name);
+    PreviewClass(const QByteArray &name, const Enumeration &enumeration);
     ~PreviewClass();
     Q_DISABLE_COPY_MOVE(PreviewClass)
 

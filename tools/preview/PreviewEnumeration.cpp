@@ -41,12 +41,13 @@ const Interface *interfaceFor(const char *name)
 
 } // namespace
 
-QMetaType PreviewEnumeration::type(const QByteArray &className, const QByteArray &name, const QStringList &keys)
+QMetaType PreviewEnumeration::type(const QByteArray &className, const QByteArray &name, const QStringList &keys,
+                                   bool isFlags)
 {
     const QByteArray fullName = className + "::" + name;
     Enumeration *&known = byName()[fullName];
     if (!known) {
-        known = new Enumeration{.scope = PreviewClass(className, {name, keys}), .name = fullName};
+        known = new Enumeration{.scope = PreviewClass(className, {name, keys, isFlags}), .name = fullName};
         known->type = interfaceFor(known->name.constData());
     }
     const QMetaType type(known->type);

@@ -8,7 +8,7 @@
 /// forgotten, as is so with all types.
 namespace PreviewEnumeration {
 
-/// The type of an enumeration of the class, with values that count up from 0.
-QMetaType type(const QByteArray &className, const QByteArray &name, const QStringList &keys);
+/// The type of an enumeration of the class, with values that count up from 0 or, of flags, are a bit each.
+QMetaType type(const QByteArray &className, const QByteArray &name, const QStringList &keys, bool isFlags);
 
 } // namespace PreviewEnumeration

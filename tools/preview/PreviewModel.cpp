@@ -6,6 +6,8 @@
 #include "PreviewValues.h"
 
 #include <QJsonArray>
+#include <algorithm>
+#include <list>
 #include <map>
 
 using Kind = PreviewNeeds::Kind;
@@ -30,18 +32,37 @@ QString joined(const QString &path, const QString &key)
 
 } // namespace
 
-/// An object, or the objects that a controller selects, which are all of one class.
+/// An object, or the objects that a controller selects.
 struct PreviewModel::Node
 {
-    explicit Node(const QByteArray &className)
-        : type(className)
+    /// One class of the objects, and the objects of it.
+    struct Part
     {
+        Part(const QByteArray &className, const ZelTypeTable::Class *ofTypes)
+            : type(className)
+            , known(ofTypes)
+        {
+        }
+        PreviewClass type;
+        const ZelTypeTable::Class *known; // null without types
+        QList<PreviewObject *> objects;
+    };
+
+    QList<PreviewObject *> objects() const
+    {
+        QList<PreviewObject *> all;
+        for (const Part &part : parts)
+            all += part.objects;
+        return all;
+    }
+    bool hasTypes() const { return parts.front().known; }
+    bool has(const QByteArray &property) const
+    {
+        return std::ranges::any_of(parts, [&](const Part &part) { return part.type.propertyNamed(property); });
     }
 
-    PreviewClass type;
-    Classes known; // none without types
-    QList<PreviewObject *> objects;
-    QJsonArray data; // of each object
+    std::list<Part> parts; // one or more
+    QJsonArray data;       // of each object
     std::map<QString, std::unique_ptr<Node>> children;
     QHash<QByteArray, Kind> kinds; // of the values
     ZelArrayController *controller = nullptr;
@@ -60,14 +81,20 @@ PreviewModel::~PreviewModel()
 
 QObject *PreviewModel::owner() const
 {
-    return m_owner ? m_owner->objects.first() : nullptr;
+    return m_owner ? m_owner->objects().first() : nullptr;
 }
 
-void PreviewModel::makeObjects(Node &node, int count, QObject *parent)
+/// Adds a part for each of the classes, or one of that name if none is known.
+void PreviewModel::addParts(Node &node, const Classes &known, const QStringList &names) const
 {
-    for (int i = 0; i < count; ++i)
-        node.objects.append(new PreviewObject(&node.type, parent));
-    node.type.setSlotCalled([this](const QByteArray &name) { Q_EMIT methodCalled(QString::fromUtf8(name)); });
+    for (const ZelTypeTable::Class *type : known)
+        node.parts.emplace_back(type->name.toUtf8(), type);
+    for (const QString &name : known.isEmpty() ? names : QStringList())
+        node.parts.emplace_back(name.toUtf8(), nullptr);
+    for (Node::Part &part : node.parts)
+        part.type.setSlotCalled([model = const_cast<PreviewModel *>(this)](const QByteArray &name) {
+            Q_EMIT model->methodCalled(QString::fromUtf8(name));
+        });
 }
 
 void PreviewModel::grow(const PreviewNeeds &needs)
@@ -77,10 +104,11 @@ void PreviewModel::grow(const PreviewNeeds &needs)
         Classes known = classesNamed({m_settings.owner});
         if (known.isEmpty())
             known = classWith(keysBelow({}));
-        m_owner = std::make_unique<Node>(known.isEmpty() ? QByteArray("Owner") : known.first()->name.toUtf8());
-        m_owner->known = known;
+        m_owner = std::make_unique<Node>();
+        addParts(*m_owner, known, {QStringLiteral("Owner")});
         m_owner->data = {m_settings.data};
-        makeObjects(*m_owner, 1, m_owner->parent.get());
+        Node::Part &part = m_owner->parts.front();
+        part.objects = {new PreviewObject(&part.type, m_owner->parent.get())};
     }
     for (auto [path, needed] : needs.keyPaths.asKeyValueRange())
         add(*m_owner, path.split(u'.'), {}, needed);
@@ -88,7 +116,7 @@ void PreviewModel::grow(const PreviewNeeds &needs)
         QString name = method;
         while (name.endsWith(u':'))
             name.chop(1);
-        m_owner->type.addSlot(name.toUtf8());
+        m_owner->parts.front().type.addSlot(name.toUtf8());
     }
     select(m_selectedRows);
 }
@@ -155,11 +183,18 @@ PreviewModel::Classes PreviewModel::classWith(const QStringList &keys) const
 
 ZelTypeTable::Found PreviewModel::property(const Node &node, const QString &key) const
 {
-    for (const ZelTypeTable::Class *known : node.known) {
-        if (const ZelTypeTable::Found found = m_settings.types.property(*known, key); found.property)
+    for (const Node::Part &part : node.parts) {
+        const ZelTypeTable::Found found =
+            part.known ? m_settings.types.property(*part.known, key) : ZelTypeTable::Found();
+        if (found.property)
             return found;
     }
     return {};
+}
+
+bool PreviewModel::hasKey(const ZelTypeTable::Class *type, const QString &key) const
+{
+    return !type || m_settings.types.property(*type, key).property;
 }
 
 /// Of a type that only the application has, anything can be stored.
@@ -169,7 +204,8 @@ QMetaType PreviewModel::typeOf(const ZelTypeTable::Found &property) const
     if (const ZelTypeTable::Enumeration *known = m_settings.types.enumeration(*property.owner, name)) {
         const qsizetype colons = name.lastIndexOf(QStringLiteral("::"));
         const QString scope = colons < 0 ? property.owner->name : name.left(colons);
-        return PreviewEnumeration::type(scope.toUtf8(), name.mid(colons < 0 ? 0 : colons + 2).toUtf8(), known->keys);
+        return PreviewEnumeration::type(scope.toUtf8(), name.mid(colons < 0 ? 0 : colons + 2).toUtf8(), known->keys,
+                                        known->isFlags);
     }
     const QMetaType named = QMetaType::fromName(name.toUtf8());
     const bool isObject = named.flags().testFlag(QMetaType::PointerToQObject);
@@ -196,58 +232,89 @@ PreviewModel::Node *PreviewModel::childOf(Node &node, const QString &key, const 
     if (there != node.children.end())
         return there->second.get();
     const QByteArray name = key.toUtf8();
-    if (node.type.propertyNamed(name) || (!node.known.isEmpty() && !property(node, key).property))
+    if (node.has(name) || (node.hasTypes() && !property(node, key).property))
         return nullptr;
+    auto child = std::make_unique<Node>();
+    QStringList classes = m_needs.classes.value(isSelection ? path + QStringLiteral(".selection") : path);
+    if (classes.isEmpty() || !isSelection)
+        classes = {classes.value(0, isSelection ? QStringLiteral("Object") : QStringLiteral("Part"))};
     const Classes known = classesFor(node, key, path, isSelection);
-    const QByteArray anyName = isSelection ? "Object" : "Part";
-    auto child = std::make_unique<Node>(known.isEmpty() ? anyName : known.first()->name.toUtf8());
-    child->known = known;
-    node.type.addProperty({name, QMetaType(QMetaType::QObjectStar), false});
+    addParts(*child, isSelection ? known : known.first(std::min<qsizetype>(1, known.size())), classes);
     const QJsonValue data = node.data.at(0).toObject().value(key);
     const QJsonValue selected = isSelection && !data.isArray() ? m_settings.data.value(path) : data;
     child->data = selected.isArray() ? selected.toArray() : QJsonArray{selected};
-    const bool hasObjects = isSelection && selected.isArray() && !child->data.isEmpty();
-    makeObjects(*child, hasObjects ? int(child->data.size()) : isSelection ? objectCount : 1, child->parent.get());
-    QObject *answer = child->objects.first();
+    makeObjects(*child, isSelection, isSelection && selected.isArray());
+    QObject *answer = child->objects().first();
     if (isSelection) {
+        const QList<PreviewObject *> content = child->objects();
         child->controller = new ZelArrayController(child->parent.get());
         child->controller->setObjectName(path);
-        child->controller->setContent({child->objects.begin(), child->objects.end()});
+        child->controller->setContent({content.begin(), content.end()});
         m_controllers.append(child->controller);
         answer = child->controller;
     }
-    for (PreviewObject *object : std::as_const(node.objects))
-        object->setValue(name, QVariant::fromValue(answer));
+    for (Node::Part &part : node.parts) {
+        if (!hasKey(part.known, key))
+            continue;
+        part.type.addProperty({name, QMetaType(QMetaType::QObjectStar), false});
+        for (PreviewObject *object : std::as_const(part.objects))
+            object->setValue(name, QVariant::fromValue(answer));
+    }
     return (node.children[key] = std::move(child)).get();
+}
+
+/// One object, some of each class for a selection, or as many as there are data, which are of the first class.
+void PreviewModel::makeObjects(Node &node, bool isSelection, bool isOfData)
+{
+    const bool hasData = isOfData && !node.data.isEmpty();
+    for (Node::Part &part : node.parts) {
+        const bool isFirst = &part == &node.parts.front();
+        const int count = hasData ? (isFirst ? int(node.data.size()) : 0) : isSelection ? objectCount : 1;
+        for (int i = 0; i < count; ++i)
+            part.objects.append(new PreviewObject(&part.type, node.parent.get()));
+    }
 }
 
 void PreviewModel::addValue(Node &node, const QString &key, const PreviewNeeds::Value &needed)
 {
     const QByteArray name = key.toUtf8();
-    const ZelTypeTable::Found found = property(node, key);
-    if (node.children.contains(key) || (!node.known.isEmpty() && !found.property))
+    if (node.children.contains(key))
         return;
-    const QMetaType type = found.property ? typeOf(found) : QMetaType::fromType<QVariant>();
-    const bool isWritable = !found.property || found.property->isWritable;
-    node.type.addProperty({name, type, isWritable});
-    if (const auto kind = node.kinds.constFind(name); kind != node.kinds.constEnd() && *kind == needed.kind)
-        return; // it has its value, which may have been edited
-    node.kinds.insert(name, needed.kind);
-    for (int i = 0; i < node.objects.size(); ++i) {
-        PreviewObject *object = node.objects.at(i);
-        const QJsonObject data = node.data.at(i).toObject();
-        const int index = i == g_equalIndex ? 0 : i;
-        QVariant value;
-        if (data.contains(key))
-            value = PreviewValues::fromJson(data.value(key), needed);
-        else if (needed.kind == Kind::Actions)
-            value = PreviewValues::actions(object);
-        else if (!needed.mayBeAbsent || i != g_absentIndex)
-            value = PreviewValues::invented(key, needed, index);
-        if (type != QMetaType::fromType<QVariant>() && !QVariant(value).convert(type))
-            value = PreviewValues::invented(key, type, index);
-        object->setValue(name, value);
+    const auto kind = node.kinds.constFind(name);
+    const bool hasValues = kind != node.kinds.constEnd() && *kind == needed.kind; // which may have been edited
+    qsizetype row = 0;
+    for (Node::Part &part : node.parts) {
+        const qsizetype first = std::exchange(row, row + part.objects.size());
+        if (!hasKey(part.known, key))
+            continue;
+        const ZelTypeTable::Found found =
+            part.known ? m_settings.types.property(*part.known, key) : ZelTypeTable::Found();
+        const QMetaType type = found.property ? typeOf(found) : QMetaType::fromType<QVariant>();
+        part.type.addProperty({name, type, !found.property || found.property->isWritable});
+        node.kinds.insert(name, needed.kind);
+        for (int i = 0; i < part.objects.size() && !hasValues; ++i)
+            part.objects.at(i)->setValue(
+                name, valueFor(*part.objects.at(i), key, needed, type, node.data.at(first + i).toObject(), i));
     }
+}
+
+/// The value of the object at that place among those of its class.
+QVariant PreviewModel::valueFor(PreviewObject &object, const QString &key, const PreviewNeeds::Value &needed,
+                                QMetaType type, const QJsonObject &data, int place)
+{
+    const int index = place == g_equalIndex ? 0 : place;
+    QVariant value;
+    if (data.contains(key))
+        value = PreviewValues::fromJson(data.value(key), needed);
+    else if (type.flags().testFlag(QMetaType::IsEnumeration) && needed.choices.isEmpty())
+        value = PreviewValues::invented(key, type, index);
+    else if (needed.kind == Kind::Actions)
+        value = PreviewValues::actions(&object);
+    else if (!needed.mayBeAbsent || place != g_absentIndex)
+        value = PreviewValues::invented(key, needed, index);
+    if (type != QMetaType::fromType<QVariant>() && !QVariant(value).convert(type))
+        value = PreviewValues::invented(key, type, index);
+    return value;
 }
 
 QStringList PreviewModel::titles() const
@@ -263,12 +330,14 @@ QStringList PreviewModel::titles() const
     }
     const QList<QObject *> objects = main ? main->content() : QList<QObject *>();
     const bool isInvented = main && !m_settings.data.contains(main->objectName());
-    for (int i = 0; i < objects.size(); ++i) {
-        QString title =
-            QStringLiteral("%1 %2").arg(QString::fromUtf8(objects.at(i)->metaObject()->className())).arg(i + 1);
-        if (isInvented && i == g_equalIndex)
+    QHash<QString, int> counts;
+    for (const QObject *object : objects) {
+        const QString className = QString::fromUtf8(object->metaObject()->className());
+        const int place = counts[className]++;
+        QString title = QStringLiteral("%1 %2").arg(className).arg(place + 1);
+        if (isInvented && place == g_equalIndex)
             title += QStringLiteral(", equal to 1");
-        else if (isInvented && i == g_absentIndex)
+        else if (isInvented && place == g_absentIndex)
             title += QStringLiteral(", without some values");
         result.append(title);
     }

@@ -13,9 +13,9 @@ class ZelArrayController;
 
 /// The model behind a preview: the owner of the panel and everything that the key paths of the description lead to.
 ///
-/// Where a key path goes through a selection, there are objects that can be selected: the first two have different
-/// values, the third equals the first, and the fourth has no value where that is allowed. A model grows with the
-/// description: objects and their values stay.
+/// Where a key path goes through a selection, there are objects of each class that can be selected: the first two have
+/// different values, the third equals the first, and the fourth has no value where that is allowed. A model grows with
+/// the description: objects and their values stay.
 class PreviewModel : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,11 @@ private:
     ZelTypeTable::Found property(const Node &node, const QString &key) const;
     QMetaType typeOf(const ZelTypeTable::Found &property) const;
     QStringList keysBelow(const QString &path) const;
-    void makeObjects(Node &node, int count, QObject *parent);
+    void makeObjects(Node &node, bool isSelection, bool isOfData);
+    void addParts(Node &node, const Classes &known, const QStringList &names) const;
+    bool hasKey(const ZelTypeTable::Class *type, const QString &key) const;
+    static QVariant valueFor(PreviewObject &object, const QString &key, const PreviewNeeds::Value &needed,
+                             QMetaType type, const QJsonObject &data, int place);
 
     Settings m_settings;
     PreviewNeeds m_needs;

@@ -4,6 +4,7 @@
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 using Configuration = ZelInspectorConfiguration;
 using Kind = PreviewNeeds::Kind;
@@ -37,10 +38,11 @@ constexpr OtherKeyPath g_others[] = {
 const QHash<QString, Kind> &kindsOfTypes()
 {
     static const QHash<QString, Kind> kinds = {
-        {"boolean", Kind::Boolean}, {"number", Kind::Number}, {"string", Kind::Text}, {"enumeration", Kind::Choice},
-        {"color", Kind::Color},     {"date", Kind::Date},     {"font", Kind::Font},   {"resource", Kind::Text},
-        {"size", Kind::Size},       {"point", Kind::Size},    {"frame", Kind::Frame}, {"action", Kind::Any},
-        {"custom", Kind::Any},
+        {"boolean", Kind::Boolean}, {"number", Kind::Number}, {"string", Kind::Text},     {"enumeration", Kind::Choice},
+        {"color", Kind::Color},     {"date", Kind::Date},     {"font", Kind::Font},       {"resource", Kind::Text},
+        {"size", Kind::Size},       {"point", Kind::Size},    {"frame", Kind::Frame},     {"action", Kind::Any},
+        {"custom", Kind::Any},      {"flags", Kind::Bits},    {"margins", Kind::Margins}, {"line", Kind::Line},
+        {"vector", Kind::Vector},
     };
     return kinds;
 }
@@ -84,6 +86,8 @@ Value editedValue(const Configuration &element)
     appendChoices(element, value.choices);
     if (value.kind == Kind::Bits && !value.choices.isEmpty())
         value.masked = {value.choices};
+    if (element.hasValueNamed(u"components"))
+        value.components = element.stringValueNamed(u"components").toInt();
     value.minimum = numberNamed(element, u"minimum");
     value.maximum = numberNamed(element, u"maximum");
     value.mayBeAbsent = element.booleanValueNamed(u"allowsNilValues") || element.hasValueNamed(u"nonNilValueTitle") ||
@@ -113,6 +117,7 @@ void PreviewNeeds::visit(const Configuration &element)
 {
     noteNames(element);
     noteKeyPaths(element);
+    noteClasses(element);
     readFile(element.urlValueNamed(u"file"));
     for (const Configuration &child : element.configurations())
         visit(child);
@@ -148,6 +153,19 @@ void PreviewNeeds::noteKeyPaths(const Configuration &element)
     }
 }
 
+void PreviewNeeds::noteClasses(const Configuration &element)
+{
+    static const QRegularExpression ofClass(QStringLiteral("^ZelIsKind\\(\\s*(.+?)\\s*\\)$"));
+    for (const char *condition : {"visible", "enabled"}) {
+        const QString name = QLatin1String(condition);
+        const QString keyPath = element.stringValueNamed(QString(name + QStringLiteral("KeyPath")));
+        const auto match = ofClass.match(element.stringValueNamed(QString(name + QStringLiteral("ValueTransformer"))));
+        QStringList &known = classes[keyPath];
+        if (match.hasMatch() && !keyPath.isEmpty() && !known.contains(match.captured(1)))
+            known.append(match.captured(1));
+    }
+}
+
 /// The first editor of a key decides, except that whatever is known comes before what is not.
 void PreviewNeeds::note(const QString &keyPath, const Value &value)
 {
@@ -158,6 +176,8 @@ void PreviewNeeds::note(const QString &keyPath, const Value &value)
     const QList<QVariantList> masked = known.masked + value.masked;
     if (known.kind <= Kind::Condition && value.kind > known.kind)
         known = value;
+    else if (known.choices.isEmpty() && value.kind == known.kind)
+        known.choices = value.choices;
     known.mayBeAbsent = mayBeAbsent;
     known.masked = masked;
 }

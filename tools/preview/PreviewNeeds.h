@@ -29,6 +29,9 @@ public:
         Font,
         Size,
         Frame,
+        Margins,
+        Line,
+        Vector,
         Texts,   ///< a list
         Choices, ///< the values of a list of choices
         Actions
@@ -37,6 +40,7 @@ public:
     {
         Kind kind = Kind::Any;
         QVariantList choices;
+        int components = 3;         ///< of a vector
         QList<QVariantList> masked; ///< of bits: the choices of every editor that edits some of them
         std::optional<double> minimum;
         std::optional<double> maximum;
@@ -47,6 +51,8 @@ public:
     static PreviewNeeds of(const QUrl &description);
 
     QMap<QString, Value> keyPaths;
+    /// By the key path of a selection or an object, the classes that conditions (ZelIsKind) tell apart there.
+    QMap<QString, QStringList> classes;
     QSet<QString> methods;
     QSet<QString> editorClasses;
     QSet<QString> sliceClasses;
@@ -59,6 +65,7 @@ private:
     void visit(const ZelInspectorConfiguration &element);
     void noteNames(const ZelInspectorConfiguration &element);
     void noteKeyPaths(const ZelInspectorConfiguration &element);
+    void noteClasses(const ZelInspectorConfiguration &element);
     void note(const QString &keyPath, const Value &value);
 
     QSet<QUrl> m_files;

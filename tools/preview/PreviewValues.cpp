@@ -8,8 +8,13 @@
 #include <QDate>
 #include <QFont>
 #include <QJsonArray>
+#include <QLineF>
+#include <QMarginsF>
 #include <QMetaEnum>
 #include <QRectF>
+#include <QVector2D>
+#include <QVector3D>
+#include <QVector4D>
 #include <cmath>
 #include <limits>
 
@@ -60,6 +65,24 @@ QColor colorFor(int index)
     return colors[size_t(index) % std::size(colors)];
 }
 
+QVariant vectorFor(int components, int index)
+{
+    const QVector4D vector(1.0F + float(index), 2, 3, 4);
+    return components == 2   ? QVariant(vector.toVector2D())
+           : components == 4 ? QVariant(vector)
+                             : QVariant(vector.toVector3D());
+}
+
+/// Of a few objects, each has another part of the keys, so that all keys occur.
+int keysFor(const QMetaEnum &flags, int index)
+{
+    constexpr int objects = 3; // that differ; the index of one that equals another is that one's
+    int bits = 0;
+    for (int key = std::min(index, objects - 1); key < flags.keyCount(); key += objects)
+        bits |= flags.value(key);
+    return bits;
+}
+
 QList<double> numbersOf(const QJsonValue &json)
 {
     QList<double> numbers;
@@ -100,6 +123,12 @@ QVariant PreviewValues::invented(const QString &key, const PreviewNeeds::Value &
         return QSizeF(100 + 20 * index, 50 + 10 * index);
     case Kind::Frame:
         return QRectF(10 + 20 * index, 20, 100 + 20 * index, 50);
+    case Kind::Margins:
+        return QVariant::fromValue(QMarginsF(5, 10, 5 + index, 10));
+    case Kind::Line:
+        return QLineF(0, 10 * index, 100, 50);
+    case Kind::Vector:
+        return vectorFor(needed.components, index);
     case Kind::Texts:
         return QStringList{textFor(key, 0), textFor(key, 1), textFor(key, 2)};
     case Kind::Choices:
@@ -128,8 +157,12 @@ QVariant PreviewValues::invented(const QString &key, QMetaType type, int index)
     }
     if (type.flags().testFlag(QMetaType::IsEnumeration)) {
         const QMetaObject *scope = type.metaObject();
-        const int keys = scope ? scope->enumerator(0).keyCount() : 0;
-        QVariant value = keys > 0 ? index % keys : 0;
+        const QMetaEnum known = scope ? scope->enumerator(0) : QMetaEnum();
+        QVariant value = 0;
+        if (known.isFlag())
+            value = keysFor(known, index);
+        else if (known.keyCount() > 0)
+            value = index % known.keyCount();
         value.convert(type);
         return value;
     }
