@@ -131,8 +131,8 @@ function(zel_add_translations target)
             endforeach()
         endforeach()
         if(metatypes)
-            list(APPEND update --types ${metatypes} --selection
-                               "$<JOIN:$<TARGET_PROPERTY:${target},ZEL_DESCRIPTION_SELECTIONS>, >")
+            set(all "$<TARGET_PROPERTY:${target},ZEL_DESCRIPTION_SELECTIONS>")
+            list(APPEND update --types ${metatypes} "$<$<BOOL:${all}>:--selection=$<JOIN:${all}, >>")
         endif()
     endforeach()
     set(arg_TS_FILES ${arg_TS_FILES} PARENT_SCOPE) # without those that do not exist yet
