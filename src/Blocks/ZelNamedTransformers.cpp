@@ -82,8 +82,10 @@ QVariant isNotEmpty(const QVariant &value)
 {
     if (isIndexSet(value))
         return !value.value<ZelIndexSet>().isEmpty();
-    if (ZelIsList(value))
-        return !ZelList(value).isEmpty();
+    if (ZelIsList(value)) { // which may be long: its elements are not read
+        const auto list = value.value<QSequentialIterable>();
+        return list.begin() != list.end();
+    }
     if (isMap(value))
         return value.value<QAssociativeIterable>().size() != 0;
     return ZelValueForKey(ZelObject(value), "count").toLongLong() != 0;

@@ -5,7 +5,7 @@
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/RunLoop/ZelMemberScope.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
-#include "Core/Selection/private/ZelReadingScope.h"
+#include "Core/RunLoop/private/ZelReadingScope.h"
 #include "Observation/ZelDelayedInvocation.h"
 
 #include <QCoreApplication>

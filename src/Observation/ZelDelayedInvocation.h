@@ -56,6 +56,11 @@ public:
     const std::optional<double> &delay() const { return m_task->delay; }
     void setDelay(const std::optional<double> &delay);
 
+    /// Whether the work changes nothing and only shows what is there; false unless set. Such works that run one after
+    /// the other share what they read of a large selection.
+    bool onlyReads() const { return m_task->reads; }
+    void setOnlyReads(bool onlyReads) { m_task->reads = onlyReads; }
+
     bool isScheduled() const { return m_scheduled; }
     bool isFinished() const { return m_task->finished; }
     bool isCancelled() const { return m_task->cancelled; }
@@ -83,6 +88,7 @@ private:
         void invoke();
         void cancel();
         void perform() override { invoke(); }
+        bool onlyReads() const override { return reads || !isPending(); }
         bool performEarly(quint64 checkpoint) override;
 
         ZelDelayedInvocation *invocation; // null once destroyed
@@ -96,6 +102,7 @@ private:
         bool finished = false;
         bool cancelled = false;
         bool running = false;
+        bool reads = false;
         quint64 lastCheckpoint;
     };
     QExplicitlySharedDataPointer<Task> m_task;

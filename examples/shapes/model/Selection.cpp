@@ -60,6 +60,7 @@ std::vector<bool> Selection::membersOf(const QList<Shape *> &shapes) const
 void Selection::apply(std::vector<bool> members)
 {
     QList<Shape *> shapes;
+    shapes.reserve(m_document->shapes().size());
     for (Shape *shape : m_document->shapes()) {
         if (size_t(shape->id()) < members.size() && members[shape->id()])
             shapes.append(shape);

@@ -2,6 +2,7 @@
 #include "Core/RunLoop/ZelRunLoop.h"
 
 #include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/RunLoop/private/ZelReadingScope.h"
 
 #include <QCoreApplication>
 #include <QThreadStorage>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -168,12 +170,18 @@ void ZelRunLoop::performPending()
 {
     takeQueue();
     performOverdueTimers();
+    std::optional<ZelReadingScope> reading;
     while (m_next < m_running.size()) {
         Request request = std::move(m_running[m_next++]);
-        if (isRunnable(request.modes))
-            performTask(*request.task);
-        else
+        if (!isRunnable(request.modes)) {
             m_waiting.push_back(std::move(request));
+            continue;
+        }
+        if (!request.task->onlyReads())
+            reading.reset();
+        else if (!reading)
+            reading.emplace();
+        performTask(*request.task);
     }
     m_running.clear();
     m_next = 0;

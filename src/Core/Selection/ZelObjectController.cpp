@@ -9,6 +9,9 @@
 #include <QSet>
 #include <QThread>
 
+#include <algorithm>
+#include <functional>
+
 namespace {
 
 /// The controllers of all threads. The list is never deleted, since a controller may outlive every static.
@@ -34,6 +37,15 @@ QList<QPointer<ZelObjectController>> controllersOfThisThread()
             found.append(controller);
     }
     return found;
+}
+
+/// Whether the objects are none of them null, and each lies behind the one before it in memory, as objects often do that
+/// were made one after the other. Then none is repeated.
+bool isAscending(const QList<QObject *> &objects)
+{
+    const auto isNotBefore = [](const QObject *a, const QObject *b) { return !std::less<>()(a, b); };
+    return !objects.isEmpty() && objects.first() &&
+           std::adjacent_find(objects.begin(), objects.end(), isNotBefore) == objects.end();
 }
 
 } // namespace
@@ -85,13 +97,18 @@ void ZelObjectController::setSelectedObjects(const QList<QObject *> &objects)
 {
     QList<QPointer<QObject>> selected;
     selected.reserve(objects.size());
-    QSet<const QObject *> seen;
-    seen.reserve(objects.size());
-    for (QObject *object : objects) {
-        const qsizetype before = seen.size();
-        seen.insert(object);
-        if (object && seen.size() > before)
+    if (isAscending(objects)) {
+        for (QObject *object : objects)
             selected.append(object);
+    } else {
+        QSet<const QObject *> seen;
+        seen.reserve(objects.size());
+        for (QObject *object : objects) {
+            const qsizetype before = seen.size();
+            seen.insert(object);
+            if (object && seen.size() > before)
+                selected.append(object);
+        }
     }
     replaceSelection(selected);
 }

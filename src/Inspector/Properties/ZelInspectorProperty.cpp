@@ -629,6 +629,7 @@ ZelDelayedInvocation &ZelInspectorProperty::updateViewInvocation()
                 if (property && property->m_default)
                     ZelExceptionReporter::passOn(property.data(), [&] { property->updateChangedFromDefault(); });
             });
+        m_updateViewInvocation->setOnlyReads(true);
     }
     return *m_updateViewInvocation;
 }

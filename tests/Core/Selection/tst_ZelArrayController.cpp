@@ -4,7 +4,7 @@
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
-#include "Core/Selection/private/ZelReadingScope.h"
+#include "Core/RunLoop/private/ZelReadingScope.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"

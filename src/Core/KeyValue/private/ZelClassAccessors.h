@@ -19,9 +19,10 @@ public:
     }
 
     /// The accessor of the path's first key. Null for an object that lacks it, and for one that answers keys itself.
-    const ZelPropertyAccessor *of(const QObject *object)
+    const ZelPropertyAccessor *of(const QObject *object) { return of(object, object->metaObject()); }
+    /// The same if the object's class is known already.
+    const ZelPropertyAccessor *of(const QObject *object, const QMetaObject *metaObject)
     {
-        const QMetaObject *metaObject = object->metaObject();
         if (metaObject == m_class)
             return m_accessor;
         const bool answersItself = ZelPropertyAccessor::interfaceOf(object);

@@ -148,6 +148,8 @@ void ZelObservedKey::add(const Registration &registration)
         startObserving();
     if (!m_remembers && !m_announcesItself && (m_oldObservers > 0 || (m_accessor && isSilent())))
         rememberValue();
+    else if (m_interface && registration.options & ZelKeyValueObservingOptionOld)
+        (void)read(); // what it answers now is what it must answer during the notice before the next change
     if (registration.options & ZelKeyValueObservingOptionInitial) {
         const Hold hold(this);
         const ZelKeptValue none;

@@ -55,6 +55,7 @@ public:
 
     ZelKey key() const { return m_key; }
     bool isObserved() const { return m_observers > 0; }
+    bool wantsOldValues() const { return m_oldObservers > 0; }
     bool announcesItself() const { return m_announcesItself; }
     /// The signal whose emission is a change of this key, or -1.
     int notifySignalIndex() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Selection/private/ZelSelectionFold.h"
 
+#include "Core/Errors/ZelSourcePlace.h"
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
@@ -8,126 +9,18 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelObjectRecord.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Selection/private/ZelColumnFold.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
-#include <QRectF>
 #include <algorithm>
+#include <numeric>
 
 namespace {
-
-template<typename Value> bool isEqual(const Value &a, const Value &b)
-{
-    return a == b;
-}
-
-// They compare exactly first: Qt's comparison, which allows for small distances, costs more, and most values are equal.
-
-bool isEqual(const QPointF &a, const QPointF &b)
-{
-    return (a.x() == b.x() && a.y() == b.y()) || a == b;
-}
-
-bool isEqual(const QSizeF &a, const QSizeF &b)
-{
-    return (a.width() == b.width() && a.height() == b.height()) || a == b;
-}
-
-bool isEqual(const QRectF &a, const QRectF &b)
-{
-    return (a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height()) || a == b;
-}
-
-template<typename Value>
-bool readEqual(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
-{
-    Value value{};
-    return accessor.readTyped(object, &value) && isEqual(value, *static_cast<const Value *>(expected));
-}
-
-/// An unset text and an empty one are the same here: people see no difference.
-bool readEqualText(const ZelPropertyAccessor &accessor, const QObject *object, const void *expected)
-{
-    QString text;
-    const auto &other = *static_cast<const QString *>(expected);
-    return accessor.readTyped(object, &text) && text == other;
-}
-
-/// Compares an object's value with one of the same type, without a QVariant; null for other types.
-using ReadEqual = bool (*)(const ZelPropertyAccessor &, const QObject *, const void *);
-ReadEqual readEqualFor(int type)
-{
-    switch (type) {
-    case QMetaType::Double:
-        return readEqual<double>;
-    case QMetaType::Float:
-        return readEqual<float>;
-    case QMetaType::Int:
-        return readEqual<int>;
-    case QMetaType::UInt:
-        return readEqual<uint>;
-    case QMetaType::LongLong:
-        return readEqual<qlonglong>;
-    case QMetaType::ULongLong:
-        return readEqual<qulonglong>;
-    case QMetaType::Bool:
-        return readEqual<bool>;
-    case QMetaType::QPointF:
-        return readEqual<QPointF>;
-    case QMetaType::QSizeF:
-        return readEqual<QSizeF>;
-    case QMetaType::QRectF:
-        return readEqual<QRectF>;
-    case QMetaType::QString:
-        return readEqualText;
-    default:
-        return nullptr;
-    }
-}
-
-/// Compares the values of one class's objects in memory, whatever their type. Making a QVariant for each would take
-/// most of the time of a long walk.
-class SameValue
-{
-public:
-    /// Takes an object's value as the one to compare with.
-    void set(const ZelPropertyAccessor &accessor, const QObject *object)
-    {
-        const QMetaType type = accessor.type();
-        const bool isPlain = type.isValid() && type.id() != QMetaType::QVariant && type.isEqualityComparable() &&
-                             !type.flags().testFlag(QMetaType::PointerToQObject);
-        m_expected = isPlain ? QVariant(type) : QVariant();
-        m_value = m_expected;
-        m_isSet = isPlain && accessor.readTyped(object, m_expected.data());
-    }
-    void clear() { m_isSet = false; }
-
-    /// Whether the object has that value. Answers false also if it cannot tell.
-    bool isOf(const ZelPropertyAccessor &accessor, const QObject *object)
-    {
-        return m_isSet && accessor.readTyped(object, m_value.data()) &&
-               accessor.type().equals(m_value.constData(), m_expected.constData());
-    }
-
-private:
-    QVariant m_expected;
-    QVariant m_value;
-    bool m_isSet = false;
-};
 
 bool hasPath(const QObject *object, const ZelKeyPath &path)
 {
     return ZelHasKey(object, path.first());
-}
-
-/// Whether the values are an unset text and an empty one.
-bool areEmptyTexts(const QVariant &a, const QVariant &b)
-{
-    const auto isEmptyText = [](const QVariant &value) {
-        return value.typeId() == QMetaType::QString && value.toString().isEmpty();
-    };
-    return (isEmptyText(a) || isEmptyText(b)) && (isEmptyText(a) || ZelIsAbsent(a)) &&
-           (isEmptyText(b) || ZelIsAbsent(b));
 }
 
 /// Folds whole values, for paths of several keys and for objects that answer keys themselves.
@@ -148,7 +41,7 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
         if (ZelIsControllerMarker(value))
             return value;
         const bool isOther = !isFirst && ZelNotEqual(value, result) &&
-                             !(areEmptyTexts(value, result) && isOfTexts(object) && isOfTexts(source));
+                             !(ZelColumnFold::areEmptyTexts(value, result) && isOfTexts(object) && isOfTexts(source));
         if (isOther)
             return QVariant::fromValue(ZelMultipleValuesMarker);
         result = value;
@@ -162,46 +55,42 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
 
 QVariant ZelSelectionFold::value(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path)
 {
-    ZelClassAccessors accessors(path);
-    const ZelPropertyAccessor *current = nullptr;
-    ReadEqual readEqual = nullptr;
-    SameValue sameValue;
-    QVariant stored; // the first object's value as the property answers it
-    QVariant result = QVariant::fromValue(ZelNoSelectionMarker);
-    bool isFirst = true;
-    bool isOfTexts = true; // all properties so far are texts, only for which an empty text and none are one value
+    const QList<QPointer<QObject>> snapshot = objects; // a getter may change the selection
     if (!path.isSingleKey())
-        return foldPaths(objects, path);
-    for (qsizetype i = 0; i < objects.size(); ++i) {
-        const QObject *object = objects.at(i);
-        if (!object)
-            continue;
-        const ZelPropertyAccessor *accessor = accessors.of(object);
-        if (!accessor)
-            return ZelPropertyAccessor::interfaceOf(object) ? foldPaths(objects, path)
-                                                            : QVariant::fromValue(ZelNotApplicableMarker);
-        if (accessor != current) {
-            current = accessor;
-            readEqual = nullptr;
-            sameValue.clear();
-        }
-        if (readEqual ? readEqual(*accessor, object, stored.constData()) : sameValue.isOf(*accessor, object))
-            continue;
-        const QVariant value = accessor->read(object);
-        isOfTexts = isOfTexts && accessor->type().id() == QMetaType::QString;
-        if (!isFirst && ZelNotEqual(value, stored) && !(isOfTexts && areEmptyTexts(value, stored)))
-            return QVariant::fromValue(ZelMultipleValuesMarker);
-        if (isFirst) {
-            stored = value;
-            result = ZelPresent(value);
-        }
-        if (accessor->type().isValid() && stored.metaType() == accessor->type())
-            readEqual = readEqualFor(stored.typeId());
-        if (!readEqual && !isFirst)
-            sameValue.set(*accessor, object);
-        isFirst = false;
+        return foldPaths(snapshot, path);
+    ZelColumnFold column(path.first());
+    column.add(ZelObjectBlock(snapshot));
+    return column.needsPaths() ? foldPaths(snapshot, path) : column.result();
+}
+
+std::vector<std::optional<QVariant>> ZelSelectionFold::values(const QList<QPointer<QObject>> &objects,
+                                                              const std::vector<Reading> &readings)
+{
+    const QList<QPointer<QObject>> snapshot = objects;
+    std::vector<ZelColumnFold> columns;
+    for (const Reading &reading : readings)
+        columns.emplace_back(reading.key);
+    std::vector<size_t> undecided(readings.size());
+    std::iota(undecided.begin(), undecided.end(), size_t(0));
+    std::vector<bool> hasFailed(readings.size());
+    for (qsizetype first = 0; first < snapshot.size() && !undecided.empty(); first += ZelObjectBlock::size) {
+        const ZelObjectBlock block(snapshot, first);
+        std::erase_if(undecided, [&](size_t i) {
+            try {
+                const ZelPlaceScope place(readings[i].reader);
+                columns[i].add(block);
+            } catch (...) {
+                hasFailed[i] = true; // whoever reads this key alone gets the exception
+            }
+            return columns[i].isDecided() || hasFailed[i];
+        });
     }
-    return result;
+    std::vector<std::optional<QVariant>> values(readings.size());
+    for (size_t i = 0; i < values.size(); ++i) {
+        if (!hasFailed[i] && !columns[i].needsPaths())
+            values[i] = columns[i].result();
+    }
+    return values;
 }
 
 void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const QVariant &value, const ZelKeyPath &path)

@@ -5,8 +5,10 @@
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/KeyValue/private/ZelChangeDelivery.h"
+#include "Core/KeyValue/private/ZelObjectRecord.h"
+#include "Core/RunLoop/ZelMemberScope.h"
+#include "Core/RunLoop/private/ZelReadingScope.h"
 #include "Core/Selection/ZelObjectController.h"
-#include "Core/Selection/private/ZelReadingScope.h"
 #include "Core/Selection/private/ZelSelectionFold.h"
 #include "Core/Selection/private/ZelSelectionRelay.h"
 #include "Core/Values/ZelValues.h"
@@ -62,10 +64,11 @@ bool ZelSelectionProxy::setObjects(const QList<QPointer<QObject>> &objects)
         listen(*path);
     connectSlices();
     const ZelReadingScope reading;
+    const ZelMemberScope selecting(this, m_isSelecting, true);
     for (const ZelKeyPath &path : paths) {
         if (const auto known = m_paths.value(path)) {
             known->isDirty = false;
-            failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
+            failure.run([&] { readForAnnouncement(*known, path); });
         }
         failure.run([&] { ZelDidChangeValueForKey(this, ZelKey(path.string())); });
         if (!alive)
@@ -96,7 +99,17 @@ void ZelSelectionProxy::invalidate()
 {
     m_objectsOfEachClass.clear();
     for (const auto &path : std::as_const(m_paths))
-        path->isKnown = false;
+        path->forget();
+}
+
+bool ZelSelectionProxy::Path::hearsAll() const
+{
+    return !isSilent && relay->isComplete();
+}
+
+bool ZelSelectionProxy::Path::isFresh(quint64 readingScope) const
+{
+    return isKnown && !value.hasDied() && (hearsAll() || (readingScope != 0 && scope == readingScope));
 }
 
 QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
@@ -104,16 +117,62 @@ QVariant ZelSelectionProxy::valueForKeyPath(const ZelKeyPath &path) const
     const auto known = m_paths.value(path);
     if (!known)
         return ZelSelectionFold::value(m_objects, path);
-    if (known->answersOld)
+    if (known->answersOld && known->isAnnounced)
         return known->announced.value();
-    const bool hearsAll = !known->isSilent && known->relay->isComplete();
+    known->isReadAtOnce = known->isReadAtOnce || (m_isSelecting && m_objects.size() > ZelSelectionRelay::sliceSize);
     const quint64 scope = ZelReadingScope::current();
-    if (!known->isKnown || known->value.hasDied() || (!hearsAll && (scope == 0 || known->scope != scope))) {
+    if (scope != 0 && m_objects.size() > ZelSelectionRelay::sliceSize && !known->isFresh(scope) && path.isSingleKey()) {
+        const QPointer<const ZelSelectionProxy> alive(this);
+        readTogether(scope);
+        if (!alive)
+            return known->value.value();
+    }
+    if (!known->isFresh(scope)) {
         known->isKnown = true; // set before reading: a getter may cause a change, which clears it
         known->scope = scope;
         known->value.keep(ZelSelectionFold::value(m_objects, path));
     }
+    if (!std::exchange(known->isAnnounced, true))
+        known->announced = known->value;
     return known->value.value();
+}
+
+/// Reads the values of all observed keys that are not known in this reading scope. Whoever asks for one in it is about
+/// to ask for the others; while a selection is being announced, only for those that are asked for at once.
+void ZelSelectionProxy::readTogether(quint64 scope) const
+{
+    std::vector<ZelSelectionFold::Reading> readings;
+    std::vector<std::pair<std::shared_ptr<Path>, quint64>> paths; // with the changes of which each had heard before
+    for (auto entry = m_paths.cbegin(); entry != m_paths.cend(); ++entry) {
+        const std::shared_ptr<Path> &path = entry.value();
+        if (!entry.key().isSingleKey() || path->isFresh(scope) || path->triedIn == scope ||
+            (m_isSelecting && !path->isReadAtOnce))
+            continue;
+        path->triedIn = scope;
+        readings.push_back({entry.key().first(), path->observer});
+        paths.emplace_back(path, path->changes);
+    }
+    if (readings.size() < 2)
+        return;
+    const std::vector<std::optional<QVariant>> values = ZelSelectionFold::values(m_objects, readings);
+    for (size_t i = 0; i < values.size(); ++i) {
+        Path &path = *paths[i].first;
+        if (!values[i] || path.changes != paths[i].second)
+            continue;
+        path.isKnown = true;
+        path.scope = scope;
+        path.value.keep(*values[i]);
+    }
+}
+
+/// Reads what observers are going to be told of. For a large selection this is left to the first of them who asks,
+/// unless one wants to know the former value at the next change.
+void ZelSelectionProxy::readForAnnouncement(Path &path, const ZelKeyPath &keyPath) const
+{
+    path.isAnnounced = false;
+    const ZelObservedKey *observed = ZelObjectRecord::observedKey(this, ZelKey(keyPath.string()));
+    if (m_objects.size() <= ZelSelectionRelay::sliceSize || (observed && observed->wantsOldValues()))
+        (void)valueForObservers(path, keyPath);
 }
 
 QVariant ZelSelectionProxy::valueForObservers(const Path &path, const ZelKeyPath &keyPath) const
@@ -137,7 +196,7 @@ void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
     m_lastChanged = nullptr;
     listen(*added);
     added->isSilent = ZelSelectionFold::isSilent(m_objects, path);
-    added->announced.keep(valueForKeyPath(path));
+    readForAnnouncement(*added, path);
     connectSlices();
 }
 
@@ -183,7 +242,7 @@ bool ZelSelectionProxy::handleEvent(QEvent *event)
         path->relay->connectSlice();
         if (path->relay->isComplete()) {
             path->isSilent = ZelSelectionFold::isSilent(m_objects, entry.key());
-            path->isKnown = false;
+            path->forget();
             rereadKeyPath(entry.key());
         }
         break; // one slice of one path in a turn
@@ -201,7 +260,9 @@ void ZelSelectionProxy::rereadKeyPath(const ZelKeyPath &path)
 
 bool ZelSelectionProxy::hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const
 {
-    return path.announced.hasDied() || ZelNotEqual(valueForObservers(path, keyPath), path.announced.value());
+    const bool isAnnounced = path.isAnnounced; // otherwise reading makes it so
+    const QVariant value = valueForObservers(path, keyPath);
+    return isAnnounced && (path.announced.hasDied() || ZelNotEqual(value, path.announced.value()));
 }
 
 void ZelSelectionProxy::visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const
@@ -223,7 +284,7 @@ void ZelSelectionProxy::objectChanged(const ZelKeyPath &path)
         return;
     m_lastChanged = known.get();
     m_lastChangedPath = path;
-    known->isKnown = false;
+    known->forget();
     if (m_batches == 0 && m_objects.size() <= immediateLimit) {
         try {
             announce(path);
@@ -250,7 +311,7 @@ void ZelSelectionProxy::tellOthers(const ZelSelectionProxy *told, const ZelKeyPa
             const auto known = proxy ? proxy->m_paths.value(other) : nullptr;
             if (!known || (proxy == told && other == path))
                 continue;
-            known->isKnown = false;
+            known->forget();
             ZelExceptionReporter::run(nullptr, [&] { proxy->rereadKeyPath(other); });
         }
     }
@@ -304,7 +365,7 @@ void ZelSelectionProxy::announce(const ZelKeyPath &path)
     ZelFirstException failure;
     failure.run([&] { noticeBefore(path); });
     if (alive)
-        failure.run([&] { known->announced.keep(valueForObservers(*known, path)); });
+        failure.run([&] { readForAnnouncement(*known, path); });
     if (alive)
         failure.run([&] { ZelDidChangeValueForKey(this, key); });
     failure.rethrow();

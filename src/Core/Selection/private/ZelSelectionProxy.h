@@ -17,11 +17,12 @@ class ZelSelectionRelay;
 /// Many objects answering as one.
 ///
 /// Reading a key path folds the objects' values and stops at the first disagreement. The answer is kept until something
-/// is heard that may change it. Objects are connected for a key path when that is first observed: a few at once, a
-/// large selection in slices while the application is idle, so that selecting does not stall the window. What changed
-/// in between is noticed when the last slice is connected. Changes of a few objects are announced as they happen. Those
-/// of a large selection are announced once, at the end of the event-loop turn: reading all values again after each
-/// change would take time by the square of their number.
+/// is heard that may change it. What observers are told of is read when the first of them asks, because most of them
+/// ask at the end of the turn, when the values of all keys are read together. Objects are connected for a key path when
+/// that is first observed: a few at once, a large selection in slices while the application is idle, so that selecting
+/// does not stall the window. What changed in between is noticed when the last slice is connected. Changes of a few
+/// objects are announced as they happen. Those of a large selection are announced once, at the end of the event-loop
+/// turn: reading all values again after each change would take time by the square of their number.
 class ZelSelectionProxy : public ZelGuarded<QObject>, public ZelKeyValueCodingInterface
 {
     Q_OBJECT
@@ -55,7 +56,7 @@ public:
         if (!m_lastChanged || !m_lastChanged->isDirty || !(m_batches > 0 || m_isFlushPosted) ||
             !(path == m_lastChangedPath))
             return false;
-        m_lastChanged->isKnown = false;
+        m_lastChanged->forget();
         return true;
     }
     void objectDied(const QObject *object);
@@ -71,13 +72,28 @@ private:
         std::unique_ptr<ZelSelectionRelay> relay;
         ZelKeptValue value;               // the fold
         ZelKeptValue announced;           // the fold that observers know
+        bool isAnnounced = false;         // announced holds it; otherwise nobody has read since they were told
+        bool isReadAtOnce = false;        // an observer reads when it is told of another selection
         bool isKnown = false;             // value was read, and no change has been heard of since
+        quint64 changes = 0;              // how often it was forgotten
         quint64 scope = 0;                // the reading scope in which it was read
+        quint64 triedIn = 0;              // the reading scope in which it was read together with others
         bool isDirty = false;             // a notice is owed
         bool isSilent = false;            // the fold may change without being heard
         bool answersOld = false;          // set during the notice before a change
         QPointer<const QObject> observer; // the first one, which has a place in a description
+
+        bool hearsAll() const;
+        /// Whether the value that was read stands for what reading would answer now.
+        bool isFresh(quint64 readingScope) const;
+        void forget()
+        {
+            isKnown = false;
+            ++changes;
+        }
     };
+    void readTogether(quint64 scope) const;
+    void readForAnnouncement(Path &path, const ZelKeyPath &keyPath) const;
     /// Reads on behalf of the path's observers, so that what is thrown names the place of one.
     QVariant valueForObservers(const Path &path, const ZelKeyPath &keyPath) const;
     void listen(Path &path);
@@ -102,4 +118,5 @@ private:
     int m_batches = 0;
     bool m_isFlushPosted = false;
     bool m_hasDead = false;
+    bool m_isSelecting = false; // observers are being told of another selection
 };

@@ -8,7 +8,7 @@
 ///
 /// While a scope exists, a selection repeats the answers that it found within it, even if it cannot hear of every
 /// change: because objects change silently, or because a large selection is still being connected. Changes of which it
-/// does hear count as always. Scopes are used on the stack, on the main thread.
+/// does hear count as always. Scopes are used on the stack, and are those of a thread.
 class ZelReadingScope
 {
 public:
@@ -24,6 +24,6 @@ public:
     static quint64 current() { return s_depth > 0 ? s_serial : 0; }
 
 private:
-    static inline quint64 s_serial = 0;
-    static inline int s_depth = 0;
+    static inline thread_local quint64 s_serial = 0;
+    static inline thread_local int s_depth = 0;
 };
