@@ -39,8 +39,8 @@ QList<QPointer<ZelObjectController>> controllersOfThisThread()
     return found;
 }
 
-/// Whether the objects are none of them null, and each lies behind the one before it in memory, as objects often do that
-/// were made one after the other. Then none is repeated.
+/// Whether the objects are none of them null, and each lies behind the one before it in memory, as objects often do
+/// that were made one after the other. Then none is repeated.
 bool isAscending(const QList<QObject *> &objects)
 {
     const auto isNotBefore = [](const QObject *a, const QObject *b) { return !std::less<>()(a, b); };

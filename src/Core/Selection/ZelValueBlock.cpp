@@ -3,6 +3,7 @@
 
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/private/ZelClassAccessors.h"
+#include "Core/Selection/private/ZelPrefetch.h"
 
 #include <cstring>
 
@@ -25,11 +26,21 @@ bool areSame(const void *a, const void *b, size_t size)
 
 } // namespace
 
+void ZelValueBlock::detach()
+{
+    const std::shared_ptr<std::byte[]> own(new std::byte[size_t(m_stride * m_size)]);
+    for (qsizetype i = 0; i < m_stride * m_size; ++i)
+        own[i] = m_bytes[i];
+    m_bytes = own;
+    m_isShared = false;
+}
+
 void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const
 {
     ZelClassAccessors accessors(path);
     ZelFirstException errors;
     for (qsizetype i = 0; i < m_size; ++i) {
+        ZelPrefetch::ahead(objects, i);
         QObject *object = objects.at(i);
         if (!object)
             continue;
@@ -50,6 +61,7 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
     ZelFirstException errors;
     const auto present = std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride));
     for (qsizetype i = 0; i < m_size; ++i) {
+        ZelPrefetch::ahead(objects, i);
         const QPointer<QObject> &object = objects.at(i);
         if (!object)
             continue;
@@ -60,7 +72,7 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
                 renew(i, present.get(), data(i));
             if (!object) // the getter has ended it
                 return;
-            if (!accessor || !accessor->writeTyped(object, data(i)))
+            if (!accessor || !accessor->writeTyped(object, std::as_const(*this).data(i)))
                 ZelSetValueForKeyPath(object, at(i), path);
         });
     }

@@ -25,20 +25,36 @@ public:
         , m_values(values.begin(), values.end())
     {
     }
+    /// The values are these numbers, which are not copied unless one is changed.
+    explicit ZelValueBlock(const std::shared_ptr<const std::vector<double>> &numbers)
+        : m_type(QMetaType::fromType<double>())
+        , m_stride(sizeof(double))
+        , m_size(qsizetype(numbers->size()))
+        , m_bytes(numbers, reinterpret_cast<std::byte *>(const_cast<double *>(numbers->data())))
+        , m_isShared(true)
+    {
+    }
     /// Makes room for so many values of a type that is copied as memory and has nothing to destroy.
     ZelValueBlock(QMetaType type, qsizetype size)
         : m_type(type)
         , m_stride(type.sizeOf())
         , m_size(size)
-        , m_bytes(std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride * size)))
+        , m_bytes(new std::byte[size_t(m_stride * size)])
     {
     }
+    ZelValueBlock(ZelValueBlock &&) = default;
+    ZelValueBlock &operator=(ZelValueBlock &&) = default;
 
     qsizetype size() const { return m_size; }
     /// The type of all values; invalid if they are any values.
     QMetaType type() const { return m_type; }
     /// The memory of a value of that type.
-    void *data(qsizetype index) { return m_bytes.get() + index * m_stride; }
+    void *data(qsizetype index)
+    {
+        if (m_isShared)
+            detach();
+        return m_bytes.get() + index * m_stride;
+    }
     const void *data(qsizetype index) const { return m_bytes.get() + index * m_stride; }
     QVariant at(qsizetype index) const
     {
@@ -59,9 +75,12 @@ public:
                const Renew &renew);
 
 private:
+    void detach();
+
     QMetaType m_type;
     qsizetype m_stride = 0;
     qsizetype m_size = 0;
-    std::unique_ptr<std::byte[]> m_bytes;
+    std::shared_ptr<std::byte[]> m_bytes; // null if they are any values
+    bool m_isShared = false;              // with somebody who does not expect them to change
     std::vector<ZelKeptValue> m_values;
 };

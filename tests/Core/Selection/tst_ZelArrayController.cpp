@@ -317,6 +317,31 @@ private Q_SLOTS:
         QCOMPARE(watch.lastNew(), QVariant(7.0));
     }
 
+    /// Observers of many are told without a value, which the first of them who asks decides.
+    void manyAreReadWhenSomebodyAsks()
+    {
+        const auto connectAll = [] {
+            for (int i = 0; i < 300; ++i)
+                QCoreApplication::processEvents();
+        };
+        const People many(3000);
+        Watch height(many.controller.get(), "selection.height", 0), flags(many.controller.get(), "selection.flags");
+        many.select(many.objects().mid(0, 2000));
+        many[0].setHeight(2);
+        many[0].setFlags(7);
+        connectAll();
+        QCOMPARE(height.count(), 1); // nobody knows that it was another one
+        QCOMPARE(flags.count(), 2);
+        QCOMPARE(flags.lastOld(), QVariant(0));
+        QVERIFY(ZelIsMarker(flags.lastNew(), ZelMultipleValuesMarker));
+        many.select(many.objects());
+        QVERIFY(many.isMultiple("height"));
+        many[0].setHeight(1);
+        connectAll();
+        QCOMPARE(height.count(), 3);
+        QCOMPARE(many.value("height"), QVariant(1.0));
+    }
+
     void selectionAndControllerMayChangeOrDieMeanwhile()
     {
         for (const bool selects : {false, true}) {

@@ -5,6 +5,7 @@
 #include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Selection/ZelArrayController.h"
+#include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
@@ -244,6 +245,29 @@ private Q_SLOTS:
         dan.reset(); // which is no value to go back to
         office.manager.undo();
         QCOMPARE(ada.friendOf(), nullptr);
+    }
+
+    /// An edit takes the numbers over with which it was checked, unless they have changed since.
+    void numbersThatChangeAfterTheCheckAreReadAgain()
+    {
+        Person people[3];
+        ZelArrayController controller;
+        controller.setSelectedObjects({&people[0], &people[1], &people[2]});
+        const Watch watch(&controller, "selection.height", 0);
+        const ZelKeyPath path("selection.height");
+        const auto heights = [&] { return QList<double>{people[0].height(), people[1].height(), people[2].height()}; };
+        for (Person &person : people)
+            person.setHeight(3);
+        ZelUndoManager manager;
+        const ZelNumberChange twice([](double own, qsizetype, qsizetype) { return own * 2; });
+        const ZelNumberChange::Numbers known = ZelOwnNumbers(&controller, path, {}).numbers();
+        QCOMPARE(ZelOwnNumbers(&controller, path, {}).numbers(), known); // the same list
+        people[1].setHeight(50);
+        ZelRecordedWrite(&manager).changeNumbers(&controller, twice, path);
+        QCOMPARE(heights(), (QList<double>{6, 100, 6}));
+        manager.undo();
+        QCOMPARE(heights(), (QList<double>{3, 50, 3}));
+        QCOMPARE(*known, (std::vector<double>{3, 3, 3}));
     }
 
     void anEditIsNamedAfterItWasRecorded()

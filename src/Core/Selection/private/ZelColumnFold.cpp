@@ -34,6 +34,7 @@ template<typename IsOther> qsizetype skipUntil(const ZelObjectBlock &block, qsiz
 {
     const QMetaObject *metaObject = block.classOf(first);
     for (qsizetype i = first; i < block.count(); ++i) {
+        block.prefetchBehind(i);
         if (block.classOf(i) != metaObject)
             return i;
         const QObject *object = block.object(i);

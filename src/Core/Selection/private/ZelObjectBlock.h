@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Selection/private/ZelPrefetch.h"
+
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -28,12 +30,20 @@ public:
         , m_count(std::min(size, objects.size() - first))
         , m_knowsClasses(true)
     {
-        for (qsizetype i = 0; i < m_count; ++i)
+        for (qsizetype i = 0; i < m_count; ++i) {
+            ZelPrefetch::ahead(objects, first + i);
             m_classes[size_t(i)] = classOf(m_objects[i].data());
+        }
     }
     Q_DISABLE_COPY_MOVE(ZelObjectBlock)
 
     qsizetype count() const { return m_count; }
+    /// Has the objects behind that one fetched, unless they have been.
+    void prefetchBehind(qsizetype index) const
+    {
+        if (!m_knowsClasses)
+            ZelPrefetch::ahead(m_objects, index, m_count);
+    }
     /// Null for one that has died.
     QObject *object(qsizetype index) const { return m_objects[index].data(); }
     /// The class of an object; null for one that has died before.

@@ -10,6 +10,7 @@
 #include "Core/KeyValue/private/ZelObjectRecord.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Selection/private/ZelColumnFold.h"
+#include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
@@ -102,8 +103,9 @@ void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const Q
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
     ZelFirstException errors;
     bool isFound = false;
-    for (const QPointer<QObject> &held : snapshot) {
-        QObject *object = held;
+    for (qsizetype i = 0; i < snapshot.size(); ++i) {
+        ZelPrefetch::ahead(snapshot, i);
+        QObject *object = snapshot.at(i);
         if (!object)
             continue;
         const ZelPropertyAccessor *accessor = isPlain ? accessors.of(object) : nullptr;

@@ -14,9 +14,12 @@
 #include "Core/Values/ZelValues.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QScopedValueRollback>
 #include <QSet>
 #include <QTimerEvent>
+
+#include <algorithm>
 
 namespace {
 const QEvent::Type g_flushEvent = QEvent::Type(QEvent::registerEventType());
@@ -187,6 +190,20 @@ void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPa
     ZelSelectionFold::setValue(m_objects, value, path);
 }
 
+void ZelSelectionProxy::noteNumbers(const ZelKeyPath &path, const Numbers &numbers)
+{
+    if (const auto known = m_paths.value(path)) {
+        known->numbers = numbers;
+        known->changesAtNumbers = known->changes;
+    }
+}
+
+ZelSelectionProxy::Numbers ZelSelectionProxy::notedNumbers(const ZelKeyPath &path) const
+{
+    const auto known = m_paths.value(path);
+    return known && known->hearsAll() && known->changesAtNumbers == known->changes ? known->numbers.lock() : nullptr;
+}
+
 void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
 {
     const auto added = std::make_shared<Path>();
@@ -211,8 +228,7 @@ void ZelSelectionProxy::listen(Path &path)
     path.relay->setObjects(m_objects);
 }
 
-/// Goes on connecting while the application is idle. When the last slice of a path is connected, a change that was not
-/// heard in the meantime is announced.
+/// Goes on connecting while the application is idle.
 void ZelSelectionProxy::connectSlices()
 {
     bool isComplete = m_deaths->isComplete();
@@ -233,21 +249,36 @@ bool ZelSelectionProxy::handleEvent(QEvent *event)
     }
     if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_idle.timerId())
         return QObject::event(event);
-    m_deaths->connectSlice();
-    const auto paths = m_paths;
-    for (auto entry = paths.begin(); entry != paths.end(); ++entry) {
-        const std::shared_ptr<Path> &path = entry.value();
-        if (path->relay->isComplete())
-            continue;
-        path->relay->connectSlice();
-        if (path->relay->isComplete()) {
-            path->isSilent = ZelSelectionFold::isSilent(m_objects, entry.key());
-            path->forget();
-            rereadKeyPath(entry.key());
-        }
-        break; // one slice of one path in a turn
+    const QPointer<ZelSelectionProxy> alive(this);
+    QElapsedTimer timer;
+    timer.start();
+    while (alive && connectSlice() && timer.elapsed() < 1) {
     }
-    connectSlices();
+    if (alive)
+        connectSlices();
+    return true;
+}
+
+/// Connects the next slice of the deaths, or else of a key path, and then announces what was not heard before. Answers
+/// whether there was anything to connect.
+bool ZelSelectionProxy::connectSlice()
+{
+    if (!m_deaths->isComplete()) {
+        m_deaths->connectSlice();
+        return true;
+    }
+    const auto isComplete = [](const std::shared_ptr<Path> &path) { return path->relay->isComplete(); };
+    const auto found = std::find_if_not(m_paths.cbegin(), m_paths.cend(), isComplete);
+    if (found == m_paths.cend())
+        return false;
+    const ZelKeyPath keyPath = found.key();
+    const std::shared_ptr<Path> path = found.value();
+    path->relay->connectSlice();
+    if (path->relay->isComplete()) {
+        path->isSilent = ZelSelectionFold::isSilent(m_objects, keyPath);
+        path->forget();
+        rereadKeyPath(keyPath);
+    }
     return true;
 }
 

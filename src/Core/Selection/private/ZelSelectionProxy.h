@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QPointer>
 #include <memory>
+#include <vector>
 
 class ZelObjectController;
 class ZelSelectionRelay;
@@ -47,6 +48,12 @@ public:
     void rereadKeyPath(const ZelKeyPath &path) override;
     void visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const override;
 
+    /// Remembers numbers that have just been read from all objects, as long as somebody else keeps them.
+    using Numbers = std::shared_ptr<const std::vector<double>>;
+    void noteNumbers(const ZelKeyPath &path, const Numbers &numbers);
+    /// Those numbers; null unless the objects still have them, for all that is heard.
+    Numbers notedNumbers(const ZelKeyPath &path) const;
+
     /// Called by a relay when an object has changed at the path, or is dying.
     void objectChanged(const ZelKeyPath &path);
     /// Whether a change at the path is owed to observers anyway, so that one more needs no work. The objects of a large
@@ -70,8 +77,10 @@ private:
     struct Path
     {
         std::unique_ptr<ZelSelectionRelay> relay;
-        ZelKeptValue value;               // the fold
-        ZelKeptValue announced;           // the fold that observers know
+        ZelKeptValue value;                               // the fold
+        ZelKeptValue announced;                           // the fold that observers know
+        std::weak_ptr<const std::vector<double>> numbers; // what the objects had
+        quint64 changesAtNumbers = 0;                     // when these numbers were read
         bool isAnnounced = false;         // announced holds it; otherwise nobody has read since they were told
         bool isReadAtOnce = false;        // an observer reads when it is told of another selection
         bool isKnown = false;             // value was read, and no change has been heard of since
@@ -103,6 +112,7 @@ private:
     bool hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const;
     static void tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path);
     void connectSlices();
+    bool connectSlice();
     void noticeOwed();
     void flush();
     void dropDead();

@@ -5,6 +5,7 @@
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Selection/ZelValueBlock.h"
 #include "Core/Selection/private/ZelPlaces.h"
+#include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Values/ZelGeometryType.h"
 
 #include <optional>
@@ -81,6 +82,7 @@ template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::e
     qsizetype place = -1;
     qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
     for (qsizetype i = 0; i < size; ++i) {
+        ZelPrefetch::ahead(edit.objects, i);
         const QObject *object = edit.objects.at(i);
         if (!object)
             continue;

@@ -4,6 +4,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Selection/private/ZelPlaces.h"
+#include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Undo/ZelNumbersInterface.h"
 #include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
@@ -18,6 +19,16 @@ double changedNumber(const ZelNumberChange &change, double own, qsizetype index,
 {
     const double number = change.number(own, index, count);
     return std::isfinite(number) ? number : own;
+}
+
+/// The numbers at these places.
+ZelValueBlock blockOf(const std::vector<double> &numbers, const ZelPlaces &places)
+{
+    ZelValueBlock block(QMetaType::fromType<double>(), places.count());
+    auto *values = static_cast<double *>(block.data(0));
+    for (qsizetype i = 0; i < places.count(); ++i)
+        values[i] = numbers[size_t(places.at(i))];
+    return block;
 }
 
 } // namespace
@@ -36,12 +47,32 @@ ZelOwnNumbers::ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelVal
         m_path = targets.front().path;
         return;
     }
+    if (takeKnown(targets))
+        return;
     std::vector<double> numbers;
     const auto countWith = [](qsizetype count, const ZelWriteTarget &target) { return count + target.objects.size(); };
     numbers.reserve(size_t(std::accumulate(targets.begin(), targets.end(), qsizetype(0), countWith)));
     for (ZelWriteTarget &target : targets)
         addPart(std::move(target), numbers);
     m_numbers = std::make_shared<const std::vector<double>>(std::move(numbers));
+    const ZelWriteTarget &target = m_parts.empty() ? ZelWriteTarget() : m_parts.front().target;
+    if (m_parts.size() == 1 && m_parts.front().isOfDoubles && target.selection)
+        target.selection->noteNumbers(target.path, m_numbers);
+}
+
+/// Takes the numbers that were read last, as those are that an edit is checked with before it is made. False unless the
+/// selection has heard since then of everything that happens to them.
+bool ZelOwnNumbers::takeKnown(std::vector<ZelWriteTarget> &targets)
+{
+    if (m_transformer || targets.size() != 1 || !targets.front().selection)
+        return false;
+    ZelWriteTarget &target = targets.front();
+    const ZelNumberChange::Numbers known = target.selection->notedNumbers(target.path);
+    if (!known || qsizetype(known->size()) != target.objects.size())
+        return false;
+    m_numbers = known;
+    m_parts.push_back({std::move(target), true});
+    return true;
 }
 
 const ZelNumberChange::Numbers &ZelOwnNumbers::numbers()
@@ -69,8 +100,9 @@ bool ZelOwnNumbers::readDoubles(const ZelWriteTarget &target, std::vector<double
         return false;
     const QMetaType type = QMetaType::fromType<double>();
     ZelClassAccessors accessors(target.path);
-    for (const QPointer<QObject> &held : target.objects) {
-        const QObject *object = held;
+    for (qsizetype i = 0; i < target.objects.size(); ++i) {
+        ZelPrefetch::ahead(target.objects, i);
+        const QObject *object = target.objects.at(i);
         if (!object || !accessors.readTyped(object, type, &numbers.emplace_back()))
             return false;
     }
@@ -129,33 +161,29 @@ void ZelOwnNumbers::writeDoubles(const Part &part, qsizetype first, const ZelNum
     const double *own = m_numbers->data() + first;
     const double *changed = numbers->data() + first;
     QList<QPointer<QObject>> objects = part.target.objects;
-    const QMetaType type = QMetaType::fromType<double>();
-    ZelValueBlock before(type, objects.size());
-    ZelValueBlock after(type, objects.size());
+    const qsizetype size = objects.size();
+    const auto changes = [&](qsizetype i) { return changed[i] != own[i] && std::isfinite(changed[i]); };
     ZelPlaces places(first); // of the objects that change, which are moved to the front of the lists
-    for (qsizetype i = 0; i < objects.size(); ++i) {
-        if (changed[i] == own[i] || !std::isfinite(changed[i]))
+    for (qsizetype i = 0; i < size; ++i) {
+        if (!changes(i))
             continue;
-        const qsizetype place = places.count();
-        *static_cast<double *>(before.data(place)) = own[i];
-        *static_cast<double *>(after.data(place)) = changed[i];
-        if (place < i)
-            objects[place] = objects.at(i);
+        if (places.count() < i)
+            objects[places.count()] = objects.at(i);
         places.append(first + i);
     }
     const qsizetype count = places.count();
-    if (count < objects.size()) { // otherwise the list stays shared, without a copy
+    if (count == 0)
+        return;
+    if (count < size) // otherwise the list stays shared, without a copy
         objects.resize(count);
-        before.shrink(count);
-        after.shrink(count);
-    }
     const auto renew = [&](qsizetype index, const void *present, void *value) {
         *static_cast<double *>(value) =
             changedNumber(change, *static_cast<const double *>(present), places.at(index), qsizetype(numbers->size()));
     };
-    if (count > 0)
-        write.setValues(objects, std::move(before), std::move(after), part.target.path, renew,
-                        ZelModelValidation::validates(part.target));
+    const bool areAll = count == qsizetype(numbers->size());
+    write.setValues(objects, areAll ? ZelValueBlock(m_numbers) : blockOf(*m_numbers, places),
+                    areAll ? ZelValueBlock(numbers) : blockOf(*numbers, places), part.target.path, renew,
+                    ZelModelValidation::validates(part.target));
 }
 
 void ZelOwnNumbers::writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,

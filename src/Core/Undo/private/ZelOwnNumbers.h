@@ -38,6 +38,7 @@ private:
     };
 
     QVariant valueAt(qsizetype index) const;
+    bool takeKnown(std::vector<ZelWriteTarget> &targets);
     void addPart(ZelWriteTarget &&target, std::vector<double> &numbers);
     bool readDoubles(const ZelWriteTarget &target, std::vector<double> &numbers) const;
     void readValues(ZelWriteTarget &target, std::vector<double> &numbers);

@@ -13,9 +13,9 @@ void addTargets(QObject *root, const ZelKeyPath &path, std::vector<ZelWriteTarge
     QObject *object = root;
     ZelKeyPath rest = path;
     while (object) {
-        if (const auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
+        if (auto *proxy = qobject_cast<ZelSelectionProxy *>(object)) {
             if (rest.isSingleKey()) {
-                targets.push_back({proxy->objects(), rest, {}, proxy->objectsOfEachClass()});
+                targets.push_back({proxy->objects(), rest, {}, proxy->objectsOfEachClass(), proxy});
                 return;
             }
             for (const QPointer<QObject> &selected : proxy->objects())
@@ -34,7 +34,7 @@ void addTargets(QObject *root, const ZelKeyPath &path, std::vector<ZelWriteTarge
         rest = rest.rest();
     }
     if (object)
-        targets.push_back({{object}, rest, {}, {object}});
+        targets.push_back({{object}, rest, {}, {object}, {}});
 }
 
 } // namespace

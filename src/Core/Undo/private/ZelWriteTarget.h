@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Core/KeyValue/ZelKeyPath.h"
+#include "Core/Selection/private/ZelSelectionProxy.h"
 
 #include <QObject>
 #include <QPointer>
@@ -15,6 +16,7 @@ struct ZelWriteTarget
     ZelKeyPath path;
     QVariantList oldValues;
     QList<QPointer<QObject>> objectsOfEachClass; ///< one or more of each
+    QPointer<ZelSelectionProxy> selection;       ///< whose objects they are; null if they are not those of one
 
     /// Finds the targets of a write. Where the path goes on below a selection, each selected object leads to a target
     /// of its own. An absent object on the way is no target, since nothing is stored behind it.
