@@ -243,6 +243,11 @@ private Q_SLOTS:
             QVERIFY(!hasTypes || value("edges") == "1");
             m_window.reset();
         }
+        PreviewWindow::Options options;
+        QVERIFY(options.model.types.read(ZEL_METATYPES).isNull());
+        options.model.selections = {{"lamps", {"Lamp", "Star"}}};
+        show(QByteArray(text).replace("ZelIsKind(Lamp)", "ZelIsKind(Part)"), options); // the base of both
+        QVERIFY(panel()->findChildren<ZelInspectorSection *>().first()->isVisible());
     }
 
     void showsLooksAndLanguages()

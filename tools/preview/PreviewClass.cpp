@@ -62,6 +62,7 @@ struct PreviewClass::Made
     std::vector<uint> strings;
     std::vector<uint> data;
     std::vector<const QtPrivate::QMetaTypeInterface *> types;
+    std::vector<std::unique_ptr<Made>> bases;
     QMetaObject metaObject{};
 };
 
@@ -154,9 +155,30 @@ std::unique_ptr<PreviewClass::Made> PreviewClass::make() const
     made->types.push_back(nullptr); // of the class itself
     made->types.insert(made->types.end(), methods, QMetaType(QMetaType::Void).iface());
     made->strings = strings.table();
-    made->metaObject.d.superdata = &QObject::staticMetaObject;
+    const QMetaObject *base = &QObject::staticMetaObject;
+    for (auto name = m_bases.crbegin(); name != m_bases.crend(); ++name) {
+        made->bases.push_back(makeBase(*name, base));
+        base = &made->bases.back()->metaObject;
+    }
+    made->metaObject.d.superdata = base;
     made->metaObject.d.stringdata = made->strings.data();
     made->metaObject.d.data = data.data();
+    made->metaObject.d.metaTypes = made->types.data();
+    return made;
+}
+
+std::unique_ptr<PreviewClass::Made> PreviewClass::makeBase(const QByteArray &name, const QMetaObject *base)
+{
+    auto made = std::make_unique<Made>();
+    Strings strings;
+    made->data.assign(g_headerSize + 1, 0);
+    made->data[0] = g_revision;
+    made->data[1] = strings.index(name);
+    made->strings = strings.table();
+    made->types = {nullptr}; // of the class itself
+    made->metaObject.d.superdata = base;
+    made->metaObject.d.stringdata = made->strings.data();
+    made->metaObject.d.data = made->data.data();
     made->metaObject.d.metaTypes = made->types.data();
     return made;
 }

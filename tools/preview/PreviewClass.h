@@ -36,6 +36,9 @@ public:
     ~PreviewClass();
     Q_DISABLE_COPY_MOVE(PreviewClass)
 
+    /// The names of the classes of which it derives, the nearest first, which have nothing. To be called before there
+    /// are objects.
+    void setBases(const QByteArrayList &names) { m_bases = names; }
     /// Does nothing if there is a property of that name.
     void addProperty(const Property &property);
     void addSlot(const QByteArray &name);
@@ -50,8 +53,10 @@ public:
 private:
     struct Made;
     std::unique_ptr<Made> make() const;
+    static std::unique_ptr<Made> makeBase(const QByteArray &name, const QMetaObject *base);
 
     QByteArray m_name;
+    QByteArrayList m_bases;
     Enumeration m_enumeration; // none without a name
     std::vector<Property> m_properties;
     QByteArrayList m_slots;

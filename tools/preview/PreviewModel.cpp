@@ -84,11 +84,23 @@ QObject *PreviewModel::owner() const
     return m_owner ? m_owner->objects().first() : nullptr;
 }
 
+/// Those above the class and below QObject, in the order of moc's: Qt's come first among several bases.
+QByteArrayList PreviewModel::basesOf(const ZelTypeTable::Class &type) const
+{
+    QByteArrayList names;
+    const ZelTypeTable::Class *base = m_settings.types.classNamed(type.superClasses.value(0));
+    while (base && base->name != u"QObject" && !names.contains(base->name.toUtf8())) {
+        names.append(base->name.toUtf8());
+        base = m_settings.types.classNamed(base->superClasses.value(0));
+    }
+    return names;
+}
+
 /// Adds a part for each of the classes, or one of that name if none is known.
 void PreviewModel::addParts(Node &node, const Classes &known, const QStringList &names) const
 {
     for (const ZelTypeTable::Class *type : known)
-        node.parts.emplace_back(type->name.toUtf8(), type);
+        node.parts.emplace_back(type->name.toUtf8(), type).type.setBases(basesOf(*type));
     for (const QString &name : known.isEmpty() ? names : QStringList())
         node.parts.emplace_back(name.toUtf8(), nullptr);
     for (Node::Part &part : node.parts)

@@ -56,6 +56,7 @@ private:
     QStringList keysBelow(const QString &path) const;
     void makeObjects(Node &node, bool isSelection, bool isOfData);
     void addParts(Node &node, const Classes &known, const QStringList &names) const;
+    QByteArrayList basesOf(const ZelTypeTable::Class &type) const;
     bool hasKey(const ZelTypeTable::Class *type, const QString &key) const;
     static QVariant valueFor(PreviewObject &object, const QString &key, const PreviewNeeds::Value &needed,
                              QMetaType type, const QJsonObject &data, int place);
