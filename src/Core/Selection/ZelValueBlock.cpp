@@ -3,6 +3,7 @@
 
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/private/ZelClassAccessors.h"
+#include "Core/Selection/private/ZelColumnAccess.h"
 #include "Core/Selection/private/ZelPrefetch.h"
 
 #include <cstring>
@@ -38,9 +39,17 @@ void ZelValueBlock::detach()
 void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const
 {
     ZelClassAccessors accessors(path);
+    ZelColumnAccess columns(path.first(), path.isSingleKey() ? m_type : QMetaType());
     ZelFirstException errors;
     for (qsizetype i = 0; i < m_size; ++i) {
         ZelPrefetch::ahead(objects, i);
+        qsizetype taken = columns.take(objects.constData() + i, m_size - i);
+        if (taken > 0)
+            errors.run([&] { taken = columns.write(data(i)) ? taken : 0; });
+        if (taken > 0) {
+            i += taken - 1;
+            continue;
+        }
         QObject *object = objects.at(i);
         if (!object)
             continue;
@@ -54,14 +63,34 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
     errors.rethrow();
 }
 
+/// Writes the values from the first one on through a store. Answers false if nothing is written.
+bool ZelValueBlock::writeColumn(ZelColumnAccess &columns, qsizetype first, qsizetype count, const ZelValueBlock &before,
+                                const Renew &renew)
+{
+    const std::byte *present = columns.read();
+    for (qsizetype i = 0; present && i < count; ++i) {
+        if (!areSame(columns.valueAt(present, i), before.data(first + i), size_t(m_stride)))
+            renew(first + i, columns.valueAt(present, i), data(first + i));
+    }
+    return present && columns.write(std::as_const(*this).data(first));
+}
+
 void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &before,
                           const Renew &renew)
 {
     ZelClassAccessors accessors(path);
     ZelFirstException errors;
     const auto present = std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride));
+    ZelColumnAccess columns(path.first(), path.isSingleKey() ? m_type : QMetaType());
     for (qsizetype i = 0; i < m_size; ++i) {
         ZelPrefetch::ahead(objects, i);
+        qsizetype taken = columns.take(objects.constData() + i, m_size - i);
+        if (taken > 0)
+            errors.run([&] { taken = writeColumn(columns, i, taken, before, renew) ? taken : 0; });
+        if (taken > 0) {
+            i += taken - 1;
+            continue;
+        }
         const QPointer<QObject> &object = objects.at(i);
         if (!object)
             continue;

@@ -13,6 +13,8 @@
 #include <memory>
 #include <vector>
 
+class ZelColumnAccess;
+
 /// A value for each of some objects. They are either any values or values of one type, one after the other in memory,
 /// which needs no QVariant for each object. A block is moved, not copied. A value that is an object reads as absent
 /// once the object has died.
@@ -76,6 +78,8 @@ public:
 
 private:
     void detach();
+    bool writeColumn(ZelColumnAccess &columns, qsizetype first, qsizetype count, const ZelValueBlock &before,
+                     const Renew &renew);
 
     QMetaType m_type;
     qsizetype m_stride = 0;

@@ -113,12 +113,34 @@ ZelColumnFold::SkipEqual ZelColumnFold::skipEqualFor(QMetaType type)
     }
 }
 
+/// Does the same with values that a store reads for many objects at once.
+qsizetype ZelColumnFold::skipByStore(const ZelObjectBlock &block, qsizetype first)
+{
+    constexpr qsizetype most = 1024;
+    for (qsizetype i = first; i < block.count();) {
+        if (block.classOf(i) != m_class)
+            return i;
+        const qsizetype count = m_columns->take(block.objects() + i, std::min(most, block.count() - i));
+        const std::byte *values = count > 0 ? m_columns->read() : nullptr;
+        if (!values && block.object(i)) {
+            m_columns.reset();
+            return m_skip(*m_accessor, block, i, m_stored, m_memory);
+        }
+        for (qsizetype k = 0; k < count; ++k) {
+            if (!m_stored.metaType().equals(m_columns->valueAt(values, k), m_stored.constData()))
+                return i + k;
+        }
+        i += std::max<qsizetype>(count, 1); // none if the object has died
+    }
+    return block.count();
+}
+
 void ZelColumnFold::add(const ZelObjectBlock &block)
 {
     for (qsizetype i = 0; i < block.count() && !m_isDecided;) {
         const QMetaObject *metaObject = block.classOf(i);
         if (m_skip && metaObject && metaObject == m_class) {
-            i = m_skip(*m_accessor, block, i, m_stored, m_memory);
+            i = m_columns ? skipByStore(block, i) : m_skip(*m_accessor, block, i, m_stored, m_memory);
             if (i == block.count() || block.classOf(i) != metaObject)
                 continue;
         }
@@ -172,6 +194,7 @@ void ZelColumnFold::compareAs(const ZelPropertyAccessor &accessor, const QMetaOb
     m_class = metaObject;
     m_accessor = &accessor;
     m_skip = nullptr;
+    m_columns.reset();
     if (accessor.isOfOneObject() || !type.isValid() || (!isOfAnyType && m_stored.metaType() != type))
         return;
     m_skip = skipEqualFor(type);
@@ -180,4 +203,6 @@ void ZelColumnFold::compareAs(const ZelPropertyAccessor &accessor, const QMetaOb
         if (m_memory.metaType() != type)
             m_memory = QVariant(type);
     }
+    if (m_skip && !isOfAnyType && ZelColumnStore::isAnyRegistered() && ZelColumnStore::find(metaObject))
+        m_columns.emplace(m_key, type);
 }

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "Core/KeyValue/private/ZelClassAccessors.h"
+#include "Core/Selection/private/ZelColumnAccess.h"
 #include "Core/Selection/private/ZelObjectBlock.h"
 
 #include <QVariant>
+
+#include <optional>
 
 /// The values of one key, folded block by block. The first object's value is the one to agree with; the others are
 /// compared with it in memory, since making a QVariant for each would take most of the time.
@@ -12,7 +15,8 @@ class ZelColumnFold
 {
 public:
     explicit ZelColumnFold(ZelKey key)
-        : m_accessors(key)
+        : m_key(key)
+        , m_accessors(key)
     {
     }
 
@@ -39,14 +43,18 @@ private:
                               const QVariant &expected, QVariant &memory);
     static SkipEqual skipEqualFor(QMetaType type);
 
+    qsizetype skipByStore(const ZelObjectBlock &block, qsizetype first);
+
     void addOne(const QObject *object, const QMetaObject *metaObject);
     void decide(const QVariant &result);
     void compareAs(const ZelPropertyAccessor &accessor, const QMetaObject *metaObject);
 
+    ZelKey m_key;
     ZelClassAccessors m_accessors;
     const QMetaObject *m_class = nullptr;            // whose objects are compared in memory
     const ZelPropertyAccessor *m_accessor = nullptr; // of that class
     SkipEqual m_skip = nullptr;                      // null while they cannot be compared so
+    std::optional<ZelColumnAccess> m_columns;        // if a store of the class has such values
     QVariant m_stored;                               // the first object's value as the property answers it
     QVariant m_memory;                               // for the values of the others
     QVariant m_result = QVariant::fromValue(ZelNoSelectionMarker);

@@ -38,6 +38,7 @@ public:
     Q_DISABLE_COPY_MOVE(ZelObjectBlock)
 
     qsizetype count() const { return m_count; }
+    const QPointer<QObject> *objects() const { return m_objects; }
     /// Has the objects behind that one fetched, unless they have been.
     void prefetchBehind(qsizetype index) const
     {

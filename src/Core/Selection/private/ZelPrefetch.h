@@ -12,10 +12,10 @@ class ZelPrefetch
 public:
     static void ahead(const QPointer<QObject> *objects, qsizetype index, qsizetype count)
     {
-        if (index + far < count)
-            __builtin_prefetch(objects[index + far].data());
-        if (index + near < count) {
-            if (const QObject *object = objects[index + near].data())
+        if (index + objectDistance < count)
+            __builtin_prefetch(objects[index + objectDistance].data());
+        if (index + dataDistance < count) {
+            if (const QObject *object = objects[index + dataDistance].data())
                 __builtin_prefetch(Data::of(object));
         }
     }
@@ -25,8 +25,8 @@ public:
     }
 
 private:
-    static constexpr qsizetype far = 16;
-    static constexpr qsizetype near = 8; // when the object itself has come
+    static constexpr qsizetype objectDistance = 16;
+    static constexpr qsizetype dataDistance = 8; // when the object itself has come
 
     /// An object's class and connections are found through its private data.
     struct Data : QObject

@@ -9,6 +9,7 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelObjectRecord.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Selection/private/ZelColumnAccess.h"
 #include "Core/Selection/private/ZelColumnFold.h"
 #include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Values/ZelValues.h"
@@ -51,6 +52,76 @@ QVariant foldPaths(const QList<QPointer<QObject>> &objects, const ZelKeyPath &pa
     }
     return result;
 }
+
+/// Writes one value to many objects. It is converted once for those that have the same property.
+class ValueWriter
+{
+public:
+    ValueWriter(const QVariant &value, const ZelKeyPath &path)
+        : m_value(value)
+        , m_path(path)
+        , m_accessors(path)
+        , m_isPlain(path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value))
+    {
+    }
+
+    /// Writes to the object at that place, and to those behind it that a store writes together with it. The place
+    /// becomes that of the next object, even if something is thrown.
+    void write(const QList<QPointer<QObject>> &objects, qsizetype &place)
+    {
+        ZelPrefetch::ahead(objects, place);
+        QObject *object = objects.at(place++);
+        const ZelPropertyAccessor *accessor = object && m_isPlain ? m_accessors.of(object) : nullptr;
+        if (accessor && accessor != m_accessor)
+            convertFor(*accessor);
+        if (!object || (accessor && m_columns && writeColumn(objects, place)))
+            return;
+        const bool isWritten =
+            accessor && m_converted.isValid() && accessor->writeTyped(object, std::as_const(m_converted).constData());
+        const bool hasKey = isWritten || accessor || hasPath(object, m_path);
+        m_hasFoundKey = m_hasFoundKey || hasKey;
+        if (!isWritten && hasKey)
+            ZelSetValueForKeyPath(object, m_value, m_path);
+    }
+    bool hasFoundKey() const { return m_hasFoundKey; }
+
+private:
+    void convertFor(const ZelPropertyAccessor &accessor)
+    {
+        const QMetaType type = accessor.type();
+        m_accessor = &accessor;
+        m_columns.reset();
+        m_converted = m_value;
+        if (accessor.isSilent() || !type.isValid() ||
+            ZelValueConversion::convert(m_converted, type) != ZelValueConversion::Fits ||
+            m_converted.metaType() != type) // a property of any type is not written through memory
+            m_converted.clear();
+        else if (accessor.isWritable())
+            m_columns.emplace(m_path.first(), type);
+    }
+    bool writeColumn(const QList<QPointer<QObject>> &objects, qsizetype &place)
+    {
+        const qsizetype first = place - 1;
+        const qsizetype count = m_columns->take(objects.constData() + first, objects.size() - first);
+        if (count == 0)
+            return false;
+        m_hasFoundKey = true;
+        place = first + count;
+        if (m_columns->writeToAll(std::as_const(m_converted).constData()))
+            return true;
+        place = first + 1;
+        return false;
+    }
+
+    const QVariant &m_value;
+    const ZelKeyPath &m_path;
+    ZelClassAccessors m_accessors;
+    const bool m_isPlain;
+    const ZelPropertyAccessor *m_accessor = nullptr;
+    QVariant m_converted; // for that accessor, if it takes values through memory and announces them
+    std::optional<ZelColumnAccess> m_columns;
+    bool m_hasFoundKey = false;
+};
 
 } // namespace
 
@@ -96,40 +167,15 @@ std::vector<std::optional<QVariant>> ZelSelectionFold::values(const QList<QPoint
 
 void ZelSelectionFold::setValue(const QList<QPointer<QObject>> &objects, const QVariant &value, const ZelKeyPath &path)
 {
-    ZelClassAccessors accessors(path);
-    const ZelPropertyAccessor *current = nullptr;
-    QVariant converted; // for the current accessor, if that takes values through memory and announces them
-    const bool isPlain = path.isSingleKey() && !ZelIsNull(value) && !ZelIsControllerMarker(value);
     const QList<QPointer<QObject>> snapshot = objects; // a setter may change the selection
+    ValueWriter writer(value, path);
     ZelFirstException errors;
-    bool isFound = false;
-    for (qsizetype i = 0; i < snapshot.size(); ++i) {
-        ZelPrefetch::ahead(snapshot, i);
-        QObject *object = snapshot.at(i);
-        if (!object)
-            continue;
-        const ZelPropertyAccessor *accessor = isPlain ? accessors.of(object) : nullptr;
-        if (accessor && accessor != current) {
-            current = accessor;
-            converted = value;
-            if (accessor->isSilent() || !accessor->type().isValid() ||
-                ZelValueConversion::convert(converted, accessor->type()) != ZelValueConversion::Fits ||
-                converted.metaType() != accessor->type()) // a property of any type is not written through memory
-                converted.clear();
-        }
-        errors.run([&] {
-            const bool isWritten =
-                accessor && converted.isValid() && accessor->writeTyped(object, std::as_const(converted).constData());
-            const bool hasKey = isWritten || accessor || hasPath(object, path);
-            isFound = isFound || hasKey;
-            if (!isWritten && hasKey)
-                ZelSetValueForKeyPath(object, value, path);
-        });
-    }
+    for (qsizetype place = 0; place < snapshot.size();)
+        errors.run([&] { writer.write(snapshot, place); });
     errors.rethrow();
     const auto living = [](const QPointer<QObject> &object) { return !object.isNull(); };
     const auto first = std::find_if(snapshot.begin(), snapshot.end(), living);
-    if (!isFound && first != snapshot.end())
+    if (!writer.hasFoundKey() && first != snapshot.end())
         ZelSetValueForKeyPath(first->data(), value, path); // throws, because the object lacks the key
 }
 

@@ -3,6 +3,7 @@
 
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
+#include "Core/Selection/private/ZelColumnAccess.h"
 #include "Core/Selection/private/ZelPlaces.h"
 #include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Undo/ZelNumbersInterface.h"
@@ -55,8 +56,10 @@ ZelOwnNumbers::ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelVal
     for (ZelWriteTarget &target : targets)
         addPart(std::move(target), numbers);
     m_numbers = std::make_shared<const std::vector<double>>(std::move(numbers));
-    const ZelWriteTarget &target = m_parts.empty() ? ZelWriteTarget() : m_parts.front().target;
-    if (m_parts.size() == 1 && m_parts.front().isOfDoubles && target.selection)
+    if (m_parts.size() != 1 || !m_parts.front().isOfDoubles)
+        return;
+    const ZelWriteTarget &target = m_parts.front().target;
+    if (target.selection)
         target.selection->noteNumbers(target.path, m_numbers);
 }
 
@@ -100,9 +103,18 @@ bool ZelOwnNumbers::readDoubles(const ZelWriteTarget &target, std::vector<double
         return false;
     const QMetaType type = QMetaType::fromType<double>();
     ZelClassAccessors accessors(target.path);
+    ZelColumnAccess columns(target.path.first(), type);
     for (qsizetype i = 0; i < target.objects.size(); ++i) {
         ZelPrefetch::ahead(target.objects, i);
         const QObject *object = target.objects.at(i);
+        const qsizetype taken = columns.take(target.objects.constData() + i, target.objects.size() - i);
+        const std::byte *values = taken > 0 && accessors.announced(object, type) ? columns.read() : nullptr;
+        if (values) {
+            const auto *read = static_cast<const double *>(columns.valueAt(values, 0));
+            numbers.insert(numbers.end(), read, read + taken);
+            i += taken - 1;
+            continue;
+        }
         if (!object || !accessors.readTyped(object, type, &numbers.emplace_back()))
             return false;
     }
