@@ -497,6 +497,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Paste %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Paste Value</source>
         <translation type="unfinished"></translation>
     </message>

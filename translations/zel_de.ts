@@ -497,6 +497,10 @@
         <translation>Einfügen</translation>
     </message>
     <message>
+        <source>Paste %1</source>
+        <translation>%1 einfügen</translation>
+    </message>
+    <message>
         <source>Paste Value</source>
         <translation>Wert einfügen</translation>
     </message>

@@ -214,9 +214,9 @@ void ZelRowCommands::perform(const QString &name, const std::function<bool()> &w
 }
 
 /// The name of a step, with the title if there is one.
-QString ZelRowCommands::nameOf(const char *command, const char *commandWithTitle) const
+QString ZelRowCommands::nameOf(const QString &command, const QString &commandWithTitle) const
 {
-    return m_title.isEmpty() ? ZelLocalizedString(command) : ZelLocalizedString(commandWithTitle).arg(m_title);
+    return m_title.isEmpty() ? command : commandWithTitle.arg(m_title);
 }
 
 // Copying
@@ -288,7 +288,7 @@ void ZelRowCommands::paste() const
             ? clipboardData()->text()
             : QString();
     QList<Refusal> refusals;
-    perform(nameOf("Paste", "Paste %1"), [&] {
+    perform(nameOf(ZelLocalizedString("Paste"), ZelLocalizedString("Paste %1")), [&] {
         if (values)
             pasteValues(*values, refusals);
         else if (text.trimmed().isEmpty() || text.size() > ZelValueClipboard::maximumTextLength)
@@ -431,7 +431,8 @@ bool ZelRowCommands::pasteNumbers(const QString &text) const
     if (!paste.isForSeveralFields())
         return false;
     QList<Refusal> refusals;
-    perform(nameOf("Paste", "Paste %1"), [&] { return enterNumbers(paste, refusals); });
+    perform(nameOf(ZelLocalizedString("Paste"), ZelLocalizedString("Paste %1")),
+            [&] { return enterNumbers(paste, refusals); });
     say(refusals);
     return true;
 }
@@ -499,7 +500,7 @@ bool ZelRowCommands::canReset() const
 
 void ZelRowCommands::reset() const
 {
-    perform(nameOf("Reset", "Reset %1"), [this] {
+    perform(nameOf(ZelLocalizedString("Reset"), ZelLocalizedString("Reset %1")), [this] {
         ZelRowCommands present = *this;
         QSet<const ZelInspectorProperty *> reset;
         for (bool goesOn = true; std::exchange(goesOn, false);) {

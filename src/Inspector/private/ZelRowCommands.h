@@ -71,7 +71,7 @@ private:
     void addRows(const QList<ZelInspectorConditionalContainer *> &rows, bool isShown);
     void addSections();
     Editors allEditors() const { return m_editors + m_hiddenEditors; }
-    QString nameOf(const char *command, const char *commandWithTitle) const;
+    QString nameOf(const QString &command, const QString &commandWithTitle) const;
     void perform(const QString &name, const std::function<bool()> &work) const;
     void pasteValues(const QMap<QString, QVariant> &values, QList<Refusal> &refusals) const;
     bool pasteText(const QString &text, QList<Refusal> &refusals) const;
