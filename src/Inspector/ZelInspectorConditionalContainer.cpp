@@ -5,6 +5,7 @@
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelAssign.h"
+#include "Inspector/private/ZelRowBlock.h"
 #include "Observation/ZelObservations.h"
 #include "ViewController/ZelView.h"
 
@@ -56,6 +57,8 @@ void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
     const QPointer<ZelInspectorConditionalContainer> alive(this);
     if (m_bound)
         bindAndConfigure();
+    else if (m_block)
+        m_block->rowDidChangeCondition(this);
     if (alive)
         Q_EMIT visibleKeyPathChanged();
 }
@@ -109,6 +112,8 @@ void ZelInspectorConditionalContainer::updateHidden()
 {
     if (isViewLoaded())
         ZelView::setShown(view(), isShown());
+    else if (m_block)
+        m_block->rowDidHideOrShow();
 }
 
 void ZelInspectorConditionalContainer::viewDidLoad()
@@ -116,6 +121,8 @@ void ZelInspectorConditionalContainer::viewDidLoad()
     ZelInspectorContainer::viewDidLoad();
     if (!isShown())
         updateHidden();
+    if (m_block)
+        m_block->rowDidLoad();
 }
 
 void ZelInspectorConditionalContainer::viewDidInstall()

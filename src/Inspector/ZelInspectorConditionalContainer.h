@@ -5,6 +5,8 @@
 #include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorContainer.h"
 
+class ZelRowBlock;
+
 /// A container that a condition hides and shows.
 ///
 /// Without a key path, `visible` is what it is set to. With one, it is true only if the owner's value at the key path,
@@ -61,10 +63,12 @@ protected:
     ZelInspectorConditionalContainer(QObject *owner, Observes observes);
 
 private:
+    friend class ZelRowBlock;
     void updateHidden();
 
     QString m_visibleKeyPath;
     ZelValueTransformerPtr m_visibleValueTransformer;
+    ZelRowBlock *m_block = nullptr; // what stands in for the view while it is not made
     Observes m_observes;
     bool m_visible = true;
     bool m_isFilteredOut = false;

@@ -3,11 +3,14 @@
 
 #include "Controls/ZelControlSize.h"
 #include "Controls/ZelLabel.h"
+#include "Inspector/private/ZelRowBlocks.h"
 #include "Inspector/private/ZelRowMenu.h"
 #include "Layout/ZelConstraintLayout.h"
 #include "ViewController/ZelView.h"
 #include "ViewController/private/ZelTabOrder.h"
 #include "Views/ZelVerticalStackView.h"
+
+#include <algorithm>
 
 ZelInspectorSection::ZelInspectorSection(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
@@ -64,6 +67,8 @@ void ZelInspectorSection::viewWillUnload()
 {
     ZelInspectorConditionalContainer::viewWillUnload();
     view()->setSubviews({}); // the views in it belong to their controllers
+    if (m_blocks)
+        m_blocks->release();
     removeHeading();
 }
 
@@ -75,14 +80,32 @@ void ZelInspectorSection::updateView()
     QList<QWidget *> subviews;
     if (m_labelContainerView)
         subviews.append(m_labelContainerView);
-    for (ZelInspectorConditionalContainer *child : sliversAndChoosers()) {
-        if (QWidget *childView = child->view())
-            subviews.append(childView);
-    }
+    subviews += viewsOfRows();
     const ZelTabOrder tabOrder(view());
     view()->setSubviews(subviews);
     if (isViewInstalled())
         tabOrder.followSubviews();
+}
+
+QList<QWidget *> ZelInspectorSection::viewsOfRows()
+{
+    const QList<ZelInspectorConditionalContainer *> rows = sliversAndChoosers();
+    if (!m_blocks && !isAnyRowLoaded() && ZelRowBlocks::isWorthwhile(this))
+        m_blocks = std::make_unique<ZelRowBlocks>();
+    if (m_blocks)
+        return m_blocks->arrange({rows.begin(), rows.end()});
+    QList<QWidget *> views;
+    for (ZelInspectorConditionalContainer *row : rows) {
+        if (QWidget *rowView = row->view())
+            views.append(rowView);
+    }
+    return views;
+}
+
+bool ZelInspectorSection::isAnyRowLoaded() const
+{
+    const QList<ZelInspectorConditionalContainer *> rows = sliversAndChoosers();
+    return std::any_of(rows.begin(), rows.end(), [](const auto *row) { return row->isViewLoaded(); });
 }
 
 void ZelInspectorSection::updateHeading()

@@ -7,9 +7,16 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Views/ZelVerticalStackView.h"
 
+class ZelRowBlocks;
+
 /// Rows and choosers one below the other, under the title as a heading.
 ///
 /// A change of the title or of the list shows at the end of the turn, or before if the window is painted before.
+///
+/// In a panel of more than about three screens, the views of rows in a ZelScrollView are made when they come into sight,
+/// or when somebody asks their controllers for them; spaces stand in for the others. Rows that are far out of sight give
+/// their views back when there are more than 500, unless they hold the focus or an edit. While assistive technology is
+/// in use, all rows have views.
 class ZEL_EXPORT ZelInspectorSection : public ZelInspectorConditionalContainer
 {
     Q_OBJECT
@@ -52,9 +59,12 @@ private:
     void makeHeading();
     void removeHeading();
     void scheduleUpdateView();
+    QList<QWidget *> viewsOfRows();
+    bool isAnyRowLoaded() const;
 
     ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
     QPointer<ZelVerticalStackView> m_labelContainerView;
     QPointer<ZelLabel> m_label;
+    std::unique_ptr<ZelRowBlocks> m_blocks;                       // in a panel of very many rows
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation; // made when it is first scheduled
 };

@@ -72,11 +72,25 @@ QList<ZelLayoutConstraint::Ptr> ZelLayoutConstraint::constraintsWithVisualFormat
 
 void ZelLayoutConstraint::setConstant(double constant)
 {
-    if (!ZelRequire(std::isfinite(constant), "isfinite(constant)") || constant == m_constant)
+    if (!ZelRequire(std::isfinite(constant), "isfinite(constant)") || (constant == m_constant && !m_isSlack))
         return;
     m_constant = constant;
+    m_isSlack = false;
     if (m_layout)
         m_layout->constantDidChange(*this);
+}
+
+void ZelLayoutConstraint::setSlack(double constant)
+{
+    setConstant(constant);
+    m_isSlack = true;
+    if (m_layout)
+        m_layout->constantDidChange(*this);
+}
+
+double ZelLayoutConstraint::effectiveConstant() const
+{
+    return m_isSlack ? std::copysign(double(QWIDGETSIZE_MAX), m_constant) : m_constant;
 }
 
 void ZelLayoutConstraint::setPriority(ZelLayoutPriority priority)

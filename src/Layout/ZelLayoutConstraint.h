@@ -70,6 +70,10 @@ private:
     friend class ZelConstraintLayout;
     friend class ZelLayoutSystem;
     friend class ZelLayoutSide;
+    friend class ZelStackView;
+    /// Sets a constant that stands for a distance without limit, until setConstant is called.
+    void setSlack(double constant);
+    double effectiveConstant() const;
     static bool isVertical(Attribute attribute);
 
     QPointer<QWidget> m_firstItem;
@@ -83,4 +87,5 @@ private:
     ZelConstraintLayout *m_layout = nullptr; // where it is installed
     int m_place = -1;                        // in the layout's compiled axis; -1 if it is not in use
     bool m_isConflictReported = false;
+    bool m_isSlack = false;
 };

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Views/ZelScrollView.h"
 
+#include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/RunLoop/ZelMemberScope.h"
+#include "Core/Values/private/ZelAssign.h"
+#include "Views/private/ZelSight.h"
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QEvent>
 #include <QScrollBar>
 #include <QStyle>
@@ -19,6 +22,7 @@ ZelScrollView::ZelScrollView(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus); // the controls inside are in the tab order, not the scroll view
     viewport()->setAutoFillBackground(false);
+    connect(qApp, &QApplication::focusChanged, this, &ZelScrollView::focusDidChange);
 }
 
 ZelScrollView::~ZelScrollView() = default;
@@ -66,6 +70,27 @@ QSize ZelScrollView::documentSize() const
     return height > room.height() ? QSize(narrow, documentHeight(narrow)) : QSize(room.width(), height);
 }
 
+/// Qt follows the focus within a scroll area, but not into it.
+void ZelScrollView::focusDidChange(QWidget *former, QWidget *present)
+{
+    const QWidget *document = documentView();
+    if (!former || !present || !document || document->isAncestorOf(former) || !document->isAncestorOf(present))
+        return;
+    const auto follow = [this, focus = QPointer<QWidget>(present)] {
+        if (focus && focus->hasFocus() && documentView() && documentView()->isAncestorOf(focus))
+            ensureWidgetVisible(focus);
+    };
+    QMetaObject::invokeMethod(this, [this, follow] { ZelExceptionReporter::run(this, follow); }, Qt::QueuedConnection);
+}
+
+void ZelScrollView::setKeptRows(int rows)
+{
+    if (!ZelAssign(m_keptRows, qMax(0, rows)))
+        return;
+    updateSight();
+    Q_EMIT keptRowsChanged();
+}
+
 QSize ZelScrollView::sizeHint() const
 {
     const QWidget *document = documentView();
@@ -82,6 +107,26 @@ void ZelScrollView::resizeEvent(QResizeEvent *event)
 {
     QScrollArea::resizeEvent(event);
     updateDocumentSize();
+    updateSight();
+}
+
+void ZelScrollView::scrollContentsBy(int dx, int dy)
+{
+    QScrollArea::scrollContentsBy(dx, dy);
+    updateSight();
+}
+
+ZelSight *ZelScrollView::sight()
+{
+    if (!m_sight)
+        m_sight = new ZelSight(this);
+    return m_sight;
+}
+
+void ZelScrollView::updateSight()
+{
+    if (m_sight)
+        m_sight->update();
 }
 
 bool ZelScrollView::handleEvent(QEvent *event)
@@ -133,6 +178,7 @@ bool ZelScrollView::filterEvent(QObject *watched, QEvent *event)
     if (watched == documentView() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)) {
         updateDocumentSize();
         updateGeometry();
+        updateSight();
     }
     return QScrollArea::eventFilter(watched, event);
 }

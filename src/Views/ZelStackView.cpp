@@ -16,7 +16,7 @@ constexpr ZelLayoutPriority g_chainPriority = 750;
 constexpr ZelLayoutPriority g_compressionPriority = 751; // beats the spacing, so that a hidden subview collapses
 constexpr ZelLayoutPriority g_trailingPriority = 250;
 constexpr ZelLayoutPriority g_lastCompressionPriority = 251;
-constexpr double g_room = 10000; // with so much room a compression constraint has no effect
+constexpr double g_room = 10000; // stands for any room: the compression constraint has no effect
 
 bool isSlack(const Constraint &compression)
 {
@@ -170,10 +170,10 @@ void ZelStackView::subviewDidHideOrShow(QWidget *subview)
     if (!compression)
         return;
     const bool isLast = compression->priority() == g_lastCompressionPriority;
-    if (isLast) // rows also get the bottom inset here; the next rebuild uses the right one
-        compression->setConstant(subview->isHidden() ? -m_edgeInsets.bottom() : -g_room);
-    else
-        compression->setConstant(subview->isHidden() ? 0 : g_room);
+    if (!subview->isHidden())
+        compression->setSlack(isLast ? -g_room : g_room);
+    else // rows also get the bottom inset here; the next rebuild uses the right one
+        compression->setConstant(isLast ? -m_edgeInsets.bottom() : 0);
 }
 
 // Constraints
@@ -239,10 +239,11 @@ void ZelStackView::addConstraintsOfSubview(QWidget *view, QWidget *previous)
         return;
     }
     tie(axis().start, previous, axis().end, m_spacing, g_chainPriority);
-    m_compressionConstraints.insert(
-        previous,
-        Constraint::constraintWithItem(view, axis().start, Constraint::LessThanOrEqual, previous, axis().start, 1,
-                                       previous->isHidden() ? 0 : g_room, g_compressionPriority));
+    const auto compression = Constraint::constraintWithItem(view, axis().start, Constraint::LessThanOrEqual, previous,
+                                                            axis().start, 1, 0, g_compressionPriority);
+    if (!previous->isHidden())
+        compression->setSlack(g_room);
+    m_compressionConstraints.insert(previous, compression);
     if (m_equalSizes)
         tie(axis().length, previous, axis().length, 0);
 }
@@ -251,10 +252,12 @@ void ZelStackView::addTrailingConstraints(QWidget *last)
 {
     m_stackConstraints.append(Constraint::constraintWithItem(last, axis().end, Constraint::Equal, this, axis().end, 1,
                                                              -trailingInset(), g_trailingPriority));
-    m_compressionConstraints.insert(
-        last,
+    const auto compression =
         Constraint::constraintWithItem(last, axis().lastCompressed, Constraint::GreaterThanOrEqual, this, axis().end, 1,
-                                       last->isHidden() ? -trailingInset() : -g_room, g_lastCompressionPriority));
+                                       -trailingInset(), g_lastCompressionPriority);
+    if (!last->isHidden())
+        compression->setSlack(-g_room);
+    m_compressionConstraints.insert(last, compression);
 }
 
 // Baseline

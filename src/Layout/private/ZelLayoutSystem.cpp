@@ -72,7 +72,7 @@ void ZelLayoutSystem::constantDidChange(const ZelLayoutConstraint &constraint)
     if (!m_isCompiled || constraint.m_place < 0)
         return;
     const double sign = isMirrored(constraint) ? -1 : 1;
-    sideOf(constraint).axis.setConstant(constraint.m_place, sign * constraint.constant());
+    sideOf(constraint).axis.setConstant(constraint.m_place, sign * constraint.effectiveConstant());
     forgetSolutions();
 }
 
@@ -199,7 +199,7 @@ void ZelLayoutSystem::compileConstraint(ZelLayoutConstraint &constraint)
     turn(constraint.secondAttribute(), second, compiled.second);
     const int sign = isMirrored(constraint) ? -1 : 1;
     compiled.relation = ZelAxisConstraint::Relation(sign * constraint.relation());
-    compiled.constant = sign * constraint.constant();
+    compiled.constant = sign * constraint.effectiveConstant();
     compiled.multiplier = constraint.multiplier();
     compiled.priority = constraint.priority();
     constraint.m_place = sideOf(constraint).add(&constraint, compiled, first, second);

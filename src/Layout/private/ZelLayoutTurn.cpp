@@ -6,7 +6,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QHash>
 #include <QWidget>
+
+#include <algorithm>
 
 ZelLayoutTurn &ZelLayoutTurn::instance()
 {
@@ -62,5 +65,30 @@ void ZelLayoutTurn::settle(const QWidget *widget)
         QCoreApplication::sendEvent(around, &request);
         if (around)
             around = around->isWindow() ? nullptr : around->parentWidget();
+    }
+}
+
+void ZelLayoutTurn::settle(const QList<QWidget *> &widgets)
+{
+    QHash<QWidget *, int> levels; // counted from the window
+    for (QWidget *widget : widgets) {
+        QList<QWidget *> chain;
+        QWidget *around = widget;
+        while (around && !levels.contains(around)) {
+            chain.append(around);
+            around = around->isWindow() ? nullptr : around->parentWidget();
+        }
+        int level = around ? levels.value(around) : 0;
+        while (!chain.isEmpty())
+            levels.insert(chain.takeLast(), ++level);
+    }
+    std::vector<std::pair<int, QPointer<QWidget>>> ordered;
+    for (auto [widget, level] : levels.asKeyValueRange())
+        ordered.emplace_back(level, widget);
+    std::sort(ordered.begin(), ordered.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    for (const auto &[level, widget] : ordered) {
+        QEvent request(QEvent::LayoutRequest);
+        if (widget)
+            QCoreApplication::sendEvent(widget, &request);
     }
 }

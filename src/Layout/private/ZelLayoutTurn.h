@@ -3,6 +3,7 @@
 
 #include "Core/RunLoop/ZelGuarded.h"
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <array>
@@ -39,6 +40,9 @@ public:
     /// It is meant for what grows under a user's hands; many changes at a time are better left to the event loop, which
     /// takes them together.
     static void settle(const QWidget *widget);
+    /// The same for several widgets, which are laid out themselves, too. What is around more than one of them is laid
+    /// out once.
+    static void settle(const QList<QWidget *> &widgets);
 
 protected:
     bool handleEvent(QEvent *event) override;
