@@ -4,6 +4,7 @@
 #include "ShownForm.h"
 
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/ZelDeclarativeInspectorGenerator.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,6 +15,7 @@
 #include <QScrollArea>
 #include <QTemporaryFile>
 
+#include <malloc.h>
 #include <array>
 #include <memory>
 
@@ -102,6 +104,7 @@ public:
         ZelInspectorConfiguration::setLimits(limits);
     }
 
+    QString fileName() const { return m_file.fileName(); }
     QWidget *make() const { return describedForm(&m_model, m_file.fileName()); }
 
 private:
@@ -120,9 +123,9 @@ Bench::Work shownRows(RowModel &model, int rows)
 static void inspectorBuild()
 {
     RowModel model;
-    for (int rows : {50, 500}) {
-        Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), 1.3, shownRows(model, rows),
-                       shownForm([&model, rows] { return formByHand(model, rows); }));
+    for (auto [rows, goal] : {std::pair(50, 1.3), std::pair(500, 0.3), std::pair(5000, 0.1)}) {
+        Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), goal, shownRows(model, rows),
+                       shownForm([&model, rows = rows] { return formByHand(model, rows); }));
     }
     Bench::scaling(QStringLiteral("A a row of the inspector, 500 to 5000 rows"), 1.1, {500, 5000},
                    [&](int rows) { return shownRows(model, rows); });
@@ -130,3 +133,33 @@ static void inspectorBuild()
                    [&](int rows) { return shownForm([&model, rows] { return formByHand(model, rows); }); });
 }
 ZEL_BENCHMARK(inspectorBuild)
+
+/// For a profile.
+static void inspectorOf5000()
+{
+    RowModel model;
+    for (int kind = 0; kind < 3; ++kind) {
+        const auto a = mallinfo2().uordblks;
+        std::unique_ptr<QWidget> w;
+        std::unique_ptr<QObject> o;
+        DescribedForm f(model, 5000);
+        if (kind == 0) { w.reset(f.make()); w->resize(300, 900); w->show(); QApplication::processEvents(); }
+        if (kind == 1) { w.reset(formByHand(model, 5000)); w->resize(300, 900); w->show(); QApplication::processEvents(); }
+        if (kind == 2) { ZelDeclarativeInspectorGenerator generator; generator.setUrl(QUrl::fromLocalFile(f.fileName())); generator.setOwner(&model); o.reset(generator.createPane()); }
+        fprintf(stderr, "%d: %g kB a row\n", kind, double(mallinfo2().uordblks - a) / 5000 / 1000);
+    }
+    if (!qEnvironmentVariableIsSet("ALONE")) Bench::absolute(QStringLiteral("5000 rows"), 100, shownRows(model, 5000));
+    const auto form = std::make_shared<DescribedForm>(model, 5000);
+    const auto made = std::make_shared<std::unique_ptr<QObject>>();
+    const auto file = form->fileName();
+    Bench::absolute(QStringLiteral("5000 rows, controllers alone"), 100, Bench::Work([] {}, [&] {
+        ZelDeclarativeInspectorGenerator generator;
+        generator.setUrl(QUrl::fromLocalFile(file));
+        generator.setOwner(&model);
+        made->reset(generator.createPane());
+    }, [made] { made->reset(); }));
+    if (!qEnvironmentVariableIsSet("ALONE")) Bench::absolute(QStringLiteral("5000 rows, reading alone"), 100, Bench::Work([] {}, [&] {
+        Bench::keep(ZelInspectorConfiguration::initWIthURL(QUrl::fromLocalFile(file)));
+    }));
+}
+ZEL_BENCHMARK(inspectorOf5000)

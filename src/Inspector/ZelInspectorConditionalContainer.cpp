@@ -108,11 +108,34 @@ void ZelInspectorConditionalContainer::unbindAndTearDown()
         ZelObservations(this).removeAllObservationsForContext(&g_conditionContext);
 }
 
+void ZelInspectorConditionalContainer::refresh()
+{
+    if (!awaitsSight())
+        ZelInspectorContainer::refresh();
+}
+
+void ZelInspectorConditionalContainer::prepareForReuse()
+{
+    if (!awaitsSight())
+        ZelInspectorContainer::prepareForReuse();
+}
+
+bool ZelInspectorConditionalContainer::commitEditing()
+{
+    return awaitsSight() || ZelInspectorContainer::commitEditing();
+}
+
+void ZelInspectorConditionalContainer::discardEditing()
+{
+    if (!awaitsSight())
+        ZelInspectorContainer::discardEditing();
+}
+
 void ZelInspectorConditionalContainer::updateHidden()
 {
     if (isViewLoaded())
         ZelView::setShown(view(), isShown());
-    else if (m_block)
+    else if (awaitsSight())
         m_block->rowDidHideOrShow();
 }
 

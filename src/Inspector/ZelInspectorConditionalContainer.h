@@ -39,11 +39,21 @@ public:
     /// Whether neither the condition nor a filter hides the view.
     bool isShown() const { return m_visible && !m_isFilteredOut; }
 
+    /// Whether the container is a row of a large panel (see ZelInspectorSection) that gets its view when it comes into
+    /// sight, or when somebody asks for it.
+    bool awaitsSight() const { return m_block && !isViewLoaded(); }
+
     /// Evaluates the condition, if there is one.
     void updateVisible();
     /// Evaluates the condition now and at every change, until unbindAndTearDown is called.
     void bindAndConfigure();
     void unbindAndTearDown();
+
+    // A row that waits until it comes into sight has nothing to refresh or to commit.
+    void refresh() override;
+    void prepareForReuse() override;
+    bool commitEditing() override;
+    void discardEditing() override;
 
     void viewDidLoad() override;
     void viewDidInstall() override;

@@ -9,6 +9,8 @@
 #include "Inspector/private/ZelFoldedText.h"
 #include "Inspector/private/ZelSearchBar.h"
 #include "Inspector/private/ZelSearchOutcome.h"
+#include "Layout/private/ZelLayoutTurn.h"
+#include "Views/private/ZelSight.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -22,6 +24,15 @@ constexpr int g_scrollMargin = 8;
 constexpr int g_smallestRowHeight = 16; // pixels
 constexpr double g_restDelay = 0.02;    // seconds, in which what is in sight is painted
 constexpr int g_rounds = 8;             // of updates that cause each other
+
+/// The view in which the container's view stands, or will stand.
+QWidget *viewAround(ZelInspectorContainer *container)
+{
+    if (container->isViewLoaded())
+        return container->view()->parentWidget();
+    auto *parent = qobject_cast<ZelViewController *>(container->parent());
+    return parent && parent->isViewLoaded() ? parent->view() : nullptr;
+}
 
 bool takesTab(const QWidget *widget)
 {
@@ -232,8 +243,11 @@ void ZelInspectorSearch::begin()
     m_isOn = true;
     m_formerPane = m_inspector->currentInspector();
     m_scrollPositions.clear();
-    for (ZelInspectorPane *pane : m_inspector->panes())
+    for (ZelInspectorPane *pane : m_inspector->panes()) {
         m_scrollPositions.emplace_back(pane, pane->scrollPosition());
+        if (ZelSight *sight = pane->containerView() ? ZelSight::around(pane->containerView()) : nullptr)
+            connect(sight, &ZelSight::partsDidCome, this, &ZelInspectorSearch::rowsDidCome, Qt::UniqueConnection);
+    }
     m_inspector->setStateHeld(true);
     // A row that is about to hide commits what is typed there. A text that is refused stays in it. To ask the editors
     // without the focus would take as long as to search.
@@ -380,6 +394,7 @@ void ZelInspectorSearch::giveBack()
     const QPointer<ZelInspectorSearch> alive(this);
     const ScrollPositions positions = std::exchange(m_scrollPositions, {});
     m_filterRest.cancel();
+    m_mark.cancel();
     m_isOn = false;
     m_foundCount = 0;
     m_words.clear();
@@ -420,37 +435,19 @@ void ZelInspectorSearch::unfold(const Node &node)
     box->setExpanded(true);
 }
 
-/// Lays out what is around the views that were hidden or shown in the current pane, from the inside to the outside.
-/// The event loop would do it level by level, and may paint in between.
+/// Lays out what is around the views that were hidden or shown in the current pane. The event loop would do it level by
+/// level, and may paint in between.
 void ZelInspectorSearch::settle(const Containers &changed) const
 {
     const ZelInspectorPane *pane = m_inspector->currentInspector();
     const QWidget *document = pane && m_inspector->isViewInstalled() ? pane->containerView() : nullptr;
-    QHash<QWidget *, int> levels;
+    QSet<QWidget *> around;
     for (const auto &container : changed) {
-        QWidget *around =
-            document && container && container->isViewLoaded() ? container->view()->parentWidget() : nullptr;
-        QList<QWidget *> chain;
-        while (around && around != document && !levels.contains(around)) {
-            chain.append(around);
-            around = around->isWindow() ? nullptr : around->parentWidget();
-        }
-        if (!around)
-            continue; // in another pane
-        int level = levels.value(around);
-        levels.insert(around, level);
-        while (!chain.isEmpty())
-            levels.insert(chain.takeLast(), ++level);
+        QWidget *parent = document && container ? viewAround(container) : nullptr;
+        if (parent && (parent == document || document->isAncestorOf(parent)))
+            around.insert(parent);
     }
-    std::vector<std::pair<int, QPointer<QWidget>>> views;
-    for (auto [view, level] : levels.asKeyValueRange())
-        views.emplace_back(level, view);
-    std::sort(views.begin(), views.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
-    for (const auto &[level, view] : views) {
-        QEvent request(QEvent::LayoutRequest);
-        if (view)
-            QCoreApplication::sendEvent(view, &request);
-    }
+    ZelLayoutTurn::settle(around.values());
 }
 
 void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
@@ -463,10 +460,16 @@ void ZelInspectorSearch::scrollTo(const ScrollPositions &positions)
 
 // What is shown of the outcome
 
+void ZelInspectorSearch::rowsDidCome()
+{
+    if (m_isOn)
+        m_mark.schedule();
+}
+
 void ZelInspectorSearch::markParts(const Part &part)
 {
     std::vector<QPointer<QWidget>> titled;
-    for (size_t i = 0; i < m_findings.size(); ++i) {
+    for (size_t i = 0; m_index && i < m_findings.size(); ++i) {
         const Node &node = m_index->nodes()[i];
         if (!part.has(node, i) || !m_findings[i].contains)
             continue;

@@ -87,6 +87,7 @@ private:
     void settle(const Containers &changed) const;
     static void scrollTo(const ScrollPositions &positions);
 
+    void rowsDidCome();
     void markParts(const Part &part);
     qsizetype showOutcome();
     void showNotes(const QStringList &notes);
@@ -100,6 +101,7 @@ private:
     std::unique_ptr<QObject> m_watch; // the context of what is connected to the containers in the index
     ZelDelayedInvocation m_update{[this] { update(); }};
     ZelDelayedInvocation m_filterRest{[this] { filterRest(); }};
+    ZelDelayedInvocation m_mark{[this] { markParts({}); }};
     QStringList m_words;
     std::vector<Finding> m_findings; // for each node of the index, while there is a search
     ZelSearchMarks m_marks;

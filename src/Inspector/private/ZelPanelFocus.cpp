@@ -2,7 +2,7 @@
 #include "Inspector/private/ZelPanelFocus.h"
 
 #include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Inspector/ZelInspectorContainer.h"
+#include "Inspector/ZelInspectorConditionalContainer.h"
 #include "Inspector/ZelInspectorPane.h"
 #include "ViewController/ZelView.h"
 
@@ -68,6 +68,16 @@ bool contains(const Part &part, const QWidget *widget)
     return view == widget || view->isAncestorOf(widget);
 }
 
+/// A row far below in a large panel may have no view yet.
+void bringIntoBeing(ZelViewController *controller)
+{
+    for (QObject *around = controller; around; around = around->parent()) {
+        auto *row = qobject_cast<ZelInspectorConditionalContainer *>(around);
+        if (row && row->awaitsSight())
+            row->view();
+    }
+}
+
 } // namespace
 
 ZelPanelFocus::ZelPanelFocus(const ZelInspectorContainer *panel)
@@ -105,6 +115,8 @@ void ZelPanelFocus::giveTo(const ZelInspectorContainer *panel) const
         if (part.pane == m_pane && part.name == m_part && (!found || part.number == m_number))
             found = &part;
     }
+    if (found)
+        bringIntoBeing(found->controller);
     if (!found || !found->controller->isViewInstalled())
         return;
     QWidget *control = controlsOf(found->controller).value(m_control);

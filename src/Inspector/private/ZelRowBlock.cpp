@@ -234,7 +234,7 @@ void ZelRowBlock::viewDidInstall()
         m_sight->add(this);
     const QPointer<ZelRowBlock> alive(this);
     observeConditions();
-    if (alive)
+    if (alive && m_heights && !m_heights->isEmpty())
         updateAssumedHeight();
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int g_rowsOfBlock = 25;
+constexpr int g_rowsOfBlock = 12;
 constexpr int g_lowestRow = 20; // in pixels
 constexpr int g_screens = 3;
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int g_guessedHeight = 24; // of an editor, in pixels
+constexpr int g_guessedHeight = 24; // in pixels
 
 size_t kindOf(const ZelInspectorConditionalContainer *row)
 {
@@ -33,11 +33,8 @@ ZelRowHeights *ZelRowHeights::of(QObject *sight)
 
 int ZelRowHeights::heightOf(const ZelInspectorConditionalContainer *row) const
 {
-    const QSize known = m_sizes.value(kindOf(row));
-    if (known.isValid())
-        return known.height();
-    const auto *sliver = qobject_cast<const ZelInspectorSliver *>(row);
-    return g_guessedHeight * qMax(1, sliver ? int(sliver->properties().size()) : 1);
+    const QSize known = m_sizes.isEmpty() ? QSize() : m_sizes.value(kindOf(row));
+    return known.isValid() ? known.height() : g_guessedHeight;
 }
 
 bool ZelRowHeights::learn(const ZelInspectorConditionalContainer *row, QSize size)

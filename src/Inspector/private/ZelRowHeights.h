@@ -15,6 +15,7 @@ public:
 
     static ZelRowHeights *of(QObject *sight);
 
+    bool isEmpty() const { return m_sizes.isEmpty(); }
     /// In pixels; a guess for a kind that was never measured.
     int heightOf(const ZelInspectorConditionalContainer *row) const;
     /// Answers whether nothing was known of the row's kind, or the inspector has another width than when it was.

@@ -49,6 +49,18 @@ QString titleOf(const ZelInspectorChooserChoice *choice)
     return choice->title().isEmpty() ? choice->text() : choice->title();
 }
 
+/// The choice that is shown, or will be when the chooser has a view.
+const ZelInspectorChooserChoice *presentChoice(const ZelInspectorChooser *chooser)
+{
+    if (chooser->isViewLoaded() || chooser->keyPath().isEmpty())
+        return chooser->currentChoice();
+    try {
+        return chooser->choiceForValue(ZelValueForKeyPath(chooser->owner(), chooser->keyPath()));
+    } catch (const std::exception &) {
+        return nullptr; // of which the chooser tells when it is shown
+    }
+}
+
 /// Whether a row has nothing to show because nothing is selected.
 bool lacksSelection(const ZelInspectorContainer *row)
 {
@@ -156,7 +168,7 @@ bool ZelSearchIndex::isHidden(const Node &node) const
     if (node.kind != Kind::Choice)
         return false;
     const auto *chooser = static_cast<ZelInspectorChooser *>(m_nodes[size_t(node.parent)].container.data());
-    return !chooser || chooser->currentChoice() != node.container;
+    return !chooser || presentChoice(chooser) != node.container;
 }
 
 std::vector<ZelSearchIndex::Finding> ZelSearchIndex::find(const QStringList &words) const

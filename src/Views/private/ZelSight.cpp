@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr int g_delay = 30;  // in milliseconds, after what is seen was painted
 constexpr int g_rounds = 8; // of parts that come because others turned out to be lower than assumed
 
 } // namespace
@@ -40,6 +41,9 @@ ZelSight::ZelSight(ZelScrollView *view)
     , m_isEverythingSeen(QAccessible::isActive())
 {
     QAccessible::installActivationObserver(this);
+    m_ahead.setSingleShot(true);
+    m_ahead.setInterval(g_delay);
+    connect(&m_ahead, &QTimer::timeout, this, &ZelSight::letNextCome);
 }
 
 ZelSight::~ZelSight()
@@ -75,15 +79,29 @@ void ZelSight::update()
         return;
     const ZelMemberScope updating(this, m_isUpdating, true);
     for (int round = 0; round < g_rounds && updating.isOwnerAlive(); ++round) {
-        const Parts due = partsDue();
+        const Parts due = partsDue(0);
         if (due.empty())
             break;
         letCome(due);
     }
+    if (updating.isOwnerAlive() && !m_isEverythingSeen)
+        m_ahead.start();
     if (updating.isOwnerAlive())
         giveUpPartialParts();
     if (updating.isOwnerAlive())
         giveUpFarParts();
+}
+
+/// One at a time, so that nothing that the user does meanwhile has to wait long.
+void ZelSight::letNextCome()
+{
+    const Parts due = m_view ? partsDue(viewportHeight() / 2) : Parts();
+    if (m_isUpdating || due.empty())
+        return;
+    const ZelMemberScope updating(this, m_isUpdating, true);
+    ZelExceptionReporter::run(this, [&] { letCome({due.front()}); });
+    if (updating.isOwnerAlive() && due.size() > 1)
+        m_ahead.start();
 }
 
 void ZelSight::scheduleUpdate()
@@ -117,13 +135,12 @@ int ZelSight::viewportHeight() const
     return m_view->viewport()->height();
 }
 
-/// The waiting parts in the visible area and half of its height above and below it.
-ZelSight::Parts ZelSight::partsDue() const
+/// The waiting parts in the visible area and the margin above and below it.
+ZelSight::Parts ZelSight::partsDue(int margin) const
 {
     Parts due;
     if (!m_view || !m_view->documentView())
         return due;
-    const int margin = viewportHeight() / 2;
     const int top = m_view->verticalScrollBar()->value() - margin;
     const int bottom = top + viewportHeight() + 2 * margin;
     for (Part *part : m_parts) {
@@ -184,7 +201,8 @@ void ZelSight::measure(const Parts &parts)
     ZelLayoutTurn::settle(widgetsOf(others));
 }
 
-/// The topmost part that is seen. Nothing has to be kept in place at the top of the document.
+/// The topmost part that is seen, if possible one that does not wait. Nothing has to be kept in place at the top of the
+/// document.
 ZelSight::Anchor ZelSight::anchor() const
 {
     Anchor best;
@@ -196,7 +214,11 @@ ZelSight::Anchor ZelSight::anchor() const
         if (!widget->isVisible() || widget->testAttribute(Qt::WA_PendingResizeEvent))
             continue;
         const int position = positionOf(part) - top;
-        if (position + widget->height() > 0 && (!best.part || position < best.position))
+        if (position + widget->height() <= 0 || position >= viewportHeight())
+            continue;
+        const bool isBetter = best.part && best.part->isWaiting() != part->isWaiting() ? best.part->isWaiting()
+                                                                                     : position < best.position;
+        if (!best.part || isBetter)
             best = {part, position};
     }
     return best;

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <vector>
 
 class QWidget;
@@ -62,7 +63,8 @@ private:
 
     void accessibilityActiveChanged(bool active) override;
     bool has(const Part *part) const;
-    Parts partsDue() const;
+    Parts partsDue(int margin) const;
+    void letNextCome();
     void letCome(const Parts &parts);
     void measure(const Parts &parts);
     void giveUpPartialParts();
@@ -74,6 +76,7 @@ private:
 
     QPointer<ZelScrollView> m_view;
     Parts m_parts;
+    QTimer m_ahead; // lets come what is about to be seen
     bool m_isEverythingSeen; // by assistive technology
     bool m_isUpdating = false;
     bool m_isScheduled = false;
