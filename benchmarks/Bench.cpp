@@ -26,10 +26,11 @@ struct Function
 struct Row
 {
     QString name;
-    double ours; // milliseconds for a call
+    double ours; // milliseconds for a call, or bytes
     double reference;
     double ratio;
     double goal;
+    bool isBytes = false;
 
     bool missed() const { return goal > 0 && ratio > goal; }
 };
@@ -119,7 +120,7 @@ double medianRatio(const std::vector<double> &ours, const std::vector<double> &r
     return median(std::move(ratios));
 }
 
-QString readable(double ms)
+QString readableTime(double ms)
 {
     if (ms >= 1000)
         return QString::number(ms / 1000, 'f', 2) + u" s";
@@ -141,6 +142,9 @@ void print(const QString &name, const QString &ours, const QString &reference, c
 void report(const Row &row)
 {
     rows().push_back(row);
+    const auto readable = [&row](double value) {
+        return row.isBytes ? QString::number(value, 'f', 0) + u" B" : readableTime(value);
+    };
     print(row.name, readable(row.ours), readable(row.reference), QString::number(row.ratio, 'f', 3),
           row.goal > 0 ? QString::number(row.goal) : QStringLiteral("-"),
           row.goal <= 0 ? QString() : QString::fromLatin1(row.missed() ? "MISSED" : "ok"));
@@ -235,6 +239,28 @@ void absolute(const QString &name, double goalMs, const Work &ours, const Option
     const auto times = timeInTurn({&ours}, {iterationsFor({&ours}, options)}, options);
     const double ms = median(times[0]);
     report({name, ms, goalMs, ms / goalMs, 1});
+}
+
+void measured(const QString &name, double goalMs, const std::function<double()> &ours)
+{
+    double ms = ours();
+    for (int i = 1; i < 5; ++i)
+        ms = std::min(ms, ours());
+    report({name, ms, goalMs, ms / goalMs, 1});
+}
+
+void memory(const QString &name, double goal, int count, const std::function<std::shared_ptr<void>()> &ours,
+            const std::function<std::shared_ptr<void>()> &reference)
+{
+    const auto bytesOf = [count](const std::function<std::shared_ptr<void>()> &make) {
+        make(); // what is made once for all does not count
+        const size_t before = mallinfo2().uordblks;
+        const std::shared_ptr<void> made = make();
+        return double(mallinfo2().uordblks - before) / count;
+    };
+    const double oursBytes = bytesOf(ours);
+    const double referenceBytes = bytesOf(reference);
+    report({name, oursBytes, referenceBytes, oursBytes / referenceBytes, goal, true});
 }
 
 void expect(bool condition, const char *text)

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <type_traits>
 
 /// Measures this library against plain Qt code that does the same by hand, and reports ratios.
@@ -71,6 +72,14 @@ void scaling(const QString &name, double goal, const QList<int> &sizes, const st
 
 /// The median time must be at most `goalMs` milliseconds. It is reported as a ratio to that limit.
 void absolute(const QString &name, double goalMs, const Work &ours, const Options &options = {});
+
+/// The same for a time, in milliseconds, that `ours` measures itself. The lowest of five counts.
+void measured(const QString &name, double goalMs, const std::function<double()> &ours);
+
+/// What `ours` keeps on the heap must be at most `goal` of what `reference` keeps. Both make something, which is deleted
+/// with the answer. The bytes are reported for one of `count` items.
+void memory(const QString &name, double goal, int count, const std::function<std::shared_ptr<void>()> &ours,
+            const std::function<std::shared_ptr<void>()> &reference);
 
 /// Throws if the condition does not hold, which ends the function that was registered, and is reported as its failure:
 /// a case that computes nonsense measures nothing.

@@ -4,18 +4,19 @@
 #include "ShownForm.h"
 
 #include "Inspector/Description/ZelInspectorConfiguration.h"
-#include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelInspectorSliver.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QElapsedTimer>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryFile>
 
-#include <malloc.h>
 #include <array>
 #include <memory>
 
@@ -104,7 +105,6 @@ public:
         ZelInspectorConfiguration::setLimits(limits);
     }
 
-    QString fileName() const { return m_file.fileName(); }
     QWidget *make() const { return describedForm(&m_model, m_file.fileName()); }
 
 private:
@@ -123,7 +123,7 @@ Bench::Work shownRows(RowModel &model, int rows)
 static void inspectorBuild()
 {
     RowModel model;
-    for (auto [rows, goal] : {std::pair(50, 1.3), std::pair(500, 0.3), std::pair(5000, 0.1)}) {
+    for (auto [rows, goal] : {std::pair(50, 1.1), std::pair(500, 0.3), std::pair(5000, 0.1)}) {
         Bench::compare(QStringLiteral("A inspector of %1 rows").arg(rows), goal, shownRows(model, rows),
                        shownForm([&model, rows = rows] { return formByHand(model, rows); }));
     }
@@ -134,32 +134,65 @@ static void inspectorBuild()
 }
 ZEL_BENCHMARK(inspectorBuild)
 
-/// For a profile.
-static void inspectorOf5000()
+static std::shared_ptr<QWidget> shown(QWidget *window)
+{
+    window->resize(300, 900);
+    window->show();
+    QApplication::processEvents();
+    return std::shared_ptr<QWidget>(window);
+}
+
+/// Rows that are not in sight have no views.
+static void inspectorMemory()
 {
     RowModel model;
-    for (int kind = 0; kind < 3; ++kind) {
-        const auto a = mallinfo2().uordblks;
-        std::unique_ptr<QWidget> w;
-        std::unique_ptr<QObject> o;
-        DescribedForm f(model, 5000);
-        if (kind == 0) { w.reset(f.make()); w->resize(300, 900); w->show(); QApplication::processEvents(); }
-        if (kind == 1) { w.reset(formByHand(model, 5000)); w->resize(300, 900); w->show(); QApplication::processEvents(); }
-        if (kind == 2) { ZelDeclarativeInspectorGenerator generator; generator.setUrl(QUrl::fromLocalFile(f.fileName())); generator.setOwner(&model); o.reset(generator.createPane()); }
-        fprintf(stderr, "%d: %g kB a row\n", kind, double(mallinfo2().uordblks - a) / 5000 / 1000);
-    }
-    if (!qEnvironmentVariableIsSet("ALONE")) Bench::absolute(QStringLiteral("5000 rows"), 100, shownRows(model, 5000));
-    const auto form = std::make_shared<DescribedForm>(model, 5000);
-    const auto made = std::make_shared<std::unique_ptr<QObject>>();
-    const auto file = form->fileName();
-    Bench::absolute(QStringLiteral("5000 rows, controllers alone"), 100, Bench::Work([] {}, [&] {
-        ZelDeclarativeInspectorGenerator generator;
-        generator.setUrl(QUrl::fromLocalFile(file));
-        generator.setOwner(&model);
-        made->reset(generator.createPane());
-    }, [made] { made->reset(); }));
-    if (!qEnvironmentVariableIsSet("ALONE")) Bench::absolute(QStringLiteral("5000 rows, reading alone"), 100, Bench::Work([] {}, [&] {
-        Bench::keep(ZelInspectorConfiguration::initWIthURL(QUrl::fromLocalFile(file)));
-    }));
+    const DescribedForm form(model, 5000);
+    Bench::memory(QStringLiteral("A memory of a row of 5000"), 0.25, 5000, [&] { return shown(form.make()); },
+                  [&] { return shown(formByHand(model, 5000)); });
 }
-ZEL_BENCHMARK(inspectorOf5000)
+ZEL_BENCHMARK(inspectorMemory)
+
+/// Scrolls from the top to the bottom, page by page. Answers the time of the longest page in milliseconds.
+static double scrollByPages(const QWidget *window)
+{
+    QScrollBar *bar = window->findChild<QScrollArea *>()->verticalScrollBar();
+    double longest = 0;
+    bar->setValue(0);
+    QApplication::processEvents();
+    while (bar->value() < bar->maximum()) {
+        QElapsedTimer timer;
+        timer.start();
+        bar->setValue(bar->value() + bar->pageStep());
+        QApplication::processEvents();
+        longest = std::max(longest, double(timer.nsecsElapsed()) / 1e6);
+    }
+    return longest;
+}
+
+static void inspectorScrolling()
+{
+    RowModel model;
+    const DescribedForm form(model, 5000);
+    const auto ours = shown(form.make());
+    const auto byHand = shown(formByHand(model, 5000));
+    Bench::compare(QStringLiteral("A scroll 5000 rows by pages"), 1.2, [&] { scrollByPages(ours.get()); },
+                   [&] { scrollByPages(byHand.get()); });
+    Bench::measured(QStringLiteral("A the longest page"), 16, [&] { return scrollByPages(ours.get()); });
+}
+ZEL_BENCHMARK(inspectorScrolling)
+
+/// With assistive technology, which gets every row.
+static void inspectorOfAllRows()
+{
+    RowModel model;
+    const auto form = std::make_shared<DescribedForm>(model, 500);
+    const auto everyRow = [form] {
+        QWidget *window = form->make();
+        for (auto *row : window->findChildren<ZelInspectorSliver *>())
+            row->view();
+        return window;
+    };
+    Bench::compare(QStringLiteral("A every row of 500"), 1.5, shownForm(everyRow),
+                   shownForm([&model] { return formByHand(model, 500); }));
+}
+ZEL_BENCHMARK(inspectorOfAllRows)

@@ -12,10 +12,12 @@ ZelInspector::ZelInspector(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::ForLife)
 {
     setTitle(ZelLocalizedString(QStringLiteral("No title")));
-    connect(this, &ZelViewController::titleChanged, this, [this] {
-        if (m_box)
-            m_box->setTitle(title());
-    });
+}
+
+void ZelInspector::titleDidChange()
+{
+    if (m_box)
+        m_box->setTitle(title());
 }
 
 ZelInspector::~ZelInspector()

@@ -52,6 +52,7 @@ Q_SIGNALS:
 protected:
     /// The tool tip belongs to the header, the help text to everything in the inspector.
     void showHelp() override;
+    void titleDidChange() override;
 
     QList<QPointer<ZelViewController>> childControllers() const override { return m_slices.pointers(); }
 

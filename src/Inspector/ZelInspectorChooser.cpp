@@ -19,15 +19,17 @@ const char g_chooserContext = 0;
 ZelInspectorChooser::ZelInspectorChooser(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
-    connect(this, &ZelViewController::titleChanged, this, [this] {
-        if (m_sliver)
-            m_sliver->setTitle(title());
-    });
 }
 
 ZelInspectorChooser::~ZelInspectorChooser()
 {
     uninstall();
+}
+
+void ZelInspectorChooser::titleDidChange()
+{
+    if (m_sliver)
+        m_sliver->setTitle(title());
 }
 
 // Properties

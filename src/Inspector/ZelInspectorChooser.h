@@ -105,6 +105,7 @@ Q_SIGNALS:
 protected:
     /// The tool tip belongs to the row with the pop-up, the help text to what is chosen, too.
     void showHelp() override;
+    void titleDidChange() override;
 
     QList<QPointer<ZelViewController>> childControllers() const override;
 

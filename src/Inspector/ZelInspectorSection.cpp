@@ -15,7 +15,6 @@
 ZelInspectorSection::ZelInspectorSection(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
-    connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSection::scheduleUpdateView);
     ZelRowMenu::listen();
 }
 
@@ -30,6 +29,11 @@ void ZelInspectorSection::setSliversAndChoosers(const QList<ZelInspectorConditio
         return;
     scheduleUpdateView();
     Q_EMIT sliversAndChoosersChanged();
+}
+
+void ZelInspectorSection::titleDidChange()
+{
+    scheduleUpdateView();
 }
 
 void ZelInspectorSection::scheduleUpdateView()

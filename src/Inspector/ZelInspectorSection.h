@@ -51,6 +51,7 @@ Q_SIGNALS:
 protected:
     /// The tool tip belongs to the heading, the help text to everything in the section.
     void showHelp() override;
+    void titleDidChange() override;
 
     QList<QPointer<ZelViewController>> childControllers() const override { return m_sliversAndChoosers.pointers(); }
 

@@ -59,7 +59,6 @@ bool shareLine(ZelInspectorProperty *first, ZelInspectorProperty *second)
 ZelInspectorSliver::ZelInspectorSliver(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
-    connect(this, &ZelViewController::titleChanged, this, &ZelInspectorSliver::titleDidChange);
     ZelRowMenu::listen();
 }
 

@@ -52,13 +52,13 @@ Q_SIGNALS:
     void baselineConstraintChanged();
 
 protected:
+    void titleDidChange() override;
     QList<QPointer<ZelViewController>> childControllers() const override { return m_properties.pointers(); }
 
 private:
     QList<QWidget *> makeLines();
     ZelView *makePair(ZelInspectorProperty *first, ZelInspectorProperty *second);
     bool needsLabel() const { return !title().isEmpty() && !m_fullWidth; }
-    void titleDidChange();
     void updateLabel();
     void letLabelScrub();
     void showTitle();

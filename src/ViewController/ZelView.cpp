@@ -168,7 +168,7 @@ void ZelView::setViewController(ZelViewController *controller)
     leaveViewController();
     m_viewController = controller;
     if (controller) {
-        controller->m_next = takeResponderLink();
+        controller->setNextLink(takeResponderLink());
         controller->m_respondingView = this;
         // A controller that is just loading its view gets viewDidInstall when the load is complete.
         if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
@@ -187,7 +187,7 @@ void ZelView::leaveViewController()
     if (!old || old->m_respondingView != this)
         return;
     old->m_respondingView = nullptr;
-    if (const ZelResponderLink link = std::exchange(old->m_next, {}); link.isSet)
+    if (const ZelResponderLink link = old->takeNextLink(); link.isSet)
         rare().next = link;
 }
 
@@ -279,7 +279,7 @@ bool ZelView::handleEvent(QEvent *event)
         m_shownAsWindow = m_shownAsWindow && isWindow();
         takeResponderLink();
         if (m_viewController && m_viewController->m_respondingView == this)
-            m_viewController->m_next = {};
+            m_viewController->setNextLink({});
         if (!m_moving)
             ZelViewInstaller::windowMayHaveChanged(this);
         break;

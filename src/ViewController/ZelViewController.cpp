@@ -51,6 +51,14 @@ QString stillUsedMessage(const ZelViewController *controller)
 
 } // namespace
 
+struct ZelViewController::Rare
+{
+    QString nibName;
+    QString toolTip;
+    QString whatsThis;
+    ZelResponderLink next;
+};
+
 ZelViewController::ZelViewController(QObject *parent)
     : ZelGuarded(parent)
 {
@@ -58,8 +66,16 @@ ZelViewController::ZelViewController(QObject *parent)
 
 ZelViewController::ZelViewController(const QString &nibName, QObject *parent)
     : ZelGuarded(parent)
-    , m_nibName(nibName)
 {
+    if (!nibName.isNull())
+        rare().nibName = nibName;
+}
+
+ZelViewController::Rare &ZelViewController::rare()
+{
+    if (!m_rare)
+        m_rare = std::make_unique<Rare>();
+    return *m_rare;
 }
 
 ZelViewController::~ZelViewController()
@@ -78,34 +94,55 @@ void ZelViewController::setTitle(const QString &title)
     if (m_title == title && m_title.isNull() == title.isNull())
         return;
     m_title = title;
-    Q_EMIT titleChanged();
+    const QPointer<ZelViewController> alive(this);
+    titleDidChange();
+    if (alive)
+        Q_EMIT titleChanged();
+}
+
+const QString &ZelViewController::toolTip() const
+{
+    static const QString none;
+    return m_rare ? m_rare->toolTip : none;
+}
+
+const QString &ZelViewController::whatsThis() const
+{
+    static const QString none;
+    return m_rare ? m_rare->whatsThis : none;
 }
 
 void ZelViewController::setToolTip(const QString &toolTip)
 {
-    if (!ZelAssign(m_toolTip, toolTip))
-        return;
-    if (m_view)
-        showHelp();
-    Q_EMIT toolTipChanged();
+    setHelp(&Rare::toolTip, toolTip, &ZelViewController::toolTipChanged);
 }
 
 void ZelViewController::setWhatsThis(const QString &whatsThis)
 {
-    if (!ZelAssign(m_whatsThis, whatsThis))
+    setHelp(&Rare::whatsThis, whatsThis, &ZelViewController::whatsThisChanged);
+}
+
+void ZelViewController::setHelp(QString Rare::*text, const QString &value, void (ZelViewController::*changed)())
+{
+    if ((!m_rare && value.isNull()) || !ZelAssign(rare().*text, value))
         return;
     if (m_view)
         showHelp();
-    Q_EMIT whatsThisChanged();
+    Q_EMIT (this->*changed)();
 }
 
 void ZelViewController::showHelp()
 {
-    view()->setToolTip(m_toolTip);
-    view()->setWhatsThis(m_whatsThis);
+    view()->setToolTip(toolTip());
+    view()->setWhatsThis(whatsThis());
 }
 
 // Loading
+
+QString ZelViewController::nibName() const
+{
+    return m_rare && !m_rare->nibName.isNull() ? m_rare->nibName : viewNibName();
+}
 
 QString ZelViewController::viewNibName() const
 {
@@ -145,7 +182,7 @@ void ZelViewController::makeView()
         viewDidLoad();
         if (!loading.isOwnerAlive())
             return;
-        if (m_view && !(m_toolTip.isEmpty() && m_whatsThis.isEmpty()))
+        if (m_view && !(toolTip().isEmpty() && whatsThis().isEmpty()))
             showHelp();
     }
     if (m_view && m_view->isInstalled() && !m_viewInstalled)
@@ -183,7 +220,7 @@ void ZelViewController::viewWasDestroyed(const ZelView *view)
 {
     if (m_respondingView == view) {
         m_respondingView = nullptr;
-        m_next = {};
+        setNextLink({});
     }
     if (m_view != view)
         return;
@@ -251,16 +288,27 @@ void ZelViewController::uninstall() noexcept
 
 // Responders
 
+void ZelViewController::setNextLink(const ZelResponderLink &link)
+{
+    if (m_rare || link.isSet)
+        rare().next = link;
+}
+
+ZelResponderLink ZelViewController::takeNextLink()
+{
+    return m_rare ? std::exchange(m_rare->next, {}) : ZelResponderLink();
+}
+
 QObject *ZelViewController::nextResponder() const
 {
-    if (m_next.isSet)
-        return m_next.responder;
+    if (m_rare && m_rare->next.isSet)
+        return m_rare->next.responder;
     return m_respondingView ? m_respondingView->parentWidget() : nullptr;
 }
 
 void ZelViewController::setNextResponder(QObject *responder)
 {
-    m_next = {true, responder};
+    setNextLink({true, responder});
 }
 
 // Editing

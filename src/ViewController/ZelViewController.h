@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 #include <functional>
+#include <memory>
 
 class QWidget;
 class ZelView;
@@ -52,9 +53,9 @@ public:
 
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);
-    const QString &toolTip() const { return m_toolTip; }
+    const QString &toolTip() const;
     void setToolTip(const QString &toolTip);
-    const QString &whatsThis() const { return m_whatsThis; }
+    const QString &whatsThis() const;
     void setWhatsThis(const QString &whatsThis);
 
     /// File, line and column of the element from which the controller was made. Empty for a controller made in code;
@@ -63,7 +64,7 @@ public:
     void setPlace(const ZelSourcePlace &place) { m_place = place; }
 
     /// The name under which loadView looks for a view.
-    QString nibName() const { return m_nibName.isNull() ? viewNibName() : m_nibName; }
+    QString nibName() const;
     /// Registers the function that makes the view for a name. A null loader removes the registration.
     static void registerViewLoader(const QString &nibName, const ViewLoader &loader);
 
@@ -126,9 +127,16 @@ protected:
     /// Gives the tool tip and the help text to the widgets that show them, by default to the view. Called when the view
     /// was loaded, if there are such texts, and when one of them changes.
     virtual void showHelp();
+    /// Called when there is another title, before titleChanged is emitted.
+    virtual void titleDidChange() {}
 
 private:
     friend class ZelView;
+    struct Rare; // members that few controllers need
+    Rare &rare();
+    void setHelp(QString Rare::*text, const QString &value, void (ZelViewController::*changed)());
+    void setNextLink(const ZelResponderLink &link);
+    ZelResponderLink takeNextLink();
     void makeView();
     void setViewInstalled(bool installed);
     void viewWasDestroyed(const ZelView *view);
@@ -136,12 +144,9 @@ private:
 
     QPointer<ZelView> m_view;
     QPointer<ZelView> m_respondingView; // the view whose next responder is behind this controller
-    QString m_nibName;
+    std::unique_ptr<Rare> m_rare;
     QString m_title;
-    QString m_toolTip;
-    QString m_whatsThis;
     ZelSourcePlace m_place;
-    ZelResponderLink m_next;
     bool m_viewInstalled = false;
     bool m_loading = false;
     bool m_diesWithParent = false;

@@ -120,6 +120,7 @@ private:
     std::unique_ptr<QWidget> m_otherWindow;
     QPointer<QLineEdit> m_otherField;
     std::unique_ptr<ZelTabbedInspector> m_inspector;
+    unsigned m_inspectorsMade = 0;
     std::vector<QPointer<QObject>> m_objects; // owned
     std::deque<std::unique_ptr<QObject>> m_watchers;
     std::unordered_set<const QObject *> m_rekeyed; // editors that no longer edit what the description says

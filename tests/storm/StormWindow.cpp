@@ -6,6 +6,8 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorPane.h"
+#include "Inspector/private/ZelRowBlocks.h"
 
 #include <QAbstractScrollArea>
 #include <QLineEdit>
@@ -60,7 +62,13 @@ void Storm::makeInspector()
     generator.setUrl(QUrl::fromLocalFile(QStringLiteral(ZEL_STORM "/Storm.xml")));
     generator.setOwner(m_owner.get());
     m_inspector.reset(generator.createTabbedInspector());
+    const bool isLarge = ++m_inspectorsMade % 2 == 0; // every second time its rows come and go as in a large panel
+    ZelRowBlocks::setMostRowsAtOnce(isLarge ? 1 : 0);
     m_window->layout()->addWidget(m_inspector->view());
+    for (const ZelInspectorPane *pane : m_inspector->panes()) {
+        if (isLarge && pane->scrollView())
+            pane->scrollView()->setKeptRows(int(m_inspectorsMade % 20));
+    }
 }
 
 /// An action may change everything, also the inspector whose control was used.

@@ -15,8 +15,12 @@ constexpr int g_rowsOfBlock = 12;
 constexpr int g_lowestRow = 20; // in pixels
 constexpr int g_screens = 3;
 
-int mostRowsBuiltAtOnce()
+int g_mostRowsAtOnce = 0; // if it is not the usual number
+
+int mostRowsAtOnce()
 {
+    if (g_mostRowsAtOnce > 0)
+        return g_mostRowsAtOnce;
     const QScreen *screen = QGuiApplication::primaryScreen();
     return g_screens * (screen ? screen->availableSize().height() : 1000) / g_lowestRow;
 }
@@ -50,8 +54,13 @@ bool ZelRowBlocks::isWorthwhile(const ZelInspectorSection *section)
     while (panel->parent() && qobject_cast<ZelInspectorContainer *>(panel->parent()) &&
            !qobject_cast<const ZelInspectorPane *>(panel))
         panel = panel->parent();
-    const int limit = mostRowsBuiltAtOnce();
+    const int limit = mostRowsAtOnce();
     return rowCount(panel, limit) > limit;
+}
+
+void ZelRowBlocks::setMostRowsAtOnce(int rows)
+{
+    g_mostRowsAtOnce = rows;
 }
 
 QList<QWidget *> ZelRowBlocks::arrange(const ZelRowBlock::Rows &rows)

@@ -13,6 +13,8 @@ class ZelRowBlocks
 public:
     /// Whether the panel is high enough, which is about three screens.
     static bool isWorthwhile(const ZelInspectorSection *section);
+    /// Sets another limit for panels that are made from now on, in rows; 0 for the usual one. It is meant for tests.
+    static void setMostRowsAtOnce(int rows);
 
     /// The blocks for these rows. Those whose rows have not changed at the beginning and at the end stay.
     QList<QWidget *> arrange(const ZelRowBlock::Rows &rows);
