@@ -76,8 +76,8 @@ void absolute(const QString &name, double goalMs, const Work &ours, const Option
 /// The same for a time, in milliseconds, that `ours` measures itself. The lowest of five counts.
 void measured(const QString &name, double goalMs, const std::function<double()> &ours);
 
-/// What `ours` keeps on the heap must be at most `goal` of what `reference` keeps. Both make something, which is deleted
-/// with the answer. The bytes are reported for one of `count` items.
+/// What `ours` keeps on the heap must be at most `goal` of what `reference` keeps. Both make something, which is
+/// deleted with the answer. The bytes are reported for one of `count` items.
 void memory(const QString &name, double goal, int count, const std::function<std::shared_ptr<void>()> &ours,
             const std::function<std::shared_ptr<void>()> &reference);
 

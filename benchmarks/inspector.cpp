@@ -147,8 +147,9 @@ static void inspectorMemory()
 {
     RowModel model;
     const DescribedForm form(model, 5000);
-    Bench::memory(QStringLiteral("A memory of a row of 5000"), 0.25, 5000, [&] { return shown(form.make()); },
-                  [&] { return shown(formByHand(model, 5000)); });
+    Bench::memory(
+        QStringLiteral("A memory of a row of 5000"), 0.25, 5000, [&] { return shown(form.make()); },
+        [&] { return shown(formByHand(model, 5000)); });
 }
 ZEL_BENCHMARK(inspectorMemory)
 
@@ -175,8 +176,9 @@ static void inspectorScrolling()
     const DescribedForm form(model, 5000);
     const auto ours = shown(form.make());
     const auto byHand = shown(formByHand(model, 5000));
-    Bench::compare(QStringLiteral("A scroll 5000 rows by pages"), 1.2, [&] { scrollByPages(ours.get()); },
-                   [&] { scrollByPages(byHand.get()); });
+    Bench::compare(
+        QStringLiteral("A scroll 5000 rows by pages"), 1.2, [&] { scrollByPages(ours.get()); },
+        [&] { scrollByPages(byHand.get()); });
     Bench::measured(QStringLiteral("A the longest page"), 16, [&] { return scrollByPages(ours.get()); });
 }
 ZEL_BENCHMARK(inspectorScrolling)

@@ -13,10 +13,10 @@ class ZelRowBlocks;
 ///
 /// A change of the title or of the list shows at the end of the turn, or before if the window is painted before.
 ///
-/// In a panel of more than about three screens, the views of rows in a ZelScrollView are made when they come into sight,
-/// or when somebody asks their controllers for them; spaces stand in for the others. Rows that are far out of sight give
-/// their views back when there are more than 500, unless they hold the focus or an edit. While assistive technology is
-/// in use, all rows have views.
+/// In a panel of more than about three screens, the views of rows in a ZelScrollView are made when they come into
+/// sight, or when somebody asks their controllers for them; spaces stand in for the others. Rows that are far out of
+/// sight give their views back when there are more than 500, unless they hold the focus or an edit. While assistive
+/// technology is in use, all rows have views.
 class ZEL_EXPORT ZelInspectorSection : public ZelInspectorConditionalContainer
 {
     Q_OBJECT

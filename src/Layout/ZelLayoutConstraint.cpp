@@ -72,18 +72,21 @@ QList<ZelLayoutConstraint::Ptr> ZelLayoutConstraint::constraintsWithVisualFormat
 
 void ZelLayoutConstraint::setConstant(double constant)
 {
-    if (!ZelRequire(std::isfinite(constant), "isfinite(constant)") || (constant == m_constant && !m_isSlack))
-        return;
-    m_constant = constant;
-    m_isSlack = false;
-    if (m_layout)
-        m_layout->constantDidChange(*this);
+    if (ZelRequire(std::isfinite(constant), "isfinite(constant)"))
+        setConstant(constant, false);
 }
 
 void ZelLayoutConstraint::setSlack(double constant)
 {
-    setConstant(constant);
-    m_isSlack = true;
+    setConstant(constant, true);
+}
+
+void ZelLayoutConstraint::setConstant(double constant, bool isSlack)
+{
+    if (constant == m_constant && isSlack == m_isSlack)
+        return;
+    m_constant = constant;
+    m_isSlack = isSlack;
     if (m_layout)
         m_layout->constantDidChange(*this);
 }

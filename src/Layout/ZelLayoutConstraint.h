@@ -73,6 +73,7 @@ private:
     friend class ZelStackView;
     /// Sets a constant that stands for a distance without limit, until setConstant is called.
     void setSlack(double constant);
+    void setConstant(double constant, bool isSlack);
     double effectiveConstant() const;
     static bool isVertical(Attribute attribute);
 

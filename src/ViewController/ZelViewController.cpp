@@ -128,7 +128,7 @@ void ZelViewController::setHelp(QString Rare::*text, const QString &value, void 
         return;
     if (m_view)
         showHelp();
-    Q_EMIT (this->*changed)();
+    Q_EMIT(this->*changed)();
 }
 
 void ZelViewController::showHelp()

@@ -9,11 +9,21 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QStyle>
 #include <QWheelEvent>
 #include <QWindow>
+
+namespace {
+
+bool isTab(const QEvent *event)
+{
+    const int key = event->type() == QEvent::KeyPress ? static_cast<const QKeyEvent *>(event)->key() : 0;
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
+} // namespace
 
 ZelScrollView::ZelScrollView(QWidget *parent)
     : ZelGuardedScrollArea(parent)
@@ -25,7 +35,10 @@ ZelScrollView::ZelScrollView(QWidget *parent)
     connect(qApp, &QApplication::focusChanged, this, &ZelScrollView::focusDidChange);
 }
 
-ZelScrollView::~ZelScrollView() = default;
+ZelScrollView::~ZelScrollView()
+{
+    disconnect(qApp, nullptr, this, nullptr); // a control in the document loses the focus while this dies
+}
 
 void ZelScrollView::setDocumentView(QWidget *view)
 {
@@ -70,17 +83,18 @@ QSize ZelScrollView::documentSize() const
     return height > room.height() ? QSize(narrow, documentHeight(narrow)) : QSize(room.width(), height);
 }
 
-/// Qt follows the focus within a scroll area, but not into it.
+/// Qt follows the Tab key within a scroll area, but not into it.
 void ZelScrollView::focusDidChange(QWidget *former, QWidget *present)
 {
     const QWidget *document = documentView();
-    if (!former || !present || !document || document->isAncestorOf(former) || !document->isAncestorOf(present))
+    if (!m_isTabPressed || !former || !present || !document || document->isAncestorOf(former) || !document->isAncestorOf(present))
         return;
     const auto follow = [this, focus = QPointer<QWidget>(present)] {
         if (focus && focus->hasFocus() && documentView() && documentView()->isAncestorOf(focus))
             ensureWidgetVisible(focus);
     };
-    QMetaObject::invokeMethod(this, [this, follow] { ZelExceptionReporter::run(this, follow); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, follow] { ZelExceptionReporter::run(this, follow); }, Qt::QueuedConnection);
 }
 
 void ZelScrollView::setKeptRows(int rows)
@@ -162,6 +176,8 @@ bool ZelScrollView::scrollsInPlaceOf(const QWidget *widget) const
 bool ZelScrollView::filterEvent(QObject *watched, QEvent *event)
 {
     if (watched == m_watchedWindow) {
+        if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress)
+            m_isTabPressed = isTab(event);
         if (event->type() != QEvent::Wheel || !isVisible() || !documentView())
             return false;
         auto *wheel = static_cast<QWheelEvent *>(event);

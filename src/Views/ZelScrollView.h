@@ -59,5 +59,6 @@ private:
     QPointer<QObject> m_watchedWindow;
     QPointer<ZelSight> m_sight; // made for parts that wait to be seen
     int m_keptRows = 500;
+    bool m_isTabPressed = false; // and no other key or button since then
     bool m_updatingDocumentSize = false;
 };

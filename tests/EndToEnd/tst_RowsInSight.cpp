@@ -3,6 +3,7 @@
 
 #include "Inspector/ZelInspectorSection.h"
 #include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/private/ZelRowCommands.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -22,12 +23,24 @@ QByteArray manyRows(int count = g_rowCount)
         const QByteArray title = "Row " + QByteArray::number(i);
         const QByteArray condition = i % 7 == 3 ? " visibleKeyPath='unlocked'" : "";
         rows += "<sliver title='" + title + "'" + condition + ">";
+        if (i == count - 1)
+            return rows + "<property type='number' keyPath='people.selection.flags' defaultValue='5'/></sliver>";
         switch (i % 5) {
-        case 0: rows += "<property type='string' keyPath='people.selection.name'/>"; break;
-        case 1: rows += "<property type='number' keyPath='people.selection.height'/>"; break;
-        case 2: rows += "<property type='boolean' title='Active' keyPath='people.selection.active'/>"; break;
-        case 3: rows += "<property type='size' keyPath='people.selection.size'/>"; break;
-        case 4: rows += "<property type='number' keyPath='people.selection.height' title='Height' slider='linear'/>"; break;
+        case 0:
+            rows += "<property type='string' keyPath='people.selection.name'/>";
+            break;
+        case 1:
+            rows += "<property type='number' keyPath='people.selection.height'/>";
+            break;
+        case 2:
+            rows += "<property type='boolean' title='Active' keyPath='people.selection.active'/>";
+            break;
+        case 3:
+            rows += "<property type='size' keyPath='people.selection.size'/>";
+            break;
+        case 4:
+            rows += "<property type='number' keyPath='people.selection.height' title='Height' slider='linear'/>";
+            break;
         }
         rows += "</sliver>";
     }
@@ -125,7 +138,8 @@ private Q_SLOTS:
                 parts[2] = QString::number(parts[2].toInt() - step);
                 moved.append(parts.join(u' '));
             }
-            const int shared = int(std::count_if(moved.begin(), moved.end(), [&](const auto &p) { return after.contains(p); }));
+            const int shared =
+                int(std::count_if(moved.begin(), moved.end(), [&](const auto &p) { return after.contains(p); }));
             QVERIFY2(shared >= 10, qPrintable(after.join(u',') + u'\n' + moved.join(u',')));
         }
     }
@@ -239,6 +253,23 @@ private Q_SLOTS:
         Sheet::settle();
         QCOMPARE(bar(*m_sheet)->maximum(), all);
         QVERIFY2(builtCount(*m_sheet) < 300, qPrintable(QString::number(builtCount(*m_sheet))));
+    }
+
+    void commandsReachRowsOutOfSight()
+    {
+        auto *section = qobject_cast<ZelInspectorSection *>(rows(*m_sheet).last()->parent());
+        m_sheet->set(0, "flags", 3);
+        m_sheet->set(1, "flags", 4);
+        ZelRowCommands::ofSection(section).copy();
+        m_sheet->select({1, 2});
+        ZelRowCommands::ofSection(section).paste();
+        QCOMPARE(m_sheet->value(2, "flags"), 3);
+        ZelRowCommands::ofSection(section).reset();
+        QCOMPARE(m_sheet->value(1, "flags"), 5);
+        m_sheet->undo();
+        m_sheet->undo();
+        QCOMPARE(m_sheet->value(1, "flags"), 4);
+        QCOMPARE(m_sheet->value(2, "flags"), 0);
     }
 
     void rowsComeAndGo()

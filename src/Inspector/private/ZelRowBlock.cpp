@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/private/ZelRowBlock.h"
 
+#include "Controls/private/ZelColorPanelClient.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/RunLoop/ZelMemberScope.h"
@@ -33,6 +34,8 @@ ZelRowBlock::~ZelRowBlock()
             row->m_block = nullptr;
     }
     uninstall();
+    if (m_sight)
+        m_sight->remove(this);
 }
 
 // Waiting and coming
@@ -40,8 +43,10 @@ ZelRowBlock::~ZelRowBlock()
 void ZelRowBlock::wait(double height)
 {
     m_isWaiting = true;
-    m_assumedHeight = ZelLayoutConstraint::constraintWithItem(
-        this, ZelLayoutConstraint::Height, ZelLayoutConstraint::Equal, nullptr, ZelLayoutConstraint::NotAnAttribute, 1, height);
+    forgetHeight();
+    m_assumedHeight =
+        ZelLayoutConstraint::constraintWithItem(this, ZelLayoutConstraint::Height, ZelLayoutConstraint::Equal, nullptr,
+                                                ZelLayoutConstraint::NotAnAttribute, 1, height);
     addConstraint(m_assumedHeight);
     setFocusPolicy(Qt::TabFocus);
 }
@@ -160,8 +165,13 @@ bool ZelRowBlock::measure()
 bool ZelRowBlock::isNeeded() const
 {
     const QWidget *focus = window()->focusWidget();
+    const auto usesPanel = [](const QObject *object) {
+        const auto clients = object->findChildren<ZelColorPanelClient *>();
+        return std::any_of(clients.begin(), clients.end(), [](const auto *client) { return client->isActive(); });
+    };
     return (focus && isAncestorOf(focus)) || QApplication::activePopupWidget() || QApplication::activeModalWidget() ||
-           QApplication::mouseButtons() != Qt::NoButton;
+           QApplication::mouseButtons() != Qt::NoButton || usesPanel(this) ||
+           std::any_of(m_rows.begin(), m_rows.end(), [&](const auto &row) { return row && usesPanel(row); });
 }
 
 /// What was typed and refused stays.
@@ -170,7 +180,8 @@ bool ZelRowBlock::commitRows()
     const ZelPassiveEdits passive;
     const QPointer<ZelRowBlock> alive(this);
     const Rows rows = m_rows;
-    return std::all_of(rows.begin(), rows.end(), [&](const auto &row) { return alive && (!row || row->commitEditing()); });
+    return std::all_of(rows.begin(), rows.end(),
+                       [&](const auto &row) { return alive && (!row || row->commitEditing()); });
 }
 
 bool ZelRowBlock::goOutOfSight()
@@ -181,7 +192,7 @@ bool ZelRowBlock::goOutOfSight()
     const int present = height();
     const bool wasPartial = std::exchange(m_lacksRows, false);
     setSubviews({});
-    const Rows rows = m_rows;
+    const Rows rows = alive ? m_rows : Rows();
     for (const QPointer<Row> &row : rows) {
         if (row && row->isViewLoaded() && !row->view()->parentWidget())
             ZelExceptionReporter::run(row, [&row] { row->setView(nullptr); });
@@ -191,7 +202,7 @@ bool ZelRowBlock::goOutOfSight()
     wait(present);
     if (wasPartial)
         updateAssumedHeight();
-    observeConditions();
+    ZelExceptionReporter::run(this, [this] { observeConditions(); });
     return true;
 }
 
@@ -225,15 +236,16 @@ void ZelRowBlock::rowDidChangeCondition(Row *row)
 void ZelRowBlock::viewDidInstall()
 {
     ZelVerticalStackView::viewDidInstall();
-    m_sight = ZelSight::around(this);
-    if (m_sight)
-        m_heights = ZelRowHeights::of(m_sight);
-    if (m_isWaiting && !m_sight)
-        fill();
-    if (m_sight)
-        m_sight->add(this);
     const QPointer<ZelRowBlock> alive(this);
-    observeConditions();
+    m_sight = ZelSight::around(this);
+    if (m_sight) {
+        m_heights = ZelRowHeights::of(m_sight);
+        m_sight->add(this);
+    } else if (m_isWaiting) {
+        fill();
+    }
+    if (alive)
+        observeConditions();
     if (alive && m_heights && !m_heights->isEmpty())
         updateAssumedHeight();
 }

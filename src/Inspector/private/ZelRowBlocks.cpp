@@ -67,7 +67,8 @@ QList<QWidget *> ZelRowBlocks::arrange(const ZelRowBlock::Rows &rows)
 {
     std::vector<QPointer<ZelRowBlock>> former = std::exchange(m_blocks, {});
     const auto isAt = [&rows](const ZelRowBlock *block, qsizetype place) {
-        return block && !block->rows().isEmpty() && place >= 0 && rows.mid(place, block->rows().size()) == block->rows();
+        return block && !block->rows().isEmpty() && place >= 0 &&
+               rows.mid(place, block->rows().size()) == block->rows();
     };
     qsizetype first = 0;
     size_t keptAtStart = 0;

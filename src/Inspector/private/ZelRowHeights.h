@@ -6,8 +6,8 @@
 
 class ZelInspectorConditionalContainer;
 
-/// The heights of rows that are not made yet: those of rows of the same kind that were measured. Rows are of one kind if
-/// they have editors of the same classes, with and without titles. There is one for a scroll view.
+/// The heights of rows that are not made yet: those of rows of the same kind that were measured. Rows are of one kind
+/// if they have editors of the same classes, with and without titles. There is one for a scroll view.
 class ZelRowHeights : public QObject
 {
 public:

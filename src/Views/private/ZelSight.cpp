@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int g_delay = 30;  // in milliseconds, after what is seen was painted
+constexpr int g_delay = 30; // in milliseconds, after what is seen was painted
 constexpr int g_rounds = 8; // of parts that come because others turned out to be lower than assumed
 
 } // namespace
@@ -70,7 +70,7 @@ bool ZelSight::has(const Part *part) const
 void ZelSight::accessibilityActiveChanged(bool active)
 {
     m_isEverythingSeen = active;
-    update();
+    ZelExceptionReporter::run(this, [this] { update(); });
 }
 
 void ZelSight::update()
@@ -195,7 +195,8 @@ void ZelSight::measure(const Parts &parts)
     if (!alive || !doOthersChange)
         return;
     Parts others;
-    std::copy_if(m_parts.begin(), m_parts.end(), std::back_inserter(others), [](Part *part) { return part->isWaiting(); });
+    std::copy_if(m_parts.begin(), m_parts.end(), std::back_inserter(others),
+                 [](Part *part) { return part->isWaiting(); });
     for (Part *part : others)
         part->updateAssumedHeight();
     ZelLayoutTurn::settle(widgetsOf(others));
@@ -217,7 +218,7 @@ ZelSight::Anchor ZelSight::anchor() const
         if (position + widget->height() <= 0 || position >= viewportHeight())
             continue;
         const bool isBetter = best.part && best.part->isWaiting() != part->isWaiting() ? best.part->isWaiting()
-                                                                                     : position < best.position;
+                                                                                       : position < best.position;
         if (!best.part || isBetter)
             best = {part, position};
     }

@@ -11,8 +11,8 @@ class QWidget;
 class ZelScrollView;
 
 /// Knows which parts of a scroll view's document are, or are about to be, in sight. A part that costs much waits until
-/// then, with a height that it assumes, and may be given up again when it is far away. What is seen stays where it is on
-/// the screen while heights above it turn out to be others. For assistive technology everything is in sight.
+/// then, with a height that it assumes, and may be given up again when it is far away. What is seen stays where it is
+/// on the screen while heights above it turn out to be others. For assistive technology everything is in sight.
 class ZelSight : public QObject, private QAccessible::ActivationObserver
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ private:
 
     QPointer<ZelScrollView> m_view;
     Parts m_parts;
-    QTimer m_ahead; // lets come what is about to be seen
+    QTimer m_ahead;          // lets come what is about to be seen
     bool m_isEverythingSeen; // by assistive technology
     bool m_isUpdating = false;
     bool m_isScheduled = false;
