@@ -229,8 +229,8 @@ void scaling(const QString &name, double goal, const QList<int> &sizes, const st
         for (double &time : times[i])
             time /= sizes[qsizetype(i)];
     for (size_t i = 1; i + 1 < times.size(); ++i)
-        print(QStringLiteral("  an item of %1").arg(sizes[qsizetype(i)]), readable(median(times[i])),
-              readable(median(times[0])), QString::number(medianRatio(times[i], times[0]), 'f', 3), "-", "");
+        print(QStringLiteral("  an item of %1").arg(sizes[qsizetype(i)]), readableTime(median(times[i])),
+              readableTime(median(times[0])), QString::number(medianRatio(times[i], times[0]), 'f', 3), "-", "");
     report({name, median(times.back()), median(times.front()), medianRatio(times.back(), times.front()), goal});
 }
 
