@@ -87,7 +87,8 @@ QSize ZelScrollView::documentSize() const
 void ZelScrollView::focusDidChange(QWidget *former, QWidget *present)
 {
     const QWidget *document = documentView();
-    if (!m_isTabPressed || !former || !present || !document || document->isAncestorOf(former) || !document->isAncestorOf(present))
+    if (!m_isTabPressed || !former || !present || !document || document->isAncestorOf(former) ||
+        !document->isAncestorOf(present))
         return;
     const auto follow = [this, focus = QPointer<QWidget>(present)] {
         if (focus && focus->hasFocus() && documentView() && documentView()->isAncestorOf(focus))
