@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyle>
+#include <QStyleOptionSpinBox>
 #include <QTimeZone>
 
 namespace {
