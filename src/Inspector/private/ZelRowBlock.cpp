@@ -29,13 +29,18 @@ ZelRowBlock::ZelRowBlock(const Rows &rows)
 
 ZelRowBlock::~ZelRowBlock()
 {
+    leaveRows();
+    uninstall();
+    if (m_sight)
+        m_sight->remove(this);
+}
+
+void ZelRowBlock::leaveRows()
+{
     for (const QPointer<Row> &row : m_rows) {
         if (row && row->m_block == this)
             row->m_block = nullptr;
     }
-    uninstall();
-    if (m_sight)
-        m_sight->remove(this);
 }
 
 // Waiting and coming
@@ -123,10 +128,7 @@ void ZelRowBlock::rowDidHideOrShow()
 
 void ZelRowBlock::release()
 {
-    for (const QPointer<Row> &row : m_rows) {
-        if (row && row->m_block == this)
-            row->m_block = nullptr;
-    }
+    leaveRows();
     forgetConditions();
     m_rows.clear();
     setSubviews({});

@@ -49,6 +49,7 @@ private:
     int weight() const override { return m_isWaiting ? 0 : int(m_rows.size()); }
     bool goOutOfSight() override;
 
+    void leaveRows();
     void wait(double height);
     void forgetHeight();
     void makeRows();
