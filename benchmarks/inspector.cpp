@@ -154,9 +154,10 @@ static void inspectorMemory()
 ZEL_BENCHMARK(inspectorMemory)
 
 /// Scrolls from the top to the bottom, page by page. Answers the time of the longest page in milliseconds.
-static double scrollByPages(const QWidget *window)
+static double scrollByPages(QWidget *window)
 {
-    QScrollBar *bar = window->findChild<QScrollArea *>()->verticalScrollBar();
+    auto *area = qobject_cast<QScrollArea *>(window);
+    QScrollBar *bar = (area ? area : window->findChild<QScrollArea *>())->verticalScrollBar();
     double longest = 0;
     bar->setValue(0);
     QApplication::processEvents();
