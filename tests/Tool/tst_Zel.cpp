@@ -462,6 +462,30 @@ private Q_SLOTS:
                              "given"));
     }
 
+    /// Names begin at the resources of the program, also in a file that lies in a subfolder of them.
+    void includedFilesAreFoundAsTheProgramFindsThem()
+    {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("parts")));
+        write("Main.xml", "<pane title='Main'><inspector><slice file='parts/Size.xml'/></inspector></pane>");
+        write("parts/Size.xml", "<slice>\n<section file='parts/Row.xml'/>\n<section file='Row.xml'/></slice>");
+        write("parts/Row.xml", "<slice><sliver><property type='enumeration' style='segmented' keyPath='k'>"
+                               "<option-group>\n<option image='Pen' value='1'/>\n"
+                               "<option image='parts/Pen' value='2'/></option-group></property></sliver></slice>");
+        write("parts/Pen.png", {});
+        const QString row =
+            "parts/Size.xml:3:10: error: file=\"Row.xml\" is no resource of the application, did you mean "
+            "\"parts/Row.xml\"?\n";
+        const QString pen = "parts/Row.xml:2:9: error: Missing image with name Pen, did you mean \"parts/Pen\"?\n";
+        const QStringList all{"check", "Main.xml", "parts/Size.xml", "parts/Row.xml"};
+        QCOMPARE(zel({"check", "Main.xml"}).output, pen + row);
+        QCOMPARE(zel(all).output, pen + row);
+        // Of an image that nobody names, the program built of these files has nothing.
+        const QString none = "; one of the application's is named by --image, in CMake by IMAGE_FILES or IMAGES\n";
+        const QString noPen = "parts/Row.xml:2:9: error: Missing image with name Pen" + none +
+                              "parts/Row.xml:3:9: error: Missing image with name parts/Pen" + none;
+        QCOMPARE(zel(all + QStringList("--complete")).output, noPen + row);
+    }
+
     void formatsAndExitStatus()
     {
         write(QStringLiteral("Good.xml"), "<slice/>");

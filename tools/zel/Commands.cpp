@@ -28,7 +28,7 @@ constexpr Option g_check[] = {
     {"property-type", "NAME", "a type of editors that the application makes"},
     {"key", "CLASS.KEY", "a key that the class does not declare, or one that is to have no NOTIFY signal"},
     {"format", "FORMAT", "how mistakes are printed: text, json or github", nullptr, "text json github"},
-    {"complete", nullptr, "included files are to be among FILES, or in a folder of resources"},
+    {"complete", nullptr, "FILES are all descriptions of the application; others are in the resources only"},
     {"werror", nullptr, "warnings make the check fail, too"},
 };
 

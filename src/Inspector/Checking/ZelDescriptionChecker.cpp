@@ -6,7 +6,6 @@
 #include "Inspector/Checking/private/ZelTypeCheck.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 
-#include <QFileInfo>
 #include <QSet>
 #include <algorithm>
 #include <tuple>
@@ -25,7 +24,7 @@ private:
     void readTypes();
     void readScope();
     void visit(const ZelDescriptionWalk::Node &node);
-    void checkIncluded(const ZelDescriptionWalk::Node &node);
+    QString forgottenFile(const ZelInspectorConfiguration &element) const;
     void add(Mistake mistake);
 
     const Options &m_options;
@@ -36,7 +35,6 @@ private:
     ZelAttributePlaces m_places;
     QList<Mistake> m_mistakes;
     QSet<QString> m_known;
-    QSet<QString> m_files;
 };
 
 Checker::Run::Run(const Options &options)
@@ -50,9 +48,10 @@ QList<Mistake> Checker::Run::check(const QStringList &files)
 {
     readTypes();
     readScope();
-    for (const QString &file : files)
-        m_files.insert(QFileInfo(file).canonicalFilePath());
-    m_walk.walk(files);
+    if (m_options.isComplete)
+        m_walk.walkAll(files);
+    else
+        m_walk.walk(files);
     QStringList order; // files as they were come across
     for (const Mistake &mistake : std::as_const(m_mistakes))
         order.append(mistake.place.file);
@@ -99,27 +98,29 @@ void Checker::Run::readScope()
 void Checker::Run::visit(const ZelDescriptionWalk::Node &node)
 {
     ZelDescriptionCheck::Options options{.isThorough = true};
-    options.findFile = [this](const ZelInspectorConfiguration &element) { return m_walk.fileOf(element); };
-    options.fileNames = [this](const ZelInspectorConfiguration &element) { return m_walk.namesBeside(element); };
+    options.findFile = [&](const ZelInspectorConfiguration &element) {
+        const QString forgotten = forgottenFile(element);
+        return forgotten.isNull() ? m_walk.fileOf(element) : QUrl::fromLocalFile(forgotten);
+    };
+    options.fileNames = [this](const ZelInspectorConfiguration &element) {
+        return m_walk.resources().namesFor(element.place().file);
+    };
     const bool isWithProperty = node.role == u"option-group" || node.role == u"option";
     if (!isWithProperty)
         ZelDescriptionCheck(m_report, options).check(node.element, node.role);
     ZelReferenceCheck(m_options, m_types, m_walk, m_report).check(node);
     ZelTypeCheck(m_types, !m_options.typeFiles.isEmpty(), m_scope, m_report).check(node);
-    if (m_options.isComplete)
-        checkIncluded(node);
+    if (!forgottenFile(node.element).isNull())
+        m_report({Mistake::Error,
+                  QStringLiteral("The file \"%1\" is there, but not among the files that are given")
+                      .arg(node.element.stringValueNamed(u"file")),
+                  node.element.place(), QStringLiteral("file")});
 }
 
 /// A file that lies beside the others may have been forgotten where the resources of the program are listed.
-void Checker::Run::checkIncluded(const ZelDescriptionWalk::Node &node)
+QString Checker::Run::forgottenFile(const ZelInspectorConfiguration &element) const
 {
-    const QString file = QFileInfo(m_walk.fileOf(node.element).toLocalFile()).canonicalFilePath();
-    if (file.isEmpty() || m_files.contains(file) || m_walk.isResource(file))
-        return;
-    m_report({Mistake::Error,
-              QStringLiteral("The file \"%1\" is there, but not among the files that are given")
-                  .arg(node.element.stringValueNamed(u"file")),
-              node.element.place(), QStringLiteral("file")});
+    return m_walk.resources().forgottenFile(element.stringValueNamed(u"file"), element.place().file);
 }
 
 void Checker::Run::add(Mistake mistake)

@@ -19,8 +19,9 @@ class ZEL_EXPORT ZelDescriptionChecker
 public:
     struct Options
     {
-        /// Where included files and images are looked for, after the folders of the including and the first file. These
-        /// may be folders, or files of Qt's resources (.qrc), whose names and aliases count.
+        /// Search paths of the application besides the folder of the description: folders, or files of Qt's resources
+        /// (.qrc), whose names and aliases count. Included files and images are found as the application finds them:
+        /// their names begin at a search path, also in a file that is included from a subfolder.
         QStringList resourceFolders;
         QStringList typeFiles; ///< without any, key paths are not compared with classes
         QString owner;         ///< the class at which key paths begin; descriptions may name their own
@@ -35,7 +36,8 @@ public:
         /// "Class.key": what a class has beyond the properties that it declares, or has on purpose without a NOTIFY
         /// signal
         QStringList keys;
-        /// Whether included files are to be among those that are checked, or in a resource folder.
+        /// Whether the files are all descriptions that the application has, by their paths from the folder of the
+        /// first, those of other folders by their bare names. No folder is searched then but the resource folders.
         bool isComplete = false;
     };
 

@@ -6,7 +6,6 @@
 #include "Inspector/Description/private/ZelDescriptionHints.h"
 #include "Inspector/Description/private/ZelDescriptionSchema.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -17,13 +16,6 @@ namespace {
 QString canonical(const QString &path)
 {
     return QFileInfo(path).canonicalFilePath();
-}
-
-/// Names lead to nothing outside of the folders, as with the resources of a running application.
-bool leadsOutside(const QString &cleanName)
-{
-    return cleanName.isEmpty() || cleanName == u"." || cleanName == u".." || cleanName.startsWith(u"../") ||
-           QDir::isAbsolutePath(cleanName);
 }
 
 /// The root of a file that others include has to be of one kind.
@@ -51,21 +43,24 @@ ZelDescriptionMistake unreadable(const ZelGenericException &exception, const Zel
 
 } // namespace
 
-ZelDescriptionWalk::ZelDescriptionWalk(const QStringList &folders, Visit visit, Report report)
-    : m_visit(std::move(visit))
+ZelDescriptionWalk::ZelDescriptionWalk(const QStringList &resources, Visit visit, Report report)
+    : m_resources(resources)
+    , m_visit(std::move(visit))
     , m_report(std::move(report))
 {
-    for (const QString &name : folders)
-        (name.endsWith(u".qrc") ? m_collections : m_folders).append(name);
+}
+
+void ZelDescriptionWalk::walkAll(const QStringList &files)
+{
+    m_resources.setDescriptions(files);
+    walk(files);
 }
 
 void ZelDescriptionWalk::walk(const QStringList &files)
 {
-    for (const QString &collection : std::as_const(m_collections)) {
-        if (const QString error = ZelResourceFile::read(collection, m_aliases); !error.isNull())
-            m_report(
-                {ZelDescriptionMistake::Error, QStringLiteral("The resources cannot be read: ") + error, {collection}});
-    }
+    for (auto [collection, error] : m_resources.readCollections().asKeyValueRange())
+        m_report(
+            {ZelDescriptionMistake::Error, QStringLiteral("The resources cannot be read: ") + error, {collection}});
     const QSet<QString> included = includedFiles(files);
     for (const QString &file : files) {
         if (!included.contains(canonical(file)))
@@ -77,68 +72,39 @@ void ZelDescriptionWalk::walk(const QStringList &files)
     }
 }
 
+/// All that the files include, each as seen from the folder of that file, also by way of others.
 QSet<QString> ZelDescriptionWalk::includedFiles(const QStringList &files)
 {
     QSet<QString> included;
-    const std::function<void(const Configuration &)> collect = [&](const Configuration &element) {
-        if (const QUrl url = fileOf(element); !url.isEmpty())
-            included.insert(canonical(url.toLocalFile()));
-        for (const Configuration &child : element.configurations())
-            collect(child);
-    };
+    QHash<QString, QSet<QString>> read; // by the folder
     for (const QString &file : files) {
-        m_firstFolder = QFileInfo(file).path();
-        if (const auto root = Configuration::initWIthURL(QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath())))
-            collect(*root);
+        m_resources.setRoot(file);
+        collectIncluded(QFileInfo(file).absoluteFilePath(), read[m_resources.rootFolder()], included);
     }
     return included;
 }
 
+void ZelDescriptionWalk::collectIncluded(const QString &file, QSet<QString> &read, QSet<QString> &included) const
+{
+    const std::function<void(const Configuration &)> collect = [&](const Configuration &element) {
+        if (const QUrl url = fileOf(element); !url.isEmpty()) {
+            included.insert(canonical(url.toLocalFile()));
+            collectIncluded(url.toLocalFile(), read, included);
+        }
+        for (const Configuration &child : element.configurations())
+            collect(child);
+    };
+    if (read.contains(canonical(file)))
+        return;
+    read.insert(canonical(file));
+    if (const auto root = Configuration::initWIthURL(QUrl::fromLocalFile(file)))
+        collect(*root);
+}
+
 QUrl ZelDescriptionWalk::fileOf(const Configuration &element) const
 {
-    const QString path = pathOf(element.stringValueNamed(u"file"), element);
+    const QString path = m_resources.pathOf(element.stringValueNamed(u"file"));
     return path.isNull() ? QUrl() : QUrl::fromLocalFile(path);
-}
-
-QString ZelDescriptionWalk::pathOf(const QString &name, const Configuration &element) const
-{
-    const QString cleanName = name.isEmpty() ? QString() : QDir::cleanPath(name);
-    if (leadsOutside(cleanName))
-        return {};
-    for (const QString &folder : foldersFor(element)) {
-        const QFileInfo candidate(folder + u'/' + cleanName);
-        if (candidate.isFile())
-            return candidate.absoluteFilePath();
-    }
-    return m_aliases.value(cleanName);
-}
-
-bool ZelDescriptionWalk::isResource(const QString &file) const
-{
-    const auto isBelow = [&](const QString &folder) {
-        const QString path = canonical(folder);
-        return !path.isEmpty() && file.startsWith(path + u'/');
-    };
-    const auto isAlias = [&](const QString &path) { return canonical(path) == file; };
-    return std::ranges::any_of(m_folders, isBelow) || std::ranges::any_of(m_aliases, isAlias);
-}
-
-QStringList ZelDescriptionWalk::namesBeside(const Configuration &element) const
-{
-    QStringList names;
-    for (const QString &folder : foldersFor(element)) {
-        for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
-            names.append(file.fileName());
-    }
-    return names + m_aliases.keys();
-}
-
-QStringList ZelDescriptionWalk::foldersFor(const Configuration &element) const
-{
-    QStringList folders{QFileInfo(element.place().file).path(), m_firstFolder};
-    folders += m_folders;
-    folders.removeDuplicates();
-    return folders;
 }
 
 void ZelDescriptionWalk::walkFile(const QString &path)
@@ -146,7 +112,7 @@ void ZelDescriptionWalk::walkFile(const QString &path)
     static const QStringList roots{QStringLiteral("panes"), QStringLiteral("pane"), QStringLiteral("inspector"),
                                    QStringLiteral("slice")};
     const QFileInfo info(path);
-    m_firstFolder = info.path();
+    m_resources.setRoot(path);
     try {
         ZelDescriptionFiles files;
         const ZelDescriptionFiles::Opened file = files.open(QUrl::fromLocalFile(info.absoluteFilePath()));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Inspector/Checking/private/ZelResourceFile.h"
+#include "Inspector/Checking/private/ZelDescriptionResources.h"
 #include "Inspector/Description/ZelDescriptionMistake.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 
@@ -25,33 +25,25 @@ public:
     using Visit = std::function<void(const Node &)>;
     using Report = std::function<void(const ZelDescriptionMistake &)>;
 
-    /// Files are looked for in the folder of the file that names them, in that of the first one, and in these. Among
-    /// the folders may be files of Qt's resources (.qrc), whose names and aliases count.
-    ZelDescriptionWalk(const QStringList &folders, Visit visit, Report report);
+    ZelDescriptionWalk(const QStringList &resources, Visit visit, Report report);
 
     /// Walks through the files that no other of them includes. Reports files that cannot be read, that include
     /// themselves or that include too much, and roots of another kind than was expected.
     void walk(const QStringList &files);
+    /// The same for files that are all of the program's descriptions (ZelDescriptionResources::setDescriptions).
+    void walkAll(const QStringList &files);
     /// The file that the attribute "file" of the element names; empty if it does not exist or none is named.
     QUrl fileOf(const Configuration &element) const;
-    /// A file below one of the folders, which are searched as for fileOf; null if there is none.
-    QString pathOf(const QString &name, const Configuration &element) const;
-    /// The names of all files in these folders.
-    QStringList namesBeside(const Configuration &element) const;
-    /// Whether the file, a canonical path, lies below one of the folders or is named in a file of Qt's resources.
-    bool isResource(const QString &file) const;
+    const ZelDescriptionResources &resources() const { return m_resources; }
 
 private:
-    QStringList foldersFor(const Configuration &element) const;
     QSet<QString> includedFiles(const QStringList &files);
+    void collectIncluded(const QString &file, QSet<QString> &read, QSet<QString> &included) const;
     void walkFile(const QString &path);
     void visitTree(const Node &node, ZelDescriptionFiles &files);
     void visitIncluded(const Node &node, QStringView expectedRoot, ZelDescriptionFiles &files);
 
-    QStringList m_folders;
-    QStringList m_collections; // files .qrc
-    ZelResourceFile::Paths m_aliases;
-    QString m_firstFolder;
+    ZelDescriptionResources m_resources;
     Visit m_visit;
     Report m_report;
     QSet<QString> m_visited;

@@ -28,6 +28,14 @@ QString imageName(const QString &path)
     return QFileInfo(path).completeBaseName();
 }
 
+const QStringList &imageEndings()
+{
+    static const QStringList endings{QStringLiteral(""),     QStringLiteral(".svg"),  QStringLiteral(".png"),
+                                     QStringLiteral(".jpg"), QStringLiteral(".jpeg"), QStringLiteral(".gif"),
+                                     QStringLiteral(".bmp")};
+    return endings;
+}
+
 QStringList namesOfColorLists()
 {
     QStringList names;
@@ -141,25 +149,28 @@ QString ZelReferenceCheck::transformerMeantBy(const QString &name, const QString
 
 void ZelReferenceCheck::checkImage(const Node &node, const QString &name) const
 {
-    static const QStringList endings{QStringLiteral(""),     QStringLiteral(".svg"),  QStringLiteral(".png"),
-                                     QStringLiteral(".jpg"), QStringLiteral(".jpeg"), QStringLiteral(".gif"),
-                                     QStringLiteral(".bmp")};
     const bool isFile = std::ranges::any_of(
-        endings, [&](const QString &ending) { return !m_walk.pathOf(name + ending, node.element).isNull(); });
+        imageEndings(), [&](const QString &ending) { return !m_walk.resources().pathOf(name + ending).isNull(); });
     if (!isFile && !m_options.images.contains(name) && ZelNamedImages::imageNamed(name).isNull())
         reportMeant(node, QStringLiteral("image"), u"Missing image with name " + name, imageMeantBy(name, node));
 }
 
+/// An image that is known, be it named with a path, with an ending or with wrong letters.
 QString ZelReferenceCheck::imageMeantBy(const QString &name, const Node &node) const
 {
-    QStringList known = m_options.images;
-    for (const QString &file : m_walk.namesBeside(node.element))
-        known.append(imageName(file));
-    if (known.contains(imageName(name)))
-        return imageName(name);
-    ZelNearestName nearest(name);
-    nearest.offerAll(known);
-    return nearest.found();
+    const QString wanted = imageName(name);
+    ZelNearestName nearest(wanted);
+    QHash<QString, QString> names;
+    for (const QString &known : m_options.images + m_walk.resources().namesFor(node.element.place().file)) {
+        const QString ending = u'.' + QFileInfo(known).suffix();
+        if (ending != u"." && !imageEndings().contains(ending))
+            continue;
+        const QString withoutEnding = ending == u"." ? known : known.chopped(ending.size());
+        nearest.offer(imageName(withoutEnding));
+        QString &shortest = names[imageName(withoutEnding)];
+        shortest = shortest.isEmpty() || withoutEnding.size() < shortest.size() ? withoutEnding : shortest;
+    }
+    return names.value(nearest.found());
 }
 
 void ZelReferenceCheck::checkColorList(const Node &node, const QString &name) const

@@ -13,6 +13,8 @@ QString withoutSlashes(const QString &path)
     QString clean = QDir::cleanPath(path);
     while (clean.startsWith(u'/'))
         clean.remove(0, 1);
+    while (clean.startsWith(u"../")) // as rcc does
+        clean.remove(0, 3);
     return clean;
 }
 
