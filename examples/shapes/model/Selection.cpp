@@ -2,6 +2,7 @@
 #include "model/Selection.h"
 
 #include "model/Document.h"
+#include "model/Shape.h"
 
 Selection::Selection(Document *document, QObject *parent)
     : QObject(parent)
@@ -37,7 +38,9 @@ void Selection::toggle(const QList<Shape *> &shapes)
 
 void Selection::selectAll()
 {
-    set(m_document->shapes());
+    QList<Shape *> shapes = m_document->shapes();
+    shapes.removeIf([this](const Shape *shape) { return shape->isLocked() || !m_document->isShown(shape); });
+    set(shapes);
 }
 
 void Selection::documentChanged()

@@ -26,6 +26,7 @@ public:
     void set(const QList<Shape *> &shapes);
     void add(const QList<Shape *> &shapes);
     void toggle(const QList<Shape *> &shapes);
+    /// What can be clicked on the canvas: shapes that are shown and not locked.
     void selectAll();
     void clear() { set({}); }
 

@@ -871,8 +871,8 @@
     <message>
         <location filename="../inspector/PlacementSlice.xml" line="10"/>
         <location filename="../inspector/GeometryPane.xml" line="42"/>
-        <source>The shape is locked</source>
-        <translation>Die Form ist gesperrt</translation>
+        <source>A selected shape is locked</source>
+        <translation>Eine ausgewählte Form ist gesperrt</translation>
     </message>
     <message>
         <location filename="../inspector/DocumentPane.xml" line="23"/>
