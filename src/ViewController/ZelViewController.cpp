@@ -49,6 +49,13 @@ QString stillUsedMessage(const ZelViewController *controller)
              QString::fromLatin1(controller->metaObject()->className()));
 }
 
+/// Whether the view is in a window that was shown and is not any more: nobody sees what becomes of it.
+bool isInClosedWindow(const QWidget *view)
+{
+    const QWidget *window = view->window();
+    return window->isHidden() && window->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
 } // namespace
 
 struct ZelViewController::Rare
@@ -275,7 +282,7 @@ void ZelViewController::uninstall() noexcept
         ZelExceptionReporter::run(this, [this] { m_respondingView->setViewController(nullptr); });
     if (!m_view)
         return;
-    if (m_view->parentWidget() && !diesWithView())
+    if (m_view->parentWidget() && !diesWithView() && !isInClosedWindow(m_view))
         ZelReportFailure(stillUsedMessage(this));
     ZelExceptionReporter::run(this, [this] { viewWillUnload(); });
     if (ZelView *oldView = std::exchange(m_view, nullptr)) {

@@ -121,12 +121,14 @@ private Q_SLOTS:
         const QStringList controllerFirst{"outer-", "outer willUnload", "outer didUnload",
                                           "inner-", "inner willUnload", "inner didUnload"};
         const QStringList detached{"outer-", "inner-", "outer willUnload", "inner didUnload", "outer didUnload"};
-        // Who dies: the view, the window with the controller behind or before the view, and the controller.
+        // Who dies: the view, the window with the controller behind or before the view, and the controller, also when
+        // the user has closed the window.
         for (const auto &[way, log] : {std::pair("view", viewFirst),
                                        {"window", viewFirst},
                                        {"behind", viewFirst},
                                        {"before", controllerFirst},
                                        {"controller", controllerFirst},
+                                       {"closed", controllerFirst},
                                        {"detached", detached}}) {
             const TableRow row(way);
             const QByteArray is(way);
@@ -139,6 +141,10 @@ private Q_SLOTS:
             view->addSubview(inner->view());
             view->setParent(window);
             QVERIFY(outer->isViewInstalled() && inner->isViewInstalled());
+            if (is == "closed") {
+                window->show();
+                window->close();
+            }
             m_log.clear();
             if (is == "behind" || is == "before")
                 outer->setParent(window);
@@ -146,17 +152,15 @@ private Q_SLOTS:
                 view->raise();
             else if (is == "detached")
                 view->removeFromSuperview();
-            delete (is == "view"                             ? view
-                    : is == "controller" || is == "detached" ? outer
-                                                             : static_cast<QObject *>(window));
-            const bool staysUsed = is == "controller"; // it stays with its parent
+            const bool staysUsed = is == "controller" || is == "closed"; // it stays with its parent
+            delete (is == "view" ? view : staysUsed || is == "detached" ? outer : static_cast<QObject *>(window));
             QCOMPARE(!view.isNull(), staysUsed);
             if (staysUsed)
                 QVERIFY(view->isInstalled() && !view->viewController());
             delete outer;
             delete window;
             QCOMPARE(m_log, log);
-            QCOMPARE(failures.seen, staysUsed ? QStringList{message} : QStringList());
+            QCOMPARE(failures.seen, is == "controller" ? QStringList{message} : QStringList());
         }
     }
 
