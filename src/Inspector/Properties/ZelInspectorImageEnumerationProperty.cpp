@@ -147,8 +147,15 @@ void ZelInspectorImageEnumerationProperty::updateView()
     if (!alive)
         return;
     showImage();
-    // No segment is shown as chosen now. A panel is not given up because of what a model holds.
-    if (isUnknown)
+    reportUnknown(isUnknown ? value : QVariant());
+}
+
+/// No segment is shown as chosen now. A panel is not given up because of what a model holds. It is shown anew for many
+/// reasons, and the value reported once.
+void ZelInspectorImageEnumerationProperty::reportUnknown(const QVariant &value)
+{
+    const QString text = value.isValid() ? ZelDescription(value) : QString();
+    if (std::exchange(m_reportedValue, text) != text && !text.isNull())
         ZelExceptionReporter::run(this, [&] { segmentForValue(value); });
 }
 

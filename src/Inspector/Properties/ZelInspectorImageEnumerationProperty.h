@@ -59,6 +59,7 @@ private:
     qsizetype findSegment(const QVariant &value) const;
     QVariantList listOf(QVariant (*part)(const Choice &)) const;
     void showImage();
+    void reportUnknown(const QVariant &value);
 
     QPointer<ZelSegmentedControl> m_segmentedControl;
     QPointer<ZelResizableSegmentedControlView> m_resizableSegmentedControlView;
@@ -66,4 +67,5 @@ private:
     QPointer<ZelLabel> m_label;
     QList<Choice> m_choices;
     QVariant m_selectedIndex;
+    QString m_reportedValue; // that no segment stands for
 };
