@@ -250,6 +250,36 @@ private Q_SLOTS:
         QVERIFY(panel()->findChildren<ZelInspectorSection *>().first()->isVisible());
     }
 
+    /// A class that a condition names while the preview runs gets objects; what was edited stays.
+    void followsTheClassesOfConditions()
+    {
+        const auto section = [](const QByteArray &kind) -> QByteArray {
+            return "<section visibleKeyPath='lamps.selection' visibleValueTransformer='ZelIsKind(" + kind +
+                   ")'><sliver>" + selected("number", kind.toLower()) + selected("string", "shade.label") +
+                   "</sliver></section>";
+        };
+        show("<slice>" + section("Lamp") + "</slice>");
+        select("One");
+        ZelTextField *field = this->field("lamp");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, "42");
+        QTest::keyClick(field, Qt::Key_Return);
+
+        write("Main.xml", "<slice>" + section("Star") + section("Lamp") + "</slice>");
+        QTRY_COMPARE(objects()->count(), 8);
+        QTRY_VERIFY(editor("star"));
+        const auto shows = [this](const char *key) { return editor(key)->view()->isVisible(); };
+        QVERIFY(shows("star") && !shows("lamp")); // the first row is selected as before
+        QCOMPARE(value("star"), "10");
+        QCOMPARE(value("label"), "Label 1");
+        const QRect place = objects()->visualItemRect(objects()->item(4));
+        QTest::mouseClick(objects()->viewport(), Qt::LeftButton, {}, place.center());
+        QTRY_VERIFY(!shows("star") && shows("lamp"));
+        QCOMPARE(value("lamp"), "42");
+        QCOMPARE(m_window->complaints(), QStringList());
+    }
+
     void showsLooksAndLanguages()
     {
         PreviewWindow::Options options;

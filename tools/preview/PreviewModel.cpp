@@ -39,30 +39,47 @@ struct PreviewModel::Node
     struct Part
     {
         Part(const QByteArray &className, const ZelTypeTable::Class *ofTypes)
-            : type(className)
+            : name(className)
+            , type(className)
             , known(ofTypes)
         {
         }
+        QByteArray name;
         PreviewClass type;
         const ZelTypeTable::Class *known; // null without types
         QList<PreviewObject *> objects;
     };
 
+    /// How many objects of the class there are to be: of a selection as many as there are data, which are of the first
+    /// class, or some of each.
+    qsizetype count(const Part &part) const
+    {
+        if (!isSelection)
+            return 1;
+        return !hasDataOfAll ? objectCount : &part == &parts.front() ? data.size() : 0;
+    }
+    /// Of the classes that are in use.
     QList<PreviewObject *> objects() const
     {
         QList<PreviewObject *> all;
-        for (const Part &part : parts)
-            all += part.objects;
+        qsizetype left = usedParts;
+        for (auto part = parts.begin(); left > 0; ++part, --left)
+            all += part->objects.first(count(*part));
         return all;
     }
+    QObject *answer() const { return controller ? static_cast<QObject *>(controller) : objects().first(); }
     bool hasTypes() const { return parts.front().known; }
     bool has(const QByteArray &property) const
     {
         return std::ranges::any_of(parts, [&](const Part &part) { return part.type.propertyNamed(property); });
     }
 
-    std::list<Part> parts; // one or more
-    QJsonArray data;       // of each object
+    QString path; // at which conditions tell classes apart
+    bool isSelection = false;
+    std::list<Part> parts;     // one or more
+    qsizetype usedParts = 0;   // the first ones
+    QJsonArray data;           // of each object
+    bool hasDataOfAll = false; // the data say how many objects there are
     std::map<QString, std::unique_ptr<Node>> children;
     QHash<QByteArray, Kind> kinds; // of the values
     ZelArrayController *controller = nullptr;
@@ -96,17 +113,72 @@ QByteArrayList PreviewModel::basesOf(const ZelTypeTable::Class &type) const
     return names;
 }
 
-/// Adds a part for each of the classes, or one of that name if none is known.
-void PreviewModel::addParts(Node &node, const Classes &known, const QStringList &names) const
+/// Without any, the description names the classes.
+void PreviewModel::useTypes(Node &node, const Classes &known)
 {
     for (const ZelTypeTable::Class *type : known)
-        node.parts.emplace_back(type->name.toUtf8(), type).type.setBases(basesOf(*type));
-    for (const QString &name : known.isEmpty() ? names : QStringList())
-        node.parts.emplace_back(name.toUtf8(), nullptr);
-    for (Node::Part &part : node.parts)
-        part.type.setSlotCalled([model = const_cast<PreviewModel *>(this)](const QByteArray &name) {
-            Q_EMIT model->methodCalled(QString::fromUtf8(name));
-        });
+        addPart(node, type->name.toUtf8(), type);
+    node.usedParts = qsizetype(node.parts.size());
+}
+
+void PreviewModel::addPart(Node &node, const QByteArray &name, const ZelTypeTable::Class *known)
+{
+    PreviewClass &type = node.parts.emplace_back(name, known).type;
+    if (known)
+        type.setBases(basesOf(*known));
+    type.setSlotCalled([this](const QByteArray &called) { Q_EMIT methodCalled(QString::fromUtf8(called)); });
+}
+
+/// Brings the classes that the description names to the front, and gives them objects. Those below may have others,
+/// too.
+void PreviewModel::takeClasses(Node &node)
+{
+    if (node.parts.empty() || !node.hasTypes()) {
+        QStringList names = m_needs.classes.value(node.path);
+        if (names.isEmpty() || !node.isSelection)
+            names = {names.value(0, node.isSelection      ? QStringLiteral("Object")
+                                    : node.path.isEmpty() ? QStringLiteral("Owner")
+                                                          : QStringLiteral("Part"))};
+        auto place = node.parts.begin();
+        for (const QString &name : std::as_const(names)) {
+            if (std::ranges::find(node.parts, name.toUtf8(), &Node::Part::name) == node.parts.end())
+                addPart(node, name.toUtf8(), nullptr);
+            const auto part = std::ranges::find(node.parts, name.toUtf8(), &Node::Part::name);
+            if (part == place)
+                ++place;
+            else
+                node.parts.splice(place, node.parts, part);
+        }
+        node.usedParts = names.size();
+    }
+    makeObjects(node);
+    for (const auto &[key, child] : node.children) {
+        takeClasses(*child);
+        attach(node, key, *child);
+    }
+}
+
+void PreviewModel::makeObjects(Node &node)
+{
+    for (Node::Part &part : node.parts) {
+        while (part.objects.size() < node.count(part))
+            part.objects.append(new PreviewObject(&part.type, node.parent.get()));
+    }
+    const QList<PreviewObject *> all = node.objects();
+    if (node.controller && node.controller->content() != QList<QObject *>(all.begin(), all.end()))
+        node.controller->setContent({all.begin(), all.end()});
+}
+
+/// Makes what stands at the key known to the objects.
+void PreviewModel::attach(Node &node, const QString &key, const Node &child) const
+{
+    for (Node::Part &part : node.parts) {
+        if (!hasKey(part.known, key))
+            continue;
+        part.type.addProperty({key.toUtf8(), QMetaType(QMetaType::QObjectStar), false});
+        for (PreviewObject *object : std::as_const(part.objects))
+            object->setValue(key.toUtf8(), QVariant::fromValue(child.answer()));
+    }
 }
 
 void PreviewModel::grow(const PreviewNeeds &needs)
@@ -117,11 +189,10 @@ void PreviewModel::grow(const PreviewNeeds &needs)
         if (known.isEmpty())
             known = classWith(keysBelow({}));
         m_owner = std::make_unique<Node>();
-        addParts(*m_owner, known, {QStringLiteral("Owner")});
+        useTypes(*m_owner, known);
         m_owner->data = {m_settings.data};
-        Node::Part &part = m_owner->parts.front();
-        part.objects = {new PreviewObject(&part.type, m_owner->parent.get())};
     }
+    takeClasses(*m_owner);
     for (auto [path, needed] : needs.keyPaths.asKeyValueRange())
         add(*m_owner, path.split(u'.'), {}, needed);
     for (const QString &method : needs.methods) {
@@ -247,44 +318,22 @@ PreviewModel::Node *PreviewModel::childOf(Node &node, const QString &key, const 
     if (node.has(name) || (node.hasTypes() && !property(node, key).property))
         return nullptr;
     auto child = std::make_unique<Node>();
-    QStringList classes = m_needs.classes.value(isSelection ? path + QStringLiteral(".selection") : path);
-    if (classes.isEmpty() || !isSelection)
-        classes = {classes.value(0, isSelection ? QStringLiteral("Object") : QStringLiteral("Part"))};
+    child->path = isSelection ? path + QStringLiteral(".selection") : path;
+    child->isSelection = isSelection;
     const Classes known = classesFor(node, key, path, isSelection);
-    addParts(*child, isSelection ? known : known.first(std::min<qsizetype>(1, known.size())), classes);
+    useTypes(*child, isSelection ? known : known.first(std::min<qsizetype>(1, known.size())));
     const QJsonValue data = node.data.at(0).toObject().value(key);
     const QJsonValue selected = isSelection && !data.isArray() ? m_settings.data.value(path) : data;
     child->data = selected.isArray() ? selected.toArray() : QJsonArray{selected};
-    makeObjects(*child, isSelection, isSelection && selected.isArray());
-    QObject *answer = child->objects().first();
+    child->hasDataOfAll = isSelection && selected.isArray() && !child->data.isEmpty();
     if (isSelection) {
-        const QList<PreviewObject *> content = child->objects();
         child->controller = new ZelArrayController(child->parent.get());
         child->controller->setObjectName(path);
-        child->controller->setContent({content.begin(), content.end()});
         m_controllers.append(child->controller);
-        answer = child->controller;
     }
-    for (Node::Part &part : node.parts) {
-        if (!hasKey(part.known, key))
-            continue;
-        part.type.addProperty({name, QMetaType(QMetaType::QObjectStar), false});
-        for (PreviewObject *object : std::as_const(part.objects))
-            object->setValue(name, QVariant::fromValue(answer));
-    }
+    takeClasses(*child);
+    attach(node, key, *child);
     return (node.children[key] = std::move(child)).get();
-}
-
-/// One object, some of each class for a selection, or as many as there are data, which are of the first class.
-void PreviewModel::makeObjects(Node &node, bool isSelection, bool isOfData)
-{
-    const bool hasData = isOfData && !node.data.isEmpty();
-    for (Node::Part &part : node.parts) {
-        const bool isFirst = &part == &node.parts.front();
-        const int count = hasData ? (isFirst ? int(node.data.size()) : 0) : isSelection ? objectCount : 1;
-        for (int i = 0; i < count; ++i)
-            part.objects.append(new PreviewObject(&part.type, node.parent.get()));
-    }
 }
 
 void PreviewModel::addValue(Node &node, const QString &key, const PreviewNeeds::Value &needed)
@@ -304,9 +353,11 @@ void PreviewModel::addValue(Node &node, const QString &key, const PreviewNeeds::
         const QMetaType type = found.property ? typeOf(found) : QMetaType::fromType<QVariant>();
         part.type.addProperty({name, type, !found.property || found.property->isWritable});
         node.kinds.insert(name, needed.kind);
-        for (int i = 0; i < part.objects.size() && !hasValues; ++i)
-            part.objects.at(i)->setValue(
-                name, valueFor(*part.objects.at(i), key, needed, type, node.data.at(first + i).toObject(), i));
+        for (int i = 0; i < part.objects.size(); ++i) {
+            PreviewObject *object = part.objects.at(i);
+            if (!hasValues || !object->hasValue(name))
+                object->setValue(name, valueFor(*object, key, needed, type, node.data.at(first + i).toObject(), i));
+        }
     }
 }
 

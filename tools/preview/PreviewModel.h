@@ -15,7 +15,8 @@ class ZelArrayController;
 ///
 /// Where a key path goes through a selection, there are objects of each class that can be selected: the first two have
 /// different values, the third equals the first, and the fourth has no value where that is allowed. A model grows with
-/// the description: objects and their values stay.
+/// the description: objects and their values stay. Without types, the classes are those that the description names now;
+/// objects of others are kept for Undo, and cannot be selected.
 class PreviewModel : public QObject
 {
     Q_OBJECT
@@ -38,6 +39,7 @@ public:
     QStringList titles() const;
     /// Selects the objects at these positions in all controllers.
     void select(const QList<int> &rows);
+    const QList<int> &selectedRows() const { return m_selectedRows; }
 
 Q_SIGNALS:
     void methodCalled(const QString &name);
@@ -54,8 +56,11 @@ private:
     ZelTypeTable::Found property(const Node &node, const QString &key) const;
     QMetaType typeOf(const ZelTypeTable::Found &property) const;
     QStringList keysBelow(const QString &path) const;
-    void makeObjects(Node &node, bool isSelection, bool isOfData);
-    void addParts(Node &node, const Classes &known, const QStringList &names) const;
+    void useTypes(Node &node, const Classes &known);
+    void addPart(Node &node, const QByteArray &name, const ZelTypeTable::Class *known);
+    void takeClasses(Node &node);
+    void makeObjects(Node &node);
+    void attach(Node &node, const QString &key, const Node &child) const;
     QByteArrayList basesOf(const ZelTypeTable::Class &type) const;
     bool hasKey(const ZelTypeTable::Class *type, const QString &key) const;
     static QVariant valueFor(PreviewObject &object, const QString &key, const PreviewNeeds::Value &needed,

@@ -14,6 +14,8 @@ public:
     explicit PreviewObject(PreviewClass *ofClass, QObject *parent = nullptr);
 
     QVariant value(const QByteArray &name) const { return m_values.value(name); }
+    /// Whether it was ever given a value, be it an invalid one.
+    bool hasValue(const QByteArray &name) const { return m_values.contains(name); }
     void setValue(const QByteArray &name, const QVariant &value);
 
     // As moc would write them

@@ -224,11 +224,17 @@ void PreviewWindow::makeLayout()
 void PreviewWindow::showObjects()
 {
     const QStringList titles = m_model.titles();
-    if (titles.size() == m_objects->count())
+    QStringList shown;
+    for (int row = 0; row < m_objects->count(); ++row)
+        shown.append(m_objects->item(row)->text());
+    if (titles == shown)
         return;
-    const QSignalBlocker blocker(m_objects);
-    m_objects->clear();
-    m_objects->addItems(titles);
+    {
+        const QSignalBlocker blocker(m_objects);
+        m_objects->clear();
+        m_objects->addItems(titles);
+    }
+    select(m_model.selectedRows());
 }
 
 void PreviewWindow::select(const QList<int> &rows)
