@@ -8,9 +8,7 @@
 #include "Support/TableRow.h"
 #include "ViewController/ZelViewController.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QVBoxLayout>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelBlockProperties.h"
 
-#include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/Failures.h"
 #include "Support/Person.h"

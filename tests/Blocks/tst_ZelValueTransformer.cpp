@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelColorNameTransformer.h"
-#include "Blocks/ZelNamedTransformers.h"
 #include "Blocks/ZelReversibleValueTransformer.h"
 #include "Blocks/ZelTransformerKit.h"
-#include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelClassRegistry.h"
 #include "Core/Values/ZelIndexSet.h"
 #include "Core/Values/ZelOrderedSet.h"
-#include "Core/Values/ZelValues.h"
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/Failures.h"

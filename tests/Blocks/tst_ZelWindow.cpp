@@ -2,15 +2,11 @@
 #include "Blocks/ZelWindow.h"
 
 #include "Core/Errors/ZelException.h"
-#include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Observation/ZelObservations.h"
 
-#include <QMainWindow>
-#include <QPainter>
 #include <QTest>
-#include <QUndoStack>
-#include <QWindow>
+#include <QtWidgets>
 
 static const char g_context = 0;
 static QStringList g_log;

@@ -8,21 +8,14 @@
 #include "Controls/Menus/ZelMenuItem.h"
 #include "Controls/ZelColorPanel.h"
 #include "Core/Errors/ZelAssertions.h"
-#include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/TableRow.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QColorDialog>
-#include <QMenu>
-#include <QPainter>
 #include <QSignalSpy>
-#include <QThread>
-#include <QVBoxLayout>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Controls/Fields/ZelGrowingTextField.h"
+#include "Controls/Fields/ZelNumberFormatter.h"
+#include "Controls/Fields/ZelTextField.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/TableRow.h"
 
-#include <QApplication>
-#include <QMenu>
-#include <QVBoxLayout>
-#include <QWheelEvent>
+#include <QtTest>
+#include <QtWidgets>
 
 inline QVariant several()
 {

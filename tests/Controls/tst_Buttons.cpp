@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ControlPanel.h"
 #include "Controls/Cells/ZelSegmentedControl.h"
-#include "Controls/Fields/ZelGrowingTextField.h"
-#include "Controls/Fields/ZelTextField.h"
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/Ranges/ZelSlider.h"
 #include "Controls/Ranges/ZelStepper.h"
 #include "Controls/ZelCheckBox.h"
-#include "Controls/ZelHoverButton.h"
-#include "Controls/ZelLabel.h"
 #include "Controls/ZelSelfValidatingButton.h"
 #include "Controls/ZelTitleBarButton.h"
 #include "Core/Errors/ZelException.h"
@@ -17,14 +13,6 @@
 #include "Support/Recorder.h"
 #include "Support/Reports.h"
 
-#include <QAccessible>
-#include <QComboBox>
-#include <QDockWidget>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QSignalSpy>
-#include <QSpinBox>
 #include <cmath>
 
 namespace {

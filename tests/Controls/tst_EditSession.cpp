@@ -2,19 +2,11 @@
 #include "ControlPanel.h"
 #include "Controls/Fields/ZelComboBox.h"
 #include "Controls/Fields/ZelDatePicker.h"
-#include "Controls/Fields/ZelGrowingTextField.h"
 #include "Controls/Fields/ZelGrowingTextView.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
-#include "Controls/Fields/ZelNumberFormatter.h"
-#include "Controls/Fields/ZelTextField.h"
 #include "Controls/Fields/ZelToken.h"
 #include "Controls/private/ZelErrorNote.h"
 #include "Controls/private/ZelRefusalMark.h"
-
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QShortcut>
-#include <QSignalSpy>
 
 namespace {
 
@@ -266,11 +258,10 @@ private Q_SLOTS:
         };
         // A refused text stays with its reason until it is mended or discarded, or another value takes its place.
         const QStringList refused{
-            "type-over abc > abc/first editing; Commit > abc/first editing error; leave; refuse; "
-            "first > abc/first editing error; enter > abc/first editing error; End; Backspace > ab/first editing "
-            "error; "
-            "type-over 5 > 5/first editing; type-over abc; leave; enter; Escape > first/first; commit > first/first; "
-            "type-over abc; leave > abc/first editing error; second > second/second changed",
+            "type-over abc > abc/first editing; Commit > abc/first editing error; leave; refuse; first > abc/first "
+            "editing error; enter > abc/first editing error; End; Backspace > ab/first editing error; type-over 5 > "
+            "5/first editing; type-over abc; leave; enter; Escape > first/first; commit > first/first; type-over abc; "
+            "leave > abc/first editing error; second > second/second changed",
             "type-over abc; leave; set enabled false > first/first",
         };
         const QStringList checked{"type-over 5000 > 5000/first editing; Commit > 5000/first editing too much; leave; "

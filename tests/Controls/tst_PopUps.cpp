@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ControlPanel.h"
-#include "Controls/Fields/ZelTextField.h"
 #include "Controls/Menus/ZelMenuItem.h"
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/ZelPopover.h"
-
-#include <QPushButton>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QWindow>
 
 namespace {
 

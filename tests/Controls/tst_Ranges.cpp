@@ -3,10 +3,6 @@
 #include "Controls/Ranges/ZelSlider.h"
 #include "Controls/Ranges/ZelStepper.h"
 
-#include <QAccessible>
-#include <QProxyStyle>
-#include <QShortcut>
-#include <QSignalSpy>
 #include <cmath>
 
 namespace {

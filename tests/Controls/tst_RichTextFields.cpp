@@ -1,14 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ControlPanel.h"
-#include "Controls/Fields/ZelGrowingTextView.h"
 #include "Controls/Fields/ZelLinkTextField.h"
-
-#include <QDesktopServices>
-#include <QMimeData>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTextFrame>
-#include <QUrl>
 
 namespace {
 

@@ -2,17 +2,10 @@
 #include "ControlPanel.h"
 #include "Controls/Fields/ZelComboBox.h"
 #include "Controls/Fields/ZelDatePicker.h"
-#include "Controls/Fields/ZelGrowingTextField.h"
-#include "Controls/Fields/ZelNumberFormatter.h"
 #include "Controls/Fields/ZelPaddedTextField.h"
-#include "Controls/Fields/ZelTextField.h"
 #include "Controls/private/ZelErrorNote.h"
 #include "Controls/private/ZelThemeColor.h"
 
-#include <QAbstractItemView>
-#include <QPlainTextEdit>
-#include <QScrollBar>
-#include <QTimeZone>
 #include <cmath>
 
 namespace {

@@ -3,11 +3,8 @@
 #include "Controls/private/ZelColorPanelClient.h"
 #include "Core/Undo/ZelUndoManager.h"
 
-#include <QColorDialog>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QTest>
-#include <QWindow>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ControlPanel.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
-#include "Controls/Fields/ZelNumberFormatter.h"
 #include "Controls/Fields/ZelToken.h"
-
-#include <QAccessible>
-#include <QClipboard>
-#include <QLineEdit>
 
 namespace {
 

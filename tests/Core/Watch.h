@@ -3,8 +3,8 @@
 
 #include "Support/Recorder.h"
 
-#include <QPointer>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <memory>
 #include <stdexcept>
 

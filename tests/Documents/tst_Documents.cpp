@@ -12,12 +12,8 @@
 #include <Inspector/ZelLiveInspector.h>
 #include <Resources/ZelBundle.h>
 
-#include <QBuffer>
-#include <QDockWidget>
-#include <QFileInfo>
-#include <QStandardItemModel>
-#include <QTableView>
 #include <QTest>
+#include <QtWidgets>
 
 // What the documents show stands here as they show it.
 

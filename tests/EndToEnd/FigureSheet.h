@@ -2,40 +2,45 @@
 #pragma once
 
 #include "Blocks/ZelWindow.h"
-#include "Controls/Menus/ZelMenuItem.h"
-#include "Controls/Menus/ZelPopUpButton.h"
+#include "ColorPopUpButton/ZelColorMatrix.h"
 #include "Controls/ZelColorPanel.h"
+#include "Controls/private/ZelErrorNote.h"
 #include "Core/Values/ZelValues.h"
+#include "ExpandableViews/ZelExpandableHeader.h"
+#include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorPointProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
+#include "Resources/ZelBundle.h"
 #include "Support/EditorOwner.h"
 #include "Support/Figure.h"
 #include "Support/TableRow.h"
-#include "ViewController/ZelView.h"
 
-#include <QApplication>
-#include <QColorDialog>
-#include <QMenu>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUndoStack>
-#include <QVBoxLayout>
-#include <QWidget>
+#include <QtTest>
+#include <QtWidgets>
 #include <memory>
+
+/// The getter and the setter of a property whose value its object stores by name.
+#define STORED(Type, get, set)                                                                                         \
+    Type get() const                                                                                                   \
+    {                                                                                                                  \
+        return values.value(#get).value<Type>();                                                                       \
+    }                                                                                                                  \
+    void set(const Type &value)                                                                                        \
+    {                                                                                                                  \
+        store(#get, QVariant::fromValue(value));                                                                       \
+    }
 
 /// An application's window with an inspector of figures, built from a description or from rows of one. What the user
 /// does goes to the windows, as from the system: it reaches whatever is in front there, and has the focus.
@@ -125,6 +130,15 @@ public:
     {
         stack.undo();
         settle();
+    }
+    /// What is said about a value that was refused; empty if nothing is.
+    QString note() const
+    {
+        for (const auto *label : findChildren<ZelErrorNote *>()) {
+            if (label->isVisible())
+                return label->text();
+        }
+        return {};
     }
 
     static void click(QWidget *widget, const QPoint &position, Qt::KeyboardModifiers modifiers = {})

@@ -6,11 +6,8 @@
 #include "Support/TableRow.h"
 #include "TabBar/ZelButtonMatrix.h"
 
-#include <QAccessible>
-#include <QHelpEvent>
-#include <QMouseEvent>
 #include <QTest>
-#include <QToolTip>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,15 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "ColorPopUpButton/ZelColorMatrix.h"
-#include "ColorPopUpButton/ZelUsedColorList.h"
 #include "ColorPopUpButton/private/ZelScreenColorPicker.h"
-
-#include <QClipboard>
-#include <QMimeData>
-#include <QPainter>
-#include <QShortcut>
-#include <QTimer>
 
 namespace {
 

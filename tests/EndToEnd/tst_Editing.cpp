@@ -1,13 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Core/Values/ZelValues.h"
-#include "Inspector/ZelInspectorPane.h"
-
-#include <QScrollBar>
-#include <QWheelEvent>
-#include <QWindow>
-
 namespace {
 
 using Texts = QStringList;

@@ -4,8 +4,6 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Support/Reports.h"
 
-#include <QShortcut>
-
 namespace {
 
 /// A model whose setters and observers may throw.

@@ -2,15 +2,6 @@
 #include "FigureSheet.h"
 
 #include "Controls/private/ZelControlSupport.h"
-#include "ExpandableViews/ZelExpandableHeader.h"
-#include "ExpandableViews/ZelExpandableView.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "TabBar/ZelTabBar.h"
-
-#include <QHelpEvent>
-#include <QToolTip>
-#include <QWhatsThis>
 
 namespace {
 
@@ -68,9 +59,8 @@ private Q_SLOTS:
             "<sliver title='Other' toolTip='other tip'>"
             "<property type='date' keyPath='people.selection.day'/></sliver>" +
             Sheet::row("address", "string") +
-            "<chooser title='Chooser' keyPath='people.selection.byte'>"
-            "<choice title='Choice' value='7' toolTip='choice tip' whatsThis='choice'><sliver title='Below'>"
-            "<property type='string' "
+            "<chooser title='Chooser' keyPath='people.selection.byte'><choice title='Choice' value='7' toolTip='choice "
+            "tip' whatsThis='choice'><sliver title='Below'><property type='string' "
             "keyPath='people.selection.name'/></sliver></choice></chooser></section></slice></inspector></pane></"
             "panes>");
         sheet.select({0});

@@ -3,13 +3,7 @@
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Selection/ZelItemSelection.h"
-#include "Core/Values/ZelValues.h"
 #include "Support/Failures.h"
-
-#include <QIdentityProxyModel>
-#include <QSortFilterProxyModel>
-#include <QStandardItemModel>
-#include <QTreeView>
 
 constexpr int g_colorRole = Qt::UserRole + 3;
 

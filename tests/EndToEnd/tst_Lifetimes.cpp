@@ -2,7 +2,6 @@
 #include "FigureSheet.h"
 
 #include "Core/KeyValue/ZelKeyValueObserving.h"
-#include "Resources/ZelBundle.h"
 
 namespace {
 

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Inspector/ZelInspectorSliver.h"
-#include "Layout/ZelConstraintLayout.h"
-#include "Resources/ZelBundle.h"
-
-#include <QLineEdit>
-
 namespace {
 
 // Texts, numbers and choices.

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include <QToolTip>
-#include <QWheelEvent>
-
 namespace {
 
 using Numbers = QList<double>;

@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "ColorPopUpButton/ZelColorMatrix.h"
 #include "Controls/Fields/ZelBorderedTextField.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
 #include "Controls/Fields/ZelLinkTextField.h"
-#include "Controls/ZelHoverButton.h"
 #include "Controls/ZelSelfValidatingButton.h"
-#include "ExpandableViews/ZelExpandableView.h"
 #include "SplitView/ZelSplitView.h"
-#include "TabBar/ZelTabBar.h"
 #include "Views/ZelMagnificationView.h"
 #include "Views/ZelSeparator.h"
-
-#include <QPointingDevice>
-#include <QScrollArea>
-#include <QSignalSpy>
-#include <QTabletEvent>
-#include <QTimer>
-#include <QWheelEvent>
 
 namespace {
 

@@ -1,36 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Controls/private/ZelErrorNote.h"
 #include "Core/Values/ZelOptionalType.h"
-#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorFlagsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumbersProperty.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
 #include "Resources/ZelLocalizedString.h"
 
-#include <QKeySequence>
-#include <QMarginsF>
-#include <QMimeData>
-#include <QProperty>
-#include <QProxyStyle>
-#include <QRegularExpression>
-#include <QStyleOptionMenuItem>
-#include <QTimeZone>
-#include <QVector3D>
-
 namespace {
-
-#define STORED(Type, get, set)                                                                                         \
-    Type get() const                                                                                                   \
-    {                                                                                                                  \
-        return values.value(#get).value<Type>();                                                                       \
-    }                                                                                                                  \
-    void set(const Type &value)                                                                                        \
-    {                                                                                                                  \
-        values.insert(#get, QVariant::fromValue(value));                                                               \
-        Q_EMIT changed();                                                                                              \
-    }
 
 struct Money
 {
@@ -108,11 +85,7 @@ public:
     STORED(ushort, small, setSmall)
     STORED(QPixmap, picture, setPicture)
     QVariant any() const { return values.value("any"); }
-    void setAny(const QVariant &value)
-    {
-        values.insert("any", value);
-        Q_EMIT changed();
-    }
+    void setAny(const QVariant &value) { store("any", value); }
     int bound() const { return m_bound; }
     void setBound(int bound) { m_bound = bound; }
     QBindable<int> bindableBound() { return &m_bound; }
@@ -123,6 +96,11 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void store(const QString &key, const QVariant &value)
+    {
+        values.insert(key, value);
+        Q_EMIT changed();
+    }
     QProperty<int> m_bound{1};
 };
 
@@ -143,14 +121,6 @@ struct Desk : Sheet
     ~Desk() override { selectObjects({}); }
 
     void selectStamps() const { selectObjects({const_cast<Stamp *>(&a), const_cast<Stamp *>(&b)}); }
-    QString note() const
-    {
-        for (const auto *label : findChildren<ZelErrorNote *>()) {
-            if (label->isVisible())
-                return label->text();
-        }
-        return {};
-    }
     QStringList items(const QString &key) const
     {
         QStringList titles;

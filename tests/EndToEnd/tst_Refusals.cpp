@@ -1,25 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Controls/private/ZelErrorNote.h"
 #include "Controls/private/ZelRefusalMark.h"
-#include "Core/Binding/ZelBinding.h"
-
-#include <QAccessible>
-#include <QProxyStyle>
-#include <QVariantAnimation>
 
 namespace {
-
-#define STORED(Type, get, set)                                                                                         \
-    Type get() const                                                                                                   \
-    {                                                                                                                  \
-        return values.value(#get).value<Type>();                                                                       \
-    }                                                                                                                  \
-    void set(const Type &value)                                                                                        \
-    {                                                                                                                  \
-        take(#get, QVariant::fromValue(value));                                                                        \
-    }
 
 /// Keeps its values while it is stubborn, and says what is wrong with a value while it has a reason.
 class Model : public QObject
@@ -87,7 +71,7 @@ private:
         asked = value;
         return reason;
     }
-    void take(const QString &key, const QVariant &value)
+    void store(const QString &key, const QVariant &value)
     {
         ++writes;
         if (isStubborn)
@@ -139,15 +123,6 @@ struct Desk : Sheet
         }
         return nullptr;
     }
-    QString note() const
-    {
-        for (const auto *label : findChildren<ZelErrorNote *>()) {
-            if (label->isVisible())
-                return label->text();
-        }
-        return {};
-    }
-
     Model models[2]{Model("A"), Model("A")};
     QList<QObject *> all;
 };
@@ -166,58 +141,42 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale::c());
     }
 
-    void theModelsValueIsShownAgain_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("note");
-        QTest::newRow("name") << "new"
-                              << "new was changed to A.";
-        QTest::newRow("pattern") << "Lines"
-                                 << "Lines was changed to Dots.";
-        QTest::newRow("ratio") << "7"
-                               << "7 was changed to 5.";
-        QTest::newRow("on") << ""
-                            << "";
-        QTest::newRow("kind") << "Two"
-                              << "";
-        QTest::newRow("day") << "9"
-                             << "9 May 2024 was changed to 6 May 2024.";
-        QTest::newRow("font") << "DejaVu Serif"
-                              << "";
-        QTest::newRow("size") << "7"
-                              << "7 was changed to 30.";
-        QTest::newRow("tags") << "new"
-                              << "a, new was changed to a, b.";
-        QTest::newRow("text") << "new"
-                              << "new was changed to old.";
-    }
     void theModelsValueIsShownAgain()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, note);
-        const QString key = QTest::currentDataTag();
-        Desk desk;
-        const QString before = desk.shown(key);
-        const QVariant value = desk.models[0].values.value(key);
-        for (Model &model : desk.models)
-            model.isStubborn = true;
-        desk.edit(key, text);
-        QCOMPARE(desk.shown(key), before);
-        QVERIFY(desk.models[0].writes > 0);
-        QVERIFY2(desk.mark(), "no flash");
-        QCOMPARE(desk.note(), note);
-        QCOMPARE(desk.stack.count(), 0);
-        const QPointer<ZelRefusalMark> mark = desk.mark();
-        QVERIFY(mark->isVisible() || key == "font"); // whose popover was closed
-        QTRY_VERIFY(!mark || !mark->isVisible());
+        const std::tuple<QString, const char *, QString> rows[] = {
+            {"name", "new", "new was changed to A."},
+            {"pattern", "Lines", "Lines was changed to Dots."},
+            {"ratio", "7", "7 was changed to 5."},
+            {"on", "", ""},
+            {"kind", "Two", ""},
+            {"day", "9", "9 May 2024 was changed to 6 May 2024."},
+            {"font", "DejaVu Serif", ""},
+            {"size", "7", "7 was changed to 30."},
+            {"tags", "new", "a, new was changed to a, b."},
+            {"text", "new", "new was changed to old."}};
+        for (const auto &[key, text, note] : rows) {
+            const TableRow inRow(key);
+            Desk desk;
+            const QString before = desk.shown(key);
+            const QVariant value = desk.models[0].values.value(key);
+            desk.models[0].isStubborn = desk.models[1].isStubborn = true;
+            desk.edit(key, text);
+            QCOMPARE(desk.shown(key), before);
+            QVERIFY(desk.models[0].writes > 0);
+            QVERIFY2(desk.mark(), "no flash");
+            QCOMPARE(desk.note(), note);
+            QCOMPARE(desk.stack.count(), 0);
+            const QPointer<ZelRefusalMark> mark = desk.mark();
+            QVERIFY(mark->isVisible() || key == "font"); // whose popover was closed
+            QTRY_VERIFY(!mark || !mark->isVisible());
 
-        for (Model &model : desk.models)
-            model.isStubborn = false;
-        delete mark;
-        desk.edit(key, text);
-        QVERIFY(desk.models[0].values.value(key) != value);
-        QVERIFY2(!desk.mark(), "a flash for a value that was taken");
-        QCOMPARE(desk.stack.count(), 1);
+            desk.models[0].isStubborn = desk.models[1].isStubborn = false;
+            delete mark;
+            desk.edit(key, text);
+            QVERIFY(desk.models[0].values.value(key) != value);
+            QVERIFY2(!desk.mark(), "a flash for a value that was taken");
+            QCOMPARE(desk.stack.count(), 1);
+        }
     }
 
     void roundingIsNoRefusal()
@@ -259,52 +218,42 @@ private Q_SLOTS:
         QApplication::setStyle(new Animated(true));
     }
 
-    void aModelSaysWhatIsWrong_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVariant>("asked");
-        QTest::addColumn<bool>("keepsTyping");
-        QTest::newRow("name") << "new" << QVariant("new") << true;
-        QTest::newRow("ratio") << "7" << QVariant(7.0) << true;
-        QTest::newRow("size") << "7" << QVariant(QSizeF(7, 40)) << true;
-        QTest::newRow("day") << "9" << QVariant(QDate(2024, 5, 9)) << true;
-        QTest::newRow("on") << "" << QVariant(true) << false;
-        QTest::newRow("kind") << "Two" << QVariant(1) << false;
-    }
     void aModelSaysWhatIsWrong()
     {
-        QFETCH(QString, text);
-        QFETCH(QVariant, asked);
-        QFETCH(bool, keepsTyping);
-        const QString key = QTest::currentDataTag();
-        Desk desk;
-        const QString before = desk.shown(key);
-        desk.models[1].reason = "Not %2 this.";
-        desk.edit(key, text);
-        QCOMPARE(desk.note(), "Not %2 this.");
-        QCOMPARE(desk.models[1].asked, asked);
-        QCOMPARE(desk.models[0].writes + desk.models[1].writes, 0); // all or nothing
-        QCOMPARE(desk.stack.count(), 0);
-        QCOMPARE(desk.owner->actions, 0);
-        QCOMPARE(desk.shown(key) == before, !keepsTyping);
-        desk.models[0].reason = "First.";
-        if (keepsTyping)
-            Sheet::press(Qt::Key_Return);
-        else
+        const std::tuple<QString, const char *, QVariant, bool> rows[] = {
+            {"name", "new", "new", true},          {"ratio", "7", 7.0, true}, {"size", "7", QSizeF(7, 40), true},
+            {"day", "9", QDate(2024, 5, 9), true}, {"on", "", true, false},   {"kind", "Two", 1, false}};
+        for (const auto &[key, text, asked, keepsTyping] : rows) {
+            const TableRow inRow(key);
+            Desk desk;
+            const QString before = desk.shown(key);
+            desk.models[1].reason = "Not %2 this.";
             desk.edit(key, text);
-        QCOMPARE(desk.note(), "First. This concerns 2 of 2 objects.");
-        Sheet::press(Qt::Key_Escape);
-        QCOMPARE(desk.note(), "");
-        QCOMPARE(desk.shown(key), before);
+            QCOMPARE(desk.note(), "Not %2 this.");
+            QCOMPARE(desk.models[1].asked, asked);
+            QCOMPARE(desk.models[0].writes + desk.models[1].writes, 0); // all or nothing
+            QCOMPARE(desk.stack.count(), 0);
+            QCOMPARE(desk.owner->actions, 0);
+            QCOMPARE(desk.shown(key) == before, !keepsTyping);
+            desk.models[0].reason = "First.";
+            if (keepsTyping)
+                Sheet::press(Qt::Key_Return);
+            else
+                desk.edit(key, text);
+            QCOMPARE(desk.note(), "First. This concerns 2 of 2 objects.");
+            Sheet::press(Qt::Key_Escape);
+            QCOMPARE(desk.note(), "");
+            QCOMPARE(desk.shown(key), before);
 
-        desk.models[0].reason = desk.models[1].reason = {};
-        desk.edit(key, text);
-        QVERIFY(desk.models[0].writes == 1 && desk.models[1].writes == 1);
-        QVERIFY(!desk.mark() || desk.note().isEmpty());
-        desk.models[0].reason = "Undo is not asked.";
-        desk.undo();
-        QCOMPARE(desk.shown(key), before);
-        QCOMPARE(desk.models[0].writes, 2);
+            desk.models[0].reason = desk.models[1].reason = {};
+            desk.edit(key, text);
+            QVERIFY(desk.models[0].writes == 1 && desk.models[1].writes == 1);
+            QVERIFY(!desk.mark() || desk.note().isEmpty());
+            desk.models[0].reason = "Undo is not asked.";
+            desk.undo();
+            QCOMPARE(desk.shown(key), before);
+            QCOMPARE(desk.models[0].writes, 2);
+        }
     }
 
     void controlsWithoutATextShowANote()

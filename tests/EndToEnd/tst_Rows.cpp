@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Controls/private/ZelErrorNote.h"
 #include "Core/Undo/ZelUndoManager.h"
-#include "Core/Values/ZelValues.h"
-#include "ExpandableViews/ZelExpandableHeader.h"
-#include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
-#include "Inspector/ZelInspectorSection.h"
-#include "Inspector/ZelInspectorSliver.h"
 #include "Support/Failures.h"
 #include "Support/Reports.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QMimeData>
 #include <limits>
 
 namespace {
@@ -146,11 +137,6 @@ struct Rows : Sheet
         return isEnabled;
     }
     bool chooseFor(const QString &key, const QString &text) const { return choose(menu(sliver(key)->label()), text); }
-    QString note() const
-    {
-        const auto *note = findChild<ZelErrorNote *>();
-        return note ? note->text() : QString();
-    }
 };
 
 QMimeData *valuesOf(const QByteArray &json)

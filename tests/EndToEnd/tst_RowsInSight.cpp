@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Inspector/ZelInspectorSection.h"
-#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/private/ZelRowCommands.h"
-
-#include <QAccessible>
-#include <QLineEdit>
-#include <QScrollBar>
 
 namespace {
 

@@ -1,20 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Controls/ZelLabel.h"
-#include "ExpandableViews/ZelExpandableHeader.h"
-#include "ExpandableViews/ZelExpandableView.h"
-#include "Inspector/ZelInspector.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/private/ZelFoldedText.h"
 #include "Inspector/private/ZelInspectorNote.h"
-#include "TabBar/ZelButtonMatrix.h"
-
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QShortcut>
-#include <QSignalSpy>
 
 namespace {
 

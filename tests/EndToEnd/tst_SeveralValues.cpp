@@ -1,15 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Controls/Fields/ZelTextField.h"
-#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
-#include "Inspector/ZelInspectorChooser.h"
-
-#include <QAccessible>
-#include <QHelpEvent>
-#include <QSignalSpy>
-#include <QToolTip>
 
 namespace {
 

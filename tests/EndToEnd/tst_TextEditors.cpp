@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/private/ZelParagraphStyleProxy.h"
 #include "Inspector/Properties/private/ZelTextFormatImages.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
-#include "Resources/ZelBundle.h"
 #include "Resources/ZelNamedImages.h"
 #include "Support/Failures.h"
 #include "Support/Recorder.h"
-
-#include <QSignalSpy>
 
 namespace {
 

@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
 
-#include "ColorPopUpButton/ZelColorMatrix.h"
-#include "ColorPopUpButton/ZelUsedColorList.h"
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelThemeColor.h"
-#include "Core/Values/ZelValues.h"
 #include "Text/ZelFontManager.h"
-
-#include <QAbstractItemView>
-#include <QLineEdit>
-#include <QSpinBox>
 
 namespace {
 

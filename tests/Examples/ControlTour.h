@@ -2,28 +2,16 @@
 #pragma once
 
 #include "Controls/Cells/ZelSegmentedControl.h"
-#include "Controls/Fields/ZelTextField.h"
-#include "Controls/Menus/ZelPopUpButton.h"
-#include "Controls/Ranges/ZelStepper.h"
 #include "Controls/ZelColorPanel.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Reports.h"
 #include "Support/Failures.h"
-#include "ViewController/ZelView.h"
 
-#include <QApplication>
-#include <QMenu>
-#include <QMetaProperty>
-#include <QScrollArea>
-#include <QTableView>
-#include <QTest>
-#include <QUndoStack>
-#include <QWidgetAction>
-#include <QWindow>
+#include <QtTest>
+#include <QtWidgets>
 
 /// Changes every control of an inspector as a user does, with mouse and keyboard, and notes what is wrong.
 ///
@@ -543,3 +531,19 @@ private:
     QString m_current;
     Control m_outer; // the one that opened what is being visited
 };
+
+/// Runs a test inside of the program of an example, whose main function makes the application and the window.
+#define ZEL_TEST_IN_EXAMPLE(Test)                                                                                      \
+    int exampleMain(int argc, char *argv[]);                                                                           \
+    static void runTestInProgram()                                                                                     \
+    {                                                                                                                  \
+        QTimer::singleShot(0, qApp, [] {                                                                               \
+            Test test;                                                                                                 \
+            QCoreApplication::exit(QTest::qExec(&test, QCoreApplication::arguments()));                                \
+        });                                                                                                            \
+    }                                                                                                                  \
+    Q_COREAPP_STARTUP_FUNCTION(runTestInProgram)                                                                       \
+    int main(int argc, char *argv[])                                                                                   \
+    {                                                                                                                  \
+        return exampleMain(argc, argv);                                                                                \
+    }

@@ -1,15 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Examples/ControlTour.h"
-#include "Inspector/ZelInspectorPane.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "TabBar/ZelTabBar.h"
 
 #include <NetworkWindow.h>
-
-#include <QTimer>
-
-/// The main function of the example, which makes the application and the window.
-int exampleMain(int argc, char *argv[]);
 
 /// Every control of the network example does what it is there for. The test runs inside of the program.
 class tst_NetworkControls : public QObject
@@ -130,18 +123,5 @@ private Q_SLOTS:
     }
 };
 
-static void runTestInProgram()
-{
-    QTimer::singleShot(0, qApp, [] {
-        tst_NetworkControls test;
-        QCoreApplication::exit(QTest::qExec(&test, QCoreApplication::arguments()));
-    });
-}
-Q_COREAPP_STARTUP_FUNCTION(runTestInProgram)
-
-int main(int argc, char *argv[])
-{
-    return exampleMain(argc, argv);
-}
-
+ZEL_TEST_IN_EXAMPLE(tst_NetworkControls)
 #include "tst_NetworkControls.moc"

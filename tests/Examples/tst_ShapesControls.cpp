@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Examples/ControlTour.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/ZelInspector.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "TabBar/ZelTabBar.h"
-#include "Views/ZelScrollView.h"
 #include "canvas/Canvas.h"
 #include "canvas/CanvasArea.h"
 #include "window/InspectorPanel.h"
@@ -12,10 +9,6 @@
 #include "window/Options.h"
 #include "window/Panes.h"
 #include "window/ShapeListView.h"
-
-#include <QLabel>
-#include <QTemporaryDir>
-#include <QTimer>
 
 /// Two shapes of each kind, with a value for everything that can be switched off.
 static void fill(Document &document)

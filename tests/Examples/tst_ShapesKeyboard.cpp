@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Fields/ZelGrowingTextField.h"
 #include "Inspector/Reports.h"
-#include "Inspector/ZelInspector.h"
 #include "Inspector/ZelInspectorState.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "canvas/Canvas.h"
@@ -11,10 +10,8 @@
 #include "window/Panes.h"
 #include "window/ShapeListView.h"
 
-#include <QApplication>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QtWidgets>
 
 /// The drawing program without a mouse.
 class tst_ShapesKeyboard : public QObject
@@ -47,46 +44,34 @@ class tst_ShapesKeyboard : public QObject
         settle();
     }
 
-    struct Kind
+    static bool isControl(const QWidget *widget)
     {
-        const char *className;
-        QList<int> keys; ///< one of them does something
-    };
-    static const Kind *kindOf(const QWidget *widget)
-    {
-        static const Kind kinds[] = {
-            {"ZelTextField", {Qt::Key_7}},
-            {"ZelGrowingTextField", {Qt::Key_7}},
-            {"ZelComboBox", {Qt::Key_7}},
-            {"ZelGrowingTextView", {Qt::Key_7}},
-            {"ZelCheckBox", {Qt::Key_Space}},
-            {"ZelSlider", {Qt::Key_Left, Qt::Key_Right}},
-            {"ZelPopUpButton", {Qt::Key_Space}},
-            {"ZelSegmentedControl", {Qt::Key_Right, Qt::Key_Left, Qt::Key_Space}},
-            {"ZelDatePicker", {Qt::Key_Up}},
-            {"QTableView", {Qt::Key_Down, Qt::Key_F2}},
-            {"SwatchRow", {Qt::Key_Right, Qt::Key_Left}},
-            {"ZelHoverButton", {Qt::Key_Space}},
-            {"ZelPushButton", {Qt::Key_Space}},
-            {"ZelExpandableHeader", {Qt::Key_Return}},
-            {"ZelOriginSelectionView", {Qt::Key_Right, Qt::Key_Left}},
-            {"ZelButtonMatrix", {Qt::Key_Right, Qt::Key_Left}},
-            {"QLineEdit", {Qt::Key_7}},
-        };
-        for (const QMetaObject *metaObject = widget->metaObject(); metaObject; metaObject = metaObject->superClass()) {
-            for (const Kind &kind : kinds) {
-                if (qstrcmp(metaObject->className(), kind.className) == 0)
-                    return &kind;
-            }
-        }
-        return nullptr;
+        static const char *const classes[] = {"ZelTextField",
+                                              "ZelGrowingTextField",
+                                              "ZelComboBox",
+                                              "ZelGrowingTextView",
+                                              "ZelCheckBox",
+                                              "ZelSlider",
+                                              "ZelPopUpButton",
+                                              "ZelSegmentedControl",
+                                              "ZelDatePicker",
+                                              "QTableView",
+                                              "SwatchRow",
+                                              "ZelHoverButton",
+                                              "ZelPushButton",
+                                              "ZelExpandableHeader",
+                                              "ZelOriginSelectionView",
+                                              "ZelButtonMatrix",
+                                              "QLineEdit"};
+        return std::any_of(std::begin(classes), std::end(classes),
+                           [widget](const char *name) { return widget->inherits(name); });
     }
     /// The control to which the widget belongs.
     static QWidget *controlOf(QWidget *widget)
     {
         QWidget *control = nullptr;
         for (; widget; widget = widget->parentWidget()) {
-            if (kindOf(widget))
+            if (isControl(widget))
                 control = widget;
         }
         return control;
@@ -158,50 +143,6 @@ class tst_ShapesKeyboard : public QObject
         }
         return nullptr;
     }
-    static QWidgetList openWindows()
-    {
-        QWidgetList windows;
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->isVisible())
-                windows.append(window);
-        }
-        return windows;
-    }
-    static void pressInFocus(int key)
-    {
-        QWindow *window = QApplication::focusWindow();
-        if (QApplication::activePopupWidget())
-            window = QApplication::activePopupWidget()->windowHandle();
-        if (window)
-            QTest::keyClick(window, Qt::Key(key));
-        settle();
-    }
-    /// What is wrong with using the control; null if nothing is.
-    QString use(QWidget *control)
-    {
-        const QPointer<QWidget> alive(control);
-        const int index = m_window->undoStack().index();
-        const QWidgetList windows = openWindows();
-        for (const int key : kindOf(control)->keys) {
-            control->setFocus(Qt::TabFocusReason);
-            settle();
-            const QImage before = control->grab().toImage();
-            const QList<Shape *> selected = m_window->selection().shapes();
-            pressInFocus(key);
-            if (!alive || m_window->undoStack().index() != index || m_window->selection().shapes() != selected ||
-                control->grab().toImage() != before)
-                return {};
-            if (openWindows() == windows)
-                continue;
-            pressInFocus(Qt::Key_Escape);
-            if (!QTest::qWaitFor([&] { return openWindows() == windows; }, 1000))
-                return "opens what Escape does not close: " + nameOf(control);
-            (void)QTest::qWaitFor([&] { return control->hasFocus(); }, 500);
-            return control->hasFocus() ? QString() : "has lost the focus to what it opened: " + nameOf(control);
-        }
-        return "does nothing: " + nameOf(control);
-    }
-
 private Q_SLOTS:
     void init() { m_reports.emplace(); }
     void cleanup()
@@ -243,44 +184,6 @@ private Q_SLOTS:
         }
         QCOMPARE(faults.join('\n'), QString());
     }
-
-    void everyControlCanBeUsed_data()
-    {
-        QTest::addColumn<int>("tab");
-        for (int tab = 0; tab < 5; ++tab)
-            QTest::addRow("tab %d", tab) << tab;
-    }
-    void everyControlCanBeUsed()
-    {
-        QFETCH(const int, tab);
-        Options options;
-        options.tab = tab;
-        open(options);
-        textShape()->setProperty("tags", QStringList{"one", "two"});
-        m_window->selection().set({textShape()});
-        m_window->actions()[Actions::Duplicate]->trigger(); // a shape like it
-        const auto restore = [this, tab] {
-            m_window->undoStack().setIndex(1);
-            m_window->selection().set({textShape()});
-            inspector()->setSelectedPaneIndex(quint64(tab));
-            inspector()->panes()[tab]->setAllExpanded(true);
-            settle();
-        };
-        restore();
-        QStringList faults;
-        const QList<QWidget *> controls = usableControls();
-        for (const QPointer<QWidget> control : controls) {
-            const bool isUsable = control && control->isVisible() && control->isEnabled();
-            const QString fault = isUsable ? use(control) : QString("was lost while others were used");
-            if (!fault.isEmpty())
-                faults += fault;
-            pressInFocus(Qt::Key_Escape);
-            m_window->findChild<Canvas *>()->setFocus();
-            restore();
-        }
-        QCOMPARE(faults.join('\n'), QString());
-    }
-
     void theNextRunFindsTheInspectorAsItWas()
     {
         const QTemporaryDir folder;

@@ -3,11 +3,6 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Examples/ControlTour.h"
 
-#include <QTimer>
-
-/// The main function of the example, which makes the application and the window.
-int exampleMain(int argc, char *argv[]);
-
 /// Every control of the smallest example does what it is there for. The test runs inside of the program.
 class tst_SmallestControls : public QObject
 {
@@ -40,18 +35,5 @@ private Q_SLOTS:
     }
 };
 
-static void runTestInProgram()
-{
-    QTimer::singleShot(0, qApp, [] {
-        tst_SmallestControls test;
-        QCoreApplication::exit(QTest::qExec(&test, QCoreApplication::arguments()));
-    });
-}
-Q_COREAPP_STARTUP_FUNCTION(runTestInProgram)
-
-int main(int argc, char *argv[])
-{
-    return exampleMain(argc, argv);
-}
-
+ZEL_TEST_IN_EXAMPLE(tst_SmallestControls)
 #include "tst_SmallestControls.moc"

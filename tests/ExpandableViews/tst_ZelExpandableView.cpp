@@ -3,11 +3,8 @@
 
 #include "ExpandableViews/ZelExpandableHeader.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QSignalSpy>
-#include <QTest>
-#include <QVBoxLayout>
+#include <QtTest>
+#include <QtWidgets>
 
 class tst_ZelExpandableView : public QObject
 {

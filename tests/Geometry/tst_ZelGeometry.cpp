@@ -6,10 +6,7 @@
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
 
-#include <QImage>
-#include <QLocale>
-#include <QPainter>
-#include <QWidget>
+#include <QtWidgets>
 #include <random>
 
 namespace {

@@ -1,15 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Blocks/ZelWindow.h"
+#include "Core/KeyValue/ZelClassRegistry.h"
+#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
+#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Reports.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
+#include "Inspector/ZelInspectorChooser.h"
+#include "Inspector/ZelInspectorSliver.h"
+#include "Inspector/ZelTabbedInspector.h"
 #include "Resources/ZelBundle.h"
-#include "ViewController/ZelView.h"
+#include "Resources/ZelLocalizedString.h"
+#include "Support/EditorOwner.h"
+#include "Support/Person.h"
 
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUrl>
+#include <QtTest>
+#include <QtWidgets>
 
 /// Description files, in a folder that stands for the application's resources.
 class Descriptions

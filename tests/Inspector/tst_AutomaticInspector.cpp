@@ -1,25 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelWindow.h"
-#include "Core/Selection/ZelObjectController.h"
 #include "Inspector/Descriptions.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/ZelAutomaticPane.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "Resources/ZelLocalizedString.h"
-#include "Support/EditorOwner.h"
 #include "Support/Figure.h"
-
-#include <QCheckBox>
-#include <QKeySequence>
-#include <QLabel>
-#include <QPalette>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScopeGuard>
-#include <QUndoStack>
-#include <QUuid>
 
 namespace {
 

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelNamedTransformers.h"
-#include "Blocks/ZelWindow.h"
 #include "Core/Values/ZelTransformerFactory.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Descriptions.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
-#include "Inspector/ZelInspectorSlice.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "Support/EditorOwner.h"
 #include "Support/Figure.h"
-
-#include <QLabel>
-#include <QPushButton>
 
 namespace {
 

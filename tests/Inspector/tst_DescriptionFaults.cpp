@@ -1,12 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
-#include "Inspector/ZelInspectorPane.h"
-#include "Inspector/ZelInspectorSlice.h"
-#include "Support/EditorOwner.h"
-#include "Support/Person.h"
-
-#include <QAbstractButton>
-#include <QRegularExpression>
 
 namespace {
 

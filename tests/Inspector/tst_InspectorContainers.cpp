@@ -1,33 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
-#include "Controls/Fields/ZelTextField.h"
-#include "Controls/Menus/ZelMenuItem.h"
-#include "Controls/Menus/ZelPopUpButton.h"
-#include "Controls/ZelCheckBox.h"
-#include "Controls/ZelLabel.h"
-#include "Core/KeyValue/ZelClassRegistry.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
 #include "ExpandableViews/ZelExpandableView.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "Inspector/ZelTabbedInspector.h"
-#include "Support/EditorOwner.h"
-#include "Support/Person.h"
-#include "TabBar/ZelButtonMatrix.h"
-#include "TabBar/ZelTabBar.h"
-#include "Views/ZelScrollView.h"
 #include "Views/ZelSeparator.h"
-#include "Views/ZelSwitchContainerView.h"
-#include "Views/ZelVerticalStackView.h"
-
-#include <QMetaProperty>
-#include <QSignalSpy>
-#include <QVBoxLayout>
 
 namespace {
 

@@ -5,15 +5,7 @@
 #include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/ZelInspectorState.h"
-#include "Inspector/ZelTabbedInspector.h"
-#include "Resources/ZelLocalizedString.h"
-#include "Support/EditorOwner.h"
-#include "Support/Person.h"
 #include "Support/Random.h"
-
-#include <QScrollBar>
-#include <QSettings>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -402,11 +394,10 @@ private Q_SLOTS:
     void returnGoesOnWhereItIsToldSo()
     {
         const QByteArray rows =
-            "<sliver title='Name'><property type='string' keyPath='people.selection.name'/></sliver>"
-            "<sliver><property type='size' keyPath='extra'/></sliver>"
-            "<sliver><property type='string' keyPath='people.selection.name' returnAdvances='no'/>"
-            "</sliver>"
-            "<sliver><property type='number' keyPath='people.selection.height' maximum='9'/></sliver>";
+            "<sliver title='Name'><property type='string' keyPath='people.selection.name'/></sliver><sliver><property "
+            "type='size' keyPath='extra'/></sliver><sliver><property type='string' keyPath='people.selection.name' "
+            "returnAdvances='no'/></sliver><sliver><property type='number' keyPath='people.selection.height' "
+            "maximum='9'/></sliver>";
         m_owner->extra = QSizeF(1, 2);
         const Panel panel = make(panes(pane("P", box("B", rows)), "returnAdvances='yes'"));
         const auto closed = qScopeGuard([this] { close(); });

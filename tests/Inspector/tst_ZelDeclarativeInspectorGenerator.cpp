@@ -1,22 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
 
-#include "Controls/Menus/ZelMenuItem.h"
-#include "Core/KeyValue/ZelClassRegistry.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "Inspector/ZelTabbedInspector.h"
 #include "Resources/ZelColorList.h"
-#include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
-#include "Support/EditorOwner.h"
 #include "Support/Failures.h"
-
-#include <QElapsedTimer>
-#include <QScopeGuard>
 
 namespace {
 

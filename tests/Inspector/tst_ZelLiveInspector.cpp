@@ -1,22 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/ZelLiveInspector.h"
 
-#include "Blocks/ZelWindow.h"
-#include "Controls/Fields/ZelTextField.h"
-#include "Core/KeyValue/ZelClassRegistry.h"
 #include "Inspector/Descriptions.h"
-#include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Inspector/ZelInspectorSliver.h"
-#include "Inspector/ZelTabbedInspector.h"
-#include "Resources/ZelLocalizedString.h"
-#include "Support/EditorOwner.h"
-#include "Support/Person.h"
-
-#include <QLabel>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QUndoStack>
-#include <QVBoxLayout>
 
 namespace {
 

@@ -4,10 +4,8 @@
 #include "Core/Errors/ZelSourcePlace.h"
 #include "Support/Random.h"
 
-#include <QLabel>
-#include <QLineEdit>
 #include <QTest>
-#include <QVBoxLayout>
+#include <QtWidgets>
 #include <array>
 #include <memory>
 

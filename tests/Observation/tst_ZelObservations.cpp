@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelValueTransformer.h"
-#include "Core/Errors/ZelException.h"
-#include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Values/ZelValues.h"
-#include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelKeyPathObservation.h"
 #include "Observation/ZelKeyValueBinding.h"
 #include "Observation/ZelObservations.h"

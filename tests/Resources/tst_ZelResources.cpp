@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Resources/ZelBundle.h"
-#include "Resources/ZelColor.h"
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
 
-#include <QDir>
-#include <QPainter>
-#include <QPalette>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTranslator>
+#include <QtWidgets>
 
 namespace {
 

@@ -3,7 +3,8 @@
 
 #include "SplitView/ZelPrioritySplitViewDelegate.h"
 
-#include <QWidget>
+#include <QtTest>
+#include <QtWidgets>
 #include <memory>
 
 /// An application's shown splitter with plain panes and a delegate.

@@ -3,9 +3,6 @@
 #include "SplitView/ZelSplitView.h"
 #include "Support/TableRow.h"
 
-#include <QApplication>
-#include <QSignalSpy>
-
 /// Dividers under the mouse and the keyboard, and how they look.
 class tst_Dividers : public QObject
 {

@@ -5,10 +5,6 @@
 #include "Support/TableRow.h"
 #include "ViewController/ZelKeyedCoder.h"
 
-#include <QLabel>
-#include <QRandomGenerator>
-#include <QSignalSpy>
-
 class tst_ZelPrioritySplitViewDelegate : public QObject
 {
     Q_OBJECT

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelTabBar.h"
 
-#include "TabBar/ZelButtonMatrix.h"
-
 #include <QLineEdit>
 #include <QPainter>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 namespace {
 

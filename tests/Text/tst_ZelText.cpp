@@ -5,14 +5,8 @@
 #include "Text/ZelFontManager.h"
 #include "Text/ZelTextDocumentCoder.h"
 
-#include <QApplication>
-#include <QFontInfo>
-#include <QFontMetricsF>
-#include <QMetaProperty>
 #include <QTest>
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
+#include <QtWidgets>
 
 using String = ZelAttributedString;
 using Style = ZelParagraphStyle;

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
-#include <QFont>
-#include <QObject>
-#include <QPointF>
-#include <QVariant>
+#include <QtWidgets>
 #include <optional>
 
 // The classes with which descriptions are compared. Only what moc says of them is used.

@@ -2,23 +2,14 @@
 #include "PreviewWindow.h"
 
 #include "Controls/Fields/ZelTextField.h"
-#include "Inspector/Properties/ZelInspectorProperty.h"
-#include "Inspector/ZelInspectorContainer.h"
 #include "Inspector/ZelInspectorSection.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelLiveInspector.h"
 #include "Models.h"
 #include "Resources/ZelBundle.h"
-#include "ViewController/ZelView.h"
 
-#include <QComboBox>
-#include <QImage>
-#include <QListWidget>
-#include <QMetaEnum>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QToolBar>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,17 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Models.h"
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QtWidgets>
 
 namespace {
 
@@ -229,8 +220,7 @@ private Q_SLOTS:
             {lamp("number", "parts.price"), {}},
             {property("type='string' keyPath='other.selection.label'"),
              "2:25: warning: The class of the objects that \"other\" selects is not known: keys below its selection "
-             "are "
-             "not checked (--selection other=Class; in CMake SELECTIONS other=Class)"},
+             "are not checked (--selection other=Class; in CMake SELECTIONS other=Class)"},
             {property("type='string' types:selection='other=Part' keyPath='other.selection.lable'"),
              "2:54: error: No selected object has the property \"lable\" (Part), did you mean \"label\"?"},
             {"<slice types:selection='other=Part,Lamp'><section><sliver>\n"
@@ -375,8 +365,7 @@ private Q_SLOTS:
             {inSliver("<property type='enumeration' style='segmented' keyPath='lamps.selection.kind'><option-group>\n"
                       "<option value='Desk'/></option-group></property>"),
              "2:48: warning: No choice for Floor, Ceiling of Lamp::Kind: such a value looks like no selection; a "
-             "choice "
-             "with hidden=\"yes\" shows it\n3:1: warning: The segment shows nothing: the option has no image"},
+             "choice with hidden=\"yes\" shows it\n3:1: warning: The segment shows nothing: the option has no image"},
             {"<slice types:selections='lamps=Lamp'/>",
              "1:8: error: Unknown attribute \"types:selections\", did you mean \"types:selection\"?"},
             // Values
@@ -676,12 +665,9 @@ private Q_SLOTS:
                                           "<section file='Rows.xml' title='Light'/></slice></inspector></pane>");
         write(QStringLiteral("Rows.xml"),
               "<slice title='Rest' localized='yes'>\n<sliver title='Label'><property type='string' title='Name' "
-              "keyPath='a'\n"
-              "placeholder='None' formatUnit='x' hint='Hint'/></sliver>\n<sliver><property type='enumeration' "
-              "keyPath='b' "
-              "actionName='Name'><option-group><option title=''/><option title='New' "
-              "value='1'/></option-group></property>"
-              "</sliver></slice>");
+              "keyPath='a'\nplaceholder='None' formatUnit='x' hint='Hint'/></sliver>\n<sliver><property "
+              "type='enumeration' keyPath='b' actionName='Name'><option-group><option title=''/><option title='New' "
+              "value='1'/></option-group></property></sliver></slice>");
         write(
             QStringLiteral("de.ts"),
             "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"de_DE\">\n"

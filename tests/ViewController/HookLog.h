@@ -4,7 +4,8 @@
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
 
-#include <QStringList>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 
 /// A view that writes down its hooks, and does what a test wants in them.

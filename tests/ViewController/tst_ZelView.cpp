@@ -8,12 +8,6 @@
 #include "ViewController/ZelBackingLayer.h"
 #include "ViewController/ZelKeyedCoder.h"
 
-#include <QDropEvent>
-#include <QMimeData>
-#include <QPointingDevice>
-#include <QSignalSpy>
-#include <QVBoxLayout>
-
 namespace {
 
 /// Counts how often it is painted, and remembers where events came.

@@ -6,8 +6,6 @@
 #include "Support/TableRow.h"
 #include "ViewController/HookLog.h"
 
-#include <QPushButton>
-
 namespace {
 
 class FakeEditor : public QWidget, public ZelEditor

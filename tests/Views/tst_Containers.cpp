@@ -6,9 +6,6 @@
 #include "Views/ZelSwitchContainerView.h"
 #include "Views/ZelVerticalStackView.h"
 
-#include <QLabel>
-#include <QVBoxLayout>
-
 namespace {
 
 /// A widget of one size.

@@ -4,21 +4,13 @@
 #include "Controls/Fields/ZelNumberFormatter.h"
 #include "Controls/ZelFocusRingOverlay.h"
 #include "Controls/ZelTitleBarButton.h"
-#include "Layout/ZelConstraintLayout.h"
 #include "Support/TableRow.h"
 #include "Views/ZelEmptyView.h"
 #include "Views/ZelScrollView.h"
 #include "Views/ZelSeparator.h"
 #include "Views/ZelVerticalStackView.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProxyStyle>
-#include <QScrollBar>
-#include <QSpinBox>
-#include <QWheelEvent>
-#include <QWindow>
+#include <QtWidgets>
 
 namespace {
 

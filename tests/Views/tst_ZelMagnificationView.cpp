@@ -4,14 +4,8 @@
 #include "Support/TableRow.h"
 #include "Views/ZelMagnificationView.h"
 
-#include <QComboBox>
-#include <QNativeGestureEvent>
-#include <QPointingDevice>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QWheelEvent>
-#include <QWindow>
+#include <QtWidgets>
 
 namespace {
 

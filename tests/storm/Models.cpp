@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Models.h"
 
-#include <QMetaProperty>
-
 namespace {
 
 const QList<QByteArray> &keys()

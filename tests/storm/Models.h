@@ -4,12 +4,7 @@
 #include "Core/Selection/ZelArrayController.h"
 #include "Text/ZelAttributedString.h"
 
-#include <QAction>
-#include <QColor>
-#include <QDate>
-#include <QFont>
-#include <QRectF>
-#include <QVariant>
+#include <QtWidgets>
 #include <functional>
 #include <memory>
 #include <stdexcept>

@@ -4,11 +4,7 @@
 
 #include "Blocks/ZelTransformerKit.h"
 #include "Core/Errors/ZelException.h"
-#include "Core/Errors/ZelExceptionReporter.h"
 #include "Resources/ZelBundle.h"
-
-#include <QAbstractEventDispatcher>
-#include <QFont>
 
 #include <sys/mman.h>
 

@@ -3,12 +3,7 @@
 
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
-#include "ViewController/ZelView.h"
 
-#include <QApplication>
-#include <QPointer>
-#include <QUndoStack>
-#include <QWidget>
 #include <deque>
 #include <unordered_set>
 

@@ -2,26 +2,19 @@
 // What editors show, compared with what the selected objects hold.
 #include "Storm.h"
 
-#include "Controls/Menus/ZelMenuItem.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
-#include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorColorProperty.h"
 #include "Inspector/Properties/ZelInspectorDateProperty.h"
-#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
-#include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorResourceProperty.h"
 #include "Inspector/Properties/ZelInspectorSizeProperty.h"
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Text/ZelFontManager.h"
-
-#include <QLayout>
-#include <QMetaProperty>
 
 namespace {
 

@@ -7,15 +7,6 @@
 #include "Controls/Ranges/ZelStepper.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 
-#include <QAbstractButton>
-#include <QLineEdit>
-#include <QPointingDevice>
-#include <QScrollArea>
-#include <QTableView>
-#include <QTabletEvent>
-#include <QWheelEvent>
-#include <QWindow>
-
 #include <sys/syscall.h>
 #include <unistd.h>
 

@@ -3,11 +3,7 @@
 #include "Storm.h"
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Observation/ZelObservations.h"
-
-#include <QMetaProperty>
-#include <QScopedValueRollback>
 
 namespace {
 

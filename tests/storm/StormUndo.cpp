@@ -4,9 +4,6 @@
 
 #include "Core/Undo/ZelUndoManager.h"
 
-#include <QLayout>
-#include <QMetaProperty>
-
 namespace {
 
 /// All that an object holds but other objects.

@@ -6,13 +6,7 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorChooser.h"
-#include "Inspector/ZelInspectorPane.h"
 #include "Inspector/private/ZelRowBlocks.h"
-
-#include <QAbstractScrollArea>
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace {
 

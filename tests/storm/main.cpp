@@ -3,10 +3,6 @@
 #include "Storm.h"
 #include "Support/Random.h"
 
-#include <QCommandLineParser>
-#include <QFile>
-#include <QRegularExpression>
-
 #include <sys/personality.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -5,16 +5,13 @@
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Undo/ZelUndoManager.h"
-#include "Core/Values/ZelAbstractValueTransformer.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
 #include "Support/Reports.h"
 
-#include <QCheckBox>
-#include <QPushButton>
-#include <QSlider>
 #include <QTest>
+#include <QtWidgets>
 #include <memory>
 
 namespace {

@@ -7,12 +7,8 @@
 #include "Core/Values/ZelValues.h"
 #include "Support/Person.h"
 
-#include <QLocale>
-#include <QPoint>
 #include <QTest>
-#include <QTime>
-#include <QUrl>
-#include <QUuid>
+#include <QtWidgets>
 #include <limits>
 #include <malloc.h>
 

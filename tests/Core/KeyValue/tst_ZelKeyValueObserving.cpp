@@ -9,9 +9,6 @@
 #include "Support/Person.h"
 #include "Support/Random.h"
 
-#include <QProperty>
-#include <QTest>
-#include <QThread>
 #include <algorithm>
 #include <memory>
 

@@ -6,13 +6,6 @@
 #include "Support/Random.h"
 #include "Support/Reports.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QNativeGestureEvent>
-#include <QThread>
-#include <QTimer>
 #include <algorithm>
 #include <memory>
 

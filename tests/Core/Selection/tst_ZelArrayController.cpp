@@ -2,17 +2,14 @@
 #include "Core/Selection/ZelArrayController.h"
 
 #include "Core/Errors/ZelException.h"
-#include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/RunLoop/private/ZelReadingScope.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
-#include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
 
-#include <QCoreApplication>
 #include <malloc.h>
 
 /// Its destructor announces a change, when a subclass's part is gone already.

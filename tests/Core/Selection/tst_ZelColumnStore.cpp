@@ -7,8 +7,6 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
 
-#include <QTest>
-
 #include <memory>
 #include <vector>
 

@@ -3,7 +3,6 @@
 
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
-#include "Core/RunLoop/ZelPassiveEdits.h"
 #include "Core/Selection/ZelArrayController.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
@@ -12,10 +11,6 @@
 #include "Support/Random.h"
 #include "Support/Reports.h"
 
-#include <QTest>
-#include <QTestEventLoop>
-#include <QTimer>
-#include <QWidget>
 #include <memory>
 
 namespace {

@@ -6,15 +6,11 @@
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelIndexSet.h"
 #include "Core/Values/ZelOrderedSet.h"
-#include "Core/Values/ZelVariantHash.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Support/Random.h"
 
-#include <QColor>
-#include <QLocale>
 #include <QTest>
-#include <QTime>
-#include <QUrl>
+#include <QtWidgets>
 #include <clocale>
 #include <set>
 

@@ -2,13 +2,10 @@
 #include "EndToEnd/FigureSheet.h"
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Support/Recorder.h"
-
-#include <QMetaProperty>
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "EndToEnd/FigureSheet.h"
 
 #include "Core/Errors/ZelAssertions.h"
-#include "Core/Values/ZelValues.h"
 #include "Resources/ZelNamedImages.h"
 
 #include <stdexcept>

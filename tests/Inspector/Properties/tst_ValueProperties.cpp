@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "EndToEnd/FigureSheet.h"
 
-#include "ActionBar/ZelActionBarButton.h"
-#include "Core/Errors/ZelAssertions.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Undo/ZelUndoManager.h"
-#include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Inspector/Properties/ZelUnitNumberFormatter.h"
-#include "Layout/ZelConstraintLayout.h"
 #include "Support/Failures.h"
 #include "Support/Reports.h"
 
