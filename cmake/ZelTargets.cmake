@@ -38,7 +38,7 @@ function(zel_use_pch target)
         if(NOT TARGET zel_pch)
             file(CONFIGURE OUTPUT ${Zel_BINARY_DIR}/zel_pch.cpp CONTENT "")
             add_library(zel_pch OBJECT ${Zel_BINARY_DIR}/zel_pch.cpp)
-            set_target_properties(zel_pch PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON
+            set_target_properties(zel_pch PROPERTIES AUTOMOC OFF CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON
                                   CXX_VISIBILITY_PRESET ${zel_visibility} VISIBILITY_INLINES_HIDDEN ON)
             if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
                 # The same header gives the same file, so that ccache knows it again.

@@ -29,7 +29,9 @@ zel_check(install ${CMAKE_COMMAND} -D zel_build=${PROJECT_BINARY_DIR} -D work=${
           -D folders=${folders} -D generator=${CMAKE_GENERATOR} -D compiler=${CMAKE_CXX_COMPILER}
           -P ${CMAKE_CURRENT_LIST_DIR}/install/check.cmake)
 if(BUILD_SHARED_LIBS)
-    zel_check(symbols tools/check-symbols.sh $<TARGET_FILE:Zel>)
+    include(${PROJECT_SOURCE_DIR}/cmake/ZelSizes.cmake)
+    zel_check(symbols tools/check-symbols.sh ${PROJECT_BINARY_DIR})
+    set_tests_properties(check_symbols PROPERTIES RUN_SERIAL ON)
 endif()
 if(BUILD_SHARED_LIBS AND ZEL_BUILD_TOOL)
     zel_check(packages tools/check-packages.sh ${PROJECT_BINARY_DIR})
