@@ -6,7 +6,8 @@
     tools/library-texts.py --check    # changes nothing, and fails if a text is missing, gone or not translated
 
 The texts are those in the code within ZelLocalizedString(...) and QT_TRANSLATE_NOOP("Application", ...), which stands in
-tables.
+tables. Whatever else reads like a text in code that people see something of has to be for developers: in a call such as
+ZelFail(...), or among the names below.
 """
 import argparse
 import pathlib
@@ -19,6 +20,27 @@ FOLDER = ROOT / "translations"
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 CALL = re.compile(r"(?:\bZelLocalizedString\(|\bQT_TRANSLATE_NOOP\(\"Application\",)")
 MESSAGE = re.compile(r"<source>(.*?)</source>\s*<translation[^>/]*(?:/>|>(.*?)</translation>)", re.S)
+# A word with a capital, or several words.
+TEXT = re.compile(r"[A-Z][a-z]+(?:\W|$)|.*[A-Za-z]{2,}.* |.* .*[A-Za-z]{2,}")
+# Calls whose texts people do not see: messages for developers, names in code, and Qt's own translations.
+OTHER_CALL = re.compile(r"\b(?:Zel(?:Fail|Check|Require|ReportFailure|Log\w+|EditorAttributes::fail)|throw \w+|asprintf|tr|"
+                        r"encodingOf|Q_\w+|(?:starts|ends)With|"
+                        r"colorListNamed|ZelColor::named|ZelColorListPtr::create|ZelBundle bundle)\(")
+NO_TEXTS = ("Core", "Geometry", "Inspector/Checking", "Inspector/Description", "Layout")
+NAMES = {
+    # of lists, attributes, fonts and properties, and what stands in logs
+    "Application", "Crayons", "Font", "Link", "Normal", "Overline", "Regular", "System", "sans serif",
+    "selectedPaneName searchText", 'T@"', "TIMING: ", " ms",
+    "{name=%1, object=%2}", "{object=%1, binding=%2 target=%3 keyPath=%4}", "{object=%1, keyPath=%2}",
+    "{object=%1, keyPath=%2, observer=%3, observer=%4}",
+    # what is said of descriptions, and of mistakes in code
+    "Expected inspector element: ", "Expected slice element: ", "Unsupported format style: ",
+    "Unsupported number of components: ", "Unsupported value: ", "Wrong value", "ZelIsOneOf(1, 2)",
+    "Missing minimum value for number property with slider", 'The value "%1" of an option is no integer',
+    '"%1" is no name of a class', '"%1" is no number', "0 has no bits", "the argument is missing",
+    "No URL for image resource %1 found in bundle %2",
+    "View controller %1(%2) will unload view but the view is still used",
+}
 HEAD = '<?xml version="1.0" encoding="utf-8"?>\n<!DOCTYPE TS>\n<!-- The texts of the library: tools/library-texts.py. -->\n'
 
 
@@ -32,15 +54,38 @@ def argument(code, start):
     return code[start:position - 1]
 
 
-def texts_of_code():
-    texts = set()
+def sources():
+    """The path of each source below src, and its code with blanks in place of comments and signs."""
+    other = re.compile(rf"//[^\n]*|/\*.*?\*/|#include[^\n]*|'(?:[^'\\]|\\.)'|({LITERAL})", re.S)
     for source in sorted((ROOT / "src").rglob("*")):
-        code = source.read_text(encoding="utf-8") if source.suffix in (".cpp", ".h") else ""
-        for call in CALL.finditer(code):
-            for literals in re.findall(rf"(?:{LITERAL}\s*)+", argument(code, call.end())):
-                text = "".join(part[1:-1] for part in re.findall(LITERAL, literals))
-                texts.add(text.replace('\\"', '"').replace("\\n", "\n"))
-    return texts
+        if source.suffix in (".cpp", ".h"):
+            code = source.read_text(encoding="utf-8")
+            yield source.relative_to(ROOT / "src"), other.sub(
+                lambda found: found.group(1) or re.sub(r"[^\n]", " ", found.group()), code)
+
+
+def text_of(literals):
+    text = "".join(part[1:-1] for part in re.findall(LITERAL, literals))
+    return text.replace('\\"', '"').replace("\\n", "\n")
+
+
+def texts_of_code():
+    return {text_of(literals) for _, code in sources() for call in CALL.finditer(code)
+            for literals in re.findall(rf"(?:{LITERAL}\s*)+", argument(code, call.end()))}
+
+
+def unmarked_texts():
+    for path, code in sources():
+        if path.as_posix().startswith(NO_TEXTS):
+            continue
+        done = [(call.start(), call.end() + len(argument(code, call.end())))
+                for kind in (CALL, OTHER_CALL) for call in kind.finditer(code)]
+        for literals in re.finditer(rf"(?:{LITERAL}\s*)+", code):
+            text = text_of(literals.group())
+            if TEXT.match(text) and text not in NAMES and not any(
+                    start <= literals.start() < end for start, end in done):
+                line = code[:literals.start()].count("\n") + 1
+                yield f"src/{path}:{line}: people may see this, but it is in no ZelLocalizedString: {text}"
 
 
 def translations_in(file):
@@ -65,7 +110,7 @@ def main():
     parser.add_argument("--check", action="store_true")
     arguments = parser.parse_args()
     texts = texts_of_code()
-    wrong = []
+    wrong = list(unmarked_texts())
     for file in [FOLDER / "zel.ts", *sorted(FOLDER.glob("zel_*.ts"))]:
         known = translations_in(file) if file.exists() else {}
         if not arguments.check:

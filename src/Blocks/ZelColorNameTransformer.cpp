@@ -2,7 +2,6 @@
 #include "Blocks/ZelColorNameTransformer.h"
 
 #include "Resources/ZelColorList.h"
-#include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelSystemColors.h"
 
 #include <QHash>
@@ -17,10 +16,8 @@ template<typename Function> void forEachNamedColor(Function function)
     const QList<ZelColorListPtr> lists = ZelColorList::availableColorLists();
     for (const ZelColorListPtr &list : lists) {
         const QStringList keys = list->allKeys();
-        for (const QString &key : keys) {
-            const QString displayName = ZelSystemColors::displayName(key);
-            function(list->colorWithKey(key), ZelLocalizedString(displayName.isNull() ? key : displayName));
-        }
+        for (const QString &key : keys)
+            function(list->colorWithKey(key), ZelSystemColors::localizedName(key));
     }
 }
 

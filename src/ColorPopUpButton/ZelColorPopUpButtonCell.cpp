@@ -18,6 +18,7 @@
 #include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
+#include "Resources/ZelSystemColors.h"
 
 const QString ZelColorPopUpButtonDidBecomeActiveNotification =
     QStringLiteral("ZelColorPopUpButtonDidBecomeActiveNotification");
@@ -192,7 +193,7 @@ int ZelColorPopUpButtonCell::indexOfColor(const ZelColor &color) const
 QString ZelColorPopUpButtonCell::nameInList(const ZelColor &color) const
 {
     const int index = indexOfColor(color);
-    return index < 0 || !m_colorList ? QString() : ZelLocalizedString(m_colorList->allKeys().value(index));
+    return index < 0 || !m_colorList ? QString() : ZelSystemColors::localizedName(m_colorList->allKeys().value(index));
 }
 
 QString ZelColorPopUpButtonCell::nameOf(const QVariant &color) const

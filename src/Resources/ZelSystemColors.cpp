@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Resources/ZelSystemColors.h"
 
+#include "Resources/ZelLocalizedString.h"
+
 #include <QGuiApplication>
 #include <QPalette>
 #include <algorithm>
@@ -79,6 +81,12 @@ QString ZelSystemColors::displayName(const QString &key)
 {
     const Row *row = find(key);
     return row ? QString::fromLatin1(row->displayName) : QString();
+}
+
+QString ZelSystemColors::localizedName(const QString &key)
+{
+    const QString english = displayName(key);
+    return ZelLocalizedString(english.isNull() ? key : english);
 }
 
 QColor ZelSystemColors::color(const QString &key)

@@ -22,13 +22,8 @@ QColor fromDigits(const QString &digits)
 
 bool isName(const QString &text, const QString &key)
 {
-    const QString displayName = ZelSystemColors::displayName(key);
-    const QString &english = displayName.isNull() ? key : displayName;
-    for (const QString &name : {key, english, ZelLocalizedString(english)}) {
-        if (text.compare(name, Qt::CaseInsensitive) == 0)
-            return true;
-    }
-    return false;
+    const QStringList names{key, ZelSystemColors::displayName(key), ZelSystemColors::localizedName(key)};
+    return !text.isEmpty() && names.contains(text, Qt::CaseInsensitive);
 }
 
 ZelColor colorInList(const QString &name, const ZelColorList &list)
