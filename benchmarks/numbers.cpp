@@ -10,6 +10,7 @@
 #include "ViewController/ZelView.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QThread>
 #include <QVBoxLayout>
@@ -52,7 +53,9 @@ template<typename Editor, typename Object> struct Panel
         editor.setKeyPath("objects.selection." + key);
         column.addWidget(editor.view());
         window.show();
-        QApplication::processEvents();
+        QElapsedTimer shown; // a person looks before typing, while the objects are connected
+        for (shown.start(); shown.elapsed() < 500;)
+            QApplication::processEvents();
     }
 
     std::vector<Object> objects;

@@ -17,15 +17,17 @@ ZelSubviewGroup::~ZelSubviewGroup()
 void ZelSubviewGroup::removeFrom(QWidget *parent, const QList<QPointer<ZelView>> &views)
 {
     const QPointer<QWidget> from(parent);
-    if (views.size() <= groups) {
-        for (const QPointer<ZelView> &view : views)
-            if (from && view && view->parentWidget() == from)
-                view->setParent(nullptr);
-        return;
-    }
-    const qsizetype size = (views.size() + groups - 1) / groups;
+    const qsizetype size = views.size() <= groups ? views.size() : (views.size() + groups - 1) / groups;
     for (qsizetype first = 0; from && first < views.size(); first += size)
         removeAsGroup(from, views.mid(first, size));
+}
+
+void ZelSubviewGroup::removeEach(QWidget *parent, const QList<QPointer<ZelView>> &views)
+{
+    const QPointer<QWidget> from(parent);
+    for (const QPointer<ZelView> &view : views)
+        if (from && view && view->parentWidget() == from)
+            view->setParent(nullptr);
 }
 
 void ZelSubviewGroup::removeAsGroup(QWidget *parent, const QList<QPointer<ZelView>> &views)
@@ -40,7 +42,9 @@ void ZelSubviewGroup::removeAsGroup(QWidget *parent, const QList<QPointer<ZelVie
             move(moved, group, &moved->m_moving, moved);
     if (from && group)
         move(group, nullptr, view ? &view->m_grouping : nullptr, view);
-    if (group)
+    if (group && views.size() <= groups)
+        removeEach(group, views);
+    else if (group)
         removeFrom(group, views);
 }
 

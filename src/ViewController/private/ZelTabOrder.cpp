@@ -3,6 +3,8 @@
 
 #include "ViewController/ZelView.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isTabStop(const QWidget *widget)
@@ -68,12 +70,13 @@ ZelTabOrder::ZelTabOrder(QWidget *view)
     m_before = stops.isEmpty() ? standingBefore(view) : visitedBefore(stops.first(), view);
 }
 
+/// The last one is moved first: Qt walks from the stop that stays to the next one behind it, over all widgets between
+/// them that take no focus. So it walks over those behind the view once, and not for each stop.
 void ZelTabOrder::followSubviews() const
 {
-    QWidget *previous = m_before;
-    for (QWidget *stop : m_view ? tabStopsOf(m_view) : QList<QWidget *>()) {
-        if (previous)
-            QWidget::setTabOrder(previous, stop);
-        previous = stop;
-    }
+    QList<QWidget *> stops = m_view ? tabStopsOf(m_view) : QList<QWidget *>();
+    if (stops.isEmpty())
+        return;
+    QWidget *before = m_before ? m_before.data() : stops.takeFirst();
+    std::for_each(stops.rbegin(), stops.rend(), [before](QWidget *stop) { QWidget::setTabOrder(before, stop); });
 }
