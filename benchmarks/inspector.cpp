@@ -20,6 +20,11 @@
 #include <array>
 #include <memory>
 
+#ifdef ZEL_BENCH_HAS_UI_TOOLS
+#include <QBuffer>
+#include <QUiLoader>
+#endif
+
 namespace {
 
 QWidget *textRow(RowModel &model)
@@ -133,6 +138,50 @@ static void inspectorBuild()
                    [&](int rows) { return shownForm([&model, rows] { return formByHand(model, rows); }); });
 }
 ZEL_BENCHMARK(inspectorBuild)
+
+#ifdef ZEL_BENCH_HAS_UI_TOOLS
+
+/// The form with the same rows as Qt's own forms describe it. Nothing in it is connected with the model.
+static QByteArray uiOfRows(int rows)
+{
+    static const char *const editors[] = {
+        "<widget class='QLineEdit'><property name='text'><string>text</string></property></widget>",
+        "<widget class='QDoubleSpinBox'><property name='maximum'><double>1000</double></property></widget>",
+        "<widget class='QCheckBox'/>",
+        "<widget class='QComboBox'><item><property name='text'><string>None</string></property></item>"
+        "<item><property name='text'><string>Some</string></property></item>"
+        "<item><property name='text'><string>Many</string></property></item>"
+        "<item><property name='text'><string>All</string></property></item></widget>",
+    };
+    QByteArray xml = "<ui version='4.0'><widget class='QScrollArea'><property name='widgetResizable'><bool>true</bool>"
+                     "</property><widget class='QWidget'><layout class='QFormLayout'>";
+    for (int row = 0; row < rows; ++row) {
+        const QByteArray number = QByteArray::number(row);
+        xml += "<item row='" + number + "' column='0'><widget class='QLabel'><property name='text'><string>Row " +
+               number + "</string></property></widget></item><item row='" + number + "' column='1'>" +
+               editors[row % 4] + "</item>";
+    }
+    return xml + "</layout></widget></widget></ui>";
+}
+
+static void uiLoader()
+{
+    RowModel model;
+    const QByteArray ui = uiOfRows(500);
+    const auto load = [&ui] {
+        QBuffer buffer;
+        buffer.setData(ui);
+        buffer.open(QIODevice::ReadOnly);
+        QWidget *window = QUiLoader().load(&buffer);
+        Bench::expect(window && window->findChildren<QLineEdit *>().size() >= 125, "the form is not loaded");
+        return window;
+    };
+    Bench::compare(QStringLiteral("A 500 rows by Qt's form loader, none connected"), 0, shownForm(load),
+                   shownForm([&model] { return formByHand(model, 500); }));
+}
+ZEL_BENCHMARK(uiLoader)
+
+#endif
 
 static std::shared_ptr<QWidget> shown(QWidget *window)
 {

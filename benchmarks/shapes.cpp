@@ -7,10 +7,14 @@
 #include "window/MainWindow.h"
 #include "window/Options.h"
 
+#include "Inspector/ZelTabbedInspector.h"
+
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProcess>
 
 namespace {
 
@@ -70,3 +74,63 @@ static void shapesSelectAll()
     Bench::compare(QStringLiteral("F the same, against as many property(name) reads"), 0, select, readByName);
 }
 ZEL_BENCHMARK(shapesSelectAll)
+
+/// From the choice of a tab of the example's inspector until it is painted, the longest of all tabs; in milliseconds.
+static double longestSwitch(ZelTabbedInspector *inspector, PaintWatch &watch)
+{
+    double longest = 0;
+    for (int tab = int(inspector->panes().size()) - 1; tab >= 0; --tab) {
+        if (quint64(tab) == inspector->selectedPaneIndex())
+            continue;
+        QElapsedTimer timer;
+        timer.start();
+        inspector->setSelectedPaneIndex(quint64(tab));
+        watch.waitForPaint();
+        longest = std::max(longest, double(timer.nsecsElapsed()) / 1e6);
+        PaintWatch::settle();
+    }
+    return longest;
+}
+
+static void switchTabs()
+{
+    double first = 0;
+    double later = 0;
+    const auto switchAll = [&] {
+        Options options;
+        options.selectsAll = true;
+        options.tab = 0;
+        MainWindow window(options);
+        window.show();
+        PaintWatch::settle();
+        auto *inspector = window.findChild<ZelTabbedInspector *>();
+        PaintWatch watch(window.findChild<InspectorPanel *>());
+        first = longestSwitch(inspector, watch);
+        inspector->setSelectedPaneIndex(0);
+        PaintWatch::settle();
+        later = longestSwitch(inspector, watch);
+        return first;
+    };
+    Bench::measured(QStringLiteral("A switch to a tab of the example for the first time"), 16, switchAll);
+    Bench::measured(QStringLiteral("A switch to a tab of the example again"), 4, [&] {
+        switchAll();
+        return later;
+    });
+}
+ZEL_BENCHMARK(switchTabs)
+
+/// From the start of the example's process to its first picture; without an inspector a message is in its place.
+static void firstPicture()
+{
+    const auto start = [](const QStringList &arguments) {
+        QProcess process; // which keeps its messages
+        process.start(QStringLiteral(ZEL_BENCH_FIRST_PICTURE), arguments);
+        Bench::expect(process.waitForFinished() && process.exitCode() == 0, "the example does not start");
+    };
+    Bench::compare(
+        QStringLiteral("A first picture of the example from the start"), 1.4, [&] { start({}); },
+        [&] {
+            start({QStringLiteral("--description"), QStringLiteral("/nowhere")});
+        });
+}
+ZEL_BENCHMARK(firstPicture)
