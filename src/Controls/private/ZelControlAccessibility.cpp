@@ -184,6 +184,10 @@ QAccessibleInterface *interfaceOf(const QString &className, QObject *object)
          [](QObject *o) -> QAccessibleInterface * {
              return new GrowingTextFieldInterface(static_cast<ZelGrowingTextField *>(o));
          }},
+        // What Qt makes of it as well, but only after it has compared many names; and it makes one of every widget that
+        // is shown.
+        {QStringLiteral("ZelView"),
+         [](QObject *o) -> QAccessibleInterface * { return new QAccessibleWidget(static_cast<QWidget *>(o)); }},
     };
     if (QAccessibleInterface *cells = ZelCellGroupAccessible::make(object))
         return cells;

@@ -12,6 +12,7 @@
 
 #include <QHash>
 #include <algorithm>
+#include <array>
 
 /// Finds the records, and ends them with their objects. It is the one receiver of the `destroyed` signals of all
 /// objects.
@@ -24,7 +25,13 @@ public:
         return *table;
     }
 
-    ZelObjectRecord *find(const QObject *object) const { return m_records.value(object); }
+    ZelObjectRecord *find(const QObject *object)
+    {
+        Slot &slot = slotFor(object);
+        if (slot.object != object)
+            slot = {object, m_records.value(object)};
+        return slot.record;
+    }
 
     ZelObjectRecord &of(QObject *object)
     {
@@ -32,17 +39,31 @@ public:
             return *record;
         auto *record = new ZelObjectRecord(object);
         m_records.insert(object, record);
+        slotFor(object) = {object, record};
         static const int destroyed = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();
         listenTo(object, destroyed);
         return *record;
     }
 
-    void end(const QObject *object) { delete m_records.take(object); }
+    void end(const QObject *object)
+    {
+        slotFor(object) = {};
+        delete m_records.take(object);
+    }
 
 private:
+    /// What was found last, with or without a record: a setter asks for the same few objects again and again.
+    struct Slot
+    {
+        const QObject *object = nullptr;
+        ZelObjectRecord *record = nullptr;
+    };
+    Slot &slotFor(const QObject *object) { return m_slots[(quintptr(object) >> 4) % m_slots.size()]; }
+
     void heard(int, void **arguments) override { ZelObjectRecord::end(*static_cast<QObject **>(arguments[1])); }
 
     QHash<const QObject *, ZelObjectRecord *> m_records;
+    std::array<Slot, 256> m_slots;
 };
 
 ZelObjectRecord *ZelObjectRecord::find(const QObject *object)
@@ -168,6 +189,10 @@ ZelValueChange::ZelValueChange(QObject *object, ZelKey key, bool byObject)
     if (!m_observed)
         return;
     m_uncaught = std::uncaught_exceptions();
+    if (m_observed->beginsUnheard(byObject)) {
+        m_observed->retain();
+        return;
+    }
     const ZelObservedKey::Hold hold(m_observed);
     try {
         m_observed->willChange(ZelKeyValueChangeSetting, nullptr, byObject);

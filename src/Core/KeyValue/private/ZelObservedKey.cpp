@@ -26,18 +26,16 @@ public:
 
     const QVariant &newValue() const override
     {
-        if (!std::exchange(m_isRead, true) && !m_key.m_isOrphan)
+        if (!m_new && m_key.m_isOrphan)
+            m_new.emplace();
+        else if (!m_new)
             m_new = m_kind == ZelKeyValueChangeSetting   ? m_key.read()
                     : m_kind == ZelKeyValueChangeRemoval ? QVariant()
                                                          : m_key.elementsAt(*m_indexes);
-        return m_new;
+        return *m_new;
     }
     const ZelKeptValue &oldValue() const override { return m_old; }
-    void setNewValue(const QVariant &value)
-    {
-        m_new = value;
-        m_isRead = true;
-    }
+    void setNewValue(const QVariant &value) { m_new = value; }
 
 private:
     bool areValuesDifferent() const override { return differ(m_old, newValue()); }
@@ -46,8 +44,7 @@ private:
     ZelKeyValueChangeKind m_kind;
     const ZelIndexSet *m_indexes;
     const ZelKeptValue &m_old;
-    mutable QVariant m_new;
-    mutable bool m_isRead = false;
+    mutable std::optional<QVariant> m_new; // nothing until it is read
 };
 
 ZelObservedKey::ZelObservedKey(QObject *object, ZelKey key)
@@ -207,15 +204,16 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
 {
     ZelKeyValueChange change(kind, &source, 0, indexes, isPrior);
     const size_t count = m_registrations.size(); // observers that come meanwhile do not get this change
+    QObject *const object = m_object;            // lives as long as the key is no orphan
     ZelChangeDelivery::run([&] {
         ZelFirstException failure;
-        for (size_t i = 0; i < count && m_object && !m_isOrphan; ++i) {
+        for (size_t i = 0; i < count && object && !m_isOrphan; ++i) {
             const Registration &registration = m_registrations[i];
             if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
                 continue;
             change.m_options = registration.options;
             failure.run(
-                [&] { registration.observer->observeValueForKeyPath(m_path, m_object, change, registration.context); });
+                [&] { registration.observer->observeValueForKeyPath(m_path, object, change, registration.context); });
         }
         failure.rethrow();
     });
@@ -226,11 +224,7 @@ void ZelObservedKey::willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *i
     ZelRequireMainThread();
     if (byObject && !m_announcesItself)
         beginAnnouncing();
-    if (m_oldObservers == 0 && m_priorObservers == 0) {
-        m_announcements += isObserved() ? 1 : 0; // whether it is readable matters at the end
-        return;
-    }
-    if (!isReadable())
+    if (beginsUnheard(byObject) || !isReadable())
         return;
     const Hold hold(this);
     const int announcement = ++m_announcements;
@@ -266,7 +260,8 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     if (m_announcements == 0 || m_isOrphan)
         return;
     const Hold hold(this);
-    ZelKeptValue old;
+    static const ZelKeptValue none;
+    std::optional<ZelKeptValue> old; // most observers ask for none, and making one takes time
     if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements) {
         old = std::move(m_pendingOld.back().value);
         m_pendingOld.pop_back();
@@ -275,7 +270,7 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     // If the setter has announced the change itself meanwhile, the announcement from outside would be a second one.
     if (!isObserved() || (!byObject && m_announcesItself) || !isReadable())
         return;
-    Source source(*this, kind, indexes, old);
+    Source source(*this, kind, indexes, old ? *old : none);
     if (m_remembers) {
         m_last.keep(read());
         if (kind == ZelKeyValueChangeSetting)

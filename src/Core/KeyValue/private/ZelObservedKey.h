@@ -75,6 +75,14 @@ public:
     /// ignored.
     void willChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject);
     void didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *indexes, bool byObject);
+    /// Begins a change as willChange does if nobody asks for anything before it. Answers false if somebody does.
+    bool beginsUnheard(bool byObject)
+    {
+        if (m_oldObservers > 0 || m_priorObservers > 0 || (byObject && !m_announcesItself))
+            return false;
+        m_announcements += isObserved() ? 1 : 0; // whether it is readable matters at the end
+        return true;
+    }
     /// A change that is heard of after it happened.
     void notified();
     /// The same for a property that is heard through its binding.
