@@ -11,8 +11,13 @@
 #include "Core/KeyValue/private/ZelSilentKeys.h"
 
 #include <QHash>
+#include <QThread>
 #include <algorithm>
 #include <array>
+
+namespace {
+const Qt::HANDLE g_mainThread = QThread::currentThreadId(); // on which the library is loaded
+}
 
 /// Finds the records, and ends them with their objects. It is the one receiver of the `destroyed` signals of all
 /// objects.
@@ -27,6 +32,8 @@ public:
 
     ZelObjectRecord *find(const QObject *object)
     {
+        if (QThread::currentThreadId() != g_mainThread) // where a model is filled before it comes to the main thread
+            return m_records.value(object);
         Slot &slot = slotFor(object);
         if (slot.object != object)
             slot = {object, m_records.value(object)};
