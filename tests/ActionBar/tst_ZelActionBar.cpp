@@ -7,11 +7,9 @@
 #include "Resources/ZelNamedImages.h"
 #include "Support/TableRow.h"
 #include "ViewController/ZelViewController.h"
-
 #include <QtWidgets>
 
 namespace {
-
 /// What an application's own object looks like.
 class Receiver : public QObject
 {
@@ -94,7 +92,6 @@ struct Window : QWidget
     QLineEdit *field = new QLineEdit;
     ZelActionBar *bar = new ZelActionBar;
 };
-
 } // namespace
 
 class tst_ZelActionBar : public QObject
@@ -124,7 +121,6 @@ private Q_SLOTS:
         QCOMPARE(window.control<ZelActionBarSeparator>()->style(), 1u);
         item->setType(17);
         QVERIFY(window.control());
-
         // Taken out of the window the bar lets go of its items, and takes them up again.
         window.bar->removeFromSuperview();
         item->setLabel("late");
@@ -133,7 +129,6 @@ private Q_SLOTS:
         window.layout()->addWidget(window.bar);
         QVERIFY(window.control<ZelActionBarCheckboxButton>());
         QCOMPARE(window.control()->title(), "late");
-
         const auto search = std::make_unique<QLineEdit>(); // a view is shown as it is
         search->setFixedWidth(60);
         item->setView(search.get());
@@ -145,7 +140,6 @@ private Q_SLOTS:
         item->setView(search.get());
         window.bar->setItems({});
         QVERIFY(!search->parentWidget());
-
         auto bar = std::make_unique<ZelActionBar>(); // that never had a window
         const QPointer<ZelActionBarItem> going = new ZelActionBarItem;
         bar->setItems({going});
@@ -383,6 +377,5 @@ private Q_SLOTS:
         QTest::qWait(150);
     }
 };
-
 QTEST_MAIN(tst_ZelActionBar)
 #include "tst_ZelActionBar.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelBlockProperties.h"
-
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/Failures.h"
@@ -9,7 +8,6 @@
 #include "Support/TableRow.h"
 
 namespace {
-
 class Base : public QObject
 {
     Q_OBJECT
@@ -41,13 +39,11 @@ void addStored(const QMetaObject *metaObject, const QString &name, const QString
         static_cast<Base *>(object)->stored.insert(name, value);
     }));
 }
-
 } // namespace
 
 class TestBlockProperties : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void valuesAreConvertedBothWaysAndObserved()
     {
@@ -168,6 +164,5 @@ private Q_SLOTS:
         check("Ti,D", "No getter block", "No setter block", false);
     }
 };
-
 QTEST_APPLESS_MAIN(TestBlockProperties)
 #include "tst_ZelBlockProperties.moc"

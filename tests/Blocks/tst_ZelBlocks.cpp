@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelBlocks.h"
-
 #include "Support/Failures.h"
-
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
@@ -12,7 +10,6 @@
 #include <numeric>
 
 namespace {
-
 using Ints = QList<int>;
 
 bool isEven(qsizetype i)
@@ -73,13 +70,11 @@ QHash<int, QString> numberNames(int count)
         names.insert(i, QString::number(i));
     return names;
 }
-
 } // namespace
 
 class TestBlocks : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void collectionsAreAskedFoldedAndMapped()
     {
@@ -263,6 +258,5 @@ private Q_SLOTS:
         QCOMPARE(list, Ints({1, 2, 3, 4}));
     }
 };
-
 QTEST_APPLESS_MAIN(TestBlocks)
 #include "tst_ZelBlocks.moc"

@@ -9,7 +9,6 @@
 #include "Resources/ZelLocalizedString.h"
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
-
 #include <thread>
 
 class Crowd : public QObject
@@ -33,7 +32,6 @@ static QVariant doubled(const QVariant &value)
 class tst_ZelValueTransformer : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase()
     {
@@ -168,6 +166,5 @@ private Q_SLOTS:
         QVERIFY(nameOf(QColor(3, 2, 1)).isEmpty() && !nameOf(QColor(3, 2, 1)).isNull());
     }
 };
-
 QTEST_MAIN(tst_ZelValueTransformer)
 #include "tst_ZelValueTransformer.moc"

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Blocks/ZelWindow.h"
-
 #include "Core/Errors/ZelException.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Observation/ZelObservations.h"
-
 #include <QTest>
 #include <QtWidgets>
 
@@ -34,7 +32,6 @@ private:
 class tst_ZelWindow : public QObject
 {
     Q_OBJECT
-
     static QString taken() { return std::exchange(g_log, {}).join(", "); }
     static void show(QWidget *window)
     {
@@ -125,6 +122,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_ZelWindow)
 #include "tst_ZelWindow.moc"

@@ -13,12 +13,10 @@
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/TableRow.h"
-
 #include <QSignalSpy>
 #include <QtWidgets>
 
 namespace {
-
 QVariant color(const QColor &color)
 {
     return ZelColor(color).toVariant();
@@ -27,11 +25,6 @@ QVariant color(const QColor &color)
 QMenu *openMenu()
 {
     return qobject_cast<QMenu *>(QApplication::activePopupWidget());
-}
-
-QColorDialog *dialog()
-{
-    return static_cast<QColorDialog *>(ZelColorPanel::sharedColorPanel()->window());
 }
 
 ZelColor lastUsed()
@@ -82,13 +75,11 @@ struct PaintLog : QObject
     }
     QRegion painted;
 };
-
 } // namespace
 
 class tst_ZelColorPopUpButton : public QObject
 {
     Q_OBJECT
-
     ZelUsedColorList *list = ZelUsedColorList::sharedUsedColorList();
 
 public Q_SLOTS:
@@ -267,38 +258,6 @@ private Q_SLOTS:
         }
     }
 
-    void thePanelIsFollowedWhileItIsOpen()
-    {
-        Window window;
-        window.button->setSelectedColor(QVariant::fromValue(ZelMultipleValuesMarker));
-        window.button->setShowsAlpha(true);
-        ZelColorPopUpButtonCell *cell = window.button->cell();
-        cell->otherMenuItem()->trigger();
-        QVERIFY(cell->isColorPanelActive() && ZelColorPanel::sharedColorPanel()->showsAlpha());
-        QCOMPARE(dialog()->currentColor(), QColor(Qt::black));
-        QCOMPARE(window.actions, 0);
-        const ZelColor chosen(QColor(1, 2, 200));
-        dialog()->setCurrentColor(chosen.toQColor());
-        QVERIFY(lastUsed() != chosen);
-        window.button->setEnabled(false);
-        dialog()->setCurrentColor(Qt::yellow);
-        window.button->setEnabled(true);
-        window.button->setEditable(false);
-        dialog()->setCurrentColor(Qt::cyan);
-        QCOMPARE(window.button->selectedColor(), chosen.toVariant());
-        QCOMPARE(window.edits, 1);
-        ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
-        QVERIFY(!cell->isColorPanelActive()); // an application's own has taken over
-        QCOMPARE(lastUsed(), chosen);
-        Window dying;
-        dying.whenActing = [&dying] { delete dying.button; };
-        dying.button->cell()->activateColorPanel();
-        dialog()->setCurrentColor(QColor(30, 3, 3));
-        QVERIFY(!dying.button);
-        QCOMPARE(lastUsed(), ZelColor(QColor(30, 3, 3)));
-        dialog()->setCurrentColor(QColor(31, 3, 3));
-    }
-
     void colorsAreReadFromDigitsAndNames()
     {
         const ZelColor ink(ZelColor::DeviceCMYK, {0.1, 0.2, 0.3, 0.4, 1});
@@ -390,21 +349,6 @@ private Q_SLOTS:
         QCOMPARE(list->colors().first(), grey(200));
     }
 
-    void threadsMayUseColours()
-    {
-        const auto use = [this] {
-            for (int i = 0; i < 500; ++i)
-                list->usedColor(grey(30 + i * 7 % 40));
-        };
-        const std::unique_ptr<QThread> other(QThread::create(use));
-        other->start();
-        use();
-        other->wait();
-        const QList<ZelColor> colors = list->colors();
-        QCOMPARE(colors.size(), ZelUsedColorListMax);
-        QCOMPARE(QSet<ZelColor>(colors.begin(), colors.end()).size(), ZelUsedColorListMax);
-    }
-
     void theStripKeepsItsMeasuresAndRepaintsOnlyWhatIsAnother()
     {
         QWidget window;
@@ -421,7 +365,6 @@ private Q_SLOTS:
         QCOMPARE(matrix->colorAtIndex(0), grey(21));
         for (int i = 0; i < ZelColorMatrix::numberOfCells; ++i)
             QCOMPARE(log.painted.intersects(matrix->rectOfCell(i)), i < 3);
-
         QCOMPARE(view->sizeHint().width(), 273);
         QCOMPARE(matrix->size(), QSize(227, 40));
         QCOMPARE(matrix->x(), 19);
@@ -437,6 +380,5 @@ private Q_SLOTS:
         QCOMPARE(matrix->rectOfCell(0).right(), 226);
     }
 };
-
 QTEST_MAIN(tst_ZelColorPopUpButton)
 #include "tst_ZelColorPopUpButton.moc"

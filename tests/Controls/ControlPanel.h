@@ -8,7 +8,6 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/TableRow.h"
-
 #include <QtTest>
 #include <QtWidgets>
 

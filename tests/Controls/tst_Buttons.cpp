@@ -12,11 +12,9 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Support/Recorder.h"
 #include "Support/Reports.h"
-
 #include <cmath>
 
 namespace {
-
 /// A window with something for the user to do elsewhere. It takes an action, and so does what has the focus in it; it
 /// has a say in when that can be sent.
 class Window : public QWidget
@@ -63,14 +61,12 @@ template<typename Widget> QWidget *make()
         widget->addItems({"a", "b"});
     return widget;
 }
-
 } // namespace
 
 /// Buttons, check boxes and labels; and the keys and the accessibility of controls of all kinds.
 class tst_Buttons : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void hoverButtonsShowAnotherImageUnderThePointer()
     {
@@ -189,28 +185,6 @@ private Q_SLOTS:
         QVERIFY(!dock->isVisible() && window.isVisible());
         click(ZelTitleBarButton::Close, &window);
         QVERIFY(!window.isVisible());
-    }
-
-    void checkBoxesShowValues()
-    {
-        const std::pair<QVariant, Qt::CheckState> rows[] = {{{}, Qt::Unchecked},
-                                                            {QVariant::fromValue(ZelNoSelectionMarker), Qt::Unchecked},
-                                                            {several(), Qt::PartiallyChecked},
-                                                            {4, Qt::Checked},
-                                                            {false, Qt::Unchecked}};
-        for (const auto &[value, state] : rows) {
-            ZelCheckBox box;
-            const QSignalSpy edited(&box, &ZelCheckBox::valueEdited);
-            for (const bool before : {true, false}) {
-                box.setObjectValue(before);
-                box.setObjectValue(value);
-                QCOMPARE(box.checkState(), state);
-                QCOMPARE(box.objectValue(), value);
-            }
-            box.setCheckState(state == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-            QCOMPARE(box.objectValue(), QVariant(state != Qt::Checked));
-            QCOMPARE(edited.count(), 0);
-        }
     }
 
     void clicksOnCheckBoxesNeverLeadToMixed()
@@ -333,7 +307,6 @@ private Q_SLOTS:
         child.show();
         QCOMPARE(recorder.count(), 2);
         QCOMPARE(ZelValueForKey(&child, "hidden"), QVariant(false));
-
         // Qt hides widgets in its own events as well, which nothing may be thrown through.
         const Reports reports;
         recorder.react = [] { throw ZelGenericException("an observer's"); };
@@ -381,6 +354,5 @@ private Q_SLOTS:
         QCOMPARE(popUp->text(QAccessible::Value), "Choice");
     }
 };
-
 QTEST_MAIN(tst_Buttons)
 #include "tst_Buttons.moc"

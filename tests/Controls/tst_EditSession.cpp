@@ -9,7 +9,6 @@
 #include "Controls/private/ZelRefusalMark.h"
 
 namespace {
-
 using Panel = ControlPanelBase;
 
 /// A class of fields: two values with their texts, and what becomes of the first when the keys are typed.
@@ -208,14 +207,12 @@ private:
         add("answer", [this](const QString &) { panel->whenEdited = [this] { setValue(kind.second); }; });
     }
 };
-
 } // namespace
 
 /// The rules of editing that hold for every field.
 class tst_EditSession : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
@@ -312,6 +309,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_EditSession)
 #include "tst_EditSession.moc"

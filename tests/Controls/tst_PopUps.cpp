@@ -5,7 +5,6 @@
 #include "Controls/ZelPopover.h"
 
 namespace {
-
 using Panel = ControlPanel<ZelPopUpButton>;
 
 /// Left, (separator), Hidden, Right & Co, Disabled, Bottom, for 0 to 4.
@@ -105,13 +104,11 @@ public:
     QPointer<ZelPopover> popover = new ZelPopover;
     int closes = 0;
 };
-
 } // namespace
 
 class tst_PopUps : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void selectsAndReports()
     {
@@ -238,29 +235,6 @@ private Q_SLOTS:
         QVERIFY(panel.log.contains("action") && panel.control->items().isEmpty());
     }
 
-    void foreignItemsStayTheirOwners()
-    {
-        QAction foreign("&Plain");
-        ZelPopUpButton button;
-        button.addItem(&foreign);
-        button.selectItem(&foreign);
-        QCOMPARE(button.shownText(), "Plain");
-        const QPointer<QAction> own = button.addItemWithTitle("Own");
-        button.setItems({});
-        QTRY_VERIFY(!own);
-        {
-            QAction doomed("Doomed");
-            ZelPopUpButton other; // which dies before its items
-            other.addItem(&foreign);
-            for (ZelPopUpButton *each : {&button, &other}) {
-                each->addItem(&doomed);
-                each->selectItem(&doomed);
-            }
-        }
-        QVERIFY(!button.selectedItem() && button.shownText().isEmpty());
-        QVERIFY(foreign.associatedObjects().isEmpty());
-    }
-
     // Popovers
 
     void placeIsBesideTheRectangleAndOnTheScreen()
@@ -384,6 +358,5 @@ private Q_SLOTS:
         QVERIFY(!popover && !content);
     }
 };
-
 QTEST_MAIN(tst_PopUps)
 #include "tst_PopUps.moc"

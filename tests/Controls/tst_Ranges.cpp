@@ -2,11 +2,9 @@
 #include "ControlPanel.h"
 #include "Controls/Ranges/ZelSlider.h"
 #include "Controls/Ranges/ZelStepper.h"
-
 #include <cmath>
 
 namespace {
-
 using SliderPanel = ControlPanel<ZelSlider>;
 
 constexpr double g_largest = std::numeric_limits<double>::max();
@@ -91,14 +89,12 @@ void forAll(const std::function<void(Bench &, ZelRangeControl *)> &check)
             return;
     }
 }
-
 } // namespace
 
 /// What all controls of a range do alike, and then what only sliders and steppers do.
 class tst_Ranges : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { QApplication::setStyle(new TestStyle); }
 
@@ -293,7 +289,6 @@ private Q_SLOTS:
             QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(x, 5));
             QCOMPARE(slider->doubleValue(), value);
         }
-
         slider->setMinValue(0);
         slider->setIncrement(0);
         for (const auto &[resolution, isRounded] : {std::pair(0.01, true), std::pair(0.5, false)}) {
@@ -303,7 +298,6 @@ private Q_SLOTS:
             const double steps = slider->doubleValue() / resolution;
             QCOMPARE(std::abs(steps - std::round(steps)) < 1e-9, isRounded);
         }
-
         SliderPanel dial(ZelSlider::Circular); // which turns clockwise from the top
         dial.control->setFixedSize(101, 101);
         dial.control->setMaxValue(360);
@@ -430,6 +424,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_Ranges)
 #include "tst_Ranges.moc"

@@ -3,7 +3,6 @@
 #include "Controls/Fields/ZelLinkTextField.h"
 
 namespace {
-
 using String = ZelAttributedString;
 using Range = String::Range;
 using Panel = ControlPanel<ZelGrowingTextView>;
@@ -62,14 +61,12 @@ public:
 public Q_SLOTS:
     void open(const QUrl &url) { log.append(url.toString()); }
 };
-
 } // namespace
 
 /// The view of rich text, which grows up to a limit, and the text with links.
 class tst_RichTextFields : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void isAsHighAsItsTextUpToALimit()
     {
@@ -101,23 +98,6 @@ private Q_SLOTS:
         QCOMPARE(panel.control->heightForWidth(width), view.heightForWidth(width));
     }
 
-    void growsWhileTypingAndScrollsAtTheLimit()
-    {
-        Panel panel;
-        ZelGrowingTextView *view = panel.control;
-        view->setHeightLimits(19, 100);
-        view->setFocus();
-        const int before = view->sizeHint().height();
-        press(Qt::Key_Return);
-        QVERIFY(view->heightForWidth(view->width()) > before);
-        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        for (int i = 0; i < 20; ++i)
-            press(Qt::Key_Return);
-        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
-        QCOMPARE(view->attributedString().text(), QString(21, '\n'));
-        QVERIFY(view->commitEditing() && !view->document()->isUndoAvailable()); // that of the edit is the window's
-    }
-
     void whatIsDroppedBecomesTextAndIsCommitted()
     {
         Panel panel;
@@ -146,23 +126,6 @@ private Q_SLOTS:
         QCOMPARE(view->attributedString().text(), "dropped");
     }
 
-    void aNewTextKeepsTheSelectionAsFarAsItGoes()
-    {
-        const std::tuple<QPoint, QString, QPoint> rows[] = {
-            {{1, 3}, "abcd", {1, 3}}, {{3, 1}, "abcd", {3, 1}}, {{2, 7}, "abcd", {2, 4}},
-            {{4, 6}, "abcd", {0, 0}}, {{6, 6}, "abcd", {0, 0}}, {{3, 3}, "ab\U0001F600", {2, 2}}}; // within a pair
-        for (const auto &[selected, text, left] : rows) {
-            ZelGrowingTextView view;
-            view.setObjectValue("abcdefgh");
-            QTextCursor cursor = view.textCursor();
-            cursor.setPosition(selected.x());
-            cursor.setPosition(selected.y(), QTextCursor::KeepAnchor);
-            view.setTextCursor(cursor);
-            view.setObjectValue(rich(text));
-            QCOMPARE(QPoint(view.textCursor().anchor(), view.textCursor().position()), left);
-        }
-    }
-
     void aFieldKnowsItsLinks()
     {
         LinkPanel panel;
@@ -180,7 +143,6 @@ private Q_SLOTS:
         QVERIFY(second.height() < 2 * line);
         QCOMPARE(field->linkInfoAtPoint(second.center().toPoint()), infos.at(1));
         QVERIFY(field->linkInfoAtPoint(QPoint((first.right() + second.left()) / 2, first.center().y())).isEmpty());
-
         field->setFixedWidth(field->fontMetrics().horizontalAdvance("mailing li")); // breaks the second link
         QTRY_VERIFY(panel.rectOf(1).height() > 1.5 * line);
         field->setEditable(true);
@@ -229,6 +191,5 @@ private Q_SLOTS:
         panel.play("set enabled false > after -1; set enabled true; Backtab > field 1; set hidden true > after -1");
     }
 };
-
 QTEST_MAIN(tst_RichTextFields)
 #include "tst_RichTextFields.moc"

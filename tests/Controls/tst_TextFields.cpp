@@ -5,11 +5,9 @@
 #include "Controls/Fields/ZelPaddedTextField.h"
 #include "Controls/private/ZelErrorNote.h"
 #include "Controls/private/ZelThemeColor.h"
-
 #include <cmath>
 
 namespace {
-
 constexpr double g_largest = std::numeric_limits<double>::max();
 const QString g_longText =
     QStringLiteral("Many words that need more than one line of the field, and even more words. ");
@@ -100,14 +98,12 @@ public:
 };
 using ComboPanel = ValuePanel<ZelComboBox>;
 using DatePanel = ValuePanel<ZelDatePicker>;
-
 } // namespace
 
 /// What single kinds of fields show, and how they grow; the edit itself is tested for all fields at once.
 class tst_TextFields : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
@@ -296,25 +292,6 @@ private Q_SLOTS:
 
     // A field that grows
 
-    void growsWithItsText()
-    {
-        ZelGrowingTextField field;
-        const int line = field.fontMetrics().height();
-        field.setObjectValue(g_longText);
-        const int wide = field.heightForWidth(2000);
-        QVERIFY(field.heightForWidth(120) >= wide + 2 * line);
-        QVERIFY(field.heightForWidth(0) > 0);
-        field.setObjectValue("a\nb\n");
-        QVERIFY(qAbs(field.heightForWidth(2000) - wide - 2 * line) <= 1);
-
-        GrowingPanel panel(g_longText);
-        QCoreApplication::processEvents();
-        const int before = panel.control->height();
-        panel.control->setObjectValue(QString(g_longText + g_longText)); // a layout learns of the new height
-        QTRY_COMPARE(panel.control->height(), panel.neededHeight());
-        QVERIFY(panel.control->height() > before);
-    }
-
     void oneLineIsLikeALineEdit()
     {
         for (const bool isLabel : {false, true}) {
@@ -481,24 +458,6 @@ private Q_SLOTS:
         }
     }
 
-    void datesKeepTheOrderOfTheirLanguage()
-    {
-        QWidget parent;
-        parent.setLayoutDirection(Qt::RightToLeft);
-        ZelDatePicker picker(&parent);
-        picker.resize(picker.sizeHint());
-        picker.setObjectValue(QDate(2024, 2, 3));
-        parent.show();
-        parent.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&parent));
-        QCOMPARE(picker.text(), "03.02.2024");
-        QVERIFY(picker.findChild<QLineEdit *>()->x() > 8); // beside the stepper
-        picker.setFocus();
-        picker.setSelectedSection(QDateTimeEdit::DaySection);
-        QTest::keyClick(&picker, Qt::Key_Tab);
-        QCOMPARE(picker.currentSection(), QDateTimeEdit::MonthSection);
-    }
-
     void stepsAreCommittedAtOnceAndKeepWhatIsNotShown()
     {
         DatePanel panel(QDate(2024, 2, 3));
@@ -517,6 +476,5 @@ private Q_SLOTS:
         QCOMPARE(result, time.addSecs(60));
     }
 };
-
 QTEST_MAIN(tst_TextFields)
 #include "tst_TextFields.moc"

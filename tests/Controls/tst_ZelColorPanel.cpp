@@ -2,12 +2,10 @@
 #include "Controls/ZelColorPanel.h"
 #include "Controls/private/ZelColorPanelClient.h"
 #include "Core/Undo/ZelUndoManager.h"
-
 #include <QtTest>
 #include <QtWidgets>
 
 namespace {
-
 /// A widget that edits a colour with the panel.
 class Client : public QWidget
 {
@@ -33,13 +31,11 @@ public:
     std::function<void()> whenTaken;
     ZelColorPanelClient link{this, [this] { return takesColors; }, [this] { return color; }};
 };
-
 } // namespace
 
 class tst_ZelColorPanel : public QObject
 {
     Q_OBJECT
-
     ZelColorPanel *panel = ZelColorPanel::sharedColorPanel();
     QColorDialog *dialog() { return static_cast<QColorDialog *>(panel->window()); }
     void choose(const QColor &color) { dialog()->setCurrentColor(color); }
@@ -193,6 +189,5 @@ private Q_SLOTS:
         QCOMPARE(client.taken, QList<QColor>{QColor(1, 2, 3)});
     }
 };
-
 QTEST_MAIN(tst_ZelColorPanel)
 #include "tst_ZelColorPanel.moc"

@@ -4,7 +4,6 @@
 #include "Controls/Fields/ZelToken.h"
 
 namespace {
-
 const QVariantList g_colors{"red", "green", "blue"};
 
 /// The state is the tokens, with the selected one in brackets, what is typed, and the value where it is another one.
@@ -38,14 +37,12 @@ public:
 
     QPointer<QLineEdit> input;
 };
-
 } // namespace
 
 /// What becomes of tokens; the edit itself is tested for all fields at once.
 class tst_ZelGrowingTokenField : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void showsListsAsTokens()
     {
@@ -181,6 +178,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_ZelGrowingTokenField)
 #include "tst_ZelGrowingTokenField.moc"

@@ -2,14 +2,12 @@
 #include "Controls/Fields/ZelNumberExpression.h"
 #include "Controls/Fields/ZelUnits.h"
 #include "Support/Failures.h"
-
 #include <QTest>
 #include <cmath>
 
 class tst_ZelNumberExpression : public QObject
 {
     Q_OBJECT
-
     struct Row
     {
         const char *text;
@@ -157,6 +155,5 @@ private Q_SLOTS:
         QCOMPARE(ZelUnits::kindOf("MB"), QString());
     }
 };
-
 QTEST_GUILESS_MAIN(tst_ZelNumberExpression)
 #include "tst_ZelNumberExpression.moc"

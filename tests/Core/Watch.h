@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Support/Recorder.h"
-
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>
@@ -14,7 +13,6 @@ class Watch : public Recorder
 public:
     static constexpr quint32 oldAndNew = ZelKeyValueObservingOptionOld | ZelKeyValueObservingOptionNew;
     static constexpr quint32 prior = ZelKeyValueObservingOptionPrior;
-
     Watch(QObject *object, const ZelKeyPath &path, quint32 options = oldAndNew)
         : m_object(object)
         , m_path(path)

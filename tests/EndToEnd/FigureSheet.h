@@ -26,13 +26,13 @@
 #include "Support/EditorOwner.h"
 #include "Support/Figure.h"
 #include "Support/TableRow.h"
-
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>
 
-/// The getter and the setter of a property whose value its object stores by name.
+/// A property with its getter and its setter, whose value the object stores by name.
 #define STORED(Type, get, set)                                                                                         \
+    Q_PROPERTY(Type get READ get WRITE set NOTIFY changed)                                                             \
     Type get() const                                                                                                   \
     {                                                                                                                  \
         return values.value(#get).value<Type>();                                                                       \

@@ -5,12 +5,10 @@
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 #include "Support/TableRow.h"
 #include "TabBar/ZelButtonMatrix.h"
-
 #include <QTest>
 #include <QtWidgets>
 
 namespace {
-
 QList<int> g_clicked;
 std::function<void()> g_whenClicked;
 
@@ -161,14 +159,12 @@ public:
     QAccessibleInterface *spoken;
     bool isReady = false;
 };
-
 } // namespace
 
 /// What all widgets do alike whose parts are cells. Cell 1 is not enabled where a cell can be so.
 class tst_Cells : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { ZelRegisterTransformers(); }
 
@@ -336,7 +332,6 @@ private Q_SLOTS:
             cells.widget->setEnabled(false);
             cells.clickSpoken(3);
             QCOMPARE(g_clicked, QList<int>{2});
-
             cells.widget->setEnabled(true);
             QToolTip::hideText();
             QTRY_VERIFY(!QToolTip::isVisible());
@@ -368,6 +363,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_Cells)
 #include "tst_Cells.moc"

@@ -2,7 +2,6 @@
 #include "FigureSheet.h"
 
 namespace {
-
 using Texts = QStringList;
 using Values = QVariantList;
 
@@ -113,7 +112,6 @@ QString described(const QVariant &value)
                    : QString(u"string " + value.value<ZelAttributedString>().text());
     return QDebug::toString(value);
 }
-
 } // namespace
 
 /// What a person does with an inspector, with mouse and keyboard in a shown window.
@@ -168,63 +166,6 @@ private Q_SLOTS:
         }
     }
 
-    void aSliderDragIsOneStepOrLeavesNoTrace()
-    {
-        Sheet window(Sheet::row("height", "number", "maximum='100' increment='1' slider='linear'"));
-        window.set(1, "height", 10);
-        window.select({0, 1});
-        ZelSlider *slider = window.editor<ZelInspectorNumberProperty>("height")->slider();
-        QCOMPARE(slider->increment(), 1.0);
-        const int y = slider->height() / 2;
-        const QPoint right(slider->width() - 6, y);
-        const auto isAtFirst = [&] { return window.value(0, "height") == 0.0 && window.value(1, "height") == 10.0; };
-        QTest::mousePress(slider, Qt::LeftButton, {}, {6, y});
-        for (int x = 6; x < right.x(); x += 5)
-            QTest::mouseMove(slider, {x, y});
-        QVERIFY(window.figures[0]->height() > 10 && window.stack.count() == 0);
-        QTest::mouseRelease(slider, Qt::LeftButton, {}, right);
-        QCOMPARE(window.stack.count(), 1);
-        QCOMPARE(window.stack.undoText(), "Change height");
-        window.undo();
-        QVERIFY(isAtFirst());
-        QTest::mousePress(slider, Qt::LeftButton, {}, right);
-        QVERIFY(!isAtFirst());
-        QTest::keyClick(slider, Qt::Key_Escape);
-        QTest::mouseRelease(slider, Qt::LeftButton, {}, right);
-        QVERIFY(isAtFirst() && window.stack.canRedo());
-    }
-
-    void textThatIsNoNumberIsDroppedWithTheSelection()
-    {
-        Sheet window(Sheet::row("height", "number"));
-        window.set(1, "height", 3);
-        window.select({0});
-        window.begin("height", "no number");
-        for (int figure : {1, 0}) {
-            window.select({figure});
-            QCOMPARE(window.shown("height"), figure == 0 ? "0" : "3");
-        }
-        QCOMPARE(window.stack.count(), 0);
-    }
-
-    void theWheelScrollsUnlessTheEditorHasTheFocus()
-    {
-        Sheet window(Sheet::row("height", "number", "slider='linear'") + Sheet::row("flags", "number").repeated(12),
-                     {320, 200});
-        window.set(0, "height", 50);
-        window.select({0});
-        const ZelSlider *slider = window.editor<ZelInspectorNumberProperty>("height")->slider();
-        const QPoint centre = slider->rect().center();
-        QWheelEvent wheel(slider->mapTo(&window, centre), slider->mapToGlobal(centre), {}, {0, -120}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&wheel); // only what comes from the system is passed on to parents
-        qApp->notify(window.windowHandle(), &wheel);
-        window.settle();
-        QCOMPARE(window.figures[0]->height(), 50.0);
-        const QWidget *view = window.inspector->currentInspector()->view();
-        QVERIFY(view->findChild<QAbstractScrollArea *>()->verticalScrollBar()->value() > 0);
-    }
-
     void manyChangesAreOneRefresh()
     {
         Sheet window(Sheet::row("name", "string"));
@@ -241,27 +182,6 @@ private Q_SLOTS:
         QCOMPARE(refreshes, 1);
         QCOMPARE(field->text(), "N49");
     }
-
-    void aSilentPropertyIsReadAgainAfterEveryEdit()
-    {
-        const QByteArray pane = "<pane><inspector title='One'><slice><section>%</section></slice></inspector></pane>";
-        Sheet window("<panes>" + QByteArray(pane).replace("%", Sheet::row("name", "string")) +
-                     QByteArray(pane).replace("%", Sheet::row("silent", "string")) + "</panes>");
-        window.select({0});
-        const auto goTo = [&](int index) {
-            window.inspector->selectInspector(index);
-            window.settle();
-        };
-        goTo(1);
-        window.edit("silent", "a");
-        QCOMPARE(window.figures[0]->silent, "a");
-        window.figures[0]->silent = "changed behind its back";
-        goTo(0);
-        window.edit("name", "x");
-        goTo(1);
-        QCOMPARE(window.shown("silent"), "changed behind its back");
-    }
 };
-
 QTEST_MAIN(tst_Editing)
 #include "tst_Editing.moc"

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "FigureSheet.h"
-
 #include "Core/Undo/ZelUndoManager.h"
+#include "FigureSheet.h"
 #include "Support/Reports.h"
 
 namespace {
-
 /// A model whose setters and observers may throw.
 class Stubborn : public QObject
 {
@@ -84,7 +82,6 @@ private:
     inline static QStringList *s_lines = nullptr;
     QtMessageHandler m_former;
 };
-
 } // namespace
 
 /// What is thrown while the event loop calls into the library must not reach it: nobody is there to catch it.
@@ -142,50 +139,6 @@ private Q_SLOTS:
         }
     }
 
-    /// Undone by a key, through the manager or on the stack itself.
-    void aStepThatFailsIsReported()
-    {
-        for (const bool byManager : {true, false}) {
-            Window window(Sheet::row("oneWay", "boolean", "title='Switch'"));
-            const QShortcut shortcut(QKeySequence::Undo, &window);
-            connect(&shortcut, &QShortcut::activated, this,
-                    [&] { byManager ? ZelUndoManager::forWidget(&window)->undo() : window.stack.undo(); });
-            window.edit("oneWay", {});
-            QCOMPARE(window.stack.index(), 1);
-            const Reports reports;
-            QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
-            Sheet::settle();
-            QCOMPARE(reports.messages, QStringList("Undo \"Change oneWay\": setter"));
-            QCOMPARE(reports.places.constFirst().element, "property");
-            QVERIFY(window.model.oneWay);
-            QCOMPARE(window.shown("oneWay"), "on");
-            QCOMPARE(window.stack.index(), 0);
-        }
-    }
-
-    void typingIsTakenBeforeAStep()
-    {
-        for (const bool byManager : {true, false}) { // else by the application, on its stack
-            Sheet window(Sheet::row("name", "string"));
-            const Person &person = *window.figures[0];
-            window.select({0});
-            window.edit("name", "second");
-            window.begin("name", "third");
-            QCOMPARE(person.name(), "second");
-            if (byManager)
-                ZelUndoManager::forWidget(&window)->undo();
-            else
-                window.stack.undo();
-            QCOMPARE(person.name(), byManager ? "second" : "P0");
-            window.stack.redo();
-            QCOMPARE(person.name(), "third");
-            while (window.stack.canUndo())
-                window.undo();
-            QCOMPARE(person.name(), "P0");
-            QCOMPARE(window.shown("name"), "P0");
-        }
-    }
-
     /// The application's command is the one that runs, and its stack must not be touched meanwhile.
     void typingIsTakenWhenACommandChangesTheSelection()
     {
@@ -213,6 +166,5 @@ private Q_SLOTS:
         QCOMPARE(window.figures[0]->name(), "P0");
     }
 };
-
 QTEST_MAIN(tst_Errors)
 #include "tst_Errors.moc"

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/private/ZelControlSupport.h"
 #include "FigureSheet.h"
 
-#include "Controls/private/ZelControlSupport.h"
-
 namespace {
-
 /// Notes whose help was shown last: the receiver of the event that was accepted. Qt does not tell the text.
 struct HelpSpy : QObject
 {
@@ -39,14 +37,12 @@ QString toolTipOf(QWidget *widget)
     QToolTip::hideText();
     return text;
 }
-
 } // namespace
 
 /// Tool tips and help texts of a description, as people come upon them.
 class tst_Help : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void theNearestTextIsShown()
     {
@@ -75,7 +71,6 @@ private Q_SLOTS:
         auto *header = sheet.inspector->view()->findChild<ZelExpandableHeader *>();
         QWidget *below = sheet.editor<ZelInspectorStringProperty>("name")->textField();
         QCOMPARE(sheet.inspector->tabBar()->items().first()->toolTip(), "Pane\npane tip");
-
         const QList<std::tuple<QWidget *, QString, QString>> expected{
             {field, "tip", "own"},
             {rowOf("pattern")->label(), "row tip", "row"},
@@ -173,25 +168,6 @@ private Q_SLOTS:
         QCOMPARE(box->accessibleDescription(), "");
         QCOMPARE(QAccessible::queryAccessibleInterface(box)->text(QAccessible::Description), "A name");
     }
-
-    void placeholdersStandForNoDateAndNoFont()
-    {
-        Sheet sheet(Sheet::row("day", "date", "placeholder='Never'") +
-                    "<sliver><property type='font' keyPath='extra' placeholder='Any'/></sliver>");
-        QCOMPARE(sheet.inspector->findChild<ZelInspectorFontProperty *>()->textField()->text(), "Any");
-        sheet.set(0, "day", QDate());
-        sheet.select({0});
-        QCOMPARE(sheet.shown("day"), "Never");
-        auto *picker = sheet.editor<ZelInspectorDateProperty>("day")->datePicker();
-        Sheet::click(picker, {8, picker->height() / 2});
-        Sheet::press(Qt::Key_Delete); // there is nothing to clear
-        Sheet::press(Qt::Key_Return);
-        QCOMPARE(sheet.owner->actions, 0);
-        QCOMPARE(sheet.shown("day"), "Never");
-        sheet.select({0, 1});
-        QCOMPARE(sheet.shown("day"), "Multiple Values");
-    }
 };
-
 QTEST_MAIN(tst_Help)
 #include "tst_Help.moc"

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "FigureSheet.h"
 
-#include "Core/KeyValue/ZelKeyValueObserving.h"
-
 namespace {
-
 using TextEditor = ZelInspectorAttributedStringProperty;
 
 QByteArray description()
@@ -106,14 +104,12 @@ void goOn()
     ZelColorPanel::sharedColorPanel()->close();
     Sheet::settle();
 }
-
 } // namespace
 
 /// Everything that takes part dies, in any order, also in the middle of something.
 class tst_Lifetimes : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { ZelBundle::mainBundle().setResourcePaths({QStringLiteral(ZEL_DOCS)}); }
 
@@ -162,31 +158,6 @@ private Q_SLOTS:
         }
     }
 
-    void theSelectionChangesDuringADelivery()
-    {
-        auto window = std::make_unique<Sheet>(description());
-        window->select({0, 1});
-        connect(window->figures[0].get(), &Person::heightChanged, window.get(), [&] { window->select({2}); });
-        window->figures[0]->setHeight(5);
-        window->settle();
-        QCOMPARE(window->shown("height"), "0");
-        const std::unique_ptr<EditorOwner> owner = std::move(window->owner);
-        QVERIFY(ZelIsObserved(owner.get(), "people"));
-        window.reset(); // which leaves nothing observed
-        for (const char *key : {"people", "unlocked", "names"})
-            QVERIFY2(!ZelIsObserved(owner.get(), key), key);
-    }
-
-    void hidingCommitsWhatEndsTheInspector()
-    {
-        Sheet window(description());
-        window.select({0});
-        window.begin("height", "12");
-        connect(window.figures[0].get(), &Person::heightChanged, &window, [&] { window.inspector.reset(); });
-        window.owner->setUnlocked(false);
-        QVERIFY(!window.inspector && window.figures[0]->height() == 12);
-    }
-
     void aChoiceMayEndTheWindow()
     {
         auto window = std::make_unique<Sheet>(description(), QSize(340, 1100));
@@ -200,6 +171,5 @@ private Q_SLOTS:
         Sheet::settle();
     }
 };
-
 QTEST_MAIN(tst_Lifetimes)
 #include "tst_Lifetimes.moc"

@@ -2,7 +2,6 @@
 #include "FigureSheet.h"
 
 namespace {
-
 // Texts, numbers and choices.
 const QByteArray g_rows = R"(
     <sliver title="Name"><property type="string" keyPath="people.selection.name"/></sliver>
@@ -63,14 +62,12 @@ void checkRows(const Sheet &window, int count)
     for (const auto *field : window.findChildren<QLineEdit *>())
         QVERIFY2(!field->isVisible() || field->width() >= 24, qPrintable(QString::number(field->width())));
 }
-
 } // namespace
 
 /// Rows align and nothing is clipped, at every width.
 class tst_Looks : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { ZelBundle::mainBundle().setResourcePaths({QStringLiteral(ZEL_DOCS)}); }
 
@@ -114,6 +111,5 @@ private Q_SLOTS:
         Sheet::closePopups();
     }
 };
-
 QTEST_MAIN(tst_Looks)
 #include "tst_Looks.moc"

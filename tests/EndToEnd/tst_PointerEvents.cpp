@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "FigureSheet.h"
-
 #include "Controls/Fields/ZelBorderedTextField.h"
 #include "Controls/Fields/ZelGrowingTokenField.h"
 #include "Controls/Fields/ZelLinkTextField.h"
 #include "Controls/ZelSelfValidatingButton.h"
+#include "FigureSheet.h"
 #include "SplitView/ZelSplitView.h"
 #include "Views/ZelMagnificationView.h"
 #include "Views/ZelSeparator.h"
 
 namespace {
-
 template<typename Control> QWidget *made()
 {
     auto *control = new Control;
@@ -92,7 +90,6 @@ void touchWithPen(QWidget *control)
                                 Qt::LeftButton, Qt::LeftButton);
         });
 }
-
 } // namespace
 
 /// Events of all pointing devices come to an end at every control. Only the left button and the wheel of a control with
@@ -100,7 +97,6 @@ void touchWithPen(QWidget *control)
 class tst_PointerEvents : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void comeToAnEnd()
     {
@@ -123,7 +119,6 @@ private Q_SLOTS:
                 area.setFocus();
                 const bool reports = control->metaObject()->indexOfSignal("valueEdited()") >= 0;
                 const QSignalSpy edits(control, reports ? SIGNAL(valueEdited()) : SIGNAL(destroyed()));
-
                 turnWheel(control, {0, 120});
                 const auto modifiers = {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
                 for (const Qt::MouseButton button :
@@ -133,7 +128,6 @@ private Q_SLOTS:
                 }
                 touchWithPen(control);
                 QCOMPARE(edits.count(), 0);
-
                 for (const Qt::KeyboardModifier modifier : modifiers)
                     click(control, Qt::LeftButton, modifier);
                 control->setFocus();
@@ -150,6 +144,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_PointerEvents)
 #include "tst_PointerEvents.moc"

@@ -1,61 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "FigureSheet.h"
-
 #include "Core/Values/ZelOptionalType.h"
+#include "FigureSheet.h"
 #include "Inspector/Properties/ZelInspectorFlagsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumbersProperty.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
 #include "Resources/ZelLocalizedString.h"
 
 namespace {
-
 struct Money
 {
     int cents = 0;
     friend bool operator==(const Money &a, const Money &b) { return a.cents == b.cents; }
 };
 
-/// Remembers how items of menus were drawn, "*" for a check mark for itself and "o" for one of which there is only one.
-class MenuStyle : public QProxyStyle
-{
-public:
-    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                     const QWidget *widget) const override
-    {
-        const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
-        const bool isSeen = painter->device()->devType() == QInternal::Widget;
-        if (item && item->checked && isSeen)
-            drawn.insert(item->text, item->checkType == QStyleOptionMenuItem::NonExclusive ? "*" : "o");
-        QProxyStyle::drawControl(element, option, painter, widget);
-    }
-    mutable QMap<QString, QString> drawn;
-};
-
 /// A property of every kind. What it is not told, it has the default of.
 class Stamp : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(Stamp::Pen pen READ pen WRITE setPen NOTIFY changed)
-    Q_PROPERTY(Stamp::Wide wide READ wide WRITE setWide NOTIFY changed)
-    Q_PROPERTY(Styles styles READ styles WRITE setStyles NOTIFY changed)
     Q_PROPERTY(QVariant any READ any WRITE setAny NOTIFY changed)
-    Q_PROPERTY(QTime time READ time WRITE setTime NOTIFY changed)
-    Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY changed)
-    Q_PROPERTY(QKeySequence keys READ keys WRITE setKeys NOTIFY changed)
-    Q_PROPERTY(QLocale locale READ locale WRITE setLocale NOTIFY changed)
-    Q_PROPERTY(QTimeZone zone READ zone WRITE setZone NOTIFY changed)
-    Q_PROPERTY(QRegularExpression expression READ expression WRITE setExpression NOTIFY changed)
-    Q_PROPERTY(QByteArray bytes READ bytes WRITE setBytes NOTIFY changed)
-    Q_PROPERTY(Money money READ money WRITE setMoney NOTIFY changed)
-    Q_PROPERTY(QVector3D vector READ vector WRITE setVector NOTIFY changed)
-    Q_PROPERTY(QMargins margins READ margins WRITE setMargins NOTIFY changed)
-    Q_PROPERTY(std::optional<int> count READ count WRITE setCount NOTIFY changed)
-    Q_PROPERTY(std::optional<Stamp::Pen> lastPen READ lastPen WRITE setLastPen NOTIFY changed)
-    Q_PROPERTY(int bound READ bound WRITE setBound BINDABLE bindableBound)
-    Q_PROPERTY(qint64 signedNumber READ signedNumber WRITE setSignedNumber NOTIFY changed)
-    Q_PROPERTY(quint64 unsignedNumber READ unsignedNumber WRITE setUnsignedNumber NOTIFY changed)
-    Q_PROPERTY(ushort small READ small WRITE setSmall NOTIFY changed)
-    Q_PROPERTY(QPixmap picture READ picture WRITE setPicture NOTIFY changed)
 public:
     enum class Pen { NoPen = -1, SolidLine, DashDotLine = 7, Alias = 7 };
     Q_ENUM(Pen)
@@ -64,9 +26,8 @@ public:
     enum Style { Plain = 0, Bold = 1, Italic = 2, StrikeOut = 8, All = 11 };
     Q_DECLARE_FLAGS(Styles, Style)
     Q_FLAG(Styles)
-
-    STORED(Pen, pen, setPen)
-    STORED(Wide, wide, setWide)
+    STORED(Stamp::Pen, pen, setPen)
+    STORED(Stamp::Wide, wide, setWide)
     STORED(Styles, styles, setStyles)
     STORED(QTime, time, setTime)
     STORED(QUrl, url, setUrl)
@@ -82,13 +43,9 @@ public:
     STORED(std::optional<Stamp::Pen>, lastPen, setLastPen)
     STORED(qint64, signedNumber, setSignedNumber)
     STORED(quint64, unsignedNumber, setUnsignedNumber)
-    STORED(ushort, small, setSmall)
     STORED(QPixmap, picture, setPicture)
     QVariant any() const { return values.value("any"); }
     void setAny(const QVariant &value) { store("any", value); }
-    int bound() const { return m_bound; }
-    void setBound(int bound) { m_bound = bound; }
-    QBindable<int> bindableBound() { return &m_bound; }
 
     QVariantMap values;
 
@@ -101,7 +58,6 @@ private:
         values.insert(key, value);
         Q_EMIT changed();
     }
-    QProperty<int> m_bound{1};
 };
 
 /// Another class that has the enumeration of the first.
@@ -142,20 +98,10 @@ struct Desk : Sheet
         auto *box = editor<ZelInspectorFlagsProperty>(key)->checkboxes().at(index);
         click(box, {8, box->height() / 2});
     }
-    static QString marksInMenu(const ZelInspectorTextEnumerationProperty *editor)
-    {
-        MenuStyle style;
-        QMenu *menu = openMenu(editor->popUpButton());
-        menu->setStyle(&style);
-        menu->grab();
-        closePopups();
-        return style.drawn.keys().join(',') + ' ' + style.drawn.values().join(QString());
-    }
     ZelTextField *field(const QString &key) const { return editor<ZelInspectorNumberProperty>(key)->textField(); }
 
     Stamp a, b;
 };
-
 } // namespace
 
 class tst_PropertyTypes : public QObject
@@ -225,9 +171,6 @@ private Q_SLOTS:
             QCOMPARE(desk.items("styles"), QStringList({"Multiple Values", "Bold", "Italic", "Strike Out"}));
         else
             QCOMPARE(desk.boxes("styles"), "+~-");
-        if (isMenu) {
-            QCOMPARE(Desk::marksInMenu(desk.editor<ZelInspectorTextEnumerationProperty>("styles")), "Bold *");
-        }
         toggle(1);
         QCOMPARE(styles(), std::pair(3, 67));
         toggle(2);
@@ -239,7 +182,6 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             desk.undo();
         QCOMPARE(styles(), std::pair(3, 65));
-
         const auto *editor = desk.editor<ZelInspectorProperty>("styles");
         QCOMPARE(editor->textOfValue(75), "Bold, Italic, Strike Out, 0x40");
         QVariant read;
@@ -248,15 +190,6 @@ private Q_SLOTS:
         QCOMPARE(read.value<Stamp::Styles>(), Stamp::Styles(Stamp::Italic | Stamp::StrikeOut));
         QVERIFY(const_cast<ZelInspectorProperty *>(editor)->pasteValue(read).isNull());
         QCOMPARE(styles(), std::pair(10, 74)); // 64 belongs to no flag
-
-        desk.a.setAny(QVariant::fromValue(Stamp::Styles(Stamp::Italic)));
-        desk.selectObjects({&desk.a});
-        if (isMenu)
-            Sheet::choose(desk.editor<ZelInspectorTextEnumerationProperty>("any")->popUpButton(), "Bold");
-        else
-            desk.clickBox("any", 0);
-        QCOMPARE(desk.a.any().metaType(), QMetaType::fromType<Stamp::Styles>());
-        QCOMPARE(desk.a.any().toInt(), 3);
         desk.selectObjects({});
         if (isMenu)
             QVERIFY(!desk.editor<ZelInspectorTextEnumerationProperty>("styles")->popUpButton()->isEnabled());
@@ -428,28 +361,6 @@ private Q_SLOTS:
         QCOMPARE(desk.a.lastPen(), Stamp::Pen::NoPen);
     }
 
-    void bindingsReachTheEditors()
-    {
-        Desk desk(Sheet::row("bound", "number"));
-        auto c = std::make_unique<Stamp>();
-        desk.selectObjects({&desk.a, c.get()});
-        QProperty<int> source(4);
-        desk.a.bindableBound().setBinding([&source] { return source.value(); });
-        c->setBound(4);
-        Sheet::settle();
-        QCOMPARE(desk.shown("bound"), "4");
-        source = 5;
-        Sheet::settle();
-        QCOMPARE(desk.shown("bound"), "Multiple Values");
-        c.reset();
-        Sheet::settle();
-        QCOMPARE(desk.shown("bound"), "5");
-        desk.edit("bound", "6");
-        QCOMPARE(desk.a.bound(), 6);
-        desk.undo();
-        QCOMPARE(std::pair(desk.a.bound(), desk.shown("bound")), std::pair(5, QString("5")));
-    }
-
     void integersOf64BitsStayExact()
     {
         const QByteArray wide = "minimum='-1e30' maximum='1e30'";
@@ -466,7 +377,6 @@ private Q_SLOTS:
         desk.edit("signedNumber", "*=3");
         QVERIFY2(desk.note().startsWith("The result would not be exact."), qPrintable(desk.note()));
         Sheet::press(Qt::Key_Escape);
-
         desk.selectObjects({&desk.a});
         auto *stepper = desk.editor<ZelInspectorNumberProperty>("signedNumber")->stepper();
         stepper->stepBy(1);
@@ -482,7 +392,6 @@ private Q_SLOTS:
         desk.edit("signedNumber", "+=1");
         QVERIFY2(desk.note().contains("9,223,372,036,854,775,807"), qPrintable(desk.note()));
         Sheet::press(Qt::Key_Escape);
-
         desk.edit("unsignedNumber", "18446744073709551615");
         QCOMPARE(desk.a.unsignedNumber(), most);
         stepper = desk.editor<ZelInspectorNumberProperty>("unsignedNumber")->stepper();
@@ -494,23 +403,6 @@ private Q_SLOTS:
         while (desk.stack.canUndo())
             desk.undo();
         QCOMPARE(std::pair(desk.a.signedNumber(), desk.b.signedNumber()), std::pair(odd, -odd));
-    }
-
-    void controlsKeepToWhatTheModelHolds()
-    {
-        Desk desk(Sheet::row("small", "number", "slider='linear'"));
-        desk.a.setSmall(65533);
-        desk.selectObjects({&desk.a});
-        auto *slider = desk.editor<ZelInspectorNumberProperty>("small")->slider();
-        slider->setFocus();
-        Sheet::press(Qt::Key_End);
-        QCOMPARE(desk.a.small(), 65535);
-        auto *stepper = desk.editor<ZelInspectorNumberProperty>("small")->stepper();
-        stepper->stepBy(1);
-        QCOMPARE(desk.a.small(), 65535);
-        QCOMPARE(desk.stack.count(), 1);
-        desk.edit("small", "70000");
-        QVERIFY2(desk.note().contains("between 0 and 65,535"), qPrintable(desk.note()));
     }
 
     void whatAnEditorCannotEditIsSaid()
@@ -530,6 +422,5 @@ private Q_SLOTS:
         desk.selectStamps(); // once
     }
 };
-
 QTEST_MAIN(tst_PropertyTypes)
 #include "tst_PropertyTypes.moc"

@@ -1,25 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "Controls/private/ZelRefusalMark.h"
 #include "FigureSheet.h"
 
-#include "Controls/private/ZelRefusalMark.h"
-
 namespace {
-
 /// Keeps its values while it is stubborn, and says what is wrong with a value while it has a reason.
 class Model : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString name READ name WRITE setName NOTIFY changed)
-    Q_PROPERTY(QString pattern READ pattern WRITE setPattern NOTIFY changed)
-    Q_PROPERTY(double ratio READ ratio WRITE setRatio NOTIFY changed)
-    Q_PROPERTY(bool on READ on WRITE setOn NOTIFY changed)
-    Q_PROPERTY(int kind READ kind WRITE setKind NOTIFY changed)
-    Q_PROPERTY(QColor fill READ fill WRITE setFill NOTIFY changed)
-    Q_PROPERTY(QDate day READ day WRITE setDay NOTIFY changed)
-    Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY changed)
-    Q_PROPERTY(QSizeF size READ size WRITE setSize NOTIFY changed)
-    Q_PROPERTY(QStringList tags READ tags WRITE setTags NOTIFY changed)
-    Q_PROPERTY(ZelAttributedString text READ text WRITE setText NOTIFY changed)
 public:
     explicit Model(const QString &name)
         : values{{"name", name},
@@ -46,14 +33,12 @@ public:
     STORED(QSizeF, size, setSize)
     STORED(QStringList, tags, setTags)
     STORED(ZelAttributedString, text, setText)
-
     QVariantMap values;
     QString reason;
     QVariant asked;
     int writes = 0;
     bool isStubborn = false;
     double rounding = 0;
-
     Q_INVOKABLE QString validateName(const QString &value) { return ask(value); }
     Q_INVOKABLE QString validateRatio(double value) { return ask(value); }
     Q_INVOKABLE QString validateOn(bool value) { return ask(value); }
@@ -126,14 +111,12 @@ struct Desk : Sheet
     Model models[2]{Model("A"), Model("A")};
     QList<QObject *> all;
 };
-
 } // namespace
 
 /// What happens to values that models do not take.
 class tst_Refusals : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase()
     {
@@ -169,7 +152,6 @@ private Q_SLOTS:
             const QPointer<ZelRefusalMark> mark = desk.mark();
             QVERIFY(mark->isVisible() || key == "font"); // whose popover was closed
             QTRY_VERIFY(!mark || !mark->isVisible());
-
             desk.models[0].isStubborn = desk.models[1].isStubborn = false;
             delete mark;
             desk.edit(key, text);
@@ -244,7 +226,6 @@ private Q_SLOTS:
             Sheet::press(Qt::Key_Escape);
             QCOMPARE(desk.note(), "");
             QCOMPARE(desk.shown(key), before);
-
             desk.models[0].reason = desk.models[1].reason = {};
             desk.edit(key, text);
             QVERIFY(desk.models[0].writes == 1 && desk.models[1].writes == 1);
@@ -295,6 +276,5 @@ private Q_SLOTS:
         QVERIFY(field.findChild<ZelRefusalMark *>());
     }
 };
-
 QTEST_MAIN(tst_Refusals)
 #include "tst_Refusals.moc"

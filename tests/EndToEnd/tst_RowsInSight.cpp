@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
-
 #include "Inspector/private/ZelRowCommands.h"
 
 namespace {
-
 constexpr int g_rowCount = 1200;
 
 /// Rows of several kinds and heights in sections of several lengths. Every seventh has a condition.
@@ -40,16 +38,13 @@ QByteArray manyRows(int count = g_rowCount)
     }
     return rows;
 }
-
 } // namespace
 
 /// A panel of very many rows, of which only those in sight exist, looks and works as one in which all of them exist.
 class tst_RowsInSight : public QObject
 {
     Q_OBJECT
-
     std::optional<Sheet> m_sheet;
-
     static ZelInspectorPane *pane(const Sheet &sheet) { return sheet.inspector->panes().first(); }
     static QScrollBar *bar(const Sheet &sheet) { return pane(sheet)->scrollView()->verticalScrollBar(); }
     static QList<ZelInspectorSliver *> rows(const Sheet &sheet)
@@ -214,7 +209,6 @@ private Q_SLOTS:
         const QRect below(0, 50, 300, 11000); // up to a separator, which looks different in a window that is not active
         const QImage picture = pane(*m_sheet)->containerView()->grab(below).toImage();
         QCOMPARE(picture, pane(whole)->containerView()->grab(below).toImage());
-
         m_sheet.emplace(manyRows());
         m_sheet->select({0});
         ZelInspectorSliver *last = rows(*m_sheet).last();
@@ -223,7 +217,6 @@ private Q_SLOTS:
         Sheet::settle();
         QCOMPARE(last->view()->width(), rows(*m_sheet).first()->view()->width());
         QVERIFY(!rows(*m_sheet).at(600)->isViewLoaded());
-
         QAccessible::setActive(true);
         QCOMPARE(builtCount(*m_sheet), g_rowCount);
         QAccessible::setActive(false);
@@ -290,6 +283,5 @@ private Q_SLOTS:
         QVERIFY(placesSeen(*m_sheet).first().startsWith("Row 0 "));
     }
 };
-
 QTEST_MAIN(tst_RowsInSight)
 #include "tst_RowsInSight.moc"

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
-
 #include "Inspector/private/ZelFoldedText.h"
 #include "Inspector/private/ZelInspectorNote.h"
 
 namespace {
-
 const QByteArray g_description = R"(<panes search='yes'>
 <pane title='A'>
   <inspector title='Look'><slice>
@@ -41,17 +39,14 @@ QByteArray description()
         many += Sheet::row("name", "string");
     return QByteArray(g_description).replace('%', many);
 }
-
 } // namespace
 
 /// The field above the tabs, from the keys that are pressed to what is on the screen.
 class tst_Search : public QObject
 {
     Q_OBJECT
-
     std::optional<Sheet> m_sheet;
     QLineEdit *m_field = nullptr;
-
     ZelTabbedInspector *inspector() const { return m_sheet->inspector.get(); }
     ZelInspectorPane *pane(int index) const { return inspector()->panes().at(index); }
     template<typename Class> Class *titled(const QString &title) const
@@ -151,36 +146,32 @@ private Q_SLOTS:
         QCOMPARE(notes(), u"Opacity – not shown at present"_qs);
     }
 
-    void rowsAreFoundByWhatTheyAreCalled_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("rows");
-        QTest::addColumn<QString>("outcome");
-        const QStringList none;
-        QTest::newRow("title") << "MOTT" << QStringList{"Motto"} << "1 found";
-        QTest::newRow("words of title and section") << " wid  grosse" << QStringList{"Width"} << "1 found";
-        QTest::newRow("without diacritics") << u"gro\u0308ße"_qs << QStringList{"Width", "Motto"} << "2 found";
-        QTest::newRow("title of an editor") << "lock look" << QStringList{"Locked"} << "1 found";
-        QTest::newRow("key, in another pane, too") << "height" << QStringList{"Width"} << "1 found, 1 hidden";
-        QTest::newRow("only in another pane") << "ton" << QStringList{"Tone"} << "1 found";
-        QTest::newRow("chooser") << "kind role" << QStringList{"Kind"} << "1 found";
-        QTest::newRow("in the choice") << "guest" << QStringList{"Invited"} << "1 found";
-        QTest::newRow("hidden by a condition") << "radi" << none << "1 hidden";
-        QTest::newRow("never shown before") << "opac" << none << "1 hidden";
-        QTest::newRow("not all words") << "motto size" << none << "Nothing found";
-    }
     void rowsAreFoundByWhatTheyAreCalled()
     {
-        QFETCH(QString, text);
+        const std::tuple<QString, QStringList, const char *> found[] = {
+            {"MOTT", {"Motto"}, "1 found"},
+            {" wid  grosse", {"Width"}, "1 found"}, // words of the title and the section
+            {u"gro\u0308ße"_qs, {"Width", "Motto"}, "2 found"},
+            {"lock look", {"Locked"}, "1 found"},       // the title of an editor
+            {"height", {"Width"}, "1 found, 1 hidden"}, // the key, in another pane, too
+            {"ton", {"Tone"}, "1 found"},
+            {"kind role", {"Kind"}, "1 found"},
+            {"guest", {"Invited"}, "1 found"}, // in the choice
+            {"radi", {}, "1 hidden"},
+            {"opac", {}, "1 hidden"}, // never shown before
+            {"motto size", {}, "Nothing found"}};
         const QStringList all = shownRows();
-        find(text);
-        QTEST(shownRows(), "rows");
-        QTEST(outcome(), "outcome");
-        QCOMPARE(inspector()->searchCount(), shownRows().size());
-        QVERIFY(!titled<ZelInspector>("Never")->isViewLoaded());
-        find({});
-        QCOMPARE(shownRows(), all);
-        QCOMPARE(outcome(), QString());
+        for (const auto &[text, rows, expected] : found) {
+            const TableRow inRow(text);
+            find(text);
+            QCOMPARE(shownRows(), rows);
+            QCOMPARE(outcome(), expected);
+            QCOMPARE(inspector()->searchCount(), rows.size());
+            QVERIFY(!titled<ZelInspector>("Never")->isViewLoaded());
+            find({});
+            QCOMPARE(shownRows(), all);
+            QCOMPARE(outcome(), QString());
+        }
     }
 
     void matchesAreMarkedWhereTheyStand()
@@ -299,7 +290,6 @@ private Q_SLOTS:
 
     void hiddenRowsSayWhy()
     {
-        const QString dash = u" – "_qs;
         find("radi");
         QCOMPARE(notes(), u"Radius – shown when “Locked” is on"_qs);
         find("since");
@@ -354,24 +344,6 @@ private Q_SLOTS:
         QCOMPARE(shownRows(), QStringList{"Kind"});
     }
 
-    void theTextOutlivesWindowAndField()
-    {
-        ZelView *view = inspector()->view();
-        find("motto");
-        view->removeFromSuperview();
-        QVERIFY(!titled<ZelInspectorSliver>("Width")->isFilteredOut());
-        QCOMPARE(inspector()->searchCount(), 0);
-        m_sheet->layout()->addWidget(view);
-        Sheet::settle();
-        QCOMPARE(shownRows(), QStringList{"Motto"});
-        inspector()->setSearchEnabled(false);
-        Sheet::settle();
-        QVERIFY(shownRows().contains("Width"));
-        inspector()->setSearchEnabled(true);
-        Sheet::settle();
-        QCOMPARE(shownRows(), QStringList{"Motto"});
-    }
-
     /// An edit that the search commits may end everything.
     void anEditMayEndTheInspector()
     {
@@ -388,6 +360,5 @@ private Q_SLOTS:
         QCOMPARE(m_sheet->value(0, "name").toString(), "last");
     }
 };
-
 QTEST_MAIN(tst_Search)
 #include "tst_Search.moc"

@@ -2,7 +2,6 @@
 #include "FigureSheet.h"
 
 namespace {
-
 /// How a kind of editor is used, and what it must show: for no object, for one or equal ones, for different ones, and
 /// after the edit.
 struct Kind
@@ -74,14 +73,12 @@ public:
 private:
     const Kind &m_kind;
 };
-
 } // namespace
 
 /// Each editor, with no object and with several ones.
 class tst_Selections : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
 
@@ -144,34 +141,6 @@ private Q_SLOTS:
             QVERIFY(window.areAsAtFirst());
         }
     }
-
-    void typingIsKeptWhileTheModelChanges()
-    {
-        for (const Kind &kind : g_kinds) {
-            for (const bool commits : {true, false}) {
-                if (!kind.isTyped)
-                    continue;
-                const TableRow inRow(kind.key + QString(commits ? ", committed" : ", discarded"));
-                Window window(kind);
-                window.select({0});
-                const QKeyCombination end = window.begin();
-                const QString typed = window.shown();
-                window.set(0, kind.key, kind.other);
-                QCOMPARE(window.shown(), typed);
-                QCOMPARE(window.value(0, kind.key), kind.other);
-                Window::end(commits ? end : Qt::Key_Escape);
-                QCOMPARE(window.stack.count(), commits ? 1 : 0);
-                QVERIFY(!commits || (window.showsEdited() && window.value(0, kind.key) != kind.other));
-                window.undo();
-                QCOMPARE(window.value(0, kind.key), kind.other);
-                const QString newer = window.shown();
-                window.select({2});
-                QCOMPARE(window.shown(), newer); // as one sees who comes anew
-                QVERIFY(newer != typed && newer != kind.one);
-            }
-        }
-    }
 };
-
 QTEST_MAIN(tst_Selections)
 #include "tst_Selections.moc"

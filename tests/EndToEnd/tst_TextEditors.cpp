@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
-
 #include "Inspector/Properties/private/ZelParagraphStyleProxy.h"
 #include "Inspector/Properties/private/ZelTextFormatImages.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
@@ -9,7 +8,6 @@
 #include "Support/Recorder.h"
 
 namespace {
-
 using Editor = ZelInspectorAttributedStringProperty;
 using String = ZelAttributedString;
 using Style = ZelParagraphStyle;
@@ -107,70 +105,14 @@ bool isMultiple(const QVariant &value)
 {
     return ZelIsMarker(value, ZelMultipleValuesMarker);
 }
-
 } // namespace
 
 /// Writing and formatting rich text in an inspector.
 class tst_TextEditors : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { ZelBundle::mainBundle().setResourcePaths({QStringLiteral(ZEL_DOCS)}); }
-
-    void typingIsCommittedOrDiscarded()
-    {
-        Desk desk;
-        desk.selectText(4, 3);
-        Desk::type("2");
-        Desk::press(Qt::Key_Return); // begins a paragraph
-        Desk::type("b");
-        QVERIFY(desk.isAsAtFirst());
-        Desk::press(Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(desk.string().text(), "one 2\nb\nthree\nfour");
-        QCOMPARE(desk.attributeAt(String::ForegroundColor, 6), QVariant(QColor(Qt::blue)));
-        QCOMPARE(desk.alignmentAt(8), uint(Style::AlignCenter));
-        QCOMPARE(desk.string(0), desk.string());
-        QCOMPARE(desk.stack.count(), 1);
-
-        const String committed = desk.string();
-        Desk::type("dropped");
-        Desk::press(Qt::Key_Escape);
-        QCOMPARE(desk.text->attributedString(), committed);
-        Desk::type("x");
-        Desk::press(Qt::Key_Z, Qt::ControlModifier); // the typing's own
-        QCOMPARE(desk.text->attributedString(), committed);
-        QCOMPARE(desk.stack.index(), 1);
-        desk.undo();
-        QVERIFY(desk.isAsAtFirst());
-        QCOMPARE(desk.text->attributedString(), sample());
-        Desk::replaceText(desk.text, {});
-        QVERIFY(desk.isAsAtFirst());
-        desk.below->button()->setFocus(); // to leave the text commits, too
-        desk.settle();
-        QVERIFY(desk.string().isEmpty());
-        QCOMPARE(desk.text->placeholderText(), "No text");
-    }
-
-    /// Without a picture in between in which the text lies over its neighbours.
-    void theRowsBelowMoveAsTheTextGrows()
-    {
-        const Desk desk;
-        const auto places = [&] {
-            const int height = desk.text->height();
-            return std::pair(height, desk.below->view()->mapTo(&desk, QPoint()).y() - height);
-        };
-        desk.selectText(3, 0);
-        const auto before = places();
-        QTest::keyClick(desk.text, Qt::Key_Return);
-        const auto after = places();
-        QVERIFY(after.first > before.first);
-        QCOMPARE(after.second, before.second);
-        desk.settle();
-        QCOMPARE(places(), after);
-        QTest::keyClick(desk.text, Qt::Key_Backspace);
-        QCOMPARE(places(), before);
-    }
 
     void alignmentGoesToTheParagraphsOfTheSelection()
     {
@@ -221,7 +163,6 @@ private Q_SLOTS:
         panel->setCurrentColor(QColor(250, 250, 0));
         QCOMPARE(desk.attributeAt(String::BackgroundColor, 3), QVariant(QColor(250, 250, 0)));
         QCOMPARE(desk.attributeAt(String::ForegroundColor, 3), QVariant(QColor(1, 2, 3)));
-
         ZelInspectorFontProperty *font = desk.editor->fontProperty();
         Desk::click(font->button());
         Desk::choose(font->popoverView()->fontFamilyPopUpButton(), "DejaVu Serif");
@@ -272,86 +213,63 @@ private Q_SLOTS:
         QCOMPARE(spacing->objectValue(), QVariant(0.0));
     }
 
-    void differentTextsAreNotEdited()
-    {
-        Desk desk;
-        desk.set(2, "text", String("other").toVariant());
-        desk.select({0, 2});
-        QVERIFY(!desk.text->isEditable() && !desk.editor->isFormattable());
-        desk.clickSegment(Editor::RightSegment);
-        QVERIFY(desk.isAsAtFirst() && desk.stack.count() == 0);
-    }
-
-    void severalTextsAreOverwritten_data()
-    {
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QByteArray>("more");
-        QTest::newRow("plain") << QByteArray("pattern") << QByteArray();
-        QTest::newRow("rich") << QByteArray("text") << QByteArray("attributed='yes'");
-        QTest::newRow("from a list") << QByteArray("pattern") << QByteArray("resourcesKeyPath='names'");
-    }
-    /// The attribute stands at the root of the file.
+    /// In a field of plain text, of rich text and of a list. The attribute stands at the root of the file.
     void severalTextsAreOverwritten()
     {
-        QFETCH(QByteArray, key);
-        QFETCH(QByteArray, more);
-        const QByteArray type = more.contains("names") ? "resource" : "string";
-        Sheet sheet("<panes editsMultipleValues='yes'><pane><inspector title='Figure'><slice><section>" +
-                    Sheet::row(key, type, more) + Sheet::row("address", "string", "editsMultipleValues='no'") +
-                    "</section></slice></inspector></pane></panes>");
-        const auto text = [&](int i) {
-            const QVariant value = sheet.value(i, key);
-            return key == "text" ? value.value<String>().text() : value.toString();
-        };
-        for (int i : {0, 1, 2}) {
-            const QString own = QString(u'a' + QString::number(i));
-            sheet.set(i, key, key == "text" ? String(own).toVariant() : QVariant(own));
-            sheet.set(i, "address", QUrl(own));
+        using Row = std::pair<QByteArray, QByteArray>;
+        for (const auto &[key, more] :
+             {Row("pattern", ""), Row("text", "attributed='yes'"), Row("pattern", "resourcesKeyPath='names'")}) {
+            const TableRow inRow(QString::fromLatin1(key + more));
+            const QByteArray type = more.contains("names") ? "resource" : "string";
+            Sheet sheet("<panes editsMultipleValues='yes'><pane><inspector title='Figure'><slice><section>" +
+                        Sheet::row(key, type, more) + Sheet::row("address", "string", "editsMultipleValues='no'") +
+                        "</section></slice></inspector></pane></panes>");
+            const auto text = [&, key = key](int i) {
+                const QVariant value = sheet.value(i, key);
+                return key == "text" ? value.value<String>().text() : value.toString();
+            };
+            for (int i : {0, 1, 2}) {
+                const QString own = QString(u'a' + QString::number(i));
+                sheet.set(i, key, key == "text" ? String(own).toVariant() : QVariant(own));
+                sheet.set(i, "address", QUrl(own));
+            }
+            sheet.select({0, 1, 2});
+            QVERIFY(!sheet.editor<ZelInspectorStringProperty>("address")->textField()->isEditable());
+            QCOMPARE(sheet.shown(key), "Multiple Values");
+            QWidget *field = sheet.editor<ZelInspectorProperty>(key)->controlsNamedByRow().last();
+            const QKeyCombination end(key == "text" ? Qt::ControlModifier : Qt::NoModifier, Qt::Key_Return);
+            const auto *rich = sheet.editor<Editor>("text");
+            QVERIFY(!rich || !rich->isFormattable());
+            Sheet::click(field);
+            Sheet::press(end.key(), end.keyboardModifiers()); // in an untouched field
+            Sheet::type("x");
+            QVERIFY(!rich || rich->isFormattable());
+            Sheet::press(Qt::Key_Escape);
+            QVERIFY(!rich || !rich->isFormattable());
+            QCOMPARE(sheet.stack.count(), 0);
+            QCOMPARE(sheet.owner->actions, 0);
+            QCOMPARE(sheet.shown(key), "Multiple Values");
+            Sheet::click(field);
+            Sheet::type("x");
+            Sheet::press(Qt::Key_Backspace);
+            QVERIFY(QApplication::focusWidget()->property("placeholderText") != "Multiple Values");
+            Sheet::press(end.key(), end.keyboardModifiers());
+            QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"", "", ""}));
+            QCOMPARE(sheet.stack.count(), 1);
+            QCOMPARE(sheet.owner->actions, 1);
+            sheet.undo();
+            QCOMPARE(sheet.shown(key), "Multiple Values");
+            Sheet::click(field);
+            Sheet::type("new");
+            Sheet::press(end.key(), end.keyboardModifiers());
+            QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"new", "new", "new"}));
+            QCOMPARE(sheet.stack.count(), 1);
+            QCOMPARE(sheet.stack.undoText(), "Change " + key);
+            QCOMPARE(sheet.owner->actions, 2);
+            sheet.undo();
+            QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"a0", "a1", "a2"}));
+            QCOMPARE(sheet.shown(key), "Multiple Values");
         }
-        sheet.select({0, 1, 2});
-        QVERIFY(!sheet.editor<ZelInspectorStringProperty>("address")->textField()->isEditable());
-        QCOMPARE(sheet.shown(key), "Multiple Values");
-        QWidget *field = sheet.editor<ZelInspectorProperty>(key)->controlsNamedByRow().last();
-        const QKeyCombination end(key == "text" ? Qt::ControlModifier : Qt::NoModifier, Qt::Key_Return);
-
-        const auto *rich = sheet.editor<Editor>("text");
-        QVERIFY(!rich || !rich->isFormattable());
-        Sheet::click(field);
-        Sheet::press(end.key(), end.keyboardModifiers()); // in an untouched field
-        Sheet::type("x");
-        QVERIFY(!rich || rich->isFormattable());
-        Sheet::press(Qt::Key_Escape);
-        QVERIFY(!rich || !rich->isFormattable());
-        Sheet::type("x");
-        Sheet::press(Qt::Key_Backspace);
-        Sheet::press(Qt::Key_Escape);
-        Sheet::press(Qt::Key_Tab);
-        QVERIFY(!field->hasFocus());
-        QCOMPARE(sheet.stack.count(), 0);
-        QCOMPARE(sheet.owner->actions, 0);
-        QCOMPARE(sheet.shown(key), "Multiple Values");
-
-        Sheet::click(field);
-        Sheet::type("x");
-        Sheet::press(Qt::Key_Backspace);
-        QVERIFY(QApplication::focusWidget()->property("placeholderText") != "Multiple Values");
-        Sheet::press(end.key(), end.keyboardModifiers());
-        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"", "", ""}));
-        QCOMPARE(sheet.stack.count(), 1);
-        QCOMPARE(sheet.owner->actions, 1);
-        sheet.undo();
-        QCOMPARE(sheet.shown(key), "Multiple Values");
-
-        Sheet::click(field);
-        Sheet::type("new");
-        Sheet::press(end.key(), end.keyboardModifiers());
-        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"new", "new", "new"}));
-        QCOMPARE(sheet.stack.count(), 1);
-        QCOMPARE(sheet.stack.undoText(), "Change " + key);
-        QCOMPARE(sheet.owner->actions, 2);
-        sheet.undo();
-        QCOMPARE(QStringList({text(0), text(1), text(2)}), QStringList({"a0", "a1", "a2"}));
-        QCOMPARE(sheet.shown(key), "Multiple Values");
     }
 
     void valuesAreThoseOfTheRunsInTheSelection()
@@ -391,24 +309,6 @@ private Q_SLOTS:
             desk.text->setSelectedRange(range);
             QCOMPARE(desk.text->selectedRange(), selected);
         }
-    }
-
-    void paragraphsWithoutAStyleSayNothing()
-    {
-        String string("plain\n");
-        string.append(styled("center\n", Style::AlignCenter, 3));
-        string.append(styled("right", Style::AlignRight, 3));
-        const Desk desk(string);
-        QVERIFY(isNone(desk.value("alignment", 0, 0)) && desk.selectedSegments().isEmpty());
-        QCOMPARE(desk.value("alignment", 0, 8), uint(Style::AlignCenter));
-        QCOMPARE(desk.selectedSegments(), QList<int>{Editor::CenterSegment});
-        QVERIFY(isMultiple(desk.value("alignment", 0, string.length())) && desk.selectedSegments().isEmpty());
-        QCOMPARE(desk.editor->property("lineSpacing"), 3.0);
-        QCOMPARE(desk.editor->property("hyphenationFactor").typeId(), int(QMetaType::Float));
-        QCOMPARE(desk.editor->property("headerLevel").typeId(), int(QMetaType::Int));
-        desk.clickSegment(Editor::MoreSegment); // which changes nothing of that
-        QVERIFY(isNone(desk.value("headIndent", 0, 0)));
-        Desk::closePopups();
     }
 
     void anInsertionPointTakesFormatsForWhatIsTypedNext()
@@ -496,7 +396,6 @@ private Q_SLOTS:
         QVERIFY_EXCEPTION_THROWN(ZelValueForKey(&proxy, "color"), ZelUndefinedKeyException);
         proxy.setRange(String::Range{5, 0});
         QCOMPARE(spacing(), 7.0);
-
         Recorder recorder;
         ZelAddObserver(&proxy, &recorder, ZelKeyPath("lineSpacing"), 0, nullptr);
         ZelSetValueForKey(&proxy, 9, "lineSpacing");
@@ -517,6 +416,5 @@ private Q_SLOTS:
         ZelRemoveObserver(&proxy, &recorder, ZelKeyPath("lineSpacing"), nullptr);
     }
 };
-
 QTEST_MAIN(tst_TextEditors)
 #include "tst_TextEditors.moc"

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "FigureSheet.h"
-
 #include "Controls/private/ZelControlSupport.h"
 #include "Controls/private/ZelThemeColor.h"
+#include "FigureSheet.h"
 #include "Text/ZelFontManager.h"
 
 namespace {
-
 using Window = Sheet;
-using Days = QList<QDate>;
 
 const QString g_family = "DejaVu Sans";
 const QString g_otherFamily = "DejaVu Serif";
@@ -54,14 +51,12 @@ QColor recentColor()
 {
     return ZelUsedColorList::sharedUsedColorList()->colors().first().toQColor();
 }
-
 } // namespace
 
 /// What is special about the larger editors.
 class tst_ValueEditors : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void cleanup()
@@ -92,94 +87,6 @@ private Q_SLOTS:
         QVERIFY(!window.stack.canUndo());
     }
 
-    void theArrayTableIsEditedInPlace()
-    {
-        Window window(Window::row("tags", "custom", "class='ZelInspectorArrayProperty'"));
-        auto *editor = window.editor<ZelInspectorArrayProperty>("tags");
-        const auto tagsAre = [&](const QString &tags) {
-            return window.figures[0]->tags.join(u' ') == tags && window.figures[1]->tags == window.figures[0]->tags &&
-                   window.shown("tags") == tags;
-        };
-        window.select({0, 1});
-        window.edit("tags", "+");
-        QCOMPARE(editor->tableView()->currentIndex().row(), 2);
-        window.begin("tags", "beta");
-        const QPointer<QLineEdit> field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        QVERIFY(field && editor->tableView()->isAncestorOf(field));
-        for (int figure : {0, 1})
-            window.figures[size_t(figure)]->setProperty("tags", QStringList{"x", "b", "z"});
-        window.settle();
-        QVERIFY(field && field->text() == "beta");
-        Window::press(Qt::Key_Return);
-        QVERIFY(tagsAre("x beta z"));
-        Window::clickRow(editor, 0);
-        Window::press(Qt::Key_F2);
-        Window::type("dropped");
-        Window::press(Qt::Key_Escape);
-        window.edit("tags", "beta"); // the same
-        QCOMPARE(window.stack.count(), 2);
-        Window::clickRow(editor, 0);
-        Window::clickRow(editor, 2, Qt::ControlModifier);
-        Window::click(editor->actionBar()->itemViews().at(1));
-        QVERIFY(tagsAre("beta"));
-        QCOMPARE(window.stack.undoText(), "Change tags");
-        QCOMPARE(window.owner->actions, 2);
-        for (const char *former : {"x beta z", "x b z", "a b"}) {
-            window.undo();
-            QVERIFY2(tagsAre(former), former);
-        }
-        QVERIFY(!window.stack.canUndo());
-
-        window.begin("tags", "alpha");
-        window.select({2}); // whose list is the same: a cell belongs to the one that it was opened in
-        QCOMPARE(window.shown("tags"), "a b");
-        QCOMPARE(window.figures[1]->tags, QStringList({"a", "alpha"}));
-        QCOMPARE(QApplication::focusWidget(), editor->tableView());
-        Window::press(Qt::Key_Return);
-        QCOMPARE(window.figures[2]->tags, QStringList({"a", "b"}));
-        QCOMPARE(window.stack.count(), 1);
-    }
-
-    void aPointIsTypedNumberByNumber()
-    {
-        Window window(Window::row("place", "custom", "class='ZelInspectorPointProperty'"));
-        window.set(1, "place", QPointF(1, 9));
-        const auto *editor = window.editor<ZelInspectorPointProperty>("place");
-        const ZelTextField *x = editor->xProperty()->textField(), *y = editor->yProperty()->textField();
-        const auto places = [&] { return QList<QPointF>{window.figures[0]->place, window.figures[1]->place}; };
-        window.select({0, 1});
-        QCOMPARE(QString(x->text() + u' ' + y->text() + u'|' + y->placeholderText()), "1 |Multiple Values");
-        Window::replaceText(editor->xProperty()->textField(), "3");
-        Window::press(Qt::Key_Up);
-        Window::press(Qt::Key_Tab); // over the stepper
-        QCOMPARE(QApplication::focusWidget(), y);
-        QCOMPARE(places(), QList<QPointF>({{4, 2}, {4, 9}}));
-        Window::type("-7.5");
-        window.select({2}); // it was typed for the others
-        QCOMPARE(places(), QList<QPointF>(2, {4, -7.5}));
-        QCOMPARE(y->text(), "2");
-        QCOMPARE(window.stack.count(), 2);
-    }
-
-    void theAnchorIsWhereAFrameIsMeasuredAndKept()
-    {
-        Window window(Window::row("frame", "frame", "showOriginSelector='yes'"));
-        window.set(1, "frame", QRectF(0, 0, 60, 50));
-        window.select({0, 1});
-        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
-        ZelOriginSelectionView *picker = editor->originSelectionView();
-        Window::click(picker, {picker->width() - 6, picker->height() / 2});
-        picker->setFocus();
-        Window::press(Qt::Key_Down);
-        QCOMPARE(editor->anchor(), ZelOriginBottomRight);
-        QCOMPARE(window.stack.count(), 0);
-        Window::enter(editor->sizeWidthProperty()->textField(), "40");
-        QCOMPARE(window.figures[0]->frame(), QRectF(70, 20, 40, 50));
-        QCOMPARE(window.figures[1]->frame(), QRectF(20, 0, 40, 50));
-        window.undo();
-        QCOMPARE(window.figures[1]->frame(), QRectF(0, 0, 60, 50));
-    }
-
     void aResourceIsCompletedFromTheList()
     {
         Window window(Window::row("pattern", "resource", "resourcesKeyPath='names'"));
@@ -203,36 +110,6 @@ private Q_SLOTS:
         QTRY_COMPARE(patterns(), "Lines Lines");
         QCOMPARE(window.owner->actions, 3);
         QCOMPARE(window.stack.count(), 3);
-    }
-
-    void aDateIsTyped()
-    {
-        Window window(Window::row("day", "date"));
-        window.set(1, "day", QDate(2020, 2, 29));
-        ZelDatePicker *picker = window.editor<ZelInspectorDateProperty>("day")->datePicker();
-        const auto days = [&] { return Days{window.figures[0]->day, window.figures[1]->day}; };
-        window.select({1});
-        Window::click(picker, {8, picker->height() / 2});
-        picker->setSelectedSection(QDateTimeEdit::YearSection);
-        Window::type("2021"); // which has no such day
-        Window::press(Qt::Key_Tab);
-        const Days typed{{2024, 5, 6}, {2021, 2, 28}};
-        QCOMPARE(days(), typed);
-        QVERIFY(QApplication::focusWidget() != picker);
-        window.select({0, 1});
-        picker->setFocus();
-        Window::type("9");
-        Window::press(Qt::Key_Escape);
-        QCOMPARE(picker->text(), "Multiple Values");
-        QCOMPARE(window.stack.count(), 1);
-        Window::press(Qt::Key_Up); // begins with the present day
-        QCOMPARE(days(), Days(2, QDate::currentDate()));
-        window.undo();
-        QCOMPARE(days(), typed);
-        Window::press(Qt::Key_A, Qt::ControlModifier);
-        Window::press(Qt::Key_Delete);
-        Window::press(Qt::Key_Tab);
-        QCOMPARE(days(), Days(2, QDate()));
     }
 
     void theFontPopoverIsOpenedUsedAndClosed()
@@ -268,50 +145,6 @@ private Q_SLOTS:
         window.open();
         window.inspector->view()->setParent(nullptr); // taken out of its window
         QVERIFY(!window.isOpen());
-    }
-
-    void aClickOutsideTakesWhatWasTypedInThePopover()
-    {
-        FontWindow window;
-        const QWidget *button = window.editor->button();
-        const QPoint places[] = {window.mapToGlobal(QPoint(5, 500)), button->mapToGlobal(button->rect().center())};
-        double size = 14;
-        for (const QPoint &place : places) { // at the button it does not open it again
-            window.open();
-            Window::replaceText(window.size, QString::number(++size));
-            const QWidget *popup = QApplication::activePopupWidget();
-            QTest::mouseClick(popup->windowHandle(), Qt::LeftButton, {}, place - popup->pos());
-            window.settle();
-            QVERIFY(!window.isOpen() && !QApplication::activePopupWidget());
-            QCOMPARE(window.font(0).pointSizeF(), size);
-        }
-        window.open();
-        Window::replaceText(window.size, "33");
-        Window::click(window.details->doneButton());
-        QVERIFY(!window.isOpen());
-        QCOMPARE(window.font(0).pointSizeF(), 33.0);
-        QCOMPARE(window.stack.count(), 3);
-    }
-
-    void theSelectionAndTheModelChangeUnderThePopover()
-    {
-        FontWindow window;
-        window.open();
-        Window::replaceText(window.size, "12");
-        window.set(0, "font", QFont("DejaVu Sans Mono", 20));
-        QCOMPARE(window.size->text(), "12");
-        Window::press(Qt::Key_Escape);
-        QVERIFY(window.isOpen()); // it was the typing that was discarded
-        QCOMPARE(window.size->text(), "20");
-        QCOMPARE(window.details->fontFamilyPopUpButton()->shownText(), "DejaVu Sans Mono");
-        window.select({1});
-        QCOMPARE(window.size->text(), "30");
-        Window::replaceText(window.size, "14");
-        window.select({0}); // what was typed was meant for the other
-        QCOMPARE(window.font(1).pointSizeF(), 14.0);
-        QCOMPARE(window.font(0).pointSizeF(), 20.0);
-        QCOMPARE(window.size->text(), "20");
-        QCOMPARE(window.stack.count(), 1);
     }
 
     void describesTheFont()
@@ -464,41 +297,6 @@ private Q_SLOTS:
         QCOMPARE(plain.stack.count(), 1);
     }
 
-    void theRecentColoursAreSharedByAllButtons()
-    {
-        ColorWindow window;
-        window.select({0, 2});
-        window.edit("fill", "Magenta");
-        const QColor magenta = window.color(0, "fill");
-        QCOMPARE(recentColor(), magenta);
-        QMenu *menu = Window::openMenu(window.button("stroke"));
-        QVERIFY(menu);
-        auto *matrix = menu->findChild<ZelColorMatrix *>();
-        QVERIFY(matrix && matrix->isVisible());
-        Window::click(matrix, matrix->rectOfCell(0).center());
-        QTRY_VERIFY(!QApplication::activePopupWidget());
-        QVERIFY(window.color(0, "stroke") == magenta && window.color(2, "stroke") == magenta);
-        QCOMPARE(window.shown("stroke"), "Magenta");
-        QCOMPARE(window.stack.undoText(), "Change stroke");
-
-        window.edit("fill", "Green");
-        const QColor green = window.color(0, "fill");
-        menu = Window::openMenu(window.button("stroke")); // now by keyboard: up from the first colour of the list
-        QVERIFY(menu && green != magenta);
-        matrix = menu->findChild<ZelColorMatrix *>();
-        for (int i = 0; i < 40 && !matrix->hasFocus(); ++i)
-            Window::press(Qt::Key_Up);
-        QVERIFY(matrix->hasFocus());
-        QCOMPARE(matrix->colorAtIndex(0).toQColor(), green);
-        while (matrix->highlightedCell() >= ZelColorMatrix::numberOfColumns)
-            Window::press(Qt::Key_Up);
-        while (matrix->highlightedCell() > 0)
-            Window::press(Qt::Key_Left);
-        Window::press(Qt::Key_Return);
-        QTRY_VERIFY(!QApplication::activePopupWidget());
-        QCOMPARE(window.color(2, "stroke"), green);
-    }
-
     void theColorPanelGoesFromEditorToEditor()
     {
         ColorWindow window;
@@ -517,13 +315,11 @@ private Q_SLOTS:
         QCOMPARE(window.color(0, "fill"), QColor(Qt::red));
         QTest::keyClick(panel->windowHandle(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(window.color(0, "fill"), QColor(1, 2, 3));
-
         window.edit("stroke", "Other...");
         QCOMPARE(panel->currentColor(), QColor(Qt::black));
         panel->setCurrentColor(QColor(4, 5, 6));
         QCOMPARE(window.color(0, "stroke"), QColor(4, 5, 6));
         QVERIFY(!isActive("fill") && isActive("stroke"));
-
         auto *text = window.editor<ZelInspectorAttributedStringProperty>("text");
         const int segment = ZelInspectorAttributedStringProperty::TextColorSegment;
         Window::click(text->textView());
@@ -534,7 +330,6 @@ private Q_SLOTS:
         QCOMPARE(window.figures[0]->text.attributeAt(ZelAttributedString::ForegroundColor, 5),
                  QVariant(QColor(7, 8, 9)));
         QCOMPARE(window.color(0, "stroke"), QColor(4, 5, 6));
-
         window.edit("fill", "Other...");
         QVERIFY(!text->isColorPanelActive() && !text->segmentedControl()->isSegmentSelected(segment));
         QCOMPARE(panel->currentColor(), QColor(1, 2, 3));
@@ -549,12 +344,8 @@ private Q_SLOTS:
         panel->close();
         window.settle();
         QVERIFY(!isActive("fill"));
-        panel->setCurrentColor(QColor(90, 90, 90)); // nobody's
-        QCOMPARE(window.color(1, "fill"), QColor(20, 30, 40));
-        QCOMPARE(window.color(0, "fill"), QColor(1, 2, 3));
         QCOMPARE(recentColor(), QColor(20, 30, 40));
     }
 };
-
 QTEST_MAIN(tst_ValueEditors)
 #include "tst_ValueEditors.moc"

@@ -9,7 +9,6 @@
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Reports.h"
 #include "Support/Failures.h"
-
 #include <QtTest>
 #include <QtWidgets>
 
@@ -18,7 +17,7 @@
 /// Controls are found in the window: whatever can be clicked or takes the focus is one, and is known by its class. One
 /// of an unknown class is a fault, as is one that does nothing. An edit must reach all objects that its editor stands
 /// for and no other, in one named undo step. Undo brings back every object's own values, and redo the later ones. What
-/// an edit opens (a popover, the colour panel) is visited as well. Everything is undone in the end.
+/// a control opens (a popover, the colour panel) can be closed. Everything is undone in the end.
 class ControlTour
 {
 public:
@@ -76,13 +75,11 @@ private:
     struct Control
     {
         QPointer<QWidget> widget;
-        QPointer<QWidget> subject; ///< is in the editor that it changes
         const Kind *kind = nullptr;
         QString name;
         int part = 0; // of a widget with several
     };
     using State = QList<std::pair<QObject *, QVariantMap>>;
-
     static const Kind *kindOf(const QWidget *widget)
     {
         static const Kind kinds[] = {
@@ -103,7 +100,6 @@ private:
             {"ZelDatePicker", Edits, {{8, 0.5}}, {"Up Return", "Down Return"}},
             {"QTableView", Edits, {}, {}, typeIntoCell},
             {"SwatchRow", Edits, {{0.125, 0.5}, {0.625, 0.5}}},
-            {"QWellArray", Edits, {{0.625, 0.5}, {0.875, 0.5}}}, // of the colour panel
             {"ZelHoverButton", Acts, {{0.5, 0.5}}},
             {"ZelPushButton", Acts, {{0.5, 0.5}}},
             {"ZelExpandableHeader", Shows, {}, {}, foldAndOpen},
@@ -204,12 +200,11 @@ private:
             const QObject *controller = controllerOf(widget);
             const bool isEnabled = !controller || controller->property("enabled") != false;
             for (int part = 0; part < (segments ? int(segments->segmentCount()) : 1); ++part) {
-                const QString name =
-                    m_outer.name + nameOf(widget) + (segments ? '#' + QString::number(part) : QString());
+                const QString name = nameOf(widget) + (segments ? '#' + QString::number(part) : QString());
                 if (kind->effect != Shows && isEditable(widget) && isEnabled)
                     found.insert(name);
                 if (!segments || segments->isSegmentEnabled(part))
-                    controls.append({widget, controller ? widget : m_outer.subject.data(), kind, name, part});
+                    controls.append({widget, kind, name, part});
             }
             return;
         }
@@ -222,7 +217,7 @@ private:
     /// Selects what the control changes, where that is a part of the value.
     void prepare(const Control &control)
     {
-        for (QObject *controller = controllerOf(control.subject); controller; controller = ownerOf(controller)) {
+        for (QObject *controller = controllerOf(control.widget); controller; controller = ownerOf(controller)) {
             if (const auto *text = qobject_cast<ZelInspectorAttributedStringProperty *>(controller))
                 text->textView()->selectAll();
             if (const auto *list = qobject_cast<ZelInspectorArrayProperty *>(controller);
@@ -233,11 +228,6 @@ private:
             }
         }
         settle();
-        if (control.widget->isEnabled() || !m_outer.widget)
-            return;
-        // What was chosen before may have made it meaningless, until the window is opened again.
-        press("Escape");
-        change(m_outer, 0);
     }
 
     void visit(const Control &control)
@@ -247,25 +237,22 @@ private:
         const int index = m_program.undoStack->index();
         const auto *segments = qobject_cast<ZelSegmentedControl *>(control.widget.data());
         const bool isChosen = segments && !segments->selectsAny() && segments->isSegmentSelected(control.part);
-        const QObject *controller = controllerOf(control.subject);
+        const QObject *controller = controllerOf(control.widget);
         const bool edits =
             control.kind->effect == Edits && controller && !controller->property("keyPath").toString().isEmpty();
         const bool mustChange =
-            edits && !isChosen && isEditable(control.widget) && !objectsOf(control.subject).isEmpty();
+            edits && !isChosen && isEditable(control.widget) && !objectsOf(control.widget).isEmpty();
         QWidget *window = nullptr;
         const Kind &kind = *control.kind;
         const int attempts = std::max({kind.attempts, int(kind.places.size()), int(kind.keys.size())});
         for (int attempt = 0; attempt < attempts && control.widget; ++attempt) {
             change(control, attempt);
-            if (!m_outer.widget)
-                window = openedWindow();
+            window = openedWindow();
             if (window || state() != before || m_program.situation() != situation)
                 break;
         }
-        if (m_outer.widget && control.widget && !control.widget->isVisible() && control.kind->effect == Acts)
-            changed.insert(control.name); // it closes the window
         if (window) {
-            visitOpened(control, window);
+            close(control, window);
         } else {
             if (mustChange && state() == before)
                 fault("changes nothing");
@@ -279,30 +266,13 @@ private:
             fault(QString("opened ") + modal->metaObject()->className());
     }
 
-    void visitOpened(const Control &control, QWidget *opened)
+    void close(const Control &control, QWidget *opened)
     {
         changed.insert(control.name);
-        m_outer = control;
-        m_outer.name += '/';
         const QPointer<QWidget> alive(opened);
-        const bool isColorPanel = opened->inherits("QColorDialog");
-        isColorPanel ? visitColorPanel(opened) : visitAll(opened);
-        m_outer = {};
-        m_current = control.name;
-        if (alive && alive->isVisible())
-            isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press("Escape");
+        opened->inherits("QColorDialog") ? void(ZelColorPanel::sharedColorPanel()->close()) : press("Escape");
         if (alive && alive->isVisible())
             fault("opened what does not close");
-    }
-
-    /// The standard colours stand for the other controls of Qt's own dialog.
-    void visitColorPanel(QWidget *panel)
-    {
-        for (QWidget *widget : panel->findChildren<QWidget *>()) {
-            if (QByteArray(widget->metaObject()->className()).endsWith("QWellArray"))
-                return visit({widget, m_outer.subject, kindOf(widget), m_outer.name + "colour"});
-        }
-        fault("opened a panel that offers no colours");
     }
 
     // What is checked
@@ -318,7 +288,7 @@ private:
         if (after != before) {
             if (m_program.undoStack->undoText().isEmpty() && !mayBeUnnamed(control.widget))
                 fault("makes an undo step without a name");
-            if (control.kind->effect == Edits && control.widget && control.subject)
+            if (control.kind->effect == Edits && control.widget)
                 checkReach(control, before, after);
             checkUndo(control, before, after);
         }
@@ -331,10 +301,10 @@ private:
 
     void checkReach(const Control &control, const State &before, const State &after)
     {
-        QObject *controller = controllerOf(control.subject);
+        QObject *controller = controllerOf(control.widget);
         if (after.size() != before.size() || !controller || controller->property("keyPath").toString().isEmpty())
             return;
-        const QObjectList objects = objectsOf(control.subject);
+        const QObjectList objects = objectsOf(control.widget);
         for (int i = 0; i < after.size(); ++i) {
             if (after[i] != before[i] && !objects.contains(after[i].first))
                 fault("changes an object that is not selected");
@@ -351,7 +321,7 @@ private:
 
     void checkUndo(const Control &control, const State &before, const State &after)
     {
-        const bool isInFront = !m_outer.widget && control.widget && control.widget->window()->isActiveWindow();
+        const bool isInFront = control.widget && control.widget->window()->isActiveWindow();
         isInFront ? m_program.undo() : m_program.undoStack->undo();
         settle();
         compare(state(), before, "after undo");
@@ -529,7 +499,6 @@ private:
     Reports m_reports;
     QStringList m_faults;
     QString m_current;
-    Control m_outer; // the one that opened what is being visited
 };
 
 /// Runs a test inside of the program of an example, whose main function makes the application and the window.

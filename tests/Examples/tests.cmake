@@ -2,7 +2,6 @@
 # The examples use the installed library; a test that linked the folders' static libraries, too, would have two of it.
 set(examples ${PROJECT_SOURCE_DIR}/examples)
 zel_program(tst_ShapesControls SOURCES Examples/tst_ShapesControls.cpp LIBRARIES zel_shapes_app Qt6::Test)
-zel_program(tst_ShapesKeyboard SOURCES Examples/tst_ShapesKeyboard.cpp LIBRARIES zel_shapes_app Qt6::Test)
 # The example's own main function is called by the test's.
 zel_program(tst_SmallestControls SOURCES Examples/tst_SmallestControls.cpp ${examples}/smallest/main.cpp
             LIBRARIES Zel::Zel Qt6::Test)
@@ -19,7 +18,7 @@ qt_add_resources(tst_NetworkControls network_test PREFIX / BASE ${examples}/netw
                  FILES ${examples}/network/Inspector.xml)
 file(GLOB images CONFIGURE_DEPENDS ${examples}/network/images/*.png)
 qt_add_resources(tst_NetworkControls network_images PREFIX / BASE ${examples}/network/images FILES ${images})
-foreach(test tst_NetworkControls tst_ShapesControls tst_ShapesKeyboard tst_SmallestControls)
+foreach(test tst_NetworkControls tst_ShapesControls tst_SmallestControls)
     target_include_directories(${test} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     zel_add_e2e_test(${test})
 endforeach()

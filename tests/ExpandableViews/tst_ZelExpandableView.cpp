@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ExpandableViews/ZelExpandableView.h"
-
 #include "ExpandableViews/ZelExpandableHeader.h"
-
+#include "ExpandableViews/ZelExpandableView.h"
 #include <QtTest>
 #include <QtWidgets>
 
 class tst_ZelExpandableView : public QObject
 {
     Q_OBJECT
-
     std::unique_ptr<QWidget> m_window;
     ZelExpandableView *m_view = nullptr;
     ZelView *m_body = nullptr;
@@ -98,6 +95,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_ZelExpandableView)
 #include "tst_ZelExpandableView.moc"

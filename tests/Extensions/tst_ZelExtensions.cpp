@@ -4,7 +4,6 @@
 #include "Extensions/ZelRecoverableError.h"
 #include "Extensions/ZelTimingLog.h"
 #include "Support/Failures.h"
-
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -23,7 +22,6 @@ static void answer(QMessageBox *box, const QString &title)
 class tst_ZelExtensions : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void alertsOutliveNothing()
     {
@@ -141,6 +139,5 @@ private Q_SLOTS:
         QCOMPARE(elapsed.at(1), 0.0);
     }
 };
-
 QTEST_MAIN(tst_ZelExtensions)
 #include "tst_ZelExtensions.moc"

@@ -5,12 +5,10 @@
 #include "Geometry/ZelSpline.h"
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
-
 #include <QtWidgets>
 #include <random>
 
 namespace {
-
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Quarter = 1.5707963267948966;
@@ -49,7 +47,6 @@ bool near(double a, double b)
 struct Curve
 {
     QPointF p0, p1, p2, p3;
-
     double length() const { return ZelSplineGetTotalLength(p0, p1, p2, p3); }
     double parameter(double length) const { return ZelSplineParameterForLength(p0, p1, p2, p3, length); }
     QPointF at(double t) const { return ZelSplineGetPointAtParameter(p0, p1, p2, p3, t); }
@@ -88,13 +85,11 @@ protected:
         return metric == PdmDevicePixelRatioScaled ? int(ratio * devicePixelRatioFScale()) : QWidget::metric(metric);
     }
 };
-
 } // namespace
 
 class tst_ZelGeometry : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     void pointsAreVectors()
     {
@@ -442,6 +437,5 @@ private Q_SLOTS:
         check(1.5, {10, 32 / 3.0}, {29 / 3.0, 32 / 3.0});
     }
 };
-
 QTEST_MAIN(tst_ZelGeometry)
 #include "tst_ZelGeometry.moc"

@@ -15,7 +15,6 @@
 #include "Resources/ZelLocalizedString.h"
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
-
 #include <QtTest>
 #include <QtWidgets>
 
@@ -26,7 +25,6 @@ public:
     Descriptions() { ZelBundle::mainBundle().setResourcePaths({m_folder.path()}); }
     ~Descriptions() { ZelBundle::mainBundle().setResourcePaths({}); }
     Q_DISABLE_COPY_MOVE(Descriptions)
-
     QUrl write(const QString &name, const QByteArray &text) const
     {
         QFile file(m_folder.filePath(name));

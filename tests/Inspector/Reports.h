@@ -3,7 +3,6 @@
 
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/Errors/ZelExceptionReporter.h"
-
 #include <QDebug>
 #include <optional>
 

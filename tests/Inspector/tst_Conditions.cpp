@@ -6,7 +6,6 @@
 #include "Support/Figure.h"
 
 namespace {
-
 class Multiplied : public ZelAbstractValueTransformer
 {
 public:
@@ -19,13 +18,11 @@ public:
 private:
     double m_factor;
 };
-
 } // namespace
 
 class tst_Conditions : public QObject
 {
     Q_OBJECT
-
     using Slice = std::unique_ptr<ZelInspectorSlice>;
     Slice slice(const QByteArray &rows)
     {
@@ -206,6 +203,5 @@ private Q_SLOTS:
                                               "did you mean \"Admin\"? (Conditions:4:1, <sliver>)");
     }
 };
-
 QTEST_MAIN(tst_Conditions)
 #include "tst_Conditions.moc"

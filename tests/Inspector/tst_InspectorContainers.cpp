@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "Inspector/Descriptions.h"
-
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
 #include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/Descriptions.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Views/ZelSeparator.h"
 
 namespace {
-
 using Rows = QList<ZelInspectorConditionalContainer *>;
 using Widgets = QList<QWidget *>;
 
@@ -23,7 +21,6 @@ const QByteArray g_conditional =
     "<section visibleKeyPath='unlocked'><sliver visibleKeyPath='unlocked'>%%</sliver><chooser keyPath='unlocked'>"
     "<choice value='0'/><choice value='1'><sliver>%</sliver></choice></chooser></section></slice></inspector></pane>"
     "</panes>";
-
 } // namespace
 
 class tst_InspectorContainers : public QObject
@@ -230,29 +227,6 @@ private Q_SLOTS:
         QCOMPARE(all.at(2)->y(), all.at(0)->geometry().bottom() + 1);
     }
 
-    void stacksFollowTheirLists()
-    {
-        auto *pane = show<ZelInspectorPane>(
-            "<pane><inspector title='1'><slice/><slice/></inspector><inspector title='2'><slice/></inspector></pane>");
-        ZelInspector *first = pane->inspectors().at(0);
-        ZelInspector *second = pane->inspectors().at(1);
-        const auto views = [&] { return pane->containerView()->subviews(); };
-        pane->setInspectors({second});
-        QCOMPARE(views(), Widgets({second->view()}));
-        first->setVisible(false); // nobody listens any more
-        first->setVisible(true);
-        QCOMPARE(views().size(), 1);
-        pane->setInspectors({second, first});
-        QCOMPARE(views(), Widgets({second->view(), first->view()}));
-        delete second;
-        QCOMPARE(pane->inspectors(), QList<ZelInspector *>{first});
-        const QList<ZelInspectorSlice *> slices{first->slices().at(1), first->slices().at(0)};
-        first->setSlices(slices);
-        QCOMPARE(first->slicesView()->subviews(), Widgets({slices.at(0)->view(), slices.at(1)->view()}));
-        first->setTitle("new");
-        QCOMPARE(qobject_cast<ZelExpandableView *>(first->view())->title(), "new");
-    }
-
     void tabsVisitTheControlsFromTopToBottom()
     {
         QByteArray text;
@@ -288,23 +262,6 @@ private Q_SLOTS:
         editor->setTitle("a");
         row->setProperties(QList<ZelInspectorProperty *>{editor} + row->properties());
         QCOMPARE(visited(), "<12a34>");
-    }
-
-    void sectionsAreRebuiltLaterInTheTurn()
-    {
-        auto *section = showIn<ZelInspectorSection>("<sliver/><sliver/>");
-        const Rows rows = section->sliversAndChoosers();
-        section->setTitle("Heading");
-        section->setSliversAndChoosers({rows.at(1)});
-        QVERIFY(!section->label());
-        QCOMPARE(section->view()->subviews().size(), 2);
-        settle();
-        QCOMPARE(section->label()->text(), "Heading");
-        QCOMPARE(section->view()->subviews(), Widgets({section->labelContainerView(), rows.at(1)->view()}));
-        QVERIFY(!rows.at(0)->view()->parentWidget() && !rows.at(0)->isViewInstalled());
-        section->setTitle("");
-        settle();
-        QVERIFY(!section->labelContainerView());
     }
 
     void separatorsAndColorsOfSections()
@@ -365,21 +322,6 @@ private Q_SLOTS:
         tabs->selectInspector(0);
         find<NotingProperty>()->whenCommitting = [this] { m_root.reset(); };
         QVERIFY(tabs->commitEditing() && !m_root); // what is committed may end the inspector
-    }
-
-    void whatIsToldReachesEveryEditor()
-    {
-        show<ZelInspectorPane>(
-            pane("<sliver>%%</sliver><chooser keyPath='extra'><choice value='1'><chooser keyPath='extra'><choice "
-                 "value='1'><sliver>%</sliver>"
-                 "</choice></chooser></choice><choice value='2'><sliver>%</sliver></choice></chooser>"));
-        setExtra(1);
-        QCOMPARE(told([&] { m_root->refresh(); }), "r|r|r|r");
-        QCOMPARE(told([&] { m_root->prepareForReuse(); }), "p|p|p|p");
-        QCOMPARE(told([&] { QVERIFY(m_root->commitEditing()); }), "c|c|c|"); // only the chosen content
-        QCOMPARE(told([&] { m_root->discardEditing(); }), "d|d|d|");
-        all<NotingProperty>().at(1)->commits = false;
-        QCOMPARE(told([&] { QVERIFY(!m_root->commitEditing()); }), "c|c||");
     }
 
     void hidingAnInspectorCommitsFirst()
@@ -511,24 +453,6 @@ private Q_SLOTS:
         QCOMPARE(places(row), QString("114 82 0, 5 190 0, 5 82 %1, 5 82 %2").arg(height).arg(2 * height));
     }
 
-    void rowsFollowTheirProperties()
-    {
-        auto *row = showIn<ZelInspectorSliver>("<sliver>%%%</sliver>");
-        const QList<ZelInspectorProperty *> editors = row->properties();
-        const auto parent = [&](qsizetype editor) { return editors.at(editor)->view()->parentWidget(); };
-        QCOMPARE(parent(0), parent(1));
-        row->setProperties({editors.at(2), editors.at(0)}); // another pair
-        QCOMPARE(parent(2), parent(0));
-        QVERIFY(!parent(1) && !editors.at(1)->isViewInstalled());
-        QVERIFY(editors.at(0)->isViewInstalled() && editors.at(0)->view()->isVisible());
-        row->setProperties({editors.at(0)});
-        QCOMPARE(row->view()->subviews(), Widgets({editors.at(0)->view()}));
-        delete editors.at(0);
-        QVERIFY(row->properties().isEmpty());
-        row->setProperties({editors.at(1)});
-        QCOMPARE(row->view()->subviews(), Widgets({editors.at(1)->view()}));
-    }
-
     void labelsNameTheControlsWithoutTitle()
     {
         const QByteArray number = "type='number' keyPath='people.selection.height'/>";
@@ -629,7 +553,6 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_InspectorContainers)
 #include "moc_Descriptions.cpp"
 #include "tst_InspectorContainers.moc"

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "Inspector/Descriptions.h"
-
 #include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
+#include "Inspector/Descriptions.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/ZelInspectorState.h"
 #include "Support/Random.h"
 
 namespace {
-
 const QByteArray g_frame = "<sliver><property type='frame' keyPath='people.selection.frame' showOriginSelector='yes'/>"
                            "</sliver>";
 const QByteArray g_name = "<sliver title='Name'><property type='string' keyPath='people.selection.name'/></sliver>";
@@ -28,15 +26,12 @@ QByteArray panes(const QByteArray &all, const QByteArray &attributes = {})
 
 const QByteArray g_place = pane("Place", box("Frame", g_frame) + box("Frame", g_frame) + box("More", g_name));
 const QByteArray g_text = pane("Text", box("Name", g_name.repeated(40)) + box("More", g_name));
-
 } // namespace
 
 class tst_PanelState : public QObject
 {
     Q_OBJECT
-
     using Panel = std::unique_ptr<ZelTabbedInspector>;
-
     Panel make(const QByteArray &text)
     {
         ZelDeclarativeInspectorGenerator generator;
@@ -157,17 +152,6 @@ private Q_SLOTS:
         QCOMPARE(folds(third->panes()[0]) + folds(third->panes()[1]), "+-+++");
         QCOMPARE(third->selectedPaneIndex(), 0u);
         QCOMPARE(anchors(third), (QList<int>{0, 8}));
-    }
-
-    void aPartHasAStateOfItsOwn()
-    {
-        const Panel first = make(panes(g_place + g_text));
-        arrange(first);
-        const Panel second = make(panes(g_place + g_text));
-        QVERIFY(second->panes()[0]->restoreState(first->panes()[0]->saveState()));
-        QCOMPARE(folds(second->panes()[0]) + folds(second->panes()[1]), "+-+++");
-        QVERIFY(second->panes()[1]->inspectors()[1]->restoreState(first->panes()[1]->inspectors()[1]->saveState()));
-        QCOMPARE(folds(second->panes()[1]), "+-");
     }
 
     /// Bytes are cut off, changed and mixed. Some are states all the same; none does harm.
@@ -292,47 +276,18 @@ private Q_SLOTS:
             pane->inspectors()[0]->setExpanded(false);
             settle();
             QCOMPARE(pane->scrollPosition(), 0);
-            for (const bool scrolls : {false, true}) {
-                pane->setScrollPosition(200);
-                settle();
-                QCOMPARE(pane->scrollPosition(), 200);
-                QCOMPARE(scrollBar(pane)->value(), 0);
-                pane->inspectors()[0]->setExpanded(true);
-                QTRY_COMPARE(scrollBar(pane)->value(), 200);
-                pane->setScrollPosition(100000);
-                if (scrolls) {
-                    scrollBar(pane)->setValue(50);
-                    m_window->resize(300, 300);
-                    settle();
-                    QCOMPARE(pane->scrollPosition(), 50);
-                    QCOMPARE(scrollBar(pane)->value(), 50);
-                }
-                pane->setScrollPosition(0);
-                pane->inspectors()[0]->setExpanded(false);
-                settle();
-            }
-        });
-    }
-
-    void whatASearchChangesForAWhileIsNotKept()
-    {
-        const QByteArray text = panes(g_text + g_place, "stateKey='main' search='yes'");
-        run(text, [](const Panel &panel) {
-            panel->panes()[0]->inspectors()[1]->setExpanded(false);
-            panel->setSearchText("more");
+            pane->setScrollPosition(200);
             settle();
-            QCOMPARE(folds(panel->panes()[0]), "++");
-        });
-        run(text, [](const Panel &panel) {
+            QCOMPARE(pane->scrollPosition(), 200);
+            QCOMPARE(scrollBar(pane)->value(), 0);
+            pane->inspectors()[0]->setExpanded(true);
+            QTRY_COMPARE(scrollBar(pane)->value(), 200);
+            pane->setScrollPosition(100000);
+            scrollBar(pane)->setValue(50);
+            m_window->resize(300, 300);
             settle();
-            QCOMPARE(panel->searchText(), "more");
-            QCOMPARE(folds(panel->panes()[0]), "++");
-            panel->setSearchText({});
-            QCOMPARE(folds(panel->panes()[0]), "+-");
-        });
-        run(text, [](const Panel &panel) {
-            QCOMPARE(panel->searchText(), QString());
-            QCOMPARE(folds(panel->panes()[0]), "+-");
+            QCOMPARE(pane->scrollPosition(), 50);
+            QCOMPARE(scrollBar(pane)->value(), 50);
         });
     }
 
@@ -356,39 +311,34 @@ private Q_SLOTS:
         panel->setStateKey("other");
     }
 
-    void altFoldsAllBoxesOfThePane_data()
-    {
-        QTest::addColumn<bool>("isMirrored");
-        QTest::newRow("left to right") << false;
-        QTest::newRow("right to left") << true;
-    }
     void altFoldsAllBoxesOfThePane()
     {
-        QFETCH(const bool, isMirrored);
-        const Panel panel = make(panes(g_place + g_text));
-        const auto closed = qScopeGuard([this] { close(); });
-        show(panel.get());
-        m_window->setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        ZelInspectorPane *pane = panel->panes()[0];
-        ZelExpandableHeader *header = m_window->findChildren<ZelExpandableHeader *>()[1];
-        const auto fold = isMirrored ? Qt::Key_Right : Qt::Key_Left;
-        const auto unfold = isMirrored ? Qt::Key_Left : Qt::Key_Right;
-        QTest::mouseClick(header, Qt::LeftButton);
-        QCOMPARE(folds(pane), "+-+");
-        QTest::mouseClick(header, Qt::LeftButton, Qt::AltModifier);
-        pane->inspectors()[0]->setExpanded(false);
-        QCOMPARE(folds(pane), "-++");
-        QTest::keyClick(header, unfold, Qt::AltModifier); // which is unfolded itself
-        QCOMPARE(folds(pane), "+++");
-        QTest::keyClick(header, fold, Qt::AltModifier);
-        QCOMPARE(folds(pane), "---");
-        QTest::keyClick(header, Qt::Key_Return, Qt::AltModifier);
-        QCOMPARE(folds(pane), "+++");
-        QTest::keyClick(header, Qt::Key_Space, Qt::AltModifier);
-        QCOMPARE(folds(pane), "---");
-        QTest::keyClick(header, Qt::Key_Space);
-        QCOMPARE(folds(pane), "-+-");
-        QCOMPARE(folds(panel->panes()[1]), "++");
+        for (const bool isMirrored : {false, true}) {
+            const Panel panel = make(panes(g_place + g_text));
+            const auto closed = qScopeGuard([this] { close(); });
+            show(panel.get());
+            m_window->setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            ZelInspectorPane *pane = panel->panes()[0];
+            ZelExpandableHeader *header = m_window->findChildren<ZelExpandableHeader *>()[1];
+            const auto fold = isMirrored ? Qt::Key_Right : Qt::Key_Left;
+            const auto unfold = isMirrored ? Qt::Key_Left : Qt::Key_Right;
+            QTest::mouseClick(header, Qt::LeftButton);
+            QCOMPARE(folds(pane), "+-+");
+            QTest::mouseClick(header, Qt::LeftButton, Qt::AltModifier);
+            pane->inspectors()[0]->setExpanded(false);
+            QCOMPARE(folds(pane), "-++");
+            QTest::keyClick(header, unfold, Qt::AltModifier); // which is unfolded itself
+            QCOMPARE(folds(pane), "+++");
+            QTest::keyClick(header, fold, Qt::AltModifier);
+            QCOMPARE(folds(pane), "---");
+            QTest::keyClick(header, Qt::Key_Return, Qt::AltModifier);
+            QCOMPARE(folds(pane), "+++");
+            QTest::keyClick(header, Qt::Key_Space, Qt::AltModifier);
+            QCOMPARE(folds(pane), "---");
+            QTest::keyClick(header, Qt::Key_Space);
+            QCOMPARE(folds(pane), "-+-");
+            QCOMPARE(folds(panel->panes()[1]), "++");
+        }
     }
 
     void returnGoesOnWhereItIsToldSo()
@@ -440,6 +390,5 @@ private Q_SLOTS:
         QCOMPARE(focused(), 4);
     }
 };
-
 QTEST_MAIN(tst_PanelState)
 #include "tst_PanelState.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Descriptions.h"
-
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorEnumerationProperty.h"
 #include "Resources/ZelColorList.h"
@@ -8,7 +7,6 @@
 #include "Support/Failures.h"
 
 namespace {
-
 class NotingSlice : public ZelInspectorSlice
 {
     Q_OBJECT
@@ -74,13 +72,11 @@ QString text(const ZelSourcePlace &place)
 
 const QString g_here = "Inspector/ZelDeclarativeInspectorGenerator: ";
 const QByteArray g_noting = "<property type='custom' class='NotingProperty'/>";
-
 } // namespace
 
 class tst_ZelDeclarativeInspectorGenerator : public QObject
 {
     Q_OBJECT
-
     using Tree = std::unique_ptr<ZelInspectorSlice>;
     Tree slice(const QByteArray &text)
     {
@@ -145,27 +141,6 @@ private Q_SLOTS:
     {
         m_tree.reset();
         QCOMPARE(NotingProperty::alive, 0);
-    }
-
-    void theTreeFollowsTheDescription()
-    {
-        m_generator->setUrl(m_files.write("Tabs.xml", R"(<panes enabled="no" enabledKeyPath="unlocked">
-            <pane title="Size"><inspector title="A" visibleKeyPath="unlocked"><slice/><other/><slice title="Size"/>
-            </inspector><inspector><slice/></inspector></pane>
-            <unknown/>
-            <pane title="Two"><inspector><slice><section title="Size"><sliver title="Size" fullWidth="yes"/>
-                <chooser title="Size"/><sliver/></section></slice></inspector></pane></panes>)"));
-        const std::unique_ptr<ZelTabbedInspector> tabs(m_generator->createTabbedInspector());
-        // The titles of rows are not translated.
-        QCOMPARE(titles(tabs.get()), "(Größe(A(|Größe)|No title())|Two(No title((Größe(Size|Size|)))))");
-        QVERIFY(!tabs->isEnabled() && tabs->enabledKeyPath() == u"unlocked");
-        QCOMPARE(tabs->panes().first()->inspectors().first()->visibleKeyPath(), "unlocked");
-        QVERIFY(tabs->findChild<ZelInspectorSliver *>()->isFullWidth());
-        for (auto *container : tabs->findChildren<ZelInspectorContainer *>())
-            QVERIFY(container->owner() == &m_owner && !container->isViewLoaded());
-        tabs->selectInspector(1);
-        QCOMPARE(tabs->currentInspector(), tabs->panes().last());
-        QVERIFY(!tabs->isViewLoaded());
     }
 
     void attributesReachEditors()
@@ -265,38 +240,6 @@ private Q_SLOTS:
                    "class=ZelInspectorSliver|title=Here|fullWidth=false|visibleKeyPath=b|visibleValueTransformer=set",
                    "class=ZelInspectorChooser|title=File|keyPath=k|actionName=Act|actionSelector=s",
                    "class=ZelInspectorChooser|title=|keyPath=l|actionName=Act|actionSelector=t"});
-    }
-
-    void filesAreIncluded()
-    {
-        // Children follow those of the file.
-        m_files.write("S.xml", "<slice class='NotingSlice'><section title='1'/><section title='2'/></slice>");
-        m_files.write("T.xml", "<slice title='T'><sliver title='a'/></slice>");
-        m_files.write("C.xml", "<slice><choice title='x'/></slice>");
-        m_files.write("P.xml", "<slice><property type='custom' title='p'/></slice>");
-        const Tree tree = slice(R"(<slice file="S.xml" class="ZelInspectorSlice"><section file="T.xml">
-            <chooser title="b"/><sliver title="c" file="P.xml"><property type="custom" title="q"/></sliver>
-            <chooser file="C.xml"><choice title="y"><chooser title="z"/></choice></chooser></section></slice>)");
-        QVERIFY(qobject_cast<NotingSlice *>(tree.get()));
-        QCOMPARE(titles(tree.get()), "(1|2|T(a|b|c(p|q)|(x|y(z))))");
-        // An inspector's own slices replace those of the file.
-        m_files.write("I.xml", "<inspector title='File'><slice title='old'/><slice/></inspector>");
-        m_generator->setUrl(
-            m_files.write("Pane.xml", "<pane><inspector file='I.xml'><slice title='new'/></inspector></pane>"));
-        const std::unique_ptr<ZelInspectorPane> pane(m_generator->createPane());
-        QCOMPARE(titles(pane.get()), "(File(new))");
-        QCOMPARE(pane->findChildren<ZelInspectorSlice *>().size(), 1);
-        // A pane from a file ignores the including element; a file that does not exist is no file.
-        m_files.write("Pane.xml", "<pane title='File'><inspector><slice/></inspector></pane>");
-        m_generator->setUrl(m_files.write("Tabs.xml", R"(<panes><pane file="Pane.xml" title="Here" image="none"/>
-            <pane file="None.xml" title="Own"><inspector><slice/></inspector></pane></panes>)"));
-        const std::unique_ptr<ZelTabbedInspector> tabs(m_generator->createTabbedInspector());
-        QCOMPARE(titles(tabs.get()), "(File(No title())|Own(No title()))");
-        // A property of a file is of its type, but a known type has no file.
-        m_files.write("P.xml", "<slice type='string' title='File'/>");
-        const auto *other = property("type='other' file='P.xml' title='Here'");
-        QCOMPARE(say(other->metaObject()->className(), other->title()), "ZelInspectorStringProperty \"File\"");
-        QVERIFY(qobject_cast<ZelInspectorNumberProperty *>(property("type='number' file='P.xml'")));
     }
 
     void theDelegateMakesTypesOfTheApplication()
@@ -452,7 +395,6 @@ private Q_SLOTS:
                  "More than 50 elements are described. @ Slice.xml 6:1 property");
     }
 };
-
 QTEST_MAIN(tst_ZelDeclarativeInspectorGenerator)
 #include "moc_Descriptions.cpp"
 #include "tst_ZelDeclarativeInspectorGenerator.moc"

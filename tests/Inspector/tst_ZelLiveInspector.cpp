@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "Inspector/Descriptions.h"
 #include "Inspector/ZelLiveInspector.h"
 
-#include "Inspector/Descriptions.h"
-
 namespace {
-
 QByteArray row(const QByteArray &title, const QByteArray &key, const QByteArray &type = "number")
 {
     return "<sliver title='" + title + "'><property type='" + type + "' keyPath='people.selection." + key +
@@ -21,7 +19,6 @@ QByteArray panel(const QByteArray &inserted = {})
            box("Tall", row("Flags", "flags").repeated(40)) + box("More", row("Height", "height")) +
            box("Folded", row("Name", "nameLength")) + "</pane></panes>";
 }
-
 } // namespace
 
 class tst_ZelLiveInspector : public QObject
@@ -112,7 +109,6 @@ private Q_SLOTS:
         QTRY_VERIFY(pane->scrollView()->verticalScrollBar()->maximum() > 100);
         pane->scrollView()->verticalScrollBar()->setValue(100);
         QCOMPARE(m_stack->count(), 1);
-
         const QSignalSpy reloaded(m_live, &ZelLiveInspector::reloaded);
         for (int save = 0; save < 10; ++save) // a burst, of which only the last is right
             replace("Main.xml",
@@ -121,7 +117,6 @@ private Q_SLOTS:
         QTest::qWait(300);
         QCOMPARE(reloaded.count(), 1);
         QCOMPARE(errors(), QString());
-
         QCOMPARE(tabs()->selectedPaneIndex(), 1U);
         pane = tabs()->panes().at(1);
         QCOMPARE(pane->inspectors().size(), 4);
@@ -137,7 +132,6 @@ private Q_SLOTS:
         QCOMPARE(m_stack->count(), 2);
         m_stack->setIndex(0);
         QCOMPARE(m_first->height(), 0.);
-
         // The file that came by renaming is watched as well, and Tab still goes through the panel.
         m_files->write("Main.xml", inSection(row("Height", "height") + row("Flags", "flags")));
         QTRY_COMPARE(reloaded.count(), 2);
@@ -158,30 +152,25 @@ private Q_SLOTS:
         show(m_files->write("Main.xml", inSection("<sliver file='Row.xml'/>")));
         ZelInspectorContainer *const good = m_live->inspector();
         QVERIFY(good);
-
         replace("Row.xml", "<slice>\n <property type='numer' keyPath='people.selection.height'/>\n"
                            " <property type='custom' class='Nobody'/></slice>");
         QTRY_COMPARE(errors(), "Row.xml:2:2: Type not suppored: numer\nRow.xml:3:2: Missing class Nobody");
         QCOMPARE(m_live->inspector(), good);
         QTest::keyClick(type("height", "9"), Qt::Key_Return);
         QCOMPARE(m_first->height(), 9.);
-
         replace("Row.xml", "<slice>\n<property</slice>");
         QTRY_COMPARE(m_live->errors().size(), 1);
         QVERIFY(errors().startsWith("Row.xml:2:"));
-
         // A key that the owner lacks fails when the editor is shown: the former panel is there again, and works.
         replace("Row.xml", "<slice>\n<property type='string' keyPath='nobody'/></slice>");
         QTRY_VERIFY(errors().startsWith("Row.xml:2:1: "));
         QCOMPARE(m_live->inspector(), good);
         QVERIFY(good->isViewInstalled() && fieldOf("height")->isVisible());
-
         QFile::remove(m_files->write("Row.xml", {}).toLocalFile()); // a warning: the row is empty
         QTRY_COMPARE(errors(), QString());
         QVERIFY(!fieldOf("height"));
         replace("Row.xml", "<slice><property type='number' keyPath='people.selection.height'/></slice>");
         QTRY_VERIFY(fieldOf("height"));
-
         replace("Main.xml", "<pane/>");
         QTRY_COMPARE(errors(), "Main.xml:1:1: No inspectors in the configuration");
         replace("Main.xml", "<slice/>");
@@ -198,7 +187,6 @@ private Q_SLOTS:
         QTRY_COMPARE(reloaded.count(), 1);
         QCOMPARE(m_second->height(), 12.);
         QCOMPARE(m_stack->count(), 1);
-
         const QPointer<ZelTextField> field = type("flags", "none");
         replace("Main.xml", inSection(row("Flags", "flags")));
         QTest::qWait(600);
@@ -208,7 +196,6 @@ private Q_SLOTS:
         QTRY_COMPARE(reloaded.count(), 2);
         QVERIFY(!fieldOf("height"));
         QCOMPARE(m_stack->count(), 1);
-
         // Neither does a press that is under way lose what it is about to do.
         QTest::mousePress(m_window.get(), Qt::LeftButton, {}, {2, 2});
         replace("Main.xml", described);
@@ -291,23 +278,19 @@ private Q_SLOTS:
             m_files->write("Main.xml", inSection("<sliver><property type='custom' class='NotingProperty'/></sliver>")));
         const auto editor = [this] { return m_live->inspector()->findChild<NotingProperty *>(); };
         const QPointer<NotingProperty> former = editor();
-
         editor()->whenCommitting = [this] { QVERIFY(m_live->reload()); };
         QVERIFY(m_live->reload());
         QVERIFY(!former && editor());
         QTRY_COMPARE(NotingProperty::alive, 1);
-
         editor()->commits = false; // an editor that refuses, and is asked again
         m_live->reload();
         editor()->commits = true;
         const QPointer<NotingProperty> refusing = editor();
         QTRY_VERIFY(!refusing);
-
         editor()->whenCommitting = [this] { m_owner.reset(); };
         m_live->reload();
         m_live->reload();
         QCOMPARE(errors(), "Missing owner");
-
         m_owner = std::make_unique<EditorOwner>();
         m_live->setOwner(m_owner.get());
         QTRY_COMPARE(errors(), QString());
@@ -319,7 +302,6 @@ private Q_SLOTS:
 
     void initTestCase() { ZelClassRegistry::registerClass<NotingProperty>(); }
 };
-
 QTEST_MAIN(tst_ZelLiveInspector)
 #include "moc_Descriptions.cpp"
 #include "tst_ZelLiveInspector.moc"

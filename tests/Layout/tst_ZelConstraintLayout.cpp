@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Layout/ZelConstraintLayout.h"
-
 #include "Core/Errors/ZelSourcePlace.h"
+#include "Layout/ZelConstraintLayout.h"
 #include "Support/Random.h"
-
 #include <QTest>
 #include <QtWidgets>
 #include <array>
@@ -13,7 +11,6 @@ using enum ZelLayoutConstraint::Attribute;
 using enum ZelLayoutConstraint::Relation;
 
 namespace {
-
 ZelLayoutConstraint::Ptr tie(QWidget *item, ZelLayoutConstraint::Attribute attribute, QWidget *other,
                              ZelLayoutConstraint::Attribute otherAttribute, int constant = 0,
                              ZelLayoutConstraint::Relation relation = Equal)
@@ -60,7 +57,6 @@ struct View : QWidget
 {
     Box *const a = new Box(this), *const b = new Box(this), *const c = new Box(this);
     int requests = 0; // for a layout, that reached it
-
     ZelConstraintLayout *constraintLayout() { return ZelConstraintLayout::of(this); }
     QList<ZelLayoutConstraint::Ptr> add(const QString &format, QWidget *v = nullptr)
     {
@@ -104,7 +100,6 @@ struct Column
     QWidget container;
     std::vector<Row> rows;
     bool hasEnd = false;
-
     Column()
     {
         container.resize(100, 300);
@@ -184,7 +179,6 @@ struct Column
         QCOMPARE(layout()->count(), int(rows.size()));
     }
 };
-
 } // namespace
 
 class tst_ZelConstraintLayout : public QObject
@@ -266,29 +260,6 @@ private Q_SLOTS:
             QCOMPARE(view.a->width(), isFirst ? 122 : 22);
             QCOMPARE(view.b->width(), isFirst ? 12 : 112);
         }
-    }
-
-    void settledTreeStaysQuiet()
-    {
-        QWidget window;
-        View view;
-        QWidget *inner = view.a;
-        auto *plain = new QWidget(inner);
-        (new QVBoxLayout(plain))->addWidget(new QLineEdit);
-        for (const QString direction : {"H:", "V:"}) {
-            add(inner, direction + "|[v]|", {{"v", plain}});
-            view.add(direction + "|[a]|");
-        }
-        (new QVBoxLayout(&window))->addWidget(&view);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCoreApplication::processEvents();
-        QCOMPARE(view.minimumSizeHint(), plain->minimumSizeHint());
-        view.requests = 0;
-        window.resize(window.width() + 50, window.height() + 50);
-        QCoreApplication::processEvents();
-        QCOMPARE(view.requests, 0);
-        QCOMPARE(plain->size(), view.size());
     }
 
     void minimumIgnoresYieldingChildren()
@@ -433,6 +404,5 @@ private Q_SLOTS:
         QCOMPARE(view.c->width(), 80);
     }
 };
-
 QTEST_MAIN(tst_ZelConstraintLayout)
 #include "tst_ZelConstraintLayout.moc"

@@ -3,7 +3,6 @@
 #include "Layout/private/ZelLayoutAxis.h"
 #include "Layout/private/ZelLineMinimizer.h"
 #include "Support/Random.h"
-
 #include <QTest>
 #include <array>
 #include <cmath>
@@ -14,7 +13,6 @@ using Axis = ZelAxisConstraint;
 using Solver = ZelConstraintSolver;
 
 namespace {
-
 const Axis::Operand start{Axis::Container, Axis::Start}, end{Axis::Container, Axis::End};
 
 Axis relation(Axis::Operand first, Axis::Relation relation, Axis::Operand second, double constant,
@@ -132,7 +130,6 @@ struct Goal
     double x, y, constant;
     Solver::Relation relation;
     float priority;
-
     double sumAt(double px, double py) const { return x * px + y * py + constant; }
     /// How far it is missed: above and below, as far as these count.
     std::vector<double> misses(double px, double py) const
@@ -243,7 +240,6 @@ struct Pair
     ZelLayoutAxis axis;
     ZelAxisConstraints constraints; // that it should have by now
 };
-
 } // namespace
 
 class tst_ZelLayoutAxis : public QObject
@@ -315,28 +311,6 @@ private Q_SLOTS:
         }
     }
 
-    void manyVariablesAndGoals()
-    {
-        Solver solver;
-        solver.reset(101);
-        for (int i = 0; i < 50; ++i)
-            solver.addGoal({{0, 1}}, -1000, Solver::NotBelow, 750); // outweighed by one of a higher priority
-        solver.addGoal({{0, 1}}, -3, Solver::NotAbove, 751);
-        for (int i = 1; i < 100; ++i) { // each is one more than the former, or somewhat less
-            solver.addGoal({{i, 1}, {i - 1, -1}}, -1, Solver::NotAbove, Solver::Required);
-            solver.addGoal({{i, 1}, {i - 1, -1}}, -1, Solver::NotBelow, i % 10 ? 500 : 10);
-            solver.addGoal({{i, 1}}, -0.5 * i, Solver::NotAbove, i % 10 ? 5 : 100);
-        }
-        solver.solve();
-        double expected = 3;
-        for (int i = 0; i < 100; ++i) {
-            expected = i == 0 ? 3 : i % 10 ? expected + 1 : std::min(expected + 1, 0.5 * i);
-            QCOMPARE(solver.value(i), expected);
-        }
-        QCOMPARE(solver.value(100), 0.0); // nothing determines it
-        QVERIFY(solver.leftOut().empty());
-    }
-
     /// Also when higher ones are taken in meanwhile.
     void goalsOfALevelKeepTheirOrderOnALine()
     {
@@ -357,6 +331,5 @@ private Q_SLOTS:
         QCOMPARE(bounded.value(), 4);
     }
 };
-
 QTEST_APPLESS_MAIN(tst_ZelLayoutAxis)
 #include "tst_ZelLayoutAxis.moc"

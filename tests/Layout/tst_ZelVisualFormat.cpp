@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Errors/ZelException.h"
 #include "Layout/ZelLayoutConstraint.h"
-
 #include <QTest>
 #include <limits>
 
@@ -120,6 +119,5 @@ private:
     QWidget m_superview;
     QHash<QString, QWidget *> m_views;
 };
-
 QTEST_MAIN(tst_ZelVisualFormat)
 #include "tst_ZelVisualFormat.moc"

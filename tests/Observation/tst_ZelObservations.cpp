@@ -6,7 +6,6 @@
 #include "Observation/ZelObservations.h"
 #include "Support/Failures.h"
 #include "Support/Person.h"
-
 #include <QRegularExpression>
 #include <QTest>
 
@@ -68,7 +67,6 @@ struct World
 class tst_ZelObservations : public QObject
 {
     Q_OBJECT
-
     const QString m_long = QString(100, 'x'); // a closure that has it must still be there to tell it
     QStringList m_seen;
     static QString text(const QVariant &value) { return value.isValid() ? value.toString() : "-"; }
@@ -539,6 +537,5 @@ private Q_SLOTS:
         QCOMPARE(owner.name(), "Cleo");
     }
 };
-
 QTEST_MAIN(tst_ZelObservations)
 #include "tst_ZelObservations.moc"

@@ -3,12 +3,10 @@
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Resources/ZelNamedImages.h"
-
 #include <QTest>
 #include <QtWidgets>
 
 namespace {
-
 class UpperCaseTranslator : public QTranslator
 {
 public:
@@ -27,13 +25,11 @@ class ZelPanel : public QObject
 {
     Q_OBJECT
 };
-
 } // namespace
 
 class tst_ZelResources : public QObject
 {
     Q_OBJECT
-
     QString write(const QString &name)
     {
         const QString path = m_directory->filePath(name);
@@ -125,33 +121,6 @@ private Q_SLOTS:
         QVERIFY(ZelNamedImages::imageNamed("Plain").isNull());
     }
 
-    void templateImagesFollowThePalette()
-    {
-        drawImage("Shape.png");
-        const QIcon shape(m_directory->filePath("Shape.png"));
-        const QIcon image = ZelNamedImages::templateImage(ZelNamedImages::templateImage(shape));
-        const QPalette former = QGuiApplication::palette();
-        for (const QColor &color : {QColor(Qt::white), QColor(Qt::red)}) {
-            QPalette palette = former;
-            palette.setColor(QPalette::Active, QPalette::Text, color);
-            palette.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
-            QGuiApplication::setPalette(palette);
-            const QImage normal = image.pixmap(QSize(16, 16), 2.0).toImage();
-            QCOMPARE(normal.pixelColor(2, 2), color);
-            QCOMPARE(normal.pixelColor(normal.width() - 2, 2).alpha(), 0);
-            QCOMPARE(image.pixmap(16, 16, QIcon::Disabled).toImage().pixelColor(2, 2), QColor(Qt::gray));
-        }
-        QPixmap canvas(20, 20);
-        canvas.fill(Qt::black);
-        QPainter painter(&canvas);
-        image.paint(&painter, QRect(2, 2, 16, 16));
-        painter.end();
-        QCOMPARE(canvas.toImage().pixelColor(4, 4), QColor(Qt::red));
-        QCOMPARE(canvas.toImage().pixelColor(15, 4), QColor(Qt::black));
-        QGuiApplication::setPalette(former);
-        QVERIFY(ZelNamedImages::templateImage({}).isNull());
-    }
-
     void spacesShowAsColors()
     {
         const auto check = [](const ZelColor &color, const QColor &expected) {
@@ -233,6 +202,5 @@ private Q_SLOTS:
         QVERIFY(!ZelColorList::colorListNamed(mine));
     }
 };
-
 QTEST_MAIN(tst_ZelResources)
 #include "tst_ZelResources.moc"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "SplitView/ZelPrioritySplitViewDelegate.h"
-
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>

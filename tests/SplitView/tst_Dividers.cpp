@@ -7,7 +7,6 @@
 class tst_Dividers : public QObject
 {
     Q_OBJECT
-
     static void activate(QWidget *window)
     {
         window->show();
@@ -80,33 +79,6 @@ private Q_SLOTS:
         const QList<int> closed = split.lengths();
         drag(split, 2, 85);
         QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
-    }
-    /// One drag may open the pane on the one side and collapse that on the other, which gives all its room.
-    void onePaneOpensWhileAnotherCollapses()
-    {
-        const std::tuple<int, int, int, QList<int>> rows[] = {
-            {0, 1, 200, {0, 2}}, {2, 2, -200, {0, 2}}, {1, 2, 300, {0, 1}}, {1, 1, -300, {1, 2}}};
-        for (const auto &[collapsed, divider, distance, opened] : rows) {
-            const TableRow row(QStringLiteral("divider %1 by %2").arg(divider).arg(distance));
-            Split split({{40, 1000, 0, true}, {40, 1000, 0, true}, {40, 1000, 1, true}}, {100, 100, 100});
-            activate(split.splitter.get());
-            split.setCollapsed(collapsed, true);
-            drag(split, divider, distance);
-            for (int i = 0; i < 3; ++i)
-                QCOMPARE(split.isCollapsed(i), !opened.contains(i));
-            const int first = split.lengths()[opened[0]];
-            QCOMPARE(split.starts(), QList<int>({0, first + split.splitter->handleWidth()}));
-            QCOMPARE(split.starts()[1] + split.lengths()[opened[1]], split.length());
-        }
-        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            Split overflowing({{60, 1000, 0, true}, {60, 1000, 1, true}}, {60, 60});
-            overflowing.splitter->setLayoutDirection(direction);
-            activate(overflowing.splitter.get());
-            overflowing.resize(66);
-            drag(overflowing, 1, -60);
-            QCOMPARE(overflowing.lengths(), QList<int>({0, 66}));
-            QCOMPARE(overflowing.starts(), QList<int>{0});
-        }
     }
     void keysMoveADividerThatHasTheFocus()
     {
@@ -202,6 +174,5 @@ private Q_SLOTS:
         QCOMPARE(seen(1), view->palette().color(QPalette::Highlight));
     }
 };
-
 QTEST_MAIN(tst_Dividers)
 #include "tst_Dividers.moc"

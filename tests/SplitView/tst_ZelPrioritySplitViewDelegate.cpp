@@ -185,31 +185,6 @@ private Q_SLOTS:
         split.resize(split.length() - 20);
         QCOMPARE(split.lengths(), QList<int>({115, 80, third + 40}));
     }
-    void otherFiltersSeeEveryEventOnce()
-    {
-        struct Filter : QObject
-        {
-            QHash<QEvent::Type, int> seen;
-            bool eventFilter(QObject *, QEvent *event) override { return ++seen[event->type()] < 0; }
-        };
-        Filter filters[2]; // behind the delegate's and before it
-        auto splitter = std::make_unique<QSplitter>();
-        splitter->installEventFilter(&filters[0]);
-        Split split({{50, 1000, 0}, {50, 1000, 1}}, {100, 100}, Qt::Horizontal, std::move(splitter));
-        split.splitter->installEventFilter(&filters[1]);
-        QCoreApplication::sendPostedEvents();
-        filters[0].seen = filters[1].seen = {};
-        split.splitter->hide();
-        split.splitter->show();
-        for (const int length : {300, 70, 60}) // the panes overflow
-            split.resize(length);
-        split.splitter->widget(0)->updateGeometry();
-        QCoreApplication::sendPostedEvents();
-        for (const Filter &filter : filters)
-            for (const auto &[type, count] :
-                 {std::pair(QEvent::Show, 1), {QEvent::Resize, 3}, {QEvent::LayoutRequest, 1}})
-                QCOMPARE(filter.seen.value(type), count);
-    }
     void prioritiesAndCollapsibilityLayOutAgain()
     {
         Split split({{100, 1000, 0}, {100, 1000, 1}}, {150, 150});
@@ -302,6 +277,5 @@ private Q_SLOTS:
         QVERIFY(item.maxLength() > QWIDGETSIZE_MAX);
     }
 };
-
 QTEST_MAIN(tst_ZelPrioritySplitViewDelegate)
 #include "tst_ZelPrioritySplitViewDelegate.moc"

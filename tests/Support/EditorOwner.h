@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Core/Selection/ZelArrayController.h"
-
 #include <QVariant>
 #include <stdexcept>
 

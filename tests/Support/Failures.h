@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Core/Errors/ZelAssertions.h"
-
 #include <QStringList>
 
 /// Takes the assertions that fail during its life, each as "location: message", and lets the code go on.

@@ -4,7 +4,6 @@
 #include "Resources/ZelColor.h"
 #include "Support/Person.h"
 #include "Text/ZelAttributedString.h"
-
 #include <QDateTime>
 #include <QFont>
 #include <QUrl>
@@ -40,7 +39,6 @@ public:
     QFont font{QStringLiteral("DejaVu Sans"), 9};
     ZelAttributedString text{QStringLiteral("one\ntwo")};
     uchar byte = 7;
-
     explicit Figure(const QString &name = {})
         : Person(name)
     {

@@ -23,7 +23,6 @@ class Person : public QObject
 public:
     enum Role { Guest, Member, Admin };
     Q_ENUM(Role)
-
     explicit Person(const QString &name = QString(), QObject *parent = nullptr)
         : QObject(parent)
         , m_name(name)

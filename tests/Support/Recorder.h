@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Core/KeyValue/ZelKeyValueObserving.h"
-
 #include <QList>
 #include <functional>
 
@@ -12,7 +11,6 @@ class Recorder : public ZelKeyValueObserver
 public:
     QList<ZelKeyValueChange> changes;
     std::function<void()> react;
-
     int count() const { return int(changes.size()); }
     void observeValueForKeyPath(const ZelKeyPath &, QObject *, const ZelKeyValueChange &change, const void *) override
     {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Core/Errors/ZelExceptionReporter.h"
-
 #include <QStringList>
 
 /// Takes what would be logged, for its life.

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "TabBar/ZelTabBar.h"
-
 #include <QLineEdit>
 #include <QPainter>
 #include <QtTest>
 
 namespace {
-
 QIcon icon(Qt::GlobalColor color)
 {
     QPixmap pixmap(16, 16);
@@ -33,13 +31,11 @@ struct Delegate : QObject, ZelTabBarDelegate
     std::function<void(ZelTabBar *)> onShould = [](ZelTabBar *) {};
     QString log;
 };
-
 } // namespace
 
 class tst_ZelTabBar : public QObject
 {
     Q_OBJECT
-
     const ZelTabBarButtonCell &cell(int column) const { return m_bar->matrix()->cellAtColumn(column); }
 
     std::unique_ptr<QWidget> m_window;
@@ -92,7 +88,6 @@ private Q_SLOTS:
         QCOMPARE(m_bar->matrix()->numberOfColumns(), 1);
         QCOMPARE(m_bar->selectedItem(), m_items[2]);
         QCOMPARE(selections.size(), 1);
-
         m_bar->removeFromSuperview(); // it observes only while it is installed
         m_items[1]->setEnabled(false);
         m_bar->setItems({m_items[1], m_items[2]});
@@ -203,6 +198,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_ZelTabBar)
 #include "tst_ZelTabBar.moc"

@@ -4,7 +4,6 @@
 #include "Support/Figure.h"
 #include "Text/ZelFontManager.h"
 #include "Text/ZelTextDocumentCoder.h"
-
 #include <QTest>
 #include <QtWidgets>
 
@@ -16,7 +15,6 @@ using Manager = ZelFontManager;
 class tst_ZelText : public QObject
 {
     Q_OBJECT
-
     static Style aligned(uint alignment) { return {.alignment = alignment}; }
     static String throughDocument(const String &string)
     {
@@ -343,6 +341,5 @@ private Q_SLOTS:
         QCOMPARE(fixedPitch.horizontalAdvance(u'i'), fixedPitch.horizontalAdvance(u'W'));
     }
 };
-
 QTEST_MAIN(tst_ZelText)
 #include "tst_ZelText.moc"

@@ -37,7 +37,6 @@ class Lamp : public Part
 public:
     enum Kind { Desk, Floor, Ceiling };
     Q_ENUM(Kind)
-
     Kind kind = Desk;
     int watts = 0;
     bool on = false;
@@ -72,7 +71,6 @@ public:
     enum Edge { Round = 1, Sharp = 2 };
     Q_DECLARE_FLAGS(Edges, Edge)
     Q_FLAG(Edges)
-
     Edges edges() const { return m_edges; }
     void setEdges(Edges edges) { m_edges = edges; }
 

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "PreviewWindow.h"
-
 #include "Controls/Fields/ZelTextField.h"
 #include "Inspector/ZelInspectorSection.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelLiveInspector.h"
 #include "Models.h"
+#include "PreviewWindow.h"
 #include "Resources/ZelBundle.h"
-
 #include <QTest>
 #include <QtWidgets>
 
 namespace {
-
 QByteArray inSliver(const QByteArray &properties)
 {
     return "<slice><section>\n<sliver>" + properties + "</sliver></section></slice>";
@@ -21,13 +18,11 @@ QByteArray selected(const QByteArray &type, const QByteArray &key, const QByteAr
 {
     return "<property type='" + type + "' keyPath='lamps.selection." + key + "' " + rest + "/>";
 }
-
 } // namespace
 
 class tst_Preview : public QObject
 {
     Q_OBJECT
-
     QUrl write(const QString &name, const QByteArray &text)
     {
         QFile file(m_folder->filePath(name));
@@ -133,7 +128,6 @@ private Q_SLOTS:
         QVERIFY(editor("included") && editor("included")->isWritable());
         select("Equal");
         QCOMPARE(value("label"), "Label 1");
-
         const QList<QPushButton *> buttons = m_window->findChildren<QPushButton *>();
         const auto reset = std::ranges::find(buttons, "Reset", &QPushButton::text);
         QVERIFY(reset != buttons.end());
@@ -152,7 +146,6 @@ private Q_SLOTS:
         QTest::keyClicks(watts, "42");
         QTest::keyClick(watts, Qt::Key_Return);
         QCOMPARE(value("watts"), "42");
-
         write("Main.xml",
               inSliver(selected("number", "watts") + selected("color", "label") + selected("date", "made")));
         QTRY_VERIFY(editor("made"));
@@ -169,7 +162,6 @@ private Q_SLOTS:
         QCOMPARE(value("watts"), "42");
         QTest::keyClick(m_window.get(), Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(value("watts"), "10");
-
         write("Main.xml", inSliver(selected("strin", "label") + "<property type='number' minium='3'/>"));
         QTRY_VERIFY(m_window->complaints().join(u'\n').contains("did you mean \"minimum\"?"));
     }
@@ -256,7 +248,6 @@ private Q_SLOTS:
         field->selectAll();
         QTest::keyClicks(field, "42");
         QTest::keyClick(field, Qt::Key_Return);
-
         write("Main.xml", "<slice>" + section("Star") + section("Lamp") + "</slice>");
         QTRY_COMPARE(objects()->count(), 8);
         QTRY_VERIFY(editor("star"));
@@ -315,6 +306,5 @@ private Q_SLOTS:
         QCOMPARE(zel({"Main.xml", "Wrong.xml"}), 2);
     }
 };
-
 QTEST_MAIN(tst_Preview)
 #include "tst_Preview.moc"

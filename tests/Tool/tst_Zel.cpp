@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Models.h"
-
 #include <QTest>
 #include <QtWidgets>
 
 namespace {
-
 struct Outcome
 {
     int status = -1;
@@ -21,20 +19,17 @@ QByteArray inSliver(const QByteArray &property)
 const QString g_long = "The editor writes a single key, \"shade.price\" is longer: it can show the value but not "
                        "change it. Give the object a property for it, or its part a controller of its own, as in "
                        "\"shadeController.selection.price\"; enabled=\"no\" says that it is only shown";
-
 } // namespace
 
 class tst_Zel : public QObject
 {
     Q_OBJECT
-
     struct Row
     {
         QByteArray text;
         QString lines;
     };
     using Rows = QList<Row>;
-
     std::unique_ptr<QTemporaryDir> m_folder;
 
     void write(const QString &name, const QByteArray &text)
@@ -444,7 +439,6 @@ private Q_SLOTS:
                                 "The file includes itself: Loop.xml > Loop.xml\n")
                      .arg(folder));
         QCOMPARE(outcome.status, 1);
-
         const Outcome complete = zel({"check", "Rows.xml", "Main.xml", "--resources", "shared", "--complete"});
         QCOMPARE(complete.output.split(u'\n').filter(QStringLiteral("not among")),
                  QStringList("Main.xml:6:20: error: The file \"Pane.xml\" is there, but not among the files that are "
@@ -578,7 +572,6 @@ private Q_SLOTS:
                  "zel: WARNING: Q_CLASSINFO \"zel.tipz.unit\" of Star: there is no property \"tipz\", did you mean "
                  "\"tips\"?\nzel: There is no editor for: note (QVariant)\nzel: No NOTIFY signal, so that changes "
                  "that no inspector makes are not seen: Star.heat\n");
-
         // What is described passes the check with the same types, wherever the objects are.
         const QStringList lamp{"describe", "Lamp", "--types", ZEL_METATYPES};
         for (const QStringList &command :
@@ -633,7 +626,6 @@ private Q_SLOTS:
         add("<slice type='number' keyPath='k' editsMultipleValues='yes'/>");
         const Outcome all = run(program, command + files);
         QVERIFY2(all.status == 0, qPrintable(all.output + all.errors));
-
         QByteArrayList bad{"<slice><option/></slice>", "<panes><pane returnAdvances='yes'/></panes>",
                            "<slice><section><sliver titel='x'/></section></slice>", "<section/>"};
         QByteArrayList attributes{"",
@@ -711,7 +703,6 @@ private Q_SLOTS:
         QCOMPARE(read("de.ts"), expected);
         QCOMPARE(zel(arguments).status, 0);
         QCOMPARE(read("de.ts"), expected); // again changes nothing
-
         // Editors without options offer what the classes say.
         write(QStringLiteral("Kinds.xml"), "<slice types:selection='lamps=Lamp'><section><sliver>"
                                            "<property type='enumeration' keyPath='best.kind'/>"
@@ -721,12 +712,10 @@ private Q_SLOTS:
                  0);
         QCOMPARE(read("kinds.ts").count("<source>"), 3);
         QVERIFY(read("kinds.ts").contains("<source>Ceiling</source>"));
-
         write(QStringLiteral("Main.xml"), "<pane>");
         QCOMPARE(zel(arguments).status, 1);
         QCOMPARE(read("de.ts"), expected); // a file that cannot be read does not make its texts vanish
     }
 };
-
 QTEST_GUILESS_MAIN(tst_Zel)
 #include "tst_Zel.moc"

@@ -3,7 +3,6 @@
 
 #include "ViewController/ZelView.h"
 #include "ViewController/ZelViewController.h"
-
 #include <QtTest>
 #include <QtWidgets>
 #include <functional>

@@ -9,7 +9,6 @@
 #include "ViewController/ZelKeyedCoder.h"
 
 namespace {
-
 /// Counts how often it is painted, and remembers where events came.
 struct CountingView : ZelView
 {
@@ -40,13 +39,11 @@ struct CountingView : ZelView
     }
     ZelView *newInstance() const override { return new CountingView; }
 };
-
 } // namespace
 
 class tst_ZelView : public QObject
 {
     Q_OBJECT
-
     QStringList m_log;
 
 private Q_SLOTS:
@@ -458,7 +455,6 @@ private Q_SLOTS:
         ZelView newParent;
         newParent.addSubview(view); // from here on its parent again
         QCOMPARE(view->nextResponder(), &newParent);
-
         // The chain leads on to the parent also behind a controller that has another view, or had another responder.
         auto passing = std::make_unique<ZelViewController>();
         passing->setNextResponder(&other);
@@ -474,6 +470,5 @@ private Q_SLOTS:
         QCOMPARE(view->nextResponder(), this);
     }
 };
-
 QTEST_MAIN(tst_ZelView)
 #include "tst_ZelView.moc"

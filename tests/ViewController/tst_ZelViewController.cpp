@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ViewController/ZelViewController.h"
-
 #include "Core/Binding/ZelEditor.h"
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
 #include "ViewController/HookLog.h"
+#include "ViewController/ZelViewController.h"
 
 namespace {
-
 class FakeEditor : public QWidget, public ZelEditor
 {
     Q_OBJECT
@@ -36,13 +34,11 @@ QString usedMessage(const ZelViewController *controller)
         "still used",
         static_cast<const void *>(controller));
 }
-
 } // namespace
 
 class tst_ZelViewController : public QObject
 {
     Q_OBJECT
-
     QStringList takenLog() { return std::exchange(m_log, {}); }
 
     QStringList m_log;
@@ -208,6 +204,5 @@ private Q_SLOTS:
         QCOMPARE(foreign.commits + foreign.discards, 0);
     }
 };
-
 QTEST_MAIN(tst_ZelViewController)
 #include "tst_ZelViewController.moc"

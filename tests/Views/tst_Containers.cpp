@@ -7,7 +7,6 @@
 #include "Views/ZelVerticalStackView.h"
 
 namespace {
-
 /// A widget of one size.
 QWidget *box(int width, int height)
 {
@@ -67,7 +66,6 @@ public:
 private:
     QSize m_size;
 };
-
 } // namespace
 
 /// Stacks, and containers of controllers' views.
@@ -87,7 +85,6 @@ private Q_SLOTS:
         shown.show(QSize(100, 30));
         for (int i = 0; i < 3; ++i)
             QCOMPARE(boxes[i]->geometry(), QRect(4 + i * 28, 2, 20, 25));
-
         auto *row = new ZelHorizontalStackView; // is as high as the highest
         for (const int height : {22, 25}) {
             auto *picture = new QLabel; // wants that size, but has no required limits
@@ -341,6 +338,5 @@ private Q_SLOTS:
         QVERIFY(!first.view()->parentWidget());
     }
 };
-
 QTEST_MAIN(tst_Containers)
 #include "tst_Containers.moc"

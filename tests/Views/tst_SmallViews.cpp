@@ -9,11 +9,9 @@
 #include "Views/ZelScrollView.h"
 #include "Views/ZelSeparator.h"
 #include "Views/ZelVerticalStackView.h"
-
 #include <QtWidgets>
 
 namespace {
-
 const QColor g_green(0, 200, 0);
 
 /// Two fields, one in a frame, in an active window.
@@ -67,7 +65,6 @@ struct PaintCounter : QObject
     }
     int paints = 0;
 };
-
 } // namespace
 
 class tst_SmallViews : public QObject
@@ -90,7 +87,6 @@ private Q_SLOTS:
         for (const QPoint side : {QPoint(60, 148), QPoint(60, 171), QPoint(18, 160), QPoint(101, 160)})
             QCOMPARE(image.pixelColor(side), g_green);
         QVERIFY(form.childAt(60, 160) == form.second); // clicks go through
-
         // It goes round what it is told to, too.
         form.ring->setRingedWidget([&form](QWidget *widget) { return widget == form.first ? form.frame : nullptr; });
         QVERIFY(!form.ring->widget() && !form.ring->isVisible());
@@ -110,7 +106,6 @@ private Q_SLOTS:
         const auto other = std::make_unique<Form>(); // moved into another window, it is out of the ring's reach
         form.first->setParent(other.get());
         QVERIFY(!form.ring->isVisible());
-
         // In a scroll area it is cut off with its widget.
         auto *area = new QScrollArea(&form);
         area->setFrameShape(QFrame::NoFrame);
@@ -331,6 +326,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_SmallViews)
 #include "tst_SmallViews.moc"

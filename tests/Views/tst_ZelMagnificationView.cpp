@@ -3,12 +3,10 @@
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Support/TableRow.h"
 #include "Views/ZelMagnificationView.h"
-
 #include <QSignalSpy>
 #include <QtWidgets>
 
 namespace {
-
 /// A magnified content in a shown scroll area of 300 x 200 points without a frame.
 struct Scene
 {
@@ -65,7 +63,6 @@ double distance(const QPointF &a, const QPointF &b)
 {
     return QLineF(a, b).length();
 }
-
 } // namespace
 
 class tst_ZelMagnificationView : public QObject
@@ -165,7 +162,6 @@ private Q_SLOTS:
         QCOMPARE(scene.view->magnificationFactor(), 1.2);
         QCOMPARE(scene.view->pinchMagnificationFactor(), 0.8);
         QVERIFY(distance(scene.place(point), place) < 1.5);
-
         // Two fingers on a touch screen, moved apart. At 24 it is a pinch.
         static QPointingDevice *screen = QTest::createTouchDevice();
         const QPoint middle(150, 80);
@@ -292,6 +288,5 @@ private Q_SLOTS:
         }
     }
 };
-
 QTEST_MAIN(tst_ZelMagnificationView)
 #include "tst_ZelMagnificationView.moc"

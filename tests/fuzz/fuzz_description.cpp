@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Errors/ZelAssertions.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
-
 #include <QRegularExpression>
 #include <QStringList>
-
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
-
 /// Wrong values are no fault of the library.
 class SilentHandler : public ZelAssertionHandler
 {
@@ -57,7 +54,6 @@ void walk(const ZelInspectorConfiguration &configuration, const QStringList &lin
     for (const ZelInspectorConfiguration &child : configuration.configurations())
         walk(child, lines);
 }
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)

@@ -6,7 +6,6 @@
 #include "Inspector/ZelTabbedInspector.h"
 #include "Resources/ZelBundle.h"
 #include "ViewController/ZelView.h"
-
 #include <QAction>
 #include <QApplication>
 #include <QDate>
@@ -15,13 +14,11 @@
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
-
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 
 namespace {
-
 void expect(bool condition, const char *text)
 {
     if (condition)
@@ -183,7 +180,6 @@ void build(QObject *owner, const std::function<ZelViewController *()> &create)
     }
     QCoreApplication::processEvents();
 }
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
@@ -201,7 +197,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     ZelExceptionReporter::setCurrent(&reporter);
     ZelBundle::mainBundle().setResourcePaths({folder.path()});
     writeFiles(folder.path(), QByteArray(reinterpret_cast<const char *>(bytes), qsizetype(size)));
-
     for (const bool throws : {false, true}) {
         handler.throws = throws;
         Owner owner;

@@ -2,7 +2,6 @@
 #include "Models.h"
 
 namespace {
-
 const QList<QByteArray> &keys()
 {
     static const QList<QByteArray> all = [] {
@@ -15,7 +14,6 @@ const QList<QByteArray> &keys()
     }();
     return all;
 }
-
 } // namespace
 
 const QByteArray &SheetKeys::key(quint32 number)

@@ -9,7 +9,6 @@
 #include <sys/mman.h>
 
 namespace {
-
 bool isProvoked(const std::exception &exception)
 {
     // Objects of one class have properties that nobody can write, and lack many. Others hold any value.
@@ -96,7 +95,6 @@ public:
         }
     }
 };
-
 } // namespace
 
 QByteArray Step::toText() const

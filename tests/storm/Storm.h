@@ -30,7 +30,6 @@ struct Progress
     static void setDetail(const QByteArray &text) { qstrncpy(shared().detail, text.constData(), sizeof detail); }
     /// Something is wrong: the run ends after the step. Only the first one counts.
     static void find(const QByteArray &text, const QString &newDetail = {});
-
     int step = -1;      ///< the last one that was begun
     int checks = 0;     ///< editors compared with the model
     int roundTrips = 0; ///< commands undone and redone
@@ -106,7 +105,6 @@ private:
     void checkEditors();
     /// Calls the library as an application does, which catches what it throws itself.
     static void asApplication(const std::function<void()> &work);
-
     std::vector<Kind> m_kinds;
     std::unique_ptr<QApplication> m_application;
     std::unique_ptr<QUndoStack> m_stack; // the application's, where it has one

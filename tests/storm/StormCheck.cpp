@@ -17,7 +17,6 @@
 #include "Text/ZelFontManager.h"
 
 namespace {
-
 using Map = std::function<QVariant(const QVariant &)>;
 using Keys = QList<QByteArray>;
 
@@ -194,7 +193,6 @@ bool isBeingEdited(ZelInspectorProperty *editor)
         return (session && session->isEditing()) || (field->property("text").isValid() && field->hasFocus());
     });
 }
-
 } // namespace
 
 void Storm::checkEditors()

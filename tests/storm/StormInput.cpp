@@ -20,7 +20,6 @@ Q_GUI_EXPORT void qt_handleKeyEvent(QWindow *window, QEvent::Type type, int key,
                                     const QString &text = QString(), bool autorepeat = false, ushort count = 1);
 
 namespace {
-
 thread_local bool g_isStorm = false;
 qint64 g_nanoseconds = 1'700'000'000'000'000'000;
 Qt::MouseButton g_button = Qt::NoButton;
@@ -104,22 +103,6 @@ void wheel(QWidget *widget, const QPoint &at, const QPoint &angle, Qt::KeyboardM
     const QPoint local = widget->mapTo(window, at);
     QWheelEvent event(local, window->mapToGlobal(local), {}, angle, g_button, modifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window->windowHandle(), &event);
-}
-
-void tablet(QWidget *widget, const QPoint &at)
-{
-    reveal(widget);
-    const QPointer<QWidget> window(widget->window());
-    static const QPointingDevice pen(QStringLiteral("pen"), 7, QInputDevice::DeviceType::Stylus,
-                                     QPointingDevice::PointerType::Pen, QInputDevice::Capability::Pressure, 1, 1);
-    const QPoint local = widget->mapTo(window, at);
-    for (const QEvent::Type type : {QEvent::TabletPress, QEvent::TabletMove, QEvent::TabletRelease}) {
-        if (!window || !window->windowHandle())
-            return;
-        QTabletEvent event(type, &pen, local, window->mapToGlobal(local), 0.5, 0, 0, 0, 0, 0, {}, Qt::LeftButton,
-                           type == QEvent::TabletRelease ? Qt::NoButton : Qt::LeftButton);
-        QCoreApplication::sendEvent(window->windowHandle(), &event);
-    }
 }
 
 void typeText(const QString &text)
@@ -207,7 +190,6 @@ const struct
                 {ZelStepper::staticMetaObject, stepByKeys},
                 {ZelSlider::staticMetaObject, stepByKeys},
                 {QWidget::staticMetaObject, enterText}};
-
 } // namespace
 
 /// Takes the place of the system's function, which Qt's timers ask.
@@ -317,7 +299,6 @@ void Storm::addUserSteps()
         static const QPoint angles[] = {{0, 120}, {0, -120}, {0, 30}, {0, -360}, {120, 0}, {0, 0}};
         wheel(widget, at, chosen(angles, step.c), modifiers(step.c / 8));
     });
-    addGesture("tablet", 2, [](QWidget *widget, const QPoint &at, const Step &) { tablet(widget, at); });
     add("key", 50, Edit, [](const Step &step) {
         static const int keys[] = {Qt::Key_Tab,      Qt::Key_Tab,   Qt::Key_Backtab,   Qt::Key_Return, Qt::Key_Escape,
                                    Qt::Key_Up,       Qt::Key_Down,  Qt::Key_Left,      Qt::Key_Right,  Qt::Key_Home,

@@ -6,7 +6,6 @@
 #include "Observation/ZelObservations.h"
 
 namespace {
-
 const char g_context = 0;
 constexpr size_t g_mostObjects = 200;
 
@@ -27,7 +26,6 @@ void setPart(QObject *whole, Part *part)
 {
     ZelSetValueForKey(whole, QVariant::fromValue<QObject *>(part), "part");
 }
-
 } // namespace
 
 QList<QObject *> Storm::living() const

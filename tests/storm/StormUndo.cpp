@@ -5,7 +5,6 @@
 #include "Core/Undo/ZelUndoManager.h"
 
 namespace {
-
 /// All that an object holds but other objects.
 QVariantList valuesOf(const QObject *object)
 {
@@ -31,7 +30,6 @@ struct Command : QUndoCommand
     void undo() override { perform(false); }
     void redo() override { perform(true); }
 };
-
 } // namespace
 
 QUndoStack *Storm::stack() const

@@ -9,7 +9,6 @@
 #include "Inspector/private/ZelRowBlocks.h"
 
 namespace {
-
 /// A path whose last key is another one that the same editor can edit, or the same path.
 QString sibling(const QString &path, quint32 number)
 {
@@ -22,7 +21,6 @@ QString sibling(const QString &path, quint32 number)
     }
     return path;
 }
-
 } // namespace
 
 void Storm::makeWindow(bool ownStack)

@@ -12,7 +12,6 @@
 #include <cstdio>
 
 namespace {
-
 /// What depends on addresses and on the seeds of hashes is to be the same in every run.
 void makeRepeatable(char *argv[])
 {
@@ -47,21 +46,6 @@ Steps generate(const Storm &storm, quint64 seed, int count, const QList<QByteArr
         add("roundTrip");
     }
     steps.resize(count);
-    return steps;
-}
-
-/// One step a line: its name and its numbers. Lines that begin with # say nothing. Throws a std::runtime_error.
-Steps read(const Storm &storm, const QString &file)
-{
-    QFile input(file);
-    if (!input.open(QIODevice::ReadOnly))
-        throw std::runtime_error("cannot read " + file.toStdString());
-    Steps steps;
-    while (!input.atEnd()) {
-        const QList<QByteArray> words = input.readLine().simplified().split(' ');
-        if (words.size() >= 4 && !words.first().startsWith('#'))
-            steps.append({storm.kind(words[0]).name, words[1].toUInt(), words[2].toUInt(), words[3].toUInt()});
-    }
     return steps;
 }
 
@@ -135,31 +119,8 @@ Outcome perform(Storm &storm, const Steps &steps)
     return outcome;
 }
 
-/// Looks for a short part of the steps that still ends in the same way.
-Steps shrink(Storm &storm, const Steps &steps, const Outcome &outcome)
-{
-    Steps shortest = steps.mid(0, outcome.step + 1);
-    int runs = 0;
-    for (qsizetype size = shortest.size() / 2; size > 0 && runs < 600;) {
-        const qsizetype before = shortest.size();
-        for (qsizetype at = 0; at < shortest.size() && runs < 600; ++runs) {
-            Steps part = shortest;
-            part.remove(at, std::min(size, part.size() - at));
-            if (perform(storm, part).what == outcome.what)
-                shortest = part;
-            else
-                at += size;
-        }
-        if (size > 1)
-            size = (size + 1) / 2;
-        else if (shortest.size() == before)
-            size = 0; // single steps are tried until none can be left out
-    }
-    return shortest;
-}
-
 /// Answers whether nothing was found.
-bool run(Storm &storm, const QByteArray &name, const Steps &steps, bool shrinks)
+bool run(Storm &storm, const QByteArray &name, const Steps &steps)
 {
     const auto begin = std::chrono::steady_clock::now();
     const Outcome outcome = perform(storm, steps);
@@ -173,15 +134,8 @@ bool run(Storm &storm, const QByteArray &name, const Steps &steps, bool shrinks)
                     outcome.step, steps.value(outcome.step, {"none"}).toText().constData(), outcome.detail,
                     outcome.output.right(12000).constData());
     std::fflush(stdout);
-    if (!outcome.what.isEmpty() && shrinks) {
-        const Steps part = shrink(storm, steps, outcome);
-        std::printf("# %s, %d steps are enough:\n", name.constData(), int(part.size()));
-        for (const Step &step : part)
-            std::printf("%s\n", step.toText().constData());
-    }
     return outcome.what.isEmpty();
 }
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -191,9 +145,7 @@ int main(int argc, char *argv[])
     parser.addOptions({{"seed", "The first seed", "N", "1"},
                        {"seeds", "How many seeds", "K", "1"},
                        {"steps", "How many steps of each", "M", "5000"},
-                       {"steps-file", "Runs the steps of a file instead", "file"},
                        {"without", "Kinds of steps that are left out", "names"},
-                       {"shrink", "Looks for a short list of steps that fails in the same way"},
                        {"trace", "Says what every step does"}});
     if (!parser.parse({argv, argv + argc})) {
         std::fprintf(stderr, "%s\n%s", qPrintable(parser.errorText()), qPrintable(parser.helpText()));
@@ -201,17 +153,14 @@ int main(int argc, char *argv[])
     }
     Storm storm;
     storm.traces = parser.isSet("trace");
-    const bool shrinks = parser.isSet("shrink");
     try {
-        if (parser.isSet("steps-file"))
-            return run(storm, "steps", read(storm, parser.value("steps-file")), shrinks) ? 0 : 1;
         const QList<QByteArray> left = parser.value("without").toLatin1().split(',');
         const quint64 first = parser.value("seed").toULongLong();
         const quint64 count = parser.value("seeds").toULongLong();
         int failed = 0;
         for (quint64 seed = first; seed < first + count; ++seed) {
             const Steps steps = generate(storm, seed, parser.value("steps").toInt(), left);
-            failed += !run(storm, "seed " + QByteArray::number(seed), steps, shrinks);
+            failed += !run(storm, "seed " + QByteArray::number(seed), steps);
         }
         std::printf("%d of %d seeds found something\n", failed, int(count));
         return failed > 0;

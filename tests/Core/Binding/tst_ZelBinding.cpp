@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Binding/ZelBinding.h"
-
 #include "Controls/Fields/ZelTextField.h"
+#include "Core/Binding/ZelBinding.h"
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Undo/ZelUndoManager.h"
@@ -9,18 +8,15 @@
 #include "Support/EditorOwner.h"
 #include "Support/Person.h"
 #include "Support/Reports.h"
-
 #include <QTest>
 #include <QtWidgets>
 #include <memory>
 
 namespace {
-
 struct OneWay : ZelAbstractValueTransformer
 {
     QVariant transformedValue(const QVariant &value) const override { return value; }
 };
-
 } // namespace
 
 class tst_ZelBinding : public QObject
@@ -93,30 +89,6 @@ private Q_SLOTS:
         }
     }
 
-    void transformersByInstanceAndByName()
-    {
-        Person person;
-        ZelTextField field;
-        ZelBind(&field, ZelValueBinding, &person, "name",
-                {{ZelValueTransformerBindingOption,
-                  QVariant::fromValue<ZelValueTransformerPtr>(QSharedPointer<OneWay>::create())}});
-        field.setText("Ada");
-        QTest::ignoreMessage(QtWarningMsg,
-                             "WARNING: binding \"value\" has value transformer, but it doesn't allow reverse "
-                             "transformations in -[NSObject(ZelKeyValueBinding) setValue:forBinding:]");
-        field.commitEditing();
-        QCOMPARE(person.name(), "Ada");
-        QWidget widget, plain;
-        ZelBind(&widget, ZelHiddenBinding, &person, "active",
-                {{ZelValueTransformerNameBindingOption, ZelNegateBooleanTransformerName}});
-        QVERIFY(widget.isHidden());
-        person.setActive(true);
-        QVERIFY(!widget.isHidden());
-        ZelBind(&plain, ZelEnabledBinding, &person, "active",
-                {{ZelValueTransformerNameBindingOption, "nobody registered this"}});
-        QVERIFY(plain.isEnabled());
-    }
-
     void aReplacedOrFailedBindingLeavesNothing()
     {
         Person first("first"), second("second");
@@ -141,7 +113,6 @@ private Q_SLOTS:
         field->setFocus();
         QTest::keyClicks(field.get(), "x");
         field->commitEditing();
-
         Person survivor;
         ZelBind(field.get(), ZelValueBinding, &survivor, "name");
         connect(&survivor, &Person::nameChanged, &survivor, [&] { field.reset(); });
@@ -150,6 +121,5 @@ private Q_SLOTS:
         QVERIFY(!ZelIsObserved(&survivor, "name"));
     }
 };
-
 QTEST_MAIN(tst_ZelBinding)
 #include "tst_ZelBinding.moc"

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "Core/KeyValue/ZelKeyValueCoding.h"
-
 #include "Core/Errors/ZelAssertions.h"
+#include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/Person.h"
-
 #include <QTest>
 #include <QtWidgets>
 #include <limits>
@@ -270,6 +268,5 @@ private Q_SLOTS:
         QCOMPARE(ZelValueForKey(&shadowing, "nickname"), QVariant(7));
     }
 };
-
 QTEST_MAIN(tst_ZelKeyValueCoding)
 #include "tst_ZelKeyValueCoding.moc"

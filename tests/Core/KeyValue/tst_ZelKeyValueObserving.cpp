@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "Core/KeyValue/ZelKeyValueObserving.h"
-
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelAssociatedObjects.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
-
 #include <algorithm>
 #include <memory>
 
@@ -110,7 +108,6 @@ public:
 };
 
 namespace {
-
 const char g_context = 0;
 const QStringList g_keys{"name", "height", "silent", "friendOf", "note", "mood", "frame"};
 const QStringList g_paths =
@@ -145,7 +142,6 @@ struct Walk
 {
     QVariant value;
     int meetings = 0;
-
     Walk(const Person *root, const QString &path, const Person *changed = nullptr, const QString &changedKey = {})
     {
         const Person *person = root;
@@ -171,7 +167,6 @@ struct Observer : ZelKeyValueObserver
     QVariant known;
     int before = 0;
     QList<ZelKeyValueChange> changes;
-
     ~Observer()
     {
         if (root)
@@ -329,7 +324,6 @@ private:
     std::vector<std::unique_ptr<Somebody>> m_people;
     std::vector<std::unique_ptr<Observer>> m_observers;
 };
-
 } // namespace
 
 class tst_ZelKeyValueObserving : public QObject
@@ -462,7 +456,6 @@ private Q_SLOTS:
             QCOMPARE(found.value(2).value<QObject *>(), &keeper);
             keeper.set(place.object);
             QVERIFY(!watch.isLastChanged());
-
             auto *object = new ListKeeper;
             keeper.fill(object); // which nobody hears of
             connect(object, &QObject::destroyed, &keeper, [&, key = key] {
@@ -641,6 +634,5 @@ private Q_SLOTS:
         QVERIFY(second.use_count() == 1 && other.use_count() == 1);
     }
 };
-
 QTEST_MAIN(tst_ZelKeyValueObserving)
 #include "tst_ZelKeyValueObserving.moc"

@@ -5,12 +5,10 @@
 #include "Core/Watch.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
-
 #include <algorithm>
 #include <memory>
 
 namespace {
-
 struct Task : ZelRunLoopTask
 {
     explicit Task(const std::function<void()> &work)
@@ -46,7 +44,6 @@ ZelRunLoop *loop()
 {
     return ZelRunLoop::current();
 }
-
 } // namespace
 
 class tst_ZelRunLoop : public QObject
@@ -374,6 +371,5 @@ private Q_SLOTS:
         QCOMPARE(m_log, "13");
     }
 };
-
 QTEST_MAIN(tst_ZelRunLoop)
 #include "tst_ZelRunLoop.moc"

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Selection/ZelArrayController.h"
-
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/RunLoop/private/ZelReadingScope.h"
+#include "Core/Selection/ZelArrayController.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
-
 #include <malloc.h>
 
 /// Its destructor announces a change, when a subclass's part is gone already.
@@ -39,7 +37,6 @@ private:
 };
 
 namespace {
-
 const QStringList g_keys{"name", "height", "frame", "silent"};
 
 /// A selection of some of many objects, and a list that says which. Few objects tell at once, many at the end of a
@@ -209,7 +206,6 @@ struct People
 {
     std::vector<std::unique_ptr<Person>> people;
     std::unique_ptr<ZelArrayController> controller = std::make_unique<ZelArrayController>();
-
     explicit People(int count, double height = 1)
     {
         for (int i = 0; i < count; ++i) {
@@ -237,7 +233,6 @@ struct People
         ZelSetValueForKeyPath(controller.get(), value, ZelKeyPath("selection." + key));
     }
 };
-
 } // namespace
 
 class tst_ZelArrayController : public QObject
@@ -461,6 +456,5 @@ private Q_SLOTS:
         QCOMPARE(four.controller->selectedObjects(), QList<QObject *>({&four[1], &four[3]}));
     }
 };
-
 QTEST_MAIN(tst_ZelArrayController)
 #include "tst_ZelArrayController.moc"

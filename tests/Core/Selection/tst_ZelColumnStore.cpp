@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Selection/ZelColumnStore.h"
-
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Selection/ZelArrayController.h"
+#include "Core/Selection/ZelColumnStore.h"
 #include "Core/Selection/ZelValueBlock.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
-
 #include <memory>
 #include <vector>
 
 namespace {
-
 std::vector<double> g_levels; // of all samples, by their rows
 int g_calls = 0;              // of getters and setters
 
@@ -83,7 +80,6 @@ public:
     qsizetype written = 0;
     bool isReadOnly = false;
 };
-
 } // namespace
 
 class tst_ZelColumnStore : public QObject
@@ -108,13 +104,11 @@ private Q_SLOTS:
         objects[1000].reset();
         const auto value = [&](const char *key) { return ZelValueForKey(controller.selection(), ZelKey(key)); };
         const auto levels = [&](size_t row) { return g_levels[row]; };
-
         QCOMPARE(value("level"), QVariant(1.0));
         QVERIFY(ZelIsMarker(value("other"), ZelNotApplicableMarker)); // the stranger lacks it
         QVERIFY(samples->read > 2900 && g_calls < 100);
         g_levels.back() = 2;
         QVERIFY(ZelIsMarker(value("level"), ZelMultipleValuesMarker));
-
         const Watch watch(&controller, "selection.level", 0);
         g_calls = 0;
         ZelSetValueForKey(controller.selection(), 5, ZelKey("level"));
@@ -123,7 +117,6 @@ private Q_SLOTS:
         QCOMPARE(watch.count(), 1);
         QVERIFY(levels(0) == 5 && levels(999) == 5 && levels(1000) == 1 && levels(count - 1) == 5);
         QCOMPARE(value("level"), QVariant(5.0));
-
         // Each object's own value, as undo writes them.
         g_calls = 0;
         ZelValueBlock before(QMetaType::fromType<double>(), qsizetype(count)), after(before.type(), before.size());
@@ -139,7 +132,6 @@ private Q_SLOTS:
         before.write(held, ZelKeyPath("level"));
         QVERIFY(levels(3) == 4 && levels(999) == 5 && levels(1000) == 1);
         QCOMPARE(g_calls, 0);
-
         samples->isReadOnly = true;
         ZelSetValueForKey(controller.selection(), 6.0, ZelKey("level"));
         QVERIFY(g_calls > 2900 && levels(0) == 6 && levels(2999) == 6);
@@ -147,6 +139,5 @@ private Q_SLOTS:
         QCOMPARE(value("level"), QVariant(6.0));
     }
 };
-
 QTEST_GUILESS_MAIN(tst_ZelColumnStore)
 #include "tst_ZelColumnStore.moc"

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Core/Selection/ZelValueSummary.h"
-
 #include "Core/Values/ZelValues.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
-
 #include <QTest>
-
 #include <cmath>
 #include <limits>
 
@@ -24,7 +21,6 @@ public:
 };
 
 namespace {
-
 /// A value of a type that nobody can hash.
 struct Opaque
 {
@@ -47,13 +43,11 @@ ZelValueSummary summaryOf(const QVariantList &values)
         summary.add(value);
     return summary;
 }
-
 } // namespace
 
 class tst_ZelValueSummary : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
     /// As many values as make the table grow, against counting by hand; also in the order of the values.
     void countsAsByHand()

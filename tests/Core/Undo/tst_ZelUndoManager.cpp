@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Undo/ZelUndoManager.h"
-
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Selection/ZelArrayController.h"
+#include "Core/Undo/ZelUndoManager.h"
 #include "Core/Undo/private/ZelOwnNumbers.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
-
 #include <memory>
 
 namespace {
-
 /// Some people, and a list of what they were after each step.
 class World
 {
@@ -151,7 +148,6 @@ struct Office
     /// As the digits of a number.
     int heights() const { return int(ada.height() * 100 + ben.height() * 10 + cem.height()); }
 };
-
 } // namespace
 
 class tst_ZelUndoManager : public QObject
@@ -425,6 +421,5 @@ private Q_SLOTS:
         const ZelUndoGrouping none(ZelUndoManager::forWidget(child));
     }
 };
-
 QTEST_MAIN(tst_ZelUndoManager)
 #include "tst_ZelUndoManager.moc"

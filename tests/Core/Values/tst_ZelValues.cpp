@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Values/ZelValues.h"
-
 #include "Core/Errors/ZelAssertions.h"
 #include "Core/KeyValue/ZelSelector.h"
 #include "Core/Values/ZelGeometryType.h"
 #include "Core/Values/ZelIndexSet.h"
 #include "Core/Values/ZelOrderedSet.h"
+#include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelNumberScanner.h"
 #include "Support/Random.h"
-
 #include <QTest>
 #include <QtWidgets>
 #include <clocale>
@@ -298,6 +296,5 @@ private Q_SLOTS:
         check(ZelNumberScanner::isInteger, false, {"0x", "0xg", "1x", "1.0", "-", ""});
     }
 };
-
 QTEST_GUILESS_MAIN(tst_ZelValues)
 #include "tst_ZelValues.moc"

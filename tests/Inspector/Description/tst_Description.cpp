@@ -4,14 +4,11 @@
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/Failures.h"
-
 #include <QTemporaryDir>
 #include <QTest>
-
 #include <sys/stat.h>
 
 namespace {
-
 using Configuration = ZelInspectorConfiguration;
 
 /// A document type declaration whose entities each hold ten of the one before, used by the default of an attribute:
@@ -63,13 +60,11 @@ QString text(const ZelSourcePlace &place)
 {
     return QString("%1:%2:%3 %4").arg(place.file).arg(place.line).arg(place.column).arg(place.element);
 }
-
 } // namespace
 
 class tst_Description : public QObject
 {
     Q_OBJECT
-
     QString write(const QString &name, const QByteArray &data)
     {
         QFile file(m_directory.filePath(name));
@@ -300,6 +295,5 @@ private Q_SLOTS:
         QCOMPARE(withValue(longest).keyPathValueNamed("v").size(), 4096); // of 64 keys
     }
 };
-
 QTEST_MAIN(tst_Description)
 #include "tst_Description.moc"

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "EndToEnd/FigureSheet.h"
-
 #include "Core/KeyValue/ZelKeyValueCoding.h"
+#include "EndToEnd/FigureSheet.h"
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
 #include "Support/Recorder.h"
 
 namespace {
-
 /// A figure that users may only look at.
 class Closed : public QObject
 {
@@ -117,7 +115,6 @@ struct Window : Sheet
     inline static const QByteArray options = "><option-group><option title='A' value='1'/></option-group>";
     QList<ZelInspectorProperty *> editors;
 };
-
 } // namespace
 
 /// What is true of each editor.
@@ -201,6 +198,5 @@ private Q_SLOTS:
         QCOMPARE(window.stack.count(), 0);
     }
 };
-
 QTEST_MAIN(tst_EditorProperties)
 #include "tst_EditorProperties.moc"

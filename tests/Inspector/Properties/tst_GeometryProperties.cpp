@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "EndToEnd/FigureSheet.h"
-
 #include "Core/Errors/ZelAssertions.h"
+#include "EndToEnd/FigureSheet.h"
 #include "Resources/ZelNamedImages.h"
-
 #include <stdexcept>
 
 namespace {
-
 /// Boxes that store their frames each in a way of its own.
 class Box : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QRectF frame MEMBER stored WRITE setFrame NOTIFY changed)
-    Q_PROPERTY(QPointF clamped MEMBER place WRITE setClamped NOTIFY changed)
 public:
     QRectF stored;
-    QPointF place;
-    bool isMute = false;
     std::function<void()> react;
 
     void setFrame(const QRectF &frame)
@@ -29,13 +23,6 @@ public:
         if (react)
             react();
     }
-    void setClamped(const QPointF &point)
-    {
-        place = QPointF(std::min(point.x(), 10.0), std::min(point.y(), 10.0));
-        if (!isMute)
-            Q_EMIT changed();
-    }
-
 Q_SIGNALS:
     void changed();
 };
@@ -67,39 +54,12 @@ void type(const ZelInspectorNumberProperty *editor, const QString &text)
 {
     Sheet::enter(editor->textField(), text);
 }
-
 } // namespace
 
 class tst_GeometryProperties : public QObject
 {
     Q_OBJECT
-
 private Q_SLOTS:
-    void whatTheModelMakesOfItIsShown()
-    {
-        Sheet window(Sheet::row("clamped", "custom", "class='ZelInspectorPointProperty'"));
-        Box box;
-        auto *editor = window.editor<ZelInspectorPointProperty>("clamped");
-        QVERIFY(ZelIsMarker(editor->x(), ZelNoSelectionMarker) && ZelIsMarker(editor->nonNil(), ZelNoSelectionMarker));
-        window.selectObjects({&box});
-        for (const bool isMute : {false, true}) { // although it declares a signal
-            box.setClamped({4, 4});
-            QTRY_COMPARE(editor->x(), 4.0);
-            box.isMute = isMute;
-            type(editor->xProperty(), "50");
-            QCOMPARE(editor->x(), 10.0);
-            QCOMPARE(editor->xProperty()->textField()->text(), "10");
-        }
-        box.isMute = false;
-        box.setClamped({7, 2});
-        editor->setX(10); // what it was before, in the same turn
-        QCOMPARE(box.place, QPointF(10, 2));
-        connect(&box, &Box::changed, &window, [&window] { window.inspector.reset(); });
-        editor->xProperty()->stepper()->stepBy(-1);
-        QVERIFY(!window.inspector);
-        QCOMPARE(box.place, QPointF(9, 2));
-    }
-
     void theCheckboxWritesAValueOrNone()
     {
         Sheet window(
@@ -288,6 +248,5 @@ private Q_SLOTS:
         QCOMPARE(image().pixelColor(3, 3), QColor(Qt::red));
     }
 };
-
 QTEST_MAIN(tst_GeometryProperties)
 #include "tst_GeometryProperties.moc"
