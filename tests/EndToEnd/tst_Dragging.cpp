@@ -403,6 +403,10 @@ private Q_SLOTS:
             QCOMPARE(window.selectedTexts(), "bd");
         }
         QCOMPARE(window.list()->tableView()->accessibleDescription(), "Row 2 of 5");
+        Sheet::press(Qt::Key_End);
+        QCOMPARE(window.selectedTexts(), "e");
+        Sheet::press(Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(window.selectedTexts(), "abcde");
         window.selectRows({1, 3});
         window.stack.clear();
         window.set(1, "tags", Texts{"x", "y"});

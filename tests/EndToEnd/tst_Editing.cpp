@@ -166,6 +166,19 @@ private Q_SLOTS:
         }
     }
 
+    void textThatIsNoNumberIsDroppedWithTheSelection()
+    {
+        Sheet window(Sheet::row("height", "number"));
+        window.set(1, "height", 3);
+        window.select({0});
+        window.begin("height", "no number");
+        for (int figure : {1, 0}) {
+            window.select({figure});
+            QCOMPARE(window.shown("height"), figure == 0 ? "0" : "3");
+        }
+        QCOMPARE(window.stack.count(), 0);
+    }
+
     void manyChangesAreOneRefresh()
     {
         Sheet window(Sheet::row("name", "string"));

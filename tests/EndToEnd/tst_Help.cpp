@@ -168,6 +168,20 @@ private Q_SLOTS:
         QCOMPARE(box->accessibleDescription(), "");
         QCOMPARE(QAccessible::queryAccessibleInterface(box)->text(QAccessible::Description), "A name");
     }
+
+    void placeholdersStandForNoDateAndNoFont()
+    {
+        Sheet sheet(Sheet::row("day", "date", "placeholder='Never'") +
+                    "<sliver><property type='font' keyPath='extra' placeholder='Any'/></sliver>");
+        QCOMPARE(sheet.inspector->findChild<ZelInspectorFontProperty *>()->textField()->text(), "Any");
+        sheet.set(0, "day", QDate());
+        sheet.select({0});
+        Sheet::click(sheet.editor<ZelInspectorDateProperty>("day")->datePicker());
+        Sheet::press(Qt::Key_Delete); // there is nothing to clear
+        Sheet::press(Qt::Key_Return);
+        QCOMPARE(sheet.owner->actions, 0);
+        QCOMPARE(sheet.shown("day"), "Never");
+    }
 };
 QTEST_MAIN(tst_Help)
 #include "tst_Help.moc"

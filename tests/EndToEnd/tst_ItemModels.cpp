@@ -209,6 +209,10 @@ private Q_SLOTS:
         sheet.undo();
         QCOMPARE(model.at(1, 0), QVariant("Ash"));
         QCOMPARE(model.at(1, 1), QVariant(0));
+        sheet.view->setModel(&model);
+        sheet.selection->setSelectionModel(sheet.view->selectionModel());
+        sheet.selectRows({1});
+        QCOMPARE(sheet.shown("name"), QString("Ash"));
     }
 
     /// Rows that come, go and move; and the end of all of them, in the middle of typing.

@@ -297,6 +297,8 @@ private Q_SLOTS:
         to.select({0, 1});
         to.set(0, "name", "A");
         QVERIFY(!to.chooseFor("name", "Copy"));
+        QVERIFY(to.chooseFor("size", "Copy Key Path"));
+        QCOMPARE(QApplication::clipboard()->text(), "size");
     }
 
     /// What a section cannot take is left out and said; the rest is one step.
@@ -616,6 +618,9 @@ private Q_SLOTS:
         QVERIFY(sheet.command(menu, "Copy Value"));
         sheet.choose(menu, "Copy Key Path");
         QCOMPARE(QApplication::clipboard()->text(), "name");
+        menu = sheet.menu(sheet.editor<ZelInspectorDateProperty>("day")->view()->findChild<ZelDatePicker *>());
+        QVERIFY(sheet.command(menu, "Copy Value") && menu->actions().first()->text().contains("Undo"));
+        menu->close();
     }
 
     void refusesHostileClipboards()

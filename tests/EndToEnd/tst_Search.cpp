@@ -344,6 +344,18 @@ private Q_SLOTS:
         QCOMPARE(shownRows(), QStringList{"Kind"});
     }
 
+    void theTextOutlivesTheWindow()
+    {
+        find("motto");
+        ZelView *view = inspector()->view();
+        view->removeFromSuperview();
+        QVERIFY(!titled<ZelInspectorSliver>("Width")->isFilteredOut());
+        QCOMPARE(inspector()->searchCount(), 0);
+        m_sheet->layout()->addWidget(view);
+        Sheet::settle();
+        QCOMPARE(shownRows(), QStringList{"Motto"});
+    }
+
     /// An edit that the search commits may end everything.
     void anEditMayEndTheInspector()
     {

@@ -240,6 +240,36 @@ private Q_SLOTS:
         QVERIFY(m_activePicture != mixedActive);
     }
 
+    void theChosenOptionBecomesEveryObjects()
+    {
+        Sheet sheet(Sheet::row("role", "enumeration", '>' + g_roles) + Sheet::row("font", "font"));
+        sheet.set(1, "role", 2);
+        sheet.set(1, "font", QFont("DejaVu Serif", 9));
+        sheet.select({0, 1});
+        const auto open = [](ZelPopUpButton *button) {
+            button->showMenu();
+            Sheet::settle();
+            return QAccessible::queryAccessibleInterface(QApplication::activePopupWidget());
+        };
+        open(sheet.editor<ZelInspectorTextEnumerationProperty>("role")->popUpButton())
+            ->child(1)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(sheet.value(0, "role").toInt() == 1 && sheet.value(1, "role").toInt() == 1);
+        // The families in use are marked.
+        auto *font = sheet.editor<ZelInspectorFontProperty>("font");
+        Sheet::click(font->button());
+        const QAccessibleInterface *menu = open(font->fontFamilyPopUpButton());
+        QStringList used;
+        for (int i = 0; i < menu->childCount(); ++i) {
+            if (menu->child(i)->state().checkStateMixed)
+                used.append(menu->child(i)->text(QAccessible::Name));
+        }
+        QCOMPARE(used.mid(0, 2), QStringList({"DejaVu Sans", "DejaVu Serif"}));
+        Sheet::closePopups();
+    }
+
     /// Also with values that an option only names, before any single value has told their type.
     void optionsNamedByKeys()
     {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Controls/Fields/ZelGrowingTextField.h"
 #include "Examples/ControlTour.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/ZelTabbedInspector.h"
@@ -7,8 +6,6 @@
 #include "window/InspectorPanel.h"
 #include "window/MainWindow.h"
 #include "window/Options.h"
-#include "window/Panes.h"
-#include "window/ShapeListView.h"
 
 /// Two shapes of each kind, with a value for everything that can be switched off.
 static void fill(Document &document)
@@ -77,18 +74,8 @@ class tst_ShapesControls : public QObject
         for (int i = 0; i < 5; ++i)
             QCoreApplication::processEvents();
     }
-    void press(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(handle(), Qt::Key(key), modifiers);
-        settle();
-    }
     QWindow *handle() { return m_window->windowHandle(); }
     Shape *shape(int row) { return m_window->document().shapes()[row]; }
-    void trigger(Actions::Id action)
-    {
-        m_window->actions()[action]->trigger();
-        settle();
-    }
     InspectorPanel *panel() { return m_window->findChild<InspectorPanel *>(); }
     ZelTabbedInspector *inspector() { return m_window->findChild<ZelTabbedInspector *>(); }
     ZelTextField *numberField(const QString &keyPath, const QString &title = {})
@@ -154,54 +141,6 @@ private Q_SLOTS:
         QCOMPARE(shape(0)->x(), 30.0);
         QCOMPARE(shape(1)->x(), 40.0);
         QTest::keyClick(handle(), Qt::Key_Escape);
-    }
-
-    void keysGoFromPaneToPane()
-    {
-        open({8});
-        QWidget *list = m_window->findChild<ShapeListView *>();
-        QWidget *canvas = m_window->findChild<Canvas *>();
-        canvas->setFocus();
-        press(Qt::Key_F6);
-        QWidget *first = QApplication::focusWidget();
-        QVERIFY(panel()->isAncestorOf(first));
-        press(Qt::Key_Tab);
-        QWidget *second = QApplication::focusWidget();
-        QVERIFY(second != first && panel()->isAncestorOf(second));
-        press(Qt::Key_F6);
-        QCOMPARE(QApplication::focusWidget(), list);
-        press(Qt::Key_F6);
-        QCOMPARE(QApplication::focusWidget(), canvas);
-        press(Qt::Key_F6);
-        QCOMPARE(QApplication::focusWidget(), second);
-        press(Qt::Key_F6, Qt::ShiftModifier);
-        QCOMPARE(QApplication::focusWidget(), canvas);
-        press(Qt::Key_F8); // the list is collapsed
-        press(Qt::Key_F6, Qt::ShiftModifier);
-        QCOMPARE(QApplication::focusWidget(), second);
-        auto *field = panel()->findChild<ZelGrowingTextField *>(); // which makes what has the focus only for that time
-        field->setFocus();
-        QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
-        press(Qt::Key_F6);
-        press(Qt::Key_F6);
-        QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
-    }
-
-    void languageAndPaletteChangeWhileItRuns()
-    {
-        open();
-        panel()->selectTab(3);
-        const auto firstTitle = [this] { return inspector()->panes()[0]->inspectors()[0]->title(); };
-        QCOMPARE(firstTitle(), "Shape");
-        trigger(Actions::German);
-        if (!QFile::exists(":/translations/shapes_de.qm"))
-            QSKIP("built without Qt's linguist tools");
-        QCOMPARE(firstTitle(), "Form");
-        QCOMPARE(inspector()->selectedPaneIndex(), 3u);
-        trigger(Actions::DarkPalette);
-        trigger(Actions::English);
-        trigger(Actions::DarkPalette);
-        QCOMPARE(firstTitle(), "Shape");
     }
 
     void everyControlEditsTheSelection_data()

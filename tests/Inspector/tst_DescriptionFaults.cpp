@@ -223,21 +223,6 @@ private Q_SLOTS:
             QVERIFY2(linesOf({&plain}).contains("\"hidden\""), type);
         }
     }
-
-    void editorsOutliveTheirOwner()
-    {
-        QByteArray text = "<chooser title='Kind' keyPath='people.selection.flags'><choice><sliver/></choice></chooser>";
-        for (const char *type :
-             {"boolean", "action", "action' menuItemsKeyPath='menu", "number", "string", "string' attributed='yes",
-              "enumeration", "enumeration' style='segmented", "color", "date", "font", "resource", "frame", "size",
-              "custom' class='ZelInspectorArrayProperty"})
-            text += replaced("<sliver><property type='%' keyPath='people.selection.name'/></sliver>", type);
-        const auto slice = makeSlice(inSection(text));
-        m_owner.reset();
-        Reports reports;
-        use(slice.get(), reports);
-        QCOMPARE(reports.messages, QStringList());
-    }
 };
 QTEST_MAIN(tst_DescriptionFaults)
 #include "tst_DescriptionFaults.moc"

@@ -227,6 +227,24 @@ private Q_SLOTS:
         QCOMPARE(all.at(2)->y(), all.at(0)->geometry().bottom() + 1);
     }
 
+    void stacksFollowTheirLists()
+    {
+        auto *pane = show<ZelInspectorPane>(
+            "<pane><inspector title='1'><slice/><slice/></inspector><inspector title='2'><slice/></inspector></pane>");
+        ZelInspector *first = pane->inspectors().at(0);
+        ZelInspector *second = pane->inspectors().at(1);
+        const auto views = [&] { return pane->containerView()->subviews(); };
+        pane->setInspectors({second});
+        first->setVisible(false); // nobody listens any more
+        first->setVisible(true);
+        QCOMPARE(views(), Widgets({second->view()}));
+        pane->setInspectors({second, first});
+        QCOMPARE(views(), Widgets({second->view(), first->view()}));
+        const QList<ZelInspectorSlice *> slices{first->slices().at(1), first->slices().at(0)};
+        first->setSlices(slices);
+        QCOMPARE(first->slicesView()->subviews(), Widgets({slices.at(0)->view(), slices.at(1)->view()}));
+    }
+
     void tabsVisitTheControlsFromTopToBottom()
     {
         QByteArray text;

@@ -194,6 +194,13 @@ private Q_SLOTS:
         Coder::write(string, &other);
         QCOMPARE(other.toHtml(), document.toHtml());
         QCOMPARE(Coder::read(&other), string);
+        for (const double most : {14.0, 0.0}) { // a line that is as high, or at least
+            const Style high{.minimumLineHeight = 14, .maximumLineHeight = most};
+            String line("a");
+            line.setParagraphStyle(high, {0, 1});
+            Coder::write(line, &other);
+            QCOMPARE(Coder::read(&other).paragraphStyleAt(0), high);
+        }
     }
 
     void directionsMirrorIndents()

@@ -208,22 +208,6 @@ private Q_SLOTS:
                                                 place + "Unexpected case"}));
     }
 
-    void theFixedItemsFollowTheValue()
-    {
-        Sheet window(Sheet::row("flags", "enumeration", g_mask));
-        window.set(0, "flags", 4);
-        const auto *property = window.editor<TextEnumeration>("flags");
-        QCOMPARE(titles(property), "none|four|-|eight|-|No Selection|Multiple Values?");
-        window.select({0, 1});
-        QCOMPARE(titles(property), "none|four|-|eight|-|No Selection?|Multiple Values");
-        QVERIFY(property->popUpButton()->isEnabled());
-        window.select({0});
-        QVERIFY(property->separatorMenuItem()->isHidden());
-        window.set(0, "flags", 0x0C); // no option stands for it
-        QCOMPARE(property->popUpButton()->selectedItem(), property->noSelectionMenuItem());
-        QVERIFY(property->popUpButton()->isEnabled());
-    }
-
     void choicesFollowTheOwnersLists()
     {
         const Sheet window(Sheet::row("flags", "enumeration",
