@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Undo/ZelUndoManager.h"
 #include "FigureSheet.h"
 #include "Support/Reports.h"
 

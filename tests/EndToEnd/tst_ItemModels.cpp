@@ -2,7 +2,6 @@
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Selection/ZelItemSelection.h"
 #include "FigureSheet.h"
-#include "Support/Failures.h"
 
 constexpr int g_colorRole = Qt::UserRole + 3;
 

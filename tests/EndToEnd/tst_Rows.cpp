@@ -3,7 +3,6 @@
 #include "FigureSheet.h"
 #include "Inspector/Properties/private/ZelValueClipboard.h"
 #include "Support/Failures.h"
-#include "Support/Reports.h"
 #include <limits>
 
 namespace {

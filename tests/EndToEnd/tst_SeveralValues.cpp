@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "FigureSheet.h"
-#include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 
 namespace {
 const QByteArray g_roles = "<option-group><option title='Guest' value='0'/><option title='Member' value='1'/>"
@@ -251,10 +250,8 @@ private Q_SLOTS:
             Sheet::settle();
             return QAccessible::queryAccessibleInterface(QApplication::activePopupWidget());
         };
-        open(sheet.editor<ZelInspectorTextEnumerationProperty>("role")->popUpButton())
-            ->child(1)
-            ->actionInterface()
-            ->doAction(QAccessibleActionInterface::pressAction());
+        auto *roles = open(sheet.editor<ZelInspectorTextEnumerationProperty>("role")->popUpButton());
+        roles->child(1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QVERIFY(!QApplication::activePopupWidget());
         QVERIFY(sheet.value(0, "role").toInt() == 1 && sheet.value(1, "role").toInt() == 1);
         // The families in use are marked.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
-#include "ExpandableViews/ZelExpandableView.h"
 #include "Inspector/Descriptions.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Views/ZelSeparator.h"

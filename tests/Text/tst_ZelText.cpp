@@ -195,7 +195,7 @@ private Q_SLOTS:
         QCOMPARE(other.toHtml(), document.toHtml());
         QCOMPARE(Coder::read(&other), string);
         for (const double most : {14.0, 0.0}) { // a line that is as high, or at least
-            const Style high{.minimumLineHeight = 14, .maximumLineHeight = most};
+            const Style high{.maximumLineHeight = most, .minimumLineHeight = 14};
             String line("a");
             line.setParagraphStyle(high, {0, 1});
             Coder::write(line, &other);

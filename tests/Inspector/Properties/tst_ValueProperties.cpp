@@ -5,7 +5,6 @@
 #include "Inspector/Properties/ZelInspectorActionProperty.h"
 #include "Inspector/Properties/ZelInspectorImageEnumerationProperty.h"
 #include "Inspector/Properties/ZelInspectorMenuActionProperty.h"
-#include "Inspector/Properties/ZelUnitNumberFormatter.h"
 #include "Support/Failures.h"
 #include "Support/Reports.h"
 
