@@ -2,6 +2,7 @@
 #include "Core/KeyValue/private/ZelObjectRecord.h"
 
 #include "Core/Errors/ZelExceptionReporter.h"
+#include "Core/Errors/private/ZelMainThread.h"
 #include "Core/Errors/private/ZelScopeEnd.h"
 #include "Core/KeyValue/ZelAssociatedObjects.h"
 #include "Core/KeyValue/ZelPropertyAccessor.h"
@@ -195,6 +196,7 @@ ZelValueChange::ZelValueChange(QObject *object, ZelKey key, bool byObject)
 {
     if (!m_observed)
         return;
+    ZelRequireMainThread();
     m_uncaught = std::uncaught_exceptions();
     if (m_observed->beginsUnheard(byObject)) {
         m_observed->retain();
