@@ -4,6 +4,12 @@
 <context>
     <name>Application</name>
     <message>
+        <location filename="../inspector/PlacementSlice.xml" line="10"/>
+        <location filename="../inspector/GeometryPane.xml" line="42"/>
+        <source>A selected shape is locked</source>
+        <translation>Eine ausgewählte Form ist gesperrt</translation>
+    </message>
+    <message>
         <location filename="../inspector/ZelParagraphStyle.xml" line="36"/>
         <source>After</source>
         <translation>Danach</translation>
@@ -867,12 +873,6 @@
         <location filename="../inspector/StylePane.xml" line="34"/>
         <source>The hatching of the fill</source>
         <translation>Die Schraffur der Füllung</translation>
-    </message>
-    <message>
-        <location filename="../inspector/PlacementSlice.xml" line="10"/>
-        <location filename="../inspector/GeometryPane.xml" line="42"/>
-        <source>A selected shape is locked</source>
-        <translation>Eine ausgewählte Form ist gesperrt</translation>
     </message>
     <message>
         <location filename="../inspector/DocumentPane.xml" line="23"/>
