@@ -49,8 +49,8 @@ public:
     bool tablet(QTabletEvent *e) const
     {
         QTabletEvent scaled(e->type(), e->pointingDevice(), m_toView.map(e->position()), e->globalPosition(),
-                            e->pressure(), e->xTilt(), e->yTilt(), e->tangentialPressure(), e->rotation(), e->z(),
-                            e->modifiers(), e->button(), e->buttons());
+                            float(e->pressure()), float(e->xTilt()), float(e->yTilt()), float(e->tangentialPressure()),
+                            e->rotation(), float(e->z()), e->modifiers(), e->button(), e->buttons());
         return sendInput(scaled, e);
     }
     bool contextMenu(QContextMenuEvent *e) const
