@@ -99,12 +99,17 @@ private Q_SLOTS:
     /// Parts of editors are found by their titles and keys, and what was found is marked wherever it is written.
     void partsAreFoundAndMarked()
     {
-        Sheet sheet("<panes search='yes'><pane><inspector title='Placement'><slice><section>"
-                    "<sliver><property type='frame' keyPath='people.selection.frame'/></sliver>"
-                    "<sliver><property type='boolean' title='Active' keyPath='people.selection.active'/></sliver>"
-                    "<sliver title='Distance'><property type='number' keyPath='people.selection.note' "
-                    "nonNilValueTitle='Shadow' nonNilValueKeyPath='extra'/></sliver></section></slice></inspector>"
-                    "</pane></panes>");
+        Sheet sheet(
+            "<panes search='yes'><pane><inspector title='Placement'><slice><section>"
+            "<sliver><property type='frame' keyPath='people.selection.frame'/></sliver>"
+            "<sliver><property type='boolean' title='Active' keyPath='people.selection.active'/></sliver>"
+            "<sliver title='Distance'><property type='number' keyPath='people.selection.note' "
+            "nonNilValueTitle='Shadow' nonNilValueKeyPath='extra'/></sliver>" +
+            Sheet::row("role", "enumeration", "><option-group><option title='Chief' value='2'/></option-group>") +
+            Sheet::row("font", "font") +
+            "<sliver><property type='boolean' keyPath='people.selection.flags' "
+            "titleKeyPath='people.selection.name'/></sliver></section></slice></inspector></pane></panes>");
+        sheet.set(0, "name", "Ada");
         sheet.select({0});
         auto *bounds = sheet.editor<ZelInspectorBoundsProperty>("frame");
         const auto *header = sheet.findChild<ZelExpandableView *>()->header();
@@ -126,6 +131,8 @@ private Q_SLOTS:
         QCOMPARE(find("place act"), 1);
         QCOMPARE(header->markedParts(), (QList<ZelLabel::Part>{{0, 5}}));
         QCOMPARE(active->markedParts(), (QList<ZelLabel::Part>{{0, 3}}));
+        for (const char *text : {"chief", "font.size", "ada"}) // an option, a part, and a title of the model
+            QCOMPARE(find(text), 1);
         // The key goes to the control whose title is marked, and not to the first one of its row.
         QCOMPARE(find("wid"), 1);
         sheet.inspector->focusSearchField();

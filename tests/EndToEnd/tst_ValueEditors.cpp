@@ -143,6 +143,9 @@ private Q_SLOTS:
         QCOMPARE(window.text(), "Multiple Fonts");
         QCOMPARE(window.font(1), QFont(g_otherFamily, 30));
         window.open();
+        Window::click(window.details->doneButton());
+        QVERIFY(!window.isOpen());
+        window.open();
         window.inspector->view()->setParent(nullptr); // taken out of its window
         QVERIFY(!window.isOpen());
     }

@@ -6,8 +6,8 @@
 #include "Observation/ZelObservations.h"
 #include "Support/Failures.h"
 #include "Support/Person.h"
-#include <QRegularExpression>
 #include <QTest>
+#include <QtWidgets>
 
 using Change = ZelKeyValueChange;
 

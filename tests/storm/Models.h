@@ -3,7 +3,6 @@
 
 #include "Core/Selection/ZelArrayController.h"
 #include "Text/ZelAttributedString.h"
-
 #include <QtWidgets>
 #include <functional>
 #include <memory>

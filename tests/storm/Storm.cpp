@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The application itself, what may be thrown in it, and its time.
 #include "Storm.h"
-
 #include "Blocks/ZelTransformerKit.h"
 #include "Core/Errors/ZelException.h"
 #include "Resources/ZelBundle.h"
-
 #include <sys/mman.h>
 
 namespace {

@@ -3,7 +3,6 @@
 
 #include "Inspector/ZelTabbedInspector.h"
 #include "Models.h"
-
 #include <deque>
 #include <unordered_set>
 

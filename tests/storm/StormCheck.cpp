@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // What editors show, compared with what the selected objects hold.
-#include "Storm.h"
-
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
@@ -14,6 +12,7 @@
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/ZelInspectorChooser.h"
+#include "Storm.h"
 #include "Text/ZelFontManager.h"
 
 namespace {

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The steps in which the user does something.
-#include "Storm.h"
-
 #include "Controls/Menus/ZelPopUpButton.h"
 #include "Controls/Ranges/ZelSlider.h"
 #include "Controls/Ranges/ZelStepper.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
-
+#include "Storm.h"
+#include <ctime>
 #include <sys/syscall.h>
 #include <unistd.h>
-
-#include <ctime>
 
 // What the system's plug-ins call.
 Q_GUI_EXPORT void qt_handleMouseEvent(QWindow *window, const QPointF &local, const QPointF &global,

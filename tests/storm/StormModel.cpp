@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The steps in which the application changes its objects.
-#include "Storm.h"
-
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Observation/ZelObservations.h"
+#include "Storm.h"
 
 namespace {
 const char g_context = 0;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Undo, and the exactness of it.
-#include "Storm.h"
-
 #include "Core/Undo/ZelUndoManager.h"
+#include "Storm.h"
 
 namespace {
 /// All that an object holds but other objects.

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The steps that concern windows and inspectors as a whole.
-#include "Storm.h"
-
 #include "Blocks/ZelWindow.h"
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/private/ZelRowBlocks.h"
+#include "Storm.h"
 
 namespace {
 /// A path whose last key is another one that the same editor can edit, or the same path.

@@ -2,14 +2,12 @@
 // Random edits, changes, deaths and events over a window with every editor; see README.md.
 #include "Storm.h"
 #include "Support/Random.h"
-
-#include <sys/personality.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <sys/personality.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 /// What depends on addresses and on the seeds of hashes is to be the same in every run.
