@@ -195,7 +195,7 @@ private Q_SLOTS:
                 data->setText(text);
                 button->setFocus();
                 if (isDropped) {
-                    const auto send = [&](QDropEvent &&event) {
+                    const auto send = [&, expected = expected](QDropEvent &&event) {
                         QCoreApplication::sendEvent(button, &event);
                         QCOMPARE(event.isAccepted(), expected.isValid());
                         QCOMPARE(event.dropAction(), Qt::CopyAction);
