@@ -241,7 +241,7 @@ static void editorBuild()
     Styled model;
     QTemporaryFile file;
     Bench::expect(file.open() && file.write(descriptionOfRows(500)) > 0 && file.flush(), "no description");
-    Bench::compare("H inspector of 500 rows of all editors", 1.5,
+    Bench::compare("H inspector of 500 rows of all editors", 0.35,
                    shownForm([&] { return describedForm(&model, file.fileName()); }),
                    shownForm([&] { return formByHand(model, 500); }));
 }
@@ -260,7 +260,7 @@ static void editorMove()
     Bench::expect(ours.owner.controller.selectedObjects().last()->property("frame").toRectF().x() == 5,
                   "not every box was moved");
     Bench::compare(
-        "I move 1000 selected frames by a typed x", 0.5, [&] { ours.enterX(x += 1); },
+        "I move 1000 selected frames by a typed x", 0.4, [&] { ours.enterX(x += 1); },
         [&] { moveByHand(boxes, y += 1); }, Bench::small);
 }
 ZEL_BENCHMARK(editorMove)

@@ -92,11 +92,11 @@ static void snapRectangles()
         const QRectF rect = ZelSnapRect(rects[i], ZelSnapMode(mode(i)), false);
         Bench::expect(rect == snapByHand(rects[i], mode(i)), "the same rectangle");
     }
-    Bench::compare(QStringLiteral("snap rectangles, modes mixed"), 0.6,
+    Bench::compare(QStringLiteral("snap rectangles, modes mixed"), 0.5,
                    repeated(count, [&](int i) { return ZelSnapRect(rects.at(i), ZelSnapMode(mode(i)), false); }),
                    repeated(count, [&](int i) { return snapByHand(rects.at(i), mode(i)); }), Bench::small);
     for (int m = 0; m < 3; ++m) {
-        Bench::compare(QStringLiteral("snap rectangles, mode %1").arg(m), 0.6,
+        Bench::compare(QStringLiteral("snap rectangles, mode %1").arg(m), 0.5,
                        repeated(count, [&](int i) { return ZelSnapRect(rects.at(i), ZelSnapMode(m), false); }),
                        repeated(count, [&](int i) { return snapByHand(rects.at(i), m); }), Bench::small);
     }

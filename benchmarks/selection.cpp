@@ -53,7 +53,7 @@ void reduce(const QString &name, Document &document)
     Bench::expect(common.isValid() ? ours == common : ZelIsMarker(ours, ZelMultipleValuesMarker),
                   "the selection answers another value than the loop");
     Bench::compare(
-        name, 0.25, [&] { Bench::keep(ZelValueForKey(selection, key)); },
+        name, 0.2, [&] { Bench::keep(ZelValueForKey(selection, key)); },
         [&] { Bench::keep(commonValue(document.shapes, "width")); }, Bench::small);
 }
 
@@ -78,7 +78,7 @@ static void selectionWrite()
         Document document(count);
         double value = 0; // always a new one, so that every write changes something
         Bench::compare(
-            QStringLiteral("C2 write a key of %1 objects").arg(count), 0.4,
+            QStringLiteral("C2 write a key of %1 objects").arg(count), 0.3,
             [&] { ZelSetValueForKey(document.controller.selection(), ++value, key); },
             [&] {
                 const QVariant written = ++value;

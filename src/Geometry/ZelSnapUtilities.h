@@ -7,6 +7,7 @@
 
 #include <QSizeF>
 #include <QTransform>
+#include <cmath>
 #include <functional>
 
 class QPainter;
@@ -56,16 +57,18 @@ namespace ZelSnapping {
 inline constexpr double Limit = 0x1p51;
 inline constexpr double Shifter = 0x1.8p52;
 
-/// Rounds numbers below the limit as ZelFloor, ZelCeil and ZelRound do, but a zero has no sign.
-template<ZelSnapMode Mode> constexpr double rounded(double v)
+/// Rounds numbers below the limit as ZelFloor, ZelCeil and ZelRound do, but a zero has no sign. It does without
+/// branches: which way a number is rounded, no processor foresees.
+template<ZelSnapMode Mode> inline double rounded(double v)
 {
-    const double nearest = (v + Shifter) - Shifter; // halves to even
+    const double magnitude = Mode == ZelSnapModeRound ? std::abs(v) : v;
+    const double nearest = (magnitude + Shifter) - Shifter; // halves to even
     if constexpr (Mode == ZelSnapModeFloor)
-        return nearest > v ? nearest - 1 : nearest;
+        return nearest - (nearest > v ? 1.0 : 0.0);
     if constexpr (Mode == ZelSnapModeCeil)
-        return nearest < v ? nearest + 1 : nearest;
-    const double rest = v - nearest;
-    return v >= 0 ? (rest >= 0.5 ? nearest + 1 : nearest) : (rest <= -0.5 ? nearest - 1 : nearest);
+        return nearest + (nearest < v ? 1.0 : 0.0);
+    const double up = magnitude - nearest >= 0.5 ? 1.0 : 0.0;
+    return std::copysign(nearest + up, v) + 0.0; // which takes a zero's sign away
 }
 
 struct Edges
@@ -74,8 +77,8 @@ struct Edges
 
     bool areBelowLimit() const // false for NaN
     {
-        const auto isBelow = [](double v) { return -Limit < v && v < Limit; };
-        return isBelow(left) && isBelow(top) && isBelow(right) && isBelow(bottom);
+        const auto isBelow = [](double v) { return std::abs(v) < Limit; };
+        return isBelow(left) & isBelow(top) & isBelow(right) & isBelow(bottom);
     }
     template<typename Minimum, typename Maximum> QRectF mapped(Minimum minimum, Maximum maximum) const
     {
