@@ -2,13 +2,18 @@
 #pragma once
 
 #include "Controls/Cells/ZelSegmentedControl.h"
+#include "Controls/Fields/ZelTextField.h"
+#include "Controls/Menus/ZelPopUpButton.h"
+#include "Controls/Ranges/ZelStepper.h"
 #include "Controls/ZelColorPanel.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
+#include "Inspector/Properties/ZelInspectorFontProperty.h"
 #include "Inspector/Reports.h"
 #include "Support/Failures.h"
+#include "ViewController/ZelView.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -17,7 +22,7 @@
 /// Controls are found in the window: whatever can be clicked or takes the focus is one, and is known by its class. One
 /// of an unknown class is a fault, as is one that does nothing. An edit must reach all objects that its editor stands
 /// for and no other, in one named undo step. Undo brings back every object's own values, and redo the later ones. What
-/// a control opens (a popover, the colour panel) can be closed. Everything is undone in the end.
+/// an edit opens (a popover, the colour panel) is visited as well. Everything is undone in the end.
 class ControlTour
 {
 public:
@@ -75,6 +80,7 @@ private:
     struct Control
     {
         QPointer<QWidget> widget;
+        QPointer<QWidget> subject; ///< is in the editor that it changes
         const Kind *kind = nullptr;
         QString name;
         int part = 0; // of a widget with several
@@ -100,6 +106,7 @@ private:
             {"ZelDatePicker", Edits, {{8, 0.5}}, {"Up Return", "Down Return"}},
             {"QTableView", Edits, {}, {}, typeIntoCell},
             {"SwatchRow", Edits, {{0.125, 0.5}, {0.625, 0.5}}},
+            {"QWellArray", Edits, {{0.625, 0.5}, {0.875, 0.5}}}, // of the colour panel
             {"ZelHoverButton", Acts, {{0.5, 0.5}}},
             {"ZelPushButton", Acts, {{0.5, 0.5}}},
             {"ZelExpandableHeader", Shows, {}, {}, foldAndOpen},
@@ -200,11 +207,12 @@ private:
             const QObject *controller = controllerOf(widget);
             const bool isEnabled = !controller || controller->property("enabled") != false;
             for (int part = 0; part < (segments ? int(segments->segmentCount()) : 1); ++part) {
-                const QString name = nameOf(widget) + (segments ? '#' + QString::number(part) : QString());
+                const QString name =
+                    m_outer.name + nameOf(widget) + (segments ? '#' + QString::number(part) : QString());
                 if (kind->effect != Shows && isEditable(widget) && isEnabled)
                     found.insert(name);
                 if (!segments || segments->isSegmentEnabled(part))
-                    controls.append({widget, kind, name, part});
+                    controls.append({widget, controller ? widget : m_outer.subject.data(), kind, name, part});
             }
             return;
         }
@@ -217,7 +225,7 @@ private:
     /// Selects what the control changes, where that is a part of the value.
     void prepare(const Control &control)
     {
-        for (QObject *controller = controllerOf(control.widget); controller; controller = ownerOf(controller)) {
+        for (QObject *controller = controllerOf(control.subject); controller; controller = ownerOf(controller)) {
             if (const auto *text = qobject_cast<ZelInspectorAttributedStringProperty *>(controller))
                 text->textView()->selectAll();
             if (const auto *list = qobject_cast<ZelInspectorArrayProperty *>(controller);
@@ -228,6 +236,11 @@ private:
             }
         }
         settle();
+        if (control.widget->isEnabled() || !m_outer.widget)
+            return;
+        // What was chosen before may have made it meaningless, until the window is opened again.
+        press("Escape");
+        change(m_outer, 0);
     }
 
     void visit(const Control &control)
@@ -237,22 +250,25 @@ private:
         const int index = m_program.undoStack->index();
         const auto *segments = qobject_cast<ZelSegmentedControl *>(control.widget.data());
         const bool isChosen = segments && !segments->selectsAny() && segments->isSegmentSelected(control.part);
-        const QObject *controller = controllerOf(control.widget);
+        const QObject *controller = controllerOf(control.subject);
         const bool edits =
             control.kind->effect == Edits && controller && !controller->property("keyPath").toString().isEmpty();
         const bool mustChange =
-            edits && !isChosen && isEditable(control.widget) && !objectsOf(control.widget).isEmpty();
+            edits && !isChosen && isEditable(control.widget) && !objectsOf(control.subject).isEmpty();
         QWidget *window = nullptr;
         const Kind &kind = *control.kind;
         const int attempts = std::max({kind.attempts, int(kind.places.size()), int(kind.keys.size())});
         for (int attempt = 0; attempt < attempts && control.widget; ++attempt) {
             change(control, attempt);
-            window = openedWindow();
+            if (!m_outer.widget)
+                window = openedWindow();
             if (window || state() != before || m_program.situation() != situation)
                 break;
         }
+        if (m_outer.widget && control.widget && !control.widget->isVisible() && control.kind->effect == Acts)
+            changed.insert(control.name); // it closes the window
         if (window) {
-            close(control, window);
+            visitOpened(control, window);
         } else {
             if (mustChange && state() == before)
                 fault("changes nothing");
@@ -266,13 +282,30 @@ private:
             fault(QString("opened ") + modal->metaObject()->className());
     }
 
-    void close(const Control &control, QWidget *opened)
+    void visitOpened(const Control &control, QWidget *opened)
     {
         changed.insert(control.name);
+        m_outer = control;
+        m_outer.name += '/';
         const QPointer<QWidget> alive(opened);
-        opened->inherits("QColorDialog") ? void(ZelColorPanel::sharedColorPanel()->close()) : press("Escape");
+        const bool isColorPanel = opened->inherits("QColorDialog");
+        isColorPanel ? visitColorPanel(opened) : visitAll(opened);
+        m_outer = {};
+        m_current = control.name;
+        if (alive && alive->isVisible())
+            isColorPanel ? void(ZelColorPanel::sharedColorPanel()->close()) : press("Escape");
         if (alive && alive->isVisible())
             fault("opened what does not close");
+    }
+
+    /// The standard colours stand for the other controls of Qt's own dialog.
+    void visitColorPanel(QWidget *panel)
+    {
+        for (QWidget *widget : panel->findChildren<QWidget *>()) {
+            if (QByteArray(widget->metaObject()->className()).endsWith("QWellArray"))
+                return visit({widget, m_outer.subject, kindOf(widget), m_outer.name + "colour"});
+        }
+        fault("opened a panel that offers no colours");
     }
 
     // What is checked
@@ -288,7 +321,7 @@ private:
         if (after != before) {
             if (m_program.undoStack->undoText().isEmpty() && !mayBeUnnamed(control.widget))
                 fault("makes an undo step without a name");
-            if (control.kind->effect == Edits && control.widget)
+            if (control.kind->effect == Edits && control.widget && control.subject)
                 checkReach(control, before, after);
             checkUndo(control, before, after);
         }
@@ -301,10 +334,10 @@ private:
 
     void checkReach(const Control &control, const State &before, const State &after)
     {
-        QObject *controller = controllerOf(control.widget);
+        QObject *controller = controllerOf(control.subject);
         if (after.size() != before.size() || !controller || controller->property("keyPath").toString().isEmpty())
             return;
-        const QObjectList objects = objectsOf(control.widget);
+        const QObjectList objects = objectsOf(control.subject);
         for (int i = 0; i < after.size(); ++i) {
             if (after[i] != before[i] && !objects.contains(after[i].first))
                 fault("changes an object that is not selected");
@@ -321,7 +354,7 @@ private:
 
     void checkUndo(const Control &control, const State &before, const State &after)
     {
-        const bool isInFront = control.widget && control.widget->window()->isActiveWindow();
+        const bool isInFront = !m_outer.widget && control.widget && control.widget->window()->isActiveWindow();
         isInFront ? m_program.undo() : m_program.undoStack->undo();
         settle();
         compare(state(), before, "after undo");
@@ -499,6 +532,7 @@ private:
     Reports m_reports;
     QStringList m_faults;
     QString m_current;
+    Control m_outer; // the one that opened what is being visited
 };
 
 /// Runs a test inside of the program of an example, whose main function makes the application and the window.
