@@ -71,6 +71,7 @@ double timeRound(const Work &work, int iterations, bool trim)
     const double elapsed = double(timer.nsecsElapsed()) / 1e6;
     if (work.after)
         work.after();
+    deleteWhatIsDue();
     return elapsed / iterations;
 }
 
@@ -261,6 +262,11 @@ void memory(const QString &name, double goal, int count, const std::function<std
     const double oursBytes = bytesOf(ours);
     const double referenceBytes = bytesOf(reference);
     report({name, oursBytes, referenceBytes, oursBytes / referenceBytes, goal, true});
+}
+
+void deleteWhatIsDue()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void expect(bool condition, const char *text)

@@ -85,6 +85,10 @@ void memory(const QString &name, double goal, int count, const std::function<std
 /// a case that computes nonsense measures nothing.
 void expect(bool condition, const char *text);
 
+/// Deletes what is to be deleted later. Without an event loop around the rounds nobody else does, and Qt looks through
+/// all that waits for each object that ends.
+void deleteWhatIsDue();
+
 /// Keeps the compiler from leaving out the computation of a value that nothing else uses.
 template<typename Value> inline void keep(const Value &value)
 {

@@ -33,6 +33,7 @@ public:
     {
         for (const QDeadlineTimer deadline(200); !deadline.hasExpired();)
             QApplication::processEvents();
+        Bench::deleteWhatIsDue();
     }
 
     bool eventFilter(QObject *object, QEvent *event) override
