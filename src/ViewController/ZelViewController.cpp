@@ -49,7 +49,7 @@ QString stillUsedMessage(const ZelViewController *controller)
              QString::fromLatin1(controller->metaObject()->className()));
 }
 
-/// Whether the view is in a window that was shown and is not any more: nobody sees what becomes of it.
+/// Whether the view is in a window that was hidden or closed: nobody sees what becomes of it.
 bool isInClosedWindow(const QWidget *view)
 {
     const QWidget *window = view->window();

@@ -252,33 +252,36 @@ private Q_SLOTS:
             text += "<inspector " + attributes + ">" +
                     inSliver("<property type='boolean' keyPath='unlocked' " + attributes.left(9) + "/>") +
                     "</inspector>";
-        m_owner->setUnlocked(false);
-        m_owner->extra = false;
-        auto *pane = show<ZelInspectorPane>("<pane>" + text + "</pane>");
-        pane->view()->setParent(nullptr);
-        new QCheckBox("<", m_window.get());
-        m_window->layout()->addWidget(pane->view());
-        new QCheckBox(">", m_window.get());
-        const auto visited = [&] {
-            QString titles;
-            for (QWidget *stop = m_window->nextInFocusChain(); stop != m_window.get();
-                 stop = stop->nextInFocusChain()) {
-                if (auto *box = qobject_cast<QCheckBox *>(stop))
-                    titles += box->text();
-            }
-            return titles;
-        };
-        QCOMPARE(visited(), "<24>");
-        setExtra(true);
-        QCOMPARE(visited(), "<234>");
-        m_owner->setUnlocked(true);
-        QCOMPARE(visited(), "<1234>");
-        // A row's own order, too.
-        auto *row = pane->inspectors().at(2)->findChild<ZelInspectorSliver *>();
-        auto *editor = new ZelInspectorBooleanProperty(m_owner.get());
-        editor->setTitle("a");
-        row->setProperties(QList<ZelInspectorProperty *>{editor} + row->properties());
-        QCOMPARE(visited(), "<12a34>");
+        for (const QString &before : {"<", ""}) { // a control before the pane, or none
+            m_owner->setUnlocked(false);
+            m_owner->extra = false;
+            auto *pane = show<ZelInspectorPane>("<pane>" + text + "</pane>");
+            pane->view()->setParent(nullptr);
+            if (!before.isEmpty())
+                new QCheckBox(before, m_window.get());
+            m_window->layout()->addWidget(pane->view());
+            new QCheckBox(">", m_window.get());
+            const auto visited = [&] {
+                QString titles;
+                for (QWidget *stop = m_window->nextInFocusChain(); stop != m_window.get();
+                     stop = stop->nextInFocusChain()) {
+                    if (auto *box = qobject_cast<QCheckBox *>(stop))
+                        titles += box->text();
+                }
+                return titles;
+            };
+            QCOMPARE(visited(), before + "24>");
+            setExtra(true);
+            QCOMPARE(visited(), before + "234>");
+            m_owner->setUnlocked(true);
+            QCOMPARE(visited(), before + "1234>");
+            // A row's own order, too.
+            auto *row = pane->inspectors().at(2)->findChild<ZelInspectorSliver *>();
+            auto *editor = new ZelInspectorBooleanProperty(m_owner.get());
+            editor->setTitle("a");
+            row->setProperties(QList<ZelInspectorProperty *>{editor} + row->properties());
+            QCOMPARE(visited(), before + "12a34>");
+        }
     }
 
     void separatorsAndColorsOfSections()

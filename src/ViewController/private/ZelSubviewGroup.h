@@ -14,7 +14,7 @@ class ZelView;
 class ZelSubviewGroup : public QWidget
 {
 public:
-    /// Whether groups pay off: views in a group are reparented more than once, which costs more for few views.
+    /// Whether groups pay off: for a few views, reparenting them twice costs more than the walks.
     static bool isWorthwhile(const QList<QPointer<QWidget>> &views) { return views.size() > groups / 4; }
     ~ZelSubviewGroup() override;
     /// Takes the views out of the parent. Views that have got another parent meanwhile stay there.

@@ -34,13 +34,15 @@ QList<QWidget *> tabStopsOf(const QWidget *widget)
     return stops;
 }
 
-/// The tab stop that is visited before this one; null if there is none, or if it lies below the view as well.
+/// The tab stop that is visited before this one; null if there is none in the window, whose chain is a circle, or if it
+/// lies below the view as well.
 QWidget *visitedBefore(const QWidget *stop, const QWidget *view)
 {
     QWidget *before = stop->previousInFocusChain();
-    while (before && before != stop && !isTabStop(before))
+    while (before && before != stop && !before->isWindow() && !isTabStop(before))
         before = before->previousInFocusChain();
-    return before && before != stop && !view->isAncestorOf(before) ? before : nullptr;
+    const bool isFound = before && before != stop && !before->isWindow() && !view->isAncestorOf(before);
+    return isFound ? before : nullptr;
 }
 
 /// The last tab stop in the nearest view that stands before this one and has any; null if there is none.
@@ -67,16 +69,23 @@ ZelTabOrder::ZelTabOrder(QWidget *view)
     : m_view(view)
 {
     const QList<QWidget *> stops = tabStopsOf(view);
+    m_first = stops.value(0);
     m_before = stops.isEmpty() ? standingBefore(view) : visitedBefore(stops.first(), view);
 }
 
 /// The last one is moved first: Qt walks from the stop that stays to the next one behind it, over all widgets between
-/// them that take no focus. So it walks over those behind the view once, and not for each stop.
+/// them that take no focus. So it walks over those behind the view once, and not for each stop. What stays is the stop
+/// before the view, or the former first one, whose place is that of the view.
 void ZelTabOrder::followSubviews() const
 {
     QList<QWidget *> stops = m_view ? tabStopsOf(m_view) : QList<QWidget *>();
     if (stops.isEmpty())
         return;
-    QWidget *before = m_before ? m_before.data() : stops.takeFirst();
-    std::for_each(stops.rbegin(), stops.rend(), [before](QWidget *stop) { QWidget::setTabOrder(before, stop); });
+    QWidget *anchor = m_before ? m_before.data() : stops.contains(m_first) ? m_first.data() : stops.first();
+    const qsizetype place = stops.indexOf(anchor);
+    if (place >= 0)
+        stops.removeAt(place);
+    std::for_each(stops.rbegin(), stops.rend(), [anchor](QWidget *stop) { QWidget::setTabOrder(anchor, stop); });
+    if (place > 0)
+        QWidget::setTabOrder(stops.at(place - 1), anchor);
 }

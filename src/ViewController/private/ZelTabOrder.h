@@ -18,5 +18,6 @@ public:
 
 private:
     QPointer<QWidget> m_view;
+    QPointer<QWidget> m_first;  // of its tab stops
     QPointer<QWidget> m_before; // the tab stop before all those of the view
 };

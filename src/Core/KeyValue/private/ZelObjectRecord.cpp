@@ -16,10 +16,6 @@
 #include <algorithm>
 #include <array>
 
-namespace {
-const Qt::HANDLE g_mainThread = QThread::currentThreadId(); // on which the library is loaded
-}
-
 /// Finds the records, and ends them with their objects. It is the one receiver of the `destroyed` signals of all
 /// objects.
 class ZelObjectRecordTable : public ZelSignalReceiver
@@ -33,7 +29,7 @@ public:
 
     ZelObjectRecord *find(const QObject *object)
     {
-        if (QThread::currentThreadId() != g_mainThread) // where a model is filled before it comes to the main thread
+        if (QThread::currentThreadId() != m_thread) // where a model is filled before it comes to the main thread
             return m_records.value(object);
         Slot &slot = slotFor(object);
         if (slot.object != object)
@@ -43,6 +39,8 @@ public:
 
     ZelObjectRecord &of(QObject *object)
     {
+        if (!m_thread)
+            m_thread = QThread::currentThreadId(); // the main one, to which everything observed belongs
         if (ZelObjectRecord *record = find(object))
             return *record;
         auto *record = new ZelObjectRecord(object);
@@ -72,6 +70,7 @@ private:
 
     QHash<const QObject *, ZelObjectRecord *> m_records;
     std::array<Slot, 256> m_slots;
+    Qt::HANDLE m_thread = nullptr; // that may use them; null until there is a record
 };
 
 ZelObjectRecord *ZelObjectRecord::find(const QObject *object)

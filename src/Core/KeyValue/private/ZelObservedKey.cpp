@@ -10,6 +10,7 @@
 #include "Core/Values/ZelValues.h"
 
 #include <algorithm>
+#include <optional>
 
 /// The values of a change at this key. The old value is the caller's; the new one is read once, when the first observer
 /// asks for it.
@@ -204,16 +205,15 @@ void ZelObservedKey::deliver(ZelKeyValueChangeKind kind, const Source &source, c
 {
     ZelKeyValueChange change(kind, &source, 0, indexes, isPrior);
     const size_t count = m_registrations.size(); // observers that come meanwhile do not get this change
-    QObject *const object = m_object;            // lives as long as the key is no orphan
     ZelChangeDelivery::run([&] {
         ZelFirstException failure;
-        for (size_t i = 0; i < count && object && !m_isOrphan; ++i) {
+        for (size_t i = 0; i < count && m_object && !m_isOrphan; ++i) {
             const Registration &registration = m_registrations[i];
             if (!registration.observer || (isPrior && !(registration.options & ZelKeyValueObservingOptionPrior)))
                 continue;
             change.m_options = registration.options;
             failure.run(
-                [&] { registration.observer->observeValueForKeyPath(m_path, object, change, registration.context); });
+                [&] { registration.observer->observeValueForKeyPath(m_path, m_object, change, registration.context); });
         }
         failure.rethrow();
     });
@@ -260,8 +260,8 @@ void ZelObservedKey::didChange(ZelKeyValueChangeKind kind, const ZelIndexSet *in
     if (m_announcements == 0 || m_isOrphan)
         return;
     const Hold hold(this);
-    static const ZelKeptValue none;
-    std::optional<ZelKeptValue> old; // most observers ask for none, and making one takes time
+    static const ZelKeptValue &none = *new ZelKeptValue; // objects may outlive every static
+    std::optional<ZelKeptValue> old;                     // most observers ask for none, and making one takes time
     if (!m_pendingOld.empty() && m_pendingOld.back().announcement == m_announcements) {
         old = std::move(m_pendingOld.back().value);
         m_pendingOld.pop_back();
