@@ -77,8 +77,8 @@ struct Edges
 
     bool areBelowLimit() const // false for NaN
     {
-        const auto isBelow = [](double v) { return std::abs(v) < Limit; };
-        return isBelow(left) & isBelow(top) & isBelow(right) & isBelow(bottom);
+        const auto isBelow = [](double v) { return int(std::abs(v) < Limit); };
+        return (isBelow(left) & isBelow(top) & isBelow(right) & isBelow(bottom)) != 0;
     }
     template<typename Minimum, typename Maximum> QRectF mapped(Minimum minimum, Maximum maximum) const
     {

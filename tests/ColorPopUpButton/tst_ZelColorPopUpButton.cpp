@@ -379,6 +379,32 @@ private Q_SLOTS:
         QCOMPARE(matrix->geometry().right(), view->width() - 20);
         QCOMPARE(matrix->rectOfCell(0).right(), 226);
     }
+
+    void thePanelIsFollowedWhileItIsOpen()
+    {
+        Window window;
+        window.button->setSelectedColor(QVariant::fromValue(ZelMultipleValuesMarker));
+        window.button->setShowsAlpha(true);
+        ZelColorPopUpButtonCell *cell = window.button->cell();
+        cell->otherMenuItem()->trigger();
+        auto *dialog = static_cast<QColorDialog *>(ZelColorPanel::sharedColorPanel()->window());
+        QVERIFY(cell->isColorPanelActive() && ZelColorPanel::sharedColorPanel()->showsAlpha());
+        QCOMPARE(dialog->currentColor(), QColor(Qt::black));
+        QCOMPARE(window.actions, 0);
+        const ZelColor chosen(QColor(1, 2, 200));
+        dialog->setCurrentColor(chosen.toQColor());
+        QVERIFY(lastUsed() != chosen);
+        window.button->setEnabled(false);
+        dialog->setCurrentColor(Qt::yellow);
+        window.button->setEnabled(true);
+        window.button->setEditable(false);
+        dialog->setCurrentColor(Qt::cyan);
+        QCOMPARE(window.button->selectedColor(), chosen.toVariant());
+        QCOMPARE(window.edits, 1);
+        ZelNotificationCenter::defaultCenter()->post(ZelColorPopUpButtonDidBecomeActiveNotification, this);
+        QVERIFY(!cell->isColorPanelActive()); // an application's own has taken over
+        QCOMPARE(lastUsed(), chosen);
+    }
 };
 QTEST_MAIN(tst_ZelColorPopUpButton)
 #include "tst_ZelColorPopUpButton.moc"

@@ -357,6 +357,29 @@ private Q_SLOTS:
         panel.reset();
         QVERIFY(!popover && !content);
     }
+
+    void foreignItemsStayTheirOwners()
+    {
+        QAction foreign("&Plain");
+        ZelPopUpButton button;
+        button.addItem(&foreign);
+        button.selectItem(&foreign);
+        QCOMPARE(button.shownText(), "Plain");
+        const QPointer<QAction> own = button.addItemWithTitle("Own");
+        button.setItems({});
+        QTRY_VERIFY(!own);
+        {
+            QAction doomed("Doomed");
+            ZelPopUpButton other; // which dies before its items
+            other.addItem(&foreign);
+            for (ZelPopUpButton *each : {&button, &other}) {
+                each->addItem(&doomed);
+                each->selectItem(&doomed);
+            }
+        }
+        QVERIFY(!button.selectedItem() && button.shownText().isEmpty());
+        QVERIFY(foreign.associatedObjects().isEmpty());
+    }
 };
 QTEST_MAIN(tst_PopUps)
 #include "tst_PopUps.moc"

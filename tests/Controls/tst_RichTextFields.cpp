@@ -190,6 +190,23 @@ private Q_SLOTS:
         // The focus leaves a field that goes.
         panel.play("set enabled false > after -1; set enabled true; Backtab > field 1; set hidden true > after -1");
     }
+
+    void growsWhileTypingAndScrollsAtTheLimit()
+    {
+        Panel panel;
+        ZelGrowingTextView *view = panel.control;
+        view->setHeightLimits(19, 100);
+        view->setFocus();
+        const int before = view->sizeHint().height();
+        press(Qt::Key_Return);
+        QVERIFY(view->heightForWidth(view->width()) > before);
+        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        for (int i = 0; i < 20; ++i)
+            press(Qt::Key_Return);
+        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+        QCOMPARE(view->attributedString().text(), QString(21, '\n'));
+        QVERIFY(view->commitEditing() && !view->document()->isUndoAvailable()); // that of the edit is the window's
+    }
 };
 QTEST_MAIN(tst_RichTextFields)
 #include "tst_RichTextFields.moc"

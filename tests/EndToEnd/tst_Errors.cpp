@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Core/Undo/ZelUndoManager.h"
 #include "FigureSheet.h"
 #include "Support/Reports.h"
 
@@ -163,6 +164,27 @@ private Q_SLOTS:
         QCOMPARE(window.stack.count(), 2);
         window.stack.undo();
         QCOMPARE(window.figures[0]->name(), "P0");
+    }
+
+    /// Undone by a key, through the manager or on the stack itself.
+    void aStepThatFailsIsReported()
+    {
+        for (const bool byManager : {true, false}) {
+            Window window(Sheet::row("oneWay", "boolean", "title='Switch'"));
+            const QShortcut shortcut(QKeySequence::Undo, &window);
+            connect(&shortcut, &QShortcut::activated, this,
+                    [&] { byManager ? ZelUndoManager::forWidget(&window)->undo() : window.stack.undo(); });
+            window.edit("oneWay", {});
+            QCOMPARE(window.stack.index(), 1);
+            const Reports reports;
+            QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+            Sheet::settle();
+            QCOMPARE(reports.messages, QStringList("Undo \"Change oneWay\": setter"));
+            QCOMPARE(reports.places.constFirst().element, "property");
+            QVERIFY(window.model.oneWay);
+            QCOMPARE(window.shown("oneWay"), "on");
+            QCOMPARE(window.stack.index(), 0);
+        }
     }
 };
 QTEST_MAIN(tst_Errors)

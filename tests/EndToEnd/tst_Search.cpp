@@ -359,8 +359,11 @@ private Q_SLOTS:
         QVERIFY(!titled<ZelInspectorSliver>("Width")->isFilteredOut());
         QCOMPARE(inspector()->searchCount(), 0);
         m_sheet->layout()->addWidget(view);
-        Sheet::settle();
-        QCOMPARE(shownRows(), QStringList{"Motto"});
+        for (const bool isFieldShown : {true, false, true}) {
+            inspector()->setSearchEnabled(isFieldShown);
+            Sheet::settle();
+            QCOMPARE(shownRows() == QStringList{"Motto"}, isFieldShown);
+        }
     }
 
     /// An edit that the search commits may end everything.

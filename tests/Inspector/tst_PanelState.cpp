@@ -389,6 +389,28 @@ private Q_SLOTS:
         enter("(1"); // what is refused keeps the focus
         QCOMPARE(focused(), 4);
     }
+
+    void whatASearchChangesForAWhileIsNotKept()
+    {
+        const QByteArray text = panes(g_text + g_place, "stateKey='main' search='yes'");
+        run(text, [](const Panel &panel) {
+            panel->panes()[0]->inspectors()[1]->setExpanded(false);
+            panel->setSearchText("more");
+            settle();
+            QCOMPARE(folds(panel->panes()[0]), "++");
+        });
+        run(text, [](const Panel &panel) {
+            settle();
+            QCOMPARE(panel->searchText(), "more");
+            QCOMPARE(folds(panel->panes()[0]), "++");
+            panel->setSearchText({});
+            QCOMPARE(folds(panel->panes()[0]), "+-");
+        });
+        run(text, [](const Panel &panel) {
+            QCOMPARE(panel->searchText(), QString());
+            QCOMPARE(folds(panel->panes()[0]), "+-");
+        });
+    }
 };
 QTEST_MAIN(tst_PanelState)
 #include "tst_PanelState.moc"

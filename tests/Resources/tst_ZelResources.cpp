@@ -201,6 +201,26 @@ private Q_SLOTS:
         ZelColorList::removeColorListNamed(mine);
         QVERIFY(!ZelColorList::colorListNamed(mine));
     }
+
+    void templateImagesFollowThePalette()
+    {
+        drawImage("Shape.png");
+        const QIcon shape(m_directory->filePath("Shape.png"));
+        const QIcon image = ZelNamedImages::templateImage(ZelNamedImages::templateImage(shape));
+        const QPalette former = QGuiApplication::palette();
+        for (const QColor &color : {QColor(Qt::white), QColor(Qt::red)}) {
+            QPalette palette = former;
+            palette.setColor(QPalette::Active, QPalette::Text, color);
+            palette.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
+            QGuiApplication::setPalette(palette);
+            const QImage normal = image.pixmap(QSize(16, 16), 2.0).toImage();
+            QCOMPARE(normal.pixelColor(2, 2), color);
+            QCOMPARE(normal.pixelColor(normal.width() - 2, 2).alpha(), 0);
+            QCOMPARE(image.pixmap(16, 16, QIcon::Disabled).toImage().pixelColor(2, 2), QColor(Qt::gray));
+        }
+        QGuiApplication::setPalette(former);
+        QVERIFY(ZelNamedImages::templateImage({}).isNull());
+    }
 };
 QTEST_MAIN(tst_ZelResources)
 #include "tst_ZelResources.moc"

@@ -150,8 +150,8 @@ void ZelInspectorImageEnumerationProperty::updateView()
     reportUnknown(isUnknown ? value : QVariant());
 }
 
-/// No segment is shown as chosen now. A panel is not given up because of what a model holds. It is shown anew for many
-/// reasons, and the value reported once.
+/// No segment is shown as chosen now. A panel is not given up because of what a model holds. The editor is shown anew
+/// for many reasons; the value is reported once.
 void ZelInspectorImageEnumerationProperty::reportUnknown(const QVariant &value)
 {
     const QString text = value.isValid() ? ZelDescription(value) : QString();

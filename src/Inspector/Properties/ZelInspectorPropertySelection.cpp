@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 // The part of the property editor that deals with the values of the selected objects.
 

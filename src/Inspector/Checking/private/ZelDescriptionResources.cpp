@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 #include <algorithm>
 
 namespace {
@@ -38,12 +39,12 @@ ZelDescriptionResources::ZelDescriptionResources(const QStringList &names)
     m_bundle.setResourcePaths(m_folders);
 }
 
-QHash<QString, QString> ZelDescriptionResources::readCollections()
+QList<std::pair<QString, QString>> ZelDescriptionResources::readCollections()
 {
-    QHash<QString, QString> errors;
+    QList<std::pair<QString, QString>> errors;
     for (const QString &collection : std::as_const(m_collections)) {
         if (const QString error = ZelResourceFile::read(collection, m_paths); !error.isNull())
-            errors.insert(collection, error);
+            errors.append({collection, error});
     }
     return errors;
 }

@@ -4,6 +4,9 @@
 #include "Inspector/Checking/private/ZelResourceFile.h"
 #include "Resources/ZelBundle.h"
 
+#include <QStringList>
+#include <utility>
+
 /// The resources that the program will have, as far as descriptions tell. They are found as the program finds its own:
 /// by names that begin at a search path, whichever file names them.
 class ZelDescriptionResources
@@ -11,8 +14,8 @@ class ZelDescriptionResources
 public:
     /// The names are search paths or files of Qt's resources (.qrc), whose names and aliases count.
     explicit ZelDescriptionResources(const QStringList &names);
-    /// Answers what is wrong with a file of Qt's resources, by its name; none if all could be read.
-    QHash<QString, QString> readCollections();
+    /// Answers the names of those files that cannot be read, and what is wrong with each.
+    QList<std::pair<QString, QString>> readCollections();
 
     /// The folder of a description is the first search path while it is looked at.
     void setRoot(const QString &description);

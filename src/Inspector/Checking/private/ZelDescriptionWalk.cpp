@@ -58,7 +58,7 @@ void ZelDescriptionWalk::walkAll(const QStringList &files)
 
 void ZelDescriptionWalk::walk(const QStringList &files)
 {
-    for (auto [collection, error] : m_resources.readCollections().asKeyValueRange())
+    for (const auto &[collection, error] : m_resources.readCollections())
         m_report(
             {ZelDescriptionMistake::Error, QStringLiteral("The resources cannot be read: ") + error, {collection}});
     const QSet<QString> included = includedFiles(files);

@@ -161,7 +161,11 @@ QString ZelReferenceCheck::imageMeantBy(const QString &name, const Node &node) c
     const QString wanted = imageName(name);
     ZelNearestName nearest(wanted);
     QHash<QString, QString> names;
-    for (const QString &known : m_options.images + m_walk.resources().namesFor(node.element.place().file)) {
+    for (const QString &known : m_options.images) {
+        nearest.offer(known);
+        names.insert(known, known);
+    }
+    for (const QString &known : m_walk.resources().namesFor(node.element.place().file)) {
         const QString ending = u'.' + QFileInfo(known).suffix();
         if (ending != u"." && !imageEndings().contains(ending))
             continue;
