@@ -99,7 +99,8 @@ Outcome perform(Storm &storm, const Steps &steps)
     else if (outcome.finding[0])
         outcome.what = outcome.finding;
     else if (status != 0)
-        outcome.what = WIFSIGNALED(status) ? "signal " + QByteArray::number(WTERMSIG(status)) : "exit";
+        outcome.what =
+            WIFSIGNALED(status) ? QByteArray("signal ").append(QByteArray::number(WTERMSIG(status))) : "exit";
     return outcome;
 }
 
