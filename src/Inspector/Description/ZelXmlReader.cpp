@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -28,7 +29,8 @@ std::optional<QByteArray> readFile(const QString &path, qint64 limit, QString &m
         message = file.errorString();
         return std::nullopt;
     }
-    const QByteArray data = file.read(limit + 1);
+    constexpr qint64 unknown = 1 << 16; // room for a file that does not tell its size
+    const QByteArray data = file.read(std::min(limit, std::max(file.size(), unknown)) + 1);
     if (file.error() != QFileDevice::NoError) {
         message = file.errorString();
         return std::nullopt;
