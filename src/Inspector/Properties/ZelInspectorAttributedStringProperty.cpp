@@ -11,17 +11,15 @@
 #include "Inspector/Description/ZelInspectorConfiguration.h"
 #include "Inspector/Properties/private/ZelEditorLayout.h"
 #include "Inspector/Properties/private/ZelParagraphStyleValues.h"
-#include "Inspector/Properties/private/ZelTextFormatImages.h"
+#include "Inspector/Properties/private/ZelTextFormatBar.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Resources/ZelColor.h"
-#include "Resources/ZelLocalizedString.h"
 #include "Text/ZelFontManager.h"
 #include "ViewController/ZelView.h"
 #include "Views/ZelScrollView.h"
 
 #include <QStyle>
 
-#include <array>
 #include <cmath>
 
 using String = ZelAttributedString;
@@ -48,34 +46,10 @@ protected:
 
 constexpr QSize g_popoverSize(280, 430);
 
-struct SegmentDescription
-{
-    const char *toolTip;
-    const char *image = nullptr;
-    uint alignment = 0;
-};
-
-constexpr std::array<SegmentDescription, Property::SegmentCount> g_segments{{
-    {QT_TRANSLATE_NOOP("Application", "Align Left"), "ZelTextAlignLeftTemplate", ZelParagraphStyle::AlignLeft},
-    {QT_TRANSLATE_NOOP("Application", "Align Center"), "ZelTextAlignCenterTemplate", ZelParagraphStyle::AlignCenter},
-    {QT_TRANSLATE_NOOP("Application", "Align Right"), "ZelTextAlignRightTemplate", ZelParagraphStyle::AlignRight},
-    {QT_TRANSLATE_NOOP("Application", "Align Justified"), "ZelTextAlignJustifiedTemplate",
-     ZelParagraphStyle::AlignJustified},
-    {QT_TRANSLATE_NOOP("Application", "Align Natural"), "ZelTextAlignNaturalTemplate", ZelParagraphStyle::AlignNatural},
-    {QT_TRANSLATE_NOOP("Application", "Text Color")},
-    {QT_TRANSLATE_NOOP("Application", "Background Color")},
-    {QT_TRANSLATE_NOOP("Application", "More...")},
-}};
-
 Property::ParagraphStyleInspectorMaker &maker()
 {
     static Property::ParagraphStyleInspectorMaker maker;
     return maker;
-}
-
-bool isOneValue(const QVariant &value)
-{
-    return ZelIsNotNull(value) && !ZelIsControllerMarker(value);
 }
 
 } // namespace
@@ -141,20 +115,8 @@ void ZelInspectorAttributedStringProperty::loadView()
 
 void ZelInspectorAttributedStringProperty::makeBar(ZelView *container)
 {
-    m_segmentedControl = new ZelSegmentedControl;
+    m_segmentedControl = ZelTextFormatBar::make(title());
     m_resizableSegmentedControlView = new ZelResizableSegmentedControlView(m_segmentedControl, container);
-    m_segmentedControl->setAccessibleName(title());
-    m_segmentedControl->setFocusPolicy(Qt::TabFocus); // a click leaves the focus, and the edit, in the text
-    m_segmentedControl->setSelectsAny(true);
-    m_segmentedControl->setSegmentCount(SegmentCount);
-    for (int segment = 0; segment < SegmentCount; ++segment) {
-        const SegmentDescription &description = g_segments.at(segment);
-        m_segmentedControl->setSegmentToolTip(segment, ZelLocalizedString(description.toolTip));
-        if (description.image)
-            m_segmentedControl->setImage(segment,
-                                         ZelTextFormatImages::alignmentImage(QString::fromLatin1(description.image)));
-    }
-    m_segmentedControl->setSegmentTitle(MoreSegment, QStringLiteral("..."));
     ZelEditorLayout::setStretches(m_resizableSegmentedControlView, 1);
     connect(m_segmentedControl, &ZelSegmentedControl::action, this,
             &ZelInspectorAttributedStringProperty::selectSegment);
@@ -355,13 +317,8 @@ void ZelInspectorAttributedStringProperty::updateSegmentedControl()
 
 void ZelInspectorAttributedStringProperty::showSegments()
 {
-    if (!m_segmentedControl)
-        return;
-    for (int segment = LeftSegment; segment <= NaturalSegment; ++segment)
-        m_segmentedControl->setSegmentSelected(segment, isOneValue(m_alignment) &&
-                                                            m_alignment.toUInt() == g_segments.at(segment).alignment);
-    m_segmentedControl->setImage(TextColorSegment, ZelTextFormatImages::textColorImage(m_textColor));
-    m_segmentedControl->setImage(BackgroundColorSegment, ZelTextFormatImages::backgroundColorImage(m_backgroundColor));
+    if (m_segmentedControl)
+        ZelTextFormatBar::show(m_segmentedControl, m_alignment, m_textColor, m_backgroundColor);
 }
 
 // Formatting
@@ -385,7 +342,7 @@ void ZelInspectorAttributedStringProperty::selectSegment()
     default:
         for (int other = LeftSegment; other <= NaturalSegment; ++other)
             m_segmentedControl->setSegmentSelected(other, other == segment);
-        setAlignmentForSelection(g_segments.at(segment).alignment);
+        setAlignmentForSelection(ZelTextFormatBar::alignmentOfSegment(segment));
         commitFormat();
     }
 }
@@ -404,7 +361,7 @@ void ZelInspectorAttributedStringProperty::setAttribute(const QString &name, con
 
 void ZelInspectorAttributedStringProperty::fontDidChange()
 {
-    if (!isOneValue(m_font) || m_font.typeId() != QMetaType::QFont)
+    if (m_font.typeId() != QMetaType::QFont)
         return;
     QFont font = m_font.value<QFont>();
     font.setResolveMask(QFont::AllPropertiesResolved); // the font was shown and chosen as a whole

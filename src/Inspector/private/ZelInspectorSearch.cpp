@@ -16,7 +16,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSet>
-#include <algorithm>
 
 namespace {
 
@@ -32,11 +31,6 @@ QWidget *viewAround(ZelInspectorContainer *container)
         return container->view()->parentWidget();
     auto *parent = qobject_cast<ZelViewController *>(container->parent());
     return parent && parent->isViewLoaded() ? parent->view() : nullptr;
-}
-
-bool takesTab(const QWidget *widget)
-{
-    return (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget->isEnabled() && widget->isVisible();
 }
 
 } // namespace
@@ -75,7 +69,7 @@ bool ZelInspectorSearch::filterEvent(QObject *watched, QEvent *event)
         return false;
     auto *press = static_cast<QKeyEvent *>(event);
     const bool isInField = m_bar && watched == m_bar->field();
-    const bool canLeave = m_isOn || (isInField && !m_formerFocus.empty());
+    const bool canLeave = m_isOn || (isInField && !m_formerFocus.isEmpty());
     const bool isEscape = canLeave && press->matches(QKeySequence::Cancel);
     if (isEscape || press->matches(QKeySequence::Find)) {
         press->accept();
@@ -106,20 +100,10 @@ void ZelInspectorSearch::focusDidChange(QWidget *former, QWidget *present)
         return;
     if (present == m_field) {
         if (former && !m_isOn)
-            noteFocus(former);
+            m_formerFocus.note(former);
         makeIndex();
     } else if (former == m_field && !m_isOn) {
         forgetIndex();
-    }
-}
-
-/// What has the focus may be a part that a control makes for the time of typing. Then the control gets it back.
-void ZelInspectorSearch::noteFocus(QWidget *widget)
-{
-    m_formerFocus.clear();
-    for (QWidget *around = widget; around; around = around->isWindow() ? nullptr : around->parentWidget()) {
-        if (around->focusPolicy() != Qt::NoFocus)
-            m_formerFocus.emplace_back(around);
     }
 }
 
@@ -127,45 +111,21 @@ void ZelInspectorSearch::noteFocus(QWidget *widget)
 void ZelInspectorSearch::leave()
 {
     const QPointer<ZelInspectorSearch> alive(this);
-    const std::vector<QPointer<QWidget>> formerFocus = m_formerFocus;
+    const ZelSearchFocus formerFocus = m_formerFocus;
     const ScrollPositions positions = m_isOn ? m_scrollPositions : ScrollPositions();
     m_inspector->setSearchText({});
-    const auto focus = std::find_if(formerFocus.begin(), formerFocus.end(), [](const auto &widget) {
-        return widget && widget->isVisible() && widget->isEnabled();
-    });
-    if (alive && focus != formerFocus.end())
-        (*focus)->setFocus(Qt::OtherFocusReason);
+    if (alive)
+        formerFocus.restore();
     scrollTo(positions); // a scroll view may have followed the focus
 }
 
-/// Goes to the first control, in the order of the Tab key, that stands in a row that was found; in that row, to the one
-/// whose title is marked.
+/// Goes to the first control that stands in a row that was found.
 void ZelInspectorSearch::focusFirstFound()
 {
     const ZelInspectorPane *pane = m_inspector->currentInspector();
     if (!m_isOn || !m_index || !m_bar || !pane || !pane->scrollView())
         return;
-    QSet<const QWidget *> rows;
-    for (const Node &node : m_index->nodes()) {
-        ZelInspectorSliver *row = node.row();
-        if (row && row->isViewLoaded() && row->view()->isVisible())
-            rows.insert(row->view());
-    }
-    QWidget *const field = m_bar->field();
-    QWidget *found = nullptr;
-    const QWidget *rowOfFound = nullptr;
-    for (QWidget *next = field->nextInFocusChain(); next != field; next = next->nextInFocusChain()) {
-        const QWidget *around = takesTab(next) ? next : nullptr;
-        while (around && !rows.contains(around))
-            around = around->isWindow() ? nullptr : around->parentWidget();
-        const bool isMarked = around && (!found || around == rowOfFound) && m_marks.areOf(next);
-        if (around && (!found || isMarked)) {
-            found = next;
-            rowOfFound = around;
-        }
-        if (isMarked)
-            break;
-    }
+    QWidget *found = ZelSearchFocus::firstFound(m_bar->field(), *m_index, m_marks);
     if (!found)
         return;
     pane->scrollView()->ensureWidgetVisible(found, 0, g_scrollMargin);

@@ -3,6 +3,7 @@
 
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/RunLoop/ZelMemberScope.h"
+#include "Inspector/private/ZelSearchFocus.h"
 #include "Inspector/private/ZelSearchMarks.h"
 #include "Observation/ZelDelayedInvocation.h"
 
@@ -68,7 +69,6 @@ private:
 
     void leave();
     void focusFirstFound();
-    void noteFocus(QWidget *widget);
     void focusDidChange(QWidget *former, QWidget *present);
     void makeIndex();
     void forgetIndex();
@@ -112,7 +112,7 @@ private:
     bool m_isDue = false;
 
     // What is put back
-    std::vector<QPointer<QWidget>> m_formerFocus; // what had it, and the controls around that
+    ZelSearchFocus m_formerFocus;
     QPointer<ZelInspectorPane> m_formerPane;
     std::vector<QPointer<ZelExpandableView>> m_unfolded;
     ScrollPositions m_scrollPositions;

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/private/ZelRowCommands.h"
 
-#include "Controls/private/ZelErrorNote.h"
-#include "Controls/private/ZelRefusalMark.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/Selection/ZelObjectController.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
@@ -15,25 +12,19 @@
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/private/ZelNumberPaste.h"
+#include "Inspector/private/ZelPasteRefusals.h"
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QSet>
-#include <QTimer>
 #include <algorithm>
 
 namespace {
 
 using EditorPointer = QPointer<ZelInspectorProperty>;
-
-constexpr int g_noteDuration = 8000; // in milliseconds
-constexpr qsizetype g_saidAtMost = 6;
-
-QPointer<ZelErrorNote> g_note; // there is one at most
 
 QString keyBelowSelection(const ZelInspectorProperty *editor)
 {
@@ -287,45 +278,45 @@ void ZelRowCommands::paste() const
         !values && m_isRow && clipboardData() && !clipboardData()->hasFormat(ZelValueClipboard::mimeType())
             ? clipboardData()->text()
             : QString();
-    QList<Refusal> refusals;
+    ZelPasteRefusals refusals;
     perform(nameOf(ZelLocalizedString("Paste"), ZelLocalizedString("Paste %1")), [&] {
         if (values)
             pasteValues(*values, refusals);
         else if (text.trimmed().isEmpty() || text.size() > ZelValueClipboard::maximumTextLength)
-            refusals.append({QString(), ZelLocalizedString("There is nothing on the clipboard that fits.")});
+            refusals.add(QString(), ZelLocalizedString("There is nothing on the clipboard that fits."));
         else
             return pasteText(text, refusals);
         return true;
     });
-    say(refusals);
+    refusals.say(m_view, allEditors());
 }
 
-void ZelRowCommands::pasteValues(const ZelValueClipboard::Values &values, QList<Refusal> &refusals) const
+void ZelRowCommands::pasteValues(const ZelValueClipboard::Values &values, ZelPasteRefusals &refusals) const
 {
     ZelValueClipboard::Values left = values;
     const Editors editors = allEditors();
-    std::vector<std::pair<EditorPointer, QList<Refusal>>> refused;
+    std::vector<std::pair<EditorPointer, ZelPasteRefusals>> refused;
     for (const EditorPointer &editor : editors) {
         const QString key = editor ? keyBelowSelection(editor) : QString();
         if (!values.contains(key))
             continue;
         left.remove(key);
-        QList<Refusal> reasons;
+        ZelPasteRefusals reasons;
         pasteInto(editor, values.value(key), reasons);
         refused.emplace_back(editor, reasons);
     }
     for (const auto &[editor, reasons] : refused) {
         // Another editor of the same value may have taken it, or it was there before.
         if (!editor || reasons.isEmpty() || ZelNotEqual(editor->modelValue(), values.value(keyBelowSelection(editor))))
-            refusals += reasons;
+            refusals.add(reasons);
     }
     if (!m_isRow) {
         for (auto it = left.begin(); it != left.end(); ++it)
-            refusals.append({titleOfKey(it.key()), ZelLocalizedString("There is no such value here.")});
+            refusals.add(titleOfKey(it.key()), ZelLocalizedString("There is no such value here."));
     } else if (left.size() == values.size() && values.size() == 1 && count() == 1) {
         pasteInto(m_editors.first(), values.first(), refusals); // the value of another key
     } else if (left.size() == values.size()) {
-        refusals.append({QString(), ZelLocalizedString("There is nothing on the clipboard that fits.")});
+        refusals.add(QString(), ZelLocalizedString("There is nothing on the clipboard that fits."));
     }
 }
 
@@ -343,7 +334,7 @@ QString ZelRowCommands::titleOfKey(const QString &key) const
     return known == editors.end() ? key : titleToSay(*known);
 }
 
-void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &value, QList<Refusal> &refusals)
+void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &value, ZelPasteRefusals &refusals)
 {
     if (!editor)
         return;
@@ -353,7 +344,7 @@ void ZelRowCommands::pasteInto(const EditorPointer &editor, const QVariant &valu
     if (!isDone)
         reason = ZelLocalizedString("This cannot be changed.");
     if (!reason.isEmpty())
-        refusals.append({title, reason});
+        refusals.add(title, reason);
 }
 
 QList<QPointer<ZelInspectorNumberProperty>> ZelRowCommands::numberEditors() const
@@ -372,7 +363,7 @@ QList<QPointer<ZelInspectorNumberProperty>> ZelRowCommands::numberEditors() cons
 }
 
 /// Answers false if nothing must be changed.
-bool ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) const
+bool ZelRowCommands::pasteText(const QString &text, ZelPasteRefusals &refusals) const
 {
     if (const ZelNumberPaste::Editors numbers = numberEditors(); !numbers.isEmpty()) {
         ZelNumberPaste paste(numbers, text);
@@ -385,14 +376,14 @@ bool ZelRowCommands::pasteText(const QString &text, QList<Refusal> &refusals) co
     return true;
 }
 
-bool ZelRowCommands::enterNumbers(ZelNumberPaste &paste, QList<Refusal> &refusals) const
+bool ZelRowCommands::enterNumbers(ZelNumberPaste &paste, ZelPasteRefusals &refusals) const
 {
     const ZelNumberPaste::Editors numbers = numberEditors();
     const auto collect = [&](QString (ZelNumberPaste::*reasonOf)(qsizetype) const) {
         for (qsizetype i = 0; i < paste.count(); ++i) {
             const QString reason = (paste.*reasonOf)(i);
             if (!reason.isNull() && numbers.at(i))
-                refusals.append({titleToSay(numbers.at(i)), reason});
+                refusals.add(titleToSay(numbers.at(i)), reason);
         }
         return refusals.isEmpty();
     };
@@ -402,12 +393,12 @@ bool ZelRowCommands::enterNumbers(ZelNumberPaste &paste, QList<Refusal> &refusal
     if (!collect(&ZelNumberPaste::changeOf))
         return false;
     if (paste.parts().size() > numbers.size())
-        refusals.append({paste.parts().mid(numbers.size(), g_saidAtMost).join(QStringLiteral("; ")),
-                         ZelLocalizedString("There is no field for this.")});
+        refusals.add(paste.parts().mid(numbers.size(), ZelPasteRefusals::saidAtMost).join(QStringLiteral("; ")),
+                     ZelLocalizedString("There is no field for this."));
     return true;
 }
 
-void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &text, QList<Refusal> &refusals)
+void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &text, ZelPasteRefusals &refusals)
 {
     if (!editor)
         return;
@@ -419,7 +410,7 @@ void ZelRowCommands::pasteTextInto(const EditorPointer &editor, const QString &t
     if (isDone && isRead)
         pasteInto(editor, value, refusals);
     else
-        refusals.append({title, reason.isEmpty() ? ZelLocalizedString("This is not a value.") : reason});
+        refusals.add(title, reason.isEmpty() ? ZelLocalizedString("This is not a value.") : reason);
 }
 
 bool ZelRowCommands::pasteNumbers(const QString &text) const
@@ -430,53 +421,11 @@ bool ZelRowCommands::pasteNumbers(const QString &text) const
     ZelNumberPaste paste(numbers, text);
     if (!paste.isForSeveralFields())
         return false;
-    QList<Refusal> refusals;
+    ZelPasteRefusals refusals;
     perform(nameOf(ZelLocalizedString("Paste"), ZelLocalizedString("Paste %1")),
             [&] { return enterNumbers(paste, refusals); });
-    say(refusals);
+    refusals.say(m_view, allEditors());
     return true;
-}
-
-/// Shows what was left out beside the row or section for a while, and tells assistive technology.
-void ZelRowCommands::say(const QList<Refusal> &refusals) const
-{
-    QStringList lines;
-    for (const Refusal &refusal : refusals) {
-        if (lines.size() < g_saidAtMost)
-            lines.append(refusal.title.isEmpty() ? refusal.reason
-                                                 : ZelLocalizedString("%1: %2").arg(refusal.title, refusal.reason));
-    }
-    if (refusals.size() > lines.size())
-        lines.append(ZelLocalizedString("And %1 more.").arg(refusals.size() - lines.size()));
-    delete g_note;
-    if (!m_view || lines.isEmpty())
-        return;
-    qDeleteAll(m_view->findChildren<ZelRefusalMark *>()); // the fields have told the same of themselves
-    lines.prepend(ZelLocalizedString("Not pasted:"));
-    ZelErrorNote::show(&g_note, m_view, lines.join(u'\n'), ZelErrorNote::SparesControls);
-    if (!g_note)
-        return;
-    endNoteWithSelection();
-    g_note->setAccessibleName(g_note->text());
-    QAccessibleEvent event(g_note.data(), QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
-    QTimer::singleShot(g_noteDuration, g_note.data(), &QObject::deleteLater);
-}
-
-/// What was said concerns the objects that are selected.
-void ZelRowCommands::endNoteWithSelection() const
-{
-    for (const EditorPointer &editor : allEditors()) {
-        if (!editor || !editor->owner() || !editor->keyPathHasControllerSelectionPrefix(editor->keyPath()))
-            continue;
-        const QString path = editor->selectionControllerKeyPathFromKeyPath(editor->keyPath());
-        const auto *controller =
-            qobject_cast<ZelObjectController *>(ZelObject(ZelValueForKeyPath(editor->owner(), path)));
-        if (controller)
-            QObject::connect(controller, &ZelObjectController::selectionWillChange, g_note.data(),
-                             [] { delete g_note; });
-        return;
-    }
 }
 
 // Resetting

@@ -16,6 +16,7 @@ class ZelInspectorProperty;
 class ZelInspectorSection;
 class ZelInspectorSliver;
 class ZelNumberPaste;
+class ZelPasteRefusals;
 
 /// What users can do with the values of a row, or of the rows of a section or of an inspector, as a whole. Each command
 /// that changes values is one undo step, and leaves out the editors whose values users may not change.
@@ -59,12 +60,6 @@ public:
 
 private:
     using Editors = QList<QPointer<ZelInspectorProperty>>;
-    /// An editor and why its value was left out.
-    struct Refusal
-    {
-        QString title;
-        QString reason;
-    };
 
     /// The rows' editors that have a value: those shown by the conditions, and the others.
     void addEditors(const QList<ZelInspectorProperty *> &editors, bool isShown);
@@ -73,17 +68,15 @@ private:
     Editors allEditors() const { return m_editors + m_hiddenEditors; }
     QString nameOf(const QString &command, const QString &commandWithTitle) const;
     void perform(const QString &name, const std::function<bool()> &work) const;
-    void pasteValues(const QMap<QString, QVariant> &values, QList<Refusal> &refusals) const;
-    bool pasteText(const QString &text, QList<Refusal> &refusals) const;
+    void pasteValues(const QMap<QString, QVariant> &values, ZelPasteRefusals &refusals) const;
+    bool pasteText(const QString &text, ZelPasteRefusals &refusals) const;
     static void pasteInto(const QPointer<ZelInspectorProperty> &editor, const QVariant &value,
-                          QList<Refusal> &refusals);
+                          ZelPasteRefusals &refusals);
     static void pasteTextInto(const QPointer<ZelInspectorProperty> &editor, const QString &text,
-                              QList<Refusal> &refusals);
+                              ZelPasteRefusals &refusals);
     QList<QPointer<ZelInspectorNumberProperty>> numberEditors() const;
-    bool enterNumbers(ZelNumberPaste &paste, QList<Refusal> &refusals) const;
+    bool enterNumbers(ZelNumberPaste &paste, ZelPasteRefusals &refusals) const;
     QString titleOfKey(const QString &key) const;
-    void say(const QList<Refusal> &refusals) const;
-    void endNoteWithSelection() const;
 
     QPointer<QWidget> m_view;
     QPointer<const QWidget> m_source;
