@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
+#include "SelectionOwner.h"
 #include "ShownForm.h"
 
 #include "ColorPopUpButton/ZelColorMatrix.h"
 #include "ColorPopUpButton/ZelColorPopUpButton.h"
 #include "ColorPopUpButton/ZelUsedColorList.h"
 #include "Controls/Fields/ZelTextField.h"
-#include "Core/Selection/ZelArrayController.h"
 #include "Inspector/Properties/ZelInspectorBoundsProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "ViewController/ZelView.h"
@@ -175,15 +175,6 @@ private:
     QRectF m_frame{0, 0, 10, 10};
 };
 
-class Owner : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(QObject *boxes READ boxes CONSTANT)
-public:
-    QObject *boxes() { return &controller; }
-    ZelArrayController controller;
-};
-
 /// A thousand selected boxes and the editor of their frames, shown.
 struct BoxEditor
 {
@@ -195,7 +186,7 @@ struct BoxEditor
         owner.controller.setContent(all);
         owner.controller.setSelectedObjects(all);
         editor = std::make_unique<ZelInspectorBoundsProperty>(&owner);
-        editor->setKeyPath(QStringLiteral("boxes.selection.frame"));
+        editor->setKeyPath(QStringLiteral("objects.selection.frame"));
         column.addWidget(editor->view());
         window.show();
         QApplication::processEvents();
@@ -209,7 +200,7 @@ struct BoxEditor
         QApplication::processEvents();
     }
 
-    Owner owner;
+    SelectionOwner owner;
     QWidget window;
     QVBoxLayout column{&window};
     std::unique_ptr<ZelInspectorBoundsProperty> editor;

@@ -2,9 +2,9 @@
 #include "Bench.h"
 #include "PaintWatch.h"
 #include "PlainShape.h"
+#include "SelectionOwner.h"
 
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/Selection/ZelArrayController.h"
 #include "Core/Selection/ZelItemSelection.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorSlice.h"
@@ -54,15 +54,6 @@ public:
     QList<QObject *> shapes;
 };
 
-class Owner : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(QObject *controller READ controller CONSTANT)
-public:
-    QObject *controller() { return &rows; }
-    ZelArrayController rows;
-};
-
 /// An inspector of two rows in a window.
 struct Panel
 {
@@ -71,8 +62,8 @@ struct Panel
         QTemporaryFile file;
         Bench::expect(file.open(), "cannot write the description");
         file.write("<slice><section>"
-                   "<sliver title='Name'><property type='string' keyPath='controller.selection.name'/></sliver>"
-                   "<sliver title='Width'><property type='number' keyPath='controller.selection.width'/></sliver>"
+                   "<sliver title='Name'><property type='string' keyPath='objects.selection.name'/></sliver>"
+                   "<sliver title='Width'><property type='number' keyPath='objects.selection.width'/></sliver>"
                    "</section></slice>");
         file.close();
         ZelDeclarativeInspectorGenerator generator;
@@ -85,7 +76,7 @@ struct Panel
     }
     ~Panel() { window.hide(); }
 
-    Owner owner;
+    SelectionOwner owner;
     QWidget window;
     std::unique_ptr<ZelInspectorSlice> slice;
 };
@@ -104,7 +95,7 @@ Bench::Work selectAll(Panel &panel, QItemSelectionModel &selection, PaintWatch &
                 watch.waitForPaint();
             },
             [&] {
-                Bench::expect(panel.owner.rows.selectedCount() == g_rowCount, "not all rows are selected");
+                Bench::expect(panel.owner.controller.selectedCount() == g_rowCount, "not all rows are selected");
                 PaintWatch::settle();
             }};
 }
@@ -123,8 +114,8 @@ static void itemModelsSelectAll()
         Panel panel;
         PaintWatch watch(panel.slice->view());
         QItemSelectionModel selection(&table);
-        hasObjects ? new ZelItemSelection(&selection, &panel.owner.rows, Qt::UserRole)
-                   : new ZelItemSelection(&selection, &panel.owner.rows);
+        hasObjects ? new ZelItemSelection(&selection, &panel.owner.controller, Qt::UserRole)
+                   : new ZelItemSelection(&selection, &panel.owner.controller);
         const QString name = QStringLiteral("F2 select %1 rows %2").arg(g_rowCount);
         Bench::compare(name.arg(hasObjects ? "that are objects, against property(name)" : "against property(name)"), 40,
                        selectAll(panel, selection, watch), readByName);
@@ -153,5 +144,3 @@ static void itemModelsWrite()
     Bench::expect(table.shapes.last()->property("width") == QVariant(value), "not every row was written");
 }
 ZEL_BENCHMARK(itemModelsWrite)
-
-#include "itemmodels.moc"

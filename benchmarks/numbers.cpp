@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Bench.h"
 #include "PlainShape.h"
+#include "SelectionOwner.h"
 
 #include "Controls/Fields/ZelTextField.h"
 #include "Controls/ZelLabel.h"
-#include "Core/Selection/ZelArrayController.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 #include "Inspector/Properties/ZelInspectorPointProperty.h"
 #include "ViewController/ZelView.h"
@@ -30,15 +30,6 @@ private:
     QPointF m_place;
 };
 
-class Owner : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(QObject *objects READ objects CONSTANT)
-public:
-    QObject *objects() { return &controller; }
-    ZelArrayController controller;
-};
-
 /// Selected objects and an editor of one of their values, shown.
 template<typename Editor, typename Object> struct Panel
 {
@@ -59,7 +50,7 @@ template<typename Editor, typename Object> struct Panel
     }
 
     std::vector<Object> objects;
-    Owner owner;
+    SelectionOwner owner;
     QWidget window;
     QVBoxLayout column{&window};
     Editor editor;

@@ -2,9 +2,8 @@
 #include "Bench.h"
 #include "PaintWatch.h"
 #include "PlainShape.h"
+#include "SelectionOwner.h"
 #include "ShownForm.h"
-
-#include "Core/Selection/ZelArrayController.h"
 
 #include <QTemporaryFile>
 
@@ -12,15 +11,6 @@
 #include <vector>
 
 namespace {
-
-class Owner : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(QObject *shapes READ shapes CONSTANT)
-public:
-    QObject *shapes() { return &controller; }
-    ZelArrayController controller;
-};
 
 /// An inspector with a row for each of the eight properties of many shapes.
 struct Panel
@@ -33,10 +23,10 @@ struct Panel
         owner.controller.setContent(all);
         QByteArray xml = "<pane><inspector><slice><section>";
         for (const char *row :
-             {"string' keyPath='shapes.selection.name", "boolean' keyPath='shapes.selection.visible",
-              "number' keyPath='shapes.selection.kind", "number' keyPath='shapes.selection.x",
-              "number' keyPath='shapes.selection.y", "number' keyPath='shapes.selection.width",
-              "number' keyPath='shapes.selection.height", "number' keyPath='shapes.selection.opacity"})
+             {"string' keyPath='objects.selection.name", "boolean' keyPath='objects.selection.visible",
+              "number' keyPath='objects.selection.kind", "number' keyPath='objects.selection.x",
+              "number' keyPath='objects.selection.y", "number' keyPath='objects.selection.width",
+              "number' keyPath='objects.selection.height", "number' keyPath='objects.selection.opacity"})
             xml += QByteArray("<sliver title='Row'><property type='") + row + "'/></sliver>";
         Bench::expect(file.open(), "the description cannot be written");
         file.write(xml + "</section></slice></inspector></pane>");
@@ -49,7 +39,7 @@ struct Panel
 
     std::vector<PlainShape> shapes;
     QList<QObject *> all;
-    Owner owner;
+    SelectionOwner owner;
     QTemporaryFile file;
     std::unique_ptr<QWidget> window;
 };
@@ -106,5 +96,3 @@ static void changeOneByOne()
         [&] { change(others); }, Bench::small);
 }
 ZEL_BENCHMARK(changeOneByOne)
-
-#include "selectall.moc"
