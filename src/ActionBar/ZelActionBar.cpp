@@ -4,13 +4,13 @@
 #include "ActionBar/ZelActionBarCheckboxButton.h"
 #include "ActionBar/ZelActionBarPopupButton.h"
 #include "ActionBar/ZelActionBarSeparator.h"
-#include "Controls/ZelDelayedValidation.h"
+#include "Controls/private/ZelDelayedValidation.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Layout/ZelConstraintLayout.h"
 #include "Observation/ZelObservations.h"
-#include "ViewController/ZelActionTarget.h"
 #include "ViewController/ZelInstalledContext.h"
+#include "ViewController/private/ZelActionTarget.h"
 #include "ViewController/private/ZelAssignItems.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "Blocks/ZelColorNameTransformer.h"
 
 #include "Resources/ZelColorList.h"
-#include "Resources/ZelSystemColors.h"
+#include "Resources/private/ZelSystemColors.h"
 
 #include <QHash>
 

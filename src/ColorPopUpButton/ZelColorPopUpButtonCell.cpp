@@ -18,7 +18,7 @@
 #include "Core/Values/private/ZelAssign.h"
 #include "Observation/ZelObservations.h"
 #include "Resources/ZelLocalizedString.h"
-#include "Resources/ZelSystemColors.h"
+#include "Resources/private/ZelSystemColors.h"
 
 const QString ZelColorPopUpButtonDidBecomeActiveNotification =
     QStringLiteral("ZelColorPopUpButtonDidBecomeActiveNotification");

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/ZelSelfValidatingButton.h"
 
-#include "Controls/ZelDelayedValidation.h"
+#include "Controls/private/ZelDelayedValidation.h"
 #include "Core/Errors/ZelExceptionReporter.h"
 #include "Observation/ZelObservations.h"
-#include "ViewController/ZelActionTarget.h"
+#include "ViewController/private/ZelActionTarget.h"
 
 namespace {
 const char g_context = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Resources/ZelColorList.h"
 
-#include "Resources/ZelSystemColors.h"
+#include "Resources/private/ZelSystemColors.h"
 
 #include <algorithm>
 

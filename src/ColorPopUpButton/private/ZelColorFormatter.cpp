@@ -2,7 +2,7 @@
 #include "ColorPopUpButton/private/ZelColorFormatter.h"
 
 #include "Resources/ZelLocalizedString.h"
-#include "Resources/ZelSystemColors.h"
+#include "Resources/private/ZelSystemColors.h"
 
 #include <QRegularExpression>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Controls/ZelDelayedValidation.h"
+#include "Controls/private/ZelDelayedValidation.h"
 
 #include "Observation/ZelMajorEventObservation.h"
 #include "Observation/ZelObservations.h"

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Core/ZelExport.h"
 #include "Observation/ZelDelayedInvocation.h"
 
 /// Makes a control check again whether it can be used, a tenth of a second after any event of the user.
 ///
 /// What the user did may have changed what the receivers of actions can do, and they need not say so. Because of the
 /// delay the check runs after the event's own work, and many events in a row cost one check.
-class ZEL_EXPORT ZelDelayedValidation
+class ZelDelayedValidation
 {
 public:
     /// The block makes the check. It is called only while the validation exists.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Resources/ZelSystemColors.h"
+#include "Resources/private/ZelSystemColors.h"
 
 #include "Resources/ZelLocalizedString.h"
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Core/ZelExport.h"
-
 #include <QColor>
 #include <QString>
 #include <QStringList>
 
 /// The colours of the palette under the names of a desktop's system colours.
-class ZEL_EXPORT ZelSystemColors
+class ZelSystemColors
 {
 public:
     /// All keys in alphabetical order.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ViewController/ZelActionTarget.h"
+#include "ViewController/private/ZelActionTarget.h"
 
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Undo/ZelUndoManager.h"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Core/KeyValue/ZelSelector.h"
-#include "Core/ZelExport.h"
 
 class QWidget;
 
@@ -12,7 +11,7 @@ class QWidget;
 /// The search begins at the focus widget of the active window and goes outwards through parents, controllers and
 /// windows; then it begins at the focus widget of the sender's window, then at the sender. The application object is
 /// asked last.
-class ZEL_EXPORT ZelActionTarget
+class ZelActionTarget
 {
 public:
     /// The target, or the receiver that the search finds. Null if there is none.
