@@ -6,8 +6,8 @@
 #include "Observation/ZelDelayedInvocation.h"
 #include "Resources/ZelNamedImages.h"
 #include "Support/TableRow.h"
+#include "Support/User.h"
 #include "ViewController/ZelViewController.h"
-#include <QtWidgets>
 
 namespace {
 /// What an application's own object looks like.
@@ -65,10 +65,7 @@ struct Window : QWidget
         auto *layout = new QVBoxLayout(this);
         layout->addWidget(field);
         layout->addWidget(bar);
-        show();
-        activateWindow();
-        if (!QTest::qWaitForWindowActive(this))
-            qFatal("no window");
+        User::open(this);
     }
     ZelActionBarItem *addItem(quint32 type = ZelActionBarItem::Button)
     {

@@ -8,8 +8,7 @@
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Values/ZelValues.h"
 #include "Support/TableRow.h"
-#include <QtTest>
-#include <QtWidgets>
+#include "Support/User.h"
 
 inline QVariant several()
 {
@@ -156,10 +155,7 @@ public:
                 whenEdited();
         });
         connect(control, &Control::action, this, [this] { tell("action"); });
-        show();
-        activateWindow();
-        if (!QTest::qWaitForWindowActive(this))
-            qFatal("There is no active window");
+        User::open(this);
         other->setFocus();
     }
     ~ControlPanel() override

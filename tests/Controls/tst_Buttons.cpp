@@ -28,9 +28,7 @@ public:
         elsewhere->setFocusPolicy(Qt::StrongFocus);
         elsewhere->setMinimumSize(40, 40);
         layout->addWidget(button = new ZelSelfValidatingButton("Beep", this, "beep"));
-        show();
-        activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(this));
+        User::open(this);
     }
     Q_INVOKABLE void beep(QObject *sender)
     {

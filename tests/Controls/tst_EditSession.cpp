@@ -187,11 +187,7 @@ private:
         add("refuse", [this](const QString &) { QVERIFY(!editor->commitEditing()); });
         add("discard", [this](const QString &) { editor->discardEditing(); });
         add("undo", [this](const QString &) { panel->undo.undo(); });
-        add("window", [this](const QString &) {
-            window.show();
-            window.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&window));
-        });
+        add("window", [this](const QString &) { User::open(&window); });
         add("menu", [this](const QString &whose) {
             QWidget *edit = field->findChild<QLineEdit *>();
             QMenu menu(whose != "own" ? panel->other.get() : edit ? edit : keys());

@@ -25,9 +25,9 @@
 #include "Resources/ZelBundle.h"
 #include "Support/EditorOwner.h"
 #include "Support/Figure.h"
+#include "Support/Folder.h"
 #include "Support/TableRow.h"
-#include <QtTest>
-#include <QtWidgets>
+#include "Support/User.h"
 #include <memory>
 
 /// A property with its getter and its setter, whose value the object stores by name.
@@ -54,26 +54,19 @@ public:
         owner->names = {"Dots", "Lines", "Waves"};
         for (int i = 0; i < 3; ++i)
             figures.push_back(std::make_unique<Figure>(QStringLiteral("P%1").arg(i)));
-        QFile file(m_folder.filePath("Inspector.xml"));
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("cannot write the description");
-        file.write(description.startsWith("<panes")
-                       ? description
-                       : "<panes><pane><inspector title='Figure'><slice><section>" + description +
-                             "</section></slice></inspector></pane></panes>");
-        file.close();
         ZelDeclarativeInspectorGenerator generator;
-        generator.setUrl(QUrl::fromLocalFile(file.fileName()));
+        generator.setUrl(
+            m_folder.write("Inspector.xml", description.startsWith("<panes")
+                                                ? description
+                                                : "<panes><pane><inspector title='Figure'><slice><section>" +
+                                                      description + "</section></slice></inspector></pane></panes>"));
         generator.setOwner(owner.get());
         inspector.reset(generator.createTabbedInspector());
         auto *column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
         column->addWidget(inspector->view());
         resize(size);
-        show();
-        activateWindow();
-        if (!QTest::qWaitForWindowActive(this))
-            qFatal("the window does not become active");
+        User::open(this);
         settle();
     }
     ~Sheet() override { inspector.reset(); }
@@ -106,11 +99,7 @@ public:
         owner->controller.setSelectedObjects(objects);
         settle();
     }
-    static void settle()
-    {
-        for (int i = 0; i < 3; ++i)
-            QCoreApplication::processEvents();
-    }
+    static void settle() { User::settle(); }
     /// The editor of a key below the selection.
     template<typename Editor> Editor *editor(const QString &key) const
     {
@@ -144,10 +133,8 @@ public:
     static void click(QWidget *widget, const QPoint &position, Qt::KeyboardModifiers modifiers = {})
     {
         QWidget *window = widget->window();
-        if (!QApplication::activePopupWidget() && !window->isActiveWindow()) {
-            window->activateWindow(); // there is no window manager to do it
-            (void)QTest::qWaitForWindowActive(window);
-        }
+        if (!QApplication::activePopupWidget() && !window->isActiveWindow())
+            User::activate(window);
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget->mapTo(window, position));
         settle();
     }
@@ -159,16 +146,11 @@ public:
                            widget->mapTo(widget->window(), position));
         settle();
     }
-    /// Keys go to the pop-up in front, or else to the window that is active.
-    static void press(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(keyWindow(), Qt::Key(key), modifiers);
-        settle();
-    }
+    static void press(int key, Qt::KeyboardModifiers modifiers = {}) { User::press(key, modifiers); }
     static void type(const QString &text)
     {
         for (QChar character : text)
-            QTest::keyClick(keyWindow(), character.toLatin1());
+            QTest::keyClick(User::keyWindow(), character.toLatin1());
         settle();
     }
     /// Replaces what stands in a field.
@@ -328,14 +310,6 @@ private:
         }
         return nullptr;
     }
-    static QWindow *keyWindow()
-    {
-        const QWidget *popup = QApplication::activePopupWidget();
-        QWindow *window = popup ? popup->windowHandle() : QGuiApplication::focusWindow();
-        if (!window)
-            qFatal("no window has the focus");
-        return window;
-    }
 
-    QTemporaryDir m_folder;
+    Folder m_folder;
 };

@@ -4,9 +4,8 @@
 #include "Controls/Cells/ZelSegmentedControl.h"
 #include "Inspector/Properties/ZelOriginSelectionView.h"
 #include "Support/TableRow.h"
+#include "Support/User.h"
 #include "TabBar/ZelButtonMatrix.h"
-#include <QTest>
-#include <QtWidgets>
 
 namespace {
 QList<int> g_clicked;
@@ -114,9 +113,7 @@ public:
     {
         widget->resize(widget->sizeHint());
         widget->setParent(&window);
-        window.show();
-        window.activateWindow();
-        isReady = QTest::qWaitForWindowActive(&window);
+        User::open(&window);
         window.setFocusPolicy(Qt::StrongFocus);
         window.setFocus();
         begin(widget, 0);
@@ -157,7 +154,6 @@ public:
     QPointer<QWidget> widget;
     ZelCellGroup *group;
     QAccessibleInterface *spoken;
-    bool isReady = false;
 };
 } // namespace
 
@@ -254,7 +250,7 @@ private Q_SLOTS:
                 const bool chooses = kind.cell == QAccessible::RadioButton || kind.cell == QAccessible::PageTab;
                 const Cells cells(kind);
                 cells.widget->setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
-                QVERIFY(cells.isReady && !cells.spoken->focusChild());
+                QVERIFY(!cells.spoken->focusChild());
                 cells.widget->setFocus(Qt::TabFocusReason);
                 begin(cells.widget, row.from);
                 const int to = isMirrored ? row.toMirrored : row.to;

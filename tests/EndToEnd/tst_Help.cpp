@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Controls/private/ZelControlSupport.h"
 #include "FigureSheet.h"
 
 namespace {

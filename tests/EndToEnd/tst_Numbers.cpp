@@ -67,14 +67,6 @@ struct NumberWindow : Sheet
         QTest::mouseRelease(windowHandle(), Qt::LeftButton, {}, m_last);
         settle();
     }
-    void wheel(QWidget *widget, int steps)
-    {
-        const QPointF position = widget->mapTo(this, widget->rect().center());
-        QWheelEvent event(position, mapToGlobal(position), {}, {0, 120 * steps}, Qt::NoButton, {}, Qt::NoScrollPhase,
-                          false);
-        QCoreApplication::sendEvent(windowHandle(), &event);
-        settle();
-    }
 
     ZelTextField *field;
     ZelStepper *stepper;
@@ -232,7 +224,7 @@ private Q_SLOTS:
         QCOMPARE(window.heights(), (Numbers{31.8, 41.8, 51.8}));
         Sheet::press(Qt::Key_PageUp);
         QCOMPARE(window.heights(), (Numbers{51.8, 61.8, 71.8}));
-        window.wheel(window.field, 2);
+        User::turnWheel(window.field, 240);
         QCOMPARE(window.heights(), (Numbers{55.8, 65.8, 75.8}));
         QCOMPARE(window.stack.count(), 1);
         Sheet::press(Qt::Key_PageUp, Qt::ShiftModifier); // the limits hold for each
@@ -278,8 +270,8 @@ private Q_SLOTS:
         QVERIFY(!(window.stepper->focusPolicy() & Qt::TabFocus));
         Sheet::click(window.stepper, {5, 4});
         QCOMPARE(window.heights(), (Numbers{12, 22, 32}));
-        window.wheel(window.stepper, -3);
-        window.wheel(window.stepper, -1);
+        User::turnWheel(window.stepper, -360);
+        User::turnWheel(window.stepper, -120);
         QCOMPARE(window.heights(), (Numbers{4, 14, 24}));
         QCOMPARE(window.stack.count(), 2);
         window.undo();

@@ -114,8 +114,7 @@ private Q_SLOTS:
                 control->setMinimumHeight(20);
                 area.resize(300, 200);
                 page->resize(280, 80);
-                area.show();
-                QVERIFY(QTest::qWaitForWindowActive(&area));
+                User::open(&area);
                 area.setFocus();
                 const bool reports = control->metaObject()->indexOfSignal("valueEdited()") >= 0;
                 const QSignalSpy edits(control, reports ? SIGNAL(valueEdited()) : SIGNAL(destroyed()));

@@ -17,7 +17,6 @@ struct Money
 class Stamp : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QVariant any READ any WRITE setAny NOTIFY changed)
 public:
     enum class Pen { NoPen = -1, SolidLine, DashDotLine = 7, Alias = 7 };
     Q_ENUM(Pen)
@@ -44,13 +43,9 @@ public:
     STORED(qint64, signedNumber, setSignedNumber)
     STORED(quint64, unsignedNumber, setUnsignedNumber)
     STORED(QPixmap, picture, setPicture)
-    QVariant any() const { return values.value("any"); }
-    void setAny(const QVariant &value) { store("any", value); }
-
+    STORED(QVariant, any, setAny)
+    Q_SIGNAL void changed();
     QVariantMap values;
-
-Q_SIGNALS:
-    void changed();
 
 private:
     void store(const QString &key, const QVariant &value)
@@ -64,11 +59,9 @@ private:
 class Seal : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(Stamp::Pen pen MEMBER pen NOTIFY changed)
 public:
-    Stamp::Pen pen = Stamp::Pen::NoPen;
-Q_SIGNALS:
-    void changed();
+    MODEL_VALUE(Stamp::Pen, pen, Stamp::Pen::NoPen)
+    Q_SIGNAL void changed();
 };
 
 struct Desk : Sheet

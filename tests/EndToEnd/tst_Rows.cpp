@@ -12,7 +12,6 @@ class Bottle : public QObject
     Q_OBJECT
     Q_PROPERTY(double height READ height WRITE setHeight RESET resetHeight NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
-    Q_PROPERTY(uchar flags MEMBER flags NOTIFY changed)
 public:
     double height() const { return m_height; }
     void setHeight(double height)
@@ -22,11 +21,8 @@ public:
     }
     void resetHeight() { setHeight(33); }
     QString name() const { return "bottle"; }
-
-    uchar flags = 0;
-
-Q_SIGNALS:
-    void changed();
+    MODEL_VALUE(uchar, flags, 0)
+    Q_SIGNAL void changed();
 
 private:
     double m_height = 1;

@@ -2,7 +2,6 @@
 #include "FigureSheet.h"
 #include "Inspector/Properties/private/ZelParagraphStyleProxy.h"
 #include "Inspector/Properties/private/ZelTextFormatImages.h"
-#include "Inspector/ZelParagraphStyleInspector.h"
 #include "Resources/ZelNamedImages.h"
 #include "Support/Failures.h"
 #include "Support/Recorder.h"

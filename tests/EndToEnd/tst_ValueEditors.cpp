@@ -311,8 +311,7 @@ private Q_SLOTS:
         panel->setCurrentColor(QColor(1, 2, 3));
         QCOMPARE(window.color(0, "fill"), QColor(1, 2, 3));
         QCOMPARE(window.stack.undoText(), "Change fill");
-        panel->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(panel));
+        User::activate(panel);
         panel->findChild<QSpinBox *>()->setFocus();                             // which would keep the key for itself
         QTest::keyClick(panel->windowHandle(), Qt::Key_Z, Qt::ControlModifier); // in the window that it edits
         QCOMPARE(window.color(0, "fill"), QColor(Qt::red));

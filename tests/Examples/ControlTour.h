@@ -11,11 +11,10 @@
 #include "Inspector/Properties/ZelInspectorArrayProperty.h"
 #include "Inspector/Properties/ZelInspectorAttributedStringProperty.h"
 #include "Inspector/Properties/ZelInspectorFontProperty.h"
-#include "Inspector/Reports.h"
 #include "Support/Failures.h"
+#include "Support/Reports.h"
+#include "Support/User.h"
 #include "ViewController/ZelView.h"
-#include <QtTest>
-#include <QtWidgets>
 
 /// Changes every control of an inspector as a user does, with mouse and keyboard, and notes what is wrong.
 ///
@@ -58,6 +57,11 @@ public:
             if (control.widget->isEnabled())
                 visit(control);
         }
+    }
+    static bool isControl(const QWidget *widget)
+    {
+        const Kind *kind = kindOf(widget);
+        return kind && kind->effect != Contains;
     }
     /// What is wrong, a line for each.
     QString faults() const { return m_faults.join('\n'); }
@@ -202,7 +206,7 @@ private:
         const Kind *kind = kindOf(widget);
         if (!kind && widget->focusPolicy() != Qt::NoFocus && widget->isEnabled())
             return fault("is of a class that is not known: " + nameOf(widget));
-        if (kind && kind->effect != Contains) {
+        if (isControl(widget)) {
             const auto *segments = qobject_cast<ZelSegmentedControl *>(widget);
             const QObject *controller = controllerOf(widget);
             const bool isEnabled = !controller || controller->property("enabled") != false;
@@ -235,7 +239,7 @@ private:
                 (void)QTest::qWaitFor([&control] { return control.widget->isEnabled(); }, 1000);
             }
         }
-        settle();
+        User::settle();
         if (control.widget->isEnabled() || !m_outer.widget)
             return;
         // What was chosen before may have made it meaningless, until the window is opened again.
@@ -329,7 +333,7 @@ private:
             m_program.undoStack->undo();
         if (m_program.situation() != situation)
             m_program.restore();
-        settle();
+        User::settle();
     }
 
     void checkReach(const Control &control, const State &before, const State &after)
@@ -356,13 +360,13 @@ private:
     {
         const bool isInFront = !m_outer.widget && control.widget && control.widget->window()->isActiveWindow();
         isInFront ? m_program.undo() : m_program.undoStack->undo();
-        settle();
+        User::settle();
         compare(state(), before, "after undo");
         isInFront ? m_program.redo() : m_program.undoStack->redo();
-        settle();
+        User::settle();
         compare(state(), after, "after redo");
         m_program.undoStack->undo();
-        settle();
+        User::settle();
         compare(state(), before, "after a second undo");
     }
 
@@ -398,28 +402,17 @@ private:
 
     // What the user does
 
-    static void settle()
-    {
-        for (int i = 0; i < 4; ++i)
-            QCoreApplication::processEvents();
-    }
-    /// Keys go to the pop-up in front, or else to the window that is active.
-    static QWindow *keyWindow()
-    {
-        const QWidget *popup = QApplication::activePopupWidget();
-        return popup ? popup->windowHandle() : QGuiApplication::focusWindow();
-    }
     /// Presses keys, such as "Ctrl+A Return", and types what names none.
     static void press(const QString &words)
     {
         for (const QString &word : words.split(' ')) {
             const QKeyCombination keys = QKeySequence(word)[0];
             const bool isKey = word.size() > 1 && QKeySequence(word).count() == 1 && keys.key() != Qt::Key_unknown;
-            for (qsizetype i = 0; i < (isKey ? 1 : word.size()) && keyWindow(); ++i)
-                isKey ? QTest::keyClick(keyWindow(), keys.key(), keys.keyboardModifiers())
-                      : QTest::keyClick(keyWindow(), word[i].toLatin1());
+            for (qsizetype i = 0; i < (isKey ? 1 : word.size()) && User::keyWindow(); ++i)
+                isKey ? QTest::keyClick(User::keyWindow(), keys.key(), keys.keyboardModifiers())
+                      : QTest::keyClick(User::keyWindow(), word[i].toLatin1());
         }
-        settle();
+        User::settle();
     }
     static QPoint firstCell(const QTableView *table)
     {
@@ -433,11 +426,9 @@ private:
                 area->ensureWidgetVisible(widget, 0, 0);
         }
         QWidget *window = widget->window();
-        if (!QApplication::activePopupWidget() && !window->isActiveWindow()) {
-            window->activateWindow(); // there is no window manager to do it
-            (void)QTest::qWaitForWindowActive(window);
-        }
-        settle();
+        if (!QApplication::activePopupWidget() && !window->isActiveWindow())
+            User::activate(window);
+        User::settle();
         const QPoint place = widget->mapTo(window, position);
         const QWidget *hit = window->childAt(place);
         if (!hit || (hit != widget && !widget->isAncestorOf(hit)))
@@ -448,7 +439,7 @@ private:
     {
         const QPoint place = reach(widget, position);
         QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {}, place);
-        settle();
+        User::settle();
     }
     void clickCentre(QWidget *widget) { click(widget, widget->rect().center()); }
     void change(const Control &control, int attempt)
@@ -491,7 +482,7 @@ private:
         QTest::mouseMove(window, (start + end) / 2);
         QTest::mouseMove(window, end);
         QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-        settle();
+        User::settle();
     }
     static void chooseItem(ControlTour &tour, QWidget *widget, int attempt)
     {
@@ -511,7 +502,7 @@ private:
             return press("Escape");
         const QPoint place = others[(others.size() / 2 + attempt) % others.size()].center();
         QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, place);
-        settle();
+        User::settle();
         if (button->isMenuOpen())
             press("Escape");
     }
@@ -523,7 +514,7 @@ private:
         const QPoint place = firstCell(table);
         tour.click(table, place);
         QTest::mouseDClick(table->window()->windowHandle(), Qt::LeftButton, {}, table->mapTo(table->window(), place));
-        settle();
+        User::settle();
         press("Ctrl+A cell Return");
     }
 

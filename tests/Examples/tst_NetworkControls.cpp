@@ -9,11 +9,6 @@ class tst_NetworkControls : public QObject
     Q_OBJECT
     NetworkWindow *m_window = nullptr;
     QList<Node *> m_nodes;
-    static void settle()
-    {
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
-    }
     /// Clicks rows of the tree, the later ones with Control.
     void clickRows(const QList<int> &nodes)
     {
@@ -27,7 +22,7 @@ class tst_NetworkControls : public QObject
             QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, modifiers, place);
             modifiers = Qt::ControlModifier;
         }
-        settle();
+        User::settle();
     }
     QObjectList models() const
     {
@@ -40,11 +35,6 @@ class tst_NetworkControls : public QObject
         return models;
     }
     QVariant situation() const { return int(m_window->tree()->selectionModel()->selectedRows().size()); }
-    void key(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
-    {
-        QTest::keyClick(m_window->windowHandle(), Qt::Key(key), modifiers);
-        settle();
-    }
 
 private Q_SLOTS:
     void initTestCase()
@@ -55,8 +45,7 @@ private Q_SLOTS:
         }
         QVERIFY(m_window);
         m_window->resize(900, 900);
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        User::activate(m_window);
         m_nodes = m_window->model().nodes();
     }
 
@@ -88,8 +77,8 @@ private Q_SLOTS:
                           .models = [this] { return models(); },
                           .situation = [this] { return situation(); },
                           .restore = [&] { clickRows(nodes); },
-                          .undo = [this] { key(Qt::Key_Z); },
-                          .redo = [this] { key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }});
+                          .undo = [] { User::press(Qt::Key_Z, Qt::ControlModifier); },
+                          .redo = [] { User::press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }});
         tour.visitAll(inspector->panes()[tab]->view());
         QCOMPARE(tour.faults(), QString());
         QCOMPARE((tour.found - tour.changed).values().join('\n'), QString());

@@ -2,9 +2,7 @@
 #include "Controls/Fields/ZelGrowingTextField.h"
 #include "Examples/ControlTour.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/ZelInspector.h"
 #include "Inspector/ZelTabbedInspector.h"
-#include "TabBar/ZelTabBar.h"
 #include "canvas/Canvas.h"
 #include "canvas/CanvasArea.h"
 #include "window/InspectorPanel.h"
@@ -62,11 +60,8 @@ class tst_ShapesControls : public QObject
         fill(m_window->document());
         select(rows);
         m_window->resize(1400, 1100);
-        m_window->show();
-        m_window->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_window.get()))
-            qFatal("the window does not become active");
-        settle();
+        User::open(m_window.get());
+        User::settle();
     }
     void select(const QList<int> &rows)
     {
@@ -75,17 +70,12 @@ class tst_ShapesControls : public QObject
             chosen.append(shape(row));
         m_window->selection().set(chosen);
     }
-    static void settle()
-    {
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
-    }
     QWindow *handle() { return m_window->windowHandle(); }
     Shape *shape(int row) { return m_window->document().shapes()[row]; }
     void trigger(Actions::Id action)
     {
         m_window->actions()[action]->trigger();
-        settle();
+        User::settle();
     }
     InspectorPanel *panel() { return m_window->findChild<InspectorPanel *>(); }
     ZelTabbedInspector *inspector() { return m_window->findChild<ZelTabbedInspector *>(); }
@@ -103,34 +93,13 @@ class tst_ShapesControls : public QObject
         }
         return nullptr;
     }
-    void press(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(m_window->windowHandle(), Qt::Key(key), modifiers);
-        settle();
-    }
     /// The control of the inspector to which the widget belongs.
     static QWidget *controlOf(QWidget *widget)
     {
-        static const QByteArrayList classes{"ZelTextField",
-                                            "ZelGrowingTextField",
-                                            "ZelComboBox",
-                                            "ZelGrowingTextView",
-                                            "ZelCheckBox",
-                                            "ZelSlider",
-                                            "ZelPopUpButton",
-                                            "ZelSegmentedControl",
-                                            "ZelDatePicker",
-                                            "QTableView",
-                                            "SwatchRow",
-                                            "ZelHoverButton",
-                                            "ZelPushButton",
-                                            "ZelExpandableHeader",
-                                            "ZelOriginSelectionView",
-                                            "ZelButtonMatrix",
-                                            "QLineEdit"};
         QWidget *control = nullptr;
         for (; widget; widget = widget->parentWidget()) {
-            if (std::ranges::any_of(classes, [&](const char *name) { return widget->inherits(name); }))
+            const bool isOfEditor = ControlTour::isControl(widget) && !qobject_cast<ZelStepper *>(widget);
+            if (isOfEditor || widget->inherits("ZelButtonMatrix") || qobject_cast<QLineEdit *>(widget))
                 control = widget;
         }
         return control;
@@ -173,7 +142,7 @@ class tst_ShapesControls : public QObject
         QList<QWidget *> met;
         QImage focused;
         for (int i = 0; i < 200; ++i) {
-            press(isForward ? Qt::Key_Tab : Qt::Key_Backtab, isForward ? Qt::NoModifier : Qt::ShiftModifier);
+            User::press(isForward ? Qt::Key_Tab : Qt::Key_Backtab, isForward ? Qt::NoModifier : Qt::ShiftModifier);
             QWidget *focus = QApplication::focusWidget();
             QWidget *control = focus && panel()->isAncestorOf(focus) ? controlOf(focus) : nullptr;
             if (!met.isEmpty() && control != met.last() && met.last()->grab().toImage() == focused)
@@ -211,11 +180,11 @@ private Q_SLOTS:
     {
         open({6});
         panel()->selectTab(3);
-        settle();
+        User::settle();
         select({});
-        settle();
+        User::settle();
         select({2});
-        settle();
+        User::settle();
         panel()->selectTab(0);
         const QWidget *document = inspector()->currentInspector()->scrollView()->documentView();
         QTRY_COMPARE(document->height(), document->minimumSizeHint().height());
@@ -229,7 +198,7 @@ private Q_SLOTS:
             field->selectAll();
             QTest::keyClicks(field, text);
             QTest::keyClick(handle(), Qt::Key_Return);
-            settle();
+            User::settle();
         };
         ZelTextField *rotation = numberField("selectionController.selection.rotation");
         enter(rotation, "i*45+400");
@@ -274,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(m_window->selection().shapes(), QList<Shape *>{shape(9)});
         for (const bool isCollapsed : {true, false}) {
             QTest::keyClick(handle(), Qt::Key_F9);
-            settle();
+            User::settle();
             QCOMPARE(m_window->panes().isCollapsed(Panes::Inspector), isCollapsed);
         }
     }
@@ -312,7 +281,7 @@ private Q_SLOTS:
         open({9});
         panel()->selectTab(tab);
         m_window->setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        settle();
+        User::settle();
         const QList<QWidget *> controls = usableControls();
         QVERIFY(controls.size() > 5);
         QStringList faults;
@@ -332,29 +301,29 @@ private Q_SLOTS:
         QWidget *list = m_window->findChild<ShapeListView *>();
         QWidget *canvas = m_window->findChild<Canvas *>();
         canvas->setFocus();
-        press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
         QWidget *first = QApplication::focusWidget();
         QVERIFY(panel()->isAncestorOf(first));
-        press(Qt::Key_Tab);
+        User::press(Qt::Key_Tab);
         QWidget *second = QApplication::focusWidget();
         QVERIFY(second != first && panel()->isAncestorOf(second));
-        press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
         QCOMPARE(QApplication::focusWidget(), list);
-        press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
         QCOMPARE(QApplication::focusWidget(), canvas);
-        press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
         QCOMPARE(QApplication::focusWidget(), second);
-        press(Qt::Key_F6, Qt::ShiftModifier);
+        User::press(Qt::Key_F6, Qt::ShiftModifier);
         QCOMPARE(QApplication::focusWidget(), canvas);
-        press(Qt::Key_F8); // the list is collapsed
-        press(Qt::Key_F6, Qt::ShiftModifier);
+        User::press(Qt::Key_F8); // the list is collapsed
+        User::press(Qt::Key_F6, Qt::ShiftModifier);
         QCOMPARE(QApplication::focusWidget(), second);
 
         auto *field = panel()->findChild<ZelGrowingTextField *>(); // which makes what has the focus only for that time
         field->setFocus();
         QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
-        press(Qt::Key_F6);
-        press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
+        User::press(Qt::Key_F6);
         QVERIFY(field->isAncestorOf(QApplication::focusWidget()));
     }
 

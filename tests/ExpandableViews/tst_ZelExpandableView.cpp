@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ExpandableViews/ZelExpandableHeader.h"
 #include "ExpandableViews/ZelExpandableView.h"
-#include <QtTest>
-#include <QtWidgets>
+#include "Support/User.h"
 
 class tst_ZelExpandableView : public QObject
 {
@@ -25,9 +24,7 @@ private Q_SLOTS:
         layout->addWidget(m_view);
         layout->addStretch();
         m_window->resize(400, 300);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        User::open(m_window.get());
     }
 
     void foldsItsBodyAway()

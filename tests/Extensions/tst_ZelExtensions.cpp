@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Errors/ZelAssertions.h"
 #include "Extensions/ZelAlert.h"
 #include "Extensions/ZelRecoverableError.h"
 #include "Extensions/ZelTimingLog.h"
 #include "Support/Failures.h"
-#include <QPointer>
-#include <QPushButton>
-#include <QTest>
+#include "Support/User.h"
 
 /// Clicks the button; Escape without a title.
 static void answer(QMessageBox *box, const QString &title)
@@ -53,9 +50,7 @@ private Q_SLOTS:
     void anErrorsOptionsAreTheButtons()
     {
         QWidget window;
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        User::open(&window);
         int attempted = 0;
         QList<bool> told;
         const auto check = [&](const char *click, int attempts, bool isRecovered) {

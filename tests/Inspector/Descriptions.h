@@ -6,7 +6,6 @@
 #include "Inspector/Properties/ZelInspectorBooleanProperty.h"
 #include "Inspector/Properties/ZelInspectorCustomProperty.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
-#include "Inspector/Reports.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
@@ -14,27 +13,18 @@
 #include "Resources/ZelBundle.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/EditorOwner.h"
+#include "Support/Folder.h"
 #include "Support/Person.h"
-#include <QtTest>
-#include <QtWidgets>
+#include "Support/Reports.h"
+#include "Support/User.h"
 
 /// Description files, in a folder that stands for the application's resources.
-class Descriptions
+class Descriptions : public Folder
 {
 public:
-    Descriptions() { ZelBundle::mainBundle().setResourcePaths({m_folder.path()}); }
+    Descriptions() { ZelBundle::mainBundle().setResourcePaths({path()}); }
     ~Descriptions() { ZelBundle::mainBundle().setResourcePaths({}); }
     Q_DISABLE_COPY_MOVE(Descriptions)
-    QUrl write(const QString &name, const QByteArray &text) const
-    {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot write %s", qPrintable(name));
-        return QUrl::fromLocalFile(file.fileName());
-    }
-
-private:
-    QTemporaryDir m_folder;
 };
 
 /// A slice with this content: both kinds begin the third line.
@@ -45,6 +35,10 @@ inline QByteArray inSection(const QByteArray &rows)
 inline QByteArray inSliver(const QByteArray &editors)
 {
     return "<slice><section>\n<sliver>\n" + editors + "</sliver></section></slice>";
+}
+inline QByteArray box(const QByteArray &title, const QByteArray &rows)
+{
+    return "<inspector title='" + title + "'>" + inSection(rows) + "</inspector>";
 }
 
 /// An editor that notes what it is told.

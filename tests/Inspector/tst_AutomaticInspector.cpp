@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Blocks/ZelWindow.h"
 #include "Inspector/Descriptions.h"
 #include "Inspector/ZelAutomaticPane.h"
 #include "Support/Figure.h"
+#include "Support/ModelValue.h"
 
 namespace {
 /// What Figure lacks.
@@ -24,28 +24,19 @@ class Sample : public Figure
     Q_CLASSINFO("zel.angel.unit", "°")
     Q_CLASSINFO("zel.titel", "Sample")
     Q_CLASSINFO("zel.palette.type", "custom")
-    Q_PROPERTY(Qt::Alignment alignment MEMBER alignment NOTIFY changed)
-    Q_PROPERTY(Qt::Orientation axis MEMBER axis NOTIFY changed)
-    Q_PROPERTY(qlonglong large MEMBER large NOTIFY changed)
-    Q_PROPERTY(float angle MEMBER angle NOTIFY changed)
-    Q_PROPERTY(QPoint corner MEMBER corner NOTIFY changed)
-    Q_PROPERTY(QRect area MEMBER area NOTIFY changed)
-    Q_PROPERTY(QUuid uuid MEMBER uuid NOTIFY changed)
-    Q_PROPERTY(QKeySequence shortcut MEMBER shortcut NOTIFY changed)
-    Q_PROPERTY(QPalette palette MEMBER palette NOTIFY changed)
+public:
+    MODEL_VALUE(Qt::Alignment, alignment, Qt::AlignLeft | Qt::AlignTop)
+    MODEL_VALUE(Qt::Orientation, axis, Qt::Horizontal)
+    MODEL_VALUE(qlonglong, large, 9007199254740993)
+    MODEL_VALUE(float, angle, 0.25F)
+    MODEL_VALUE(QPoint, corner, -3, 4)
+    MODEL_VALUE(QRect, area, 1, 2, 3, 4)
+    MODEL_VALUE(QUuid, uuid, QUuid::createUuid())
+    MODEL_VALUE(QKeySequence, shortcut, Qt::CTRL | Qt::Key_A)
+    MODEL_VALUE(QPalette, palette, )
     Q_PROPERTY(bool inside MEMBER inside NOTIFY changed DESIGNABLE false)
     Q_PROPERTY(bool within MEMBER inside NOTIFY changed DESIGNABLE false)
     Q_PROPERTY(double height READ height CONSTANT)
-public:
-    Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop;
-    Qt::Orientation axis = Qt::Horizontal;
-    qlonglong large = 9007199254740993;
-    float angle = 0.25F;
-    QPoint corner{-3, 4};
-    QRect area{1, 2, 3, 4};
-    QUuid uuid = QUuid::createUuid();
-    QKeySequence shortcut{Qt::CTRL | Qt::Key_A};
-    QPalette palette;
     bool inside = false;
 };
 

@@ -59,19 +59,13 @@ class tst_InspectorContainers : public QObject
         layout->addWidget(m_root->view());
         m_window->resize(300, 500);
         m_window->show();
-        settle();
-    }
-    /// Deferred work and layout.
-    static void settle()
-    {
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
+        User::settle();
     }
     void setExtra(const QVariant &value)
     {
         m_owner->extra = value;
         Q_EMIT m_owner->extraChanged();
-        settle();
+        User::settle();
     }
     template<typename Class> Class *find() const { return m_root->findChild<Class *>(); }
     template<typename Class> QList<Class *> all() const { return m_root->findChildren<Class *>(); }
@@ -195,7 +189,7 @@ private Q_SLOTS:
         m_owner->setUnlocked(true);
         QCOMPARE(state(), "----");
         m_window->layout()->addWidget(slice->view());
-        settle();
+        User::settle();
         QCOMPARE(state(), "++++");
     }
 
@@ -222,7 +216,7 @@ private Q_SLOTS:
         m_owner->setUnlocked(false);
         QCOMPARE(views(), all);
         QCOMPARE(shown(all), "+-+");
-        settle();
+        User::settle();
         QCOMPARE(all.at(2)->y(), all.at(0)->geometry().bottom() + 1);
     }
 
@@ -354,7 +348,7 @@ private Q_SLOTS:
         // Where one that is told opens an event loop, the others are not held up.
         QStringList inTime;
         connect(pane->inspectors().first(), &ZelInspectorConditionalContainer::visibleChanged, this, [&] {
-            settle();
+            User::settle();
             inTime.append(find<NotingProperty>()->takeLog());
         });
         toggle();
@@ -372,7 +366,7 @@ private Q_SLOTS:
             "value='0'><sliver>%</sliver></choice><choice title='Member' value='1'><sliver>%</sliver><sliver>%</sliver>"
             "</choice></chooser>");
         const auto state = [&]() -> QString {
-            settle();
+            User::settle();
             const qsizetype current = chooser->choices().indexOf(chooser->currentChoice());
             return say(current, chooser->property()->popUpButton()->shownText()) + shown(editorViews());
         };
@@ -405,7 +399,7 @@ private Q_SLOTS:
         chooser->setEnabledKeyPath("unlocked");
         QVERIFY(button->isEnabled());
         m_owner->setUnlocked(false);
-        settle();
+        User::settle();
         QVERIFY(!button->isEnabled());
     }
 
@@ -430,7 +424,7 @@ private Q_SLOTS:
             button->setFocus();
             QTest::keyClick(button, Qt::Key_C);
             QVERIFY(m_people[0]->property(key) == chosen && m_people[1]->property(key) == chosen);
-            settle();
+            User::settle();
             QCOMPARE(button->shownText(), "C");
             QCOMPARE(chooser->currentChoice(), chooser->choices().at(2));
         }
@@ -453,7 +447,7 @@ private Q_SLOTS:
         QCOMPARE(rows.at(2)->view()->height(), 0);
         rows.at(1)->setFullWidth(false);
         rows.at(0)->setTitle({});
-        settle();
+        User::settle();
         QCOMPARE(places(rows.at(1)), "82 5 0");
         QCOMPARE(rows.at(1)->label()->text(), "Full");
         QVERIFY(!rows.at(0)->label() && !rows.at(0)->baselineConstraint());
@@ -469,7 +463,7 @@ private Q_SLOTS:
         const int height = row->properties().first()->view()->height();
         QCOMPARE(places(row), QString("82 113 0, 191 5 0, 82 5 %1, 82 5 %2").arg(height).arg(2 * height));
         m_window->setLayoutDirection(Qt::RightToLeft);
-        settle();
+        User::settle();
         QCOMPARE(places(row), QString("114 82 0, 5 190 0, 5 82 %1, 5 82 %2").arg(height).arg(2 * height));
     }
 
@@ -566,7 +560,7 @@ private Q_SLOTS:
                 for (auto *container : all<ZelInspectorConditionalContainer>())
                     connect(container, &ZelInspectorConditionalContainer::visibleChanged, this, kill);
                 m_owner->setUnlocked(!isVisible);
-                settle();
+                User::settle();
                 cleanup();
                 QVERIFY(!ZelIsObserved(m_owner.get(), "unlocked"));
             }

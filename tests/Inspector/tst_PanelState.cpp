@@ -11,10 +11,6 @@ const QByteArray g_frame = "<sliver><property type='frame' keyPath='people.selec
                            "</sliver>";
 const QByteArray g_name = "<sliver title='Name'><property type='string' keyPath='people.selection.name'/></sliver>";
 
-QByteArray box(const QByteArray &title, const QByteArray &rows)
-{
-    return "<inspector title='" + title + "'>" + inSection(rows) + "</inspector>";
-}
 QByteArray pane(const QByteArray &title, const QByteArray &boxes)
 {
     return "<pane title='" + title + "'>" + boxes + "</pane>";
@@ -47,16 +43,10 @@ class tst_PanelState : public QObject
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(panel->view());
         m_window->resize(300, 400);
-        m_window->show();
-        m_window->activateWindow();
-        settle();
+        User::open(m_window.get());
+        User::settle();
     }
     void close() { m_window.reset(); }
-    static void settle()
-    {
-        for (int i = 0; i < 4; ++i)
-            QCoreApplication::processEvents();
-    }
     static ZelInspectorPane *paneNamed(const Panel &panel, const QString &name)
     {
         for (ZelInspectorPane *pane : panel->panes()) {
@@ -204,7 +194,7 @@ private Q_SLOTS:
             QVERIFY(panel->selectedPaneIndex() < 2);
         }
         QVERIFY(accepted > 50);
-        settle();
+        User::settle();
     }
 
     void aKeyKeepsTheStateInTheSettings()
@@ -268,16 +258,16 @@ private Q_SLOTS:
             ZelInspectorPane *pane = panel->panes()[0];
             QTRY_COMPARE(scrollBar(pane)->value(), 300);
             panel->setSelectedPaneIndex(1);
-            settle();
+            User::settle();
             panel->setSelectedPaneIndex(0);
-            settle();
+            User::settle();
             QCOMPARE(scrollBar(pane)->value(), 300);
             // It cannot scroll while the column is short, and does so later unless the user scrolls meanwhile.
             pane->inspectors()[0]->setExpanded(false);
-            settle();
+            User::settle();
             QCOMPARE(pane->scrollPosition(), 0);
             pane->setScrollPosition(200);
-            settle();
+            User::settle();
             QCOMPARE(pane->scrollPosition(), 200);
             QCOMPARE(scrollBar(pane)->value(), 0);
             pane->inspectors()[0]->setExpanded(true);
@@ -285,7 +275,7 @@ private Q_SLOTS:
             pane->setScrollPosition(100000);
             scrollBar(pane)->setValue(50);
             m_window->resize(300, 300);
-            settle();
+            User::settle();
             QCOMPARE(pane->scrollPosition(), 50);
             QCOMPARE(scrollBar(pane)->value(), 50);
         });
@@ -396,11 +386,11 @@ private Q_SLOTS:
         run(text, [](const Panel &panel) {
             panel->panes()[0]->inspectors()[1]->setExpanded(false);
             panel->setSearchText("more");
-            settle();
+            User::settle();
             QCOMPARE(folds(panel->panes()[0]), "++");
         });
         run(text, [](const Panel &panel) {
-            settle();
+            User::settle();
             QCOMPARE(panel->searchText(), "more");
             QCOMPARE(folds(panel->panes()[0]), "++");
             panel->setSearchText({});

@@ -8,10 +8,6 @@ QByteArray row(const QByteArray &title, const QByteArray &key, const QByteArray 
     return "<sliver title='" + title + "'><property type='" + type + "' keyPath='people.selection." + key +
            "'/></sliver>\n";
 }
-QByteArray box(const QByteArray &title, const QByteArray &rows)
-{
-    return "<inspector title='" + title + "'>" + inSection(rows) + "</inspector>";
-}
 /// Two panes: the second is long, and its editors of "height" are the only ones of that key.
 QByteArray panel(const QByteArray &inserted = {})
 {
@@ -66,9 +62,7 @@ class tst_ZelLiveInspector : public QObject
         m_live->setOwner(m_owner.get());
         m_live->setUrl(url);
         m_window->resize(360, 500);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        User::open(m_window.get());
     }
 
     std::unique_ptr<Descriptions> m_files;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Resources/ZelColor.h"
+#include "Support/ModelValue.h"
 #include "Support/Person.h"
 #include "Text/ZelAttributedString.h"
 #include <QDateTime>
@@ -12,40 +13,25 @@
 class Figure : public Person
 {
     Q_OBJECT
-    Q_PROPERTY(QColor fill MEMBER fill NOTIFY changed)
-    Q_PROPERTY(QColor stroke MEMBER stroke NOTIFY changed)
-    Q_PROPERTY(ZelColor rich MEMBER rich NOTIFY changed)
-    Q_PROPERTY(QDate day MEMBER day NOTIFY changed)
-    Q_PROPERTY(QDateTime time MEMBER time NOTIFY changed)
-    Q_PROPERTY(QTime hour MEMBER hour NOTIFY changed)
-    Q_PROPERTY(QString pattern MEMBER pattern NOTIFY changed)
-    Q_PROPERTY(QUrl address MEMBER address NOTIFY changed)
-    Q_PROPERTY(QPointF place MEMBER place NOTIFY changed)
-    Q_PROPERTY(QSizeF size MEMBER size NOTIFY changed)
-    Q_PROPERTY(QFont font MEMBER font NOTIFY changed)
-    Q_PROPERTY(ZelAttributedString text MEMBER text NOTIFY changed)
-    Q_PROPERTY(uchar byte MEMBER byte NOTIFY changed)
 public:
-    QColor fill = Qt::red;
-    QColor stroke = Qt::black;
-    ZelColor rich;
-    QDate day{2024, 5, 6};
-    QDateTime time;
-    QTime hour{12, 30};
-    QString pattern = QStringLiteral("Dots");
-    QUrl address{QStringLiteral("http://a.example")};
-    QPointF place{1, 2};
-    QSizeF size{30, 40};
-    QFont font{QStringLiteral("DejaVu Sans"), 9};
-    ZelAttributedString text{QStringLiteral("one\ntwo")};
-    uchar byte = 7;
+    MODEL_VALUE(QColor, fill, Qt::red)
+    MODEL_VALUE(QColor, stroke, Qt::black)
+    MODEL_VALUE(ZelColor, rich, )
+    MODEL_VALUE(QDate, day, 2024, 5, 6)
+    MODEL_VALUE(QDateTime, time, )
+    MODEL_VALUE(QTime, hour, 12, 30)
+    MODEL_VALUE(QString, pattern, QStringLiteral("Dots"))
+    MODEL_VALUE(QUrl, address, QStringLiteral("http://a.example"))
+    MODEL_VALUE(QPointF, place, 1, 2)
+    MODEL_VALUE(QSizeF, size, 30, 40)
+    MODEL_VALUE(QFont, font, QStringLiteral("DejaVu Sans"), 9)
+    MODEL_VALUE(ZelAttributedString, text, QStringLiteral("one\ntwo"))
+    MODEL_VALUE(uchar, byte, 7)
     explicit Figure(const QString &name = {})
         : Person(name)
     {
         setFrame({10, 20, 100, 50});
         tags = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     }
-
-Q_SIGNALS:
-    void changed();
+    Q_SIGNAL void changed();
 };

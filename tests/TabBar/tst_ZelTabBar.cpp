@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "Support/User.h"
 #include "TabBar/ZelTabBar.h"
-#include <QLineEdit>
-#include <QPainter>
-#include <QtTest>
 
 namespace {
 QIcon icon(Qt::GlobalColor color)
@@ -148,9 +146,7 @@ private Q_SLOTS:
         m_items[4]->setKeyEquivalentModifierMask({});
         m_items[0]->setEnabled(false);
         auto *field = new QLineEdit(m_window.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        User::open(m_window.get());
         field->setFocus();
         QTest::keyClick(field, Qt::Key_1, Qt::ControlModifier);
         QCOMPARE(m_bar->selectedItem(), m_items[1]); // the first that is enabled

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Support/Folder.h"
+#include "Support/ModelValue.h"
 #include <QtWidgets>
 #include <optional>
 
@@ -9,42 +11,28 @@
 class Part : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString label MEMBER label NOTIFY changed)
-    Q_PROPERTY(double price MEMBER price NOTIFY changed)
-
 public:
-    QString label;
-    double price = 0;
-
-Q_SIGNALS:
-    void changed();
+    MODEL_VALUE(QString, label, )
+    MODEL_VALUE(double, price, 0)
+    Q_SIGNAL void changed();
 };
 
 class Lamp : public Part
 {
     Q_OBJECT
-    Q_PROPERTY(Kind kind MEMBER kind NOTIFY changed)
-    Q_PROPERTY(int watts MEMBER watts NOTIFY changed)
-    Q_PROPERTY(bool on MEMBER on NOTIFY changed)
-    Q_PROPERTY(QColor tint MEMBER tint NOTIFY changed)
-    Q_PROPERTY(QPointF spot MEMBER spot NOTIFY changed)
-    Q_PROPERTY(QVariant note MEMBER note NOTIFY changed)
-    Q_PROPERTY(Part *shade MEMBER shade NOTIFY changed)
-    Q_PROPERTY(QList<Part *> parts MEMBER parts NOTIFY changed)
-    Q_PROPERTY(int serial READ serial CONSTANT)
-    Q_PROPERTY(double heat MEMBER heat)
-
 public:
     enum Kind { Desk, Floor, Ceiling };
     Q_ENUM(Kind)
-    Kind kind = Desk;
-    int watts = 0;
-    bool on = false;
-    QColor tint;
-    QPointF spot;
-    QVariant note;
-    Part *shade = nullptr;
-    QList<Part *> parts;
+    MODEL_VALUE(Kind, kind, Desk)
+    MODEL_VALUE(int, watts, 0)
+    MODEL_VALUE(bool, on, false)
+    MODEL_VALUE(QColor, tint, )
+    MODEL_VALUE(QPointF, spot, )
+    MODEL_VALUE(QVariant, note, )
+    MODEL_VALUE(Part *, shade, nullptr)
+    MODEL_VALUE(QList<Part *>, parts, )
+    Q_PROPERTY(int serial READ serial CONSTANT)
+    Q_PROPERTY(double heat MEMBER heat)
     double heat = 0;
     static int serial() { return 1; }
 };
@@ -59,14 +47,6 @@ class Star : public Part
     Q_CLASSINFO("zel.price.hidden", "yes")
     Q_CLASSINFO("zel.tipz.unit", "pt")
     Q_PROPERTY(Edges edges READ edges WRITE setEdges NOTIFY changed)
-    Q_PROPERTY(Qt::Orientation axis MEMBER axis NOTIFY changed)
-    Q_PROPERTY(Lamp::Kind kind MEMBER kind NOTIFY changed)
-    Q_PROPERTY(std::optional<unsigned int> tips MEMBER tips NOTIFY changed)
-    Q_PROPERTY(QVariant note MEMBER note NOTIFY changed)
-    Q_PROPERTY(int secret MEMBER secret NOTIFY changed DESIGNABLE false)
-    Q_PROPERTY(QString label READ code CONSTANT)
-    Q_PROPERTY(double heat MEMBER heat)
-
 public:
     enum Edge { Round = 1, Sharp = 2 };
     Q_DECLARE_FLAGS(Edges, Edge)
@@ -74,10 +54,13 @@ public:
     Edges edges() const { return m_edges; }
     void setEdges(Edges edges) { m_edges = edges; }
 
-    Qt::Orientation axis = Qt::Horizontal;
-    Lamp::Kind kind = Lamp::Desk;
-    std::optional<unsigned int> tips;
-    QVariant note;
+    MODEL_VALUE(Qt::Orientation, axis, Qt::Horizontal)
+    MODEL_VALUE(Lamp::Kind, kind, Lamp::Desk)
+    MODEL_VALUE(std::optional<unsigned int>, tips, )
+    MODEL_VALUE(QVariant, note, )
+    Q_PROPERTY(int secret MEMBER secret NOTIFY changed DESIGNABLE false)
+    Q_PROPERTY(QString label READ code CONSTANT)
+    Q_PROPERTY(double heat MEMBER heat)
     int secret = 0;
     double heat = 0;
     static QString code() { return {}; }
@@ -108,3 +91,8 @@ Q_SIGNALS:
 private Q_SLOTS:
     void hide() {}
 };
+
+inline QByteArray inSliver(const QByteArray &properties)
+{
+    return "<slice><section><sliver>\n" + properties + "</sliver></section></slice>";
+}

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Fields/ZelTextField.h"
 #include "Inspector/ZelInspectorSection.h"
-#include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelLiveInspector.h"
 #include "Models.h"
 #include "PreviewWindow.h"
 #include "Resources/ZelBundle.h"
-#include <QTest>
-#include <QtWidgets>
+#include "Support/User.h"
 
 namespace {
-QByteArray inSliver(const QByteArray &properties)
-{
-    return "<slice><section>\n<sliver>" + properties + "</sliver></section></slice>";
-}
 QByteArray selected(const QByteArray &type, const QByteArray &key, const QByteArray &rest = {})
 {
     return "<property type='" + type + "' keyPath='lamps.selection." + key + "' " + rest + "/>";
@@ -23,20 +17,12 @@ QByteArray selected(const QByteArray &type, const QByteArray &key, const QByteAr
 class tst_Preview : public QObject
 {
     Q_OBJECT
-    QUrl write(const QString &name, const QByteArray &text)
-    {
-        QFile file(m_folder->filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot write %s", qPrintable(name));
-        return QUrl::fromLocalFile(file.fileName());
-    }
+    QUrl write(const QString &name, const QByteArray &text) { return m_folder->write(name, text); }
     void show(const QByteArray &text, PreviewWindow::Options options = {})
     {
         options.description = write("Main.xml", text);
         m_window = std::make_unique<PreviewWindow>(options);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        User::open(m_window.get());
     }
     QObject *panel() const { return m_window->findChild<ZelLiveInspector *>()->inspector(); }
     ZelInspectorProperty *editor(const QString &key) const
@@ -68,13 +54,13 @@ class tst_Preview : public QObject
         return editor(key)->modelValue().toString();
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Folder> m_folder;
     std::unique_ptr<PreviewWindow> m_window;
 
 private Q_SLOTS:
     void init()
     {
-        m_folder = std::make_unique<QTemporaryDir>();
+        m_folder = std::make_unique<Folder>();
         ZelBundle::mainBundle().setResourcePaths({m_folder->path()});
     }
     void cleanup()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Models.h"
 #include <QTest>
-#include <QtWidgets>
 
 namespace {
 struct Outcome
@@ -10,11 +9,6 @@ struct Outcome
     QString output;
     QString errors;
 };
-
-QByteArray inSliver(const QByteArray &property)
-{
-    return "<slice><section><sliver>\n" + property + "</sliver></section></slice>";
-}
 
 const QString g_long = "The editor writes a single key, \"shade.price\" is longer: it can show the value but not "
                        "change it. Give the object a property for it, or its part a controller of its own, as in "
@@ -30,14 +24,9 @@ class tst_Zel : public QObject
         QString lines;
     };
     using Rows = QList<Row>;
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Folder> m_folder;
 
-    void write(const QString &name, const QByteArray &text)
-    {
-        QFile file(m_folder->filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(text), text.size());
-    }
+    void write(const QString &name, const QByteArray &text) { m_folder->write(name, text); }
 
     QByteArray read(const QString &name)
     {
@@ -78,7 +67,7 @@ class tst_Zel : public QObject
     }
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void init() { m_folder = std::make_unique<Folder>(); }
 
     void mistakesInOneFile()
     {
@@ -87,7 +76,7 @@ private Q_SLOTS:
             return inSliver("<property type='enumeration' keyPath='k'" + attributes + "><option-group>" + list +
                             "</option-group></property>");
         };
-        write(QStringLiteral("Pen.png"), {});
+        write("Pen.png", {});
         const Rows rows{
             // What is no description
             {"", "1:1: error: Unable to read file from URL file://" + m_folder->path() + "/00.xml: The file is empty."},
@@ -419,16 +408,14 @@ private Q_SLOTS:
     {
         const QString folder = m_folder->path();
         QVERIFY(QDir(folder).mkdir(QStringLiteral("shared")));
-        write(QStringLiteral("Main.xml"),
-              "<pane><inspector><slice>\n<section file='Rows.xml'/>\n<section file='Rows.xml'/>\n"
-              "<section file='Gone.xml'/>\n<section file='../Main.xml'/>\n"
-              "<section title='x' file='Pane.xml'/></slice>\n"
-              "<slice file='Loop.xml'/></inspector></pane>");
-        write(QStringLiteral("Rows.xml"), "<slice fullWidth='yes'>\n<sliver><property type='string' keyPath='k' x='1'/>"
-                                          "</sliver></slice>");
-        write(QStringLiteral("Pane.xml"), "\n<pane/>");
-        write(QStringLiteral("shared/Loop.xml"),
-              "<slice><section>\n<sliver/></section>\n<section file='Loop.xml'/></slice>");
+        write("Main.xml", "<pane><inspector><slice>\n<section file='Rows.xml'/>\n<section file='Rows.xml'/>\n"
+                          "<section file='Gone.xml'/>\n<section file='../Main.xml'/>\n"
+                          "<section title='x' file='Pane.xml'/></slice>\n"
+                          "<slice file='Loop.xml'/></inspector></pane>");
+        write("Rows.xml", "<slice fullWidth='yes'>\n<sliver><property type='string' keyPath='k' x='1'/>"
+                          "</sliver></slice>");
+        write("Pane.xml", "\n<pane/>");
+        write("shared/Loop.xml", "<slice><section>\n<sliver/></section>\n<section file='Loop.xml'/></slice>");
         const Outcome outcome = zel({"check", "Rows.xml", "Main.xml", "--resources", "shared"});
         QCOMPARE(outcome.output,
                  QStringLiteral("Rows.xml:2:45: error: Unknown attribute \"x\" of <property type=\"string\">\n"
@@ -471,11 +458,11 @@ private Q_SLOTS:
 
     void formatsAndExitStatus()
     {
-        write(QStringLiteral("Good.xml"), "<slice/>");
-        write(QStringLiteral("Bad.xml"), "<slice>\n<section tilte='50% of, all'/></slice>");
-        write(QStringLiteral("Warned.xml"), "<slice types:owner='Room'><section><sliver><property type='string' "
-                                            "keyPath='other.selection.a'/></sliver></section></slice>");
-        write(QStringLiteral("broken.json"), "{");
+        write("Good.xml", "<slice/>");
+        write("Bad.xml", "<slice>\n<section tilte='50% of, all'/></slice>");
+        write("Warned.xml", "<slice types:owner='Room'><section><sliver><property type='string' "
+                            "keyPath='other.selection.a'/></sliver></section></slice>");
+        write("broken.json", "{");
         QCOMPARE(zel({"check", "Good.xml"}).output, QString());
         QCOMPARE(zel({"check", "Good.xml"}).status, 0);
         QCOMPARE(zel({"check", "Bad.xml", "--format", "github"}).output,
@@ -516,7 +503,7 @@ private Q_SLOTS:
             QVERIFY(zel({QLatin1String(command), "--help"}).output.startsWith("Usage: zel "));
         }
         QVERIFY(page.contains("\\-\\-selection PATH=CLASS"));
-        write(QStringLiteral("zel.bash"), zel({"manual", "--completion"}).output.toUtf8());
+        write("zel.bash", zel({"manual", "--completion"}).output.toUtf8());
         const auto completed = [&](const QString &words) {
             const QString script =
                 QStringLiteral(". ./zel.bash; COMP_WORDS=(zel %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1));"
@@ -653,15 +640,15 @@ private Q_SLOTS:
 
     void stringsKeepTranslations()
     {
-        write(QStringLiteral("Main.xml"), "<pane title='Lamp &amp; Co'>\n<inspector title='All'><slice>\n"
-                                          "<section file='Rows.xml' title='Light'/></slice></inspector></pane>");
-        write(QStringLiteral("Rows.xml"),
+        write("Main.xml", "<pane title='Lamp &amp; Co'>\n<inspector title='All'><slice>\n"
+                          "<section file='Rows.xml' title='Light'/></slice></inspector></pane>");
+        write("Rows.xml",
               "<slice title='Rest' localized='yes'>\n<sliver title='Label'><property type='string' title='Name' "
               "keyPath='a'\nplaceholder='None' formatUnit='x' hint='Hint'/></sliver>\n<sliver><property "
               "type='enumeration' keyPath='b' actionName='Name'><option-group><option title=''/><option title='New' "
               "value='1'/></option-group></property></sliver></slice>");
         write(
-            QStringLiteral("de.ts"),
+            "de.ts",
             "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"de_DE\">\n"
             "<context>\n    <name>Other</name>\n    <message>\n        <source>Old</source>\n"
             "        <translation>Alt</translation>\n    </message>\n</context>\n"
@@ -704,15 +691,15 @@ private Q_SLOTS:
         QCOMPARE(zel(arguments).status, 0);
         QCOMPARE(read("de.ts"), expected); // again changes nothing
         // Editors without options offer what the classes say.
-        write(QStringLiteral("Kinds.xml"), "<slice types:selection='lamps=Lamp'><section><sliver>"
-                                           "<property type='enumeration' keyPath='best.kind'/>"
-                                           "<property type='flags' keyPath='lamps.selection.watts'/>"
-                                           "</sliver></section></slice>");
+        write("Kinds.xml", "<slice types:selection='lamps=Lamp'><section><sliver>"
+                           "<property type='enumeration' keyPath='best.kind'/>"
+                           "<property type='flags' keyPath='lamps.selection.watts'/>"
+                           "</sliver></section></slice>");
         QCOMPARE(zel({"strings", "Kinds.xml", "-o", "kinds.ts", "--types", ZEL_METATYPES, "--owner", "Room"}).status,
                  0);
         QCOMPARE(read("kinds.ts").count("<source>"), 3);
         QVERIFY(read("kinds.ts").contains("<source>Ceiling</source>"));
-        write(QStringLiteral("Main.xml"), "<pane>");
+        write("Main.xml", "<pane>");
         QCOMPARE(zel(arguments).status, 1);
         QCOMPARE(read("de.ts"), expected); // a file that cannot be read does not make its texts vanish
     }

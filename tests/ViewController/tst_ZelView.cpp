@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "Geometry/ZelSnapUtilities.h"
-#include "Layout/ZelConstraintLayout.h"
 #include "Support/Failures.h"
 #include "Support/Reports.h"
 #include "Support/TableRow.h"

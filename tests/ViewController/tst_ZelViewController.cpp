@@ -3,7 +3,6 @@
 #include "Support/Failures.h"
 #include "Support/TableRow.h"
 #include "ViewController/HookLog.h"
-#include "ViewController/ZelViewController.h"
 
 namespace {
 class FakeEditor : public QWidget, public ZelEditor

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Controls/Cells/ZelResizableSegmentedControlView.h"
 #include "Controls/Fields/ZelBorderedTextField.h"
-#include "Controls/Fields/ZelNumberFormatter.h"
 #include "Controls/ZelFocusRingOverlay.h"
 #include "Controls/ZelTitleBarButton.h"
 #include "Support/TableRow.h"
+#include "Support/User.h"
 #include "Views/ZelEmptyView.h"
 #include "Views/ZelScrollView.h"
 #include "Views/ZelSeparator.h"
 #include "Views/ZelVerticalStackView.h"
-#include <QtWidgets>
 
 namespace {
 const QColor g_green(0, 200, 0);
@@ -23,10 +22,7 @@ struct Form : QWidget
         frame->setGeometry(20, 20, 200, 100);
         first->setGeometry(10, 10, 80, 20);
         second->setGeometry(20, 150, 80, 20);
-        show();
-        activateWindow();
-        if (!QTest::qWaitForWindowActive(this))
-            qFatal("no window");
+        User::open(this);
         first->setFocus();
     }
     QRect shownRing() const { return ring->isVisible() ? ring->geometry() : QRect(); }
@@ -46,10 +42,7 @@ struct ScrolledStack
         stack->setSubviews(views);
         view.setDocumentView(stack);
         view.resize(size);
-        view.show();
-        view.activateWindow();
-        if (!QTest::qWaitForWindowActive(&view))
-            qFatal("no window");
+        User::open(&view);
     }
     ZelScrollView view;
     ZelVerticalStackView *stack = new ZelVerticalStackView;
@@ -116,8 +109,7 @@ private Q_SLOTS:
         form.second->move(10, 10);
         form.second->show();
         area->show();
-        form.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        User::activate(&form);
         form.second->setFocus();
         for (const auto &[scrolled, ring] :
              {std::pair(0, QRect(27, 27, 86, 26)), {20, {27, 20, 86, 13}}, {200, QRect()}}) {
@@ -280,10 +272,7 @@ private Q_SLOTS:
         for (QSpinBox *field : fields) { // one that has the focus keeps the wheel
             field->setValue(50);
             scrolled.view.verticalScrollBar()->setValue(0);
-            const QPoint position = field->mapTo(&scrolled.view, field->rect().center());
-            QWheelEvent event(position, scrolled.view.mapToGlobal(position), {}, QPoint(0, -120), {}, {},
-                              Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(scrolled.view.windowHandle(), &event);
+            User::turnWheel(field, -120);
             QVERIFY(field->value() == 50 || field == fields[0]);
             QCOMPARE(scrolled.view.verticalScrollBar()->value() > 0, field == fields[1]);
         }

@@ -5,6 +5,7 @@
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelTabbedInspector.h"
 #include "Resources/ZelBundle.h"
+#include "Support/ModelValue.h"
 #include "ViewController/ZelView.h"
 #include <QAction>
 #include <QApplication>
@@ -47,24 +48,20 @@ class Reporter : public ZelExceptionReporter
     }
 };
 
-#define FUZZ_VALUE(type, name, ...)                                                                                    \
-    Q_PROPERTY(type name MEMBER name NOTIFY changed)                                                                   \
-    type name{__VA_ARGS__};
-
 class Model : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(int fixed MEMBER fixed CONSTANT)
 public:
-    FUZZ_VALUE(bool, flag, true)
-    FUZZ_VALUE(double, number, 2)
-    FUZZ_VALUE(QString, text, QStringLiteral("text"))
-    FUZZ_VALUE(QColor, color, Qt::red)
-    FUZZ_VALUE(QDate, date, 2000, 1, 1)
-    FUZZ_VALUE(QFont, font, )
-    FUZZ_VALUE(QSizeF, size, 1, 2)
-    FUZZ_VALUE(QRectF, frame, 1, 2, 3, 4)
-    FUZZ_VALUE(QStringList, list, QStringLiteral("one"), QStringLiteral("two"))
+    MODEL_VALUE(bool, flag, true)
+    MODEL_VALUE(double, number, 2)
+    MODEL_VALUE(QString, text, QStringLiteral("text"))
+    MODEL_VALUE(QColor, color, Qt::red)
+    MODEL_VALUE(QDate, date, 2000, 1, 1)
+    MODEL_VALUE(QFont, font, )
+    MODEL_VALUE(QSizeF, size, 1, 2)
+    MODEL_VALUE(QRectF, frame, 1, 2, 3, 4)
+    MODEL_VALUE(QStringList, list, QStringLiteral("one"), QStringLiteral("two"))
     int fixed = 7;
     Q_SIGNAL void changed();
 };
@@ -80,10 +77,10 @@ public:
         m_second.number = 3;
         m_controller.setSelectedObjects({&m_first, &m_second});
     }
-    FUZZ_VALUE(int, a, 1)
-    FUZZ_VALUE(QVariant, b, QStringLiteral("text"))
-    FUZZ_VALUE(QVariantList, values, 1, 2)
-    FUZZ_VALUE(QStringList, names, QStringLiteral("one"), QStringLiteral("two"))
+    MODEL_VALUE(int, a, 1)
+    MODEL_VALUE(QVariant, b, QStringLiteral("text"))
+    MODEL_VALUE(QVariantList, values, 1, 2)
+    MODEL_VALUE(QStringList, names, QStringLiteral("one"), QStringLiteral("two"))
     QObject *controller() { return &m_controller; }
     QList<QAction *> menu() { return {&m_action}; }
     Q_INVOKABLE void act() { m_controller.setSelectedObjects({&m_first}); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Core/Selection/ZelArrayController.h"
+#include "Support/ModelValue.h"
 #include "Text/ZelAttributedString.h"
 #include <QtWidgets>
 #include <functional>
@@ -23,11 +24,6 @@ struct Fault : std::runtime_error
         throw Fault("injected fault");
     }
 };
-
-/// A value of an object that tells of its changes by one signal for all.
-#define STORM_VALUE(type, name, ...)                                                                                   \
-    Q_PROPERTY(type name MEMBER name NOTIFY changed)                                                                   \
-    type name{__VA_ARGS__};
 
 /// What the objects of an application hold besides a number: type, name and first value.
 #define STORM_VALUES(VALUE)                                                                                            \
@@ -68,7 +64,7 @@ class Part : public QObject
     Q_PROPERTY(double amount MEMBER amount)
 public:
     using QObject::QObject;
-    STORM_VALUE(QString, label, QStringLiteral("part"))
+    MODEL_VALUE(QString, label, QStringLiteral("part"))
     double amount = 1;
     Q_SIGNAL void changed();
 };
@@ -113,8 +109,8 @@ class LockedBase : public QObject
     Q_OBJECT
 public:
     ~LockedBase() override { Q_EMIT changed(); }
-    STORM_VALUE(double, number, 12)
-    STORM_VALUE(bool, flag, false)
+    MODEL_VALUE(double, number, 12)
+    MODEL_VALUE(bool, flag, false)
     Q_SIGNAL void changed();
 };
 
@@ -127,8 +123,8 @@ class Locked : public LockedBase
 public:
     QString text() const { return QStringLiteral("one"); }
     int count() const { return int(number) + 1; }
-    STORM_VALUE(QColor, fill, Qt::red)
-    STORM_VALUE(int, kind, 0)
+    MODEL_VALUE(QColor, fill, Qt::red)
+    MODEL_VALUE(int, kind, 0)
 };
 
 /// The properties of sheets by name, and values for them.
@@ -151,7 +147,7 @@ class Group : public QObject
 public:
     QObject *members() { return &controller; }
     ZelArrayController controller;
-    STORM_VALUE(QString, name, QStringLiteral("group"))
+    MODEL_VALUE(QString, name, QStringLiteral("group"))
     Q_SIGNAL void changed();
 };
 
@@ -180,12 +176,12 @@ public:
     std::array<Group, 2> groupList;
     ZelArrayController controller;
     ZelArrayController groupController;
-    STORM_VALUE(bool, unlocked, true)
-    STORM_VALUE(QString, heading, QStringLiteral("Heading"))
-    STORM_VALUE(double, limit, 50)
-    STORM_VALUE(QVariantList, values, 10, 20, 30)
-    STORM_VALUE(QVariantList, names, QStringLiteral("Dots"), QStringLiteral("Lines"), QStringLiteral("Waves"))
-    STORM_VALUE(QSizeF, standardSize, 5, 6)
+    MODEL_VALUE(bool, unlocked, true)
+    MODEL_VALUE(QString, heading, QStringLiteral("Heading"))
+    MODEL_VALUE(double, limit, 50)
+    MODEL_VALUE(QVariantList, values, 10, 20, 30)
+    MODEL_VALUE(QVariantList, names, QStringLiteral("Dots"), QStringLiteral("Lines"), QStringLiteral("Waves"))
+    MODEL_VALUE(QSizeF, standardSize, 5, 6)
     QList<QAction *> menuActions{new QAction(QStringLiteral("First"), this),
                                  new QAction(QStringLiteral("Second"), this)};
     int actions = 0;

@@ -2,13 +2,11 @@
 #include "Core/Errors/ZelException.h"
 #include "Core/KeyValue/ZelAssociatedObjects.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
-#include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
 #include "Support/Person.h"
 #include "Support/Random.h"
 #include <algorithm>
-#include <memory>
 
 /// Refers to objects that belong to somebody else, in lists of two kinds.
 class ListKeeper : public QObject

@@ -6,7 +6,6 @@
 #include "Support/Random.h"
 #include "Support/Reports.h"
 #include <algorithm>
-#include <memory>
 
 namespace {
 struct Task : ZelRunLoopTask

@@ -5,7 +5,6 @@
 #include "Core/Selection/ZelValueBlock.h"
 #include "Core/Values/ZelValues.h"
 #include "Core/Watch.h"
-#include <memory>
 #include <vector>
 
 namespace {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Errors/ZelAssertions.h"
 #include "Core/RunLoop/ZelNotificationCenter.h"
 #include "Core/Selection/ZelArrayController.h"
 #include "Core/Undo/ZelUndoManager.h"
@@ -9,7 +8,6 @@
 #include "Support/Person.h"
 #include "Support/Random.h"
 #include "Support/Reports.h"
-#include <memory>
 
 namespace {
 /// Some people, and a list of what they were after each step.

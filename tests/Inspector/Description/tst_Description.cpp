@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Inspector/Description/ZelInspectorConfiguration.h"
-#include "Inspector/Reports.h"
 #include "Resources/ZelColorList.h"
 #include "Resources/ZelLocalizedString.h"
 #include "Support/Failures.h"
-#include <QTemporaryDir>
+#include "Support/Folder.h"
+#include "Support/Reports.h"
 #include <QTest>
 #include <sys/stat.h>
 
@@ -65,15 +65,7 @@ QString text(const ZelSourcePlace &place)
 class tst_Description : public QObject
 {
     Q_OBJECT
-    QString write(const QString &name, const QByteArray &data)
-    {
-        QFile file(m_directory.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
-    }
-
-    QTemporaryDir m_directory;
+    Folder m_directory;
 
 private Q_SLOTS:
     void documentsAreReadWithPlaces()
@@ -130,7 +122,7 @@ private Q_SLOTS:
             {"<a x='" + QByteArray(10'000'000, 'x') + "'/>", "larger than 262144 bytes", "0:0"},
         };
         for (const auto &[data, message, place] : documents) {
-            const QString path = write("hostile.xml", data);
+            const QString path = m_directory.write("hostile.xml", data).toLocalFile();
             ZelReadError error;
             QVERIFY2(ZelXmlReader().readUrl(QUrl::fromLocalFile(path), &error).isNull(), data.left(80));
             QVERIFY2(error.message.contains(message), qPrintable(data.left(80) + ": " + error.message));
@@ -172,7 +164,8 @@ private Q_SLOTS:
 
     void filesAreReadFromUrls()
     {
-        const QString path = write("tree.xml", "<a>text<b n='1'/><c n='2'><b/></c><!-- --><b n='3'/><B/></a>");
+        const QString path =
+            m_directory.write("tree.xml", "<a>text<b n='1'/><c n='2'><b/></c><!-- --><b n='3'/><B/></a>").toLocalFile();
         const QString detour = m_directory.path() + "/../" + QFileInfo(m_directory.path()).fileName() + "/tree.xml";
         const QUrl url = QUrl::fromLocalFile(detour);
         const auto outlines = [](const QList<Configuration> &configurations) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Core/Errors/ZelAssertions.h"
 #include "EndToEnd/FigureSheet.h"
 #include "Resources/ZelNamedImages.h"
-#include <stdexcept>
 
 namespace {
 /// Boxes that store their frames each in a way of its own.
@@ -30,12 +28,9 @@ Q_SIGNALS:
 class IntegerBox : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QRect frame MEMBER stored NOTIFY changed)
 public:
-    QRect stored{5, 2, 30, 40};
-
-Q_SIGNALS:
-    void changed();
+    MODEL_VALUE(QRect, frame, 5, 2, 30, 40)
+    Q_SIGNAL void changed();
 };
 
 class SilentBox : public QObject
@@ -138,7 +133,7 @@ private Q_SLOTS:
         const QList<QObject *> others{&box, &silent, &dynamic};
         const auto frames = [&] {
             return QList<QRectF>{box.stored, silent.property("frame").toRectF(), dynamic.property("frame").toRectF(),
-                                 integers.stored};
+                                 integers.frame};
         };
         const QList<QRectF> old = QList<QRectF>(3, {1, 2, 30, 40}) << QRectF(5, 2, 30, 40);
         const QList<QRectF> moved = QList<QRectF>(3, {7.5, 2, 30, 40}) << QRectF(8, 2, 30, 40);
