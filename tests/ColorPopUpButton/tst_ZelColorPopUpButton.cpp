@@ -15,6 +15,7 @@
 #include "Support/TableRow.h"
 #include <QSignalSpy>
 #include <QtWidgets>
+#include <thread>
 
 namespace {
 QVariant color(const QColor &color)
@@ -347,6 +348,15 @@ private Q_SLOTS:
         ZelObservations(&owner).removeAllObservationsForContext(this);
         QVERIFY_EXCEPTION_THROWN(list->usedColor(ZelColor()), ZelInternalInconsistencyException);
         QCOMPARE(list->colors().first(), grey(200));
+        {
+            std::vector<std::jthread> threads(4); // may use colours at once
+            for (std::jthread &thread : threads)
+                thread = std::jthread([this] {
+                    for (int i = 0; i < 2000; ++i)
+                        list->usedColor(grey(i % 256));
+                });
+        }
+        QCOMPARE(list->colors().size(), ZelUsedColorListMax);
     }
 
     void theStripKeepsItsMeasuresAndRepaintsOnlyWhatIsAnother()

@@ -458,6 +458,16 @@ private Q_SLOTS:
         }
     }
 
+    void datesKeepTheOrderOfTheirLanguageInAMirroredWindow()
+    {
+        DatePanel panel(QDate(2024, 2, 3));
+        panel.setLayoutDirection(Qt::RightToLeft);
+        panel.resize(panel.width() + 100, panel.height());
+        QCOMPARE(panel.control->layoutDirection(), Qt::LeftToRight);
+        const QRect text = panel.control->findChild<QLineEdit *>()->geometry();
+        QVERIFY(text.x() > panel.control->width() - text.right()); // the stepper stands on the left
+    }
+
     void stepsAreCommittedAtOnceAndKeepWhatIsNotShown()
     {
         DatePanel panel(QDate(2024, 2, 3));

@@ -2,17 +2,12 @@
 #include "Split.h"
 #include "SplitView/ZelSplitView.h"
 #include "Support/TableRow.h"
+#include "Support/User.h"
 
 /// Dividers under the mouse and the keyboard, and how they look.
 class tst_Dividers : public QObject
 {
     Q_OBJECT
-    static void activate(QWidget *window)
-    {
-        window->show();
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window));
-    }
     static QPoint along(const Split &split, int length)
     {
         if (split.splitter->orientation() == Qt::Vertical)
@@ -49,7 +44,7 @@ private Q_SLOTS:
                             variant & 1 ? Qt::Horizontal : Qt::Vertical);
                 split.splitter->setLayoutDirection(variant & 2 ? Qt::LeftToRight : Qt::RightToLeft);
                 split.splitter->setOpaqueResize(variant & 4);
-                activate(split.splitter.get());
+                User::open(split.splitter.get());
                 QSignalSpy moved(split.splitter.get(), &QSplitter::splitterMoved);
                 drag(split, 1, distance);
                 QCOMPARE(split.lengths(), lengths);
@@ -61,29 +56,33 @@ private Q_SLOTS:
     }
     void draggingCollapsesAndOpens()
     {
-        Split split({{80, 1000, 0, true}, {80, 1000, 0, true}, {80, 1000, 1, true}}, {100, 100, 100});
-        activate(split.splitter.get());
-        const int divider = split.splitter->handleWidth();
+        const int divider = QSplitter().handleWidth();
         const std::tuple<int, int, QList<int>> rows[] = {
-            {1, -55, {80, 120, 100}},         {1, -45, {0, 200 + divider, 100}},
-            {1, 30, {0, 200 + divider, 100}}, // not yet half of its minimum
-            {1, 90, {90, 110, 100}},          {2, 70, {90, 210 + divider, 0}},
-            {2, -50, {90, 130, 80}}};
-        for (const auto &[index, distance, lengths] : rows) {
-            drag(split, index, distance);
-            QCOMPARE(split.lengths(), lengths);
-            QVERIFY(split.splitter->handle(index)->visibleRegion().contains(QPoint(1, 1)));
+            {1, -55, {80, 120, 100}},           {1, -45, {0, 200 + divider, 100}},
+            {1, 30, {0, 200 + divider, 100}},  // not yet half of its minimum
+            {1, 190, {200 + divider, 0, 100}}, // one opens while the other collapses
+            {1, -190, {0, 200 + divider, 100}}, {1, 90, {90, 110, 100}},
+            {2, 70, {90, 210 + divider, 0}},    {2, -50, {90, 130, 80}}};
+        for (const bool isOpaque : {false, true}) { // in one jump, or step by step
+            Split split({{80, 1000, 0, true}, {80, 1000, 0, true}, {80, 1000, 1, true}}, {100, 100, 100});
+            split.splitter->setOpaqueResize(isOpaque);
+            User::open(split.splitter.get());
+            for (const auto &[index, distance, lengths] : rows) {
+                drag(split, index, distance);
+                QCOMPARE(split.lengths(), lengths);
+                QVERIFY(split.splitter->handle(index)->visibleRegion().contains(QPoint(1, 1)));
+            }
+            // One in the middle opens out of the divider that its neighbours share.
+            split.setCollapsed(1, true);
+            const QList<int> closed = split.lengths();
+            drag(split, 2, 85);
+            QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
         }
-        // One in the middle opens out of the divider that its neighbours share.
-        split.setCollapsed(1, true);
-        const QList<int> closed = split.lengths();
-        drag(split, 2, 85);
-        QCOMPARE(split.lengths(), QList<int>({90, 85 - divider, closed[2] - 85}));
     }
     void keysMoveADividerThatHasTheFocus()
     {
         Split split({{40, 160, 0, true}, {50, 1000, 1}}, {100, 200});
-        activate(split.splitter.get());
+        User::open(split.splitter.get());
         QSplitterHandle *handle = split.splitter->handle(1);
         QTest::keyClick(split.splitter.get(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), handle);
@@ -121,7 +120,7 @@ private Q_SLOTS:
                 split.splitter->setOpaqueResize(isOpaque);
                 auto *pane = new Pane;
                 delete split.splitter->replaceWidget(0, pane);
-                activate(split.splitter.get());
+                User::open(split.splitter.get());
                 if (who == 'r') // while the pane is resized
                     pane->resized = [&] { split.delegate.reset(); };
                 drag(split, 1, 20, false);
@@ -153,7 +152,7 @@ private Q_SLOTS:
         auto owned = std::make_unique<ZelSplitView>(Qt::Horizontal);
         ZelSplitView *view = owned.get();
         const Split split({{40, 1000}, {50, 1000}, {50, 1000}}, {100, 100, 100}, Qt::Horizontal, std::move(owned));
-        activate(view);
+        User::open(view);
         view->handle(1)->clearFocus();
         const auto seen = [&](int index) {
             return QColor(view->grab().toImage().pixel(view->handle(index)->geometry().center()));
@@ -166,10 +165,10 @@ private Q_SLOTS:
             colors.append(seen(2));
         }
         QWidget other;
-        activate(&other);
+        User::open(&other);
         QVERIFY(seen(1) != colors.last());
         QCOMPARE(seen(1), view->dividerColor());
-        activate(view);
+        User::open(view);
         view->handle(1)->setFocus();
         QCOMPARE(seen(1), view->palette().color(QPalette::Highlight));
     }
