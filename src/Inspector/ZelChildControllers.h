@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QVarLengthArray>
 
 /// The child controllers of a container in their order. One that has died is left out.
 template<typename Child> class ZelChildControllers
@@ -28,7 +29,7 @@ public:
     /// are no longer in the list keep their parent. Returns whether the list differs from the former one.
     bool assign(const QList<Child *> &children, QObject *parent)
     {
-        QList<QPointer<Child>> assigned;
+        Children assigned;
         assigned.reserve(children.size());
         for (Child *child : children) {
             if (!child)
@@ -43,5 +44,6 @@ public:
     }
 
 private:
-    QList<QPointer<Child>> m_children;
+    using Children = QVarLengthArray<QPointer<Child>, 1>; // most rows have one editor
+    Children m_children;
 };

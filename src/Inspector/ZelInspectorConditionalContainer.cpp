@@ -13,6 +13,12 @@ namespace {
 const char g_conditionContext = 0;
 }
 
+struct ZelInspectorConditionalContainer::Condition
+{
+    QString keyPath;
+    ZelValueTransformerPtr transformer;
+};
+
 ZelInspectorConditionalContainer::ZelInspectorConditionalContainer(QObject *owner, Observes observes)
     : ZelInspectorContainer(owner)
     , m_observes(observes)
@@ -50,10 +56,30 @@ void ZelInspectorConditionalContainer::setFilteredOut(bool filteredOut)
         Q_EMIT shownChanged();
 }
 
+ZelInspectorConditionalContainer::Condition &ZelInspectorConditionalContainer::condition()
+{
+    if (!m_condition)
+        m_condition = std::make_unique<Condition>();
+    return *m_condition;
+}
+
+const QString &ZelInspectorConditionalContainer::visibleKeyPath() const
+{
+    static const QString none;
+    return m_condition ? m_condition->keyPath : none;
+}
+
+const ZelValueTransformerPtr &ZelInspectorConditionalContainer::visibleValueTransformer() const
+{
+    static const ZelValueTransformerPtr none;
+    return m_condition ? m_condition->transformer : none;
+}
+
 void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
 {
-    if (!ZelAssign(m_visibleKeyPath, keyPath))
+    if (keyPath == visibleKeyPath())
         return;
+    condition().keyPath = keyPath;
     const QPointer<ZelInspectorConditionalContainer> alive(this);
     if (m_bound)
         bindAndConfigure();
@@ -65,8 +91,9 @@ void ZelInspectorConditionalContainer::setVisibleKeyPath(const QString &keyPath)
 
 void ZelInspectorConditionalContainer::setVisibleValueTransformer(const ZelValueTransformerPtr &transformer)
 {
-    if (!ZelAssign(m_visibleValueTransformer, transformer))
+    if (transformer == visibleValueTransformer())
         return;
+    condition().transformer = transformer;
     const QPointer<ZelInspectorConditionalContainer> alive(this);
     if (m_bound)
         updateVisible();
@@ -76,12 +103,12 @@ void ZelInspectorConditionalContainer::setVisibleValueTransformer(const ZelValue
 
 void ZelInspectorConditionalContainer::updateVisible()
 {
-    if (m_visibleKeyPath.isEmpty())
+    if (visibleKeyPath().isEmpty())
         return;
     const ZelPlaceScope scope(this);
-    QVariant value = ZelValueForKeyPath(owner(), m_visibleKeyPath);
-    if (m_visibleValueTransformer)
-        value = m_visibleValueTransformer->transformedValue(value);
+    QVariant value = ZelValueForKeyPath(owner(), visibleKeyPath());
+    if (visibleValueTransformer())
+        value = visibleValueTransformer()->transformedValue(value);
     setVisible(!ZelIsNull(value) && !ZelIsControllerMarker(value) && value.toBool());
 }
 
@@ -89,11 +116,11 @@ void ZelInspectorConditionalContainer::bindAndConfigure()
 {
     unbindAndTearDown();
     m_bound = true;
-    if (m_visibleKeyPath.isEmpty() || !owner())
+    if (visibleKeyPath().isEmpty() || !owner())
         return;
     const ZelPlaceScope scope(this);
     ZelObservations(this).addObservationWithObject(
-        owner(), m_visibleKeyPath, 0,
+        owner(), visibleKeyPath(), 0,
         [self = QPointer<ZelInspectorConditionalContainer>(this)](ZelBlockObservation *, const ZelKeyValueChange &) {
             if (self)
                 ZelExceptionReporter::passOn(self.data(), [&] { self->updateVisible(); });

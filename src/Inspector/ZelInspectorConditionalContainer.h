@@ -5,6 +5,8 @@
 #include "Core/ZelExport.h"
 #include "Inspector/ZelInspectorContainer.h"
 
+#include <memory>
+
 class ZelRowBlock;
 
 /// A container that a condition hides and shows.
@@ -27,9 +29,9 @@ public:
 
     bool isVisible() const { return m_visible; }
     void setVisible(bool visible);
-    const QString &visibleKeyPath() const { return m_visibleKeyPath; }
+    const QString &visibleKeyPath() const;
     void setVisibleKeyPath(const QString &keyPath);
-    const ZelValueTransformerPtr &visibleValueTransformer() const { return m_visibleValueTransformer; }
+    const ZelValueTransformerPtr &visibleValueTransformer() const;
     void setVisibleValueTransformer(const ZelValueTransformerPtr &transformer);
 
     /// Whether a filter, such as the find field of a tabbed inspector, leaves the container out; false by default. It
@@ -69,15 +71,16 @@ Q_SIGNALS:
 protected:
     /// When the condition is observed. A container whose view is not made before it is visible observes for life, since
     /// it cannot wait until its view is installed.
-    enum class Observes { WhileInstalled, ForLife };
+    enum class Observes : bool { WhileInstalled, ForLife };
     ZelInspectorConditionalContainer(QObject *owner, Observes observes);
 
 private:
     friend class ZelRowBlock;
+    struct Condition; // which few rows have
+    Condition &condition();
     void updateHidden();
 
-    QString m_visibleKeyPath;
-    ZelValueTransformerPtr m_visibleValueTransformer;
+    std::unique_ptr<Condition> m_condition;
     ZelRowBlock *m_block = nullptr; // what stands in for the view while it is not made
     Observes m_observes;
     bool m_visible = true;

@@ -2,8 +2,14 @@
 #include "Inspector/ZelInspectorContainer.h"
 
 #include "Core/Errors/ZelAssertions.h"
-#include "Core/Values/private/ZelAssign.h"
 #include "Inspector/private/ZelStateKeeper.h"
+
+struct ZelInspectorContainer::State
+{
+    QString key;
+    QString name;
+    std::unique_ptr<ZelStateKeeper> keeper; // made when it is first needed
+};
 
 ZelInspectorContainer::ZelInspectorContainer(QObject *owner)
     : m_owner(owner)
@@ -56,11 +62,19 @@ void ZelInspectorContainer::discardEditing()
 
 // State
 
+ZelInspectorContainer::State &ZelInspectorContainer::state() const
+{
+    if (!m_state)
+        m_state = std::make_unique<State>();
+    return *m_state;
+}
+
 ZelStateKeeper &ZelInspectorContainer::stateKeeper() const
 {
-    if (!m_stateKeeper)
-        m_stateKeeper = std::make_unique<ZelStateKeeper>(const_cast<ZelInspectorContainer *>(this));
-    return *m_stateKeeper;
+    std::unique_ptr<ZelStateKeeper> &keeper = state().keeper;
+    if (!keeper)
+        keeper = std::make_unique<ZelStateKeeper>(const_cast<ZelInspectorContainer *>(this));
+    return *keeper;
 }
 
 QByteArray ZelInspectorContainer::saveState() const
@@ -80,17 +94,30 @@ void ZelInspectorContainer::setStateHeld(bool held)
 
 QString ZelInspectorContainer::stateName() const
 {
-    if (!m_stateKey.isEmpty())
-        return m_stateKey;
-    return m_stateName.isNull() ? title() : m_stateName;
+    if (!stateKey().isEmpty())
+        return stateKey();
+    return !m_state || m_state->name.isNull() ? title() : m_state->name;
+}
+
+void ZelInspectorContainer::setStateName(const QString &name)
+{
+    if (m_state || !name.isNull())
+        state().name = name;
+}
+
+const QString &ZelInspectorContainer::stateKey() const
+{
+    static const QString none;
+    return m_state ? m_state->key : none;
 }
 
 void ZelInspectorContainer::setStateKey(const QString &key)
 {
-    if (!ZelAssign(m_stateKey, key))
+    if (key == stateKey())
         return;
+    state().key = key;
     if (isViewLoaded() && keepsOwnState())
-        stateKeeper().keepUnder(m_stateKey);
+        stateKeeper().keepUnder(key);
     Q_EMIT stateKeyChanged();
 }
 
@@ -101,14 +128,14 @@ bool ZelInspectorContainer::keepsOwnState() const
         if (container && !container->stateKey().isEmpty())
             return false;
     }
-    return !m_stateKey.isEmpty();
+    return !stateKey().isEmpty();
 }
 
 void ZelInspectorContainer::viewWillLoad()
 {
     ZelViewController::viewWillLoad();
     if (keepsOwnState())
-        stateKeeper().keepUnder(m_stateKey);
+        stateKeeper().keepUnder(stateKey());
 }
 
 void ZelInspectorContainer::viewWillUninstall()
@@ -119,6 +146,6 @@ void ZelInspectorContainer::viewWillUninstall()
 
 void ZelInspectorContainer::flushState()
 {
-    if (m_stateKeeper)
-        m_stateKeeper->flush();
+    if (m_state && m_state->keeper)
+        m_state->keeper->flush();
 }

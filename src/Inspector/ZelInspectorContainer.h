@@ -46,12 +46,12 @@ public:
     void setStateHeld(bool held);
     /// Null by default. With a key, the state is kept in the settings (see ZelInspectorState): it is restored when the
     /// view is loaded, and saved after every change. Within a container that has a key, the key only names this one.
-    const QString &stateKey() const { return m_stateKey; }
+    const QString &stateKey() const;
     void setStateKey(const QString &key);
     /// What the container is called in a state: the key, or what was set, or the title. It should be the same in all
     /// languages; descriptions set the title as it is written.
     QString stateName() const;
-    void setStateName(const QString &name) { m_stateName = name; }
+    void setStateName(const QString &name);
 
     /// The controllers of which the container consists, in their order; also those that are not in use.
     virtual QList<QPointer<ZelViewController>> allChildControllers() const { return childControllers(); }
@@ -68,11 +68,11 @@ protected:
     void flushState();
 
 private:
+    struct State;
+    State &state() const;
     ZelStateKeeper &stateKeeper() const;
     bool keepsOwnState() const;
 
     QPointer<QObject> m_owner;
-    QString m_stateKey;
-    QString m_stateName;
-    mutable std::unique_ptr<ZelStateKeeper> m_stateKeeper; // made when it is first needed
+    mutable std::unique_ptr<State> m_state; // made when it is first needed
 };

@@ -56,6 +56,19 @@ bool shareLine(ZelInspectorProperty *first, ZelInspectorProperty *second)
 
 } // namespace
 
+struct ZelInspectorSliver::Parts
+{
+    QPointer<ZelLabel> label;
+    QPointer<ZelLabel> mark; // in the place of a label that the row does not have
+    QString givenName;       // the accessible name that was given to controls without one of their own
+    Constraint::Ptr baselineConstraint;
+    QList<Constraint::Ptr> rowConstraints;
+    QList<QPointer<ZelHorizontalStackView>> pairs;
+
+    /// What stands before the editors; null if nothing does.
+    ZelLabel *leading() const { return label ? label : mark; }
+};
+
 ZelInspectorSliver::ZelInspectorSliver(QObject *owner)
     : ZelInspectorConditionalContainer(owner, Observes::WhileInstalled)
 {
@@ -86,9 +99,34 @@ void ZelInspectorSliver::setProperties(const QList<ZelInspectorProperty *> &prop
     Q_EMIT propertiesChanged();
 }
 
+ZelInspectorSliver::Parts &ZelInspectorSliver::parts()
+{
+    if (!m_parts)
+        m_parts = std::make_unique<Parts>();
+    return *m_parts;
+}
+
 ZelLabel *ZelInspectorSliver::label() const
 {
-    return m_label;
+    return m_parts ? m_parts->label.data() : nullptr;
+}
+
+void ZelInspectorSliver::setLabel(ZelLabel *label)
+{
+    if (ZelAssign(parts().label, label))
+        Q_EMIT labelChanged();
+}
+
+const Constraint::Ptr &ZelInspectorSliver::baselineConstraint() const
+{
+    static const Constraint::Ptr none;
+    return m_parts ? m_parts->baselineConstraint : none;
+}
+
+void ZelInspectorSliver::setBaselineConstraint(const Constraint::Ptr &constraint)
+{
+    if (ZelAssign(parts().baselineConstraint, constraint))
+        Q_EMIT baselineConstraintChanged();
 }
 
 void ZelInspectorSliver::loadView()
@@ -102,8 +140,10 @@ void ZelInspectorSliver::loadView()
 void ZelInspectorSliver::viewDidUnload()
 {
     ZelInspectorConditionalContainer::viewDidUnload();
-    m_rowConstraints.clear();
-    m_baselineConstraint.reset();
+    if (!m_parts)
+        return;
+    m_parts->rowConstraints.clear();
+    m_parts->baselineConstraint.reset();
 }
 
 void ZelInspectorSliver::updateView()
@@ -112,18 +152,18 @@ void ZelInspectorSliver::updateView()
         return;
     ZelView *row = view();
     const ZelTabOrder tabOrder(row);
-    const QList<QPointer<ZelHorizontalStackView>> formerPairs = std::exchange(m_pairs, {});
+    const QList<QPointer<ZelHorizontalStackView>> formerPairs = std::exchange(parts().pairs, {});
     const QList<QWidget *> lines = makeLines();
     updateLabel();
-    row->removeConstraints(std::exchange(m_rowConstraints, {}));
-    QWidget *label = m_label ? m_label : m_mark;
+    row->removeConstraints(std::exchange(parts().rowConstraints, {}));
+    QWidget *label = parts().leading();
     row->setSubviews(label ? lines + QList<QWidget *>{label} : lines);
     if (label)
         label->show(); // Qt hides what is made while its parent is visible
     if (isViewInstalled())
         tabOrder.followSubviews();
-    m_rowConstraints = constraintsForLines(lines) + constraintsForLabel();
-    row->addConstraints(m_rowConstraints);
+    parts().rowConstraints = constraintsForLines(lines) + constraintsForLabel();
+    row->addConstraints(parts().rowConstraints);
     Q_EMIT baselineConstraintChanged();
     for (const auto &pair : formerPairs) {
         if (pair)
@@ -150,7 +190,7 @@ QList<QWidget *> ZelInspectorSliver::makeLines()
 ZelView *ZelInspectorSliver::makePair(ZelInspectorProperty *first, ZelInspectorProperty *second)
 {
     auto *pair = new ZelHorizontalStackView;
-    m_pairs.append(pair);
+    parts().pairs.append(pair);
     pair->setSpacing(g_columnSpacing);
     pair->setEqualSizes(true);
     pair->setMirrored(true);
@@ -167,7 +207,7 @@ void ZelInspectorSliver::titleDidChange()
 {
     if (!isViewLoaded())
         return;
-    if (needsLabel() == !m_label)
+    if (needsLabel() == !label())
         updateView();
     else
         showTitle();
@@ -175,18 +215,19 @@ void ZelInspectorSliver::titleDidChange()
 
 void ZelInspectorSliver::updateLabel()
 {
-    const bool hadLabel = m_label;
+    Parts &parts = this->parts();
+    const bool hadLabel = parts.label;
     if (!needsLabel()) {
-        delete m_label;
-    } else if (!m_label) {
-        m_label = makeLabel();
+        delete parts.label;
+    } else if (!parts.label) {
+        parts.label = makeLabel();
     }
-    if (m_label || !m_isChanged)
-        delete m_mark;
-    else if (!m_mark)
-        m_mark = makeLabel();
+    if (parts.label || !m_isChanged)
+        delete parts.mark;
+    else if (!parts.mark)
+        parts.mark = makeLabel();
     letLabelScrub();
-    if (hadLabel != !m_label.isNull())
+    if (hadLabel != !parts.label.isNull())
         Q_EMIT labelChanged();
     showTitle();
 }
@@ -204,26 +245,26 @@ void ZelInspectorSliver::letLabelScrub()
         untitled = number;
         ++count;
     }
-    ZelInspectorNumberProperty::letTitleScrub(m_label, count == 1 ? untitled : nullptr);
+    ZelInspectorNumberProperty::letTitleScrub(label(), count == 1 ? untitled : nullptr);
 }
 
 /// Shows the title in the label, and makes it the accessible name of the editors' controls for people who cannot see
 /// it.
 void ZelInspectorSliver::showTitle()
 {
-    if (m_label)
-        m_label->setText(title());
+    if (label())
+        label()->setText(title());
     const QList<ZelInspectorProperty *> all = properties();
     for (ZelInspectorProperty *property : all) {
         if (!property->title().isEmpty() || !property->titleKeyPath().isEmpty())
             continue;
         for (QWidget *control : property->controlsNamedByRow()) {
             const QString name = control ? control->accessibleName() : title();
-            if (name != title() && (name.isEmpty() || name == m_givenName))
+            if (name != title() && (name.isEmpty() || name == parts().givenName))
                 control->setAccessibleName(title());
         }
     }
-    m_givenName = title();
+    parts().givenName = title();
     if (m_isChanged)
         showChanged();
 }
@@ -252,13 +293,11 @@ void ZelInspectorSliver::showChanged()
 {
     const QList<ZelInspectorProperty *> all = properties();
     const bool isChanged = std::any_of(all.begin(), all.end(), [](const auto *p) { return p->isChangedFromDefault(); });
-    if (ZelAssign(m_isChanged, isChanged) && isViewLoaded() && !m_label)
+    if (ZelAssign(m_isChanged, isChanged) && isViewLoaded() && !label())
         updateView(); // the dot comes or goes
-    for (ZelLabel *label : {m_label.data(), m_mark.data()}) {
-        if (!label)
-            continue;
-        label->setDotted(isChanged);
-        describeChanged(label, isChanged);
+    if (ZelLabel *leading = m_parts ? m_parts->leading() : nullptr) {
+        leading->setDotted(isChanged);
+        describeChanged(leading, isChanged);
     }
     for (ZelInspectorProperty *property : all) {
         if (!property->hasDefaultValue() || !property->isViewLoaded())
@@ -303,8 +342,8 @@ QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLines(const QList<QWidg
 
 QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLabel()
 {
-    m_baselineConstraint.reset();
-    ZelLabel *label = m_label ? m_label : m_mark;
+    parts().baselineConstraint.reset();
+    ZelLabel *label = parts().leading();
     if (!label)
         return {};
     QList<Constraint::Ptr> constraints{
@@ -318,8 +357,8 @@ QList<Constraint::Ptr> ZelInspectorSliver::constraintsForLabel()
         return constraints;
     const Constraint::Ptr baselines = tie(label, Constraint::Baseline, baselineView, Constraint::Baseline,
                                           all.first()->baselineOffsetFromView(), g_baselinePriority);
-    if (m_label)
-        m_baselineConstraint = baselines;
+    if (parts().label)
+        parts().baselineConstraint = baselines;
     constraints << baselines;
     return constraints;
 }

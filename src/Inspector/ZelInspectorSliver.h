@@ -6,7 +6,8 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
 #include "Layout/ZelLayoutConstraint.h"
-#include "Views/ZelHorizontalStackView.h"
+
+#include <memory>
 
 /// One row of an inspector: property editors, with the title as a label before them.
 ///
@@ -23,8 +24,8 @@ class ZEL_EXPORT ZelInspectorSliver : public ZelInspectorConditionalContainer
     Q_PROPERTY(bool fullWidth READ isFullWidth WRITE setFullWidth NOTIFY fullWidthChanged)
     Q_PROPERTY(QList<ZelInspectorProperty *> properties READ properties WRITE setProperties NOTIFY propertiesChanged)
     // What the row is made of. The sliver sets these; so may a subclass that makes the row differently.
-    Q_PROPERTY(ZelLabel *label READ label MEMBER m_label NOTIFY labelChanged)
-    Q_PROPERTY(ZelLayoutConstraint::Ptr baselineConstraint READ baselineConstraint MEMBER m_baselineConstraint NOTIFY
+    Q_PROPERTY(ZelLabel *label READ label WRITE setLabel NOTIFY labelChanged)
+    Q_PROPERTY(ZelLayoutConstraint::Ptr baselineConstraint READ baselineConstraint WRITE setBaselineConstraint NOTIFY
                    baselineConstraintChanged)
 public:
     explicit ZelInspectorSliver(QObject *owner);
@@ -38,7 +39,7 @@ public:
     /// Null while the row shows no label.
     ZelLabel *label() const;
     /// The constraint between the baselines of the label and of the first editor; null if one of them is missing.
-    const ZelLayoutConstraint::Ptr &baselineConstraint() const { return m_baselineConstraint; }
+    const ZelLayoutConstraint::Ptr &baselineConstraint() const;
 
     void loadView() override;
     void viewDidUnload() override;
@@ -56,6 +57,10 @@ protected:
     QList<QPointer<ZelViewController>> childControllers() const override { return m_properties.pointers(); }
 
 private:
+    struct Parts;
+    Parts &parts();
+    void setLabel(ZelLabel *label);
+    void setBaselineConstraint(const ZelLayoutConstraint::Ptr &constraint);
     QList<QWidget *> makeLines();
     ZelView *makePair(ZelInspectorProperty *first, ZelInspectorProperty *second);
     bool needsLabel() const { return !title().isEmpty() && !m_fullWidth; }
@@ -70,12 +75,7 @@ private:
     QList<ZelLayoutConstraint::Ptr> constraintsForLabel();
 
     ZelChildControllers<ZelInspectorProperty> m_properties;
-    QPointer<ZelLabel> m_label;
-    QPointer<ZelLabel> m_mark; // in the place of a label that the row does not have
-    QString m_givenName;       // the accessible name that was given to controls without one of their own
-    ZelLayoutConstraint::Ptr m_baselineConstraint;
-    QList<ZelLayoutConstraint::Ptr> m_rowConstraints;
-    QList<QPointer<ZelHorizontalStackView>> m_pairs;
+    std::unique_ptr<Parts> m_parts; // null until there is something in the view
     bool m_fullWidth = false;
     bool m_isChanged = false; // a value differs from its default
 };

@@ -169,7 +169,7 @@ void ZelView::setViewController(ZelViewController *controller)
     m_viewController = controller;
     if (controller) {
         controller->setNextLink(takeResponderLink());
-        controller->m_respondingView = this;
+        controller->setRespondingView(this);
         // A controller that is just loading its view gets viewDidInstall when the load is complete.
         if (m_installed && !controller->m_loading && !controller->isViewInstalled()) {
             ZelExceptionReporter::passOn(controller, [controller] { controller->viewDidInstall(); });
@@ -184,9 +184,9 @@ void ZelView::leaveViewController()
     const QPointer<ZelViewController> old = m_viewController;
     if (old && old->isViewInstalled())
         old->viewWillUninstall();
-    if (!old || old->m_respondingView != this)
+    if (!old || old->respondingView() != this)
         return;
-    old->m_respondingView = nullptr;
+    old->setRespondingView(nullptr);
     if (const ZelResponderLink link = old->takeNextLink(); link.isSet)
         rare().next = link;
 }
@@ -278,7 +278,7 @@ bool ZelView::handleEvent(QEvent *event)
     case QEvent::ParentChange:
         m_shownAsWindow = m_shownAsWindow && isWindow();
         takeResponderLink();
-        if (m_viewController && m_viewController->m_respondingView == this)
+        if (m_viewController && m_viewController->respondingView() == this)
             m_viewController->setNextLink({});
         if (!m_moving)
             ZelViewInstaller::windowMayHaveChanged(this);

@@ -64,6 +64,7 @@ struct ZelViewController::Rare
     QString toolTip;
     QString whatsThis;
     ZelResponderLink next;
+    QPointer<ZelView> respondingView; // the view whose next responder is behind this controller
 };
 
 ZelViewController::ZelViewController(QObject *parent)
@@ -225,8 +226,8 @@ void ZelViewController::setView(QWidget *widget)
 
 void ZelViewController::viewWasDestroyed(const ZelView *view)
 {
-    if (m_respondingView == view) {
-        m_respondingView = nullptr;
+    if (respondingView() == view) {
+        setRespondingView(nullptr);
         setNextLink({});
     }
     if (m_view != view)
@@ -278,8 +279,8 @@ void ZelViewController::uninstall() noexcept
         if (auto *controller = qobject_cast<ZelViewController *>(child))
             // QObject's destructor is going to delete the child controllers.
             controller->m_diesWithParent = true;
-    if (m_respondingView && m_respondingView != m_view)
-        ZelExceptionReporter::run(this, [this] { m_respondingView->setViewController(nullptr); });
+    if (ZelView *other = respondingView(); other && other != m_view)
+        ZelExceptionReporter::run(this, [other] { other->setViewController(nullptr); });
     if (!m_view)
         return;
     if (m_view->parentWidget() && !diesWithView() && !isInClosedWindow(m_view))
@@ -294,6 +295,17 @@ void ZelViewController::uninstall() noexcept
 }
 
 // Responders
+
+ZelView *ZelViewController::respondingView() const
+{
+    return m_rare ? m_rare->respondingView.data() : nullptr;
+}
+
+void ZelViewController::setRespondingView(ZelView *view)
+{
+    if (m_rare || view)
+        rare().respondingView = view;
+}
 
 void ZelViewController::setNextLink(const ZelResponderLink &link)
 {
@@ -310,7 +322,8 @@ QObject *ZelViewController::nextResponder() const
 {
     if (m_rare && m_rare->next.isSet)
         return m_rare->next.responder;
-    return m_respondingView ? m_respondingView->parentWidget() : nullptr;
+    const ZelView *view = respondingView();
+    return view ? view->parentWidget() : nullptr;
 }
 
 void ZelViewController::setNextResponder(QObject *responder)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Core/Errors/ZelSharedPlace.h"
 #include "Core/Errors/ZelSourcePlace.h"
 #include "Core/RunLoop/ZelGuarded.h"
 #include "Core/ZelExport.h"
@@ -60,7 +61,7 @@ public:
 
     /// File, line and column of the element from which the controller was made. Empty for a controller made in code;
     /// reports about it name the place of the nearest controller above it that has one.
-    ZelSourcePlace place() const override { return m_place; }
+    ZelSourcePlace place() const override { return m_place.place(); }
     void setPlace(const ZelSourcePlace &place) { m_place = place; }
 
     /// The name under which loadView looks for a view.
@@ -132,9 +133,11 @@ protected:
 
 private:
     friend class ZelView;
-    struct Rare; // members that few controllers need
+    struct Rare; // members that few controllers need while they have no view
     Rare &rare();
     void setHelp(QString Rare::*text, const QString &value, void (ZelViewController::*changed)());
+    ZelView *respondingView() const;
+    void setRespondingView(ZelView *view);
     void setNextLink(const ZelResponderLink &link);
     ZelResponderLink takeNextLink();
     void makeView();
@@ -143,10 +146,9 @@ private:
     bool diesWithView() const;
 
     QPointer<ZelView> m_view;
-    QPointer<ZelView> m_respondingView; // the view whose next responder is behind this controller
     std::unique_ptr<Rare> m_rare;
     QString m_title;
-    ZelSourcePlace m_place;
+    ZelSharedPlace m_place;
     bool m_viewInstalled = false;
     bool m_loading = false;
     bool m_diesWithParent = false;

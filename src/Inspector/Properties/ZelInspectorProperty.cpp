@@ -25,6 +25,7 @@
 #include "Inspector/Properties/private/ZelFailedEdits.h"
 #include "Inspector/Properties/private/ZelKeptValueCheck.h"
 #include "Inspector/Properties/private/ZelMissingKeyWatch.h"
+#include "Inspector/Properties/private/ZelRareAttributes.h"
 #include "Observation/ZelDelayedInvocation.h"
 #include "Observation/ZelObservations.h"
 #include "ViewController/ZelInstalledContext.h"
@@ -60,83 +61,28 @@ ZelInspectorProperty::~ZelInspectorProperty()
     uninstall();
 }
 
-void ZelInspectorProperty::configure(const ZelInspectorConfiguration &configuration)
-{
-    setTitle(configuration.localizedStringValueNamed(u"title"));
-    setTitleKeyPath(configuration.keyPathValueNamed(u"titleKeyPath"));
-    setToolTip(configuration.localizedStringValueNamed(u"toolTip"));
-    setWhatsThis(configuration.localizedStringValueNamed(u"whatsThis"));
-    setKeyPath(configuration.keyPathValueNamed(u"keyPath"));
-    setValueTransformer(configuration.valueTransformerForAttributeNamed(u"valueTransformer"));
-    setEnabled(configuration.booleanValueNamed(u"enabled", true));
-    setEnabledValueTransformer(configuration.valueTransformerForAttributeNamed(u"enabledValueTransformer"));
-    setEnabledKeyPath(configuration.keyPathValueNamed(u"enabledKeyPath"));
-    setDisabledReason(configuration.localizedStringValueNamed(u"disabledReason"));
-    setActionSelector(configuration.selectorValueNamed(u"actionSelector"));
-    setActionName(configuration.localizedStringValueNamed(u"actionName"));
-    setReturnAdvances(configuration.booleanValueOfFileNamed(u"returnAdvances", m_returnAdvances));
-    if (configuration.hasValueNamed(u"defaultValue") || configuration.hasValueNamed(u"defaultValueKeyPath"))
-        editorDefault().configure(configuration, m_valueTransformer ? QMetaType() : valueType());
-}
-
 /// Sets one of the key paths. Observations and bindings are made when the view is installed, so an installed view is
 /// uninstalled and installed again. Answers false if nothing changed or the editor has died.
-bool ZelInspectorProperty::setObservedKeyPath(QString &member, const QString &keyPath)
+bool ZelInspectorProperty::setObservedKeyPath(const QString &former, const QString &keyPath,
+                                              const std::function<void()> &store)
 {
-    if (member == keyPath)
+    if (former == keyPath)
         return false;
+    if (!isViewInstalled()) {
+        store();
+        return true;
+    }
     const QPointer<ZelInspectorProperty> alive(this);
-    if (isViewInstalled())
-        endEditing();
+    endEditing();
     if (!alive)
         return false;
-    if (&member == &m_keyPath) {
-        m_missingKey.reset();
-        m_isKeyKnown = false;
-    }
-    member = keyPath;
+    store();
     if (!isViewInstalled())
         return true;
     const ZelPlaceScope scope(this);
     viewWillUninstall();
     viewDidInstall();
     return !alive.isNull();
-}
-
-void ZelInspectorProperty::setTitleKeyPath(const QString &keyPath)
-{
-    if (setObservedKeyPath(m_titleKeyPath, keyPath))
-        Q_EMIT titleKeyPathChanged();
-}
-
-void ZelInspectorProperty::setKeyPath(const QString &keyPath)
-{
-    if (setObservedKeyPath(m_keyPath, keyPath))
-        Q_EMIT keyPathChanged();
-}
-
-void ZelInspectorProperty::setEnabled(bool enabled)
-{
-    if (ZelAssign(m_enabled, enabled))
-        Q_EMIT enabledChanged();
-}
-
-void ZelInspectorProperty::setEnabledKeyPath(const QString &keyPath)
-{
-    if (setObservedKeyPath(m_enabledKeyPath, keyPath))
-        Q_EMIT enabledKeyPathChanged();
-}
-
-void ZelInspectorProperty::setActionSelector(const ZelSelector &selector)
-{
-    if (ZelAssign(m_actionSelector, selector))
-        Q_EMIT actionSelectorChanged();
-}
-
-void ZelInspectorProperty::setActionName(const QString &name)
-{
-    if (ZelAssign(m_actionName, name))
-        Q_EMIT actionNameChanged();
 }
 
 void ZelInspectorProperty::setReadOnly(bool readOnly)
@@ -211,7 +157,7 @@ void ZelInspectorProperty::setReflectedValue(const QVariant &value)
     const QPointer<ZelInspectorProperty> alive(this);
     const bool isDone = writeUnlessRefused([&] {
         if (const ZelNumberChange *change = ZelNumberChange::of(value))
-            write.changeNumbers(m_owner, *change, m_keyPath, m_valueTransformer);
+            write.changeNumbers(m_owner, *change, m_keyPath, valueTransformer());
         else
             write.setValueForKeyPath(m_owner, stored, m_keyPath);
     });
@@ -233,10 +179,10 @@ void ZelInspectorProperty::userDidChangeValue(QObject *)
     if (std::exchange(m_wasRefused, false))
         return;
     if (ZelUndoManager *manager = undoManager())
-        manager->nameEdit(m_actionName);
-    if (m_actionSelector.isNull() || !m_owner)
+        manager->nameEdit(actionName());
+    if (actionSelector().isNull() || !m_owner)
         return;
-    m_actionSelector.perform(m_owner);
+    actionSelector().perform(m_owner);
     ZelRereadSilentProperties(); // the action may have changed properties without a signal
 }
 
@@ -264,7 +210,7 @@ QString ZelInspectorProperty::helpForControl(const QWidget *) const
 
 QString ZelInspectorProperty::presentDisabledReason() const
 {
-    return m_disabledReason.isEmpty() || isEffectivelyEnabled() ? QStringLiteral("") : m_disabledReason;
+    return disabledReason().isEmpty() || isEffectivelyEnabled() ? QStringLiteral("") : disabledReason();
 }
 
 QWidget *ZelInspectorProperty::viewForBaselineAlignment()
@@ -326,12 +272,12 @@ void ZelInspectorProperty::bindEnabledKeyPathToControl(QWidget *control)
     if (!control)
         return;
     control->setEnabled(m_enabled);
-    if (m_enabledKeyPath.isEmpty() || !m_owner)
+    if (enabledKeyPath().isEmpty() || !m_owner)
         return;
     ZelBindingOptions options;
-    if (m_enabledValueTransformer)
-        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(m_enabledValueTransformer));
-    ZelObservations(this).addBindingWithObject(control, ZelEnabledBinding, m_owner, m_enabledKeyPath, options,
+    if (enabledValueTransformer())
+        options.insert(ZelValueTransformerBindingOption, QVariant::fromValue(enabledValueTransformer()));
+    ZelObservations(this).addBindingWithObject(control, ZelEnabledBinding, m_owner, enabledKeyPath(), options,
                                                &ZelInstalledContext);
 }
 
@@ -347,8 +293,8 @@ bool ZelInspectorProperty::isEffectivelyEnabled() const
 
 void ZelInspectorProperty::bindTitle(QWidget *titled, const QString &binding)
 {
-    if (titled && m_owner && !m_titleKeyPath.isEmpty())
-        ZelObservations(this).addBindingWithObject(titled, binding, m_owner, m_titleKeyPath, {}, &ZelInstalledContext);
+    if (titled && m_owner && !titleKeyPath().isEmpty())
+        ZelObservations(this).addBindingWithObject(titled, binding, m_owner, titleKeyPath(), {}, &ZelInstalledContext);
 }
 
 void ZelInspectorProperty::viewDidInstall()
@@ -395,7 +341,7 @@ bool ZelInspectorProperty::editsType(QMetaType type) const
 /// Values of a type that the editor cannot show would look absent, and nothing that is entered would be taken.
 void ZelInspectorProperty::warnUnlessEdited(const QObject *object, const QString &keyPath)
 {
-    if (!object || keyPath.isEmpty() || m_valueTransformer || place().isEmpty() || m_hasWarnedOfType)
+    if (!object || keyPath.isEmpty() || valueTransformer() || place().isEmpty() || m_hasWarnedOfType)
         return;
     const auto domain = ZelPropertyDomain::ofKeyPath(object, keyPath);
     for (const QMetaType type : domain.types()) {

@@ -63,33 +63,30 @@ public:
 
     // Key paths may be changed at any time; what was typed until then is written at the former one.
     /// The key path of a title that may change. Without one, the title itself is shown.
-    const QString &titleKeyPath() const { return m_titleKeyPath; }
+    const QString &titleKeyPath() const;
     void setTitleKeyPath(const QString &keyPath);
     /// The key path of the edited value.
     const QString &keyPath() const { return m_keyPath; }
     void setKeyPath(const QString &keyPath);
     /// Applied between the value in the model and the value shown. Must let selection markers pass.
-    const ZelValueTransformerPtr &valueTransformer() const { return m_valueTransformer; }
-    void setValueTransformer(const ZelValueTransformerPtr &transformer) { m_valueTransformer = transformer; }
+    const ZelValueTransformerPtr &valueTransformer() const;
+    void setValueTransformer(const ZelValueTransformerPtr &transformer);
     /// True by default. Taken over by the controls when the view is installed.
     bool isEnabled() const { return m_enabled; }
     void setEnabled(bool enabled);
     /// The key path of a value that enables the controls, through the transformer where there is one.
-    const QString &enabledKeyPath() const { return m_enabledKeyPath; }
+    const QString &enabledKeyPath() const;
     void setEnabledKeyPath(const QString &keyPath);
-    const ZelValueTransformerPtr &enabledValueTransformer() const { return m_enabledValueTransformer; }
-    void setEnabledValueTransformer(const ZelValueTransformerPtr &transformer)
-    {
-        m_enabledValueTransformer = transformer;
-    }
+    const ZelValueTransformerPtr &enabledValueTransformer() const;
+    void setEnabledValueTransformer(const ZelValueTransformerPtr &transformer);
     /// Why the controls cannot be used while they are disabled, for people; empty by default.
-    const QString &disabledReason() const { return m_disabledReason; }
-    void setDisabledReason(const QString &reason) { m_disabledReason = reason; }
+    const QString &disabledReason() const;
+    void setDisabledReason(const QString &reason);
     /// Sent to the owner after every change by the user.
-    const ZelSelector &actionSelector() const { return m_actionSelector; }
+    const ZelSelector &actionSelector() const;
     void setActionSelector(const ZelSelector &selector);
     /// Names the undo step of every change by the user.
-    const QString &actionName() const { return m_actionName; }
+    const QString &actionName() const;
     void setActionName(const QString &name);
 
     /// Whether users may only look, even if the value could be written; false by default. An editor sets it for the
@@ -308,6 +305,7 @@ protected:
     bool filterEvent(QObject *watched, QEvent *event) override;
 
 private:
+    struct Rare; // attributes that few elements have
     ZelDelayedInvocation *updateViewInvocationPointer() { return &updateViewInvocation(); }
     bool writeUnlessRefused(const std::function<void()> &write);
     QWidget *controlToMark();
@@ -315,7 +313,10 @@ private:
     void endEditing();
     void watchReturn();
     bool isFieldFocused() const;
-    bool setObservedKeyPath(QString &member, const QString &keyPath);
+    const Rare &rare() const;
+    Rare &rare();
+    template<typename Value> bool setRare(Value Rare::*member, const Value &value);
+    bool setObservedKeyPath(const QString &former, const QString &keyPath, const std::function<void()> &store);
     bool isKeyPathTooLong() const;
     ZelEditorDefault &editorDefault();
     void observeDefault();
@@ -333,14 +334,8 @@ private:
     void warnUnlessEdited(const QObject *object, const QString &keyPath);
 
     QPointer<QObject> m_owner;
-    QString m_titleKeyPath;
     QString m_keyPath;
-    QString m_disabledReason;
-    ZelValueTransformerPtr m_valueTransformer;
-    ZelValueTransformerPtr m_enabledValueTransformer;
-    QString m_enabledKeyPath;
-    QString m_actionName;
-    ZelSelector m_actionSelector;
+    std::unique_ptr<Rare> m_rare;
     QMetaObject::Connection m_selectionConnection;
     std::unique_ptr<ZelDelayedInvocation> m_updateViewInvocation;
     std::unique_ptr<ZelEditorDefault> m_default;

@@ -28,7 +28,7 @@
 QString ZelInspectorProperty::refusalOf(const QVariant &modelValue) const
 {
     const QString reason =
-        ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, m_valueTransformer);
+        ZelValueRefusal::reason(ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath), modelValue, valueTransformer());
     if (!reason.isNull() || !m_owner)
         return reason;
     if (const auto *outer = qobject_cast<const ZelInspectorProperty *>(m_owner.data()))
@@ -56,9 +56,9 @@ QString ZelInspectorProperty::refusalOfValues(const ValueBlock &block) const
     for (QObject *object : objects) {
         const auto stored = validation.validates(object) ? accessors.read(object) : std::nullopt;
         const QVariant value =
-            stored ? block(m_valueTransformer ? m_valueTransformer->transformedValue(*stored) : *stored) : QVariant();
+            stored ? block(valueTransformer() ? valueTransformer()->transformedValue(*stored) : *stored) : QVariant();
         validation.ask(object,
-                       stored && m_valueTransformer ? m_valueTransformer->reverseTransformedValue(value) : value);
+                       stored && valueTransformer() ? valueTransformer()->reverseTransformedValue(value) : value);
     }
     return validation.isRefused() ? ZelRefusalMark::text(validation) : QString();
 }
@@ -67,16 +67,16 @@ QString ZelInspectorProperty::refusalOfShown(const QVariant &value) const
 {
     if (const ZelNumberChange *change = ZelNumberChange::of(value))
         return refusalOfChange(*change);
-    const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
-    return refusalOf(isReversible ? m_valueTransformer->reverseTransformedValue(value) : value);
+    const bool isReversible = valueTransformer() && valueTransformer()->allowsReverseTransformation();
+    return refusalOf(isReversible ? valueTransformer()->reverseTransformedValue(value) : value);
 }
 
 QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) const
 {
-    ZelOwnNumbers own(m_owner, m_keyPath, m_valueTransformer);
+    ZelOwnNumbers own(m_owner, m_keyPath, valueTransformer());
     const auto count = qsizetype(own.numbers()->size());
     const auto domain = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath);
-    const bool takesAll = !m_valueTransformer && domain.takesAllNumbers();
+    const bool takesAll = !valueTransformer() && domain.takesAllNumbers();
     if (takesAll && own.areExact() && count > 0) {
         const ZelNumberChange::Numbers results = change.numbers(own.numbers());
         const auto [least, greatest] = std::minmax_element(results->begin(), results->end());
@@ -86,7 +86,7 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
         if (areNumbers && refusalOfResult(*least).isNull() && refusalOfResult(*greatest).isNull())
             return {};
     }
-    const bool isReversible = m_valueTransformer && m_valueTransformer->allowsReverseTransformation();
+    const bool isReversible = valueTransformer() && valueTransformer()->allowsReverseTransformation();
     QString firstReason;
     qsizetype refusing = 0;
     for (qsizetype i = 0; i < count; ++i) {
@@ -97,8 +97,8 @@ QString ZelInspectorProperty::refusalOfChange(const ZelNumberChange &change) con
                                               : ZelLocalizedString("The result is not a number.");
         else if (!takesAll)
             reason = ZelValueRefusal::reason(
-                domain, isReversible ? m_valueTransformer->reverseTransformedValue(number) : number,
-                m_valueTransformer);
+                domain, isReversible ? valueTransformer()->reverseTransformedValue(number) : number,
+                valueTransformer());
         if (reason.isNull())
             reason = refusalOfResult(number.toDouble());
         if (!reason.isNull() && refusing++ == 0)

@@ -124,7 +124,7 @@ void ZelInspectorProperty::updateReflectedValues(const ValueBlock &block)
     QObject *controller =
         isSelection ? ZelObject(ZelValueForKeyPath(m_owner.data(), selectionControllerKeyPathFromKeyPath(m_keyPath)))
                     : nullptr;
-    const ZelValueTransformerPtr transformer = m_valueTransformer; // a setter may delete this editor
+    const ZelValueTransformerPtr transformer = valueTransformer(); // a setter may delete this editor
     const ZelObjectController::ChangeBatch batch(qobject_cast<ZelObjectController *>(controller), path);
     const auto map = [&](const QVariant &stored) -> std::optional<QVariant> {
         const QVariant old = transformer ? transformer->transformedValue(stored) : stored;
@@ -157,7 +157,7 @@ ZelValueSummary ZelInspectorProperty::valueSummary() const
         return outer ? outer->valueSummaryOfPart(m_keyPath) : ZelValueSummary();
     }
     const ZelValueSummary stored = ZelValueSummary::ofKeyPath(selectedObjects(), selectedKeyPath());
-    const ZelValueTransformerPtr transformer = m_valueTransformer;
+    const ZelValueTransformerPtr transformer = valueTransformer();
     return transformer ? stored.mapped([&](const QVariant &value) { return transformer->transformedValue(value); })
                        : stored;
 }

@@ -146,7 +146,7 @@ QMetaType ZelInspectorProperty::typeOfValue(const QVariant &stored) const
     const auto types = ZelPropertyDomain::ofKeyPath(m_owner, m_keyPath).types();
     const auto known =
         std::find_if(types.begin(), types.end(), [](QMetaType type) { return type.id() != QMetaType::QVariant; });
-    return known == types.end() ? (m_valueTransformer ? QMetaType() : valueType()) : *known;
+    return known == types.end() ? (valueTransformer() ? QMetaType() : valueType()) : *known;
 }
 
 QVariant ZelInspectorProperty::withEditedBits(const QVariant &value, const QVariant &stored) const
@@ -255,15 +255,15 @@ void ZelInspectorProperty::writeModelValues(const QList<QObject *> &objects, con
 
 QVariant ZelInspectorProperty::transformedForward(const QVariant &modelValue) const
 {
-    return m_valueTransformer ? m_valueTransformer->transformedValue(modelValue) : modelValue;
+    return valueTransformer() ? valueTransformer()->transformedValue(modelValue) : modelValue;
 }
 
 QVariant ZelInspectorProperty::transformedBack(const QVariant &shownValue) const
 {
-    if (!m_valueTransformer)
+    if (!valueTransformer())
         return shownValue;
-    return m_valueTransformer->allowsReverseTransformation() ? m_valueTransformer->reverseTransformedValue(shownValue)
-                                                             : m_valueTransformer->transformedValue(shownValue);
+    return valueTransformer()->allowsReverseTransformation() ? valueTransformer()->reverseTransformedValue(shownValue)
+                                                             : valueTransformer()->transformedValue(shownValue);
 }
 
 QVariant ZelInspectorProperty::modelValue() const
@@ -283,7 +283,7 @@ QString ZelInspectorProperty::textOfValue(const QVariant &modelValue) const
 
 bool ZelInspectorProperty::readText(const QString &text, QVariant *modelValue, QString *error) const
 {
-    if (m_valueTransformer) {
+    if (valueTransformer()) {
         *modelValue = transformedBack(text);
         return true;
     }
