@@ -7,6 +7,7 @@
 #include "Core/KeyValue/ZelClassRegistry.h"
 #include "Inspector/Description/private/ZelDescriptionCheck.h"
 #include "Inspector/Description/private/ZelDescriptionFiles.h"
+#include "Inspector/Properties/private/ZelKnownOptions.h"
 #include "Inspector/ZelInspectorChooser.h"
 #include "Inspector/ZelInspectorSliver.h"
 #include "Inspector/ZelTabbedInspector.h"
@@ -104,8 +105,10 @@ public:
     explicit Build(Generator *generator)
         : m_generator(generator->m_files ? nullptr : generator)
     {
-        if (m_generator)
-            m_generator->m_files = std::make_unique<ZelDescriptionFiles>();
+        if (!m_generator)
+            return;
+        m_generator->m_files = std::make_unique<ZelDescriptionFiles>();
+        m_generator->m_knownOptions = std::make_unique<ZelKnownOptions>();
     }
     ~Build()
     {
@@ -113,6 +116,7 @@ public:
             return;
         m_generator->m_paths = m_generator->m_files->paths();
         m_generator->m_files.reset();
+        m_generator->m_knownOptions.reset();
     }
     Q_DISABLE_COPY_MOVE(Build)
 
@@ -201,12 +205,17 @@ ZelInspectorContainer *Generator::createContainer()
 ZelDescriptionCheck Generator::descriptionCheck() const
 {
     const auto report = [this](const ZelDescriptionMistake &mistake) {
+        if (m_knownOptions)
+            m_knownOptions->noteMistake();
         if (m_files)
             m_files->warnOnce(mistake.message, mistake.place);
         else
             ZelLogWarning(mistake.message, mistake.place);
     };
-    return {report, {.isOpen = typeid(*this) != typeid(Generator)}};
+    const auto hasFlawlessOptions = [this](const Configuration &property) {
+        return m_knownOptions && m_knownOptions->isFlawless(property.element());
+    };
+    return {report, {.isOpen = typeid(*this) != typeid(Generator), .hasFlawlessOptions = hasFlawlessOptions}};
 }
 
 // Included files and children

@@ -13,6 +13,7 @@
 #include <memory>
 #include <span>
 
+class ZelDescribedOptions;
 class ZelDescriptionCheck;
 class ZelDescriptionFiles;
 class ZelInspector;
@@ -26,8 +27,7 @@ class ZelInspectorProperty;
 class ZelInspectorSection;
 class ZelInspectorSlice;
 class ZelInspectorSliver;
-class ZelOption;
-class ZelOptionGroup;
+class ZelKnownOptions;
 class ZelTabbedInspector;
 
 /// Makes inspectors from their descriptions.
@@ -155,13 +155,15 @@ private:
     ZelInspectorProperty *createNumbersProperty(const Configuration &configuration);
     ZelInspectorProperty *configured(ZelInspectorEnumerationProperty *made, const Configuration &configuration,
                                      bool choosesSeveral = false) const;
-    QList<ZelOptionGroup *> createOptionGroups(const Configuration &configuration, QObject *parent) const;
-    QList<ZelOption *> createOptions(const Configuration &configuration, QObject *parent) const;
+    void describeOptions(ZelInspectorEnumerationProperty *editor, const Configuration &configuration) const;
+    ZelDescribedOptions readOptions(const Configuration &configuration) const;
 
     QUrl m_url;
     ZelInspectorDescription m_description;
     QPointer<QObject> m_owner;
     ZelWeakInterface<ZelDeclarativeInspectorGeneratorDelegate> m_delegate;
-    std::unique_ptr<ZelDescriptionFiles> m_files; // during a build
+    // During a build.
+    std::unique_ptr<ZelDescriptionFiles> m_files;
+    std::unique_ptr<ZelKnownOptions> m_knownOptions;
     QStringList m_paths;
 };

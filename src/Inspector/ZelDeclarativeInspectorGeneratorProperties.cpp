@@ -22,7 +22,7 @@
 #include "Inspector/Properties/ZelInspectorStringProperty.h"
 #include "Inspector/Properties/ZelInspectorTextEnumerationProperty.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
-#include "Inspector/Properties/private/ZelOptionValue.h"
+#include "Inspector/Properties/private/ZelKnownOptions.h"
 #include "Inspector/ZelDeclarativeInspectorGenerator.h"
 #include "Inspector/ZelParagraphStyleInspector.h"
 #include "Resources/ZelBundle.h"
@@ -274,7 +274,7 @@ ZelInspectorProperty *Generator::configured(ZelInspectorEnumerationProperty *mad
     if (choosesSeveral)
         property->setChoosesSeveral(true);
     property->configure(configuration);
-    property->setOptionGroups(createOptionGroups(configuration, property.get()));
+    describeOptions(property.get(), configuration);
     return property.release();
 }
 
@@ -288,33 +288,41 @@ ZelInspectorEnumerationProperty *Generator::createImageEnumerationPropertyForCon
     return new ZelInspectorImageEnumerationProperty(m_owner);
 }
 
-QList<ZelOptionGroup *> Generator::createOptionGroups(const Configuration &configuration, QObject *parent) const
+/// Elements with the same options share them.
+void Generator::describeOptions(ZelInspectorEnumerationProperty *editor, const Configuration &configuration) const
 {
-    QList<ZelOptionGroup *> groups;
-    for (const Configuration &element : configuration.configurationsNamed(u"option-group")) {
-        auto *group = new ZelOptionGroup(parent);
-        group->enumeratedValuesKeyPath = element.keyPathValueNamed(u"enumeratedValuesKeyPath");
-        group->enumeratedDisplayValuesKeyPath = element.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath");
-        group->setOptions(createOptions(element, group));
-        groups.append(group);
+    const ZelXmlElement &element = configuration.element();
+    if (element.elementCount() < 2)
+        return;
+    ZelDescribedOptions::Ptr options = m_knownOptions ? m_knownOptions->find(element) : ZelDescribedOptions::Ptr();
+    if (!options) {
+        options = new ZelDescribedOptions(readOptions(configuration));
+        if (m_knownOptions)
+            m_knownOptions->add(element, options);
     }
-    return groups;
+    if (!options->groups.isEmpty())
+        editor->setDescribedOptions(options);
 }
 
-QList<ZelOption *> Generator::createOptions(const Configuration &configuration, QObject *parent) const
+ZelDescribedOptions Generator::readOptions(const Configuration &configuration) const
 {
-    QList<ZelOption *> options;
-    for (const Configuration &element : configuration.configurationsNamed(u"option")) {
-        auto *option = new ZelOption(parent);
-        option->title = element.localizedStringValueNamed(u"title");
-        option->image = imageValue(element);
-        option->hidden = element.booleanValueNamed(u"hidden");
-        option->enabled = element.booleanValueNamed(u"enabled", true);
-        option->value = element.integerValueNamed(u"value");
-        ZelOptionValue::setText(option, element.stringValueNamed(u"value"), element.place());
-        options.append(option);
+    ZelDescribedOptions described;
+    for (const Configuration &element : configuration.configurationsNamed(u"option-group")) {
+        ZelDescribedOptions::Group group;
+        group.enumeratedValuesKeyPath = element.keyPathValueNamed(u"enumeratedValuesKeyPath");
+        group.enumeratedDisplayValuesKeyPath = element.keyPathValueNamed(u"enumeratedDisplayValuesKeyPath");
+        for (const Configuration &option : element.configurationsNamed(u"option")) {
+            group.options.append({.title = option.localizedStringValueNamed(u"title"),
+                                  .image = imageValue(option),
+                                  .hidden = option.booleanValueNamed(u"hidden"),
+                                  .enabled = option.booleanValueNamed(u"enabled", true),
+                                  .value = option.integerValueNamed(u"value"),
+                                  .text = option.stringValueNamed(u"value"),
+                                  .place = option.place()});
+        }
+        described.groups.append(group);
     }
-    return options;
+    return described;
 }
 
 // Images

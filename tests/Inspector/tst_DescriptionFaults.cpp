@@ -185,6 +185,23 @@ private Q_SLOTS:
         }
     }
 
+    void optionsAreCheckedInEveryRow()
+    {
+        const auto row = [](const QByteArray &attributes, const QByteArray &second) -> QByteArray {
+            return "\n<sliver><property type='enumeration'" + attributes +
+                   "><option-group><option value='1'/><option value='" + second +
+                   "'/></option-group></property></sliver>";
+        };
+        const QByteArray rows = row({}, "2") + row({}, "1") + row({}, "1") + row({}, "2") + row(" bitMask='1'", "2") +
+                                row(" bitMask='1'", "2");
+        Reports reports;
+        reports.collect([&] { makeSlice("<slice><section>" + rows + "</section></slice>"); });
+        QStringList lines;
+        for (const QString &message : std::as_const(reports.messages))
+            lines.append(message.section(':', -2, -2));
+        QCOMPARE(lines.join(' '), "3 4 6 7");
+    }
+
     void keysThatNoSelectedObjectHasAreReportedOnce()
     {
         for (const QByteArray type :

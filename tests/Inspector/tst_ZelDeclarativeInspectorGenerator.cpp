@@ -94,6 +94,8 @@ class tst_ZelDeclarativeInspectorGenerator : public QObject
     void checkMade(const QByteArray &description, const QStringList &expected)
     {
         m_tree = slice(description);
+        for (const auto *editor : m_tree->findChildren<ZelInspectorEnumerationProperty *>())
+            (void)editor->optionGroups(); // whose objects are made now
         QHash<QString, int> met;
         for (const QString &text : expected) {
             QObjectList objects = m_tree->findChildren<QObject *>();
@@ -240,6 +242,21 @@ private Q_SLOTS:
                    "class=ZelInspectorSliver|title=Here|fullWidth=false|visibleKeyPath=b|visibleValueTransformer=set",
                    "class=ZelInspectorChooser|title=File|keyPath=k|actionName=Act|actionSelector=s",
                    "class=ZelInspectorChooser|title=|keyPath=l|actionName=Act|actionSelector=t"});
+    }
+
+    void editorsWithTheSameOptionsHaveObjectsOfTheirOwn()
+    {
+        const QByteArray row = "<sliver><property type='enumeration'><option-group><option title='Size' value='1'/>"
+                               "</option-group></property></sliver>";
+        const Tree tree = slice(inSection(row + row));
+        const auto editors = tree->findChildren<ZelInspectorEnumerationProperty *>();
+        QCOMPARE(editors.size(), 2);
+        QCOMPARE(editors.first()->searchTexts(), QStringList{"Größe"});
+        editors.first()->optionGroups().first()->options().first()->title = "Mine";
+        QCOMPARE(editors.first()->searchTexts(), QStringList{"Mine"});
+        QCOMPARE(editors.last()->searchTexts(), QStringList{"Größe"});
+        editors.last()->setOptionGroups({});
+        QVERIFY(editors.last()->optionGroups().isEmpty());
     }
 
     void theDelegateMakesTypesOfTheApplication()

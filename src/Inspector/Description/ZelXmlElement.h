@@ -46,6 +46,9 @@ public:
     {
     }
 
+    /// Whether both are the same element of one document.
+    friend bool operator==(const ZelXmlElement &, const ZelXmlElement &) = default;
+
     /// A null element has no name, attributes or children.
     bool isNull() const { return !m_tree; }
     /// Whether the element is the outermost one of its document.
@@ -76,6 +79,10 @@ public:
             function(ZelXmlElement(m_tree, i));
     }
 
+    /// Whether both are of one document, and all that is below them is the same.
+    bool hasSameChildren(const ZelXmlElement &other) const;
+    size_t hashOfChildren() const;
+
     /// The canonical path of the file; empty where none was read.
     QString file() const { return isNull() ? QString() : m_tree->file; }
     /// Where the element's tag begins.
@@ -87,6 +94,7 @@ private:
     {
         return m_tree->attributes[data().firstAttribute + size_t(index)];
     }
+    bool hasSameTag(quint32 index, quint32 other) const;
     const ZelXmlTree::Attribute *findAttribute(QAnyStringView name) const;
     QStringView valueOf(const ZelXmlTree::Attribute &attribute) const
     {

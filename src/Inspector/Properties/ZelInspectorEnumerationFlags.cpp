@@ -31,7 +31,7 @@ QMetaType typeOf(const ZelPropertyDomain &domain, const QVariant &modelValue)
 
 bool ZelInspectorEnumerationProperty::isWithoutOptions() const
 {
-    return m_optionGroups.isEmpty() && m_enumeratedDisplayValuesKeyPath.isEmpty() &&
+    return m_optionGroups.isEmpty() && !m_described && m_enumeratedDisplayValuesKeyPath.isEmpty() &&
            m_enumeratedValuesKeyPath.isEmpty();
 }
 

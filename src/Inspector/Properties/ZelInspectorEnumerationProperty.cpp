@@ -11,6 +11,7 @@
 #include "Core/Values/private/ZelEnumerationKeys.h"
 #include "Core/Values/private/ZelValueConversion.h"
 #include "Inspector/Description/ZelInspectorConfiguration.h"
+#include "Inspector/Properties/private/ZelDescribedOptions.h"
 #include "Inspector/Properties/private/ZelEditorAttributes.h"
 #include "Inspector/Properties/private/ZelOptionValue.h"
 #include "Observation/ZelKeyValueObservation.h"
@@ -68,6 +69,7 @@ void ZelInspectorEnumerationProperty::setBitMaskValue(const QVariant &value)
 
 QList<ZelOptionGroup *> ZelInspectorEnumerationProperty::optionGroups() const
 {
+    makeDescribedGroups();
     QList<ZelOptionGroup *> living(m_optionGroups.begin(), m_optionGroups.end());
     living.removeAll(nullptr);
     return living;
@@ -77,6 +79,7 @@ void ZelInspectorEnumerationProperty::setOptionGroups(const QList<ZelOptionGroup
 {
     QList<QPointer<ZelOptionGroup>> assigned(groups.begin(), groups.end());
     assigned.removeAll(nullptr);
+    makeDescribedGroups();
     if (assigned == m_optionGroups)
         return;
     const QList<ZelOptionGroup *> former = optionGroups();
@@ -93,6 +96,21 @@ void ZelInspectorEnumerationProperty::setOptionGroups(const QList<ZelOptionGroup
         rebuildView();
     }
     Q_EMIT optionGroupsChanged();
+}
+
+void ZelInspectorEnumerationProperty::setDescribedOptions(const ZelDescribedOptions::Ptr &options)
+{
+    m_described = options;
+    Q_EMIT optionGroupsChanged();
+}
+
+void ZelInspectorEnumerationProperty::makeDescribedGroups() const
+{
+    const ZelDescribedOptions::Ptr described = std::exchange(m_described, {});
+    if (!described)
+        return;
+    const auto groups = described->makeGroups(const_cast<ZelInspectorEnumerationProperty *>(this));
+    m_optionGroups.append(QList<QPointer<ZelOptionGroup>>(groups.begin(), groups.end()));
 }
 
 void ZelInspectorEnumerationProperty::startObservationForOptionGroup(ZelOptionGroup *group)
@@ -256,6 +274,8 @@ bool ZelInspectorEnumerationProperty::readText(const QString &text, QVariant *mo
 
 QStringList ZelInspectorEnumerationProperty::searchTexts() const
 {
+    if (m_described)
+        return m_described->titles();
     QStringList texts;
     for (const ZelOptionGroup *group : optionGroups()) {
         for (const ZelOption *option : group->options())

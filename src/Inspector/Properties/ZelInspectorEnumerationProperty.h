@@ -5,7 +5,10 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/Properties/ZelOptionGroup.h"
 
+#include <QExplicitlySharedDataPointer>
 #include <optional>
+
+class ZelDescribedOptions;
 
 /// The base of editors that choose values out of a list of options.
 ///
@@ -120,6 +123,9 @@ protected:
     void writeFlag(const QVariant &flag, bool isOn, QObject *sender);
 
 private:
+    friend class ZelDeclarativeInspectorGenerator;
+    void setDescribedOptions(const QExplicitlySharedDataPointer<const ZelDescribedOptions> &options);
+    void makeDescribedGroups() const;
     bool isWithoutOptions() const;
     void offerKeys(const QVariant &modelValue);
     QList<Choice> offeredChoices() const;
@@ -129,7 +135,8 @@ private:
     QMetaType typeOfSeveral() const;
     QList<Choice> choicesAt(const QString &displayValuesKeyPath, const QString &valuesKeyPath) const;
 
-    QList<QPointer<ZelOptionGroup>> m_optionGroups;
+    mutable QList<QPointer<ZelOptionGroup>> m_optionGroups;
+    mutable QExplicitlySharedDataPointer<const ZelDescribedOptions> m_described; // no groups are made of it yet
     std::optional<quint64> m_bitMask;
     QMetaType m_modelType;   // see ZelOptionValue; invalid while it is not known
     QMetaType m_offeredType; // whose keys are offered

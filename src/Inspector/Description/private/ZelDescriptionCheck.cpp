@@ -346,6 +346,8 @@ void ZelDescriptionCheck::checkRange(const Configuration &element) const
 void ZelDescriptionCheck::checkOptions(const Configuration &property) const
 {
     const QString mask = property.stringValueNamed(u"bitMask");
+    if (mask.isNull() && m_options.hasFlawlessOptions && m_options.hasFlawlessOptions(property))
+        return;
     const bool isMasked = !mask.isNull() && ZelNumberScanner::isInteger(mask) && isBits(mask);
     const quint64 bits = isMasked ? property.unsignedIntegerValueNamed(u"bitMask") : ~quint64(0);
     const QList<Configuration> groups = property.configurationsNamed(u"option-group");

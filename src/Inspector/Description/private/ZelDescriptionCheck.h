@@ -23,6 +23,8 @@ public:
         bool isThorough = false;
         /// The file that an element names, in place of the application's resources; empty if it does not exist.
         std::function<QUrl(const Configuration &element)> findFile = {};
+        /// Whether the options of a property are known to have no mistake, so that they are not checked again.
+        std::function<bool(const Configuration &property)> hasFlawlessOptions = {};
         /// The names of files that might have been meant by one that does not exist.
         std::function<QStringList(const Configuration &element)> fileNames = {};
     };
