@@ -5,6 +5,21 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Nearly all names are of this kind, and most differ in their lengths already.
+bool isName(QStringView known, QStringView name)
+{
+    return known == name;
+}
+
+template<typename Text> bool isName(QStringView known, Text name)
+{
+    return QAnyStringView::equal(known, name);
+}
+
+} // namespace
+
 QStringView ZelXmlElement::attribute(QAnyStringView name) const
 {
     const ZelXmlTree::Attribute *attribute = findAttribute(name);
@@ -15,14 +30,14 @@ const ZelXmlTree::Attribute *ZelXmlElement::findAttribute(QAnyStringView name) c
 {
     if (isNull())
         return nullptr;
-    const ZelXmlTree::Attribute *attribute = m_tree->attributes.data() + data().firstAttribute;
-    const ZelXmlTree::Attribute *end = attribute + data().attributeCount;
-    for (; attribute != end; ++attribute) {
-        const QString &candidate = m_tree->names[attribute->name];
-        if (QAnyStringView::equal(candidate, name))
-            return attribute;
-    }
-    return nullptr;
+    const auto first = m_tree->attributes.begin() + qsizetype(data().firstAttribute);
+    const auto end = first + qsizetype(data().attributeCount);
+    return name.visit([&](auto text) {
+        const auto found = std::find_if(first, end, [&](const ZelXmlTree::Attribute &attribute) {
+            return isName(m_tree->names[attribute.name], text);
+        });
+        return found == end ? nullptr : &*found;
+    });
 }
 
 ZelSourcePlace ZelXmlElement::place() const

@@ -109,7 +109,11 @@ std::optional<quint64> ZelNumberScanner::hexadecimal(QStringView text)
 double ZelNumberScanner::real(QStringView text)
 {
     text = withoutLeadingBlanks(text);
-    const double value = text.first(realLength(text)).toDouble();
+    const QStringView number = text.first(realLength(text));
+    // Most numbers are whole ones of a few digits, which need no rounding.
+    if (number.size() < std::numeric_limits<double>::digits10 && skipDigits(number, 0) == number.size())
+        return double(integer(number));
+    const double value = number.toDouble();
     constexpr double largest = std::numeric_limits<double>::max();
     return std::clamp(value, -largest, largest);
 }

@@ -136,12 +136,14 @@ void ZelXmlTreeBuilder::addAttribute(const char *name, QByteArrayView value)
 
 quint32 ZelXmlTreeBuilder::nameIndex(std::string_view name)
 {
-    const auto known = m_nameIndexes.find(name);
-    if (known != m_nameIndexes.end())
-        return known->second;
-    const quint32 index = quint32(m_tree->names.size());
-    m_tree->names.push_back(QString::fromUtf8(name.data(), qsizetype(name.size())));
-    m_nameIndexes.emplace(name, index);
+    auto &[recent, index] = m_recentNames[(name.size() + 8 * size_t(name.front())) % m_recentNames.size()];
+    if (recent == name)
+        return index;
+    const auto [known, isNew] = m_nameIndexes.emplace(name, quint32(m_tree->names.size()));
+    if (isNew)
+        m_tree->names.push_back(QString::fromUtf8(name.data(), qsizetype(name.size())));
+    recent = known->first;
+    index = known->second;
     return index;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QByteArrayView>
 #include <QStringDecoder>
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -52,7 +53,8 @@ private:
     std::shared_ptr<ZelXmlTree> m_tree = std::make_shared<ZelXmlTree>();
     QStringDecoder m_decoder;
     QChar *m_valuesEnd;
-    std::vector<quint32> m_open;                               // the elements whose end tags are still to come
-    std::map<std::string, quint32, std::less<>> m_nameIndexes; // few names: faster than a hash
+    std::vector<quint32> m_open; // the elements whose end tags are still to come
+    std::map<std::string, quint32, std::less<>> m_nameIndexes;
+    std::array<std::pair<std::string_view, quint32>, 64> m_recentNames; // tried before the map
     ZelReadError m_refused;
 };
