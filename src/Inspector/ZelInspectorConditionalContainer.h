@@ -76,6 +76,7 @@ protected:
 
 private:
     friend class ZelRowBlock;
+    friend class ZelRowHeights;
     struct Condition; // which few rows have
     Condition &condition();
     void updateHidden();
@@ -86,4 +87,5 @@ private:
     bool m_visible = true;
     bool m_isFilteredOut = false;
     bool m_bound = false;
+    quint32 m_kind = 0; // as ZelRowHeights knows it; 0 if it does not
 };

@@ -59,6 +59,17 @@ ZelLabel *ZelInspectorSection::label() const
     return m_label;
 }
 
+void ZelInspectorSection::prepareForReuse()
+{
+    if (isViewLoaded() || !isWorthDividing())
+        ZelInspectorConditionalContainer::prepareForReuse();
+}
+
+bool ZelInspectorSection::commitEditing()
+{
+    return (!isViewLoaded() && isWorthDividing()) || ZelInspectorConditionalContainer::commitEditing();
+}
+
 void ZelInspectorSection::loadView()
 {
     auto *stack = new ZelVerticalStackView;
@@ -94,7 +105,7 @@ void ZelInspectorSection::updateView()
 QList<QWidget *> ZelInspectorSection::viewsOfRows()
 {
     const QList<ZelInspectorConditionalContainer *> rows = sliversAndChoosers();
-    if (!m_blocks && !isAnyRowLoaded() && ZelRowBlocks::isWorthwhile(this))
+    if (!m_blocks && isWorthDividing())
         m_blocks = std::make_unique<ZelRowBlocks>();
     if (m_blocks)
         return m_blocks->arrange({rows.begin(), rows.end()});
@@ -110,6 +121,11 @@ bool ZelInspectorSection::isAnyRowLoaded() const
 {
     const QList<ZelInspectorConditionalContainer *> rows = sliversAndChoosers();
     return std::any_of(rows.begin(), rows.end(), [](const auto *row) { return row->isViewLoaded(); });
+}
+
+bool ZelInspectorSection::isWorthDividing() const
+{
+    return !isAnyRowLoaded() && ZelRowBlocks::isWorthwhile(this);
 }
 
 void ZelInspectorSection::updateHeading()

@@ -38,6 +38,10 @@ public:
     ZelVerticalStackView *labelContainerView() const;
     ZelLabel *label() const;
 
+    // Rows that will come when they are seen have nothing to commit or to put away before.
+    void prepareForReuse() override;
+    bool commitEditing() override;
+
     void loadView() override;
     void viewWillUnload() override;
     /// Fills the view anew.
@@ -62,6 +66,7 @@ private:
     void scheduleUpdateView();
     QList<QWidget *> viewsOfRows();
     bool isAnyRowLoaded() const;
+    bool isWorthDividing() const;
 
     ZelChildControllers<ZelInspectorConditionalContainer> m_sliversAndChoosers;
     QPointer<ZelVerticalStackView> m_labelContainerView;

@@ -5,6 +5,7 @@
 #include "Controls/ZelLabel.h"
 #include "Core/Values/private/ZelAssign.h"
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
+#include "Inspector/private/ZelRowHeights.h"
 #include "Inspector/private/ZelRowMenu.h"
 #include "Resources/ZelLocalizedString.h"
 #include "ViewController/ZelView.h"
@@ -84,6 +85,7 @@ void ZelInspectorSliver::setFullWidth(bool fullWidth)
 {
     if (!ZelAssign(m_fullWidth, fullWidth))
         return;
+    ZelRowHeights::noteKind(this);
     if (isViewLoaded())
         updateView();
     Q_EMIT fullWidthChanged();
@@ -93,6 +95,7 @@ void ZelInspectorSliver::setProperties(const QList<ZelInspectorProperty *> &prop
 {
     if (!m_properties.assign(properties, this))
         return;
+    ZelRowHeights::noteKind(this);
     watchDefaults();
     if (isViewLoaded())
         updateView();

@@ -8,16 +8,16 @@ namespace {
 
 constexpr int g_guessedHeight = 24; // in pixels
 
-size_t kindOf(const ZelInspectorConditionalContainer *row)
+quint32 kindOf(const ZelInspectorConditionalContainer *row)
 {
     const auto *sliver = qobject_cast<const ZelInspectorSliver *>(row);
     size_t kind = qHash(row->metaObject());
     if (!sliver)
-        return kind;
+        return quint32(kind) | 1;
     kind = qHashMulti(kind, sliver->isFullWidth());
     for (const ZelInspectorProperty *property : sliver->properties())
         kind = qHashMulti(kind, property->metaObject(), property->title().isEmpty());
-    return kind;
+    return quint32(kind) | 1; // never 0
 }
 
 } // namespace
@@ -33,13 +33,19 @@ ZelRowHeights *ZelRowHeights::of(QObject *sight)
 
 int ZelRowHeights::heightOf(const ZelInspectorConditionalContainer *row) const
 {
-    const QSize known = m_sizes.isEmpty() ? QSize() : m_sizes.value(kindOf(row));
+    const QSize known = m_sizes.isEmpty() ? QSize() : m_sizes.value(row->m_kind ? row->m_kind : kindOf(row));
     return known.isValid() ? known.height() : g_guessedHeight;
 }
 
-bool ZelRowHeights::learn(const ZelInspectorConditionalContainer *row, QSize size)
+void ZelRowHeights::noteKind(ZelInspectorConditionalContainer *row)
 {
-    QSize &known = m_sizes[kindOf(row)];
+    row->m_kind = kindOf(row);
+}
+
+bool ZelRowHeights::learn(ZelInspectorConditionalContainer *row, QSize size)
+{
+    noteKind(row);
+    QSize &known = m_sizes[row->m_kind];
     if (known.isValid() && known.width() == size.width())
         return false;
     const bool isOther = !known.isValid() || known.height() != size.height();

@@ -20,8 +20,11 @@ public:
     /// In pixels; a guess for a kind that was never measured.
     int heightOf(const ZelInspectorConditionalContainer *row) const;
     /// Answers whether nothing was known of the row's kind, or the inspector has another width than when it was.
-    bool learn(const ZelInspectorConditionalContainer *row, QSize size);
+    bool learn(ZelInspectorConditionalContainer *row, QSize size);
+    /// Notes the kind in the row. A row does so when it gets its editors: to look for their kinds when the panel is
+    /// shown would fetch all editors of all rows from memory. Changes of titles count when the height is learned.
+    static void noteKind(ZelInspectorConditionalContainer *row);
 
 private:
-    QHash<size_t, QSize> m_sizes; // by kind
+    QHash<quint32, QSize> m_sizes; // by kind
 };
