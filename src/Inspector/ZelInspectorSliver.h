@@ -6,6 +6,7 @@
 #include "Inspector/Properties/ZelInspectorProperty.h"
 #include "Inspector/ZelInspectorConditionalContainer.h"
 #include "Layout/ZelLayoutConstraint.h"
+#include "Views/ZelHorizontalStackView.h"
 
 #include <memory>
 
