@@ -183,7 +183,7 @@ private Q_SLOTS:
         QVERIFY(desk.mark());
         QCOMPARE(desk.note(), "");
         desk.edit("ratio", "120");
-        QCOMPARE(desk.note(), "The greatest value is 100. This concerns 2 of 2 objects.");
+        QCOMPARE(desk.note(), "120 was changed to 50.");
     }
 
     void withoutAnimationsNothingFlashes()

@@ -211,26 +211,10 @@ void ZelEditSession::report()
         const bool isOther = guard && isShown(entered) && ZelNotEqual(entered, m_value);
         const QString text = isOther ? displayString(entered) : QString();
         if (isOther && (text.isEmpty() || text != displayString(m_value))) // lists and rich texts are no plain text
-            showRefusal(entered);
+            ZelRefusalMark::showChange(m_field, text,
+                                       ZelIsControllerMarker(m_value) ? QString() : displayString(m_value));
     };
     ZelControlSupport::reportEdit(m_field, valueEdited, [this] { send(Signal::Action); });
-}
-
-/// Tells that the model has another value than the entered one. A limit of the field is the reason only if the model
-/// keeps to it, too.
-void ZelEditSession::showRefusal(const QVariant &entered) const
-{
-    const auto refusalOf = [this](const QVariant &value) {
-        const auto number = [number = value.toDouble()](double, qsizetype, qsizetype) { return number; };
-        return m_check(QVariant::fromValue(ZelNumberChange(number)));
-    };
-    const bool mayBeLimit = m_check && ZelIsNumber(entered) && ZelIsNumber(m_value);
-    const QString reason = mayBeLimit && refusalOf(m_value).isEmpty() ? refusalOf(entered) : QString();
-    if (reason.isEmpty())
-        ZelRefusalMark::showChange(m_field, displayString(entered),
-                                   ZelIsControllerMarker(m_value) ? QString() : displayString(m_value));
-    else
-        ZelRefusalMark::show(m_field, reason);
 }
 
 // The error

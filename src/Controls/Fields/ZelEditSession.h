@@ -124,7 +124,6 @@ private:
     bool contains(const QWidget *widget) const;
     bool reservesShortcut(QKeyEvent *event) const;
     void report();
-    void showRefusal(const QVariant &entered) const;
 
     QWidget *m_field;
     QVariant m_value;

@@ -32,6 +32,7 @@ bool ZelDragSource::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
+/// Qt deletes the drag when nobody needs its data any more. Another program reads them after the drop.
 void ZelDragSource::run()
 {
     qApp->removeEventFilter(this);
@@ -40,7 +41,9 @@ void ZelDragSource::run()
         drag->setMimeData(m_load.data.release());
         drag->setPixmap(m_load.image);
         drag->setHotSpot(m_load.hotSpot);
+        connect(drag, &QObject::destroyed, this, &QObject::deleteLater);
         drag->exec(m_load.action);
+        return;
     }
     deleteLater();
 }
