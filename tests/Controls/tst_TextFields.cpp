@@ -441,7 +441,8 @@ private Q_SLOTS:
     {
         const QString today = QDate::currentDate().toString("MM.yyyy"); // with which typing begins
         for (const QString &script : {
-                 QString("focus; Ctrl+A; Delete > \u2013/03.02.2024; Escape > 03.02.2024; Ctrl+A; Backspace; 5; "
+                 QString("focus; Ctrl+A; Delete > \u2013/03.02.2024; Escape > 03.02.2024; Ctrl+A; Delete; Ctrl+Z > "
+                         "03.02.2024; '5'; Ctrl+Z > 03.02.2024; Ctrl+A; Backspace; 5; "
                          "Return > 05.%1 reported")
                      .arg(today),
                  QString("focus; Ctrl+A; Delete; leave > \u2013/ reported; focus; Ctrl+A; Delete; leave > \u2013/"),

@@ -241,6 +241,14 @@ private Q_SLOTS:
         auto *list = m_window->findChild<ShapeListView *>(); // the topmost shape comes first
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
         QCOMPARE(m_window->selection().shapes(), QList<Shape *>{shape(9)});
+        select({0});
+        ZelTextField *field = numberField({}, "X");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(QApplication::focusWidget(), "99");
+        QTest::keyClick(handle(), Qt::Key_D, Qt::ControlModifier); // a command takes what is typed
+        QCOMPARE(shape(0)->position().x(), 99.0);
+        QCOMPARE(m_window->selection().shapes().first()->position().x(), 111.0);
         for (const bool isCollapsed : {true, false}) {
             QTest::keyClick(handle(), Qt::Key_F9);
             User::settle();

@@ -81,6 +81,11 @@ void InspectorPanel::selectTab(int index)
         m_inspector->setSelectedPaneIndex(std::exchange(m_tab, -1));
 }
 
+bool InspectorPanel::commitEditing()
+{
+    return !m_inspector || m_inspector->commitEditing();
+}
+
 void InspectorPanel::focusSearchField()
 {
     if (m_inspector)

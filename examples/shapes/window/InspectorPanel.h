@@ -24,6 +24,8 @@ public:
     void load(const QString &folder);
     /// Nothing for a negative one.
     void selectTab(int index);
+    /// Takes what is being typed. Answers false if it cannot be taken, which the inspector shows.
+    bool commitEditing();
     /// Goes to the field that finds rows.
     void focusSearchField();
 

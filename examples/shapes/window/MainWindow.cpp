@@ -174,10 +174,17 @@ void MainWindow::connectActions()
     const auto on = [this](Actions::Id id, auto function) {
         connect(m_actions[id], &QAction::triggered, this, function);
     };
+    // Neither a shortcut nor the tool bar takes the focus from a field, so a command first takes what is typed there.
+    const auto onCommand = [this, on](Actions::Id id, auto function) {
+        on(id, [this, function] {
+            if (m_inspector->commitEditing())
+                function();
+        });
+    };
     on(Actions::Undo, [this] { m_undoStack.undo(); });
     on(Actions::Redo, [this] { m_undoStack.redo(); });
-    on(Actions::Duplicate, [this] { m_operations.duplicate(); });
-    on(Actions::Delete, [this] { m_operations.remove(); });
+    onCommand(Actions::Duplicate, [this] { m_operations.duplicate(); });
+    onCommand(Actions::Delete, [this] { m_operations.remove(); });
     on(Actions::SelectAll, [this] { m_selection.selectAll(); });
     on(Actions::SelectNone, [this] { m_selection.clear(); });
     on(Actions::FindInInspector, [this] {
@@ -185,17 +192,17 @@ void MainWindow::connectActions()
         m_inspector->focusSearchField();
     });
     for (int kind = Shape::Rectangle; kind <= Shape::Text; ++kind) {
-        on(Actions::Id(Actions::AddRectangle + kind),
-           [this, kind] { m_operations.addShape(Shape::Kind(kind), m_canvas->visiblePage()); });
+        onCommand(Actions::Id(Actions::AddRectangle + kind),
+                  [this, kind] { m_operations.addShape(Shape::Kind(kind), m_canvas->visiblePage()); });
     }
-    on(Actions::Raise, [this] { m_operations.raise(); });
-    on(Actions::Lower, [this] { m_operations.lower(); });
-    on(Actions::RaiseToTop, [this] { m_operations.raiseToTop(); });
-    on(Actions::LowerToBottom, [this] { m_operations.lowerToBottom(); });
+    onCommand(Actions::Raise, [this] { m_operations.raise(); });
+    onCommand(Actions::Lower, [this] { m_operations.lower(); });
+    onCommand(Actions::RaiseToTop, [this] { m_operations.raiseToTop(); });
+    onCommand(Actions::LowerToBottom, [this] { m_operations.lowerToBottom(); });
     const Qt::AlignmentFlag edges[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight,
                                        Qt::AlignTop,  Qt::AlignVCenter, Qt::AlignBottom};
     for (int i = 0; i < 6; ++i)
-        on(Actions::Id(Actions::AlignLeft + i), [this, edge = edges[i]] { m_operations.align(edge); });
+        onCommand(Actions::Id(Actions::AlignLeft + i), [this, edge = edges[i]] { m_operations.align(edge); });
     ZelMagnificationView *magnifier = m_canvasArea->magnifier();
     on(Actions::ZoomIn, [magnifier] { magnifier->zoomIn(); });
     on(Actions::ZoomOut, [magnifier] { magnifier->zoomOut(); });

@@ -251,6 +251,10 @@ void ZelDatePicker::keyPressEvent(QKeyEvent *event)
         clearDate();
         return;
     }
+    if (event->matches(QKeySequence::Undo) && isEditing()) { // Qt's field has nothing of its sections to undo
+        discardEditing();
+        return;
+    }
     const KeyUse use = keyPressed(event);
     if (use == KeyUse::Discarded || use == KeyUse::Taken)
         return;
