@@ -427,7 +427,8 @@ private Q_SLOTS:
     {
         ComboPanel panel("");
         panel.play("enter; 'ga' > gamma/; Return > Gamma reported; Ctrl+A; 'Own'; leave > Own reported; "
-                   "set value Alpha > Alpha changed; enter; Down > Beta reported; Ctrl+A; 'xy' > xy/Beta");
+                   "set value Alpha > Alpha changed; wheel -120 > Alpha passed; enter; wheel -120 > Beta reported; "
+                   "Up > Alpha reported; Down > Beta reported; Ctrl+A; 'xy' > xy/Beta");
         panel.control->setContentValues({"Delta", "Xylo"}); // which the typing outlives
         QCOMPARE(panel.state(), "xy/Beta");
         panel.play("Escape > Beta; set editable false > Beta editable; Down > Beta");
