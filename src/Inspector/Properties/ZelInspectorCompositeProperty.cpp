@@ -77,7 +77,8 @@ void ZelInspectorCompositeProperty::setComponent(int index, const QVariant &valu
     if (ZelEqual(value, m_components.at(index)))
         return;
     m_components[index] = ZelPresent(value);
-    Q_EMIT(this->*signals_[index])();
+    const auto changed = signals_[index];
+    Q_EMIT(this->*changed)();
 }
 
 const ZelGeometryType *ZelInspectorCompositeProperty::geometryOf(QMetaType type) const
