@@ -205,8 +205,7 @@ private Q_SLOTS:
             for (const int row : {0, 4}) {
                 const QRect place = objects()->visualItemRect(objects()->item(row));
                 QTest::mouseClick(objects()->viewport(), Qt::LeftButton, {}, place.center());
-                QCoreApplication::processEvents();
-                QVERIFY(shows(0) == (row == 0) && shows(1) == (row == 4));
+                QTRY_VERIFY(shows(0) == (row == 0) && shows(1) == (row == 4));
             }
             QVERIFY(!m_window->complaints().join(u'\n').contains("Of the application"));
             QVERIFY(!hasTypes || value("edges") == "1");
@@ -216,7 +215,7 @@ private Q_SLOTS:
         QVERIFY(options.model.types.read(ZEL_METATYPES).isNull());
         options.model.selections = {{"lamps", {"Lamp", "Star"}}};
         show(QByteArray(text).replace("ZelIsKind(Lamp)", "ZelIsKind(Part)"), options); // the base of both
-        QVERIFY(panel()->findChildren<ZelInspectorSection *>().first()->isVisible());
+        QTRY_VERIFY(panel()->findChildren<ZelInspectorSection *>().first()->isVisible());
     }
 
     /// A class that a condition names while the preview runs gets objects; what was edited stays.
