@@ -115,6 +115,7 @@ private Q_SLOTS:
             QCOMPARE(string.paragraphStyleAt(range.start), aligned(Style::AlignCenter));
             QCOMPARE(throughDocument(string), string);
         }
+        QCOMPARE(String("\nab").paragraphRange({0, 1}), (String::Range{0, 1}));
         String string("ab\n\ncd\nef");
         string.setAttribute(String::Overline, true, {1, 4}); // ends within a paragraph
         string.setParagraphStyle(aligned(1), {4, 1});
