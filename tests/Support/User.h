@@ -36,7 +36,7 @@ inline QWindow *keyWindow()
 
 inline void press(int key, Qt::KeyboardModifiers modifiers = {})
 {
-    QVERIFY2(keyWindow(), "no window has the focus");
+    QTRY_VERIFY2(keyWindow(), "no window has the focus"); // a pop-up that closes gives it back later
     QTest::keyClick(keyWindow(), Qt::Key(key), modifiers);
     settle();
 }
