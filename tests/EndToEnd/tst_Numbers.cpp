@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Core/Undo/ZelUndoManager.h"
 #include "FigureSheet.h"
 
 namespace {
@@ -174,6 +175,55 @@ private Q_SLOTS:
         QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
     }
 
+    /// What the objects are known to have after one entry is where the next one starts, unless something has happened.
+    void entriesFollowEachOther()
+    {
+        NumberWindow window;
+        const auto frame = [&window](int i) { return window.value(i, "frame").toRectF(); };
+        const auto addOne = [&] {
+            const Numbers heights = window.heights();
+            const QList<QRectF> frames{frame(0), frame(1), frame(2)};
+            Sheet::enter(window.field, "x+1");
+            Sheet::enter(window.part("frame", 0), "x+1");
+            for (int i = 0; i < 3; ++i) {
+                QCOMPARE(window.height(i), heights.at(i) + 1);
+                QCOMPARE(frame(i), frames.at(i).translated(1, 0));
+            }
+        };
+        addOne();
+        addOne();
+        window.set(1, "height", 50);
+        window.set(1, "frame", QRectF(7, 8, 9, 10));
+        addOne();
+        QTest::qWait(300); // longer than anything is remembered
+        {
+            const QSignalBlocker silence(window.figures.at(2).get());
+            window.set(2, "height", 60);
+            window.set(2, "frame", QRectF(2, 1, 9, 10));
+        }
+        addOne();
+        const auto changeBack = [&window] { // an object that was written already
+            window.set(0, "height", 5);
+            window.set(0, "frame", QRectF(5, 6, 7, 8));
+        };
+        connect(window.figures.at(2).get(), &Figure::heightChanged, this, changeBack);
+        connect(window.figures.at(2).get(), &Figure::frameChanged, this, changeBack);
+        Sheet::enter(window.field, "7");
+        QCOMPARE(window.heights(), (Numbers{5, 7, 7}));
+        QVERIFY(ZelIsMarker(window.field->objectValue(), ZelMultipleValuesMarker));
+        Sheet::enter(window.field, "x+1");
+        QCOMPARE(window.heights(), (Numbers{5, 8, 8}));
+        Sheet::enter(window.part("frame", 0), "x*0");
+        QCOMPARE(frame(0), QRectF(5, 6, 7, 8));
+        QVERIFY(ZelIsMarker(window.part("frame", 0)->objectValue(), ZelMultipleValuesMarker));
+        disconnect(window.figures.at(2).get(), nullptr, this, nullptr);
+        addOne();
+        Sheet::enter(window.part("frame", 1), "6");
+        QCOMPARE(window.part("frame", 1)->text(), "6");
+        Sheet::enter(window.part("frame", 1), "x+1");
+        QCOMPARE(window.part("frame", 1)->text(), "7");
+    }
+
     void oneRefusingObjectRefusesTheEntry()
     {
         NumberWindow window;
@@ -340,6 +390,13 @@ private Q_SLOTS:
         window.release();
         QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
         QVERIFY(!window.stack.canUndo());
+        ZelUndoManager::forWidget(&window)->setRecordsEdits(false); // there is nothing to take back then
+        window.pressTitle(label);
+        window.drag(40);
+        Sheet::press(Qt::Key_Escape);
+        window.drag(80);
+        window.release();
+        QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
         window.selectObjects({});
         window.pressTitle(label); // nothing is selected
         window.drag(40);

@@ -18,9 +18,9 @@ std::function<double(double, double)> ZelFieldSteps::function() const
         const double change = count * increment;
         return wraps ? range.wrapped(ZelFieldSteps().range.stepped(number, change)) : range.stepped(number, change);
     };
+    if (!transformer)
+        return stepped;
     return [stepped, transformer = transformer](double number, double count) {
-        if (!transformer)
-            return stepped(number, count);
         const double model = ZelValueRange::number(transformer->reverseTransformedValue(number));
         const QVariant shown = transformer->transformedValue(stepped(model, count));
         return ZelFieldSteps().range.stepped(ZelValueRange::number(shown), 0); // without the noise of the transformer

@@ -147,8 +147,10 @@ ZelObjectController::ChangeBatch::ChangeBatch(ZelObjectController *controller, c
     , m_written(written)
     , m_uncaught(std::uncaught_exceptions())
 {
-    if (m_controller)
-        m_controller->m_proxy->beginBatch();
+    if (!m_controller)
+        return;
+    m_controller->m_proxy->beginBatch();
+    m_controller->m_proxy->willWrite(m_written);
 }
 
 ZelObjectController::ChangeBatch::~ChangeBatch() noexcept(false)
@@ -156,6 +158,6 @@ ZelObjectController::ChangeBatch::~ChangeBatch() noexcept(false)
     if (!m_controller)
         return;
     if (!m_written.isEmpty())
-        m_controller->m_proxy->objectChanged(m_written);
+        m_controller->m_proxy->didWrite(m_written);
     ZelRunAtScopeEnd([this] { m_controller->m_proxy->endBatch(); }, m_uncaught);
 }

@@ -4,7 +4,10 @@
 #include "Core/Errors/private/ZelFirstException.h"
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/Selection/private/ZelColumnAccess.h"
+#include "Core/Selection/private/ZelColumnWatch.h"
 #include "Core/Selection/private/ZelPrefetch.h"
+#include "Core/Values/ZelValues.h"
+#include "Core/Values/private/ZelSpareNumbers.h"
 
 #include <cstring>
 
@@ -27,13 +30,49 @@ bool areSame(const void *a, const void *b, size_t size)
 
 } // namespace
 
+void ZelValueBlock::allocate()
+{
+    const auto bytes = size_t(m_stride * m_size);
+    m_memory = ZelSpareNumbers::make((bytes + sizeof(double) - 1) / sizeof(double));
+    m_bytes = reinterpret_cast<const std::byte *>(m_memory->data());
+    m_isShared = false;
+}
+
 void ZelValueBlock::detach()
 {
-    const std::shared_ptr<std::byte[]> own(new std::byte[size_t(m_stride * m_size)]);
-    for (qsizetype i = 0; i < m_stride * m_size; ++i)
-        own[i] = m_bytes[i];
-    m_bytes = own;
-    m_isShared = false;
+    const ZelValueBlock shared = share();
+    allocate();
+    std::memcpy(const_cast<std::byte *>(m_bytes), shared.m_bytes, size_t(m_stride * m_size));
+}
+
+ZelValueBlock ZelValueBlock::share()
+{
+    ZelValueBlock other;
+    other.m_type = m_type;
+    other.m_stride = m_stride;
+    other.m_size = m_size;
+    other.m_memory = m_memory;
+    other.m_bytes = m_bytes;
+    other.m_isShared = m_isShared = true;
+    return other;
+}
+
+void ZelValueBlock::copy(qsizetype from, qsizetype to)
+{
+    void *target = data(to); // may move all values
+    std::memcpy(target, std::as_const(*this).data(from), size_t(m_stride));
+}
+
+std::optional<QVariant> ZelValueBlock::commonValue() const
+{
+    if (!m_bytes || m_size == 0)
+        return std::nullopt;
+    for (qsizetype i = 1; i < m_size; ++i) {
+        if (!areSame(data(i), data(0), size_t(m_stride)))
+            return std::nullopt;
+    }
+    const QVariant value = at(0);
+    return ZelEqual(value, value) ? std::optional(value) : std::nullopt;
 }
 
 void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path) const
@@ -76,11 +115,12 @@ bool ZelValueBlock::writeColumn(ZelColumnAccess &columns, qsizetype first, qsize
 }
 
 void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &before,
-                          const Renew &renew)
+                          const Renew &renew, ZelColumnWatch *watch)
 {
     ZelClassAccessors accessors(path);
     ZelFirstException errors;
-    const auto present = std::make_unique_for_overwrite<std::byte[]>(size_t(m_stride));
+    const auto size = size_t(m_stride);
+    const auto present = std::make_unique_for_overwrite<std::byte[]>(size);
     ZelColumnAccess columns(path.first(), path.isSingleKey() ? m_type : QMetaType());
     for (qsizetype i = 0; i < m_size; ++i) {
         ZelPrefetch::ahead(objects, i);
@@ -96,14 +136,20 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
             continue;
         errors.run([&] {
             const ZelPropertyAccessor *accessor = accessors.announced(object, m_type);
-            if (accessor && accessor->readTyped(object, present.get()) &&
-                !areSame(present.get(), before.data(i), size_t(m_stride)))
+            const bool isKnown = watch && watch->hasHeardAll();
+            if (accessor && !isKnown && accessor->readTyped(object, present.get()) &&
+                !areSame(present.get(), before.data(i), size))
                 renew(i, present.get(), data(i));
             if (!object) // the getter has ended it
                 return;
-            if (!accessor || !accessor->writeTyped(object, std::as_const(*this).data(i)))
+            const void *wanted = std::as_const(*this).data(i);
+            if (!accessor || !accessor->writeTyped(object, wanted))
                 ZelSetValueForKeyPath(object, at(i), path);
+            else if (isKnown && object && accessor->readTyped(object, present.get()))
+                watch->didWrite(!areSame(present.get(), before.data(i), size), areSame(present.get(), wanted, size));
         });
     }
+    if (watch)
+        watch->finish(*this);
     errors.rethrow();
 }

@@ -11,9 +11,11 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class ZelColumnAccess;
+class ZelColumnWatch;
 
 /// A value for each of some objects. They are either any values or values of one type, one after the other in memory,
 /// which needs no QVariant for each object. A block is moved, not copied. A value that is an object reads as absent
@@ -32,7 +34,8 @@ public:
         : m_type(QMetaType::fromType<double>())
         , m_stride(sizeof(double))
         , m_size(qsizetype(numbers->size()))
-        , m_bytes(numbers, reinterpret_cast<std::byte *>(const_cast<double *>(numbers->data())))
+        , m_memory(numbers)
+        , m_bytes(reinterpret_cast<const std::byte *>(numbers->data()))
         , m_isShared(true)
     {
     }
@@ -41,8 +44,8 @@ public:
         : m_type(type)
         , m_stride(type.sizeOf())
         , m_size(size)
-        , m_bytes(new std::byte[size_t(m_stride * size)])
     {
+        allocate();
     }
     ZelValueBlock(ZelValueBlock &&) = default;
     ZelValueBlock &operator=(ZelValueBlock &&) = default;
@@ -55,13 +58,25 @@ public:
     {
         if (m_isShared)
             detach();
-        return m_bytes.get() + index * m_stride;
+        return const_cast<std::byte *>(m_bytes) + index * m_stride;
     }
-    const void *data(qsizetype index) const { return m_bytes.get() + index * m_stride; }
+    const void *data(qsizetype index) const { return m_bytes + index * m_stride; }
+    /// The values as numbers, without a copy. Values of type double only.
+    std::shared_ptr<const std::vector<double>> numbers()
+    {
+        m_isShared = true;
+        return m_memory;
+    }
     QVariant at(qsizetype index) const
     {
         return m_bytes ? QVariant(m_type, data(index)) : m_values[size_t(index)].value();
     }
+    /// The value if all are the same, in memory of one type; otherwise nothing. NaN is not the same as itself.
+    std::optional<QVariant> commonValue() const;
+    /// Answers a block with the same memory, which either copies before it changes a value. Values of one type only.
+    ZelValueBlock share();
+    /// Makes one value equal to another.
+    void copy(qsizetype from, qsizetype to);
     /// Keeps only the first values.
     void shrink(qsizetype size) { m_size = size; }
 
@@ -74,9 +89,10 @@ public:
     /// Does the same with values of one type. Right before an object is written, it is read: if it does not have its
     /// value of before any more, because the setter of another object has changed it, its new value is made anew.
     void write(const QList<QPointer<QObject>> &objects, const ZelKeyPath &path, const ZelValueBlock &before,
-               const Renew &renew);
+               const Renew &renew, ZelColumnWatch *watch = nullptr);
 
 private:
+    void allocate();
     void detach();
     bool writeColumn(ZelColumnAccess &columns, qsizetype first, qsizetype count, const ZelValueBlock &before,
                      const Renew &renew);
@@ -84,7 +100,8 @@ private:
     QMetaType m_type;
     qsizetype m_stride = 0;
     qsizetype m_size = 0;
-    std::shared_ptr<std::byte[]> m_bytes; // null if they are any values
-    bool m_isShared = false;              // with somebody who does not expect them to change
+    std::shared_ptr<const std::vector<double>> m_memory; // null if they are any values
+    const std::byte *m_bytes = nullptr;                  // that memory, which holds doubles or other values
+    bool m_isShared = false;                             // with somebody who does not expect them to change
     std::vector<ZelKeptValue> m_values;
 };

@@ -4,6 +4,7 @@
 #include "Core/Values/ZelValues.h"
 #include "Core/Values/private/ZelExactInteger.h"
 #include "Core/Values/private/ZelNumberTypes.h"
+#include "Core/Values/private/ZelSpareNumbers.h"
 #include "Core/Values/private/ZelValueConversion.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ ZelNumberChange::Numbers ZelNumberChange::numbers(const Numbers &own) const
     const auto isSame = [](double a, double b) { return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b); };
     const Numbers &known = m_calculation->own;
     if (known != own && (!known || !std::equal(known->begin(), known->end(), own->begin(), own->end(), isSame))) {
-        const auto changed = std::make_shared<std::vector<double>>(count);
+        const auto changed = ZelSpareNumbers::make(count);
         for (size_t i = 0; i < count; ++i)
             (*changed)[i] = m_calculation->function((*own)[i], qsizetype(i), qsizetype(count));
         m_calculation->own = own;

@@ -8,6 +8,8 @@
 #include "Core/KeyValue/ZelKeyValueObserving.h"
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Selection/ZelValueSummary.h"
+#include "Core/Selection/private/ZelColumnWatch.h"
+#include "Core/Selection/private/ZelSelectionProxy.h"
 #include "Core/Selection/private/ZelTypedColumn.h"
 #include "Core/Undo/ZelUndoManager.h"
 #include "Core/Undo/private/ZelModelValidation.h"
@@ -237,8 +239,10 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(const Component &com
             column.change(present, value, [&](Numbers &now) { replace(now, component, places.at(i)); });
     };
     const bool mayBeRefused = ZelModelValidation::mayRefuse(selection.controller->selection(), selection.key);
+    ZelColumnWatch watch(*static_cast<ZelSelectionProxy *>(selection.controller->selection()), selection.key);
     ZelRecordedWrite(undoManager())
-        .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, renew, mayBeRefused);
+        .setValues(edit->objects, std::move(edit->before), std::move(edit->after), selection.key, renew, mayBeRefused,
+                   &watch);
     return true;
 }
 

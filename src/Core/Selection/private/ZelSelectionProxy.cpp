@@ -23,6 +23,7 @@
 
 namespace {
 const QEvent::Type g_flushEvent = QEvent::Type(QEvent::registerEventType());
+constexpr int g_columnLife = 200; // milliseconds, in which a drag has gone on
 
 /// All living proxies. The list is never deleted, since some may outlive every static.
 QList<ZelSelectionProxy *> &allProxies()
@@ -190,18 +191,38 @@ void ZelSelectionProxy::setValueForKeyPath(const QVariant &value, const ZelKeyPa
     ZelSelectionFold::setValue(m_objects, value, path);
 }
 
-void ZelSelectionProxy::noteNumbers(const ZelKeyPath &path, const Numbers &numbers)
-{
-    if (const auto known = m_paths.value(path)) {
-        known->numbers = numbers;
-        known->changesAtNumbers = known->changes;
-    }
-}
-
-ZelSelectionProxy::Numbers ZelSelectionProxy::notedNumbers(const ZelKeyPath &path) const
+std::shared_ptr<const quint64> ZelSelectionProxy::changesAt(const ZelKeyPath &path) const
 {
     const auto known = m_paths.value(path);
-    return known && known->hearsAll() && known->changesAtNumbers == known->changes ? known->numbers.lock() : nullptr;
+    return known && known->hearsAll() ? std::shared_ptr<const quint64>(known, &known->changes) : nullptr;
+}
+
+void ZelSelectionProxy::noteColumn(const ZelKeyPath &path, ZelValueBlock column)
+{
+    const auto known = m_paths.value(path);
+    if (!known || !known->hearsAll() || column.size() != m_objects.size())
+        return;
+    known->column = std::move(column);
+    known->changesAtColumn = known->changes;
+    const std::optional<QVariant> whole = std::as_const(known->column).commonValue();
+    known->isKnown = bool(whole);
+    if (whole)
+        known->value.keep(*whole);
+    m_forgetColumns.start(g_columnLife, this);
+}
+
+void ZelSelectionProxy::forgetColumns()
+{
+    m_forgetColumns.stop();
+    for (const auto &path : std::as_const(m_paths))
+        path->column = {};
+}
+
+ZelValueBlock *ZelSelectionProxy::notedColumn(const ZelKeyPath &path) const
+{
+    const auto known = m_paths.value(path);
+    const bool isValid = known && known->column.size() > 0 && known->changesAtColumn == known->changes;
+    return isValid && known->hearsAll() ? &known->column : nullptr;
 }
 
 void ZelSelectionProxy::keyPathWillBeObserved(const ZelKeyPath &path)
@@ -247,8 +268,18 @@ bool ZelSelectionProxy::handleEvent(QEvent *event)
         flush();
         return true;
     }
-    if (event->type() != QEvent::Timer || static_cast<QTimerEvent *>(event)->timerId() != m_idle.timerId())
+    const int timer = event->type() == QEvent::Timer ? static_cast<QTimerEvent *>(event)->timerId() : 0;
+    if (timer != 0 && timer == m_idle.timerId())
+        goOnConnecting();
+    else if (timer != 0 && timer == m_forgetColumns.timerId())
+        forgetColumns();
+    else
         return QObject::event(event);
+    return true;
+}
+
+void ZelSelectionProxy::goOnConnecting()
+{
     const QPointer<ZelSelectionProxy> alive(this);
     QElapsedTimer timer;
     timer.start();
@@ -256,7 +287,6 @@ bool ZelSelectionProxy::handleEvent(QEvent *event)
     }
     if (alive)
         connectSlices();
-    return true;
 }
 
 /// Connects the next slice of the deaths, or else of a key path, and then announces what was not heard before. Answers
@@ -346,6 +376,20 @@ void ZelSelectionProxy::tellOthers(const ZelSelectionProxy *told, const ZelKeyPa
             ZelExceptionReporter::run(nullptr, [&] { proxy->rereadKeyPath(other); });
         }
     }
+}
+
+void ZelSelectionProxy::willWrite(const ZelKeyPath &path)
+{
+    if (const auto known = m_paths.value(path))
+        known->column = {};
+}
+
+void ZelSelectionProxy::didWrite(const ZelKeyPath &path)
+{
+    if (!notedColumn(path))
+        return objectChanged(path);
+    m_paths.value(path)->isDirty = true;
+    noticeOwed();
 }
 
 void ZelSelectionProxy::objectDied(const QObject *object)

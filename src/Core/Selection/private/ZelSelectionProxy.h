@@ -4,6 +4,7 @@
 #include "Core/KeyValue/ZelKeptValue.h"
 #include "Core/KeyValue/ZelKeyValueCoding.h"
 #include "Core/RunLoop/ZelGuarded.h"
+#include "Core/Selection/ZelValueBlock.h"
 
 #include <QBasicTimer>
 #include <QHash>
@@ -48,14 +49,19 @@ public:
     void rereadKeyPath(const ZelKeyPath &path) override;
     void visitObjects(const ZelKeyPath &path, const ObjectVisitor &visitor) const override;
 
-    /// Remembers numbers that have just been read from all objects, as long as somebody else keeps them.
-    using Numbers = std::shared_ptr<const std::vector<double>>;
-    void noteNumbers(const ZelKeyPath &path, const Numbers &numbers);
-    /// Those numbers; null unless the objects still have them, for all that is heard.
-    Numbers notedNumbers(const ZelKeyPath &path) const;
+    /// How often a change at the path was heard of; null unless all of them are.
+    std::shared_ptr<const quint64> changesAt(const ZelKeyPath &path) const;
+    /// Remembers the values that all objects have just been seen to have, for the next step of a drag: until a change
+    /// is heard of, but not for long, since a model may change something while its signals are blocked.
+    void noteColumn(const ZelKeyPath &path, ZelValueBlock column);
+    /// Those values; null unless the objects still have them, for all that is heard.
+    ZelValueBlock *notedColumn(const ZelKeyPath &path) const;
 
     /// Called by a relay when an object has changed at the path, or is dying.
     void objectChanged(const ZelKeyPath &path);
+    /// All objects are written in between; the path counts as changed then, whether they say so or not.
+    void willWrite(const ZelKeyPath &path);
+    void didWrite(const ZelKeyPath &path);
     /// Whether a change at the path is owed to observers anyway, so that one more needs no work. The objects of a large
     /// selection change one after the other, nearly always at the same key.
     bool isChangeOwed(const ZelKeyPath &path)
@@ -77,10 +83,10 @@ private:
     struct Path
     {
         std::unique_ptr<ZelSelectionRelay> relay;
-        ZelKeptValue value;                               // the fold
-        ZelKeptValue announced;                           // the fold that observers know
-        std::weak_ptr<const std::vector<double>> numbers; // what the objects had
-        quint64 changesAtNumbers = 0;                     // when these numbers were read
+        ZelKeptValue value;               // the fold
+        ZelKeptValue announced;           // the fold that observers know
+        ZelValueBlock column;             // what all objects had
+        quint64 changesAtColumn = 0;      // when they were seen to have it
         bool isAnnounced = false;         // announced holds it; otherwise nobody has read since they were told
         bool isReadAtOnce = false;        // an observer reads when it is told of another selection
         bool isKnown = false;             // value was read, and no change has been heard of since
@@ -112,6 +118,8 @@ private:
     bool hasUnannounced(const Path &path, const ZelKeyPath &keyPath) const;
     static void tellOthers(const ZelSelectionProxy *told, const ZelKeyPath &path);
     void connectSlices();
+    void goOnConnecting();
+    void forgetColumns();
     bool connectSlice();
     void noticeOwed();
     void flush();
@@ -125,6 +133,7 @@ private:
     ZelKeyPath m_lastChangedPath;
     std::unique_ptr<ZelSelectionRelay> m_deaths;
     QBasicTimer m_idle;
+    QBasicTimer m_forgetColumns;
     int m_batches = 0;
     bool m_isFlushPosted = false;
     bool m_hasDead = false;

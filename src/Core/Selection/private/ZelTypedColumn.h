@@ -5,7 +5,6 @@
 #include "Core/Selection/ZelObjectController.h"
 #include "Core/Selection/ZelValueBlock.h"
 #include "Core/Selection/private/ZelPlaces.h"
-#include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Values/ZelGeometryType.h"
 
 #include <optional>
@@ -62,8 +61,13 @@ private:
     /// Reads the value of an object, which must be the one that was asked last for its type.
     bool read(const QObject *object, void *value) const { return m_accessor->readTyped(object, value); }
     bool load(const QObject *object, Numbers &numbers);
+    /// The living objects and their values. Nothing if these are not all of one such type, or if a property does not
+    /// announce its changes.
+    std::optional<Edit> readForEdit();
     bool readForEdit(const QObject *object, Edit &edit, qsizetype place);
-    bool compare(const QObject *object, const Change &change, Fold &fold);
+    /// The values that the selection knows its objects to have; null if they are to be read.
+    ZelValueBlock *known() const;
+    static void compare(Numbers numbers, const Change &change, Fold &fold);
 
     const ZelObjectController &m_controller;
     ZelKey m_key;
@@ -76,33 +80,29 @@ private:
 
 template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::edit(const Replace &replace)
 {
-    Edit edit{m_controller.heldObjects(), {}, {}, ZelPlaces()};
-    m_editType = nullptr;
-    const qsizetype size = edit.objects.size();
-    qsizetype place = -1;
+    std::optional<Edit> edit = readForEdit();
+    if (!edit || edit->objects.isEmpty())
+        return edit;
+    const qsizetype size = edit->objects.size();
+    edit->after = ZelValueBlock(m_editType->type, size);
     qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
     for (qsizetype i = 0; i < size; ++i) {
-        ZelPrefetch::ahead(edit.objects, i);
-        const QObject *object = edit.objects.at(i);
-        if (!object)
-            continue;
-        ++place;
-        if (!readForEdit(object, edit, count))
-            return std::nullopt;
-        const void *before = edit.before.data(count);
-        void *after = edit.after.data(count);
-        change(before, after, [&](Numbers &numbers) { replace(numbers, place); });
+        const void *before = std::as_const(edit->before).data(i);
+        void *after = edit->after.data(count);
+        change(before, after, [&](Numbers &numbers) { replace(numbers, i); });
         if (m_editType->equal(before, after))
             continue;
-        if (count < i)
-            edit.objects[count] = edit.objects.at(i);
-        edit.places.append(place);
+        if (count < i) {
+            edit->objects[count] = edit->objects.at(i);
+            edit->before.copy(i, count);
+        }
+        edit->places.append(i);
         ++count;
     }
     if (count < size) { // otherwise the list stays shared with the controller, without a copy
-        edit.objects.resize(count);
-        edit.before.shrink(count);
-        edit.after.shrink(count);
+        edit->objects.resize(count);
+        edit->before.shrink(count);
+        edit->after.shrink(count);
     }
     return edit;
 }

@@ -4,15 +4,18 @@
 #include "Core/KeyValue/private/ZelClassAccessors.h"
 #include "Core/KeyValue/private/ZelPropertyDomain.h"
 #include "Core/Selection/private/ZelColumnAccess.h"
+#include "Core/Selection/private/ZelColumnWatch.h"
 #include "Core/Selection/private/ZelPlaces.h"
 #include "Core/Selection/private/ZelPrefetch.h"
 #include "Core/Undo/ZelNumbersInterface.h"
 #include "Core/Undo/private/ZelModelValidation.h"
 #include "Core/Undo/private/ZelRecordedWrite.h"
 #include "Core/Values/private/ZelExactInteger.h"
+#include "Core/Values/private/ZelSpareNumbers.h"
 
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 namespace {
 
@@ -50,17 +53,18 @@ ZelOwnNumbers::ZelOwnNumbers(QObject *root, const ZelKeyPath &path, const ZelVal
     }
     if (takeKnown(targets))
         return;
-    std::vector<double> numbers;
     const auto countWith = [](qsizetype count, const ZelWriteTarget &target) { return count + target.objects.size(); };
-    numbers.reserve(size_t(std::accumulate(targets.begin(), targets.end(), qsizetype(0), countWith)));
+    const auto numbers =
+        ZelSpareNumbers::make(size_t(std::accumulate(targets.begin(), targets.end(), qsizetype(0), countWith)));
+    numbers->clear();
     for (ZelWriteTarget &target : targets)
-        addPart(std::move(target), numbers);
-    m_numbers = std::make_shared<const std::vector<double>>(std::move(numbers));
+        addPart(std::move(target), *numbers);
+    m_numbers = numbers;
     if (m_parts.size() != 1 || !m_parts.front().isOfDoubles)
         return;
     const ZelWriteTarget &target = m_parts.front().target;
     if (target.selection)
-        target.selection->noteNumbers(target.path, m_numbers);
+        target.selection->noteColumn(target.path, ZelValueBlock(m_numbers));
 }
 
 /// Takes the numbers that were read last, as those are that an edit is checked with before it is made. False unless the
@@ -70,10 +74,10 @@ bool ZelOwnNumbers::takeKnown(std::vector<ZelWriteTarget> &targets)
     if (m_transformer || targets.size() != 1 || !targets.front().selection)
         return false;
     ZelWriteTarget &target = targets.front();
-    const ZelNumberChange::Numbers known = target.selection->notedNumbers(target.path);
-    if (!known || qsizetype(known->size()) != target.objects.size())
+    ZelValueBlock *known = target.selection->notedColumn(target.path);
+    if (!known || known->type() != QMetaType::fromType<double>() || known->size() != target.objects.size())
         return false;
-    m_numbers = known;
+    m_numbers = known->numbers();
     m_parts.push_back({std::move(target), true});
     return true;
 }
@@ -193,9 +197,12 @@ void ZelOwnNumbers::writeDoubles(const Part &part, qsizetype first, const ZelNum
             changedNumber(change, *static_cast<const double *>(present), places.at(index), qsizetype(numbers->size()));
     };
     const bool areAll = count == qsizetype(numbers->size());
+    std::optional<ZelColumnWatch> watch;
+    if (areAll && part.target.selection)
+        watch.emplace(*part.target.selection, part.target.path);
     write.setValues(objects, areAll ? ZelValueBlock(m_numbers) : blockOf(*m_numbers, places),
                     areAll ? ZelValueBlock(numbers) : blockOf(*numbers, places), part.target.path, renew,
-                    ZelModelValidation::validates(part.target));
+                    ZelModelValidation::validates(part.target), watch ? &*watch : nullptr);
 }
 
 void ZelOwnNumbers::writeValues(const Part &part, qsizetype first, const ZelNumberChange &change,

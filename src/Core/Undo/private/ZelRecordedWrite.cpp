@@ -175,7 +175,7 @@ void ZelRecordedWrite::mapValues(const QList<QObject *> &objects, const ZelKeyPa
 
 void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues,
                                  ZelValueBlock newValues, const ZelKeyPath &path, const ZelValueBlock::Renew &renew,
-                                 bool mayBeRefused) const
+                                 bool mayBeRefused, ZelColumnWatch *watch) const
 {
     const QPointer<ZelUndoManager> manager(m_manager);
     if (mayBeRefused && path.isSingleKey()) {
@@ -189,7 +189,7 @@ void ZelRecordedWrite::setValues(const QList<QPointer<QObject>> &objects, ZelVal
     ZelFirstException errors;
     errors.run([&] {
         if (renew)
-            newValues.write(objects, path, oldValues, renew);
+            newValues.write(objects, path, oldValues, renew, watch);
         else
             newValues.write(objects, path);
     });

@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 
+class ZelColumnWatch;
 class ZelUndoManager;
 
 /// Makes a user's writes: records them for undo, and rereads the properties that cannot announce changes.
@@ -50,7 +51,8 @@ public:
     /// can be made anew, see ZelValueBlock. A caller who knows that no class of the objects validates the key may say
     /// so.
     void setValues(const QList<QPointer<QObject>> &objects, ZelValueBlock oldValues, ZelValueBlock newValues,
-                   const ZelKeyPath &path, const ZelValueBlock::Renew &renew = {}, bool mayBeRefused = true) const;
+                   const ZelKeyPath &path, const ZelValueBlock::Renew &renew = {}, bool mayBeRefused = true,
+                   ZelColumnWatch *watch = nullptr) const;
 
 private:
     ZelUndoManager *m_manager;
