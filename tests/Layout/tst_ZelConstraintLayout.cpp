@@ -52,6 +52,28 @@ QList<ZelLayoutConstraint::Ptr> add(QWidget *parent, const QString &format, cons
     return constraints;
 }
 
+QWidget *labelOf(const QString &text, Qt::Alignment alignment, bool wraps = false)
+{
+    auto *label = new QLabel(text);
+    label->setAlignment(alignment);
+    label->setWordWrap(wraps);
+    label->setContentsMargins(0, 3, 0, 5);
+    label->setMargin(2);
+    return label;
+}
+
+template<typename Control> QWidget *controlOf(const QString &text)
+{
+    auto *control = new Control;
+    control->setProperty("text", text);
+    control->setProperty("plainText", text);
+    control->setProperty("title", text);
+    control->setProperty("specialValueText", text);
+    if (auto *box = qobject_cast<QComboBox *>(control))
+        box->addItem(text);
+    return control;
+}
+
 /// A view of three boxes that formats call a, b and c.
 struct View : QWidget
 {
@@ -294,6 +316,51 @@ private Q_SLOTS:
         QVERIFY(std::abs(labels - fields) <= 0.5);
         QVERIFY(label.y() > 9);
         QCOMPARE(label.height(), label.sizeHint().height());
+    }
+
+    /// A letter without a descender is drawn down to the baseline.
+    void baselinesAreWhereTextIsDrawn()
+    {
+        using Make = QWidget *(*)(const QString &);
+        const std::pair<const char *, Make> rows[] = {
+            {"top", [](const QString &text) { return labelOf(text, Qt::AlignTop); }},
+            {"middle", [](const QString &text) { return labelOf(text, Qt::AlignVCenter); }},
+            {"bottom", [](const QString &text) { return labelOf(text, Qt::AlignBottom); }},
+            {"wrapped", [](const QString &text) { return labelOf(text, Qt::AlignVCenter, true); }},
+            {"line edit", controlOf<QLineEdit>},
+            {"button", controlOf<QPushButton>},
+            {"check box", controlOf<QCheckBox>},
+            {"combo box", controlOf<QComboBox>},
+            {"spin box", controlOf<QSpinBox>},
+            {"text edit", controlOf<QTextEdit>},
+            {"plain text edit", controlOf<QPlainTextEdit>},
+            {"group box", controlOf<QGroupBox>},
+        };
+        for (const auto &[name, make] : rows) {
+            for (const int height : {40, 61}) {
+                const auto picture = [&, make = make](const QString &text) {
+                    const std::unique_ptr<QWidget> control(make(text));
+                    control->resize(120, height);
+                    return std::pair(control->grab().toImage(),
+                                     ZelConstraintLayout::baselineOffset(control.get(), height));
+                };
+                const auto [with, baseline] = picture("HH");
+                const QImage without = picture(" ").first;
+                int bottom = height - 1;
+                const auto isLike = [&, a = with](int y) {
+                    return std::equal(a.constScanLine(y), a.constScanLine(y) + a.bytesPerLine(),
+                                      without.constScanLine(y));
+                };
+                while (bottom > 0 && isLike(bottom))
+                    --bottom;
+                QVERIFY2(std::abs(bottom + 1 - baseline) < 1.5,
+                         qPrintable(QStringLiteral("%1 of %2: drawn to %3, baseline %4")
+                                        .arg(QLatin1String(name))
+                                        .arg(height)
+                                        .arg(bottom + 1)
+                                        .arg(baseline)));
+            }
+        }
     }
 
     void descendantsAreMirroredInRightToLeft()
