@@ -477,6 +477,7 @@ private Q_SLOTS:
         panel.control->setSelectedSection(QDateTimeEdit::MonthSection);
         panel.play("Up > 03.03.2024 reported; Up > 03.04.2024 reported");
         QCOMPARE(panel.level, 1);
+        panel.play("wheel -120 > 03.03.2024 reported; leave; wheel 120 > 03.03.2024 passed; focus");
         panel.control->setObjectValue(QDateTime(QDate(1024, 2, 3), QTime(14, 5)));
         QCOMPARE(panel.control->text(), "03.02.1024 14:05");
         const QDateTime time(QDate(2024, 2, 3), QTime(10, 20, 30, 40), QTimeZone("Asia/Tokyo"));
