@@ -259,6 +259,22 @@ private Q_SLOTS:
         QCOMPARE(*known, (std::vector<double>{3, 3, 3}));
     }
 
+    void longListsOfNumbersStayWhoseTheyAre()
+    {
+        const auto own = std::make_shared<std::vector<double>>(5000, 1);
+        QMap<int, ZelNumberChange::Numbers> kept;
+        for (int i = 0; i < 9; ++i) {
+            const ZelNumberChange change([i](double number, qsizetype place, qsizetype) { return number + place * i; });
+            kept[i] = change.numbers(own);
+            if (i % 2 == 0)
+                kept.remove(i / 2);
+        }
+        for (auto list = kept.cbegin(); list != kept.cend(); ++list) {
+            QCOMPARE(list.value()->size(), 5000U);
+            QCOMPARE(list.value()->at(4999), 1 + 4999.0 * list.key());
+        }
+    }
+
     void anEditIsNamedAfterItWasRecorded()
     {
         Office office;

@@ -188,6 +188,40 @@ private Q_SLOTS:
         QVERIFY(boxes[0]->stored.x() == 0 && boxes[2]->stored.x() == 2);
     }
 
+    /// What is known of all boxes after an edit is forgotten when one is changed by another one's setter.
+    void settersMayChangeOtherBoxes()
+    {
+        Sheet window(Sheet::row("frame", "frame"));
+        Box boxes[3];
+        for (int i = 0; i < 3; ++i)
+            boxes[i].stored = QRectF(i, 0, 10, 10);
+        const auto places = [&] {
+            return QList<double>{boxes[0].stored.x(), boxes[1].stored.x(), boxes[2].stored.x()};
+        };
+        window.selectObjects({&boxes[0], &boxes[1], &boxes[2]});
+        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
+        type(editor->originXProperty(), "x+10");
+        QCOMPARE(places(), (QList<double>{10, 11, 12}));
+        boxes[0].react = [&] { boxes[1].setFrame({50, 0, 10, 10}); };
+        type(editor->originXProperty(), "x+1");
+        QCOMPARE(places(), (QList<double>{11, 51, 13}));
+        boxes[0].react = {};
+        boxes[2].react = [&] { boxes[0].setFrame({70, 0, 10, 10}); };
+        type(editor->originXProperty(), "5");
+        QCOMPARE(places(), (QList<double>{70, 5, 5}));
+        QVERIFY(isSeveral(editor->originX()));
+        boxes[2].react = {};
+        type(editor->originXProperty(), "x+1");
+        QCOMPARE(places(), (QList<double>{71, 6, 6}));
+        type(editor->sizeWidthProperty(), "20");
+        type(editor->sizeWidthProperty(), "x*2");
+        QCOMPARE(editor->sizeWidth(), 40.0);
+        QVERIFY(isSeveral(editor->originX()));
+        while (window.stack.canUndo())
+            window.undo();
+        QCOMPARE(places(), (QList<double>{0, 1, 2}));
+    }
+
     void theAnchorsAreBesideWholeTitlesAndPicked()
     {
         Sheet window(Sheet::row("frame", "frame", "showOriginSelector='yes' flippedKeyPath='extra'"));
