@@ -120,7 +120,7 @@ static void scrubStep()
         send(title, QEvent::MouseMove, x = x == 40 ? 80 : 40);
         QApplication::processEvents();
     });
-    const Bench::Work byHand([&] {
+    const Bench::Work byHand(waitForFrame, [&] {
         step = step == 10 ? 20 : 10;
         for (Rectangle &rectangle : others) {
             QRectF frame = rectangle.property("frame").toRectF();

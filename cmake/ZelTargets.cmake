@@ -14,6 +14,9 @@ endif()
 add_library(zel_flags INTERFACE)
 target_compile_features(zel_flags INTERFACE cxx_std_20)
 target_compile_options(zel_flags INTERFACE -Wall -Wextra -Wpedantic -Wno-missing-field-initializers)
+# A function of the library may be inlined into others, although it is exported; nobody replaces it from outside.
+target_compile_options(zel_flags INTERFACE
+                       $<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-fno-semantic-interposition>)
 target_compile_definitions(zel_flags INTERFACE QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_NO_KEYWORDS
                            $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,ZEL_BUILD,ZEL_STATIC>)
 if(NOT PROJECT_IS_TOP_LEVEL)

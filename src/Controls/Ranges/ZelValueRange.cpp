@@ -21,7 +21,7 @@ double bounded(double value)
 /// need all their digits are left alone, and so are whole numbers, which have no noise.
 double withoutNoise(double value)
 {
-    const bool isExact = std::abs(value) >= 1e15 || value == std::trunc(value);
+    const bool isExact = std::abs(value) >= 1e15 || value == double(qint64(value));
     if (isExact)
         return value;
     char text[32];
@@ -39,9 +39,8 @@ bool ZelValueRange::isEmpty() const
 
 double ZelValueRange::clamp(double value) const
 {
-    if (isEmpty() || std::isnan(value))
-        return bounded(minimum);
-    return std::max(bounded(minimum), std::min(value, bounded(maximum)));
+    const double low = bounded(minimum);
+    return isEmpty() || std::isnan(value) ? low : std::max(low, std::min(value, bounded(maximum)));
 }
 
 double ZelValueRange::fractionOf(double value) const
@@ -61,6 +60,9 @@ double ZelValueRange::valueAt(double fraction) const
 double ZelValueRange::stepped(double value, double increment) const
 {
     const double sum = value + increment;
+    const bool isInside = minimum < sum && sum < maximum;
+    if (isInside && std::abs(sum) < 1e15 && sum == double(qint64(sum)))
+        return sum; // what all others come to as well
     return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
 }
 

@@ -145,8 +145,12 @@ void ZelValueBlock::write(const QList<QPointer<QObject>> &objects, const ZelKeyP
             const void *wanted = std::as_const(*this).data(i);
             if (!accessor || !accessor->writeTyped(object, wanted))
                 ZelSetValueForKeyPath(object, at(i), path);
-            else if (isKnown && object && accessor->readTyped(object, present.get()))
-                watch->didWrite(!areSame(present.get(), before.data(i), size), areSame(present.get(), wanted, size));
+            else if (!isKnown || !object || !accessor->readTyped(object, present.get()))
+                return;
+            else if (areSame(present.get(), wanted, size))
+                watch->didWrite();
+            else
+                watch->didWriteOther(!areSame(present.get(), before.data(i), size));
         });
     }
     if (watch)

@@ -144,22 +144,29 @@ void ZelInspectorBoundsProperty::originSelectionViewDidSelectAnchor(ZelOriginSel
 
 // Components
 
-void ZelInspectorBoundsProperty::makeComponents(Numbers &numbers) const
+void ZelInspectorBoundsProperty::makeComponents(std::span<const Numbers> values, int index, double *components) const
 {
-    const QPointF origin = CGRectGetOriginForAnchor(modelAnchor(m_anchor, m_isFlipped), rectOf(numbers));
-    numbers[OriginX] = origin.x();
-    numbers[OriginY] = origin.y();
+    const ZelRectAnchor anchor = modelAnchor(m_anchor, m_isFlipped);
+    for (size_t i = 0; i < values.size(); ++i) {
+        const QRectF rect = rectOf(values[i]);
+        components[i] = index == OriginX   ? CGRectGetOriginForAnchor(anchor, rect).x()
+                        : index == OriginY ? CGRectGetOriginForAnchor(anchor, rect).y()
+                                           : values[i][size_t(index)];
+    }
 }
 
-void ZelInspectorBoundsProperty::replaceComponent(Numbers &numbers, int index, double component) const
+void ZelInspectorBoundsProperty::replaceComponents(std::span<Numbers> values, int index, const double *components) const
 {
-    const QRectF rect = rectOf(numbers);
     const ZelRectAnchor anchor = modelAnchor(m_anchor, m_isFlipped);
-    const QRectF replaced = index == OriginX     ? CGRectSetOriginXForAnchor(rect, anchor, component, false)
-                            : index == OriginY   ? CGRectSetOriginYForAnchor(rect, anchor, component, false)
-                            : index == SizeWidth ? CGRectSetSizeWidthForAnchor(rect, anchor, component)
-                                                 : CGRectSetSizeHeightForAnchor(rect, anchor, component);
-    numbers = {replaced.x(), replaced.y(), replaced.width(), replaced.height()};
+    for (size_t i = 0; i < values.size(); ++i) {
+        const QRectF rect = rectOf(values[i]);
+        const double component = components[i];
+        const QRectF replaced = index == OriginX     ? CGRectSetOriginXForAnchor(rect, anchor, component, false)
+                                : index == OriginY   ? CGRectSetOriginYForAnchor(rect, anchor, component, false)
+                                : index == SizeWidth ? CGRectSetSizeWidthForAnchor(rect, anchor, component)
+                                                     : CGRectSetSizeHeightForAnchor(rect, anchor, component);
+        values[i] = {replaced.x(), replaced.y(), replaced.width(), replaced.height()};
+    }
 }
 
 QStringList ZelInspectorBoundsProperty::searchTexts() const

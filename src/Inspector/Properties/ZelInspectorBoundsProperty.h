@@ -85,8 +85,8 @@ Q_SIGNALS:
     void anchorChanged();
 
 protected:
-    void makeComponents(Numbers &numbers) const override;
-    void replaceComponent(Numbers &numbers, int index, double component) const override;
+    void makeComponents(std::span<const Numbers> values, int index, double *components) const override;
+    void replaceComponents(std::span<Numbers> values, int index, const double *components) const override;
     bool computeInternalEnabled() const override;
 
 private:

@@ -172,10 +172,7 @@ ZelValueSummary ZelInspectorCompositeProperty::valueSummaryOfPart(const QString 
     const qsizetype index = m_keys.indexOf(key);
     if (index < 0 || !keyPathHasControllerSelectionPrefix(keyPath()))
         return ZelInspectorCustomProperty::valueSummaryOfPart(key);
-    const auto part = [this, index](Numbers numbers) {
-        makeComponents(numbers);
-        return numbers[size_t(index)];
-    };
+    const auto part = [this, index](const Numbers &numbers) { return componentOf(numbers, int(index)); };
     if (!valueTransformer())
         return ZelValueSummary::ofParts(selectedObjects(), selectedKeyPath(), int(m_keys.size()), part);
     return valueSummary().mapped([&](const QVariant &value) {
@@ -187,22 +184,62 @@ ZelValueSummary ZelInspectorCompositeProperty::valueSummaryOfPart(const QString 
     });
 }
 
+void ZelInspectorCompositeProperty::makeComponents(std::span<const Numbers> values, int index, double *components) const
+{
+    for (size_t i = 0; i < values.size(); ++i)
+        components[i] = values[i][size_t(index)];
+}
+
+double ZelInspectorCompositeProperty::componentOf(const Numbers &numbers, int index) const
+{
+    double component = 0;
+    makeComponents(std::span(&numbers, 1), index, &component);
+    return component;
+}
+
+void ZelInspectorCompositeProperty::makeComponents(Numbers &numbers) const
+{
+    const Numbers value = numbers;
+    for (int i = 0; i < m_keys.size(); ++i)
+        numbers[size_t(i)] = componentOf(value, i);
+}
+
 // Writing
 
-/// Answers false, and leaves the numbers as they are, if an object's own number cannot be changed.
-bool ZelInspectorCompositeProperty::replace(Numbers &numbers, const Component &component, qsizetype place) const
+void ZelInspectorCompositeProperty::replaceComponents(std::span<Numbers> values, int index,
+                                                      const double *components) const
 {
-    double number = component.number;
-    if (component.change) {
-        Numbers components = numbers;
-        makeComponents(components);
-        const double changed = component.change->number(components[size_t(component.index)], place, component.count);
-        if (!std::isfinite(changed))
-            return false;
-        number = singlePrecision(changed);
+    for (size_t i = 0; i < values.size(); ++i)
+        values[i][size_t(index)] = components[i];
+}
+
+/// Replaces a component of a few values, the first of which is that of the object at the place. Answers false if an
+/// object's own number cannot be changed; its numbers are left as they are.
+bool ZelInspectorCompositeProperty::replace(std::span<Numbers> values, const Component &component,
+                                            qsizetype place) const
+{
+    std::array<double, ZelTypedColumn::groupSize> components;
+    const size_t count = values.size();
+    if (!component.change) {
+        std::fill_n(components.begin(), count, component.number);
+        replaceComponents(values, component.index, components.data());
+        return true;
     }
-    replaceComponent(numbers, component.index, number);
-    return true;
+    makeComponents(values, component.index, components.data());
+    bool areAllChanged = true;
+    size_t first = 0; // of those that can be changed
+    for (size_t i = 0; i < count; ++i) {
+        const double changed = component.change->number(components[i], place + qsizetype(i), component.count);
+        if (std::isfinite(changed)) {
+            components[i] = singlePrecision(changed);
+            continue;
+        }
+        replaceComponents(values.subspan(first, i - first), component.index, components.data() + first);
+        first = i + 1;
+        areAllChanged = false;
+    }
+    replaceComponents(values.subspan(first), component.index, components.data() + first);
+    return areAllChanged;
 }
 
 QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, const Component &component,
@@ -212,7 +249,7 @@ QVariant ZelInspectorCompositeProperty::valueByReplacing(const QVariant &old, co
     Numbers numbers{};
     if (type)
         type->load(old.constData(), numbers);
-    if (!replace(numbers, component, place))
+    if (!replace(std::span(&numbers, 1), component, place))
         return old;
     QVariant value(type ? type->type : m_type); // a QPoint stays a QPoint
     ZelGeometryType::find(value.metaType())->store(numbers, value.data());
@@ -226,7 +263,10 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(const Component &com
     if (!selection.controller)
         return false;
     ZelTypedColumn column(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type));
-    auto edit = column.edit([&, this](Numbers &numbers, qsizetype place) { replace(numbers, component, place); });
+    const auto replaceAll = [&, this](std::span<Numbers> values, qsizetype place) {
+        replace(values, component, place);
+    };
+    auto edit = column.edit(replaceAll);
     if (!edit)
         return false;
     const ZelObjectController::ChangeBatch batch(selection.controller, selection.key);
@@ -236,7 +276,7 @@ bool ZelInspectorCompositeProperty::writeIntoPlainSelection(const Component &com
     const ZelPlaces places = std::move(edit->places);
     const auto renew = [&](qsizetype i, const void *present, void *value) {
         if (alive)
-            column.change(present, value, [&](Numbers &now) { replace(now, component, places.at(i)); });
+            column.change(present, value, places.at(i), replaceAll);
     };
     const bool mayBeRefused = ZelModelValidation::mayRefuse(selection.controller->selection(), selection.key);
     ZelColumnWatch watch(*static_cast<ZelSelectionProxy *>(selection.controller->selection()), selection.key);
@@ -321,10 +361,7 @@ std::vector<double> ZelInspectorCompositeProperty::numbersForKey(ZelKey key) con
     std::vector<double> own;
     if (index < 0)
         return own;
-    const auto take = [&, this](Numbers numbers) {
-        makeComponents(numbers);
-        own.push_back(numbers[size_t(index)]);
-    };
+    const auto take = [&, this](const Numbers &numbers) { own.push_back(componentOf(numbers, int(index))); };
     const Selection selection = plainSelection();
     if (selection.controller &&
         ZelTypedColumn(*selection.controller, selection.key.first(), *ZelGeometryType::find(m_type)).visit(take))

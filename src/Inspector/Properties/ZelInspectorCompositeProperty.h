@@ -8,6 +8,7 @@
 #include "Inspector/Properties/ZelInspectorNumberProperty.h"
 
 #include <optional>
+#include <span>
 
 /// The base of editors whose value consists of a few numbers, each with a number editor of its own.
 ///
@@ -87,13 +88,10 @@ protected:
     /// Writes the component into every represented object.
     void updateComponent(int index);
 
-    /// Makes the components out of a value's numbers; they are the same by default.
-    virtual void makeComponents(Numbers &) const {}
-    /// Replaces one component in a value's numbers.
-    virtual void replaceComponent(Numbers &numbers, int index, double component) const
-    {
-        numbers[size_t(index)] = component;
-    }
+    /// Makes one component out of the numbers of each value; it is one of them by default.
+    virtual void makeComponents(std::span<const Numbers> values, int index, double *components) const;
+    /// Replaces one component in the numbers of each value.
+    virtual void replaceComponents(std::span<Numbers> values, int index, const double *components) const;
     /// Called when all components are up to date. Components are not written back meanwhile.
     virtual void didUpdateValues() {}
     virtual bool computeInternalEnabled() const { return isEffectivelyEnabled(); }
@@ -122,7 +120,9 @@ private:
         const ZelNumberChange *change = nullptr;
         qsizetype count = 1; ///< of the objects
     };
-    bool replace(Numbers &numbers, const Component &component, qsizetype place) const;
+    double componentOf(const Numbers &numbers, int index) const;
+    void makeComponents(Numbers &numbers) const;
+    bool replace(std::span<Numbers> values, const Component &component, qsizetype place) const;
     void writeComponent(const Component &component);
     bool writeIntoPlainSelection(const Component &component);
     const ZelGeometryType *geometryOf(QMetaType type) const;

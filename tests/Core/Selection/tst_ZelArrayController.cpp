@@ -187,7 +187,10 @@ private:
         QCOMPARE(found->first.has_value(), !m_selected.isEmpty());
         QVERIFY(!found->first || (*found->first)[0] == first.x() + 1);
         QCOMPARE(found->differing, differing);
-        const auto edit = column.edit([](ZelTypedColumn::Numbers &numbers, qsizetype) { numbers[3] = 1; });
+        const auto edit = column.edit([](std::span<ZelTypedColumn::Numbers> values, qsizetype) {
+            for (ZelTypedColumn::Numbers &numbers : values)
+                numbers[3] = 1;
+        });
         QVERIFY(edit);
         QCOMPARE(edit->objects, others);
         for (qsizetype i = 0; i < others.size(); ++i) {

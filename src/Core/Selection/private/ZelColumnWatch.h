@@ -20,12 +20,14 @@ public:
     /// Whether the objects that are still to be written have the values that they had at the beginning, for all that
     /// was heard.
     bool hasHeardAll() const { return m_changes && *m_changes == m_expected; }
-    /// An object was written that everything had been heard of.
-    void didWrite(bool isChanged, bool isAsWanted)
+    /// An object was written that everything had been heard of, and has the value.
+    void didWrite()
     {
-        m_expected += isChanged ? 1 : 0;
-        m_count += isAsWanted ? 1 : 0;
+        ++m_expected;
+        ++m_count;
     }
+    /// It has another value, which may be its former one.
+    void didWriteOther(bool isChanged) { m_expected += isChanged ? 1 : 0; }
     /// All of the values have been written.
     void finish(ZelValueBlock &values);
 

@@ -7,7 +7,9 @@
 #include "Core/Selection/private/ZelPlaces.h"
 #include "Core/Values/ZelGeometryType.h"
 
+#include <algorithm>
 #include <optional>
+#include <span>
 
 /// The values that all selected objects have for one key, if each consists of numbers as those of a certain type do.
 /// They are read and written through memory, which costs a fraction of doing so as variants. A column is made for one
@@ -38,17 +40,21 @@ public:
         ZelValueBlock after;
         ZelPlaces places; ///< of the objects among all selected ones
     };
-    /// Calls replace(Numbers &, qsizetype place) for each object. Answers nothing if the values are not all of one such
-    /// type, or if a property does not announce its changes.
+    /// Calls replace(std::span<Numbers>, qsizetype place) for all objects, a few at once; the place is that of the
+    /// first. Answers nothing if the values are not all of one such type, or if a property does not announce its
+    /// changes.
     template<typename Replace> std::optional<Edit> edit(const Replace &replace);
     /// Changes the numbers of one value of the edit.
-    template<typename Replace> void change(const void *value, void *changed, const Replace &replace) const
+    template<typename Replace>
+    void change(const void *value, void *changed, qsizetype place, const Replace &replace) const
     {
         Numbers numbers{};
         m_editType->load(value, numbers);
-        replace(numbers);
+        replace(std::span(&numbers, 1), place);
         m_editType->store(numbers, changed);
     }
+    /// The largest number of objects that are changed at once.
+    static constexpr qsizetype groupSize = 64;
     /// Hands each object's numbers on. False if the value of an object is not of such a type.
     bool visit(const std::function<void(const Numbers &)> &take);
 
@@ -65,6 +71,20 @@ private:
     /// announce its changes.
     std::optional<Edit> readForEdit();
     bool readForEdit(const QObject *object, Edit &edit, qsizetype place);
+    /// Takes an object into the edit if its numbers make it another value. Such objects are moved to the front.
+    void take(Edit &edit, qsizetype index, const Numbers &numbers) const
+    {
+        const qsizetype count = edit.places.count();
+        void *after = edit.after.data(count);
+        m_editType->store(numbers, after);
+        if (m_editType->equal(std::as_const(edit.before).data(index), after))
+            return;
+        if (count < index) {
+            edit.objects[count] = edit.objects.at(index);
+            edit.before.copy(index, count);
+        }
+        edit.places.append(index);
+    }
     /// The values that the selection knows its objects to have; null if they are to be read.
     ZelValueBlock *known() const;
     static void compare(Numbers numbers, const Change &change, Fold &fold);
@@ -85,22 +105,17 @@ template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::e
         return edit;
     const qsizetype size = edit->objects.size();
     edit->after = ZelValueBlock(m_editType->type, size);
-    qsizetype count = 0; // of the objects that change; they are moved to the front of the lists
-    for (qsizetype i = 0; i < size; ++i) {
-        const void *before = std::as_const(edit->before).data(i);
-        void *after = edit->after.data(count);
-        change(before, after, [&](Numbers &numbers) { replace(numbers, i); });
-        if (m_editType->equal(before, after))
-            continue;
-        if (count < i) {
-            edit->objects[count] = edit->objects.at(i);
-            edit->before.copy(i, count);
-        }
-        edit->places.append(i);
-        ++count;
+    std::array<Numbers, groupSize> numbers;
+    for (qsizetype first = 0; first < size; first += groupSize) {
+        const qsizetype end = std::min(first + groupSize, size);
+        for (qsizetype i = first; i < end; ++i)
+            m_editType->load(std::as_const(edit->before).data(i), numbers[size_t(i - first)]);
+        replace(std::span(numbers).first(size_t(end - first)), first);
+        for (qsizetype i = first; i < end; ++i)
+            take(*edit, i, numbers[size_t(i - first)]);
     }
-    if (count < size) { // otherwise the list stays shared with the controller, without a copy
-        edit->objects.resize(count);
+    if (const qsizetype count = edit->places.count(); count < size) {
+        edit->objects.resize(count); // otherwise the list stays shared with the controller, without a copy
         edit->before.shrink(count);
         edit->after.shrink(count);
     }

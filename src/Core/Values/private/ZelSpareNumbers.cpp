@@ -33,6 +33,6 @@ std::shared_ptr<std::vector<double>> ZelSpareNumbers::make(size_t count)
         list = std::move(spares().back());
         spares().pop_back();
     }
-    list.assign(count, 0);
+    list.resize(count);
     return {new std::vector<double>(std::move(list)), giveBack};
 }

@@ -10,6 +10,6 @@
 class ZelSpareNumbers
 {
 public:
-    /// Answers a list of so many zeros.
+    /// Answers a list of so many numbers, which may be any.
     static std::shared_ptr<std::vector<double>> make(size_t count);
 };
