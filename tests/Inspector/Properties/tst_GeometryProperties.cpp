@@ -222,6 +222,39 @@ private Q_SLOTS:
         QCOMPARE(places(), (QList<double>{0, 1, 2}));
     }
 
+    /// Many boxes are changed, all but those whose number cannot be.
+    void manyBoxesChangeButForThoseThatCannot()
+    {
+        Sheet window(Sheet::row("frame", "frame"));
+        std::vector<std::unique_ptr<Box>> boxes;
+        QList<QObject *> all;
+        for (int i = 0; i < 150; ++i) {
+            boxes.push_back(std::make_unique<Box>());
+            boxes.back()->stored = QRectF(i % 70 == 60 ? qQNaN() : i / 2, i, 10, 10);
+            all.append(boxes.back().get());
+        }
+        window.selectObjects(all);
+        auto *editor = window.editor<ZelInspectorBoundsProperty>("frame");
+        const auto stored = [&](int add, int width) {
+            for (int i = 0; i < 150; ++i) {
+                const QRectF frame = boxes[size_t(i)]->stored;
+                const double x = i / 2 + add * (i + 1); // NOLINT(bugprone-integer-division)
+                if (!(i % 70 == 60 ? std::isnan(frame.x()) : frame.x() == x) || frame.y() != i ||
+                    frame.width() != width)
+                    return i;
+            }
+            return -1;
+        };
+        editor->changeNumbersForKey(
+            "originX", ZelNumberChange([](double own, qsizetype i, qsizetype) { return own - double(i + 1); }, true));
+        QCOMPARE(stored(-1, 10), -1);
+        type(editor->sizeWidthProperty(), "20");
+        QCOMPARE(stored(-1, 20), -1);
+        while (window.stack.canUndo())
+            window.undo();
+        QCOMPARE(stored(0, 10), -1);
+    }
+
     void theAnchorsAreBesideWholeTitlesAndPicked()
     {
         Sheet window(Sheet::row("frame", "frame", "showOriginSelector='yes' flippedKeyPath='extra'"));
