@@ -36,6 +36,28 @@ private:
     QSize m_tags{1, 2};
 };
 
+/// Reading its first value may have an effect elsewhere.
+class Meddler : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int first READ first NOTIFY changed)
+    Q_PROPERTY(int second MEMBER m_second NOTIFY changed)
+public:
+    std::function<void()> meddle;
+
+    int first() const
+    {
+        if (meddle)
+            meddle();
+        return 0;
+    }
+Q_SIGNALS:
+    void changed();
+
+private:
+    int m_second = 0;
+};
+
 namespace {
 const QStringList g_keys{"name", "height", "frame", "silent"};
 
@@ -313,6 +335,26 @@ private Q_SLOTS:
         QCOMPARE(many.value("height"), QVariant(7.0));
         QTRY_COMPARE(watch.count(), 3);
         QCOMPARE(watch.lastNew(), QVariant(7.0));
+    }
+
+    /// What a getter changes while several keys of many are read together is read again.
+    void aGetterMayChangeWhatWasReadWithIt()
+    {
+        std::vector<Meddler> all(1100);
+        QList<QObject *> objects;
+        for (Meddler &one : all)
+            objects.append(&one);
+        ZelArrayController controller;
+        controller.setContent(objects);
+        controller.setSelectedObjects(objects);
+        Watch first(&controller, "selection.first", 0), second(&controller, "selection.second", 0);
+        for (int i = 0; i < 300; ++i)
+            QCoreApplication::processEvents(); // all are connected
+        Q_EMIT all[0].changed();
+        all[1000].meddle = [&] { all[0].setProperty("second", 5); };
+        const ZelReadingScope scope;
+        QCOMPARE(ZelValueForKeyPath(&controller, QString("selection.first")), QVariant(0));
+        QVERIFY(ZelIsMarker(ZelValueForKeyPath(&controller, QString("selection.second")), ZelMultipleValuesMarker));
     }
 
     /// Observers of many are told without a value, which the first of them who asks decides.
