@@ -17,12 +17,17 @@ double bounded(double value)
     return std::isnan(value) ? 0 : std::max(-largest, std::min(value, largest));
 }
 
+/// Whether it is a whole number of fewer digits than a double holds.
+bool isWhole(double value)
+{
+    return std::abs(value) < 1e15 && value == double(qint64(value));
+}
+
 /// Sums of decimal fractions have noise in their last binary digits, which 15 decimal digits do not show. Numbers that
 /// need all their digits are left alone, and so are whole numbers, which have no noise.
 double withoutNoise(double value)
 {
-    const bool isExact = std::abs(value) >= 1e15 || value == double(qint64(value));
-    if (isExact)
+    if (std::abs(value) >= 1e15 || isWhole(value))
         return value;
     char text[32];
     const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 14);
@@ -60,9 +65,8 @@ double ZelValueRange::valueAt(double fraction) const
 double ZelValueRange::stepped(double value, double increment) const
 {
     const double sum = value + increment;
-    const bool isInside = minimum < sum && sum < maximum;
-    if (isInside && std::abs(sum) < 1e15 && sum == double(qint64(sum)))
-        return sum; // what all others come to as well
+    if (minimum < sum && sum < maximum && isWhole(sum))
+        return sum; // quickly, since many objects may be stepped
     return clamp(std::isfinite(sum) ? withoutNoise(sum) : sum);
 }
 

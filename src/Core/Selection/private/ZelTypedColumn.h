@@ -114,8 +114,8 @@ template<typename Replace> std::optional<ZelTypedColumn::Edit> ZelTypedColumn::e
         for (qsizetype i = first; i < end; ++i)
             take(*edit, i, numbers[size_t(i - first)]);
     }
-    if (const qsizetype count = edit->places.count(); count < size) {
-        edit->objects.resize(count); // otherwise the list stays shared with the controller, without a copy
+    if (const qsizetype count = edit->places.count(); count < size) { // otherwise the list stays shared, without a copy
+        edit->objects.resize(count);
         edit->before.shrink(count);
         edit->after.shrink(count);
     }
