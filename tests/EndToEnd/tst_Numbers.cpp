@@ -404,6 +404,20 @@ private Q_SLOTS:
         QCOMPARE(window.heights(), (Numbers{10, 20, 30}));
     }
 
+    void aDraggedNumberIsAlwaysShown()
+    {
+        NumberWindow window;
+        window.select({1});
+        QStringList texts;
+        connect(window.field, &QLineEdit::textChanged, &window, [&](const QString &text) { texts.append(text); });
+        window.pressTitle(window.rowLabel("height"));
+        window.drag(40);
+        window.release();
+        QCOMPARE(window.height(1), 40);
+        QCOMPARE(texts.last(), "40 pt");
+        QVERIFY(!texts.contains(QString()));
+    }
+
     void neighboursAreDraggedTogether()
     {
         NumberWindow window;

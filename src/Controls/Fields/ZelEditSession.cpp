@@ -185,7 +185,9 @@ void ZelEditSession::enterValue(const QVariant &value)
     if (!isChange(value))
         return;
     m_value = value;
-    discardEditing();
+    // A change has no text. The field keeps the number's until it is told what the change made of it.
+    if (isEditing() || !ZelNumberChange::of(value))
+        discardEditing();
     report();
 }
 

@@ -32,11 +32,11 @@ void ZelRangeControl::setObjectValue(const QVariant &value)
 {
     const bool changed = !ZelEqual(m_value, value);
     m_value = value;
-    if (std::exchange(m_narrowedRange, std::nullopt))
-        update(); // of another object, the same value may have other limits
+    // Of another object, the same value may have other limits.
+    if (std::exchange(m_narrowedRange, std::nullopt) || changed)
+        showValue();
     if (!changed)
         return;
-    showValue();
     ZelControlSupport::announceValue(this);
     Q_EMIT objectValueChanged();
 }
