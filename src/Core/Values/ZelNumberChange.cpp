@@ -16,35 +16,9 @@ namespace {
 constexpr double g_noNumber = std::numeric_limits<double>::quiet_NaN();
 }
 
-ZelNumberChange::ZelNumberChange(Function function, bool usesPlace)
-    : m_usesPlace(usesPlace)
-{
-    const auto replaceEach = [function = std::move(function)](std::span<double> numbers, qsizetype index,
-                                                              qsizetype count) {
-        for (double &number : numbers)
-            number = function(number, index++, count);
-    };
-    m_calculation = std::make_shared<Calculation>(replaceEach);
-}
-
-ZelNumberChange::ZelNumberChange(ListFunction function, bool usesPlace)
-    : m_calculation(std::make_shared<Calculation>(std::move(function)))
-    , m_usesPlace(usesPlace)
-{
-}
-
 double ZelNumberChange::number(double own, qsizetype index, qsizetype count) const
 {
-    replace(std::span(&own, 1), index, count);
-    return own;
-}
-
-void ZelNumberChange::replace(std::span<double> numbers, qsizetype index, qsizetype count) const
-{
-    if (m_calculation)
-        m_calculation->function(numbers, index, count);
-    else
-        std::ranges::fill(numbers, g_noNumber);
+    return m_calculation ? m_calculation->function(own, index, count) : g_noNumber;
 }
 
 ZelNumberChange::Numbers ZelNumberChange::numbers(const Numbers &own) const
@@ -56,8 +30,8 @@ ZelNumberChange::Numbers ZelNumberChange::numbers(const Numbers &own) const
     const Numbers &known = m_calculation->own;
     if (known != own && (!known || !std::equal(known->begin(), known->end(), own->begin(), own->end(), isSame))) {
         const auto changed = ZelSpareNumbers::make(count);
-        std::ranges::copy(*own, changed->begin());
-        replace(*changed, 0, qsizetype(count));
+        for (size_t i = 0; i < count; ++i)
+            (*changed)[i] = m_calculation->function((*own)[i], qsizetype(i), qsizetype(count));
         m_calculation->own = own;
         m_calculation->changed = changed;
     }

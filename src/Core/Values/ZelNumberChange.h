@@ -7,7 +7,6 @@
 #include <QVariant>
 #include <functional>
 #include <memory>
-#include <span>
 #include <vector>
 
 /// A number that depends on the one that it replaces, so that each of several objects gets its own: twice what it had,
@@ -22,14 +21,14 @@ public:
     /// object's place among `count` selected objects, from 0. An object for which the answer is not finite keeps what
     /// it has.
     using Function = std::function<double(double own, qsizetype index, qsizetype count)>;
-    /// Does so for several objects at once, where that is quicker: replaces their own numbers; `index` is the place of
-    /// the first one, which the others follow.
-    using ListFunction = std::function<void(std::span<double> numbers, qsizetype index, qsizetype count)>;
 
     ZelNumberChange() = default; ///< null: it has no numbers
     /// `usesPlace` tells whether the answers depend on the index or the count.
-    explicit ZelNumberChange(Function function, bool usesPlace = false);
-    explicit ZelNumberChange(ListFunction function, bool usesPlace = false);
+    explicit ZelNumberChange(Function function, bool usesPlace = false)
+        : m_calculation(std::make_shared<Calculation>(std::move(function)))
+        , m_usesPlace(usesPlace)
+    {
+    }
 
     /// Sets how an integer is changed, whose result may be one that a double does not hold. Without it, such a result
     /// is no result.
@@ -46,9 +45,6 @@ public:
     /// Whether the only thing against a value is that a double would not hold its integer of 64 bits.
     bool isInexact(const QVariant &own, qsizetype index = 0, qsizetype count = 1) const;
     double number(double own, qsizetype index = 0, qsizetype count = 1) const;
-    /// Replaces the own numbers of objects that follow each other, the first of which has the index, by the new ones,
-    /// which are not finite where there is none.
-    void replace(std::span<double> numbers, qsizetype index, qsizetype count) const;
     using Numbers = std::shared_ptr<const std::vector<double>>;
     /// The new numbers of several objects, in their order; not finite where there is none. They are calculated once:
     /// who asks again for the same own numbers, as the write after a check does, gets the same list.
@@ -75,11 +71,11 @@ private:
     /// What copies of a change have in common.
     struct Calculation
     {
-        explicit Calculation(ListFunction f)
+        explicit Calculation(Function f)
             : function(std::move(f))
         {
         }
-        const ListFunction function;
+        const Function function;
         Numbers own; // for which the numbers were asked last
         Numbers changed;
     };

@@ -226,12 +226,12 @@ bool ZelInspectorCompositeProperty::replace(std::span<Numbers> values, const Com
         return true;
     }
     makeComponents(values, component.index, components.data());
-    component.change->replace(std::span(components).first(count), place, component.count);
     bool areAllChanged = true;
     size_t first = 0; // of those that can be changed
     for (size_t i = 0; i < count; ++i) {
-        if (std::isfinite(components[i])) {
-            components[i] = singlePrecision(components[i]);
+        const double changed = component.change->number(components[i], place + qsizetype(i), component.count);
+        if (std::isfinite(changed)) {
+            components[i] = singlePrecision(changed);
             continue;
         }
         replaceComponents(values.subspan(first, i - first), component.index, components.data() + first);

@@ -262,16 +262,13 @@ void ZelNumberScrubber::showChange() const
 void ZelNumberScrubber::enter(const std::shared_ptr<const std::vector<double>> &originals, double steps) const
 {
     ZelTextField *field = this->field();
-    const auto change = [originals, step = field->stepFunction(), steps](std::span<double> numbers, qsizetype index,
-                                                                         qsizetype count) {
+    const auto number = [originals, step = field->stepFunction(), steps](double own, qsizetype index, qsizetype count) {
         if (count != qsizetype(originals->size()))
-            return; // other objects are selected by now
-        for (double &number : numbers) {
-            const double original = (*originals)[size_t(index++)];
-            number = steps == 0 || std::isnan(original) ? original : step(original, steps);
-        }
+            return own; // other objects are selected by now
+        const double original = (*originals)[size_t(index)];
+        return steps == 0 || std::isnan(original) ? original : step(original, steps);
     };
-    field->enterValue(QVariant::fromValue(ZelNumberChange(change, true)));
+    field->enterValue(QVariant::fromValue(ZelNumberChange(number, true)));
 }
 
 /// Afterwards the title has the font back that it was given, or none of its own, and follows its parent's again.
